@@ -1,0 +1,38 @@
+# One folder of src is one target. A target sees only the headers of the layers
+# that it links, so an include against the direction of the house does not build.
+
+add_library(mirav_warnings INTERFACE)
+target_compile_options(mirav_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor -Werror)
+
+# mirav_layer(<target> <folder of src> LINK <targets>...)
+function(mirav_layer target folder)
+  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.cpp)
+  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.h)
+  add_library(${target} STATIC ${sources} ${headers})
+  set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX)
+
+  set(view ${CMAKE_BINARY_DIR}/layers/${target})
+  get_filename_component(parent ${folder} DIRECTORY)
+  file(MAKE_DIRECTORY ${view}/${parent})
+  file(CREATE_LINK ${CMAKE_SOURCE_DIR}/src/${folder} ${view}/${folder} SYMBOLIC)
+  target_include_directories(${target} PUBLIC ${view})
+  target_link_libraries(${target} PUBLIC ${ARG_LINK} PRIVATE mirav_warnings)
+endfunction()
+
+# mirav_tests(<folder of tests> LINK <targets>...): one GTest binary per folder
+function(mirav_tests folder)
+  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${folder}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  string(REPLACE "/" "_" name test_${folder})
+  add_executable(${name} ${sources})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest_main mirav_warnings)
+  target_compile_definitions(${name} PRIVATE MIRAV_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/${folder}/data")
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+endfunction()
+include(GoogleTest)
