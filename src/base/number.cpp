@@ -1,0 +1,66 @@
+#include "base/number.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <system_error>
+
+namespace {
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+}  // namespace
+
+double Val(std::string_view text) {
+  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
+
+  std::string number;  // from_chars knows no plus sign
+  size_t at = 0;
+  if (at < text.size() && (text[at] == '-' || text[at] == '+')) {
+    if (text[at] == '-') number += '-';
+    ++at;
+  }
+  bool digits = false;
+  for (bool point = false; at < text.size() && (isDigit(text[at]) || (text[at] == '.' && !point)); ++at) {
+    point = point || text[at] == '.';
+    digits = digits || isDigit(text[at]);
+    number += text[at];
+  }
+  if (!digits) return 0;
+  if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
+    size_t power = at + 1;
+    if (power < text.size() && (text[power] == '-' || text[power] == '+')) ++power;
+    if (power < text.size() && isDigit(text[power])) {
+      while (power < text.size() && isDigit(text[power])) ++power;
+      number += text.substr(at, power - at);
+    }
+  }
+
+  double value = 0;
+  const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+  if (result.ec != std::errc() || !std::isfinite(value)) return 0;
+  return value;
+}
+
+double Round(double x, int d) {
+  const double scale = std::pow(10.0, d);
+  const double scaled = std::nearbyint(x * scale) / scale;
+  return std::isfinite(scaled) ? scaled : x;
+}
+
+std::string numText(double x) {
+  if (x == 0) return "0";
+  std::array<char, 40> buffer{};
+  const auto end =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), x, std::chars_format::general, 15);
+  return {buffer.data(), end.ptr};
+}
+
+long RoundUp(double x) {
+  const double up = std::ceil(x);
+  constexpr double limit = 9.2e18;
+  if (!(up < limit)) return std::numeric_limits<long>::max();
+  if (up < -limit) return std::numeric_limits<long>::min();
+  return static_cast<long>(up);
+}
