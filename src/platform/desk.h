@@ -1,0 +1,96 @@
+#pragma once
+
+#include <deque>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/host.h"
+
+// The open screens and the rules of their events, the same for every machine. A host
+// derives from it, tells it what the person does and draws what `changed` says; it adds
+// the boxes and whatever else only the machine can do.
+//
+// A handler sets the focus by name; it takes effect when the handler has returned: the
+// old control may refuse (Validate), is left (Leave), then the new one gets Focus. Boxes
+// and modal screens nest; all other screens open after the handler, so a day's work
+// stacks nothing.
+class Desk : public Host {
+ public:
+  explicit Desk(const Screens& screens) : known_(screens) {}
+  ~Desk() override;
+
+  // What the person does, always on the screen on top.
+  void key(const Key& key);
+  void type(std::string_view text);   // each character through the field's filter
+  void paste(std::string_view text);  // as it is, cut to the limit
+  bool click(Control& control);       // a button; false when it is off or hidden
+  bool focusOn(Control& control);     // false when it cannot have the focus or the old one refused
+  void rowTo(Control& grid, size_t row);
+  void doubleClick(Control& grid);
+  void tick();
+  bool menu(const MenuEntry& entry);  // false when it is off
+  bool tool(const ToolEntry& entry);
+  void closeTop();                    // the window's close button
+  // Caret and selection set with the mouse, in code points.
+  void select(Control& control, size_t anchor, size_t caret);
+
+  Screen* top() const;    // the screen that has the keys, or null
+  Screen* shell() const;  // the window that holds the child screens, or null
+  const std::vector<std::unique_ptr<Screen>>& open() const { return open_; }
+  bool quitting() const { return quitting_; }
+  bool isOpen(const Screen& screen) const;
+
+  // Starts the program's first screen.
+  void start(const std::string& name) { open(name, {}); }
+
+  // Host
+  std::optional<std::string> openModal(const std::string& name, const Entry& entry = {}) override;
+  void open(const std::string& name, const Entry& entry = {}) override;
+  void close(Screen& screen) override;
+  void quit() override { quitting_ = true; }
+  Screen* find(const std::string& name) override;
+  void hint(const std::string& text) override { hint_ = text; }
+  std::string hint() const override { return hint_; }
+
+ protected:
+  // Runs events until the screen has closed.
+  virtual void nest(Screen& screen) = 0;
+  // Draw what is different now: after each event and before anything nests.
+  virtual void changed() = 0;
+  // A screen is about to go away for good: let go of what stands for it.
+  virtual void gone(Screen&) {}
+
+ private:
+  struct Request {
+    std::string name;
+    Entry entry;
+    Screen* closing = nullptr;
+  };
+
+  void run(Screen& screen, const std::function<void()>& handler);
+  Go fire(Screen& screen, Control* control, const Trigger& trigger, Go otherwise);
+  void settle(Screen& screen);
+  bool settleFocus(Screen& screen);
+  bool moveFocus(Screen& screen, Control& target, bool validate);
+  void enterKey(Screen& screen, Control* control);
+  void plainKey(Screen& screen, Control* control, const Key& key);
+  bool mnemonic(Screen& screen, char32_t letter);
+  bool gridKey(Screen& screen, Control& control, const Key& key);
+  bool buttonKey(Screen& screen, Control& control, const Key& key);
+  bool editKey(Screen& screen, Control& control, const Key& key);
+  void edited(Screen& screen, Control& control);
+  void step(Screen& screen, int direction, bool validate);
+  void show(std::unique_ptr<Screen> screen, const Entry& entry);
+  void remove(Screen& screen);
+  void take(std::vector<Request>& requests);
+
+  const Screens& known_;
+  std::vector<std::unique_ptr<Screen>> open_;
+  std::vector<std::unique_ptr<Screen>> leaving_;  // closed while a handler of theirs may still run
+  std::vector<std::vector<Request>> pending_;     // one list for each handler under way
+  bool enterChecked_ = false;
+  bool quitting_ = false;
+  std::string hint_;
+};

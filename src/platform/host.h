@@ -1,0 +1,60 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/date.h"
+#include "platform/screen.h"
+
+namespace paint {
+class Painter;
+}
+
+struct Display {
+  double widthTwips = 20490, heightTwips = 11520;  // 1366 x 768 at 15 twips a pixel
+  double twipsPerPixelX = 15, twipsPerPixelY = 15;
+};
+
+// Everything that a screen may ask of the machine.
+class Host {
+ public:
+  static constexpr const char* kTitle = "Mirav";
+
+  virtual ~Host() = default;
+
+  // These nest: the call returns with the answer.
+  virtual void message(const std::string& text, const std::string& title = kTitle) = 0;
+  virtual bool ask(const std::string& text, const std::string& title) = 0;  // Yes is true
+  virtual std::optional<std::string> input(const std::string& prompt, const std::string& title,
+                                           const std::string& initial = "") = 0;
+  // A screen that answers: returns its result when it has closed, nothing after Escape.
+  virtual std::optional<std::string> openModal(const std::string& name, const Entry& entry = {}) = 0;
+
+  // These take effect after the running handler. Opening a screen that stands already
+  // shows it and brings it to the top. An unknown name says so in the hint line.
+  virtual void open(const std::string& name, const Entry& entry = {}) = 0;
+  virtual void close(Screen& screen) = 0;
+  virtual void quit() = 0;
+  virtual Screen* find(const std::string& name) = 0;  // an open screen, or null
+
+  virtual void hint(const std::string& text) = 0;
+  virtual std::string hint() const = 0;
+  virtual void busy(bool on) = 0;
+  // Shows at once what a long-running handler changed.
+  virtual void refresh() = 0;
+
+  virtual Moment now() const = 0;
+  virtual Display display() const = 0;
+  virtual bool online() const = 0;
+  virtual bool running(const std::string& process) const = 0;
+  virtual void endProcess(const std::string& process) = 0;
+  virtual void launch(const std::string& program, const std::vector<std::string>& arguments) = 0;
+  virtual void openLink(const std::string& url) = 0;
+  virtual void view(const std::string& file) = 0;  // the system's viewer for the file
+  virtual paint::Painter& painter() = 0;
+  virtual std::string clipboard() const = 0;
+  virtual void setClipboard(const std::string& text) = 0;
+
+  Date today() const { return now().date; }
+};

@@ -1,0 +1,231 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/grid.h"
+#include "platform/keys.h"
+#include "platform/layout.h"
+
+class Host;
+
+enum class Kind { Text, Date, Button, Label, Grid, Check, Progress, Picture };
+
+// How a label or an off field reads; a host gives each its type and colour.
+enum class Style { Normal, Quiet, Section, Title, Company, Figure, Head, Amount, Key, Warn, Primary, Secondary };
+
+// One row of a screen's table: what the control is and where it stands.
+struct ControlSpec {
+  std::string name;
+  int index = -1;  // -1: the name stands alone
+  Kind kind = Kind::Text;
+  std::string label = {};  // beside a field; the caption of a button or a label's text
+  Place at = {};
+  int tab = 0;    // place in the walk of Enter and Tab; 0 keeps it out
+  int limit = 0;  // characters; 0 is no limit
+  KeyClass keys = KeyClass::Any;
+  bool enabled = true, visible = true, locked = false;
+  Align align = Align::Auto;
+  bool money = false;      // shown with grouped figures where it cannot be entered
+  bool selectAll = false;  // all of the text is selected on getting the focus
+  Style style = Style::Normal;
+  std::string hint = {};  // hint line while it has the focus
+  std::vector<Column> columns = {};
+  // A grid that lies over another: its own column `overOwn` stands under column `overIts`.
+  std::string over = {};
+  int overOwn = 0, overIts = 0;
+  double overWidth = 0;
+};
+
+// A control as it stands now. Handlers read and write these; hosts draw them.
+struct Control {
+  std::string family;
+  int index = -1;
+  Kind kind = Kind::Text;
+  std::string label;
+  std::string text;
+  bool enabled = true, visible = true, locked = false;
+  int limit = 0;
+  KeyClass keys = KeyClass::Any;
+  int tab = 0;
+  Align align = Align::Auto;
+  bool money = false, selectAll = false;
+  Style style = Style::Normal;
+  std::string hint;
+  Bgr back = kWhite;
+  bool refused = false;           // its last check refused: drawn with the error frame
+  size_t caret = 0, anchor = 0;   // code points; equal when nothing is selected
+  double value = 0, maximum = 0;  // progress; a check box is on when value is not 0
+  std::string picture;            // path of a picture file
+  Grid grid;
+  const ControlSpec* spec = nullptr;
+
+  bool editable() const { return kind == Kind::Text || kind == Kind::Date; }
+  bool focusable() const { return enabled && visible && kind != Kind::Label && kind != Kind::Progress && kind != Kind::Picture; }
+  std::string fullName() const { return index < 0 ? family : family + "(" + std::to_string(index) + ")"; }
+};
+
+// An empty date box reads like this.
+inline constexpr std::string_view kEmptyDate = "__/__/____";
+
+struct MenuEntry {
+  std::string caption;  // with & before its letter
+  std::string control;
+  int index = -1;
+  bool enabled = true;
+  std::vector<MenuEntry> entries = {};
+  std::string key = {};  // tells entries of one control apart where there is no index
+};
+
+struct ToolEntry {
+  std::string key;
+  std::string caption;
+  std::string icon;
+  bool enabled = true;
+};
+
+enum class Window {
+  Main,    // a window of its own: company selection, splash, shell
+  Child,   // stands inside the shell, under its menus
+  Dialog,  // floats above the screen it came from
+};
+
+struct ScreenSpec {
+  std::string name;
+  std::string caption;
+  Window window = Window::Child;
+  Bgr focusColour = 0xC0FFFF;
+  Layout layout;
+  std::vector<ControlSpec> controls;
+};
+
+// What a handler says of the key it was given. On Enter: On moves to the next control
+// as Tab does, Stay says that it refused or set the focus itself. On any other key: On
+// lets the usual action follow, Stay ends it. On Validate: Stay refuses to leave.
+enum class Go { On, Stay };
+
+// Events beside keys. Validate may refuse and is passed over when Enter has just
+// checked the same control; Leave always runs; Change comes from typing only.
+enum class On { Focus, Validate, Leave, Change, Click, DoubleClick, Row };
+
+struct Trigger {
+  std::optional<On> on;
+  Key key;
+  Trigger(On event) : on(event) {}       // NOLINT
+  Trigger(Key k) : key(k) {}             // NOLINT
+  Trigger(KeyCode code) : key(code) {}   // NOLINT
+};
+
+// With what a screen is opened: by whom, and a value (a voucher number, a code).
+struct Entry {
+  std::string caller = {};
+  std::string value = {};
+};
+
+class Screen {
+ public:
+  Screen(Host& host, const ScreenSpec& spec);
+  virtual ~Screen();
+  Screen(const Screen&) = delete;
+  Screen& operator=(const Screen&) = delete;
+
+  const ScreenSpec& spec;
+  std::string caption;
+  std::string mode;     // "", "ADD", "EDIT", "DEL", "PRINT", "VIEW"
+  std::string escMeans;  // right end of the mode strip
+  std::string reason;    // beside the buttons: why one of them is off
+  bool visible = true;
+  int timerMs = 0;  // a tick each so many milliseconds while not 0
+  std::vector<std::unique_ptr<Control>> controls;
+  std::vector<MenuEntry> menus;
+  std::vector<ToolEntry> tools;
+  std::vector<std::string> panels;      // status bar; the second is the hint line
+  std::optional<std::string> result;    // answer of a modal screen
+
+  // Without regard to case; raises std::out_of_range for a control that the table lacks.
+  Control& at(std::string_view family, int index = -1);
+  const Control& at(std::string_view family, int index = -1) const;
+  Control* find(std::string_view fullName);  // "Text1(4)"
+
+  Control* focused() const { return focused_; }
+  // Takes effect after the handler: Leave of the old control, Focus of the new one.
+  void focus(Control& control) { pendingFocus_ = &control; }
+  // Runs the control's Enter logic once after the handler (a lookup has just filled it).
+  void enterAgain(Control& control) { pendingEnter_ = &control; }
+  // Writes a text without a Change; the caret goes behind it.
+  static void set(Control& control, std::string_view text);
+
+  // Events of the whole screen.
+  virtual void opened(const Entry&) {}      // once, before it is first shown
+  virtual void activated() {}               // on top again after another screen, and on first show
+  virtual bool mayClose() { return true; }  // the window's close button and Host::close
+  virtual void closed() {}
+  virtual void tick() {}
+  virtual void chosen(const MenuEntry&) {}
+  virtual void toolChosen(const ToolEntry&) {}
+  virtual void focusMoved(Control&) {}  // after each change of focus: hint line
+  virtual char32_t filter(const Control& control, char32_t key) { return filtered(control.keys, key); }
+
+  // One rule of the screen's table of handlers, bound to this screen.
+  struct Bound {
+    std::string control;  // full name, or family alone for all of its controls, or "" for the whole screen
+    Trigger trigger;
+    std::function<Go()> run;
+  };
+  // The most fitting rule: full name before family before the whole screen.
+  const Bound* rule(const Control* control, const Trigger& trigger) const;
+
+ protected:
+  Host& host;
+  // The control on which the running event happened.
+  Control& here() const { return *here_; }
+
+  template <class S>
+  struct Rule {
+    std::string control;
+    Trigger trigger;
+    std::function<Go(S&)> run;
+    Rule(std::string name, Trigger when, Go (S::*handler)())
+        : control(std::move(name)), trigger(when), run([handler](S& s) { return (s.*handler)(); }) {}
+    // A handler without an answer: Enter moves on, other keys end here, nothing is refused.
+    Rule(std::string name, Trigger when, void (S::*handler)())
+        : control(std::move(name)), trigger(when), run([handler, when](S& s) {
+            (s.*handler)();
+            return when.on || when.key.code == KeyCode::Enter ? Go::On : Go::Stay;
+          }) {}
+  };
+  template <class S>
+  void wire(S& self, const std::vector<Rule<S>>& rules) {
+    for (const auto& r : rules)
+      bound_.push_back({r.control, r.trigger, [&self, run = r.run] { return run(self); }});
+  }
+
+ private:
+  friend class Desk;
+  std::vector<Bound> bound_;
+  Control* focused_ = nullptr;
+  Control* pendingFocus_ = nullptr;
+  Control* pendingEnter_ = nullptr;
+  Control* here_ = nullptr;
+  bool closing_ = false;
+  std::vector<Control*> walk_;  // focusable kinds in tab order
+};
+
+// The screens that a program knows, by name.
+class Screens {
+ public:
+  template <class S>
+  void add(const std::string& name) {
+    makers_[name] = [](Host& host) { return std::make_unique<S>(host); };
+  }
+  bool knows(const std::string& name) const { return makers_.contains(name); }
+  std::unique_ptr<Screen> make(const std::string& name, Host& host) const { return makers_.at(name)(host); }
+
+ private:
+  std::map<std::string, std::function<std::unique_ptr<Screen>(Host&)>> makers_;
+};
