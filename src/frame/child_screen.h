@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/host.h"
+
+// What every screen inside the shell does: it counts itself in mactiveforms, hides the
+// shell's picture and locks the menus while it is open, brings them back when it was the
+// last, and keeps the hint line to the field that has the focus ("Press Enter For Help"
+// when it is empty, "Press Enter To Proceed" when it is filled, or the field's own words).
+class ChildScreen : public Screen {
+ public:
+  using Screen::Screen;
+  void opened(const Entry& entry) override;
+  void closed() override;
+  void focusMoved(Control& control) override;
+
+ protected:
+  // Words of the control's own from its table, else by whether it is filled.
+  virtual std::string hintFor(const Control& control) const;
+
+  // Date keys of a date box: F1 period start, F2 today, F3 period end, Down/Up a day
+  // earlier/later, Page Down/Page Up a month earlier/later.
+  Go dateKey(const Key& key);
+  Go dateF1() { return dateKey(KeyCode::F1); }
+  Go dateF2() { return dateKey(KeyCode::F2); }
+  Go dateF3() { return dateKey(KeyCode::F3); }
+  Go dateUp() { return dateKey(KeyCode::Up); }
+  Go dateDown() { return dateKey(KeyCode::Down); }
+  Go datePgUp() { return dateKey(KeyCode::PgUp); }
+  Go datePgDn() { return dateKey(KeyCode::PgDn); }
+};
+
+// The range test of a typed date, by text: the date, the period's first and last date
+// are written "dd/MMM/yyyy" and compared as texts. Returns the message to show, empty when it passes.
+std::string periodRefusal(Date date);
+
+// "Video" and the like: opens the link when there is one and the machine is online.
+void openTutorial(Host& host, const std::string& link);
