@@ -52,6 +52,7 @@ struct Session : Settings {
 
   // The lookup.
   std::string mhlpmode, mhlptable, mhlpfld1, mhlpfld2, mhlpflds;
+  std::vector<Value> mhlpvalues;  // bound to the "?" of mhlptable in order
   std::array<int, 10> mhlpwidth{};
   bool mhlpclosed = false;
 

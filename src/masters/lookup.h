@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/host.h"
+#include "store/database.h"
 
 // One lookup: mode key, columns and source as FRMHLP takes them through the session.
 struct LookupSpec {
@@ -11,6 +12,7 @@ struct LookupSpec {
   std::string table;                // mhlptable: what follows "from"; quoted values are escaped by `quoted`
   std::string first, second, more;  // mhlpfld1, mhlpfld2, mhlpflds
   std::vector<int> widths = {};     // twips
+  std::vector<Value> values = {};   // bound to the table text in order
 };
 
 // Opens FRMHLP on the specification. The chosen first column replaces the field's text as
@@ -20,6 +22,3 @@ Go lookUp(Host& host, Screen& caller, Control& field, const LookupSpec& spec);
 
 // The chosen value alone, empty after Escape.
 std::string lookUpValue(Host& host, const LookupSpec& spec);
-
-// A text literal of the store's SQL for the table text of a lookup.
-std::string quoted(const std::string& text);
