@@ -3,13 +3,17 @@
 
 add_library(mirav_warnings INTERFACE)
 target_compile_options(mirav_warnings INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor -Werror)
+  -Wall -Wextra -Wpedantic -Wshadow=local -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor -Werror)
 
 # mirav_layer(<target> <folder of src> LINK <targets>...)
 function(mirav_layer target folder)
   cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.cpp)
   file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.h)
+  if(NOT sources)
+    file(WRITE ${CMAKE_BINARY_DIR}/empty.cpp "")
+    set(sources ${CMAKE_BINARY_DIR}/empty.cpp)
+  endif()
   add_library(${target} STATIC ${sources} ${headers})
   set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX)
 

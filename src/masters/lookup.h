@@ -9,7 +9,7 @@
 // One lookup: mode key, columns and source as FRMHLP takes them through the session.
 struct LookupSpec {
   std::string mode;                 // mhlpmode
-  std::string table;                // mhlptable: what follows "from"; quoted values are escaped by `quoted`
+  std::string table;                // mhlptable: what follows "from", with "?" where a value stands
   std::string first, second, more;  // mhlpfld1, mhlpfld2, mhlpflds
   std::vector<int> widths = {};     // twips
   std::vector<Value> values = {};   // bound to the table text in order

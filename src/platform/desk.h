@@ -1,7 +1,5 @@
 #pragma once
 
-#include <deque>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,7 +13,8 @@
 // A handler sets the focus by name; it takes effect when the handler has returned: the
 // old control may refuse (Validate), is left (Leave), then the new one gets Focus. Boxes
 // and modal screens nest; all other screens open after the handler, so a day's work
-// stacks nothing.
+// stacks nothing. A handler that ends in an exception ends in a message box with its
+// words; the screen stays as it is.
 class Desk : public Host {
  public:
   explicit Desk(const Screens& screens) : known_(screens) {}
@@ -32,7 +31,7 @@ class Desk : public Host {
   void tick();
   bool menu(const MenuEntry& entry);  // false when it is off
   bool tool(const ToolEntry& entry);
-  void closeTop();                    // the window's close button
+  void closeTop();  // the window's close button
   // Caret and selection set with the mouse, in code points.
   void select(Control& control, size_t anchor, size_t caret);
 
@@ -46,6 +45,7 @@ class Desk : public Host {
   void start(const std::string& name) { open(name, {}); }
 
   // Host
+  void message(const std::string& text, const std::string& title = kTitle) override;
   std::optional<std::string> openModal(const std::string& name, const Entry& entry = {}) override;
   void open(const std::string& name, const Entry& entry = {}) override;
   void close(Screen& screen) override;
@@ -55,6 +55,8 @@ class Desk : public Host {
   std::string hint() const override { return hint_; }
 
  protected:
+  // Shows a message box and returns when it has been answered.
+  virtual void box(const std::string& text, const std::string& title) = 0;
   // Runs events until the screen has closed.
   virtual void nest(Screen& screen) = 0;
   // Draw what is different now: after each event and before anything nests.
@@ -69,7 +71,7 @@ class Desk : public Host {
     Screen* closing = nullptr;
   };
 
-  void run(Screen& screen, const std::function<void()>& handler);
+  bool run(Screen& screen, const std::function<void()>& handler);
   Go fire(Screen& screen, Control* control, const Trigger& trigger, Go otherwise);
   void settle(Screen& screen);
   bool settleFocus(Screen& screen);
@@ -85,12 +87,14 @@ class Desk : public Host {
   void show(std::unique_ptr<Screen> screen, const Entry& entry);
   void remove(Screen& screen);
   void take(std::vector<Request>& requests);
+  void request(Request request);
 
   const Screens& known_;
   std::vector<std::unique_ptr<Screen>> open_;
   std::vector<std::unique_ptr<Screen>> leaving_;  // closed while a handler of theirs may still run
   std::vector<std::vector<Request>> pending_;     // one list for each handler under way
-  bool enterChecked_ = false;
+  bool enterChecked_ = false;  // the focus moves because Enter has just checked the control
+  bool checking_ = false;      // a handler that may refuse is running
   bool quitting_ = false;
   std::string hint_;
 };

@@ -133,26 +133,33 @@ Outcome key(Control& c, const Key& k) {
   }
   if (k.ctrl || k.alt) return {};
   switch (k.code) {
-    case KeyCode::Backspace: return erase(c, true);
-    case KeyCode::Delete: return erase(c, false);
+    case KeyCode::Backspace:
+      return erase(c, true);
+    case KeyCode::Delete:
+      return erase(c, false);
     case KeyCode::Left: {
-      const size_t start = c.caret != c.anchor && !k.shift ? std::min(c.caret, c.anchor) : c.caret - (c.caret > 0);
+      const size_t start =
+          c.caret != c.anchor && !k.shift ? std::min(c.caret, c.anchor) : c.caret - (c.caret > 0);
       return moveCaret(c, start, k.shift);
     }
     case KeyCode::Right: {
-      const size_t end = c.caret != c.anchor && !k.shift ? std::max(c.caret, c.anchor)
-                                                         : std::min(c.caret + 1, length);
+      const size_t end =
+          c.caret != c.anchor && !k.shift ? std::max(c.caret, c.anchor) : std::min(c.caret + 1, length);
       return moveCaret(c, end, k.shift);
     }
-    case KeyCode::Home: return moveCaret(c, 0, k.shift);
-    case KeyCode::End: return moveCaret(c, length, k.shift);
-    default: return {};
+    case KeyCode::Home:
+      return moveCaret(c, 0, k.shift);
+    case KeyCode::End:
+      return moveCaret(c, length, k.shift);
+    default:
+      return {};
   }
 }
 
 std::string selection(const Control& c) {
   const std::u32string t = utf8::decode(c.text);
-  const size_t from = std::min({c.caret, c.anchor, t.size()}), to = std::min(std::max(c.caret, c.anchor), t.size());
+  const size_t from = std::min({c.caret, c.anchor, t.size()}),
+               to = std::min(std::max(c.caret, c.anchor), t.size());
   return utf8::encode(t.substr(from, to - from));
 }
 

@@ -5,8 +5,35 @@
 #include <string_view>
 
 enum class KeyCode {
-  None, Char, Enter, Esc, Tab, Up, Down, Left, Right, PgUp, PgDn, Home, End, Insert, Delete, Backspace, Space,
-  F1, F2, F3, F4, F5, F6, F7, F8, F9, F10, F11, F12,
+  None,
+  Char,
+  Enter,
+  Esc,
+  Tab,
+  Up,
+  Down,
+  Left,
+  Right,
+  PgUp,
+  PgDn,
+  Home,
+  End,
+  Insert,
+  Delete,
+  Backspace,
+  Space,
+  F1,
+  F2,
+  F3,
+  F4,
+  F5,
+  F6,
+  F7,
+  F8,
+  F9,
+  F10,
+  F11,
+  F12,
 };
 
 // One key as it goes down. Letters and digits that are held with Ctrl or Alt come as
@@ -22,8 +49,12 @@ struct Key {
   constexpr Key(KeyCode c, char32_t letter, bool withCtrl, bool withAlt, bool withShift)
       : code(c), ch(letter), ctrl(withCtrl), alt(withAlt), shift(withShift) {}
 
-  static constexpr Key Ctrl(char letter) { return {KeyCode::Char, static_cast<char32_t>(letter), true, false, false}; }
-  static constexpr Key Alt(char letter) { return {KeyCode::Char, static_cast<char32_t>(letter), false, true, false}; }
+  static constexpr Key Ctrl(char letter) {
+    return {KeyCode::Char, static_cast<char32_t>(letter), true, false, false};
+  }
+  static constexpr Key Alt(char letter) {
+    return {KeyCode::Char, static_cast<char32_t>(letter), false, true, false};
+  }
   static constexpr Key Ctrl(KeyCode code) { return {code, 0, true, false, false}; }
   static constexpr Key Shift(KeyCode code) { return {code, 0, false, false, true}; }
 

@@ -11,7 +11,7 @@ struct Length {
 };
 constexpr Length px(double n) { return {Length::Unit::Px, n}; }
 constexpr Length part(double n) { return {Length::Unit::Part, n}; }
-constexpr Length fit() { return {Length::Unit::Fit, 0}; }     // as wide as its widest label
+constexpr Length fit() { return {Length::Unit::Fit, 0}; }             // as wide as its widest label
 constexpr Length twips(double n) { return {Length::Unit::Part, n}; }  // documented widths become shares
 
 enum class Frame {

@@ -17,7 +17,20 @@ class Host;
 enum class Kind { Text, Date, Button, Label, Grid, Check, Progress, Picture };
 
 // How a label or an off field reads; a host gives each its type and colour.
-enum class Style { Normal, Quiet, Section, Title, Company, Figure, Head, Amount, Key, Warn, Primary, Secondary };
+enum class Style {
+  Normal,
+  Quiet,
+  Section,
+  Title,
+  Company,
+  Figure,
+  Head,
+  Amount,
+  Key,
+  Warn,
+  Primary,
+  Secondary
+};
 
 // One row of a screen's table: what the control is and where it stands.
 struct ControlSpec {
@@ -66,7 +79,9 @@ struct Control {
   const ControlSpec* spec = nullptr;
 
   bool editable() const { return kind == Kind::Text || kind == Kind::Date; }
-  bool focusable() const { return enabled && visible && kind != Kind::Label && kind != Kind::Progress && kind != Kind::Picture; }
+  bool focusable() const {
+    return enabled && visible && kind != Kind::Label && kind != Kind::Progress && kind != Kind::Picture;
+  }
   std::string fullName() const { return index < 0 ? family : family + "(" + std::to_string(index) + ")"; }
 };
 
@@ -116,9 +131,9 @@ enum class On { Focus, Validate, Leave, Change, Click, DoubleClick, Row };
 struct Trigger {
   std::optional<On> on;
   Key key;
-  Trigger(On event) : on(event) {}       // NOLINT
-  Trigger(Key k) : key(k) {}             // NOLINT
-  Trigger(KeyCode code) : key(code) {}   // NOLINT
+  Trigger(On event) : on(event) {}      // NOLINT
+  Trigger(Key k) : key(k) {}            // NOLINT
+  Trigger(KeyCode code) : key(code) {}  // NOLINT
 };
 
 // With what a screen is opened: by whom, and a value (a voucher number, a code).
@@ -136,7 +151,7 @@ class Screen {
 
   const ScreenSpec& spec;
   std::string caption;
-  std::string mode;     // "", "ADD", "EDIT", "DEL", "PRINT", "VIEW"
+  std::string mode;      // "", "ADD", "EDIT", "DEL", "PRINT", "VIEW"
   std::string escMeans;  // right end of the mode strip
   std::string reason;    // beside the buttons: why one of them is off
   bool visible = true;
@@ -144,8 +159,8 @@ class Screen {
   std::vector<std::unique_ptr<Control>> controls;
   std::vector<MenuEntry> menus;
   std::vector<ToolEntry> tools;
-  std::vector<std::string> panels;      // status bar; the second is the hint line
-  std::optional<std::string> result;    // answer of a modal screen
+  std::vector<std::string> panels;    // status bar; the second is the hint line
+  std::optional<std::string> result;  // answer of a modal screen
 
   // Without regard to case; raises std::out_of_range for a control that the table lacks.
   Control& at(std::string_view family, int index = -1);
@@ -168,7 +183,8 @@ class Screen {
   virtual void tick() {}
   virtual void chosen(const MenuEntry&) {}
   virtual void toolChosen(const ToolEntry&) {}
-  virtual void focusMoved(Control&) {}  // after each change of focus: hint line
+  virtual void focusMoved(Control&) {}       // after each change of focus: hint line
+  virtual void typed(Control&, char32_t) {}  // a character on a grid or list
   virtual char32_t filter(const Control& control, char32_t key) { return filtered(control.keys, key); }
 
   // One rule of the screen's table of handlers, bound to this screen.
@@ -212,7 +228,7 @@ class Screen {
   Control* pendingFocus_ = nullptr;
   Control* pendingEnter_ = nullptr;
   Control* here_ = nullptr;
-  bool closing_ = false;
+  bool closing_ = false, modal_ = false;
   std::vector<Control*> walk_;  // focusable kinds in tab order
 };
 

@@ -1,0 +1,100 @@
+#include "platform/screen.h"
+
+#include <algorithm>
+#include <cctype>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/utf8.h"
+
+namespace {
+
+bool same(std::string_view a, std::string_view b) {
+  return std::ranges::equal(
+      a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
+}
+
+std::unique_ptr<Control> made(const ControlSpec& s) {
+  auto c = std::make_unique<Control>();
+  c->family = s.name;
+  c->index = s.index;
+  c->kind = s.kind;
+  c->label = s.label;
+  if (s.kind == Kind::Button || s.kind == Kind::Label || s.kind == Kind::Check) c->text = s.label;
+  if (s.kind == Kind::Date) c->text = kEmptyDate;
+  c->enabled = s.enabled;
+  c->visible = s.visible;
+  c->locked = s.locked;
+  c->limit = s.limit;
+  c->keys = s.keys;
+  c->tab = s.tab;
+  c->align = s.align;
+  c->money = s.money;
+  c->selectAll = s.selectAll || s.kind == Kind::Date;
+  c->style = s.style;
+  c->hint = s.hint;
+  c->grid.columns = s.columns;
+  c->spec = &s;
+  return c;
+}
+
+}  // namespace
+
+Screen::Screen(Host& theHost, const ScreenSpec& theSpec)
+    : spec(theSpec), caption(theSpec.caption), host(theHost) {
+  for (const ControlSpec& row : spec.controls) {
+    controls.push_back(made(row));
+    if (row.tab > 0) walk_.push_back(controls.back().get());
+  }
+  std::ranges::stable_sort(walk_, {}, &Control::tab);
+}
+
+Screen::~Screen() = default;
+
+const Control& Screen::at(std::string_view family, int index) const {
+  for (const auto& c : controls)
+    if (c->index == index && same(c->family, family)) return *c;
+  throw std::out_of_range(spec.name + " has no control " + std::string(family) + "(" + std::to_string(index) +
+                          ")");
+}
+
+Control& Screen::at(std::string_view family, int index) {
+  return const_cast<Control&>(std::as_const(*this).at(family, index));
+}
+
+Control* Screen::find(std::string_view fullName) {
+  int index = -1;
+  const size_t open = fullName.find('(');
+  if (open != std::string_view::npos) {
+    const std::string digits(fullName.substr(open + 1, fullName.find(')') - open - 1));
+    if (digits.empty() || !std::ranges::all_of(digits, [](unsigned char ch) { return std::isdigit(ch); }))
+      return nullptr;
+    index = std::stoi(digits);
+    fullName = fullName.substr(0, open);
+  }
+  for (const auto& c : controls)
+    if (c->index == index && same(c->family, fullName)) return c.get();
+  return nullptr;
+}
+
+void Screen::set(Control& control, std::string_view text) {
+  control.text = text;
+  control.caret = control.anchor = utf8::length(text);
+}
+
+const Screen::Bound* Screen::rule(const Control* control, const Trigger& trigger) const {
+  const Bound* best = nullptr;
+  size_t bestRank = 0;
+  for (const Bound& b : bound_) {
+    if (b.trigger.on != trigger.on || (!trigger.on && !(b.trigger.key == trigger.key))) continue;
+    size_t rank = 0;
+    if (b.control.empty() && !trigger.on)
+      rank = 1;
+    else if (control && same(b.control, control->family))
+      rank = control->index < 0 ? 3 : 2;
+    else if (control && control->index >= 0 && same(b.control, control->fullName()))
+      rank = 3;
+    if (rank > bestRank) best = &b, bestRank = rank;
+  }
+  return best;
+}
