@@ -23,7 +23,7 @@ struct Cell {
   bool bold = false;
 };
 
-struct Column {
+struct GridColumn {
   std::string title;
   Length width = part(1);  // a width of 0 hides the column
   Align align = Align::Left;
@@ -33,14 +33,14 @@ struct Column {
 
 // What a grid shows. A host asks only for the rows in view, so a source over 100,000
 // stored rows costs no more to open than one over 100.
-class Rows {
+class RowSource {
  public:
   virtual ~Rows() = default;
   virtual size_t count() const = 0;
   virtual Cell cell(size_t row, size_t column) const = 0;
 };
 
-class CellRows : public Rows {
+class CellRows : public RowSource {
  public:
   std::vector<std::vector<Cell>> rows;
   size_t count() const override { return rows.size(); }
@@ -52,8 +52,8 @@ class CellRows : public Rows {
 struct Grid {
   static constexpr size_t kNone = static_cast<size_t>(-1);
 
-  std::vector<Column> columns;
-  std::shared_ptr<Rows> source;
+  std::vector<GridColumn> columns;
+  std::shared_ptr<RowSource> source;
   size_t current = kNone;  // row under the cursor
   bool heading = true;
 

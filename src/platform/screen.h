@@ -48,7 +48,7 @@ struct ControlSpec {
   bool selectAll = false;  // all of the text is selected on getting the focus
   Style style = Style::Normal;
   std::string hint = {};  // hint line while it has the focus
-  std::vector<Column> columns = {};
+  std::vector<GridColumn> columns = {};
   // A grid that lies over another: its own column `overOwn` stands under column `overIts`.
   std::string over = {};
   int overOwn = 0, overIts = 0;
