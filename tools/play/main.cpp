@@ -1,0 +1,85 @@
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <iostream>
+
+#include "documents/screens.h"
+#include "frame/screens.h"
+#include "frame/start.h"
+#include "masters/screens.h"
+#include "platform/qt/qt_host.h"
+#include "player.h"
+#include "vouchers/screens.h"
+
+namespace {
+
+Screens allScreens() {
+  Screens screens;
+  addFrameScreens(screens);
+  addMasterScreens(screens);
+  addVoucherScreens(screens);
+  addDocumentScreens(screens);
+  return screens;
+}
+
+// Starts the program anew and plays one script on it; returns the checks that passed.
+template <class DeskType>
+int playOn(DeskType& desk, Machine& machine, const Hands& hands, const std::string& folder, const Script& script) {
+  Player player(desk, machine, hands, folder);
+  startUp(desk, folder);
+  player.play(script);
+  return player.checks();
+}
+
+int playBare(const std::string& folder, const Script& script) {
+  Machine machine;
+  const Screens screens = allScreens();
+  Played<Bare> desk(machine, screens);
+  const Hands hands{[&desk](const Key& key) { desk.key(key); }, [&desk](const std::string& text) { desk.type(text); }, {}};
+  return playOn(desk, machine, hands, folder, script);
+}
+
+int playInWindow(const std::string& folder, const Script& script) {
+  Machine machine;
+  const Screens screens = allScreens();
+  Played<QtHost> desk(machine, screens);
+  const Hands hands{[&desk](const Key& key) {
+                      desk.realKey(key);
+                      desk.settle();
+                    },
+                    [&desk](const std::string& text) {
+                      desk.realText(text);
+                      desk.settle();
+                    },
+                    [&desk](const std::string& file) {
+                      desk.settle();
+                      desk.grab(file);
+                    }};
+  return playOn(desk, machine, hands, folder, script);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app{"Plays scripts of keystrokes on the program in a folder"};
+  std::string folder;
+  std::vector<std::string> scripts;
+  bool window = false;
+  app.add_option("folder", folder, "Program folder")->required()->check(CLI::ExistingDirectory);
+  app.add_option("scripts", scripts, "Scripts, each from a fresh start")->required();
+  app.add_flag("--window", window, "Through the window, with real key events");
+  CLI11_PARSE(app, argc, argv);
+
+  folder = std::filesystem::canonical(folder).string();
+  int checks = 0;
+  try {
+    for (const std::string& name : scripts) {
+      const Script script = readScript(name);
+      checks += window ? playInWindow(folder, script) : playBare(folder, script);
+    }
+  } catch (const Stop& stop) {
+    std::cout << stop.why << "\n";
+    return 1;
+  }
+  std::cout << checks << " checks passed\n";
+  return 0;
+}

@@ -1,0 +1,66 @@
+#include "player.h"
+
+#include <iostream>
+#include <utility>
+
+#include "base/text.h"
+
+Player::Player(Desk& desk, Machine& machine, Hands hands, std::string folder)
+    : desk_(desk), machine_(machine), hands_(std::move(hands)), folder_(std::move(folder)) {
+  machine_.step = [this] { return step(); };
+}
+
+void Player::play(const Script& script) {
+  script_ = &script;
+  next_ = 0;
+  try {
+    while (step()) {
+    }
+    if (!machine_.answers.empty())
+      throw Stop{"expected every answer to be asked for, saw some left at the end"};
+  } catch (const Ended&) {
+    if (!machine_.answers.empty())
+      throw Stop{script.name + ": an answer nobody asked for is left at the end"};
+  } catch (const Stop& stop) {
+    const int line = next_ > 0 ? script.lines[next_ - 1].number : 0;
+    throw Stop{script.name + ":" + std::to_string(line) + ": " + stop.why};
+  }
+}
+
+bool Player::step() {
+  if (next_ >= script_->lines.size() || desk_.quitting()) {
+    if (next_ < script_->lines.size()) throw Stop{"expected the program to run, saw it end"};
+    return false;
+  }
+  const Line& line = script_->lines[next_++];
+  const auto command = commands().find(lower(line.words[0].text));
+  if (command == commands().end()) fail("a command", line.words[0].text);
+  (this->*command->second)(Words(line.words.begin() + 1, line.words.end()));
+  return true;
+}
+
+Screen& Player::top() const {
+  Screen* const screen = desk_.top();
+  if (!screen) fail("a screen", "none");
+  return *screen;
+}
+
+Control& Player::control(const std::string& name) const {
+  Control* const found = top().find(name);
+  if (!found) fail("a control " + name, "none on " + top().spec.name);
+  return *found;
+}
+
+Control& Player::grid(const std::string& name) const {
+  Control& c = control(name);
+  if (c.kind != Kind::Grid) fail(name + " to be a grid or list", "another control");
+  return c;
+}
+
+void Player::fail(const std::string& expected, const std::string& saw) const {
+  throw Stop{"expected " + expected + ", saw " + saw};
+}
+
+std::string Player::path(const std::string& name) const {
+  return name.starts_with('/') ? name : folder_ + "/" + name;
+}
