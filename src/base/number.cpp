@@ -1,5 +1,6 @@
 #include "base/number.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -10,13 +11,14 @@ namespace {
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-}  // namespace
+struct LeadingNumber {
+  double value = 0;
+  size_t end = 0;  // behind its last character, 0 when there is none
+};
 
-double Val(std::string_view text) {
-  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
-
+LeadingNumber leadingNumber(std::string_view text) {
+  size_t at = std::min(text.find_first_not_of(" \t"), text.size());
   std::string number;  // from_chars knows no plus sign
-  size_t at = 0;
   if (at < text.size() && (text[at] == '-' || text[at] == '+')) {
     if (text[at] == '-') number += '-';
     ++at;
@@ -27,20 +29,29 @@ double Val(std::string_view text) {
     digits = digits || isDigit(text[at]);
     number += text[at];
   }
-  if (!digits) return 0;
+  if (!digits) return {};
   if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
     size_t power = at + 1;
     if (power < text.size() && (text[power] == '-' || text[power] == '+')) ++power;
     if (power < text.size() && isDigit(text[power])) {
       while (power < text.size() && isDigit(text[power])) ++power;
       number += text.substr(at, power - at);
+      at = power;
     }
   }
-
   double value = 0;
   const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-  if (result.ec != std::errc() || !std::isfinite(value)) return 0;
-  return value;
+  if (result.ec != std::errc() || !std::isfinite(value)) return {};
+  return {.value = value, .end = at};
+}
+
+}  // namespace
+
+double Val(std::string_view text) { return leadingNumber(text).value; }
+
+bool isNumberText(std::string_view text) {
+  const auto end = leadingNumber(text).end;
+  return end > 0 && text.find_first_not_of(' ', end) == std::string_view::npos;
 }
 
 double Round(double x, int d) {

@@ -9,6 +9,8 @@
 // The number at the start of a text: leading blanks, sign, digits, point, exponent. Anything
 // else ends it; a text without a number gives 0. Never an infinity, never "not a number".
 double Val(std::string_view text);
+// The whole text, blanks around it aside, is one number as Val reads it.
+bool isNumberText(std::string_view text);
 
 // To d decimals, the scaled double's exact half going to the even neighbour: 2.5 -> 2, 0.125 -> 0.12.
 double Round(double x, int d);

@@ -1,0 +1,255 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/column.h"
+#include "store/value.h"
+
+// One open database file. Statements stand as text where they are used and take their values as
+// bound parameters:
+//
+//   auto rows = db.query("SELECT ACC_CD, ACC_NAME FROM ACCOUNT WHERE GROUP_CD = ?", 85);
+//   while (rows.next()) list.add(rows.text("ACC_CD"), rows.text(1));
+//
+// Prepared statements are kept by their text, so a statement asked again is not parsed again.
+// Failures are DatabaseError. A lock of another program is waited for about three seconds.
+
+class DatabaseError : public std::runtime_error {
+ public:
+  enum class Kind {
+    locked,
+    full,
+    readOnly,
+    missing,
+    cannotOpen,
+    notDatabase,
+    damaged,
+    io,
+    memory,
+    constraint,
+    other
+  };
+
+  DatabaseError(Kind kind, const std::string& file, const std::string& detail, std::string statement = {},
+                int code = 0);
+
+  // what() is the sentence for the user.
+  Kind kind() const { return kind_; }
+  const std::string& statement() const { return statement_; }
+  int code() const { return code_; }
+  // False for what must reach the user in any case: lock, full disk, I/O, memory, broken file.
+  bool mayBePassedOver() const { return kind_ == Kind::constraint || kind_ == Kind::other; }
+
+ private:
+  Kind kind_;
+  std::string statement_;
+  int code_;
+};
+
+// Column names of a result, found without regard to case; of a repeated name the first counts.
+class ColumnNames {
+ public:
+  explicit ColumnNames(std::vector<std::string> names) : names_(std::move(names)) {}
+  int count() const { return static_cast<int>(names_.size()); }
+  const std::string& at(int column) const { return names_.at(static_cast<size_t>(column)); }
+  bool has(std::string_view name) const { return find(name) >= 0; }
+  // Throws DatabaseError for an unknown name.
+  int index(std::string_view name) const;
+
+ private:
+  int find(std::string_view name) const;
+  std::vector<std::string> names_;
+};
+
+// One row, kept after its statement has ended.
+class Row {
+ public:
+  Row() : Row(std::make_shared<ColumnNames>(std::vector<std::string>()), {}) {}
+  Row(std::shared_ptr<const ColumnNames> names, std::vector<Value> values)
+      : names_(std::move(names)), values_(std::move(values)) {}
+
+  int count() const { return names_->count(); }
+  const std::string& name(int column) const { return names_->at(column); }
+  bool has(std::string_view column) const { return names_->has(column); }
+  const Value& value(int column) const { return values_.at(static_cast<size_t>(column)); }
+  const Value& value(std::string_view column) const { return value(names_->index(column)); }
+
+  template <typename Key>
+  std::string text(Key column) const {
+    return value(column).text();
+  }
+  template <typename Key>
+  double number(Key column) const {
+    return value(column).number();
+  }
+  template <typename Key>
+  bool isNull(Key column) const {
+    return value(column).isNull();
+  }
+  template <typename Key>
+  std::optional<Date> date(Key column) const {
+    return value(column).date();
+  }
+
+ private:
+  std::shared_ptr<const ColumnNames> names_;
+  std::vector<Value> values_;
+};
+
+class Database;
+struct PreparedStatement;
+
+// A running select, read once from its first row to its last. As long as it lives and has not
+// reached its end, other programs cannot write: read to the end or let it go.
+class Rows {
+ public:
+  Rows(Rows&&) noexcept;
+  Rows& operator=(Rows&&) = delete;
+  ~Rows();
+
+  bool next();
+
+  int count() const { return names().count(); }
+  const ColumnNames& names() const;
+  // "TEXT(6)", "DOUBLE", "DATE"; empty for an expression.
+  std::string declaredType(int column) const;
+  Row row() const;
+
+  Value value(int column) const;
+  std::string text(int column) const;
+  double number(int column) const;
+  bool isNull(int column) const;
+  std::optional<Date> date(int column) const { return parseDate(text(column)); }
+
+  Value value(std::string_view column) const { return value(names().index(column)); }
+  std::string text(std::string_view column) const { return text(names().index(column)); }
+  double number(std::string_view column) const { return number(names().index(column)); }
+  bool isNull(std::string_view column) const { return isNull(names().index(column)); }
+  std::optional<Date> date(std::string_view column) const { return parseDate(text(column)); }
+
+ private:
+  friend class Database;
+  Rows(Database& database, std::unique_ptr<PreparedStatement> statement);
+
+  Database* database_;
+  std::unique_ptr<PreparedStatement> statement_;
+  mutable std::shared_ptr<const ColumnNames> names_;
+  bool done_ = false;
+};
+
+// What came of a statement whose failure is passed over.
+struct Outcome {
+  bool done = false;
+  int changed = 0;
+  std::string error{};
+  explicit operator bool() const { return done; }
+};
+
+enum class Access { readWrite, readOnly, create };
+
+class Database {
+ public:
+  Database();
+  ~Database();
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
+  // Closes what was open. A missing file is an error unless the access is `create`.
+  void open(const std::filesystem::path& file, Access access = Access::readWrite);
+  void close() noexcept;
+  bool isOpen() const { return handle_ != nullptr; }
+  const std::filesystem::path& file() const { return file_; }
+  // Nobody else had the file open when it was opened here.
+  bool firstUser() const;
+
+  // Returns the number of rows changed.
+  template <typename... Args>
+  int exec(std::string_view sql, const Args&... args) {
+    return exec(sql, std::vector<Value>{Value(args)...});
+  }
+  int exec(std::string_view sql, const std::vector<Value>& values);
+
+  template <typename... Args>
+  Rows query(std::string_view sql, const Args&... args) {
+    return query(sql, std::vector<Value>{Value(args)...});
+  }
+  Rows query(std::string_view sql, const std::vector<Value>& values);
+
+  template <typename... Args>
+  std::optional<Row> first(std::string_view sql, const Args&... args) {
+    return first(sql, std::vector<Value>{Value(args)...});
+  }
+  std::optional<Row> first(std::string_view sql, const std::vector<Value>& values);
+
+  template <typename... Args>
+  std::vector<Row> all(std::string_view sql, const Args&... args) {
+    std::vector<Row> rows;
+    for (auto each = query(sql, args...); each.next();) rows.push_back(each.row());
+    return rows;
+  }
+
+  // The first column of the first row; 0 or an empty text when there is none.
+  template <typename... Args>
+  double number(std::string_view sql, const Args&... args) {
+    const auto row = first(sql, args...);
+    return row ? row->number(0) : 0;
+  }
+  template <typename... Args>
+  std::string text(std::string_view sql, const Args&... args) {
+    const auto row = first(sql, args...);
+    return row ? row->text(0) : std::string();
+  }
+
+  // For the places where an error is passed over. A lock, a full disk, an I/O error, lack of
+  // memory and a broken or read-only file are thrown all the same.
+  template <typename... Args>
+  Outcome attempt(std::string_view sql, const Args&... args) {
+    return attempt(std::function<int()>([&] { return exec(sql, args...); }));
+  }
+  Outcome attempt(const std::function<int()>& work);
+
+  // The table as it stands, work tables as they stand here; empty when there is none.
+  const std::vector<Column>& columns(std::string_view table);
+  void forgetStatements() noexcept;
+
+  bool inTransaction() const;
+
+ private:
+  friend class Rows;
+  friend class Transaction;
+  struct Handle;
+
+  std::unique_ptr<PreparedStatement> take(std::string_view sql);
+  void giveBack(std::unique_ptr<PreparedStatement> statement) noexcept;
+  void useSettings();
+  template <typename Work>
+  auto checked(std::string_view sql, Work work) -> decltype(work());
+
+  std::filesystem::path file_;
+  std::unique_ptr<Handle> handle_;
+  int depth_ = 0;
+};
+
+// All or nothing. Rolls back at the end of its scope unless committed; one inside another is a
+// savepoint.
+class Transaction {
+ public:
+  explicit Transaction(Database& database);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  void commit();
+
+ private:
+  Database& database_;
+  int depth_;
+  bool open_ = true;
+};

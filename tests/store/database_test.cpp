@@ -1,0 +1,265 @@
+#include "store/database.h"
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+
+#include "store/lock_file.h"
+#include "temp_folder.h"
+
+namespace {
+
+class DatabaseTest : public testing::Test {
+ protected:
+  DatabaseTest() { db.open(folder / "M00124.mdb", Access::create); }
+
+  DatabaseError::Kind kindOf(const std::function<void()>& work) {
+    try {
+      work();
+    } catch (const DatabaseError& error) {
+      sentence = error.what();
+      return error.kind();
+    }
+    ADD_FAILURE() << "no error";
+    return DatabaseError::Kind::other;
+  }
+
+  TempFolder folder;
+  Database db;
+  std::string sentence;
+};
+
+using Kind = DatabaseError::Kind;
+using namespace std::chrono_literals;
+
+}  // namespace
+
+TEST_F(DatabaseTest, HostileValuesComeBackAsTheyWere) {
+  db.exec("CREATE TABLE t(v TEXT COLLATE NOCASE)");
+  for (const char* text : {"O'Brien & Sons", "50% off_", "ગુજરાત ટ્રેડર્સ", "'); DROP TABLE t; --", "\"quoted\"",
+                           "line\nline", ""}) {
+    db.exec("DELETE FROM t");
+    EXPECT_EQ(db.exec("INSERT INTO t VALUES (?)", text), 1);
+    EXPECT_EQ(db.text("SELECT v FROM t WHERE v = ?", text), text);
+    EXPECT_FALSE(db.first("SELECT v FROM t")->isNull("V")) << "an empty text is no null";
+  }
+}
+
+TEST_F(DatabaseTest, WholeNumbersStandInTextColumnsWithoutAPoint) {
+  db.exec("CREATE TABLE t(a TEXT, b DOUBLE, c DATE)");
+  db.exec("INSERT INTO t VALUES (?, ?, ?)", 30.0, 30, Date(2026y / 6 / 15));
+  const auto row = db.first("SELECT a, b, b / 4 AS q, c FROM t");
+  EXPECT_EQ(row->text("a"), "30");
+  EXPECT_EQ(row->text("b"), "30");
+  EXPECT_EQ(row->number("q"), 7.5) << "a DOUBLE column divides as a double";
+  EXPECT_EQ(row->text("c"), "2026-06-15");
+  EXPECT_EQ(row->date("c"), Date(2026y / 6 / 15));
+}
+
+TEST_F(DatabaseTest, StatementsRunInsideOneAnotherWithTheSameText) {
+  db.exec("CREATE TABLE t(n DOUBLE)");
+  for (int n = 1; n <= 3; ++n) db.exec("INSERT INTO t VALUES (?)", n);
+  int pairs = 0;
+  for (auto outer = db.query("SELECT n FROM t"); outer.next();)
+    for (auto inner = db.query("SELECT n FROM t"); inner.next();) ++pairs;
+  EXPECT_EQ(pairs, 9);
+}
+
+TEST_F(DatabaseTest, AStatementKnowsAColumnAddedAfterItsFirstUse) {
+  db.exec("CREATE TABLE t(a DOUBLE)");
+  db.exec("INSERT INTO t VALUES (1)");
+  EXPECT_EQ(db.first("SELECT * FROM t")->count(), 1);
+  db.exec("ALTER TABLE t ADD COLUMN b DOUBLE DEFAULT 0");
+  EXPECT_EQ(db.first("SELECT * FROM t")->count(), 2);
+  EXPECT_EQ(db.columns("T").size(), 2u);
+}
+
+TEST_F(DatabaseTest, DoubleQuotesNameColumnsOnly) {
+  db.exec("CREATE TABLE t([SALE.VOUCH_NO] DOUBLE)");
+  db.exec("INSERT INTO t VALUES (7)");
+  EXPECT_EQ(db.number("SELECT [SALE.VOUCH_NO] FROM t"), 7);
+  EXPECT_EQ(kindOf([&] { db.query("SELECT \"no such\" FROM t"); }), Kind::other);
+}
+
+TEST_F(DatabaseTest, CountOfValuesMustFit) {
+  EXPECT_EQ(kindOf([&] { db.number("SELECT ?"); }), Kind::other);
+  EXPECT_EQ(kindOf([&] { db.number("SELECT ?", 1, 2); }), Kind::other);
+}
+
+TEST_F(DatabaseTest, AttemptPassesOverFailuresOfTheStatement) {
+  db.exec("CREATE TABLE t(a TEXT(3) CHECK (LENGTH(a) <= 3))");
+  EXPECT_TRUE(db.attempt("INSERT INTO t VALUES (?)", "ગુજ"));
+  const auto tooLong = db.attempt("INSERT INTO t VALUES (?)", "four");
+  EXPECT_FALSE(tooLong);
+  EXPECT_NE(tooLong.error.find("CHECK"), std::string::npos);
+  EXPECT_FALSE(db.attempt("DELETE FROM missing"));
+  EXPECT_EQ(db.attempt("UPDATE t SET a = 'x'").changed, 1);
+}
+
+TEST_F(DatabaseTest, AttemptNeverPassesOverALock) {
+  db.exec("CREATE TABLE t(a)");
+  Database other;
+  other.open(db.file());
+  const Transaction held(other);
+  EXPECT_EQ(kindOf([&] { db.attempt("INSERT INTO t VALUES (1)"); }), Kind::locked);
+  EXPECT_NE(sentence.find("M00124.mdb is in use"), std::string::npos);
+}
+
+TEST_F(DatabaseTest, AttemptNeverPassesOverAFullDisk) {
+  db.exec("CREATE TABLE t(a)");
+  db.text("PRAGMA max_page_count = 3");
+  const std::string big(100'000, 'x');
+  EXPECT_EQ(kindOf([&] { db.attempt("INSERT INTO t VALUES (?)", big); }), Kind::full);
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM t"), 0);
+}
+
+TEST_F(DatabaseTest, TransactionsNestAndRollBackByThemselves) {
+  db.exec("CREATE TABLE t(a)");
+  {
+    Transaction outer(db);
+    db.exec("INSERT INTO t VALUES ('outer')");
+    {
+      const Transaction dropped(db);
+      db.exec("INSERT INTO t VALUES ('dropped')");
+    }
+    {
+      Transaction kept(db);
+      db.exec("INSERT INTO t VALUES ('kept')");
+      kept.commit();
+    }
+    outer.commit();
+  }
+  {
+    const Transaction all(db);
+    Transaction inner(db);
+    db.exec("DELETE FROM t");
+    inner.commit();
+  }
+  EXPECT_EQ(db.text("SELECT GROUP_CONCAT(a) FROM t"), "outer,kept");
+}
+
+TEST_F(DatabaseTest, AProgramKilledInATransactionLeavesNothingOfIt) {
+  db.exec("CREATE TABLE t(a TEXT)");
+  db.exec("INSERT INTO t VALUES ('before')");
+  const auto file = db.file();
+  db.close();
+
+  const pid_t child = fork();
+  if (child == 0) {
+    Database killed;
+    killed.open(file);
+    killed.exec("PRAGMA cache_size = 1");  // spill into the file
+    const Transaction save(killed);
+    killed.exec("DELETE FROM t");
+    for (int i = 0; i < 2000; ++i) killed.exec("INSERT INTO t VALUES (?)", std::string(500, 'x'));
+    kill(getpid(), SIGKILL);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_TRUE(WIFSIGNALED(status));
+  ASSERT_TRUE(std::filesystem::exists(LockFile::pathFor(file)));
+
+  db.open(file);
+  EXPECT_EQ(db.text("SELECT GROUP_CONCAT(a) FROM t"), "before");
+  EXPECT_EQ(db.text("PRAGMA integrity_check"), "ok");
+  EXPECT_TRUE(db.firstUser()) << "the lock file of the crash is stale";
+}
+
+TEST_F(DatabaseTest, OpeningTellsWhatIsWrongWithTheFile) {
+  Database other;
+  EXPECT_EQ(kindOf([&] { other.open(folder / "M00225.mdb"); }), Kind::missing);
+  EXPECT_EQ(sentence, "M00225.mdb was not found.");
+  EXPECT_FALSE(std::filesystem::exists(folder / "M00225.mdb"));
+
+  std::ofstream(folder / "letter.mdb") << "Dear Sir, this is a letter and was never a database of any kind.";
+  EXPECT_EQ(kindOf([&] { other.open(folder / "letter.mdb"); }), Kind::notDatabase);
+  EXPECT_FALSE(other.isOpen());
+  EXPECT_FALSE(std::filesystem::exists(folder / "LETTER.LDB"));
+
+  db.exec("CREATE TABLE t(a)");
+  other.open(db.file(), Access::readOnly);
+  EXPECT_EQ(kindOf([&] { other.attempt("DELETE FROM t"); }), Kind::readOnly);
+}
+
+TEST_F(DatabaseTest, ADamagedFileIsReportedAndNotPassedOver) {
+  db.exec("CREATE TABLE t(a)");
+  for (int i = 0; i < 500; ++i) db.exec("INSERT INTO t VALUES (?)", std::string(100, 'x'));
+  const auto file = db.file();
+  db.close();
+  {
+    std::fstream bytes(file, std::ios::in | std::ios::out | std::ios::binary);
+    bytes.seekp(4096);
+    bytes << std::string(20'000, '\xFF');
+  }
+  db.open(file);
+  EXPECT_EQ(kindOf([&] { db.attempt([&] { return static_cast<int>(db.all("SELECT a FROM t").size()); }); }),
+            Kind::damaged);
+}
+
+TEST_F(DatabaseTest, LockFileTellsTheFirstUser) {
+  const auto lock = folder / "M00124.LDB";
+  EXPECT_TRUE(db.firstUser());
+  EXPECT_TRUE(std::filesystem::exists(lock));
+
+  Database second;
+  second.open(db.file());
+  EXPECT_FALSE(second.firstUser());
+  db.close();
+  EXPECT_TRUE(std::filesystem::exists(lock)) << "somebody still works in it";
+  db.open(second.file());
+  EXPECT_FALSE(db.firstUser());
+  second.close();
+  db.close();
+  EXPECT_FALSE(std::filesystem::exists(lock));
+
+  std::ofstream{lock} << "left by a crash";
+  db.open(folder / "M00124.mdb");
+  EXPECT_TRUE(db.firstUser());
+  EXPECT_EQ(LockFile::pathFor("/x/comp.mdb"), "/x/COMP.LDB");
+}
+
+TEST_F(DatabaseTest, SettingsOfTheConnection) {
+  EXPECT_EQ(db.text("PRAGMA journal_mode"), "delete");
+  EXPECT_EQ(db.number("PRAGMA synchronous"), 2);
+  EXPECT_EQ(db.number("PRAGMA temp_store"), 2);
+  EXPECT_GE(db.number("PRAGMA busy_timeout"), 2000);
+  EXPECT_EQ(db.number("SELECT 'ABC' LIKE 'aB%'"), 1);
+}
+
+TEST_F(DatabaseTest, Functions) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"FORMAT(2.675, '0.00')",                      "2.68"      },
+      {"FORMAT('1180.5', '0.00')",                   "1180.50"   },
+      {"FORMAT('LR 7', '0.00')",                     "LR 7"      },
+      {"FORMAT(NULL, '0.00')",                       ""          },
+      {"FORMAT('2026-04-05', 'dd/MM/yy')",           "05/04/26"  },
+      {"FORMAT('05/Apr/2026', 'dd/MM/yyyy')",        "05/04/2026"},
+      {"FORMAT('09:05', 'HH:MM')",                   "09:05"     },
+      {"FORMAT('%d-%s', 7, 'x')",                    "7-x"       },
+      {"VAL('12.5 kg')",                             "12.5"      },
+      {"VAL(NULL)",                                  "0"         },
+      {"'[' || STR(30.0) || ']'",                    "[ 30]"     },
+      {"STR(-2.5)",                                  "-2.5"      },
+      {"TRIM(STR(1180.0))",                          "1180"      },
+      {"LEN('ગુજ')",                           "3"         },
+      {"LEN(30.0)",                                  "2"         },
+      {"LEN(NULL) IS NULL",                          "1"         },
+      {"DATEDIFF('D', '2026-06-01', '15/Jun/2026')", "14"        },
+      {"DATEDIFF('d', '15/06/2026', '2026-06-01')",  "-14"       },
+      {"DATEDIFF('D', NULL, '2026-06-01') IS NULL",  "1"         },
+      {"DATEDIFF('m', '2026-01-31', '2027-02-01')",  "13"        },
+      {"ISDATE('2026-06-15')",                       "1"         },
+      {"ISDATE('15/06/2026')",                       "1"         },
+      {"ISDATE('.')",                                "0"         },
+      {"ISDATE(NULL)",                               "0"         },
+      {"NUMTEXT(30.0)",                              "30"        },
+      {"NUMTEXT(0.1 + 0.2)",                         "0.3"       },
+      {"NUMTEXT('030')",                             "030"       },
+      {"NUMTEXT(NULL) IS NULL",                      "1"         },
+      {"('a' || NULL) IS NULL",                      "1"         },
+  };
+  for (const auto& [expression, text] : cases) EXPECT_EQ(db.text("SELECT " + expression), text) << expression;
+}
