@@ -50,6 +50,7 @@ struct Layout {
   double width = 0, height = 0;  // dialogs; 0 fills what there is
   Anchor anchor = Anchor::Centre;
   double margin = 8;
+  double gap = 6;  // between groups
 };
 
 // The cell of a control: its group, row and column; the label takes the cell before it.
