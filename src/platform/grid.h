@@ -35,7 +35,7 @@ struct GridColumn {
 // stored rows costs no more to open than one over 100.
 class RowSource {
  public:
-  virtual ~Rows() = default;
+  virtual ~RowSource() = default;
   virtual size_t count() const = 0;
   virtual Cell cell(size_t row, size_t column) const = 0;
 };
