@@ -1,0 +1,51 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/database.h"
+
+// The shape of a company-year database: which tables and columns this program must find. The
+// compiled rows fill the table STRUCTAB, and a walk over STRUCTAB creates, alters and drops until
+// the database matches. The walk may be repeated at any time; the second one changes nothing.
+// A statement of the walk that fails is passed over: a column whose data does not fit its new
+// declaration keeps its old shape.
+
+struct DictionaryRow {
+  int srno;  // order of the column in its table
+  const char* table;
+  const char* field;
+  const char* type;  // Text, Double, DATE, INTEGER
+  int size;          // characters of a Text
+  const char* property;
+};
+
+// All rows, tables in seed order.
+std::span<const DictionaryRow> dictionaryRows();
+// Whether the compiled rows declare the column; letter case does not count.
+bool isDeclared(std::string_view table, std::string_view field);
+// The columns of one table in the store's own words, in their order.
+std::vector<Column> dictionaryColumns(std::string_view table);
+
+// Whether the open database file holds the table.
+bool CheckTable(Database& db, std::string_view name);
+
+// Makes STRUCTAB where it is missing, and empties it.
+void CreateDictionary(Database& db);
+// Makes DROPLIST, empty.
+void CreateDropList(Database& db);
+// Fills STRUCTAB with the compiled rows.
+void SeedDictionary(Database& db);
+// Creates tables, adds and alters columns. Rows with a condition apply where it holds the given text.
+void ApplyDictionary(Database& db, std::string_view condition = {});
+// Drops columns that STRUCTAB does not hold, DESC and names with a blank apart, then tables.
+void DropUndeclared(Database& db);
+void DropUndeclaredTables(Database& db);
+
+// Work tables live in the connection: TEMP tables of the declared shape stand before those of
+// the file, so that two programs never mix their lines. Empties them; to be called after opening
+// and after a walk.
+void RemakeWorkTables(Database& db);
+std::span<const std::string_view> workTables();

@@ -1,0 +1,70 @@
+#include "store/keys.h"
+
+namespace {
+
+// clang-format off
+constexpr TableKey keys[] = {
+    {"ACCOUNT",   "ACC_CD"                         },
+    {"CHLN",      "VOUCH_NO, BOOK_CD"              },
+    {"CHLNITM",   "VOUCH_NO, BOOK_CD, SR_NO"       },
+    {"DEPTMENT",  "DEPT_CD"                        },
+    {"DISCHTAX",  "CODE"                           },
+    {"GRP",       "GROUP_CD"                       },
+    {"ITEM",      "ITEM_CD"                        },
+    {"ITEMDTL",   "ITEM_CD"                        },
+    {"PRTYRATE",  "RT_DT, ACC_CD, ITEM_CD, SIZE_CD"},
+    {"QUOT",      "VOUCH_NO"                       },
+    {"QUOTITM",   "VOUCH_NO, SRNO"                 },
+    {"SALE",      "VOUCH_NO, BOOK_CD"              },
+    {"SALEITM",   "VOUCH_NO, BOOK_CD, SR_NO"       },
+    {"SPSFILE",   "VOUCH_NO"                       },
+    {"TRANSMAST", "TRANS_ID"                       },
+};
+
+struct Index { std::string_view name; std::string_view table; std::string_view columns; };
+constexpr Index indexes[] = {
+    // Account statements read one party's period; the balances read all parties from the index alone.
+    {"ALEDGER_PARTY",   "ALEDGER",   "PARTY_CD, VOUCH_DT, VOUCH_TYPE, VOUCH_AMT"},
+    {"ALEDGER_VOUCHER", "ALEDGER",   "BOOK_CD, VOUCH_NO"                        },
+    // Voucher lookups show the latest first, numbers come from the last of a book.
+    {"SALE_DATE",       "SALE",      "VOUCH_DT, BILL_NO, VOUCH_NO"              },
+    {"SALE_BOOK",       "SALE",      "BOOK_CD, VOUCH_NO"                        },
+    {"SALE_BILL",       "SALE",      "BILL_NO, BL_TYPE"                         },
+    {"SALE_PARTY",      "SALE",      "PARTY_CD, VOUCH_DT"                       },
+    {"SALEITM_ITEM",    "SALEITM",   "ITEM_CD, VOUCH_DT"                        },
+    {"CHLN_DATE",       "CHLN",      "VOUCH_DT, VOUCH_NO"                       },
+    {"QUOT_DATE",       "QUOT",      "VOUCH_DT, VOUCH_NO"                       },
+    {"RPTPAY_VOUCHER",  "RPTPAY",    "BOOK_CD, VOUCH_NO"                        },
+    {"RPTPAY_DATE",     "RPTPAY",    "VOUCH_DT, VOUCH_NO"                       },
+    {"ACCOUNT_NAME",    "ACCOUNT",   "ACC_NAME"                                 },
+    {"ITEM_NAME_ORDER", "ITEM",      "ITEM_NAME"                                },
+    {"ITEMDTL_SIZE",    "ITEMDTL",   "ITEM_CD, SIZE_CD"                         },
+    {"PRTYRATE_ITEM",   "PRTYRATE",  "ITEM_CD, SIZE_CD, ACC_CD"                 },
+    {"TRANSMAST_NAME",  "TRANSMAST", "TRANSNAME"                                },
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const TableKey> tableKeys() { return keys; }
+
+std::string keyName(std::string_view table) { return std::string(table) + "_KEY"; }
+
+void dropKeys(Database& db) {
+  for (const auto& key : keys) db.attempt("DROP INDEX IF EXISTS main." + keyName(key.table));
+}
+
+Outcome addKey(Database& db, const TableKey& key) {
+  return db.attempt("CREATE UNIQUE INDEX main." + keyName(key.table) + " ON " + std::string(key.table) +
+                    " (" + std::string(key.columns) + ")");
+}
+
+void EnsureIndexes(Database& db) {
+  for (const auto& index : indexes) {
+    if (db.first("SELECT 1 FROM main.sqlite_master WHERE type = 'index' AND name = ? COLLATE NOCASE",
+                 index.name))
+      continue;
+    db.attempt("CREATE INDEX main." + std::string(index.name) + " ON " + std::string(index.table) + " (" +
+               std::string(index.columns) + ")");
+  }
+}

@@ -1,0 +1,99 @@
+#include "store/row_writer.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/number.h"
+#include "base/text.h"
+
+namespace {
+
+std::optional<Value> fittingNumber(const Value& value) {
+  if (!value.isText()) return value;
+  if (!isNumberText(value.text())) return {};
+  return Value(value.number());
+}
+
+std::optional<Value> fittingWhole(const Value& value) {
+  const auto number = fittingNumber(value);
+  if (!number) return {};
+  const double whole = std::nearbyint(number->number());
+  if (std::fabs(whole) > 2147483647.0) return {};
+  return Value(whole);
+}
+
+std::optional<Value> fittingDate(const Value& value) {
+  if (!value.isText()) return {};
+  if (const auto date = parseDate(value.text())) return Value(*date);
+  if (const auto clock = parseClock(value.text())) return Value(*clock);
+  return {};
+}
+
+std::optional<Value> fittingText(const Value& value, int size) {
+  std::string text = value.text();
+  if (size > 0 && length(text) > size) return {};
+  return Value(std::move(text));
+}
+
+// The fields that can be written, in the form that their columns keep.
+Fields writable(Database& db, std::string_view table, const Fields& fields) {
+  const auto& columns = db.columns(table);
+  Fields result;
+  for (const auto& field : fields) {
+    const auto column = std::find_if(columns.begin(), columns.end(),
+                                     [&](const Column& c) { return sameText(c.name, field.column); });
+    if (column == columns.end()) continue;
+    if (auto value = fitting(*column, field.value)) result.push_back({column->name, std::move(*value)});
+  }
+  return result;
+}
+
+std::vector<Value> valuesOf(const Fields& fields) {
+  std::vector<Value> values;
+  for (const auto& field : fields) values.push_back(field.value);
+  return values;
+}
+
+}  // namespace
+
+std::optional<Value> fitting(const Column& column, const Value& value) {
+  if (value.isNull()) return value;
+  switch (column.kind) {
+    case Column::Kind::number:
+      return fittingNumber(value);
+    case Column::Kind::whole:
+      return fittingWhole(value);
+    case Column::Kind::date:
+      return fittingDate(value);
+    case Column::Kind::text:
+      return fittingText(value, column.size);
+    case Column::Kind::other:
+      break;
+  }
+  return value;
+}
+
+std::int64_t insertRow(Database& db, std::string_view table, const Fields& fields) {
+  const Fields fit = writable(db, table, fields);
+  std::string names;
+  std::string marks;
+  for (const auto& field : fit) {
+    names += (names.empty() ? "" : ", ") + quotedName(field.column);
+    marks += marks.empty() ? "?" : ", ?";
+  }
+  const std::string into = "INSERT INTO " + quotedName(table);
+  db.exec(fit.empty() ? into + " DEFAULT VALUES" : into + " (" + names + ") VALUES (" + marks + ")",
+          valuesOf(fit));
+  return static_cast<std::int64_t>(db.number("SELECT last_insert_rowid()"));
+}
+
+int updateRows(Database& db, std::string_view table, const Fields& fields, std::string_view where,
+               const std::vector<Value>& values) {
+  const Fields fit = writable(db, table, fields);
+  if (fit.empty()) return 0;
+  std::string sets;
+  for (const auto& field : fit) sets += (sets.empty() ? "" : ", ") + quotedName(field.column) + " = ?";
+  auto all = valuesOf(fit);
+  all.insert(all.end(), values.begin(), values.end());
+  return db.exec("UPDATE " + quotedName(table) + " SET " + sets + " WHERE " + std::string(where), all);
+}
