@@ -32,9 +32,9 @@ struct Group {
   std::string name;
   Length width = part(1);
   Frame frame = Frame::Panel;
-  std::vector<Length> columns;  // labels included
-  std::string columnsOf;        // shares the columns of this grid
-  double pitch = 35;            // from one row of fields to the next
+  std::vector<Length> columns = {};  // labels included
+  std::string columnsOf = {};        // shares the columns of this grid
+  double pitch = 35;                 // from one row of fields to the next
   std::vector<Band> bands = {};
 };
 
