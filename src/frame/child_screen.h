@@ -1,11 +1,13 @@
 #pragma once
 
+#include "frame/routines.h"
 #include "platform/host.h"
 
 // What every screen inside the shell does: it counts itself in mactiveforms, hides the
 // shell's picture and locks the menus while it is open, brings them back when it was the
 // last, and keeps the hint line to the field that has the focus ("Press Enter For Help"
 // when it is empty, "Press Enter To Proceed" when it is filled, or the field's own words).
+// A screen that overrides one of the events calls it here too.
 class ChildScreen : public Screen {
  public:
   using Screen::Screen;
@@ -14,7 +16,8 @@ class ChildScreen : public Screen {
   void focusMoved(Control& control) override;
 
  protected:
-  // Words of the control's own from its table, else by whether it is filled.
+  // Words of the control's own from its table, else by whether it is filled; nothing for
+  // buttons and grids, which leave the line as it is.
   virtual std::string hintFor(const Control& control) const;
 
   // Date keys of a date box: F1 period start, F2 today, F3 period end, Down/Up a day
@@ -30,8 +33,6 @@ class ChildScreen : public Screen {
 };
 
 // The range test of a typed date, by text: the date, the period's first and last date
-// are written "dd/MMM/yyyy" and compared as texts. Returns the message to show, empty when it passes.
+// are written "dd/MMM/yyyy" and compared as texts, so that the day of the month decides
+// first. Returns the message to show, empty when it passes.
 std::string periodRefusal(Date date);
-
-// "Video" and the like: opens the link when there is one and the machine is online.
-void openTutorial(Host& host, const std::string& link);

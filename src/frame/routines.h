@@ -6,11 +6,22 @@
 
 // Small routines that screens share.
 
-void ShowHint(Host& host, const std::string& text);  // empty: the next tip while the shell's picture shows
+// Writes into the hint line. With an empty text the next tip stands there, while the
+// shell's picture shows.
+void ShowHint(Host& host, const std::string& text);
+// All menus and tools on, or all off but the masters and utilities, which follow the second flag.
 void SetMenus(Host& host, bool allenabled, bool basicenabled);
+// The shell's picture: hidden while a child screen is open.
+void showPicture(Host& host, bool on);
 void CheckOnline(Host& host);  // sets monline
+// Opens the link when there is one and the machine is online: "Video" and the like.
+void openTutorial(Host& host, const std::string& link);
+// Whether the open company-year has a table of that name; false while none is open.
 bool CheckTable(const std::string& name);
 std::string MakeStamp(Host& host);  // "YYMMDD_HHMM" of now, kept in mstamp
+// A host scales what it draws; what is left of the scaling is its bookkeeping.
+void ResizeControls(double xscale, double yscale);
+
 // The next number of a code, by one statement; kept in mnextcode.
 double NextAccountCode();
 double NextItemCode();

@@ -1,0 +1,72 @@
+#include "frame/child_screen.h"
+
+#include "base/text.h"
+#include "frame/session.h"
+
+void ChildScreen::opened(const Entry&) {
+  Session& s = session();
+  s.mactiveforms += 1;
+  showPicture(host, false);
+  SetMenus(host, false, false);
+  ResizeControls(s.mxscale, s.myscale);
+}
+
+void ChildScreen::closed() {
+  Session& s = session();
+  if (s.mactiveforms > 0) s.mactiveforms -= 1;
+  if (s.mactiveforms > 0) return;
+  showPicture(host, true);
+  SetMenus(host, true, true);
+}
+
+void ChildScreen::focusMoved(Control& control) {
+  const std::string words = hintFor(control);
+  if (!words.empty()) ShowHint(host, words);
+}
+
+std::string ChildScreen::hintFor(const Control& control) const {
+  if (!control.hint.empty()) return control.hint;
+  if (!control.editable()) return {};
+  return trim(control.text).empty() ? "Press Enter For Help" : "Press Enter To Proceed";
+}
+
+Go ChildScreen::dateKey(const Key& key) {
+  Control& box = here();
+  const auto standing = parseDate(box.text);
+  std::optional<Date> moved;
+  switch (key.code) {
+    case KeyCode::F1:
+      moved = session().mstartdt;
+      break;
+    case KeyCode::F2:
+      moved = host.today();
+      break;
+    case KeyCode::F3:
+      moved = session().menddt;
+      break;
+    case KeyCode::Up:
+      if (standing) moved = addDays(*standing, 1);
+      break;
+    case KeyCode::Down:
+      if (standing) moved = addDays(*standing, -1);
+      break;
+    case KeyCode::PgUp:
+      if (standing) moved = addMonths(*standing, 1);
+      break;
+    case KeyCode::PgDn:
+      if (standing) moved = addMonths(*standing, -1);
+      break;
+    default:
+      return Go::On;
+  }
+  if (moved) set(box, formatDate(*moved, "dd/MM/yyyy"));
+  return Go::Stay;
+}
+
+std::string periodRefusal(Date date) {
+  const std::string typed = formatDate(date, "dd/MMM/yyyy");
+  const std::string first = formatDate(session().mstartdt, "dd/MMM/yyyy");
+  const std::string last = formatDate(session().menddt, "dd/MMM/yyyy");
+  if (typed >= first && typed <= last) return {};
+  return "Pl. Enter Date Between " + first + " and " + last;
+}

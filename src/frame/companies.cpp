@@ -1,0 +1,191 @@
+#include "frame/companies.h"
+
+#include <cmath>
+#include <system_error>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "frame/routines.h"
+#include "frame/session.h"
+#include "store/dictionary.h"
+#include "store/lock_file.h"
+#include "store/templates.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+CompanyYear read(const Rows& row) {
+  return {row.text("COMP_ID"), row.text("COMP_NAME"), row.text("FROMYR"), row.text("TOYR")};
+}
+
+std::vector<CompanyYear> readAll(Rows rows) {
+  std::vector<CompanyYear> years;
+  while (rows.next()) years.push_back(read(rows));
+  return years;
+}
+
+// A typed search text is a literal part of the name.
+std::string containing(const std::string& text) {
+  std::string escaped;
+  for (const char ch : text) {
+    if (ch == '%' || ch == '_' || ch == '\\') escaped += '\\';
+    escaped += ch;
+  }
+  return "%" + escaped + "%";
+}
+
+fs::path dataFile(const fs::path& folder, const CompanyYear& which) {
+  return folder / (dataStem(which.code, which.from) + ".mdb");
+}
+
+// What a crash may have left; it would be rolled back into the next file of the same name.
+fs::path journalOf(const fs::path& file) { return file.string() + "-journal"; }
+
+CompanyYear asStored(const CompanyYear& typed) {
+  const double year = Val(typed.from);
+  return {trim(typed.code), trim(typed.name), numText(year), numText(year + 1)};
+}
+
+fs::path templateFile(const fs::path& folder, CreateBy by) {
+  return folder / (by == CreateBy::Enter ? "SMPL.MDB" : "BLNK.MDB");
+}
+
+std::string yearRefusal(const std::string& year, CreateBy by) {
+  const double y = Val(year);
+  const bool whole = y == std::floor(y);
+  if (by == CreateBy::Enter) {
+    if (whole && y >= 2020 && y < 2035) return {};
+    return "Year Entered is not Valid\r\n"
+           "Please Enter Year in 4 Digit Format E.G. 2024\r\n"
+           "You Can Enter Year Between 2020 and 2034";
+  }
+  if (trim(year).empty()) return "Enter Valid Year";
+  return whole && y >= 2000 && y <= 2050 ? "" : "Year Entered is not Valid";
+}
+
+}  // namespace
+
+std::vector<CompanyYear> companyYears(Database& catalogue, const std::string& search) {
+  if (search.empty())
+    return readAll(
+        catalogue.query("SELECT COMP_ID, COMP_NAME, FROMYR, TOYR FROM compny ORDER BY COMP_ID, FROMYR DESC"));
+  return readAll(
+      catalogue.query("SELECT COMP_ID, COMP_NAME, FROMYR, TOYR FROM compny"
+                      " WHERE COMP_NAME LIKE ? ESCAPE '\\' ORDER BY COMP_ID, FROMYR DESC",
+                      containing(search)));
+}
+
+std::vector<CompanyYear> yearsOf(Database& catalogue, const std::string& code) {
+  return readAll(catalogue.query(
+      "SELECT COMP_ID, COMP_NAME, FROMYR, TOYR FROM compny WHERE COMP_ID = ? ORDER BY rowid", code));
+}
+
+std::optional<CompanyYear> companyYear(Database& catalogue, const std::string& code,
+                                       const std::string& from) {
+  const auto found =
+      readAll(catalogue.query("SELECT COMP_ID, COMP_NAME, FROMYR, TOYR FROM compny"
+                              " WHERE COMP_ID = ? AND FROMYR = ? ORDER BY rowid LIMIT 1",
+                              code, from));
+  if (found.empty()) return {};
+  return found.front();
+}
+
+std::string dataStem(const std::string& code, const std::string& from) {
+  return trim(code) + trim(right(trim(from), 2));
+}
+
+std::optional<std::string> nextCompanyCode(Database& catalogue) {
+  const auto last = catalogue.first("SELECT COMP_ID FROM compny ORDER BY COMP_ID DESC LIMIT 1");
+  if (!last) return {};
+  const double n = Val(right(last->text(0), 3)) + 1;
+  return (n < 10 ? "M00" : "M0") + numText(n);
+}
+
+std::string creationRefusal(Database& catalogue, const fs::path& folder, const CompanyYear& typed,
+                            CreateBy by) {
+  if (trim(typed.name).empty()) return "Company Name Can Not Be Blank\r\nType Company Name and Press Enter";
+  if (std::string words = yearRefusal(typed.from, by); !words.empty()) return words;
+  const CompanyYear wanted = asStored(typed);
+  if (catalogue.first("SELECT 1 FROM compny WHERE COMP_NAME = ? AND FROMYR = ?", wanted.name, wanted.from))
+    return "year and company Already Exists";
+  // A renamed year no longer counts as a duplicate, but its books must not be written over.
+  if (fs::exists(dataFile(folder, wanted)))
+    return "Data File " + dataStem(wanted.code, wanted.from) + ".mdb Already Exists\r\nType Another Year";
+  if (!fs::exists(templateFile(folder, by)))
+    return "Template " + templateFile(folder, by).filename().string() + " Not Found";
+  return {};
+}
+
+void createCompanyYear(Database& catalogue, const fs::path& folder, const CompanyYear& typed, CreateBy by,
+                       const std::string& mobile) {
+  const CompanyYear wanted = asStored(typed);
+  const fs::path file = dataFile(folder, wanted);
+  Transaction both(catalogue);
+  catalogue.exec(
+      "INSERT INTO compny (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
+      " VALUES (?, ?, ?, ?, ?, ?, 'N')",
+      wanted.code, wanted.name, wanted.from, wanted.to, mobile, dataStem(wanted.code, wanted.from));
+  try {
+    fs::remove(journalOf(file));
+    copyDatabase(templateFile(folder, by), file);
+    both.commit();
+  } catch (...) {
+    std::error_code ignored;
+    fs::remove(file, ignored);
+    throw;
+  }
+}
+
+void renameCompany(Database& catalogue, const std::string& old, const std::string& by,
+                   const std::string& shown, const std::string& from) {
+  Transaction both(catalogue);
+  catalogue.exec("UPDATE compny SET COMP_NAME = ? WHERE COMP_NAME = ? AND FROMYR = ?", cut(upper(by), 100),
+                 old, from);
+  catalogue.exec("UPDATE compny SET DATASENT = 'N' WHERE COMP_NAME = ? AND FROMYR = ?", shown, from);
+  both.commit();
+}
+
+bool deleteCompanyYear(Database& catalogue, const fs::path& folder, const CompanyYear& which) {
+  const fs::path file = dataFile(folder, which);
+  const LockFile lock = fs::exists(file) ? LockFile(file) : LockFile();
+  if (!lock.alone()) return false;
+  Transaction row(catalogue);
+  catalogue.exec("DELETE FROM compny WHERE COMP_ID = ? AND FROMYR = ? AND TOYR = ?", which.code, which.from,
+                 which.to);
+  fs::remove(file);
+  fs::remove(journalOf(file));
+  row.commit();
+  return true;
+}
+
+std::string openCompanyYear(const CompanyYear& which) {
+  Session& s = session();
+  s.mdataname = dataStem(which.code, which.from);
+  s.mdbfile = s.mdataname + ".mdb";
+  s.mdbpath = (fs::path(s.mapppath) / s.mdbfile).string();
+  s.mfromyr = trim(which.from);
+  s.mtoyr = trim(which.to);
+  if (!fs::exists(s.mdbpath)) return "Company Data Not Found";
+
+  auto opened = std::make_unique<Database>();
+  opened->open(s.mdbpath);
+  RemakeWorkTables(*opened);
+  if (opened->firstUser()) s.mfirstuser = true;
+  s.cndata = std::move(opened);
+
+  // In-use marks that a crash has left behind.
+  if (s.mfirstuser && CheckTable("SPSFILE"))
+    for (const int mark : {221, 222, 223, 224, 225, 226})
+      s.cndata->attempt("UPDATE SPSFILE SET VOUCH_FLAG = 0 WHERE VOUCH_NO = ?", mark);
+
+  s.mcompname = which.name;
+  s.mcompid = which.code;
+  s.myr2 = right(which.from, 2);
+  s.myrpair = s.myr2 + right(which.to, 2);
+  s.mfromyrval = Val(which.from);
+  // Constants until the settings give the true period.
+  s.mstartdt = Date{std::chrono::year{2023}, std::chrono::April, std::chrono::day{1}};
+  s.menddt = Date{std::chrono::year{2034}, std::chrono::March, std::chrono::day{31}};
+  return {};
+}

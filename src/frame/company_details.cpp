@@ -1,0 +1,106 @@
+#include "frame/company_details.h"
+
+#include "base/text.h"
+#include "store/dictionary.h"
+
+namespace {
+
+struct Member {
+  const char* column;
+  std::string Session::*member;
+};
+
+// clang-format off
+constexpr Member kMembers[] = {
+    {"ADDRS",       &Session::mcad1},
+    {"TINNO",       &Session::mtinno},      // this and the next, EX_DTL, EX_REG_NO, RANG, DIVI and
+    {"CSTNO",       &Session::mcstno},      // COMISNRT are absent on an updated database
+    {"PH1",         &Session::mph1},
+    {"PH2",         &Session::mph2},
+    {"EX_DTL",      &Session::mexdtl},
+    {"AD1",         &Session::mad1},
+    {"AD2",         &Session::mad2},
+    {"AREA",        &Session::marea},
+    {"CITY",        &Session::mcity},
+    {"PLA_NO",      &Session::mplano},
+    {"EX_REG_NO",   &Session::mexregno},
+    {"RANG",        &Session::mrang},
+    {"DIVI",        &Session::mdivi},
+    {"COMISNRT",    &Session::mcomisnrt},
+    {"C_BANK_NAME", &Session::mcbankname},
+    {"C_BRNCH",     &Session::mcbrnch},
+    {"C_IFSC",      &Session::mcifsc},
+    {"C_AC_NO",     &Session::mcacno},
+    {"C_EMAIL",     &Session::mcemail},
+    {"C_PASS",      &Session::mcpass},
+    {"C_SMTP",      &Session::mcsmtp},
+    {"C_PORT",      &Session::mcport},
+    {"TERMS",       &Session::mterms},
+    {"GSTINNO",     &Session::mgstinno},
+    {"STATE",       &Session::mstate},
+    {"STATECD",     &Session::mstatecd},
+    {"CPIN",        &Session::mcpin},
+    {"MOBNOCO",     &Session::mmobile},
+};
+// clang-format on
+
+std::string textOf(const Fields& fields, std::string_view column) {
+  for (const Field& f : fields)
+    if (sameText(f.column, column)) return trim(f.value.text());
+  return {};
+}
+
+void put(Fields& fields, std::string_view column, Value value) {
+  for (Field& f : fields)
+    if (sameText(f.column, column)) {
+      f.value = std::move(value);
+      return;
+    }
+  fields.push_back({column, std::move(value)});
+}
+
+}  // namespace
+
+void loadCompanyDetails(Session& s) {
+  std::optional<Row> row;
+  if (CheckTable(*s.cndata, "COMP_DET")) row = s.cndata->first("SELECT COMP_DET.* FROM COMP_DET");
+  for (const Member& m : kMembers) {
+    std::string& member = s.*m.member;
+    member.clear();
+    if (row && row->has(m.column)) member = row->text(m.column);
+  }
+  if (length(s.mmobile) < 10) s.mmobile = "9090909090";
+}
+
+void saveCompanyDetails(Session& s, Fields fields) {
+  if (length(textOf(fields, "CITY")) < 2) put(fields, "CITY", "Ahmedabad");
+  for (const char* column : {"AD1", "AD2", "AREA", "C_PASS", "C_SMTP"}) put(fields, column, ".");
+  for (const char* column : {"TERMS", "C_PORT"}) put(fields, column, 0);
+  put(fields, "MOBNOCO", s.mmobile);
+  put(fields, "DATANM", s.mdataname);
+  put(fields, "DATASENT", "N");
+
+  Database& db = *s.cndata;
+  Transaction all(db);
+  if (db.first("SELECT 1 FROM COMP_DET"))
+    updateRows(db, "COMP_DET", fields, "1 = 1");
+  else
+    insertRow(db, "COMP_DET", fields);
+  db.exec("UPDATE COMP_DET SET MOBNOCO = ?, DATANM = ?, DATASENT = 'N'", s.mmobile, s.mdataname);
+  all.commit();
+
+  s.mcompname = textOf(fields, "COMPNM");
+  s.cncomp->exec("UPDATE compny SET COMP_NAME = ? WHERE COMP_ID = ?", s.mcompname, s.mcompid);
+  loadCompanyDetails(s);
+}
+
+std::string shellCaption(const Session& s) {
+  return s.mcompname + " : " + s.myrpair + "  :  M - " + s.mversion +
+         " Accounting Period : " + formatDate(s.mstartdt, "dd/MMM/yyyy") + " TO " +
+         formatDate(s.menddt, "dd/MMM/yyyy");
+}
+
+std::string periodPanel(const Session& s) {
+  return s.mcompname + " : FROM " + formatDate(s.mstartdt, "dd/MM/yy") + " TO " +
+         formatDate(s.menddt, "dd/MM/yy");
+}

@@ -1,0 +1,329 @@
+#include "frame/frmcomp.h"
+
+#include "base/number.h"
+#include "base/text.h"
+#include "frame/links.h"
+#include "frame/routines.h"
+#include "frame/session.h"
+#include "platform/utf8.h"
+
+namespace {
+
+constexpr const char* kConfirm = "Mirav Confirmation Message";
+constexpr const char* kKeys = "Up / Down = Scroll  ::  Enter = Select  ::  Esc = Exit";
+
+// clang-format off
+const ScreenSpec& spec() {
+  static const ScreenSpec s{
+      .name = "FRMCOMP",
+      .caption = "Company Selection",
+      .window = Window::Main,
+      .layout = {.bands = {
+          {px(44), {{.name = "head", .frame = Frame::Plain, .columns = {part(1)}}}},
+          {part(1), {{.name = "list", .frame = Frame::Plain}}},
+          {px(46), {{.name = "row", .columns = {fit(), px(92), fit(), part(1), fit(), px(72), fit(), px(72)}}}},
+          {px(48), {{.name = "buttons", .frame = Frame::Buttons}}},
+      }, .width = 1010, .gap = 10},
+      .controls = {
+          {.name = "Title",      .kind = Kind::Label,  .label = "Company Selection", .at = {.group = "head"}, .style = Style::Title},
+          {.name = "lst",        .kind = Kind::Grid,   .at = {.group = "list"}, .tab = 1, .columns = {
+              {.title = "Code",         .width = twips(1000)},
+              {.title = "Company Name", .width = twips(5000)},
+              {.title = "From",         .width = twips(1000)},
+              {.title = "To",           .width = twips(1000)}}},
+          {.name = "Text1",      .label = "Code",             .at = {.group = "row", .col = 1}, .tab = 2, .limit = 10,  .keys = KeyClass::Text},
+          {.name = "Text2",      .label = "    Company Name", .at = {.group = "row", .col = 3}, .tab = 3, .limit = 100, .keys = KeyClass::Text},
+          {.name = "Text3",      .label = "From Year",        .at = {.group = "row", .col = 5}, .tab = 4, .limit = 4,   .keys = KeyClass::Number},
+          {.name = "Text4",      .label = "To Year",          .at = {.group = "row", .col = 7}, .enabled = false},
+          {.name = "Text5",      .visible = false},
+          {.name = "cmdok",      .kind = Kind::Button, .label = "&Ok",                 .at = {.group = "buttons"}, .tab = 5, .style = Style::Primary},
+          {.name = "cmdclose",   .kind = Kind::Button, .label = "&Close",              .at = {.group = "buttons"}, .tab = 6},
+          {.name = "mnunewcomp", .kind = Kind::Button, .label = "Create &New Company", .at = {.group = "buttons", .right = true}, .tab = 7},
+          {.name = "Cmdmodify",  .kind = Kind::Button, .label = "&Modify",             .at = {.group = "buttons", .right = true}, .tab = 8},
+          {.name = "cmddelcomp", .kind = Kind::Button, .label = "&Delete Fin-Year",    .at = {.group = "buttons", .right = true}, .tab = 9},
+          {.name = "Cmdvideo",   .kind = Kind::Button, .label = "&Video",              .at = {.group = "buttons", .right = true}, .tab = 10},
+          {.name = "Label5",     .kind = Kind::Label,  .label = kKeys, .visible = false},
+      },
+  };
+  return s;
+}
+// clang-format on
+
+bool isSearched(char32_t ch) {
+  constexpr std::u32string_view signs = U"():>=,&%*-./?[]{}'+";
+  return (ch >= U'A' && ch <= U'Z') || (ch >= U'0' && ch <= U'9') || ch > 127 ||
+         signs.find(ch) != std::u32string_view::npos;
+}
+
+}  // namespace
+
+FRMCOMP::FRMCOMP(Host& h) : Screen(h, ::spec()) {
+  panels = {"", kKeys};
+  wire<FRMCOMP>(*this, {
+                           {"lst",        KeyCode::Up,        &FRMCOMP::copyRow     },
+                           {"lst",        KeyCode::Down,      &FRMCOMP::copyRow     },
+                           {"lst",        KeyCode::PgUp,      &FRMCOMP::copyRow     },
+                           {"lst",        KeyCode::PgDn,      &FRMCOMP::copyRow     },
+                           {"lst",        On::Row,            &FRMCOMP::copyMovedRow},
+                           {"lst",        KeyCode::Enter,     &FRMCOMP::openRow     },
+                           {"lst",        On::DoubleClick,    &FRMCOMP::openRow     },
+                           {"lst",        KeyCode::Backspace, &FRMCOMP::searchBack  },
+                           {"Text1",      KeyCode::Enter,     &FRMCOMP::code        },
+                           {"Text2",      KeyCode::Enter,     &FRMCOMP::name        },
+                           {"Text3",      KeyCode::Enter,     &FRMCOMP::year        },
+                           {"cmdok",      On::Click,          &FRMCOMP::ok          },
+                           {"cmdclose",   On::Click,          &FRMCOMP::leave       },
+                           {"mnunewcomp", On::Click,          &FRMCOMP::newCompany  },
+                           {"Cmdmodify",  On::Click,          &FRMCOMP::modify      },
+                           {"cmddelcomp", On::Click,          &FRMCOMP::remove      },
+                           {"Cmdvideo",   On::Click,          &FRMCOMP::video       },
+                           {"",           KeyCode::Esc,       &FRMCOMP::leave       },
+  });
+}
+
+void FRMCOMP::opened(const Entry&) {
+  ResizeControls(session().mxscale, session().myscale);
+  host.hint(kKeys);
+  fill();
+}
+
+void FRMCOMP::closed() {
+  if (okpressed_) return;
+  // The catalogue need not have the table of users.
+  catalogue().attempt("UPDATE USER1 SET LOGGEDON = 'N' WHERE USER_NAME = ?", session().musername);
+}
+
+void FRMCOMP::leave() { host.close(*this); }
+
+// The list
+
+void FRMCOMP::fill() {
+  rows_ = companyYears(catalogue(), at("Text5").text);
+  auto cells = std::make_shared<CellRows>();
+  for (const CompanyYear& row : rows_)
+    cells->rows.push_back({{.text = row.code}, {.text = row.name}, {.text = row.from}, {.text = row.to}});
+  Grid& grid = at("lst").grid;
+  grid.source = cells;
+  grid.moveTo(0);
+  if (rows_.empty())
+    clearFields();
+  else
+    copyMovedRow();
+}
+
+void FRMCOMP::take(const CompanyYear& row) {
+  set(at("Text1"), row.code);
+  set(at("Text2"), row.name);
+  set(at("Text3"), row.from);
+  set(at("Text4"), row.to);
+}
+
+void FRMCOMP::clearFields() { take({}); }
+
+void FRMCOMP::copyMovedRow() {
+  const size_t row = at("lst").grid.current;
+  if (row < rows_.size()) take(rows_[row]);
+}
+
+// Before the cursor moves, so that a key that cannot move it copies its row all the same.
+Go FRMCOMP::copyRow() {
+  copyMovedRow();
+  return Go::On;
+}
+
+Go FRMCOMP::openRow() {
+  copyMovedRow();
+  ok();
+  return Go::Stay;
+}
+
+void FRMCOMP::typed(Control& list, char32_t ch) {
+  if (ch >= U'a' && ch <= U'z') ch -= 32;
+  if (list.family == "lst" && isSearched(ch)) search(at("Text5").text + utf8::encode(ch));
+}
+
+Go FRMCOMP::searchBack() {
+  const std::string& text = at("Text5").text;
+  if (!text.empty()) search(left(text, length(text) - 1));
+  return Go::Stay;
+}
+
+void FRMCOMP::search(const std::string& text) {
+  set(at("Text5"), text);
+  fill();
+}
+
+// The fields
+
+Go FRMCOMP::lookUp(Control& field, const std::string& first, const std::string& second,
+                   const std::string& table, std::vector<Value> values) {
+  Session& s = session();
+  s.mhlpmode = "twofld";
+  s.mhlpfld1 = first;
+  s.mhlpfld2 = second;
+  s.mhlpflds.clear();
+  s.mhlptable = table;
+  s.mhlpvalues = std::move(values);
+  s.mhlpwidth = {1500, 3000};
+  const auto chosen = host.openModal("FRMHLP", {.caller = spec.name});
+  if (chosen && !chosen->empty()) {
+    set(field, *chosen);
+    enterAgain(field);
+  }
+  return Go::Stay;
+}
+
+Go FRMCOMP::code() {
+  Control& field = at("Text1");
+  const std::string typed = trim(field.text);
+  if (typed.empty()) {
+    const bool manager = session().musertype == "M";
+    return lookUp(field, "distinct(comp_id)", "comp_name",
+                  manager ? "compny WHERE COMP_ID = 'M001'" : "compny", {});
+  }
+  const auto years = yearsOf(catalogue(), typed);
+  if (years.empty()) {
+    host.message("company not found");
+    return Go::Stay;
+  }
+  set(at("Text2"), years.front().name);
+  if (years.size() == 1) {
+    focus(at("Text3"));
+    return Go::Stay;
+  }
+  set(at("Text3"), years.front().from);
+  set(at("Text4"), years.front().to);
+  at("cmdok").enabled = true;
+  ok();
+  return Go::Stay;
+}
+
+Go FRMCOMP::name() {
+  if (trim(at("Text2").text).empty())
+    host.message("Type Company Name and Press Enter");
+  else
+    focus(at("Text3"));
+  return Go::Stay;
+}
+
+Go FRMCOMP::year() {
+  Control& field = at("Text3");
+  const std::string code = trim(at("Text1").text), typed = trim(field.text);
+  if (typed.empty())
+    return lookUp(field, "FROMYR", "TOYR", "compny WHERE COMP_ID = ? ORDER BY FROMYR DESC", {Value(code)});
+  if (newcomp_) {
+    if (create(CreateBy::Enter)) {
+      at("cmdok").enabled = true;
+      openTyped();
+    }
+    return Go::Stay;
+  }
+  const auto row = companyYear(catalogue(), code, typed);
+  if (!row) {
+    host.message("company not found");
+    focus(at("Text1"));
+    return Go::Stay;
+  }
+  set(at("Text4"), row->to);
+  at("cmdok").enabled = true;
+  ok();
+  return Go::Stay;
+}
+
+// The buttons
+
+void FRMCOMP::ok() {
+  if (!newcomp_)
+    openTyped();
+  else if (create(CreateBy::Button))
+    focus(at("cmdok"));
+}
+
+void FRMCOMP::openTyped() {
+  const std::string refusal =
+      openCompanyYear({at("Text1").text, at("Text2").text, trim(at("Text3").text), trim(at("Text4").text)});
+  if (!refusal.empty()) {
+    host.message(refusal);
+    return;
+  }
+  okpressed_ = true;
+  host.open("frmStartup");
+  host.close(*this);
+}
+
+void FRMCOMP::newCompany() {
+  if (session().musertype == "M") {
+    host.message("Use Master Password to EDIT");
+    return;
+  }
+  const auto code = nextCompanyCode(catalogue());
+  if (!code) return;
+  newcomp_ = true;
+  take({.code = *code});
+  at("Text1").enabled = false;
+  focus(at("Text2"));
+}
+
+bool FRMCOMP::create(CreateBy by) {
+  const CompanyYear wanted{at("Text1").text, at("Text2").text, at("Text3").text, {}};
+  const std::string refusal = creationRefusal(catalogue(), session().mapppath, wanted, by);
+  if (!refusal.empty()) {
+    host.message(refusal);
+    return false;
+  }
+  const bool sure = host.ask("Are You Sure", kConfirm);
+  if (sure) {
+    set(at("Text4"), numText(Val(wanted.from) + 1));
+    createCompanyYear(catalogue(), session().mapppath, wanted, by, session().mmobile);
+    host.message("company created");
+  }
+  newcomp_ = false;
+  at("Text1").enabled = true;
+  if (!sure) {
+    clearFields();
+    return false;
+  }
+  const CompanyYear made{wanted.code, wanted.name, wanted.from, at("Text4").text};
+  set(at("Text5"), "");
+  fill();
+  for (size_t i = 0; i < rows_.size(); ++i)
+    if (sameText(rows_[i].code, made.code) && rows_[i].from == trim(made.from)) at("lst").grid.moveTo(i);
+  take(made);
+  return true;
+}
+
+void FRMCOMP::modify() {
+  const size_t row = at("lst").grid.current;
+  const std::string shown = at("Text2").text;
+  const std::string old = row < rows_.size() ? rows_[row].name : shown;
+  const auto given = host.input(
+      "Do You Want To Change Company Name \r\nType Company Name In the White Box\r\nAnd Press ok Button To "
+      "Change",
+      kConfirm);
+  if (!given || trim(*given).empty()) return;
+  if (!host.ask("Do You Want to change " + old + "   To   " + *given, Host::kTitle)) return;
+  renameCompany(catalogue(), old, trim(*given), shown, trim(at("Text3").text));
+  fill();
+}
+
+void FRMCOMP::remove() {
+  const CompanyYear which{trim(at("Text1").text), {}, trim(at("Text3").text), trim(at("Text4").text)};
+  if (!host.ask("Do You Want to Delete " + which.code + " " + which.from + " " + which.to + " ",
+                Host::kTitle))
+    return;
+  if (rows_.size() < 2) {
+    host.message(
+        "Cannot Delete All Companies\r\nYou Can Modify Company Details From Utilities\r\n"
+        "Or Create Another Company First Then Delete This Company");
+    return;
+  }
+  if (!deleteCompanyYear(catalogue(), session().mapppath, which)) {
+    host.message("Company Data Is Open In Another Program");
+    return;
+  }
+  host.message("Company Delete Process Done");
+  set(at("Text5"), "");
+  fill();
+}
+
+void FRMCOMP::video() { openTutorial(host, links().companyVideo); }

@@ -1,0 +1,232 @@
+#include "frame/frmmain.h"
+
+#include <array>
+#include <vector>
+
+#include "base/number.h"
+#include "base/pattern.h"
+#include "base/text.h"
+#include "frame/company_details.h"
+#include "frame/glance.h"
+#include "frame/menu.h"
+#include "frame/routines.h"
+#include "frame/session.h"
+
+namespace {
+
+constexpr int kTipEvery = 30000;  // milliseconds
+constexpr int kBillRows = 24, kDebtorRows = 16;
+
+// clang-format off
+const ScreenSpec& spec() {
+  static const ScreenSpec s{
+      .name = "frmmain",
+      .caption = "Mirav",
+      .window = Window::Main,
+      .layout = {.bands = {
+          {px(54),  {{.name = "head", .frame = Frame::Plain, .columns = {part(1), px(240)}, .pitch = 27}}},
+          {px(100), {{.name = "card0", .columns = {part(1)}, .pitch = 28},
+                     {.name = "card1", .columns = {part(1)}, .pitch = 28},
+                     {.name = "card2", .columns = {part(1)}, .pitch = 28},
+                     {.name = "card3", .columns = {part(1)}, .pitch = 28},
+                     {.name = "card4", .columns = {part(1)}, .pitch = 28}}},
+          {part(1), {{.name = "left", .width = part(1.45), .frame = Frame::Plain, .bands = {
+                         {px(24),  {{.name = "billshead", .frame = Frame::Plain, .columns = {part(1)}, .pitch = 24}}},
+                         {part(1), {{.name = "bills", .frame = Frame::Plain, .pitch = 29}}}}},
+                     {.name = "right", .width = part(1), .frame = Frame::Plain, .bands = {
+                         {px(24),  {{.name = "debtorshead", .frame = Frame::Plain, .columns = {part(1)}, .pitch = 24}}},
+                         {part(1), {{.name = "debtors", .frame = Frame::Plain, .pitch = 29}}},
+                         {px(24),  {{.name = "keyshead", .frame = Frame::Plain, .columns = {part(1)}, .pitch = 24}}},
+                         {px(66),  {{.name = "keys", .columns = {px(62), part(1), px(62), part(1)}, .pitch = 25}}}}}}},
+      }, .margin = 18, .gap = 10},
+      .controls = {
+          {.name = "Picture1", .kind = Kind::Picture},
+          {.name = "Frame1",   .kind = Kind::Picture},
+          {.name = "Image1",   .kind = Kind::Picture},
+
+          {.name = "Company",  .kind = Kind::Label, .at = {.group = "head", .row = 0, .col = 0}, .style = Style::Company},
+          {.name = "Period",   .kind = Kind::Label, .at = {.group = "head", .row = 1, .col = 0}, .style = Style::Quiet},
+          {.name = "Today",    .kind = Kind::Label, .at = {.group = "head", .row = 0, .col = 1}, .align = Align::Right, .style = Style::Head},
+          {.name = "Weekday",  .kind = Kind::Label, .at = {.group = "head", .row = 1, .col = 1}, .align = Align::Right, .style = Style::Quiet},
+
+          {.name = "Card",   .index = 0, .kind = Kind::Label, .label = "Today's Sales",         .at = {.group = "card0"}, .style = Style::Quiet},
+          {.name = "Figure", .index = 0, .kind = Kind::Label, .at = {.group = "card0", .row = 1}, .align = Align::Right, .money = true, .style = Style::Figure},
+          {.name = "Count",  .index = 0, .kind = Kind::Label, .at = {.group = "card0", .row = 2}, .align = Align::Right, .style = Style::Quiet},
+          {.name = "Card",   .index = 1, .kind = Kind::Label, .label = "This Month's Sales",    .at = {.group = "card1"}, .style = Style::Quiet},
+          {.name = "Figure", .index = 1, .kind = Kind::Label, .at = {.group = "card1", .row = 1}, .align = Align::Right, .money = true, .style = Style::Figure},
+          {.name = "Count",  .index = 1, .kind = Kind::Label, .at = {.group = "card1", .row = 2}, .align = Align::Right, .style = Style::Quiet},
+          {.name = "Card",   .index = 2, .kind = Kind::Label, .label = "Today's Receipts",      .at = {.group = "card2"}, .style = Style::Quiet},
+          {.name = "Figure", .index = 2, .kind = Kind::Label, .at = {.group = "card2", .row = 1}, .align = Align::Right, .money = true, .style = Style::Figure},
+          {.name = "Count",  .index = 2, .kind = Kind::Label, .at = {.group = "card2", .row = 2}, .align = Align::Right, .style = Style::Quiet},
+          {.name = "Card",   .index = 3, .kind = Kind::Label, .label = "This Month's Receipts", .at = {.group = "card3"}, .style = Style::Quiet},
+          {.name = "Figure", .index = 3, .kind = Kind::Label, .at = {.group = "card3", .row = 1}, .align = Align::Right, .money = true, .style = Style::Figure},
+          {.name = "Count",  .index = 3, .kind = Kind::Label, .at = {.group = "card3", .row = 2}, .align = Align::Right, .style = Style::Quiet},
+          {.name = "Card",   .index = 4, .kind = Kind::Label, .label = "Outstanding",           .at = {.group = "card4"}, .style = Style::Quiet},
+          {.name = "Figure", .index = 4, .kind = Kind::Label, .at = {.group = "card4", .row = 1}, .align = Align::Right, .money = true, .style = Style::Figure},
+          {.name = "Count",  .index = 4, .kind = Kind::Label, .at = {.group = "card4", .row = 2}, .align = Align::Right, .style = Style::Quiet},
+
+          {.name = "Section", .index = 0, .kind = Kind::Label, .label = "Last Bills", .at = {.group = "billshead"}, .style = Style::Section},
+          {.name = "LastBills", .kind = Kind::Grid, .at = {.group = "bills"}, .columns = {
+              {.title = "B.No",        .width = px(86)},
+              {.title = "Date",        .width = px(116)},
+              {.title = "Party",       .width = part(1)},
+              {.title = "City",        .width = px(130)},
+              {.title = "Bill Amount", .width = px(140), .align = Align::Right, .money = true}}},
+          {.name = "Section", .index = 1, .kind = Kind::Label, .label = "Largest Outstanding", .at = {.group = "debtorshead"}, .style = Style::Section},
+          {.name = "Largest", .kind = Kind::Grid, .at = {.group = "debtors"}, .columns = {
+              {.title = "Party",  .width = part(1)},
+              {.title = "Oldest", .width = px(92),  .align = Align::Right},
+              {.title = "Amount", .width = px(129), .align = Align::Right, .money = true}}},
+          {.name = "Section", .index = 2, .kind = Kind::Label, .label = "Keys", .at = {.group = "keyshead"}, .style = Style::Section},
+          {.name = "KeyName", .index = 0, .kind = Kind::Label, .label = "Ctrl+G",          .at = {.group = "keys", .row = 0, .col = 0}, .style = Style::Key},
+          {.name = "Means",   .index = 0, .kind = Kind::Label, .label = "GST Sales Entry", .at = {.group = "keys", .row = 0, .col = 1}},
+          {.name = "KeyName", .index = 1, .kind = Kind::Label, .label = "Ctrl+L",          .at = {.group = "keys", .row = 0, .col = 2}, .style = Style::Key},
+          {.name = "Means",   .index = 1, .kind = Kind::Label, .label = "Account Ledgers", .at = {.group = "keys", .row = 0, .col = 3}},
+          {.name = "KeyName", .index = 2, .kind = Kind::Label, .label = "Ctrl+M",          .at = {.group = "keys", .row = 1, .col = 0}, .style = Style::Key},
+          {.name = "Means",   .index = 2, .kind = Kind::Label, .label = "Account Master",  .at = {.group = "keys", .row = 1, .col = 1}},
+          {.name = "KeyName", .index = 3, .kind = Kind::Label, .label = "Ctrl+I",          .at = {.group = "keys", .row = 1, .col = 2}, .style = Style::Key},
+          {.name = "Means",   .index = 3, .kind = Kind::Label, .label = "Item Master",     .at = {.group = "keys", .row = 1, .col = 3}},
+      },
+  };
+  return s;
+}
+// clang-format on
+
+std::string rupees(double amount) { return numText(Round(amount, 0)); }
+std::string paise(double amount) { return Format(amount, "0.00"); }
+
+std::string shown(const std::optional<Date>& date) { return date ? formatDate(*date, "dd/MMM/yyyy") : ""; }
+
+std::vector<Cell> cells(const std::vector<std::string>& texts) {
+  std::vector<Cell> row;
+  for (const std::string& text : texts) row.push_back({.text = text});
+  return row;
+}
+
+std::string weekday(Date date) {
+  constexpr std::array<const char*, 7> names = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                                "Thursday", "Friday", "Saturday"};
+  return names[std::chrono::weekday{std::chrono::sys_days{date}}.c_encoding()];
+}
+
+Date firstOfMonth(Date date) { return {date.year(), date.month(), std::chrono::day{1}}; }
+Date lastOfMonth(Date date) { return Date{date.year() / date.month() / std::chrono::last}; }
+
+}  // namespace
+
+frmmain::frmmain(Host& h) : Screen(h, ::spec()) {
+  menus = menuTree();
+  tools = toolBar();
+  panels = {"", "", ""};
+  timerMs = kTipEvery;
+  wire<frmmain>(*this, {
+                           {"", Key::Ctrl('L'), &frmmain::ledger   },
+                           {"", Key::Ctrl('M'), &frmmain::accounts },
+                           {"", Key::Ctrl('I'), &frmmain::items    },
+                           {"", Key::Ctrl('G'), &frmmain::sales    },
+                           {"", Key::Ctrl('U'), &frmmain::purchases},
+  });
+}
+
+void frmmain::opened(const Entry&) {
+  Session& s = session();
+  ResizeControls(s.mxscale, s.myscale);
+  seed();
+  s.mdesignson = true;
+  panels[0] = periodPanel(s);
+  panels[2] = formatDate(host.today(), "dd/MMM/yyyy");
+  caption = shellCaption(s);
+  loadCompanyDetails(s);
+  buildDateHelp();
+}
+
+void frmmain::seed() {
+  // Each adds only what is missing; one that fails leaves the rest to be done.
+  Session& s = session();
+  if (CheckTable("SPSFILE")) EnsureSettings(data(), s);
+  if (CheckTable("ACCOUNT")) EnsureAccounts(data());
+  if (CheckTable("GRP")) EnsureGroups(data());
+  if (CheckTable("DISCHTAX")) EnsureTaxes(data());
+}
+
+void frmmain::buildDateHelp() {
+  const Date today = host.today();
+  struct Line {
+    Date date;
+    const char* words;
+  };
+  // clang-format off
+  const Line lines[] = {
+      {today,                     "Press ::  F2 ::  Button To Get Current Date "},
+      {session().mstartdt,        "Press ::  F1 ::  Button To Get First Date of Accounting Period "},
+      {session().menddt,          "Press ::  F3 ::  Button To Last Date of Accounting Period "},
+      {addDays(today, 1),         "Press ::  Up Arrow ::  Button Get Next Date"},
+      {addDays(today, -1),        "Press ::  Down Arrow ::  Button Get Previous Date"},
+      {addMonths(today, 1),       "Press ::  Page Up ::  Button Get Next Month Date"},
+      {addMonths(today, -1),      "Press ::  Page Down ::  Button Get Previous Month Date"},
+  };
+  // clang-format on
+  std::vector<std::string> help;
+  for (const Line& line : lines)
+    help.push_back("'" + formatDate(line.date, "dd/MMM/yyyy") + "' : " + line.words);
+  session().mhelpline = join(help, "\r\n");
+}
+
+void frmmain::activated() {
+  showGlance();
+  ShowHint(host, "Press Alt Btn To Activate Menus");
+}
+
+void frmmain::showGlance() {
+  const Session& s = session();
+  Database& db = data();
+  const Date today = host.today(), first = firstOfMonth(today), last = lastOfMonth(today);
+
+  set(at("Company"), s.mcompname);
+  set(at("Period"), "Accounting Period " + formatDate(s.mstartdt, "dd/MMM/yyyy") + " to " +
+                        formatDate(s.menddt, "dd/MMM/yyyy") +
+                        (length(s.mgstinno) > 1 ? "  ·  GSTIN " + s.mgstinno : ""));
+  set(at("Today"), formatDate(today, "dd/MMM/yyyy"));
+  set(at("Weekday"), weekday(today));
+
+  const auto show = [&](int card, const Figure& figure, const char* one, const char* many) {
+    set(at("Figure", card), rupees(figure.amount));
+    set(at("Count", card), counted(figure.count, one, many));
+  };
+  show(0, salesBetween(db, today, today), "bill", "bills");
+  show(1, salesBetween(db, first, last), "bill", "bills");
+  show(2, receiptsBetween(db, today, today), "receipt", "receipts");
+  show(3, receiptsBetween(db, first, last), "receipt", "receipts");
+  show(4, outstanding(db), "party", "parties");
+
+  auto bills = std::make_shared<CellRows>();
+  for (const LastBill& b : lastBills(db, kBillRows))
+    bills->rows.push_back(cells({b.number, shown(b.date), b.party, b.city, paise(b.amount)}));
+  at("LastBills").grid.source = bills;
+
+  auto debtors = std::make_shared<CellRows>();
+  for (const Debtor& d : largestDebtors(db, kDebtorRows, today, s.mstartdt))
+    debtors->rows.push_back(cells({d.party, counted(d.days, "day", "days"), paise(d.amount)}));
+  at("Largest").grid.source = debtors;
+}
+
+bool frmmain::mayClose() { return host.ask("Are You Sure You Want To Exit", "Mirav Confirmation"); }
+
+void frmmain::closed() { host.quit(); }
+
+void frmmain::tick() { ShowHint(host, ""); }
+
+void frmmain::chosen(const MenuEntry& entry) {
+  if (entry.control == "mnuexit")
+    host.close(*this);
+  else if (const Command* command = commandOf(entry))
+    carryOut(host, *command);
+}
+
+void frmmain::toolChosen(const ToolEntry& entry) {
+  if (const Command* command = commandOf(entry)) carryOut(host, *command);
+}
+
+void frmmain::run(const char* key) {
+  if (const Command* command = commandByKey(key)) carryOut(host, *command);
+}

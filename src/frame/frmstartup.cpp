@@ -1,0 +1,79 @@
+#include "frame/frmstartup.h"
+
+#include <array>
+
+#include "frame/routines.h"
+#include "frame/session.h"
+#include "store/balances.h"
+
+namespace {
+
+constexpr int kSteps = 4;
+constexpr std::array<const char*, kSteps> kWords = {
+    "Initializing.....",
+    "Loading components.....",
+    "Integrating Database....",
+    "Please wait...",
+};
+
+// clang-format off
+const ScreenSpec& spec() {
+  static const ScreenSpec s{
+      .name = "frmStartup",
+      .caption = "Mirav",
+      .window = Window::Main,
+      .layout = {.bands = {
+          {part(1), {{.name = "above", .frame = Frame::Plain}}},
+          {px(150), {{.name = "splash", .columns = {part(1)}, .pitch = 44}}},
+          {part(1), {{.name = "below", .frame = Frame::Plain}}},
+      }, .width = 480},
+      .controls = {
+          {.name = "Title",  .kind = Kind::Label,    .label = "Mirav", .at = {.group = "splash", .row = 0}, .style = Style::Title},
+          {.name = "Label1", .kind = Kind::Label,    .at = {.group = "splash", .row = 1}, .style = Style::Quiet},
+          {.name = "Bar",    .kind = Kind::Progress, .at = {.group = "splash", .row = 2}},
+      },
+  };
+  return s;
+}
+// clang-format on
+
+}  // namespace
+
+std::vector<std::function<void()>>& openingRoutines() {
+  static std::vector<std::function<void()>> routines;
+  return routines;
+}
+
+frmStartup::frmStartup(Host& h) : Screen(h, ::spec()) {
+  timerMs = 100;
+  at("Bar").maximum = kSteps;
+}
+
+void frmStartup::opened(const Entry&) { ResizeControls(session().mxscale, session().myscale); }
+
+void frmStartup::tick() {
+  Control& bar = at("Bar");
+  bar.value += 1;
+  host.busy(true);
+  const auto step = static_cast<size_t>(bar.value);
+  set(at("Label1"), kWords.at(step - 1));
+  if (step == kSteps) open();
+}
+
+void frmStartup::open() {
+  timerMs = 0;
+  host.refresh();
+  // The step that follows runs in any case, but a full disk or a lock is told.
+  const auto guarded = [this](const auto& work) {
+    try {
+      work();
+    } catch (const DatabaseError& error) {
+      if (!error.mayBePassedOver()) host.message(error.what(), "Mirav Message");
+    }
+  };
+  for (const auto& routine : openingRoutines()) guarded(routine);
+  guarded([] { refreshBalances(data()); });
+  host.open("frmmain");
+  host.close(*this);
+  host.busy(false);
+}

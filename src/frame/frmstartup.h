@@ -1,0 +1,22 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "platform/host.h"
+
+// What is run on the opened company-year before its balances are refreshed: the postings of
+// receipts and payments, of sales and of challans, in that order. The routines stand in a
+// higher layer, so the program hands them in before it starts.
+std::vector<std::function<void()>>& openingRoutines();
+
+// The splash between the choice of a company-year and the shell.
+class frmStartup : public Screen {
+ public:
+  explicit frmStartup(Host& host);
+  void opened(const Entry& entry) override;
+  void tick() override;
+
+ private:
+  void open();
+};

@@ -1,0 +1,99 @@
+#include "frame/glance.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace {
+
+// A plus sign keeps the planner from the index of the books, in which one book is everything.
+
+// The shell must stand on a database that an update has not completed yet.
+void guarded(const std::function<void()>& read) {
+  try {
+    read();
+  } catch (const DatabaseError& error) {
+    if (!error.mayBePassedOver()) throw;
+  }
+}
+
+template <typename... Args>
+Figure figure(Database& db, const char* sql, const Args&... args) {
+  Figure result;
+  guarded([&] {
+    if (const auto row = db.first(sql, args...)) result = {row->number(0), static_cast<int>(row->number(1))};
+  });
+  return result;
+}
+
+// The balance is what the newest bills leave open: going back from the newest, the bill with
+// which their sum reaches it is the oldest unpaid one.
+int daysOpen(Database& db, const std::string& account, double balance, Date today, Date periodStart) {
+  Date oldest = periodStart;
+  guarded([&] {
+    auto bills = db.query(
+        "SELECT VOUCH_DT, VOUCH_AMT FROM ALEDGER WHERE PARTY_CD = ? AND VOUCH_TYPE = 'D'"
+        " ORDER BY VOUCH_DT DESC",
+        account);
+    constexpr double paisa = 0.005;
+    double sum = 0;
+    while (bills.next()) {
+      sum += bills.number(1);
+      if (sum < balance - paisa) continue;
+      oldest = bills.date(0).value_or(periodStart);
+      return;
+    }
+  });
+  return std::max(0, daysBetween(oldest, today));
+}
+
+}  // namespace
+
+Figure salesBetween(Database& db, Date first, Date last) {
+  return figure(db,
+                "SELECT SUM(NET_AMT), COUNT(*) FROM SALE"
+                " WHERE VOUCH_DT BETWEEN ? AND ? AND +BOOK_CD = 'SA'",
+                first, last);
+}
+
+Figure receiptsBetween(Database& db, Date first, Date last) {
+  return figure(db,
+                "SELECT SUM(AMOUNT), COUNT(*) FROM RPTPAY"
+                " WHERE VOUCH_DT BETWEEN ? AND ? AND +BOOK_CD = 'RC'",
+                first, last);
+}
+
+Figure outstanding(Database& db) {
+  return figure(db, "SELECT SUM(CL_BAL), COUNT(*) FROM ACCOUNT WHERE GROUP_CD IN (85, 86) AND CL_BAL > 0");
+}
+
+std::vector<LastBill> lastBills(Database& db, int most) {
+  std::vector<LastBill> bills;
+  guarded([&] {
+    auto rows = db.query(
+        "SELECT BILL_NO, VOUCH_DT, ACC_NAME, CITY, NET_AMT"
+        " FROM SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD"
+        " WHERE BOOK_CD = 'SA' ORDER BY VOUCH_NO DESC LIMIT ?",
+        most);
+    while (rows.next())
+      bills.push_back({rows.text(0), rows.text(2), rows.text(3), rows.date(1), rows.number(4)});
+  });
+  return bills;
+}
+
+std::vector<Debtor> largestDebtors(Database& db, int most, Date today, Date periodStart) {
+  std::vector<Row> accounts;
+  guarded([&] {
+    accounts = db.all(
+        "SELECT ACC_CD, ACC_NAME, CL_BAL FROM ACCOUNT WHERE GROUP_CD IN (85, 86) AND CL_BAL > 0"
+        " ORDER BY CL_BAL DESC, ACC_NAME LIMIT ?",
+        most);
+  });
+  std::vector<Debtor> debtors;
+  for (const Row& a : accounts)
+    debtors.push_back({a.text(1), a.number(2), daysOpen(db, a.text(0), a.number(2), today, periodStart)});
+  return debtors;
+}
+
+std::string counted(int count, const std::string& one, const std::string& many) {
+  return std::to_string(count) + " " + (count == 1 ? one : many);
+}

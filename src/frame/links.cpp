@@ -1,0 +1,6 @@
+#include "frame/links.h"
+
+Links& links() {
+  static Links one;
+  return one;
+}

@@ -1,0 +1,136 @@
+#include "frame/menu.h"
+
+#include <algorithm>
+
+#include "frame/routines.h"
+#include "frame/session.h"
+
+namespace {
+
+struct TopMenu {
+  const char* control;
+  const char* caption;
+};
+
+// clang-format off
+constexpr TopMenu kTop[] = {
+    {"mnumstr",  "&MASTERS"},
+    {"mnutrns",  "E&NTRY"},
+    {"mnulists", " &LISTS "},
+    {"mnurpts",  " &REPORTS "},
+    {"mnuutils", " &UTILITIES "},
+    {"mnuexit",  "&EXIT"},
+};
+
+// Reports empty mentrytype before anything else.
+constexpr Command kCommands[] = {
+    {.menu = "mnumstr",  .caption = "&Account Master",              .control = "mnumast",       .index = 1, .key = "account",    .screen = "frmacc",   .tool = "accmstr"},
+    {.menu = "mnumstr",  .caption = "&Category Master",             .control = "mnumast",       .index = 3, .key = "category",   .mastkey = "catg", .screen = "frmtaxmast"},
+    {.menu = "mnumstr",  .caption = "&Item Master",                 .control = "mnumast",       .index = 4, .key = "item",       .screen = "FRMITEM1", .tool = "itemmstr"},
+
+    {.menu = "mnutrns",  .caption = "GST Sales Entry",              .control = "mnutrans",      .key = "SALE",       .entrytype = "SALE",      .screen = "GSTSAPU", .tool = "sales"},
+    {.menu = "mnutrns",  .caption = "Quotation",                    .control = "mnutrans",      .key = "QUOTATION",  .entrytype = "QUOTATION", .screen = "FRMQUOT", .tool = "quotbtn"},
+    {.menu = "mnutrns",  .caption = "Delivery Challan",             .control = "mnutrans",      .key = "CH",         .entrytype = "CH",        .screen = "FRMCHLN", .tool = "delislip"},
+    {.menu = "mnutrns",  .caption = "Receipts",                     .control = "mnutrans",      .key = "RECEIPT",    .entrytype = "RECEIPT",   .screen = "bwrcpy"},
+    {.menu = "mnutrns",  .caption = "Purchase",                     .control = "mnutrans",      .key = "PURCHASE",   .entrytype = "PURCHASE",  .screen = "purchase"},
+    {.menu = "mnutrns",  .caption = "Payments",                     .control = "mnutrans",      .key = "PAYMENT",    .entrytype = "PAYMENT",   .screen = "bwrcpy"},
+
+    {.menu = "mnulists", .caption = "Party List Print",             .control = "MNULIST",       .key = "accmastADD",  .entrytype = "", .reportkey = "accmastADD",  .screen = "frmreport"},
+    {.menu = "mnulists", .caption = "Address Card Print",           .control = "MNULIST",       .key = "adcard",      .entrytype = "", .reportkey = "adcard",      .screen = "dlg1", .tool = "adrscrd"},
+    {.menu = "mnulists", .caption = "Category List",                .control = "MNULIST",       .key = "dept",        .entrytype = "", .reportkey = "dept",        .screen = "frmreport"},
+    {.menu = "mnulists", .caption = "Product List Print",           .control = "MNULIST",       .key = "priclstprn",  .entrytype = "", .reportkey = "priclstprn",  .screen = "frmreport"},
+    {.menu = "mnulists", .caption = "Closing Balance List",         .control = "MNULIST",       .key = "accmastclbl", .entrytype = "", .reportkey = "accmastclbl", .screen = "frmreport"},
+
+    {.menu = "mnurpts",  .caption = "GSTR-1 RD Sales Register",     .control = "GSTLIST",       .key = "GSTR1-RD",        .entrytype = "", .reportkey = "GSTR1-RD",        .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "GSTR-1 URD Sales Register",    .control = "GSTLIST",       .key = "GSTR1-URD",       .entrytype = "", .reportkey = "GSTR1-URD",       .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Sales Bill Register",          .control = "SALERPT", .index = 0, .key = "SALEBILLSUMMARY", .entrytype = "", .reportkey = "SALEBILLSUMMARY", .screen = "frmreport", .tool = "salereg"},
+    {.menu = "mnurpts",  .caption = "Sale Bill Detailed Register",  .control = "SALERPT", .index = 1, .key = "slblreg",         .entrytype = "", .reportkey = "slblreg",         .screen = "frmreport", .tool = "saledtlreg"},
+    {.menu = "mnurpts",  .caption = "Quotation Register",           .control = "SALERPT", .index = 2, .key = "QUOTREG",         .entrytype = "", .reportkey = "QUOTREG",         .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Quotation Detail Register",    .control = "SALERPT", .index = 3, .key = "QUOTREGDTL",      .entrytype = "", .reportkey = "QUOTREGDTL",      .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Challan Register",             .control = "SALERPT", .index = 4, .key = "CHLNRPT",         .entrytype = "", .reportkey = "CHLNRPT",         .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Challan Detail Register",      .control = "SALERPT", .index = 5, .key = "CHLNRPTDTL",      .entrytype = "", .reportkey = "CHLNRPTDTL",      .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Receipt Register",             .control = "SALERPT",       .key = "recipt",          .entrytype = "", .reportkey = "recipt",          .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Partty Ledger",                .control = "SALERPT",       .key = "LEDGERS",         .entrytype = "", .reportkey = "LEDGERS",         .screen = "regdlg1"},
+    {.menu = "mnurpts",  .caption = "T-Ledger",                     .control = "SALERPT",       .key = "TLEDGERS",        .entrytype = "", .reportkey = "TLEDGERS",        .screen = "regdlg1"},
+    {.menu = "mnurpts",  .caption = "Outstanding LIst",             .control = "SALERPT",       .key = "ONACRCV",         .entrytype = "", .reportkey = "ONACRCV",         .screen = "frmreport"},
+
+    {.menu = "mnuutils", .caption = "Posting",                      .control = "UTIL1", .index = 0,     .key = "posting",  .screen = "FRMPOST"},
+    {.menu = "mnuutils", .caption = "Company Details Set",          .control = "UTIL1", .index = 1,     .key = "acc_set",  .entrytype = "acc_set",     .screen = "stngs"},
+    {.menu = "mnuutils", .caption = "Voucher Format Set",           .control = "UTIL1", .index = 6,     .key = "formats",  .entrytype = "HIDELINEEXL", .screen = "VSETFRM"},
+    {.menu = "mnuutils", .caption = "Year End",                     .control = "mnuyrend",              .key = "yearend"},
+    {.menu = "mnuutils", .caption = "Video Training",               .control = "mnuvideotrning",        .key = "training", .link = &Links::videoTraining},
+    {.menu = "mnuutils", .caption = "Training Book Pdf",            .control = "mnutrngbkpdf",          .key = "book",     .link = &Links::trainingBook},
+    {.menu = "mnuutils", .caption = "Update Software",              .control = "mnupdtsoft",            .key = "software", .link = &Links::softwareUpdate},
+    {.menu = "mnuutils", .caption = "Database Check",               .control = "mnupdtstrct",           .key = "struct",   .screen = "struct"},
+
+    // Of the tool bar alone.
+    {.key = "videos", .link = &Links::videoChannel, .tool = "vidlist1"},
+};
+
+struct Tool {
+  const char* key;
+  const char* caption;
+  const char* icon;
+};
+
+constexpr Tool kTools[] = {
+    {"accmstr",    "Account",         "person"},
+    {"itemmstr",   "Item",            "box"},
+    {"sales",      "Sales",           "bill"},
+    {"quotbtn",    "Quotation",       "speech"},
+    {"delislip",   "Challan",         "van"},
+    {"salereg",    "Bill Register",   "table"},
+    {"saledtlreg", "Detail Register", "lines"},
+    {"adrscrd",    "Address Card",    "card"},
+    {"vidlist1",   "Videos",          "play"},
+};
+// clang-format on
+
+template <class Test>
+const Command* findCommand(Test test) {
+  const auto* const found = std::ranges::find_if(kCommands, test);
+  return found == std::end(kCommands) ? nullptr : found;
+}
+
+}  // namespace
+
+std::span<const Command> commands() { return kCommands; }
+
+const Command* commandOf(const MenuEntry& entry) {
+  return entry.key.empty() ? nullptr : commandByKey(entry.key);
+}
+
+const Command* commandOf(const ToolEntry& tool) {
+  return findCommand([&](const Command& c) { return tool.key == c.tool; });
+}
+
+const Command* commandByKey(const std::string& key) {
+  return findCommand([&](const Command& c) { return key == c.key; });
+}
+
+std::vector<MenuEntry> menuTree() {
+  std::vector<MenuEntry> tree;
+  for (const TopMenu& top : kTop) {
+    MenuEntry menu{.caption = top.caption, .control = top.control};
+    for (const Command& c : kCommands)
+      if (menu.control == c.menu)
+        menu.entries.push_back({.caption = c.caption, .control = c.control, .index = c.index, .key = c.key});
+    tree.push_back(std::move(menu));
+  }
+  return tree;
+}
+
+std::vector<ToolEntry> toolBar() {
+  std::vector<ToolEntry> tools;
+  for (const Tool& t : kTools) tools.push_back({.key = t.key, .caption = t.caption, .icon = t.icon});
+  return tools;
+}
+
+void carryOut(Host& host, const Command& command) {
+  Session& s = session();
+  if (command.entrytype) s.mentrytype = command.entrytype;
+  if (command.reportkey) s.mreportkey = command.reportkey;
+  if (command.mastkey) s.mmastkey = command.mastkey;
+  if (command.screen) host.open(command.screen);
+  if (command.link) openTutorial(host, links().*command.link);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "frame/links.h"
+#include "platform/host.h"
+
+// The shell's menu tree and tool bar: what each entry puts into the session and opens.
+struct Command {
+  const char* menu = "";  // control of the top menu it stands in
+  const char* caption = "";
+  const char* control = "";
+  int index = -1;
+  const char* key = "";             // its own, told apart from all others
+  const char* entrytype = nullptr;  // mentrytype; null leaves it
+  const char* reportkey = nullptr;  // mreportkey
+  const char* mastkey = nullptr;    // mmastkey
+  const char* screen = nullptr;     // null: opens none
+  std::string Links::*link = nullptr;
+  const char* tool = "";  // button of the tool bar that repeats it
+};
+
+std::span<const Command> commands();
+const Command* commandOf(const MenuEntry& entry);
+const Command* commandOf(const ToolEntry& tool);
+const Command* commandByKey(const std::string& key);
+
+std::vector<MenuEntry> menuTree();
+std::vector<ToolEntry> toolBar();
+
+// Fills the session as the entry says and opens its screen or its link.
+void carryOut(Host& host, const Command& command);

@@ -1,0 +1,108 @@
+#include "frame/routines.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "base/pattern.h"
+#include "frame/session.h"
+#include "store/dictionary.h"
+
+namespace {
+
+constexpr std::array<std::string_view, 13> kTips = {
+    "PRESS ALT BUTTON TO ACTIVATE MENU",
+    "TAKE BACKUP REGULERLY",
+    "GET NEW UPDATE REGULARLY",
+    "USE SHORTCUT CTRL+L TO VIEW LEDGER",
+    "FOR NEW UPDATE DETAILS : GO TO UTILITIES - WHATSNEW ",
+    "USE SHORTCUT CTRL+S FOR STOCK LEDGER",
+    "USE SHORTCUT CTRL+F3 FOR STOCK SUMMARY",
+    "USE SHORTCUT CTRL+M FOR ACCOUNT MASTER",
+    "USE SHORTCUT CTRL+ I FOR ITEM MASTER",
+    "USE SHORTCUT CTRL+ G FOR GST SALES",
+    "USE SHORTCUT CTRL+ U FOR GST PURCHASE",
+    "FOR SET A/C PERIOD CTRL+F2",
+    "STAY CONNECTED STAY UPDATED",
+};
+
+std::string nextTip() {
+  Session& s = session();
+  const auto step = static_cast<size_t>(s.mhintcount);
+  if (step >= kTips.size()) {
+    s.mhintcount = 1;
+    return "Press Alt Button To Activate Menu";
+  }
+  s.mhintcount += 1;
+  return std::string(kTips[step]);
+}
+
+Screen* shellOf(Host& host) { return host.find("frmmain"); }
+
+double keepNext(double largest) { return session().mnextcode = std::max(largest, 0.0) + 1; }
+
+}  // namespace
+
+void ShowHint(Host& host, const std::string& text) {
+  if (!text.empty()) {
+    host.hint(text);
+    return;
+  }
+  Screen* const shell = shellOf(host);
+  if (shell && shell->at("Frame1").visible) host.hint(nextTip());
+}
+
+void SetMenus(Host& host, bool allenabled, bool basicenabled) {
+  Screen* const shell = shellOf(host);
+  if (!shell) return;
+  for (MenuEntry& menu : shell->menus) {
+    const bool basic = menu.control == "mnumstr" || menu.control == "mnuutils";
+    menu.enabled = allenabled || (basic && basicenabled);
+  }
+  for (ToolEntry& tool : shell->tools) tool.enabled = allenabled;
+}
+
+void showPicture(Host& host, bool on) {
+  Screen* const shell = shellOf(host);
+  if (!shell) return;
+  for (const auto& control : shell->controls) control->visible = on;
+}
+
+void CheckOnline(Host& host) { session().monline = host.online(); }
+
+void openTutorial(Host& host, const std::string& link) {
+  CheckOnline(host);
+  if (session().monline && !link.empty()) host.openLink(link);
+}
+
+bool CheckTable(const std::string& name) {
+  const Session& s = session();
+  return s.cndata && s.cndata->isOpen() && CheckTable(*s.cndata, name);
+}
+
+std::string MakeStamp(Host& host) { return session().mstamp = MakeStamp(host.now()); }
+
+void ResizeControls(double xscale, double yscale) {
+  session().mfontfactor = (xscale + yscale) / 2;
+  session().mresizeflag = true;
+}
+
+double NextAccountCode() {
+  return keepNext(
+      data().number("SELECT MAX(VAL(SUBSTR(ACC_CD, 2))) FROM ACCOUNT WHERE ACC_CD >= 'A' AND ACC_CD < 'B'"));
+}
+
+double NextItemCode() {
+  return keepNext(
+      data().number("SELECT MAX(VAL(SUBSTR(ITEM_CD, 2))) FROM ITEM"
+                    " WHERE ITEM_CD >= 'I0' AND ITEM_CD < 'I1' AND LENGTH(ITEM_CD) = 8"));
+}
+
+double NextCategoryCode() {
+  return keepNext(data().number(
+      "SELECT MAX(VAL(SUBSTR(DEPT_CD, 2))) FROM DEPTMENT WHERE DEPT_CD >= 'E' AND DEPT_CD < 'F'"));
+}
+
+std::string accountCode(double number) { return "A" + Format(number, "00000"); }
+std::string itemCode(double number) { return "I" + Format(number, "0000000"); }
+std::string categoryCode(double number) { return "E" + Format(number, "000"); }

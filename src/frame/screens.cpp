@@ -1,0 +1,13 @@
+#include "frame/screens.h"
+
+#include "frame/frmcomp.h"
+#include "frame/frmmain.h"
+#include "frame/frmstartup.h"
+#include "frame/stngs.h"
+
+void addFrameScreens(Screens& screens) {
+  screens.add<FRMCOMP>("FRMCOMP");
+  screens.add<frmStartup>("frmStartup");
+  screens.add<frmmain>("frmmain");
+  screens.add<stngs>("stngs");
+}

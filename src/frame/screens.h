@@ -1,0 +1,6 @@
+#pragma once
+
+#include "platform/screen.h"
+
+// FRMCOMP, frmStartup, frmmain and stngs.
+void addFrameScreens(Screens& screens);

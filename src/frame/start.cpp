@@ -1,0 +1,87 @@
+#include "frame/start.h"
+
+#include <system_error>
+
+#include "base/text.h"
+#include "store/templates.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string withoutSeparator(const fs::path& folder) {
+  std::string path = trim(folder.string());
+  while (path.size() > 1 && path.back() == '/') path.pop_back();
+  return path;
+}
+
+bool openCatalogue(Host& host, Session& s) {
+  const fs::path file = fs::path(s.mapppath) / "comp.mdb";
+  std::string failure = "No Database Found";
+  if (fs::exists(file)) {
+    try {
+      s.cncomp = std::make_unique<Database>();
+      s.cncomp->open(file);
+      s.mfirstuser = s.cncomp->firstUser();
+      return true;
+    } catch (const DatabaseError& error) {
+      failure = error.what();
+    }
+  }
+  s.cncomp.reset();
+  host.message(failure, "Mirav Message");
+  host.quit();
+  return false;
+}
+
+// Templates that a folder has lost. One that cannot be made now is missed, in words, when a
+// company is created.
+void remakeTemplates(const fs::path& folder) {
+  try {
+    for (const char* name : {"SMPL.MDB", "BLNK.MDB"})
+      if (!fs::exists(folder / name)) makeCompanyDatabase(folder / name);
+  } catch (const DatabaseError&) {
+  }
+}
+
+}  // namespace
+
+void setScreenFactors(Session& s, const Display& display) {
+  const double t = display.twipsPerPixelX;
+  const double grown = t == 15 ? 1 : t == 12 ? 1.25 : t == 10 ? 1.5 : 0;
+  if (grown == 0) return;
+  s.mtwipx = t * grown;
+  s.mtwipy = display.twipsPerPixelY * grown;
+  s.mxscale = display.widthTwips / s.mtwipx / s.mbasewidth;
+  s.myscale = display.heightTwips / s.mtwipy / s.mbaseheight;
+}
+
+bool startUp(Host& host, const fs::path& folder) {
+  session() = Session{};
+  Session& s = session();
+  s.mapppath = withoutSeparator(folder);
+  s.mbasewidth = 800;
+  s.mbaseheight = 600;
+  s.mversion = "1.01";
+  setScreenFactors(s, host.display());
+  s.mdbtype = "ACCESS";
+  if (!openCatalogue(host, s)) return false;
+  remakeTemplates(s.mapppath);
+
+  std::error_code ignored;  // printing into the folder fails later
+  fs::create_directory(fs::path(s.mapppath) / "BILLS", ignored);
+
+  host.open("FRMCOMP");
+
+  s.mcolor1 = 16448240;  // FAFAF0
+  s.mcolor2 = 16769248;  // FFE0E0
+  s.mcolor3 = 14737663;  // E0E0FF
+  s.mcolor4 = 16711680;  // FF0000
+  s.mcolor5 = 12632064;  // C0C000
+  s.mcolor6 = 14741759;  // E0F0FF
+
+  // Every date is read and written as dd/MMM/yyyy by the program itself, so the user's own
+  // short date format is left alone.
+  s.mdatefmtset = false;
+  return true;
+}

@@ -1,0 +1,124 @@
+#include "frame/stngs.h"
+
+#include "base/text.h"
+#include "frame/company_details.h"
+#include "frame/session.h"
+
+namespace {
+
+struct Holding {
+  int index;
+  const char* column;
+};
+
+// clang-format off
+constexpr Holding kHoldings[] = {
+    {0,  "PLA_NO"},
+    {1,  "GSTINNO"},
+    {2,  "COMPNM"},
+    {3,  "C_BRNCH"},
+    {4,  "C_BANK_NAME"},
+    {5,  "ADDRS"},
+    {6,  "C_IFSC"},
+    {7,  "STATECD"},
+    {8,  "C_AC_NO"},
+    {9,  "STATE"},
+    {10, "PH1"},
+    {11, "PH2"},
+    {12, "C_EMAIL"},
+    {14, "CPIN"},
+    {21, "CITY"},
+};
+
+const ScreenSpec& spec() {
+  static const ScreenSpec s{
+      .name = "stngs",
+      .caption = "Company Details",
+      .window = Window::Child,
+      .focusColour = 0xC0FFFF,
+      .layout = {.bands = {
+          {fit(),   {{.name = "address", .columns = {px(136), part(1), px(116), part(1)}, .pitch = 39}}},
+          {fit(),   {{.name = "tax",     .columns = {px(136), part(1), px(116), part(1)}, .pitch = 39}}},
+          {fit(),   {{.name = "bank",    .columns = {px(136), part(1), px(116), part(1)}, .pitch = 39}}},
+          {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
+          {part(1), {{.name = "rest",    .frame = Frame::Plain}}},
+      }},
+      .controls = {
+          {.name = "txtFields", .index = 2,  .label = "Company Name",     .at = {.group = "address", .row = 0, .col = 1, .span = 3}, .tab = 1,  .limit = 100, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 5,  .label = "Address ",         .at = {.group = "address", .row = 1, .col = 1, .span = 3}, .tab = 2,  .limit = 250, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 21, .label = "Place",            .at = {.group = "address", .row = 2, .col = 1},            .tab = 3,  .limit = 50,  .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 14, .label = "Pin Code",         .at = {.group = "address", .row = 2, .col = 3},            .tab = 4,  .limit = 50,  .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 9,  .label = "State",            .at = {.group = "address", .row = 3, .col = 1},            .tab = 5,  .limit = 250, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 7,  .label = "State Code",       .at = {.group = "address", .row = 3, .col = 3, .width = 92}, .tab = 6, .limit = 250, .keys = KeyClass::Number},
+
+          {.name = "txtFields", .index = 1,  .label = "Company GSTIN No", .at = {.group = "tax", .row = 0, .col = 1},                .tab = 7,  .limit = 250, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 0,  .label = "Pan No ",          .at = {.group = "tax", .row = 0, .col = 3},                .tab = 8,  .limit = 50,  .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 10, .label = "Phone 1",          .at = {.group = "tax", .row = 1, .col = 1},                .tab = 9,  .limit = 50,  .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 11, .label = "Phone 2",          .at = {.group = "tax", .row = 1, .col = 3},                .tab = 10, .limit = 50,  .keys = KeyClass::Text},
+          // An address for mail keeps its case and its signs.
+          {.name = "txtFields", .index = 12, .label = "Email Address",    .at = {.group = "tax", .row = 2, .col = 1},                .tab = 11, .limit = 150, .keys = KeyClass::Any},
+
+          {.name = "txtFields", .index = 4,  .label = "Bank Name",        .at = {.group = "bank", .row = 0, .col = 1},               .tab = 12, .limit = 150, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 3,  .label = "Branch",           .at = {.group = "bank", .row = 0, .col = 3},               .tab = 13, .limit = 150, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 8,  .label = "A/c No",           .at = {.group = "bank", .row = 1, .col = 1},               .tab = 14, .limit = 150, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 6,  .label = "IFSC Code",        .at = {.group = "bank", .row = 1, .col = 3},               .tab = 15, .limit = 150, .keys = KeyClass::Text},
+
+          {.name = "cmdsave",   .kind = Kind::Button, .label = "&Save and Close",     .at = {.group = "buttons"}, .tab = 16, .style = Style::Primary},
+          {.name = "cmdclose",  .kind = Kind::Button, .label = "&Close Without Save", .at = {.group = "buttons"}, .tab = 17},
+          {.name = "cmdcomp",   .kind = Kind::Button, .label = "Company &Details",    .at = {.group = "buttons", .right = true}, .tab = 18},
+      },
+  };
+  return s;
+}
+// clang-format on
+
+}  // namespace
+
+stngs::stngs(Host& h) : ChildScreen(h, ::spec()) {
+  escMeans = "Esc = Close Without Save";
+  wire<stngs>(*this, {
+                         {"cmdsave",  On::Click,    &stngs::save      },
+                         {"cmdclose", On::Click,    &stngs::leave     },
+                         {"cmdcomp",  On::Click,    &stngs::load      },
+                         {"",         KeyCode::Esc, &stngs::askToLeave},
+  });
+}
+
+void stngs::opened(const Entry& entry) {
+  ChildScreen::opened(entry);
+  load();
+  focus(at("txtFields", 2));
+}
+
+std::string stngs::hintFor(const Control& control) const {
+  return control.editable() ? "Press Enter To Proceed" : "";
+}
+
+void stngs::load() {
+  const auto row = data().first("SELECT COMP_DET.* FROM COMP_DET");
+  for (const Holding& h : kHoldings)
+    set(at("txtFields", h.index), row && row->has(h.column) ? row->text(h.column) : "");
+}
+
+void stngs::save() {
+  if (trim(at("txtFields", 2).text).empty()) {
+    host.message("Blank Name Not Allowed For Company");
+    focus(at("txtFields", 2));
+    return;
+  }
+  Fields typed;
+  for (const Holding& h : kHoldings) typed.push_back({h.column, trim(at("txtFields", h.index).text)});
+  Session& s = session();
+  saveCompanyDetails(s, std::move(typed));
+  if (Screen* const shell = host.find("frmmain")) {
+    shell->caption = shellCaption(s);
+    shell->panels[0] = periodPanel(s);
+  }
+  host.close(*this);
+}
+
+void stngs::leave() { host.close(*this); }
+
+void stngs::askToLeave() {
+  if (host.ask("Do you want to exit", "Mirav Confirmation Message")) host.close(*this);
+}

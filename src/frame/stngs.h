@@ -1,0 +1,19 @@
+#pragma once
+
+#include "frame/child_screen.h"
+
+// "Company Details": the one row of COMP_DET, with which every printed document heads.
+class stngs : public ChildScreen {
+ public:
+  explicit stngs(Host& host);
+  void opened(const Entry& entry) override;
+
+ protected:
+  std::string hintFor(const Control& control) const override;
+
+ private:
+  void load();
+  void save();
+  void leave();
+  void askToLeave();
+};
