@@ -32,10 +32,12 @@ std::string converted(const Column& from, const Column& to) {
   return name;
 }
 
+// A text is tested as it stands, a number or date in the form that it takes as a text.
 bool dataFits(Database& db, const std::string& table, const Column& from, const Column& to) {
   const std::string name = quotedName(from.name);
-  auto rows = db.query("SELECT DISTINCT " + converted(from, to) + " FROM main." + quotedName(table) +
-                       " WHERE " + name + " IS NOT NULL");
+  const std::string tested = from.kind == Column::Kind::text ? name : converted(from, to);
+  auto rows = db.query("SELECT DISTINCT " + tested + " FROM main." + quotedName(table) + " WHERE " + name +
+                       " IS NOT NULL");
   while (rows.next())
     if (!fitting(to, rows.value(0))) return false;
   return true;

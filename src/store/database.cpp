@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "base/text.h"
+#include "store/dictionary.h"
 #include "store/functions.h"
 #include "store/lock_file.h"
 
@@ -165,6 +166,7 @@ void Database::open(const std::filesystem::path& file, Access access) {
       useSettings();
     });
     if (!inMemory) handle_->lock = LockFile(file);
+    if (CheckTable(*this, "STRUCTAB") || CheckTable(*this, "T_SLITM")) RemakeWorkTables(*this);
   } catch (...) {
     close();
     throw;

@@ -162,7 +162,8 @@ class Database {
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
 
-  // Closes what was open. A missing file is an error unless the access is `create`.
+  // Closes what was open. A missing file is an error unless the access is `create`. On a
+  // company-year the connection's own work tables stand ready, empty.
   void open(const std::filesystem::path& file, Access access = Access::readWrite);
   void close() noexcept;
   bool isOpen() const { return handle_ != nullptr; }

@@ -45,7 +45,7 @@ void DropUndeclared(Database& db);
 void DropUndeclaredTables(Database& db);
 
 // Work tables live in the connection: TEMP tables of the declared shape stand before those of
-// the file, so that two programs never mix their lines. Empties them; to be called after opening
-// and after a walk.
+// the file, so that two programs never mix their lines. Opening a company-year makes them; to be
+// called again after a walk. Empties them.
 void RemakeWorkTables(Database& db);
 std::span<const std::string_view> workTables();

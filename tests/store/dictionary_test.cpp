@@ -1,0 +1,288 @@
+#include "store/dictionary.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "company_fixture.h"
+#include "store/alter.h"
+#include "store/keys.h"
+#include "store/views.h"
+
+namespace {
+
+class DictionaryTest : public CompanyTest {
+ protected:
+  // The whole walk, as an update runs it.
+  void walk() {
+    CreateDictionary(db);
+    if (!CheckTable(db, "DROPLIST")) CreateDropList(db);
+    SeedDictionary(db);
+    ApplyDictionary(db);
+    DropUndeclared(db);
+  }
+
+  std::string definition(const std::string& table, const std::string& column) {
+    for (const auto& c : tableColumns(db, table))
+      if (sameText(c.name, column)) return c.definition;
+    return "none";
+  }
+
+  // Gives a column the shape of an older program.
+  void shape(const std::string& table, const std::string& column, const std::string& old) {
+    alterColumns(db, table,
+                 {
+                     {.name = column, .definition = old}
+    });
+    ASSERT_EQ(definition(table, column), old);
+  }
+};
+
+}  // namespace
+
+TEST(DictionaryRows, TablesAndCountsAreThoseOfTheProgram) {
+  std::map<std::string, int> counts;
+  for (const auto& row : dictionaryRows()) ++counts[row.table];
+  const std::map<std::string, int> expected = {
+      {"ACCOUNT",     27 },
+      {"T_ACLST",     7  },
+      {"ALEDGER",     17 },
+      {"CAL",         26 },
+      {"CHLN",        35 },
+      {"CHLNITM",     23 },
+      {"COMP_DET",    25 },
+      {"COMPNY",      7  },
+      {"DEPTMENT",    11 },
+      {"DISCHTAX",    9  },
+      {"GRP",         6  },
+      {"HIDELINESET", 12 },
+      {"ITEM",        16 },
+      {"ITEMDTL",     12 },
+      {"PRTYRATE",    15 },
+      {"QUOT",        40 },
+      {"QUOTITM",     33 },
+      {"RPTPAY",      14 },
+      {"SALE",        101},
+      {"SALEITM",     43 },
+      {"SPSFILE",     10 },
+      {"DROPLIST",    2  },
+      {"STRUCTAB",    7  },
+      {"TRANSMAST",   9  },
+      {"T_CHLNITM",   27 },
+      {"T_QUOTITM",   33 },
+      {"T_SLITM",     47 },
+      {"TEMP_ITMDTL", 22 },
+      {"T_FINALNEW",  13 }
+  };
+  EXPECT_EQ(dictionaryRows().size(), 649u);
+  EXPECT_EQ(counts, expected);
+}
+
+TEST(DictionaryRows, StatementsOfTheStore) {
+  EXPECT_EQ(createTableStatement("main.DROPLIST", dictionaryColumns("DROPLIST")),
+            "CREATE TABLE main.DROPLIST (TABNM TEXT(100) COLLATE NOCASE CHECK (LENGTH(TABNM) <= 100),"
+            " FLDNM TEXT(100) COLLATE NOCASE CHECK (LENGTH(FLDNM) <= 100))");
+  const auto settings = createTableStatement("SPSFILE", dictionaryColumns("SPSFILE"));
+  EXPECT_NE(settings.find("(VOUCH_NO INTEGER DEFAULT 0, VOUCH_DT DATE, VOUCH_CD TEXT(50)"), std::string::npos)
+      << settings;
+  EXPECT_EQ(dictionaryColumns("QUOTITM").size(), 32u) << "ITEM_DESC stands twice";
+  EXPECT_EQ(dictionaryColumns("STRUCTAB").front().definition, "DOUBLE DEFAULT 0");
+  const auto lines = dictionaryColumns("T_CHLNITM");
+  EXPECT_EQ(lines.front().name, "VOUCH_DT");
+  EXPECT_EQ(lines.at(lines.size() - 3).name, "LOT_NO");
+}
+
+TEST(DeclaredColumns, ReadWhatAnotherProgramWrote) {
+  const auto columns = declaredColumns(
+      "CREATE TABLE \"t\" ([A B] TEXT(6) DEFAULT ',)',\n \"DESC\" double, c CHECK (c IN (1, 2)), UNIQUE (c), "
+      "PRIMARY KEY (c))");
+  ASSERT_EQ(columns.size(), 3u);
+  EXPECT_EQ(columns[0].name, "A B");
+  EXPECT_EQ(columns[0].definition, "TEXT(6) DEFAULT ',)'");
+  EXPECT_EQ(columns[0].size, 6);
+  EXPECT_EQ(columns[1].kind, Column::Kind::number);
+  EXPECT_EQ(columns[2].definition, "CHECK (c IN (1, 2))");
+  EXPECT_EQ(quotedName("DESC"), "[DESC]");
+  EXPECT_EQ(quotedName("SALE.VOUCH_NO"), "[SALE.VOUCH_NO]");
+  EXPECT_EQ(quotedName("ACC_CD"), "ACC_CD");
+}
+
+TEST_F(DictionaryTest, TextRulesHoldInEveryTable) {
+  db.exec(
+      "INSERT INTO ACCOUNT (ACC_CD, ACC_NAME) VALUES ('A00001', 'Zenith'), ('A00002', 'alpha'), ('A00003', "
+      "'Beta')");
+  EXPECT_EQ(db.text("SELECT ACC_CD FROM ACCOUNT WHERE ACC_NAME = 'ZENITH'"), "A00001");
+  EXPECT_EQ(db.text("SELECT GROUP_CONCAT(ACC_NAME) FROM (SELECT ACC_NAME FROM ACCOUNT WHERE ACC_CD LIKE 'a%' "
+                    "ORDER BY ACC_NAME)"),
+            "alpha,Beta,Zenith");
+  EXPECT_FALSE(db.attempt("UPDATE ACCOUNT SET ACC_CD = 'A000001' WHERE ACC_CD = 'A00001'"));
+  EXPECT_TRUE(db.attempt("UPDATE ACCOUNT SET ACC_CD = 'ગુજરાત' WHERE ACC_CD = 'A00001'")) << "six code points";
+  const auto row = db.first("SELECT OP_BAL, ENT_DT, EMAIL FROM ACCOUNT WHERE ACC_CD = 'A00002'");
+  EXPECT_EQ(row->text("OP_BAL"), "0");
+  EXPECT_TRUE(row->isNull("ENT_DT"));
+  EXPECT_TRUE(row->isNull("EMAIL"));
+}
+
+TEST_F(DictionaryTest, WalkingAgainChangesNothing) {
+  db.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, VOUCH_DT) VALUES (1, 'SA', '2026-06-15')");
+  walk();
+  const auto once = contents(db);
+  walk();
+  EXPECT_EQ(contents(db), once);
+  Database fresh;
+  fresh.open(db.file());
+  EXPECT_EQ(fresh.number("SELECT COUNT(*) FROM STRUCTAB"), 649);
+}
+
+TEST_F(DictionaryTest, AnEmptyFileBecomesACompanyYear) {
+  Database empty;
+  empty.open(folder / "EMPTY.mdb", Access::create);
+  CreateDictionary(empty);
+  CreateDropList(empty);
+  SeedDictionary(empty);
+  ApplyDictionary(empty);
+  const std::set<std::string> made = [&] {
+    std::set<std::string> names;
+    for (const auto& row : empty.all("SELECT name FROM sqlite_master WHERE type = 'table'"))
+      names.insert(row.text(0));
+    return names;
+  }();
+  EXPECT_EQ(made.size(), 29u);
+  for (const auto& row : dictionaryRows())
+    EXPECT_TRUE(empty.attempt("SELECT " + quotedName(row.field) + " FROM main." + row.table))
+        << row.table << row.field;
+}
+
+TEST_F(DictionaryTest, MissingTablesAndColumnsComeBack) {
+  db.exec("DROP TABLE TRANSMAST");
+  db.exec("DROP VIEW GSTTOTQRY");
+  db.exec("DROP VIEW GSTBLPRN");
+  db.exec("DROP VIEW blprn");
+  db.exec("ALTER TABLE SALE DROP COLUMN IRNNO");
+  db.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD) VALUES (1, 'SA')");
+  walk();
+  EXPECT_TRUE(CheckTable(db, "transmast"));
+  EXPECT_EQ(definition("SALE", "IRNNO"), "TEXT(100) COLLATE NOCASE CHECK (LENGTH(IRNNO) <= 100)");
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM SALE"), 1);
+}
+
+TEST_F(DictionaryTest, AlteringAColumnKeepsDataOrderKeysIndexesAndViews) {
+  shape("ACCOUNT", "ACC_NAME", "TEXT(20)");
+  shape("ACCOUNT", "STATECD", "TEXT(5)");
+  db.exec(
+      "INSERT INTO ACCOUNT (rowid, ACC_CD, ACC_NAME, STATECD) VALUES (90, 'B', 'O''Brien 50%', '24'), (80, "
+      "'A', 'ગુજરાત', NULL)");
+  const auto indexes = db.text(
+      "SELECT GROUP_CONCAT(sql, ';') FROM main.sqlite_master WHERE tbl_name = 'ACCOUNT' AND type = 'index'");
+
+  walk();
+  EXPECT_EQ(definition("ACCOUNT", "ACC_NAME"), "TEXT(100) COLLATE NOCASE CHECK (LENGTH(ACC_NAME) <= 100)");
+  EXPECT_EQ(definition("ACCOUNT", "STATECD"), "DOUBLE DEFAULT 0");
+  EXPECT_EQ(db.text("SELECT ACC_NAME FROM ACCOUNT WHERE rowid = 90"), "O'Brien 50%");
+  EXPECT_EQ(db.text("SELECT typeof(STATECD) || STATECD FROM ACCOUNT WHERE rowid = 90"), "real24.0");
+  EXPECT_TRUE(db.first("SELECT STATECD FROM ACCOUNT WHERE rowid = 80")->isNull(0));
+  EXPECT_EQ(db.text("SELECT GROUP_CONCAT(sql, ';') FROM main.sqlite_master WHERE tbl_name = 'ACCOUNT' AND "
+                    "type = 'index'"),
+            indexes);
+  EXPECT_FALSE(db.attempt("INSERT INTO ACCOUNT (ACC_CD) VALUES ('a')"))
+      << "the key holds, without regard to case";
+  EXPECT_TRUE(db.attempt("SELECT * FROM GSTBLPRN"));
+}
+
+TEST_F(DictionaryTest, NumbersAndDatesMoveIntoTextAsTheyShow) {
+  shape("QUOTITM", "QUANTITY", "DOUBLE DEFAULT 0");
+  shape("SALE", "ORDER_DT", "DATE");
+  db.exec("INSERT INTO QUOTITM (VOUCH_NO, SRNO, QUANTITY) VALUES (1, 1, 30), (1, 2, 2.5)");
+  db.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, ORDER_DT) VALUES (1, 'SA', '2026-06-15')");
+  walk();
+  EXPECT_EQ(db.text("SELECT GROUP_CONCAT(QUANTITY) FROM QUOTITM"), "30,2.5");
+  EXPECT_EQ(db.text("SELECT ORDER_DT FROM SALE"), "15/Jun/2026");
+}
+
+TEST_F(DictionaryTest, AColumnWhoseDataDoesNotFitKeepsItsShapeAndTheOthersDoNot) {
+  shape("SALE", "BOOK_CD", "TEXT(10)");
+  shape("SALE", "PARCLE", "TEXT(10)");
+  shape("SALE", "CR_DAYS", "TEXT(10)");
+  db.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, PARCLE, CR_DAYS) VALUES (1, 'SAL', '5', '30 days')");
+  walk();
+  EXPECT_EQ(definition("SALE", "BOOK_CD"), "TEXT(10)");
+  EXPECT_EQ(definition("SALE", "CR_DAYS"), "TEXT(10)");
+  EXPECT_EQ(definition("SALE", "PARCLE"), "TEXT(50) COLLATE NOCASE CHECK (LENGTH(PARCLE) <= 50)");
+  EXPECT_EQ(db.text("SELECT BOOK_CD || CR_DAYS FROM SALE"), "SAL30 days");
+}
+
+TEST_F(DictionaryTest, AColumnThatAKeyDoesNotAllowKeepsItsShape) {
+  shape("ITEM", "ITEM_CD", "TEXT(20)");  // compares with regard to case
+  db.exec("INSERT INTO ITEM (ITEM_CD) VALUES ('a1'), ('A1')");
+  walk();
+  EXPECT_EQ(definition("ITEM", "ITEM_CD"), "TEXT(20)");
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM ITEM WHERE ITEM_CD LIKE 'a1'"), 2);
+}
+
+TEST_F(DictionaryTest, UndeclaredColumnsAndTablesGo) {
+  db.exec("ALTER TABLE ITEM ADD COLUMN OLD_RATE DOUBLE DEFAULT 5");
+  db.exec("ALTER TABLE ITEM ADD COLUMN [DESC] TEXT");
+  db.exec("ALTER TABLE ITEM ADD COLUMN [MY NOTE] TEXT");
+  db.exec("ALTER TABLE ITEM ADD COLUMN INDEXED_COL TEXT");
+  db.exec("CREATE INDEX MINE ON ITEM (INDEXED_COL)");
+  db.exec("CREATE TABLE USERS_OWN (A)");
+  db.exec("CREATE TABLE [T 2] (A)");
+  walk();
+  EXPECT_EQ(definition("ITEM", "OLD_RATE"), "none");
+  EXPECT_EQ(definition("ITEM", "DESC"), "TEXT");
+  EXPECT_EQ(definition("ITEM", "MY NOTE"), "TEXT");
+  EXPECT_EQ(definition("ITEM", "INDEXED_COL"), "TEXT") << "a column in an index cannot be dropped";
+  EXPECT_FALSE(CheckTable(db, "USERS_OWN"));
+  EXPECT_FALSE(CheckTable(db, "T 2"));
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM DROPLIST"), 0);
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM ITEM WHERE ITEM_CD = 'MISC'"), 1);
+}
+
+TEST_F(DictionaryTest, ARowWithAConditionAppliesOnlyWhereItHoldsTheText) {
+  CreateDictionary(db);
+  db.exec(
+      "INSERT INTO STRUCTAB (SRNO, TABNM, FLDNM, DATATYP, DATASIZE, DATAPROP, CONDITN)"
+      " VALUES (1, 'GRP', 'EXTRA1', 'Double', 0, 'DEFAULT 0', 'TALLY,EXPORT'), (2, 'GRP', 'EXTRA2', "
+      "'Double', 0, 'DEFAULT 0', 'OTHER')");
+  ApplyDictionary(db);
+  EXPECT_EQ(definition("GRP", "EXTRA1"), "none");
+  ApplyDictionary(db, "EXPORT");
+  EXPECT_EQ(definition("GRP", "EXTRA1"), "DOUBLE DEFAULT 0");
+  EXPECT_EQ(definition("GRP", "EXTRA2"), "none");
+}
+
+TEST_F(DictionaryTest, WorkTablesBelongToTheConnection) {
+  Database other;
+  other.open(db.file());
+  db.exec("INSERT INTO T_SLITM (VOUCH_NO, ITEM_CD) VALUES (1, 'I0000001')");
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM T_SLITM"), 1);
+  EXPECT_EQ(other.number("SELECT COUNT(*) FROM T_SLITM"), 0);
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM main.T_SLITM"), 0);
+  for (const auto table : workTables())
+    EXPECT_EQ(db.text("SELECT sql FROM temp.sqlite_master WHERE name = ?", table),
+              db.text("SELECT sql FROM main.sqlite_master WHERE name = ?", table));
+
+  walk();
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM T_SLITM"), 1) << "a walk looks at the file alone";
+  RemakeWorkTables(db);
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM T_SLITM"), 0);
+  EXPECT_FALSE(CheckTable(db, "sqlite_sequence"));
+}
+
+TEST_F(DictionaryTest, AWalkOverAWorkTableChangesTheFilesOwn) {
+  shape("CAL", "PARTY_BL", "TEXT(10)");
+  db.exec("CREATE INDEX main.CAL_MINE ON CAL (PARTY_BL)");
+  walk();
+  EXPECT_EQ(definition("CAL", "PARTY_BL"), "TEXT(50) COLLATE NOCASE CHECK (LENGTH(PARTY_BL) <= 50)");
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM main.sqlite_master WHERE name = 'CAL_MINE'"), 1);
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM temp.sqlite_master WHERE name = 'CAL_MINE'"), 0);
+}
+
+TEST_F(DictionaryTest, KeysRefuseWhatStandsTwice) {
+  EXPECT_FALSE(db.attempt("INSERT INTO GRP (GROUP_CD) VALUES (85)"));
+  db.exec("INSERT INTO ITEMDTL (ITEM_CD, SIZE_CD) VALUES ('X', 'PCS'), ('X', 'BOX')");
+  dropKeys(db);
+  for (const auto& key : tableKeys()) EXPECT_EQ(addKey(db, key).done, key.table != "ITEMDTL") << key.table;
+  EXPECT_FALSE(addKey(db, tableKeys().front())) << "it stands already";
+}

@@ -1,0 +1,141 @@
+#include "store/seeds.h"
+
+#include <gtest/gtest.h>
+
+#include "company_fixture.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+class SeedsTest : public CompanyTest {
+ protected:
+  Settings settings{.mroundac = "before", .mstartdt = 2023y / 4 / 1, .menddt = 2034y / 3 / 31};
+};
+
+}  // namespace
+
+TEST_F(SeedsTest, SettingsAreReadFromTheirRows) {
+  db.exec("UPDATE SPSFILE SET VOUCH_DT = '2024-04-01' WHERE VOUCH_NO = 211");
+  db.exec("UPDATE SPSFILE SET VOUCH_DT = '2025-03-31' WHERE VOUCH_NO = 212");
+  db.exec("UPDATE SPSFILE SET VOUCH_NM = 'E:\\KEEP', VOUCH_QTY = 1 WHERE VOUCH_NO = 234");
+  db.exec("UPDATE SPSFILE SET VOUCH_QTY = 4 WHERE VOUCH_NO = 371");
+  db.exec("UPDATE SPSFILE SET VOUCH_CD = 'A00009' WHERE VOUCH_NO = 160");
+  EnsureSettings(db, settings);
+  EXPECT_EQ(settings.msalesac, "X90002");
+  EXPECT_EQ(settings.msalesdiscac, "X90006");
+  EXPECT_EQ(settings.msalechargeac, "X90007");
+  EXPECT_EQ(settings.msalestaxac, "X90004");
+  EXPECT_EQ(settings.mroundac, "X90015");
+  EXPECT_EQ(settings.mcashac, "A00009");
+  EXPECT_EQ(settings.mstartdt, Date(2024y / 4 / 1));
+  EXPECT_EQ(settings.menddt, Date(2025y / 3 / 31));
+  EXPECT_EQ(settings.mbackuppath, "E:\\KEEP");
+  EXPECT_TRUE(settings.mbackupflag);
+  EXPECT_EQ(settings.mbillformat, 4);
+  EXPECT_EQ(settings.mquotformat, 7);
+  EXPECT_EQ(settings.mchlnformat, 8);
+}
+
+TEST_F(SeedsTest, AMissingRoundOffRowLandsInTheTaxAccountForOneOpening) {
+  db.exec("DELETE FROM SPSFILE WHERE VOUCH_NO = 159");
+  EnsureSettings(db, settings);
+  EXPECT_EQ(settings.msalestaxac, "X90015");
+  EXPECT_EQ(settings.mroundac, "before");
+  EnsureSettings(db, settings);
+  EXPECT_EQ(settings.msalestaxac, "X90004");
+  EXPECT_EQ(settings.mroundac, "X90015");
+}
+
+TEST_F(SeedsTest, MissingSettingsComeBackWithTheirSeeds) {
+  db.exec("UPDATE SPSFILE SET VOUCH_DT = '2024-04-01' WHERE VOUCH_NO = 211");
+  db.exec("DELETE FROM SPSFILE WHERE VOUCH_NO IN (152, 212, 234, 351, 372)");
+  db.exec("UPDATE SPSFILE SET VOUCH_CD = '' WHERE VOUCH_NO = 154");
+  settings.msalesdiscac = "kept";
+  EnsureSettings(db, settings);
+  EXPECT_EQ(settings.msalesac, "X90002");
+  EXPECT_EQ(settings.msalesdiscac, "kept");
+  EXPECT_EQ(settings.mbackuppath, "D:\\BACKUP");
+  EXPECT_EQ(settings.mquotformat, 7);
+  const auto row = [&](int number) {
+    const auto r = db.first(
+        "SELECT VOUCH_DT, VOUCH_CD, VOUCH_NM, VOUCH_QTY, VOUCH_AMT, VOUCH_FLAG FROM SPSFILE WHERE VOUCH_NO = "
+        "?",
+        number);
+    std::string all;
+    for (int i = 0; r && i < r->count(); ++i) all += r->text(i) + "|";
+    return all;
+  };
+  EXPECT_EQ(row(152), "2023-04-01|X90002|SALES A/c Code|0|0|0|") << "the period is read after this row";
+  EXPECT_EQ(row(212), "2034-03-31|TODT|A/c End Date|0|0|0|");
+  EXPECT_EQ(row(234), "2024-04-01|BACKUP|D:\\BACKUP|0|0|0|");
+  EXPECT_EQ(row(351), "2024-04-01||SALE BILL SERIES|0|0|0|");
+  EXPECT_EQ(row(372), "2024-04-01||Quot Format|7|0|0|");
+  EXPECT_EQ(db.text("SELECT typeof(VOUCH_FLAG) FROM SPSFILE WHERE VOUCH_NO = 372"), "text");
+}
+
+TEST_F(SeedsTest, GroupsComeBackAndThirtyThreeIsAlwaysAnew) {
+  db.exec("UPDATE GRP SET GROUP_NAME = 'MY EXPENSES' WHERE GROUP_CD = 33");
+  db.exec("UPDATE GRP SET GROUP_NAME = 'Debtors' WHERE GROUP_CD = 85");
+  db.exec(
+      "INSERT INTO GRP (GROUP_CD, GROUP_NAME) VALUES (31, 'OLD'), (200, 'Indirect Expenses'), (141, 'OWN')");
+  db.exec("DELETE FROM GRP WHERE GROUP_CD = 6");
+  EnsureGroups(db);
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM GRP"), 40);
+  EXPECT_EQ(db.text("SELECT GROUP_NAME FROM GRP WHERE GROUP_CD = 33"), "MY EXPENSES")
+      << "only its seeded name is deleted";
+  EXPECT_EQ(db.text("SELECT GROUP_NAME FROM GRP WHERE GROUP_CD = 85"), "Debtors");
+  EXPECT_EQ(db.text("SELECT GROUP_NAME FROM GRP WHERE GROUP_CD = 6"), "CAPITAL & LIABILITY");
+  EXPECT_EQ(db.text("SELECT GROUP_NAME || ':' || NUMTEXT(SUB_GROUP) FROM GRP WHERE GROUP_CD = 130"),
+            "CURRENT LIABILITY :6");
+
+  db.exec("DELETE FROM GRP");
+  db.exec("UPDATE ACCOUNT SET GROUP_CD = 31 WHERE ACC_CD = 'X90004'");
+  EnsureGroups(db);
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM GRP"), 39);
+  EXPECT_EQ(db.number("SELECT GROUP_CD FROM ACCOUNT WHERE ACC_CD = 'X90004'"), 133);
+}
+
+TEST_F(SeedsTest, AccountsTaxesAndDesignsAddWhatIsMissingOnly) {
+  db.exec("UPDATE ACCOUNT SET ACC_NAME = 'MY CASH' WHERE ACC_CD = 'X90005'");
+  db.exec("DELETE FROM ACCOUNT WHERE ACC_CD = 'X90015'");
+  db.exec("DELETE FROM DISCHTAX WHERE CODE = 32");
+  db.exec("UPDATE HIDELINESET SET INVLINES = 30 WHERE SRNO = 1");
+  db.exec("DELETE FROM HIDELINESET WHERE SRNO = 8");
+  EnsureAccounts(db);
+  EnsureTaxes(db);
+  EnsureDesigns(db);
+  EXPECT_EQ(db.text("SELECT ACC_NAME FROM ACCOUNT WHERE ACC_CD = 'X90005'"), "MY CASH");
+  EXPECT_EQ(
+      db.text(
+          "SELECT ACC_NAME || NUMTEXT(GROUP_CD) || ANOTHER_CD || CITY FROM ACCOUNT WHERE ACC_CD = 'X90015'"),
+      "ROUND OFF40S001.");
+  EXPECT_EQ(db.text("SELECT NAME || TAX_ACC || TAX_ACNM FROM DISCHTAX WHERE CODE = 32"),
+            "SGSTX90062OUTPUT CGST");
+  EXPECT_EQ(db.number("SELECT INVLINES FROM HIDELINESET WHERE SRNO = 1"), 30);
+  EXPECT_EQ(db.text("SELECT FILENM || SHEETNM || QUERYNM || NUMTEXT(HDLINES * 100 + INVLINES) || BTNNM FROM "
+                    "HIDELINESET WHERE SRNO = 8"),
+            "INVGEN1D_CCHLNPRN417CHALLAN");
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM ACCOUNT"), 9);
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM HIDELINESET"), 9);
+}
+
+TEST_F(SeedsTest, ASecondOpeningChangesNothingVisible) {
+  EnsureGroups(db);
+  const auto before = db.text(
+      "SELECT GROUP_CONCAT(GROUP_CD || GROUP_NAME || SUB_GROUP) FROM (SELECT * FROM GRP ORDER BY GROUP_CD)");
+  EnsureSettings(db, settings);
+  EnsureGroups(db);
+  EnsureAccounts(db);
+  EXPECT_EQ(db.text("SELECT GROUP_CONCAT(GROUP_CD || GROUP_NAME || SUB_GROUP) FROM (SELECT * FROM GRP ORDER "
+                    "BY GROUP_CD)"),
+            before);
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM SPSFILE"), 24);
+}
+
+TEST_F(SeedsTest, ATableWithoutTheColumnsStopsNothing) {
+  db.exec("DROP TABLE SPSFILE");
+  db.exec("CREATE TABLE SPSFILE (VOUCH_NO INTEGER)");
+  EnsureSettings(db, settings);
+  EXPECT_EQ(settings.mroundac, "before");
+}

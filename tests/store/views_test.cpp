@@ -1,0 +1,127 @@
+#include "store/views.h"
+
+#include <gtest/gtest.h>
+
+#include "company_fixture.h"
+
+namespace {
+
+class ViewsTest : public CompanyTest {
+ protected:
+  std::string plan(const std::string& statement) {
+    std::string all;
+    for (const auto& row : db.all("EXPLAIN QUERY PLAN " + statement, 7, "SA"))
+      all += row.text("detail") + "\n";
+    return all;
+  }
+
+  std::vector<std::string> names(const std::string& view) {
+    std::vector<std::string> all;
+    auto rows = db.query("SELECT * FROM " + view);
+    for (int i = 0; i < rows.count(); ++i) all.push_back(rows.names().at(i));
+    return all;
+  }
+};
+
+}  // namespace
+
+TEST_F(ViewsTest, ColumnsKeepTheirPlaceAndAreNamedByTheRule) {
+  const auto bill = names("GSTBLPRN");
+  ASSERT_EQ(bill.size(), 127u);
+  const std::vector<std::pair<size_t, std::string>> places = {
+      {0,   "SALE.VOUCH_NO"     },
+      {1,   "SALE.VOUCH_DT"     },
+      {2,   "BL_TYPE"           },
+      {7,   "PARTY_CD"          },
+      {28,  "SALEITM.VOUCH_NO"  },
+      {35,  "Rate"              },
+      {39,  "SALEITM.DESC1"     },
+      {50,  "ACCOUNT.ACC_NAME"  },
+      {54,  "ACCADD3"           },
+      {62,  "ACCOUNT_1.ACC_NAME"},
+      {79,  "ACCOUNT.EMAIL"     },
+      {80,  "EMAIL1"            },
+      {82,  "ACCOUNT.EMAIL_1"   },
+      {87,  "sale_rate2"        },
+      {126, "DESPSTATE"         }
+  };
+  for (const auto& [place, name] : places) EXPECT_EQ(bill[place], name) << place;
+  EXPECT_EQ(names("BLPRN").size(), 125u);
+  EXPECT_EQ(names("CHLNPRN").size(), 58u);
+  EXPECT_EQ(names("QUOTPRN").size(), 93u);
+  EXPECT_EQ(names("GSTTOTQRY"), (std::vector<std::string>{"CGSTRT", "SGSTRT", "IGSTRT", "CGSTTAX", "SGSTTAX",
+                                                          "IGSTTAX", "GSTVAL", "VOUCH_NO", "BOOK_CD"}));
+}
+
+TEST_F(ViewsTest, AColumnThatIsNotDeclaredReadsAsAnEmptyText) {
+  const auto text = savedQueries().front().select;
+  EXPECT_NE(text.find("'' AS STAX_NO, '' AS CST_NO"), std::string::npos) << text;
+  EXPECT_NE(text.find("BUYER.phone1 AS phone1, '' AS PHONE2"), std::string::npos);
+  EXPECT_EQ(text.find("BUYER.PHONE2"), std::string::npos);
+}
+
+TEST_F(ViewsTest, ABillIsReadWithItsLinesAndNames) {
+  db.exec(
+      "INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, STATECD) VALUES ('A00001', 'O''Brien', 24), ('A00002', "
+      "'Depot', 27)");
+  db.exec("INSERT INTO ITEM (ITEM_CD, ITEM_NAME, DEPT_CD) VALUES ('I0000001', 'Bolt', 'E001')");
+  db.exec("INSERT INTO ITEMDTL (ITEM_CD, SIZE_CD, SALE_RATE1) VALUES ('I0000001', 'PCS', 9)");
+  db.exec(
+      "INSERT INTO SALE (VOUCH_NO, BOOK_CD, PARTY_CD, CASH_CD, DESPATCH_FROM) VALUES (7, 'SA', 'a00001', "
+      "'A00002', 'X90002')");
+  db.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, PARTY_CD) VALUES (8, 'SA', 'A00001')");
+  db.exec(
+      "INSERT INTO SALEITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD, SIZE_CD, AMOUNT, CGSTRT, CGSTAMT) VALUES"
+      " (7, 'SA', 2, 'I0000001', 'PCS', 200, 9, 18), (7, 'SA', 1, 'GONE', 'PCS', 100, 9, 9), (7, 'SA', 3, "
+      "'MISC', '.', 50, 2.5, 1.25)");
+  const auto lines = db.all(
+      "SELECT * FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ? ORDER BY SR_NO", 7, "SA");
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_TRUE(lines[0].isNull("ITEM_NAME"));
+  EXPECT_EQ(lines[1].text("ITEM_NAME"), "Bolt");
+  EXPECT_EQ(lines[1].text("ACCOUNT.ACC_NAME"), "O'Brien");
+  EXPECT_EQ(lines[1].text("ACCOUNT_1.ACC_NAME"), "Depot");
+  EXPECT_EQ(lines[1].text("DESPACCNM"), "SALES A/C");
+  EXPECT_EQ(lines[1].text("sale_rate1"), "9");
+  EXPECT_EQ(lines[2].text("DEPT_NAME"), "MISC");
+  EXPECT_EQ(db.all("SELECT * FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ?", 8).size(), 1u)
+      << "a bill without lines";
+
+  std::string totals;
+  for (const auto& row :
+       db.all("SELECT * FROM GSTTOTQRY WHERE VOUCH_NO = 7 AND BOOK_CD = 'SA' ORDER BY CGSTRT"))
+    totals += row.text("CGSTRT") + ":" + row.text("CGSTTAX") + ":" + row.text("GSTVAL") + " ";
+  EXPECT_EQ(totals, "2.5:1.25:50 9:27:300 ");
+}
+
+TEST_F(ViewsTest, OneVouchersReadIsKeyed) {
+  for (const char* statement : {
+           "SELECT * FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ? ORDER BY "
+           "[SALE.VOUCH_NO], SR_NO",
+           "SELECT * FROM blprn WHERE VOUCH_NO = ? AND BOOK_CD = ? ORDER BY VOUCH_NO, SR_NO",
+           "SELECT * FROM CHLNPRN WHERE VOUCH_NO = ? AND BOOK_CD = ? ORDER BY VOUCH_NO, SR_NO",
+           "SELECT * FROM QUOTPRN WHERE [QUOT.VOUCH_NO] = ? AND ENTRY_TYP = ? ORDER BY [QUOT.VOUCH_NO], SRNO",
+           "SELECT * FROM GSTTOTQRY WHERE VOUCH_NO = ? AND BOOK_CD = ?",
+           "SELECT * FROM QUOTGSTTOT WHERE VOUCH_NO = ? AND ENTRY_TYP = ?",
+           "SELECT HSNCODE, SUM(AMOUNT) FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ? GROUP "
+           "BY HSNCODE",
+       }) {
+    const auto steps = plan(statement);
+    for (const char* table : {"SALE", "SALEITM", "ACCOUNT", "ITEM", "ITEMDTL", "CHLN", "CHLNITM", "QUOT",
+                              "QUOTITM", "BUYER", "DEPTMENT"})
+      EXPECT_EQ(steps.find("SCAN " + std::string(table) + " "), std::string::npos) << statement << "\n"
+                                                                                   << steps;
+    EXPECT_EQ(steps.find("SCAN SALE\n"), std::string::npos) << steps;
+    EXPECT_EQ(steps.find("SCAN QUOT\n"), std::string::npos) << steps;
+    EXPECT_EQ(steps.find("AUTOMATIC"), std::string::npos) << statement << "\n" << steps;
+  }
+}
+
+TEST_F(ViewsTest, RemakingDropsWhatIsNotOurs) {
+  db.exec("CREATE VIEW MINE AS SELECT 1 AS A");
+  db.exec("DROP VIEW GSTTOTQRY");
+  RemakeViews(db);
+  EXPECT_EQ(db.text("SELECT GROUP_CONCAT(name) FROM (SELECT name FROM sqlite_master WHERE type = 'view' "
+                    "ORDER BY name COLLATE BINARY)"),
+            "CHLNPRN,GSTBLPRN,GSTTOTQRY,QUOTGSTTOT,QUOTPRN,blprn");
+}
