@@ -1,0 +1,216 @@
+#include "platform/workbook/container.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <zip.h>
+
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+
+#include "platform/workbook/xml.h"
+
+namespace workbook {
+namespace {
+
+constexpr uint64_t kMaxFile = 64u << 20, kMaxPart = 48u << 20, kMaxParts = 4096;
+
+struct FileCloser {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, FileCloser>;
+
+struct ZipFileCloser {
+  void operator()(zip_file_t* file) const { zip_fclose(file); }
+};
+
+std::string lower(std::string_view text) {
+  std::string out(text);
+  for (char& c : out)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  return out;
+}
+
+std::string partKey(std::string_view name) {
+  std::string key = lower(name);
+  for (char& c : key)
+    if (c == '\\') c = '/';
+  return key.starts_with('/') ? key.substr(1) : key;
+}
+
+std::string resolved(std::string_view base, std::string_view target) {
+  std::string path;
+  if (target.starts_with('/'))
+    path = target.substr(1);
+  else if (const size_t slash = base.rfind('/'); slash != std::string_view::npos)
+    path.append(base.substr(0, slash + 1)).append(target);
+  else
+    path = target;
+  return std::filesystem::path(path).lexically_normal().generic_string();
+}
+
+void writeFile(const std::string& path, std::string_view bytes, const std::string& name) {
+  const std::string temporary = path + "~" + std::to_string(getpid());
+  File file(std::fopen(temporary.c_str(), "wb"));
+  bool whole = file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
+               std::fflush(file.get()) == 0 && fsync(fileno(file.get())) == 0;
+  std::string reason = std::strerror(errno);
+  if (file && std::fclose(file.release()) != 0) {
+    whole = false;
+    reason = std::strerror(errno);
+  }
+  if (whole && std::rename(temporary.c_str(), path.c_str()) != 0) {
+    whole = false;
+    reason = std::strerror(errno);
+  }
+  if (whole) return;
+  std::remove(temporary.c_str());
+  throw WorkbookError(name + " cannot be written to " + path + ": " + reason + ".");
+}
+
+}  // namespace
+
+std::string relationsPart(std::string_view part) {
+  const size_t slash = part.rfind('/');
+  const size_t name = slash == std::string_view::npos ? 0 : slash + 1;
+  return std::string(part.substr(0, name)) + "_rels/" + std::string(part.substr(name)) + ".rels";
+}
+
+void Container::Closer::operator()(struct zip* archive) const { zip_discard(archive); }
+
+Container Container::open(const std::string& path) {
+  const std::string name = std::filesystem::path(path).filename().string();
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0) {
+    if (errno == ENOENT || errno == ENOTDIR) throw WorkbookError("The workbook " + path + " is missing.");
+    throw WorkbookError("The workbook " + path + " cannot be read: " + std::strerror(errno) + ".");
+  }
+  if (!S_ISREG(status.st_mode)) throw WorkbookError(path + " is not a workbook.");
+  if (static_cast<uint64_t>(status.st_size) > kMaxFile)
+    throw WorkbookError("The workbook " + name + " is too large.");
+  const File file(std::fopen(path.c_str(), "rb"));
+  std::string bytes(static_cast<size_t>(status.st_size), '\0');
+  if (!file || std::fread(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
+    throw WorkbookError("The workbook " + path + " cannot be read: " + std::strerror(errno) + ".");
+  return Container(std::move(bytes), name);
+}
+
+Container Container::fromBytes(std::string bytes, std::string name) {
+  return Container(std::move(bytes), std::move(name));
+}
+
+Container::Container(std::string bytes, std::string name)
+    : bytes_(std::make_unique<std::string>(std::move(bytes))), name_(std::move(name)) {
+  if (bytes_->size() > kMaxFile) throw WorkbookError("The workbook " + name_ + " is too large.");
+  if (!bytes_->starts_with("PK"))
+    throw WorkbookError(name_ + (bytes_->starts_with("\xD0\xCF\x11\xE0")
+                                     ? " is not an .xlsx workbook: it is of the older .xls kind, or it is "
+                                       "protected by a password."
+                                     : " is not a workbook."));
+  zip_error_t error;
+  zip_error_init(&error);
+  zip_source_t* source = zip_source_buffer_create(bytes_->data(), bytes_->size(), 0, &error);
+  zip_t* archive = source ? zip_open_from_source(source, ZIP_RDONLY, &error) : nullptr;
+  zip_error_fini(&error);
+  if (!archive) {
+    if (source) zip_source_free(source);
+    damaged();
+  }
+  archive_.reset(archive);
+  const zip_int64_t count = zip_get_num_entries(archive, 0);
+  if (count > static_cast<zip_int64_t>(kMaxParts))
+    throw WorkbookError("The workbook " + name_ + " is too large.");
+  for (zip_uint64_t i = 0; i < static_cast<zip_uint64_t>(count); ++i)
+    if (const char* part = zip_get_name(archive, i, ZIP_FL_ENC_GUESS)) parts_.emplace(partKey(part), i);
+  if (!has("[Content_Types].xml")) throw WorkbookError(name_ + " is not a workbook.");
+}
+
+void Container::damaged() const {
+  throw WorkbookError("The workbook " + name_ + " is damaged or cut short.");
+}
+
+bool Container::has(std::string_view part) const { return parts_.contains(partKey(part)); }
+
+std::string Container::read(std::string_view part) const {
+  const auto found = parts_.find(partKey(part));
+  if (found == parts_.end()) damaged();
+  zip_stat_t status;
+  if (zip_stat_index(archive_.get(), found->second, 0, &status) != 0 || !(status.valid & ZIP_STAT_SIZE))
+    damaged();
+  if (status.size > kMaxPart) throw WorkbookError("The workbook " + name_ + " is too large.");
+  const std::unique_ptr<zip_file_t, ZipFileCloser> file(zip_fopen_index(archive_.get(), found->second, 0));
+  if (!file) damaged();
+  // The size is only what the file says of itself: one byte more is asked for, which also
+  // makes the checksum be compared at the end.
+  std::string bytes(static_cast<size_t>(status.size) + 1, '\0');
+  size_t filled = 0;
+  while (filled < bytes.size()) {
+    const zip_int64_t got = zip_fread(file.get(), bytes.data() + filled, bytes.size() - filled);
+    if (got < 0) damaged();
+    if (got == 0) break;
+    filled += static_cast<size_t>(got);
+  }
+  if (filled != status.size) damaged();
+  bytes.resize(filled);
+  return bytes;
+}
+
+std::vector<Relation> Container::relations(std::string_view part) const {
+  std::vector<Relation> found;
+  const std::string name = relationsPart(part);
+  if (!has(name)) return found;
+  const xml::Document document(*this, name);
+  for (const xml::Node node : xml::children(document.root(), "Relationship")) {
+    const std::string_view type = xml::text(node, "Type");
+    const bool outside = xml::text(node, "TargetMode") == "External";
+    found.push_back({.id = std::string(xml::text(node, "Id")),
+                     .type = std::string(type.substr(type.rfind('/') + 1)),
+                     .target = outside ? "" : resolved(part, xml::text(node, "Target"))});
+  }
+  return found;
+}
+
+std::string Container::written(const PartChanges& changes) const {
+  zip_error_t error;
+  zip_error_init(&error);
+  zip_source_t* source = zip_source_buffer_create(bytes_->data(), bytes_->size(), 0, &error);
+  if (!source) damaged();
+  zip_source_keep(source);
+  const std::unique_ptr<zip_source_t, void (*)(zip_source_t*)> kept(source, zip_source_free);
+  std::unique_ptr<zip_t, Closer> archive(zip_open_from_source(source, 0, &error));
+  if (!archive) {
+    zip_source_free(source);
+    damaged();
+  }
+  for (const std::string& part : changes.removed)
+    if (const auto found = parts_.find(partKey(part)); found != parts_.end())
+      zip_delete(archive.get(), found->second);
+  for (const auto& [part, bytes] : changes.replaced) {
+    const auto found = parts_.find(partKey(part));
+    if (found == parts_.end()) continue;
+    zip_source_t* content = zip_source_buffer(archive.get(), bytes.data(), bytes.size(), 0);
+    if (!content || zip_file_replace(archive.get(), found->second, content, 0) != 0) {
+      if (content) zip_source_free(content);
+      damaged();
+    }
+    zip_set_file_compression(archive.get(), found->second, ZIP_CM_DEFLATE, 3);
+  }
+  if (zip_close(archive.get()) != 0) damaged();
+  archive.release();
+
+  zip_stat_t status;
+  if (zip_source_stat(source, &status) != 0 || zip_source_open(source) != 0) damaged();
+  std::string bytes(static_cast<size_t>(status.size), '\0');
+  const zip_int64_t got = zip_source_read(source, bytes.data(), bytes.size());
+  zip_source_close(source);
+  if (got != static_cast<zip_int64_t>(bytes.size())) damaged();
+  return bytes;
+}
+
+void Container::save(const std::string& path, const PartChanges& changes) const {
+  writeFile(path, changes.replaced.empty() && changes.removed.empty() ? *bytes_ : written(changes),
+            "The workbook " + name_);
+}
+
+}  // namespace workbook

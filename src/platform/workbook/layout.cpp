@@ -1,0 +1,208 @@
+#include "platform/workbook/layout.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+
+namespace workbook {
+namespace {
+
+// What rounding may take away without a row being pushed to the next page.
+constexpr double kSlack = 0.5;
+constexpr size_t kMaxPages = 2000;
+
+struct Strip {
+  int index;
+  double size;
+};
+using Strips = std::vector<Strip>;
+
+Strips visible(int first, int last, const std::function<double(int)>& size) {
+  Strips lines;
+  for (int i = first; i <= last; ++i)
+    if (const double own = size(i); own > 0) lines.push_back({i, own});
+  return lines;
+}
+
+double total(const Strips& lines) {
+  double sum = 0;
+  for (const Strip& line : lines) sum += line.size;
+  return sum;
+}
+
+struct Group {
+  size_t first = 0, last = 0;  // last: one behind
+  bool titled = false;
+};
+
+// One direction of the sheet: the lines of an area and the lines repeated before them.
+struct Axis {
+  Strips lines, titles{};
+  int titlesEnd = 0;
+  std::vector<int> breaks{};
+  double room = 0;  // on the paper
+
+  // A page ends where the next line would not fit, or behind a break. A line larger than the
+  // page stands alone on one.
+  std::vector<Group> groups(double scale) const {
+    std::vector<Group> found;
+    const double titleSize = total(titles) * scale;
+    size_t start = 0;
+    while (start < lines.size()) {
+      // Titles stand on the pages behind those where they stand anyway.
+      Group group{.first = start, .last = start, .titled = !titles.empty() && lines[start].index > titlesEnd};
+      const double free = room - (group.titled ? titleSize : 0) + kSlack;
+      double used = 0;
+      while (group.last < lines.size()) {
+        const double next = used + lines[group.last].size;
+        if (group.last > start &&
+            (next * scale > free || broken(lines[group.last - 1].index, lines[group.last].index)))
+          break;
+        used = next;
+        ++group.last;
+      }
+      start = group.last;
+      found.push_back(group);
+    }
+    return found;
+  }
+
+  bool broken(int before, int behind) const {
+    const auto found = std::lower_bound(breaks.begin(), breaks.end(), before);
+    return found != breaks.end() && *found < behind;
+  }
+
+  std::vector<Slice> slices(const Group& group, double scale, double start, bool centred) const {
+    std::vector<Slice> found;
+    const auto add = [&](const Strip& line) {
+      found.push_back({.index = line.index, .at = 0, .size = line.size});
+    };
+    if (group.titled) std::for_each(titles.begin(), titles.end(), add);
+    std::for_each(lines.begin() + static_cast<std::ptrdiff_t>(group.first),
+                  lines.begin() + static_cast<std::ptrdiff_t>(group.last), add);
+    double size = 0;
+    for (Slice& slice : found) {
+      slice.at = start + size * scale;
+      size += slice.size;
+      slice.size *= scale;
+    }
+    const double shift = centred ? std::max(room - size * scale, 0.0) / 2 : 0;
+    for (Slice& slice : found) slice.at += shift;
+    return found;
+  }
+};
+
+// The cells that print something: contents, fills and borders.
+CellBlock usedBlock(const Model& model, const SheetModel& sheet) {
+  CellBlock used{.firstRow = 1, .firstColumn = 1, .lastRow = 0, .lastColumn = 0};
+  for (const auto& [number, row] : sheet.rows)
+    for (const Cell& cell : row.cells) {
+      const CellStyle& style = model.styles.style(cell.style);
+      const Border& border = style.border;
+      const bool lined = border.left.line != Line::None || border.right.line != Line::None ||
+                         border.top.line != Line::None || border.bottom.line != Line::None;
+      if (cell.value.empty() && cell.formula < 0 && !style.fill && !lined) continue;
+      used.lastRow = std::max(used.lastRow, number);
+      used.lastColumn = std::max(used.lastColumn, cell.column);
+    }
+  for (const CellBlock& merge : sheet.merges)
+    if (merge.firstRow <= used.lastRow && merge.firstColumn <= used.lastColumn) {
+      used.lastRow = std::max(used.lastRow, merge.lastRow);
+      used.lastColumn = std::max(used.lastColumn, merge.lastColumn);
+    }
+  for (const Picture& picture : sheet.pictures) {
+    const Anchor& end = picture.to ? *picture.to : picture.from;
+    used.lastRow = std::max(used.lastRow, end.row);
+    used.lastColumn = std::max(used.lastColumn, end.column);
+  }
+  return used;
+}
+
+// A print area of whole columns or rows ends with the cells that are used.
+CellBlock clipped(CellBlock area, const CellBlock& used) {
+  if (area.lastRow == kMaxRow) area.lastRow = std::max(used.lastRow, area.firstRow);
+  if (area.lastColumn == kMaxColumn) area.lastColumn = std::max(used.lastColumn, area.firstColumn);
+  return area;
+}
+
+// The largest whole percent, not above 100, at which the area takes no more pages than allowed.
+double fittingScale(const PageSetup& page, const Axis& down, const Axis& across) {
+  const auto fits = [](const Axis& axis, int pages, double scale) {
+    return pages == 0 || axis.groups(scale).size() <= static_cast<size_t>(pages);
+  };
+  for (int percent = 100; percent > 10; --percent)
+    if (fits(across, page.fitWidth, percent / 100.0) && fits(down, page.fitHeight, percent / 100.0))
+      return percent / 100.0;
+  return 0.1;
+}
+
+}  // namespace
+
+double rowHeight(const SheetModel& sheet, int row) {
+  const auto found = sheet.rows.find(row);
+  if (found == sheet.rows.end()) return sheet.defaultHidden ? 0 : sheet.defaultHeight;
+  return found->second.hidden ? 0 : found->second.height.value_or(sheet.defaultHeight);
+}
+
+double columnWidth(const SheetModel& sheet, int column) {
+  const ColumnSpan* span = sheet.span(column);
+  if (span && span->hidden) return 0;
+  const double width = span ? span->width : sheet.defaultWidth;
+  // Characters of 7 pixels, counted in 256ths, in whole pixels of 3/4 point.
+  return std::trunc((256 * width + std::trunc(128.0 / 7)) / 256 * 7) * 0.75;
+}
+
+SheetLayout layOut(const Model& model, const SheetModel& sheet) {
+  const PageSetup& page = sheet.page;
+  SheetLayout layout;
+  layout.scale = page.fit ? 1 : page.scale;
+  const CellBlock used = usedBlock(model, sheet);
+  std::vector<CellBlock> areas = sheet.printAreas;
+  if (areas.empty() && used.lastRow > 0 && used.lastColumn > 0) areas.push_back(used);
+
+  const auto height = [&](int row) { return rowHeight(sheet, row); };
+  const auto width = [&](int column) { return columnWidth(sheet, column); };
+  std::vector<std::pair<Axis, Axis>> parts;
+  for (const CellBlock& whole : areas) {
+    const CellBlock area = clipped(whole, used);
+    Axis down{.lines = visible(area.firstRow, area.lastRow, height)};
+    Axis across{.lines = visible(area.firstColumn, area.lastColumn, width)};
+    down.room = std::max(page.height - page.top - page.bottom, 1.0);
+    across.room = std::max(page.width - page.left - page.right, 1.0);
+    if (sheet.titleRows) {
+      down.titles = visible(sheet.titleRows->firstRow, sheet.titleRows->lastRow, height);
+      down.titlesEnd = sheet.titleRows->lastRow;
+    }
+    if (sheet.titleColumns) {
+      across.titles = visible(sheet.titleColumns->firstColumn, sheet.titleColumns->lastColumn, width);
+      across.titlesEnd = sheet.titleColumns->lastColumn;
+    }
+    if (!page.fit) {
+      down.breaks = sheet.rowBreaks;
+      across.breaks = sheet.columnBreaks;
+    } else {
+      layout.scale = std::min(layout.scale, fittingScale(page, down, across));
+    }
+    parts.emplace_back(std::move(down), std::move(across));
+  }
+
+  int number = page.firstPage.value_or(1);
+  for (const auto& [down, across] : parts) {
+    const auto rows = down.groups(layout.scale), columns = across.groups(layout.scale);
+    if (rows.size() * columns.size() + layout.pages.size() > kMaxPages)
+      throw WorkbookError("The sheet " + sheet.name + " would need more than 2,000 pages.");
+    const size_t outer = page.overThenDown ? rows.size() : columns.size();
+    const size_t inner = page.overThenDown ? columns.size() : rows.size();
+    for (size_t i = 0; i < outer; ++i)
+      for (size_t k = 0; k < inner; ++k) {
+        const Group& row = rows[page.overThenDown ? i : k];
+        const Group& column = columns[page.overThenDown ? k : i];
+        layout.pages.push_back({.rows = down.slices(row, layout.scale, page.top, page.centreDown),
+                                .columns = across.slices(column, layout.scale, page.left, page.centreAcross),
+                                .number = number++});
+      }
+  }
+  return layout;
+}
+
+}  // namespace workbook

@@ -1,0 +1,125 @@
+#include <algorithm>
+
+#include "base/text.h"
+#include "platform/workbook/evaluate.h"
+#include "platform/workbook/model.h"
+#include "platform/workbook/xml.h"
+
+// The workbook part: sheets, shared texts, styles, defined names.
+namespace workbook {
+namespace {
+
+struct Parts {
+  std::string styles, theme, texts;
+  std::vector<Relation> relations;
+};
+
+std::string mainPart(const Container& container) {
+  for (const Relation& relation : container.relations(""))
+    if (relation.type == "officeDocument" && container.has(relation.target)) return relation.target;
+  throw WorkbookError(container.name() + " is not a workbook.");
+}
+
+Parts partsOf(Model& model) {
+  Parts parts;
+  parts.relations = model.container.relations(model.workbookPart);
+  for (const Relation& relation : parts.relations) {
+    if (relation.type == "styles") parts.styles = relation.target;
+    if (relation.type == "theme") parts.theme = relation.target;
+    if (relation.type == "sharedStrings") parts.texts = relation.target;
+    if (relation.type == "calcChain") model.calculationChain = relation.target;
+  }
+  return parts;
+}
+
+std::vector<std::string> sharedTexts(const Container& container, const std::string& part) {
+  std::vector<std::string> texts;
+  if (!container.has(part)) return texts;
+  const xml::Document document(container, part);
+  for (const xml::Node node : document.root().children())
+    if (xml::is(node, "si")) texts.push_back(flatText(node));
+  return texts;
+}
+
+void readNames(Model& model, xml::Node root) {
+  for (const xml::Node node : xml::children(xml::child(root, "definedNames"), "definedName")) {
+    DefinedName name{.name = std::string(xml::text(node, "name")),
+                     .sheet = xml::whole(node, "localSheetId", -1),
+                     .text = node.text().get(),
+                     .expression = nullptr};
+    if (name.sheet < static_cast<int>(model.sheets.size())) model.names.push_back(std::move(name));
+  }
+}
+
+// "Bill!$A$1:$H$60,Bill!$A$70:$H$90" as blocks of the sheet.
+std::vector<CellBlock> blocksIn(Model& model, int sheet, std::string_view text) {
+  std::vector<CellBlock> blocks;
+  size_t start = 0;
+  bool quoted = false;
+  Evaluator evaluator(model);
+  for (size_t at = 0; at <= text.size(); ++at) {
+    if (at < text.size() && text[at] == '\'') quoted = !quoted;
+    if (at < text.size() && (text[at] != ',' || quoted)) continue;
+    try {
+      const Operand found = evaluator.reference(trim(text.substr(start, at - start)), {.sheet = sheet});
+      const Block& block = std::get<Block>(found);
+      if (block.sheet == sheet)
+        blocks.push_back({block.firstRow, block.firstColumn, block.lastRow, block.lastColumn});
+    } catch (const Failure&) {
+      // A print area whose sheet or cells were deleted: the whole sheet is printed.
+    }
+    start = at + 1;
+  }
+  return blocks;
+}
+
+void settlePrintNames(Model& model) {
+  for (const DefinedName& name : model.names) {
+    if (name.sheet < 0) continue;
+    SheetModel& sheet = model.sheets[static_cast<size_t>(name.sheet)];
+    if (name.name == "_xlnm.Print_Area") {
+      sheet.printAreas = blocksIn(model, name.sheet, name.text);
+    } else if (name.name == "_xlnm.Print_Titles") {
+      for (const CellBlock& block : blocksIn(model, name.sheet, name.text)) {
+        if (block.lastColumn - block.firstColumn == kMaxColumn - 1)
+          sheet.titleRows = block;
+        else if (block.lastRow - block.firstRow == kMaxRow - 1)
+          sheet.titleColumns = block;
+      }
+    }
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<Model> loadModel(Container container) {
+  auto model = std::make_unique<Model>(std::move(container));
+  model->workbookPart = mainPart(model->container);
+  const Parts parts = partsOf(*model);
+  model->styles = Styles(model->container, parts.styles, parts.theme);
+  const std::vector<std::string> texts = sharedTexts(model->container, parts.texts);
+
+  const xml::Document document(model->container, model->workbookPart);
+  const xml::Node root = document.root();
+  if (!xml::is(root, "workbook")) throw WorkbookError(model->container.name() + " is not a workbook.");
+  if (xml::flag(xml::child(root, "workbookPr"), "date1904"))
+    model->loadWarnings.push_back(
+        "The workbook counts its dates from 1904: they are shown four years early.");
+  for (const xml::Node node : xml::children(xml::child(root, "sheets"), "sheet")) {
+    SheetModel sheet;
+    sheet.name = xml::text(node, "name");
+    const std::string_view id = xml::prefixed(node, "id");
+    for (const Relation& relation : parts.relations)
+      if (relation.id == id && relation.type == "worksheet") sheet.part = relation.target;
+    model->sheets.push_back(std::move(sheet));
+  }
+  if (model->sheets.empty()) throw WorkbookError(model->container.name() + " has no sheets.");
+  readNames(*model, root);
+  for (size_t i = 0; i < model->sheets.size(); ++i)
+    if (!model->sheets[i].part.empty()) loadSheet(*model, static_cast<int>(i), texts);
+  settlePrintNames(*model);
+  model->warnings = model->loadWarnings;
+  return model;
+}
+
+}  // namespace workbook

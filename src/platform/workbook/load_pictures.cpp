@@ -1,0 +1,69 @@
+#include <algorithm>
+
+#include "platform/workbook/model.h"
+#include "platform/workbook/xml.h"
+
+// Pictures of a sheet's drawing part: PNG and JPEG, anchored to cells or to the sheet.
+namespace workbook {
+namespace {
+
+using xml::Node;
+
+double points(double units) { return std::clamp(units / 12700, -1e6, 1e6); }
+
+Anchor anchor(Node node) {
+  const auto number = [&](const char* name) { return xml::child(node, name).text().as_double(); };
+  const auto place = [&](const char* name, int most) {
+    return static_cast<int>(std::clamp(number(name), 0.0, most - 1.0)) + 1;
+  };
+  return {.row = place("row", kMaxRow),
+          .column = place("col", kMaxColumn),
+          .x = points(number("colOff")),
+          .y = points(number("rowOff"))};
+}
+
+bool drawable(std::string_view bytes) {
+  return bytes.starts_with("\x89PNG") || bytes.starts_with("\xFF\xD8\xFF");
+}
+
+}  // namespace
+
+void loadPictures(Model& model, SheetModel& sheet, const std::string& part) {
+  if (!model.container.has(part)) return;
+  const auto relations = model.container.relations(part);
+  std::map<std::string, std::shared_ptr<const std::string>> files;
+  const xml::Document document(model.container, part);
+  for (const Node node : document.root().children()) {
+    const Node picture = xml::child(node, "pic");
+    if (!picture) continue;
+    const std::string_view id = xml::prefixed(xml::child(xml::child(picture, "blipFill"), "blip"), "embed");
+    const auto relation =
+        std::find_if(relations.begin(), relations.end(), [&](const Relation& r) { return r.id == id; });
+    if (relation == relations.end() || !model.container.has(relation->target)) continue;
+    auto& bytes = files[relation->target];
+    if (!bytes) bytes = std::make_shared<const std::string>(model.container.read(relation->target));
+    if (!drawable(*bytes)) {
+      model.loadWarnings.push_back("Sheet " + sheet.name + ": " + relation->target +
+                                   " is neither PNG nor JPEG and is left out.");
+      continue;
+    }
+    Picture result{.from = anchor(xml::child(node, "from")), .to = {}, .bytes = bytes};
+    const Node own = xml::child(xml::child(xml::child(picture, "spPr"), "xfrm"), "ext");
+    const Node size = xml::child(node, "ext") ? xml::child(node, "ext") : own;
+    result.width = points(xml::number(size, "cx").value_or(0));
+    result.height = points(xml::number(size, "cy").value_or(0));
+    const std::string_view moves = xml::text(node, "editAs");
+    const bool sized = (moves == "oneCell" || moves == "absolute") && result.width > 0 && result.height > 0;
+    if (xml::is(node, "twoCellAnchor") && !sized) result.to = anchor(xml::child(node, "to"));
+    if (xml::is(node, "absoluteAnchor")) {
+      const Node at = xml::child(node, "pos");
+      result.from = {.row = 0,
+                     .column = 0,
+                     .x = points(xml::number(at, "x").value_or(0)),
+                     .y = points(xml::number(at, "y").value_or(0))};
+    }
+    sheet.pictures.push_back(std::move(result));
+  }
+}
+
+}  // namespace workbook
