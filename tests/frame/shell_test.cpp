@@ -1,0 +1,379 @@
+#include "frame/frmstartup.h"
+#include "frame/links.h"
+#include "frame/menu.h"
+#include "frame/routines.h"
+#include "frame_fixture.h"
+
+namespace {
+
+std::string lines(const std::vector<std::string>& texts) {
+  std::string all;
+  for (const auto& t : texts) all += t + "\n";
+  return all;
+}
+
+class Shell : public FrameTest {
+ protected:
+  Shell() { openShell(); }
+};
+
+TEST_F(FrameTest, WithoutACatalogueTheProgramEnds) {
+  std::filesystem::remove(folder_ / "comp.mdb");
+  EXPECT_FALSE(startUp(host_, folder_.path()));
+  EXPECT_EQ(host_.lastMessage() + "|" + host_.messages.back().title, "No Database Found|Mirav Message");
+  EXPECT_TRUE(host_.quitting());
+}
+
+TEST_F(FrameTest, ABrokenCatalogueIsSaid) {
+  std::filesystem::resize_file(folder_ / "comp.mdb", 700);
+  EXPECT_FALSE(startUp(host_, folder_.path()));
+  EXPECT_EQ(host_.messages.size(), 1u);
+  EXPECT_TRUE(host_.quitting());
+}
+
+TEST_F(FrameTest, StartMakesWhatTheFolderLacks) {
+  std::filesystem::remove(folder_ / "SMPL.MDB");
+  startUp(host_, std::filesystem::path(folder_.path().string() + "/"));
+  EXPECT_EQ(session().mapppath, folder_.path().string());
+  EXPECT_TRUE(std::filesystem::is_directory(folder_ / "BILLS"));
+  Database made;
+  made.open(folder_ / "SMPL.MDB");
+  EXPECT_EQ(made.text("SELECT ITEM_NAME FROM ITEM"), "MISC");
+  EXPECT_TRUE(session().mfirstuser);
+  EXPECT_EQ(session().mcolor1, 0xFAFAF0);
+}
+
+TEST_F(FrameTest, ScreenFactorsFollowTheTwips) {
+  struct {
+    double t, x, y;
+  } const cases[] = {
+      {15, 1024 / 800.0,       768 / 600.0      },
+      {12, 1024 * 0.8 / 800.0, 768 * 0.8 / 600.0},
+      {10, 1024 / 1.5 / 800.0, 768 / 1.5 / 600.0},
+      {20, 0,                  0                },
+  };
+  for (const auto& c : cases) {
+    // The screen's size in twips is that of 1024 x 768 pixels.
+    host_.screenSize = {1024 * c.t, 768 * c.t, c.t, c.t};
+    Session s;
+    s.mbasewidth = 800;
+    s.mbaseheight = 600;
+    setScreenFactors(s, host_.screenSize);
+    EXPECT_NEAR(s.mxscale, c.x, 1e-9) << c.t;
+    EXPECT_NEAR(s.myscale, c.y, 1e-9) << c.t;
+  }
+}
+
+TEST_F(FrameTest, TheSplashCountsToFourAndOpensTheShell) {
+  std::string order;
+  openingRoutines() = {[&] { order += "receipts "; },
+                       [] { throw DatabaseError(DatabaseError::Kind::other, "M00125.mdb", "no such table"); },
+                       [&] { order += "challans "; }};
+  startUp(host_, folder_.path());
+  host_.enter();
+  const char* words[] = {"Initializing.....", "Loading components.....", "Integrating Database...."};
+  for (const char* w : words) {
+    host_.tick();
+    EXPECT_EQ(host_.text("Label1"), w);
+    EXPECT_TRUE(host_.isBusy);
+  }
+  EXPECT_EQ(host_.at("Bar").value, 3);
+  EXPECT_EQ(order, "");
+  data().exec("UPDATE ACCOUNT SET OP_BAL = 250 WHERE ACC_CD = 'X90005'");
+  host_.tick();
+  openingRoutines().clear();
+  EXPECT_EQ(order, "receipts challans ");
+  EXPECT_EQ(host_.onTop(), "frmmain");
+  EXPECT_EQ(host_.find("frmStartup"), nullptr);
+  EXPECT_FALSE(host_.isBusy);
+  EXPECT_TRUE(host_.messages.empty());
+  EXPECT_EQ(data().number("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = 'X90005'"), 250);
+}
+
+TEST_F(FrameTest, TheShellReadsPeriodAndDetailsBeforeItShows) {
+  Database year;
+  year.open(folder_ / "M00125.mdb");
+  year.exec("DELETE FROM SPSFILE WHERE VOUCH_NO IN (211, 371)");
+  year.exec("UPDATE SPSFILE SET VOUCH_DT = '2026-03-31' WHERE VOUCH_NO = 212");
+  year.exec("DELETE FROM ACCOUNT WHERE ACC_CD = 'X90061'");
+  year.exec(
+      "INSERT INTO COMP_DET (COMPNM, ADDRS, GSTINNO, STATECD) VALUES ('SHREE', 'STATION RD', '24X', '24')");
+  year.close();
+  openShell();
+
+  EXPECT_EQ(host_.screen().caption,
+            "SHREE TRADERS : 2526  :  M - 1.01 Accounting Period : 01/Apr/2023 TO 31/Mar/2026");
+  EXPECT_EQ(host_.screen().panels[0], "SHREE TRADERS : FROM 01/04/23 TO 31/03/26");
+  EXPECT_EQ(host_.screen().panels[2], "15/Jun/2026");
+  EXPECT_EQ(data().text("SELECT ACC_NAME FROM ACCOUNT WHERE ACC_CD = 'X90061'"), "OUTPUT CGST");
+  EXPECT_EQ(data().number("SELECT COUNT(*) FROM SPSFILE WHERE VOUCH_NO IN (211, 371)"), 2);
+  const Session& s = session();
+  EXPECT_EQ(s.mcad1 + s.mgstinno + s.mstatecd + s.mcity, "STATION RD24X24");
+  EXPECT_EQ(s.mmobile, "9090909090");
+  EXPECT_TRUE(s.mdesignson);
+  EXPECT_EQ(s.mhelpline,
+            "'15/Jun/2026' : Press ::  F2 ::  Button To Get Current Date \r\n"
+            "'01/Apr/2023' : Press ::  F1 ::  Button To Get First Date of Accounting Period \r\n"
+            "'31/Mar/2026' : Press ::  F3 ::  Button To Last Date of Accounting Period \r\n"
+            "'16/Jun/2026' : Press ::  Up Arrow ::  Button Get Next Date\r\n"
+            "'14/Jun/2026' : Press ::  Down Arrow ::  Button Get Previous Date\r\n"
+            "'15/Jul/2026' : Press ::  Page Up ::  Button Get Next Month Date\r\n"
+            "'15/May/2026' : Press ::  Page Down ::  Button Get Previous Month Date");
+}
+
+TEST_F(FrameTest, ATableThatIsMissingIsNotSeeded) {
+  Database year;
+  year.open(folder_ / "M00125.mdb");
+  for (const char* table : {"SALE", "RPTPAY", "GRP", "COMP_DET", "SPSFILE"})
+    year.exec(std::string("DROP TABLE ") + table);
+  year.close();
+  openShell();
+  EXPECT_EQ(host_.onTop(), "frmmain");
+  EXPECT_TRUE(host_.messages.empty());
+  EXPECT_FALSE(CheckTable("GRP"));
+  EXPECT_TRUE(CheckTable("account"));
+}
+
+TEST_F(Shell, HasTheMenusInTheirOrder) {
+  std::vector<std::string> seen;
+  for (const MenuEntry& menu : host_.shell()->menus) {
+    seen.push_back(menu.caption + " " + menu.control);
+    for (const MenuEntry& e : menu.entries)
+      seen.push_back("  " + e.caption + " " + e.control + (e.index < 0 ? "" : " " + std::to_string(e.index)));
+  }
+  EXPECT_EQ(lines(seen), R"(&MASTERS mnumstr
+  &Account Master mnumast 1
+  &Category Master mnumast 3
+  &Item Master mnumast 4
+E&NTRY mnutrns
+  GST Sales Entry mnutrans
+  Quotation mnutrans
+  Delivery Challan mnutrans
+  Receipts mnutrans
+  Purchase mnutrans
+  Payments mnutrans
+ &LISTS  mnulists
+  Party List Print MNULIST
+  Address Card Print MNULIST
+  Category List MNULIST
+  Product List Print MNULIST
+  Closing Balance List MNULIST
+ &REPORTS  mnurpts
+  GSTR-1 RD Sales Register GSTLIST
+  GSTR-1 URD Sales Register GSTLIST
+  Sales Bill Register SALERPT 0
+  Sale Bill Detailed Register SALERPT 1
+  Quotation Register SALERPT 2
+  Quotation Detail Register SALERPT 3
+  Challan Register SALERPT 4
+  Challan Detail Register SALERPT 5
+  Receipt Register SALERPT
+  Partty Ledger SALERPT
+  T-Ledger SALERPT
+  Outstanding LIst SALERPT
+ &UTILITIES  mnuutils
+  Posting UTIL1 0
+  Company Details Set UTIL1 1
+  Voucher Format Set UTIL1 6
+  Year End mnuyrend
+  Video Training mnuvideotrning
+  Training Book Pdf mnutrngbkpdf
+  Update Software mnupdtsoft
+  Database Check mnupdtstrct
+&EXIT mnuexit
+)");
+}
+
+TEST_F(Shell, EntriesFillTheSession) {
+  struct {
+    const char *caption, *entrytype, *reportkey, *mastkey;
+  } const cases[] = {
+      {"Category Master",           "kept",        "kept",      "catg"},
+      {"Quotation",                 "QUOTATION",   "kept",      "kept"},
+      {"Delivery Challan",          "CH",          "kept",      "kept"},
+      {"Payments",                  "PAYMENT",     "kept",      "kept"},
+      {"Address Card Print",        "",            "adcard",    "kept"},
+      {"GSTR-1 URD Sales Register", "",            "GSTR1-URD", "kept"},
+      {"Partty Ledger",             "",            "LEDGERS",   "kept"},
+      {"Posting",                   "kept",        "kept",      "kept"},
+      {"Voucher Format Set",        "HIDELINEEXL", "kept",      "kept"},
+  };
+  for (const auto& c : cases) {
+    Session& s = session();
+    s.mentrytype = s.mreportkey = s.mmastkey = "kept";
+    EXPECT_TRUE(host_.choose(c.caption));
+    EXPECT_EQ(s.mentrytype, c.entrytype) << c.caption;
+    EXPECT_EQ(s.mreportkey, c.reportkey) << c.caption;
+    EXPECT_EQ(s.mmastkey, c.mastkey) << c.caption;
+    EXPECT_EQ(host_.hint(), "Not built yet") << c.caption;
+  }
+  host_.hint("as it was");
+  EXPECT_TRUE(host_.choose("Year End"));
+  EXPECT_EQ(host_.hint(), "as it was");
+}
+
+TEST_F(Shell, AChildLocksTheMenusAndHidesThePicture) {
+  EXPECT_EQ(host_.hint(), "Press Alt Btn To Activate Menus");
+  EXPECT_TRUE(host_.choose("GST Sales Entry"));
+  EXPECT_EQ(session().mentrytype, "SALE");
+  EXPECT_EQ(host_.onTop(), "GSTSAPU");
+  EXPECT_EQ(session().mactiveforms, 1);
+  EXPECT_FALSE(host_.shell()->at("Frame1").visible);
+  for (const MenuEntry& menu : host_.shell()->menus) EXPECT_FALSE(menu.enabled) << menu.caption;
+  for (const ToolEntry& tool : host_.shell()->tools) EXPECT_FALSE(tool.enabled) << tool.key;
+  EXPECT_FALSE(host_.choose("Item Master"));
+
+  SetMenus(host_, false, true);
+  std::string on;
+  for (const MenuEntry& menu : host_.shell()->menus) on += menu.enabled ? menu.control + " " : "";
+  EXPECT_EQ(on, "mnumstr mnuutils ");
+
+  host_.escape();
+  EXPECT_EQ(session().mactiveforms, 0);
+  EXPECT_TRUE(host_.shell()->at("Frame1").visible);
+  for (const MenuEntry& menu : host_.shell()->menus) EXPECT_TRUE(menu.enabled) << menu.caption;
+  EXPECT_EQ(host_.hint(), "Press Alt Btn To Activate Menus");
+}
+
+TEST_F(Shell, TheHintLineFollowsTheFieldOfAChild) {
+  host_.key(Key::Ctrl('G'));
+  EXPECT_EQ(host_.hint(), "Type The Date");
+  host_.enter();
+  EXPECT_EQ(host_.hint(), "Press Enter For Help");
+  host_.type("x");
+  host_.enter();
+  host_.enter();
+  EXPECT_EQ(host_.hint(), "Press Enter To Proceed");
+}
+
+TEST_F(Shell, ShortcutsOpenTheEntriesOfTheirMeaning) {
+  host_.key(Key::Ctrl('L'));
+  EXPECT_EQ(session().mreportkey, "LEDGERS");
+  host_.hint("");
+  host_.key(Key::Ctrl(KeyCode::F2));
+  EXPECT_EQ(host_.hint(), "");
+  for (const char key : {'M', 'I', 'U'}) {
+    host_.hint("");
+    host_.key(Key::Ctrl(key));
+    EXPECT_EQ(host_.hint(), "Not built yet") << key;
+  }
+  host_.key(Key::Ctrl('G'));
+  EXPECT_EQ(host_.onTop(), "GSTSAPU");
+}
+
+TEST_F(Shell, ToolsRepeatTheirEntries) {
+  std::string keys;
+  for (const ToolEntry& tool : host_.shell()->tools) {
+    keys += tool.key + " ";
+    EXPECT_NE(commandOf(tool), nullptr) << tool.key;
+  }
+  EXPECT_EQ(keys, "accmstr itemmstr sales quotbtn delislip salereg saledtlreg adrscrd vidlist1 ");
+  EXPECT_TRUE(host_.tool(host_.shell()->tools[6]));
+  EXPECT_EQ(session().mreportkey, "slblreg");
+}
+
+TEST_F(Shell, LinksOpenWhenThereIsOneAndTheMachineIsOnline) {
+  host_.choose("Update Software");
+  EXPECT_TRUE(host_.opened.empty());
+  links().softwareUpdate = "https://example.org/update";
+  host_.isOnline = false;
+  host_.choose("Update Software");
+  EXPECT_FALSE(session().monline);
+  host_.isOnline = true;
+  host_.choose("Update Software");
+  links() = {};
+  EXPECT_EQ(host_.opened, std::vector<std::string>{"https://example.org/update"});
+}
+
+TEST_F(Shell, TipsStepWhileThePictureShows) {
+  std::vector<std::string> seen;
+  for (int i = 0; i < 15; ++i) {
+    host_.tick();
+    seen.push_back(host_.hint());
+  }
+  EXPECT_EQ(seen[0], "PRESS ALT BUTTON TO ACTIVATE MENU");
+  EXPECT_EQ(seen[4], "FOR NEW UPDATE DETAILS : GO TO UTILITIES - WHATSNEW ");
+  EXPECT_EQ(seen[12], "STAY CONNECTED STAY UPDATED");
+  EXPECT_EQ(seen[13], "Press Alt Button To Activate Menu");
+  EXPECT_EQ(seen[14], "TAKE BACKUP REGULERLY");
+  host_.key(Key::Ctrl('G'));
+  ShowHint(host_, "");
+  EXPECT_EQ(host_.hint(), "Type The Date");
+}
+
+TEST_F(Shell, LeavingAsksFirst) {
+  host_.answers = {false, false, true};
+  host_.choose("EXIT");
+  host_.closeTop();
+  EXPECT_EQ(host_.questions.back().text + "|" + host_.questions.back().title,
+            "Are You Sure You Want To Exit|Mirav Confirmation");
+  EXPECT_EQ(host_.onTop(), "frmmain");
+  EXPECT_FALSE(host_.quitting());
+  host_.choose("EXIT");
+  EXPECT_TRUE(host_.quitting());
+}
+
+TEST_F(Shell, DateKeysStepFromAValidDate) {
+  host_.key(Key::Ctrl('G'));
+  session().mstartdt = *parseDate("01/04/2026");
+  session().menddt = *parseDate("31/03/2027");
+  struct {
+    KeyCode key;
+    const char* shows;
+  } const cases[] = {
+      {KeyCode::Up,   "__/__/____"}, // no date to step from
+      {KeyCode::F1,   "01/04/2026"},
+      {KeyCode::F3,   "31/03/2027"},
+      {KeyCode::PgDn, "28/02/2027"},
+      {KeyCode::Up,   "01/03/2027"},
+      {KeyCode::F2,   "15/06/2026"},
+      {KeyCode::Down, "14/06/2026"},
+      {KeyCode::PgUp, "14/07/2026"},
+  };
+  for (const auto& c : cases) {
+    host_.key(c.key);
+    EXPECT_EQ(host_.text("MaskEdBox1"), c.shows);
+  }
+}
+
+// The day of the month decides first, then the month's name.
+TEST_F(Shell, ThePeriodIsTestedAsText) {
+  session().mstartdt = *parseDate("01/04/2025");
+  session().menddt = *parseDate("31/03/2026");
+  struct {
+    const char* date;
+    bool passes;
+  } const cases[] = {
+      {"01/04/2025", true },
+      {"15/06/1999", true }, // far outside, but its text lies between
+      {"01/04/2024", false},
+      {"01/08/2025", true },
+      {"31/03/2026", true },
+      {"31/05/2025", false}, // inside, but "31/May" is above "31/Mar"
+      {"31/01/2030", true },
+  };
+  for (const auto& c : cases) EXPECT_EQ(periodRefusal(*parseDate(c.date)).empty(), c.passes) << c.date;
+  EXPECT_EQ(periodRefusal(*parseDate("31/05/2025")), "Pl. Enter Date Between 01/Apr/2025 and 31/Mar/2026");
+}
+
+TEST_F(Shell, CodesFollowTheLargestOfTheirForm) {
+  EXPECT_EQ(NextAccountCode(), 1);
+  data().exec(
+      "INSERT INTO ACCOUNT (ACC_CD, ACC_NAME) VALUES ('A00009', 'NINE'), ('A00020', 'TWENTY'), ('B00099', "
+      "'NO')");
+  EXPECT_EQ(NextAccountCode(), 21);
+  EXPECT_EQ(session().mnextcode, 21);
+  EXPECT_EQ(NextItemCode(), 1);
+  data().exec(
+      "INSERT INTO ITEM (ITEM_CD, ITEM_NAME) VALUES ('I0000041', 'A'), ('I00099', 'SHORT'), ('I1000000', "
+      "'ONE')");
+  EXPECT_EQ(NextItemCode(), 42);
+  EXPECT_EQ(NextCategoryCode(), 2);  // E001 comes with the template
+  EXPECT_EQ(accountCode(7) + accountCode(99999) + accountCode(100000), "A00007A99999A100000");
+  EXPECT_EQ(itemCode(42) + itemCode(1234567), "I0000042I1234567");
+  EXPECT_EQ(categoryCode(3) + categoryCode(120), "E003E120");
+  EXPECT_EQ(MakeStamp(host_), "260615_1030");
+  EXPECT_EQ(session().mstamp, "260615_1030");
+}
+
+}  // namespace

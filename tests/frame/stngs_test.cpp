@@ -1,0 +1,80 @@
+#include "frame_fixture.h"
+
+namespace {
+
+class Details : public FrameTest {
+ protected:
+  Details() {
+    openShell();
+    session().mentrytype.clear();
+    host_.choose("Company Details Set");
+  }
+  Row row() { return *data().first("SELECT * FROM COMP_DET"); }
+};
+
+TEST_F(Details, OpensOnTheName) {
+  EXPECT_EQ(host_.onTop(), "stngs");
+  EXPECT_EQ(session().mentrytype, "acc_set");
+  EXPECT_EQ(host_.focus(), "txtFields(2)");
+  EXPECT_EQ(host_.text("txtFields(2)"), "");
+}
+
+TEST_F(Details, SaveAddsTheRowAndTheNameGoesToAllYears) {
+  host_.fillEnter("txtFields(2)", "new name");
+  EXPECT_EQ(host_.focus(), "txtFields(5)");
+  host_.fill("txtFields(21)", "x");
+  host_.fill("txtFields(7)", "24");
+  host_.fill("txtFields(1)", "24abcde1234f1z5");
+  host_.fill("txtFields(12)", "shop@example.org");
+  host_.fill("txtFields(0)", "ABCDE1234F");
+  host_.press("cmdsave");
+
+  EXPECT_EQ(host_.onTop(), "frmmain");
+  const Row r = row();
+  EXPECT_EQ(r.text("COMPNM"), "NEW NAME");
+  EXPECT_EQ(r.text("CITY"), "Ahmedabad");
+  EXPECT_EQ(r.text("PLA_NO") + r.text("GSTINNO") + r.text("C_EMAIL"),
+            "ABCDE1234F24ABCDE1234F1Z5shop@example.org");
+  EXPECT_EQ(r.text("AD1") + r.text("AD2") + r.text("AREA") + r.text("C_PASS") + r.text("C_SMTP"), ".....");
+  EXPECT_EQ(r.number("TERMS") + r.number("C_PORT"), 0);
+  EXPECT_EQ(r.text("MOBNOCO") + r.text("DATANM") + r.text("DATASENT"), "9090909090M00125N");
+
+  EXPECT_EQ(session().mcompname + session().mgstinno + session().mcity, "NEW NAME24ABCDE1234F1Z5Ahmedabad");
+  EXPECT_EQ(host_.screen().caption.substr(0, 15), "NEW NAME : 2526");
+  EXPECT_EQ(host_.screen().panels[0].substr(0, 8), "NEW NAME");
+  EXPECT_EQ(catalogue().number("SELECT COUNT(*) FROM compny WHERE COMP_NAME = 'NEW NAME'"), 2);
+  EXPECT_EQ(catalogue().text("SELECT COMP_NAME FROM compny WHERE COMP_ID = 'M002'"), "LIGHT HOUSE");
+}
+
+TEST_F(Details, SaveChangesTheOneRow) {
+  data().exec("INSERT INTO COMP_DET (COMPNM, CITY, PH1) VALUES ('OLD NAME', 'ANAND', '12345')");
+  host_.press("cmdcomp");
+  EXPECT_EQ(host_.text("txtFields(2)") + host_.text("txtFields(21)"), "OLD NAMEANAND");
+  host_.fill("txtFields(10)", "67890");
+  host_.press("cmdsave");
+  EXPECT_EQ(data().number("SELECT COUNT(*) FROM COMP_DET"), 1);
+  EXPECT_EQ(row().text("COMPNM") + row().text("CITY") + row().text("PH1"), "OLD NAMEANAND67890");
+}
+
+TEST_F(Details, ANameMustStand) {
+  host_.fill("txtFields(2)", "  ");
+  host_.press("cmdsave");
+  EXPECT_EQ(host_.lastMessage(), "Blank Name Not Allowed For Company");
+  EXPECT_EQ(host_.onTop(), "stngs");
+  EXPECT_FALSE(data().first("SELECT 1 FROM COMP_DET"));
+}
+
+TEST_F(Details, LeavingSavesNothing) {
+  host_.fill("txtFields(2)", "NEW NAME");
+  host_.answers = {false, true};
+  host_.escape();
+  EXPECT_EQ(host_.questions.back().text + "|" + host_.questions.back().title,
+            "Do you want to exit|Mirav Confirmation Message");
+  EXPECT_EQ(host_.onTop(), "stngs");
+  host_.escape();
+  EXPECT_EQ(host_.onTop(), "frmmain");
+  EXPECT_FALSE(data().first("SELECT 1 FROM COMP_DET"));
+  EXPECT_EQ(session().mcompname, "SHREE TRADERS");
+}
+
+}  // namespace
