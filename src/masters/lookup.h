@@ -8,11 +8,16 @@
 
 // One lookup: mode key, columns and source as FRMHLP takes them through the session.
 struct LookupSpec {
-  std::string mode;                 // mhlpmode
-  std::string table;                // mhlptable: what follows "from", with "?" where a value stands
-  std::string first, second, more;  // mhlpfld1, mhlpfld2, mhlpflds
-  std::vector<int> widths = {};     // twips
-  std::vector<Value> values = {};   // bound to the table text in order
+  std::string mode = {};           // mhlpmode
+  std::string table = {};          // mhlptable: what follows "from", with "?" for values
+  std::string first = {};          // mhlpfld1: the column that is chosen
+  std::string second = {};         // mhlpfld2
+  std::string more = {};           // mhlpflds
+  std::vector<int> widths = {};    // twips; a column without one takes what its content asks for
+  std::vector<Value> values = {};  // bound to the table text in order
+  // The voucher in hand, which the bill-wise modes do not offer to itself.
+  double voucher = 0;
+  std::string book = {};
 };
 
 // Opens FRMHLP on the specification. The chosen first column replaces the field's text as

@@ -1,0 +1,62 @@
+#include "masters/accounts.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+
+namespace {
+
+const Field* findField(const Fields& fields, std::string_view column) {
+  const auto found =
+      std::ranges::find_if(fields, [&](const Field& f) { return sameText(f.column, column); });
+  return found == fields.end() ? nullptr : &*found;
+}
+
+void addDerived(Fields& fields) {
+  if (const Field* opening = findField(fields, "OP_BAL")) fields.push_back({"CL_BAL", opening->value});
+}
+
+}  // namespace
+
+std::optional<Row> findAccount(Database& db, std::string_view code) {
+  return db.first("SELECT ACCOUNT.* FROM ACCOUNT WHERE ACC_CD = ?", code);
+}
+
+bool accountNameInUse(Database& db, std::string_view name) {
+  return db.first("SELECT ACC_NAME FROM ACCOUNT WHERE ACC_NAME = ?", name).has_value();
+}
+
+std::string groupCode(Database& db, std::string_view name) {
+  return db.text("SELECT GROUP_CD FROM GRP WHERE GROUP_NAME = ?", name);
+}
+
+std::optional<std::string> groupName(Database& db, double code) {
+  const auto row = db.first("SELECT GROUP_NAME FROM GRP WHERE GROUP_CD = ?", code);
+  if (!row) return {};
+  return row->text(0);
+}
+
+void addAccount(Database& db, Fields fields) {
+  addDerived(fields);
+  const Fields fixed{
+      {"ANOTHER_CD", "S001"},
+      {"GSTREGTYP",  "."   },
+      {"REMARK1",    "."   },
+      {"PRTYKM",     0     },
+  };
+  fields.insert(fields.end(), fixed.begin(), fixed.end());
+  insertRow(db, "ACCOUNT", fields);
+}
+
+void changeAccount(Database& db, std::string_view code, Fields fields) {
+  addDerived(fields);
+  fields.push_back({"ANOTHER_CD", "S001"});
+  updateRows(db, "ACCOUNT", fields, "ACC_CD = ?", {code});
+  db.exec("UPDATE ACCOUNT SET GSTREGTYP = '.' WHERE ACC_CD = ? AND COALESCE(GSTREGTYP, '') = ''", code);
+}
+
+bool accountHasSales(Database& db, std::string_view code) {
+  return db.first("SELECT VOUCH_NO FROM SALE WHERE PARTY_CD = ?", code).has_value();
+}
+
+void deleteAccount(Database& db, std::string_view code) { db.exec("DELETE FROM ACCOUNT WHERE ACC_CD = ?", code); }

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "store/database.h"
+#include "store/row_writer.h"
+
+// Rows of ACCOUNT and what is asked of them. Balances: debit is positive, credit negative.
+
+// The group that a new account stands in unless told otherwise.
+inline constexpr const char* kDebtorGroup = "SUNDRY DEBITORS";
+
+std::optional<Row> findAccount(Database& db, std::string_view code);
+bool accountNameInUse(Database& db, std::string_view name);
+// The code as number text, empty when there is no group of that name.
+std::string groupCode(Database& db, std::string_view name);
+// None when there is no group of that code.
+std::optional<std::string> groupName(Database& db, double code);
+
+// Fields as typed; what the screen has no field for takes its fixed value. The opening balance
+// is written as closing balance too: the true one comes at the next refresh of balances.
+void addAccount(Database& db, Fields fields);
+void changeAccount(Database& db, std::string_view code, Fields fields);
+
+bool accountHasSales(Database& db, std::string_view code);
+void deleteAccount(Database& db, std::string_view code);

@@ -1,0 +1,270 @@
+#include "masters/entry_screen.h"
+
+#include <algorithm>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "frame/session.h"
+#include "masters/page_rows.h"
+
+EntryScreen::EntryScreen(Host& theHost, const ScreenSpec& theSpec, EntryPattern pattern)
+    : ChildScreen(theHost, theSpec), pattern_(std::move(pattern)) {
+  at("cmdAdd").hint = pattern_.idleHint;
+  const std::string key = field(pattern_.key).fullName(), name = field(pattern_.name).fullName();
+  wire<EntryScreen>(*this, {
+                               {"cmdAdd",    On::Click,      &EntryScreen::add       },
+                               {"cmdEdit",   On::Click,      &EntryScreen::edit      },
+                               {"cmdDelete", On::Click,      &EntryScreen::remove    },
+                               {"cmdUpdate", On::Click,      &EntryScreen::update    },
+                               {"cmdCancel", On::Click,      &EntryScreen::cancel    },
+                               {"cmdClose",  On::Click,      &EntryScreen::close     },
+                               {"Cmdvideo",  On::Click,      &EntryScreen::video     },
+                               {"",          KeyCode::Esc,   &EntryScreen::close     },
+                               {"",          Key::Ctrl('P'), &EntryScreen::viewKey   },
+                               {key,         KeyCode::Enter, &EntryScreen::keyEntered},
+                               {key,         On::Validate,   &EntryScreen::keyLeft   },
+                               {name,        On::Change,     &EntryScreen::nameTyped },
+  });
+}
+
+Database& EntryScreen::database() const { return data(); }
+
+void EntryScreen::opened(const Entry& entry) {
+  ChildScreen::opened(entry);
+  caller_ = entry.caller;
+  cancel();
+  ShowHint(host, pattern_.idleHint);
+  if (!caller_.empty()) add();
+}
+
+bool EntryScreen::mayClose() {
+  if (done_ || !entering()) return true;
+  return host.ask("Do you want to Exit", kQuestionTitle);
+}
+
+std::string EntryScreen::code() const { return trim(field(pattern_.key).text); }
+
+Go EntryScreen::refuse(const std::string& text) {
+  say(text);
+  return Go::Stay;
+}
+
+// Modes
+
+void EntryScreen::begin(const std::string& newMode, const std::string& newCaption) {
+  mode = newMode;
+  caption = newCaption;
+  reason.clear();
+  loaded_.clear();
+  escMeans = entering() ? "Esc = Cancel and Exit" : "Esc = Close";
+  clearFields();
+  enableFields();
+  showButtons();
+  showNames("");
+}
+
+void EntryScreen::add() {
+  begin("ADD", pattern_.add);
+  newEntry();
+  focus(field(pattern_.first));
+}
+
+void EntryScreen::choose(const std::string& newMode, const std::string& newCaption) {
+  begin(newMode, newCaption);
+  focus(field(pattern_.key));
+}
+
+void EntryScreen::edit() {
+  if (mayEdit()) choose("EDIT", pattern_.edit);
+}
+
+void EntryScreen::viewKey() {
+  if (mode.empty()) view();
+}
+
+void EntryScreen::cancel() {
+  begin("", pattern_.idle);
+  focus(at("cmdAdd"));
+}
+
+void EntryScreen::clearFields() {
+  for (const auto& c : controls)
+    if (sameText(c->family, pattern_.fields)) set(*c, "");
+  if (Control* user = find("usrlbl")) set(*user, "");
+  emptied();
+}
+
+// A field whose table row is off stays off in every mode.
+void EntryScreen::enableFields() {
+  for (const auto& c : controls) {
+    if (!sameText(c->family, pattern_.fields)) continue;
+    const bool open = mode == "ADD" || mode == "EDIT" || (!mode.empty() && c->index == pattern_.key);
+    c->enabled = open && c->spec->enabled;
+  }
+}
+
+void EntryScreen::showButtons() {
+  for (const char* name : {"cmdAdd", "cmdEdit", "cmdDelete", "cmdClose"}) at(name).visible = mode.empty();
+  for (const char* name : {"cmdUpdate", "cmdCancel"}) at(name).visible = !mode.empty();
+  at("cmdUpdate").enabled = entering();
+}
+
+// The list of names in use
+
+void EntryScreen::showNames(const std::string& typed) {
+  if (pattern_.names.empty()) return;
+  Select select = parseSelect(pattern_.names);
+  if (!trim(typed).empty())
+    select = filtered(select, likeText(select.columns.back().expression), {anywhere(typed)});
+  Grid& grid = at(pattern_.namesGrid).grid;
+  grid.source = std::make_shared<PageRows>(database(), select);
+  grid.current = Grid::kNone;
+}
+
+// The key field
+
+Go EntryScreen::keyEntered() {
+  if (mode == "ADD") return keyIsFree();
+  if (code().empty()) return lookUp(host, *this, field(pattern_.key), codeLookup());
+  return keyIsChosen();
+}
+
+Go EntryScreen::keyLeft() {
+  if (mode.empty()) return Go::On;
+  if (code().empty()) return refuse(blankCodeWords());
+  return mode == "ADD" ? keyIsFree() : keyIsChosen();
+}
+
+Go EntryScreen::keyIsFree() {
+  if (code().empty()) return refuse(blankCodeWords());
+  return exists(code()) ? refuse(existingCodeWords()) : Go::On;
+}
+
+// A row that is shown already is not read again, so that what was changed in it stays.
+Go EntryScreen::keyIsChosen() {
+  const std::string typed = code();
+  const bool shown = !loaded_.empty() && (sameText(loaded_, typed) || (mode == "EDIT" && keyMayChange()));
+  if (!shown) {
+    if (!load(typed)) {
+      loaded_.clear();
+      return refuse(missingCodeWords());
+    }
+    loaded_ = code();
+  }
+  if (mode != "DEL") return Go::On;
+  removeShown();
+  return Go::Stay;
+}
+
+void EntryScreen::removeShown() {
+  if (host.ask(pattern_.deleteQuestion, kQuestionTitle) && mayDelete(loaded_))
+    inTransaction(&EntryScreen::eraseLoaded);
+  cancel();
+}
+
+// Saving
+
+void EntryScreen::update() {
+  if (!entering()) return;
+  reason.clear();
+  if (const Control* missing = missingField()) {
+    if (!missing->label.empty()) reason = trim(missing->label) + " Is Missing";
+    return say("Pl. fill Complete data");
+  }
+  if (mode == "ADD" && exists(code())) return say(existingCodeWords());
+  // The code was changed after its row was shown: that row is read before anything is written.
+  if (mode == "EDIT" && (loaded_.empty() || (!sameText(loaded_, code()) && !keyMayChange()))) {
+    keyIsChosen();
+    return;
+  }
+  const Control& key = field(pattern_.key);
+  if (key.limit > 0 && length(code()) > key.limit) {
+    say("Entry Not Saved\r\n" + trim(key.label) + " Takes " + std::to_string(key.limit) + " Characters");
+    return;
+  }
+  if (!maySave() || !inTransaction(&EntryScreen::store)) return;
+
+  const std::string stored = code();
+  saved(stored);
+  if (!caller_.empty()) {
+    result = stored;
+    done_ = true;
+    host.close(*this);
+    return;
+  }
+  add();
+}
+
+// Locks, full disks and the like are told by the desk in the store's own words.
+bool EntryScreen::inTransaction(void (EntryScreen::*work)()) {
+  try {
+    Transaction transaction(database());
+    (this->*work)();
+    transaction.commit();
+    return true;
+  } catch (const DatabaseError& error) {
+    if (!error.mayBePassedOver()) throw;
+    say("Entry Not Saved\r\n" + std::string(error.what()));
+    return false;
+  }
+}
+
+// Fields and columns
+
+void EntryScreen::fill(const Row& row, const std::vector<FieldColumn>& columns) {
+  for (const FieldColumn& c : columns)
+    if (row.has(c.column)) set(field(c.index), row.text(c.column));
+  Control* const user = find("usrlbl");
+  if (user && row.has("USER_CD")) set(*user, row.text("USER_CD"));
+}
+
+Fields EntryScreen::written(const std::vector<FieldColumn>& columns) const {
+  Fields fields;
+  for (const FieldColumn& c : columns) {
+    const std::string& text = field(c.index).text;
+    fields.push_back({c.column, c.number ? Value(Val(text)) : Value(text)});
+  }
+  return fields;
+}
+
+Fields EntryScreen::sendMarks() {
+  return {
+      {"MOBNOCO",  session().mmobile  },
+      {"DATANM",   session().mdataname},
+      {"DATASENT", "N"                }
+  };
+}
+
+Fields EntryScreen::stamps() const {
+  const Moment now = host.now();
+  Fields fields = sendMarks();
+  fields.push_back({"USER_CD", session().musername});
+  fields.push_back({"ENT_DT", now.date});
+  fields.push_back({"ENT_TIME", formatTime(now, "HH:MM")});
+  return fields;
+}
+
+// Tables of controls
+
+// Cancel stands outside the walk of the focus: it must not have to pass a field's check.
+std::vector<ControlSpec> entryButtons(const std::string& updateCaption) {
+  const auto place = [](int col) { return Place{.group = "buttons", .col = col}; };
+  // clang-format off
+  return {
+      {.name = "cmdUpdate", .kind = Kind::Button, .label = updateCaption, .at = place(0), .tab = 900, .visible = false},
+      {.name = "cmdCancel", .kind = Kind::Button, .label = "&Cancel",     .at = place(1), .visible = false},
+      {.name = "cmdAdd",    .kind = Kind::Button, .label = "&Add",        .at = place(2), .tab = 902},
+      {.name = "cmdEdit",   .kind = Kind::Button, .label = "&Modify",     .at = place(3), .tab = 903},
+      {.name = "cmdDelete", .kind = Kind::Button, .label = "&Delete",     .at = place(4), .tab = 904},
+      {.name = "cmdClose",  .kind = Kind::Button, .label = "&Close",      .at = place(5), .tab = 905},
+      {.name = "Cmdvideo",  .kind = Kind::Button, .label = "&Video",      .at = {.group = "buttons", .col = 6, .right = true}},
+  };
+  // clang-format on
+}
+
+std::vector<ControlSpec> withButtons(std::vector<ControlSpec> controls, const std::string& updateCaption) {
+  std::ranges::move(entryButtons(updateCaption), std::back_inserter(controls));
+  return controls;
+}
+
+Band entryButtonBand() { return {.height = px(34), .groups = {{.name = "buttons", .frame = Frame::Buttons}}}; }

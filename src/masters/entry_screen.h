@@ -1,0 +1,136 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/child_screen.h"
+#include "masters/lookup.h"
+#include "masters/select_text.h"
+#include "store/database.h"
+#include "store/row_writer.h"
+
+inline constexpr const char* kMessageTitle = "Mirav Message";
+inline constexpr const char* kQuestionTitle = "Mirav Confirmation Message";
+inline constexpr const char* kIncompleteWords = "Please Fill Complete Data or Press Enter for Help";
+
+// What an entry screen is made of beside its fields.
+struct EntryPattern {
+  std::string fields;  // family of its fields: "txtFields"
+  int key = 0;         // the field that holds the code
+  int first = 1;       // where ADD begins
+
+  std::string idle, add, edit, del, view;  // captions by mode
+  std::string viewMode = "PRINT";          // how the mode that only shows is called
+  std::string idleHint = "Press Add Button For New Entry";
+  std::string deleteQuestion = "ARE YOU SURE";
+
+  // The list of what is in use already, searched by its last column while a name is typed.
+  std::string names, namesGrid;
+  int name = 1;
+
+  std::string video;  // tutorial link
+};
+
+// A field of the screen and the column that it holds.
+struct FieldColumn {
+  int index;
+  std::string_view column;
+  bool number = false;
+};
+
+// The way in which all master screens work. `mode` is "", "ADD", "EDIT", "DEL" or the view mode;
+// buttons or their letters (and Ctrl+P for the view) change it. In ADD all fields are open, the
+// next code stands in the key field and a save is followed by the next ADD; in the other modes a
+// code is given first, by hand or through the lookup, and its row is shown. DEL and view leave
+// the other fields off. A save is one transaction; when it fails nothing is stored, the reason is
+// shown and the screen stays as it is.
+//
+// Opened with a caller it begins in ADD, and after the save it closes with the new code as its
+// result: `host.openModal("frmacc", {.caller = "GSTSAPU"})`.
+class EntryScreen : public ChildScreen {
+ public:
+  EntryScreen(Host& host, const ScreenSpec& spec, EntryPattern pattern);
+
+  void opened(const Entry& entry) override;
+  bool mayClose() override;
+
+ protected:
+  // What a screen adds.
+  virtual Database& database() const;
+  virtual void newEntry() = 0;                      // ADD: next code and defaults into the emptied fields
+  virtual bool load(const std::string& code) = 0;   // shows the row; false when there is none
+  virtual bool exists(const std::string& code) = 0;
+  virtual LookupSpec codeLookup() const = 0;
+  virtual std::string missingCodeWords() const = 0;   // by mode
+  virtual std::string existingCodeWords() const = 0;
+  virtual std::string blankCodeWords() const { return kIncompleteWords; }
+  virtual const Control* missingField() const = 0;    // the first required field that is empty
+  virtual bool mayEdit() { return true; }             // these three say themselves why not
+  virtual bool maySave() { return true; }
+  virtual void store() = 0;                           // inside the transaction
+  virtual bool mayDelete(const std::string& code) = 0;
+  virtual void erase(const std::string& code) = 0;    // inside the transaction
+  virtual void saved(const std::string&) {}           // remembers the code
+  virtual void emptied() {}                           // the fields have been emptied
+  virtual bool keyMayChange() const { return false; }  // the code itself is what is edited
+
+  // For its handlers.
+  bool entering() const { return mode == "ADD" || mode == "EDIT"; }
+  Control& field(int index) { return at(pattern_.fields, index); }
+  const Control& field(int index) const { return at(pattern_.fields, index); }
+  std::string code() const;
+  // The code whose row is shown in a mode other than ADD; empty before.
+  const std::string& loaded() const { return loaded_; }
+  void say(const std::string& text) { host.message(text, kMessageTitle); }
+  // Shows the words and refuses.
+  Go refuse(const std::string& text);
+  void showNames(const std::string& typed);
+
+  // Buttons and keys.
+  void add();
+  void edit();
+  void remove() { choose("DEL", pattern_.del); }
+  void view() { choose(pattern_.viewMode, pattern_.view); }
+  void update();
+  void cancel();
+  Go keyEntered();
+  Go keyLeft();
+
+  void fill(const Row& row, const std::vector<FieldColumn>& columns);
+  Fields written(const std::vector<FieldColumn>& columns) const;
+  // USER_CD, ENT_DT, ENT_TIME and the marks that go with every stored row.
+  Fields stamps() const;
+  static Fields sendMarks();
+
+ private:
+  void close() { host.close(*this); }
+  void video() { openTutorial(host, pattern_.video); }
+  void nameTyped() { showNames(field(pattern_.name).text); }
+  void viewKey();
+
+  void begin(const std::string& newMode, const std::string& newCaption);
+  void choose(const std::string& newMode, const std::string& newCaption);
+  void enableFields();
+  void clearFields();
+  void showButtons();
+  Go keyIsFree();
+  Go keyIsChosen();
+  void removeShown();
+  bool inTransaction(void (EntryScreen::*work)());
+  void eraseLoaded() { erase(loaded_); }
+
+  const EntryPattern pattern_;
+  std::string caller_;
+  std::string loaded_;
+  bool done_ = false;  // closes without a question
+};
+
+// The rows of the button group, for a screen's table: Update and Cancel while a mode is on,
+// the others while none is.
+std::vector<ControlSpec> entryButtons(const std::string& updateCaption = "&Update");
+// A screen's table: its own controls with the buttons behind.
+std::vector<ControlSpec> withButtons(std::vector<ControlSpec> controls, const std::string& updateCaption = "&Update");
+// The band of the buttons.
+Band entryButtonBand();

@@ -1,0 +1,309 @@
+#include "masters/frmacc.h"
+
+#include "base/number.h"
+#include "base/text.h"
+#include "frame/links.h"
+#include "frame/session.h"
+#include "masters/accounts.h"
+#include "masters/gstin.h"
+
+namespace {
+
+enum : int {
+  kCode = 0,
+  kName = 1,
+  kGroup = 2,
+  kOpening = 3,
+  kCreditDays = 4,
+  kAddress1 = 5,
+  kAddress2 = 6,
+  kCity = 7,
+  kPinCode = 8,
+  kArea = 9,
+  kPhone = 10,
+  kPerson = 15,
+  kEmail = 22,
+  kPan = 27,
+  kGstin = 44,
+  kState = 45,
+};
+
+// The PAN has its place in BANK_NAME.
+const std::vector<FieldColumn>& holdings() {
+  static const std::vector<FieldColumn> columns{
+      {kCode,       "ACC_CD"          },
+      {kName,       "ACC_NAME"        },
+      {kGroup,      "GROUP_CD",   true},
+      {kOpening,    "OP_BAL",     true},
+      {kCreditDays, "CREDIT_DAY", true},
+      {kAddress1,   "ADD1"            },
+      {kAddress2,   "ADD2"            },
+      {kCity,       "CITY"            },
+      {kPinCode,    "PINCODE"         },
+      {kArea,       "AREA"            },
+      {kPhone,      "PHONE1"          },
+      {kPerson,     "PERSON_NM"       },
+      {kEmail,      "EMAIL"           },
+      {kPan,        "BANK_NAME"       },
+      {kGstin,      "GSTINNO"         },
+      {kState,      "STATECD",    true},
+  };
+  return columns;
+}
+
+// clang-format off
+const ScreenSpec& accountTable() {
+  static const std::vector<Length> cells{px(116), px(92), part(1.1), px(112), px(92), px(36), part(1)};
+  static const ScreenSpec s{
+      .name = "frmacc",
+      .caption = "Account Master",
+      .layout = {.bands = {
+          {.height = part(1), .groups = {
+              {.name = "form", .frame = Frame::Plain, .bands = {
+                  {fit(),   {{.name = "identity", .columns = cells, .pitch = 39}}},
+                  {fit(),   {{.name = "address",  .columns = cells, .pitch = 39}}},
+                  {fit(),   {{.name = "contact",  .columns = cells, .pitch = 39}}},
+                  {part(1), {{.name = "rest",     .frame = Frame::Plain}}},
+              }},
+              {.name = "names", .width = px(400), .frame = Frame::Plain},
+          }},
+          entryButtonBand(),
+      }},
+      .controls = withButtons({
+          {.name = "txtFields", .index = kCode,       .label = "A/c Code",       .at = {.group = "identity", .row = 0, .col = 1},              .tab = 1,  .limit = 6,   .keys = KeyClass::Text},
+          {.name = "usrlbl",    .kind = Kind::Label,                             .at = {.group = "identity", .row = 0, .col = 4, .span = 3},   .style = Style::Quiet},
+          {.name = "txtFields", .index = kName,       .label = "Name",           .at = {.group = "identity", .row = 1, .col = 1, .span = 6},   .tab = 2,  .limit = 100, .keys = KeyClass::Text, .hint = "Type Name Of Party"},
+          {.name = "txtFields", .index = kGroup,      .label = "Group Code",     .at = {.group = "identity", .row = 2, .col = 1},              .tab = 3,  .limit = 10,  .keys = KeyClass::Number, .align = Align::Right},
+          {.name = "lblGroup",  .kind = Kind::Label,                             .at = {.group = "identity", .row = 2, .col = 2, .span = 5},   .style = Style::Quiet},
+          {.name = "txtFields", .index = kOpening,    .label = "Op. Bal ",       .at = {.group = "identity", .row = 3, .col = 1, .span = 2, .width = 160}, .tab = 4, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .money = true, .hint = "Type Opening Balance :: Minus = Credit Balance"},
+          {.name = "txtFields", .index = kCreditDays, .label = "Credit Days",    .at = {.group = "identity", .row = 3, .col = 4},              .tab = 5,  .limit = 5,   .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Credit Days Of Party"},
+
+          {.name = "txtFields", .index = kAddress1,   .label = "Address Line 1", .at = {.group = "address", .row = 0, .col = 1, .span = 6},    .tab = 6,  .limit = 100, .keys = KeyClass::Text, .hint = "Type Address Of Party"},
+          {.name = "txtFields", .index = kAddress2,   .label = "Address Line 2", .at = {.group = "address", .row = 1, .col = 1, .span = 6},    .tab = 7,  .limit = 100, .keys = KeyClass::Text, .hint = "Type Address Of Party"},
+          {.name = "txtFields", .index = kCity,       .label = "City",           .at = {.group = "address", .row = 2, .col = 1, .span = 2},    .tab = 8,  .limit = 100, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = kPinCode,    .label = "Pin Code",       .at = {.group = "address", .row = 2, .col = 4},               .tab = 9,  .limit = 100, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = kArea,       .label = "Area",           .at = {.group = "address", .row = 2, .col = 6},               .tab = 10, .limit = 100, .keys = KeyClass::Text},
+
+          {.name = "txtFields", .index = kPhone,      .label = "Phone No",       .at = {.group = "contact", .row = 0, .col = 1, .span = 2},    .tab = 11, .limit = 100, .keys = KeyClass::Text, .hint = "Type Phone No Of Party"},
+          {.name = "txtFields", .index = kPerson,     .label = "Contac Person",  .at = {.group = "contact", .row = 0, .col = 4, .span = 3},    .tab = 12, .limit = 100, .keys = KeyClass::Text, .hint = "Type Name Of Person"},
+          // An address for mail keeps its case and its signs.
+          {.name = "txtFields", .index = kEmail,      .label = "Email",          .at = {.group = "contact", .row = 1, .col = 1, .span = 6},    .tab = 13, .limit = 60,  .keys = KeyClass::Any, .hint = "Type Email Of Party"},
+          {.name = "txtFields", .index = kPan,        .label = "PAN No. ",       .at = {.group = "contact", .row = 2, .col = 1, .span = 2},    .tab = 14, .limit = 100, .keys = KeyClass::Text, .hint = "Type Pan No. :: Gstin No. Fills It"},
+          {.name = "txtFields", .index = kGstin,      .label = "GSTIN No.",      .at = {.group = "contact", .row = 2, .col = 4, .span = 3},    .tab = 15, .limit = 20,  .keys = KeyClass::Text, .hint = "Type Gstin No. Of 15 Letters And Digits"},
+          {.name = "txtFields", .index = kState,      .label = "StateCode",      .at = {.group = "contact", .row = 3, .col = 1},               .tab = 16, .limit = 2,   .keys = KeyClass::Number, .align = Align::Right, .hint = "Type State Code :: For Gujarat It Is 24"},
+
+          {.name = "DataGrid1", .kind = Kind::Grid, .at = {.group = "names"}, .columns = {{.title = "Names already in use"}}},
+      }),
+  };
+  return s;
+}
+// clang-format on
+
+EntryPattern accountPattern() {
+  const std::string stem = "ACCOUNT MASTER";
+  return {
+      .fields = "txtFields",
+      .key = kCode,
+      .first = kName,
+      .idle = stem,
+      .add = stem + " : ADD MODE",
+      .edit = stem + " : EDIT MODE",
+      .del = stem + " : DELETE MODE",
+      .view = stem + " : VIEW MODE",
+      .names = "SELECT ACC_NAME FROM ACCOUNT order by acc_name",
+      .namesGrid = "DataGrid1",
+      .name = kName,
+      .video = links().accountVideo,
+  };
+}
+
+// Searches from any field, each by its own second column.
+struct Search {
+  KeyCode key;
+  const char *second, *more, *order;
+};
+constexpr const char* kBalance = "FORMAT(cl_bal,'0.00') AS CLBAL";
+constexpr Search kSearches[] = {
+    {KeyCode::F1, "AREA",      "acc_NAME, CITY, ",                     "AREA"     },
+    {KeyCode::F2, "city",      "acc_NAME, area, person_nm, PRTYTYP, ", "CITY"     },
+    {KeyCode::F3, "person_nm", "acc_NAME, area, CITY, PRTYTYP, ",      "person_nm"},
+    {KeyCode::F4, "PRTYTYP",   "acc_NAME, area, CITY, person_nm, ",    "PRTYTYP"  },
+    {KeyCode::F5, "PHONE1",    "acc_NAME, area, CITY, PRTYTYP, ",      "person_nm"},
+};
+
+}  // namespace
+
+template <size_t N>
+Go frmacc::search() {
+  const Search& by = kSearches[N];
+  if (mode.empty() || mode == "ADD") return Go::On;
+  const std::string found = lookUpValue(host, {.mode = "THREEFLD",
+                                               .table = std::string("ACCOUNT ORDER BY ") + by.order,
+                                               .first = "ACC_CD",
+                                               .second = by.second,
+                                               .more = std::string(by.more) + kBalance});
+  if (found.empty()) return Go::Stay;
+  set(field(kCode), found);
+  focus(field(kCode));
+  enterAgain(field(kCode));
+  return Go::Stay;
+}
+
+frmacc::frmacc(Host& theHost) : EntryScreen(theHost, accountTable(), accountPattern()) {
+  wire<frmacc>(*this, {
+                          {"txtFields(1)",  KeyCode::Enter, &frmacc::nameEntered   },
+                          {"txtFields(1)",  On::Validate,   &frmacc::nameLeft      },
+                          {"txtFields(2)",  KeyCode::Enter, &frmacc::groupEntered  },
+                          {"txtFields(2)",  On::Validate,   &frmacc::groupLeft     },
+                          {"txtFields(3)",  KeyCode::Enter, &frmacc::openingEntered},
+                          {"txtFields(7)",  KeyCode::Enter, &frmacc::cityEntered   },
+                          {"txtFields(8)",  KeyCode::Enter, &frmacc::pinCodeEntered},
+                          {"txtFields(9)",  KeyCode::Enter, &frmacc::areaEntered   },
+                          {"txtFields(44)", KeyCode::Enter, &frmacc::gstinEntered  },
+                          {"txtFields(45)", KeyCode::Enter, &frmacc::stateEntered  },
+                          {"txtFields(45)", On::Validate,   &frmacc::stateEntered  },
+                          {"txtFields",     KeyCode::F1,    &frmacc::search<0>     },
+                          {"txtFields",     KeyCode::F2,    &frmacc::search<1>     },
+                          {"txtFields",     KeyCode::F3,    &frmacc::search<2>     },
+                          {"txtFields",     KeyCode::F4,    &frmacc::search<3>     },
+                          {"txtFields",     KeyCode::F5,    &frmacc::search<4>     },
+  });
+}
+
+// The code is made by the system; it is open only where one has to be chosen.
+void frmacc::newEntry() {
+  field(kCode).enabled = false;
+  set(field(kCode), accountCode(NextAccountCode()));
+  set(field(kGroup), groupCode(data(), kDebtorGroup));
+  showGroupName();
+}
+
+bool frmacc::load(const std::string& code) {
+  const auto row = findAccount(data(), code);
+  if (!row) return false;
+  fill(*row, holdings());
+  showGroupName();
+  return true;
+}
+
+bool frmacc::exists(const std::string& code) { return findAccount(data(), code).has_value(); }
+
+LookupSpec frmacc::codeLookup() const {
+  return {.mode = "THREEFLD",
+          .table = "ACCOUNT ORDER BY ACC_NAME",
+          .first = "ACC_CD",
+          .second = "acc_NAME",
+          .more = std::string("AREA, CITY, PERSON_NM, ") + kBalance};
+}
+
+std::string frmacc::missingCodeWords() const {
+  return mode == "EDIT" ? "PARTY DOES NOT EXISTS" : "PARTY DOES NOT EXIST";
+}
+
+const Control* frmacc::missingField() const {
+  for (const int index : {kCode, kName, kGroup})
+    if (trim(field(index).text).empty()) return &field(index);
+  return nullptr;
+}
+
+void frmacc::emptied() { set(at("lblGroup"), ""); }
+
+void frmacc::showGroupName() {
+  const std::string& typed = field(kGroup).text;
+  set(at("lblGroup"), trim(typed).empty() ? "" : groupName(data(), Val(typed)).value_or(""));
+}
+
+// Fields
+
+Go frmacc::nameEntered() {
+  return trim(field(kName).text).empty() ? refuse("YOU MUST HAVE TO ENTER PARTY NAME") : nameIsFree();
+}
+
+Go frmacc::nameLeft() {
+  if (!entering()) return Go::On;
+  return trim(field(kName).text).empty() ? refuse(kIncompleteWords) : nameIsFree();
+}
+
+Go frmacc::nameIsFree() {
+  if (mode != "ADD" || !accountNameInUse(data(), trim(field(kName).text))) return Go::On;
+  return refuse("Duplicate Party Name Not Allowed\r\nMake Spelling Difference with '.' or something Else");
+}
+
+// The six roots of the tree are not offered.
+Go frmacc::groupEntered() {
+  if (!trim(field(kGroup).text).empty()) return groupIsKnown();
+  return lookUp(host, *this, field(kGroup), {.mode = "twofld",
+                                             .table = "GRP where group_cd > 6 ORDER BY GROUP_NAME",
+                                             .first = "GROUP_CD",
+                                             .second = "GROUP_NAME"});
+}
+
+Go frmacc::groupLeft() {
+  if (!entering()) return Go::On;
+  return trim(field(kGroup).text).empty() ? refuse(kIncompleteWords) : groupIsKnown();
+}
+
+Go frmacc::groupIsKnown() {
+  showGroupName();
+  return groupName(data(), Val(field(kGroup).text)) ? Go::On : refuse("group not found");
+}
+
+// Name, group and balance are enough for an account.
+Go frmacc::openingEntered() {
+  if (!entering() || !host.ask("Save Entry = Yes ::  Enter Other Details = No", kQuestionTitle)) return Go::On;
+  update();
+  return Go::Stay;
+}
+
+Go frmacc::cityEntered() { return valuesInUse("acmstrcity", "city"); }
+Go frmacc::pinCodeEntered() { return valuesInUse("acmstrarea", "pincode"); }
+Go frmacc::areaEntered() { return valuesInUse("acmstrarea", "area"); }
+
+Go frmacc::valuesInUse(const char* lookup, const char* column) {
+  if (!here().text.empty()) return Go::On;
+  return lookUp(host, *this, here(), {.mode = lookup, .table = "ACCOUNT", .first = column});
+}
+
+Go frmacc::gstinEntered() {
+  if (!entering()) return Go::On;
+  const std::string gstin = trim(field(kGstin).text);
+  if (!isGstinLength(gstin)) {
+    say("INVALID GSTIN NO \r\nRE-CHECK GSTIN NO \r\nSOFTWARE WILL PROCEED WITHOUT GSTIN NO ");
+    set(field(kGstin), ".");
+    reason.clear();
+    return Go::On;
+  }
+  const GstinParts parts = gstinParts(gstin);
+  set(field(kPan), parts.pan);
+  set(field(kState), parts.stateCode);
+  reason = gstinHint(gstin);
+  return Go::On;
+}
+
+Go frmacc::stateEntered() {
+  if (!entering() || !trim(field(kState).text).empty()) return Go::On;
+  return refuse("Please Fill Proper State Code\r\nFor Gujarat it is 24");
+}
+
+// Saving and deleting
+
+void frmacc::store() {
+  set(field(kCode), code());
+  set(field(kName), trim(field(kName).text));
+  Fields fields = written(holdings());
+  for (Field& f : stamps()) fields.push_back(std::move(f));
+  if (mode == "ADD")
+    addAccount(data(), std::move(fields));
+  else
+    changeAccount(data(), loaded(), std::move(fields));
+}
+
+void frmacc::saved(const std::string& code) { session().mlastacc = code; }
+
+bool frmacc::mayDelete(const std::string& code) {
+  if (!accountHasSales(data(), code)) return true;
+  say("There is SALE Entry For This ACCOUNT Pl. Merge ACCOUNT");
+  return false;
+}
+
+void frmacc::erase(const std::string& code) { deleteAccount(data(), code); }

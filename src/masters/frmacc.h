@@ -1,0 +1,41 @@
+#pragma once
+
+#include "masters/entry_screen.h"
+
+// Account master: parties and ledger accounts.
+class frmacc : public EntryScreen {
+ public:
+  explicit frmacc(Host& host);
+
+ protected:
+  void newEntry() override;
+  bool load(const std::string& code) override;
+  bool exists(const std::string& code) override;
+  LookupSpec codeLookup() const override;
+  std::string missingCodeWords() const override;
+  std::string existingCodeWords() const override { return "PARTY ALREADY EXISTS"; }
+  const Control* missingField() const override;
+  void store() override;
+  bool mayDelete(const std::string& code) override;
+  void erase(const std::string& code) override;
+  void saved(const std::string& code) override;
+  void emptied() override;
+
+ private:
+  Go nameEntered();
+  Go nameLeft();
+  Go nameIsFree();
+  Go groupEntered();
+  Go groupLeft();
+  Go groupIsKnown();
+  Go openingEntered();
+  Go cityEntered();
+  Go pinCodeEntered();
+  Go areaEntered();
+  Go valuesInUse(const char* mode, const char* column);
+  Go gstinEntered();
+  Go stateEntered();
+  template <size_t N>
+  Go search();
+  void showGroupName();
+};

@@ -1,0 +1,212 @@
+#include "masters/frmhlp.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "frame/routines.h"
+#include "frame/session.h"
+#include "masters/column_titles.h"
+#include "masters/lookup_statement.h"
+#include "platform/utf8.h"
+
+namespace {
+
+constexpr double kStrip = 30, kHeads = 34, kRow = 25, kFrame = 4, kLane = 14;
+constexpr double kWidest = 1350, kNarrowest = 420;
+constexpr int kRowsBelow = 5, kRowsAbove = 12;
+
+// Documented widths are twips of a screen of 800 pixels.
+constexpr double kPixelsPerTwip = 1366.0 / 800 / 15;
+
+constexpr Bgr kListColour = 0xE0F0FF, kGraphColour = 0xE0FFFF;
+
+// The signs of names that a search may hold beside letters, digits and blanks.
+constexpr std::u32string_view kSigns = U"():>=,&%*-./?[]{}'+";
+
+LookupText asked() {
+  const Session& s = session();
+  return {.mode = s.mhlpmode,
+          .table = s.mhlptable,
+          .first = s.mhlpfld1,
+          .second = s.mhlpfld2,
+          .more = s.mhlpflds};
+}
+
+// While no company-year is open (company selection) everything is in the catalogue.
+Database& databaseFor(LookupShape shape) {
+  const Session& s = session();
+  return isOnCatalogue(shape) || !s.cndata || !s.cndata->isOpen() ? catalogue() : data();
+}
+
+std::vector<GridColumn> gridColumns(const PageRows& rows) {
+  std::vector<GridColumn> columns;
+  for (size_t i = 0; i < rows.columns().size(); ++i) {
+    const ColumnTitle t = columnTitle(rows.columns()[i].name);
+    const int twips = i < session().mhlpwidth.size() ? session().mhlpwidth[i] : 0;
+    const double width = twips > 0 ? std::max(twips * kPixelsPerTwip, 40.0) : t.width;
+    columns.push_back({.title = t.title, .width = part(width), .align = t.align, .money = t.money});
+  }
+  return columns;
+}
+
+ScreenSpec screenTable(const PageRows& rows) {
+  ScreenSpec table;
+  table.name = "FRMHLP";
+  table.caption = "Help";
+  table.window = Window::Dialog;
+  table.focusColour = 0xFFC0FF;
+  std::vector<GridColumn> columns = gridColumns(rows);
+  double width = kLane + kFrame;
+  for (const GridColumn& c : columns) width += c.width.n;
+
+  const bool below = standsBelow(session().mhlpmode);
+  table.layout = {
+      .bands = {{.height = px(kHeads),
+                 .groups = {{.name = "heads", .frame = Frame::Heads, .columnsOf = "grdDataGrid"}}},
+                {.groups = {{.name = "list", .frame = Frame::Plain}}}},
+      .width = std::clamp(width, kNarrowest, kWidest),
+      .height = kStrip + kHeads + kRow * (below ? kRowsBelow : kRowsAbove) + kFrame,
+      .anchor = below ? Anchor::Bottom : Anchor::Top,
+      .margin = 0,
+  };
+
+  const auto titleOf = [&](size_t i) { return i < columns.size() ? columns[i].title : std::string(); };
+  const bool two = columns.size() > 1;
+  table.controls = {
+      {.name = "Text1", .label = titleOf(0), .at = {.group = "heads", .col = 0}, .tab = 1},
+      {.name = "Text2", .label = titleOf(1), .at = {.group = "heads", .col = 1}, .tab = 2, .visible = two},
+      {.name = "grdDataGrid", .kind = Kind::Grid, .at = {.group = "list"}, .columns = std::move(columns)},
+  };
+  return table;
+}
+
+}  // namespace
+
+LookupPlan::LookupPlan() {
+  const Session& s = session();
+  const LookupShape shape = lookupShape(s.mhlpmode, s.mentrytype);
+  database = &databaseFor(shape);
+
+  const std::string own = ownVoucherFilter(s.mhlpmode);
+  const size_t ownValues = static_cast<size_t>(std::ranges::count(own, '?'));
+  const size_t tableValues = s.mhlpvalues.size() - std::min(s.mhlpvalues.size(), ownValues);
+  const auto split = s.mhlpvalues.begin() + static_cast<std::ptrdiff_t>(tableValues);
+
+  all = parseSelect(lookupStatement(shape, asked()), {s.mhlpvalues.begin(), split});
+  start = own.empty() ? all : filtered(all, own, {split, s.mhlpvalues.end()});
+  rows = std::make_shared<PageRows>(*database, start);
+  table = screenTable(*rows);
+}
+
+FRMHLP::FRMHLP(Host& theHost) : Screen(theHost, table) {
+  escMeans = "Right = Next Search  ::  Up / Down = Scroll  ::  Esc = Close";
+  wire<FRMHLP>(*this, {
+                          {"Text1",       On::Change,      &FRMHLP::searchFirst },
+                          {"Text2",       On::Change,      &FRMHLP::searchSecond},
+                          {"Text1",       KeyCode::Right,  &FRMHLP::toSecond    },
+                          {"Text2",       KeyCode::Left,   &FRMHLP::toFirst     },
+                          {"grdDataGrid", On::Focus,       &FRMHLP::backToSearch},
+                          {"grdDataGrid", On::DoubleClick, &FRMHLP::choose      },
+                          {"",            KeyCode::Down,   &FRMHLP::down        },
+                          {"",            KeyCode::Up,     &FRMHLP::up          },
+                          {"",            KeyCode::PgDn,   &FRMHLP::pageDown    },
+                          {"",            KeyCode::PgUp,   &FRMHLP::pageUp      },
+                          {"",            KeyCode::Enter,  &FRMHLP::choose      },
+                          {"",            KeyCode::Esc,    &FRMHLP::escape      },
+  });
+}
+
+void FRMHLP::opened(const Entry&) {
+  Session& s = session();
+  if (s.mhlpmode == "SHOWVIDEO") {
+    s.mactiveforms += 1;
+    showPicture(host, false);
+  }
+  at("grdDataGrid").back = s.mreportkey == "GRAPHS" ? kGraphColour : kListColour;
+  show(rows);
+  goToLastWorkedWith();
+  focus(at("Text1"));
+  host.hint("Type To Find and Enter To Proceed");
+}
+
+void FRMHLP::closed() {
+  Session& s = session();
+  if (s.mhlpmode == "SHOWVIDEO") {
+    if (s.mactiveforms > 0) s.mactiveforms -= 1;
+    if (s.mactiveforms == 0) showPicture(host, true);
+  }
+  s.mhlpwidth.fill(0);
+  s.mhlpclosed = true;
+}
+
+void FRMHLP::show(std::shared_ptr<PageRows> found) {
+  Grid& grid = at("grdDataGrid").grid;
+  rows = std::move(found);
+  grid.source = rows;
+  grid.moveTo(0);
+}
+
+void FRMHLP::goToLastWorkedWith() {
+  if (all.columns.empty()) return;
+  const std::string& first = all.columns[0].name;
+  const std::string code = sameText(first, "ITEM_CD")  ? session().mlastitem
+                           : sameText(first, "ACC_CD") ? session().mlastacc
+                                                       : std::string();
+  if (code.empty()) return;
+  if (const auto row = rows->find(0, code)) at("grdDataGrid").grid.moveTo(*row);
+}
+
+// A search takes the place of the one before it, so the other field shows nothing of it.
+void FRMHLP::search(size_t column) {
+  set(at(column == 0 ? "Text2" : "Text1"), "");
+  const std::string& typedText = at(column == 0 ? "Text1" : "Text2").text;
+  const auto& shown = rows->columns();
+  if (column >= shown.size()) return;
+  if (typedText.empty()) {
+    show(std::make_shared<PageRows>(*database, start));
+    return;
+  }
+  const bool named = column < all.columns.size() && all.columns[column].name != "*" && all.columns[0].name != "*";
+  const std::string expression = named ? all.columns[column].expression : "[" + shown[column].name + "]";
+  const Select& from = searchesInsideFilter(session().mhlpmode) ? start : all;
+  show(std::make_shared<PageRows>(
+      *database, filtered(from, likeText(filterText(expression, shown[column].type)), {anywhere(typedText)})));
+}
+
+void FRMHLP::move(int by) {
+  Grid& grid = at("grdDataGrid").grid;
+  if (grid.count() == 0) return;
+  const auto now = static_cast<long>(grid.current == Grid::kNone ? 0 : grid.current);
+  grid.moveTo(static_cast<size_t>(std::max(now + by, 0L)));
+}
+
+void FRMHLP::toSecond() {
+  if (at("Text2").visible) focus(at("Text2"));
+}
+
+void FRMHLP::toFirst() { focus(at("Text1")); }
+
+// The list has no cursor keys of its own: a click into it leaves the focus where typing searches.
+void FRMHLP::backToSearch() { focus(at(at("Text2").text.empty() ? "Text1" : "Text2")); }
+
+char32_t FRMHLP::filter(const Control&, char32_t key) {
+  const char32_t text = KeyFilter(1, key);
+  return text != 0 || kSigns.find(key) == std::u32string_view::npos ? text : key;
+}
+
+void FRMHLP::typed(Control& control, char32_t key) {
+  const char32_t ch = filter(control, key);
+  if (ch == 0) return;
+  Control& text = at(at("Text2").text.empty() ? "Text1" : "Text2");
+  set(text, text.text + utf8::encode(ch));
+  search(text.family == "Text1" ? 0 : 1);
+}
+
+Go FRMHLP::choose() {
+  const size_t row = at("grdDataGrid").grid.current;
+  result = row == Grid::kNone ? std::string() : rows->text(row, 0);
+  host.close(*this);
+  return Go::Stay;
+}
+
+void FRMHLP::escape() { host.close(*this); }

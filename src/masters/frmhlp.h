@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "masters/page_rows.h"
+#include "platform/host.h"
+
+// What the session asks of a lookup, worked out before the screen stands: its rows, and a
+// screen table whose columns, width and place depend on the caller.
+struct LookupPlan {
+  LookupPlan();
+
+  Database* database = nullptr;
+  Select all, start;  // without and with the filter that keeps out the voucher in hand
+  std::shared_ptr<PageRows> rows;
+  ScreenSpec table;
+};
+
+// The lookup: a list over the statement that the session's mhlp members describe, with a search
+// field over each of its first two columns. Its result is the text of the first column of the
+// row under the cursor, nothing after Escape.
+class FRMHLP : private LookupPlan, public Screen {
+ public:
+  explicit FRMHLP(Host& host);
+
+  void opened(const Entry& entry) override;
+  void closed() override;
+  char32_t filter(const Control& control, char32_t key) override;
+  void typed(Control& control, char32_t key) override;
+
+ private:
+  void searchFirst() { search(0); }
+  void searchSecond() { search(1); }
+  void search(size_t column);
+  void show(std::shared_ptr<PageRows> found);
+  void goToLastWorkedWith();
+
+  void down() { move(+1); }
+  void up() { move(-1); }
+  void pageDown() { move(+kPage); }
+  void pageUp() { move(-kPage); }
+  void move(int by);
+  void toSecond();
+  void toFirst();
+  void backToSearch();
+  Go choose();
+  void escape();
+
+  static constexpr int kPage = 5;
+};

@@ -1,0 +1,415 @@
+#include "masters/frmitem1.h"
+
+#include <algorithm>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "frame/links.h"
+#include "frame/session.h"
+#include "masters/page_rows.h"
+
+namespace {
+
+enum : int {
+  kCode = 0,
+  kName = 1,
+  kShortName = 2,
+  kLongName = 3,
+  kCategory = 4,
+  kUnit = 5,
+  kSize = 6,
+  kPurchaseRate = 7,
+  kSaleRate = 8,
+  kMrp = 9,
+  kMinimumStock = 10,
+  kOpeningStock = 11,
+  kDiscount = 12,
+  kDescription = 13,
+  kRowCode = 14,
+  kTaxRate = 21,
+  kHsn = 22,
+};
+
+constexpr int kDetailFields[] = {kSize,         kPurchaseRate, kSaleRate, kMrp,    kMinimumStock,
+                                 kOpeningStock, kDiscount,     kDescription, kRowCode};
+
+const std::vector<FieldColumn>& holdings() {
+  static const std::vector<FieldColumn> columns{
+      {kCode,      "ITEM_CD"        },
+      {kName,      "ITEM_NAME"      },
+      {kShortName, "ITEM_SNAME"     },
+      {kLongName,  "ITEM_LNAME"     },
+      {kCategory,  "DEPT_CD"        },
+      {kUnit,      "UOM"            },
+      {kTaxRate,   "RATEOFTAX", true},
+      {kHsn,       "HSNCODE"        },
+  };
+  return columns;
+}
+
+constexpr const char* kRowsSelect =
+    "select ITEM_CD, SIZE_CD, PUR_RATE, SALE_RATE1, SALE_RATE2, MIN_STK, OP_STK, SALE_DISC, DESC1, CL_STK "
+    "from TEMP_ITMDTL";
+
+// clang-format off
+const ScreenSpec& itemTable() {
+  static const std::vector<Length> cells{px(116), px(92), part(1.1), px(112), px(92), px(36), part(1)};
+  static const ScreenSpec s{
+      .name = "FRMITEM1",
+      .caption = "Item Master ",
+      .layout = {.bands = {
+          {.height = part(1), .groups = {
+              {.name = "form", .frame = Frame::Plain, .bands = {
+                  {fit(),   {{.name = "item",  .columns = cells, .pitch = 39}}},
+                  {px(25),  {{.name = "heads", .frame = Frame::Heads, .columnsOf = "DataGrid1"}}},
+                  {px(34),  {{.name = "entry", .frame = Frame::Entry, .columnsOf = "DataGrid1"}}},
+                  {px(24),  {{.name = "keys",  .frame = Frame::Keys,  .columns = {part(1)}}}},
+                  {part(1), {{.name = "rows",  .frame = Frame::Plain}}},
+              }},
+              {.name = "names", .width = px(400), .frame = Frame::Plain},
+          }},
+          entryButtonBand(),
+      }},
+      .controls = withButtons({
+          {.name = "Text1", .index = kCode,      .label = "Item Code",  .at = {.group = "item", .row = 0, .col = 1, .span = 2, .width = 120}, .tab = 1, .limit = 20, .keys = KeyClass::Text},
+          {.name = "usrlbl", .kind = Kind::Label,                       .at = {.group = "item", .row = 0, .col = 4, .span = 3}, .style = Style::Quiet},
+          {.name = "Text1", .index = kName,      .label = "Name",       .at = {.group = "item", .row = 1, .col = 1, .span = 6}, .tab = 2, .limit = 100, .keys = KeyClass::Text, .hint = "Type Item Name And Press Enter"},
+          {.name = "Text1", .index = kCategory,  .label = "Category",   .at = {.group = "item", .row = 2, .col = 1}, .tab = 3, .limit = 4, .keys = KeyClass::Text, .hint = "Press Enter To Select Category Or Ctrl + D To Add Category"},
+          {.name = "lblCategory", .kind = Kind::Label,                  .at = {.group = "item", .row = 2, .col = 2}, .style = Style::Quiet},
+          {.name = "Text1", .index = kUnit,      .label = "Unit Name",  .at = {.group = "item", .row = 2, .col = 4, .span = 3}, .tab = 4, .limit = 20, .keys = KeyClass::Text, .hint = "Type Unit For Item Ex - Kg, Nos, Ltr, Mtr Etc."},
+          {.name = "Text1", .index = kTaxRate,   .label = "Gst %",      .at = {.group = "item", .row = 3, .col = 1}, .tab = 5, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Gst Rate For Item"},
+          {.name = "Text1", .index = kHsn,       .label = "Hsn Code",   .at = {.group = "item", .row = 3, .col = 4, .span = 3}, .tab = 6, .limit = 250, .keys = KeyClass::Text, .hint = "Type Item Hsn Code"},
+          {.name = "Text1", .index = kShortName, .label = "Short Name", .at = {.group = "item", .row = 4, .col = 1, .span = 2}, .tab = 7, .limit = 100, .keys = KeyClass::Text, .hint = "Type Description And Press Enter"},
+          {.name = "Text1", .index = kLongName,  .label = "Long Name",  .at = {.group = "item", .row = 4, .col = 4, .span = 3}, .tab = 8, .limit = 100, .keys = KeyClass::Text, .hint = "Type Description And Press Enter"},
+
+          // The code of a row is open only while a stored row is being changed.
+          {.name = "Text1", .index = kRowCode,      .label = "Item Code",   .at = {.group = "entry", .col = 0}, .tab = 10, .limit = 20, .keys = KeyClass::Text, .enabled = false, .hint = "Another Code :: Row Goes To That Item"},
+          {.name = "Text1", .index = kSize,         .label = "Unit",        .at = {.group = "entry", .col = 1}, .tab = 11, .limit = 20, .keys = KeyClass::Text, .hint = "Press Enter For Help :: Down = Rows :: Page Down = Save"},
+          {.name = "Text1", .index = kPurchaseRate, .label = "P. Rate",     .at = {.group = "entry", .col = 2}, .tab = 12, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Purchase Rate"},
+          {.name = "Text1", .index = kSaleRate,     .label = "Sale Rate",   .at = {.group = "entry", .col = 3}, .tab = 13, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Sales Rate"},
+          {.name = "Text1", .index = kMrp,          .label = "Mrp",         .at = {.group = "entry", .col = 4}, .tab = 14, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Mrp"},
+          {.name = "Text1", .index = kMinimumStock, .label = "Min. Stock",  .at = {.group = "entry", .col = 5}, .tab = 15, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Minimum Stock Qty"},
+          {.name = "Text1", .index = kOpeningStock, .label = "Op. Stock",   .at = {.group = "entry", .col = 6}, .tab = 16, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Opening Stock"},
+          {.name = "Text1", .index = kDiscount,     .label = "Discount",    .at = {.group = "entry", .col = 7}, .tab = 17, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Sale Discount"},
+          {.name = "Text1", .index = kDescription,  .label = "Description", .at = {.group = "entry", .col = 8}, .tab = 18, .limit = 20, .keys = KeyClass::Text, .hint = "Type Description And Press Enter"},
+          {.name = "lblKeys", .kind = Kind::Label,  .label = "Enter On A Row = Change  ::  F10 = Remove Row  ::  Page Down = Save", .at = {.group = "keys", .col = 0}, .style = Style::Key},
+          {.name = "DataGrid1", .kind = Kind::Grid, .at = {.group = "rows"}, .tab = 20, .enabled = false, .hint = "Press Enter To Change Row :: F10 = Remove Row", .columns = {
+              {.title = "Item Code",   .width = px(92)},
+              {.title = "Unit",        .width = part(1)},
+              {.title = "P. Rate",     .width = px(88), .align = Align::Right, .money = true},
+              {.title = "Sale Rate",   .width = px(88), .align = Align::Right, .money = true},
+              {.title = "Mrp",         .width = px(88), .align = Align::Right, .money = true},
+              {.title = "Min. Stock",  .width = px(84), .align = Align::Right},
+              {.title = "Op. Stock",   .width = px(84), .align = Align::Right},
+              {.title = "Discount",    .width = px(78), .align = Align::Right},
+              {.title = "Description", .width = part(1.4)},
+              {.title = "Stock",       .width = px(78), .align = Align::Right},
+          }},
+          {.name = "DataGrid2", .kind = Kind::Grid, .at = {.group = "names"}, .columns = {{.title = "Names already in use"}}},
+      }, "&Save"),
+  };
+  return s;
+}
+// clang-format on
+
+EntryPattern itemPattern() {
+  const std::string stem = "Item Master ";
+  return {
+      .fields = "Text1",
+      .key = kCode,
+      .first = kName,
+      .idle = stem,
+      .add = stem + ": ADD MODE",
+      .edit = stem + ": EDIT MODE",
+      .del = stem + ": DELETE MODE",
+      .view = stem + ": VIEW MODE",
+      .viewMode = "VIEW",
+      .idleHint = "Press Enter To Add New Record",
+      .deleteQuestion = "ARE YOU SURE YOU WANT TO DELETE CURRENT RECORD",
+      .names = "SELECT ITEM_NAME FROM ITEM order by item_name",
+      .namesGrid = "DataGrid2",
+      .name = kName,
+      .video = links().itemVideo,
+  };
+}
+
+}  // namespace
+
+FRMITEM1::FRMITEM1(Host& theHost) : EntryScreen(theHost, itemTable(), itemPattern()) {
+  at("DataGrid1").grid.heading = false;
+  wire<FRMITEM1>(*this, {
+                            {"Text1(0)",  KeyCode::F3,     &FRMITEM1::rateSearch     },
+                            {"Text1(0)",  KeyCode::F1,     &FRMITEM1::shortNameSearch},
+                            {"Text1(1)",  KeyCode::Enter,  &FRMITEM1::nameEntered    },
+                            {"Text1(4)",  KeyCode::Enter,  &FRMITEM1::categoryEntered},
+                            {"Text1(5)",  KeyCode::Enter,  &FRMITEM1::unitEntered    },
+                            {"Text1(22)", KeyCode::Enter,  &FRMITEM1::hsnEntered     },
+                            {"Text1(6)",  On::Focus,       &FRMITEM1::sizeFocused    },
+                            {"Text1(6)",  KeyCode::Enter,  &FRMITEM1::sizeEntered    },
+                            {"Text1(6)",  KeyCode::Down,   &FRMITEM1::toRows         },
+                            {"Text1(13)", KeyCode::Enter,  &FRMITEM1::detailEnded    },
+                            {"",          KeyCode::PgDn,   &FRMITEM1::endDetails     },
+                            {"DataGrid1", On::DoubleClick, &FRMITEM1::pickRow        },
+                            {"DataGrid1", KeyCode::Enter,  &FRMITEM1::pickRow        },
+                            {"DataGrid1", KeyCode::F10,    &FRMITEM1::removeRow      },
+  });
+}
+
+void FRMITEM1::opened(const Entry& entry) {
+  EntryScreen::opened(entry);
+  if (mode.empty()) add();
+}
+
+void FRMITEM1::closed() {
+  clearItemDetails(data());
+  EntryScreen::closed();
+}
+
+void FRMITEM1::newEntry() { set(field(kCode), itemCode(NextItemCode())); }
+
+bool FRMITEM1::load(const std::string& code) {
+  const auto row = findItem(data(), code);
+  if (!row) return false;
+  clearDetail();
+  renamings_.clear();
+  fill(*row, holdings());
+  showCategory();
+  const bool details = loadItemDetails(data(), code);
+  showRows();
+  if (!details) say("No Record To Display");
+  return true;
+}
+
+bool FRMITEM1::exists(const std::string& code) { return findItem(data(), code).has_value(); }
+
+void FRMITEM1::emptied() {
+  clearItemDetails(data());
+  clearDetail();
+  renamings_.clear();
+  set(at("lblCategory"), "");
+  showRows();
+}
+
+void FRMITEM1::showCategory() { set(at("lblCategory"), categoryName(data(), trim(field(kCategory).text)).value_or("")); }
+
+// Code
+
+namespace {
+
+constexpr const char* kWithCategory =
+    "item left join deptment on item.dept_cd = deptment.dept_cd order by ITEM_NAME";
+
+}  // namespace
+
+LookupSpec FRMITEM1::codeLookup() const {
+  return {.mode = "THREEFLD",
+          .table = kWithCategory,
+          .first = "ITEM_CD",
+          .second = "ITEM_NAME",
+          .more = "dept_name AS CATEGORY, ITEM_SNAME AS SUB_CATG, ITEM_LNAME AS MATERIAL"};
+}
+
+Go FRMITEM1::rateSearch() {
+  return searchInto({.mode = "THREEFLD",
+                     .table = "(item left join deptment on item.dept_cd = deptment.dept_cd) LEFT JOIN ITEMDTL ON "
+                              "ITEM.ITEM_CD = ITEMDTL.ITEM_CD order by ITEM_NAME",
+                     .first = "ITEM.ITEM_CD",
+                     .second = "STR(SALE_RATE1) AS SRATE1",
+                     .more = "SALE_RATE2, PUR_RATE, ITEM_NAME, dept_name, itemdtl.cl_stk"});
+}
+
+Go FRMITEM1::shortNameSearch() {
+  return searchInto({.mode = "THREEFLD",
+                     .table = kWithCategory,
+                     .first = "ITEM_CD",
+                     .second = "ITEM_SNAME",
+                     .more = "ITEM_NAME, dept_name"});
+}
+
+Go FRMITEM1::searchInto(const LookupSpec& spec) {
+  return mode == "ADD" ? Go::Stay : lookUp(host, *this, field(kCode), spec);
+}
+
+// Head
+
+Go FRMITEM1::nameEntered() {
+  const std::string name = trim(field(kName).text);
+  if (name.empty()) return valuesInUse("ITEM_NAME", "item");
+  return mode == "ADD" && itemNameInUse(data(), name) ? refuse("Duplicate Item Not Allowed") : Go::On;
+}
+
+Go FRMITEM1::categoryEntered() {
+  if (trim(field(kCategory).text).empty())
+    return lookUp(host, *this, field(kCategory), {.mode = "twofld",
+                                                  .table = "DEPTMENT order by dept_name",
+                                                  .first = "DEPT_CD",
+                                                  .second = "DEPT_NAME"});
+  showCategory();
+  return categoryName(data(), trim(field(kCategory).text)) ? Go::On : refuse("Category Not Found");
+}
+
+Go FRMITEM1::unitEntered() { return valuesInUse("UOM", "item"); }
+Go FRMITEM1::hsnEntered() { return valuesInUse("HSNCODE", "item"); }
+
+Go FRMITEM1::valuesInUse(const char* column, const char* table) {
+  if (!trim(here().text).empty()) return Go::On;
+  return lookUp(host, *this, here(), {.mode = "ONEFLD", .table = table, .first = column});
+}
+
+// Detail rows
+
+// The first row of an item is usually in its own unit.
+void FRMITEM1::sizeFocused() {
+  if (trim(field(kSize).text).empty() && !picked_ && countItemDetails(data()) == 0)
+    set(field(kSize), trim(field(kUnit).text));
+}
+
+Go FRMITEM1::sizeEntered() {
+  const std::string size = trim(field(kSize).text);
+  if (size.empty()) return valuesInUse("SIZE_CD", "itemDTL");
+  const bool own = picked_ && sameText(picked_->size, size);
+  return !own && itemSizeInWork(data(), size) ? refuse("Duplicate Item Not Allowed") : Go::On;
+}
+
+Go FRMITEM1::detailEnded() {
+  const ItemDetail detail = typedDetail();
+  if (detail.key.size.empty()) {
+    focus(field(kSize));
+    return Go::Stay;
+  }
+  const bool own = picked_ && *picked_ == detail.key;
+  if (!own && findItemDetail(data(), detail.key)) {
+    say("Duplicate Values Found Entry Terminated");
+    clearDetail();
+    focus(at("cmdUpdate"));
+    return Go::Stay;
+  }
+  keepDetail(detail);
+  focus(field(kSize));
+  return Go::Stay;
+}
+
+ItemDetail FRMITEM1::typedDetail() const {
+  const std::string rowCode = trim(field(kRowCode).text);
+  return {.key = {picked_ && !rowCode.empty() ? rowCode : code(), trim(field(kSize).text)},
+          .purchaseRate = Val(field(kPurchaseRate).text),
+          .saleRate = Val(field(kSaleRate).text),
+          .mrp = Val(field(kMrp).text),
+          .discount = Val(field(kDiscount).text),
+          .openingStock = Val(field(kOpeningStock).text),
+          .minimumStock = Val(field(kMinimumStock).text),
+          .description = field(kDescription).text};
+}
+
+void FRMITEM1::keepDetail(const ItemDetail& detail) {
+  if (!picked_) {
+    addItemDetail(data(), detail, sendMarks());
+  } else {
+    changeItemDetail(data(), *picked_, detail, sendMarks());
+    if (mode != "ADD" && !(*picked_ == detail.key)) renamings_.push_back({.from = *picked_, .to = detail.key});
+  }
+  clearDetail();
+  showRows();
+}
+
+void FRMITEM1::clearDetail() {
+  for (const int index : kDetailFields) set(field(index), "");
+  field(kRowCode).enabled = false;
+  picked_.reset();
+}
+
+void FRMITEM1::showRows() {
+  Control& list = at("DataGrid1");
+  list.grid.source = std::make_shared<PageRows>(data(), parseSelect(kRowsSelect));
+  list.grid.current = Grid::kNone;
+  list.enabled = entering() && list.grid.count() > 0;
+}
+
+void FRMITEM1::endDetails() {
+  if (entering()) focus(at("cmdUpdate"));
+}
+
+void FRMITEM1::toRows() {
+  if (at("DataGrid1").focusable()) focus(at("DataGrid1"));
+}
+
+std::optional<ItemKey> FRMITEM1::rowUnderCursor() const {
+  const Grid& grid = at("DataGrid1").grid;
+  if (grid.current == Grid::kNone || grid.current >= grid.count()) return {};
+  return ItemKey{grid.cell(grid.current, 0).text, grid.cell(grid.current, 1).text};
+}
+
+Go FRMITEM1::pickRow() {
+  const auto key = rowUnderCursor();
+  const auto detail = key && entering() ? findItemDetail(data(), *key) : std::nullopt;
+  if (!detail) return Go::Stay;
+  picked_ = detail->key;
+  set(field(kRowCode), detail->key.code);
+  set(field(kSize), detail->key.size);
+  set(field(kPurchaseRate), numText(detail->purchaseRate));
+  set(field(kSaleRate), numText(detail->saleRate));
+  set(field(kMrp), numText(detail->mrp));
+  set(field(kMinimumStock), numText(detail->minimumStock));
+  set(field(kOpeningStock), numText(detail->openingStock));
+  set(field(kDiscount), numText(detail->discount));
+  set(field(kDescription), detail->description);
+  field(kRowCode).enabled = mode == "EDIT";
+  focus(field(kSize));
+  return Go::Stay;
+}
+
+void FRMITEM1::removeRow() {
+  const auto key = rowUnderCursor();
+  if (!key || !entering() || !host.ask("ARE YOU SURE", kQuestionTitle)) return;
+  removeItemDetail(data(), *key);
+  if (picked_ == key) clearDetail();
+  showRows();
+  focus(field(kSize));
+}
+
+// Saving and deleting
+
+const Control* FRMITEM1::missingField() const {
+  for (const int index : {kCode, kName, kCategory, kUnit})
+    if (trim(field(index).text).empty()) return &field(index);
+  return nullptr;
+}
+
+// What still stands in the entry row belongs to the item; an item has at least one row.
+bool FRMITEM1::maySave() {
+  ItemDetail detail = typedDetail();
+  const bool typed = !detail.key.size.empty();
+  if (picked_ && !(*picked_ == detail.key)) {
+    say("Batch or Unit Can Not Be Changed");
+    return false;
+  }
+  if (typed && !picked_ && findItemDetail(data(), detail.key)) {
+    say("Duplicate Item Not Allowed");
+    return false;
+  }
+  if (!typed && !picked_ && countItemDetails(data()) == 0) detail.key.size = trim(field(kUnit).text);
+  if (!detail.key.size.empty()) keepDetail(detail);
+  return true;
+}
+
+void FRMITEM1::store() {
+  for (const int index : {kCode, kName}) set(field(index), trim(field(index).text));
+  Fields head = written(holdings());
+  for (Field& f : head)
+    if (f.column == "ITEM_LNAME" && trim(f.value.text()).empty()) f.value = ".";
+  for (Field& f : stamps()) head.push_back(std::move(f));
+  if (mode == "ADD")
+    addItem(data(), code(), std::move(head));
+  else
+    changeItem(data(), loaded(), std::move(head), renamings_);
+}
+
+void FRMITEM1::saved(const std::string& code) { session().mlastitem = code; }
+
+bool FRMITEM1::mayDelete(const std::string& code) {
+  if (!itemHasSales(data(), code)) return true;
+  say("Can not DELETE Check Sale For This Item");
+  return false;
+}
+
+void FRMITEM1::erase(const std::string& code) { deleteItem(data(), code); }

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "masters/entry_screen.h"
+#include "masters/items.h"
+
+// Item master: the head of an item and its detail rows, one for each batch or unit. A detail row
+// is typed in the entry row over the list; Enter in its last field takes it into the list, Enter
+// on a row of the list brings it back into the entry row.
+class FRMITEM1 : public EntryScreen {
+ public:
+  explicit FRMITEM1(Host& host);
+  void opened(const Entry& entry) override;
+  void closed() override;
+
+ protected:
+  void newEntry() override;
+  bool load(const std::string& code) override;
+  bool exists(const std::string& code) override;
+  LookupSpec codeLookup() const override;
+  std::string missingCodeWords() const override { return "NO RECORD FOUND"; }
+  std::string existingCodeWords() const override { return "ITEM ALLREADY EXIST"; }
+  const Control* missingField() const override;
+  bool maySave() override;
+  void store() override;
+  bool mayDelete(const std::string& code) override;
+  void erase(const std::string& code) override;
+  void saved(const std::string& code) override;
+  void emptied() override;
+
+ private:
+  Go rateSearch();
+  Go shortNameSearch();
+  Go searchInto(const LookupSpec& spec);
+  Go nameEntered();
+  Go categoryEntered();
+  Go unitEntered();
+  Go hsnEntered();
+  Go valuesInUse(const char* column, const char* table);
+
+  void sizeFocused();
+  Go sizeEntered();
+  Go detailEnded();
+  void endDetails();
+  void toRows();
+  Go pickRow();
+  void removeRow();
+  ItemDetail typedDetail() const;
+  std::optional<ItemKey> rowUnderCursor() const;
+  void keepDetail(const ItemDetail& detail);
+  void clearDetail();
+  void showRows();
+  void showCategory();
+
+  std::optional<ItemKey> picked_;  // the row of the list that stands in the entry row
+  std::vector<Renaming> renamings_;
+};

@@ -1,0 +1,256 @@
+#include "masters/frmtaxmast.h"
+
+#include <map>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "frame/links.h"
+#include "frame/session.h"
+#include "masters/accounts.h"
+#include "masters/column_titles.h"
+
+namespace {
+
+bool isShort(SmallKind kind) { return kind != SmallKind::Text && kind != SmallKind::AccountName; }
+bool isNumber(SmallKind kind) { return kind == SmallKind::Number || kind == SmallKind::Group; }
+
+ScreenSpec screenTable(const SmallMaster& m) {
+  ScreenSpec table;
+  table.name = "frmtaxmast";
+  table.caption = m.stem;
+  table.layout.bands = {
+      {.height = part(1),
+       .groups = {{.name = "form",
+                   .frame = Frame::Plain,
+                   .bands = {{fit(), {{.name = "fields", .columns = {px(136), px(120), part(1)}, .pitch = 39}}},
+                             {part(1), {{.name = "rest", .frame = Frame::Plain}}}}},
+                  {.name = "names", .width = px(400), .frame = Frame::Plain}}},
+      entryButtonBand(),
+  };
+
+  std::vector<ControlSpec> controls;
+  int index = 0;
+  for (const SmallField& f : m.fields) {
+    const bool narrow = isShort(f.kind) || (index == 0 && m.code != SmallCode::ItsText);
+    controls.push_back({.name = "txtFields",
+                        .index = index,
+                        .label = std::string(f.label),
+                        .at = {.group = "fields", .row = index, .col = 1, .span = narrow ? 1 : 2},
+                        .tab = index + 1,
+                        .limit = f.limit,
+                        .keys = isNumber(f.kind) ? KeyClass::Number : KeyClass::Text,
+                        .enabled = f.kind != SmallKind::AccountName,
+                        .align = isNumber(f.kind) ? Align::Right : Align::Auto,
+                        .hint = std::string(f.hint)});
+    if (f.kind == SmallKind::Group)
+      controls.push_back({.name = "lblGroup",
+                          .kind = Kind::Label,
+                          .at = {.group = "fields", .row = index, .col = 2},
+                          .style = Style::Quiet});
+    ++index;
+  }
+  ControlSpec list{.name = "DataGrid1", .kind = Kind::Grid, .at = {.group = "names"}};
+  for (const SelectColumn& c : parseSelect(m.list).columns) {
+    const ColumnTitle t = columnTitle(c.name);
+    list.columns.push_back({.title = t.title, .width = t.width > 100 ? part(1) : px(t.width), .align = t.align});
+  }
+  controls.push_back(std::move(list));
+  table.controls = withButtons(std::move(controls), "&Save");
+  return table;
+}
+
+// Made once for each master and kept, since screens refer to their table.
+const ScreenSpec& tableFor(const SmallMaster& m) {
+  static std::map<std::string_view, ScreenSpec> made;
+  const auto found = made.find(m.key);
+  return found != made.end() ? found->second : made.emplace(m.key, screenTable(m)).first->second;
+}
+
+bool isGenerated(const SmallMaster& m) {
+  return m.code == SmallCode::NextNumber || m.code == SmallCode::NextCategory;
+}
+
+EntryPattern smallPattern(const SmallMaster& m) {
+  const std::string stem(m.stem);
+  return {
+      .fields = "txtFields",
+      .key = 0,
+      .first = isGenerated(m) ? 1 : 0,
+      .idle = stem,
+      .add = stem + " : ADD MODE",
+      .edit = stem + " EDIT MODE",
+      .del = stem + " Delete MODE",
+      .view = stem + " View MODE",
+      .names = std::string(m.list),
+      .namesGrid = "DataGrid1",
+      .name = m.name,
+      .video = links().smallMasterVideo,
+  };
+}
+
+}  // namespace
+
+frmtaxmast::frmtaxmast(Host& theHost)
+    : frmtaxmast(theHost, smallMaster(session().mmastkey, session().mentrytype)) {}
+
+frmtaxmast::frmtaxmast(Host& theHost, const SmallMaster& master)
+    : EntryScreen(theHost, tableFor(master), smallPattern(master)), master_(master) {
+  wire<frmtaxmast>(*this, {
+                              {"txtFields", KeyCode::Enter, &frmtaxmast::fieldEntered}
+  });
+}
+
+Database& frmtaxmast::database() const { return master_.inCatalogue ? catalogue() : data(); }
+
+void frmtaxmast::opened(const Entry& entry) {
+  if (master_.key == "TRANS") ensureLocalTransport(data());
+  EntryScreen::opened(entry);
+}
+
+char32_t frmtaxmast::filter(const Control& control, char32_t key) {
+  const char32_t ch = EntryScreen::filter(control, key);
+  const bool yesNo = sameText(control.family, "txtFields") && fieldOf(control.index).kind == SmallKind::YesNo;
+  return yesNo && ch != U'Y' && ch != U'N' ? 0 : ch;
+}
+
+std::vector<FieldColumn> frmtaxmast::holdings() const {
+  std::vector<FieldColumn> columns;
+  for (int i = 0; i < count(); ++i)
+    columns.push_back({i, fieldOf(i).column, isNumber(fieldOf(i).kind) || (i == 0 && master_.numericCode)});
+  return columns;
+}
+
+void frmtaxmast::newEntry() {
+  if (isGenerated(master_)) {
+    field(0).enabled = false;
+    set(field(0), nextSmallCode(master_, database()));
+  }
+  for (int i = 0; i < count(); ++i)
+    if (fieldOf(i).kind == SmallKind::YesNo) set(field(i), "N");
+}
+
+bool frmtaxmast::load(const std::string& code) {
+  const auto row = findSmallRow(master_, database(), code);
+  if (!row) return false;
+  fill(*row, holdings());
+  showGroupName();
+  return true;
+}
+
+bool frmtaxmast::exists(const std::string& code) { return findSmallRow(master_, database(), code).has_value(); }
+
+std::string frmtaxmast::missingCodeWords() const {
+  return mode == "EDIT" ? "CODE DOES NOT EXIST" : "Record Not Found";
+}
+
+const Control* frmtaxmast::missingField() const {
+  for (int i = 0; i < count(); ++i)
+    if ((i == 0 || fieldOf(i).required) && trim(field(i).text).empty()) return &field(i);
+  return nullptr;
+}
+
+// Fields
+
+Go frmtaxmast::fieldEntered() {
+  const int index = here().index;
+  const SmallField& f = fieldOf(index);
+  if (f.kind == SmallKind::Account) return accountEntered(index);
+  if (f.kind == SmallKind::Group) return groupEntered(index);
+  const std::string text = trim(field(index).text);
+  if (f.required && text.empty()) return refuse("Blank Not Allowed");
+  if (index == master_.name && mode == "ADD" && smallNameInUse(master_, database(), text))
+    return refuse(std::string(master_.duplicate));
+  return Go::On;
+}
+
+Go frmtaxmast::accountEntered(int index) {
+  const std::string code = trim(field(index).text);
+  if (code.empty())
+    return lookUp(host, *this, field(index), {.mode = "THREEFLD",
+                                              .table = "ACCOUNT ORDER BY ACC_NAME",
+                                              .first = "ACC_CD",
+                                              .second = "acc_NAME",
+                                              .more = "AREA, CITY, PERSON_NM, FORMAT(cl_bal,'0.00') AS CLBAL"});
+  const auto account = findAccount(data(), code);
+  if (!account) return refuse("Please Select Proper ACCOUNT Code");
+  if (index + 1 < count() && fieldOf(index + 1).kind == SmallKind::AccountName)
+    set(field(index + 1), left(account->text("ACC_NAME"), fieldOf(index + 1).limit));
+  return Go::On;
+}
+
+Go frmtaxmast::groupEntered(int index) {
+  const std::string code = trim(field(index).text);
+  if (code.empty())
+    return lookUp(host, *this, field(index), {.mode = "twofld",
+                                              .table = "GRP ORDER BY GROUP_NAME",
+                                              .first = "GROUP_CD",
+                                              .second = "GROUP_NAME"});
+  showGroupName();
+  return mayStandUnder(code) ? Go::On : refuse("Wrong Selection");
+}
+
+// A group under itself would have no root.
+bool frmtaxmast::mayStandUnder(const std::string& group) const {
+  return groupName(data(), Val(group)) && Val(group) != Val(code());
+}
+
+void frmtaxmast::showGroupName() {
+  for (int i = 0; i < count(); ++i)
+    if (fieldOf(i).kind == SmallKind::Group)
+      set(at("lblGroup"), field(i).text.empty() ? "" : groupName(data(), Val(field(i).text)).value_or(""));
+}
+
+void frmtaxmast::emptied() { showGroupName(); }
+
+// Saving and deleting
+
+bool frmtaxmast::mayEdit() {
+  if (session().musertype != "M") return true;
+  say("Use Master Password to Edit");
+  return false;
+}
+
+bool frmtaxmast::maySave() {
+  const auto refused = [this](const std::string& words) {
+    say(words);
+    return false;
+  };
+  const std::string name = trim(field(master_.name).text);
+  const bool renamed = master_.name == 0 && mode == "EDIT" && !sameText(name, loaded());
+  if ((mode == "ADD" || renamed) && smallNameInUse(master_, database(), name))
+    return refused(std::string(master_.duplicate));
+  for (int i = 0; i < count(); ++i) {
+    const std::string text = trim(field(i).text);
+    if (text.empty()) continue;
+    if (fieldOf(i).kind == SmallKind::Account && !findAccount(data(), text))
+      return refused("Please Select Proper ACCOUNT Code");
+    if (fieldOf(i).kind == SmallKind::Group && !mayStandUnder(text))
+      return refused("Wrong Selection");
+  }
+  return true;
+}
+
+void frmtaxmast::store() {
+  Fields fields = written(holdings());
+  for (Field& f : stamps()) fields.push_back(std::move(f));
+  const std::string table(master_.table);
+  if (mode == "ADD")
+    insertRow(database(), table, fields);
+  else
+    updateRows(database(), table, fields, std::string(master_.fields[0].column) + " = ?",
+               {smallCode(master_, loaded())});
+}
+
+// A transporter in use may go all the same.
+bool frmtaxmast::mayDelete(const std::string& code) {
+  if (const SmallGuard* guard = smallRefusal(master_, database(), code)) {
+    host.message(std::string(guard->words), std::string(guard->title));
+    return false;
+  }
+  const int sales = master_.key == "TRANS" ? salesOfTransport(data(), code) : 0;
+  return sales == 0 || host.ask("This Transport Id is Used In " + std::to_string(sales) +
+                                    " & Sales Entries\r\nDo You Still Want To DELETE",
+                                kQuestionTitle);
+}
+
+void frmtaxmast::erase(const std::string& code) { deleteSmallRow(master_, database(), code); }

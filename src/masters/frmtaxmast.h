@@ -1,0 +1,45 @@
+#pragma once
+
+#include "masters/entry_screen.h"
+#include "masters/small_masters.h"
+
+// One screen for all small code tables; mmastkey (for users mentrytype) says which one it is
+// when it opens.
+class frmtaxmast : public EntryScreen {
+ public:
+  explicit frmtaxmast(Host& host);
+  void opened(const Entry& entry) override;
+  char32_t filter(const Control& control, char32_t key) override;
+
+ protected:
+  Database& database() const override;
+  void newEntry() override;
+  bool load(const std::string& code) override;
+  bool exists(const std::string& code) override;
+  LookupSpec codeLookup() const override { return master_.lookup; }
+  std::string missingCodeWords() const override;
+  std::string existingCodeWords() const override { return std::string(master_.duplicate); }
+  std::string blankCodeWords() const override { return "Blank Not Allowed"; }
+  const Control* missingField() const override;
+  bool maySave() override;
+  void store() override;
+  bool mayDelete(const std::string& code) override;
+  void erase(const std::string& code) override;
+  bool keyMayChange() const override { return master_.code == SmallCode::ItsText; }
+  bool mayEdit() override;
+  void emptied() override;
+
+ private:
+  frmtaxmast(Host& host, const SmallMaster& master);
+
+  Go fieldEntered();
+  Go accountEntered(int index);
+  Go groupEntered(int index);
+  bool mayStandUnder(const std::string& group) const;
+  void showGroupName();
+  std::vector<FieldColumn> holdings() const;
+  int count() const { return static_cast<int>(master_.fields.size()); }
+  const SmallField& fieldOf(int index) const { return master_.fields[static_cast<size_t>(index)]; }
+
+  const SmallMaster& master_;
+};

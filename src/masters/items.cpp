@@ -1,0 +1,173 @@
+#include "masters/items.h"
+
+#include <array>
+
+#include "base/text.h"
+#include "store/keys.h"
+
+namespace {
+
+// The columns that work table and ITEMDTL share.
+constexpr const char* kShared =
+    "ITEM_CD, SIZE_CD, PUR_RATE, SALE_RATE1, SALE_RATE2, SALE_DISC, OP_STK, CL_STK, DESC1, "
+    "MOBNOCO, DATANM, DATASENT";
+
+// A description is shorter in the work table than in ITEMDTL; the save puts back what was cut.
+constexpr const char* kSharedCut =
+    "ITEM_CD, SIZE_CD, PUR_RATE, SALE_RATE1, SALE_RATE2, SALE_DISC, OP_STK, CL_STK, SUBSTR(DESC1, 1, 20), "
+    "MOBNOCO, DATANM, DATASENT";
+
+struct Naming {
+  std::string_view table, code, size;
+};
+
+constexpr std::array kNamings{
+    Naming{"CHLNITM",      "ITEM_CD", "SIZE_CD" },
+    Naming{"ITEMLINK",     "ITEM_CD", "SIZE_CD" },
+    Naming{"ITEMLINK",     "RAW_CD",  "RAW_SIZE"},
+    Naming{"JOBCARDITM",   "ITEM_CD", "SIZE_CD" },
+    Naming{"ORDERITM",     "ITEM_CD", "SIZE_CD" },
+    Naming{"PRODINOT",     "ITEM_CD", "SIZE_CD" },
+    Naming{"PRODITM",      "ITEM_CD", "SIZE_CD" },
+    Naming{"PRODSTKIOITM", "ITEM_CD", "SIZE_CD" },
+    Naming{"PRTYRATE",     "ITEM_CD", "SIZE_CD" },
+    Naming{"QUOTITM",      "ITEM_CD", "SIZE_CD" },
+    Naming{"PURCHITM",     "ITEM_CD", "SIZE_CD" },
+    Naming{"SALEITM",      "ITEM_CD", "SIZE_CD" },
+    Naming{"SLEDGER",      "ITEM_CD", "SIZE_CD" },
+    Naming{"STKIOITM",     "ITEM_CD", "SIZE_CD" },
+    Naming{"WASTEITM",     "ITEM_CD", "SIZE_CD" },
+};
+
+Fields detailFields(const ItemDetail& d, const Fields& marks) {
+  Fields fields{
+      {"ITEM_CD",    d.key.code    },
+      {"SIZE_CD",    d.key.size    },
+      {"PUR_RATE",   d.purchaseRate},
+      {"SALE_RATE1", d.saleRate    },
+      {"SALE_RATE2", d.mrp         },
+      {"SALE_DISC",  d.discount    },
+      {"OP_STK",     d.openingStock},
+      {"MIN_STK",    d.minimumStock},
+      {"DESC1",      d.description },
+  };
+  fields.insert(fields.end(), marks.begin(), marks.end());
+  return fields;
+}
+
+// The key of ITEMDTL allows one row an item. An item with several rows takes it away, as the
+// next update of the database would.
+void makeRoomForSizes(Database& db) {
+  if (db.first("SELECT ITEM_CD FROM TEMP_ITMDTL GROUP BY ITEM_CD HAVING COUNT(*) > 1"))
+    db.exec("DROP INDEX IF EXISTS main." + keyName("ITEMDTL"));
+}
+
+void storeDetails(Database& db) {
+  makeRoomForSizes(db);
+  // A row renamed to a pair that another item has already joins that row.
+  db.exec("DELETE FROM TEMP_ITMDTL WHERE EXISTS (SELECT 1 FROM ITEMDTL"
+          " WHERE ITEMDTL.ITEM_CD = TEMP_ITMDTL.ITEM_CD AND ITEMDTL.SIZE_CD = TEMP_ITMDTL.SIZE_CD)");
+  db.exec(std::string("INSERT INTO ITEMDTL (") + kShared + ") SELECT " + kShared + " FROM TEMP_ITMDTL");
+  clearItemDetails(db);
+}
+
+}  // namespace
+
+std::optional<Row> findItem(Database& db, std::string_view code) {
+  return db.first("SELECT ITEM.* FROM ITEM WHERE ITEM_CD = ?", code);
+}
+
+bool itemNameInUse(Database& db, std::string_view name) {
+  return db.first("SELECT ITEM_CD FROM ITEM WHERE ITEM_NAME = ? ORDER BY ITEM_NAME", name).has_value();
+}
+
+std::optional<std::string> categoryName(Database& db, std::string_view code) {
+  const auto row = db.first("SELECT DEPT_NAME FROM DEPTMENT WHERE DEPT_CD = ?", code);
+  if (!row) return {};
+  return row->text(0);
+}
+
+void clearItemDetails(Database& db) { db.exec("DELETE FROM TEMP_ITMDTL"); }
+
+bool loadItemDetails(Database& db, std::string_view code) {
+  clearItemDetails(db);
+  return db.exec(std::string("INSERT INTO TEMP_ITMDTL (") + kShared + ") SELECT " + kSharedCut +
+                     " FROM ITEMDTL WHERE ITEMDTL.ITEM_CD = ?",
+                 code) > 0;
+}
+
+size_t countItemDetails(Database& db) {
+  return static_cast<size_t>(db.number("SELECT COUNT(*) FROM TEMP_ITMDTL"));
+}
+
+std::optional<ItemDetail> findItemDetail(Database& db, const ItemKey& key) {
+  const auto row =
+      db.first("SELECT TEMP_ITMDTL.* FROM TEMP_ITMDTL WHERE ITEM_CD = ? AND SIZE_CD = ?", key.code, key.size);
+  if (!row) return {};
+  return ItemDetail{.key = {row->text("ITEM_CD"), row->text("SIZE_CD")},
+                    .purchaseRate = row->number("PUR_RATE"),
+                    .saleRate = row->number("SALE_RATE1"),
+                    .mrp = row->number("SALE_RATE2"),
+                    .discount = row->number("SALE_DISC"),
+                    .openingStock = row->number("OP_STK"),
+                    .minimumStock = row->number("MIN_STK"),
+                    .description = row->text("DESC1")};
+}
+
+bool itemSizeInWork(Database& db, std::string_view size) {
+  return db.first("SELECT TEMP_ITMDTL.SIZE_CD FROM TEMP_ITMDTL WHERE SIZE_CD = ?", size).has_value();
+}
+
+void addItemDetail(Database& db, const ItemDetail& detail, const Fields& marks) {
+  Fields fields = detailFields(detail, marks);
+  fields.push_back({"CL_STK", detail.openingStock});
+  insertRow(db, kItemWorkTable, fields);
+}
+
+void changeItemDetail(Database& db, const ItemKey& key, const ItemDetail& detail, const Fields& marks) {
+  db.exec("UPDATE TEMP_ITMDTL SET CL_STK = CL_STK + ? - OP_STK WHERE ITEM_CD = ? AND SIZE_CD = ?",
+          detail.openingStock, key.code, key.size);
+  updateRows(db, kItemWorkTable, detailFields(detail, marks), "ITEM_CD = ? AND SIZE_CD = ?", {key.code, key.size});
+}
+
+void removeItemDetail(Database& db, const ItemKey& key) {
+  db.exec("DELETE FROM TEMP_ITMDTL WHERE ITEM_CD = ? AND SIZE_CD = ?", key.code, key.size);
+}
+
+void addItem(Database& db, std::string_view code, Fields head) {
+  head.push_back({"TAX_CD", 0});
+  head.push_back({"RATEOFCESS", 0});
+  insertRow(db, "ITEM", head);
+  db.exec("UPDATE TEMP_ITMDTL SET ITEM_CD = ?", code);
+  storeDetails(db);
+}
+
+void changeItem(Database& db, std::string_view code, Fields head, const std::vector<Renaming>& renamings) {
+  updateRows(db, "ITEM", head, "ITEM_CD = ?", {code});
+  const auto whole = db.all("SELECT SIZE_CD, DESC1 FROM ITEMDTL WHERE ITEM_CD = ? AND LENGTH(DESC1) > 20", code);
+  db.exec("DELETE FROM ITEMDTL WHERE ITEM_CD = ?", code);
+  storeDetails(db);
+  for (const Row& row : whole)
+    db.exec("UPDATE ITEMDTL SET DESC1 = ?1 WHERE ITEM_CD = ?2 AND SIZE_CD = ?3 AND DESC1 = SUBSTR(?1, 1, 20)",
+            row.text("DESC1"), code, row.text("SIZE_CD"));
+  for (const Renaming& renaming : renamings) RenameItem(db, renaming);
+}
+
+void RenameItem(Database& db, const Renaming& renaming) {
+  for (const Naming& n : kNamings) {
+    const std::string code(n.code), size(n.size);
+    db.attempt("UPDATE " + std::string(n.table) + " SET " + code + " = ?, " + size + " = ? WHERE " + code +
+                   " = ? AND " + size + " = ?",
+               renaming.to.code, renaming.to.size, renaming.from.code, renaming.from.size);
+  }
+}
+
+bool itemHasSales(Database& db, std::string_view code) {
+  return db.first("SELECT VOUCH_NO FROM SALEITM WHERE ITEM_CD = ?", code).has_value();
+}
+
+void deleteItem(Database& db, std::string_view code) {
+  clearItemDetails(db);
+  db.exec("DELETE FROM ITEMDTL WHERE ITEM_CD = ?", code);
+  db.exec("DELETE FROM ITEM WHERE ITEM_CD = ?", code);
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/database.h"
+#include "store/row_writer.h"
+
+// Items and their detail rows. An item has one detail row for each batch or unit (SIZE_CD). While
+// an item is on the screen its detail rows stand in the work table TEMP_ITMDTL, which is this
+// connection's own; they reach ITEMDTL with the save.
+
+inline constexpr const char* kItemWorkTable = "TEMP_ITMDTL";
+
+struct ItemKey {
+  std::string code, size;
+  bool operator==(const ItemKey&) const = default;
+};
+
+struct ItemDetail {
+  ItemKey key;
+  double purchaseRate = 0, saleRate = 0, mrp = 0, discount = 0;
+  double openingStock = 0, minimumStock = 0;
+  std::string description;
+};
+
+// One detail row that is now called by another pair.
+struct Renaming {
+  ItemKey from, to;
+};
+
+std::optional<Row> findItem(Database& db, std::string_view code);
+bool itemNameInUse(Database& db, std::string_view name);
+// None when there is no category of that code.
+std::optional<std::string> categoryName(Database& db, std::string_view code);
+
+// The work table
+void clearItemDetails(Database& db);
+// The stored rows of an item into the work table; false when there are none.
+bool loadItemDetails(Database& db, std::string_view code);
+size_t countItemDetails(Database& db);
+std::optional<ItemDetail> findItemDetail(Database& db, const ItemKey& key);
+bool itemSizeInWork(Database& db, std::string_view size);
+// `marks` are the columns that every stored row carries. The stock follows the opening stock.
+void addItemDetail(Database& db, const ItemDetail& detail, const Fields& marks);
+void changeItemDetail(Database& db, const ItemKey& key, const ItemDetail& detail, const Fields& marks);
+void removeItemDetail(Database& db, const ItemKey& key);
+
+// Stores the head and the rows of the work table, which is empty afterwards. Inside a transaction.
+void addItem(Database& db, std::string_view code, Fields head);
+void changeItem(Database& db, std::string_view code, Fields head, const std::vector<Renaming>& renamings);
+
+// Carries a renaming through every table that names items; tables that the database does not
+// have are passed over. Where the new pair stands already the rows join it.
+void RenameItem(Database& db, const Renaming& renaming);
+
+bool itemHasSales(Database& db, std::string_view code);
+// Challans, quotations and rates are not looked at. Inside a transaction.
+void deleteItem(Database& db, std::string_view code);

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "platform/screen.h"
+
+// FRMHLP, frmacc, FRMITEM1 and frmtaxmast.
+void addMasterScreens(Screens& screens);

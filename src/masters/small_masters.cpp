@@ -1,0 +1,197 @@
+#include "masters/small_masters.h"
+
+#include "base/number.h"
+#include "base/text.h"
+#include "frame/routines.h"
+
+namespace {
+
+// clang-format off
+const std::vector<SmallMaster>& masters() {
+  using enum SmallKind;
+  static const std::vector<SmallMaster> table{
+      {.key = "catg", .stem = "Category Master", .table = "DEPTMENT", .code = SmallCode::NextCategory,
+       .fields = {
+           {.column = "DEPT_CD",     .label = "Code",        .limit = 4},
+           {.column = "DEPT_NAME",   .label = "Description", .limit = 50,  .required = true, .hint = "Type Name Of Category"},
+           {.column = "GROUPING",    .label = "Grouping",    .limit = 1,   .kind = YesNo,  .hint = "Type Y Or N"},
+           {.column = "HSNCODE",     .label = "Hsncode",     .limit = 250, .hint = "Type Hsn Code Of Category"},
+           {.column = "ITEMDESC",    .label = "Item Description", .limit = 250, .hint = "Type Description Of Items"},
+           {.column = "RATEOFTAX",   .label = "Tax Rate",    .limit = 15,  .kind = Number, .hint = "Type Gst Rate Of Category"},
+           {.column = "RATEOFCESS",  .label = "Cess",        .limit = 15,  .kind = Number, .hint = "Type Cess Rate Of Category"},
+           {.column = "NOCOUNT_STK", .label = "No Stock",    .limit = 1,   .kind = YesNo,  .hint = "Type Y For No Stock Count"},
+       },
+       .list = "SELECT DEPT_CD, DEPT_NAME FROM DEPTMENT order by dept_name",
+       .lookup = {.mode = "THREEFLD", .table = "deptment order by dept_name", .first = "dept_cd", .second = "dept_name", .more = "ITEMDESC, HSNCODE, RATEOFTAX, RATEOFCESS"},
+       .guards = {{.statement = "SELECT ITEM_CD FROM ITEM WHERE DEPT_CD = ?", .words = "THERE ARE ITEMS LINKED TO THIS CATEGORY"}}},
+
+      {.key = "tax", .stem = "Tax Master", .table = "DISCHTAX", .code = SmallCode::NextNumber, .numericCode = true,
+       .fields = {
+           {.column = "CODE",       .label = "Code",     .limit = 6,  .kind = Number},
+           {.column = "NAME",       .label = "Name",     .limit = 60, .required = true, .hint = "Type Name Of Tax"},
+           {.column = "RATE",       .label = "Rate",     .limit = 15, .kind = Number, .hint = "Type Rate Of Tax"},
+           {.column = "FORM_PRINT", .label = "Print",    .limit = 1,  .kind = YesNo, .hint = "Type Y Or N"},
+           {.column = "tax_acc",    .label = "A/c Code", .limit = 6,  .kind = Account},
+           {.column = "tax_acnm",   .label = "A/c Name", .limit = 60, .kind = AccountName},
+       },
+       .list = "SELECT CODE, NAME FROM DISCHTAX order by code",
+       .lookup = {.mode = "THREEFLD", .table = "DISCHTAX order by code", .first = "CODE", .second = "NAME", .more = "RATE, TAX_ACC, FORM_PRINT"},
+       .guards = {{.statement = "SELECT VOUCH_NO FROM SALE WHERE TAX_CD1 = ?", .words = "There is Sale Entry For This Tax Code\r\nCan Not Delete"},
+                  {.statement = "SELECT 1 FROM PURCH WHERE CHRG_PERC1 = ?1 OR EXCISE_PER = ?1 OR ATAX_PERC = ?1", .words = "There is Purchase Entry For This Tax Code\r\nCan Not Delete"}}},
+
+      {.key = "TRANS", .stem = "Transport Master", .table = "TRANSMAST", .code = SmallCode::NextNumber, .numericCode = true,
+       .fields = {
+           {.column = "TRANS_ID",     .label = "Id",        .limit = 6,  .kind = Number},
+           {.column = "TRANSNAME",    .label = "Name",      .limit = 50, .required = true, .hint = "Type Name Of Transport"},
+           {.column = "TADD1",        .label = "Address 1", .limit = 50, .hint = "Type Address Of Transport"},
+           {.column = "TADD2",        .label = "Address 2", .limit = 50, .hint = "Type Address Of Transport"},
+           {.column = "TAREA",        .label = "Area",      .limit = 50, .hint = "Type Area Of Transport"},
+           {.column = "TCITY",        .label = "City",      .limit = 50, .hint = "Type City Of Transport"},
+           {.column = "TPHONE1",      .label = "Phone 1",   .limit = 50, .hint = "Type Phone No Of Transport"},
+           {.column = "TPHONE2",      .label = "Phone 2",   .limit = 50, .hint = "Type Phone No Of Transport"},
+           {.column = "TRANS_GOV_ID", .label = "Gov. Id",   .limit = 50, .hint = "Type Government Id Of Transport"},
+       },
+       .list = "SELECT TRANS_ID, TRANSNAME FROM TRANSMAST order by TRANSNAME",
+       .lookup = {.mode = "THREEFLD", .table = "TRANSMAST order by TRANSNAME", .first = "TRANS_ID", .second = "TRANSNAME", .more = "trans_gov_id"}},
+
+      {.key = "GWDN", .stem = "Godown Master", .table = "GWDN",
+       .fields = {
+           {.column = "GWDN_CD",   .label = "Code", .limit = 6,  .required = true, .hint = "Type Code Of Godown"},
+           {.column = "GWDN_NAME", .label = "Name", .limit = 50, .required = true, .hint = "Type Name Of Godown"},
+       },
+       .duplicate = "Duplicate Godown Can Not Be Added",
+       .list = "SELECT GWDN_CD, GWDN_NAME FROM GWDN order by GWDN_NAME",
+       .lookup = {.mode = "TWOFLD", .table = "GWDN order by GWDN_NAME", .first = "GWDN_CD", .second = "GWDN_NAME"},
+       .guards = {{.statement = "SELECT 1 FROM SLEDGER WHERE GWDN_CD = ?", .words = "There Is a Stock Entry For This Godown in Stock Ledger\r\nCan Not Delete"}}},
+
+      {.key = "sman", .stem = "Salesman Master", .table = "sman",
+       .fields = {
+           {.column = "sman_cd",   .label = "Code", .limit = 6,   .required = true, .hint = "Type Code Of Salesman"},
+           {.column = "sman_name", .label = "Name", .limit = 50,  .required = true, .hint = "Type Name Of Salesman"},
+           {.column = "Sarea",     .label = "Area", .limit = 50,  .hint = "Type Area Of Salesman"},
+           {.column = "Scity",     .label = "City", .limit = 50,  .hint = "Type City Of Salesman"},
+       },
+       .list = "SELECT sman_cd, sman_name FROM sman order by sman_name",
+       .lookup = {.mode = "twofld", .table = "sman order by sman_name", .first = "sman_cd", .second = "sman_name"},
+       .guards = {{.statement = "SELECT ACC_CD FROM ACCOUNT WHERE ANOTHER_CD = ?", .words = "This Salesman is used in some Account Master Entries \r\nCan not Delete", .title = "Mirav Information"}}},
+
+      {.key = "narr", .stem = "Narration Master", .table = "NARRATN", .code = SmallCode::ItsText,
+       .fields = {{.column = "narr_name", .label = "Narration", .limit = 200, .required = true, .hint = "Type Narration"}},
+       .name = 0,
+       .list = "SELECT narr_name FROM NARRATN order by narr_name",
+       .lookup = {.mode = "ONEFLD", .table = "NARRATN", .first = "narr_name"}},
+
+      {.key = "RCTYPENT", .stem = "Receipt Type Master", .table = "RCTYP", .code = SmallCode::ItsText,
+       .fields = {
+           {.column = "RTYP",    .label = "Receipt Type", .limit = 50, .required = true, .hint = "Type Receipt Type"},
+           {.column = "RTYPACC", .label = "A/c Code",     .limit = 6,  .kind = Account},
+           {.column = "CHRGYN",  .label = "Charge",       .limit = 1,  .kind = YesNo, .hint = "Type Y Or N"},
+       },
+       .name = 0,
+       .list = "SELECT RTYP FROM RCTYP order by RTYP",
+       .lookup = {.mode = "THREEFLD", .table = "RCTYP left join account on RCTYP.RTYPACC = account.acc_cd order by RTYP", .first = "RTYP", .second = "acc_name", .more = "RTYPACC, CHRGYN"}},
+
+      {.key = "grpmst", .stem = "Group Master", .table = "GRP", .numericCode = true,
+       .fields = {
+           {.column = "GROUP_CD",   .label = "Group Code", .limit = 6,  .kind = Number, .required = true, .hint = "Type Code Of Group"},
+           {.column = "GROUP_NAME", .label = "Group Name", .limit = 50, .required = true, .hint = "Type Name Of Group"},
+           {.column = "SUB_GROUP",  .label = "Under Group", .limit = 6, .kind = Group, .required = true},
+       },
+       .list = "SELECT GROUP_CD, GROUP_NAME FROM GRP order by group_name",
+       .lookup = {.mode = "twofld", .table = "grp where grp.group_cd > 6 order by group_name", .first = "GROUP_CD", .second = "GROUP_NAME"}},
+
+      {.key = "USERFORM", .stem = "User Master", .table = "USER1", .code = SmallCode::ItsText, .inCatalogue = true,
+       .fields = {{.column = "user_name", .label = "User Name", .limit = 50, .required = true, .hint = "Type Name Of User"}},
+       .name = 0,
+       .list = "SELECT USER_NAME FROM USER1 ORDER BY USER_NAME",
+       .lookup = {.mode = "userhlp", .table = "user1", .first = "user_name"}},
+  };
+  return table;
+}
+// clang-format on
+
+std::string keyColumn(const SmallMaster& m) { return std::string(m.fields[0].column); }
+
+// Texts that are their own key are found whatever blanks surround them.
+std::string keyCondition(const SmallMaster& m) {
+  return m.code == SmallCode::ItsText ? "TRIM(" + keyColumn(m) + ") = ? COLLATE NOCASE" : keyColumn(m) + " = ?";
+}
+
+}  // namespace
+
+const SmallMaster& smallMaster(std::string_view masterKey, std::string_view entryType) {
+  const std::string_view wanted = entryType == "USERFORM" ? entryType : masterKey;
+  for (const SmallMaster& m : masters())
+    if (m.key == wanted) return m;
+  return masters().front();
+}
+
+Value smallCode(const SmallMaster& master, std::string_view code) {
+  return master.numericCode ? Value(Val(code)) : Value(trim(code));
+}
+
+std::string nextSmallCode(const SmallMaster& master, Database& db) {
+  switch (master.code) {
+    case SmallCode::NextCategory:
+      return categoryCode(NextCategoryCode());
+    case SmallCode::NextNumber:
+      return numText(db.number("SELECT MAX(" + keyColumn(master) + ") FROM " + std::string(master.table)) + 1);
+    case SmallCode::Typed:
+    case SmallCode::ItsText:
+      break;
+  }
+  return {};
+}
+
+std::optional<Row> findSmallRow(const SmallMaster& master, Database& db, std::string_view code) {
+  std::optional<Row> row;
+  db.attempt([&] {
+    row = db.first("SELECT * FROM " + std::string(master.table) + " WHERE " + keyCondition(master),
+                   smallCode(master, code));
+    return 0;
+  });
+  return row;
+}
+
+bool smallNameInUse(const SmallMaster& master, Database& db, std::string_view name) {
+  const std::string column(master.fields[static_cast<size_t>(master.name)].column);
+  bool found = false;
+  db.attempt([&] {
+    found = db.first("SELECT 1 FROM " + std::string(master.table) + " WHERE " + column + " = ? COLLATE NOCASE", name)
+                .has_value();
+    return 0;
+  });
+  return found;
+}
+
+const SmallGuard* smallRefusal(const SmallMaster& master, Database& db, std::string_view code) {
+  for (const SmallGuard& guard : master.guards) {
+    bool found = false;
+    db.attempt([&] {
+      found = db.first(guard.statement, smallCode(master, code)).has_value();
+      return 0;
+    });
+    if (found) return &guard;
+  }
+  return nullptr;
+}
+
+int salesOfTransport(Database& db, std::string_view code) {
+  return static_cast<int>(db.number("SELECT COUNT(*) FROM SALE WHERE TRANS_CD = ?", Val(code)));
+}
+
+void deleteSmallRow(const SmallMaster& master, Database& db, std::string_view code) {
+  if (master.key == "USERFORM") db.attempt("DELETE FROM urights WHERE username = ? COLLATE NOCASE", trim(code));
+  db.exec("DELETE FROM " + std::string(master.table) + " WHERE " + keyCondition(master), smallCode(master, code));
+}
+
+void ensureLocalTransport(Database& db) {
+  if (db.number("SELECT COUNT(*) FROM TRANSMAST") > 0) return;
+  Fields fields{
+      {"TRANS_ID",  1      },
+      {"TRANSNAME", "LOCAL"},
+  };
+  for (const char* column : {"TADD1", "TADD2", "TAREA", "TCITY", "TPHONE1", "TPHONE2", "TRANS_GOV_ID"})
+    fields.push_back({column, "."});
+  insertRow(db, "TRANSMAST", fields);
+}

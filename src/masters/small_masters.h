@@ -1,0 +1,73 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "masters/lookup.h"
+#include "store/database.h"
+#include "store/row_writer.h"
+
+// The small code tables that one screen keeps. What tells them apart stands in one table; the
+// screen and the rules below only follow it.
+
+// How a field is entered and tested.
+enum class SmallKind {
+  Text,
+  Number,
+  YesNo,        // "Y" or "N"
+  Account,      // an account's code, looked up and tested
+  AccountName,  // filled from the account before it
+  Group,        // a group's code, looked up and tested
+};
+
+struct SmallField {
+  std::string_view column, label;
+  int limit = 0;
+  SmallKind kind = SmallKind::Text;
+  bool required = false;
+  std::string_view hint = {};
+};
+
+enum class SmallCode { NextNumber, NextCategory, Typed, ItsText };
+
+// Why a row may not go: a statement over the code that must find nothing.
+struct SmallGuard {
+  std::string_view statement;
+  std::string_view words;
+  std::string_view title = "Mirav Message";
+};
+
+struct SmallMaster {
+  std::string_view key;   // mmastkey; "USERFORM" is told by mentrytype
+  std::string_view stem;  // of the captions
+  std::string_view table;
+  SmallCode code = SmallCode::Typed;
+  bool numericCode = false;
+  bool inCatalogue = false;
+  std::vector<SmallField> fields = {};  // the code first
+  int name = 1;                    // the field in which a new row must differ from all others
+  std::string_view duplicate = "Duplicate Not Allowed";
+  std::string_view list;  // rows shown beside, searched by the last column
+  LookupSpec lookup = {};
+  std::vector<SmallGuard> guards = {};
+};
+
+// The master that the session asks for; categories when the key is unknown.
+const SmallMaster& smallMaster(std::string_view masterKey, std::string_view entryType);
+
+// The code as its column compares it: a number where codes are numbers.
+Value smallCode(const SmallMaster& master, std::string_view code);
+// Empty where the code is typed.
+std::string nextSmallCode(const SmallMaster& master, Database& db);
+// A table that the database does not have holds no row.
+std::optional<Row> findSmallRow(const SmallMaster& master, Database& db, std::string_view code);
+bool smallNameInUse(const SmallMaster& master, Database& db, std::string_view name);
+// The first guard that finds something; one whose table is missing finds nothing.
+const SmallGuard* smallRefusal(const SmallMaster& master, Database& db, std::string_view code);
+// Bills that a transporter stands in: its deletion is asked about, not refused.
+int salesOfTransport(Database& db, std::string_view code);
+void deleteSmallRow(const SmallMaster& master, Database& db, std::string_view code);
+// An empty transporter table begins with a row LOCAL.
+void ensureLocalTransport(Database& db);
