@@ -27,7 +27,8 @@ constexpr Index indexes[] = {
     {"ALEDGER_PARTY",   "ALEDGER",   "PARTY_CD, VOUCH_DT, VOUCH_TYPE, VOUCH_AMT"},
     {"ALEDGER_VOUCHER", "ALEDGER",   "BOOK_CD, VOUCH_NO"                        },
     // Voucher lookups show the latest first, numbers come from the last of a book.
-    {"SALE_DATE",       "SALE",      "VOUCH_DT, BILL_NO, VOUCH_NO"              },
+    {"SALE_LATEST",     "SALE",      "BOOK_CD, VOUCH_DT, BILL_NO, VOUCH_NO"     },
+    {"SALE_DATE",       "SALE",      "VOUCH_DT, VOUCH_NO"                       },
     {"SALE_BOOK",       "SALE",      "BOOK_CD, VOUCH_NO"                        },
     {"SALE_BILL",       "SALE",      "BILL_NO, BL_TYPE"                         },
     {"SALE_PARTY",      "SALE",      "PARTY_CD, VOUCH_DT"                       },

@@ -23,6 +23,7 @@ class Value {
   Value(double number);
   template <typename Whole, std::enable_if_t<std::is_integral_v<Whole>, int> = 0>
   Value(Whole whole) : content_(static_cast<std::int64_t>(whole)) {}
+  Value(char) = delete;  // 'D' would be stored as 68
   Value(Date date) : content_(isoDate(date)) {}
   Value(Clock clock);
   template <typename T>
