@@ -45,7 +45,8 @@ TEST(Fitting, EachKindOfColumnTakesWhatFitsIt) {
   for (const auto& c : cases) {
     const Column column{.name = "c", .definition = c.definition, .kind = kindFor(c.definition), .size = 4};
     const auto stored = fitting(column, c.value);
-    EXPECT_EQ(stored ? stored->text() : "no", c.stored.value_or("no")) << c.definition << " " << c.value.text();
+    EXPECT_EQ(stored ? stored->text() : "no", c.stored.value_or("no"))
+        << c.definition << " " << c.value.text();
   }
   EXPECT_TRUE(fitting({.name = "c", .kind = Column::Kind::number}, Value())->isNull());
 }
