@@ -113,9 +113,8 @@ std::string generalText(double x, int width) {
   if (number.digits.empty()) return "0";
   width = std::max(width, 1);
   const int size = static_cast<int>(number.digits.size());
-  if (number.point > width || number.point < -4) {
-    // Mantissa, point, and "E+nn" share the width; a small number may still stand plain.
-    if (number.point <= 0 && 2 - number.point + size <= width) return plain(number);
+  if (number.point > width || number.point < -3) {
+    // Mantissa, point and "E+nn" share the width.
     const int room = width - (std::abs(number.point - 1) > 99 ? 5 : 4);
     number.round(std::max(room - 2, 0) + 1 - number.point);
     return scientific(number);

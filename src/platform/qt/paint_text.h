@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <QTextLayout>
+#include <memory>
+#include <unordered_map>
+
+#include "platform/paint.h"
+
+// Text laid out the same way for measuring and for drawing. Lengths are units of 1/100 point,
+// so that fonts have whole sizes and no rounding to pixels takes place.
+namespace paint {
+
+constexpr double kUnits = 100;  // a point
+
+class TextSetter {
+ public:
+  QFont font(const Font& font);
+  // One line.
+  double width(std::string_view text, const Font& font);
+  double lineHeight(const Font& font);
+  // Lines broken to the width, in place from (0, 0) down.
+  std::unique_ptr<QTextLayout> wrapped(std::string_view text, const Font& font, double width, HAlign align);
+  std::unique_ptr<QTextLayout> line(std::string_view text, const Font& font);
+
+ private:
+  struct Key {
+    std::string family;
+    int size;
+    int flags;
+    bool operator==(const Key&) const = default;
+  };
+  struct Hash {
+    size_t operator()(const Key& key) const;
+  };
+  struct Face {
+    QFont font;
+    double lineHeight = 0;
+    std::unordered_map<std::string, double> widths;
+  };
+  Face& face(const Font& font);
+
+  std::unordered_map<Key, Face, Hash> faces_;
+};
+
+}  // namespace paint
