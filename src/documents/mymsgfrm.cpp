@@ -1,0 +1,121 @@
+#include "documents/mymsgfrm.h"
+
+#include "documents/messaging.h"
+#include "frame/routines.h"
+#include "frame/session.h"
+
+namespace {
+
+constexpr double kWidth = 480, kHeight = 394, kReminder = 106;
+constexpr int kFacts = 3, kHints = 2;
+
+// clang-format off
+const ScreenSpec& windowTable() {
+  static const ScreenSpec table = {
+      .name = "mymsgfrm",
+      .caption = "Mirav Interaction",
+      .window = Window::Dialog,
+      .layout = {
+          .bands = {
+              {fit(),   {{.name = "head",     .frame = Frame::Plain, .pitch = 34}}},
+              {fit(),   {{.name = "facts",    .frame = Frame::Plain, .columns = {px(126), part(1)}, .pitch = 28}}},
+              {fit(),   {{.name = "reminder", .frame = Frame::Plain, .pitch = 28}}},
+              {fit(),   {{.name = "hints",    .frame = Frame::Plain, .pitch = 20}}},
+              {part(1), {{.name = "typed",    .frame = Frame::Plain}}},
+              {px(38),  {{.name = "buttons",  .frame = Frame::Plain, .columns = {part(1), px(150), px(150), px(116), part(1)}, .pitch = 36}}},
+          },
+          .width = kWidth, .height = kHeight, .margin = 22, .gap = 10},
+      .controls = {
+          {.name = "Label1",       .kind = Kind::Label,  .visible = false},
+          {.name = "lblhead",      .kind = Kind::Label,  .at = {.group = "head"}, .align = Align::Centre, .style = Style::Head},
+          {.name = "lblname",      .index = 0, .kind = Kind::Label, .at = {.group = "facts", .row = 0, .col = 0}, .align = Align::Right, .style = Style::Quiet},
+          {.name = "lblvalue",     .index = 0, .kind = Kind::Label, .at = {.group = "facts", .row = 0, .col = 1}, .style = Style::Key},
+          {.name = "lblname",      .index = 1, .kind = Kind::Label, .at = {.group = "facts", .row = 1, .col = 0}, .align = Align::Right, .style = Style::Quiet},
+          {.name = "lblvalue",     .index = 1, .kind = Kind::Label, .at = {.group = "facts", .row = 1, .col = 1}, .style = Style::Key},
+          {.name = "lblname",      .index = 2, .kind = Kind::Label, .at = {.group = "facts", .row = 2, .col = 0}, .align = Align::Right, .style = Style::Quiet},
+          {.name = "lblvalue",     .index = 2, .kind = Kind::Label, .at = {.group = "facts", .row = 2, .col = 1}, .style = Style::Figure},
+          {.name = "lblreminder",  .kind = Kind::Label,  .at = {.group = "reminder", .rows = 3}, .visible = false, .align = Align::Centre, .style = Style::Warn},
+          {.name = "lblhint",      .index = 0, .kind = Kind::Label, .at = {.group = "hints", .row = 0}, .style = Style::Quiet},
+          {.name = "lblhint",      .index = 1, .kind = Kind::Label, .at = {.group = "hints", .row = 1}, .style = Style::Quiet},
+          {.name = "Text1",        .at = {.group = "typed"}, .tab = 1, .visible = false},
+          {.name = "OKButton",     .kind = Kind::Button, .label = "&OK",        .at = {.group = "buttons", .col = 1}, .tab = 2, .style = Style::Primary},
+          {.name = "CancelButton", .kind = Kind::Button, .label = "&Cancel",    .at = {.group = "buttons", .col = 2}, .tab = 3},
+          {.name = "cmdwapp",      .kind = Kind::Button, .label = "&W-app Msg", .at = {.group = "buttons", .col = 3}, .tab = 4, .visible = false},
+      },
+  };
+  return table;
+}
+// clang-format on
+
+}  // namespace
+
+mymsgfrm::mymsgfrm(Host& theHost) : Screen(theHost, windowTable()) {
+  wire(*this, {
+                  {"OKButton",     On::Click,      &mymsgfrm::ok      },
+                  {"CancelButton", On::Click,      &mymsgfrm::cancel  },
+                  {"cmdwapp",      On::Click,      &mymsgfrm::whatsApp},
+                  {"Text1",        KeyCode::Enter, &mymsgfrm::okKey   },
+                  {"",             KeyCode::Esc,   &mymsgfrm::cancel  },
+  });
+}
+
+void mymsgfrm::opened(const Entry& entry) {
+  const Interaction& what = comingInteraction();
+  session().mmsgok = false;
+  at("Label1").text = what.text.empty() ? entry.value : what.text;
+  phone_ = what.phone;
+  at("OKButton").text = what.ok;
+  at("OKButton").back = what.okColour;
+  at("CancelButton").text = what.cancel;
+  at("CancelButton").back = what.cancelColour;
+  at("cmdwapp").visible = what.whatsApp;
+  at("Text1").visible = what.asks;
+  set(at("Text1"), what.typed);
+  showSaved();
+  focus(what.asks ? at("Text1") : at("OKButton"));
+}
+
+void mymsgfrm::showLine(const char* name, int index, const std::string& text) {
+  Control& label = at(name, index);
+  label.text = text;
+  label.visible = !text.empty();
+}
+
+void mymsgfrm::showSaved() {
+  const SavedMessage message = savedMessage(at("Label1").text);
+  at("lblhead").text = message.head;
+  for (int i = 0; i < kFacts; ++i) {
+    const auto n = static_cast<size_t>(i);
+    showLine("lblname", i, n < message.facts.size() ? message.facts[n].name : "");
+    showLine("lblvalue", i, n < message.facts.size() ? message.facts[n].value : "");
+  }
+  std::string reminder;
+  for (const std::string& line : message.reminder) reminder += (reminder.empty() ? "" : "\n") + line;
+  showLine("lblreminder", -1, reminder);
+  for (int i = 0; i < kHints; ++i) {
+    const auto n = static_cast<size_t>(i);
+    showLine("lblhint", i, n < message.hints.size() ? message.hints[n] : "");
+  }
+  height = reminder.empty() ? kHeight - kReminder : kHeight;
+}
+
+void mymsgfrm::focusMoved(Control& control) {
+  if (control.kind == Kind::Button) ShowHint(host, "Enter = Chosen Button :: Left / Right = Other Button");
+}
+
+void mymsgfrm::ok() {
+  session().mmsgok = true;
+  comingInteraction().typed = at("Text1").text;
+  result = "OK";
+  host.close(*this);
+}
+
+void mymsgfrm::cancel() {
+  session().mmsgok = false;
+  host.close(*this);
+}
+
+void mymsgfrm::whatsApp() {
+  const std::string typed = at("Text1").text;
+  sendWhatsApp(host, phone_, typed.empty() ? at("Label1").text : typed);
+}

@@ -1,0 +1,34 @@
+#include "vouchers/accounts.h"
+
+#include "base/number.h"
+#include "base/text.h"
+
+namespace {
+
+std::optional<double> filled(const Row& row, const char* column) {
+  if (trim(row.text(column)).empty()) return std::nullopt;
+  return row.number(column);
+}
+
+}  // namespace
+
+std::optional<AccountFacts> readAccount(Database& db, const std::string& code) {
+  const auto row = db.first("SELECT * FROM ACCOUNT WHERE ACC_CD = ?", code);
+  if (!row) return std::nullopt;
+  return AccountFacts{.name = row->text("ACC_NAME"),
+                      .stateCode = filled(*row, "STATECD"),
+                      .balance = row->number("CL_BAL"),
+                      .gstin = row->text("GSTINNO"),
+                      .phone = row->text("PHONE1"),
+                      .address1 = row->text("ADD1"),
+                      .address2 = row->text("ADD2"),
+                      .area = row->text("AREA"),
+                      .person = row->text("PERSON_NM"),
+                      .creditDays = filled(*row, "CREDIT_DAY")};
+}
+
+std::string partyLines(const AccountFacts& p) {
+  const std::string state = p.stateCode ? numText(*p.stateCode) : "";
+  return p.address1 + " " + p.address2 + " " + p.area + "\nBal : " + numText(p.balance) +
+         "\nStatecd : " + state + " Gstin No. " + p.gstin + "\n" + p.phone;
+}

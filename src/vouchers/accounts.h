@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "store/database.h"
+
+// What a voucher screen wants to know of an account.
+struct AccountFacts {
+  std::string name;
+  std::optional<double> stateCode;  // none when it is not filled in
+  double balance = 0;
+  std::string gstin, phone, address1, address2, area, person;
+  std::optional<double> creditDays;
+};
+
+// Nothing when there is no such account.
+std::optional<AccountFacts> readAccount(Database& db, const std::string& code);
+
+// The facts of a party as the voucher screens show them, in four lines.
+std::string partyLines(const AccountFacts& party);

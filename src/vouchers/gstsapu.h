@@ -1,0 +1,98 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "frame/session.h"
+#include "vouchers/calculation.h"
+#include "vouchers/rate_history.h"
+#include "vouchers/saving.h"
+#include "vouchers/voucher_screen.h"
+
+// The bill.
+class GSTSAPU : public VoucherScreen {
+ public:
+  explicit GSTSAPU(Host& host);
+  void focusMoved(Control& control) override;
+
+  // One lookup that a key opens in a field; with Enter only while the field is empty.
+  struct KeyLookup {
+    std::string field;
+    Key key;
+    LookupSpec lookup;
+    enum class From { Book, Item };
+    std::vector<From> binds = {};  // values of the lookup's "?" in order
+    bool onlyEmpty = false;
+  };
+  static const std::vector<KeyLookup>& lookups();
+  static const ScreenSpec& table();
+
+ protected:
+  void startNew() override;
+  bool load(double number) override;
+  void remove(double number) override { deleteBill(data(), book_, number); }
+  void clearHead() override;
+  void clearLine() override;
+  void showLine(const Row& line) override;
+  Fields lineFields() override;
+  void sumLines() override;
+  Control& itemField() override { return text1(5); }
+  Control& afterLines() override { return text1(29); }
+  std::string tutorial() const override;
+  bool opensLookup(const Control& empty) const override;
+
+ private:
+  void wireLookups();
+  Go openLookup(const KeyLookup& by);
+  Go helpHere();  // the lookup of the empty field
+
+  // Enter, by field.
+  Go voucherNumber();
+  Go voucherDate();
+  Go party();
+  Go shipTo();
+  Go billType();
+  Go billNumber();
+  Go item();
+  Go itemName();
+  Go unit();
+  void quantity();
+  void rate();
+  Go discount();
+  Go taxRate();
+  Go taxAmount();
+  Go amount();
+  Go transport();
+  Go destination();
+  Go parcels() { return toSave(); }
+  void save();
+
+  bool acceptParty();
+  bool acceptShipTo();
+  void fillRates(const std::optional<double>& rateOfTax);
+  bool fillFromUnit();
+  bool isMisc() const;
+  void valueLine();
+  void showNet();
+  Taxes typedTaxes() const { return {value(13), value(15), value(31)}; }
+  BillHeader header() const;
+  void showHeader(const Row& bill);
+  std::string closingWords() const;
+
+  void unlock() { here().locked = false; }
+  void lock() { here().locked = true; }
+
+  // The rate grid.
+  void rateHints();
+  void earlierSalesKey();
+  void partyRatesKey();
+  void purchaseRatesKey();
+  Go intoRates();
+  void leaveRates();
+  void showRates(const RateList& list);
+  RateQuery rateQuery() const { return {trimmed(4), trimmed(5), trimmed(7)}; }
+
+  double partyState_ = 0;  // 0 until a party with a state code has been accepted
+  LineValue line_;
+  const Control* ratesFor_ = nullptr;  // the field whose focus keeps the rate grid up
+};

@@ -1,0 +1,63 @@
+#include "vouchers/items.h"
+
+#include "base/text.h"
+#include "store/row_writer.h"
+
+namespace {
+
+constexpr int kTransporterLength = 50;
+
+void writeTransporter(Database& db, double id, const std::string& name) {
+  insertRow(db, "TRANSMAST",
+            {
+                {"TRANS_ID",     id  },
+                {"TRANSNAME",    name},
+                {"TADD1",        "." },
+                {"TADD2",        "." },
+                {"TAREA",        "." },
+                {"TCITY",        "." },
+                {"TPHONE1",      "." },
+                {"TPHONE2",      "." },
+                {"TRANS_GOV_ID", "." },
+  });
+}
+
+}  // namespace
+
+std::optional<SaleItem> readSaleItem(Database& db, const std::string& item) {
+  const auto row = db.first(
+      "SELECT ITEM.ITEM_NAME, ITEM.RATEOFTAX, ITEMDTL.SIZE_CD"
+      " FROM (ITEM INNER JOIN ITEMDTL ON ITEM.ITEM_CD = ITEMDTL.ITEM_CD)"
+      " INNER JOIN DEPTMENT ON ITEM.DEPT_CD = DEPTMENT.DEPT_CD"
+      " WHERE ITEM.ITEM_CD = ? ORDER BY ITEM.ITEM_CD, ITEM.DEPT_CD, ITEMDTL.SIZE_CD LIMIT 1",
+      item);
+  if (!row) return std::nullopt;
+  SaleItem found{.name = row->text("ITEM_NAME"), .unit = row->text("SIZE_CD"), .rateOfTax = {}};
+  if (!row->isNull("RATEOFTAX")) found.rateOfTax = row->number("RATEOFTAX");
+  return found;
+}
+
+std::optional<UnitRates> readUnit(Database& db, const std::string& item, const std::string& unit) {
+  const auto row = db.first(
+      "SELECT SALE_RATE1, SALE_DISC FROM ITEMDTL WHERE SIZE_CD = ? AND ITEM_CD = ? ORDER BY rowid DESC LIMIT "
+      "1",
+      unit, item);
+  if (!row) return std::nullopt;
+  return UnitRates{row->number("SALE_RATE1"), row->number("SALE_DISC")};
+}
+
+std::optional<double> findTransporter(Database& db, const std::string& name) {
+  const auto row = db.first("SELECT TRANS_ID FROM TRANSMAST WHERE TRANSNAME = ? ORDER BY TRANS_ID LIMIT 1",
+                            cut(name, kTransporterLength));
+  if (!row) return std::nullopt;
+  return row->number(0);
+}
+
+double addTransporter(Database& db, const std::string& name) {
+  Transaction all(db);
+  if (!db.first("SELECT TRANS_ID FROM TRANSMAST LIMIT 1")) writeTransporter(db, 1, "LOCAL");
+  const double id = db.number("SELECT MAX(TRANS_ID) FROM TRANSMAST") + 1;
+  writeTransporter(db, id, cut(name, kTransporterLength));
+  all.commit();
+  return id;
+}

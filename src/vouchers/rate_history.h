@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/grid.h"
+#include "store/database.h"
+#include "vouchers/book.h"
+
+// What an item has been sold for before, in rows for the grid beside the rate field.
+struct RateQuery {
+  std::string party, item, unit;
+};
+
+struct RateList {
+  std::vector<GridColumn> columns;
+  std::shared_ptr<CellRows> rows;
+};
+
+// The latest six sales to the party, newest first; more when the sixth shares its day.
+RateList latestSales(Database& db, const Book& book, const RateQuery& of);
+// All of them, with the bills' amounts.
+RateList earlierSales(Database& db, const Book& book, const RateQuery& of);
+// The party's rate list, and the rates the item was bought at.
+RateList partyRates(Database& db, const RateQuery& of);
+RateList purchaseRates(Database& db, const RateQuery& of);

@@ -1,0 +1,5 @@
+#include "vouchers/screens.h"
+
+#include "vouchers/gstsapu.h"
+
+void addVoucherScreens(Screens& screens) { screens.add<GSTSAPU>("GSTSAPU"); }

@@ -1,0 +1,306 @@
+#include "vouchers/voucher_screen.h"
+
+#include "base/number.h"
+#include "base/text.h"
+#include "documents/messaging.h"
+#include "frame/session.h"
+#include "vouchers/numbering.h"
+
+namespace {
+
+constexpr const char* kConfirm = "Mirav Confirmation Message";
+constexpr Bgr kPrintColour = 0xFFD0D0, kNewEntryColour = 0xFFF0F0;
+
+}  // namespace
+
+VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Book& book,
+                             std::vector<WorkLines::Shown> shown)
+    : ChildScreen(theHost, theSpec),
+      book_(book),
+      lines_(std::make_shared<WorkLines>(data(), book, std::move(shown))) {
+  caption = book.title;
+  lineGrid().grid.source = lines_;
+  wire(*this, {
+                  {"cmdadd",     On::Click,       &VoucherScreen::add        },
+                  {"cmdEDIT",    On::Click,       &VoucherScreen::modify     },
+                  {"CMDDELETE",  On::Click,       &VoucherScreen::startDelete},
+                  {"cmdprint",   On::Click,       &VoucherScreen::print      },
+                  {"cmdclose",   On::Click,       &VoucherScreen::close      },
+                  {"CMDCANCEL",  On::Click,       &VoucherScreen::cancel     },
+                  {"Cmdvideo",   On::Click,       &VoucherScreen::video      },
+                  {"",           KeyCode::Esc,    &VoucherScreen::escape     },
+                  {"MaskEdBox1", KeyCode::F1,     &VoucherScreen::dateF1     },
+                  {"MaskEdBox1", KeyCode::F2,     &VoucherScreen::dateF2     },
+                  {"MaskEdBox1", KeyCode::F3,     &VoucherScreen::dateF3     },
+                  {"MaskEdBox1", KeyCode::Up,     &VoucherScreen::dateUp     },
+                  {"MaskEdBox1", KeyCode::Down,   &VoucherScreen::dateDown   },
+                  {"MaskEdBox1", KeyCode::PgUp,   &VoucherScreen::datePgUp   },
+                  {"MaskEdBox1", KeyCode::PgDn,   &VoucherScreen::datePgDn   },
+                  {"Text1(4)",   KeyCode::Insert, &VoucherScreen::newParty   },
+                  {"DataGrid1",  On::Row,         &VoucherScreen::rowChosen  },
+                  {"DataGrid1",  On::DoubleClick, &VoucherScreen::leaveRows  },
+  });
+}
+
+// Opening, and coming back
+
+void VoucherScreen::opened(const Entry& entry) {
+  ChildScreen::opened(entry);
+  setMode("", "");
+  lines_->clear();
+  putDate(0, host.today());
+  showButtons(true);
+  focus(at("cmdadd"));
+  ShowHint(host, "Press Add Button For New Entry");
+  drilledDown_ = !entry.value.empty();
+  if (!drilledDown_) return;
+  modify();
+  put(0, entry.value);
+  if (number() == Go::On) focus(at("MaskEdBox1", 0));
+}
+
+void VoucherScreen::activated() {
+  if (!awaiting_) return;
+  Control& field = *std::exchange(awaiting_, nullptr);
+  if (!newCode_->empty() && *newCode_ != codeBefore_) set(field, *newCode_);
+  focus(field);
+}
+
+void VoucherScreen::awaitMaster(Control& field, const std::string& master, std::string& last) {
+  awaiting_ = &field;
+  newCode_ = &last;
+  codeBefore_ = last;
+  host.open(master, {.caller = spec.name, .value = {}});
+}
+
+Go VoucherScreen::newParty() {
+  awaitMaster(here(), "frmacc", session().mlastacc);
+  return Go::Stay;
+}
+
+Go VoucherScreen::newItem() {
+  awaitMaster(here(), "FRMITEM1", session().mlastitem);
+  return Go::Stay;
+}
+
+// Modes
+
+void VoucherScreen::setMode(const std::string& next, const std::string& suffix) {
+  mode = next;
+  caption = book_.title + suffix;
+  escMeans = entering() ? "Esc = Cancel and Exit" : "Esc = Close";
+}
+
+void VoucherScreen::showButtons(bool atRest) {
+  atRest_ = atRest;
+  for (const char* name : {"cmdadd", "cmdEDIT", "CMDDELETE", "cmdprint", "cmdclose"})
+    at(name).visible = atRest;
+  for (const char* name : {"CMDSAVE", "CMDCANCEL"}) at(name).visible = !atRest;
+  reason = atRest || at("CMDSAVE").enabled ? "" : book_.saveOpens;
+  showSerial();
+}
+
+void VoucherScreen::allowSave(bool on) {
+  at("CMDSAVE").enabled = on;
+  reason = atRest_ || on ? "" : book_.saveOpens;
+}
+
+void VoucherScreen::add() {
+  setMode("ADD", book_.adding);
+  clearAll();
+  lines_->clear();
+  lineGrid().visible = false;
+  allowSave(false);
+  showButtons(false);
+  startNew();
+}
+
+void VoucherScreen::modify() {
+  setMode("EDIT", book_.modifying);
+  clearAll();
+  lines_->clear();
+  allowSave(false);
+  showButtons(false);
+  focus(text1(0));
+}
+
+void VoucherScreen::startDelete() {
+  setMode("DEL", book_.deleting);
+  clearAll();
+  lines_->clear();
+  allowSave(false);
+  focus(text1(0));
+}
+
+void VoucherScreen::print() {
+  setMode("PRINT", book_.printing);
+  lines_->clear();
+  hideForPrint("");
+}
+
+void VoucherScreen::hideForPrint(const std::string& number) {
+  session().mreportkey = book_.printKey;
+  focus(at("cmdadd"));
+  visible = false;
+  host.open("dlg1", {.caller = spec.name, .value = number});
+}
+
+void VoucherScreen::close() { host.close(*this); }
+
+void VoucherScreen::cancel() {
+  clearAll();
+  setMode("", "");
+  lineGrid().visible = false;
+  showButtons(true);
+  focus(at("cmdadd"));
+  if (drilledDown_) host.close(*this);
+}
+
+void VoucherScreen::video() { openTutorial(host, tutorial()); }
+
+void VoucherScreen::escape() {
+  if (!entering())
+    host.close(*this);
+  else if (host.ask(book_.escapeAsks, kConfirm))
+    cancel();
+}
+
+void VoucherScreen::clearAll() {
+  clearHead();
+  clearLine();
+}
+
+// A filled number: ADD takes one that is free, EDIT shows the voucher, DEL asks and deletes it.
+Go VoucherScreen::number() {
+  const double n = value(0);
+  if (mode == "ADD") {
+    if (!isStored(data(), book_, n)) return Go::On;
+    host.message("ITEM ALLREADY EXIST");
+    return Go::Stay;
+  }
+  if (mode == "EDIT") return load(n) ? Go::On : Go::Stay;
+  if (mode != "DEL") return Go::On;
+  if (!load(n)) return Go::Stay;
+  if (host.ask("ARE YOU SURE", kConfirm)) remove(n);
+  clearAll();
+  lines_->clear();
+  return Go::Stay;
+}
+
+// Lines
+
+void VoucherScreen::showSerial() { at("Label1", 0).text = atRest_ ? "" : numText(lines_->serial()); }
+
+void VoucherScreen::showCurrentLine() {
+  clearLine();
+  if (lines_->onRow()) showLine(lines_->row());
+  lineGrid().grid.current = lines_->position();
+  showSerial();
+}
+
+void VoucherScreen::storeLine() {
+  lines_->store(lineFields());
+  lineGrid().visible = true;
+  lines_->next();
+  sumLines();
+  showCurrentLine();
+  focus(itemField());
+}
+
+void VoucherScreen::lineDown() {
+  lines_->next();
+  showCurrentLine();
+}
+
+void VoucherScreen::lineUp() {
+  lines_->previous();
+  showCurrentLine();
+}
+
+void VoucherScreen::endLines() { focus(afterLines()); }
+
+// The serials of the lines that remain do not close up, and the totals wait for the next line
+// that is stored.
+void VoucherScreen::deleteLine() {
+  const std::string item = trim(itemField().text);
+  if (item.empty() || !lines_->onRow()) return;
+  data().exec(
+      "DELETE FROM " + book_.work + " WHERE VOUCH_NO = ? AND ITEM_CD = ? AND " + book_.serial + " = ?",
+      value(0), item, lines_->row().number(book_.serial));
+  lines_->requery();
+  showCurrentLine();
+}
+
+void VoucherScreen::rowChosen() {
+  lines_->moveTo(lineGrid().grid.current);
+  showCurrentLine();
+}
+
+void VoucherScreen::leaveRows() { focus(itemField()); }
+
+// Saving
+
+Go VoucherScreen::toSave() {
+  if (entering()) {
+    allowSave(true);
+    focus(at("CMDSAVE"));
+  } else {
+    focus(at("cmdadd"));
+  }
+  return Go::Stay;
+}
+
+void VoucherScreen::saved(const std::string& words) {
+  const std::string number = typed(0);
+  lineGrid().visible = false;
+  showButtons(true);
+  focus(at("cmdadd"));
+  if (drilledDown_) {
+    host.close(*this);
+    return;
+  }
+  Interaction closing{.text = words,
+                      .ok = "Print",
+                      .cancel = "New Entry",
+                      .okColour = kPrintColour,
+                      .cancelColour = kNewEntryColour};
+  const bool prints = interact(host, closing);
+  clearAll();
+  if (!prints) return;
+  setMode("PRINT", book_.printing);
+  hideForPrint(number);
+}
+
+std::string savedText(const SavedWords& words) {
+  const std::string blanks(static_cast<size_t>(words.indent), ' ');
+  std::string text = blanks + words.head + "\n";
+  for (const auto& [name, value] : words.facts) text += "   " + name + value + "\n";
+  if (words.eWayReminder)
+    text += "\n" + blanks +
+            "___E_Way_Reminder___\n   Value Of Bill Exceeds Rs. 50000/- \n"
+            "   E-Way Bill To Be Generated For Dispatch Of This Bill";
+  text += "\n\n";
+  for (const std::string& hint : words.hints)
+    text += (&hint == &words.hints.front() ? "   " : "\n   ") + hint;
+  return text;
+}
+
+// Fields
+
+std::string VoucherScreen::trimmed(int n) const { return trim(typed(n)); }
+
+double VoucherScreen::value(int n) const { return Val(typed(n)); }
+
+void VoucherScreen::put(int n, double figure) { put(n, numText(figure)); }
+
+void VoucherScreen::putDate(int n, std::optional<Date> date) {
+  set(at("MaskEdBox1", n), date ? formatDate(*date, "dd/MM/yyyy") : std::string(kEmptyDate));
+}
+
+// What Enter does, then the keys that the table names for the field.
+std::string VoucherScreen::hintFor(const Control& control) const {
+  if (!control.editable()) return ChildScreen::hintFor(control);
+  const bool empty = trim(control.text).empty();
+  const std::string enter = empty && opensLookup(control) ? "Press Enter For Help" : "Press Enter To Proceed";
+  return control.hint.empty() ? enter : enter + " :: " + control.hint;
+}

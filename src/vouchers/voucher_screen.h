@@ -1,0 +1,109 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "frame/child_screen.h"
+#include "masters/lookup.h"
+#include "vouchers/book.h"
+#include "vouchers/work_lines.h"
+
+// What all voucher screens share: the modes with their captions and button row, the lines in
+// the work table and the walk through them, the date keys, the masters behind Insert, and the
+// message window after a save. It knows its book; arithmetic and columns are the screen's own.
+//
+// It relies on these controls: Text1(0) number, Text1(4) party, MaskEdBox1, DataGrid1 lines, and
+// the buttons cmdadd, cmdEDIT, CMDDELETE, cmdprint, cmdclose, CMDSAVE, CMDCANCEL, Cmdvideo.
+class VoucherScreen : public ChildScreen {
+ public:
+  void opened(const Entry& entry) override;
+  void activated() override;
+
+ protected:
+  VoucherScreen(Host& host, const ScreenSpec& spec, const Book& book, std::vector<WorkLines::Shown> shown);
+
+  // The screen's own part of each step.
+  virtual void startNew() = 0;             // Add: numbers and defaults; sets the focus
+  virtual bool load(double number) = 0;    // shows a stored voucher; false after its message
+  virtual void remove(double number) = 0;  // deletes a stored voucher
+  virtual void clearHead() = 0;
+  virtual void clearLine() = 0;
+  virtual void showLine(const Row& line) = 0;
+  virtual Fields lineFields() = 0;  // the line as it is stored
+  virtual void sumLines() = 0;      // totals over the work table
+  virtual Control& itemField() = 0;
+  virtual Control& afterLines() = 0;  // where line entry ends to
+  virtual std::string tutorial() const = 0;
+  virtual bool opensLookup(const Control& empty) const = 0;  // Enter in this empty field
+
+  // Handlers.
+  void add();
+  void modify();
+  void startDelete();
+  void print();
+  void close();
+  void cancel();
+  void video();
+  void escape();
+  Go number();  // of a filled number field
+  Go newParty();
+  Go newItem();
+  void lineDown();
+  void lineUp();
+  void endLines();
+  void deleteLine();
+  void rowChosen();
+  void leaveRows();
+
+  void storeLine();
+  void showCurrentLine();
+  void showSerial();
+  void clearAll();
+  bool entering() const { return mode == "ADD" || mode == "EDIT"; }
+  void allowSave(bool on);
+  // After the last field: Save opens in ADD and EDIT, else the button row takes the focus.
+  Go toSave();
+  // Back to rest, then the message window: its print button opens the document.
+  void saved(const std::string& words);
+  void hideForPrint(const std::string& number);
+
+  std::string hintFor(const Control& control) const override;
+
+  Control& text1(int n) { return at("Text1", n); }
+  std::string typed(int n) const { return at("Text1", n).text; }
+  std::string trimmed(int n) const;
+  double value(int n) const;
+  void put(int n, const std::string& text) { set(at("Text1", n), text); }
+  void put(int n, double figure);
+  std::optional<Date> date(int n) const { return parseDate(at("MaskEdBox1", n).text); }
+  void putDate(int n, std::optional<Date> date);
+  Control& lineGrid() { return at("DataGrid1"); }
+
+  const Book& book_;
+  std::shared_ptr<WorkLines> lines_;
+
+ private:
+  void setMode(const std::string& next, const std::string& suffix);
+  void showButtons(bool atRest);
+  void awaitMaster(Control& field, const std::string& master, std::string& last);
+
+  bool drilledDown_ = false;
+  bool atRest_ = true;
+  // A master was opened for this field; its new code stands in the session member when it differs.
+  Control* awaiting_ = nullptr;
+  const std::string* newCode_ = nullptr;
+  std::string codeBefore_;
+};
+
+// The closing message of a save, in the form that the message window takes apart.
+struct SavedWords {
+  int indent = 60;
+  std::string head;
+  std::vector<std::pair<std::string, std::string>> facts;  // "Entry No : ", "148"
+  bool eWayReminder = false;
+  std::vector<std::string> hints;
+};
+std::string savedText(const SavedWords& words);

@@ -1,0 +1,39 @@
+#include "vouchers/work_lines.h"
+
+#include <utility>
+
+#include "base/pattern.h"
+
+WorkLines::WorkLines(Database& db, const Book& book, std::vector<Shown> shown)
+    : db_(db),
+      book_(book),
+      shown_(std::move(shown)),
+      rows_(db, {.table = book.work, .order = "VOUCH_NO, " + book.serial}) {}
+
+Cell WorkLines::cell(size_t row, size_t column) const {
+  if (row >= count() || column >= shown_.size()) return {};
+  const Shown& shown = shown_[column];
+  const Value& value = rows_.rowAt(static_cast<int>(row)).value(shown.column);
+  return {.text = shown.pattern.empty() ? value.text() : Format(value.number(), shown.pattern)};
+}
+
+void WorkLines::clear() {
+  db_.exec("DELETE FROM " + book_.work);
+  requery();
+}
+
+void WorkLines::previous() {
+  if (rows_.absolutePosition() > 1) rows_.movePrevious();
+}
+
+double WorkLines::serial() {
+  if (onRow()) return rows_.number(book_.serial);
+  return db_.number("SELECT MAX(" + book_.serial + ") FROM " + book_.work) + 1;
+}
+
+void WorkLines::store(const Fields& line) {
+  if (onRow())
+    rows_.update(line);
+  else
+    rows_.addNew(line);
+}
