@@ -18,7 +18,9 @@ bool ofLines(const Group& g) {
   return g.frame == Frame::Heads || g.frame == Frame::Entry || g.frame == Frame::Keys;
 }
 
-double insetX(const Group& g) { return !framed(g) ? 0 : g.pitch == kPitch ? 11 : 15; }
+double insetX(const Group& g) {
+  return !framed(g) ? 0 : g.pitch == kPitch && g.frame == Frame::Panel ? 11 : 15;
+}
 double insetY(const Group& g) { return !framed(g) ? 0 : roomy(g) ? 11 : 8; }
 double cellHeight(const Group& g) { return g.pitch >= kPitch ? kField : g.pitch; }
 
@@ -59,7 +61,7 @@ class Engine {
     plan_.spots.resize(screen.controls.size());
     for (size_t i = 0; i < screen.controls.size(); ++i) {
       const ControlSpec& spec = *screen.controls[i]->spec;
-      if (spec.over.empty()) members_[spec.at.group].push_back(i);
+      if (spec.over.empty() && !spec.at.group.empty()) members_[spec.at.group].push_back(i);
     }
   }
 
@@ -110,7 +112,8 @@ class Engine {
 
   const Control* gridNamed(const std::string& name) const {
     for (const auto& c : screen_.controls)
-      if (c->kind == Kind::Grid && (sameText(c->fullName(), name) || sameText(c->family, name))) return c.get();
+      if (c->kind == Kind::Grid && (sameText(c->fullName(), name) || sameText(c->family, name)))
+        return c.get();
     return nullptr;
   }
 
@@ -155,16 +158,21 @@ class Engine {
   // Heights at scale 1.
   double natural(const Group& g) const {
     switch (g.frame) {
-      case Frame::Heads: return kHeads;
-      case Frame::Entry: return kEntry;
-      case Frame::Keys: return kKeys;
-      case Frame::Buttons: return kButtonBand;
+      case Frame::Heads:
+        return kHeads;
+      case Frame::Entry:
+        return kEntry;
+      case Frame::Keys:
+        return kKeys;
+      case Frame::Buttons:
+        return kButtonBand;
       case Frame::Column: {
         const auto found = members_.find(g.name);
         const size_t n = found == members_.end() ? 0 : found->second.size();
         return n == 0 ? 0 : static_cast<double>(n) * kButtonPitch - (kButtonPitch - kButton);
       }
-      default: break;
+      default:
+        break;
     }
     const double inside = g.bands.empty() ? 0 : natural(g.bands);
     const int rows = rowsOf(g);
@@ -267,8 +275,9 @@ class Engine {
   int buttonWidth(const Control& c) const {
     const double own = c.spec->at.width;
     if (own > 0) return m_.px(own);
-    return std::max(m_.px(kButtonWidth), m_.width(plainCaption(c.text), Style::Head == c.style ? c.style : Style::Key) +
-                                             2 * m_.px(kButtonInset));
+    return std::max(m_.px(kButtonWidth),
+                    m_.width(plainCaption(c.text), Style::Head == c.style ? c.style : Style::Key) +
+                        2 * m_.px(kButtonInset));
   }
 
   void placeGrids() {
@@ -296,7 +305,9 @@ class Engine {
     return edges;
   }
 
-  Rect content(const Group& g, const Rect& box) const { return box.inset(m_.px(insetX(g)), m_.px(insetY(g))); }
+  Rect content(const Group& g, const Rect& box) const {
+    return box.inset(m_.px(insetX(g)), m_.px(insetY(g)));
+  }
 
   struct Cells {
     std::vector<int> x, w;
@@ -343,11 +354,13 @@ class Engine {
     const Rect area = content(g, box);
     const double pitch = pitchOf(g, area);
     const int last = static_cast<int>(cells.x.size()) - 1;
-    const int from = std::clamp(at.col, 0, std::max(0, last)), to = std::clamp(at.col + at.span - 1, from, std::max(from, last));
+    const int from = std::clamp(at.col, 0, std::max(0, last)),
+              to = std::clamp(at.col + at.span - 1, from, std::max(from, last));
     const int top = area.y + static_cast<int>(std::lround(at.row * pitch));
     const int most = m_.px(cellHeight(g));
-    const int height = at.rows > 1 ? static_cast<int>(std::lround((at.rows - 1) * pitch)) + most
-                                   : (rowsOf(g) > 1 ? std::min(most, static_cast<int>(pitch)) : std::min(most, area.h));
+    const int height =
+        at.rows > 1 ? static_cast<int>(std::lround((at.rows - 1) * pitch)) + most
+                    : (rowsOf(g) > 1 ? std::min(most, static_cast<int>(pitch)) : std::min(most, area.h));
     if (ofLines(g)) return {cells.x[from], box.y, cells.x[to] + cells.w[to] - cells.x[from], box.h};
     return {cells.x[from], top, cells.x[to] + cells.w[to] - cells.x[from], std::max(height, 1)};
   }
@@ -374,7 +387,8 @@ class Engine {
   void placeInCell(const Group& g, const Rect& box, const Control& c, Spot& spot) {
     const Place& at = c.spec->at;
     spot.box = cellOf(g, box, at);
-    if (labelled(c) && g.frame != Frame::Heads) placeLabel(g, box, c, spot);
+    const bool titled = g.frame == Frame::Heads || g.frame == Frame::Entry;  // by the heading row
+    if (labelled(c) && !titled) placeLabel(g, box, c, spot);
     if (at.width > 0 && m_.px(at.width) < spot.box.w) {
       const int own = m_.px(at.width);
       if (at.right) spot.box.x += spot.box.w - own;
@@ -480,10 +494,12 @@ class Engine {
       if (block == plan_.blocks.end()) {
         Spot& spot = plan_.spots[indexOf(grid)];
         spot.joined = true;
-        plan_.blocks.push_back({.grid = grid, .box = spot.box});
+        plan_.blocks.push_back({grid, spot.box, {}, {}, {}});
         block = plan_.blocks.end() - 1;
       }
-      (group->frame == Frame::Heads ? block->heads : group->frame == Frame::Entry ? block->entry : block->keys) = box;
+      (group->frame == Frame::Heads   ? block->heads
+       : group->frame == Frame::Entry ? block->entry
+                                      : block->keys) = box;
       const int top = std::min(block->box.y, box.y), bottom = std::max(block->box.bottom(), box.bottom());
       block->box.y = top;
       block->box.h = bottom - top;
@@ -522,9 +538,15 @@ Rect placeDialog(const Screen& screen, const Rect& window, const Rect& area, con
   box.h = std::min(box.h, window.h - 2 * side);
   box.x = window.x + (window.w - box.w) / 2;
   switch (anchor) {
-    case Anchor::Centre: box.y = window.y + (window.h - box.h) / 2; break;
-    case Anchor::Top: box.y = area.y + measure.px(kModeStrip) + side; break;
-    case Anchor::Bottom: box.y = window.bottom() - measure.px(kBottomAnchor) - box.h; break;
+    case Anchor::Centre:
+      box.y = window.y + (window.h - box.h) / 2;
+      break;
+    case Anchor::Top:
+      box.y = area.y + measure.px(kModeStrip) + side;
+      break;
+    case Anchor::Bottom:
+      box.y = window.bottom() - measure.px(kBottomAnchor) - box.h;
+      break;
   }
   box.y = std::clamp(box.y, window.y, std::max(window.y, window.bottom() - box.h));
   return box;
@@ -557,7 +579,7 @@ std::vector<int> columnEdges(const std::vector<GridColumn>& columns, int width, 
 std::string plainCaption(const std::string& caption) {
   std::string out;
   for (size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] == '&' && i + 1 < caption.size()) ++i;
+    if (caption[i] == '&' && i + 1 < caption.size() && caption[i + 1] != ' ') ++i;
     out += caption[i];
   }
   return out;

@@ -1,0 +1,316 @@
+#include "platform/qt/grid_view.h"
+
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyleOptionSlider>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "platform/qt/palette.h"
+
+namespace {
+
+// The lane is always there; the thumb only when there is something to scroll.
+class LaneBar : public QScrollBar {
+ public:
+  explicit LaneBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) { setFocusPolicy(Qt::NoFocus); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(palette::kLane));
+    if (maximum() <= minimum()) return;
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const QRect thumb =
+        style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
+    draw::box(painter, thumb.adjusted(3, 1, -3, -1), QColor(palette::kThumb), QColor(palette::kThumb), 1, 3);
+  }
+};
+
+bool sameCell(const Cell& a, const Cell& b) {
+  return a.text == b.text && a.back == b.back && a.fore == b.fore && a.fontSize == b.fontSize &&
+         a.align == b.align && a.bold == b.bold;
+}
+
+Qt::Alignment alignmentOf(Align align) {
+  return align == Align::Right ? Qt::AlignRight : align == Align::Centre ? Qt::AlignHCenter : Qt::AlignLeft;
+}
+
+Qt::Alignment ofColumn(const GridColumn& column) {
+  if (column.align == Align::Auto || column.align == Align::Left)
+    return column.money ? Qt::AlignRight : Qt::AlignLeft;
+  return alignmentOf(column.align);
+}
+
+}  // namespace
+
+void paintHeading(QPainter& painter, const QRect& box, const std::vector<GridColumn>& columns,
+                  const std::vector<int>& edges, const Look& look) {
+  painter.fillRect(box, QColor(palette::kGridHead));
+  const QRect foot(box.x(), box.bottom(), box.width(), 1);
+  painter.setFont(look.font(Look::Face::Strong));
+  const int inset = look.px(layout::size::kCellInset);
+  for (size_t i = 0; i < columns.size() && i + 1 < edges.size();) {
+    const size_t to = std::min(i + static_cast<size_t>(std::max(1, columns[i].headSpan)), edges.size() - 1);
+    const QRect cell(box.x() + edges[i], box.y(), edges[to] - edges[i], box.height());
+    const bool spans = to > i + 1;
+    if (spans) {
+      painter.fillRect(QRect(cell.x() - 1, cell.y() + 2, 1, cell.height() - 5),
+                       QColor(palette::kGridHeadLine));
+      painter.fillRect(QRect(cell.right(), cell.y() + 2, 1, cell.height() - 5),
+                       QColor(palette::kGridHeadLine));
+    }
+    painter.setPen(QColor(palette::kInk));
+    if (cell.width() > 2 * inset)
+      draw::line(painter, cell.adjusted(inset, 0, -inset, -1), QString::fromStdString(columns[i].title),
+                 spans ? Qt::AlignHCenter : ofColumn(columns[i]));
+    i = to;
+  }
+  painter.fillRect(foot, QColor(palette::kGridHeadLine));
+}
+
+GridView::GridView(Screen& screen, Control& control, Hands& hands, QWidget* parent)
+    : QWidget(parent), ControlView(screen, control, hands), bar_(new LaneBar(this)) {
+  setAttribute(Qt::WA_OpaquePaintEvent, false);
+  setFocusPolicy(Qt::NoFocus);
+  QObject::connect(bar_, &QScrollBar::valueChanged, this, [this](int first) {
+    shown_.first = static_cast<size_t>(std::max(0, first));
+    fetch();
+    update();
+  });
+}
+
+int GridView::frameWidth() const { return spot_.overlay ? look_->px(layout::size::kDialogFrame) : 1; }
+
+// The widget is a pixel larger than its place on all sides, for the frame of the focus.
+QRect GridView::inner() const {
+  const int frame = frameWidth() + 1;
+  const int top = spot_.joined ? 1 : frame;
+  return rect().adjusted(frame, top, -frame, -frame);
+}
+
+QRect GridView::body() const {
+  QRect area = inner();
+  if (ownHeading()) area.setTop(area.top() + spot_.rowHeight);
+  return area;
+}
+
+int GridView::rowsInView() const {
+  return std::max(1, (body().height() - covered_) / std::max(1, spot_.rowHeight));
+}
+
+QRect GridView::rowRect(size_t row) const {
+  const QRect area = body();
+  const int y = area.y() + static_cast<int>(row - shown_.first) * spot_.rowHeight;
+  return {area.x(), y, spot_.edges.empty() ? 0 : spot_.edges.back() - spot_.edges.front(), spot_.rowHeight};
+}
+
+std::optional<size_t> GridView::rowAt(const QPoint& point) const {
+  const QRect area = body();
+  if (!area.contains(point) || spot_.rowHeight <= 0) return std::nullopt;
+  const size_t row = shown_.first + static_cast<size_t>((point.y() - area.y()) / spot_.rowHeight);
+  return row < shown_.count ? std::optional(row) : std::nullopt;
+}
+
+void GridView::place(const layout::Spot& spot, const Look& look) {
+  layout::Spot wide = spot;
+  wide.box = spot.box.inset(-1, -1);
+  ControlView::place(wide, look);
+  spot_.edges = spot.edges;
+  const QRect area = body();
+  const int lane = spot.overlay ? 0 : look.px(layout::size::kLane);
+  bar_->setGeometry(area.right() + 1 - lane, area.y(), lane, area.height());
+  bar_->setVisible(lane > 0);
+  stale_ = true;
+}
+
+void GridView::cover(int pixels) {
+  if (covered_ == pixels) return;
+  covered_ = pixels;
+  stale_ = true;
+}
+
+// Keeps the row under the cursor in view; where there is none, the newest.
+void GridView::follow(bool moved, bool grown) {
+  const auto page = static_cast<size_t>(rowsInView());
+  const size_t last = shown_.count > page ? shown_.count - page : 0;
+  size_t first = std::min(shown_.first, last);
+  if (shown_.current == Grid::kNone) {
+    if (grown || covered_ > 0) first = last;
+  } else if (moved || stale_) {
+    if (shown_.current < first) first = shown_.current;
+    if (shown_.current >= first + page) first = shown_.current + 1 - page;
+  }
+  const QSignalBlocker quiet(bar_);
+  bar_->setPageStep(static_cast<int>(page));
+  bar_->setRange(0, static_cast<int>(last));
+  bar_->setValue(static_cast<int>(first));
+  shown_.first = first;
+}
+
+void GridView::sync(const Situation& situation) {
+  if (!look_) return;
+  const Grid& grid = control_.grid;
+  const size_t count = grid.count(), current = grid.current < count ? grid.current : Grid::kNone;
+  const bool focus = situation.focus || situation.caller;
+  const bool whole = stale_ || grid.source.get() != shown_.source || focus != shown_.focus;
+  const size_t before = shown_.first, oldCurrent = shown_.current, oldCount = shown_.count;
+  const bool otherSource = grid.source.get() != shown_.source;
+  // A source made anew with one row more is the same list with a new line.
+  const bool oneMore = oldCount > 0 && count == oldCount + 1,
+             akin = !otherSource || oneMore || count == oldCount;
+  shown_.source = grid.source.get();
+  shown_.count = count;
+  shown_.current = current;
+  shown_.focus = focus;
+  if (!akin && current == Grid::kNone) shown_.first = 0;
+  follow(current != oldCurrent || otherSource, akin && count > oldCount);
+  std::vector<Row> old = std::move(shown_.rows);
+  fetch();
+  const bool all = whole || before != shown_.first;
+  stale_ = false;
+  if (all) {
+    update();
+    return;
+  }
+  const size_t rows = std::max(old.size(), shown_.rows.size());
+  for (size_t i = 0; i < rows; ++i) {
+    const size_t row = shown_.first + i;
+    const bool both = i < old.size() && i < shown_.rows.size();
+    const bool same = both && std::ranges::equal(old[i].cells, shown_.rows[i].cells, sameCell);
+    const bool cursor = oldCurrent != current && (row == oldCurrent || row == current);
+    if (!same || cursor) update(rowRect(row));
+  }
+  if (count != oldCount) bar_->update();
+}
+
+void GridView::fetch() {
+  const Grid& grid = control_.grid;
+  // One more than fits, for the row that is cut by the lower edge.
+  const size_t to = std::min(
+      shown_.count, shown_.first + static_cast<size_t>(body().height() / std::max(1, spot_.rowHeight)) + 1);
+  shown_.rows.clear();
+  for (size_t row = shown_.first; row < to; ++row) {
+    Row cells;
+    for (size_t column = 0; column < grid.columns.size(); ++column) {
+      const bool hidden = column + 1 >= spot_.edges.size() || spot_.edges[column + 1] <= spot_.edges[column];
+      cells.cells.push_back(hidden ? Cell{} : grid.cell(row, column));
+    }
+    shown_.rows.push_back(std::move(cells));
+  }
+}
+
+void GridView::paintEvent(QPaintEvent* event) {
+  if (!look_) return;
+  QPainter painter(this);
+  const QRect area = inner();
+  painter.fillRect(area, QColor(palette::kField));
+  if (ownHeading()) {
+    std::vector<int> edges = spot_.edges;
+    for (int& e : edges) e -= frameWidth();
+    paintHeading(painter, QRect(area.x(), area.y(), area.width(), spot_.rowHeight), control_.grid.columns,
+                 edges, *look_);
+  }
+  painter.save();
+  painter.setClipRect(body());
+  for (size_t i = 0; i < shown_.rows.size(); ++i)
+    if (rowRect(shown_.first + i).intersects(event->rect())) paintRow(painter, shown_.first + i);
+  painter.restore();
+  const bool strong = shown_.focus || spot_.overlay;
+  const int width = strong ? look_->px(2) : 1;
+  QRect frame = rect().adjusted(1, 1, -1, -1);
+  if (strong && !spot_.overlay) frame = frame.adjusted(-1, spot_.joined ? 0 : -1, 1, 1);
+  const QColor line(strong ? palette::kAccent : palette::kGridFrame);
+  if (!spot_.joined || strong) painter.fillRect(QRect(frame.x(), frame.y(), frame.width(), width), line);
+  painter.fillRect(QRect(frame.x(), frame.bottom() + 1 - width, frame.width(), width), line);
+  painter.fillRect(QRect(frame.x(), frame.y(), width, frame.height()), line);
+  painter.fillRect(QRect(frame.right() + 1 - width, frame.y(), width, frame.height()), line);
+}
+
+void GridView::paintRow(QPainter& painter, size_t row) const {
+  const std::vector<Cell>& cells = shown_.rows[row - shown_.first].cells;
+  const QRect box = rowRect(row);
+  const bool current = row == shown_.current && (shown_.focus || !spot_.overlay);
+  for (size_t column = 0; column < cells.size() && column + 1 < spot_.edges.size(); ++column) {
+    const int from = spot_.edges[column], to = spot_.edges[column + 1];
+    if (to <= from) continue;
+    const QRect cell(1 + from, box.y(), to - from, box.height());
+    QColor back = row % 2 == 1 ? QColor(palette::kGridZebra) : QColor(palette::kField),
+           line(palette::kGridCell);
+    if (cells[column].back != kNoColour) {
+      back = palette::fromBgr(cells[column].back);
+      if (back != QColor(Qt::white)) line = back.darker(109);
+    }
+    if (current) {
+      back = QColor(shown_.focus ? palette::kAccent : palette::kGridSeen);
+      line = shown_.focus ? QColor(0x5C, 0x9C, 0xA1) : QColor(palette::kGridCell);
+    }
+    painter.fillRect(cell, back);
+    painter.fillRect(QRect(cell.right(), cell.y(), 1, cell.height()), line);
+    painter.fillRect(QRect(cell.x(), cell.bottom(), cell.width(), 1), current && shown_.focus ? back : line);
+    paintCell(painter, cell, cells[column], column, current);
+  }
+}
+
+QString GridView::textOf(const Cell& cell, size_t column) const {
+  const QString text =
+      QString::fromStdString(control_.grid.columns[column].money ? groupedFigures(cell.text) : cell.text);
+  return text.contains('\n') ? text.simplified() : text;
+}
+
+Qt::Alignment GridView::alignOf(const Cell& cell, size_t column) const {
+  return cell.align == Align::Auto ? ofColumn(control_.grid.columns[column]) : alignmentOf(cell.align);
+}
+
+void GridView::paintCell(QPainter& painter, const QRect& box, const Cell& cell, size_t column,
+                         bool current) const {
+  if (cell.text.empty()) return;
+  const Look::Face face = cell.bold ? Look::Face::Strong : Look::Face::Plain;
+  painter.setFont(cell.fontSize > 0 ? look_->sized(face, std::clamp(cell.fontSize, 8.0, 14.0))
+                                    : look_->font(face));
+  QColor ink(palette::kInk);
+  if (current && shown_.focus)
+    ink = QColor(palette::kWhiteText);
+  else if (cell.fore != kNoColour)
+    ink = palette::fromBgr(cell.fore);
+  painter.setPen(ink);
+  const int inset = look_->px(layout::size::kCellInset);
+  draw::line(painter, box.adjusted(inset, 0, -inset, -1), textOf(cell, column), alignOf(cell, column));
+}
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !look_) return;
+  if (const auto row = rowAt(event->pos())) hands_.rowPressed(screen_, control_, *row);
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && look_ && rowAt(event->pos())) hands_.rowDoubled(screen_, control_);
+}
+
+void GridView::wheelEvent(QWheelEvent* event) {
+  constexpr int kStep = 120, kRows = 3;
+  bar_->setValue(bar_->value() - event->angleDelta().y() * kRows / kStep);
+  event->accept();
+}
+
+bool GridView::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip || !look_) return QWidget::event(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  QString whole;
+  if (const auto row = rowAt(help->pos()); row && *row - shown_.first < shown_.rows.size()) {
+    const std::vector<Cell>& cells = shown_.rows[*row - shown_.first].cells;
+    for (size_t column = 0; column + 1 < spot_.edges.size() && column < cells.size(); ++column) {
+      const int from = spot_.edges[column] + 1, to = spot_.edges[column + 1] + 1;
+      if (help->pos().x() < from || help->pos().x() >= to) continue;
+      const QString text = textOf(cells[column], column);
+      const Look::Face face = cells[column].bold ? Look::Face::Strong : Look::Face::Plain;
+      const int room = to - from - 2 * look_->px(layout::size::kCellInset);
+      if (look_->metrics(face).horizontalAdvance(text) > room) whole = text;
+    }
+  }
+  QToolTip::showText(help->globalPos(), whole, this);
+  return true;
+}

@@ -1,0 +1,321 @@
+#include "platform/qt/qt_host.h"
+
+#include <QAbstractEventDispatcher>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QProcess>
+#include <QScreen>
+#include <QThread>
+#include <QUrl>
+#include <algorithm>
+
+#include "platform/qt/keyboard.h"
+#include "platform/qt/machine.h"
+#include "platform/qt/paint_qt.h"
+
+namespace {
+
+constexpr double kTwipsPerPixel = 15;
+
+bool withoutDesktop() {
+  const QString name = QGuiApplication::platformName();
+  return name == "offscreen" || name == "minimal";
+}
+
+}  // namespace
+
+QtHost::QtHost(const Screens& screens) : Desk(screens) {
+  QApplication::setQuitOnLastWindowClosed(false);
+  qApp->installEventFilter(this);
+  QObject::connect(&timer_, &QTimer::timeout, this, [this] {
+    if (boxes_.empty() && !refreshing_) guarded([this] { tick(); });
+  });
+}
+
+QtHost::~QtHost() { qApp->removeEventFilter(this); }
+
+int QtHost::run() { return quitting() ? 0 : QApplication::exec(); }
+
+// Nothing that a handler raises passes through Qt's loop.
+void QtHost::guarded(const std::function<void()>& event) {
+  try {
+    event();
+  } catch (const std::exception& error) {
+    busy(false);
+    message(error.what(), "Mirav Message");
+  }
+}
+
+// What the person does
+
+bool QtHost::eventFilter(QObject* object, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::WindowDeactivate:
+      altAlone_ = false;
+      return false;
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+      break;
+    default:
+      return false;
+  }
+  if (!object->isWidgetType() || QApplication::activePopupWidget()) return false;
+  auto* key = static_cast<QKeyEvent*>(event);
+  key->accept();
+  if (event->type() == QEvent::KeyPress) return keyDown(*key);
+  if (event->type() == QEvent::KeyRelease && key->key() == Qt::Key_Alt && altAlone_) {
+    altAlone_ = false;
+    if (boxes_.empty() && window_ && top() == &window_->screen()) window_->menus().activate();
+  }
+  return true;
+}
+
+bool QtHost::keyDown(const QKeyEvent& event) {
+  altAlone_ = event.key() == Qt::Key_Alt;
+  const std::string text = keyboard::textOf(event);
+  const Key key = keyboard::keyOf(event);
+  if (!boxes_.empty()) {
+    BoxPanel& box = *boxes_.back();
+    const bool held = event.isAutoRepeat() && key.code == KeyCode::Enter;
+    if (key == Key::Ctrl('V'))
+      box.paste(clipboard());
+    else if (!text.empty())
+      box.type(text);
+    else if (key.code != KeyCode::None && !held)
+      box.key(key);
+    return true;
+  }
+  if (!text.empty())
+    guarded([&] { type(text); });
+  else if (key.code != KeyCode::None && !menuLetter(key))
+    guarded([&] { this->key(key); });
+  return true;
+}
+
+// Alt and a letter open a menu while the shell itself has the keys.
+bool QtHost::menuLetter(const Key& key) {
+  if (!key.alt || key.ctrl || key.code != KeyCode::Char || !window_ || top() != &window_->screen())
+    return false;
+  return window_->menus().openByLetter(key.ch);
+}
+
+bool QtHost::reaches(const Screen& screen) const { return boxes_.empty() && top() == &screen; }
+
+void QtHost::pressed(Screen& screen, Control& control) {
+  if (reaches(screen)) guarded([&] { click(control); });
+}
+
+void QtHost::pointed(Screen& screen, Control& control, size_t anchor, size_t caret) {
+  if (!reaches(screen)) return;
+  guarded([&] {
+    if (focusOn(control)) select(control, anchor, caret);
+  });
+}
+
+void QtHost::committed(const std::string& text) {
+  guarded([&] { type(text); });
+}
+
+void QtHost::rowPressed(Screen& screen, Control& control, size_t row) {
+  if (reaches(screen)) guarded([&] { rowTo(control, row); });
+}
+
+void QtHost::rowDoubled(Screen& screen, Control& control) {
+  if (reaches(screen)) guarded([&] { doubleClick(control); });
+}
+
+void QtHost::menuChosen(const std::vector<size_t>& path) {
+  if (!window_ || !boxes_.empty()) return;
+  const std::vector<MenuEntry>* entries = &window_->screen().menus;
+  const MenuEntry* entry = nullptr;
+  for (const size_t i : path) {
+    if (i >= entries->size()) return;
+    entry = &(*entries)[i];
+    entries = &entry->entries;
+  }
+  if (entry) guarded([&] { menu(MenuEntry(*entry)); });
+}
+
+void QtHost::toolChosen(size_t index) {
+  if (!window_ || !boxes_.empty() || index >= window_->screen().tools.size()) return;
+  guarded([&] { tool(ToolEntry(window_->screen().tools[index])); });
+}
+
+void QtHost::closeAsked() {
+  QTimer::singleShot(0, this, [this] {
+    if (boxes_.empty()) guarded([this] { closeTop(); });
+  });
+}
+
+void QtHost::realKey(const Key& key) {
+  const keyboard::Raw raw = keyboard::rawOf(key);
+  for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QWidget* target = QApplication::activePopupWidget();
+    if (!target) target = QApplication::focusWidget();
+    if (!target) target = window_;
+    if (!target) return;
+    QKeyEvent event(type, raw.key, raw.modifiers, raw.text);
+    QApplication::sendEvent(target, &event);
+  }
+  settle();
+}
+
+void QtHost::realText(const std::string& text) {
+  for (const char32_t typed : QString::fromStdString(text).toStdU32String()) {
+    const keyboard::Raw raw = keyboard::rawOf(typed);
+    QWidget* target = QApplication::focusWidget() ? QApplication::focusWidget() : window_;
+    if (!target) return;
+    QKeyEvent event(QEvent::KeyPress, raw.key, raw.modifiers, raw.text);
+    QApplication::sendEvent(target, &event);
+  }
+  settle();
+}
+
+void QtHost::settle() {
+  constexpr int kMostRounds = 50;
+  for (int i = 0; i < kMostRounds; ++i) {
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (!QThread::currentThread()->eventDispatcher()->processEvents(QEventLoop::AllEvents)) return;
+  }
+}
+
+bool QtHost::grab(const std::string& path) {
+  redraw();
+  QWidget* shown = window_ ? window_ : bare_.get();
+  return shown && shown->grab().save(QString::fromStdString(path), "PNG");
+}
+
+// Nesting
+
+void QtHost::wait(const std::function<bool()>& over) {
+  QEventLoop loop;
+  waiting_.push_back({&loop, over});
+  if (!over()) loop.exec();
+  waiting_.pop_back();
+  // What waits below may have ended meanwhile.
+  QTimer::singleShot(0, this, [this] { wakeLoops(); });
+}
+
+void QtHost::wakeLoops() {
+  if (!waiting_.empty() && (quitting() || waiting_.back().over())) waiting_.back().loop->quit();
+}
+
+void QtHost::nest(Screen& screen) {
+  const bool wasBusy = busy_;
+  busy(false);
+  wait([this, at = &screen] { return quitting() || !isOpen(*at); });
+  busy(wasBusy);
+}
+
+QWidget& QtHost::boxParent() {
+  if (window_ && window_->isVisible()) return *window_;
+  if (!bare_) {
+    bare_ = std::make_unique<QWidget>();
+    bare_->setWindowTitle(kTitle);
+    bare_->resize(760, 320);
+  }
+  bare_->show();
+  return *bare_;
+}
+
+std::unique_ptr<BoxPanel> QtHost::answered(BoxPanel::Words words) {
+  const bool wasBusy = busy_;
+  busy(false);
+  redraw();
+  QWidget& parent = boxParent();
+  static const Look plain(1);
+  const Look& look = window_ ? window_->look() : plain;
+  boxes_.push_back(std::make_unique<BoxPanel>(
+      *this, std::move(words), look, [this] { wakeLoops(); }, &parent));
+  BoxPanel* const panel = boxes_.back().get();
+  panel->show();
+  panel->raise();
+  focusWidget();
+  if (onBox)
+    QTimer::singleShot(0, panel, [this] {
+      if (onBox) onBox();
+    });
+  wait([this, panel] { return quitting() || panel->done(); });
+  std::unique_ptr<BoxPanel> answer = std::move(boxes_.back());
+  boxes_.pop_back();
+  answer->hide();
+  if (bare_) bare_->hide();
+  busy(wasBusy);
+  redraw();
+  return answer;
+}
+
+void QtHost::box(const std::string& text, const std::string& title) {
+  answered({.kind = BoxPanel::Kind::Message, .text = text, .title = title});
+}
+
+bool QtHost::ask(const std::string& text, const std::string& title) {
+  return answered({.kind = BoxPanel::Kind::Question, .text = text, .title = title})->yes();
+}
+
+std::optional<std::string> QtHost::input(const std::string& prompt, const std::string& title,
+                                         const std::string& initial) {
+  const auto panel =
+      answered({.kind = BoxPanel::Kind::Input, .text = prompt, .title = title, .initial = initial});
+  return panel->yes() ? std::optional(panel->value()) : std::nullopt;
+}
+
+// The machine
+
+void QtHost::busy(bool on) {
+  if (on == busy_) return;
+  busy_ = on;
+  on ? QGuiApplication::setOverrideCursor(Qt::WaitCursor) : QGuiApplication::restoreOverrideCursor();
+}
+
+void QtHost::refresh() {
+  redraw();
+  refreshing_ = true;
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  refreshing_ = false;
+}
+
+Moment QtHost::now() const { return clock ? *clock : machine::now(); }
+
+Display QtHost::display() const {
+  if (size) return *size;
+  const QSize pixels = QGuiApplication::primaryScreen()->size();
+  return {pixels.width() * kTwipsPerPixel, pixels.height() * kTwipsPerPixel, kTwipsPerPixel, kTwipsPerPixel};
+}
+
+bool QtHost::online() const { return isOnline ? *isOnline : machine::online(); }
+bool QtHost::running(const std::string& process) const { return machine::running(process); }
+void QtHost::endProcess(const std::string& process) { machine::endProcess(process); }
+
+void QtHost::launch(const std::string& program, const std::vector<std::string>& arguments) {
+  QStringList words;
+  for (const std::string& a : arguments) words << QString::fromStdString(a);
+  if (!QProcess::startDetached(QString::fromStdString(program), words))
+    message(program + " could not be started", "Mirav Message");
+}
+
+void QtHost::openLink(const std::string& url) {
+  if (!withoutDesktop() && !QDesktopServices::openUrl(QUrl(QString::fromStdString(url))))
+    hint("No Program Opens " + url);
+}
+
+void QtHost::view(const std::string& file) {
+  const QString path = QFileInfo(QString::fromStdString(file)).absoluteFilePath();
+  if (!withoutDesktop() && !QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
+    hint("No Program Shows " + file);
+}
+
+paint::Painter& QtHost::painter() {
+  if (!painter_) painter_ = paint::makePainter();
+  return *painter_;
+}
+
+std::string QtHost::clipboard() const { return QGuiApplication::clipboard()->text().toStdString(); }
+void QtHost::setClipboard(const std::string& text) {
+  QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+}
