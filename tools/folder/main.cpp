@@ -1,0 +1,34 @@
+#include <CLI/CLI.hpp>
+#include <ctime>
+#include <exception>
+#include <iostream>
+#include <string>
+
+#include "sample_data.h"
+
+namespace {
+
+Moment localNow() {
+  const std::time_t seconds = std::time(nullptr);
+  std::tm now{};
+  localtime_r(&seconds, &now);
+  using namespace std::chrono;
+  return {year{now.tm_year + 1900} / (now.tm_mon + 1) / now.tm_mday, now.tm_hour, now.tm_min, now.tm_sec};
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app{"Makes the databases of a program folder: catalogue, sample company-year, templates"};
+  std::string folder;
+  app.add_option("folder", folder, "Program folder; made when it is missing")->required();
+  CLI11_PARSE(app, argc, argv);
+
+  try {
+    makeSampleFolder(folder, localNow());
+  } catch (const std::exception& error) {
+    std::cerr << "mirav-folder: " << error.what() << "\n";
+    return 1;
+  }
+  return 0;
+}
