@@ -1,0 +1,26 @@
+#include "formats/designs.h"
+
+#include <filesystem>
+
+namespace formats {
+
+namespace {
+
+struct Design {
+  const char* file;
+  void (*write)(const std::string& path);
+};
+
+constexpr Design kDesigns[] = {
+    {"INVGST1.xlsx", &invgst1},
+};
+
+}  // namespace
+
+void writeAll(const std::string& folder) {
+  const std::filesystem::path into(folder);
+  std::filesystem::create_directories(into);
+  for (const auto& design : kDesigns) design.write((into / design.file).string());
+}
+
+}  // namespace formats

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+// The design workbooks that are delivered, one writer each.
+namespace formats {
+
+void invgst1(const std::string& path);
+
+// Writes every design into a folder, which is made when it is missing. Raises BookError.
+void writeAll(const std::string& folder);
+
+}  // namespace formats

@@ -1,0 +1,39 @@
+#include "documents/data_sheet.h"
+
+#include "base/text.h"
+
+workbook::Value cellValue(const Value& value, const std::string& declaredType) {
+  if (value.isNull()) return {};
+  if (value.isNumber()) return value.number();
+  if (startsWithNoCase(declaredType, "DATE"))
+    if (const auto date = value.date()) return workbook::Value::date(*date);
+  return value.text();
+}
+
+void DataSheet::set(int row, int column, const workbook::Value& value) {
+  if (value.empty() || (value.text() && value.text()->empty())) return;
+  cells_[{row, column}] = value;
+}
+
+void DataSheet::labelled(int column, const std::string& label, const Row& company, const std::string& field) {
+  set(3, column, label);
+  if (company.has(field)) set(4, column, cellValue(company.value(field)));
+}
+
+void DataSheet::names(int row, int column, const ColumnNames& names) {
+  for (int j = 0; j < names.count(); ++j) set(row, column + j, names.at(j));
+}
+
+void DataSheet::values(int row, int column, const Rows& rows) {
+  for (int j = 0; j < rows.count(); ++j) set(row, column + j, cellValue(rows.value(j), rows.declaredType(j)));
+}
+
+void DataSheet::fill(workbook::Sheet& sheet) const {
+  sheet.clearContents();
+  for (const auto& [cell, value] : cells_) sheet.set(cell.first, cell.second, value);
+}
+
+workbook::Value DataSheet::at(int row, int column) const {
+  const auto cell = cells_.find({row, column});
+  return cell == cells_.end() ? workbook::Value{} : cell->second;
+}

@@ -1,0 +1,215 @@
+#include "documents/dlg1.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/text.h"
+#include "documents/renderers.h"
+#include "frame/routines.h"
+#include "frame/session.h"
+#include "masters/lookup.h"
+
+// What the dialog is for one print key.
+struct PrintKey {
+  std::string key = {}, caption = {};
+  std::string sheet = {};   // mprnsheet; empty leaves it as it is
+  LookupSpec numbers = {};  // opened by Enter in the empty field; none without a table
+  bool locksShell = false;  // hides the shell's picture and locks the menus
+  // The screen that comes back when the dialog closes.
+  std::string entryType = {}, screen = {}, screenCaption = {};
+};
+
+namespace {
+
+const ScreenSpec& spec() {
+  // clang-format off
+  static const ScreenSpec s{
+      .name = "dlg1",
+      .caption = "Invoice Print",
+      .window = Window::Dialog,
+      .focusColour = 0xFFC0FF,
+      .layout = {.bands = {
+                     {part(1), {{.name = "number", .columns = {px(44), px(150), part(1)}}}},
+                     {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
+                 },
+                 .width = 520, .height = 190},
+      .controls = {
+          {.name = "Label4",        .kind = Kind::Label,  .label = "Press Enter To Select Sale Bill Number", .at = {.group = "number", .row = 0, .col = 0, .span = 3}, .style = Style::Quiet},
+          {.name = "Label20",       .kind = Kind::Label,  .label = "For ", .at = {.group = "number", .row = 1, .col = 0}},
+          {.name = "Text4",         .at = {.group = "number", .row = 1, .col = 1}, .tab = 1, .keys = KeyClass::Text},
+          {.name = "cmdpdf",        .kind = Kind::Button, .label = "P&df view",    .at = {.group = "buttons"}, .tab = 2, .style = Style::Primary},
+          {.name = "cmdprn",        .kind = Kind::Button, .label = "&Print",       .at = {.group = "buttons"}, .tab = 3},
+          {.name = "CancelButton",  .kind = Kind::Button, .label = "&Close",       .at = {.group = "buttons", .right = true}, .tab = 4},
+          {.name = "cmdinv",        .kind = Kind::Button, .label = "&Excel view",      .at = {.group = "buttons"}, .visible = false},
+          {.name = "cmdeinvoice",   .kind = Kind::Button, .label = "E-In&voice",       .at = {.group = "buttons"}, .visible = false},
+          {.name = "Cmdewayxl",     .kind = Kind::Button, .label = "E-Way &Bill",      .at = {.group = "buttons"}, .visible = false},
+          {.name = "cmdmail",       .kind = Kind::Button, .label = "E-M&ail",          .at = {.group = "buttons"}, .visible = false},
+          {.name = "cmdsmsdtl",     .kind = Kind::Button, .label = "&SMS",             .at = {.group = "buttons"}, .visible = false},
+          {.name = "Cmdwapp",       .kind = Kind::Button, .label = "&W-App Inv Pdf",   .at = {.group = "buttons"}, .visible = false},
+          {.name = "cmdwapmsg",     .kind = Kind::Button, .label = "W-App &Msg",       .at = {.group = "buttons"}, .visible = false},
+          {.name = "cmddatareport", .kind = Kind::Button, .label = "Data &Report",     .at = {.group = "buttons"}, .visible = false},
+      },
+  };
+  // clang-format on
+  return s;
+}
+
+const LookupSpec kBills{
+    .mode = "THREEFLD",
+    .table =
+        "(SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD) LEFT JOIN ACCOUNT AS ACC1 ON "
+        "SALE.SALE_CD = ACC1.ACC_CD WHERE SALE.book_cd = 'SA' AND GSTPOST =1 ORDER BY VOUCH_DT DESC, "
+        "BILL_NO DESC, VOUCH_NO desc",
+    .first = "VOUCH_NO",
+    .second = "ACCOUNT.ACC_NAME",
+    .more =
+        "ACCOUNT.area, ACCOUNT.city, BILL_NO, format(vouch_dt, 'dd/MM/yyyy') AS VDT, ACC1.ACC_NAME, "
+        "bl_type, NARRATION, NET_AMT ",
+    .widths = {700, 2400, 1200, 1200, 1000, 1000, 1000, 500, 1400, 900},
+};
+
+const LookupSpec kChallans{
+    .mode = "THREEFLD",
+    .table =
+        "CHLN LEFT JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD WHERE CHLN.book_cd = 'CH' ORDER BY "
+        "VOUCH_DT DESC, VOUCH_NO desc",
+    .first = "VOUCH_NO",
+    .second = "ACCOUNT.ACC_NAME",
+    .more = "ACCOUNT.area, ACCOUNT.city, CHLN_NO, format(vouch_dt, 'dd/MM/yyyy') AS VDT, CHLN_TYP, NET_AMT ",
+    .widths = {700, 2400, 1200, 1200, 1000, 1000, 1200, 0, 0, 0},
+};
+
+const LookupSpec kQuotations{
+    .mode = "THREEFLD",
+    .table =
+        "QUOT LEFT JOIN ACCOUNT ON QUOT.PARTY_CD = ACCOUNT.ACC_CD WHERE QUOT.ENTRY_TYP = 'QUOTATION' "
+        "ORDER BY VOUCH_DT DESC, VOUCH_NO desc",
+    .first = "VOUCH_NO",
+    .second = "ACCOUNT.ACC_NAME",
+    .more = "ACCOUNT.area, ACCOUNT.city, format(vouch_dt, 'dd/MM/yyyy') AS VDT, NET_AMT ",
+    .widths = {700, 2400, 1200, 1200, 1000, 1000, 0, 0},
+};
+
+const LookupSpec kAccounts{
+    .mode = "THREEFLD",
+    .table = "ACCOUNT ORDER BY ACC_NAME ",
+    .first = "ACC_CD",
+    .second = "ACC_NAME",
+    .more = "area, city ",
+    .widths = {1000, 2800, 1200, 1200},
+};
+
+// clang-format off
+const std::array kKeys = {
+    PrintKey{.key = "GST INVOICE",   .caption = "GST SALES INVOICE PRINT", .sheet = "BILL",     .numbers = kBills,      .screen = "GSTSAPU"},
+    PrintKey{.key = "Delivery Slip", .caption = "Delivery Slip Print",     .sheet = "D_C"},
+    PrintKey{.key = "Tax Invoice",   .caption = "Tax Invoice Print",       .sheet = "BILL"},
+    PrintKey{.key = "CHLNPRN",       .caption = "CHALLAN PRINT",           .sheet = "CHLNSA",   .numbers = kChallans,   .entryType = "CH", .screen = "FRMCHLN", .screenCaption = "DELIVERY CHALLAN ENTRY"},
+    PrintKey{.key = "QUOTPRN",       .caption = "QUOTATION PRINT",         .sheet = "QUOT",     .numbers = kQuotations, .locksShell = true, .entryType = "QUOTATION", .screen = "FRMQUOT", .screenCaption = "QUOTATION ENTRY"},
+    PrintKey{.key = "adcard",        .caption = "ADDRESS CARD PRINT",      .sheet = "MAILLABL", .numbers = kAccounts,   .locksShell = true},
+};
+// clang-format on
+
+// A key without a row keeps the caption of the design; its buttons do nothing.
+const PrintKey kOther{};
+
+const PrintKey& printKey(const std::string& key) {
+  const auto found =
+      std::find_if(kKeys.begin(), kKeys.end(), [&](const PrintKey& k) { return k.key == key; });
+  return found == kKeys.end() ? kOther : *found;
+}
+
+}  // namespace
+
+dlg1::dlg1(Host& theHost) : Screen(theHost, ::spec()), key_(&printKey(session().mreportkey)) {
+  escMeans = "Esc = Close";
+  wire<dlg1>(*this, {
+                        {"Text4",        On::Focus,      &dlg1::numberFocus},
+                        {"Text4",        KeyCode::Enter, &dlg1::numberEnter},
+                        {"Text4",        KeyCode::F1,    &dlg1::billLookup },
+                        {"cmdpdf",       On::Click,      &dlg1::makePdf    },
+                        {"cmdprn",       On::Click,      &dlg1::print      },
+                        {"cmdinv",       On::Click,      &dlg1::excelView  },
+                        {"CancelButton", On::Click,      &dlg1::leave      },
+                        {"",             KeyCode::Esc,   &dlg1::leave      },
+  });
+}
+
+void dlg1::opened(const Entry& entry) {
+  Session& s = session();
+  s.mprncopies = 1;
+  if (!key_->caption.empty()) caption = key_->caption;
+  if (!key_->sheet.empty()) s.mprnsheet = key_->sheet;
+  if (key_->locksShell) {
+    showPicture(host, false);
+    SetMenus(host, false, false);
+  }
+  set(at("Text4"), entry.value);
+  focus(at(trim(entry.value).empty() ? "Text4" : "cmdpdf"));
+  ShowHint(host, "Press Enter To Proceed");
+}
+
+void dlg1::closed() {
+  Session& s = session();
+  s.mprnmode.clear();
+  if (!key_->entryType.empty()) s.mentrytype = key_->entryType;
+  if (!key_->screen.empty()) {
+    host.open(key_->screen);
+    Screen* const screen = host.find(key_->screen);
+    if (screen && !key_->screenCaption.empty()) screen->caption = key_->screenCaption;
+  } else if (key_->locksShell) {
+    showPicture(host, true);
+    SetMenus(host, true, true);
+  }
+  s.mreportkey.clear();
+}
+
+// Each key in the number field takes back what a button had chosen.
+char32_t dlg1::filter(const Control& control, char32_t key) {
+  session().mprnmode.clear();
+  return Screen::filter(control, key);
+}
+
+void dlg1::numberFocus() { ShowHint(host, "Press Enter For Help"); }
+
+Go dlg1::numberEnter() {
+  session().mprnmode.clear();
+  if (trim(here().text).empty())
+    return key_->numbers.table.empty() ? Go::Stay : lookUp(host, *this, here(), key_->numbers);
+  at("cmdpdf").enabled = true;
+  focus(at("cmdpdf"));
+  return Go::Stay;
+}
+
+// By bill number. The table is what the lookup by Enter has left, so before one there is none.
+Go dlg1::billLookup() {
+  session().mprnmode.clear();
+  if (key_->key != "GST INVOICE") return Go::Stay;
+  const bool left = session().mhlptable == kBills.table;
+  return lookUp(
+      host, *this, here(),
+      {
+          .mode = "THREEFLD",
+          .table = left ? kBills.table : "",
+          .first = "VOUCH_NO",
+          .second = "BILL_NO",
+          .more = "ACCOUNT.ACC_NAME, ACCOUNT.area, ACCOUNT.city, format(vouch_dt, 'dd/MM/yyyy') AS VDT, "
+                  "ACC1.ACC_NAME",
+          .widths = {1000, 1000, 2500, 1400, 1400, 1200, 2000, 1500, 0, 0}
+  });
+}
+
+// The workbook itself, unless a button has chosen otherwise.
+void dlg1::excelView() { make(session().mprnmode); }
+
+void dlg1::make(const std::string& mode) {
+  session().mprnmode = mode;
+  at("cmdpdf").enabled = false;
+  focus(at("Text4"));
+  if (const Renderer* renderer = rendererOf(key_->key))
+    renderer->make(host, at("Text4").text, renderer->kind);
+  at("cmdpdf").enabled = true;
+  at("cmdprn").enabled = true;
+}
+
+void dlg1::leave() { host.close(*this); }

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/host.h"
+
+struct PrintKey;
+
+// The print dialog of all documents. `mreportkey` says which; opened with a number it is
+// ready to make that document, else the number is typed or looked up.
+class dlg1 : public Screen {
+ public:
+  explicit dlg1(Host& host);
+  void opened(const Entry& entry) override;
+  void closed() override;
+  char32_t filter(const Control& control, char32_t key) override;
+
+ private:
+  void numberFocus();
+  Go numberEnter();
+  Go billLookup();
+  void makePdf() { make("PDF"); }
+  void print() { make("PRN"); }
+  void excelView();
+  void make(const std::string& mode);
+  void leave();
+
+  const PrintKey* key_;
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+// An amount spelt out in the Indian way for printed papers, in upper case:
+// 1234567.50 is "TWELVE LAKH THIRTY FOUR THOUSAND FIVE HUNDRED SIXTY SEVEN AND FIFTY PAISE
+// ONLY". Papers carry these words to the letter, with their spellings (NINTEEN, FOURTY,
+// NINTY), the two blanks before ONLY after a whole group, and ".." for a zero amount.
+std::string AmountInWords(double amount);
+
+// Words of a whole number from 1 to 99; empty for anything else.
+std::string NumberWords(double number);
