@@ -1,0 +1,309 @@
+#include "vouchers/saving.h"
+
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <map>
+#include <thread>
+
+#include "vouchers/bill_fixture.h"
+#include "vouchers/items.h"
+#include "vouchers/ledger_rows.h"
+#include "vouchers/numbering.h"
+#include "vouchers/rate_history.h"
+
+namespace {
+
+constexpr Date kDay{std::chrono::year{2026}, std::chrono::June, std::chrono::day{15}};
+
+class SavingTest : public BillTest {
+ protected:
+  static BillHeader bill(double number, double amount = 118) {
+    return {.number = number,
+            .date = kDay,
+            .party = "A00001",
+            .shipTo = "A00002",
+            .billType = "TAX",
+            .billNumber = "0001 ",
+            .orderNumber = "PO/7",
+            .challanNumber = 12.5,
+            .narration = "O'NEIL \"ગુજરાતી\" % ",
+            .transportId = 3,
+            .transport = "MARUTI",
+            .destination = "ANAND",
+            .lrNumber = "LR'9",
+            .parcels = "2",
+            .creditDays = 30,
+            .lrDate = std::nullopt,
+            .items = 100,
+            .quantity = 2,
+            .cgst = 9,
+            .sgst = 9,
+            .igst = 0,
+            .roundOff = Round(amount - 118, 2),
+            .amount = amount};
+  }
+  static SaveStamp stamp() {
+    return {
+        .now = {kDay, 10, 30, 0},
+          .user = "RAJ", .mobile = "9090909090", .dataName = "M00126"
+    };
+  }
+  void workLine(const std::string& item, double quantity, double serial) {
+    insertRow(db(), "T_SLITM",
+              {
+                  {"VOUCH_NO", 99      },
+                  {"BOOK_CD",  "SA"    },
+                  {"SR_NO",    serial  },
+                  {"ITEM_CD",  item    },
+                  {"QUANTITY", quantity}
+    });
+  }
+};
+
+}  // namespace
+
+TEST_F(SavingTest, EveryHeaderColumnHasItsValue) {
+  insertRow(db(), "TRANSMAST",
+            {
+                {"TRANS_ID",     3       },
+                {"TRANSNAME",    "Maruti"},
+                {"TRANS_GOV_ID", "24GOV" }
+  });
+  ASSERT_TRUE(saveBill(db(), saleBook(), bill(7), stamp(), Saving::Fresh));
+  std::map<std::string, std::string> expected = {
+      {"VOUCH_NO",      "7"                                 },
+      {"VOUCH_DT",      "2026-06-15"                        },
+      {"BL_TYPE",       "TAX"                               },
+      {"BILL_NO",       "0001"                              },
+      {"BOOK_CD",       "SA"                                },
+      {"BL_TIME",       "10:30"                             },
+      {"DT_GOODS",      "2026-06-15"                        },
+      {"TIME_GOODS",    "10:30"                             },
+      {"GWDN",          "1"                                 },
+      {"CHLN_NO",       "12.5"                              },
+      {"ORDER_NO",      "PO/7"                              },
+      {"ORDER_DT",      "15/Jun/2026"                       },
+      {"PARTY_CD",      "A00001"                            },
+      {"SALE_CD",       "X90002"                            },
+      {"CASH_CD",       "A00002"                            },
+      {"ITEM_AMT",      "100"                               },
+      {"ROUND_OFF",     "0"                                 },
+      {"NET_AMT",       "118"                               },
+      {"NARRATION",     "O'NEIL \"ગુજરાતી\" %"},
+      {"PARCLE",        "2"                                 },
+      {"NO_OF_ITEM",    "2"                                 },
+      {"SMAN_CD",       "S001"                              },
+      {"CR_DAYS",       "30"                                },
+      {"GR_NO",         "LR'9"                              },
+      {"GR_DATE",       "2026-06-15"                        },
+      {"TRANSPORT",     "MARUTI"                            },
+      {"DESTI",         "ANAND"                             },
+      {"DESPATCH_FROM", "X90002"                            },
+      {"CHLN_DT",       "2026-06-15"                        },
+      {"VOUCH_TIME",    "10:30"                             },
+      {"TRANS_CD",      "3"                                 },
+      {"TRANS_GOV_ID",  "24GOV"                             },
+      {"PRV_BDT",       "2026-06-15"                        },
+      {"TCGSTRT",       "9"                                 },
+      {"TSGSTRT",       "9"                                 },
+      {"TIGSTRT",       "0"                                 },
+      {"GSTPOST",       "1"                                 },
+      {"USER_CD",       "RAJ"                               },
+      {"ENT_DT",        "2026-06-15"                        },
+      {"ENT_TIME",      "10:30"                             },
+      {"MOBNOCO",       "9090909090"                        },
+      {"DATANM",        "M00126"                            },
+      {"DATASENT",      "N"                                 },
+      {"ACK_DT",        "2026-06-15"                        },
+  };
+  for (const char* dotted : {"CNAME", "CMOBNO", "CADRS", "IRNNO", "EINVNO", "FORM_ISSUE", "FREIGHT",
+                             "PAY_MODE", "NARRATION1", "NARRATION2", "AGNT_DOC", "C_EX_REGNO"})
+    expected[dotted] = ".";
+  const auto row = db().first("SELECT * FROM SALE");
+  ASSERT_TRUE(row);
+  for (int i = 0; i < row->count(); ++i) {
+    const auto known = expected.find(row->name(i));
+    EXPECT_EQ(row->text(i), known == expected.end() ? "0" : known->second) << row->name(i);
+  }
+  EXPECT_EQ(row->count(), 101);
+}
+
+TEST_F(SavingTest, LinesWithoutAQuantityStayBehindUnlessTheyAreMisc) {
+  workLine("I0000001", 2, 1);
+  workLine("I0000002", 0, 2);
+  workLine("misc", 0, 3);
+  workLine("I0000001", -1, 5);
+  ASSERT_TRUE(saveBill(db(), saleBook(), bill(7), stamp(), Saving::Fresh));
+  EXPECT_EQ(
+      line(
+          "SELECT GROUP_CONCAT(NUMTEXT(SR_NO) || ':' || ITEM_CD || ':' || NUMTEXT(QUANTITY)), MAX(VOUCH_NO), "
+          "MAX(VOUCH_DT) FROM SALEITM"),
+      "1:I0000001:2,3:misc:0,5:I0000001:-1|7|2026-06-15");
+}
+
+TEST_F(SavingTest, LedgerRowsOfABill) {
+  const std::string rows =
+      "SELECT GROUP_CONCAT(VOUCH_TYPE || ' ' || PARTY_CD || ' ' || PARTY_TCD || ' ' || NUMTEXT(VOUCH_AMT) || "
+      "' ' ||"
+      " IFNULL(PARTY_BL, '-') || ' ' || NARRATION || ' ' || BW_AB || ' ' || IFNULL(SUB_DESC, '-'), '/') FROM"
+      " (SELECT * FROM ALEDGER ORDER BY rowid)";
+  BillHeader up = bill(7, 118.4);
+  up.narration = "N";
+  up.lrNumber = "LR";
+  up.billNumber = "0001";
+  ASSERT_TRUE(saveBill(db(), saleBook(), up, stamp(), Saving::Fresh));
+  EXPECT_EQ(
+      line(rows),
+      "D A00001 X90002 118.4 0001 N LR A 30/C X90002 A00001 100 0001 N LR A -/C X90061 A00001 9 - N A -/"
+      "C X90062 A00001 9 - N A -/C X90063 A00001 0 - N A -/C X90015 A00001 0.4 0001 N A -");
+  // A modify takes the place of what stood; nothing else of the ledger is touched.
+  db().exec("INSERT INTO ALEDGER (VOUCH_NO, BOOK_CD, VOUCH_AMT) VALUES (7, 'CH', 5), (8, 'SA', 6)");
+  BillHeader down = bill(7, 117.5);
+  down.narration = std::string(200, 'x');
+  ASSERT_TRUE(saveBill(db(), saleBook(), down, stamp(), Saving::Again));
+  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER WHERE VOUCH_NO = 7 AND BOOK_CD = 'SA'"), "6");
+  EXPECT_EQ(line("SELECT VOUCH_TYPE, VOUCH_AMT FROM ALEDGER WHERE PARTY_CD = 'X90015'"), "D|0.5");
+  EXPECT_EQ(line("SELECT LENGTH(NARRATION) FROM ALEDGER WHERE PARTY_CD = 'A00001'"), "200");
+  EXPECT_EQ(line("SELECT COUNT(*), SUM(VOUCH_AMT) FROM ALEDGER WHERE BOOK_CD = 'CH' OR VOUCH_NO = 8"),
+            "2|11");
+  EXPECT_EQ(line("SELECT COUNT(*) FROM SALE"), "1");
+}
+
+TEST_F(SavingTest, WhatDoesNotFitItsColumnStaysAtItsDefault) {
+  BillHeader odd = bill(7);
+  odd.lrNumber = std::string(21, '9');
+  ASSERT_TRUE(saveBill(db(), saleBook(), odd, stamp(), Saving::Fresh));
+  EXPECT_EQ(line("SELECT GR_NO, DESTI, NET_AMT FROM SALE"), "|ANAND|118");
+}
+
+TEST_F(SavingTest, AFreshNumberTakenMeanwhileChangesNothing) {
+  workLine("I0000001", 2, 1);
+  ASSERT_TRUE(saveBill(db(), saleBook(), bill(7), stamp(), Saving::Fresh));
+  workLine("I0000001", 3, 2);
+  EXPECT_FALSE(saveBill(db(), saleBook(), bill(7, 500), stamp(), Saving::Fresh));
+  EXPECT_EQ(line("SELECT NET_AMT FROM SALE"), "118");
+  EXPECT_EQ(line("SELECT COUNT(*) FROM SALEITM"), "1");
+  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER"), "5");
+}
+
+// A program that dies in the middle of its work leaves each bill whole or not there.
+TEST_F(SavingTest, KilledAtAnyMomentABillIsWholeOrNothing) {
+  for (int round = 0; round < 12; ++round) {
+    const pid_t child = fork();
+    if (child == 0) {
+      // Its own connection; the parent's must not be carried over.
+      Database own;
+      own.open(folder / "M00126.mdb");
+      for (int n = 1;; ++n) {
+        own.exec("DELETE FROM T_SLITM");
+        for (int k = 1; k <= 4; ++k)
+          insertRow(own, "T_SLITM",
+                    {
+                        {"BOOK_CD",  "SA"      },
+                        {"SR_NO",    k         },
+                        {"ITEM_CD",  "I0000001"},
+                        {"QUANTITY", k + n     }
+          });
+        saveBill(own, saleBook(), bill(1 + n % 5, 118 + n), stamp(), Saving::Again);
+      }
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(20 + round * 7));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    Database after;
+    after.open(folder / "M00126.mdb");
+    const auto broken = after.first(
+        "SELECT S.VOUCH_NO FROM SALE AS S WHERE 4 <> (SELECT COUNT(*) FROM SALEITM AS L WHERE L.VOUCH_NO = "
+        "S.VOUCH_NO)"
+        " OR S.NET_AMT <> (SELECT VOUCH_AMT FROM ALEDGER AS A WHERE A.VOUCH_NO = S.VOUCH_NO AND A.PARTY_CD = "
+        "'A00001')"
+        " OR S.NET_AMT - 117 <> (SELECT MIN(QUANTITY) FROM SALEITM AS L WHERE L.VOUCH_NO = S.VOUCH_NO)");
+    EXPECT_FALSE(broken) << "bill " << broken->text(0);
+    EXPECT_EQ(after.text("PRAGMA integrity_check"), "ok");
+  }
+  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER WHERE VOUCH_NO NOT IN (SELECT VOUCH_NO FROM SALE)"), "0");
+  EXPECT_NE(line("SELECT COUNT(*) FROM SALE"), "0") << "some bill had the time to be saved";
+}
+
+TEST(Numbering, BillNumbersRunOnAsTheSeriesAlwaysDid) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"",      "0001" },
+      {"0001",  "0002" },
+      {"8",     "0009" },
+      {"9",     "0010" },
+      {"0099",  "00100"},
+      {"123",   "00124"},
+      {"00123", "00124"},
+      {"999",   "1000" },
+      {"9999",  "10000"},
+      {"10000", "10001"},
+      {"12345", "12346"},
+      {"A12",   "0001" },
+      {"12A",   "0013" },
+  };
+  for (const auto& [stored, next] : cases) EXPECT_EQ(billNumberAfter(stored), next) << stored;
+}
+
+TEST_F(SavingTest, NumbersFollowTheHighestVoucherOfTheirBookAndType) {
+  EXPECT_EQ(lastVoucher(db(), saleBook()).number, 0);
+  EXPECT_FALSE(lastVoucher(db(), saleBook()).date);
+  db().exec(
+      "INSERT INTO SALE (VOUCH_NO, VOUCH_DT, BOOK_CD, BL_TYPE, BILL_NO) VALUES (3, '2026-05-01', 'SA', "
+      "'TAX', '0500'),"
+      " (9, '2026-04-01', 'SA', 'TAX', '0011'), (12, '2026-06-01', 'SA', 'RETAIL', '0900'), (20, "
+      "'2026-06-02', 'XX', 'TAX', '7')");
+  EXPECT_EQ(lastVoucher(db(), saleBook()).number, 12);
+  EXPECT_EQ(lastVoucher(db(), saleBook()).date,
+            (Date{std::chrono::year{2026}, std::chrono::June, std::chrono::day{1}}));
+  EXPECT_EQ(nextBillNumber(db(), saleBook(), "TAX"), "0012")
+      << "after the last voucher, not the highest bill";
+  EXPECT_EQ(nextBillNumber(db(), saleBook(), "retail"), "00901");
+  EXPECT_EQ(nextBillNumber(db(), saleBook(), "CASH"), "0001");
+  EXPECT_TRUE(isDuplicateBill(db(), saleBook(), "TAX", "0011", 3));
+  EXPECT_FALSE(isDuplicateBill(db(), saleBook(), "TAX", "0011", 9)) << "its own number";
+  EXPECT_FALSE(isDuplicateBill(db(), saleBook(), "RETAIL", "0011", 3)) << "another type";
+  EXPECT_FALSE(isDuplicateBill(db(), saleBook(), "TAX", "7", 3)) << "another book";
+}
+
+TEST_F(SavingTest, TransportersAreAddedOnce) {
+  EXPECT_EQ(addTransporter(db(), "MARUTI"), 2);
+  EXPECT_EQ(line("SELECT GROUP_CONCAT(NUMTEXT(TRANS_ID) || TRANSNAME || TADD1) FROM TRANSMAST"),
+            "1LOCAL.,2MARUTI.");
+  EXPECT_EQ(findTransporter(db(), "maruti"), 2);
+  const std::string longName(70, 'X');
+  EXPECT_EQ(addTransporter(db(), longName), 3);
+  EXPECT_EQ(findTransporter(db(), longName), 3);
+}
+
+// The six latest and their ties, by either road through the tables.
+TEST_F(SavingTest, TheLatestSalesKeepTies) {
+  const auto sell = [&](int number, const std::string& party, const char* day) {
+    db().exec("INSERT INTO SALE (VOUCH_NO, VOUCH_DT, BOOK_CD, PARTY_CD) VALUES (?, ?, 'SA', ?)", number, day,
+              party);
+    db().exec(
+        "INSERT INTO SALEITM (VOUCH_NO, VOUCH_DT, BOOK_CD, SR_NO, ITEM_CD, SIZE_CD, RATE) VALUES (?, ?, "
+        "'SA', 1, 'I0000001', 'PCS', ?)",
+        number, day, number);
+  };
+  const auto rates = [&](const std::string& party) {
+    const RateList list = latestSales(db(), saleBook(), {party, "I0000001", "PCS"});
+    std::string all;
+    for (const auto& row : list.rows->rows) all += row[5].text + " ";
+    return all;
+  };
+  int number = 0;
+  for (const char* day : {"2026-04-01", "2026-04-02", "2026-04-02", "2026-04-04", "2026-04-05", "2026-04-06",
+                          "2026-04-07", "2026-04-08"})
+    sell(++number, "A00001", day);
+  EXPECT_EQ(rates("A00001").substr(0, 10), "8 7 6 5 4 ");
+  EXPECT_EQ(rates("A00001").size(), 14U) << "both of the sixth day";
+  Transaction many(db());
+  for (int i = 0; i < 400; ++i) sell(++number, "A00002", "2026-04-09");
+  sell(++number, "A00002", "2026-04-10");
+  many.commit();
+  EXPECT_EQ(latestSales(db(), saleBook(), {"A00002", "I0000001", "PCS"}).rows->rows.size(), 401U);
+  EXPECT_EQ(rates("A00002").substr(0, 4), "409 ");
+}
