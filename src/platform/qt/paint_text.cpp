@@ -28,10 +28,37 @@ constexpr std::array<Twin, 8> kTwins{
      {"Verdana", "DejaVu Sans"},
      }
 };
-// For scripts and signs that a family lacks.
-constexpr std::array<const char*, 9> kOthers{"Carlito",        "Liberation Sans",      "Noto Sans Gujarati",
-                                             "Lohit Gujarati", "Noto Sans Devanagari", "Lohit Devanagari",
-                                             "Noto Sans",      "DejaVu Sans",          "Noto Sans Symbols2"};
+// For signs that a family lacks.
+constexpr std::array<const char*, 5> kOthers{"Carlito", "Liberation Sans", "Noto Sans", "DejaVu Sans",
+                                             "Noto Sans Symbols2"};
+
+// The families "Noto Sans <name>" and "Lohit <name>" are asked for a script at once: they shape
+// it, and no search through the other families takes place.
+struct Script {
+  char16_t first, last;
+  const char* name;
+};
+constexpr std::array<Script, 9> kScripts{
+    {
+     {0x0900, 0x097F, "Devanagari"},
+     {0x0980, 0x09FF, "Bengali"},
+     {0x0A00, 0x0A7F, "Gurmukhi"},
+     {0x0A80, 0x0AFF, "Gujarati"},
+     {0x0B00, 0x0B7F, "Oriya"},
+     {0x0B80, 0x0BFF, "Tamil"},
+     {0x0C00, 0x0C7F, "Telugu"},
+     {0x0C80, 0x0CFF, "Kannada"},
+     {0x0D00, 0x0D7F, "Malayalam"},
+     }
+};
+
+const Script* scriptOf(QChar c) {
+  for (const Script& script : kScripts)
+    if (c.unicode() >= script.first && c.unicode() <= script.last) return &script;
+  return nullptr;
+}
+
+bool joiner(QChar c) { return c.unicode() == 0x200C || c.unicode() == 0x200D; }
 
 bool installed(const QString& family) {
   static const QStringList families = QFontDatabase::families();
@@ -88,7 +115,36 @@ TextSetter::Face& TextSetter::face(const Font& font) {
   return face;
 }
 
-QFont TextSetter::font(const Font& font) { return face(font).font; }
+std::unique_ptr<QTextLayout> TextSetter::layout(const QString& text, Face& face) {
+  auto layout = std::make_unique<QTextLayout>(text, face.font);
+  QList<QTextLayout::FormatRange> ranges;
+  for (int at = 0; at < text.size();) {
+    const Script* script = scriptOf(text[at]);
+    int end = at + 1;
+    const auto belongs = [&](int i) {
+      const bool between =
+          script && text[i] == QLatin1Char(' ') && i + 1 < text.size() && scriptOf(text[i + 1]) == script;
+      return scriptOf(text[i]) == script || between || (script && joiner(text[i]));
+    };
+    while (end < text.size() && belongs(end)) ++end;
+    if (script) {
+      const auto [found, fresh] = face.scripts.try_emplace(script->name, face.font);
+      if (fresh) {
+        QStringList list;
+        for (const char* foundry : {"Noto Sans ", "Lohit "})
+          if (const QString family = QLatin1String(foundry) + QLatin1String(script->name); installed(family))
+            list << family;
+        found->second.setFamilies(list + face.font.families());
+      }
+      QTextCharFormat format;
+      format.setFont(found->second);
+      ranges.append({at, end - at, format});
+    }
+    at = end;
+  }
+  if (!ranges.isEmpty()) layout->setFormats(ranges);
+  return layout;
+}
 
 double TextSetter::lineHeight(const Font& font) { return face(font).lineHeight; }
 
@@ -105,7 +161,7 @@ double TextSetter::width(std::string_view text, const Font& font) {
 std::unique_ptr<QTextLayout> TextSetter::line(std::string_view text, const Font& font) {
   QString one = lineText(text);
   one.replace(QChar::LineSeparator, QLatin1Char(' '));
-  auto layout = std::make_unique<QTextLayout>(one, face(font).font);
+  auto layout = TextSetter::layout(one, face(font));
   QTextOption option(Qt::AlignLeft);
   option.setWrapMode(QTextOption::NoWrap);
   option.setFlags(QTextOption::IncludeTrailingSpaces);
@@ -118,7 +174,7 @@ std::unique_ptr<QTextLayout> TextSetter::line(std::string_view text, const Font&
 
 std::unique_ptr<QTextLayout> TextSetter::wrapped(std::string_view text, const Font& font, double width,
                                                  HAlign align) {
-  auto layout = std::make_unique<QTextLayout>(lineText(text), face(font).font);
+  auto layout = TextSetter::layout(lineText(text), face(font));
   QTextOption option(align == HAlign::Right     ? Qt::AlignRight
                      : align == HAlign::Centre  ? Qt::AlignHCenter
                      : align == HAlign::Justify ? Qt::AlignJustify

@@ -16,7 +16,6 @@ constexpr double kUnits = 100;  // a point
 
 class TextSetter {
  public:
-  QFont font(const Font& font);
   // One line.
   double width(std::string_view text, const Font& font);
   double lineHeight(const Font& font);
@@ -38,8 +37,11 @@ class TextSetter {
     QFont font;
     double lineHeight = 0;
     std::unordered_map<std::string, double> widths;
+    std::unordered_map<const char*, QFont> scripts;
   };
   Face& face(const Font& font);
+  // The text with the fonts of the Indian scripts in it.
+  static std::unique_ptr<QTextLayout> layout(const QString& text, Face& face);
 
   std::unordered_map<Key, Face, Hash> faces_;
 };

@@ -86,8 +86,10 @@ Shown NumberFormat::show(const Value& value, int width) const {
         showNumber(*section, *number, sign, width, shown);
     }
   } else if (const std::string* text = value.text()) {
-    const auto section =
+    // The fourth section is that of texts, else the last one that has a place for them.
+    auto section =
         std::find_if(sections_.rbegin(), sections_.rend(), [](const Section& s) { return s.text; });
+    if (sections_.size() == 4) section = sections_.rbegin();
     if (section == sections_.rend()) {
       shown.text = *text;
       return shown;

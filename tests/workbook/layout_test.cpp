@@ -1,0 +1,226 @@
+#include <gtest/gtest.h>
+
+#include "platform/workbook/draw.h"
+#include "workbook/books.h"
+#include "workbook/recorder.h"
+
+namespace {
+
+using workbook::Workbook;
+
+constexpr double kA4 = 841.89;
+
+std::vector<books::Page> drawn(Workbook& book, const std::string& sheet = "Bill") {
+  books::Recorder recorder;
+  const int pages = workbook::draw(book, sheet, recorder, books::HalfMetrics());
+  EXPECT_EQ(pages, static_cast<int>(recorder.pages.size()));
+  return std::move(recorder.pages);
+}
+
+std::vector<books::Page> drawn(const std::function<void(lxw_workbook*, lxw_worksheet*)>& fill) {
+  Workbook book = Workbook::fromBytes(books::written([&](lxw_workbook* made) {
+    lxw_worksheet* sheet = workbook_add_worksheet(made, "Bill");
+    worksheet_set_paper(sheet, 9);
+    fill(made, sheet);
+  }));
+  book.recalculate();
+  return drawn(book);
+}
+
+// Rows "row 1", "row 2" ... of one height.
+void rows(lxw_worksheet* sheet, int count, double height) {
+  for (int row = 0; row < count; ++row) {
+    worksheet_set_row(sheet, static_cast<lxw_row_t>(row), height, nullptr);
+    worksheet_write_string(sheet, static_cast<lxw_row_t>(row), 0, ("row " + std::to_string(row + 1)).c_str(),
+                           nullptr);
+  }
+}
+
+// Top and bottom margins that leave so many points.
+void room(lxw_worksheet* sheet, double points) {
+  const double each = (kA4 - points) / 2 / 72;
+  worksheet_set_margins(sheet, 0.5, 0.5, each, each);
+}
+
+std::vector<size_t> textsPerPage(const std::vector<books::Page>& pages) {
+  std::vector<size_t> counts;
+  for (const books::Page& page : pages) counts.push_back(page.texts.size());
+  return counts;
+}
+
+using Counts = std::vector<size_t>;
+
+// A page that is filled exactly ends there: the next one begins with the head. Rounding of
+// less than half a point pushes no row on.
+TEST(Layout, APageEndsWhereTheNextRowWouldNotFit) {
+  struct Case {
+    double space, height;
+    int rows;
+    Counts pages;
+  };
+  const Case cases[] = {
+      {720,   15,    96,  {48, 48}   },
+      {720,   15,    97,  {48, 48, 1}},
+      {719.6, 15,    48,  {48}       },
+      {719.4, 15,    48,  {47, 1}    },
+      {700,   15,    48,  {46, 2}    },
+      {720,   14.4,  100, {50, 50}   },
+      {720,   409.5, 3,   {1, 1, 1}  },
+      {300,   400,   2,   {1, 1}     }, // taller than the page: alone on one
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(textsPerPage(drawn([&](lxw_workbook*, lxw_worksheet* sheet) {
+                room(sheet, c.space);
+                rows(sheet, c.rows, c.height);
+              })),
+              c.pages)
+        << c.space << " points, rows of " << c.height;
+}
+
+TEST(Layout, ScaleAppliesToEverything) {
+  const auto pages = drawn([](lxw_workbook*, lxw_worksheet* sheet) {
+    room(sheet, 720);
+    worksheet_set_print_scale(sheet, 50);
+    rows(sheet, 100, 15);
+  });
+  EXPECT_EQ(textsPerPage(pages), (Counts{96, 4}));
+  EXPECT_DOUBLE_EQ(pages[0].texts[0].font.size, 5.5);
+  EXPECT_NEAR(pages[0].find("row 3")->box.y, (kA4 - 720) / 2 + 15, 1e-3);
+  EXPECT_NEAR(pages[0].texts[0].box.x, 36 + 0.75, 1e-6);
+}
+
+// Fit to width is floored to a whole percent, never enlarges, and passes manual breaks over.
+TEST(Layout, FitToWidth) {
+  const auto fit = [](int columns, int high, int count) {
+    return drawn([=](lxw_workbook*, lxw_worksheet* sheet) {
+      room(sheet, 720);
+      worksheet_fit_to_pages(sheet, 1, static_cast<uint16_t>(high));
+      const lxw_row_t breaks[] = {5, 0};
+      worksheet_set_h_pagebreaks(sheet, const_cast<lxw_row_t*>(breaks));
+      rows(sheet, count, 15);
+      for (int i = 1; i < columns; ++i)
+        worksheet_write_number(sheet, 0, static_cast<lxw_col_t>(i), 1, nullptr);
+    });
+  };
+  // 20 columns of 48 points on 523.3: 54.5%.
+  const auto wide = fit(20, 0, 50);
+  EXPECT_DOUBLE_EQ(wide[0].texts[0].font.size, 11 * 0.54);
+  EXPECT_EQ(wide.size(), 1u);
+  const auto narrow = fit(2, 0, 50);
+  EXPECT_DOUBLE_EQ(narrow[0].texts[0].font.size, 11);
+  EXPECT_EQ(textsPerPage(narrow), (Counts{49, 2}));
+  // 96 rows of 15 on one page: half.
+  EXPECT_DOUBLE_EQ(fit(2, 1, 96)[0].texts[0].font.size, 5.5);
+}
+
+TEST(Layout, HiddenRowsAndColumnsTakeNothing) {
+  Workbook book = Workbook::fromBytes(books::written([](lxw_workbook* made) {
+    lxw_worksheet* sheet = workbook_add_worksheet(made, "Bill");
+    worksheet_set_paper(sheet, 9);
+    room(sheet, 720);
+    rows(sheet, 144, 15);
+    lxw_row_col_options hidden{};
+    hidden.hidden = 1;
+    worksheet_set_column_opt(sheet, 1, 1, 20, nullptr, &hidden);
+    worksheet_write_string(sheet, 0, 1, "unseen", nullptr);
+    worksheet_write_string(sheet, 0, 2, "third", nullptr);
+  }));
+  EXPECT_EQ(drawn(book).size(), 3u);
+  book.sheet("bill").hideRows(41, 140);
+  const auto pages = drawn(book);
+  ASSERT_EQ(pages.size(), 1u);
+  EXPECT_EQ(pages[0].find("row 41"), nullptr);
+  EXPECT_EQ(pages[0].find("unseen"), nullptr);
+  EXPECT_NEAR(pages[0].find("row 141")->box.y, pages[0].find("row 40")->box.y + 15, 1e-6);
+  EXPECT_NEAR(pages[0].find("third")->box.x, 36 + 48 + 1.5, 1e-6);
+  book.sheet("Bill").hideRows(10, 5);
+  EXPECT_EQ(drawn(book)[0].texts.size(), 45u);
+}
+
+TEST(Layout, ManualBreaksStandUntilTheyAreReset) {
+  Workbook book = Workbook::fromBytes(books::written([](lxw_workbook* made) {
+    lxw_worksheet* sheet = workbook_add_worksheet(made, "Bill");
+    worksheet_set_paper(sheet, 9);
+    room(sheet, 720);
+    rows(sheet, 40, 15);
+    const lxw_row_t down[] = {10, 30, 0};
+    const lxw_col_t across[] = {2, 0};
+    worksheet_set_h_pagebreaks(sheet, const_cast<lxw_row_t*>(down));
+    worksheet_set_v_pagebreaks(sheet, const_cast<lxw_col_t*>(across));
+    worksheet_write_string(sheet, 35, 3, "right", nullptr);
+  }));
+  EXPECT_EQ(textsPerPage(drawn(book)), (Counts{10, 20, 10, 0, 0, 1}));
+  // A break inside hidden rows still ends the page, once.
+  book.sheet("Bill").hideRows(8, 12);
+  EXPECT_EQ(textsPerPage(drawn(book)), (Counts{7, 18, 10, 0, 0, 1}));
+  book.sheet("Bill").resetPageBreaks();
+  EXPECT_EQ(textsPerPage(drawn(book)), (Counts{36}));
+}
+
+TEST(Layout, TitlesAreasAndCentring) {
+  const auto pages = drawn([](lxw_workbook*, lxw_worksheet* sheet) {
+    room(sheet, 720);
+    rows(sheet, 120, 15);
+    worksheet_repeat_rows(sheet, 0, 1);
+    worksheet_print_area(sheet, 0, 0, 99, 1);
+    worksheet_center_horizontally(sheet);
+    worksheet_write_string(sheet, 3, 5, "outside", nullptr);
+  });
+  ASSERT_EQ(textsPerPage(pages), (Counts{48, 48, 8}));  // the title twice more
+  EXPECT_EQ(pages[1].texts[0].text, "row 1");
+  EXPECT_EQ(pages[1].texts[2].text, "row 49");
+  EXPECT_NEAR(pages[2].find("row 95")->box.y, pages[2].texts[0].box.y + 30, 1e-6);
+  EXPECT_EQ(pages[0].find("outside"), nullptr);
+  EXPECT_NEAR(pages[0].texts[0].box.x, (595.276 - 96) / 2 + 1.5, 1e-3);
+}
+
+TEST(Layout, PaperSizesAndOrientation) {
+  const auto sized = [](int paper, bool wide) {
+    const auto pages = drawn([=](lxw_workbook*, lxw_worksheet* sheet) {
+      worksheet_set_paper(sheet, static_cast<uint8_t>(paper));
+      if (wide) worksheet_set_landscape(sheet);
+      rows(sheet, 1, 15);
+    });
+    return std::pair(std::lround(pages[0].width), std::lround(pages[0].height));
+  };
+  EXPECT_EQ(sized(9, false), std::pair(595L, 842L));
+  EXPECT_EQ(sized(9, true), std::pair(842L, 595L));
+  EXPECT_EQ(sized(11, false), std::pair(420L, 595L));
+  EXPECT_EQ(sized(5, false), std::pair(612L, 1008L));
+  EXPECT_EQ(sized(0, false), std::pair(595L, 842L));  // none said: A4
+}
+
+TEST(Layout, HeaderAndFooter) {
+  const auto pages = drawn([](lxw_workbook*, lxw_worksheet* sheet) {
+    room(sheet, 720);
+    rows(sheet, 60, 15);
+    worksheet_set_header(sheet, "&LLeft && more&C&\"Arial,Bold\"&14&A&R&D");
+    worksheet_set_footer(sheet, "&RPage &P of &N\nsecond");
+  });
+  ASSERT_EQ(pages.size(), 2u);
+  EXPECT_NE(pages[0].find("Left & more"), nullptr);
+  const auto* centre = pages[0].find("Bill");
+  ASSERT_NE(centre, nullptr);
+  EXPECT_TRUE(centre->font.bold);
+  EXPECT_EQ(centre->font.family, "Arial");
+  EXPECT_DOUBLE_EQ(centre->font.size, 14);
+  EXPECT_NEAR(centre->box.x, (595.276 - 28) / 2, 1e-3);
+  const auto* page = pages[1].find("Page 2 of 2");
+  ASSERT_NE(page, nullptr);
+  EXPECT_NEAR(page->box.y, kA4 - 21.6 - 2 * 13.2, 1e-2);
+  EXPECT_NE(pages[1].find("second"), nullptr);
+}
+
+TEST(Layout, HugeSheetsAreRefusedNotDrawn) {
+  Workbook tall = Workbook::fromBytes(books::zipped(
+      books::withSheet(books::sheet("<row r=\"1048576\"><c r=\"XFD1048576\"><v>1</v></c></row>"))));
+  EXPECT_THROW(drawn(tall, "S"), workbook::WorkbookError);
+  Workbook thin = Workbook::fromBytes(books::zipped(books::withSheet(books::sheet(
+      "<row r=\"1048576\"><c r=\"XFD1048576\"><v>1</v></c></row>", "<pageSetup scale=\"10\"/>"))));
+  EXPECT_THROW(drawn(thin, "S"), workbook::WorkbookError);
+  Workbook empty = Workbook::fromBytes(books::zipped(books::withSheet(books::sheet(""))));
+  EXPECT_EQ(drawn(empty, "S").size(), 0u);
+  EXPECT_THROW(drawn(empty, "None"), workbook::WorkbookError);
+}
+
+}  // namespace

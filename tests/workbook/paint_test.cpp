@@ -1,0 +1,124 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "platform/qt/paint_qt.h"
+#include "workbook/books.h"
+
+namespace {
+
+using paint::HAlign;
+using paint::VAlign;
+
+paint::Text words(std::string_view text, paint::Rect box) {
+  return {.text = text,
+          .box = box,
+          .clip = {},
+          .font = {},
+          .colour = {},
+          .halign = HAlign::Left,
+          .valign = VAlign::Top};
+}
+
+void twoPages(paint::Canvas& canvas) {
+  canvas.page(595.276, 841.89);
+  // Ligatures and the rupee sign must come out of the paper as they went in.
+  canvas.text(words("Station office, first affluent \u20B9 1,23,456.50", {72, 72, 400, 20}));
+  canvas.text(words("\u0AA8\u0AAE\u0AB8\u0ACD\u0AA4\u0AC7", {72, 100, 400, 20}));
+  canvas.line(72, 140, 300, 140, 0.5, {}, paint::Dash::Dashed);
+  canvas.fill({72, 150, 50, 20}, {200, 230, 255});
+  canvas.page(841.89, 595.276);
+  paint::Text wrapped = words("one two three four five six seven eight", {72, 72, 60, 100});
+  wrapped.wrap = true;
+  canvas.text(wrapped);
+  canvas.finish();
+}
+
+TEST(Paint, PdfHoldsItsTextFontsAndSizes) {
+  if (!books::hasTool("pdftotext") || !books::hasTool("qpdf"))
+    GTEST_SKIP() << "poppler-utils and qpdf are not installed";
+  const books::Folder folder;
+  const std::string path = folder / "MIRAV_INV_1.pdf";
+  const auto painter = paint::makePainter();
+  twoPages(*painter->pdf(path));
+  EXPECT_EQ(folder.files(), std::vector<std::string>{"MIRAV_INV_1.pdf"});
+  int status = 1;
+  books::run("qpdf --check " + path, &status);
+  EXPECT_EQ(status, 0);
+  const std::string text = books::run("pdftotext -layout " + path + " -");
+  EXPECT_NE(text.find("Station office, first affluent \u20B9 1,23,456.50"), std::string::npos) << text;
+  EXPECT_NE(text.find("one two"), std::string::npos) << text;
+  const std::string info = books::run("pdfinfo -f 1 -l 2 " + path);
+  EXPECT_NE(info.find("Title:           MIRAV_INV_1"), std::string::npos) << info;
+  EXPECT_NE(info.find("Page    1 size:  595"), std::string::npos) << info;
+  EXPECT_NE(info.find("Page    2 size:  842"), std::string::npos) << info;
+  const std::string fonts = books::run("pdffonts " + path);
+  EXPECT_EQ(fonts.find("Identity-H       no"), std::string::npos) << fonts;  // every font is embedded
+  EXPECT_NE(fonts.find("Carlito"), std::string::npos) << fonts;
+}
+
+TEST(Paint, APaperStandsOnlyWhenItIsWhole) {
+  const books::Folder folder;
+  const auto painter = paint::makePainter();
+  books::writeBytes(folder / "old.pdf", "old");
+  {
+    const auto dropped = painter->pdf(folder / "old.pdf");
+    dropped->page(595, 842);
+    dropped->text(words("never finished", {72, 72, 100, 20}));
+    EXPECT_EQ(books::bytesOf(folder / "old.pdf"), "old");
+  }
+  EXPECT_EQ(books::bytesOf(folder / "old.pdf"), "old");
+  EXPECT_EQ(folder.files(), std::vector<std::string>{"old.pdf"});
+  twoPages(*painter->pdf(folder / "old.pdf"));
+  EXPECT_EQ(books::bytesOf(folder / "old.pdf").substr(0, 5), "%PDF-");
+}
+
+TEST(Paint, WhatCannotBeWrittenIsSaid) {
+  const books::Folder folder;
+  const auto painter = paint::makePainter();
+  try {
+    painter->pdf(folder / "none/x.pdf");
+    FAIL();
+  } catch (const paint::PaintError& error) {
+    EXPECT_NE(std::string(error.what()).find("none/x.pdf cannot be written: "), std::string::npos)
+        << error.what();
+  }
+  EXPECT_THROW(twoPages(*painter->image(folder / "none/x.png", 72)), paint::PaintError);
+  EXPECT_THROW(painter->image(folder / "x.png", 1e6)->page(595, 842), paint::PaintError);
+}
+
+TEST(Paint, PicturesOfEachPage) {
+  const books::Folder folder;
+  const auto painter = paint::makePainter();
+  twoPages(*painter->image(folder / "page.png", 96));
+  for (const char* name : {"page.png", "page-2.png"}) {
+    const std::string bytes = books::bytesOf(folder / name);
+    ASSERT_GT(bytes.size(), 24u) << name;
+    const auto side = [&](size_t at) {
+      return static_cast<unsigned char>(bytes[at]) * 256 + static_cast<unsigned char>(bytes[at + 1]);
+    };
+    const bool upright = std::string(name) == "page.png";
+    EXPECT_EQ(side(18), upright ? 794 : 1123) << name;
+    EXPECT_EQ(side(22), upright ? 1123 : 794) << name;
+  }
+}
+
+TEST(Paint, MeasuresAddUp) {
+  const auto painter = paint::makePainter();
+  const auto& metrics = painter->metrics();
+  const paint::Font font{.family = "Calibri", .size = 11};
+  paint::Font bold = font, twice = font;
+  bold.bold = true;
+  twice.size = 22;
+  // A digit of the design's font is 7 pixels wide at 96 dots per inch, less rounding.
+  EXPECT_NEAR(metrics.width("0000000000", font), 55.8, 1.0);
+  EXPECT_NEAR(metrics.width("Total", twice), 2 * metrics.width("Total", font), 0.1);
+  EXPECT_GT(metrics.width("Total", bold), metrics.width("Total", font));
+  EXPECT_NEAR(metrics.lineHeight(font), 13.4, 0.5);
+  const double one = metrics.lineHeight(font);
+  EXPECT_NEAR(metrics.wrappedHeight("a", font, 100), one, 0.01);
+  EXPECT_NEAR(metrics.wrappedHeight("a\nb\nc", font, 100), 3 * one, 0.01);
+  EXPECT_NEAR(metrics.wrappedHeight("aaaa aaaa", font, metrics.width("aaaa ", font)), 2 * one, 0.01);
+}
+
+}  // namespace
