@@ -32,6 +32,8 @@ constexpr Index indexes[] = {
     {"SALE_BOOK",       "SALE",      "BOOK_CD, VOUCH_NO"                        },
     {"SALE_BILL",       "SALE",      "BILL_NO, BL_TYPE"                         },
     {"SALE_PARTY",      "SALE",      "PARTY_CD, VOUCH_DT"                       },
+    // Bill numbers go on from the last bill of a type, also where the type is new.
+    {"SALE_TYPE",       "SALE",      "BL_TYPE, BOOK_CD, VOUCH_NO"               },
     {"SALEITM_ITEM",    "SALEITM",   "ITEM_CD, VOUCH_DT"                        },
     {"CHLN_DATE",       "CHLN",      "VOUCH_DT, VOUCH_NO"                       },
     {"QUOT_DATE",       "QUOT",      "VOUCH_DT, VOUCH_NO"                       },
