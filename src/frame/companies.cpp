@@ -5,7 +5,6 @@
 
 #include "base/number.h"
 #include "base/text.h"
-#include "frame/routines.h"
 #include "frame/session.h"
 #include "store/dictionary.h"
 #include "store/lock_file.h"
@@ -39,7 +38,7 @@ fs::path dataFile(const fs::path& folder, const CompanyYear& which) {
   return folder / (dataStem(which.code, which.from) + ".mdb");
 }
 
-// What a crash may have left; it would be rolled back into the next file of the same name.
+// What a crash may have left beside the file.
 fs::path journalOf(const fs::path& file) { return file.string() + "-journal"; }
 
 CompanyYear asStored(const CompanyYear& typed) {
@@ -127,7 +126,6 @@ void createCompanyYear(Database& catalogue, const fs::path& folder, const Compan
       " VALUES (?, ?, ?, ?, ?, ?, 'N')",
       wanted.code, wanted.name, wanted.from, wanted.to, mobile, dataStem(wanted.code, wanted.from));
   try {
-    fs::remove(journalOf(file));
     copyDatabase(templateFile(folder, by), file);
     both.commit();
   } catch (...) {
@@ -150,12 +148,10 @@ bool deleteCompanyYear(Database& catalogue, const fs::path& folder, const Compan
   const fs::path file = dataFile(folder, which);
   const LockFile lock = fs::exists(file) ? LockFile(file) : LockFile();
   if (!lock.alone()) return false;
-  Transaction row(catalogue);
   catalogue.exec("DELETE FROM compny WHERE COMP_ID = ? AND FROMYR = ? AND TOYR = ?", which.code, which.from,
                  which.to);
   fs::remove(file);
   fs::remove(journalOf(file));
-  row.commit();
   return true;
 }
 
@@ -172,12 +168,11 @@ std::string openCompanyYear(const CompanyYear& which) {
   opened->open(s.mdbpath);
   RemakeWorkTables(*opened);
   if (opened->firstUser()) s.mfirstuser = true;
-  s.cndata = std::move(opened);
-
   // In-use marks that a crash has left behind.
-  if (s.mfirstuser && CheckTable("SPSFILE"))
+  if (s.mfirstuser && CheckTable(*opened, "SPSFILE"))
     for (const int mark : {221, 222, 223, 224, 225, 226})
-      s.cndata->attempt("UPDATE SPSFILE SET VOUCH_FLAG = 0 WHERE VOUCH_NO = ?", mark);
+      opened->attempt("UPDATE SPSFILE SET VOUCH_FLAG = 0 WHERE VOUCH_NO = ?", mark);
+  s.cndata = std::move(opened);
 
   s.mcompname = which.name;
   s.mcompid = which.code;

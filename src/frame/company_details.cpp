@@ -89,8 +89,9 @@ void saveCompanyDetails(Session& s, Fields fields) {
   db.exec("UPDATE COMP_DET SET MOBNOCO = ?, DATANM = ?, DATASENT = 'N'", s.mmobile, s.mdataname);
   all.commit();
 
-  s.mcompname = textOf(fields, "COMPNM");
-  s.cncomp->exec("UPDATE compny SET COMP_NAME = ? WHERE COMP_ID = ?", s.mcompname, s.mcompid);
+  const std::string name = textOf(fields, "COMPNM");
+  s.cncomp->exec("UPDATE compny SET COMP_NAME = ? WHERE COMP_ID = ?", name, s.mcompid);
+  s.mcompname = name;
   loadCompanyDetails(s);
 }
 

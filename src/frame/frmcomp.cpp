@@ -21,7 +21,7 @@ const ScreenSpec& spec() {
       .layout = {.bands = {
           {px(44), {{.name = "head", .frame = Frame::Plain, .columns = {part(1)}}}},
           {part(1), {{.name = "list", .frame = Frame::Plain}}},
-          {px(46), {{.name = "row", .columns = {fit(), px(92), fit(), part(1), fit(), px(72), fit(), px(72)}}}},
+          {px(46), {{.name = "row", .columns = {fit(), px(92), px(113), part(1), fit(), px(72), fit(), px(72)}}}},
           {px(48), {{.name = "buttons", .frame = Frame::Buttons}}},
       }, .width = 1010, .gap = 10},
       .controls = {
@@ -89,22 +89,26 @@ void FRMCOMP::opened(const Entry&) {
 
 void FRMCOMP::closed() {
   if (okpressed_) return;
-  // The catalogue need not have the table of users.
-  catalogue().attempt("UPDATE USER1 SET LOGGEDON = 'N' WHERE USER_NAME = ?", session().musername);
+  // The mark decides nothing: neither a missing table nor a folder that cannot be written to
+  // keeps anybody from leaving.
+  try {
+    catalogue().exec("UPDATE USER1 SET LOGGEDON = 'N' WHERE USER_NAME = ?", session().musername);
+  } catch (const DatabaseError&) {
+  }
 }
 
 void FRMCOMP::leave() { host.close(*this); }
 
 // The list
 
-void FRMCOMP::fill() {
+void FRMCOMP::fill(size_t row) {
   rows_ = companyYears(catalogue(), at("Text5").text);
   auto cells = std::make_shared<CellRows>();
-  for (const CompanyYear& row : rows_)
-    cells->rows.push_back({{.text = row.code}, {.text = row.name}, {.text = row.from}, {.text = row.to}});
+  for (const CompanyYear& y : rows_)
+    cells->rows.push_back({{.text = y.code}, {.text = y.name}, {.text = y.from}, {.text = y.to}});
   Grid& grid = at("lst").grid;
   grid.source = cells;
-  grid.moveTo(0);
+  grid.moveTo(row);
   if (rows_.empty())
     clearFields();
   else
@@ -186,6 +190,7 @@ Go FRMCOMP::code() {
     host.message("company not found");
     return Go::Stay;
   }
+  set(at("Text1"), years.front().code);
   set(at("Text2"), years.front().name);
   if (years.size() == 1) {
     focus(at("Text3"));
@@ -303,7 +308,7 @@ void FRMCOMP::modify() {
   if (!given || trim(*given).empty()) return;
   if (!host.ask("Do You Want to change " + old + "   To   " + *given, Host::kTitle)) return;
   renameCompany(catalogue(), old, trim(*given), shown, trim(at("Text3").text));
-  fill();
+  fill(row);
 }
 
 void FRMCOMP::remove() {
@@ -322,8 +327,9 @@ void FRMCOMP::remove() {
     return;
   }
   host.message("Company Delete Process Done");
+  const size_t row = at("lst").grid.current;
   set(at("Text5"), "");
-  fill();
+  fill(row);
 }
 
 void FRMCOMP::video() { openTutorial(host, links().companyVideo); }

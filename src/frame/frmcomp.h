@@ -17,7 +17,7 @@ class FRMCOMP : public Screen {
   void typed(Control& list, char32_t ch) override;
 
  private:
-  void fill();
+  void fill(size_t row = 0);
   void take(const CompanyYear& row);
   void clearFields();
   void search(const std::string& text);

@@ -1,6 +1,7 @@
 #include "frame/frmmain.h"
 
 #include <array>
+#include <functional>
 #include <vector>
 
 #include "base/number.h"
@@ -141,12 +142,18 @@ void frmmain::opened(const Entry&) {
 }
 
 void frmmain::seed() {
-  // Each adds only what is missing; one that fails leaves the rest to be done.
-  Session& s = session();
-  if (CheckTable("SPSFILE")) EnsureSettings(data(), s);
-  if (CheckTable("ACCOUNT")) EnsureAccounts(data());
-  if (CheckTable("GRP")) EnsureGroups(data());
-  if (CheckTable("DISCHTAX")) EnsureTaxes(data());
+  struct Seed {
+    const char* table;
+    std::function<void()> add;
+  };
+  const Seed seeds[] = {
+      {"SPSFILE",  [] { EnsureSettings(data(), session()); }},
+      {"ACCOUNT",  [] { EnsureAccounts(data()); }           },
+      {"GRP",      [] { EnsureGroups(data()); }             },
+      {"DISCHTAX", [] { EnsureTaxes(data()); }              },
+  };
+  for (const Seed& seed : seeds)
+    if (CheckTable(seed.table)) passOver(host, seed.add);
 }
 
 void frmmain::buildDateHelp() {

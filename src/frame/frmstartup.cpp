@@ -49,7 +49,10 @@ frmStartup::frmStartup(Host& h) : Screen(h, ::spec()) {
   at("Bar").maximum = kSteps;
 }
 
-void frmStartup::opened(const Entry&) { ResizeControls(session().mxscale, session().myscale); }
+void frmStartup::opened(const Entry&) {
+  ResizeControls(session().mxscale, session().myscale);
+  host.hint("");
+}
 
 void frmStartup::tick() {
   Control& bar = at("Bar");
@@ -63,16 +66,8 @@ void frmStartup::tick() {
 void frmStartup::open() {
   timerMs = 0;
   host.refresh();
-  // The step that follows runs in any case, but a full disk or a lock is told.
-  const auto guarded = [this](const auto& work) {
-    try {
-      work();
-    } catch (const DatabaseError& error) {
-      if (!error.mayBePassedOver()) host.message(error.what(), "Mirav Message");
-    }
-  };
-  for (const auto& routine : openingRoutines()) guarded(routine);
-  guarded([] { refreshBalances(data()); });
+  for (const auto& routine : openingRoutines()) passOver(host, routine);
+  passOver(host, [] { refreshBalances(data()); });
   host.open("frmmain");
   host.close(*this);
   host.busy(false);

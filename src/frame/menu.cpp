@@ -77,7 +77,7 @@ constexpr Tool kTools[] = {
     {"accmstr",    "Account",         "person"},
     {"itemmstr",   "Item",            "box"},
     {"sales",      "Sales",           "bill"},
-    {"quotbtn",    "Quotation",       "speech"},
+    {"quotbtn",    "Quotation",       "sheet"},
     {"delislip",   "Challan",         "van"},
     {"salereg",    "Bill Register",   "table"},
     {"saledtlreg", "Detail Register", "lines"},

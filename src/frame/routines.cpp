@@ -75,6 +75,14 @@ void openTutorial(Host& host, const std::string& link) {
   if (session().monline && !link.empty()) host.openLink(link);
 }
 
+void passOver(Host& host, const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const DatabaseError& error) {
+    if (!error.mayBePassedOver()) host.message(error.what(), "Mirav Message");
+  }
+}
+
 bool CheckTable(const std::string& name) {
   const Session& s = session();
   return s.cndata && s.cndata->isOpen() && CheckTable(*s.cndata, name);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/host.h"
@@ -16,6 +17,9 @@ void showPicture(Host& host, bool on);
 void CheckOnline(Host& host);  // sets monline
 // Opens the link when there is one and the machine is online: "Video" and the like.
 void openTutorial(Host& host, const std::string& link);
+// Runs a step whose failure must not keep the next one from running. What the user has to
+// know of (a lock, a full disk, a broken file) is told in a box, the rest is passed over.
+void passOver(Host& host, const std::function<void()>& step);
 // Whether the open company-year has a table of that name; false while none is open.
 bool CheckTable(const std::string& name);
 std::string MakeStamp(Host& host);  // "YYMMDD_HHMM" of now, kept in mstamp

@@ -66,9 +66,11 @@ TEST_F(FrameTest, ScreenFactorsFollowTheTwips) {
 
 TEST_F(FrameTest, TheSplashCountsToFourAndOpensTheShell) {
   std::string order;
-  openingRoutines() = {[&] { order += "receipts "; },
-                       [] { throw DatabaseError(DatabaseError::Kind::other, "M00125.mdb", "no such table"); },
-                       [&] { order += "challans "; }};
+  const auto failing = [](DatabaseError::Kind kind) {
+    return [kind] { throw DatabaseError(kind, "M00125.mdb", "as told by the engine"); };
+  };
+  openingRoutines() = {[&] { order += "receipts "; }, failing(DatabaseError::Kind::other),
+                       failing(DatabaseError::Kind::full), [&] { order += "challans "; }};
   startUp(host_, folder_.path());
   host_.enter();
   const char* words[] = {"Initializing.....", "Loading components.....", "Integrating Database...."};
@@ -86,7 +88,9 @@ TEST_F(FrameTest, TheSplashCountsToFourAndOpensTheShell) {
   EXPECT_EQ(host_.onTop(), "frmmain");
   EXPECT_EQ(host_.find("frmStartup"), nullptr);
   EXPECT_FALSE(host_.isBusy);
-  EXPECT_TRUE(host_.messages.empty());
+  // The one failure that the user must know of, and no step was left out for it.
+  ASSERT_EQ(host_.messages.size(), 1u);
+  EXPECT_EQ(host_.lastMessage(), DatabaseError(DatabaseError::Kind::full, "M00125.mdb", "").what());
   EXPECT_EQ(data().number("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = 'X90005'"), 250);
 }
 
