@@ -27,7 +27,7 @@ class ToolButton : public QAbstractButton {
     if (isEnabled() && (isDown() || underMouse()))
       painter.fillRect(rect().adjusted(2, 4, -2, -4), QColor(isDown() ? palette::kGridSeen : palette::kIdle));
     const int side = look_->px(kToolIcon), left = look_->px(kToolInset);
-    const QColor line(isEnabled() ? palette::kAccent : palette::kOffText);
+    const QColor line(isEnabled() ? palette::kAccent : palette::kOffIcon);
     icons::draw(painter, icon_, QRectF(left, (height() - side) / 2.0, side, side), line);
     painter.setPen(QColor(isEnabled() ? palette::kInk : palette::kOffText));
     painter.setFont(look_->font(Look::Face::Plain));
@@ -189,11 +189,11 @@ void StatusBar::paintEvent(QPaintEvent*) {
   painter.fillRect(QRect(0, 0, width(), 1), QColor(palette::kPanelLine));
   const int inset = look_->px(12);
   const QFontMetrics& plain = look_->metrics(Look::Face::Plain);
-  QRect room = rect().adjusted(inset, 1, -inset, 0);
+  QRect room = rect().adjusted(inset, 2, -inset, 0);
   painter.setFont(look_->font(Look::Face::Plain));
   painter.setPen(QColor(palette::kInk));
   const auto line = [&](int x) {
-    painter.fillRect(QRect(x, look_->px(4), 1, height() - look_->px(8)), QColor(palette::kPanelLine));
+    painter.fillRect(QRect(x, look_->px(4), 1, height() - look_->px(8)), QColor(palette::kBarLine));
   };
   if (panels_.size() > 2 && !panels_[2].empty()) {
     const QString text = QString::fromStdString(panels_[2]);

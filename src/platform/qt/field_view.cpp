@@ -84,7 +84,7 @@ Qt::Alignment FieldView::alignment() const {
     case Align::Auto:
       break;
   }
-  return control_.keys == KeyClass::Number || control_.money ? Qt::AlignRight : Qt::AlignLeft;
+  return control_.money ? Qt::AlignRight : Qt::AlignLeft;
 }
 
 Look::Face FieldView::face() const {
@@ -213,9 +213,8 @@ void FieldView::paintTyping(QPainter& painter) const {
   lines.draw(&painter, QPointF(left, top), marks);
   const double x = left + lines.lineAt(0).cursorToX(at + static_cast<int>(preedit_.size()));
   const int tall = look_->px(20);
-  painter.fillRect(
-      QRect(static_cast<int>(std::lround(x)) + 1, (rect().height() - tall) / 2, look_->px(2), tall),
-      QColor(palette::kInk));
+  painter.fillRect(QRect(static_cast<int>(std::lround(x)), (rect().height() - tall) / 2, look_->px(2), tall),
+                   QColor(palette::kInk));
 }
 
 size_t FieldView::placeAt(int x) const {

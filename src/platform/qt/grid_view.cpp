@@ -57,12 +57,8 @@ void paintHeading(QPainter& painter, const QRect& box, const std::vector<GridCol
     const size_t to = std::min(i + static_cast<size_t>(std::max(1, columns[i].headSpan)), edges.size() - 1);
     const QRect cell(box.x() + edges[i], box.y(), edges[to] - edges[i], box.height());
     const bool spans = to > i + 1;
-    if (spans) {
-      painter.fillRect(QRect(cell.x() - 1, cell.y() + 2, 1, cell.height() - 5),
-                       QColor(palette::kGridHeadLine));
-      painter.fillRect(QRect(cell.right(), cell.y() + 2, 1, cell.height() - 5),
-                       QColor(palette::kGridHeadLine));
-    }
+    if (spans)
+      painter.fillRect(QRect(cell.x(), cell.y() + 3, 1, cell.height() - 7), QColor(palette::kGridHeadMark));
     painter.setPen(QColor(palette::kInk));
     if (cell.width() > 2 * inset)
       draw::line(painter, cell.adjusted(inset, 0, -inset, -1), QString::fromStdString(columns[i].title),
@@ -121,7 +117,7 @@ void GridView::place(const layout::Spot& spot, const Look& look) {
   ControlView::place(wide, look);
   spot_.edges = spot.edges;
   const QRect area = body();
-  const int lane = spot.overlay ? 0 : look.px(layout::size::kLane);
+  const int lane = spot.lane;
   bar_->setGeometry(area.right() + 1 - lane, area.y(), lane, area.height());
   bar_->setVisible(lane > 0);
   stale_ = true;
@@ -156,7 +152,10 @@ void GridView::sync(const Situation& situation) {
   const Grid& grid = control_.grid;
   const size_t count = grid.count(), current = grid.current < count ? grid.current : Grid::kNone;
   const bool focus = situation.focus || situation.caller;
-  const bool whole = stale_ || grid.source.get() != shown_.source || focus != shown_.focus;
+  // In a lookup the row under the cursor belongs to the search field above it.
+  const bool strongRow = focus || (spot_.joined && screen_.spec.window == Window::Dialog);
+  const bool whole = stale_ || grid.source.get() != shown_.source || focus != shown_.focus ||
+                     control_.back != shown_.back || strongRow != shown_.strongRow;
   const size_t before = shown_.first, oldCurrent = shown_.current, oldCount = shown_.count;
   const bool otherSource = grid.source.get() != shown_.source;
   // A source made anew with one row more is the same list with a new line.
@@ -166,6 +165,8 @@ void GridView::sync(const Situation& situation) {
   shown_.count = count;
   shown_.current = current;
   shown_.focus = focus;
+  shown_.strongRow = strongRow;
+  shown_.back = control_.back;
   if (!akin && current == Grid::kNone) shown_.first = 0;
   follow(current != oldCurrent || otherSource, akin && count > oldCount);
   std::vector<Row> old = std::move(shown_.rows);
@@ -233,26 +234,36 @@ void GridView::paintEvent(QPaintEvent* event) {
 void GridView::paintRow(QPainter& painter, size_t row) const {
   const std::vector<Cell>& cells = shown_.rows[row - shown_.first].cells;
   const QRect box = rowRect(row);
-  const bool current = row == shown_.current && (shown_.focus || !spot_.overlay);
+  const bool current = row == shown_.current && (shown_.strongRow || !spot_.overlay);
   for (size_t column = 0; column < cells.size() && column + 1 < spot_.edges.size(); ++column) {
     const int from = spot_.edges[column], to = spot_.edges[column + 1];
     if (to <= from) continue;
     const QRect cell(1 + from, box.y(), to - from, box.height());
-    QColor back = row % 2 == 1 ? QColor(palette::kGridZebra) : QColor(palette::kField),
-           line(palette::kGridCell);
+    QColor back = groundOf(row);
+    QColor line = shown_.back == kWhite ? QColor(palette::kGridCell) : groundOf(0).darker(107);
     if (cells[column].back != kNoColour) {
       back = palette::fromBgr(cells[column].back);
       if (back != QColor(Qt::white)) line = back.darker(109);
     }
     if (current) {
-      back = QColor(shown_.focus ? palette::kAccent : palette::kGridSeen);
-      line = shown_.focus ? QColor(0x5C, 0x9C, 0xA1) : QColor(palette::kGridCell);
+      back = QColor(shown_.strongRow ? palette::kAccent : palette::kGridSeen);
+      line = QColor(shown_.strongRow ? palette::kCurrentCell : palette::kGridCell);
     }
     painter.fillRect(cell, back);
     painter.fillRect(QRect(cell.right(), cell.y(), 1, cell.height()), line);
-    painter.fillRect(QRect(cell.x(), cell.bottom(), cell.width(), 1), current && shown_.focus ? back : line);
+    painter.fillRect(QRect(cell.x(), cell.bottom(), cell.width(), 1),
+                     current && shown_.strongRow ? back : line);
     paintCell(painter, cell, cells[column], column, current);
   }
+}
+
+// Every second row is lighter; a list with a colour of its own has it and half of it.
+QColor GridView::groundOf(size_t row) const {
+  const bool zebra = row % 2 == 1;
+  if (shown_.back == kWhite) return QColor(zebra ? palette::kGridZebra : palette::kField);
+  const QColor own = palette::fromBgr(shown_.back);
+  const auto half = [](int value) { return (value + 0x100) / 2; };
+  return zebra ? QColor(half(own.red()), half(own.green()), half(own.blue())) : own;
 }
 
 QString GridView::textOf(const Cell& cell, size_t column) const {
@@ -272,13 +283,13 @@ void GridView::paintCell(QPainter& painter, const QRect& box, const Cell& cell, 
   painter.setFont(cell.fontSize > 0 ? look_->sized(face, std::clamp(cell.fontSize, 8.0, 14.0))
                                     : look_->font(face));
   QColor ink(palette::kInk);
-  if (current && shown_.focus)
+  if (current && shown_.strongRow)
     ink = QColor(palette::kWhiteText);
   else if (cell.fore != kNoColour)
     ink = palette::fromBgr(cell.fore);
   painter.setPen(ink);
   const int inset = look_->px(layout::size::kCellInset);
-  draw::line(painter, box.adjusted(inset, 0, -inset, -1), textOf(cell, column), alignOf(cell, column));
+  draw::line(painter, box.adjusted(inset, 0, -inset - 1, -1), textOf(cell, column), alignOf(cell, column));
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {

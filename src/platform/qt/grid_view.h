@@ -29,7 +29,8 @@ class GridView : public QWidget, public ControlView {
   struct Shown {
     const RowSource* source = nullptr;
     size_t count = 0, current = Grid::kNone, first = 0;
-    bool focus = false;
+    bool focus = false, strongRow = false;
+    Bgr back = kWhite;
     std::vector<Row> rows;
   };
 
@@ -44,6 +45,7 @@ class GridView : public QWidget, public ControlView {
   void fetch();
   void paintRow(QPainter& painter, size_t row) const;
   void paintCell(QPainter& painter, const QRect& box, const Cell& cell, size_t column, bool current) const;
+  QColor groundOf(size_t row) const;
   QString textOf(const Cell& cell, size_t column) const;
   Qt::Alignment alignOf(const Cell& cell, size_t column) const;
 

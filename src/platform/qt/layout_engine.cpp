@@ -12,7 +12,10 @@ namespace {
 
 using namespace size;
 
-bool roomy(const Group& g) { return g.pitch > kPitch; }
+bool roomy(const Group& g) {
+  const auto inside = [](const Band& b) { return std::ranges::any_of(b.groups, roomy); };
+  return g.pitch > kPitch || std::ranges::any_of(g.bands, inside);
+}
 bool framed(const Group& g) { return g.frame == Frame::Panel || g.frame == Frame::Off; }
 bool ofLines(const Group& g) {
   return g.frame == Frame::Heads || g.frame == Frame::Entry || g.frame == Frame::Keys;
@@ -134,12 +137,22 @@ class Engine {
            linesOf(above) == linesOf(below);
   }
 
+  bool isSectionHead(const Group& g) const {
+    const auto found = members_.find(g.name);
+    return g.frame == Frame::Plain && g.bands.empty() && found != members_.end() &&
+           std::ranges::all_of(found->second, [this](size_t i) {
+             return screen_.controls[i]->kind == Kind::Label && screen_.controls[i]->style == Style::Section;
+           });
+  }
+
   double gapBetween(const Band& above, const Band& below) const {
     if (joined(above, below)) return 0;
     const auto has = [](const Band& b, auto test) { return std::ranges::any_of(b.groups, test); };
     const auto buttons = [](const Group& g) { return g.frame == Frame::Buttons; };
     const auto free = [](const Group& g) { return roomy(g) && framed(g); };
     if (has(below, buttons)) return kGap;
+    if (std::ranges::all_of(above.groups, [this](const Group& g) { return isSectionHead(g); }))
+      return kHeadGap;
     const double gap = screen_.spec.layout.gap;
     return has(above, free) && has(below, free) ? std::max(gap, kRoomyGap) : gap;
   }
@@ -295,9 +308,20 @@ class Engine {
         if (!fills && c.spec->at.rows == 1) spot.box.h = content(*group, box).bottom() - spot.box.y;
         spot.frame = group->frame;
         spot.rowHeight = m_.px(group->pitch < kPitch ? group->pitch : kGridRow);
-        spot.edges = inner(columnEdges(c.grid.columns, spot.box.w - 2 - m_.px(kLane), m_), 1);
+        spot.lane = laneOf(c, spot);
+        spot.edges = inner(columnEdges(c.grid.columns, spot.box.w - 2 - spot.lane, m_), 1);
       }
     }
+  }
+
+  // Lists that are only looked at have a lane when they need one; the others always.
+  int laneOf(const Control& c, const Spot& spot) const {
+    const bool lines = std::ranges::any_of(
+        boxes_, [&](const auto& b) { return ofLines(*b.first) && gridNamed(b.first->columnsOf) == &c; });
+    const size_t rows = static_cast<size_t>(std::max(0, spot.box.h) / std::max(1, spot.rowHeight));
+    const bool fits = c.grid.count() + (c.grid.heading ? 1 : 0) <= rows;
+    const bool looked = c.tab == 0 && !lines;
+    return looked && (fits || screen_.spec.window == Window::Main) ? 0 : m_.px(kLane);
   }
 
   static std::vector<int> inner(std::vector<int> edges, int left) {
@@ -345,7 +369,8 @@ class Engine {
   double pitchOf(const Group& g, const Rect& area) const {
     const int rows = rowsOf(g);
     if (rows < 2) return g.pitch * m_.scale;
-    const double room = (area.h - m_.px(cellHeight(g))) / static_cast<double>(rows - 1);
+    // A pixel or two may come off the lower inset instead.
+    const double room = (area.h + m_.px(2) - m_.px(cellHeight(g))) / static_cast<double>(rows - 1);
     return std::min(g.pitch * m_.scale, std::max(1.0, room));
   }
 
@@ -356,7 +381,8 @@ class Engine {
     const int last = static_cast<int>(cells.x.size()) - 1;
     const int from = std::clamp(at.col, 0, std::max(0, last)),
               to = std::clamp(at.col + at.span - 1, from, std::max(from, last));
-    const int top = area.y + static_cast<int>(std::lround(at.row * pitch));
+    int top = area.y + static_cast<int>(std::lround(at.row * pitch));
+    if (g.frame == Frame::Plain && rowsOf(g) == 1) top += std::max(0, (area.h - m_.px(cellHeight(g))) / 2);
     const int most = m_.px(cellHeight(g));
     const int height =
         at.rows > 1 ? static_cast<int>(std::lround((at.rows - 1) * pitch)) + most
@@ -533,7 +559,8 @@ Rect placeDialog(const Screen& screen, const Rect& window, const Rect& area, con
   const Anchor anchor = screen.anchor.value_or(layout.anchor);
   const int side = measure.px(kGap);
   Rect box;
-  box.w = std::min(ownWidth > 0 ? measure.px(ownWidth) : window.w, window.w - 2 * side);
+  const bool fills = ownWidth <= 0 || ownWidth >= kFillingWidth;
+  box.w = std::min(fills ? window.w : measure.px(ownWidth), window.w - 2 * side);
   box.h = ownHeight > 0 ? measure.px(ownHeight) : Engine(screen, measure).naturalHeight();
   box.h = std::min(box.h, window.h - 2 * side);
   box.x = window.x + (window.w - box.w) / 2;

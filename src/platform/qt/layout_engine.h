@@ -27,8 +27,9 @@ inline constexpr double kButtonBand = 34, kButtonPitch = 38;
 inline constexpr double kPitch = 35, kGridRow = 25, kCellInset = 7, kLane = 14;
 inline constexpr double kHeads = 25, kEntry = 34, kKeys = 24;
 inline constexpr double kMenuBar = 28, kToolBar = 40, kModeStrip = 30, kStatusBar = 26;
-inline constexpr double kGap = 6, kRoomyGap = 10, kColumnGap = 8;
+inline constexpr double kGap = 6, kHeadGap = 4, kRoomyGap = 10, kColumnGap = 8;
 inline constexpr double kDialogFrame = 2, kDialogTitle = 28, kBottomAnchor = 120;
+inline constexpr double kFillingWidth = 1340;  // a dialog that takes all of 1366 takes all of any width
 }  // namespace size
 
 // One factor for everything: the smaller of width / 1366 and height / 768, rounded down to
@@ -48,6 +49,7 @@ struct Spot {
   Frame frame = Frame::Plain;
   int rowHeight = 0;       // of grids
   std::vector<int> edges;  // of grids: column borders from the grid's left edge; hidden columns have no width
+  int lane = 0;            // of grids: what the scroll bar takes at the right
   bool joined = false;     // a grid whose heading stands in a Heads row above it
   bool overlay = false;    // lies over another grid
 };

@@ -17,7 +17,8 @@ class Look {
  public:
   enum class Face { Plain, Strong, Strip, Section, Head, Company, Figure, Amount };
 
-  explicit Look(double scale);
+  // One for each step of the scale; it stays to the end of the program.
+  static const Look& at(double scale);
   Look(const Look&) = delete;
   Look& operator=(const Look&) = delete;
 
@@ -32,6 +33,8 @@ class Look {
   static QColor inkOf(Style style);
 
  private:
+  explicit Look(double scale);
+
   double scale_;
   std::array<QFont, 8> fonts_;
   std::array<QFontMetrics, 8> metrics_;

@@ -16,7 +16,7 @@ constexpr int kLeastWidth = 1366, kLeastHeight = 690;
 }  // namespace
 
 MainWindow::MainWindow(Screen& screen, Hands& hands, WindowEvents& events)
-    : screen_(screen), events_(events), look_(std::make_unique<Look>(1)) {
+    : screen_(screen), events_(events), look_(&Look::at(1)) {
   setWindowIcon(icons::program());
   setWindowTitle(QString::fromStdString(screen.caption));
   menuBar_ = new MenuBar([this](const std::vector<size_t>& path) { events_.menuChosen(path); }, this);
@@ -35,7 +35,7 @@ void MainWindow::present(std::optional<std::pair<int, int>> size) {
   QRect work = QGuiApplication::primaryScreen()->availableGeometry();
   if (size) work.setSize({size->first, size->second});
   if (splash()) {
-    look_ = std::make_unique<Look>(layout::scaleFor(work.width(), work.height()));
+    look_ = &Look::at(layout::scaleFor(work.width(), work.height()));
     setFixedSize(look_->px(screen_.spec.layout.width), look_->px(screen_.spec.layout.height));
     move(work.center() - rect().center());
     show();
@@ -55,9 +55,8 @@ void MainWindow::rescale() {
   const QSize whole = frameGeometry().size().expandedTo(size());
   const double scale = layout::scaleFor(whole.width(), whole.height());
   if (scale == look_->scale()) return;
-  auto next = std::make_unique<Look>(scale);
-  menuBar_->dressFor(*next);
-  look_ = std::move(next);
+  look_ = &Look::at(scale);
+  menuBar_->dressFor(*look_);
 }
 
 void MainWindow::placeParts() {

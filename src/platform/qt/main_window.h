@@ -45,7 +45,7 @@ class MainWindow : public QWidget {
 
   Screen& screen_;
   WindowEvents& events_;
-  std::unique_ptr<Look> look_;
+  const Look* look_;
   MenuBar* menuBar_;
   ToolBar* toolBar_;
   StatusBar* statusBar_;

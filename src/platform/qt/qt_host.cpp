@@ -5,6 +5,8 @@
 #include <QDesktopServices>
 #include <QEventLoop>
 #include <QFileInfo>
+#include <QPainter>
+#include <QPixmap>
 #include <QProcess>
 #include <QScreen>
 #include <QThread>
@@ -187,7 +189,14 @@ void QtHost::settle() {
 bool QtHost::grab(const std::string& path) {
   redraw();
   QWidget* shown = window_ ? window_ : bare_.get();
-  return shown && shown->grab().save(QString::fromStdString(path), "PNG");
+  if (!shown) return false;
+  QPixmap picture = shown->grab();
+  QPainter painter(&picture);
+  for (QWidget* popup : QApplication::topLevelWidgets())
+    if (popup->isVisible() && popup->windowType() == Qt::Popup)
+      painter.drawPixmap(shown->mapFromGlobal(popup->pos()), popup->grab());
+  painter.end();
+  return picture.save(QString::fromStdString(path), "PNG");
 }
 
 // Nesting
@@ -228,8 +237,7 @@ std::unique_ptr<BoxPanel> QtHost::answered(BoxPanel::Words words) {
   busy(false);
   redraw();
   QWidget& parent = boxParent();
-  static const Look plain(1);
-  const Look& look = window_ ? window_->look() : plain;
+  const Look& look = window_ ? window_->look() : Look::at(1);
   boxes_.push_back(std::make_unique<BoxPanel>(
       *this, std::move(words), look, [this] { wakeLoops(); }, &parent));
   BoxPanel* const panel = boxes_.back().get();

@@ -41,7 +41,6 @@ size_t ScreenView::signatureNow() const {
   size_t seed = std::hash<int>{}(width());
   mix(seed, static_cast<size_t>(height()));
   mix(seed, reinterpret_cast<size_t>(look_));
-  mix(seed, std::hash<double>{}(look_->scale()));
   const std::hash<std::string> text;
   for (const auto& c : screen_.controls) {
     mix(seed, c->visible ? 1 : 2);

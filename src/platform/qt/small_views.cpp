@@ -201,15 +201,26 @@ void LabelView::paintWarning(QPainter& painter, const QStringList& lines) const 
   }
 }
 
+// Beside the columns of a grid the texts stand as in its cells.
+int LabelView::insetOf(Qt::Alignment side) const {
+  switch (spot_.frame) {
+    case Frame::Entry:
+      return look_->px(layout::size::kCellInset);
+    case Frame::Keys:
+      if (side == Qt::AlignLeft) return look_->px(layout::size::kCellInset + 2);
+      return shown_.style == Style::Quiet ? 0 : look_->px(layout::size::kCellInset - 1);
+    case Frame::Buttons:
+      return look_->px(6);
+    default:
+      return 0;
+  }
+}
+
 // A line that ends in a figure behind " : " shows the figure strong and grouped.
 void LabelView::paintLines(QPainter& painter, const QStringList& lines) const {
   static const QRegularExpression fact("^(.* : )(-?\\d+(?:\\.\\d+)?)$");
   const Look::Face face = Look::faceOf(shown_.style);
-  const int inset = spot_.frame == Frame::Keys || spot_.frame == Frame::Entry
-                        ? look_->px(layout::size::kCellInset)
-                    : spot_.frame == Frame::Buttons ? look_->px(6)
-                                                    : 0;
-  const QRect area = rect().adjusted(inset, 0, -inset, 0);
+  const QRect area = rect().adjusted(insetOf(Qt::AlignLeft), 0, -insetOf(Qt::AlignRight), 0);
   painter.setPen(Look::inkOf(shown_.style));
   painter.setFont(look_->font(face));
   if (lines.size() == 1) {

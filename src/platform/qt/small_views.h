@@ -65,6 +65,7 @@ class LabelView : public QLabel, public ControlView {
     bool operator==(const Shown&) const = default;
   };
   Qt::Alignment alignment() const;
+  int insetOf(Qt::Alignment side) const;
   void paintWarning(QPainter& painter, const QStringList& lines) const;
   void paintLines(QPainter& painter, const QStringList& lines) const;
   Shown shown_;

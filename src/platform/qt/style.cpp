@@ -4,11 +4,13 @@
 #include <QPainterPath>
 #include <QPalette>
 #include <QProxyStyle>
-#include <QScreen>
 #include <QStyleFactory>
 #include <QStyleHintReturn>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
+#include <map>
+#include <memory>
 
 #include "base/pattern.h"
 #include "platform/qt/look.h"
@@ -35,18 +37,21 @@ constexpr std::array<FaceRow, 8> kFaces{
      }
 };
 
-// Points are those of 96 dots an inch whatever the display says: type and boxes scale together.
-double pointsFor(double points, double scale) {
-  const QScreen* screen = QGuiApplication::primaryScreen();
-  const double dpi = screen ? screen->logicalDotsPerInchY() : 96;
-  return points * scale * 96 / (dpi > 0 ? dpi : 96);
+// Type has whole pixels in Qt; the letters are moved by what the rounding takes or adds, so
+// that a text is as wide as its points say at every scale. Points are those of 96 dots an
+// inch whatever the display says: type and boxes scale together.
+void setSize(QFont& font, double points, double scale) {
+  const double pixels = points * scale * 96 / 72, whole = std::max(1.0, std::round(pixels));
+  font.setPixelSize(static_cast<int>(whole));
+  font.setLetterSpacing(QFont::PercentageSpacing, 100 * pixels / whole);
 }
 
 QFont fontOf(double points, QFont::Weight weight, double scale) {
   QFont font;
-  font.setFamilies({"Noto Sans", "DejaVu Sans"});
-  font.setPointSizeF(pointsFor(points, scale));
+  font.setFamilies({"Noto Sans", "Noto Sans Devanagari", "Noto Sans Gujarati", "DejaVu Sans"});
+  setSize(font, points, scale);
   font.setWeight(weight);
+  font.setHintingPreference(QFont::PreferNoHinting);  // the same proportions at every scale
   return font;
 }
 
@@ -96,9 +101,16 @@ Look::Look(double scale)
   };
 }
 
+const Look& Look::at(double scale) {
+  static std::map<double, std::unique_ptr<Look>> looks;
+  std::unique_ptr<Look>& look = looks[scale];
+  if (!look) look.reset(new Look(scale));
+  return *look;
+}
+
 QFont Look::sized(Face face, double points) const {
   QFont font = fonts_[static_cast<size_t>(face)];
-  font.setPointSizeF(pointsFor(points, scale_));
+  setSize(font, points, scale_);
   return font;
 }
 
@@ -171,10 +183,11 @@ QString menuSheet(const Look& look) {
   return QString(
              "QMenuBar { background: %1; border: none; border-bottom: 1px solid %2; padding-left: %3; "
              "spacing: 0; }"
-             "QMenuBar::item { background: transparent; color: %4; padding: %5 %6; }"
+             "QMenuBar::item { background: transparent; color: %4; padding: %5 %9 %10 %6; }"
              "QMenuBar::item:selected { background: %7; color: white; }"
              "QMenuBar::item:disabled { color: %8; background: transparent; }")
-             .arg(hex(kMenu), hex(kPanelLine), n(4), hex(kInk), n(3), n(14), hex(kAccent), hex(kOffText)) +
+             .arg(hex(kMenu), hex(kPanelLine), n(4), hex(kInk), n(5), n(14), hex(kAccent), hex(kOffText),
+                  n(13), n(2)) +
          QString(
              "QMenu { background: %1; border: 1px solid %2; padding: %3 0; }"
              "QMenu::item { color: %4; padding: %5 %6 %5 %7; }"
