@@ -7,8 +7,7 @@
 namespace {
 
 const Field* findField(const Fields& fields, std::string_view column) {
-  const auto found =
-      std::ranges::find_if(fields, [&](const Field& f) { return sameText(f.column, column); });
+  const auto found = std::ranges::find_if(fields, [&](const Field& f) { return sameText(f.column, column); });
   return found == fields.end() ? nullptr : &*found;
 }
 
@@ -59,4 +58,6 @@ bool accountHasSales(Database& db, std::string_view code) {
   return db.first("SELECT VOUCH_NO FROM SALE WHERE PARTY_CD = ?", code).has_value();
 }
 
-void deleteAccount(Database& db, std::string_view code) { db.exec("DELETE FROM ACCOUNT WHERE ACC_CD = ?", code); }
+void deleteAccount(Database& db, std::string_view code) {
+  db.exec("DELETE FROM ACCOUNT WHERE ACC_CD = ?", code);
+}

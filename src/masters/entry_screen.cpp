@@ -10,6 +10,9 @@
 EntryScreen::EntryScreen(Host& theHost, const ScreenSpec& theSpec, EntryPattern pattern)
     : ChildScreen(theHost, theSpec), pattern_(std::move(pattern)) {
   at("cmdAdd").hint = pattern_.idleHint;
+  // Enter and Tab walk to these two, but a press leaves the focus where it is, unchecked: what is
+  // missing is told by the save itself, and giving up needs no filled field.
+  for (const char* button : {"cmdUpdate", "cmdCancel"}) at(button).tab = 0;
   const std::string key = field(pattern_.key).fullName(), name = field(pattern_.name).fullName();
   wire<EntryScreen>(*this, {
                                {"cmdAdd",    On::Click,      &EntryScreen::add       },
@@ -246,13 +249,12 @@ Fields EntryScreen::stamps() const {
 
 // Tables of controls
 
-// Cancel stands outside the walk of the focus: it must not have to pass a field's check.
 std::vector<ControlSpec> entryButtons(const std::string& updateCaption) {
   const auto place = [](int col) { return Place{.group = "buttons", .col = col}; };
   // clang-format off
   return {
       {.name = "cmdUpdate", .kind = Kind::Button, .label = updateCaption, .at = place(0), .tab = 900, .visible = false},
-      {.name = "cmdCancel", .kind = Kind::Button, .label = "&Cancel",     .at = place(1), .visible = false},
+      {.name = "cmdCancel", .kind = Kind::Button, .label = "&Cancel",     .at = place(1), .tab = 901, .visible = false},
       {.name = "cmdAdd",    .kind = Kind::Button, .label = "&Add",        .at = place(2), .tab = 902},
       {.name = "cmdEdit",   .kind = Kind::Button, .label = "&Modify",     .at = place(3), .tab = 903},
       {.name = "cmdDelete", .kind = Kind::Button, .label = "&Delete",     .at = place(4), .tab = 904},
@@ -267,4 +269,6 @@ std::vector<ControlSpec> withButtons(std::vector<ControlSpec> controls, const st
   return controls;
 }
 
-Band entryButtonBand() { return {.height = px(34), .groups = {{.name = "buttons", .frame = Frame::Buttons}}}; }
+Band entryButtonBand() {
+  return {.height = px(34), .groups = {{.name = "buttons", .frame = Frame::Buttons}}};
+}

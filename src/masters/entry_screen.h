@@ -59,21 +59,21 @@ class EntryScreen : public ChildScreen {
  protected:
   // What a screen adds.
   virtual Database& database() const;
-  virtual void newEntry() = 0;                      // ADD: next code and defaults into the emptied fields
-  virtual bool load(const std::string& code) = 0;   // shows the row; false when there is none
+  virtual void newEntry() = 0;                     // ADD: next code and defaults into the emptied fields
+  virtual bool load(const std::string& code) = 0;  // shows the row; false when there is none
   virtual bool exists(const std::string& code) = 0;
   virtual LookupSpec codeLookup() const = 0;
-  virtual std::string missingCodeWords() const = 0;   // by mode
+  virtual std::string missingCodeWords() const = 0;  // by mode
   virtual std::string existingCodeWords() const = 0;
   virtual std::string blankCodeWords() const { return kIncompleteWords; }
-  virtual const Control* missingField() const = 0;    // the first required field that is empty
-  virtual bool mayEdit() { return true; }             // these three say themselves why not
+  virtual const Control* missingField() const = 0;  // the first required field that is empty
+  virtual bool mayEdit() { return true; }           // these three say themselves why not
   virtual bool maySave() { return true; }
-  virtual void store() = 0;                           // inside the transaction
+  virtual void store() = 0;  // inside the transaction
   virtual bool mayDelete(const std::string& code) = 0;
-  virtual void erase(const std::string& code) = 0;    // inside the transaction
-  virtual void saved(const std::string&) {}           // remembers the code
-  virtual void emptied() {}                           // the fields have been emptied
+  virtual void erase(const std::string& code) = 0;     // inside the transaction
+  virtual void saved(const std::string&) {}            // remembers the code
+  virtual void emptied() {}                            // the fields have been emptied
   virtual bool keyMayChange() const { return false; }  // the code itself is what is edited
 
   // For its handlers.
@@ -131,6 +131,7 @@ class EntryScreen : public ChildScreen {
 // the others while none is.
 std::vector<ControlSpec> entryButtons(const std::string& updateCaption = "&Update");
 // A screen's table: its own controls with the buttons behind.
-std::vector<ControlSpec> withButtons(std::vector<ControlSpec> controls, const std::string& updateCaption = "&Update");
+std::vector<ControlSpec> withButtons(std::vector<ControlSpec> controls,
+                                     const std::string& updateCaption = "&Update");
 // The band of the buttons.
 Band entryButtonBand();

@@ -28,6 +28,7 @@ enum : int {
   kState = 45,
 };
 
+// clang-format off
 // The PAN has its place in BANK_NAME.
 const std::vector<FieldColumn>& holdings() {
   static const std::vector<FieldColumn> columns{
@@ -51,7 +52,6 @@ const std::vector<FieldColumn>& holdings() {
   return columns;
 }
 
-// clang-format off
 const ScreenSpec& accountTable() {
   static const std::vector<Length> cells{px(116), px(92), part(1.1), px(112), px(92), px(36), part(1)};
   static const ScreenSpec s{
@@ -232,10 +232,11 @@ Go frmacc::nameIsFree() {
 // The six roots of the tree are not offered.
 Go frmacc::groupEntered() {
   if (!trim(field(kGroup).text).empty()) return groupIsKnown();
-  return lookUp(host, *this, field(kGroup), {.mode = "twofld",
-                                             .table = "GRP where group_cd > 6 ORDER BY GROUP_NAME",
-                                             .first = "GROUP_CD",
-                                             .second = "GROUP_NAME"});
+  return lookUp(host, *this, field(kGroup),
+                {.mode = "twofld",
+                 .table = "GRP where group_cd > 6 ORDER BY GROUP_NAME",
+                 .first = "GROUP_CD",
+                 .second = "GROUP_NAME"});
 }
 
 Go frmacc::groupLeft() {
@@ -250,7 +251,8 @@ Go frmacc::groupIsKnown() {
 
 // Name, group and balance are enough for an account.
 Go frmacc::openingEntered() {
-  if (!entering() || !host.ask("Save Entry = Yes ::  Enter Other Details = No", kQuestionTitle)) return Go::On;
+  if (!entering() || !host.ask("Save Entry = Yes ::  Enter Other Details = No", kQuestionTitle))
+    return Go::On;
   update();
   return Go::Stay;
 }
@@ -286,6 +288,8 @@ Go frmacc::stateEntered() {
 }
 
 // Saving and deleting
+
+bool frmacc::maySave() { return nameIsFree() == Go::On && groupIsKnown() == Go::On; }
 
 void frmacc::store() {
   set(field(kCode), code());

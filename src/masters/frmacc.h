@@ -15,6 +15,7 @@ class frmacc : public EntryScreen {
   std::string missingCodeWords() const override;
   std::string existingCodeWords() const override { return "PARTY ALREADY EXISTS"; }
   const Control* missingField() const override;
+  bool maySave() override;
   void store() override;
   bool mayDelete(const std::string& code) override;
   void erase(const std::string& code) override;

@@ -38,6 +38,14 @@ Database& databaseFor(LookupShape shape) {
   return isOnCatalogue(shape) || !s.cndata || !s.cndata->isOpen() ? catalogue() : data();
 }
 
+// The code on whose row a list of items or accounts opens.
+std::string lastWorkedWith(const Select& select) {
+  if (select.columns.empty()) return {};
+  const std::string& first = select.columns[0].name;
+  if (sameText(first, "ITEM_CD")) return session().mlastitem;
+  return sameText(first, "ACC_CD") ? session().mlastacc : std::string();
+}
+
 std::vector<GridColumn> gridColumns(const PageRows& rows) {
   std::vector<GridColumn> columns;
   for (size_t i = 0; i < rows.columns().size(); ++i) {
@@ -73,9 +81,9 @@ ScreenSpec screenTable(const PageRows& rows) {
   const auto titleOf = [&](size_t i) { return i < columns.size() ? columns[i].title : std::string(); };
   const bool two = columns.size() > 1;
   table.controls = {
-      {.name = "Text1", .label = titleOf(0), .at = {.group = "heads", .col = 0}, .tab = 1},
-      {.name = "Text2", .label = titleOf(1), .at = {.group = "heads", .col = 1}, .tab = 2, .visible = two},
-      {.name = "grdDataGrid", .kind = Kind::Grid, .at = {.group = "list"}, .columns = std::move(columns)},
+      {.name = "Text1", .label = titleOf(0), .at = {.group = "heads", .col = 0}, .tab = 1             },
+      {.name = "Text2", .label = titleOf(1), .at = {.group = "heads", .col = 1}, .tab = 2,              .visible = two},
+      {.name = "grdDataGrid",               .kind = Kind::Grid,              .at = {.group = "list"},                .columns = std::move(columns)},
   };
   return table;
 }
@@ -94,7 +102,7 @@ LookupPlan::LookupPlan() {
 
   all = parseSelect(lookupStatement(shape, asked()), {s.mhlpvalues.begin(), split});
   start = own.empty() ? all : filtered(all, own, {split, s.mhlpvalues.end()});
-  rows = std::make_shared<PageRows>(*database, start);
+  rows = std::make_shared<PageRows>(*database, start, lastWorkedWith(start));
   table = screenTable(*rows);
 }
 
@@ -124,7 +132,6 @@ void FRMHLP::opened(const Entry&) {
   }
   at("grdDataGrid").back = s.mreportkey == "GRAPHS" ? kGraphColour : kListColour;
   show(rows);
-  goToLastWorkedWith();
   focus(at("Text1"));
   host.hint("Type To Find and Enter To Proceed");
 }
@@ -143,17 +150,7 @@ void FRMHLP::show(std::shared_ptr<PageRows> found) {
   Grid& grid = at("grdDataGrid").grid;
   rows = std::move(found);
   grid.source = rows;
-  grid.moveTo(0);
-}
-
-void FRMHLP::goToLastWorkedWith() {
-  if (all.columns.empty()) return;
-  const std::string& first = all.columns[0].name;
-  const std::string code = sameText(first, "ITEM_CD")  ? session().mlastitem
-                           : sameText(first, "ACC_CD") ? session().mlastacc
-                                                       : std::string();
-  if (code.empty()) return;
-  if (const auto row = rows->find(0, code)) at("grdDataGrid").grid.moveTo(*row);
+  grid.moveTo(rows->begin());
 }
 
 // A search takes the place of the one before it, so the other field shows nothing of it.
@@ -166,11 +163,13 @@ void FRMHLP::search(size_t column) {
     show(std::make_shared<PageRows>(*database, start));
     return;
   }
-  const bool named = column < all.columns.size() && all.columns[column].name != "*" && all.columns[0].name != "*";
+  const bool named =
+      column < all.columns.size() && all.columns[column].name != "*" && all.columns[0].name != "*";
   const std::string expression = named ? all.columns[column].expression : "[" + shown[column].name + "]";
   const Select& from = searchesInsideFilter(session().mhlpmode) ? start : all;
   show(std::make_shared<PageRows>(
-      *database, filtered(from, likeText(filterText(expression, shown[column].type)), {anywhere(typedText)})));
+      *database,
+      filtered(from, likeText(filterText(expression, shown[column].type)), {anywhere(typedText)})));
 }
 
 void FRMHLP::move(int by) {

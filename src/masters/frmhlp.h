@@ -34,7 +34,6 @@ class FRMHLP : private LookupPlan, public Screen {
   void searchSecond() { search(1); }
   void search(size_t column);
   void show(std::shared_ptr<PageRows> found);
-  void goToLastWorkedWith();
 
   void down() { move(+1); }
   void up() { move(-1); }

@@ -30,19 +30,19 @@ enum : int {
   kHsn = 22,
 };
 
-constexpr int kDetailFields[] = {kSize,         kPurchaseRate, kSaleRate, kMrp,    kMinimumStock,
+constexpr int kDetailFields[] = {kSize,         kPurchaseRate, kSaleRate,    kMrp,    kMinimumStock,
                                  kOpeningStock, kDiscount,     kDescription, kRowCode};
 
 const std::vector<FieldColumn>& holdings() {
   static const std::vector<FieldColumn> columns{
-      {kCode,      "ITEM_CD"        },
-      {kName,      "ITEM_NAME"      },
-      {kShortName, "ITEM_SNAME"     },
-      {kLongName,  "ITEM_LNAME"     },
-      {kCategory,  "DEPT_CD"        },
-      {kUnit,      "UOM"            },
-      {kTaxRate,   "RATEOFTAX", true},
-      {kHsn,       "HSNCODE"        },
+      {kCode,      "ITEM_CD"   },
+      {kName,      "ITEM_NAME" },
+      {kShortName, "ITEM_SNAME"},
+      {kLongName,  "ITEM_LNAME"},
+      {kCategory,  "DEPT_CD"   },
+      {kUnit,      "UOM"       },
+      {kTaxRate,   "RATEOFTAX",  true},
+      {kHsn,          "HSNCODE"                  },
   };
   return columns;
 }
@@ -190,7 +190,9 @@ void FRMITEM1::emptied() {
   showRows();
 }
 
-void FRMITEM1::showCategory() { set(at("lblCategory"), categoryName(data(), trim(field(kCategory).text)).value_or("")); }
+void FRMITEM1::showCategory() {
+  set(at("lblCategory"), categoryName(data(), trim(field(kCategory).text)).value_or(""));
+}
 
 // Code
 
@@ -211,8 +213,9 @@ LookupSpec FRMITEM1::codeLookup() const {
 
 Go FRMITEM1::rateSearch() {
   return searchInto({.mode = "THREEFLD",
-                     .table = "(item left join deptment on item.dept_cd = deptment.dept_cd) LEFT JOIN ITEMDTL ON "
-                              "ITEM.ITEM_CD = ITEMDTL.ITEM_CD order by ITEM_NAME",
+                     .table =
+                         "(item left join deptment on item.dept_cd = deptment.dept_cd) LEFT JOIN ITEMDTL ON "
+                         "ITEM.ITEM_CD = ITEMDTL.ITEM_CD order by ITEM_NAME",
                      .first = "ITEM.ITEM_CD",
                      .second = "STR(SALE_RATE1) AS SRATE1",
                      .more = "SALE_RATE2, PUR_RATE, ITEM_NAME, dept_name, itemdtl.cl_stk"});
@@ -234,16 +237,25 @@ Go FRMITEM1::searchInto(const LookupSpec& spec) {
 
 Go FRMITEM1::nameEntered() {
   const std::string name = trim(field(kName).text);
-  if (name.empty()) return valuesInUse("ITEM_NAME", "item");
-  return mode == "ADD" && itemNameInUse(data(), name) ? refuse("Duplicate Item Not Allowed") : Go::On;
+  return name.empty() ? valuesInUse("ITEM_NAME", "item") : nameIsFree();
+}
+
+Go FRMITEM1::nameIsFree() {
+  const bool taken = mode == "ADD" && itemNameInUse(data(), trim(field(kName).text));
+  return taken ? refuse("Duplicate Item Not Allowed") : Go::On;
 }
 
 Go FRMITEM1::categoryEntered() {
   if (trim(field(kCategory).text).empty())
-    return lookUp(host, *this, field(kCategory), {.mode = "twofld",
-                                                  .table = "DEPTMENT order by dept_name",
-                                                  .first = "DEPT_CD",
-                                                  .second = "DEPT_NAME"});
+    return lookUp(host, *this, field(kCategory),
+                  {.mode = "twofld",
+                   .table = "DEPTMENT order by dept_name",
+                   .first = "DEPT_CD",
+                   .second = "DEPT_NAME"});
+  return categoryIsKnown();
+}
+
+Go FRMITEM1::categoryIsKnown() {
   showCategory();
   return categoryName(data(), trim(field(kCategory).text)) ? Go::On : refuse("Category Not Found");
 }
@@ -291,14 +303,16 @@ Go FRMITEM1::detailEnded() {
 
 ItemDetail FRMITEM1::typedDetail() const {
   const std::string rowCode = trim(field(kRowCode).text);
-  return {.key = {picked_ && !rowCode.empty() ? rowCode : code(), trim(field(kSize).text)},
-          .purchaseRate = Val(field(kPurchaseRate).text),
-          .saleRate = Val(field(kSaleRate).text),
-          .mrp = Val(field(kMrp).text),
-          .discount = Val(field(kDiscount).text),
-          .openingStock = Val(field(kOpeningStock).text),
-          .minimumStock = Val(field(kMinimumStock).text),
-          .description = field(kDescription).text};
+  return {
+      .key = {picked_ && !rowCode.empty() ? rowCode : code(), trim(field(kSize).text)},
+      .purchaseRate = Val(field(kPurchaseRate).text),
+      .saleRate = Val(field(kSaleRate).text),
+      .mrp = Val(field(kMrp).text),
+      .discount = Val(field(kDiscount).text),
+      .openingStock = Val(field(kOpeningStock).text),
+      .minimumStock = Val(field(kMinimumStock).text),
+      .description = field(kDescription).text
+  };
 }
 
 void FRMITEM1::keepDetail(const ItemDetail& detail) {
@@ -306,7 +320,8 @@ void FRMITEM1::keepDetail(const ItemDetail& detail) {
     addItemDetail(data(), detail, sendMarks());
   } else {
     changeItemDetail(data(), *picked_, detail, sendMarks());
-    if (mode != "ADD" && !(*picked_ == detail.key)) renamings_.push_back({.from = *picked_, .to = detail.key});
+    if (mode != "ADD" && !(*picked_ == detail.key))
+      renamings_.push_back({.from = *picked_, .to = detail.key});
   }
   clearDetail();
   showRows();
@@ -377,6 +392,7 @@ const Control* FRMITEM1::missingField() const {
 
 // What still stands in the entry row belongs to the item; an item has at least one row.
 bool FRMITEM1::maySave() {
+  if (nameIsFree() == Go::Stay || categoryIsKnown() == Go::Stay) return false;
   ItemDetail detail = typedDetail();
   const bool typed = !detail.key.size.empty();
   if (picked_ && !(*picked_ == detail.key)) {

@@ -35,7 +35,9 @@ class FRMITEM1 : public EntryScreen {
   Go shortNameSearch();
   Go searchInto(const LookupSpec& spec);
   Go nameEntered();
+  Go nameIsFree();
   Go categoryEntered();
+  Go categoryIsKnown();
   Go unitEntered();
   Go hsnEntered();
   Go valuesInUse(const char* column, const char* table);

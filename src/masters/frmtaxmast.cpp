@@ -22,7 +22,8 @@ ScreenSpec screenTable(const SmallMaster& m) {
       {.height = part(1),
        .groups = {{.name = "form",
                    .frame = Frame::Plain,
-                   .bands = {{fit(), {{.name = "fields", .columns = {px(136), px(120), part(1)}, .pitch = 39}}},
+                   .bands = {{fit(),
+                              {{.name = "fields", .columns = {px(136), px(120), part(1)}, .pitch = 39}}},
                              {part(1), {{.name = "rest", .frame = Frame::Plain}}}}},
                   {.name = "names", .width = px(400), .frame = Frame::Plain}}},
       entryButtonBand(),
@@ -32,27 +33,32 @@ ScreenSpec screenTable(const SmallMaster& m) {
   int index = 0;
   for (const SmallField& f : m.fields) {
     const bool narrow = isShort(f.kind) || (index == 0 && m.code != SmallCode::ItsText);
-    controls.push_back({.name = "txtFields",
-                        .index = index,
-                        .label = std::string(f.label),
-                        .at = {.group = "fields", .row = index, .col = 1, .span = narrow ? 1 : 2},
-                        .tab = index + 1,
-                        .limit = f.limit,
-                        .keys = isNumber(f.kind) ? KeyClass::Number : KeyClass::Text,
-                        .enabled = f.kind != SmallKind::AccountName,
-                        .align = isNumber(f.kind) ? Align::Right : Align::Auto,
-                        .hint = std::string(f.hint)});
+    controls.push_back({
+        .name = "txtFields",
+        .index = index,
+        .label = std::string(f.label),
+        .at = {.group = "fields", .row = index, .col = 1, .span = narrow ? 1 : 2},
+        .tab = index + 1,
+        .limit = f.limit,
+        .keys = isNumber(f.kind) ? KeyClass::Number : KeyClass::Text,
+        .enabled = f.kind != SmallKind::AccountName,
+        .align = isNumber(f.kind) ? Align::Right : Align::Auto,
+        .hint = std::string(f.hint)
+    });
     if (f.kind == SmallKind::Group)
-      controls.push_back({.name = "lblGroup",
-                          .kind = Kind::Label,
-                          .at = {.group = "fields", .row = index, .col = 2},
-                          .style = Style::Quiet});
+      controls.push_back({
+          .name = "lblGroup",
+          .kind = Kind::Label,
+          .at = {.group = "fields", .row = index, .col = 2},
+          .style = Style::Quiet
+      });
     ++index;
   }
   ControlSpec list{.name = "DataGrid1", .kind = Kind::Grid, .at = {.group = "names"}};
   for (const SelectColumn& c : parseSelect(m.list).columns) {
     const ColumnTitle t = columnTitle(c.name);
-    list.columns.push_back({.title = t.title, .width = t.width > 100 ? part(1) : px(t.width), .align = t.align});
+    list.columns.push_back(
+        {.title = t.title, .width = t.width > 100 ? part(1) : px(t.width), .align = t.align});
   }
   controls.push_back(std::move(list));
   table.controls = withButtons(std::move(controls), "&Save");
@@ -137,7 +143,9 @@ bool frmtaxmast::load(const std::string& code) {
   return true;
 }
 
-bool frmtaxmast::exists(const std::string& code) { return findSmallRow(master_, database(), code).has_value(); }
+bool frmtaxmast::exists(const std::string& code) {
+  return findSmallRow(master_, database(), code).has_value();
+}
 
 std::string frmtaxmast::missingCodeWords() const {
   return mode == "EDIT" ? "CODE DOES NOT EXIST" : "Record Not Found";
@@ -166,11 +174,12 @@ Go frmtaxmast::fieldEntered() {
 Go frmtaxmast::accountEntered(int index) {
   const std::string code = trim(field(index).text);
   if (code.empty())
-    return lookUp(host, *this, field(index), {.mode = "THREEFLD",
-                                              .table = "ACCOUNT ORDER BY ACC_NAME",
-                                              .first = "ACC_CD",
-                                              .second = "acc_NAME",
-                                              .more = "AREA, CITY, PERSON_NM, FORMAT(cl_bal,'0.00') AS CLBAL"});
+    return lookUp(host, *this, field(index),
+                  {.mode = "THREEFLD",
+                   .table = "ACCOUNT ORDER BY ACC_NAME",
+                   .first = "ACC_CD",
+                   .second = "acc_NAME",
+                   .more = "AREA, CITY, PERSON_NM, FORMAT(cl_bal,'0.00') AS CLBAL"});
   const auto account = findAccount(data(), code);
   if (!account) return refuse("Please Select Proper ACCOUNT Code");
   if (index + 1 < count() && fieldOf(index + 1).kind == SmallKind::AccountName)
@@ -181,10 +190,9 @@ Go frmtaxmast::accountEntered(int index) {
 Go frmtaxmast::groupEntered(int index) {
   const std::string code = trim(field(index).text);
   if (code.empty())
-    return lookUp(host, *this, field(index), {.mode = "twofld",
-                                              .table = "GRP ORDER BY GROUP_NAME",
-                                              .first = "GROUP_CD",
-                                              .second = "GROUP_NAME"});
+    return lookUp(
+        host, *this, field(index),
+        {.mode = "twofld", .table = "GRP ORDER BY GROUP_NAME", .first = "GROUP_CD", .second = "GROUP_NAME"});
   showGroupName();
   return mayStandUnder(code) ? Go::On : refuse("Wrong Selection");
 }
@@ -224,8 +232,7 @@ bool frmtaxmast::maySave() {
     if (text.empty()) continue;
     if (fieldOf(i).kind == SmallKind::Account && !findAccount(data(), text))
       return refused("Please Select Proper ACCOUNT Code");
-    if (fieldOf(i).kind == SmallKind::Group && !mayStandUnder(text))
-      return refused("Wrong Selection");
+    if (fieldOf(i).kind == SmallKind::Group && !mayStandUnder(text)) return refused("Wrong Selection");
   }
   return true;
 }

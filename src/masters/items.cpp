@@ -65,8 +65,9 @@ void makeRoomForSizes(Database& db) {
 void storeDetails(Database& db) {
   makeRoomForSizes(db);
   // A row renamed to a pair that another item has already joins that row.
-  db.exec("DELETE FROM TEMP_ITMDTL WHERE EXISTS (SELECT 1 FROM ITEMDTL"
-          " WHERE ITEMDTL.ITEM_CD = TEMP_ITMDTL.ITEM_CD AND ITEMDTL.SIZE_CD = TEMP_ITMDTL.SIZE_CD)");
+  db.exec(
+      "DELETE FROM TEMP_ITMDTL WHERE EXISTS (SELECT 1 FROM ITEMDTL"
+      " WHERE ITEMDTL.ITEM_CD = TEMP_ITMDTL.ITEM_CD AND ITEMDTL.SIZE_CD = TEMP_ITMDTL.SIZE_CD)");
   db.exec(std::string("INSERT INTO ITEMDTL (") + kShared + ") SELECT " + kShared + " FROM TEMP_ITMDTL");
   clearItemDetails(db);
 }
@@ -92,7 +93,7 @@ void clearItemDetails(Database& db) { db.exec("DELETE FROM TEMP_ITMDTL"); }
 bool loadItemDetails(Database& db, std::string_view code) {
   clearItemDetails(db);
   return db.exec(std::string("INSERT INTO TEMP_ITMDTL (") + kShared + ") SELECT " + kSharedCut +
-                     " FROM ITEMDTL WHERE ITEMDTL.ITEM_CD = ?",
+                     " FROM ITEMDTL WHERE ITEMDTL.ITEM_CD = ? ORDER BY ITEMDTL.rowid",
                  code) > 0;
 }
 
@@ -104,14 +105,16 @@ std::optional<ItemDetail> findItemDetail(Database& db, const ItemKey& key) {
   const auto row =
       db.first("SELECT TEMP_ITMDTL.* FROM TEMP_ITMDTL WHERE ITEM_CD = ? AND SIZE_CD = ?", key.code, key.size);
   if (!row) return {};
-  return ItemDetail{.key = {row->text("ITEM_CD"), row->text("SIZE_CD")},
-                    .purchaseRate = row->number("PUR_RATE"),
-                    .saleRate = row->number("SALE_RATE1"),
-                    .mrp = row->number("SALE_RATE2"),
-                    .discount = row->number("SALE_DISC"),
-                    .openingStock = row->number("OP_STK"),
-                    .minimumStock = row->number("MIN_STK"),
-                    .description = row->text("DESC1")};
+  return ItemDetail{
+      .key = {row->text("ITEM_CD"), row->text("SIZE_CD")},
+      .purchaseRate = row->number("PUR_RATE"),
+      .saleRate = row->number("SALE_RATE1"),
+      .mrp = row->number("SALE_RATE2"),
+      .discount = row->number("SALE_DISC"),
+      .openingStock = row->number("OP_STK"),
+      .minimumStock = row->number("MIN_STK"),
+      .description = row->text("DESC1")
+  };
 }
 
 bool itemSizeInWork(Database& db, std::string_view size) {
@@ -127,7 +130,8 @@ void addItemDetail(Database& db, const ItemDetail& detail, const Fields& marks) 
 void changeItemDetail(Database& db, const ItemKey& key, const ItemDetail& detail, const Fields& marks) {
   db.exec("UPDATE TEMP_ITMDTL SET CL_STK = CL_STK + ? - OP_STK WHERE ITEM_CD = ? AND SIZE_CD = ?",
           detail.openingStock, key.code, key.size);
-  updateRows(db, kItemWorkTable, detailFields(detail, marks), "ITEM_CD = ? AND SIZE_CD = ?", {key.code, key.size});
+  updateRows(db, kItemWorkTable, detailFields(detail, marks), "ITEM_CD = ? AND SIZE_CD = ?",
+             {key.code, key.size});
 }
 
 void removeItemDetail(Database& db, const ItemKey& key) {
@@ -144,7 +148,8 @@ void addItem(Database& db, std::string_view code, Fields head) {
 
 void changeItem(Database& db, std::string_view code, Fields head, const std::vector<Renaming>& renamings) {
   updateRows(db, "ITEM", head, "ITEM_CD = ?", {code});
-  const auto whole = db.all("SELECT SIZE_CD, DESC1 FROM ITEMDTL WHERE ITEM_CD = ? AND LENGTH(DESC1) > 20", code);
+  const auto whole =
+      db.all("SELECT SIZE_CD, DESC1 FROM ITEMDTL WHERE ITEM_CD = ? AND LENGTH(DESC1) > 20", code);
   db.exec("DELETE FROM ITEMDTL WHERE ITEM_CD = ?", code);
   storeDetails(db);
   for (const Row& row : whole)

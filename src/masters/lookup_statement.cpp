@@ -38,7 +38,8 @@ const std::vector<Keys>& table() {
 // clang-format on
 
 bool holds(std::string_view text, std::initializer_list<std::string_view> words) {
-  return std::ranges::any_of(words, [&](std::string_view w) { return text.find(w) != std::string_view::npos; });
+  return std::ranges::any_of(words,
+                             [&](std::string_view w) { return text.find(w) != std::string_view::npos; });
 }
 
 }  // namespace
@@ -69,7 +70,8 @@ std::string lookupStatement(LookupShape shape, const LookupText& lookup) {
       return "select " + lookup.first + ", " + lookup.second + " from " + lookup.table;
     case LookupShape::ManyColumns:
     case LookupShape::CatalogueMany:
-      return "select " + lookup.first + "," + lookup.second + "," + lookup.more + " from " + lookup.table + " ";
+      return "select " + lookup.first + "," + lookup.second + "," + lookup.more + " from " + lookup.table +
+             " ";
     case LookupShape::CatalogueOne:
       return "select DISTINCT[" + lookup.first + "] from " + lookup.table + " ";
     case LookupShape::Users:

@@ -7,14 +7,14 @@
 // which database.
 
 enum class LookupShape {
-  OneColumn,      // distinct values of one column
+  OneColumn,  // distinct values of one column
   TwoColumns,
   ManyColumns,
-  CatalogueOne,   // the same three from the catalogue
+  CatalogueOne,  // the same three from the catalogue
   CatalogueTwo,
   CatalogueMany,
-  Users,          // the users of the catalogue, whatever the mode
-  None,           // a key that no shape knows
+  Users,  // the users of the catalogue, whatever the mode
+  None,   // a key that no shape knows
 };
 
 // Keys are told apart by their exact letters.

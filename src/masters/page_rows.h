@@ -11,13 +11,16 @@
 
 // The rows of a select, read a page at a time as a grid asks for them: they are counted when
 // the source is made, and the few pages looked at last are kept. A statement that fails gives
-// no rows. Dates show as dd/MMM/yyyy, numbers as number text.
+// no rows. Dates show as dd/MMM/yyyy, numbers as number text. Opening in the middle of 100,000
+// rows costs one pass over an index.
 class PageRows : public RowSource {
  public:
-  PageRows(Database& database, Select select);
+  // A row to begin on: the first whose first column holds the text.
+  PageRows(Database& database, Select select, const std::string& beginOn = {});
 
   size_t count() const override { return count_; }
-  Cell cell(size_t row, size_t column) const override { return {.text = text(row, column)}; }
+  // For drawing: what cannot be read stays blank.
+  Cell cell(size_t row, size_t column) const override;
   std::string text(size_t row, size_t column) const;
 
   struct ResultColumn {
@@ -26,19 +29,28 @@ class PageRows : public RowSource {
   };
   const std::vector<ResultColumn>& columns() const { return columns_; }
 
-  // The first row whose column holds the text, without regard to case.
-  std::optional<size_t> find(size_t column, const std::string& text) const;
+  // Where the row to begin on stands; 0 when there is none.
+  size_t begin() const { return begin_; }
 
  private:
+  void countAll();
+  void countUpTo(const std::string& code);
+  size_t walkTo(const std::string& code) const;
   struct Page {
     size_t number;
     std::vector<std::vector<std::string>> rows;
   };
   const Page& page(size_t number) const;
+  size_t pageOf(size_t row) const;
+  size_t firstRow(size_t page) const;
+  size_t pageShift() const;
 
   Database& database_;
   Select select_;
-  size_t count_ = 0;
+  size_t count_ = 0, begin_ = 0;
+  // The first row of those that share a value of the order; rows behind it are read from there.
+  size_t markRow_ = 0;
+  std::optional<Value> mark_;
   std::vector<ResultColumn> columns_;
   mutable std::deque<Page> pages_;  // the last one used in front
 };

@@ -1,8 +1,10 @@
 #include "masters/select_text.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 
+#include "base/number.h"
 #include "base/text.h"
 
 namespace {
@@ -141,14 +143,17 @@ Select parseSelect(std::string_view statement, std::vector<Value> values) {
     const size_t body = start + clauses[i].words.size();
     size_t end = text.size();
     for (size_t k = i + 1; k < clauses.size() && end == text.size(); ++k)
-      if (const size_t next = findWords(text, clauses[k].words, body); next != std::string_view::npos) end = next;
+      if (const size_t next = findWords(text, clauses[k].words, body); next != std::string_view::npos)
+        end = next;
     *clauses[i].text = trim(std::string_view(text).substr(body, end - body));
     at = end;
   }
   return select;
 }
 
-std::string selectText(const Select& select) { return headText(select) + bodyText(select) + orderText(select); }
+std::string selectText(const Select& select) {
+  return headText(select) + bodyText(select) + orderText(select);
+}
 
 std::string countText(const Select& select) {
   if (select.distinct || !select.group.empty())
@@ -158,14 +163,29 @@ std::string countText(const Select& select) {
 
 std::string pageText(const Select& select) { return selectText(select) + " LIMIT ? OFFSET ?"; }
 
-std::string columnText(const Select& select, size_t column) {
+std::string firstColumnText(const Select& select) {
+  const bool byNumber = Val(select.order) > 0;
+  if (select.distinct || !select.group.empty() || byNumber) return selectText(select);
   // Of other columns an order may use the alias, so these stay.
-  if (select.distinct || !select.group.empty()) return selectText(select);
   Select one = select;
-  one.columns = {select.columns.at(column)};
+  one.columns = {select.columns.front()};
   for (const SelectColumn& c : select.columns)
     if (c.name != ownName(c.expression) && c.name != one.columns[0].name) one.columns.push_back(c);
   return selectText(one);
+}
+
+OrderTerm firstOrder(const Select& select) {
+  if (select.columns.empty()) return {};
+  if (select.order.empty()) return {select.distinct ? select.columns[0].expression : std::string()};
+  std::string term = topLevelParts(select.order).front();
+  const size_t down = findWords(term, "DESC"), up = findWords(term, "ASC");
+  term = trim(std::string_view(term).substr(0, std::min(down, up)));
+  // A column by its number or its alias.
+  const auto number = static_cast<size_t>(Val(term));
+  if (number > 0 && number <= select.columns.size()) term = select.columns[number - 1].expression;
+  for (const SelectColumn& c : select.columns)
+    if (sameText(c.name, term)) term = c.expression;
+  return {term, down != std::string_view::npos};
 }
 
 Select filtered(Select select, const std::string& condition, const std::vector<Value>& values) {

@@ -29,8 +29,15 @@ std::string selectText(const Select& select);
 std::string countText(const Select& select);
 // With "LIMIT ? OFFSET ?" behind; they are bound after the select's own values.
 std::string pageText(const Select& select);
-// The column alone, in the rows' order.
-std::string columnText(const Select& select, size_t column);
+// The first column, alone where that can be, in the rows' order.
+std::string firstColumnText(const Select& select);
+
+// By what the rows stand in order first of all; the expression is empty without any order.
+struct OrderTerm {
+  std::string expression;
+  bool descending = false;
+};
+OrderTerm firstOrder(const Select& select);
 
 // The rows for which the condition holds besides.
 Select filtered(Select select, const std::string& condition, const std::vector<Value>& values);

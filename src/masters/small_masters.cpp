@@ -114,7 +114,8 @@ std::string keyColumn(const SmallMaster& m) { return std::string(m.fields[0].col
 
 // Texts that are their own key are found whatever blanks surround them.
 std::string keyCondition(const SmallMaster& m) {
-  return m.code == SmallCode::ItsText ? "TRIM(" + keyColumn(m) + ") = ? COLLATE NOCASE" : keyColumn(m) + " = ?";
+  return m.code == SmallCode::ItsText ? "TRIM(" + keyColumn(m) + ") = ? COLLATE NOCASE"
+                                      : keyColumn(m) + " = ?";
 }
 
 }  // namespace
@@ -135,7 +136,8 @@ std::string nextSmallCode(const SmallMaster& master, Database& db) {
     case SmallCode::NextCategory:
       return categoryCode(NextCategoryCode());
     case SmallCode::NextNumber:
-      return numText(db.number("SELECT MAX(" + keyColumn(master) + ") FROM " + std::string(master.table)) + 1);
+      return numText(db.number("SELECT MAX(" + keyColumn(master) + ") FROM " + std::string(master.table)) +
+                     1);
     case SmallCode::Typed:
     case SmallCode::ItsText:
       break;
@@ -157,8 +159,10 @@ bool smallNameInUse(const SmallMaster& master, Database& db, std::string_view na
   const std::string column(master.fields[static_cast<size_t>(master.name)].column);
   bool found = false;
   db.attempt([&] {
-    found = db.first("SELECT 1 FROM " + std::string(master.table) + " WHERE " + column + " = ? COLLATE NOCASE", name)
-                .has_value();
+    found =
+        db.first("SELECT 1 FROM " + std::string(master.table) + " WHERE " + column + " = ? COLLATE NOCASE",
+                 name)
+            .has_value();
     return 0;
   });
   return found;
@@ -181,8 +185,10 @@ int salesOfTransport(Database& db, std::string_view code) {
 }
 
 void deleteSmallRow(const SmallMaster& master, Database& db, std::string_view code) {
-  if (master.key == "USERFORM") db.attempt("DELETE FROM urights WHERE username = ? COLLATE NOCASE", trim(code));
-  db.exec("DELETE FROM " + std::string(master.table) + " WHERE " + keyCondition(master), smallCode(master, code));
+  if (master.key == "USERFORM")
+    db.attempt("DELETE FROM urights WHERE username = ? COLLATE NOCASE", trim(code));
+  db.exec("DELETE FROM " + std::string(master.table) + " WHERE " + keyCondition(master),
+          smallCode(master, code));
 }
 
 void ensureLocalTransport(Database& db) {

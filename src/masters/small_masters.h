@@ -47,7 +47,7 @@ struct SmallMaster {
   bool numericCode = false;
   bool inCatalogue = false;
   std::vector<SmallField> fields = {};  // the code first
-  int name = 1;                    // the field in which a new row must differ from all others
+  int name = 1;                         // the field in which a new row must differ from all others
   std::string_view duplicate = "Duplicate Not Allowed";
   std::string_view list;  // rows shown beside, searched by the last column
   LookupSpec lookup = {};

@@ -1,0 +1,251 @@
+#include "masters/frmhlp.h"
+
+#include "base/text.h"
+#include "masters/page_rows.h"
+#include "masters_fixture.h"
+
+namespace {
+
+class LookupTest : public MastersTest {
+ protected:
+  LookupTest() {
+    account("A00001", "AMBICA CEMENT");
+    account("A00002", "NEW AMBICA 10% PAINTS");
+    account("A00003", "Patel Trading");
+    account("A00004", "ZENITH");
+    Caller::asked = parties();
+    host.start("GSTSAPU");
+  }
+  static LookupSpec parties() {
+    return {
+        .mode = "THREEFLD",
+        .table = "ACCOUNT where group_cd = ? OR group_cd = 87 order by acc_name",
+        .first = "ACC_CD",
+        .second = "ACC_NAME",
+        .more = "city, FORMAT(cl_bal,'0.00') AS CLBAL",
+        .widths = {1000, 3500},
+        .values = {85   }
+    };
+  }
+  // Enter in the empty code field, then the steps inside the lookup.
+  void lookUpWith(const std::function<void()>& steps) {
+    host.insideModal.push_back(steps);
+    host.fillEnter("Text1(0)", "");
+  }
+  std::string names() const {
+    std::string text;
+    const Grid& grid = host.at("grdDataGrid").grid;
+    for (size_t i = 0; i < grid.count(); ++i) text += (i ? "," : "") + grid.cell(i, 1).text;
+    return text;
+  }
+};
+
+TEST_F(LookupTest, ShowsTheStatementUnderReadableTitles) {
+  host.at("Text1(1)");
+  lookUpWith([&] {
+    EXPECT_EQ(names(), "AMBICA CEMENT,NEW AMBICA 10% PAINTS,Patel Trading,ZENITH");
+    EXPECT_EQ(host.cell("grdDataGrid", 0, 3), "12.50");
+    const auto& columns = host.at("grdDataGrid").grid.columns;
+    ASSERT_EQ(columns.size(), 4u);
+    EXPECT_EQ(columns[0].title + columns[1].title + columns[2].title + columns[3].title,
+              "CodeNameCityBalance");
+    EXPECT_GT(columns[1].width.n, 3 * columns[0].width.n);
+    EXPECT_EQ(host.at("grdDataGrid").back, 0xE0F0FFu);
+    EXPECT_EQ(host.hint(), "Type To Find and Enter To Proceed");
+    EXPECT_EQ(host.focus(), "Text1");
+    host.escape();
+  });
+  EXPECT_EQ(host.text("Text1(0)"), "");
+  EXPECT_EQ(Caller::entered, 0);
+  EXPECT_TRUE(session().mhlpclosed);
+  EXPECT_EQ(session().mhlpwidth[1], 0);
+}
+
+TEST_F(LookupTest, SearchesInEitherOfTheFirstTwoColumns) {
+  lookUpWith([&] {
+    host.type("0003");
+    EXPECT_EQ(names(), "Patel Trading");
+    host.key(KeyCode::Right);
+    EXPECT_EQ(host.focus(), "Text2");
+    host.type("ambica");
+    EXPECT_EQ(names(), "AMBICA CEMENT,NEW AMBICA 10% PAINTS");
+    EXPECT_EQ(host.text("Text1"), "");
+    host.type(" 10%");
+    EXPECT_EQ(names(), "NEW AMBICA 10% PAINTS");
+    host.key(KeyCode::Left);
+    EXPECT_EQ(host.focus(), "Text1");
+    host.type("X");
+    EXPECT_EQ(names(), "");
+    host.key(KeyCode::Backspace);
+    EXPECT_EQ(names(), "AMBICA CEMENT,NEW AMBICA 10% PAINTS,Patel Trading,ZENITH");
+    host.type("0_");
+    EXPECT_EQ(names(), "") << "a typed _ stands only for itself";
+    host.escape();
+  });
+}
+
+TEST_F(LookupTest, TheChosenCodeIsEnteredOnce) {
+  lookUpWith([&] {
+    host.keys({KeyCode::Up, KeyCode::Down, KeyCode::PgDn, KeyCode::Down, KeyCode::Up});
+    EXPECT_EQ(host.at("grdDataGrid").grid.current, 2u);
+    host.enter();
+  });
+  EXPECT_EQ(host.text("Text1(0)"), "A00003");
+  EXPECT_EQ(Caller::entered, 1);
+  EXPECT_EQ(host.focus(), "Text1(1)");
+}
+
+TEST_F(LookupTest, OpensOnTheRowLastWorkedWith) {
+  session().mlastacc = "a00003";
+  lookUpWith([&] {
+    EXPECT_EQ(host.at("grdDataGrid").grid.current, 2u);
+    host.escape();
+  });
+  session().mlastacc = "A00099";
+  lookUpWith([&] {
+    EXPECT_EQ(host.at("grdDataGrid").grid.current, 0u);
+    host.escape();
+  });
+}
+
+TEST_F(LookupTest, AnEmptyListGivesNothing) {
+  for (const LookupSpec& spec : {
+           LookupSpec{.mode = "twofld",     .table = "",    .first = "ACC_CD",   .second = "ACC_NAME"},
+           LookupSpec{.mode = "twofld",                    .table = "ACCOUNT",                   .first = "ACC_CD", .second = "PRTYTYP"},
+           LookupSpec{.mode = "nothing", .table = "ACCOUNT",               .first = "ACC_CD",                  .second = "CITY"},
+           LookupSpec{.mode = "ONEFLD",   .table = "ACCOUNT where 1 = 0",.first = "AREA"}
+  }) {
+    Caller::asked = spec;
+    lookUpWith([&] {
+      EXPECT_EQ(host.at("grdDataGrid").grid.count(), 0u);
+      host.keys({KeyCode::Down, KeyCode::Enter});
+    });
+    EXPECT_EQ(Caller::entered, 0);
+    EXPECT_EQ(host.onTop(), "GSTSAPU");
+  }
+  EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(LookupTest, ListsTheDistinctValuesOfOneColumn) {
+  data().exec(
+      "UPDATE ACCOUNT SET AREA = CASE WHEN ACC_CD < 'A00003' THEN 'STATION ROAD' ELSE 'AMUL DAIRY ROAD' END");
+  data().exec("UPDATE ACCOUNT SET AREA = '' WHERE ACC_CD = 'A00004'");
+  Caller::asked = {.mode = "acmstrarea", .table = "ACCOUNT", .first = "AREA"};
+  lookUpWith([&] {
+    EXPECT_EQ(host.at("grdDataGrid").grid.count(), 2u);
+    EXPECT_FALSE(host.at("Text2").visible);
+    host.key(KeyCode::Right);
+    EXPECT_EQ(host.focus(), "Text1");
+    host.keys({KeyCode::Down, KeyCode::Enter});
+  });
+  EXPECT_EQ(host.text("Text1(0)"), "STATION ROAD");
+}
+
+TEST_F(LookupTest, NumbersAndDatesAreSearchedAsTheyShow) {
+  for (int n = 147; n <= 149; ++n)
+    data().exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, VOUCH_DT) VALUES (?, 'SA', ?)", n,
+                "2025-07-" + std::to_string(n - 130));
+  Caller::asked = {
+      .mode = "twofld", .table = "SALE order by VOUCH_NO", .first = "VOUCH_NO", .second = "VOUCH_DT"};
+  lookUpWith([&] {
+    const auto count = [&] { return host.at("grdDataGrid").grid.count(); };
+    EXPECT_EQ(host.cell("grdDataGrid", 1, 1), "18/Jul/2025");
+    host.type("9");
+    EXPECT_EQ(count(), 1u);
+    host.type(".0");
+    EXPECT_EQ(count(), 0u);
+    host.key(KeyCode::Right);
+    host.type("18/JUL");
+    EXPECT_EQ(count(), 1u);
+    host.enter();
+  });
+  EXPECT_EQ(host.text("Text1(0)"), "148");
+}
+
+TEST_F(LookupTest, TheVoucherInHandIsNotOffered) {
+  for (const char* book : {"SA", "RC"})
+    for (int n = 1; n <= 2; ++n)
+      data().exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, BILL_NO) VALUES (?, ?, ?)", n, book,
+                  std::string("B") + std::to_string(n));
+  const auto shown = [&](const char* mode, const char* typed) {
+    size_t count = 0;
+    Caller::asked = {.mode = mode,
+                     .table = "SALE order by VOUCH_NO, BOOK_CD",
+                     .first = "BILL_NO",
+                     .second = "BOOK_CD",
+                     .more = "VOUCH_NO",
+                     .voucher = 1,
+                     .book = "SA"};
+    lookUpWith([&] {
+      host.type(typed);
+      count = host.at("grdDataGrid").grid.count();
+      host.escape();
+    });
+    return count;
+  };
+  EXPECT_EQ(shown("BW_VOUCH_VW", ""), 3u);
+  EXPECT_EQ(shown("BW_VOUCH_VW", "B1"), 1u);
+  EXPECT_EQ(shown("BWRCPY", ""), 3u);
+  EXPECT_EQ(shown("BWRCPY", "B1"), 2u) << "here a search takes the filter's place";
+  EXPECT_EQ(shown("BWRCPYNEW", ""), 4u);
+}
+
+TEST_F(LookupTest, UsersComeFromTheCatalogue) {
+  catalogue().exec("INSERT INTO USER1 (USER_NAME) VALUES ('RAMESH')");
+  Caller::asked = {.mode = "userhlp", .table = "user1", .first = "user_name"};
+  lookUpWith([&] { host.enter(); });
+  EXPECT_EQ(host.text("Text1(0)"), "RAMESH");
+}
+
+TEST_F(LookupTest, AClickIntoTheListLeavesTheSearchWhereItIs) {
+  lookUpWith([&] {
+    host.rowTo(host.at("grdDataGrid"), 1);
+    EXPECT_EQ(host.focus(), "Text1");
+    EXPECT_EQ(host.at("grdDataGrid").grid.current, 1u);
+    host.doubleClick(host.at("grdDataGrid"));
+  });
+  EXPECT_EQ(host.text("Text1(0)"), "A00002");
+}
+
+TEST_F(LookupTest, PagesOverManyRowsAreWhole) {
+  Transaction all(data());
+  for (int i = 1000; i < 1400; ++i) account("B" + std::to_string(i), "PARTY " + std::to_string(i), 40);
+  all.commit();
+  const PageRows rows(data(),
+                      parseSelect("select ACC_CD, ACC_NAME from ACCOUNT where GROUP_CD = 40 and ACC_CD > 'B' "
+                                  "and ACC_CD < 'C' order by acc_name"));
+  ASSERT_EQ(rows.count(), 400u);
+  for (const size_t i : {0u, 399u, 63u, 64u, 128u, 127u, 200u, 0u})
+    EXPECT_EQ(rows.text(i, 1), "PARTY " + std::to_string(1000 + i)) << i;
+  EXPECT_EQ(rows.text(400, 0), "");
+}
+
+TEST_F(LookupTest, BeginsOnARowWhateverTheOrder) {
+  data().exec("DELETE FROM ACCOUNT");
+  Transaction all(data());
+  for (int i = 0; i < 600; ++i) {
+    account("B" + std::to_string(1000 + i), "PARTY " + std::to_string((i * 7) % 600));
+    data().exec("UPDATE ACCOUNT SET AREA = ? WHERE ACC_CD = ?",
+                i < 5 ? Value() : Value(i % 2 ? "NORTH" : "SOUTH"), "B" + std::to_string(1000 + i));
+  }
+  all.commit();
+  // Names are all different, areas are two and some are missing, one order is the other way round.
+  for (const char* order : {"acc_name", "AREA", "AREA, acc_name", "acc_name desc", "2", "CITYNAME", ""})
+    for (const char* code : {"b1000", "B1003", "B1333", "B1599", "B9999"}) {
+      const std::string sql =
+          std::string("select ACC_CD, ACC_NAME, CITY AS CITYNAME from ACCOUNT where ACC_CD > ?") +
+          (*order ? " order by " : "") + order;
+      const PageRows rows(data(), parseSelect(sql, {"B"}), code);
+      ASSERT_EQ(rows.count(), 600u);
+      if (std::string(code) == "B9999")
+        EXPECT_EQ(rows.begin(), 0u) << order;
+      else
+        EXPECT_EQ(rows.text(rows.begin(), 0), upper(code)) << order;
+      // Pages behind the row read the same as those of a source that begins at the top.
+      const PageRows whole(data(), parseSelect(sql, {"B"}));
+      for (const size_t i : {0u, 63u, 299u, 300u, 599u})
+        EXPECT_EQ(rows.text(i, 0), whole.text(i, 0)) << order << i;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,294 @@
+#include "masters/items.h"
+
+#include "masters_fixture.h"
+
+namespace {
+
+class ItemTest : public MastersTest {
+ protected:
+  ItemTest() { host.start("FRMITEM1"); }
+
+  static void category(const std::string& code, const std::string& name) {
+    data().exec("INSERT INTO DEPTMENT (DEPT_CD, DEPT_NAME) VALUES (?, ?)", code, name);
+  }
+  static void item(const std::string& code, const std::string& name, const std::vector<std::string>& sizes) {
+    data().exec(
+        "INSERT INTO ITEM (ITEM_CD, ITEM_NAME, DEPT_CD, UOM, HSNCODE) VALUES (?, ?, 'E001', 'PCS', '8414')",
+        code, name);
+    for (const std::string& size : sizes)
+      data().exec(
+          "INSERT INTO ITEMDTL (ITEM_CD, SIZE_CD, SALE_RATE1, OP_STK, CL_STK) VALUES (?, ?, 100, 10, 7)",
+          code, size);
+  }
+  static std::string rows(const std::string& code) {
+    std::string text;
+    for (auto r = data().query("SELECT SIZE_CD, SALE_RATE1, SALE_DISC, OP_STK, CL_STK, DESC1 FROM ITEMDTL "
+                               "WHERE ITEM_CD = ? ORDER BY rowid",
+                               code);
+         r.next();) {
+      text += text.empty() ? "" : " ";
+      for (int i = 0; i < r.count(); ++i) text += (i ? "," : "") + r.text(i);
+    }
+    return text;
+  }
+  void head(const std::string& name) {
+    host.fill("Text1(1)", name);
+    host.fill("Text1(4)", "E001");
+    host.fill("Text1(5)", "PCS");
+    host.fill("Text1(21)", "18");
+    host.fill("Text1(22)", "8414");
+  }
+  void detail(const std::string& size, const std::string& rate, const std::string& discount) {
+    host.fill("Text1(6)", size);
+    host.fill("Text1(8)", rate);
+    host.fill("Text1(12)", discount);
+    host.go("Text1(13)");
+    host.enter();
+  }
+  void edit(const std::string& code) {
+    host.press("cmdCancel");
+    host.press("cmdEdit");
+    host.fillEnter("Text1(0)", code);
+  }
+  // Brings a row of the list into the entry row.
+  void pick(size_t n) {
+    host.rowTo(host.at("DataGrid1"), n);
+    host.enter();
+  }
+};
+
+TEST_F(ItemTest, BeginsByAdding) {
+  EXPECT_EQ(host.screen().mode, "ADD");
+  EXPECT_EQ(host.screen().caption, "Item Master : ADD MODE");
+  EXPECT_EQ(host.text("Text1(0)"), "I0000001");
+  EXPECT_EQ(host.focus(), "Text1(1)");
+  EXPECT_EQ(host.hint(), "Type Item Name And Press Enter");
+  EXPECT_EQ(host.at("cmdUpdate").text, "&Save");
+}
+
+TEST_F(ItemTest, OneEnterAfterTheOtherStoresAnItem) {
+  host.type("ceiling fan");
+  host.enter();
+  host.type("E001");
+  host.enter();
+  host.type("pcs");
+  host.enter();
+  host.type("18");
+  host.enter();
+  host.type("8414");
+  host.keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
+  EXPECT_EQ(host.focus(), "Text1(6)");
+  EXPECT_EQ(host.text("Text1(6)"), "PCS") << "the first row is in the item's own unit";
+  host.keys({KeyCode::Enter, KeyCode::Enter});
+  host.type("1640");
+  host.keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
+  host.type("25");
+  host.enter();
+  host.type("8");
+  host.keys({KeyCode::Enter, KeyCode::Enter});
+  EXPECT_EQ(host.at("DataGrid1").grid.count(), 1u);
+  EXPECT_EQ(host.focus(), "Text1(6)");
+  host.keys({KeyCode::PgDn, KeyCode::Enter});
+
+  EXPECT_EQ(row("SELECT ITEM_NAME, ITEM_SNAME, ITEM_LNAME, DEPT_CD, UOM, RATEOFTAX, HSNCODE, TAX_CD, "
+                "RATEOFCESS, ENT_DT, "
+                "DATASENT FROM ITEM WHERE ITEM_CD = 'I0000001'"),
+            "CEILING FAN||.|E001|PCS|18|8414|0|0|2026-06-15|N");
+  EXPECT_EQ(rows("I0000001"), "PCS,1640,8,25,25,");
+  EXPECT_EQ(session().mlastitem, "I0000001");
+  EXPECT_EQ(host.text("Text1(0)"), "I0000002");
+  EXPECT_EQ(row("SELECT COUNT(*) FROM TEMP_ITMDTL"), "0");
+  EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(ItemTest, WhatStandsInTheEntryRowBelongsToTheItem) {
+  head("FAN");
+  host.press("cmdUpdate");
+  EXPECT_EQ(rows("I0000001"), "PCS,0,0,0,0,") << "no row typed: one in its unit";
+  head("BULB");
+  host.fill("Text1(6)", "BOX");
+  host.fill("Text1(8)", "90");
+  host.press("cmdUpdate");
+  EXPECT_EQ(rows("I0000002"), "BOX,90,0,0,0,");
+}
+
+TEST_F(ItemTest, AnItemMayHaveSeveralRows) {
+  // As an updated database has it: one row an item.
+  data().exec("CREATE UNIQUE INDEX ITEMDTL_KEY ON ITEMDTL (ITEM_CD)");
+  head("FAN");
+  detail("PCS", "100", "5");
+  detail("BOX", "950", "10");
+  host.fillEnter("Text1(6)", "box");
+  EXPECT_EQ(host.lastMessage(), "Duplicate Item Not Allowed");
+  EXPECT_EQ(host.focus(), "Text1(6)");
+  host.go("Text1(13)");
+  host.enter();
+  EXPECT_EQ(host.lastMessage(), "Duplicate Values Found Entry Terminated");
+  EXPECT_EQ(host.focus(), "cmdUpdate");
+  host.enter();
+  EXPECT_EQ(rows("I0000001"), "PCS,100,5,0,0, BOX,950,10,0,0,");
+}
+
+TEST_F(ItemTest, HeadFieldsRefuse) {
+  item("I0000005", "BULB", {"PCS"});
+  host.fillEnter("Text1(1)", "bulb");
+  EXPECT_EQ(host.lastMessage(), "Duplicate Item Not Allowed");
+  host.fillEnter("Text1(4)", "E777");
+  EXPECT_EQ(host.lastMessage(), "Category Not Found");
+  host.fill("Text1(4)", "");
+  host.insideModal.push_back([&] { host.enter(); });
+  host.enter();
+  EXPECT_EQ(host.text("lblCategory"), "MISC");
+  host.fill("Text1(0)", "I0000005");
+  host.key(KeyCode::Tab);
+  EXPECT_EQ(host.lastMessage(), "ITEM ALLREADY EXIST");
+  host.fill("Text1(0)", "FAN-1");
+  host.fill("Text1(1)", "FAN");
+  host.press("cmdUpdate");
+  EXPECT_EQ(host.lastMessage(), "Pl. fill Complete data");
+  EXPECT_EQ(host.screen().reason, "Unit Name Is Missing");
+  host.fill("Text1(5)", "PCS");
+  host.press("cmdUpdate");
+  EXPECT_EQ(row("SELECT ITEM_NAME FROM ITEM WHERE ITEM_CD = 'FAN-1'"), "FAN");
+  EXPECT_EQ(host.text("Text1(0)"), "I0000006") << "odd codes do not count";
+}
+
+TEST_F(ItemTest, EditKeepsWhatItDoesNotShow) {
+  item("I0000005", "BULB", {"PCS"});
+  data().exec(
+      "UPDATE ITEMDTL SET DESC1 = 'A DESCRIPTION OF MORE THAN TWENTY LETTERS' WHERE ITEM_CD = 'I0000005'");
+  data().exec("UPDATE ITEM SET RATEOFCESS = 3, ITEM_SNAME = 'BLB' WHERE ITEM_CD = 'I0000005'");
+  edit("I0000005");
+  EXPECT_EQ(host.text("Text1(2)"), "BLB");
+  host.fill("Text1(21)", "12");
+  pick(0);
+  EXPECT_EQ(host.focus(), "Text1(6)");
+  host.fill("Text1(8)", "120");
+  host.fill("Text1(11)", "15");  // five more than before
+  host.press("cmdUpdate");
+  EXPECT_EQ(rows("I0000005"), "PCS,120,0,15,12,A DESCRIPTION OF MORE THAN TWENTY LETTERS");
+  EXPECT_EQ(row("SELECT RATEOFTAX, RATEOFCESS, ITEM_SNAME FROM ITEM WHERE ITEM_CD = 'I0000005'"), "12|3|BLB");
+}
+
+TEST_F(ItemTest, ARenamedUnitGoesThroughAllTables) {
+  item("I0000005", "BULB", {"PCS", "BOX"});
+  for (const char* size : {"PCS", "BOX"}) {
+    data().exec(
+        "INSERT INTO SALEITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD, SIZE_CD) VALUES (1, 'SA', ?, 'I0000005', ?)",
+        std::string(size) == "PCS" ? 1 : 2, size);
+    data().exec(
+        "INSERT INTO CHLNITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD, SIZE_CD) VALUES (1, 'CH', ?, 'I0000005', ?)",
+        std::string(size) == "PCS" ? 1 : 2, size);
+  }
+  data().exec("INSERT INTO QUOTITM (VOUCH_NO, SRNO, ITEM_CD, SIZE_CD) VALUES (1, 1, 'I0000005', 'PCS')");
+  data().exec(
+      "INSERT INTO PRTYRATE (RT_DT, ACC_CD, ITEM_CD, SIZE_CD) VALUES ('2026-01-01', 'A00001', 'I0000005', "
+      "'PCS')");
+  edit("I0000005");
+  pick(0);
+  host.fill("Text1(6)", "NOS");
+  host.press("cmdUpdate");
+  EXPECT_EQ(host.lastMessage(), "Batch or Unit Can Not Be Changed")
+      << "the row has not been taken into the list";
+  host.go("Text1(13)");
+  host.enter();
+  host.press("cmdUpdate");
+  EXPECT_EQ(rows("I0000005"), "NOS,100,0,10,7, BOX,100,0,10,7,");
+  for (const char* table : {"SALEITM", "CHLNITM", "QUOTITM", "PRTYRATE"})
+    EXPECT_EQ(row(std::string("SELECT SIZE_CD FROM ") + table + " WHERE SIZE_CD <> 'BOX'"), "NOS") << table;
+  EXPECT_EQ(row("SELECT COUNT(*) FROM SALEITM WHERE SIZE_CD = 'BOX'"), "1");
+}
+
+TEST_F(ItemTest, ARowGivenAnotherCodeJoinsThatItem) {
+  item("I0000005", "BULB", {"PCS"});
+  item("I0000006", "BULB LED", {"PCS", "BOX"});
+  data().exec("UPDATE ITEMDTL SET SALE_RATE1 = 55 WHERE ITEM_CD = 'I0000005'");
+  data().exec(
+      "INSERT INTO SALEITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD, SIZE_CD) VALUES (1, 'SA', 1, 'I0000006', "
+      "'PCS')");
+  edit("I0000006");
+  pick(0);
+  host.fill("Text1(14)", "I0000005");
+  host.go("Text1(13)");
+  host.enter();
+  host.press("cmdUpdate");
+  EXPECT_EQ(rows("I0000005"), "PCS,55,0,10,7,");
+  EXPECT_EQ(rows("I0000006"), "BOX,100,0,10,7,");
+  EXPECT_EQ(row("SELECT ITEM_CD FROM SALEITM"), "I0000005");
+}
+
+TEST_F(ItemTest, TablesThatAreMissingDoNotStopARenaming) {
+  data().exec(
+      "CREATE TABLE ITEMLINK (ITEM_CD TEXT(20), SIZE_CD TEXT(20), RAW_CD TEXT(20), RAW_SIZE TEXT(20))");
+  data().exec(
+      "INSERT INTO ITEMLINK VALUES ('I1', 'A', 'I2', 'B'), ('I3', 'C', 'I1', 'A'), ('I1', 'B', 'I1', 'B')");
+  RenameItem(data(), {
+                         .from = {"I1", "A"},
+                           .to = {"I9", "Z"}
+  });
+  EXPECT_EQ(row("SELECT GROUP_CONCAT(ITEM_CD || SIZE_CD || RAW_CD || RAW_SIZE) FROM ITEMLINK"),
+            "I9ZI2B,I3CI9Z,I1BI1B");
+}
+
+TEST_F(ItemTest, RowsCanBeRemovedFromTheList) {
+  item("I0000005", "BULB", {"PCS", "BOX"});
+  edit("I0000005");
+  host.go("Text1(6)");
+  host.key(KeyCode::Down);
+  EXPECT_EQ(host.focus(), "DataGrid1");
+  host.answers = {true};
+  host.key(KeyCode::F10);
+  EXPECT_EQ(host.cell("DataGrid1", 0, 1), "BOX");
+  host.press("cmdUpdate");
+  EXPECT_EQ(rows("I0000005"), "BOX,100,0,10,7,");
+}
+
+TEST_F(ItemTest, DeletingLooksAtSalesOnly) {
+  item("I0000005", "BULB", {"PCS"});
+  item("I0000006", "FAN", {"PCS"});
+  data().exec("INSERT INTO SALEITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD) VALUES (1, 'SA', 1, 'I0000005')");
+  data().exec("INSERT INTO CHLNITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD) VALUES (1, 'CH', 1, 'I0000006')");
+  host.press("cmdCancel");
+  for (const char* code : {"I0000005", "I0000006"}) {
+    host.press("cmdDelete");
+    host.answers = {true};
+    host.fillEnter("Text1(0)", code);
+    EXPECT_EQ(host.lastQuestion(), "ARE YOU SURE YOU WANT TO DELETE CURRENT RECORD");
+  }
+  EXPECT_EQ(host.messages.size(), 1u);
+  EXPECT_EQ(host.lastMessage(), "Can not DELETE Check Sale For This Item");
+  EXPECT_EQ(row("SELECT COUNT(*) FROM ITEM WHERE ITEM_CD IN ('I0000005', 'I0000006')"), "1");
+  EXPECT_EQ(rows("I0000006"), "");
+  EXPECT_EQ(row("SELECT COUNT(*) FROM CHLNITM"), "1");
+  host.press("cmdDelete");
+  host.fillEnter("Text1(0)", "I0000006");
+  EXPECT_EQ(host.lastMessage(), "NO RECORD FOUND");
+}
+
+TEST_F(ItemTest, SearchesFillTheCode) {
+  item("I0000005", "BULB", {"PCS"});
+  host.press("cmdCancel");
+  host.press("cmdEdit");
+  host.insideModal.push_back([&] {
+    host.key(KeyCode::Right);
+    host.type("100");
+    EXPECT_EQ(host.cell("grdDataGrid", 0, 4), "BULB");
+    host.enter();
+  });
+  host.key(KeyCode::F3);
+  EXPECT_EQ(host.text("Text1(1)"), "BULB");
+}
+
+TEST_F(ItemTest, AFailedSaveKeepsAllRows) {
+  item("I0000005", "BULB", {"PCS"});
+  data().exec("CREATE TRIGGER full BEFORE INSERT ON ITEMDTL BEGIN SELECT RAISE(ABORT, 'no room'); END");
+  edit("I0000005");
+  host.fill("Text1(1)", "LAMP");
+  host.press("cmdUpdate");
+  EXPECT_EQ(host.lastMessage(), "Entry Not Saved\r\nno room");
+  EXPECT_EQ(row("SELECT ITEM_NAME FROM ITEM WHERE ITEM_CD = 'I0000005'"), "BULB");
+  EXPECT_EQ(rows("I0000005"), "PCS,100,0,10,7,");
+  EXPECT_EQ(host.at("DataGrid1").grid.count(), 1u);
+}
+
+}  // namespace
