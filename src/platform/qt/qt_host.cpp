@@ -13,7 +13,6 @@
 #include <QUrl>
 #include <algorithm>
 
-#include "platform/qt/keyboard.h"
 #include "platform/qt/machine.h"
 #include "platform/qt/paint_qt.h"
 
@@ -153,26 +152,26 @@ void QtHost::closeAsked() {
   });
 }
 
+void QtHost::send(QEvent::Type type, const keyboard::Raw& raw) {
+  QWidget* target = QApplication::activePopupWidget();
+  if (!target) target = QApplication::focusWidget();
+  if (!target) target = window_;
+  if (!target) return;
+  QKeyEvent event(type, raw.key, raw.modifiers, raw.text);
+  QApplication::sendEvent(target, &event);
+}
+
 void QtHost::realKey(const Key& key) {
   const keyboard::Raw raw = keyboard::rawOf(key);
-  for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-    QWidget* target = QApplication::activePopupWidget();
-    if (!target) target = QApplication::focusWidget();
-    if (!target) target = window_;
-    if (!target) return;
-    QKeyEvent event(type, raw.key, raw.modifiers, raw.text);
-    QApplication::sendEvent(target, &event);
-  }
+  send(QEvent::KeyPress, raw);
+  send(QEvent::KeyRelease, raw);
   settle();
 }
 
 void QtHost::realText(const std::string& text) {
   for (const char32_t typed : QString::fromStdString(text).toStdU32String()) {
-    const keyboard::Raw raw = keyboard::rawOf(typed);
-    QWidget* target = QApplication::focusWidget() ? QApplication::focusWidget() : window_;
-    if (!target) return;
-    QKeyEvent event(QEvent::KeyPress, raw.key, raw.modifiers, raw.text);
-    QApplication::sendEvent(target, &event);
+    send(QEvent::KeyPress, keyboard::rawOf(typed));
+    send(QEvent::KeyRelease, keyboard::rawOf(typed));
   }
   settle();
 }
@@ -244,10 +243,9 @@ std::unique_ptr<BoxPanel> QtHost::answered(BoxPanel::Words words) {
   panel->show();
   panel->raise();
   focusWidget();
-  if (onBox)
-    QTimer::singleShot(0, panel, [this] {
-      if (onBox) onBox();
-    });
+  QTimer::singleShot(0, panel, [this] {
+    if (const auto happens = onBox) happens();  // which may set another
+  });
   wait([this, panel] { return quitting() || panel->done(); });
   std::unique_ptr<BoxPanel> answer = std::move(boxes_.back());
   boxes_.pop_back();

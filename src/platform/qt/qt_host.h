@@ -14,6 +14,7 @@
 
 #include "platform/desk.h"
 #include "platform/qt/box_panel.h"
+#include "platform/qt/keyboard.h"
 #include "platform/qt/main_window.h"
 
 class QEventLoop;
@@ -96,6 +97,7 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
 
   void guarded(const std::function<void()>& event);
   bool reaches(const Screen& screen) const;
+  void send(QEvent::Type type, const keyboard::Raw& raw);
   bool keyDown(const QKeyEvent& event);
   bool menuLetter(const Key& key);
   QWidget& boxParent();

@@ -1,0 +1,284 @@
+#include "platform/qt/layout_engine.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "support/test_host.h"
+
+namespace {
+
+using layout::Rect;
+
+// Letters are 8 pixels wide, so that widths can be reckoned by hand.
+layout::Measure measured(double scale = 1) {
+  return {.scale = scale, .width = [scale](const std::string& text, Style) {
+            return static_cast<int>(static_cast<double>(text.size()) * 8 * scale);
+          }};
+}
+
+std::vector<GridColumn> lineColumns() {
+  return {{.title = "Sr", .width = px(34)},      {.title = "Item", .width = px(92)},
+          {.title = "Description", .width = part(1)}, {.title = "Qty", .width = px(86)},
+          {.title = "Rate", .width = px(92)},    {.title = "Hidden", .width = px(0)},
+          {.title = "Amount", .width = px(112)}};
+}
+
+// The skeleton of a bill.
+ScreenSpec billTable() {
+  ScreenSpec s;
+  s.name = "bill";
+  s.layout.bands = {
+      {px(116), {{.name = "A", .width = part(1), .columns = {px(56), px(92), fit(), part(1)}},
+                 {.name = "B", .width = px(356), .columns = {px(58), px(92), fit(), part(1)}}}},
+      {px(25), {{.name = "heads", .frame = Frame::Heads, .columnsOf = "Lines"}}},
+      {px(34), {{.name = "entry", .frame = Frame::Entry, .columnsOf = "Lines"}}},
+      {px(24), {{.name = "keys", .frame = Frame::Keys, .columnsOf = "Lines"}}},
+      {part(1), {{.name = "lines", .frame = Frame::Plain}}},
+      {px(34), {{.name = "buttons", .frame = Frame::Buttons}}},
+  };
+  const std::vector<GridColumn> rates = {{.title = "Date", .width = px(108)},
+                                         {.title = "Qty", .width = px(86)},
+                                         {.title = "Rate", .width = px(92)},
+                                         {.title = "Amount", .width = part(1)}};
+  s.controls = {
+      {.name = "No", .label = "V. No", .at = {.group = "A", .row = 0, .col = 1, .width = 80}},
+      {.name = "Party", .label = "Party", .at = {.group = "A", .row = 1, .col = 1}},
+      {.name = "Name", .at = {.group = "A", .row = 1, .col = 2, .span = 2}},
+      {.name = "Type", .label = "B.Type", .at = {.group = "B", .row = 0, .col = 1}},
+      {.name = "BillNo", .label = "B.No", .at = {.group = "B", .row = 0, .col = 3}},
+      {.name = "Item", .label = "Item", .at = {.group = "entry", .col = 1}},
+      {.name = "Rate", .label = "Rate", .at = {.group = "entry", .col = 4}},
+      {.name = "Lines", .kind = Kind::Grid, .at = {.group = "lines"}, .tab = 1, .columns = lineColumns()},
+      {.name = "Rates",
+       .kind = Kind::Grid,
+       .columns = rates,
+       .over = "Lines",
+       .overOwn = 1,
+       .overIts = 3,
+       .overWidth = 420},
+      {.name = "Save", .kind = Kind::Button, .label = "&Save", .at = {.group = "buttons"}},
+      {.name = "Cancel", .kind = Kind::Button, .label = "&Cancel", .at = {.group = "buttons"}},
+      {.name = "Wide", .kind = Kind::Button, .label = "Create &New Company", .at = {.group = "buttons"}},
+      {.name = "Video", .kind = Kind::Button, .label = "&Video", .at = {.group = "buttons", .right = true}},
+  };
+  return s;
+}
+
+class LayoutEngine : public testing::Test {
+ protected:
+  void draw(const ScreenSpec& table, int width, int height, double scale = 1) {
+    spec_ = table;
+    screen_ = std::make_unique<Screen>(host_, spec_);
+    arrange(width, height, scale);
+  }
+  void arrange(int width, int height, double scale = 1) {
+    plan_ = layout::arrange(*screen_, width, height, measured(scale));
+  }
+  const layout::Spot& spot(const std::string& name) const {
+    for (size_t i = 0; i < screen_->controls.size(); ++i)
+      if (screen_->controls[i]->family == name) return plan_.spots[i];
+    throw std::out_of_range(name);
+  }
+  Rect box(const std::string& name) const { return spot(name).box; }
+  Rect group(const std::string& name) const {
+    for (const layout::GroupSpot& g : plan_.groups)
+      if (g.group->name == name) return g.box;
+    throw std::out_of_range(name);
+  }
+
+  Screens none_;
+  TestHost host_{none_};
+  ScreenSpec spec_;
+  std::unique_ptr<Screen> screen_;
+  layout::Plan plan_;
+};
+
+void expectRect(const Rect& seen, const Rect& expected) {
+  EXPECT_EQ(std::vector({seen.x, seen.y, seen.w, seen.h}),
+            std::vector({expected.x, expected.y, expected.w, expected.h}));
+}
+
+TEST_F(LayoutEngine, ScaleGoesInQuarterStepsFromOneToOneAndAHalf) {
+  struct Row {
+    int width, height;
+    double scale;
+  };
+  for (const Row& r : {Row{1366, 768, 1}, Row{1366, 720, 1}, Row{1280, 720, 1}, Row{1600, 900, 1},
+                       Row{1708, 960, 1.25}, Row{1920, 1080, 1.25}, Row{1920, 900, 1}, Row{2049, 1152, 1.5},
+                       Row{3840, 2160, 1.5}})
+    EXPECT_EQ(layout::scaleFor(r.width, r.height), r.scale) << r.width << " x " << r.height;
+}
+
+TEST_F(LayoutEngine, BillStandsOnTheSpacingOfTheLook) {
+  draw(billTable(), 1366, 644);
+  expectRect(plan_.strip, {0, 0, 1366, 30});
+  expectRect(group("A"), {8, 36, 988, 116});
+  expectRect(group("B"), {1002, 36, 356, 116});
+  // Frame 1, inset 10 and 7; label column 56, gap 8.
+  expectRect(box("No"), {83, 44, 80, 30});
+  expectRect(box("Party"), {83, 79, 92, 30});
+  expectRect(box("Name"), {183, 79, 802, 30});
+  EXPECT_EQ(spot("Party").label.right(), 83 - 8 - 2);
+  // "B.No" is 4 letters and a margin of 2.
+  EXPECT_EQ(box("BillNo").x, 1002 + 11 + 58 + 8 + 92 + 8 + 34 + 8);
+  EXPECT_EQ(box("BillNo").right(), group("B").right() - 11);
+}
+
+TEST_F(LayoutEngine, EntryFieldsStandOverTheirColumns) {
+  draw(billTable(), 1366, 644);
+  const layout::Spot& lines = spot("Lines");
+  ASSERT_EQ(lines.edges.size(), 8u);
+  // Heads, entry row, keys and grid follow without a gap and share one frame.
+  EXPECT_EQ(group("entry").y, group("heads").bottom());
+  EXPECT_EQ(lines.box.y, group("keys").bottom());
+  ASSERT_EQ(plan_.blocks.size(), 1u);
+  expectRect(plan_.blocks[0].box, {8, 158, 1350, lines.box.bottom() - 158});
+  EXPECT_TRUE(lines.joined);
+
+  EXPECT_EQ(box("Item").x, lines.box.x + lines.edges[1] + 1);
+  EXPECT_EQ(box("Item").w, 90);
+  EXPECT_EQ(box("Rate").x, lines.box.x + lines.edges[4] + 1);
+  EXPECT_EQ(lines.edges[5], lines.edges[6]) << "a hidden column takes no room";
+  EXPECT_EQ(lines.edges.back(), 1350 - 1 - 14) << "the lane of the scroll bar is kept";
+  EXPECT_TRUE(spot("Item").label.empty()) << "the heading row names it";
+}
+
+TEST_F(LayoutEngine, RateHistoryStandsUnderItsColumns) {
+  draw(billTable(), 1366, 644);
+  auto rows = std::make_shared<CellRows>();
+  rows->rows.resize(3);
+  screen_->at("Rates").grid.source = rows;
+  for (const double scale : {1.0, 1.25}) {
+    arrange(static_cast<int>(1366 * scale), static_cast<int>(644 * scale), scale);
+    const layout::Spot &over = spot("Rates"), &under = spot("Lines");
+    for (int i = 0; i < 2; ++i) {
+      const auto own = static_cast<size_t>(1 + i), its = static_cast<size_t>(3 + i);
+      EXPECT_EQ(over.box.x + over.edges[own], under.box.x + under.edges[its]) << scale;
+    }
+    EXPECT_EQ(over.box.y, under.box.y);
+    EXPECT_EQ(over.box.h, 4 * under.rowHeight + 2 * measured(scale).px(2)) << "as high as its rows";
+  }
+}
+
+TEST_F(LayoutEngine, SpareWidthGoesToNamesAndSpareHeightToTheGrid) {
+  draw(billTable(), 1366, 644);
+  const int width = box("Name").w, height = box("Lines").h, party = box("Party").w;
+  arrange(1566, 744);
+  EXPECT_EQ(box("Name").w, width + 200);
+  EXPECT_EQ(box("Lines").h, height + 100);
+  EXPECT_EQ(box("Party").w, party);
+}
+
+TEST_F(LayoutEngine, EverythingGrowsWithTheScale) {
+  draw(billTable(), 1920, 900, 1.25);
+  EXPECT_EQ(plan_.strip.h, 38);
+  EXPECT_EQ(box("Party").h, 38);
+  EXPECT_EQ(box("Party").w, 115);
+  EXPECT_EQ(spot("Lines").rowHeight, 31);
+  EXPECT_EQ(box("Save").h, 40);
+}
+
+TEST_F(LayoutEngine, HiddenButtonsLeaveNoGapAndHiddenFieldsKeepTheirPlace) {
+  draw(billTable(), 1366, 644);
+  expectRect(box("Save"), {8, 605, 96, 32});
+  EXPECT_EQ(box("Cancel").x, 8 + 96 + 8);
+  EXPECT_EQ(box("Wide").w, 18 * 8 + 32) << "text and an inset of 16 on both sides";
+  EXPECT_EQ(box("Video").right(), 1358);
+  EXPECT_EQ(plan_.reason.x, box("Wide").right() + 14);
+
+  const Rect bill = box("BillNo");
+  screen_->at("Save").visible = screen_->at("No").visible = screen_->at("Type").visible = false;
+  arrange(1366, 644);
+  EXPECT_EQ(box("Cancel").x, 8);
+  expectRect(box("BillNo"), bill);
+  EXPECT_EQ(box("Party").y, 79);
+}
+
+TEST_F(LayoutEngine, RowsMoveTogetherWhenTheirGroupIsTooLow) {
+  ScreenSpec s;
+  s.layout.bands = {{px(120), {{.name = "g", .columns = {part(1)}, .pitch = 39}}}};
+  for (int i = 0; i < 4; ++i) s.controls.push_back({.name = "F", .index = i, .at = {.group = "g", .row = i}});
+  draw(s, 800, 400);
+  int above = 0;
+  for (const layout::Spot& f : plan_.spots) {
+    EXPECT_GE(f.box.y, above) << "rows do not lie over each other";
+    EXPECT_LE(f.box.bottom(), group("g").bottom());
+    above = f.box.bottom();
+  }
+}
+
+TEST_F(LayoutEngine, FormsWithRoomHaveWiderInsetsAndGaps) {
+  ScreenSpec s;
+  s.layout.bands = {{fit(), {{.name = "a", .columns = {px(116), part(1)}, .pitch = 39}}},
+                    {fit(), {{.name = "b", .columns = {px(116), part(1)}, .pitch = 39}}},
+                    {part(1), {{.name = "rest", .frame = Frame::Plain}}},
+                    {px(34), {{.name = "buttons", .frame = Frame::Buttons}}}};
+  for (int i = 0; i < 4; ++i) s.controls.push_back({.name = "F", .index = i, .label = "L", .at = {.group = "a", .row = i, .col = 1}});
+  s.controls.push_back({.name = "G", .label = "L", .at = {.group = "b", .row = 2, .col = 1}});
+  draw(s, 1366, 644);
+  expectRect(group("a"), {8, 36, 1350, 169});
+  expectRect(group("b"), {8, 215, 1350, 130});
+  expectRect(box("F"), {147, 47, 1196, 30});
+}
+
+TEST_F(LayoutEngine, ColumnsShareWhatThereIs) {
+  struct Row {
+    std::vector<Length> widths;
+    int room;
+    std::vector<int> edges;
+  };
+  const Row rows[] = {
+      {{px(50), part(1), px(30)}, 200, {0, 50, 170, 200}},
+      {{part(1), part(3)}, 200, {0, 50, 200}},
+      {{twips(1000), twips(0), twips(3000)}, 400, {0, 100, 100, 400}},
+      {{px(100), px(300)}, 800, {0, 200, 800}},           // fixed widths alone fill the grid
+      {{px(100), px(300), part(1)}, 200, {0, 50, 200, 200}},  // too narrow: all give way alike
+      {{fit(), part(1)}, 200, {0, 46, 200}},              // "Head" and 7 on both sides
+  };
+  for (const Row& r : rows) {
+    std::vector<GridColumn> columns;
+    for (const Length& w : r.widths) columns.push_back({.title = "Head", .width = w});
+    EXPECT_EQ(layout::columnEdges(columns, r.room, measured()), r.edges);
+  }
+}
+
+TEST_F(LayoutEngine, DialogsFloatWhereTheyAreAnchored) {
+  const Rect window{0, 0, 1366, 738}, area{0, 68, 1366, 644};
+  struct Row {
+    double width, height;
+    Anchor anchor;
+    Rect expected;
+  };
+  const Row rows[] = {
+      {480, 396, Anchor::Centre, {443, 171, 480, 396}},
+      {1350, 193, Anchor::Bottom, {6, 425, 1354, 193}},  // 120 above the lower edge, as wide as there is
+      {600, 300, Anchor::Top, {383, 104, 600, 300}},
+      {480, 2000, Anchor::Centre, {443, 6, 480, 726}},
+  };
+  for (const Row& r : rows) {
+    ScreenSpec s;
+    s.window = Window::Dialog;
+    s.layout.width = r.width;
+    s.layout.height = r.height;
+    s.layout.anchor = r.anchor;
+    const Screen screen(host_, s);
+    expectRect(layout::placeDialog(screen, window, area, measured()), r.expected);
+  }
+}
+
+TEST_F(LayoutEngine, DialogWithoutAHeightTakesThatOfItsRows) {
+  ScreenSpec s;
+  s.window = Window::Dialog;
+  s.layout.bands = {{fit(), {{.name = "g", .columns = {part(1)}}}},
+                    {px(34), {{.name = "buttons", .frame = Frame::Buttons}}}};
+  s.layout.width = 400;
+  s.controls = {{.name = "A", .at = {.group = "g"}}, {.name = "B", .at = {.group = "g", .row = 1}}};
+  const Screen screen(host_, s);
+  // Frame 2, title 28, margin 6; two rows in a group; gap and buttons.
+  const int inside = (8 + 30 + 5 + 30 + 8) + 6 + 34;
+  EXPECT_EQ(layout::placeDialog(screen, {0, 0, 1366, 738}, {0, 68, 1366, 644}, measured()).h,
+            2 * 2 + 28 + 2 * 6 + inside);
+}
+
+}  // namespace

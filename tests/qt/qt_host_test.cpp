@@ -1,0 +1,400 @@
+#include "platform/qt/qt_host.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QThread>
+#include <stdexcept>
+
+#include "platform/qt/palette.h"
+
+namespace {
+
+// One off-screen application for all tests; real key and mouse events go through it.
+QApplication& application() {
+  static int count = 1;
+  static char name[] = "test", *arguments[] = {name, nullptr};
+  static const bool set = qputenv("QT_QPA_PLATFORM", "offscreen");
+  static QApplication* const app = new QApplication(count, arguments);
+  static const bool dressed = (dress(*app), set);
+  (void)dressed;
+  return *app;
+}
+
+// Rows made while they are asked for.
+class ManyRows : public RowSource {
+ public:
+  static constexpr size_t kCount = 100000;
+  mutable size_t asked = 0;
+  size_t count() const override { return kCount; }
+  Cell cell(size_t row, size_t) const override {
+    ++asked;
+    return {.text = "row " + std::to_string(row)};
+  }
+};
+
+const ScreenSpec& shellTable() {
+  static const ScreenSpec s{.name = "shell",
+                            .caption = "Shell",
+                            .window = Window::Main,
+                            .layout = {.bands = {{part(1), {{.name = "g", .columns = {px(100), part(1)}}}}}},
+                            .controls = {{.name = "Company", .kind = Kind::Label, .at = {.group = "g"}}}};
+  return s;
+}
+
+const ScreenSpec& billTable() {
+  static const ScreenSpec s{
+      .name = "bill",
+      .caption = "Bill",
+      .focusColour = 0xFFC0FF,
+      .layout = {.bands = {{px(116), {{.name = "g", .columns = {px(100), px(200), px(100), part(1)}}}},
+                           {part(1), {{.name = "list", .frame = Frame::Plain}}},
+                           {px(34), {{.name = "buttons", .frame = Frame::Buttons}}}}},
+      .controls = {
+          {.name = "Code", .label = "Code", .at = {.group = "g", .row = 0, .col = 1}, .tab = 1, .limit = 6, .keys = KeyClass::Text},
+          {.name = "Qty", .label = "Qty", .at = {.group = "g", .row = 1, .col = 1}, .tab = 2, .keys = KeyClass::Number},
+          {.name = "Total", .label = "Total", .at = {.group = "g", .row = 2, .col = 1}, .enabled = false, .money = true},
+          {.name = "Day", .kind = Kind::Date, .label = "Day", .at = {.group = "g", .row = 0, .col = 3}, .tab = 3},
+          {.name = "List", .kind = Kind::Grid, .at = {.group = "list"}, .tab = 4, .columns = {{.title = "Name"}, {.title = "More"}}},
+          {.name = "Close", .kind = Kind::Button, .label = "&Close", .at = {.group = "buttons"}, .tab = 5},
+      }};
+  return s;
+}
+
+const ScreenSpec& lookupTable() {
+  static const ScreenSpec s{.name = "lookup",
+                            .caption = "Help",
+                            .window = Window::Dialog,
+                            .focusColour = 0xFFC0FF,
+                            .layout = {.bands = {{part(1), {{.name = "g", .columns = {px(60), part(1)}}}}}, .width = 400, .height = 200},
+                            .controls = {{.name = "Search", .label = "Find", .at = {.group = "g", .col = 1}, .tab = 1}}};
+  return s;
+}
+
+class Shell : public Screen {
+ public:
+  explicit Shell(Host& h) : Screen(h, shellTable()) {
+    menus = {{.caption = "&Entry", .control = "entry", .entries = {{.caption = "&Bill", .control = "bill"}}},
+             {.caption = "&Lists", .control = "lists", .enabled = false, .entries = {{.caption = "&All", .control = "all"}}}};
+    panels = {"Company", "", "Today"};
+  }
+  void chosen(const MenuEntry& entry) override { host.open(entry.control); }
+};
+
+class Bill : public Screen {
+ public:
+  explicit Bill(Host& h) : Screen(h, billTable()), rows(std::make_shared<ManyRows>()) {
+    at("List").grid.source = rows;
+    set(at("Total"), "1234567.50");
+    wire<Bill>(*this, {{"Code", KeyCode::Enter, &Bill::check},
+                       {"Code", On::Validate, &Bill::check},
+                       {"Close", On::Click, &Bill::leave},
+                       {"", KeyCode::F1, &Bill::help},
+                       {"", KeyCode::F2, &Bill::question},
+                       {"", KeyCode::F3, &Bill::prompt},
+                       {"", KeyCode::F4, &Bill::fail}});
+  }
+  Go check() {
+    if (here().text != "BAD") return Go::On;
+    host.message("NO SUCH CODE", "Mirav Check");
+    return Go::Stay;
+  }
+  void leave() { host.close(*this); }
+  void help() {
+    if (const auto found = host.openModal("lookup")) set(at("Code"), *found);
+  }
+  void question() { answer = host.ask("Sure", "Mirav Confirmation"); }
+  void prompt() { typed = host.input("New name", "Mirav", "OLD"); }
+  void fail() { throw std::runtime_error("disk I/O error"); }
+  void tick() override { ++ticks; }
+
+  std::shared_ptr<ManyRows> rows;
+  std::optional<bool> answer;
+  std::optional<std::string> typed;
+  int ticks = 0;
+};
+
+class Lookup : public Screen {
+ public:
+  explicit Lookup(Host& h) : Screen(h, lookupTable()) {
+    wire<Lookup>(*this, {{"", KeyCode::Enter, &Lookup::choose}, {"", KeyCode::Esc, &Lookup::leave}});
+  }
+  Go choose() {
+    result = at("Search").text;
+    host.close(*this);
+    return Go::Stay;
+  }
+  void leave() { host.close(*this); }
+};
+
+class QtHostTest : public testing::Test {
+ protected:
+  QtHostTest() {
+    application();
+    screens_.add<Shell>("shell");
+    screens_.add<Bill>("bill");
+    screens_.add<Lookup>("lookup");
+    host_ = std::make_unique<QtHost>(screens_);
+    host_->windowSize = {1366, 738};
+    host_->start("shell");
+    host_->settle();
+  }
+
+  Bill& bill() {
+    if (!host_->find("bill")) host_->open("bill");
+    host_->settle();
+    return static_cast<Bill&>(*host_->find("bill"));
+  }
+  QLineEdit* field(const char* label) const {
+    for (QLineEdit* edit : host_->window()->findChildren<QLineEdit*>())
+      if (edit->accessibleName() == label) return edit;
+    return nullptr;
+  }
+  QRgb pixel(const QWidget& widget, QPoint at) const {
+    return host_->window()->grab().toImage().pixel(widget.mapTo(host_->window(), at));
+  }
+  static void clickInto(QWidget& widget, QPoint at) {
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+      QMouseEvent event(type, at, widget.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+      QApplication::sendEvent(&widget, &event);
+    }
+  }
+  // What happens while the next box waits for its answer.
+  void inBox(std::function<void()> happens) {
+    host_->onBox = [this, happens = std::move(happens)] {
+      host_->onBox = nullptr;
+      happens();
+    };
+  }
+  void inModal(std::function<void()> happens) { QTimer::singleShot(0, host_.get(), std::move(happens)); }
+  std::string focus() const { return host_->top()->focused() ? host_->top()->focused()->fullName() : ""; }
+
+  Screens screens_;
+  std::unique_ptr<QtHost> host_;
+};
+
+TEST_F(QtHostTest, TypingPassesTheFilterAndTheLimit) {
+  Bill& b = bill();
+  host_->realText("abc$defgh");
+  EXPECT_EQ(b.at("Code").text, "ABCDEF");
+  host_->realKey(KeyCode::Enter);
+  host_->realText("1x2.5");
+  EXPECT_EQ(b.at("Qty").text, "12.5");
+  host_->realKey(Key::Shift(KeyCode::Tab));
+  EXPECT_EQ(focus(), "Code");
+  host_->realKey(KeyCode::Tab);
+  host_->realKey(KeyCode::Tab);
+  host_->realText("15062026");
+  EXPECT_EQ(b.at("Day").text, "15/06/2026");
+}
+
+TEST_F(QtHostTest, StatesHaveTheColoursOfTheLook) {
+  Bill& b = bill();
+  host_->realText("A1");
+  QLineEdit &code = *field("Code"), &qty = *field("Qty"), &total = *field("Total");
+  const QPoint middle(100, 15), frame(100, 1);
+  EXPECT_EQ(pixel(code, middle), 0xFFFFC0FFu);
+  EXPECT_EQ(pixel(code, frame), palette::kAccent);
+  EXPECT_EQ(pixel(qty, middle), palette::kField);
+  EXPECT_EQ(pixel(qty, {100, 0}), palette::kFieldLine);
+  EXPECT_EQ(pixel(total, {60, 15}), palette::kOff);
+  b.at("Qty").locked = true;
+  host_->refresh();
+  EXPECT_EQ(pixel(qty, middle), palette::kLocked);
+
+  QRgb refused = 0, caller = 0, callerBack = 0;
+  Screen::set(b.at("Code"), "BAD");
+  inBox([&] {
+    refused = pixel(code, frame);
+    host_->realKey(KeyCode::Enter);
+  });
+  host_->realKey(KeyCode::Enter);
+  EXPECT_EQ(refused, palette::kError);
+  inModal([&] {
+    caller = pixel(code, frame);
+    callerBack = pixel(code, middle);
+    host_->realKey(KeyCode::Esc);
+  });
+  host_->realKey(KeyCode::F1);
+  EXPECT_EQ(caller, palette::kAccent);
+  EXPECT_EQ(callerBack, palette::kField);
+}
+
+TEST_F(QtHostTest, OnlyThePainterGroupsFigures) {
+  Bill& b = bill();
+  EXPECT_EQ(field("Total")->text(), "12,34,567.50");
+  EXPECT_EQ(b.at("Total").text, "1234567.50");
+  EXPECT_EQ(groupedFigures("-1234.5"), "-1,234.5");
+  for (const char* plain : {"", "-", "A1234", "12/06/2026", "1 234", "Dr"}) EXPECT_EQ(groupedFigures(plain), plain);
+}
+
+TEST_F(QtHostTest, QuestionsAreAnsweredByTheirKeys) {
+  struct Row {
+    std::vector<Key> keys;
+    const char* text;
+    bool yes;
+  };
+  Bill& b = bill();
+  const Row rows[] = {
+      {{KeyCode::Enter}, "", true},
+      {{KeyCode::Esc}, "", false},
+      {{KeyCode::Right, KeyCode::Enter}, "", false},
+      {{KeyCode::Tab, KeyCode::Left, KeyCode::Enter}, "", true},
+      {{Key::Alt('N')}, "", false},
+      {{KeyCode::F5}, "n", false},
+      {{KeyCode::Down}, "y", true},
+  };
+  for (const Row& r : rows) {
+    b.answer.reset();
+    inBox([&] {
+      for (const Key& k : r.keys) host_->realKey(k);
+      host_->realText(r.text);
+    });
+    host_->realKey(KeyCode::F2);
+    EXPECT_EQ(b.answer, r.yes);
+    EXPECT_EQ(b.at("Code").text, "") << "nothing of the answer reaches the screen";
+  }
+}
+
+TEST_F(QtHostTest, InputBoxGivesWhatWasTypedOrNothing) {
+  Bill& b = bill();
+  inBox([&] {
+    EXPECT_EQ(host_->box()->words().text, "New name");
+    host_->realText("New ");  // the first text is selected and goes
+    host_->setClipboard("name");
+    host_->realKey(Key::Ctrl('V'));
+    host_->realKey(KeyCode::Enter);
+  });
+  host_->realKey(KeyCode::F3);
+  EXPECT_EQ(b.typed, "New name");
+  inBox([&] { host_->realKey(KeyCode::Esc); });
+  host_->realKey(KeyCode::F3);
+  EXPECT_EQ(b.typed, std::nullopt);
+}
+
+TEST_F(QtHostTest, WhatAHandlerRaisesIsShownAndTheScreenStays) {
+  bill();
+  std::string words;
+  inBox([&] {
+    words = host_->box()->words().text;
+    host_->realKey(KeyCode::Enter);
+  });
+  host_->realKey(KeyCode::F4);
+  EXPECT_EQ(words, "disk I/O error");
+  EXPECT_EQ(host_->top()->spec.name, "bill");
+  host_->realText("z");
+  EXPECT_EQ(host_->top()->at("Code").text, "Z");
+}
+
+TEST_F(QtHostTest, ModalScreensNestAndAnswer) {
+  Bill& b = bill();
+  inModal([&] {
+    EXPECT_EQ(host_->top()->spec.name, "lookup");
+    clickInto(*field("Qty"), {20, 10});  // the screen below does not hear
+    host_->realText("ABC");
+    host_->realKey(KeyCode::Enter);
+  });
+  host_->realKey(KeyCode::F1);
+  EXPECT_EQ(b.at("Code").text, "ABC");
+  EXPECT_EQ(focus(), "Code");
+}
+
+TEST_F(QtHostTest, PointerMovesTheFocusUnlessTheFieldRefuses) {
+  Bill& b = bill();
+  host_->realText("ABCDEF");
+  clickInto(*field("Qty"), {20, 10});
+  EXPECT_EQ(focus(), "Qty");
+  clickInto(*field("Code"), {195, 10});
+  EXPECT_EQ(b.at("Code").caret, 6u) << "behind the text";
+  clickInto(*field("Code"), {8, 10});
+  EXPECT_EQ(b.at("Code").caret, 0u);
+  Screen::set(b.at("Code"), "BAD");
+  inBox([&] { host_->realKey(KeyCode::Enter); });
+  clickInto(*field("Qty"), {20, 10});
+  EXPECT_EQ(focus(), "Code");
+}
+
+TEST_F(QtHostTest, MenusOpenByTheirLettersWhileTheShellHasTheKeys) {
+  host_->realKey(Key::Alt('L'));
+  EXPECT_FALSE(QApplication::activePopupWidget()) << "it is off";
+  host_->realKey(Key::Alt('E'));
+  ASSERT_TRUE(QApplication::activePopupWidget());
+  host_->realText("b");
+  EXPECT_EQ(host_->top()->spec.name, "bill");
+  host_->realKey(Key::Alt('E'));
+  EXPECT_FALSE(QApplication::activePopupWidget());
+  host_->realKey(Key::Alt('C'));
+  EXPECT_EQ(host_->top()->spec.name, "shell");
+}
+
+TEST_F(QtHostTest, AScreenMayCloseInsideItsOwnClick) {
+  bill();
+  for (QAbstractButton* button : host_->window()->findChildren<QAbstractButton*>())
+    if (button->text() == "Close") {
+      clickInto(*button, {10, 10});
+      break;
+    }
+  host_->settle();
+  EXPECT_EQ(host_->top()->spec.name, "shell");
+  EXPECT_FALSE(host_->quitting());
+  host_->window()->close();
+  host_->settle();
+  EXPECT_TRUE(host_->quitting());
+}
+
+TEST_F(QtHostTest, GridsAskOnlyForTheRowsInView) {
+  Bill& b = bill();
+  host_->focusOn(b.at("List"));
+  host_->settle();
+  b.rows->asked = 0;
+  host_->realKey(KeyCode::End);
+  EXPECT_EQ(b.at("List").grid.current, ManyRows::kCount - 1);
+  EXPECT_LT(b.rows->asked, 1000u);
+  const auto bars = host_->window()->findChildren<QScrollBar*>();
+  EXPECT_TRUE(std::ranges::any_of(bars, [](const QScrollBar* bar) { return bar->value() > 99000 && bar->value() == bar->maximum(); }))
+      << "the last row is in view";
+}
+
+// Counts what is painted.
+class Painted : public QObject {
+ public:
+  int count = 0;
+  bool eventFilter(QObject*, QEvent* event) override {
+    count += event->type() == QEvent::Paint;
+    return false;
+  }
+};
+
+TEST_F(QtHostTest, AKeyPaintsOnlyWhatItChanged) {
+  bill();
+  Painted code, qty;
+  field("Code")->installEventFilter(&code);
+  field("Qty")->installEventFilter(&qty);
+  host_->realText("A");
+  EXPECT_EQ(code.count, 1);
+  EXPECT_EQ(qty.count, 0);
+}
+
+TEST_F(QtHostTest, TheTimerOfTheScreenOnTopTicks) {
+  Bill& b = bill();
+  b.timerMs = 1;
+  host_->realKey(KeyCode::Tab);
+  for (int i = 0; i < 200 && b.ticks == 0; ++i) {
+    QThread::msleep(5);
+    host_->settle();
+  }
+  EXPECT_GT(b.ticks, 0);
+}
+
+TEST_F(QtHostTest, MachineMayBeSetOtherwise) {
+  host_->clock = Moment{Date{std::chrono::year{2026}, std::chrono::June, std::chrono::day{15}}, 10, 30, 0};
+  host_->isOnline = false;
+  EXPECT_EQ(isoDate(host_->today()), "2026-06-15");
+  EXPECT_FALSE(host_->online());
+  EXPECT_FALSE(host_->running("no such program.exe"));
+}
+
+}  // namespace
