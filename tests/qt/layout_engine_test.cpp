@@ -17,11 +17,17 @@ layout::Measure measured(double scale = 1) {
           }};
 }
 
+// clang-format off
 std::vector<GridColumn> lineColumns() {
-  return {{.title = "Sr", .width = px(34)},      {.title = "Item", .width = px(92)},
-          {.title = "Description", .width = part(1)}, {.title = "Qty", .width = px(86)},
-          {.title = "Rate", .width = px(92)},    {.title = "Hidden", .width = px(0)},
-          {.title = "Amount", .width = px(112)}};
+  return {
+      {.title = "Sr",          .width = px(34)},
+      {.title = "Item",        .width = px(92)},
+      {.title = "Description", .width = part(1)},
+      {.title = "Qty",         .width = px(86)},
+      {.title = "Rate",        .width = px(92)},
+      {.title = "Hidden",      .width = px(0)},
+      {.title = "Amount",      .width = px(112)},
+  };
 }
 
 // The skeleton of a bill.
@@ -50,13 +56,7 @@ ScreenSpec billTable() {
       {.name = "Item", .label = "Item", .at = {.group = "entry", .col = 1}},
       {.name = "Rate", .label = "Rate", .at = {.group = "entry", .col = 4}},
       {.name = "Lines", .kind = Kind::Grid, .at = {.group = "lines"}, .tab = 1, .columns = lineColumns()},
-      {.name = "Rates",
-       .kind = Kind::Grid,
-       .columns = rates,
-       .over = "Lines",
-       .overOwn = 1,
-       .overIts = 3,
-       .overWidth = 420},
+      {.name = "Rates", .kind = Kind::Grid, .columns = rates, .over = "Lines", .overOwn = 1, .overIts = 3, .overWidth = 420},
       {.name = "Save", .kind = Kind::Button, .label = "&Save", .at = {.group = "buttons"}},
       {.name = "Cancel", .kind = Kind::Button, .label = "&Cancel", .at = {.group = "buttons"}},
       {.name = "Wide", .kind = Kind::Button, .label = "Create &New Company", .at = {.group = "buttons"}},
@@ -64,6 +64,8 @@ ScreenSpec billTable() {
   };
   return s;
 }
+
+// clang-format on
 
 class LayoutEngine : public testing::Test {
  protected:
@@ -104,9 +106,17 @@ TEST_F(LayoutEngine, ScaleGoesInQuarterStepsFromOneToOneAndAHalf) {
     int width, height;
     double scale;
   };
-  for (const Row& r : {Row{1366, 768, 1}, Row{1366, 720, 1}, Row{1280, 720, 1}, Row{1600, 900, 1},
-                       Row{1708, 960, 1.25}, Row{1920, 1080, 1.25}, Row{1920, 900, 1}, Row{2049, 1152, 1.5},
-                       Row{3840, 2160, 1.5}})
+  for (const Row& r : {
+           Row{1366, 768,  1   },
+           Row{1366, 720,  1   },
+           Row{1280, 720,  1   },
+           Row{1600, 900,  1   },
+           Row{1708, 960,  1.25},
+           Row{1920, 1080, 1.25},
+           Row{1920, 900,  1   },
+           Row{2049, 1152, 1.5 },
+           Row{3840, 2160, 1.5 }
+  })
     EXPECT_EQ(layout::scaleFor(r.width, r.height), r.scale) << r.width << " x " << r.height;
 }
 
@@ -197,8 +207,13 @@ TEST_F(LayoutEngine, HiddenButtonsLeaveNoGapAndHiddenFieldsKeepTheirPlace) {
 
 TEST_F(LayoutEngine, RowsMoveTogetherWhenTheirGroupIsTooLow) {
   ScreenSpec s;
-  s.layout.bands = {{px(120), {{.name = "g", .columns = {part(1)}, .pitch = 39}}}};
-  for (int i = 0; i < 4; ++i) s.controls.push_back({.name = "F", .index = i, .at = {.group = "g", .row = i}});
+  s.layout.bands = {
+      {px(120), {{.name = "g", .columns = {part(1)}, .pitch = 39}}}
+  };
+  for (int i = 0; i < 4; ++i)
+    s.controls.push_back({
+        .name = "F", .index = i, .at = {.group = "g", .row = i}
+    });
   draw(s, 800, 400);
   int above = 0;
   for (const layout::Spot& f : plan_.spots) {
@@ -210,12 +225,19 @@ TEST_F(LayoutEngine, RowsMoveTogetherWhenTheirGroupIsTooLow) {
 
 TEST_F(LayoutEngine, FormsWithRoomHaveWiderInsetsAndGaps) {
   ScreenSpec s;
-  s.layout.bands = {{fit(), {{.name = "a", .columns = {px(116), part(1)}, .pitch = 39}}},
-                    {fit(), {{.name = "b", .columns = {px(116), part(1)}, .pitch = 39}}},
-                    {part(1), {{.name = "rest", .frame = Frame::Plain}}},
-                    {px(34), {{.name = "buttons", .frame = Frame::Buttons}}}};
-  for (int i = 0; i < 4; ++i) s.controls.push_back({.name = "F", .index = i, .label = "L", .at = {.group = "a", .row = i, .col = 1}});
-  s.controls.push_back({.name = "G", .label = "L", .at = {.group = "b", .row = 2, .col = 1}});
+  s.layout.bands = {
+      {fit(),   {{.name = "a", .columns = {px(116), part(1)}, .pitch = 39}}},
+      {fit(),   {{.name = "b", .columns = {px(116), part(1)}, .pitch = 39}}},
+      {part(1), {{.name = "rest", .frame = Frame::Plain}}                  },
+      {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}             }
+  };
+  for (int i = 0; i < 4; ++i)
+    s.controls.push_back({
+        .name = "F", .index = i, .label = "L", .at = {.group = "a", .row = i, .col = 1}
+    });
+  s.controls.push_back({
+      .name = "G", .label = "L", .at = {.group = "b", .row = 2, .col = 1}
+  });
   draw(s, 1366, 644);
   expectRect(group("a"), {8, 36, 1350, 169});
   expectRect(group("b"), {8, 215, 1350, 130});
@@ -228,6 +250,7 @@ TEST_F(LayoutEngine, ColumnsShareWhatThereIs) {
     int room;
     std::vector<int> edges;
   };
+  // clang-format off
   const Row rows[] = {
       {{px(50), part(1), px(30)}, 200, {0, 50, 170, 200}},
       {{part(1), part(3)}, 200, {0, 50, 200}},
@@ -236,6 +259,7 @@ TEST_F(LayoutEngine, ColumnsShareWhatThereIs) {
       {{px(100), px(300), part(1)}, 200, {0, 50, 200, 200}},  // too narrow: all give way alike
       {{fit(), part(1)}, 200, {0, 46, 200}},              // "Head" and 7 on both sides
   };
+  // clang-format on
   for (const Row& r : rows) {
     std::vector<GridColumn> columns;
     for (const Length& w : r.widths) columns.push_back({.title = "Head", .width = w});
@@ -250,12 +274,14 @@ TEST_F(LayoutEngine, DialogsFloatWhereTheyAreAnchored) {
     Anchor anchor;
     Rect expected;
   };
+  // clang-format off
   const Row rows[] = {
       {480, 396, Anchor::Centre, {443, 171, 480, 396}},
       {1350, 193, Anchor::Bottom, {6, 425, 1354, 193}},  // 120 above the lower edge, as wide as there is
       {600, 300, Anchor::Top, {383, 104, 600, 300}},
       {480, 2000, Anchor::Centre, {443, 6, 480, 726}},
   };
+  // clang-format on
   for (const Row& r : rows) {
     ScreenSpec s;
     s.window = Window::Dialog;
@@ -270,10 +296,15 @@ TEST_F(LayoutEngine, DialogsFloatWhereTheyAreAnchored) {
 TEST_F(LayoutEngine, DialogWithoutAHeightTakesThatOfItsRows) {
   ScreenSpec s;
   s.window = Window::Dialog;
-  s.layout.bands = {{fit(), {{.name = "g", .columns = {part(1)}}}},
-                    {px(34), {{.name = "buttons", .frame = Frame::Buttons}}}};
+  s.layout.bands = {
+      {fit(),  {{.name = "g", .columns = {part(1)}}}         },
+      {px(34), {{.name = "buttons", .frame = Frame::Buttons}}}
+  };
   s.layout.width = 400;
-  s.controls = {{.name = "A", .at = {.group = "g"}}, {.name = "B", .at = {.group = "g", .row = 1}}};
+  s.controls = {
+      {.name = "A", .at = {.group = "g"}          },
+      {.name = "B", .at = {.group = "g", .row = 1}}
+  };
   const Screen screen(host_, s);
   // Frame 2, title 28, margin 6; two rows in a group; gap and buttons.
   const int inside = (8 + 30 + 5 + 30 + 8) + 6 + 34;

@@ -54,31 +54,62 @@ const ScreenSpec& billTable() {
                            {part(1), {{.name = "list", .frame = Frame::Plain}}},
                            {px(34), {{.name = "buttons", .frame = Frame::Buttons}}}}},
       .controls = {
-          {.name = "Code", .label = "Code", .at = {.group = "g", .row = 0, .col = 1}, .tab = 1, .limit = 6, .keys = KeyClass::Text},
-          {.name = "Qty", .label = "Qty", .at = {.group = "g", .row = 1, .col = 1}, .tab = 2, .keys = KeyClass::Number},
-          {.name = "Total", .label = "Total", .at = {.group = "g", .row = 2, .col = 1}, .enabled = false, .money = true},
-          {.name = "Day", .kind = Kind::Date, .label = "Day", .at = {.group = "g", .row = 0, .col = 3}, .tab = 3},
-          {.name = "List", .kind = Kind::Grid, .at = {.group = "list"}, .tab = 4, .columns = {{.title = "Name"}, {.title = "More"}}},
-          {.name = "Close", .kind = Kind::Button, .label = "&Close", .at = {.group = "buttons"}, .tab = 5},
-      }};
+                 {.name = "Code",
+           .label = "Code",
+           .at = {.group = "g", .row = 0, .col = 1},
+           .tab = 1,
+           .limit = 6,
+           .keys = KeyClass::Text},
+                 {.name = "Qty",
+           .label = "Qty",
+           .at = {.group = "g", .row = 1, .col = 1},
+           .tab = 2,
+           .keys = KeyClass::Number},
+                 {.name = "Total",
+           .label = "Total",
+           .at = {.group = "g", .row = 2, .col = 1},
+           .enabled = false,
+           .money = true},
+                 {.name = "Day",
+           .kind = Kind::Date,
+           .label = "Day",
+           .at = {.group = "g", .row = 0, .col = 3},
+           .tab = 3},
+                 {.name = "List",
+           .kind = Kind::Grid,
+           .at = {.group = "list"},
+           .tab = 4,
+           .columns = {{.title = "Name"}, {.title = "More"}}},
+                 {.name = "Close", .kind = Kind::Button, .label = "&Close", .at = {.group = "buttons"}, .tab = 5},
+                 }
+  };
   return s;
 }
 
 const ScreenSpec& lookupTable() {
-  static const ScreenSpec s{.name = "lookup",
-                            .caption = "Help",
-                            .window = Window::Dialog,
-                            .focusColour = 0xFFC0FF,
-                            .layout = {.bands = {{part(1), {{.name = "g", .columns = {px(60), part(1)}}}}}, .width = 400, .height = 200},
-                            .controls = {{.name = "Search", .label = "Find", .at = {.group = "g", .col = 1}, .tab = 1}}};
+  static const ScreenSpec s{
+      .name = "lookup",
+      .caption = "Help",
+      .window = Window::Dialog,
+      .focusColour = 0xFFC0FF,
+      .layout = {.bands = {{part(1), {{.name = "g", .columns = {px(60), part(1)}}}}},
+                 .width = 400,
+                 .height = 200},
+      .controls = {{.name = "Search", .label = "Find", .at = {.group = "g", .col = 1}, .tab = 1}                                                      }
+  };
   return s;
 }
 
 class Shell : public Screen {
  public:
   explicit Shell(Host& h) : Screen(h, shellTable()) {
-    menus = {{.caption = "&Entry", .control = "entry", .entries = {{.caption = "&Bill", .control = "bill"}}},
-             {.caption = "&Lists", .control = "lists", .enabled = false, .entries = {{.caption = "&All", .control = "all"}}}};
+    menus = {
+        {.caption = "&Entry", .control = "entry", .entries = {{.caption = "&Bill", .control = "bill"}}},
+        { .caption = "&Lists",
+         .control = "lists",
+         .enabled = false,
+         .entries = {{.caption = "&All", .control = "all"}}}
+    };
     panels = {"Company", "", "Today"};
   }
   void chosen(const MenuEntry& entry) override { host.open(entry.control); }
@@ -89,13 +120,15 @@ class Bill : public Screen {
   explicit Bill(Host& h) : Screen(h, billTable()), rows(std::make_shared<ManyRows>()) {
     at("List").grid.source = rows;
     set(at("Total"), "1234567.50");
-    wire<Bill>(*this, {{"Code", KeyCode::Enter, &Bill::check},
-                       {"Code", On::Validate, &Bill::check},
-                       {"Close", On::Click, &Bill::leave},
-                       {"", KeyCode::F1, &Bill::help},
-                       {"", KeyCode::F2, &Bill::question},
-                       {"", KeyCode::F3, &Bill::prompt},
-                       {"", KeyCode::F4, &Bill::fail}});
+    wire<Bill>(*this, {
+                          {"Code",  KeyCode::Enter, &Bill::check   },
+                          {"Code",  On::Validate,   &Bill::check   },
+                          {"Close", On::Click,      &Bill::leave   },
+                          {"",      KeyCode::F1,    &Bill::help    },
+                          {"",      KeyCode::F2,    &Bill::question},
+                          {"",      KeyCode::F3,    &Bill::prompt  },
+                          {"",      KeyCode::F4,    &Bill::fail    }
+    });
   }
   Go check() {
     if (here().text != "BAD") return Go::On;
@@ -120,7 +153,10 @@ class Bill : public Screen {
 class Lookup : public Screen {
  public:
   explicit Lookup(Host& h) : Screen(h, lookupTable()) {
-    wire<Lookup>(*this, {{"", KeyCode::Enter, &Lookup::choose}, {"", KeyCode::Esc, &Lookup::leave}});
+    wire<Lookup>(*this, {
+                            {"", KeyCode::Enter, &Lookup::choose},
+                            {"", KeyCode::Esc,   &Lookup::leave }
+    });
   }
   Go choose() {
     result = at("Search").text;
@@ -228,7 +264,8 @@ TEST_F(QtHostTest, OnlyThePainterGroupsFigures) {
   EXPECT_EQ(field("Total")->text(), "12,34,567.50");
   EXPECT_EQ(b.at("Total").text, "1234567.50");
   EXPECT_EQ(groupedFigures("-1234.5"), "-1,234.5");
-  for (const char* plain : {"", "-", "A1234", "12/06/2026", "1 234", "Dr"}) EXPECT_EQ(groupedFigures(plain), plain);
+  for (const char* plain : {"", "-", "A1234", "12/06/2026", "1 234", "Dr"})
+    EXPECT_EQ(groupedFigures(plain), plain);
 }
 
 TEST_F(QtHostTest, QuestionsAreAnsweredByTheirKeys) {
@@ -239,13 +276,13 @@ TEST_F(QtHostTest, QuestionsAreAnsweredByTheirKeys) {
   };
   Bill& b = bill();
   const Row rows[] = {
-      {{KeyCode::Enter}, "", true},
-      {{KeyCode::Esc}, "", false},
-      {{KeyCode::Right, KeyCode::Enter}, "", false},
-      {{KeyCode::Tab, KeyCode::Left, KeyCode::Enter}, "", true},
-      {{Key::Alt('N')}, "", false},
-      {{KeyCode::F5}, "n", false},
-      {{KeyCode::Down}, "y", true},
+      {{KeyCode::Enter},                              "",  true },
+      {{KeyCode::Esc},                                "",  false},
+      {{KeyCode::Right, KeyCode::Enter},              "",  false},
+      {{KeyCode::Tab, KeyCode::Left, KeyCode::Enter}, "",  true },
+      {{Key::Alt('N')},                               "",  false},
+      {{KeyCode::F5},                                 "n", false},
+      {{KeyCode::Down},                               "y", true },
   };
   for (const Row& r : rows) {
     b.answer.reset();
@@ -354,8 +391,9 @@ TEST_F(QtHostTest, GridsAskOnlyForTheRowsInView) {
   EXPECT_EQ(b.at("List").grid.current, ManyRows::kCount - 1);
   EXPECT_LT(b.rows->asked, 1000u);
   const auto bars = host_->window()->findChildren<QScrollBar*>();
-  EXPECT_TRUE(std::ranges::any_of(bars, [](const QScrollBar* bar) { return bar->value() > 99000 && bar->value() == bar->maximum(); }))
-      << "the last row is in view";
+  EXPECT_TRUE(std::ranges::any_of(bars, [](const QScrollBar* bar) {
+    return bar->value() > 99000 && bar->value() == bar->maximum();
+  })) << "the last row is in view";
 }
 
 // Counts what is painted.
@@ -390,7 +428,10 @@ TEST_F(QtHostTest, TheTimerOfTheScreenOnTopTicks) {
 }
 
 TEST_F(QtHostTest, MachineMayBeSetOtherwise) {
-  host_->clock = Moment{Date{std::chrono::year{2026}, std::chrono::June, std::chrono::day{15}}, 10, 30, 0};
+  host_->clock = Moment{
+      Date{std::chrono::year{2026}, std::chrono::June, std::chrono::day{15}},
+      10, 30, 0
+  };
   host_->isOnline = false;
   EXPECT_EQ(isoDate(host_->today()), "2026-06-15");
   EXPECT_FALSE(host_->online());
