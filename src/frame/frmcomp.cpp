@@ -229,6 +229,9 @@ Go FRMCOMP::year() {
     focus(at("Text1"));
     return Go::Stay;
   }
+  // The code may have been typed and left by Tab, with another company's name beside it.
+  set(at("Text1"), row->code);
+  set(at("Text2"), row->name);
   set(at("Text4"), row->to);
   at("cmdok").enabled = true;
   ok();
@@ -313,6 +316,7 @@ void FRMCOMP::modify() {
 
 void FRMCOMP::remove() {
   const CompanyYear which{trim(at("Text1").text), {}, trim(at("Text3").text), trim(at("Text4").text)};
+  if (which.code.empty() || which.from.empty()) return;
   if (!host.ask("Do You Want to Delete " + which.code + " " + which.from + " " + which.to + " ",
                 Host::kTitle))
     return;

@@ -66,6 +66,12 @@ TEST_F(Selection, ACodeOfTwoYearsOpensTheFirstStoredAtOnce) {
   EXPECT_EQ(host_.onTop(), "frmStartup");
 }
 
+TEST_F(Selection, TheNameFollowsACodeThatWasLeftByTab) {
+  host_.fill("Text1", "M002");
+  host_.fillEnter("Text3", "2025");
+  EXPECT_EQ(session().mdbfile + session().mcompname, "M00225.mdbLIGHT HOUSE");
+}
+
 TEST_F(Selection, AnUnknownCodeStays) {
   host_.fillEnter("Text1", "M077");
   EXPECT_EQ(host_.lastMessage(), "company not found");
