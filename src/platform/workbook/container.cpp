@@ -6,8 +6,10 @@
 #include <zip.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <new>
 
 #include "platform/workbook/xml.h"
 
@@ -66,7 +68,8 @@ void writeFile(const std::string& path, std::string_view bytes, const std::strin
   }
   if (whole) return;
   std::remove(temporary.c_str());
-  throw WorkbookError(name + " cannot be written to " + path + ": " + reason + ".");
+  throw WorkbookError("The workbook " + name + (name.empty() ? "" : " ") + "cannot be written to " + path +
+                      ": " + reason + ".");
 }
 
 }  // namespace
@@ -83,31 +86,28 @@ Container Container::open(const std::string& path) {
   const std::string name = std::filesystem::path(path).filename().string();
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) {
-    if (errno == ENOENT || errno == ENOTDIR) throw WorkbookError("The workbook " + path + " is missing.");
-    throw WorkbookError("The workbook " + path + " cannot be read: " + std::strerror(errno) + ".");
+    if (errno == ENOENT || errno == ENOTDIR) throw WorkbookError("The file " + path + " is missing.");
+    throw WorkbookError("The file " + path + " cannot be read: " + std::strerror(errno) + ".");
   }
-  if (!S_ISREG(status.st_mode)) throw WorkbookError(path + " is not a workbook.");
+  if (!S_ISREG(status.st_mode)) throw WorkbookError("The file " + path + " is not a workbook.");
   if (static_cast<uint64_t>(status.st_size) > kMaxFile)
-    throw WorkbookError("The workbook " + name + " is too large.");
+    throw WorkbookError("The file " + name + " is too large.");
   const File file(std::fopen(path.c_str(), "rb"));
   std::string bytes(static_cast<size_t>(status.st_size), '\0');
   if (!file || std::fread(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
-    throw WorkbookError("The workbook " + path + " cannot be read: " + std::strerror(errno) + ".");
+    throw WorkbookError("The file " + path + " cannot be read: " + std::strerror(errno) + ".");
   return Container(std::move(bytes), name);
 }
 
-Container Container::fromBytes(std::string bytes, std::string name) {
-  return Container(std::move(bytes), std::move(name));
-}
+Container Container::fromBytes(std::string bytes) { return Container(std::move(bytes), {}); }
 
 Container::Container(std::string bytes, std::string name)
     : bytes_(std::make_unique<std::string>(std::move(bytes))), name_(std::move(name)) {
-  if (bytes_->size() > kMaxFile) throw WorkbookError("The workbook " + name_ + " is too large.");
+  if (bytes_->size() > kMaxFile) refuse("is too large.");
   if (!bytes_->starts_with("PK"))
-    throw WorkbookError(name_ + (bytes_->starts_with("\xD0\xCF\x11\xE0")
-                                     ? " is not an .xlsx workbook: it is of the older .xls kind, or it is "
-                                       "protected by a password."
-                                     : " is not a workbook."));
+    refuse(bytes_->starts_with("\xD0\xCF\x11\xE0")
+               ? "is not an .xlsx workbook: it is of the older .xls kind or protected by a password."
+               : "is not a workbook.");
   zip_error_t error;
   zip_error_init(&error);
   zip_source_t* source = zip_source_buffer_create(bytes_->data(), bytes_->size(), 0, &error);
@@ -119,15 +119,14 @@ Container::Container(std::string bytes, std::string name)
   }
   archive_.reset(archive);
   const zip_int64_t count = zip_get_num_entries(archive, 0);
-  if (count > static_cast<zip_int64_t>(kMaxParts))
-    throw WorkbookError("The workbook " + name_ + " is too large.");
+  if (count > static_cast<zip_int64_t>(kMaxParts)) refuse("is too large.");
   for (zip_uint64_t i = 0; i < static_cast<zip_uint64_t>(count); ++i)
     if (const char* part = zip_get_name(archive, i, ZIP_FL_ENC_GUESS)) parts_.emplace(partKey(part), i);
-  if (!has("[Content_Types].xml")) throw WorkbookError(name_ + " is not a workbook.");
+  if (!has("[Content_Types].xml")) refuse("is not a workbook.");
 }
 
-void Container::damaged() const {
-  throw WorkbookError("The workbook " + name_ + " is damaged or cut short.");
+void Container::refuse(std::string_view what) const {
+  throw WorkbookError("The file " + (name_.empty() ? "" : name_ + " ") + std::string(what));
 }
 
 bool Container::has(std::string_view part) const { return parts_.contains(partKey(part)); }
@@ -138,7 +137,7 @@ std::string Container::read(std::string_view part) const {
   zip_stat_t status;
   if (zip_stat_index(archive_.get(), found->second, 0, &status) != 0 || !(status.valid & ZIP_STAT_SIZE))
     damaged();
-  if (status.size > kMaxPart) throw WorkbookError("The workbook " + name_ + " is too large.");
+  if (status.size > kMaxPart) refuse("is too large.");
   const std::unique_ptr<zip_file_t, ZipFileCloser> file(zip_fopen_index(archive_.get(), found->second, 0));
   if (!file) damaged();
   // The size is only what the file says of itself: one byte more is asked for, which also
@@ -174,8 +173,13 @@ std::vector<Relation> Container::relations(std::string_view part) const {
 std::string Container::written(const PartChanges& changes) const {
   zip_error_t error;
   zip_error_init(&error);
-  zip_source_t* source = zip_source_buffer_create(bytes_->data(), bytes_->size(), 0, &error);
+  // A source that is written to comes to own its bytes, whatever was asked for.
+  std::unique_ptr<void, void (*)(void*)> copy(std::malloc(bytes_->size()), std::free);
+  if (!copy) throw std::bad_alloc();
+  std::memcpy(copy.get(), bytes_->data(), bytes_->size());
+  zip_source_t* source = zip_source_buffer_create(copy.get(), bytes_->size(), 1, &error);
   if (!source) damaged();
+  copy.release();
   zip_source_keep(source);
   const std::unique_ptr<zip_source_t, void (*)(zip_source_t*)> kept(source, zip_source_free);
   std::unique_ptr<zip_t, Closer> archive(zip_open_from_source(source, 0, &error));
@@ -209,8 +213,7 @@ std::string Container::written(const PartChanges& changes) const {
 }
 
 void Container::save(const std::string& path, const PartChanges& changes) const {
-  writeFile(path, changes.replaced.empty() && changes.removed.empty() ? *bytes_ : written(changes),
-            "The workbook " + name_);
+  writeFile(path, changes.replaced.empty() && changes.removed.empty() ? *bytes_ : written(changes), name_);
 }
 
 }  // namespace workbook

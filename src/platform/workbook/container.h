@@ -32,7 +32,7 @@ struct PartChanges {
 class Container {
  public:
   static Container open(const std::string& path);
-  static Container fromBytes(std::string bytes, std::string name);
+  static Container fromBytes(std::string bytes);
 
   bool has(std::string_view part) const;
   std::string read(std::string_view part) const;
@@ -40,9 +40,10 @@ class Container {
   // Writes beside the target first and renames, so that the target is whole or as it was.
   void save(const std::string& path, const PartChanges& changes) const;
 
-  // What a message calls the file.
-  const std::string& name() const { return name_; }
-  [[noreturn]] void damaged() const;
+  const std::string& name() const { return name_; }  // empty for bytes
+  // Raises WorkbookError: "The file bill.xlsx is not a workbook."
+  [[noreturn]] void refuse(std::string_view what) const;
+  [[noreturn]] void damaged() const { refuse("is damaged or cut short."); }
 
  private:
   struct Closer {

@@ -27,7 +27,8 @@ Corner readCorner(std::string_view text) {
   const auto dollar = [&] { return at < text.size() && text[at] == '$' ? (++at, true) : false; };
   bool fixed = dollar();
   const size_t letters = at;
-  while (at < text.size() && letter(text[at])) corner.column = corner.column * 26 + ((text[at++] & 0x1F));
+  while (at < text.size() && letter(text[at]) && at - letters < 4)
+    corner.column = corner.column * 26 + (text[at++] & 0x1F);
   if (at - letters > 3 || corner.column > kMaxColumn) return {};
   if (corner.column) {
     corner.columnFixed = fixed;

@@ -17,13 +17,15 @@ struct Parts {
 std::string mainPart(const Container& container) {
   for (const Relation& relation : container.relations(""))
     if (relation.type == "officeDocument" && container.has(relation.target)) return relation.target;
-  throw WorkbookError(container.name() + " is not a workbook.");
+  container.refuse("is not a workbook.");
 }
 
 Parts partsOf(Model& model) {
   Parts parts;
   parts.relations = model.container.relations(model.workbookPart);
   for (const Relation& relation : parts.relations) {
+    const bool needed = relation.type == "styles" || relation.type == "sharedStrings";
+    if (needed && !model.container.has(relation.target)) model.container.damaged();
     if (relation.type == "styles") parts.styles = relation.target;
     if (relation.type == "theme") parts.theme = relation.target;
     if (relation.type == "sharedStrings") parts.texts = relation.target;
@@ -101,7 +103,7 @@ std::unique_ptr<Model> loadModel(Container container) {
 
   const xml::Document document(model->container, model->workbookPart);
   const xml::Node root = document.root();
-  if (!xml::is(root, "workbook")) throw WorkbookError(model->container.name() + " is not a workbook.");
+  if (!xml::is(root, "workbook")) model->container.refuse("is not a workbook.");
   if (xml::flag(xml::child(root, "workbookPr"), "date1904"))
     model->loadWarnings.push_back(
         "The workbook counts its dates from 1904: they are shown four years early.");
@@ -109,11 +111,13 @@ std::unique_ptr<Model> loadModel(Container container) {
     SheetModel sheet;
     sheet.name = xml::text(node, "name");
     const std::string_view id = xml::prefixed(node, "id");
-    for (const Relation& relation : parts.relations)
-      if (relation.id == id && relation.type == "worksheet") sheet.part = relation.target;
+    const auto relation = std::find_if(parts.relations.begin(), parts.relations.end(),
+                                       [&](const Relation& r) { return r.id == id; });
+    if (relation == parts.relations.end()) model->container.damaged();
+    if (relation->type == "worksheet") sheet.part = relation->target;  // else a sheet that is a chart
     model->sheets.push_back(std::move(sheet));
   }
-  if (model->sheets.empty()) throw WorkbookError(model->container.name() + " has no sheets.");
+  if (model->sheets.empty()) model->container.refuse("has no sheets.");
   readNames(*model, root);
   for (size_t i = 0; i < model->sheets.size(); ++i)
     if (!model->sheets[i].part.empty()) loadSheet(*model, static_cast<int>(i), texts);

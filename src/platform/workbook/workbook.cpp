@@ -91,7 +91,7 @@ Workbook::~Workbook() = default;
 Workbook Workbook::load(const std::string& path) { return Workbook(loadModel(Container::open(path))); }
 
 Workbook Workbook::fromBytes(std::string bytes) {
-  return Workbook(loadModel(Container::fromBytes(std::move(bytes), "The workbook")));
+  return Workbook(loadModel(Container::fromBytes(std::move(bytes))));
 }
 
 std::vector<std::string> Workbook::sheetNames() const {
@@ -104,9 +104,7 @@ bool Workbook::hasSheet(std::string_view name) const { return model_->sheet(name
 
 Sheet& Workbook::sheet(std::string_view name) {
   const int index = model_->sheet(name);
-  if (index < 0)
-    throw WorkbookError("The workbook " + model_->container.name() + " has no sheet " + std::string(name) +
-                        ".");
+  if (index < 0) model_->container.refuse("has no sheet " + std::string(name) + ".");
   return sheets_[static_cast<size_t>(index)];
 }
 
