@@ -47,8 +47,8 @@ struct FieldColumn {
 // the other fields off. A save is one transaction; when it fails nothing is stored, the reason is
 // shown and the screen stays as it is.
 //
-// Opened with a caller it begins in ADD, and after the save it closes with the new code as its
-// result: `host.openModal("frmacc", {.caller = "GSTSAPU"})`.
+// Opened with a caller (Entry::caller) it begins in ADD, and after the save it closes: the new
+// code is in mlastacc or mlastitem, and for openModal it is the screen's result.
 class EntryScreen : public ChildScreen {
  public:
   EntryScreen(Host& host, const ScreenSpec& spec, EntryPattern pattern);

@@ -250,8 +250,15 @@ TEST_F(AccountTest, DeletingAsksAndGuards) {
   remove("A00003", true);
   EXPECT_EQ(row("SELECT COUNT(*) FROM ACCOUNT WHERE ACC_CD LIKE 'A%'"), "1");
   host.press("cmdDelete");
-  host.fillEnter("txtFields(0)", "A00003");
+  host.fill("txtFields(0)", "A00003");
+  host.key(KeyCode::Tab);
   EXPECT_EQ(host.lastMessage(), "PARTY DOES NOT EXIST");
+  EXPECT_EQ(host.focus(), "txtFields(0)");
+  account("A00003", "PATEL TRADING");
+  host.answers = {true};
+  host.key(KeyCode::Tab);
+  EXPECT_EQ(row("SELECT COUNT(*) FROM ACCOUNT WHERE ACC_CD LIKE 'A%'"), "1");
+  EXPECT_EQ(host.focus(), "cmdAdd");
 }
 
 TEST_F(AccountTest, NamesInUseFollowTheTyping) {
