@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr double kWidth = 480, kHeight = 394, kReminder = 106;
+constexpr double kWidth = 480, kHeight = 394, kReminder = 86, kTyping = 36;
 constexpr int kFacts = 3, kHints = 2;
 
 // clang-format off
@@ -17,30 +17,29 @@ const ScreenSpec& windowTable() {
       .window = Window::Dialog,
       .layout = {
           .bands = {
-              {fit(),   {{.name = "head",     .frame = Frame::Plain, .pitch = 34}}},
-              {fit(),   {{.name = "facts",    .frame = Frame::Plain, .columns = {px(126), part(1)}, .pitch = 28}}},
-              {fit(),   {{.name = "reminder", .frame = Frame::Plain, .pitch = 28}}},
-              {fit(),   {{.name = "hints",    .frame = Frame::Plain, .pitch = 20}}},
-              {part(1), {{.name = "typed",    .frame = Frame::Plain}}},
-              {px(38),  {{.name = "buttons",  .frame = Frame::Plain, .columns = {part(1), px(150), px(150), px(116), part(1)}, .pitch = 36}}},
+              {fit(),   {{.name = "head",    .frame = Frame::Plain, .pitch = 34}}},
+              {fit(),   {{.name = "facts",   .frame = Frame::Plain, .columns = {px(126), part(1)}, .pitch = 28}}},
+              {part(1), {{.name = "middle",  .frame = Frame::Plain, .columns = {part(1), px(116)}, .pitch = 28}}},
+              {fit(),   {{.name = "hints",   .frame = Frame::Plain, .pitch = 20}}},
+              {px(38),  {{.name = "buttons", .frame = Frame::Plain, .columns = {part(1), px(150), px(150), part(1)}, .pitch = 36}}},
           },
           .width = kWidth, .height = kHeight, .margin = 22, .gap = 10},
       .controls = {
           {.name = "Label1",       .kind = Kind::Label,  .visible = false},
           {.name = "lblhead",      .kind = Kind::Label,  .at = {.group = "head"}, .align = Align::Centre, .style = Style::Head},
           {.name = "lblname",      .index = 0, .kind = Kind::Label, .at = {.group = "facts", .row = 0, .col = 0}, .align = Align::Right, .style = Style::Quiet},
-          {.name = "lblvalue",     .index = 0, .kind = Kind::Label, .at = {.group = "facts", .row = 0, .col = 1}, .style = Style::Key},
+          {.name = "lblvalue",     .index = 0, .kind = Kind::Label, .at = {.group = "facts", .row = 0, .col = 1}, .style = Style::Primary},
           {.name = "lblname",      .index = 1, .kind = Kind::Label, .at = {.group = "facts", .row = 1, .col = 0}, .align = Align::Right, .style = Style::Quiet},
-          {.name = "lblvalue",     .index = 1, .kind = Kind::Label, .at = {.group = "facts", .row = 1, .col = 1}, .style = Style::Key},
+          {.name = "lblvalue",     .index = 1, .kind = Kind::Label, .at = {.group = "facts", .row = 1, .col = 1}, .style = Style::Primary},
           {.name = "lblname",      .index = 2, .kind = Kind::Label, .at = {.group = "facts", .row = 2, .col = 0}, .align = Align::Right, .style = Style::Quiet},
           {.name = "lblvalue",     .index = 2, .kind = Kind::Label, .at = {.group = "facts", .row = 2, .col = 1}, .style = Style::Figure},
-          {.name = "lblreminder",  .kind = Kind::Label,  .at = {.group = "reminder", .rows = 3}, .visible = false, .align = Align::Centre, .style = Style::Warn},
+          {.name = "lblreminder",  .kind = Kind::Label,  .at = {.group = "middle", .span = 2, .rows = 3}, .visible = false, .align = Align::Centre, .style = Style::Warn},
           {.name = "lblhint",      .index = 0, .kind = Kind::Label, .at = {.group = "hints", .row = 0}, .style = Style::Quiet},
           {.name = "lblhint",      .index = 1, .kind = Kind::Label, .at = {.group = "hints", .row = 1}, .style = Style::Quiet},
-          {.name = "Text1",        .at = {.group = "typed"}, .tab = 1, .visible = false},
+          {.name = "Text1",        .at = {.group = "middle"}, .tab = 1, .visible = false},
           {.name = "OKButton",     .kind = Kind::Button, .label = "&OK",        .at = {.group = "buttons", .col = 1}, .tab = 2, .style = Style::Primary},
           {.name = "CancelButton", .kind = Kind::Button, .label = "&Cancel",    .at = {.group = "buttons", .col = 2}, .tab = 3},
-          {.name = "cmdwapp",      .kind = Kind::Button, .label = "&W-app Msg", .at = {.group = "buttons", .col = 3}, .tab = 4, .visible = false},
+          {.name = "cmdwapp",      .kind = Kind::Button, .label = "&W-app Msg", .at = {.group = "middle", .col = 1}, .tab = 4, .visible = false},
       },
   };
   return table;
@@ -68,6 +67,8 @@ void mymsgfrm::opened(const Entry& entry) {
   at("OKButton").back = what.okColour;
   at("CancelButton").text = what.cancel;
   at("CancelButton").back = what.cancelColour;
+  // Two coloured buttons are drawn as a pair.
+  at("CancelButton").style = what.cancelColour == kWhite ? Style::Normal : Style::Secondary;
   at("cmdwapp").visible = what.whatsApp;
   at("Text1").visible = what.asks;
   set(at("Text1"), what.typed);
@@ -96,7 +97,10 @@ void mymsgfrm::showSaved() {
     const auto n = static_cast<size_t>(i);
     showLine("lblhint", i, n < message.hints.size() ? message.hints[n] : "");
   }
-  height = reminder.empty() ? kHeight - kReminder : kHeight;
+  const double middle = !reminder.empty()                              ? kReminder
+                        : at("Text1").visible || at("cmdwapp").visible ? kTyping
+                                                                       : 0;
+  height = kHeight - kReminder + middle;
 }
 
 void mymsgfrm::focusMoved(Control& control) {

@@ -82,7 +82,7 @@ const ScreenSpec& GSTSAPU::table() {
 
           {.name = "lblkeys",                 .kind = Kind::Label, .label = "Up / Down = Line  ::  F10 = Delete Line  ::  00 or Page Down = End Lines", .at = {.group = "keys", .col = 0, .span = 10}, .style = Style::Quiet},
           {.name = "Label1",     .index = 32, .kind = Kind::Label, .label = "Assival", .at = {.group = "keys", .col = 12, .span = 2}, .align = Right, .style = Style::Quiet},
-          {.name = "Label1",     .index = 31, .kind = Kind::Label, .label = "0.00",    .at = {.group = "keys", .col = 14}, .align = Right, .money = true, .style = Style::Key},
+          {.name = "Label1",     .index = 31, .kind = Kind::Label, .label = "0.00",    .at = {.group = "keys", .col = 14}, .align = Right, .money = true, .style = Style::Primary},
           {.name = "DataGrid1",               .kind = Kind::Grid,  .at = {.group = "lines"}, .columns = lineColumns},
           {.name = "DataGrid2",               .kind = Kind::Grid,  .visible = false, .columns = rateColumns, .over = "DataGrid1", .overOwn = 4, .overIts = 5, .overWidth = 632},
 
@@ -99,7 +99,7 @@ const ScreenSpec& GSTSAPU::table() {
           {.name = "Text1",      .index = 1,  .label = "CGST",        .at = {.group = "E", .row = 1, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},
           {.name = "Text1",      .index = 3,  .label = "SGST",        .at = {.group = "E", .row = 2, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},
           {.name = "Text1",      .index = 20, .label = "IGST",        .at = {.group = "E", .row = 3, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},
-          {.name = "Text1",      .index = 26, .label = "Tot Qty",     .at = {.group = "E", .row = 0, .col = 3}, .limit = 20, .enabled = false, .align = Right},
+          {.name = "Text1",      .index = 26, .label = "Tot Qty",     .at = {.group = "E", .row = 0, .col = 3}, .limit = 20, .enabled = false, .align = Right, .style = Style::Primary},
           {.name = "Text1",      .index = 38, .label = "Round",       .at = {.group = "E", .row = 1, .col = 3}, .limit = 20, .enabled = false, .align = Right, .money = true},
           {.name = "Text1",      .index = 28, .label = "Bill Amount", .at = {.group = "E", .row = 2, .col = 2, .span = 2, .rows = 2}, .limit = 20, .enabled = false, .align = Right, .money = true, .style = Style::Amount},
           {.name = "Text1",      .index = 2,                                                                    .limit = 20, .enabled = false, .visible = false},

@@ -8,6 +8,7 @@
 
 namespace {
 
+constexpr const char* kRestHint = "Press Add Button For New Entry";
 constexpr const char* kConfirm = "Mirav Confirmation Message";
 constexpr Bgr kPrintColour = 0xFFD0D0, kNewEntryColour = 0xFFF0F0;
 
@@ -51,7 +52,6 @@ void VoucherScreen::opened(const Entry& entry) {
   putDate(0, host.today());
   showButtons(true);
   focus(at("cmdadd"));
-  ShowHint(host, "Press Add Button For New Entry");
   drilledDown_ = !entry.value.empty();
   if (!drilledDown_) return;
   modify();
@@ -60,6 +60,7 @@ void VoucherScreen::opened(const Entry& entry) {
 }
 
 void VoucherScreen::activated() {
+  if (atRest_) ShowHint(host, kRestHint);
   if (!awaiting_) return;
   Control& field = *std::exchange(awaiting_, nullptr);
   if (!newCode_->empty() && *newCode_ != codeBefore_) set(field, *newCode_);
