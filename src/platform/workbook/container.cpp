@@ -198,7 +198,8 @@ std::string Container::written(const PartChanges& changes) const {
       if (content) zip_source_free(content);
       damaged();
     }
-    zip_set_file_compression(archive.get(), found->second, ZIP_CM_DEFLATE, 3);
+    // Named as the default method the level counts, named as what the part had it would not.
+    zip_set_file_compression(archive.get(), found->second, ZIP_CM_DEFAULT, 1);
   }
   if (zip_close(archive.get()) != 0) damaged();
   archive.release();
