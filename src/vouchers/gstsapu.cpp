@@ -1,13 +1,10 @@
 #include "vouchers/gstsapu.h"
 
-#include <algorithm>
-
 #include "base/number.h"
 #include "base/pattern.h"
 #include "base/text.h"
 #include "frame/links.h"
 #include "frame/session.h"
-#include "vouchers/accounts.h"
 #include "vouchers/items.h"
 #include "vouchers/numbering.h"
 
@@ -64,7 +61,6 @@ GSTSAPU::GSTSAPU(Host& theHost) : VoucherScreen(theHost, table(), saleBook(), sh
                   {"Text1(9)",      KeyCode::Enter,  &GSTSAPU::rate            },
                   {"Text1(9)",      On::Focus,       &GSTSAPU::rateHints       },
                   {"Text1(9)",      KeyCode::F4,     &GSTSAPU::earlierSalesKey },
-                  {"Text1(9)",      KeyCode::Down,   &GSTSAPU::intoRates       },
                   {"Text1(11)",     KeyCode::Enter,  &GSTSAPU::discount        },
                   {"Text1(12)",     KeyCode::Enter,  &GSTSAPU::taxRate         },
                   {"Text1(10)",     KeyCode::Enter,  &GSTSAPU::taxRate         },
@@ -86,45 +82,11 @@ GSTSAPU::GSTSAPU(Host& theHost) : VoucherScreen(theHost, table(), saleBook(), sh
                   {"CMDSAVE",       On::Click,       &GSTSAPU::save            },
                   {"",              KeyCode::F6,     &GSTSAPU::partyRatesKey   },
                   {"",              KeyCode::F7,     &GSTSAPU::purchaseRatesKey},
-                  {"DataGrid2",     KeyCode::Enter,  &GSTSAPU::leaveRates      },
-                  {"DataGrid2",     KeyCode::Esc,    &GSTSAPU::leaveRates      },
   });
-  wireLookups();
+  wireLookups(lookups());
 }
 
 std::string GSTSAPU::tutorial() const { return links().saleVideo; }
-
-// Lookups
-
-void GSTSAPU::wireLookups() {
-  std::vector<Rule<GSTSAPU>> rules;
-  for (const KeyLookup& by : lookups()) {
-    if (by.key == Key(KeyCode::Enter)) continue;
-    rules.emplace_back(by.field, by.key, &GSTSAPU::helpHere);
-    rules.back().run = [&by](GSTSAPU& self) { return self.openLookup(by); };
-  }
-  wire(*this, rules);
-}
-
-Go GSTSAPU::openLookup(const KeyLookup& by) {
-  if (by.onlyEmpty && !here().text.empty()) return Go::Stay;
-  LookupSpec lookup = by.lookup;
-  for (const KeyLookup::From from : by.binds)
-    lookup.values.emplace_back(from == KeyLookup::From::Book ? book_.code : trimmed(5));
-  return lookUp(host, *this, here(), lookup);
-}
-
-bool GSTSAPU::opensLookup(const Control& empty) const {
-  return std::ranges::any_of(lookups(), [&](const KeyLookup& by) {
-    return by.key == Key(KeyCode::Enter) && by.field == empty.fullName();
-  });
-}
-
-Go GSTSAPU::helpHere() {
-  for (const KeyLookup& by : lookups())
-    if (by.key == Key(KeyCode::Enter) && by.field == here().fullName()) return openLookup(by);
-  return Go::On;
-}
 
 // Header fields
 
@@ -157,17 +119,10 @@ Go GSTSAPU::party() {
 }
 
 bool GSTSAPU::acceptParty() {
-  const auto account = readAccount(data(), trimmed(4));
-  if (!account) {
-    host.message("PARTY NOT FOUND PLEASE CHECK THE PARTY CODE");
-    return false;
-  }
+  const auto account = findAccount(4, "Text2");
+  if (!account) return false;
   session().mlastacc = trimmed(4);
-  set(at("Text2"), account->name);
-  if (account->stateCode)
-    partyState_ = *account->stateCode;
-  else
-    host.message("STATE CODE NOT SPECIFIED IN PARTY");
+  takeState(*account);
   at("Label1", 54).text = partyLines(*account);
   if (mode != "ADD") return true;
   put(41, cut(account->area, text1(41).limit));
@@ -183,11 +138,9 @@ Go GSTSAPU::shipTo() {
 }
 
 bool GSTSAPU::acceptShipTo() {
-  const auto account = readAccount(data(), trimmed(32));
-  set(at("Text3"), account ? account->name : "");
-  if (account) return true;
-  host.message("PARTY NOT FOUND PLEASE CHECK THE PARTY CODE");
+  if (findAccount(32, "Text3")) return true;
   put(32, "");
+  set(at("Text3"), "");
   return false;
 }
 
@@ -558,15 +511,6 @@ void GSTSAPU::clearHead() {
 
 // The rate grid
 
-void GSTSAPU::showRates(const RateList& list) {
-  Control& grid = at("DataGrid2");
-  grid.grid.columns = list.columns;
-  grid.grid.source = list.rows;
-  grid.grid.current = Grid::kNone;
-  grid.visible = !list.rows->rows.empty();
-  ratesFor_ = grid.visible ? focused() : nullptr;
-}
-
 void GSTSAPU::rateHints() { showRates(latestSales(data(), book_, rateQuery())); }
 
 void GSTSAPU::earlierSalesKey() { showRates(earlierSales(data(), book_, rateQuery())); }
@@ -574,21 +518,3 @@ void GSTSAPU::earlierSalesKey() { showRates(earlierSales(data(), book_, rateQuer
 void GSTSAPU::partyRatesKey() { showRates(partyRates(data(), rateQuery())); }
 
 void GSTSAPU::purchaseRatesKey() { showRates(purchaseRates(data(), rateQuery())); }
-
-Go GSTSAPU::intoRates() {
-  if (!at("DataGrid2").visible) return Go::On;
-  focus(at("DataGrid2"));
-  return Go::Stay;
-}
-
-void GSTSAPU::leaveRates() {
-  at("DataGrid2").visible = false;
-  focus(text1(9));
-}
-
-// The grid stays up while its field, or it, has the focus.
-void GSTSAPU::focusMoved(Control& control) {
-  VoucherScreen::focusMoved(control);
-  Control& grid = at("DataGrid2");
-  if (&control != ratesFor_ && &control != &grid) grid.visible = false;
-}

@@ -5,7 +5,6 @@
 
 #include "frame/session.h"
 #include "vouchers/calculation.h"
-#include "vouchers/rate_history.h"
 #include "vouchers/saving.h"
 #include "vouchers/voucher_screen.h"
 
@@ -13,17 +12,6 @@
 class GSTSAPU : public VoucherScreen {
  public:
   explicit GSTSAPU(Host& host);
-  void focusMoved(Control& control) override;
-
-  // One lookup that a key opens in a field; with Enter only while the field is empty.
-  struct KeyLookup {
-    std::string field;
-    Key key;
-    LookupSpec lookup;
-    enum class From { Book, Item };
-    std::vector<From> binds = {};  // values of the lookup's "?" in order
-    bool onlyEmpty = false;
-  };
   static const std::vector<KeyLookup>& lookups();
   static const ScreenSpec& table();
 
@@ -39,13 +27,8 @@ class GSTSAPU : public VoucherScreen {
   Control& itemField() override { return text1(5); }
   Control& afterLines() override { return text1(29); }
   std::string tutorial() const override;
-  bool opensLookup(const Control& empty) const override;
 
  private:
-  void wireLookups();
-  Go openLookup(const KeyLookup& by);
-  Go helpHere();  // the lookup of the empty field
-
   // Enter, by field.
   Go voucherNumber();
   Go voucherDate();
@@ -87,12 +70,7 @@ class GSTSAPU : public VoucherScreen {
   void earlierSalesKey();
   void partyRatesKey();
   void purchaseRatesKey();
-  Go intoRates();
-  void leaveRates();
-  void showRates(const RateList& list);
   RateQuery rateQuery() const { return {trimmed(4), trimmed(5), trimmed(7)}; }
 
-  double partyState_ = 0;  // 0 until a party with a state code has been accepted
   LineValue line_;
-  const Control* ratesFor_ = nullptr;  // the field whose focus keeps the rate grid up
 };

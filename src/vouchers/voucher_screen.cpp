@@ -1,5 +1,7 @@
 #include "vouchers/voucher_screen.h"
 
+#include <algorithm>
+
 #include "base/number.h"
 #include "base/text.h"
 #include "documents/messaging.h"
@@ -40,6 +42,9 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Boo
                   {"Text1(4)",   KeyCode::Insert, &VoucherScreen::newParty   },
                   {"DataGrid1",  On::Row,         &VoucherScreen::rowChosen  },
                   {"DataGrid1",  On::DoubleClick, &VoucherScreen::leaveRows  },
+                  {"Text1(9)",   KeyCode::Down,   &VoucherScreen::intoRates  },
+                  {"DataGrid2",  KeyCode::Enter,  &VoucherScreen::leaveRates },
+                  {"DataGrid2",  KeyCode::Esc,    &VoucherScreen::leaveRates },
   });
 }
 
@@ -239,6 +244,88 @@ void VoucherScreen::rowChosen() {
 
 void VoucherScreen::leaveRows() { focus(itemField()); }
 
+// Accounts
+
+std::optional<AccountFacts> VoucherScreen::findAccount(int codeField, const std::string& nameField,
+                                                       const std::string& title) {
+  const auto account = readAccount(data(), trimmed(codeField));
+  if (account)
+    set(at(nameField), account->name);
+  else
+    host.message("PARTY NOT FOUND PLEASE CHECK THE PARTY CODE", title);
+  return account;
+}
+
+void VoucherScreen::takeState(const AccountFacts& party) {
+  if (party.stateCode)
+    partyState_ = *party.stateCode;
+  else
+    host.message("STATE CODE NOT SPECIFIED IN PARTY");
+}
+
+// Lookups
+
+void VoucherScreen::wireLookups(const std::vector<KeyLookup>& table) {
+  lookups_ = &table;
+  std::vector<Rule<VoucherScreen>> rules;
+  for (const KeyLookup& by : table) {
+    if (by.key == Key(KeyCode::Enter)) continue;  // opened by the field's own Enter
+    rules.emplace_back(by.field, by.key, &VoucherScreen::helpHere);
+    rules.back().run = [&by](VoucherScreen& self) { return self.openLookup(by); };
+  }
+  wire(*this, rules);
+}
+
+Go VoucherScreen::openLookup(const KeyLookup& by) {
+  if (by.onlyEmpty && !here().text.empty()) return Go::Stay;
+  LookupSpec lookup = by.lookup;
+  for (const KeyLookup::From from : by.binds)
+    lookup.values.emplace_back(from == KeyLookup::From::Book ? book_.code : trim(itemField().text));
+  return lookUp(host, *this, here(), lookup);
+}
+
+const VoucherScreen::KeyLookup* VoucherScreen::enterLookup(const Control& field) const {
+  if (!lookups_) return nullptr;
+  const auto found = std::ranges::find_if(*lookups_, [&](const KeyLookup& by) {
+    return by.key == Key(KeyCode::Enter) && by.field == field.fullName();
+  });
+  return found == lookups_->end() ? nullptr : &*found;
+}
+
+Go VoucherScreen::helpHere() {
+  const KeyLookup* const by = enterLookup(here());
+  return by ? openLookup(*by) : Go::On;
+}
+
+// The rate grid
+
+void VoucherScreen::showRates(const RateList& list) {
+  Control& grid = at("DataGrid2");
+  grid.grid.columns = list.columns;
+  grid.grid.source = list.rows;
+  grid.grid.current = Grid::kNone;
+  grid.visible = !list.rows->rows.empty();
+  ratesFor_ = grid.visible ? focused() : nullptr;
+}
+
+Go VoucherScreen::intoRates() {
+  if (!at("DataGrid2").visible) return Go::On;
+  focus(at("DataGrid2"));
+  return Go::Stay;
+}
+
+void VoucherScreen::leaveRates() {
+  at("DataGrid2").visible = false;
+  focus(text1(9));
+}
+
+// The rates stay up while their field, or they, have the focus.
+void VoucherScreen::focusMoved(Control& control) {
+  ChildScreen::focusMoved(control);
+  Control& grid = at("DataGrid2");
+  if (&control != ratesFor_ && &control != &grid) grid.visible = false;
+}
+
 // Saving
 
 Go VoucherScreen::toSave() {
@@ -302,6 +389,6 @@ void VoucherScreen::putDate(int n, std::optional<Date> date) {
 std::string VoucherScreen::hintFor(const Control& control) const {
   if (!control.editable()) return ChildScreen::hintFor(control);
   const bool empty = trim(control.text).empty();
-  const std::string enter = empty && opensLookup(control) ? "Press Enter For Help" : "Press Enter To Proceed";
+  const std::string enter = empty && enterLookup(control) ? "Press Enter For Help" : "Press Enter To Proceed";
   return control.hint.empty() ? enter : enter + " :: " + control.hint;
 }

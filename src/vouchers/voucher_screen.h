@@ -8,19 +8,33 @@
 
 #include "frame/child_screen.h"
 #include "masters/lookup.h"
+#include "vouchers/accounts.h"
 #include "vouchers/book.h"
+#include "vouchers/rate_history.h"
 #include "vouchers/work_lines.h"
 
 // What all voucher screens share: the modes with their captions and button row, the lines in
 // the work table and the walk through them, the date keys, the masters behind Insert, and the
 // message window after a save. It knows its book; arithmetic and columns are the screen's own.
 //
-// It relies on these controls: Text1(0) number, Text1(4) party, MaskEdBox1, DataGrid1 lines, and
-// the buttons cmdadd, cmdEDIT, CMDDELETE, cmdprint, cmdclose, CMDSAVE, CMDCANCEL, Cmdvideo.
+// It relies on these controls: Text1(0) number, Text1(4) party, Text1(9) rate, MaskEdBox1, Label1(0)
+// serial of the line, DataGrid1 lines, DataGrid2 rates over them, and the buttons cmdadd, cmdEDIT,
+// CMDDELETE, cmdprint, cmdclose, CMDSAVE, CMDCANCEL, Cmdvideo.
 class VoucherScreen : public ChildScreen {
  public:
   void opened(const Entry& entry) override;
   void activated() override;
+  void focusMoved(Control& control) override;
+
+  // One lookup that a key opens in a field; with Enter only while the field is empty.
+  struct KeyLookup {
+    std::string field;
+    Key key;
+    LookupSpec lookup;
+    enum class From { Book, Item };
+    std::vector<From> binds = {};  // values of the lookup's "?" in order
+    bool onlyEmpty = false;
+  };
 
  protected:
   VoucherScreen(Host& host, const ScreenSpec& spec, const Book& book, std::vector<WorkLines::Shown> shown);
@@ -37,7 +51,6 @@ class VoucherScreen : public ChildScreen {
   virtual Control& itemField() = 0;
   virtual Control& afterLines() = 0;  // where line entry ends to
   virtual std::string tutorial() const = 0;
-  virtual bool opensLookup(const Control& empty) const = 0;  // Enter in this empty field
 
   // Handlers.
   void add();
@@ -57,6 +70,20 @@ class VoucherScreen : public ChildScreen {
   void deleteLine();
   void rowChosen();
   void leaveRows();
+  Go helpHere();  // the lookup of the empty field; moves on where there is none
+  Go intoRates();
+  void leaveRates();
+
+  // The account whose code stands in the field, its name shown; says so when there is none.
+  std::optional<AccountFacts> findAccount(int codeField, const std::string& nameField,
+                                          const std::string& title = Host::kTitle);
+  // Keeps the party's state code for the tax split; without one the state stays as it was.
+  void takeState(const AccountFacts& party);
+
+  // Binds the keys of the table, which must outlive the screen.
+  void wireLookups(const std::vector<KeyLookup>& table);
+  // Shows earlier rates over the lines, as long as the field has the focus; nothing when empty.
+  void showRates(const RateList& list);
 
   void storeLine();
   void showCurrentLine();
@@ -84,12 +111,17 @@ class VoucherScreen : public ChildScreen {
 
   const Book& book_;
   std::shared_ptr<WorkLines> lines_;
+  double partyState_ = 0;  // 0 until a party with a state code has been taken
 
  private:
+  Go openLookup(const KeyLookup& by);
+  const KeyLookup* enterLookup(const Control& field) const;
   void setMode(const std::string& next, const std::string& suffix);
   void showButtons(bool atRest);
   void awaitMaster(Control& field, const std::string& master, std::string& last);
 
+  const std::vector<KeyLookup>* lookups_ = nullptr;
+  const Control* ratesFor_ = nullptr;  // the field whose focus keeps the rate grid up
   bool drilledDown_ = false;
   bool atRest_ = true;
   // A master was opened for this field; its new code stands in the session member when it differs.
