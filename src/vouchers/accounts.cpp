@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "masters/accounts.h"
 
 namespace {
 
@@ -13,7 +14,7 @@ std::optional<double> filled(const Row& row, const char* column) {
 }  // namespace
 
 std::optional<AccountFacts> readAccount(Database& db, const std::string& code) {
-  const auto row = db.first("SELECT * FROM ACCOUNT WHERE ACC_CD = ?", code);
+  const auto row = findAccount(db, code);
   if (!row) return std::nullopt;
   return AccountFacts{.name = row->text("ACC_NAME"),
                       .stateCode = filled(*row, "STATECD"),

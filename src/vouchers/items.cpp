@@ -1,26 +1,12 @@
 #include "vouchers/items.h"
 
 #include "base/text.h"
+#include "masters/small_masters.h"
 #include "store/row_writer.h"
 
 namespace {
 
 constexpr int kTransporterLength = 50;
-
-void writeTransporter(Database& db, double id, const std::string& name) {
-  insertRow(db, "TRANSMAST",
-            {
-                {"TRANS_ID",     id  },
-                {"TRANSNAME",    name},
-                {"TADD1",        "." },
-                {"TADD2",        "." },
-                {"TAREA",        "." },
-                {"TCITY",        "." },
-                {"TPHONE1",      "." },
-                {"TPHONE2",      "." },
-                {"TRANS_GOV_ID", "." },
-  });
-}
 
 }  // namespace
 
@@ -55,9 +41,15 @@ std::optional<double> findTransporter(Database& db, const std::string& name) {
 
 double addTransporter(Database& db, const std::string& name) {
   Transaction all(db);
-  if (!db.first("SELECT TRANS_ID FROM TRANSMAST LIMIT 1")) writeTransporter(db, 1, "LOCAL");
+  ensureLocalTransport(db);
   const double id = db.number("SELECT MAX(TRANS_ID) FROM TRANSMAST") + 1;
-  writeTransporter(db, id, cut(name, kTransporterLength));
+  Fields row = {
+      {"TRANS_ID", id                 },
+      { "TRANSNAME",  cut(name, kTransporterLength)},
+  };
+  for (const char* column : {"TADD1", "TADD2", "TAREA", "TCITY", "TPHONE1", "TPHONE2", "TRANS_GOV_ID"})
+    row.push_back({column, "."});
+  insertRow(db, "TRANSMAST", row);
   all.commit();
   return id;
 }
