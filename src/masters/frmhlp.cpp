@@ -124,7 +124,7 @@ FRMHLP::FRMHLP(Host& theHost) : Screen(theHost, table) {
   });
 }
 
-void FRMHLP::opened(const Entry&) {
+void FRMHLP::opened(const Entry& entry) {
   Session& s = session();
   if (s.mhlpmode == "SHOWVIDEO") {
     s.mactiveforms += 1;
@@ -132,7 +132,8 @@ void FRMHLP::opened(const Entry&) {
   }
   at("grdDataGrid").back = s.mreportkey == "GRAPHS" ? kGraphColour : kListColour;
   show(rows);
-  focus(at("Text1"));
+  at("Text1").visible = entry.value != "second";
+  focus(searchField());
   host.hint("Type To Find and Enter To Proceed");
 }
 
@@ -183,10 +184,16 @@ void FRMHLP::toSecond() {
   if (at("Text2").visible) focus(at("Text2"));
 }
 
-void FRMHLP::toFirst() { focus(at("Text1")); }
+void FRMHLP::toFirst() {
+  if (at("Text1").visible) focus(at("Text1"));
+}
 
 // The list has no cursor keys of its own: a click into it leaves the focus where typing searches.
-void FRMHLP::backToSearch() { focus(at(at("Text2").text.empty() ? "Text1" : "Text2")); }
+void FRMHLP::backToSearch() { focus(searchField()); }
+
+Control& FRMHLP::searchField() {
+  return at(at("Text1").visible && at("Text2").text.empty() ? "Text1" : "Text2");
+}
 
 char32_t FRMHLP::filter(const Control&, char32_t key) {
   const char32_t text = KeyFilter(1, key);
@@ -196,7 +203,7 @@ char32_t FRMHLP::filter(const Control&, char32_t key) {
 void FRMHLP::typed(Control& control, char32_t key) {
   const char32_t ch = filter(control, key);
   if (ch == 0) return;
-  Control& text = at(at("Text2").text.empty() ? "Text1" : "Text2");
+  Control& text = searchField();
   set(text, text.text + utf8::encode(ch));
   search(text.family == "Text1" ? 0 : 1);
 }

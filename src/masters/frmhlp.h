@@ -19,7 +19,8 @@ struct LookupPlan {
 
 // The lookup: a list over the statement that the session's mhlp members describe, with a search
 // field over each of its first two columns. Its result is the text of the first column of the
-// row under the cursor, nothing after Escape.
+// row under the cursor, nothing after Escape. Opened with the value "second" it has no search
+// field over the first column.
 class FRMHLP : private LookupPlan, public Screen {
  public:
   explicit FRMHLP(Host& host);
@@ -43,6 +44,7 @@ class FRMHLP : private LookupPlan, public Screen {
   void toSecond();
   void toFirst();
   void backToSearch();
+  Control& searchField();
   Go choose();
   void escape();
 

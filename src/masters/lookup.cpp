@@ -22,7 +22,7 @@ std::string lookUpValue(Host& host, const LookupSpec& spec) {
   s.mhlpclosed = false;
 
   const std::string hint = host.hint();
-  const auto chosen = host.openModal("FRMHLP");
+  const auto chosen = host.openModal("FRMHLP", {.caller = "", .value = spec.secondOnly ? "second" : ""});
   host.hint(hint);
   return chosen.value_or("");
 }

@@ -15,6 +15,7 @@ struct LookupSpec {
   std::string more = {};           // mhlpflds
   std::vector<int> widths = {};    // twips; a column without one takes what its content asks for
   std::vector<Value> values = {};  // bound to the table text in order
+  bool secondOnly = false;         // the first column's search field is hidden
   // The voucher in hand, which the bill-wise modes do not offer to itself.
   double voucher = 0;
   std::string book = {};
