@@ -47,7 +47,7 @@ void hsnSummary(Sheet& sheet, int row, int rows, const HsnColumns& columns, cons
   const Style head{
       .size = 7, .bold = true, .colour = kQuiet, .across = Across::Centre, .edges = around(Edge::Thin)};
   const auto edges = [&](int i) {
-    return Edges{Edge::Thin, i == 0 ? Edge::None : Edge::Hair, Edge::Thin, Edge::None};
+    return Edges{Edge::Thin, i == 0 ? Edge::None : Edge::Faint, Edge::Thin, Edge::None};
   };
 
   sheet.text(at(row, columns.code), head, "HSN/SAC");
@@ -87,17 +87,19 @@ void totalsBox(Sheet& sheet, int row, Columns label, Columns value, const Bill& 
       {"Round off",     bill.roundOff},
   };
   Style name{
-      .size = 8, .colour = kQuiet, .indent = 1, .edges = {Edge::Thin, Edge::None, Edge::None, Edge::Hair}
+      .size = 8, .colour = kQuiet, .indent = 1, .edges = {Edge::Thin, Edge::None, Edge::None, Edge::Faint}
   };
   Style figure{
       .size = 8.5,
       .across = Across::Right,
       .shrink = true,
       .number = kMoney,
-      .edges = {Edge::None, Edge::None, Edge::Thin, Edge::Hair}
+      .edges = {Edge::None, Edge::None, Edge::Thin, Edge::Faint}
   };
   for (const auto& [title, reference] : lines) {
     sheet.text(at(row, label), name, title);
+    // A format with conditions loses the sign of a negative number in some programs.
+    figure.number = reference == bill.roundOff ? "0.00" : kMoney;
     sheet.formula(at(row, value), figure, amount(reference));
     ++row;
   }
@@ -125,7 +127,7 @@ void totalsBox(Sheet& sheet, int row, Columns label, Columns value, const Bill& 
 
 void wordsRow(Sheet& sheet, int row, Columns columns, const std::string& label, const std::string& words) {
   Style style{.size = 8.5, .bold = true, .shrink = true, .indent = 1, .edges = sides(Edge::Thin)};
-  style.edges.bottom = Edge::Hair;
+  style.edges.bottom = Edge::Faint;
   sheet.formula(at(row, columns), style, quoted(label + " : ") + "&" + words);
 }
 

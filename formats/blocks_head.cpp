@@ -5,7 +5,7 @@ namespace formats {
 
 namespace {
 
-const Style kLabel{.size = 7.5, .colour = kQuiet};
+const Style kLabel{.size = 7, .colour = kQuiet};
 const Style kValue{.size = 8.5, .shrink = true};
 
 }  // namespace
@@ -45,9 +45,9 @@ void partyBlock(Sheet& sheet, int row, Columns columns, const std::string& headi
   sheet.text(at(row, columns), head, heading);
   const std::vector<std::string> lines = {
       party.name,
-      party.address1,
-      party.address2,
-      party.place,
+      party.line1,
+      party.line2,
+      party.line3,
       labelled("State : ", party.state),
       "\"GSTIN : \"&IF(" + party.gstin + "=\"\",\"Unregistered\"," + party.gstin + ")",
       labelled("Contact : ", party.contact),
@@ -66,7 +66,7 @@ void factsBlock(Sheet& sheet, int row, const FactColumns& columns,
                 const std::vector<std::vector<Fact>>& rows) {
   for (size_t i = 0; i < rows.size(); ++i) {
     const int r = row + static_cast<int>(i);
-    const Edge top = i == 0 ? Edge::Thin : Edge::Hair;
+    const Edge top = i == 0 ? Edge::Thin : Edge::Faint;
     const Edge bottom = i + 1 == rows.size() ? Edge::Thin : Edge::None;
     const auto& facts = rows[i];
     const bool two = facts.size() > 1;

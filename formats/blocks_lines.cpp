@@ -77,7 +77,7 @@ void slots(Sheet& sheet, int row, int count, int firstSlot, const std::vector<Li
   for (int i = 0; i < count; ++i)
     for (const auto& column : columns) {
       Style style = lineStyle(column.kind);
-      style.edges = {Edge::Thin, i == 0 ? Edge::None : Edge::Hair, Edge::Thin, Edge::None};
+      style.edges = {Edge::Thin, i == 0 ? Edge::None : Edge::Faint, Edge::Thin, Edge::None};
       sheet.formula(at(row + i, column.columns), style, lineFormula(column, firstSlot + i));
     }
 }

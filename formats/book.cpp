@@ -14,7 +14,7 @@ constexpr const char* kFont = "Calibri";
 constexpr double kPointsPerInch = 72;
 constexpr double kPointsPerPixel = 0.75;
 constexpr uint32_t kLine = 0x6B7B7D;
-constexpr uint32_t kHairLine = 0xB7C4C5;
+constexpr uint32_t kFaintLine = 0xD3DCDC;
 
 lxw_row_t row(int r) { return static_cast<lxw_row_t>(r - 1); }
 lxw_col_t column(char c) { return static_cast<lxw_col_t>(c - 'A'); }
@@ -43,8 +43,7 @@ uint8_t down(Down d) {
 
 uint8_t border(Edge edge) {
   switch (edge) {
-    case Edge::Hair:
-      return LXW_BORDER_HAIR;
+    case Edge::Faint:
     case Edge::Thin:
       return LXW_BORDER_THIN;
     case Edge::Medium:
@@ -54,7 +53,7 @@ uint8_t border(Edge edge) {
   }
 }
 
-lxw_color_t lineColour(Edge edge) { return edge == Edge::Hair ? kHairLine : kLine; }
+lxw_color_t lineColour(Edge edge) { return edge == Edge::Faint ? kFaintLine : kLine; }
 
 }  // namespace
 

@@ -19,7 +19,7 @@ namespace formats {
 
 enum class Across { Left, Centre, Right };
 enum class Down { Top, Middle, Bottom };
-enum class Edge { None, Hair, Thin, Medium };
+enum class Edge { None, Faint, Thin, Medium };
 
 struct Edges {
   Edge left = Edge::None, top = Edge::None, right = Edge::None, bottom = Edge::None;

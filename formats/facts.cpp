@@ -159,6 +159,11 @@ std::string Bill::slot(int slot, std::string_view field) {
 
 namespace {
 
+// The first text when it stands, else the second.
+std::string either(const std::string& a, const std::string& b) {
+  return "IF(" + a + "=\"\"," + b + "," + a + ")";
+}
+
 // The slots in order: which row of the data sheet each shows, and its description.
 void addSlots(Facts& facts, int slots, const std::string& ordinary, const std::string& lines) {
   auto& sheet = facts.sheet();
@@ -224,11 +229,14 @@ Bill billFacts(Facts& facts, int slots, int slotsOfPage) {
     };
     Party p;
     p.name = of("name", "ACC_NAME");
-    p.address1 = of("address 1", "ADD1");
-    p.address2 = of("address 2", "ADD2");
     const auto area = of("area", "AREA"), city = of("city", "CITY"), pin = of("pin", "PINCODE");
     const auto areaCity = facts.add("area, city", joined(area, ", ", city));
-    p.place = facts.add("place", joined(areaCity, " - ", pin));
+    const auto place = facts.add("place", joined(areaCity, " - ", pin));
+    const auto first = of("address 1", "ADD1"), second = of("address 2", "ADD2");
+    p.line1 = facts.add("line 1", either(first, either(second, place)));
+    p.line2 = facts.add("line 2", "IF(" + first + "=\"\",IF(" + second + "=\"\",\"\"," + place + ")," +
+                                      either(second, place) + ")");
+    p.line3 = facts.add("line 3", "IF(OR(" + first + "=\"\"," + second + "=\"\"),\"\"," + place + ")");
     p.state =
         facts.state("state", facts.add("state code", "IFERROR(VALUE(" + of("code", "STATECD") + "),0)"));
     p.gstin = of("GSTIN", "GSTINNO");

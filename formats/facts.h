@@ -39,7 +39,7 @@ struct Company {
 Company companyFacts(Facts& facts);
 
 struct Party {
-  std::string name, address1, address2, place, state, gstin, contact;
+  std::string name, line1, line2, line3, state, gstin, contact;  // lines of the address, without gaps
 };
 
 // A bill: references to its facts, and the lines that its slots show: the ordinary lines

@@ -66,6 +66,7 @@ const LookupSpec kBills{
         "ACCOUNT.area, ACCOUNT.city, BILL_NO, format(vouch_dt, 'dd/MM/yyyy') AS VDT, ACC1.ACC_NAME, "
         "bl_type, NARRATION, NET_AMT ",
     .widths = {700, 2400, 1200, 1200, 1000, 1000, 1000, 500, 1400, 900},
+    .secondOnly = true,
 };
 
 const LookupSpec kChallans{
@@ -77,6 +78,7 @@ const LookupSpec kChallans{
     .second = "ACCOUNT.ACC_NAME",
     .more = "ACCOUNT.area, ACCOUNT.city, CHLN_NO, format(vouch_dt, 'dd/MM/yyyy') AS VDT, CHLN_TYP, NET_AMT ",
     .widths = {700, 2400, 1200, 1200, 1000, 1000, 1200, 0, 0, 0},
+    .secondOnly = true,
 };
 
 const LookupSpec kQuotations{
@@ -88,6 +90,7 @@ const LookupSpec kQuotations{
     .second = "ACCOUNT.ACC_NAME",
     .more = "ACCOUNT.area, ACCOUNT.city, format(vouch_dt, 'dd/MM/yyyy') AS VDT, NET_AMT ",
     .widths = {700, 2400, 1200, 1200, 1000, 1000, 0, 0},
+    .secondOnly = true,
 };
 
 const LookupSpec kAccounts{
@@ -97,6 +100,7 @@ const LookupSpec kAccounts{
     .second = "ACC_NAME",
     .more = "area, city ",
     .widths = {1000, 2800, 1200, 1200},
+    .secondOnly = true,
 };
 
 // clang-format off
@@ -195,7 +199,8 @@ Go dlg1::billLookup() {
           .second = "BILL_NO",
           .more = "ACCOUNT.ACC_NAME, ACCOUNT.area, ACCOUNT.city, format(vouch_dt, 'dd/MM/yyyy') AS VDT, "
                   "ACC1.ACC_NAME",
-          .widths = {1000, 1000, 2500, 1400, 1400, 1200, 2000, 1500, 0, 0}
+          .widths = {1000, 1000, 2500, 1400, 1400, 1200, 2000, 1500, 0, 0},
+          .secondOnly = true,
   });
 }
 

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "platform/screen.h"
+
+// dlg1 and mymsgfrm.
+void addDocumentScreens(Screens& screens);

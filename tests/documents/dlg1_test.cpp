@@ -1,0 +1,212 @@
+#include "documents/dlg1.h"
+
+#include "documents/screens.h"
+#include "invoice_fixture.h"
+#include "masters/screens.h"
+
+namespace {
+
+// Stands for a screen that opens the dialog and hides behind it.
+template <int N>
+class Behind : public Screen {
+ public:
+  explicit Behind(Host& theHost) : Screen(theHost, table()) {}
+  static const ScreenSpec& table() {
+    static const char* const kNames[] = {"GSTSAPU", "FRMCHLN", "FRMQUOT"};
+    static const ScreenSpec spec{.name = kNames[N], .caption = "BEHIND", .layout = {}, .controls = {}};
+    return spec;
+  }
+};
+
+Screens known() {
+  Screens screens;
+  addDocumentScreens(screens);
+  addMasterScreens(screens);
+  screens.add<Behind<0>>("GSTSAPU");
+  screens.add<Behind<1>>("FRMCHLN");
+  screens.add<Behind<2>>("FRMQUOT");
+  return screens;
+}
+
+class PrintDialog : public InvoiceTest {
+ protected:
+  void show(const std::string& key, const std::string& number = "") {
+    session().mreportkey = key;
+    host.open("dlg1", {.caller = "", .value = number});
+  }
+
+  Screens screens = known();
+  PaperHost host{screens};
+};
+
+TEST_F(PrintDialog, IsWhatItsKeySays) {
+  struct Case {
+    const char *key, *caption, *sheet;
+  };
+  constexpr Case kCases[] = {
+      {"GST INVOICE",   "GST SALES INVOICE PRINT", "BILL"    },
+      {"Delivery Slip", "Delivery Slip Print",     "D_C"     },
+      {"Tax Invoice",   "Tax Invoice Print",       "BILL"    },
+      {"CHLNPRN",       "CHALLAN PRINT",           "CHLNSA"  },
+      {"QUOTPRN",       "QUOTATION PRINT",         "QUOT"    },
+      {"adcard",        "ADDRESS CARD PRINT",      "MAILLABL"},
+      {"RCPTADVS",      "Invoice Print",           "before"  },
+  };
+  for (const auto& [key, caption, sheet] : kCases) {
+    session().mprnsheet = "before";
+    session().mprncopies = 4;
+    show(key);
+    EXPECT_EQ(host.screen().caption, caption);
+    EXPECT_EQ(session().mprnsheet, sheet) << key;
+    EXPECT_EQ(session().mprncopies, 1) << key;
+    EXPECT_EQ(host.focus(), "Text4") << key;
+    EXPECT_EQ(host.hint(), "Press Enter For Help") << key;
+    host.escape();
+    EXPECT_NE(host.onTop(), "dlg1") << key;
+  }
+}
+
+TEST_F(PrintDialog, MakesThePdfOfTheNumberItWasOpenedWith) {
+  longBill(3, 2);
+  show("GST INVOICE", "3");
+  EXPECT_EQ(host.focus(), "cmdpdf");
+  EXPECT_EQ(host.hint(), "Press Enter To Proceed");
+  host.enter();
+  EXPECT_EQ(host.viewed, std::vector<std::string>{pdf("3").string()});
+  EXPECT_EQ(session().mprnmode, "PDF");
+  EXPECT_EQ(host.focus(), "Text4");
+  EXPECT_TRUE(host.at("cmdpdf").enabled);
+  EXPECT_TRUE(host.at("cmdprn").enabled);
+}
+
+TEST_F(PrintDialog, TakesATypedNumberAndComesBackAfterAFailure) {
+  longBill(3, 2);
+  show("GST INVOICE");
+  host.press("cmdpdf");
+  EXPECT_EQ(host.lastMessage(), "Wrong Selection");
+  host.fillEnter("Text4", "44");
+  EXPECT_EQ(host.focus(), "cmdpdf");
+  host.enter();
+  EXPECT_EQ(host.messages.size(), 2u);
+  EXPECT_EQ(host.onTop(), "dlg1");
+  EXPECT_TRUE(host.at("cmdpdf").enabled);
+  host.fillEnter("Text4", "3");
+  EXPECT_EQ(session().mprnmode, "");
+  host.key(Key::Alt('P'));
+  EXPECT_EQ(host.lastMessage(), "There is no printer.");
+  EXPECT_EQ(session().mprnmode, "PRN");
+}
+
+TEST_F(PrintDialog, LooksUpBillsByEnterAndByNumber) {
+  longBill(3, 2);
+  longBill(4, 2);
+  data().exec("UPDATE SALE SET GSTPOST = 0 WHERE VOUCH_NO = 4");
+  show("GST INVOICE");
+
+  // Ahead of a lookup by Enter, F1 has no table.
+  session().mhlptable = "ACCOUNT ORDER BY ACC_NAME";
+  host.insideModal.push_back([&] {
+    EXPECT_EQ(host.at("grdDataGrid").grid.count(), 0u);
+    host.escape();
+  });
+  host.key(KeyCode::F1);
+  EXPECT_EQ(host.text("Text4"), "");
+
+  host.insideModal.push_back([&] {
+    ASSERT_EQ(host.at("grdDataGrid").grid.count(), 1u);  // only posted bills
+    EXPECT_EQ(host.cell("grdDataGrid", 0, 1), "RAJESH & SONS");
+    EXPECT_EQ(host.cell("grdDataGrid", 0, 5), "15/06/2026");
+    host.enter();
+  });
+  host.enter();
+  EXPECT_EQ(host.text("Text4"), "3");
+  EXPECT_EQ(host.focus(), "cmdpdf");
+
+  host.fill("Text4", "");
+  host.insideModal.push_back([&] {
+    ASSERT_EQ(host.at("grdDataGrid").grid.count(), 1u);
+    EXPECT_EQ(host.cell("grdDataGrid", 0, 1), "003");
+    host.type("003");  // searches the bill number
+    EXPECT_EQ(host.text("Text2"), "003");
+    host.enter();
+  });
+  host.key(KeyCode::F1);
+  EXPECT_EQ(host.text("Text4"), "3");
+}
+
+TEST_F(PrintDialog, LooksUpTheOtherDocuments) {
+  data().exec(
+      "INSERT INTO CHLN (VOUCH_NO, VOUCH_DT, BOOK_CD, PARTY_CD, CHLN_NO, NET_AMT)"
+      " VALUES (8, '2026-06-15', 'CH', 'A00002', '8', 10)");
+  data().exec(
+      "INSERT INTO QUOT (VOUCH_NO, VOUCH_DT, PARTY_CD, NET_AMT, ENTRY_TYP)"
+      " VALUES (9, '2026-06-15', 'A00001', 10, 'QUOTATION'), (10, '2026-06-15', 'A00001', 10, 'OTHER')");
+  struct Case {
+    const char *key, *number, *name;
+  };
+  constexpr Case kCases[] = {
+      {"CHLNPRN", "8", "MEHTA BROTHERS"},
+      {"QUOTPRN", "9", "RAJESH & SONS" },
+  };
+  for (const auto& [key, number, name] : kCases) {
+    show(key);
+    host.insideModal.push_back([&] {
+      ASSERT_EQ(host.at("grdDataGrid").grid.count(), 1u) << key;
+      EXPECT_EQ(host.cell("grdDataGrid", 0, 1), name);
+      host.enter();
+    });
+    host.enter();
+    EXPECT_EQ(host.text("Text4"), number);
+    host.escape();
+  }
+  show("adcard");
+  host.insideModal.push_back([&] {
+    host.type("MEHTA");
+    host.enter();
+  });
+  host.enter();
+  EXPECT_EQ(host.text("Text4"), "A00002");
+  host.escape();
+  show("RCPTADVS");
+  host.enter();  // no lookup for it
+  EXPECT_EQ(host.onTop(), "dlg1");
+}
+
+TEST_F(PrintDialog, BringsBackTheScreenItCameFrom) {
+  struct Case {
+    const char *key, *screen, *caption, *entryType;
+  };
+  constexpr Case kCases[] = {
+      {"GST INVOICE", "GSTSAPU", "BEHIND",                 "SALE"     },
+      {"CHLNPRN",     "FRMCHLN", "DELIVERY CHALLAN ENTRY", "CH"       },
+      {"QUOTPRN",     "FRMQUOT", "QUOTATION ENTRY",        "QUOTATION"},
+  };
+  for (const auto& [key, screen, caption, entryType] : kCases) {
+    host.open(screen);
+    Screen* const behind = host.find(screen);
+    behind->visible = false;
+    session().mentrytype = "SALE";
+    session().mprnmode = "PDF";
+    show(key);
+    host.press("CancelButton");
+    EXPECT_EQ(host.top(), behind) << key;
+    EXPECT_EQ(behind->caption, caption);
+    EXPECT_EQ(session().mentrytype, entryType);
+    EXPECT_EQ(session().mprnmode, "");
+    EXPECT_EQ(session().mreportkey, "");
+  }
+}
+
+TEST_F(PrintDialog, DoesNothingForAKeyWithoutADocument) {
+  for (const char* key : {"RCPTADVS", "Tax Invoice"}) {
+    show(key, "1");
+    host.press("cmdpdf");
+    host.press("cmdprn");
+    EXPECT_TRUE(host.messages.empty()) << key;
+    EXPECT_TRUE(host.viewed.empty()) << key;
+    EXPECT_EQ(host.onTop(), "dlg1") << key;
+    host.escape();
+  }
+}
+
+}  // namespace

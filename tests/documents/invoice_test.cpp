@@ -1,0 +1,267 @@
+#include "documents/invoice.h"
+
+#include "documents/line_settings.h"
+#include "invoice_fixture.h"
+#include "platform/workbook/workbook.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class Invoice : public InvoiceTest {
+ protected:
+  void render(double number, const std::string& mode = "PDF") {
+    session().mprnmode = mode;
+    RenderGstInvoice(host, number, "SALE");
+  }
+  static size_t count(const std::string& text, const std::string& what) {
+    size_t n = 0;
+    for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + what.size())) ++n;
+    return n;
+  }
+  // With one blank for each run of them.
+  static std::string squeezed(const std::string& text) {
+    std::string out;
+    for (const char ch : text)
+      if (ch != ' ' || out.empty() || out.back() != ' ') out += ch;
+    return out;
+  }
+  static bool has(const std::string& text, const std::string& what) { return count(text, what) > 0; }
+
+  Screens screens;
+  PaperHost host{screens, folder / "printed.pdf"};
+};
+
+TEST_F(Invoice, MakesAPdfAndShowsIt) {
+  bill(1, {
+              {"I0000001", 2, 799,   0,   1598,    2.5, 0, 39.95,  0,         "BLUE 42"},
+              {"I0000002", 5, 450.5, 2.5, 2196.19, 9,   0, 197.66, 0        },
+              {"MISC",         0, 0,     0,  50,       0,   0, 0,      0, "FREIGHT"         },
+  });
+  render(1);
+  ASSERT_EQ(host.lastMessage(), "");
+  EXPECT_EQ(host.viewed, std::vector<std::string>{pdf("1").string()});
+  EXPECT_EQ(session().mpdfpath, pdf("1").string());
+  EXPECT_TRUE(host.wasBusy);
+  EXPECT_FALSE(host.isBusy);
+  EXPECT_EQ(pdfPages(pdf("1")), 1);
+  EXPECT_EQ(output("qpdf --check '" + pdf("1").string() + "' > /dev/null 2>&1; echo $?"), "0\n");
+
+  const std::string text = pdfText(pdf("1"));
+  for (const char* shown : {"TAX INVOICE",
+                            "Page 1 of 1",
+                            "SHREE GANESH TRADERS",
+                            "24ABCDE1234F1Z5",
+                            "ABCDE1234F",
+                            "RAJESH & SONS",
+                            "24AAACR5055K1Z7",
+                            "Gujarat (24)",
+                            "001",
+                            "15/06/2026",
+                            "PO/7",
+                            "VRL LOGISTICS",
+                            "LR-4471",
+                            "16/06/2026",
+                            "15/07/2026",
+                            "COTTON SHIRT, BLUE 42",
+                            "62052000",
+                            "799.00",
+                            "2,196.19",
+                            "2,591.51",
+                            "FREIGHT",
+                            "3,844.19",
+                            "4,319.41",
+                            "-0.41",
+                            "₹ 4,319.00",
+                            "FOUR THOUSAND THREE HUNDRED NINTEEN ONLY",
+                            "FOUR HUNDRED SEVENTY FIVE AND TWENTY TWO PAISE ONLY",
+                            "STATE BANK OF INDIA",
+                            "30012345678",
+                            "E. & O.E.",
+                            "Authorised Signatory",
+                            "AHMEDABAD"})
+    EXPECT_TRUE(has(text, shown)) << shown << "\n" << text;
+  EXPECT_FALSE(has(text, "MISC"));
+  EXPECT_FALSE(has(text, "#"));
+}
+
+TEST_F(Invoice, BeginsEachPageWithItsHead) {
+  struct Case {
+    int lines, pages;
+  };
+  constexpr Case kCases[] = {
+      {24, 1},
+      {25, 2},
+      {49, 3},
+      {75, 3},
+  };
+  for (const auto& [lines, pages] : kCases) {
+    longBill(lines, lines);
+    render(lines);
+    const auto file = pdf(std::to_string(lines));
+    ASSERT_EQ(pdfPages(file), pages) << lines;
+    for (int page = 1; page <= pages; ++page) {
+      const std::string text = pdfText(file, page);
+      const auto own = "Page " + std::to_string(page) + " of " + std::to_string(pages);
+      EXPECT_LT(text.find(own), text.find("SHREE GANESH")) << lines << " lines\n" << text;
+      EXPECT_EQ(count(text, "TAX INVOICE"), 1u) << lines;
+      EXPECT_EQ(has(text, "Bill Amount"), page == pages) << lines << ", page " << page;
+      EXPECT_EQ(has(text, "Carried forward"), page < pages) << lines << ", page " << page;
+    }
+    const auto printed = std::min(lines, 72);
+    EXPECT_EQ(count(pdfText(file), "STEEL BOTTLE"), static_cast<size_t>(printed)) << lines;
+  }
+  EXPECT_TRUE(has(pdfText(pdf("49"), 2), "5,664.00"));  // 48 lines of 118 so far
+  EXPECT_TRUE(has(pdfText(pdf("75"), 3), "3 more lines not shown"));
+}
+
+TEST_F(Invoice, PrintsOtherStatesWithIgstAndTheConsignee) {
+  bill(5,
+       {
+           {"I0000002", 1, 100, 0, 100, 0, 18, 0, 18}
+  },
+       "A00002", "A00001");
+  render(5);
+  const std::string text = pdfText(pdf("5"));
+  EXPECT_TRUE(has(text, "Maharashtra (27)"));
+  EXPECT_TRUE(has(text, "Gujarat (24)"));
+  EXPECT_TRUE(has(text, "MEHTA BROTHERS"));
+  EXPECT_TRUE(has(text, "RAJESH & SONS"));
+  EXPECT_TRUE(has(squeezed(text), "STEEL BOTTLE 73239390 1 PCS 100.00 100.00 18 18.00 118.00")) << text;
+}
+
+TEST_F(Invoice, AddsUpHsnCodesThatHaveNoRow) {
+  std::vector<Line> lines;
+  for (int i = 0; i < 7; ++i) {
+    const std::string item = "I000010" + std::to_string(i);
+    data().exec(
+        "INSERT INTO ITEM (ITEM_CD, ITEM_NAME, ITEM_SNAME, DEPT_CD, HSNCODE) VALUES (?, ?, '.', 'E010', ?)",
+        item, "ITEM " + std::to_string(i), "8500" + std::to_string(i));
+    lines.push_back({item, 1, 1000, 0, 1000, 9, 0, 90, 0});
+  }
+  bill(6, lines);
+  render(6);
+  const std::string text = pdfText(pdf("6"));
+  EXPECT_TRUE(has(text, "Others (3)")) << text;
+  EXPECT_TRUE(has(text, "3,000.00"));
+  EXPECT_TRUE(has(text, "540.00"));
+  EXPECT_EQ(count(text, "85003"), 2u);  // its line and its own row
+  EXPECT_EQ(count(text, "85004"), 1u);  // its line alone
+}
+
+TEST_F(Invoice, PrintsOnThePrinterAndLeavesNoFile) {
+  longBill(1, 2);
+  render(1, "PRN");
+  EXPECT_EQ(host.lastMessage(), "");
+  EXPECT_TRUE(has(pdfText(folder / "printed.pdf"), "STEEL BOTTLE"));
+  EXPECT_FALSE(fs::exists(pdf("1")));
+  EXPECT_TRUE(host.viewed.empty());
+}
+
+TEST_F(Invoice, OpensTheFilledWorkbook) {
+  longBill(1, 30);
+  render(1, "");
+  const auto copy = (folder / "FORMATS" / "INVGST.xlsx").string();
+  EXPECT_EQ(host.viewed, std::vector<std::string>{copy});
+  auto book = workbook::Workbook::load(copy);
+  EXPECT_EQ(book.sheet("SHEET3").shown(1, 3), "SHREE GANESH TRADERS");
+  EXPECT_EQ(book.sheet("BILL").shown(17, 16), "118.00");
+  EXPECT_EQ(book.sheet("BILL").shown(69, 1), "25");
+}
+
+TEST_F(Invoice, ReplacesAnOldPdf) {
+  longBill(1, 1);
+  render(1);
+  data().exec("UPDATE SALE SET NARRATION = 'SECOND TIME'");
+  render(1);
+  EXPECT_TRUE(has(pdfText(pdf("1")), "SECOND TIME"));
+}
+
+TEST_F(Invoice, SaysWhatIsMissing) {
+  longBill(1, 1);
+  render(2);
+  EXPECT_EQ(host.lastMessage(), "Wrong Selection");
+  EXPECT_EQ(host.messages.back().title, "Mirav Message");
+
+  session().mbillformat = 5000;
+  render(1);
+  EXPECT_EQ(host.lastMessage(), "Format File Is Missing Or Deleted Pl Contact Vendor");
+
+  session().mbillformat = 1;
+  std::ofstream(folder / "FORMATS" / "INVGST1.xlsx") << "not a workbook";
+  render(1);
+  EXPECT_NE(host.lastMessage(), "Format File Is Missing Or Deleted Pl Contact Vendor");
+  EXPECT_EQ(host.messages.size(), 3u);
+
+  data().exec("DELETE FROM COMP_DET");
+  render(1);
+  EXPECT_EQ(host.lastMessage(), "Company Details Not Filled Pl. Check");
+  EXPECT_FALSE(fs::exists(pdf("1")));
+  EXPECT_FALSE(host.isBusy);
+}
+
+TEST_F(Invoice, ReadsTheRowCountsOfADesign) {
+  LoadLineSettings("GST INVOICE", "BILL", 1);
+  const auto model = loadedPageModel();
+  EXPECT_EQ(model.head, 16);
+  EXPECT_EQ(model.foot, 12);
+  EXPECT_EQ(model.slots, 24);
+  EXPECT_EQ(model.slot, 1);
+  EXPECT_EQ(model.pages, 3);
+  LoadLineSettings("QUOTATION", "QUOT", 1);  // no such row
+  EXPECT_EQ(loadedPageModel().slots, 1);
+  EXPECT_EQ(session().mhdlines, 1);
+  EXPECT_EQ(session().mprncopies, 1);
+}
+
+// Cells of a text file with "|" between them, texts in quotes.
+std::vector<std::vector<std::string>> cellsOf(const fs::path& file) {
+  std::ifstream in(file);
+  std::vector<std::vector<std::string>> rows(1, std::vector<std::string>(1));
+  bool quoted = false;
+  for (char ch; in.get(ch);) {
+    if (ch == '"') {
+      quoted = !quoted;
+    } else if (ch == '|' && !quoted) {
+      rows.back().emplace_back();
+    } else if (ch == '\n' && !quoted) {
+      rows.emplace_back(1);
+    } else {
+      rows.back().back() += ch;
+    }
+  }
+  return rows;
+}
+
+// A spreadsheet program must calculate the filled workbook to the same values.
+TEST_F(Invoice, CalculatesAsASpreadsheetProgramDoes) {
+  if (output("command -v soffice").empty()) GTEST_SKIP() << "no spreadsheet program is installed";
+  bill(1, {
+              {"I0000001", 2, 799,   0,   1598,    2.5, 0, 39.95,  0, "BLUE 42"},
+              {"MISC",     0, 0,     0,   150000,  0,   0, 0,      0, "FREIGHT"},
+              {"I0000002", 5, 450.5, 2.5, 2196.19, 9,   0, 197.66, 0, "."      },
+  });
+  render(1, "");
+  const auto copy = folder / "FORMATS" / "INVGST.xlsx";
+  // It is told to calculate anew what it loads, and to write the cells as they show.
+  fs::create_directories(folder / "profile" / "user");
+  std::ofstream(folder / "profile" / "user" / "registrymodifications.xcu")
+      << R"(<?xml version="1.0"?><oor:items xmlns:oor="http://openoffice.org/2001/registry">)"
+      << R"(<item oor:path="/org.openoffice.Office.Calc/Formula/Load"><prop oor:name="OOXMLRecalcMode" oor:op="fuse">)"
+      << "<value>0</value></prop></item></oor:items>";
+  output("cd '" + folder.path().string() + "' && soffice -env:UserInstallation=file://" +
+         (folder / "profile").string() +
+         " --headless --convert-to 'csv:Text - txt - csv "
+         "(StarCalc):124,34,76,1,,0,false,true,true,false,false,1' '" +
+         copy.string() + "' > /dev/null 2>&1");
+  const auto rows = cellsOf(folder / "INVGST-BILL.csv");
+  ASSERT_GT(rows.size(), 150u);
+  auto book = workbook::Workbook::load(copy.string());
+  for (size_t row = 0; row < rows.size(); ++row)
+    for (size_t column = 0; column < rows[row].size(); ++column)
+      EXPECT_EQ(book.sheet("BILL").shown(static_cast<int>(row) + 1, static_cast<int>(column) + 1),
+                rows[row][column])
+          << "row " << row + 1 << ", column " << column + 1;
+}
+
+}  // namespace
