@@ -68,13 +68,14 @@ void EntryScreen::begin(const std::string& newMode, const std::string& newCaptio
 
 void EntryScreen::add() {
   begin("ADD", pattern_.add);
+  set(field(pattern_.key), nextCode());
   newEntry();
-  focus(field(pattern_.first));
+  focusUnchecked(field(pattern_.first));
 }
 
 void EntryScreen::choose(const std::string& newMode, const std::string& newCaption) {
   begin(newMode, newCaption);
-  focus(field(pattern_.key));
+  focusUnchecked(field(pattern_.key));
 }
 
 void EntryScreen::edit() {
@@ -87,7 +88,7 @@ void EntryScreen::viewKey() {
 
 void EntryScreen::cancel() {
   begin("", pattern_.idle);
-  focus(at("cmdAdd"));
+  focusUnchecked(at("cmdAdd"));
 }
 
 void EntryScreen::clearFields() {
@@ -174,7 +175,12 @@ void EntryScreen::update() {
     if (!missing->label.empty()) reason = trim(missing->label) + " Is Missing";
     return say("Pl. fill Complete data");
   }
-  if (mode == "ADD" && exists(code())) return say(existingCodeWords());
+  if (mode == "ADD" && exists(code())) {
+    say(existingCodeWords());
+    // Another program has taken the code in the meantime.
+    if (!field(pattern_.key).enabled) set(field(pattern_.key), nextCode());
+    return;
+  }
   // The code was changed after its row was shown: that row is read before anything is written.
   if (mode == "EDIT" && (loaded_.empty() || (!sameText(loaded_, code()) && !keyMayChange()))) {
     keyIsChosen();

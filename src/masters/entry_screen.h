@@ -59,7 +59,8 @@ class EntryScreen : public ChildScreen {
  protected:
   // What a screen adds.
   virtual Database& database() const;
-  virtual void newEntry() = 0;                     // ADD: next code and defaults into the emptied fields
+  virtual std::string nextCode() { return {}; }    // ADD: empty where codes are typed
+  virtual void newEntry() {}                       // ADD: defaults into the emptied fields
   virtual bool load(const std::string& code) = 0;  // shows the row; false when there is none
   virtual bool exists(const std::string& code) = 0;
   virtual LookupSpec codeLookup() const = 0;

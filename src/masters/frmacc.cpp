@@ -170,10 +170,11 @@ frmacc::frmacc(Host& theHost) : EntryScreen(theHost, accountTable(), accountPatt
   });
 }
 
+std::string frmacc::nextCode() { return accountCode(NextAccountCode()); }
+
 // The code is made by the system; it is open only where one has to be chosen.
 void frmacc::newEntry() {
   field(kCode).enabled = false;
-  set(field(kCode), accountCode(NextAccountCode()));
   set(field(kGroup), groupCode(data(), kDebtorGroup));
   showGroupName();
 }

@@ -8,6 +8,7 @@ class frmacc : public EntryScreen {
   explicit frmacc(Host& host);
 
  protected:
+  std::string nextCode() override;
   void newEntry() override;
   bool load(const std::string& code) override;
   bool exists(const std::string& code) override;

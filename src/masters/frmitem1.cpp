@@ -165,7 +165,7 @@ void FRMITEM1::closed() {
   EntryScreen::closed();
 }
 
-void FRMITEM1::newEntry() { set(field(kCode), itemCode(NextItemCode())); }
+std::string FRMITEM1::nextCode() { return itemCode(NextItemCode()); }
 
 bool FRMITEM1::load(const std::string& code) {
   const auto row = findItem(data(), code);

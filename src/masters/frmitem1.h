@@ -16,7 +16,7 @@ class FRMITEM1 : public EntryScreen {
   void closed() override;
 
  protected:
-  void newEntry() override;
+  std::string nextCode() override;
   bool load(const std::string& code) override;
   bool exists(const std::string& code) override;
   LookupSpec codeLookup() const override;

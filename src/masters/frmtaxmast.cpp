@@ -127,10 +127,7 @@ std::vector<FieldColumn> frmtaxmast::holdings() const {
 }
 
 void frmtaxmast::newEntry() {
-  if (isGenerated(master_)) {
-    field(0).enabled = false;
-    set(field(0), nextSmallCode(master_, database()));
-  }
+  if (isGenerated(master_)) field(0).enabled = false;
   for (int i = 0; i < count(); ++i)
     if (fieldOf(i).kind == SmallKind::YesNo) set(field(i), "N");
 }

@@ -13,6 +13,7 @@ class frmtaxmast : public EntryScreen {
 
  protected:
   Database& database() const override;
+  std::string nextCode() override { return nextSmallCode(master_, database()); }
   void newEntry() override;
   bool load(const std::string& code) override;
   bool exists(const std::string& code) override;

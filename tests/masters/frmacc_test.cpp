@@ -203,6 +203,16 @@ TEST_F(AccountTest, ASaveThatFailsStoresNothing) {
   EXPECT_EQ(row("SELECT COUNT(*) FROM ACCOUNT WHERE ACC_NAME = 'ONE MORE'"), "0");
 }
 
+TEST_F(AccountTest, ACodeTakenInTheMeantimeIsMadeAnew) {
+  host.press("cmdAdd");
+  host.type("NEW PARTY");
+  account("A00008", "OF ANOTHER PROGRAM");
+  host.press("cmdUpdate");
+  EXPECT_EQ(host.lastMessage(), "PARTY ALREADY EXISTS");
+  host.press("cmdUpdate");
+  EXPECT_EQ(row("SELECT ACC_NAME FROM ACCOUNT WHERE ACC_CD = 'A00009'"), "NEW PARTY");
+}
+
 TEST_F(AccountTest, EditReadsTheRowAndChangesIt) {
   host.press("cmdEdit");
   host.fillEnter("txtFields(0)", "A00099");

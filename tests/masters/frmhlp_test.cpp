@@ -195,6 +195,20 @@ TEST_F(LookupTest, UsersComeFromTheCatalogue) {
   Caller::asked = {.mode = "userhlp", .table = "user1", .first = "user_name"};
   lookUpWith([&] { host.enter(); });
   EXPECT_EQ(host.text("Text1(0)"), "RAMESH");
+
+  // Before a company-year is open the catalogue answers every mode.
+  session().cndata.reset();
+  for (const char* year : {"2024", "2025"})
+    catalogue().exec("INSERT INTO compny (COMP_ID, COMP_NAME, FROMYR) VALUES ('M001', 'SHREE TRADERS', ?)",
+                     year);
+  Caller::asked = {.mode = "twofld", .table = "compny", .first = "distinct(comp_id)", .second = "comp_name"};
+  lookUpWith([&] {
+    EXPECT_EQ(host.at("grdDataGrid").grid.count(), 1u);
+    host.type("M0");
+    EXPECT_EQ(host.cell("grdDataGrid", 0, 1), "SHREE TRADERS");
+    host.enter();
+  });
+  EXPECT_EQ(host.text("Text1(0)"), "M001");
 }
 
 TEST_F(LookupTest, AClickIntoTheListLeavesTheSearchWhereItIs) {
