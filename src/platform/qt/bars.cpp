@@ -211,5 +211,7 @@ void StatusBar::paintEvent(QPaintEvent*) {
   }
   painter.setFont(look_->font(Look::Face::Strong));
   painter.setPen(QColor(palette::kAccent));
-  draw::line(painter, room, QString::fromStdString(hint_), Qt::AlignLeft);
+  QString hint = QString::fromStdString(hint_);
+  hint.replace("  ::  ", " :: ").replace(" :: ", "  ::  ");  // its parts stand apart however they were joined
+  draw::line(painter, room, hint, Qt::AlignLeft);
 }

@@ -190,9 +190,10 @@ void GridView::sync(const Situation& situation) {
 
 void GridView::fetch() {
   const Grid& grid = control_.grid;
-  // One more than fits, for the row that is cut by the lower edge.
-  const size_t to = std::min(
-      shown_.count, shown_.first + static_cast<size_t>(body().height() / std::max(1, spot_.rowHeight)) + 1);
+  // One more than fits, for the row that is cut by the lower edge; a sliver of it is left out.
+  const int height = body().height(), pitch = std::max(1, spot_.rowHeight);
+  const auto rows = static_cast<size_t>(height / pitch + (height % pitch > pitch / 3 ? 1 : 0));
+  const size_t to = std::min(shown_.count, shown_.first + rows);
   shown_.rows.clear();
   for (size_t row = shown_.first; row < to; ++row) {
     Row cells;

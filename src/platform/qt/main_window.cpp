@@ -63,7 +63,7 @@ void MainWindow::placeParts() {
   using namespace layout::size;
   const bool menus = !screen_.menus.empty(), tools = !screen_.tools.empty();
   const int menu = menus ? look_->px(kMenuBar) : 0, tool = tools ? look_->px(kToolBar) : 0;
-  const int status = splash() ? 0 : look_->px(kStatusBar);
+  const int status = screen_.panels.empty() ? 0 : look_->px(kStatusBar);
   menuBar_->setVisible(menus);
   toolBar_->setVisible(tools);
   statusBar_->setVisible(status > 0);
@@ -75,7 +75,7 @@ void MainWindow::placeParts() {
 
 void MainWindow::syncBars(const std::string& hint) {
   setWindowTitle(QString::fromStdString(screen_.caption));
-  if (menuBar_->isHidden() == !screen_.menus.empty() || toolBar_->isHidden() == !screen_.tools.empty())
+  if (menuBar_->isHidden() != screen_.menus.empty() || toolBar_->isHidden() != screen_.tools.empty())
     placeParts();
   menuBar_->sync(screen_.menus);
   toolBar_->sync(screen_.tools, *look_);

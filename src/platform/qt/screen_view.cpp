@@ -160,6 +160,10 @@ void ScreenView::paintGroup(QPainter& painter, const layout::GroupSpot& spot) co
 void ScreenView::paintBlock(QPainter& painter, const layout::BlockSpot& block) const {
   const QRect box = draw::rect(block.box);
   painter.fillRect(box, QColor(palette::kEntry));
+  // While the grid is hidden its place stays.
+  for (size_t i = 0; i < views_.size(); ++i)
+    if (screen_.controls[i].get() == block.grid)
+      painter.fillRect(draw::rect(plan_.spots[i].box), QColor(palette::kField));
   const layout::Rect& heads = block.heads;
   if (!heads.empty()) {
     std::vector<int> edges;
