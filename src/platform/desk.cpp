@@ -103,7 +103,7 @@ void Desk::settle(Screen& screen) {
 // True when something happened that may have asked for more.
 bool Desk::settleFocus(Screen& screen) {
   if (Control* target = std::exchange(screen.pendingFocus_, nullptr)) {
-    const bool validate = !enterChecked_;
+    const bool validate = !enterChecked_ && !std::exchange(screen.unchecked_, false);
     moveFocus(screen, *target, validate);
     return true;
   }

@@ -172,7 +172,15 @@ class Screen {
 
   Control* focused() const { return focused_; }
   // Takes effect after the handler: Leave of the old control, Focus of the new one.
-  void focus(Control& control) { pendingFocus_ = &control; }
+  void focus(Control& control) {
+    pendingFocus_ = &control;
+    unchecked_ = false;
+  }
+  // The same where the old control no longer counts (the form was emptied): it may not refuse.
+  void focusUnchecked(Control& control) {
+    pendingFocus_ = &control;
+    unchecked_ = true;
+  }
   // Runs the control's Enter logic once after the handler (a lookup has just filled it).
   void enterAgain(Control& control) { pendingEnter_ = &control; }
   // Writes a text without a Change; the caret goes behind it.
@@ -231,7 +239,7 @@ class Screen {
   Control* pendingFocus_ = nullptr;
   Control* pendingEnter_ = nullptr;
   Control* here_ = nullptr;
-  bool closing_ = false, modal_ = false;
+  bool closing_ = false, modal_ = false, unchecked_ = false;
   std::vector<Control*> walk_;  // focusable kinds in tab order
 };
 

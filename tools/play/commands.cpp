@@ -152,15 +152,15 @@ void Player::fill(const Words& w) {
   if (c.locked) fail(c.fullName() + " unlocked", "locked");
   focusOn(c);
   if (!c.text.empty() && c.text != kEmptyDate) {
-    hands_.key(Key::Ctrl('A'));
-    hands_.key(KeyCode::Delete);
+    fingers_.key(Key::Ctrl('A'));
+    fingers_.key(KeyCode::Delete);
   } else {
-    hands_.key(KeyCode::Home);
+    fingers_.key(KeyCode::Home);
   }
-  hands_.type(text);
+  fingers_.type(text);
 }
 
-void Player::type(const Words& w) { hands_.type(wordAt(w, 0).text); }
+void Player::type(const Words& w) { fingers_.type(wordAt(w, 0).text); }
 
 void Player::paste(const Words& w) { desk_.paste(wordAt(w, 0).text); }
 
@@ -169,9 +169,9 @@ void Player::key(const Words& w) {
     const auto key = keyByName(name.text);
     if (!key) fail("the name of a key", name.text);
     if (key->code == KeyCode::Char && !key->ctrl && !key->alt)
-      hands_.type(name.text);
+      fingers_.type(name.text);
     else
-      hands_.key(*key);
+      fingers_.key(*key);
   }
 }
 
@@ -204,5 +204,5 @@ void Player::sql(const Words& w) {
 }
 
 void Player::shot(const Words& w) {
-  if (hands_.shot) hands_.shot(wordAt(w, 0).text);
+  if (fingers_.shot) fingers_.shot(wordAt(w, 0).text);
 }

@@ -1,3 +1,5 @@
+#include "platform/qt/application.h"
+
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <iostream>
@@ -6,6 +8,7 @@
 #include "frame/screens.h"
 #include "frame/start.h"
 #include "masters/screens.h"
+#include "platform/qt/look.h"
 #include "platform/qt/qt_host.h"
 #include "player.h"
 #include "vouchers/screens.h"
@@ -23,8 +26,8 @@ Screens allScreens() {
 
 // Starts the program anew and plays one script on it; returns the checks that passed.
 template <class DeskType>
-int playOn(DeskType& desk, Machine& machine, const Hands& hands, const std::string& folder, const Script& script) {
-  Player player(desk, machine, hands, folder);
+int playOn(DeskType& desk, Machine& machine, const Fingers& fingers, const std::string& folder, const Script& script) {
+  Player player(desk, machine, fingers, folder);
   startUp(desk, folder);
   player.play(script);
   return player.checks();
@@ -34,15 +37,15 @@ int playBare(const std::string& folder, const Script& script) {
   Machine machine;
   const Screens screens = allScreens();
   Played<Bare> desk(machine, screens);
-  const Hands hands{[&desk](const Key& key) { desk.key(key); }, [&desk](const std::string& text) { desk.type(text); }, {}};
-  return playOn(desk, machine, hands, folder, script);
+  const Fingers fingers{[&desk](const Key& key) { desk.key(key); }, [&desk](const std::string& text) { desk.type(text); }, {}};
+  return playOn(desk, machine, fingers, folder, script);
 }
 
 int playInWindow(const std::string& folder, const Script& script) {
   Machine machine;
   const Screens screens = allScreens();
   Played<QtHost> desk(machine, screens);
-  const Hands hands{[&desk](const Key& key) {
+  const Fingers fingers{[&desk](const Key& key) {
                       desk.realKey(key);
                       desk.settle();
                     },
@@ -54,7 +57,7 @@ int playInWindow(const std::string& folder, const Script& script) {
                       desk.settle();
                       desk.grab(file);
                     }};
-  return playOn(desk, machine, hands, folder, script);
+  return playOn(desk, machine, fingers, folder, script);
 }
 
 }  // namespace
@@ -68,6 +71,11 @@ int main(int argc, char** argv) {
   app.add_option("scripts", scripts, "Scripts, each from a fresh start")->required();
   app.add_flag("--window", window, "Through the window, with real key events");
   CLI11_PARSE(app, argc, argv);
+  std::unique_ptr<QApplication> application;
+  if (window) {
+    application = std::make_unique<QApplication>(argc, argv);
+    dress(*application);
+  }
 
   folder = std::filesystem::canonical(folder).string();
   int checks = 0;

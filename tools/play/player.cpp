@@ -5,8 +5,8 @@
 
 #include "base/text.h"
 
-Player::Player(Desk& desk, Machine& machine, Hands hands, std::string folder)
-    : desk_(desk), machine_(machine), hands_(std::move(hands)), folder_(std::move(folder)) {
+Player::Player(Desk& desk, Machine& machine, Fingers fingers, std::string folder)
+    : desk_(desk), machine_(machine), fingers_(std::move(fingers)), folder_(std::move(folder)) {
   machine_.step = [this] { return step(); };
 }
 

@@ -9,7 +9,7 @@
 #include "script.h"
 
 // How the player's keys reach the desk: straight, or as real key events of the window.
-struct Hands {
+struct Fingers {
   std::function<void(const Key&)> key;
   std::function<void(const std::string&)> type;
   std::function<void(const std::string&)> shot;  // empty without a window
@@ -18,7 +18,7 @@ struct Hands {
 // Plays a script on a desk, command by command.
 class Player {
  public:
-  Player(Desk& desk, Machine& machine, Hands hands, std::string folder);
+  Player(Desk& desk, Machine& machine, Fingers fingers, std::string folder);
 
   // Raises Stop ("SCRIPT:LINE: expected ..., saw ...") on a failed line.
   void play(const Script& script);
@@ -89,7 +89,7 @@ class Player {
 
   Desk& desk_;
   Machine& machine_;
-  Hands hands_;
+  Fingers fingers_;
   std::string folder_;
   const Script* script_ = nullptr;
   size_t next_ = 0;
