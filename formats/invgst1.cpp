@@ -39,9 +39,9 @@ constexpr Width kWidths[] = {
 };
 
 // Every page is as high as its neighbours: together the rows fill one A4 sheet.
-constexpr double kHeadHeights[kHead] = {18,    24,    12.75, 12.75, 13.5,  12.75, 13.5, 12.75,
-                                        12.75, 12.75, 12.75, 12.75, 12.75, 12.75, 12,   12};
-constexpr double kSlotHeight = 17.25;
+constexpr double kHeadHeights[kHead] = {17.25, 22.5, 12.75, 12.75, 13.5, 12, 13.5,  12,
+                                        12,    12,   12,    12,    12,   12, 11.25, 11.25};
+constexpr double kSlotHeight = 18;
 constexpr double kFootHeights[kFoot] = {15,    12, 11.25, 11.25, 11.25, 11.25,
                                         11.25, 12, 13.5,  13.5,  28.5,  13.5};
 
@@ -135,7 +135,7 @@ void invgst1(const std::string& path) {
   const auto columns = lineColumns(bill);
 
   for (const auto& [column, points] : kWidths) sheet.width(column, points);
-  sheet.paper(14.4, 18, {1, kAll.left, kPageRows * kPages, kAll.right});
+  sheet.paper(14.4, 14.4, {1, kAll.left, kPageRows * kPages, kAll.right});
   int carried = 0;
   for (int page = 1; page <= kPages; ++page) {
     const int top = (page - 1) * kPageRows + 1;
