@@ -46,6 +46,12 @@ bool opens(const QAction& action, char32_t letter) {
          caption.at(mark + 1).toUpper().unicode() == letter;
 }
 
+QAction* firstOf(const QList<QAction*>& actions) {
+  const auto first =
+      std::ranges::find_if(actions, [](const QAction* a) { return a->isEnabled() && !a->isSeparator(); });
+  return first == actions.end() ? nullptr : *first;
+}
+
 }  // namespace
 
 // Menus
@@ -112,7 +118,7 @@ bool MenuBar::openByLetter(char32_t letter) {
   for (QAction* action : actions()) {
     if (!opens(*action, letter)) continue;
     if (action->menu())
-      setActiveAction(action);
+      drop(*action);
     else
       action->trigger();
     return true;
@@ -121,9 +127,14 @@ bool MenuBar::openByLetter(char32_t letter) {
 }
 
 void MenuBar::activate() {
-  const QList<QAction*> all = actions();
-  const auto first = std::ranges::find_if(all, [](const QAction* a) { return a->isEnabled(); });
-  if (first != all.end()) setActiveAction(*first);
+  if (QAction* first = firstOf(actions())) drop(*first);
+}
+
+// Opens a menu with the cursor on its first entry.
+void MenuBar::drop(QAction& action) {
+  setActiveAction(&action);
+  if (!action.menu()) return;
+  if (QAction* first = firstOf(action.menu()->actions())) action.menu()->setActiveAction(first);
 }
 
 // Tools

@@ -21,6 +21,7 @@ class MenuBar : public QMenuBar {
   void activate();
 
  private:
+  void drop(QAction& action);
   void build(QWidget& owner, QMenu* menu, const std::vector<MenuEntry>& entries, std::vector<size_t> path);
   bool fits(const std::vector<MenuEntry>& a, const std::vector<MenuEntry>& b) const;
   void enable(const QList<QAction*>& actions, const std::vector<MenuEntry>& entries);

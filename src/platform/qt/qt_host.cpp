@@ -13,6 +13,7 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "platform/qt/icons.h"
 #include "platform/qt/machine.h"
 #include "platform/qt/paint_qt.h"
 
@@ -56,6 +57,9 @@ bool QtHost::eventFilter(QObject* object, QEvent* event) {
     case QEvent::MouseButtonPress:
     case QEvent::WindowDeactivate:
       altAlone_ = false;
+      return false;
+    case QEvent::Close:
+      if (object == bare_.get() && !boxes_.empty()) boxes_.back()->key(KeyCode::Esc);
       return false;
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
@@ -225,10 +229,21 @@ QWidget& QtHost::boxParent() {
   if (!bare_) {
     bare_ = std::make_unique<QWidget>();
     bare_->setWindowTitle(kTitle);
-    bare_->resize(760, 320);
+    bare_->setWindowIcon(icons::program());
+    bare_->setFocusPolicy(Qt::StrongFocus);
   }
-  bare_->show();
+  bare_->resize(QGuiApplication::primaryScreen()->availableSize());
   return *bare_;
+}
+
+// A box that stands alone is a small window in the middle of the screen.
+void QtHost::showBare(BoxPanel& panel) {
+  bare_->setFixedSize(panel.size());
+  bare_->move(QGuiApplication::primaryScreen()->availableGeometry().center() - bare_->rect().center());
+  panel.move(0, 0);
+  bare_->show();
+  bare_->activateWindow();
+  bare_->setFocus();
 }
 
 std::unique_ptr<BoxPanel> QtHost::answered(BoxPanel::Words words) {
@@ -242,6 +257,7 @@ std::unique_ptr<BoxPanel> QtHost::answered(BoxPanel::Words words) {
   BoxPanel* const panel = boxes_.back().get();
   panel->show();
   panel->raise();
+  if (&parent == bare_.get()) showBare(*panel);
   focusWidget();
   QTimer::singleShot(0, panel, [this] {
     if (const auto happens = onBox) happens();  // which may set another
@@ -250,7 +266,8 @@ std::unique_ptr<BoxPanel> QtHost::answered(BoxPanel::Words words) {
   std::unique_ptr<BoxPanel> answer = std::move(boxes_.back());
   boxes_.pop_back();
   answer->hide();
-  if (bare_) bare_->hide();
+  answer->setParent(nullptr);
+  if (boxes_.empty()) bare_.reset();
   busy(wasBusy);
   redraw();
   return answer;
