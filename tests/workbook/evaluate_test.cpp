@@ -339,6 +339,16 @@ TEST(Evaluate, HostileFormulasEnd) {
   EXPECT_EQ(books::said(sheet.value(11, 1)), "17178820608");
 }
 
+// Ten thousand sums over ten thousand cells: the work is cut off, not done.
+TEST(Evaluate, EndlessWorkIsCutOff) {
+  std::string rows;
+  for (int row = 1; row <= 10000; ++row) rows += "<row><c><v>1</v></c><c><f>SUM(A:A)</f></c></row>";
+  Workbook book = fromFormulas(rows);
+  book.recalculate();
+  EXPECT_EQ(books::said(book.sheet("S").value(1, 2)), "10000");
+  EXPECT_EQ(books::said(book.sheet("S").value(10000, 2)), "#NUM!");
+}
+
 TEST(Evaluate, SharedFormulasMoveTheirReferences) {
   Workbook book = fromFormulas(
       "<row r=\"1\"><c r=\"A1\"><v>2</v></c><c r=\"B1\"><f t=\"shared\" ref=\"B1:B3\" "

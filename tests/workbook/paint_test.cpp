@@ -83,8 +83,45 @@ TEST(Paint, WhatCannotBeWrittenIsSaid) {
     EXPECT_NE(std::string(error.what()).find("none/x.pdf cannot be written: "), std::string::npos)
         << error.what();
   }
+  books::writeBytes(folder / "old.pdf", "old");
+  {
+    const books::FullDisk full;
+    EXPECT_THROW(twoPages(*painter->pdf(folder / "old.pdf")), paint::PaintError);
+  }
+  EXPECT_EQ(books::bytesOf(folder / "old.pdf"), "old");
+  EXPECT_EQ(folder.files(), std::vector<std::string>{"old.pdf"});
   EXPECT_THROW(twoPages(*painter->image(folder / "none/x.png", 72)), paint::PaintError);
   EXPECT_THROW(painter->image(folder / "x.png", 1e6)->page(595, 842), paint::PaintError);
+}
+
+TEST(Paint, NoPrinterIsSaid) {
+  const auto painter = paint::makePainter();
+  try {
+    painter->printer();
+  } catch (const paint::PaintError& error) {
+    EXPECT_STREQ(error.what(), "No Printer Found");
+    return;
+  }
+  GTEST_SKIP() << "a printer is installed";
+}
+
+TEST(Paint, PicturesStandInPapers) {
+  if (!books::hasTool("pdfimages")) GTEST_SKIP() << "poppler-utils is not installed";
+  const books::Folder folder;
+  const auto painter = paint::makePainter();
+  twoPages(*painter->image(folder / "page.png", 36));
+  const std::string png = books::bytesOf(folder / "page.png");
+  const auto paper = painter->pdf(folder / "paper.pdf");
+  for (int page = 0; page < 3; ++page) {
+    paper->page(595, 842);
+    paper->picture({72, 72, 100, 50}, png);
+    paper->picture({72, 200, 100, 50}, "no picture at all");
+  }
+  paper->finish();
+  const std::string images = books::run("pdfimages -list " + (folder / "paper.pdf"));
+  EXPECT_NE(images.find("298   421"), std::string::npos) << images;
+  // Once in the file, however many pages show it.
+  EXPECT_LT(books::bytesOf(folder / "paper.pdf").size(), 2 * png.size() + 6000);
 }
 
 TEST(Paint, PicturesOfEachPage) {

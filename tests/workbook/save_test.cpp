@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <limits>
 
 #include "workbook/books.h"
 
@@ -78,6 +79,8 @@ TEST(Save, FilledAndCalculated) {
   data.set(2, 3, 1234.5);
   data.set(40, 150, true);
   data.set(41, 1, std::string("bell\x07 and _x0041_"));
+  data.set(42, 1, std::string("cut \xE0\xAA short \uFFFF"));
+  data.set(43, 1, std::numeric_limits<double>::infinity());
   book.sheet("BILL").hideRows(2, 3);
   book.sheet("BILL").resetPageBreaks();
 
@@ -100,6 +103,8 @@ TEST(Save, FilledAndCalculated) {
   EXPECT_EQ(again.sheet("BILL").shown(2, 1), "15/06/2026");
   EXPECT_EQ(books::said(again.sheet("SHEET3").value(40, 150)), "TRUE");
   EXPECT_EQ(books::said(again.sheet("SHEET3").value(41, 1)), "bell\x07 and _x0041_");
+  EXPECT_EQ(books::said(again.sheet("SHEET3").value(42, 1)).find("cut \uFFFD"), 0u);
+  EXPECT_EQ(books::said(again.sheet("SHEET3").value(43, 1)), "#NUM!");
   EXPECT_TRUE(again.sheet("SHEET3").value(1, 1).empty());
   EXPECT_EQ(again.sheet("SHEET3").shown(2, 3), "18/05/1903");  // the cell's own format stayed
   again.recalculate();
@@ -126,7 +131,20 @@ TEST(Save, TheSamePathIsReplacedAndBadPathsAreSaid) {
   EXPECT_EQ(books::said(Workbook::load(folder / "book.xlsx").sheet("BILL").value(1, 1)), "second");
   EXPECT_EQ(folder.files(), std::vector<std::string>{"book.xlsx"});
   EXPECT_THROW(book.save(folder / "none/book.xlsx"), workbook::WorkbookError);
-  EXPECT_THROW(book.save("/dev/full/book.xlsx"), workbook::WorkbookError);
+}
+
+TEST(Save, AFullDiskLeavesTheOldFile) {
+  const books::Folder folder;
+  const std::string bytes = design();
+  books::writeBytes(folder / "book.xlsx", bytes);
+  Workbook book = Workbook::load(folder / "book.xlsx");
+  book.sheet("SHEET3").set(2, 1, "first");
+  {
+    const books::FullDisk full;
+    EXPECT_THROW(book.save(folder / "book.xlsx"), workbook::WorkbookError);
+  }
+  EXPECT_EQ(books::bytesOf(folder / "book.xlsx"), bytes);
+  EXPECT_EQ(folder.files(), std::vector<std::string>{"book.xlsx"});
 }
 
 // The list of formulas goes with its relation and content type when a formula was lost, and

@@ -1,5 +1,6 @@
 #include "platform/qt/paint_qt.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QPageSize>
@@ -23,18 +24,28 @@ std::string sentence(const QString& path, const QString& reason) {
   return (path + QStringLiteral(" cannot be written: ") + reason + QStringLiteral(".")).toStdString();
 }
 
+// The whole or nothing: beside the target first, then renamed. What Qt's own writers make of
+// a full disk is not always an error, so the bytes are counted here.
+void writeWhole(QSaveFile& file, const QByteArray& bytes) {
+  const bool open = file.isOpen() || file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+  if (open && file.write(bytes) == bytes.size() && file.commit()) return;
+  const std::string text = sentence(file.fileName(), file.errorString());
+  file.cancelWriting();
+  throw PaintError(text);
+}
+
 QPageSize pageSize(double width, double height) {
   return QPageSize(QSizeF(width, height), QPageSize::Point, QString(), QPageSize::ExactMatch);
 }
 
-// Writes under a temporary name beside the target; the file that stood there stays until
-// finish() replaces it.
 class PdfCanvas final : public QtCanvas {
  public:
   PdfCanvas(std::shared_ptr<TextSetter> setter, const std::string& path)
       : QtCanvas(std::move(setter)), file_(QString::fromStdString(path)) {
-    if (!file_.open(QIODevice::WriteOnly)) throw PaintError(sentence(file_.fileName(), file_.errorString()));
-    writer_ = std::make_unique<QPdfWriter>(&file_);
+    if (!file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+      throw PaintError(sentence(file_.fileName(), file_.errorString()));
+    buffer_.open(QIODevice::WriteOnly);
+    writer_ = std::make_unique<QPdfWriter>(&buffer_);
     writer_->setResolution(kPdfDots);
     writer_->setTitle(QFileInfo(file_.fileName()).completeBaseName());
     writer_->setCreator(QStringLiteral("Mirav"));
@@ -49,20 +60,20 @@ class PdfCanvas final : public QtCanvas {
     writer_->setPageSize(pageSize(width, height));
     writer_->setPageMargins(QMarginsF());
     const bool begun = painter_.isActive() ? writer_->newPage() : painter_.begin(writer_.get());
-    if (!begun) throw PaintError(sentence(file_.fileName(), file_.errorString()));
+    if (!begun) throw PaintError(sentence(file_.fileName(), QStringLiteral("the page cannot be drawn")));
     settle(kPdfDots / 72.0);
   }
 
   void finish() override {
     if (!painter_.isActive()) page(595.276, 841.89);
-    const bool ended = painter_.end();
+    painter_.end();
     writer_.reset();
-    if (!ended || file_.error() != QFileDevice::NoError || !file_.commit())
-      throw PaintError(sentence(file_.fileName(), file_.errorString()));
+    writeWhole(file_, buffer_.data());
   }
 
  private:
   QSaveFile file_;
+  QBuffer buffer_;
   std::unique_ptr<QPdfWriter> writer_;
 };
 
@@ -97,9 +108,11 @@ class ImageCanvas final : public QtCanvas {
                                         .arg(target.path(), target.completeBaseName())
                                         .arg(i + 1)
                                         .arg(target.suffix());
+      QBuffer png;
+      png.open(QIODevice::WriteOnly);
+      pages_[i].save(&png, "PNG");
       QSaveFile file(name);
-      if (!file.open(QIODevice::WriteOnly) || !pages_[i].save(&file, "PNG") || !file.commit())
-        throw PaintError(sentence(name, file.errorString()));
+      writeWhole(file, png.data());
     }
   }
 

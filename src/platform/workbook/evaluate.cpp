@@ -10,6 +10,8 @@ namespace {
 
 constexpr int kCellDepth = 600, kMaxDepth = 2500;
 constexpr size_t kMaxTable = 1000000, kMaxText = 32767;
+// Some seconds of work.
+constexpr size_t kMaxSteps = 30000000;
 constexpr double kNear = 1.0 / (1LL << 48);
 
 const Value kNothing;
@@ -141,6 +143,11 @@ int compare(const Value& left, const Value& right) {
   return near(a, b) ? 0 : a < b ? -1 : 1;
 }
 
+void Evaluator::spend(size_t steps) {
+  spent_ += steps;
+  if (spent_ > kMaxSteps) throw Failure{Error::Number};
+}
+
 void Evaluator::refresh() {
   if (!model_.stale) return;
   model_.stale = false;
@@ -160,7 +167,10 @@ void Evaluator::all() {
 }
 
 const Value& Evaluator::value(int sheet, int row, int column) {
-  if (running_.empty()) refresh();
+  if (running_.empty())
+    refresh();
+  else
+    spend(1);
   Cell* cell = model_.sheets[static_cast<size_t>(sheet)].cell(row, column);
   if (!cell) return kNothing;
   if (running_.empty() && cell->formula >= 0 &&
@@ -170,6 +180,7 @@ const Value& Evaluator::value(int sheet, int row, int column) {
 }
 
 const Value& Evaluator::cellValue(Cell& cell) {
+  if (!running_.empty()) spend(1);
   if (cell.formula < 0) return cell.value;
   switch (model_.formulas[static_cast<size_t>(cell.formula)].state) {
     case FormulaCell::State::Stored:
@@ -226,6 +237,7 @@ void Evaluator::run(int formula) {
   try {
     result = single(evaluate(*cell.expression, home, false), home);
     if (result.empty()) result = 0;
+    if (const std::string* text = result.text()) spend(text->size());
   } catch (const Failure& failure) {
     result = failure.error;
   }
@@ -432,6 +444,7 @@ Table Evaluator::table(const Operand& operand) {
   if (static_cast<size_t>(block.rows()) * static_cast<size_t>(block.columns()) > kMaxTable)
     throw Failure{Error::Number};
   Table table{.rows = block.rows(), .columns = block.columns(), .values = {}};
+  spend(static_cast<size_t>(table.rows) * static_cast<size_t>(table.columns));
   table.values.resize(static_cast<size_t>(table.rows) * static_cast<size_t>(table.columns));
   visit(block, [&](int row, int column, const Value& value) {
     table.values[static_cast<size_t>(row - block.firstRow) * static_cast<size_t>(table.columns) +

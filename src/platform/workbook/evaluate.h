@@ -72,6 +72,8 @@ class Evaluator {
   void settle(int formula);
   void run(int formula);
   void circle(int formula);
+  // Counts what a workbook makes us do: one that would keep us for ever gets #NUM! instead.
+  void spend(size_t steps);
   void refresh();
   Operand call(const Expression& expression, const Home& home, bool arrays);
   Operand caught(const Expression& expression, const Home& home);
@@ -83,6 +85,7 @@ class Evaluator {
   Model& model_;
   std::vector<int> running_, waiting_;
   int depth_ = 0;
+  size_t spent_ = 0;
   std::map<std::string, NumberFormat> formats_;
 };
 

@@ -14,7 +14,7 @@ namespace {
 
 using xml::Node;
 
-constexpr size_t kMaxCells = 1000000;
+constexpr size_t kMaxCells = 1000000, kMaxMerges = 50000;
 
 struct Paper {
   int number;
@@ -126,7 +126,8 @@ class SheetReader {
         const std::string_view reference = xml::text(item, "r");
         if (!reference.empty() && (!parseCell(reference, named, column) || named != number))
           model_.container.damaged();
-        if (column > kMaxColumn || ++count_ > kMaxCells) model_.container.damaged();
+        if (column > kMaxColumn) model_.container.damaged();
+        if (++count_ > kMaxCells) model_.container.refuse("is too large.");
         cell(row.at(column), item, number);
       }
     }
@@ -189,6 +190,7 @@ class SheetReader {
     for (const Node merge : xml::children(node, "mergeCell")) {
       CellBlock block;
       if (blockIn(xml::text(merge, "ref"), block)) sheet_.merges.push_back(block);
+      if (sheet_.merges.size() > kMaxMerges) model_.container.refuse("is too large.");
     }
   }
 

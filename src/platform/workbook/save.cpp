@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "platform/utf8.h"
 #include "platform/workbook/decimal.h"
 #include "platform/workbook/evaluate.h"
 #include "platform/workbook/model.h"
@@ -18,8 +19,13 @@ std::string numberText(double x) {
   return {text, end};
 }
 
-// Characters that XML cannot hold, and what would be read as such an escape.
-std::string escaped(std::string_view text) {
+// Broken UTF-8 mended; characters that XML cannot hold, and what would be read as such an
+// escape, as "_x0007_".
+std::string escaped(std::string_view given) {
+  std::u32string letters = utf8::decode(given);
+  std::replace_if(
+      letters.begin(), letters.end(), [](char32_t c) { return c == 0xFFFE || c == 0xFFFF; }, U'\uFFFD');
+  const std::string text = utf8::encode(letters);
   std::string out;
   for (size_t i = 0; i < text.size(); ++i) {
     const auto c = static_cast<unsigned char>(text[i]);

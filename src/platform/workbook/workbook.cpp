@@ -1,5 +1,8 @@
 #include "platform/workbook/workbook.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "base/text.h"
 #include "platform/workbook/evaluate.h"
 #include "platform/workbook/model.h"
@@ -47,6 +50,7 @@ void Sheet::set(int row, int column, const Value& value) {
   cell.value = value;
   if (const std::string* text = value.text(); text && text->size() > kMaxCharacters)
     cell.value = cut(*text, kMaxCharacters);
+  if (const double* number = value.number(); number && !std::isfinite(*number)) cell.value = Error::Number;
   model_->stale = true;
 }
 

@@ -78,7 +78,8 @@ class Sheet {
   // Empties every cell, formulas too; styles, widths and heights stay.
   void clearContents();
   // Puts a value into a cell in place of what stood there; the cell's style stays. Texts of
-  // more than 32,767 characters are cut there. Raises WorkbookError outside the sheet's limits.
+  // more than 32,767 characters are cut there, a number that is none is #NUM!. Raises
+  // WorkbookError outside the sheet's limits.
   void set(int row, int column, const Value& value);
   // A formula is calculated when something was set since; before the first set or
   // recalculate() its stored value counts.
