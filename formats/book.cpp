@@ -187,6 +187,4 @@ void Sheet::paper(double leftRight, double topBottom, Cells printed) {
   worksheet_gridlines(sheet_, LXW_HIDE_ALL_GRIDLINES);
 }
 
-void Sheet::landscape() { worksheet_set_landscape(sheet_); }
-
 }  // namespace formats

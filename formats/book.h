@@ -79,7 +79,6 @@ class Sheet {
 
   // A4 upright, margins in points, as wide as one sheet of paper, printed down to the last cell.
   void paper(double leftRight, double topBottom, Cells printed);
-  void landscape();
 
  private:
   void frame(Cells where, const Style& style);

@@ -32,7 +32,7 @@ const ScreenSpec& spec() {
                      {part(1), {{.name = "number", .columns = {px(44), px(150), part(1)}}}},
                      {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
                  },
-                 .width = 520, .height = 190},
+                 .width = 520, .height = 166},
       .controls = {
           {.name = "Label4",        .kind = Kind::Label,  .label = "Press Enter To Select Sale Bill Number", .at = {.group = "number", .row = 0, .col = 0, .span = 3}, .style = Style::Quiet},
           {.name = "Label20",       .kind = Kind::Label,  .label = "For ", .at = {.group = "number", .row = 1, .col = 0}},

@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -140,7 +139,7 @@ class InvoiceTest : public testing::Test {
 class PaperHost : public TestHost {
  public:
   explicit PaperHost(const Screens& screens, std::filesystem::path printed = {})
-      : TestHost(screens), printer_(*this, std::move(printed)) {}
+      : TestHost(screens), printer_(std::move(printed)) {}
   paint::Painter& painter() override { return printer_; }
   bool wasBusy = false;
   void busy(bool on) override {
@@ -150,7 +149,7 @@ class PaperHost : public TestHost {
 
  private:
   struct Printer : paint::Painter {
-    Printer(PaperHost&, std::filesystem::path file) : real(paint::makePainter()), printed(std::move(file)) {}
+    explicit Printer(std::filesystem::path file) : real(paint::makePainter()), printed(std::move(file)) {}
     const paint::Metrics& metrics() const override { return real->metrics(); }
     std::unique_ptr<paint::Canvas> pdf(const std::string& path) override { return real->pdf(path); }
     std::unique_ptr<paint::Canvas> image(const std::string& path, double dpi) override {
