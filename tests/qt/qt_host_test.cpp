@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QImage>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QProcess>
 #include <QScrollBar>
+#include <QTemporaryDir>
 #include <QThread>
 #include <stdexcept>
 
@@ -435,7 +438,24 @@ TEST_F(QtHostTest, MachineMayBeSetOtherwise) {
   host_->isOnline = false;
   EXPECT_EQ(isoDate(host_->today()), "2026-06-15");
   EXPECT_FALSE(host_->online());
-  EXPECT_FALSE(host_->running("no such program.exe"));
+}
+
+TEST_F(QtHostTest, FindsAndEndsAProgramByItsName) {
+  QTemporaryDir folder;
+  const QString probe = folder.filePath("MiravProbe"), other = folder.filePath("OtherProbe");
+  for (const QString& name : {probe, other}) ASSERT_TRUE(QFile::copy("/bin/sleep", name));
+  QProcess first, second;
+  first.start(probe, {"60"});
+  second.start(other, {"60"});
+  ASSERT_TRUE(first.waitForStarted() && second.waitForStarted());
+  EXPECT_TRUE(host_->running("miravprobe.EXE"));
+  EXPECT_FALSE(host_->running("miravprobes.exe"));
+  host_->endProcess("miravprobe.exe");
+  EXPECT_TRUE(first.waitForFinished(5000));
+  EXPECT_FALSE(host_->running("miravprobe.exe"));
+  EXPECT_EQ(second.state(), QProcess::Running);
+  second.kill();
+  second.waitForFinished();
 }
 
 }  // namespace

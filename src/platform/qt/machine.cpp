@@ -22,14 +22,12 @@ std::string bare(const std::string& path) {
   return name;
 }
 
-// The name it was started by: a script's interpreter hides it from the short name.
+// By the name it was started by, or the one that the system keeps (a script's own, not its shell's).
 bool bears(const fs::path& folder, const std::string& name) {
-  std::ifstream line(folder / "cmdline", std::ios::binary);
-  std::string part;
-  for (int i = 0; i < 2 && std::getline(line, part, '\0'); ++i)
-    if (bare(part) == name) return true;
-  std::ifstream shortName(folder / "comm");
-  return std::getline(shortName, part) && bare(part) == name;
+  std::ifstream line(folder / "cmdline", std::ios::binary), shortName(folder / "comm");
+  std::string started, kept;
+  return (std::getline(line, started, '\0') && bare(started) == name) ||
+         (std::getline(shortName, kept) && bare(kept) == name);
 }
 
 std::vector<pid_t> processes(const std::string& process) {
