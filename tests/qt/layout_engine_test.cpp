@@ -223,6 +223,21 @@ TEST_F(LayoutEngine, RowsMoveTogetherWhenTheirGroupIsTooLow) {
   }
 }
 
+TEST_F(LayoutEngine, LineOfFactsUnderAFilterKeepsThePitch) {
+  ScreenSpec s;
+  s.layout.bands = {
+      {px(74), {{.name = "g", .columns = {part(1)}}}}
+  };
+  s.controls = {
+      {.name = "Code",       .at = {.group = "g"}          },
+      { .name = "Address", .kind = Kind::Label, .at = {.group = "g", .row = 1}}
+  };
+  draw(s, 800, 400);
+  EXPECT_EQ(box("Code").h, 30);
+  EXPECT_EQ(box("Address").y, box("Code").y + 35);
+  EXPECT_LE(box("Address").bottom(), group("g").bottom());
+}
+
 TEST_F(LayoutEngine, FormsWithRoomHaveWiderInsetsAndGaps) {
   ScreenSpec s;
   s.layout.bands = {

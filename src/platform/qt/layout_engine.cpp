@@ -365,12 +365,20 @@ class Engine {
     return cells;
   }
 
+  bool labelsAlone(const Group& g, int row) const {
+    return std::ranges::all_of(members_.at(g.name), [&](size_t i) {
+      const Control& c = *screen_.controls[i];
+      return c.kind == Kind::Label || c.spec->at.row + c.spec->at.rows - 1 < row;
+    });
+  }
+
   // From one row to the next; closer than asked for when the group is too low for its rows.
   double pitchOf(const Group& g, const Rect& area) const {
     const int rows = rowsOf(g);
     if (rows < 2) return g.pitch * m_.scale;
-    // A pixel or two may come off the lower inset instead.
-    const double room = (area.h + m_.px(2) - m_.px(cellHeight(g))) / static_cast<double>(rows - 1);
+    // A pixel or two may come off the lower inset instead; a last row of labels alone may reach into it.
+    const double last = labelsAlone(g, rows - 1) ? std::min(kLabelLine, cellHeight(g)) : cellHeight(g);
+    const double room = (area.h + m_.px(2) - m_.px(last)) / static_cast<double>(rows - 1);
     return std::min(g.pitch * m_.scale, std::max(1.0, room));
   }
 

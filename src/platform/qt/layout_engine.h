@@ -24,7 +24,7 @@ struct Rect {
 namespace size {
 inline constexpr double kField = 30, kButton = 32, kButtonWidth = 96, kButtonInset = 16, kButtonGap = 8;
 inline constexpr double kButtonBand = 34, kButtonPitch = 38;
-inline constexpr double kPitch = 35, kGridRow = 25, kCellInset = 7, kLane = 14;
+inline constexpr double kLabelLine = 20, kPitch = 35, kGridRow = 25, kCellInset = 7, kLane = 14;
 inline constexpr double kHeads = 25, kEntry = 34, kKeys = 24;
 inline constexpr double kMenuBar = 28, kToolBar = 40, kModeStrip = 30, kStatusBar = 26;
 inline constexpr double kGap = 6, kHeadGap = 4, kRoomyGap = 10, kColumnGap = 8;
