@@ -155,6 +155,9 @@ class Screen {
   std::string escMeans;  // right end of the mode strip
   std::string reason;    // beside the buttons: why one of them is off
   bool visible = true;
+  // Of a dialog whose size or place differs from its layout's; 0 keeps the layout's.
+  double width = 0, height = 0;
+  std::optional<Anchor> anchor;
   int timerMs = 0;  // a tick each so many milliseconds while not 0
   std::vector<std::unique_ptr<Control>> controls;
   std::vector<MenuEntry> menus;

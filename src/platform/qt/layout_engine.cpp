@@ -562,14 +562,17 @@ Plan arrange(const Screen& screen, int width, int height, const Measure& measure
 
 Rect placeDialog(const Screen& screen, const Rect& window, const Rect& area, const Measure& measure) {
   const Layout& layout = screen.spec.layout;
+  const double ownWidth = screen.width > 0 ? screen.width : layout.width;
+  const double ownHeight = screen.height > 0 ? screen.height : layout.height;
+  const Anchor anchor = screen.anchor.value_or(layout.anchor);
   const int side = measure.px(kGap);
   Rect box;
-  const bool fills = layout.width <= 0 || layout.width >= kFillingWidth;
-  box.w = std::min(fills ? window.w : measure.px(layout.width), window.w - 2 * side);
-  box.h = layout.height > 0 ? measure.px(layout.height) : Engine(screen, measure).naturalHeight();
+  const bool fills = ownWidth <= 0 || ownWidth >= kFillingWidth;
+  box.w = std::min(fills ? window.w : measure.px(ownWidth), window.w - 2 * side);
+  box.h = ownHeight > 0 ? measure.px(ownHeight) : Engine(screen, measure).naturalHeight();
   box.h = std::min(box.h, window.h - 2 * side);
   box.x = window.x + (window.w - box.w) / 2;
-  switch (layout.anchor) {
+  switch (anchor) {
     case Anchor::Centre:
       box.y = window.y + (window.h - box.h) / 2;
       break;
