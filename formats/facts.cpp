@@ -119,7 +119,7 @@ Company companyFacts(Facts& facts) {
   };
   Company company;
   company.name = field("Company", 1, 3);
-  company.address = field("Address", 3, 1);
+  const auto street = field("Address", 3, 1);
   const auto phone1 = field("Phone 1", 3, 3);
   const auto phone2 = field("Phone 2", 3, 5);
   const auto mail = field("E-mail", 4, 20);
@@ -135,6 +135,7 @@ Company companyFacts(Facts& facts) {
   const auto named = field("Company state", 4, 9);
   company.state = facts.add("State line", "IF(" + byCode + "=\"\"," + named + "," + byCode + ")");
   company.city = field("Company city", 4, 28);
+  company.address = facts.add("Address, city", joined(street, ", ", company.city));
   const auto bankName = field("Bank", 4, 16);
   const auto branch = field("Branch", 4, 17);
   const auto branchLine = facts.add("Branch line", labelled("Branch : ", branch));

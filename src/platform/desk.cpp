@@ -476,9 +476,9 @@ std::optional<std::string> Desk::openModal(const std::string& name, const Entry&
     hint("Not built yet");
     return std::nullopt;
   }
+  std::unique_ptr<Screen> made = known_.make(name, *this);
   // Keeps the closed screen in leaving_ until its result has been read.
   pending_.emplace_back();
-  std::unique_ptr<Screen> made = known_.make(name, *this);
   Screen& screen = *made;
   screen.modal_ = true;
   std::optional<std::string> result;

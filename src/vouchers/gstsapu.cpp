@@ -56,6 +56,7 @@ GSTSAPU::GSTSAPU(Host& theHost) : VoucherScreen(theHost, table(), saleBook(), sh
                   {"Text1(5)",      KeyCode::PgDn,   &GSTSAPU::endLines        },
                   {"Text1(5)",      KeyCode::F10,    &GSTSAPU::deleteLine      },
                   {"Text1(6)",      KeyCode::Enter,  &GSTSAPU::itemName        },
+                  {"Text1(6)",      On::Leave,       &GSTSAPU::keepFreeName    },
                   {"Text1(7)",      KeyCode::Enter,  &GSTSAPU::unit            },
                   {"Text1(8)",      KeyCode::Enter,  &GSTSAPU::quantity        },
                   {"Text1(9)",      KeyCode::Enter,  &GSTSAPU::rate            },
@@ -210,6 +211,11 @@ bool GSTSAPU::fillFromUnit() {
 }
 
 Go GSTSAPU::itemName() { return trimmed(6).empty() ? helpHere() : Go::On; }
+
+// A stored line has no column for a free name: it is kept, and printed, as the line's detail.
+void GSTSAPU::keepFreeName() {
+  if (isMisc() && trimmed(46).empty()) put(46, cut(trimmed(6), text1(46).limit));
+}
 
 Go GSTSAPU::unit() {
   if (trimmed(7).empty()) return helpHere();

@@ -38,6 +38,7 @@ class GSTSAPU : public VoucherScreen {
   Go billNumber();
   Go item();
   Go itemName();
+  void keepFreeName();
   Go unit();
   void quantity();
   void rate();
