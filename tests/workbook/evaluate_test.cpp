@@ -323,9 +323,9 @@ TEST(Evaluate, LongChainsAreCalculatedAndLongCirclesEnd) {
 TEST(Evaluate, HostileFormulasEnd) {
   const std::string deep(5000, '('), minus(6000, '-');
   std::string names;
-  for (const char* formula :
-       {"SUM(A1:XFD1048576)", "SUMPRODUCT(B1:XFD1048576*1)", "SUMPRODUCT(ROW(A1:A1048576))",
-        "REPT(REPT(\"x\",30000),30000)", "COUNTIF(B1:XFD1048576,\"\")"})
+  for (const char* formula : {"SUM(A1:XFD1048576)", "SUMPRODUCT(B1:XFD1048576*1)",
+                              "SUMPRODUCT(ROW(A1:A1048576))", "REPT(REPT(\"x\",30000),30000)",
+                              "COUNTIF(B1:XFD1048576,\"\")", "SUMPRODUCT(ROW(1:1048576)*COLUMN(A:XFD))"})
     names += "<row><c><f>" + std::string(formula) + "</f></c></row>";
   Workbook book = fromFormulas("<row r=\"5\"><c><f>" + deep + "1</f><v>8</v></c></row><row><c><f>" + minus +
                                "1</f><v>9</v></c></row>" + names);
@@ -337,6 +337,7 @@ TEST(Evaluate, HostileFormulasEnd) {
   EXPECT_EQ(books::said(sheet.value(8, 1)), "0");
   EXPECT_EQ(books::said(sheet.value(10, 1)), "#VALUE!");
   EXPECT_EQ(books::said(sheet.value(11, 1)), "17178820608");
+  EXPECT_EQ(books::said(sheet.value(12, 1)), "#NUM!");
 }
 
 // Ten thousand sums over ten thousand cells: the work is cut off, not done.

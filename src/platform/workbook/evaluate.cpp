@@ -9,7 +9,7 @@ namespace workbook {
 namespace {
 
 constexpr int kCellDepth = 600, kMaxDepth = 2500;
-constexpr size_t kMaxTable = 1000000, kMaxText = 32767;
+constexpr size_t kMaxTable = 1 << 20, kMaxText = 32767;
 // Some seconds of work.
 constexpr size_t kMaxSteps = 30000000;
 constexpr double kNear = 1.0 / (1LL << 48);
@@ -74,6 +74,12 @@ Value calculated(Operation operation, const Value& left, const Value& right) {
 bool several(const Operand& operand) {
   if (const Block* block = std::get_if<Block>(&operand)) return block->rows() > 1 || block->columns() > 1;
   return std::holds_alternative<Table>(operand);
+}
+
+// A table's value where a larger one is calculated: a single row or column repeats.
+Value spreadAt(const Table& from, int row, int column) {
+  const int r = from.rows == 1 ? 0 : row, c = from.columns == 1 ? 0 : column;
+  return r < from.rows && c < from.columns ? from.at(r, c) : Value(Error::NotAvailable);
 }
 
 int placed(const Coordinate& coordinate, int home) {
@@ -320,6 +326,29 @@ Operand Evaluator::caught(const Expression& expression, const Home& home) {
   }
 }
 
+Table Evaluator::spread(int rows, int columns, const std::function<Value(int, int)>& calculate) {
+  Table result = sized(rows, columns);
+  for (int row = 0; row < rows; ++row)
+    for (int column = 0; column < columns; ++column) {
+      Value& into =
+          result
+              .values[static_cast<size_t>(row) * static_cast<size_t>(columns) + static_cast<size_t>(column)];
+      try {
+        into = calculate(row, column);
+      } catch (const Failure& failure) {
+        into = failure.error;
+      }
+    }
+  return result;
+}
+
+Table Evaluator::sized(int rows, int columns) {
+  const size_t count = static_cast<size_t>(rows) * static_cast<size_t>(columns);
+  if (count > kMaxTable) throw Failure{Error::Number};
+  spend(count);
+  return {.rows = rows, .columns = columns, .values = std::vector<Value>(count)};
+}
+
 // Runs a function of single values for every cell of the blocks among its arguments.
 Operand Evaluator::lifted(const Expression& expression, const Home& home) {
   std::vector<Table> tables;
@@ -336,24 +365,15 @@ Operand Evaluator::lifted(const Expression& expression, const Home& home) {
   one.kind = Expression::Kind::Call;
   one.function = expression.function;
   one.arguments.resize(expression.arguments.size());
-  Table result{.rows = rows, .columns = columns, .values = {}};
-  for (int row = 0; row < rows; ++row)
-    for (int column = 0; column < columns; ++column) {
-      for (size_t i = 0; i < tables.size(); ++i) {
-        const Table& from = tables[i];
-        const bool missing = expression.arguments[i].kind == Expression::Kind::Missing;
-        one.arguments[i].kind = missing ? Expression::Kind::Missing : Expression::Kind::Constant;
-        const int r = from.rows == 1 ? 0 : row, c = from.columns == 1 ? 0 : column;
-        one.arguments[i].constant =
-            r < from.rows && c < from.columns ? from.at(r, c) : Value(Error::NotAvailable);
-      }
-      try {
-        Call call(*this, one, home, false);
-        result.values.push_back(single(one.function->run(call), home));
-      } catch (const Failure& failure) {
-        result.values.push_back(failure.error);
-      }
+  Table result = spread(rows, columns, [&](int row, int column) {
+    for (size_t i = 0; i < tables.size(); ++i) {
+      const bool missing = expression.arguments[i].kind == Expression::Kind::Missing;
+      one.arguments[i].kind = missing ? Expression::Kind::Missing : Expression::Kind::Constant;
+      one.arguments[i].constant = spreadAt(tables[i], row, column);
     }
+    Call call(*this, one, home, false);
+    return single(one.function->run(call), home);
+  });
   if (!any) return result.values.front();
   return result;
 }
@@ -376,18 +396,9 @@ Operand Evaluator::operation(const Expression& expression, const Home& home, boo
   if (!arrays || (!several(left) && !several(right)))
     return calculated(expression.operation, single(left, home), single(right, home));
   const Table a = table(left), b = table(right);
-  Table result{.rows = std::max(a.rows, b.rows), .columns = std::max(a.columns, b.columns), .values = {}};
-  const auto pick = [](const Table& from, int row, int column) -> Value {
-    const int r = from.rows == 1 ? 0 : row, c = from.columns == 1 ? 0 : column;
-    return r < from.rows && c < from.columns ? from.at(r, c) : Value(Error::NotAvailable);
-  };
-  for (int row = 0; row < result.rows; ++row)
-    for (int column = 0; column < result.columns; ++column) try {
-        result.values.push_back(calculated(expression.operation, pick(a, row, column), pick(b, row, column)));
-      } catch (const Failure& failure) {
-        result.values.push_back(failure.error);
-      }
-  return result;
+  return spread(std::max(a.rows, b.rows), std::max(a.columns, b.columns), [&](int row, int column) {
+    return calculated(expression.operation, spreadAt(a, row, column), spreadAt(b, row, column));
+  });
 }
 
 Operand Evaluator::named(const Expression& expression, const Home& home, bool arrays) {
@@ -441,11 +452,7 @@ Table Evaluator::table(const Operand& operand) {
   if (const Table* table = std::get_if<Table>(&operand)) return *table;
   Block block = std::get<Block>(operand);
   if (block.rows() == kMaxRow) block.lastRow = std::max(lastUsedRow(block.sheet), 1);
-  if (static_cast<size_t>(block.rows()) * static_cast<size_t>(block.columns()) > kMaxTable)
-    throw Failure{Error::Number};
-  Table table{.rows = block.rows(), .columns = block.columns(), .values = {}};
-  spend(static_cast<size_t>(table.rows) * static_cast<size_t>(table.columns));
-  table.values.resize(static_cast<size_t>(table.rows) * static_cast<size_t>(table.columns));
+  Table table = sized(block.rows(), block.columns());
   visit(block, [&](int row, int column, const Value& value) {
     table.values[static_cast<size_t>(row - block.firstRow) * static_cast<size_t>(table.columns) +
                  static_cast<size_t>(column - block.firstColumn)] = value;

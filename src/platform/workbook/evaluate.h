@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <string>
 #include <variant>
@@ -55,6 +56,8 @@ class Evaluator {
   Value single(const Operand& operand, const Home& home);
   // Large blocks are cut to the cells that are used.
   Table table(const Operand& operand);
+  // Of empty values; raises #NUM! beyond a million.
+  Table sized(int rows, int columns);
   // Every filled cell of the block, row by row, until the visitor gives false.
   template <class Visit>
   void visit(const Block& block, Visit visit);
@@ -78,6 +81,8 @@ class Evaluator {
   Operand call(const Expression& expression, const Home& home, bool arrays);
   Operand caught(const Expression& expression, const Home& home);
   Operand lifted(const Expression& expression, const Home& home);
+  // A table calculated cell by cell; a Failure becomes the cell's error.
+  Table spread(int rows, int columns, const std::function<Value(int, int)>& calculate);
   Operand operation(const Expression& expression, const Home& home, bool arrays);
   Operand named(const Expression& expression, const Home& home, bool arrays);
   void warn(int formula, const std::string& text);

@@ -161,9 +161,9 @@ Operand indirect(Call& call) {
 Operand numbered(Call& call, bool rows) {
   if (!call.given(0)) return Value(rows ? call.home().row : call.home().column);
   const Block block = call.block(0);
-  Table table{.rows = rows ? block.rows() : 1, .columns = rows ? 1 : block.columns(), .values = {}};
-  for (int i = rows ? block.firstRow : block.firstColumn; i <= (rows ? block.lastRow : block.lastColumn); ++i)
-    table.values.emplace_back(i);
+  Table table = call.evaluator().sized(rows ? block.rows() : 1, rows ? 1 : block.columns());
+  int number = rows ? block.firstRow : block.firstColumn;
+  for (Value& value : table.values) value = number++;
   return table;
 }
 

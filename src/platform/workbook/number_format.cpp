@@ -132,6 +132,51 @@ void NumberFormat::showOther(const Token& token, Shown& shown) {
   }
 }
 
+// A part of the moment that began so many whole seconds after day 0.
+std::string NumberFormat::datePart(const Token& token, double serial, long long seconds, bool twelveHours) {
+  const std::chrono::year_month_day date = dayOf(static_cast<double>(seconds / 86400));
+  const int year = static_cast<int>(date.year()), two = token.count > 1 ? 2 : 1;
+  const long long hour = seconds / 3600 % 24;
+  const auto named = [&](unsigned number, const std::string& name, int whole) {
+    return token.count < 3        ? padded(number, two)
+           : token.count == whole ? name
+                                  : name.substr(0, token.count == 5 ? 1 : 3);
+  };
+  switch (token.kind) {
+    case Kind::Year:
+      return token.count > 2 ? padded(year, 4) : padded(year % 100, 2);
+    case Kind::Month: {
+      const auto month = static_cast<unsigned>(date.month());
+      return named(month, kMonths[month - 1], 4);
+    }
+    case Kind::Day:
+      return named(static_cast<unsigned>(date.day()), kDays[static_cast<size_t>((seconds / 86400 + 6) % 7)],
+                   4);
+    case Kind::Hour:
+      return padded(twelveHours ? (hour + 11) % 12 + 1 : hour, two);
+    case Kind::Minute:
+      return padded(seconds / 60 % 60, two);
+    case Kind::Second:
+      return padded(seconds % 60, two);
+    case Kind::SecondPart: {
+      const int places = std::min(token.count, 6);
+      const auto scale = std::pow(10, places);
+      const auto part = (serial * 86400 - static_cast<double>(seconds)) * scale + 1e-3;
+      return "." + padded(static_cast<long long>(std::clamp(part, 0.0, scale - 1)), places);
+    }
+    case Kind::AmPm:
+      return std::string(hour < 12 ? "AM" : "PM").substr(0, token.count == 5 ? 2 : 1);
+    case Kind::ElapsedHours:
+      return padded(seconds / 3600, token.count);
+    case Kind::ElapsedMinutes:
+      return padded(seconds / 60, token.count);
+    case Kind::ElapsedSeconds:
+      return padded(seconds, token.count);
+    default:
+      return {};
+  }
+}
+
 void NumberFormat::showDate(const Section& section, double serial, Shown& shown) {
   if (serial < 0 || serial >= kLastDay) {
     shown.text = "########";
@@ -141,64 +186,11 @@ void NumberFormat::showDate(const Section& section, double serial, Shown& shown)
                                  [](const Token& token) { return token.kind == Kind::SecondPart; });
   const double exact = serial * 86400;
   const auto seconds = static_cast<long long>(parts ? std::floor(exact + 1e-6) : std::round(exact));
-  const auto day = static_cast<double>(seconds / 86400);
-  const std::chrono::year_month_day date = dayOf(day);
-  const int month = static_cast<int>(static_cast<unsigned>(date.month()));
-  const long long hour = seconds / 3600 % 24;
-  for (const Token& token : section.tokens) {
-    std::string& out = shown.text;
-    const int two = token.count > 1 ? 2 : 1;
-    switch (token.kind) {
-      case Kind::Year:
-        out += token.count > 2 ? padded(static_cast<int>(date.year()), 4)
-                               : padded(static_cast<int>(date.year()) % 100, 2);
-        break;
-      case Kind::Month: {
-        const std::string name = kMonths[static_cast<size_t>(month - 1)];
-        out += token.count < 3    ? padded(month, two)
-               : token.count == 4 ? name
-                                  : name.substr(0, token.count == 3 ? 3 : 1);
-        break;
-      }
-      case Kind::Day: {
-        const std::string name = kDays[static_cast<size_t>((static_cast<long long>(day) + 6) % 7)];
-        out += token.count < 3    ? padded(static_cast<unsigned>(date.day()), two)
-               : token.count == 3 ? name.substr(0, 3)
-                                  : name;
-        break;
-      }
-      case Kind::Hour:
-        out += padded(section.twelveHours ? (hour + 11) % 12 + 1 : hour, two);
-        break;
-      case Kind::Minute:
-        out += padded(seconds / 60 % 60, two);
-        break;
-      case Kind::Second:
-        out += padded(seconds % 60, two);
-        break;
-      case Kind::SecondPart: {
-        const auto scale = static_cast<long long>(std::pow(10, std::min(token.count, 6)));
-        const auto part = static_cast<long long>(
-            (exact - static_cast<double>(seconds)) * static_cast<double>(scale) + 1e-3);
-        out += "." + padded(std::clamp(part, 0LL, scale - 1), std::min(token.count, 6));
-        break;
-      }
-      case Kind::AmPm:
-        out += token.count == 5 ? (hour < 12 ? "AM" : "PM") : (hour < 12 ? "A" : "P");
-        break;
-      case Kind::ElapsedHours:
-        out += padded(seconds / 3600, token.count);
-        break;
-      case Kind::ElapsedMinutes:
-        out += padded(seconds / 60, token.count);
-        break;
-      case Kind::ElapsedSeconds:
-        out += padded(seconds, token.count);
-        break;
-      default:
-        showOther(token, shown);
-    }
-  }
+  for (const Token& token : section.tokens)
+    if (dateKind(token.kind))
+      shown.text += datePart(token, serial, seconds, section.twelveHours);
+    else
+      showOther(token, shown);
 }
 
 void NumberFormat::showNumber(const Section& section, double x, bool sign, int width, Shown& shown) {

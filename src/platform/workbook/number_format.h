@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -46,6 +47,8 @@ class NumberFormat {
     std::string text{};  // of a literal; the letter of a digit place
     int count = 1;       // letters of a date part
   };
+  struct Sign;
+  static const std::array<Sign, 8> kSigns;
   enum class Test { None, Less, LessEqual, Equal, NotEqual, Greater, GreaterEqual };
   struct Section {
     std::vector<Token> tokens;
@@ -65,6 +68,7 @@ class NumberFormat {
   static void settleMinutes(Section& section);
   static void settleCommas(Section& section);
   const Section* choose(double x, bool& sign) const;
+  static std::string datePart(const Token& token, double serial, long long seconds, bool twelveHours);
   static void showDate(const Section& section, double serial, Shown& shown);
   static void showNumber(const Section& section, double x, bool sign, int width, Shown& shown);
   static void showDigits(const Section& section, const Decimal& number, int exponent, Shown& shown);

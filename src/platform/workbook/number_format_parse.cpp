@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <utility>
@@ -50,6 +51,17 @@ size_t sectionEnd(std::string_view code, size_t at) {
 
 }  // namespace
 
+struct NumberFormat::Sign {
+  char sign;
+  Kind kind;
+};
+// clang-format off
+constexpr std::array<NumberFormat::Sign, 8> NumberFormat::kSigns{{
+  {'0', Kind::Digit}, {'#', Kind::Digit}, {'?', Kind::Digit},   {'.', Kind::Point},
+  {',', Kind::Comma}, {'/', Kind::Slash}, {'%', Kind::Percent}, {'@', Kind::Text},
+}};
+// clang-format on
+
 std::string_view NumberFormat::builtin(int id) {
   for (const auto& [number, code] : kBuiltins)
     if (number == id) return code;
@@ -71,66 +83,30 @@ NumberFormat::NumberFormat(std::string_view code) {
 }
 
 void NumberFormat::parse(Section& section, std::string_view code) {
-  const auto literal = [&](std::string_view text) {
-    section.tokens.push_back({.kind = Kind::Literal, .text = std::string(text)});
+  const auto put = [&](Kind kind, std::string_view text = {}) {
+    section.tokens.push_back({.kind = kind, .text = std::string(text)});
   };
-  size_t at = 0;
-  while (at < code.size()) {
+  for (size_t at = 0; at < code.size();) {
     const char c = code[at];
-    switch (c) {
-      case '"': {
-        const size_t end = std::min(code.find('"', at + 1), code.size());
-        literal(code.substr(at + 1, end - at - 1));
-        at = end + 1;
-        break;
-      }
-      case '\\': {
-        const size_t size = characterSize(code, at + 1);
-        literal(code.substr(at + 1, size));
-        at += 1 + size;
-        break;
-      }
-      case '_':
-        literal(" ");
-        at += 1 + characterSize(code, at + 1);
-        break;
-      case '*': {
-        const size_t size = characterSize(code, at + 1);
-        section.tokens.push_back({.kind = Kind::Fill, .text = std::string(code.substr(at + 1, size))});
-        at += 1 + size;
-        break;
-      }
-      case '[':
-        at = parseBracket(section, code, at);
-        break;
-      case '0':
-      case '#':
-      case '?':
-        section.tokens.push_back({.kind = Kind::Digit, .text = {c}});
-        ++at;
-        break;
-      case '.':
-        section.tokens.push_back({.kind = Kind::Point});
-        ++at;
-        break;
-      case ',':
-        section.tokens.push_back({.kind = Kind::Comma});
-        ++at;
-        break;
-      case '/':
-        section.tokens.push_back({.kind = Kind::Slash});
-        ++at;
-        break;
-      case '%':
-        section.tokens.push_back({.kind = Kind::Percent});
-        ++section.percents, ++at;
-        break;
-      case '@':
-        section.tokens.push_back({.kind = Kind::Text});
-        section.text = true, ++at;
-        break;
-      default:
-        at = parseLetters(section, code, at);
+    const size_t next = characterSize(code, at + 1);
+    if (const auto sign =
+            std::find_if(kSigns.begin(), kSigns.end(), [c](const Sign& s) { return s.sign == c; });
+        sign != kSigns.end()) {
+      put(sign->kind, code.substr(at++, 1));
+      section.percents += sign->kind == Kind::Percent;
+      section.text = section.text || sign->kind == Kind::Text;
+    } else if (c == '"') {
+      const size_t end = std::min(code.find('"', at + 1), code.size());
+      put(Kind::Literal, code.substr(at + 1, end - at - 1));
+      at = end + 1;
+    } else if (c == '\\' || c == '*') {
+      put(c == '*' ? Kind::Fill : Kind::Literal, code.substr(at + 1, next));
+      at += 1 + next;
+    } else if (c == '_') {
+      put(Kind::Literal, " ");
+      at += 1 + next;
+    } else {
+      at = c == '[' ? parseBracket(section, code, at) : parseLetters(section, code, at);
     }
   }
 }

@@ -220,11 +220,11 @@ void PageDrawing::texts() {
     for (int c = 0; c < columns(); ++c) {
       const Spot& place = spot(r, c);
       if (place.cell && place.merge < 0 && !place.cell->value.empty())
-        text(r, c, c, *place.cell, *place.style, rect(r, c, r, c), false);
+        text(r, c, *place.cell, *place.style, rect(r, c, r, c), false);
     }
   for (const Merge& merge : merges_)
     if (merge.starts && merge.cell && !merge.cell->value.empty())
-      text(merge.firstRow, merge.firstColumn, merge.lastColumn, *merge.cell, *merge.style,
+      text(merge.firstRow, merge.firstColumn, *merge.cell, *merge.style,
            rect(merge.firstRow, merge.firstColumn, merge.lastRow, merge.lastColumn), true);
 }
 
@@ -254,71 +254,69 @@ std::string PageDrawing::fitted(const Cell& cell, const CellStyle& style, const 
   return std::string(static_cast<size_t>(std::clamp(room / std::max(sign, 0.1), 1.0, 255.0)), '#');
 }
 
-void PageDrawing::text(int row, int firstColumn, int lastColumn, const Cell& cell, const CellStyle& style,
-                       Rect box, bool merged) {
-  paint::Text drawn{.text = {}, .box = {}, .clip = {}, .font = style.font, .colour = style.colour};
-  drawn.font.size *= scale_;
-  const bool words = cell.value.text() != nullptr;
-  const bool fill = style.across == Across::Fill;
+// Where the cell's text stands by its style, without its words.
+paint::Text PageDrawing::placed(const Value& value, const CellStyle& style, Rect box) const {
+  const bool words = value.text() != nullptr;
+  paint::Text text{.text = {}, .box = {}, .clip = box, .font = style.font, .colour = style.colour};
+  text.font.size *= scale_;
   switch (style.across) {
     case Across::General:
-      drawn.halign = words ? HAlign::Left : cell.value.number() ? HAlign::Right : HAlign::Centre;
+      text.halign = words ? HAlign::Left : value.number() ? HAlign::Right : HAlign::Centre;
       break;
     case Across::Left:
     case Across::Fill:
-      drawn.halign = HAlign::Left;
+      text.halign = HAlign::Left;
       break;
     case Across::Right:
-      drawn.halign = HAlign::Right;
+      text.halign = HAlign::Right;
       break;
     case Across::Justify:
-      drawn.halign = HAlign::Justify;
+      text.halign = HAlign::Justify;
       break;
     case Across::Centre:
-      drawn.halign = HAlign::Centre;
-      break;
     case Across::CentreAcross:
-      drawn.halign = HAlign::Centre;
-      while (!merged && lastColumn + 1 < columns() && blank(row, lastColumn + 1) &&
-             spot(row, lastColumn + 1).style->across == Across::CentreAcross)
-        ++lastColumn;
-      if (!merged) box = rect(row, firstColumn, row, lastColumn);
+      text.halign = HAlign::Centre;
       break;
   }
-  drawn.valign = style.down;
-  drawn.wrap = style.wrap && words;
+  text.valign = style.down;
+  text.wrap = style.wrap && words;
+  const double padding = kPadding * scale_;
+  const double indent = text.halign == HAlign::Centre ? 0 : style.indent * kIndent * scale_;
+  text.box = {box.x + padding + (text.halign == HAlign::Right ? 0 : indent), box.y,
+              std::max(box.w - 2 * padding - indent, 0.1), box.h};
+  return text;
+}
 
-  const double padding = kPadding * scale_, indent = style.indent * kIndent * scale_;
-  drawn.box = {box.x + padding, box.y, std::max(box.w - 2 * padding, 0.1), box.h};
-  if (drawn.halign == HAlign::Right) {
-    drawn.box.w = std::max(drawn.box.w - indent, 0.1);
-  } else if (drawn.halign != HAlign::Centre) {
-    drawn.box.x += indent;
-    drawn.box.w = std::max(drawn.box.w - indent, 0.1);
+void PageDrawing::text(int row, int column, const Cell& cell, const CellStyle& style, Rect box, bool merged) {
+  int last = column;
+  if (style.across == Across::CentreAcross && !merged) {
+    while (last + 1 < columns() && blank(row, last + 1) &&
+           spot(row, last + 1).style->across == Across::CentreAcross)
+      ++last;
+    box = rect(row, column, row, last);
   }
-  std::string shown = fitted(cell, style, drawn.font, drawn.box.w + padding, drawn.colour);
+  paint::Text drawn = placed(cell.value, style, box);
+  std::string shown = fitted(cell, style, drawn.font, drawn.box.w + kPadding * scale_, drawn.colour);
   if (!drawn.wrap) shown = oneLine(std::move(shown));
   if (shown.empty()) return;
-  Rect clip = box;
+  const double width = drawn.wrap ? 0 : metrics_.width(shown, drawn.font), room = drawn.box.w;
   if (drawn.wrap) {
     // What does not fit is cut at its end, not at its beginning.
     if (drawn.valign != paint::VAlign::Top &&
-        metrics_.wrappedHeight(shown, drawn.font, drawn.box.w) > box.h + kClipSlack * scale_)
+        metrics_.wrappedHeight(shown, drawn.font, room) > box.h + kClipSlack * scale_)
       drawn.valign = paint::VAlign::Top;
-  } else {
-    const double width = metrics_.width(shown, drawn.font);
-    if (fill && width > 0) {
-      const std::string once = shown;
-      for (double filled = 2 * width; filled <= drawn.box.w && shown.size() < 1000; filled += width)
-        shown += once;
-    } else if (style.shrink && width > drawn.box.w) {
-      drawn.font.size = std::max(drawn.font.size * drawn.box.w / width, 1.0);
-    } else if (words && !merged && !fill && width > drawn.box.w) {
-      clip = overflow(row, firstColumn, lastColumn, width + 2 * padding + indent, drawn.halign, box);
-    }
+  } else if (style.across == Across::Fill) {
+    const std::string once = shown;
+    for (double filled = 2 * width; width > 0 && filled <= room && shown.size() < 1000; filled += width)
+      shown += once;
+  } else if (style.shrink && width > room) {
+    drawn.font.size = std::max(drawn.font.size * room / width, 1.0);
+  } else if (cell.value.text() && !merged && width > room) {
+    drawn.clip = overflow(row, column, last, box.w + width - room, drawn.halign, box);
   }
   drawn.text = shown;
-  drawn.clip = {clip.x, clip.y - kClipSlack * scale_, clip.w, clip.h + 2 * kClipSlack * scale_};
+  drawn.clip.y -= kClipSlack * scale_;
+  drawn.clip.h += 2 * kClipSlack * scale_;
   canvas_.text(drawn);
 }
 

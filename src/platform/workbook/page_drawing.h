@@ -42,8 +42,8 @@ class PageDrawing {
   void borders();
   void rule(bool across, double along, double from, double to, const Side& side);
   void texts();
-  void text(int row, int firstColumn, int lastColumn, const Cell& cell, const CellStyle& style,
-            paint::Rect box, bool merged);
+  paint::Text placed(const Value& value, const CellStyle& style, paint::Rect box) const;
+  void text(int row, int column, const Cell& cell, const CellStyle& style, paint::Rect box, bool merged);
   std::string fitted(const Cell& cell, const CellStyle& style, const paint::Font& font, double room,
                      paint::Colour& colour) const;
   paint::Rect overflow(int row, int firstColumn, int lastColumn, double needed, paint::HAlign align,
