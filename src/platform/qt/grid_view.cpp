@@ -269,7 +269,7 @@ QColor GridView::groundOf(size_t row) const {
 
 QString GridView::textOf(const Cell& cell, size_t column) const {
   const QString text =
-      QString::fromStdString(control_.grid.columns[column].money ? groupedFigures(cell.text) : cell.text);
+      QString::fromStdString(control_.grid.columns[column].money ? groupedMoney(cell.text) : cell.text);
   return text.contains('\n') ? text.simplified() : text;
 }
 

@@ -61,3 +61,5 @@ QString menuSheet(const Look& look);
 
 // Figures of a field or cell that is only shown, grouped the Indian way; any other text as it is.
 std::string groupedFigures(const std::string& text);
+// The same for an amount: with two decimals at the least.
+std::string groupedMoney(const std::string& text);

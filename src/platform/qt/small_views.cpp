@@ -146,7 +146,8 @@ LabelView::LabelView(Screen& screen, Control& control, Hands& hands, QWidget* pa
 
 void LabelView::sync(const Situation&) {
   Shown now{.text = control_.text, .style = control_.style, .back = control_.back, .align = control_.align};
-  if (control_.money) now.text = groupedFigures(now.text);
+  if (control_.money)
+    now.text = control_.style == Style::Figure ? groupedFigures(now.text) : groupedMoney(now.text);
   if (now == shown_) return;
   shown_ = std::move(now);
   setText(shownText(shown_.text));
@@ -243,7 +244,7 @@ void LabelView::paintLines(QPainter& painter, const QStringList& lines) const {
     if (!match.hasMatch()) continue;
     row.setLeft(row.left() + painter.fontMetrics().horizontalAdvance(match.captured(1)));
     painter.setFont(look_->font(Look::Face::Strong));
-    draw::line(painter, row, shownText(groupedFigures(match.captured(2).toStdString())), Qt::AlignLeft);
+    draw::line(painter, row, shownText(groupedMoney(match.captured(2).toStdString())), Qt::AlignLeft);
   }
 }
 

@@ -12,6 +12,7 @@
 #include <map>
 #include <memory>
 
+#include "base/number.h"
 #include "base/pattern.h"
 #include "platform/qt/look.h"
 #include "platform/qt/palette.h"
@@ -241,4 +242,14 @@ std::string groupedFigures(const std::string& text) {
       return text;
   }
   return digit ? indianGroups(text) : text;
+}
+
+std::string groupedMoney(const std::string& text) {
+  if (!isNumberText(text)) return groupedFigures(text);
+  const size_t point = text.find('.');
+  const size_t decimals = point == std::string::npos ? 0 : text.size() - point - 1;
+  std::string whole = text;
+  if (point == std::string::npos) whole += '.';
+  if (decimals < 2) whole.append(2 - decimals, '0');
+  return groupedFigures(whole);
 }
