@@ -133,10 +133,10 @@ void wordsRow(Sheet& sheet, int row, Columns columns, const std::string& label, 
 
 void bankAndNotes(Sheet& sheet, int row, Columns left, Columns right, const Company& company) {
   const Columns both{left.left, right.right};
-  sheet.formula(
-      at(row, both), {.size = 7, .wrap = true, .indent = 1, .edges = sides(Edge::Thin)},
-      labelled("Bank : ", company.bank) + "&" + labelled(",  ", company.account) +
-          "&CHAR(10)&\"Declaration : This invoice shows the actual price, and all particulars are true and correct.\"");
+  sheet.formula(at(row, both), {.size = 7, .wrap = true, .indent = 1, .edges = sides(Edge::Thin)},
+                labelled("Bank : ", company.bank) + "&" + labelled(",  ", company.account) +
+                    "&CHAR(10)&\"Declaration : This invoice shows the actual price, and all particulars are "
+                    "true and correct.\"");
   Style last{
       .size = 7.5,
       .colour = kQuiet,

@@ -26,7 +26,8 @@ Screens allScreens() {
 
 // Starts the program anew and plays one script on it; returns the checks that passed.
 template <class DeskType>
-int playOn(DeskType& desk, Machine& machine, const Fingers& fingers, const std::string& folder, const Script& script) {
+int playOn(DeskType& desk, Machine& machine, const Fingers& fingers, const std::string& folder,
+           const Script& script) {
   Player player(desk, machine, fingers, folder);
   startUp(desk, folder);
   player.play(script);
@@ -37,7 +38,8 @@ int playBare(const std::string& folder, const Script& script) {
   Machine machine;
   const Screens screens = allScreens();
   Played<Bare> desk(machine, screens);
-  const Fingers fingers{[&desk](const Key& key) { desk.key(key); }, [&desk](const std::string& text) { desk.type(text); }, {}};
+  const Fingers fingers{
+      [&desk](const Key& key) { desk.key(key); }, [&desk](const std::string& text) { desk.type(text); }, {}};
   return playOn(desk, machine, fingers, folder, script);
 }
 
@@ -46,17 +48,17 @@ int playInWindow(const std::string& folder, const Script& script) {
   const Screens screens = allScreens();
   Played<QtHost> desk(machine, screens);
   const Fingers fingers{[&desk](const Key& key) {
-                      desk.realKey(key);
-                      desk.settle();
-                    },
-                    [&desk](const std::string& text) {
-                      desk.realText(text);
-                      desk.settle();
-                    },
-                    [&desk](const std::string& file) {
-                      desk.settle();
-                      desk.grab(file);
-                    }};
+                          desk.realKey(key);
+                          desk.settle();
+                        },
+                        [&desk](const std::string& text) {
+                          desk.realText(text);
+                          desk.settle();
+                        },
+                        [&desk](const std::string& file) {
+                          desk.settle();
+                          desk.grab(file);
+                        }};
   return playOn(desk, machine, fingers, folder, script);
 }
 
