@@ -25,61 +25,63 @@ constexpr const char* kDots[] = {
 // Columns that a line has in SALEITM and in the work table alike.
 constexpr const char* kLineColumns =
     "VOUCH_NO, VOUCH_DT, BOOK_CD, SR_NO, ITEM_CD, SIZE_CD, QUANTITY, RATE, SALE_DISC, SALE_DISC1, AMOUNT, "
-    "TAX_CD,"
-    " TAX_RT, TAX_AMT, VAT_AMT, BRKRG, NET_AMOUNT, DESC1, ITEM_DESC, MFG_DT, EXP_DT, VOUCH_TIME, ORDER_NO, "
-    "CHLN_DT,"
-    " CGSTRT, SGSTRT, IGSTRT, CGSTAMT, SGSTAMT, IGSTAMT, CESS_PERC1, CESS_AMT1, CUR_NM, CUR_RT, CUR_ITM_RT, "
-    "DISC3,"
-    " DISC4, CUR_AMT, MOBNOCO, DATANM, DATASENT";
+    "TAX_CD, "
+    "TAX_RT, TAX_AMT, VAT_AMT, BRKRG, NET_AMOUNT, DESC1, ITEM_DESC, MFG_DT, EXP_DT, VOUCH_TIME, ORDER_NO, "
+    "CHLN_DT, "
+    "CGSTRT, SGSTRT, IGSTRT, CGSTAMT, SGSTAMT, IGSTAMT, CESS_PERC1, CESS_AMT1, CUR_NM, CUR_RT, CUR_ITM_RT, "
+    "DISC3, "
+    "DISC4, CUR_AMT, MOBNOCO, DATANM, DATASENT";
 
 Fields headerRow(Database& db, const Book& book, const BillHeader& b, const SaveStamp& stamp) {
   const Clock time{stamp.now.hour, stamp.now.minute};
   const Date today = stamp.now.date;
+  // clang-format off
   Fields row = {
-      {"VOUCH_NO",      b.number            },
-      {"VOUCH_DT",      b.date              },
-      {"VOUCH_TIME",    time                },
-      {"ENT_TIME",      time                },
-      {"BL_TIME",       time                },
-      {"TIME_GOODS",    time                },
-      {"BILL_NO",       trim(b.billNumber)  },
-      {"BL_TYPE",       trim(b.billType)    },
-      {"BOOK_CD",       book.code           },
-      {"PARTY_CD",      trim(b.party)       },
-      {"ORDER_NO",      trim(b.orderNumber) },
+      {"VOUCH_NO",      b.number},
+      {"VOUCH_DT",      b.date},
+      {"VOUCH_TIME",    time},
+      {"ENT_TIME",      time},
+      {"BL_TIME",       time},
+      {"TIME_GOODS",    time},
+      {"BILL_NO",       trim(b.billNumber)},
+      {"BL_TYPE",       trim(b.billType)},
+      {"BOOK_CD",       book.code},
+      {"PARTY_CD",      trim(b.party)},
+      {"ORDER_NO",      trim(b.orderNumber)},
       {"SALE_CD",       account_code::kSales},
       {"DESPATCH_FROM", account_code::kSales},
-      {"ORDER_DT",      formatDate(b.date,    "dd/MMM/yyyy")},
-      {"CHLN_DT",               b.date                          },
-      {"DT_GOODS",               b.date},
-      {"ACK_DT",               b.date                            },
-      {"PRV_BDT",               today},
-      {"ENT_DT",               today                             },
-      {"ITEM_AMT",               b.items},
-      {"NO_OF_ITEM",               b.quantity                           },
-      {"CR_DAYS",               b.creditDays},
-      {"NET_AMT",               b.amount                           },
-      {"ROUND_OFF",               b.roundOff},
-      {"TCGSTRT",               b.cgst                             },
-      {"TSGSTRT",               b.sgst},
-      {"TIGSTRT",               b.igst                             },
-      {"NARRATION",               trim(b.narration)},
-      {"CASH_CD",               trim(b.shipTo)                               },
-      {"DESTI",               trim(b.destination)},
-      {"GR_NO",               trim(b.lrNumber)                               },
-      {"TRANSPORT",               trim(b.transport)},
-      {"PARCLE",               trim(b.parcels)                                  },
-      {"GR_DATE",               b.lrDate.value_or(b.date)},
-      {"CHLN_NO",               b.challanNumber                                  },
-      {"TRANS_CD",               b.transportId},
-      {"GSTPOST",               1                                   },
-      {"GWDN",               1},
-      {"SMAN_CD",               "S001"                                },
-      {"USER_CD",               stamp.user},
-      {"MOBNOCO",               stamp.mobile                                },
-      {"DATANM",               stamp.dataName},
-      {"DATASENT",               "N"                              },
+      {"ORDER_DT",      formatDate(b.date, "dd/MMM/yyyy")},
+      {"CHLN_DT",       b.date},
+      {"DT_GOODS",      b.date},
+      {"ACK_DT",        b.date},
+      {"PRV_BDT",       today},
+      {"ENT_DT",        today},
+      {"ITEM_AMT",      b.items},
+      {"NO_OF_ITEM",    b.quantity},
+      {"CR_DAYS",       b.creditDays},
+      {"NET_AMT",       b.amount},
+      {"ROUND_OFF",     b.roundOff},
+      {"TCGSTRT",       b.cgst},
+      {"TSGSTRT",       b.sgst},
+      {"TIGSTRT",       b.igst},
+      {"NARRATION",     trim(b.narration)},
+      {"CASH_CD",       trim(b.shipTo)},
+      {"DESTI",         trim(b.destination)},
+      {"GR_NO",         trim(b.lrNumber)},
+      {"TRANSPORT",     trim(b.transport)},
+      {"PARCLE",        trim(b.parcels)},
+      {"GR_DATE",       b.lrDate.value_or(b.date)},
+      {"CHLN_NO",       b.challanNumber},
+      {"TRANS_CD",      b.transportId},
+      {"GSTPOST",       1},
+      {"GWDN",          1},
+      {"SMAN_CD",       "S001"},
+      {"USER_CD",       stamp.user},
+      {"MOBNOCO",       stamp.mobile},
+      {"DATANM",        stamp.dataName},
+      {"DATASENT",      "N"},
   };
+  // clang-format on
   for (const char* column : kDots) row.push_back({column, "."});
   for (const char* column : kNil) row.push_back({column, 0});
   const std::string govId =
