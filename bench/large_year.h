@@ -1,17 +1,21 @@
 #pragma once
 
-#include "base/date.h"
 #include "store/database.h"
 
-// A company-year of a busy shop for measuring: parties, items, bills of three lines and
-// receipts with their ledger rows, made by one statement a table. The same counts always
-// make the same books. The file must hold the schema and the seeds.
+// A company-year of a busy shop for measuring: parties, items, bills of three lines, receipts
+// and their ledger rows, spread over the whole accounting period. Amounts, numbers and postings
+// come from the rules that the screens use, so a bill reads as if it had been typed. The same
+// counts always make the same books.
 struct LargeYear {
   int parties = 1000;
   int items = 500;
   int bills = 100'000;
   int receipts = 20'000;
-  Date first{std::chrono::year{2026}, std::chrono::April, std::chrono::day{1}};
 };
 
+// Takes the place of the parties, items, bills, receipts and ledger rows that stand in the open
+// company-year. All or nothing; raises DatabaseError.
 void makeLargeYear(Database& db, const LargeYear& size = {});
+
+// Vouchers whose debits and credits differ.
+int unbalancedVouchers(Database& db);
