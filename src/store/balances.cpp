@@ -1,5 +1,7 @@
 #include "store/balances.h"
 
+#include "base/number.h"
+
 void refreshBalances(Database& db) {
   Transaction all(db);
   db.attempt("DELETE FROM T_ACLST");
@@ -23,4 +25,17 @@ void refreshBalances(Database& db) {
       "UPDATE ACCOUNT SET CL_BAL = ACCOUNT.CL_BAL - T_ACLST.TOT_CR FROM T_ACLST"
       " WHERE ACCOUNT.ACC_CD = T_ACLST.ACC_CD AND T_ACLST.TOT_CR <> 0");
   all.commit();
+}
+
+void RebuildOneBalance(Database& db, std::string_view code) {
+  const auto account = db.first("SELECT OP_BAL FROM ACCOUNT WHERE ACC_CD = ?", code);
+  if (!account) return;
+  const auto sides = db.first(
+      "SELECT SUM(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT END), SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT "
+      "END)"
+      " FROM ALEDGER WHERE PARTY_CD = ?",
+      code);
+  double balance = Round(account->number(0), 2) - Round(sides->number(0), 2);
+  balance = Round(balance, 2) + Round(sides->number(1), 2);
+  db.exec("UPDATE ACCOUNT SET CL_BAL = ? WHERE ACC_CD = ?", Round(balance, 2), code);
 }

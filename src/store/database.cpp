@@ -1,5 +1,6 @@
 #include "store/database.h"
 
+#include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
@@ -11,6 +12,7 @@
 #include "store/dictionary.h"
 #include "store/functions.h"
 #include "store/lock_file.h"
+#include "store/safe_file.h"
 
 namespace {
 
@@ -144,8 +146,8 @@ auto Database::checked(std::string_view sql, Work work) -> decltype(work()) {
   try {
     return work();
   } catch (const SQLite::Exception& error) {
-    throw DatabaseError(kindOf(error.getErrorCode()), file_.filename().string(), error.what(),
-                        std::string(sql), error.getExtendedErrorCode());
+    throw DatabaseError(kindOf(error.getErrorCode()), shownName(file_), error.what(), std::string(sql),
+                        error.getExtendedErrorCode());
   }
 }
 
@@ -155,7 +157,7 @@ void Database::open(const std::filesystem::path& file, Access access) {
   const bool inMemory = file == ":memory:";
   std::error_code ignored;
   if (access != Access::create && !inMemory && !std::filesystem::is_regular_file(file, ignored))
-    throw DatabaseError(Kind::missing, file.filename().string(), {});
+    throw DatabaseError(Kind::missing, shownName(file), {});
 
   const int flags = access == Access::readOnly ? SQLite::OPEN_READONLY
                     : access == Access::create ? SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE
@@ -267,6 +269,19 @@ Outcome Database::attempt(const std::function<int()>& work) {
   } catch (const DatabaseError& error) {
     if (!error.mayBePassedOver()) throw;
     return {.error = error.what()};
+  }
+}
+
+void Database::copyPages(const std::filesystem::path& to) {
+  if (!handle_) throw DatabaseError(Kind::other, {}, "No database is open");
+  try {
+    SQLite::Database copy(to.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, lockWaitMs);
+    const int result = SQLite::Backup(copy, handle_->sqlite).executeStep();
+    if (result != SQLITE_DONE)
+      throw DatabaseError(kindOf(result), shownName(file_), sqlite3_errstr(result), {}, result);
+  } catch (const SQLite::Exception& error) {
+    throw DatabaseError(kindOf(error.getErrorCode()), shownName(to), error.what(), {},
+                        error.getExtendedErrorCode());
   }
 }
 

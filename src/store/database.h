@@ -223,6 +223,9 @@ class Database {
 
   bool inTransaction() const;
 
+  // Copies the file page by page into a new one while it stays open and others may read it.
+  void copyPages(const std::filesystem::path& to);
+
  private:
   friend class Rows;
   friend class Transaction;

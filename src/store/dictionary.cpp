@@ -98,6 +98,15 @@ bool CheckTable(Database& db, std::string_view name) {
       .has_value();
 }
 
+bool isCompanyYear(Database& db) {
+  const auto holds = [&](std::string_view table, std::string_view field) {
+    const auto columns = tableColumns(db, table);
+    return std::any_of(columns.begin(), columns.end(),
+                       [&](const Column& c) { return sameText(c.name, field); });
+  };
+  return holds("STRUCTAB", "TABNM") || holds("ACCOUNT", "ACC_CD");
+}
+
 void CreateDictionary(Database& db) {
   Transaction all(db);
   applyTable(db, "STRUCTAB", dictionaryColumns("STRUCTAB"));

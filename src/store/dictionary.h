@@ -31,6 +31,9 @@ std::vector<Column> dictionaryColumns(std::string_view table);
 
 // Whether the open database file holds the table.
 bool CheckTable(Database& db, std::string_view name);
+// Whether the open file is a company-year, also one that an update has to complete; a stranger's
+// database, whose tables may bear the same names, is none.
+bool isCompanyYear(Database& db);
 
 // Makes STRUCTAB where it is missing, and empties it.
 void CreateDictionary(Database& db);

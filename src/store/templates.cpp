@@ -1,15 +1,10 @@
 #include "store/templates.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <functional>
-#include <system_error>
-
 #include "store/alter.h"
 #include "store/dictionary.h"
 #include "store/keys.h"
 #include "store/row_writer.h"
+#include "store/safe_file.h"
 #include "store/seeds.h"
 #include "store/views.h"
 
@@ -104,47 +99,6 @@ void fillCompanyDatabase(Database& db) {
   all.commit();
 }
 
-DatabaseError fileError(const fs::path& file, const std::error_code& error) {
-  using Kind = DatabaseError::Kind;
-  const Kind kind = error == std::errc::no_space_on_device          ? Kind::full
-                    : error == std::errc::no_such_file_or_directory ? Kind::missing
-                    : error == std::errc::permission_denied || error == std::errc::read_only_file_system
-                        ? Kind::readOnly
-                        : Kind::io;
-  return {kind, file.filename().string(), error.message()};
-}
-
-void flushToDisk(const fs::path& path) {
-  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  const bool flushed = file >= 0 && fsync(file) == 0;
-  const std::error_code error(errno, std::generic_category());
-  if (file >= 0) close(file);
-  if (!flushed) throw fileError(path, error);
-}
-
-// A journal that a crash left beside the old file would be played into the new one.
-void putInPlace(const fs::path& whole, const fs::path& file) {
-  std::error_code error;
-  fs::remove(file.string() + "-journal", error);
-  if (!error) fs::rename(whole, file, error);
-  if (error) throw fileError(file, error);
-  flushToDisk(file.has_parent_path() ? file.parent_path() : fs::path("."));
-}
-
-void buildBeside(const fs::path& file, const std::function<void(const fs::path&)>& build) {
-  const fs::path making = file.string() + ".new";
-  std::error_code ignored;
-  fs::remove(making, ignored);
-  try {
-    build(making);
-    flushToDisk(making);
-    putInPlace(making, file);
-  } catch (...) {
-    fs::remove(making, ignored);
-    throw;
-  }
-}
-
 void makeDatabase(const fs::path& file, void (*fill)(Database&)) {
   buildBeside(file, [&](const fs::path& making) {
     Database db;
@@ -175,9 +129,5 @@ void makeCatalogue(const fs::path& file) {
 }
 
 void copyDatabase(const fs::path& from, const fs::path& to) {
-  buildBeside(to, [&](const fs::path& making) {
-    std::error_code error;
-    if (!fs::copy_file(from, making, error)) throw fileError(from, error);
-    fs::permissions(making, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add, error);
-  });
+  buildBeside(to, [&](const fs::path& making) { copyFile(from, making); });
 }

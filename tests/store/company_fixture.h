@@ -7,7 +7,7 @@
 #include "base/text.h"
 #include "store/database.h"
 #include "store/templates.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 // A company-year as delivered, made once and copied for each test.
 class CompanyTest : public testing::Test {

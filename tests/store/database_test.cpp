@@ -8,7 +8,7 @@
 #include <fstream>
 
 #include "store/lock_file.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 namespace {
 
