@@ -31,9 +31,8 @@ void RebuildOneBalance(Database& db, std::string_view code) {
   const auto account = db.first("SELECT OP_BAL FROM ACCOUNT WHERE ACC_CD = ?", code);
   if (!account) return;
   const auto sides = db.first(
-      "SELECT SUM(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT END), SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT "
-      "END)"
-      " FROM ALEDGER WHERE PARTY_CD = ?",
+      "SELECT SUM(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT END),"
+      " SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT END) FROM ALEDGER WHERE PARTY_CD = ?",
       code);
   double balance = Round(account->number(0), 2) - Round(sides->number(0), 2);
   balance = Round(balance, 2) + Round(sides->number(1), 2);
