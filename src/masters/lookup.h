@@ -21,7 +21,7 @@ struct LookupSpec {
   std::string book = {};
 };
 
-// Opens FRMHLP on the specification. The chosen first column replaces the field's text as
+// Opens FRMHLP as the values tell it. The chosen first column replaces the field's text as
 // it is, and the field's Enter logic runs once after the handler; after Escape or an empty
 // choice nothing happens. Always returns Go::Stay, so that a handler ends with it.
 Go lookUp(Host& host, Screen& caller, Control& field, const LookupSpec& spec);
