@@ -49,11 +49,6 @@ bool discountRefused(double discount);
 // The amount of a line for the books.
 double storedAmount(double quantity, double rate, double discount);
 
-// Sums over the stored lines; an empty one has summed nothing and leaves its field as it is.
-struct LineSums {
-  std::optional<double> amount, quantity, cgst, sgst, igst;
-};
-
 struct BillTotal {
   double amount = 0;    // whole rupees, halves to even
   double roundOff = 0;  // amount - sum, above 0 when the bill rose

@@ -23,13 +23,13 @@ std::optional<SaleItem> readSaleItem(Database& db, const std::string& item) {
   return found;
 }
 
-std::optional<UnitRates> readUnit(Database& db, const std::string& item, const std::string& unit) {
-  const auto row = db.first(
-      "SELECT SALE_RATE1, SALE_DISC FROM ITEMDTL WHERE SIZE_CD = ? AND ITEM_CD = ? ORDER BY rowid DESC LIMIT "
-      "1",
-      unit, item);
+std::optional<UnitRates> readUnit(Database& db, const Book& book, const std::string& item,
+                                  const std::string& unit) {
+  const auto row = db.first("SELECT " + book.rate + ", " + book.discount +
+                                " FROM ITEMDTL WHERE SIZE_CD = ? AND ITEM_CD = ? ORDER BY rowid DESC LIMIT 1",
+                            unit, item);
   if (!row) return std::nullopt;
-  return UnitRates{row->number("SALE_RATE1"), row->number("SALE_DISC")};
+  return UnitRates{row->number(0), row->number(1)};
 }
 
 std::optional<double> findTransporter(Database& db, const std::string& name) {
@@ -37,6 +37,17 @@ std::optional<double> findTransporter(Database& db, const std::string& name) {
                             cut(name, kTransporterLength));
   if (!row) return std::nullopt;
   return row->number(0);
+}
+
+std::string transporterGovId(Database& db, const std::string& name) {
+  return db.text("SELECT TRANS_GOV_ID FROM TRANSMAST WHERE TRANSNAME = ? ORDER BY TRANS_ID LIMIT 1",
+                 cut(name, kTransporterLength));
+}
+
+std::optional<std::string> transporterName(Database& db, double id) {
+  const auto row = db.first("SELECT TRANSNAME FROM TRANSMAST WHERE TRANS_ID = ? LIMIT 1", id);
+  if (!row) return std::nullopt;
+  return row->text(0);
 }
 
 double addTransporter(Database& db, const std::string& name) {

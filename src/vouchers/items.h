@@ -4,6 +4,7 @@
 #include <string>
 
 #include "store/database.h"
+#include "vouchers/book.h"
 
 // Items, their units and the transporters, as a line or the foot of a voucher asks for them.
 
@@ -22,8 +23,12 @@ struct UnitRates {
   double rate = 0, discount = 0;
 };
 // Nothing when the item is not kept in that unit.
-std::optional<UnitRates> readUnit(Database& db, const std::string& item, const std::string& unit);
+std::optional<UnitRates> readUnit(Database& db, const Book& book, const std::string& item,
+                                  const std::string& unit);
 
+// By name, of which the master keeps less than a bill does.
 std::optional<double> findTransporter(Database& db, const std::string& name);
+std::string transporterGovId(Database& db, const std::string& name);
+std::optional<std::string> transporterName(Database& db, double id);
 // Adds the transporter, after "LOCAL" when the table is empty, and returns its number.
 double addTransporter(Database& db, const std::string& name);

@@ -14,27 +14,27 @@ void postVoucher(Database& db, const LedgerVoucher& voucher, const std::vector<L
   db.exec("DELETE FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ?", voucher.book, voucher.number);
   for (const LedgerRow& row : rows)
     db.exec(
-        "INSERT INTO ALEDGER (VOUCH_DT, VOUCH_NO, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT, "
-        "PARTY_BL,"
-        " NARRATION, SUB_DESC, BW_AB) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, NUMTEXT(?), 'A')",
+        "INSERT INTO ALEDGER (VOUCH_DT, VOUCH_NO, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
+        " PARTY_BL, NARRATION, SUB_DESC, BW_AB) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, NUMTEXT(?), 'A')",
         voucher.date, voucher.number, voucher.book, row.side, row.account, row.against, row.amount,
         row.billNumber, cut(row.narration, kNarrationLength), row.creditDays);
 }
 
-std::vector<LedgerRow> billRows(const BillPosting& b) {
-  using namespace account_code;
+std::vector<LedgerRow> billRows(const BillPosting& b, const Book& book) {
+  const std::string &ours = book.partySide, theirs = book.otherSide();
   const std::string withLr = b.narration + " " + b.lrNumber;
   const std::optional<std::string> none;
   std::vector<LedgerRow> rows = {
-      {"D", b.party, kSales,  b.amount, b.billNumber, withLr,      b.creditDays},
-      {"C", kSales,  b.party, b.items,  b.billNumber, withLr,      {}          },
-      {"C", kCgst,   b.party, b.cgst,   none,         b.narration, {}          },
-      {"C", kSgst,   b.party, b.sgst,   none,         b.narration, {}          },
-      {"C", kIgst,   b.party, b.igst,   none,         b.narration, {}          },
+      {ours,   b.party,    book.goods, b.amount, b.billNumber, withLr,      b.creditDays},
+      {theirs, book.goods, b.party,    b.items,  b.billNumber, withLr,      {}          },
+      {theirs, book.cgst,  b.party,    b.cgst,   none,         b.narration, {}          },
+      {theirs, book.sgst,  b.party,    b.sgst,   none,         b.narration, {}          },
+      {theirs, book.igst,  b.party,    b.igst,   none,         b.narration, {}          },
   };
+  // A bill that was rounded down is worth more than it asks for.
   if (b.roundOff != 0)
-    rows.push_back({b.roundOff < 0 ? "D" : "C",
-                    kRoundOff,
+    rows.push_back({b.roundOff < 0 ? ours : theirs,
+                    book.rounds,
                     b.party,
                     std::fabs(b.roundOff),
                     b.billNumber,

@@ -6,19 +6,12 @@
 
 #include "base/date.h"
 #include "store/database.h"
+#include "vouchers/book.h"
 
 // The books of account. One row of ALEDGER stands for each side of each posting: the account
 // in whose ledger it stands, the account against it, and an amount that has no sign of its own
 // (a negative one comes only from a negative bill). The rows of a voucher share its number,
 // date and book. They are derived from the vouchers and are written afresh on every save.
-
-namespace account_code {
-inline constexpr const char* kSales = "X90002";
-inline constexpr const char* kCgst = "X90061";
-inline constexpr const char* kSgst = "X90062";
-inline constexpr const char* kIgst = "X90063";
-inline constexpr const char* kRoundOff = "X90015";
-}  // namespace account_code
 
 struct LedgerVoucher {
   double number = 0;
@@ -47,5 +40,5 @@ struct BillPosting {
   double creditDays = 0;
 };
 
-// Party against sales, sales, the three taxes also when nil, and the round-off unless it is nil.
-std::vector<LedgerRow> billRows(const BillPosting& bill);
+// Party against goods, goods, the three taxes also when nil, and the round-off unless it is nil.
+std::vector<LedgerRow> billRows(const BillPosting& bill, const Book& book = saleBook());

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "store/row_writer.h"
+#include "vouchers/items.h"
 #include "vouchers/ledger_rows.h"
 #include "vouchers/numbering.h"
 
@@ -22,15 +23,16 @@ constexpr const char* kDots[] = {
     "FREIGHT", "PAY_MODE", "NARRATION1", "NARRATION2", "AGNT_DOC", "C_EX_REGNO",
 };
 
-// Columns that a line has in SALEITM and in the work table alike.
+// Columns that a line has in SALEITM and in the work table alike, as both statements list them.
+// clang-format off
 constexpr const char* kLineColumns =
-    "VOUCH_NO, VOUCH_DT, BOOK_CD, SR_NO, ITEM_CD, SIZE_CD, QUANTITY, RATE, SALE_DISC, SALE_DISC1, AMOUNT, "
-    "TAX_CD, "
-    "TAX_RT, TAX_AMT, VAT_AMT, BRKRG, NET_AMOUNT, DESC1, ITEM_DESC, MFG_DT, EXP_DT, VOUCH_TIME, ORDER_NO, "
-    "CHLN_DT, "
-    "CGSTRT, SGSTRT, IGSTRT, CGSTAMT, SGSTAMT, IGSTAMT, CESS_PERC1, CESS_AMT1, CUR_NM, CUR_RT, CUR_ITM_RT, "
-    "DISC3, "
-    "DISC4, CUR_AMT, MOBNOCO, DATANM, DATASENT";
+    "VOUCH_NO, VOUCH_DT, VOUCH_TIME, BOOK_CD, SR_NO, ORDER_NO, CHLN_DT,"
+    " ITEM_CD, SIZE_CD, DESC1, ITEM_DESC, MFG_DT, EXP_DT,"
+    " QUANTITY, RATE, SALE_DISC, SALE_DISC1, DISC3, DISC4, AMOUNT, NET_AMOUNT,"
+    " CGSTRT, SGSTRT, IGSTRT, CGSTAMT, SGSTAMT, IGSTAMT, CESS_PERC1, CESS_AMT1,"
+    " TAX_CD, TAX_RT, TAX_AMT, VAT_AMT, BRKRG, CUR_NM, CUR_RT, CUR_ITM_RT, CUR_AMT,"
+    " MOBNOCO, DATANM, DATASENT";
+// clang-format on
 
 Fields headerRow(Database& db, const Book& book, const BillHeader& b, const SaveStamp& stamp) {
   const Clock time{stamp.now.hour, stamp.now.minute};
@@ -48,8 +50,8 @@ Fields headerRow(Database& db, const Book& book, const BillHeader& b, const Save
       {"BOOK_CD",       book.code},
       {"PARTY_CD",      trim(b.party)},
       {"ORDER_NO",      trim(b.orderNumber)},
-      {"SALE_CD",       account_code::kSales},
-      {"DESPATCH_FROM", account_code::kSales},
+      {"SALE_CD",       book.goods},
+      {"DESPATCH_FROM", book.goods},
       {"ORDER_DT",      formatDate(b.date, "dd/MMM/yyyy")},
       {"CHLN_DT",       b.date},
       {"DT_GOODS",      b.date},
@@ -84,8 +86,7 @@ Fields headerRow(Database& db, const Book& book, const BillHeader& b, const Save
   // clang-format on
   for (const char* column : kDots) row.push_back({column, "."});
   for (const char* column : kNil) row.push_back({column, 0});
-  const std::string govId =
-      db.text("SELECT TRANS_GOV_ID FROM TRANSMAST WHERE TRANSNAME = ? ORDER BY TRANS_ID", trim(b.transport));
+  const std::string govId = transporterGovId(db, trim(b.transport));
   if (!govId.empty()) row.push_back({"TRANS_GOV_ID", govId});
   return row;
 }
@@ -101,9 +102,9 @@ bool saveBill(Database& db, const Book& book, const BillHeader& bill, const Save
   // A line of no quantity stays behind, though its amounts are in the totals.
   const std::string columns = kLineColumns;
   db.exec("INSERT INTO SALEITM (" + columns + ") SELECT " + columns +
-              " FROM T_SLITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = 'MISC') ORDER BY VOUCH_NO, "
-              "BOOK_CD",
-          bill.number);
+              " FROM T_SLITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
+              " ORDER BY VOUCH_NO, BOOK_CD",
+          bill.number, kMiscItem);
   postVoucher(db, {bill.number, bill.date, book.code},
               billRows({.party = trim(bill.party),
                         .amount = bill.amount,
@@ -115,7 +116,8 @@ bool saveBill(Database& db, const Book& book, const BillHeader& bill, const Save
                         .billNumber = bill.billNumber,
                         .narration = bill.narration,
                         .lrNumber = bill.lrNumber,
-                        .creditDays = bill.creditDays}));
+                        .creditDays = bill.creditDays},
+                       book));
   all.commit();
   return true;
 }
@@ -137,25 +139,10 @@ std::optional<Row> findBill(Database& db, const Book& book, double number) {
 }
 
 void loadLines(Database& db, const Book& book, double number) {
+  const std::string columns = kLineColumns;
   db.exec("DELETE FROM T_SLITM");
-  db.exec(
-      "INSERT INTO T_SLITM (VOUCH_NO, VOUCH_DT, BOOK_CD, SR_NO, ITEM_CD, ITEM_NAME, SIZE_CD, QUANTITY, RATE, "
-      "SALE_DISC,"
-      " SALE_DISC1, AMOUNT, TAX_CD, TAX_RT, TAX_AMT, VAT_AMT, BRKRG, NET_AMOUNT, DESC1, ITEM_DESC, MFG_DT, "
-      "EXP_DT,"
-      " VOUCH_TIME, ORDER_NO, CHLN_DT, YOUR_REF, CGSTRT, SGSTRT, IGSTRT, CGSTAMT, SGSTAMT, IGSTAMT, GSTPOST, "
-      "CESS_PERC1,"
-      " CESS_AMT1, CUR_NM, CUR_RT, CUR_ITM_RT, DISC3, DISC4, CUR_AMT, MOBNOCO, DATANM, DATASENT)"
-      " SELECT L.VOUCH_NO, L.VOUCH_DT, L.BOOK_CD, L.SR_NO, L.ITEM_CD, ITEM.ITEM_NAME, L.SIZE_CD, L.QUANTITY, "
-      "L.RATE,"
-      " L.SALE_DISC, L.SALE_DISC1, L.AMOUNT, L.TAX_CD, L.TAX_RT, L.TAX_AMT, L.VAT_AMT, L.BRKRG, "
-      "L.NET_AMOUNT, L.DESC1,"
-      " L.ITEM_DESC, L.MFG_DT, L.EXP_DT, L.VOUCH_TIME, L.ORDER_NO, L.CHLN_DT, L.YOUR_REF, L.CGSTRT, "
-      "L.SGSTRT, L.IGSTRT,"
-      " L.CGSTAMT, L.SGSTAMT, L.IGSTAMT, L.GSTPOST, L.CESS_PERC1, L.CESS_AMT1, L.CUR_NM, L.CUR_RT, "
-      "L.CUR_ITM_RT, L.DISC3,"
-      " L.DISC4, L.CUR_AMT, L.MOBNOCO, L.DATANM, L.DATASENT"
-      " FROM SALEITM AS L LEFT JOIN ITEM ON L.ITEM_CD = ITEM.ITEM_CD"
-      " WHERE L.BOOK_CD = ? AND L.VOUCH_NO = ? ORDER BY L.SR_NO, L.VOUCH_NO, L.BOOK_CD",
-      book.code, number);
+  db.exec("INSERT INTO T_SLITM (" + columns + ", YOUR_REF, GSTPOST, ITEM_NAME) SELECT " + columns +
+              ", YOUR_REF, GSTPOST, (SELECT ITEM_NAME FROM ITEM WHERE ITEM.ITEM_CD = SALEITM.ITEM_CD)"
+              " FROM SALEITM WHERE BOOK_CD = ? AND VOUCH_NO = ? ORDER BY SR_NO, VOUCH_NO, BOOK_CD",
+          book.code, number);
 }
