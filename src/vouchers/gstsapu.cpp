@@ -11,37 +11,25 @@
 namespace {
 
 constexpr const char* kCheck = "Mirav Check";
-constexpr const char* kNoMoreLines = "00";
 constexpr double kEWayLimit = 50000;
 
-// Fields of the header, of the line, and of what is only shown.
+// Fields of the header and of what is only shown.
 constexpr int kHeadFields[] = {0,  4,  32, 47, 43, 62, 16, 29, 55, 42, 27,
                                41, 40, 45, 18, 1,  3,  20, 26, 38, 28, 2};
-constexpr int kLineFields[] = {5, 6, 46, 7, 8, 9, 11, 12, 13, 10, 15, 19, 31, 14};
 
+// clang-format off
 std::vector<WorkLines::Shown> shownColumns(const Book& book) {
-  return {
-      {book.serial},
-      {"ITEM_CD"  },
-      {"ITEM_NAME"},
-      {"ITEM_DESC"},
-      {"SIZE_CD"  },
-      {"QUANTITY",  "0.000"},
-      {"RATE"          },
-      {"SALE_DISC"},
-      {"CGSTRT"          },
-      {"CGSTAMT"},
-      {"SGSTRT"          },
-      {"SGSTAMT"},
-      {"IGSTRT"          },
-      {"IGSTAMT"},
-      {"NET_AMOUNT"          },
-  };
+  return {{book.serial}, {"ITEM_CD"}, {"ITEM_NAME"}, {"ITEM_DESC"}, {"SIZE_CD"},
+          {"QUANTITY", "0.000"}, {"RATE"}, {"SALE_DISC"},
+          {"CGSTRT"}, {"CGSTAMT"}, {"SGSTRT"}, {"SGSTAMT"}, {"IGSTRT"}, {"IGSTAMT"},
+          {"NET_AMOUNT"}};
 }
+// clang-format on
 
 }  // namespace
 
-GSTSAPU::GSTSAPU(Host& theHost) : VoucherScreen(theHost, table(), saleBook(), shownColumns(saleBook())) {
+GSTSAPU::GSTSAPU(Host& theHost, const Book& book)
+    : VoucherScreen(theHost, table(), book, shownColumns(book)) {
   wire(*this, {
                   {"Text1(0)",      KeyCode::Enter,  &GSTSAPU::voucherNumber   },
                   {"MaskEdBox1(0)", KeyCode::Enter,  &GSTSAPU::voucherDate     },
@@ -77,6 +65,7 @@ GSTSAPU::GSTSAPU(Host& theHost) : VoucherScreen(theHost, table(), saleBook(), sh
                   {"Text1(31)",     On::Leave,       &GSTSAPU::unlock          },
                   {"Text1(14)",     KeyCode::Enter,  &GSTSAPU::amount          },
                   {"Text1(14)",     On::Leave,       &GSTSAPU::lock            },
+                  {"Text1(55)",     KeyCode::Enter,  &GSTSAPU::transportId     },
                   {"Text1(42)",     KeyCode::Enter,  &GSTSAPU::transport       },
                   {"Text1(41)",     KeyCode::Enter,  &GSTSAPU::destination     },
                   {"Text1(45)",     KeyCode::Enter,  &GSTSAPU::parcels         },
@@ -84,7 +73,7 @@ GSTSAPU::GSTSAPU(Host& theHost) : VoucherScreen(theHost, table(), saleBook(), sh
                   {"",              KeyCode::F6,     &GSTSAPU::partyRatesKey   },
                   {"",              KeyCode::F7,     &GSTSAPU::purchaseRatesKey},
   });
-  wireLookups(lookups());
+  wireLookups(lookups(book));
 }
 
 std::string GSTSAPU::tutorial() const { return links().saleVideo; }
@@ -123,6 +112,7 @@ bool GSTSAPU::acceptParty() {
   const auto account = findAccount(4, "Text2");
   if (!account) return false;
   session().mlastacc = trimmed(4);
+  phone_ = account->phone;
   takeState(*account);
   at("Label1", 54).text = partyLines(*account);
   if (mode != "ADD") return true;
@@ -161,221 +151,6 @@ Go GSTSAPU::billNumber() {
   return Go::Stay;
 }
 
-// The line
-
-bool GSTSAPU::isMisc() const { return sameText(trimmed(5), kMiscItem); }
-
-Go GSTSAPU::item() {
-  const std::string code = trimmed(5);
-  if (code.empty()) return helpHere();
-  if (code == kNoMoreLines) {
-    put(5, "");
-    endLines();
-    return Go::Stay;
-  }
-  text1(6).enabled = isMisc();
-  const auto found = readSaleItem(data(), code);
-  if (!found) {
-    host.message("Check Item Code");
-    put(5, "");
-    text1(6).enabled = false;
-    return Go::Stay;
-  }
-  if (!isMisc()) put(6, found->name);
-  fillRates(found->rateOfTax);
-  put(7, found->unit);
-  if (!fillFromUnit()) host.message("Check Unit For This Item in Item Master");
-  focus(text1(46));
-  return Go::Stay;
-}
-
-void GSTSAPU::fillRates(const std::optional<double>& rateOfTax) {
-  const auto texts = splitTax(Val(session().mstatecd), partyState_, rateOfTax);
-  if (!texts) {
-    host.message("SPECIFY RATE OF TAX IN ITEM");
-    return;
-  }
-  put(12, texts->cgst);
-  put(10, texts->sgst);
-  put(19, texts->igst);
-}
-
-// Rate and discount of the unit, where none has been typed; false when the item lacks the unit.
-bool GSTSAPU::fillFromUnit() {
-  if (isMisc()) return true;
-  const auto rates = readUnit(data(), trimmed(5), trimmed(7));
-  if (!rates) return false;
-  if (rates->rate > 0 && value(9) == 0) put(9, rates->rate);
-  if (rates->discount > 0 && value(11) == 0) put(11, rates->discount);
-  return true;
-}
-
-Go GSTSAPU::itemName() { return trimmed(6).empty() ? helpHere() : Go::On; }
-
-// A stored line has no column for a free name: it is kept, and printed, as the line's detail.
-void GSTSAPU::keepFreeName() {
-  if (isMisc() && trimmed(46).empty()) put(46, cut(trimmed(6), text1(46).limit));
-}
-
-Go GSTSAPU::unit() {
-  if (trimmed(7).empty()) return helpHere();
-  if (fillFromUnit()) return Go::On;
-  host.message("Check unit for this item");
-  return Go::Stay;
-}
-
-void GSTSAPU::quantity() { put(8, quantityText(typed(8))); }
-
-void GSTSAPU::rate() {
-  put(9, value(9));
-  valueLine();
-}
-
-Go GSTSAPU::discount() {
-  put(11, value(11));
-  if (discountRefused(value(11))) {
-    host.message("Discount can not be greater than 100%");
-    put(11, "");
-    return Go::Stay;
-  }
-  valueLine();
-  line_.tax({value(12), value(10), value(19)});
-  put(13, line_.amounts.cgst);
-  put(15, line_.amounts.sgst);
-  put(31, line_.amounts.igst);
-  showNet();
-  focus(text1(14));
-  return Go::Stay;
-}
-
-// A rate typed by hand gives its amount, on the value last worked out.
-Go GSTSAPU::taxRate() {
-  struct Pair {
-    int rate, amount;
-    double Taxes::*tax;
-  };
-  for (const Pair p : {
-           Pair{12, 13, &Taxes::cgst},
-           {10, 15, &Taxes::sgst},
-           {19, 31, &Taxes::igst}
-  }) {
-    if (here().index != p.rate) continue;
-    line_.rates.*p.tax = value(p.rate);
-    line_.amounts.*p.tax = line_.taxAt(value(p.rate));
-    put(p.amount, line_.amounts.*p.tax);
-    focus(text1(p.amount));
-  }
-  return Go::Stay;
-}
-
-// An amount typed by hand stands.
-Go GSTSAPU::taxAmount() {
-  valueLine();
-  line_.take(typedTaxes());
-  showNet();
-  focus(text1(here().index == 13 ? 10 : here().index == 15 ? 19 : 14));
-  return Go::Stay;
-}
-
-void GSTSAPU::valueLine() {
-  line_.value(value(8), value(9), value(11));
-  at("Label1", 31).text = Format(line_.assess, "0.00");
-  showNet();
-  const BillTotal preview = billPreview(value(18), {value(1), value(3), value(20)});
-  put(38, preview.roundOff);
-  put(28, preview.amount);
-}
-
-void GSTSAPU::showNet() { put(14, line_.shownNet()); }
-
-Go GSTSAPU::amount() {
-  if (trimmed(5).empty() || trimmed(7).empty()) {
-    focus(text1(5));
-    return Go::Stay;
-  }
-  session().mlastitem = trimmed(5);
-  storeLine();
-  return Go::Stay;
-}
-
-Fields GSTSAPU::lineFields() {
-  const Session& s = session();
-  const Moment now = host.now();
-  Fields line = {
-      {"VOUCH_NO",   value(0)                   },
-      {"VOUCH_DT",   date(0)                    },
-      {"VOUCH_TIME", Clock{now.hour, now.minute}},
-      {"BOOK_CD",    book_.code                 },
-      {"SR_NO",      lines_->serial()           },
-      {"ITEM_CD",    trimmed(5)                 },
-      {"ITEM_NAME",  trimmed(6)                 },
-      {"SIZE_CD",    typed(7)                   },
-      {"QUANTITY",   value(8)                   },
-      {"RATE",       value(9)                   },
-      {"SALE_DISC",  value(11)                  },
-      {"AMOUNT",     storedAmount(value(8),       value(9), value(11))},
-      {"NET_AMOUNT",  value(14)                            },
-      {"ORDER_NO",  value(16)},
-      {"ITEM_DESC",  trimmed(46)                            },
-      {"CHLN_DT",date(0)},
-      {"BLTYPE",      "TAX"                                  },
-      {"CGSTRT",  value(12)},
-      {"SGSTRT",  value(10)                                  },
-      {"IGSTRT",  value(19)},
-      {"CGSTAMT",  value(13)                                  },
-      {"SGSTAMT",  value(15)},
-      {"IGSTAMT",  value(31)                                  },
-      {"GSTPOST",  1},
-      {"DEPT_CD",          "E001"                                          },
-      {"MOBNOCO",s.mmobile},
-      {"DATANM",       s.mdataname                                                    },
-      {"DATASENT","N"},
-  };
-  for (const char* column : {"ITEM_SNAME", "MFG_DT", "EXP_DT", "YOUR_REF", "CUR_NM"})
-    line.push_back({column, "."});
-  for (const char* column : {"SALE_DISC1", "TAX_CD", "TAX_RT", "TAX_AMT", "VAT_AMT", "BRKRG", "DESC1",
-                             "CESS_PERC1", "CESS_AMT1", "CUR_RT", "CUR_ITM_RT", "CUR_AMT", "DISC3", "DISC4"})
-    line.push_back({column, 0});
-  return line;
-}
-
-void GSTSAPU::showLine(const Row& line) {
-  put(5, line.text("ITEM_CD"));
-  put(6, line.text("ITEM_NAME"));
-  text1(6).enabled = isMisc();
-  put(46, line.text("ITEM_DESC"));
-  put(7, line.text("SIZE_CD"));
-  put(8, quantityText(line.text("QUANTITY")));
-  put(9, line.number("RATE"));
-  put(11, line.number("SALE_DISC"));
-  put(12, line.number("CGSTRT"));
-  put(13, line.number("CGSTAMT"));
-  put(10, line.number("SGSTRT"));
-  put(15, line.number("SGSTAMT"));
-  put(19, line.number("IGSTRT"));
-  put(31, line.number("IGSTAMT"));
-  put(14, line.number("NET_AMOUNT"));
-}
-
-void GSTSAPU::clearLine() {
-  for (const int n : kLineFields) put(n, "");
-  text1(6).enabled = false;
-  line_ = {};
-  at("Label1", 31).text = "0.00";
-}
-
-// A column that sums to nothing leaves its field as it is.
-void GSTSAPU::sumLines() {
-  const auto sums = data().first(
-      "SELECT SUM(AMOUNT), SUM(QUANTITY), SUM(CGSTAMT), SUM(SGSTAMT), SUM(IGSTAMT) FROM T_SLITM");
-  constexpr int kTotals[] = {18, 26, 1, 3, 20};
-  for (int i = 0; i < 5; ++i)
-    if (!sums->isNull(i)) put(kTotals[i], Round(sums->number(i), 2));
-  const BillTotal total = billTotal(value(18), {value(1), value(3), value(20)});
-  put(28, total.amount);
-  put(38, total.roundOff);
-}
-
 // Foot
 
 Go GSTSAPU::transport() {
@@ -384,6 +159,13 @@ Go GSTSAPU::transport() {
   const auto id = findTransporter(data(), name);
   put(55, id ? *id : addTransporter(data(), name));
   return Go::On;
+}
+
+Go GSTSAPU::transportId() {
+  const auto name = transporterName(data(), value(55));
+  if (name) put(42, *name);
+  if (!name) host.message("Trnasport Name Not ADDed In Transport Master");
+  return name ? Go::On : Go::Stay;
 }
 
 Go GSTSAPU::destination() { return trimmed(41).empty() ? helpHere() : Go::On; }
@@ -406,7 +188,7 @@ void GSTSAPU::save() {
     host.message("ITEM ALLREADY EXIST");
     return;
   }
-  saved(closingWords());
+  saved(closingWords(), phone_);
 }
 
 BillHeader GSTSAPU::header() const {
@@ -437,12 +219,12 @@ BillHeader GSTSAPU::header() const {
 
 std::string GSTSAPU::closingWords() const {
   return savedText({
-      .head = "Sale Entry Saved",
+      .head = book_.savedHead,
       .facts = {{"Entry No : ", typed(0)},
                 {"Party Name : ", at("Text2").text},
                 {"Invoice AMOUNT : ", typed(28)}},
       .eWayReminder = value(28) > kEWayLimit,
-      .hints = {"Press Print Btn To Print Sales Invoice",                         "Press New Entry Btn To Enter New Bill Entry"}
+      .hints = {"Press Print Btn To Print Sales Invoice",                         "Press New Entry Btn To Enter New Bill Entry"},
   });
 }
 
@@ -457,6 +239,8 @@ bool GSTSAPU::load(double number) {
     host.message("ENTRY NOT FOUND");
     return false;
   }
+  // Of what stood here before nothing may stay: neither a name nor the party's state.
+  clearAll();
   lineGrid().visible = true;
   loadLines(data(), book_, number);
   lines_->requery();
@@ -500,7 +284,6 @@ void GSTSAPU::showHeader(const Row& bill) {
   };
   for (const auto& [field, column] : kTexts) put(field, bill.text(column));
   for (const auto& [field, column] : kFigures) put(field, bill.number(column));
-  put(62, "");
   putDate(0, bill.date("VOUCH_DT"));
   putDate(1, bill.date("GR_DATE"));
 }
@@ -510,17 +293,8 @@ void GSTSAPU::clearHead() {
   set(at("Text2"), "");
   set(at("Text3"), "");
   at("Label1", 54).text.clear();
+  phone_.clear();
   putDate(0, std::nullopt);
   putDate(1, std::nullopt);
   partyState_ = 0;
 }
-
-// The rate grid
-
-void GSTSAPU::rateHints() { showRates(latestSales(data(), book_, rateQuery())); }
-
-void GSTSAPU::earlierSalesKey() { showRates(earlierSales(data(), book_, rateQuery())); }
-
-void GSTSAPU::partyRatesKey() { showRates(partyRates(data(), rateQuery())); }
-
-void GSTSAPU::purchaseRatesKey() { showRates(purchaseRates(data(), rateQuery())); }

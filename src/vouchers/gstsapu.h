@@ -8,12 +8,10 @@
 #include "vouchers/saving.h"
 #include "vouchers/voucher_screen.h"
 
-// The bill.
+// The bill of one book.
 class GSTSAPU : public VoucherScreen {
  public:
-  explicit GSTSAPU(Host& host);
-  static const std::vector<KeyLookup>& lookups();
-  static const ScreenSpec& table();
+  explicit GSTSAPU(Host& host, const Book& book = saleBook());
 
  protected:
   void startNew() override;
@@ -29,6 +27,9 @@ class GSTSAPU : public VoucherScreen {
   std::string tutorial() const override;
 
  private:
+  static const ScreenSpec& table();
+  static std::vector<KeyLookup> lookups(const Book& book);
+
   // Enter, by field.
   Go voucherNumber();
   Go voucherDate();
@@ -47,6 +48,7 @@ class GSTSAPU : public VoucherScreen {
   Go taxAmount();
   Go amount();
   Go transport();
+  Go transportId();
   Go destination();
   Go parcels() { return toSave(); }
   void save();
@@ -74,4 +76,5 @@ class GSTSAPU : public VoucherScreen {
   RateQuery rateQuery() const { return {trimmed(4), trimmed(5), trimmed(7)}; }
 
   LineValue line_;
+  std::string phone_;  // the party's
 };

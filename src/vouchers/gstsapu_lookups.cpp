@@ -4,26 +4,23 @@ namespace {
 
 // Where the lookups read. A comma join keeps the bills whose accounts both stand.
 constexpr const char* kBills =
-    "SALE, ACCOUNT, ACCOUNT AS ACCOUNT_1 where SALE.PARTY_CD = ACCOUNT.ACC_CD AND SALE.SALE_CD = "
-    "ACCOUNT_1.ACC_CD"
-    " AND book_cd = ? order by VOUCH_DT DESC, bill_no desc, vouch_no desc";
+    "SALE, ACCOUNT, ACCOUNT AS ACCOUNT_1 where SALE.PARTY_CD = ACCOUNT.ACC_CD"
+    " AND SALE.SALE_CD = ACCOUNT_1.ACC_CD AND book_cd = ?"
+    " order by VOUCH_DT DESC, bill_no desc, vouch_no desc";
 constexpr const char* kPostedBills =
-    "(SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD) LEFT JOIN ACCOUNT AS ACCOUNT_1 ON "
-    "SALE.SALE_CD ="
-    " ACCOUNT_1.ACC_CD WHERE book_cd = ? AND GSTPOST = 1 order by VOUCH_DT DESC, bill_no desc, vouch_no desc";
+    "(SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD) LEFT JOIN ACCOUNT AS ACCOUNT_1"
+    " ON SALE.SALE_CD = ACCOUNT_1.ACC_CD WHERE book_cd = ? AND GSTPOST = 1"
+    " order by VOUCH_DT DESC, bill_no desc, vouch_no desc";
 constexpr const char* kBillLines =
-    "SALE, SALEITM, ITEM where SALE.VOUCH_NO = SALEITM.VOUCH_NO AND SALE.BOOK_CD = SALEITM.BOOK_CD AND"
-    " SALEITM.ITEM_CD = ITEM.ITEM_CD AND SALE.book_cd = ? order by SALE.VOUCH_DT DESC, bill_no desc,"
-    " SALE.vouch_no desc";
-constexpr const char* kParties =
-    "ACCOUNT where group_cd = 85 OR group_cd = 87 OR group_cd = 88 order by acc_name";
+    "SALE, SALEITM, ITEM where SALE.VOUCH_NO = SALEITM.VOUCH_NO AND SALE.BOOK_CD = SALEITM.BOOK_CD"
+    " AND SALEITM.ITEM_CD = ITEM.ITEM_CD AND SALE.book_cd = ?"
+    " order by SALE.VOUCH_DT DESC, bill_no desc, SALE.vouch_no desc";
 constexpr const char* kItems =
-    "(ITEM left join itemdtl on item.item_cd = itemdtl.item_cd) left join DEPTMENT on ITEM.DEPT_CD ="
-    " DEPTMENT.DEPT_CD order by ITEM_NAME";
+    "(ITEM left join itemdtl on item.item_cd = itemdtl.item_cd)"
+    " left join DEPTMENT on ITEM.DEPT_CD = DEPTMENT.DEPT_CD order by ITEM_NAME";
 constexpr const char* kItemUnits =
-    "ITEM, ITEMDTL, DEPTMENT WHERE ITEM.DEPT_CD = DEPTMENT.DEPT_CD AND ITEM.ITEM_CD = ITEMDTL.ITEM_CD order "
-    "by"
-    " ITEM_NAME";
+    "ITEM, ITEMDTL, DEPTMENT WHERE ITEM.DEPT_CD = DEPTMENT.DEPT_CD"
+    " AND ITEM.ITEM_CD = ITEMDTL.ITEM_CD order by ITEM_NAME";
 
 // Columns behind the first two.
 constexpr const char* kOfBill =
@@ -41,11 +38,11 @@ const std::vector<int> kItemWidths = {1000, 3400, 1500, 750, 750, 750, 750, 750,
 
 }  // namespace
 
-const std::vector<GSTSAPU::KeyLookup>& GSTSAPU::lookups() {
+std::vector<GSTSAPU::KeyLookup> GSTSAPU::lookups(const ::Book& book) {
   using enum KeyLookup::From;
   using enum KeyCode;
   // clang-format off
-  static const std::vector<KeyLookup> table = {
+  return {
       {"Text1(0)",  Enter, {"THREEFLD",  kPostedBills, "VOUCH_NO", "ACCOUNT.ACC_NAME", kOfPosted}, {Book}},
       {"Text1(0)",  F1,    {"THREEFLD",  kBills, "SALE.VOUCH_NO", "SALE.BILL_NO", kOfBill}, {Book}},
       {"Text1(0)",  F2,    {"THREEFLD",  kBills, "SALE.VOUCH_NO", "SALE.GR_NO", kOfBill}, {Book}},
@@ -56,12 +53,12 @@ const std::vector<GSTSAPU::KeyLookup>& GSTSAPU::lookups() {
       {"Text1(0)",  F9,    {"THREEFLD",  kBills, "SALE.VOUCH_NO", "CNAME", "SALE.BILL_NO, format(SALE.vouch_dt,'dd/MM/yy') AS VDT, SALE.NET_AMT, CMOBNO"}, {Book}},
       {"Text1(0)",  F10,   {"THREEFLD",  kBills, "SALE.VOUCH_NO", "CMOBNO", "SALE.BILL_NO, format(SALE.vouch_dt,'dd/MM/yy') AS VDT, SALE.NET_AMT, CNAME"}, {Book}},
       {"Text1(0)",  F11,   {"THREEFLD",  kBillLines, "SALE.VOUCH_NO", "SALEITM.ITEM_DESC", "ITEM.ITEM_NAME, format(SALE.vouch_dt,'dd/MM/yy') AS VDT, SALE.NET_AMT, GR_NO, DESTI "}, {Book}},
-      {"Text1(4)",  Enter, {"THREEFLD",  kParties, "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
+      {"Text1(4)",  Enter, {"THREEFLD",  book.parties, "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
       {"Text1(4)",  F1,    {"THREEFLD",  "ACCOUNT ORDER BY ACC_NAME", "ACC_CD", "AREA", "acc_name, CITY"}},
       {"Text1(4)",  F2,    {"THREEFLD",  "ACCOUNT ORDER BY ACC_NAME", "ACC_CD", "city", "acc_name, area"}},
       {"Text1(4)",  F4,    {"THREEFLD",  "ACCOUNT where group_cd > 74 order by acc_name", "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
       {"Text1(4)",  F8,    {"THREEFLD",  "ACCOUNT ORDER BY ACC_NAME", "ACC_CD", "GSTINNO", kOfGstin}},
-      {"Text1(32)", Enter, {"THREEFLD",  kParties, "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
+      {"Text1(32)", Enter, {"THREEFLD",  book.parties, "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
       {"Text1(32)", F8,    {"THREEFLD",  "ACCOUNT ORDER BY ACC_NAME", "ACC_CD", "GSTINNO", kOfGstin}},
       {"Text1(47)", Enter, {"ONEFLD",    "SALE", "bl_type", "", ""}},
       {"Text1(5)",  Enter, {"SL_ITMCD",  kItems, "ITEM.ITEM_CD", "ITEM_NAME", "DEPT_NAME, size_cd, CL_STK, SALE_RATE1, SALE_RATE2, item.hsncode, item.rateoftax, SALE_DISC, pur_rate ", kItemWidths}},
@@ -77,5 +74,4 @@ const std::vector<GSTSAPU::KeyLookup>& GSTSAPU::lookups() {
       {"Text1(40)", F1,    {"ONEFLD",    "SALE", "GR_NO", "", ""}},
   };
   // clang-format on
-  return table;
 }

@@ -40,7 +40,7 @@ const ScreenSpec& GSTSAPU::table() {
       .caption = "GST SALE / PURCHASE ENTRY",
       .focusColour = 0xFFC0FF,
       .layout = {.bands = {
-          {px(116), {{.name = "A", .width = part(1.15), .columns = {px(56), px(92), fit(), part(1)}},
+          {px(116), {{.name = "A", .width = part(1.15), .columns = {px(56), px(92), px(44), part(1)}},
                      {.name = "B", .width = px(356),    .columns = {px(58), px(92), fit(), part(1)}},
                      {.name = "C", .width = part(1),    .frame = Frame::Off}}},
           {px(25),  {{.name = "heads",   .frame = Frame::Heads, .columnsOf = "DataGrid1"}}},
@@ -88,7 +88,7 @@ const ScreenSpec& GSTSAPU::table() {
 
           {.name = "Text1",      .index = 29, .label = "Narration",   .at = {.group = "D", .row = 0, .col = 1, .span = 4},    .tab = 30, .limit = 200, .keys = Letters, .hint = "F1 = Used Before"},
           {.name = "Text1",      .index = 55, .label = "Transport",   .at = {.group = "D", .row = 1, .col = 1, .width = 44},  .limit = 20, .enabled = false, .align = Right},
-          {.name = "Text1",      .index = 42,                         .at = {.group = "D", .row = 1, .col = 2},               .tab = 32, .limit = 50,  .keys = Letters},
+          {.name = "Text1",      .index = 42,                         .at = {.group = "D", .row = 1, .col = 2},               .tab = 32, .limit = 100,  .keys = Letters},
           {.name = "Text1",      .index = 27, .label = "Cr Days",     .at = {.group = "D", .row = 1, .col = 4, .width = 96},  .tab = 33, .limit = 20,  .keys = Number, .align = Right},
           {.name = "Text1",      .index = 41, .label = "Destination", .at = {.group = "D", .row = 2, .col = 1, .span = 2},    .tab = 34, .limit = 40,  .keys = Letters},
           {.name = "Text1",      .index = 40, .label = "Lr No",       .at = {.group = "D", .row = 2, .col = 4},               .tab = 35, .limit = 20,  .keys = Letters, .hint = "F1 = Used Before"},

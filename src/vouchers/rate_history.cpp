@@ -1,6 +1,7 @@
 #include "vouchers/rate_history.h"
 
 #include <optional>
+#include <utility>
 
 #include "base/pattern.h"
 
@@ -9,7 +10,41 @@ namespace {
 constexpr size_t kLatest = 6;
 constexpr int kFewBills = 300;
 
+// A column of the grid and how its values are written.
 enum class Form { Plain, Date, Quantity };
+struct Shown {
+  GridColumn column;
+  Form form = Form::Plain;
+};
+
+constexpr auto kRight = Align::Right;
+// clang-format off
+const std::vector<Shown> kLatestSales = {
+    {{.title = "V. No",       .width = px(60),  .align = kRight}},
+    {{.title = "Date",        .width = px(108)}, Form::Date},
+    {{.title = "Bk.",         .width = px(44)}},
+    {{.title = "B.No",        .width = px(72)}},
+    {{.title = "Qty",         .width = px(86),  .align = kRight}, Form::Quantity},
+    {{.title = "Rate",        .width = px(92),  .align = kRight, .money = true}},
+    {{.title = "D%",          .width = px(54),  .align = kRight}},
+    {{.title = "Amount",      .width = part(1), .align = kRight, .money = true}},
+};
+const std::vector<Shown> kEarlierSales = {
+    {{.title = "V. No",       .width = px(112), .align = kRight}},
+    {{.title = "Date",        .width = px(172)}, Form::Date},
+    {{.title = "Qty",         .width = px(86),  .align = kRight}, Form::Quantity},
+    {{.title = "Rate",        .width = px(92),  .align = kRight, .money = true}},
+    {{.title = "D%",          .width = px(54),  .align = kRight}},
+    {{.title = "Bill Amount", .width = part(1), .align = kRight, .money = true}},
+};
+const std::vector<Shown> kPartyRates = {
+    {{.title = "Date",        .width = px(142)}, Form::Date},
+    {{.title = "Unit",        .width = px(142)}},
+    {{.title = "Rate",        .width = part(1), .align = kRight, .money = true}},
+    {{.title = "D%",          .width = px(92),  .align = kRight}},
+};
+const std::vector<Shown> kPurchaseRates(kPartyRates.begin(), kPartyRates.end() - 1);
+// clang-format on
 
 Cell written(const Value& value, Form form) {
   if (form == Form::Quantity) return {.text = Format(value.number(), "0.000")};
@@ -17,120 +52,79 @@ Cell written(const Value& value, Form form) {
   return {.text = date ? formatDate(*date, "dd/MMM/yyyy") : value.text()};
 }
 
-std::vector<Cell> rowOf(const Rows& rows, const std::vector<Form>& forms) {
-  std::vector<Cell> cells;
-  for (size_t i = 0; i < forms.size(); ++i)
-    cells.push_back(written(rows.value(static_cast<int>(i)), forms[i]));
-  return cells;
+RateList emptyList(const std::vector<Shown>& shown) {
+  RateList list{.columns = {}, .rows = std::make_shared<CellRows>()};
+  for (const Shown& s : shown) list.columns.push_back(s.column);
+  return list;
 }
 
-// A party with few bills is read through its bills, any other through the item's lines: both
-// are keyed and in the order of the day.
-bool hasFewBills(Database& db, const std::string& party) {
-  return db.number("SELECT COUNT(*) FROM (SELECT 1 FROM SALE WHERE PARTY_CD = ? LIMIT ?)", party, kFewBills) <
-         kFewBills;
+void addRow(RateList& list, const Rows& rows, const std::vector<Shown>& shown) {
+  std::vector<Cell> cells;
+  for (size_t i = 0; i < shown.size(); ++i)
+    cells.push_back(written(rows.value(static_cast<int>(i)), shown[i].form));
+  list.rows->rows.push_back(std::move(cells));
+}
+
+RateList wholeList(Rows rows, const std::vector<Shown>& shown) {
+  RateList list = emptyList(shown);
+  while (rows.next()) addRow(list, rows, shown);
+  return list;
+}
+
+// What both lists of sales read. A party with few bills is read through its bills, any other
+// through the item's lines: both are keyed and in the order of the day.
+struct Road {
+  std::string from, day;
+};
+Road roadTo(Database& db, const std::string& party) {
+  const bool fewBills = db.number("SELECT COUNT(*) FROM (SELECT 1 FROM SALE WHERE PARTY_CD = ? LIMIT ?)",
+                                  party, kFewBills) < kFewBills;
+  return fewBills ? Road{" FROM SALE CROSS JOIN SALEITM", "SALE.VOUCH_DT"}
+                  : Road{" FROM SALEITM CROSS JOIN SALE", "SALEITM.VOUCH_DT"};
+}
+
+Rows salesTo(Database& db, const Book& book, const RateQuery& of, const std::string& columns) {
+  const Road road = roadTo(db, of.party);
+  return db.query("SELECT " + columns + road.from +
+                      " WHERE PARTY_CD = ? AND ITEM_CD = ? AND SIZE_CD = ? AND SALE.BOOK_CD = ?"
+                      " AND SALE.VOUCH_NO = SALEITM.VOUCH_NO AND SALE.BOOK_CD = SALEITM.BOOK_CD"
+                      " ORDER BY " +
+                      road.day + " DESC",
+                  of.party, of.item, of.unit, book.code);
 }
 
 }  // namespace
 
 RateList latestSales(Database& db, const Book& book, const RateQuery& of) {
-  const std::vector<Form> forms = {Form::Plain,    Form::Date,  Form::Plain, Form::Plain,
-                                   Form::Quantity, Form::Plain, Form::Plain, Form::Plain};
-  RateList list{
-      .columns =
-          {
-                    {.title = "V. No", .width = px(60), .align = Align::Right},
-                    {.title = "Date", .width = px(108)},
-                    {.title = "Bk.", .width = px(44)},
-                    {.title = "B.No", .width = px(72)},
-                    {.title = "Qty", .width = px(86), .align = Align::Right},
-                    {.title = "Rate", .width = px(92), .align = Align::Right, .money = true},
-                    {.title = "D%", .width = px(54), .align = Align::Right},
-                    {.title = "Amount", .width = part(1), .align = Align::Right, .money = true},
-                    },
-      .rows = std::make_shared<CellRows>(),
-  };
-  const std::string columns =
-      "SELECT SALEITM.VOUCH_NO, SALEITM.VOUCH_DT, SALEITM.BOOK_CD, SALE.BILL_NO, QUANTITY, RATE, SALE_DISC,"
-      " SALEITM.NET_AMOUNT ";
-  const std::string where =
-      " WHERE PARTY_CD = ? AND ITEM_CD = ? AND SIZE_CD = ? AND SALE.BOOK_CD = ? AND SALE.VOUCH_NO = "
-      "SALEITM.VOUCH_NO"
-      " AND SALE.BOOK_CD = SALEITM.BOOK_CD ORDER BY ";
-  auto rows = hasFewBills(db, of.party)
-                  ? db.query(columns + "FROM SALE CROSS JOIN SALEITM" + where + "SALE.VOUCH_DT DESC",
-                             of.party, of.item, of.unit, book.code)
-                  : db.query(columns + "FROM SALEITM CROSS JOIN SALE" + where + "SALEITM.VOUCH_DT DESC",
-                             of.party, of.item, of.unit, book.code);
+  RateList list = emptyList(kLatestSales);
+  Rows rows = salesTo(db, book, of,
+                      "SALEITM.VOUCH_NO, SALEITM.VOUCH_DT, SALEITM.BOOK_CD, SALE.BILL_NO, QUANTITY, RATE,"
+                      " SALE_DISC, SALEITM.NET_AMOUNT");
   std::string day;
   while (rows.next()) {
     if (list.rows->rows.size() >= kLatest && rows.text(1) != day) break;
     day = rows.text(1);
-    list.rows->rows.push_back(rowOf(rows, forms));
+    addRow(list, rows, kLatestSales);
   }
   return list;
 }
 
 RateList earlierSales(Database& db, const Book& book, const RateQuery& of) {
-  RateList list{
-      .columns =
-          {
-                    {.title = "V. No", .width = px(112), .align = Align::Right},
-                    {.title = "Date", .width = px(172)},
-                    {.title = "Qty", .width = px(86), .align = Align::Right},
-                    {.title = "Rate", .width = px(92), .align = Align::Right, .money = true},
-                    {.title = "D%", .width = px(54), .align = Align::Right},
-                    {.title = "Bill Amount", .width = part(1), .align = Align::Right, .money = true},
-                    },
-      .rows = std::make_shared<CellRows>(),
-  };
-  const std::string from = hasFewBills(db, of.party) ? "SALE CROSS JOIN SALEITM" : "SALEITM CROSS JOIN SALE";
-  auto rows =
-      db.query("SELECT SALEITM.VOUCH_NO, SALEITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMT FROM " + from +
-                   " WHERE PARTY_CD = ? AND ITEM_CD = ? AND SIZE_CD = ? AND SALE.VOUCH_NO = SALEITM.VOUCH_NO"
-                   " AND SALE.BOOK_CD = SALEITM.BOOK_CD AND SALE.BOOK_CD = ? ORDER BY SALE.VOUCH_DT DESC",
-               of.party, of.item, of.unit, book.code);
-  while (rows.next())
-    list.rows->rows.push_back(
-        rowOf(rows, {Form::Plain, Form::Date, Form::Quantity, Form::Plain, Form::Plain, Form::Plain}));
-  return list;
+  return wholeList(
+      salesTo(db, book, of, "SALEITM.VOUCH_NO, SALEITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMT"),
+      kEarlierSales);
 }
 
 RateList partyRates(Database& db, const RateQuery& of) {
-  RateList list{
-      .columns =
-          {
-                    {.title = "Date", .width = px(142)},
-                    {.title = "Unit", .width = px(142)},
-                    {.title = "Rate", .width = part(1), .align = Align::Right, .money = true},
-                    {.title = "D%", .width = px(92), .align = Align::Right},
-                    },
-      .rows = std::make_shared<CellRows>(),
-  };
-  auto rows = db.query(
-      "SELECT RT_DT, SIZE_CD, SALE_RATE1, SALE_DISC FROM PRTYRATE WHERE TRIM(ITEM_CD) = ? AND SIZE_CD = ?"
-      " AND ACC_CD = ? ORDER BY RT_DT DESC",
-      of.item, of.unit, of.party);
-  while (rows.next())
-    list.rows->rows.push_back(rowOf(rows, {Form::Date, Form::Plain, Form::Plain, Form::Plain}));
-  return list;
+  return wholeList(db.query("SELECT RT_DT, SIZE_CD, SALE_RATE1, SALE_DISC FROM PRTYRATE"
+                            " WHERE TRIM(ITEM_CD) = ? AND SIZE_CD = ? AND ACC_CD = ? ORDER BY RT_DT DESC",
+                            of.item, of.unit, of.party),
+                   kPartyRates);
 }
 
 RateList purchaseRates(Database& db, const RateQuery& of) {
-  RateList list{
-      .columns =
-          {
-                    {.title = "Date", .width = px(142)},
-                    {.title = "Unit", .width = px(142)},
-                    {.title = "Rate", .width = part(1), .align = Align::Right, .money = true},
-                    },
-      .rows = std::make_shared<CellRows>(),
-  };
-  auto rows = db.query(
-      "SELECT DISTINCT RT_DT, SIZE_CD, PUR_RATE FROM PRTYRATE WHERE ITEM_CD = ? AND SIZE_CD = ? AND PUR_RATE "
-      "<> 0"
-      " ORDER BY RT_DT DESC",
-      of.item, of.unit);
-  while (rows.next()) list.rows->rows.push_back(rowOf(rows, {Form::Date, Form::Plain, Form::Plain}));
-  return list;
+  return wholeList(db.query("SELECT DISTINCT RT_DT, SIZE_CD, PUR_RATE FROM PRTYRATE"
+                            " WHERE ITEM_CD = ? AND SIZE_CD = ? AND PUR_RATE <> 0 ORDER BY RT_DT DESC",
+                            of.item, of.unit),
+                   kPurchaseRates);
 }

@@ -40,6 +40,7 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Boo
                   {"MaskEdBox1", KeyCode::PgUp,   &VoucherScreen::datePgUp   },
                   {"MaskEdBox1", KeyCode::PgDn,   &VoucherScreen::datePgDn   },
                   {"Text1(4)",   KeyCode::Insert, &VoucherScreen::newParty   },
+                  {"DataGrid1",  On::Focus,       &VoucherScreen::rowChosen  },
                   {"DataGrid1",  On::Row,         &VoucherScreen::rowChosen  },
                   {"DataGrid1",  On::DoubleClick, &VoucherScreen::leaveRows  },
                   {"Text1(9)",   KeyCode::Down,   &VoucherScreen::intoRates  },
@@ -153,6 +154,8 @@ void VoucherScreen::hideForPrint(const std::string& number) {
 
 void VoucherScreen::close() { host.close(*this); }
 
+bool VoucherScreen::mayClose() { return atRest_ || !entering() || host.ask(book_.escapeAsks, kConfirm); }
+
 void VoucherScreen::cancel() {
   clearAll();
   setMode("", "");
@@ -225,14 +228,15 @@ void VoucherScreen::lineUp() {
 
 void VoucherScreen::endLines() { focus(afterLines()); }
 
-// The serials of the lines that remain do not close up, and the totals wait for the next line
-// that is stored.
+// Only while its item still stands in the field. The serials of the lines that remain do not
+// close up, and the totals wait for the next line that is stored.
 void VoucherScreen::deleteLine() {
   const std::string item = trim(itemField().text);
   if (item.empty() || !lines_->onRow()) return;
+  const Row& line = lines_->row();
   data().exec(
       "DELETE FROM " + book_.work + " WHERE VOUCH_NO = ? AND ITEM_CD = ? AND " + book_.serial + " = ?",
-      value(0), item, lines_->row().number(book_.serial));
+      line.number("VOUCH_NO"), item, line.number(book_.serial));
   lines_->requery();
   showCurrentLine();
 }
@@ -265,10 +269,10 @@ void VoucherScreen::takeState(const AccountFacts& party) {
 
 // Lookups
 
-void VoucherScreen::wireLookups(const std::vector<KeyLookup>& table) {
-  lookups_ = &table;
+void VoucherScreen::wireLookups(std::vector<KeyLookup> table) {
+  lookups_ = std::move(table);
   std::vector<Rule<VoucherScreen>> rules;
-  for (const KeyLookup& by : table) {
+  for (const KeyLookup& by : lookups_) {
     if (by.key == Key(KeyCode::Enter)) continue;  // opened by the field's own Enter
     rules.emplace_back(by.field, by.key, &VoucherScreen::helpHere);
     rules.back().run = [&by](VoucherScreen& self) { return self.openLookup(by); };
@@ -285,11 +289,10 @@ Go VoucherScreen::openLookup(const KeyLookup& by) {
 }
 
 const VoucherScreen::KeyLookup* VoucherScreen::enterLookup(const Control& field) const {
-  if (!lookups_) return nullptr;
-  const auto found = std::ranges::find_if(*lookups_, [&](const KeyLookup& by) {
+  const auto found = std::ranges::find_if(lookups_, [&](const KeyLookup& by) {
     return by.key == Key(KeyCode::Enter) && by.field == field.fullName();
   });
-  return found == lookups_->end() ? nullptr : &*found;
+  return found == lookups_.end() ? nullptr : &*found;
 }
 
 Go VoucherScreen::helpHere() {
@@ -305,7 +308,10 @@ void VoucherScreen::showRates(const RateList& list) {
   grid.grid.source = list.rows;
   grid.grid.current = Grid::kNone;
   grid.visible = !list.rows->rows.empty();
-  ratesFor_ = grid.visible ? focused() : nullptr;
+  if (focused() != &grid)
+    ratesFor_ = grid.visible ? focused() : nullptr;
+  else if (!grid.visible)
+    leaveRates();
 }
 
 Go VoucherScreen::intoRates() {
@@ -316,6 +322,7 @@ Go VoucherScreen::intoRates() {
 
 void VoucherScreen::leaveRates() {
   at("DataGrid2").visible = false;
+  backFromRates_ = true;
   focus(text1(9));
 }
 
@@ -338,7 +345,7 @@ Go VoucherScreen::toSave() {
   return Go::Stay;
 }
 
-void VoucherScreen::saved(const std::string& words) {
+void VoucherScreen::saved(const std::string& words, const std::string& phone) {
   const std::string number = typed(0);
   lineGrid().visible = false;
   showButtons(true);
@@ -351,7 +358,8 @@ void VoucherScreen::saved(const std::string& words) {
                       .ok = "Print",
                       .cancel = "New Entry",
                       .okColour = kPrintColour,
-                      .cancelColour = kNewEntryColour};
+                      .cancelColour = kNewEntryColour,
+                      .phone = phone};
   const bool prints = interact(host, closing);
   clearAll();
   if (!prints) return;

@@ -25,6 +25,7 @@ class VoucherScreen : public ChildScreen {
   void opened(const Entry& entry) override;
   void activated() override;
   void focusMoved(Control& control) override;
+  bool mayClose() override;  // asks over an open voucher, as Escape does
 
   // One lookup that a key opens in a field; with Enter only while the field is empty.
   struct KeyLookup {
@@ -80,21 +81,22 @@ class VoucherScreen : public ChildScreen {
   // Keeps the party's state code for the tax split; without one the state stays as it was.
   void takeState(const AccountFacts& party);
 
-  // Binds the keys of the table, which must outlive the screen.
-  void wireLookups(const std::vector<KeyLookup>& table);
+  void wireLookups(std::vector<KeyLookup> table);
   // Shows earlier rates over the lines, as long as the field has the focus; nothing when empty.
   void showRates(const RateList& list);
+  // Whether the focus has just come back from the rates, which are to stay away then.
+  bool backFromRates() { return std::exchange(backFromRates_, false); }
 
   void storeLine();
   void showCurrentLine();
   void showSerial();
   void clearAll();
-  bool entering() const { return mode == "ADD" || mode == "EDIT"; }
+  bool entering() const { return mode == "ADD" || mode == "EDIT"; }  // also after its save
   void allowSave(bool on);
   // After the last field: Save opens in ADD and EDIT, else the button row takes the focus.
   Go toSave();
   // Back to rest, then the message window: its print button opens the document.
-  void saved(const std::string& words);
+  void saved(const std::string& words, const std::string& phone);
   void hideForPrint(const std::string& number);
 
   std::string hintFor(const Control& control) const override;
@@ -120,8 +122,9 @@ class VoucherScreen : public ChildScreen {
   void showButtons(bool atRest);
   void awaitMaster(Control& field, const std::string& master, std::string& last);
 
-  const std::vector<KeyLookup>* lookups_ = nullptr;
+  std::vector<KeyLookup> lookups_;
   const Control* ratesFor_ = nullptr;  // the field whose focus keeps the rate grid up
+  bool backFromRates_ = false;
   bool drilledDown_ = false;
   bool atRest_ = true;
   // A master was opened for this field; its new code stands in the session member when it differs.
