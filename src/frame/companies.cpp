@@ -1,6 +1,9 @@
 #include "frame/companies.h"
 
+#include <algorithm>
 #include <cmath>
+#include <fstream>
+#include <iterator>
 #include <system_error>
 
 #include "base/number.h"
@@ -8,11 +11,14 @@
 #include "frame/session.h"
 #include "store/dictionary.h"
 #include "store/lock_file.h"
+#include "store/safe_file.h"
 #include "store/templates.h"
 
 namespace fs = std::filesystem;
 
 namespace {
+
+constexpr const char* kTaken = "year and company Already Exists";
 
 CompanyYear read(const Rows& row) {
   return {row.text("COMP_ID"), row.text("COMP_NAME"), row.text("FROMYR"), row.text("TOYR")};
@@ -41,6 +47,14 @@ fs::path dataFile(const fs::path& folder, const CompanyYear& which) {
 // What a crash may have left beside the file.
 fs::path journalOf(const fs::path& file) { return file.string() + "-journal"; }
 
+// A file keeps its journal, without which it may not be whole.
+void moveFile(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  if (fileExists(journalOf(from))) fs::rename(journalOf(from), journalOf(to), error);
+  if (!error) fs::rename(from, to, error);
+  if (error) throw fileError(from, error);
+}
+
 CompanyYear asStored(const CompanyYear& typed) {
   const double year = Val(typed.from);
   return {trim(typed.code), trim(typed.name), numText(year), numText(year + 1)};
@@ -48,6 +62,55 @@ CompanyYear asStored(const CompanyYear& typed) {
 
 fs::path templateFile(const fs::path& folder, CreateBy by) {
   return folder / (by == CreateBy::Enter ? "SMPL.MDB" : "BLNK.MDB");
+}
+
+bool sameBytes(const fs::path& a, const fs::path& b) {
+  std::error_code ignored;
+  if (fs::file_size(a, ignored) != fs::file_size(b, ignored)) return false;
+  using Bytes = std::istreambuf_iterator<char>;
+  std::ifstream first(a, std::ios::binary), second(b, std::ios::binary);
+  return std::equal(Bytes(first), Bytes(), Bytes(second), Bytes());
+}
+
+// A copy of a template that a crash has left is worth nothing; anything else may be somebody's books.
+void putAside(const fs::path& file, const fs::path& folder) {
+  if (!fileExists(file)) return;
+  for (const CreateBy by : {CreateBy::Enter, CreateBy::Button})
+    if (sameBytes(file, templateFile(folder, by))) return;
+  fs::path aside;
+  int n = 0;
+  do aside = folder / (file.stem().string() + "_old" + std::to_string(++n) + ".mdb");
+  while (fileExists(aside));
+  moveFile(file, aside);
+}
+
+bool opensAsCompanyYear(const fs::path& file) {
+  Database db;
+  db.open(file, Access::readOnly);
+  return isCompanyYear(db);
+}
+
+// In-use marks that a crash has left behind. Books that cannot be written to, which every save
+// will tell, can be read all the same.
+void clearMarks(Database& year) {
+  using Kind = DatabaseError::Kind;
+  try {
+    for (const int mark : {221, 222, 223, 224, 225, 226})
+      year.attempt("UPDATE SPSFILE SET VOUCH_FLAG = 0 WHERE VOUCH_NO = ?", mark);
+  } catch (const DatabaseError& error) {
+    if (error.kind() != Kind::full && error.kind() != Kind::readOnly && error.kind() != Kind::io) throw;
+  }
+}
+
+// A new data file goes again, unless the catalogue may name it after all.
+void takeBack(Database& catalogue, const CompanyYear& which, const fs::path& file) noexcept {
+  try {
+    if (companyYear(catalogue, which.code, which.from)) return;
+    std::error_code ignored;
+    fs::remove(file, ignored);
+  } catch (const std::exception&) {
+    // A file without a row does no harm.
+  }
 }
 
 std::string yearRefusal(const std::string& year, CreateBy by) {
@@ -106,31 +169,40 @@ std::string creationRefusal(Database& catalogue, const fs::path& folder, const C
   if (trim(typed.name).empty()) return "Company Name Can Not Be Blank\r\nType Company Name and Press Enter";
   if (std::string words = yearRefusal(typed.from, by); !words.empty()) return words;
   const CompanyYear wanted = asStored(typed);
-  if (catalogue.first("SELECT 1 FROM compny WHERE COMP_NAME = ? AND FROMYR = ?", wanted.name, wanted.from))
-    return "year and company Already Exists";
-  // A renamed year no longer counts as a duplicate, but its books must not be written over.
-  if (fs::exists(dataFile(folder, wanted)))
-    return "Data File " + dataStem(wanted.code, wanted.from) + ".mdb Already Exists\r\nType Another Year";
-  if (!fs::exists(templateFile(folder, by)))
+  // A year that was renamed is no duplicate by its name, but its books must not be written over.
+  if (catalogue.first("SELECT 1 FROM compny WHERE COMP_NAME = ? AND FROMYR = ?", wanted.name, wanted.from) ||
+      companyYear(catalogue, wanted.code, wanted.from))
+    return kTaken;
+  if (!fileExists(templateFile(folder, by)))
     return "Template " + templateFile(folder, by).filename().string() + " Not Found";
   return {};
 }
 
 void createCompanyYear(Database& catalogue, const fs::path& folder, const CompanyYear& typed, CreateBy by,
                        const std::string& mobile) {
+  using Kind = DatabaseError::Kind;
   const CompanyYear wanted = asStored(typed);
   const fs::path file = dataFile(folder, wanted);
-  Transaction both(catalogue);
-  catalogue.exec(
-      "INSERT INTO compny (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
-      " VALUES (?, ?, ?, ?, ?, ?, 'N')",
-      wanted.code, wanted.name, wanted.from, wanted.to, mobile, dataStem(wanted.code, wanted.from));
+  const LockFile lock(file);
+  if (!lock.alone()) throw DatabaseError(Kind::locked, file.filename().string(), {});
+  bool made = false;
   try {
+    // Begun before the file is made, so that of two programs only one makes it.
+    Transaction row(catalogue);
+    if (companyYear(catalogue, wanted.code, wanted.from))
+      throw DatabaseError(Kind::constraint, file.filename().string(), kTaken);
+    putAside(file, folder);
     copyDatabase(templateFile(folder, by), file);
-    both.commit();
+    made = true;
+    if (!opensAsCompanyYear(file))
+      throw DatabaseError(Kind::notDatabase, templateFile(folder, by).filename().string(), {});
+    catalogue.exec(
+        "INSERT INTO compny (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
+        " VALUES (?, ?, ?, ?, ?, ?, 'N')",
+        wanted.code, wanted.name, wanted.from, wanted.to, mobile, dataStem(wanted.code, wanted.from));
+    row.commit();
   } catch (...) {
-    std::error_code ignored;
-    fs::remove(file, ignored);
+    if (made) takeBack(catalogue, wanted, file);
     throw;
   }
 }
@@ -146,12 +218,23 @@ void renameCompany(Database& catalogue, const std::string& old, const std::strin
 
 bool deleteCompanyYear(Database& catalogue, const fs::path& folder, const CompanyYear& which) {
   const fs::path file = dataFile(folder, which);
-  const LockFile lock = fs::exists(file) ? LockFile(file) : LockFile();
+  const fs::path going = file.string() + ".deleted";
+  const LockFile lock = fileExists(file) ? LockFile(file) : LockFile();
   if (!lock.alone()) return false;
+  Transaction row(catalogue);
   catalogue.exec("DELETE FROM compny WHERE COMP_ID = ? AND FROMYR = ? AND TOYR = ?", which.code, which.from,
                  which.to);
-  fs::remove(file);
-  fs::remove(journalOf(file));
+  const bool there = fileExists(file);
+  if (there) moveFile(file, going);
+  try {
+    row.commit();
+  } catch (...) {
+    if (there) moveFile(going, file);
+    throw;
+  }
+  std::error_code ignored;  // the file bears no company's name any more
+  fs::remove(going, ignored);
+  fs::remove(journalOf(going), ignored);
   return true;
 }
 
@@ -162,16 +245,14 @@ std::string openCompanyYear(const CompanyYear& which) {
   s.mdbpath = (fs::path(s.mapppath) / s.mdbfile).string();
   s.mfromyr = trim(which.from);
   s.mtoyr = trim(which.to);
-  if (!fs::exists(s.mdbpath)) return "Company Data Not Found";
+  if (!fileExists(s.mdbpath)) return "Company Data Not Found";
 
   auto opened = std::make_unique<Database>();
   opened->open(s.mdbpath);
+  if (!isCompanyYear(*opened)) throw DatabaseError(DatabaseError::Kind::notDatabase, s.mdbfile, {});
   RemakeWorkTables(*opened);
   if (opened->firstUser()) s.mfirstuser = true;
-  // In-use marks that a crash has left behind.
-  if (s.mfirstuser && CheckTable(*opened, "SPSFILE"))
-    for (const int mark : {221, 222, 223, 224, 225, 226})
-      opened->attempt("UPDATE SPSFILE SET VOUCH_FLAG = 0 WHERE VOUCH_NO = ?", mark);
+  if (s.mfirstuser && CheckTable(*opened, "SPSFILE")) clearMarks(*opened);
   s.cndata = std::move(opened);
 
   s.mcompname = which.name;

@@ -34,16 +34,20 @@ enum class CreateBy { Enter, Button };
 // Why the company-year must not be created, in words; empty when it may.
 std::string creationRefusal(Database& catalogue, const std::filesystem::path& folder,
                             const CompanyYear& typed, CreateBy by);
-// The row and its data file, both or none. Raises DatabaseError or filesystem_error.
+// The data file first, then the row that names it: whatever fails in between leaves at most a
+// file that no row names, and the next creation of that year takes its place. Books found in
+// such a file are kept beside under another name (M00326_old1.mdb). Raises DatabaseError.
 void createCompanyYear(Database& catalogue, const std::filesystem::path& folder, const CompanyYear& typed,
                        CreateBy by, const std::string& mobile);
 
 // Changes the name in one year only. `shown` is the name as it stands in the screen's field.
 void renameCompany(Database& catalogue, const std::string& old, const std::string& by,
                    const std::string& shown, const std::string& from);
-// The row and its data file. An open data file is deleted by nobody: false, and nothing has changed.
+// The row and its data file, both or none. An open data file is deleted by nobody: false, and
+// nothing has changed. Raises DatabaseError.
 bool deleteCompanyYear(Database& catalogue, const std::filesystem::path& folder, const CompanyYear& which);
 
 // Opens the company-year as the session's and fills the session's members of it. Returns
-// the words to show when there is no data file; raises DatabaseError when it cannot be opened.
+// the words to show when there is no data file; raises DatabaseError when it cannot be opened
+// or is no company-year.
 std::string openCompanyYear(const CompanyYear& which);

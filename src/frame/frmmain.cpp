@@ -7,11 +7,13 @@
 #include "base/number.h"
 #include "base/pattern.h"
 #include "base/text.h"
+#include "frame/backup_menu.h"
 #include "frame/company_details.h"
 #include "frame/glance.h"
 #include "frame/menu.h"
 #include "frame/routines.h"
 #include "frame/session.h"
+#include "store/balances.h"
 
 namespace {
 
@@ -130,8 +132,13 @@ frmmain::frmmain(Host& h) : Screen(h, ::spec()) {
 }
 
 void frmmain::opened(const Entry&) {
+  ResizeControls(session().mxscale, session().myscale);
+  readCompany();
+}
+
+// What the shell takes from the company-year that has just been opened.
+void frmmain::readCompany() {
   Session& s = session();
-  ResizeControls(s.mxscale, s.myscale);
   seed();
   s.mdesignson = true;
   panels[0] = periodPanel(s);
@@ -217,7 +224,11 @@ void frmmain::showGlance() {
   at("Largest").grid.source = debtors;
 }
 
-bool frmmain::mayClose() { return host.ask("Are You Sure You Want To Exit", "Mirav Confirmation"); }
+bool frmmain::mayClose() {
+  if (!host.ask("Are You Sure You Want To Exit", "Mirav Confirmation")) return false;
+  backUpAtExit(host);
+  return true;
+}
 
 void frmmain::closed() { host.quit(); }
 
@@ -226,12 +237,23 @@ void frmmain::tick() { ShowHint(host, ""); }
 void frmmain::chosen(const MenuEntry& entry) {
   if (entry.control == "mnuexit")
     host.close(*this);
+  else if (entry.control == "mnubackup")
+    backUpNow(host);
+  else if (entry.control == "mnurestore")
+    restore();
   else if (const Command* command = commandOf(entry))
     carryOut(host, *command);
 }
 
 void frmmain::toolChosen(const ToolEntry& entry) {
   if (const Command* command = commandOf(entry)) carryOut(host, *command);
+}
+
+void frmmain::restore() {
+  if (!restoreNow(host)) return;
+  passOver(host, [] { refreshBalances(data()); });
+  readCompany();
+  activated();
 }
 
 void frmmain::run(const char* key) {

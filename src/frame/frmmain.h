@@ -24,7 +24,9 @@ class frmmain : public Screen {
   void sales() { run("SALE"); }
   void purchases() { run("PURCHASE"); }
 
+  void readCompany();
   void seed();
   void buildDateHelp();
   void showGlance();
+  void restore();
 };

@@ -19,6 +19,7 @@ struct Links {
   std::string receiptVideo;          // on account
   std::string receiptBillwiseVideo;  // bill by bill
   std::string ledgerVideo;
+  std::string tLedgerVideo;
   std::string reportVideo;
 };
 

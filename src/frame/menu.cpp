@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "frame/category_list.h"
 #include "frame/routines.h"
 #include "frame/session.h"
 
@@ -37,7 +38,7 @@ constexpr Command kCommands[] = {
 
     {.menu = "mnulists", .caption = "Party List Print",             .control = "MNULIST",       .key = "accmastADD",  .entrytype = "", .reportkey = "accmastADD",  .screen = "frmreport"},
     {.menu = "mnulists", .caption = "Address Card Print",           .control = "MNULIST",       .key = "adcard",      .entrytype = "", .reportkey = "adcard",      .screen = "dlg1", .tool = "adrscrd"},
-    {.menu = "mnulists", .caption = "Category List",                .control = "MNULIST",       .key = "dept",        .entrytype = "", .reportkey = "dept",        .screen = "frmreport"},
+    {.menu = "mnulists", .caption = "Category List",                .control = "MNULIST",       .key = "dept",        .entrytype = "", .reportkey = "dept",        .first = showCategoryList, .screen = "frmreport"},
     {.menu = "mnulists", .caption = "Product List Print",           .control = "MNULIST",       .key = "priclstprn",  .entrytype = "", .reportkey = "priclstprn",  .screen = "frmreport"},
     {.menu = "mnulists", .caption = "Closing Balance List",         .control = "MNULIST",       .key = "accmastclbl", .entrytype = "", .reportkey = "accmastclbl", .screen = "frmreport"},
 
@@ -62,6 +63,9 @@ constexpr Command kCommands[] = {
     {.menu = "mnuutils", .caption = "Training Book Pdf",            .control = "mnutrngbkpdf",          .key = "book",     .link = &Links::trainingBook},
     {.menu = "mnuutils", .caption = "Update Software",              .control = "mnupdtsoft",            .key = "software", .link = &Links::softwareUpdate},
     {.menu = "mnuutils", .caption = "Database Check",               .control = "mnupdtstrct",           .key = "struct",   .screen = "struct"},
+    // The shell's own work, as is the exit.
+    {.menu = "mnuutils", .caption = "&Backup",                      .control = "mnubackup"},
+    {.menu = "mnuutils", .caption = "&Restore",                     .control = "mnurestore"},
 
     // Of the tool bar alone.
     {.key = "videos", .link = &Links::videoChannel, .tool = "vidlist1"},
@@ -131,6 +135,7 @@ void carryOut(Host& host, const Command& command) {
   if (command.entrytype) s.mentrytype = command.entrytype;
   if (command.reportkey) s.mreportkey = command.reportkey;
   if (command.mastkey) s.mmastkey = command.mastkey;
+  if (command.first) command.first(host);
   if (command.screen) host.open(command.screen);
   if (command.link) openTutorial(host, links().*command.link);
 }

@@ -17,6 +17,7 @@ struct Command {
   const char* entrytype = nullptr;  // mentrytype; null leaves it
   const char* reportkey = nullptr;  // mreportkey
   const char* mastkey = nullptr;    // mmastkey
+  void (*first)(Host&) = nullptr;   // done before the screen is opened
   const char* screen = nullptr;     // null: opens none
   std::string Links::*link = nullptr;
   const char* tool = "";  // button of the tool bar that repeats it

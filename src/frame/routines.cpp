@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/pattern.h"
+#include "base/text.h"
 #include "frame/session.h"
 #include "store/dictionary.h"
 
@@ -80,6 +81,8 @@ void passOver(Host& host, const std::function<void()>& step) {
     step();
   } catch (const DatabaseError& error) {
     if (!error.mayBePassedOver()) host.message(error.what(), "Mirav Message");
+  } catch (const std::exception& error) {
+    host.message(error.what(), "Mirav Message");
   }
 }
 
@@ -89,6 +92,15 @@ bool CheckTable(const std::string& name) {
 }
 
 std::string MakeStamp(Host& host) { return session().mstamp = MakeStamp(host.now()); }
+
+Anchor CenterScreen(const Screen& form) {
+  if (form.spec.name != "FRMHLP") return Anchor::Centre;
+  for (const char* mode : {"pendordhlpgst", "PENDCHLNSL", "SL_ITMCD"})
+    if (session().mhlpmode == mode) return Anchor::Bottom;
+  return Anchor::Top;
+}
+
+void EndProcess(Host& host, const std::string& name) { host.endProcess(lower(trim(name))); }
 
 void ResizeControls(double xscale, double yscale) {
   session().mfontfactor = (xscale + yscale) / 2;

@@ -3,6 +3,8 @@
 #include <system_error>
 
 #include "base/text.h"
+#include "store/dictionary.h"
+#include "store/safe_file.h"
 #include "store/templates.h"
 
 namespace fs = std::filesystem;
@@ -15,23 +17,21 @@ std::string withoutSeparator(const fs::path& folder) {
   return path;
 }
 
-bool openCatalogue(Host& host, Session& s) {
+// Why the catalogue cannot be used; empty when it stands open.
+std::string openCatalogue(Session& s) {
   const fs::path file = fs::path(s.mapppath) / "comp.mdb";
-  std::string failure = "No Database Found";
-  if (fs::exists(file)) {
-    try {
-      s.cncomp = std::make_unique<Database>();
-      s.cncomp->open(file);
-      s.mfirstuser = s.cncomp->firstUser();
-      return true;
-    } catch (const DatabaseError& error) {
-      failure = error.what();
-    }
+  if (!fileExists(file)) return "No Database Found";
+  s.cncomp = std::make_unique<Database>();
+  try {
+    s.cncomp->open(file);
+    if (!CheckTable(*s.cncomp, "compny"))
+      throw DatabaseError(DatabaseError::Kind::notDatabase, "comp.mdb", {});
+  } catch (const DatabaseError& error) {
+    s.cncomp.reset();
+    return error.what();
   }
-  s.cncomp.reset();
-  host.message(failure, "Mirav Message");
-  host.quit();
-  return false;
+  s.mfirstuser = s.cncomp->firstUser();
+  return {};
 }
 
 // Templates that a folder has lost. One that cannot be made now is missed, in words, when a
@@ -39,7 +39,7 @@ bool openCatalogue(Host& host, Session& s) {
 void remakeTemplates(const fs::path& folder) {
   try {
     for (const char* name : {"SMPL.MDB", "BLNK.MDB"})
-      if (!fs::exists(folder / name)) makeCompanyDatabase(folder / name);
+      if (!fileExists(folder / name)) makeCompanyDatabase(folder / name);
   } catch (const DatabaseError&) {
   }
 }
@@ -65,7 +65,11 @@ bool startUp(Host& host, const fs::path& folder) {
   s.mversion = "1.01";
   setScreenFactors(s, host.display());
   s.mdbtype = "ACCESS";
-  if (!openCatalogue(host, s)) return false;
+  if (const std::string failure = openCatalogue(s); !failure.empty()) {
+    host.message(failure, "Mirav Message");
+    host.quit();
+    return false;
+  }
   remakeTemplates(s.mapppath);
 
   std::error_code ignored;  // printing into the folder fails later

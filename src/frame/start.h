@@ -6,8 +6,8 @@
 #include "platform/host.h"
 
 // The start routine: begins a new session in the program folder, opens the catalogue
-// comp.mdb and asks the host for the company selection. Without a catalogue the user is
-// told and the host asked to quit; then the answer is false.
+// comp.mdb and asks the host for the company selection. Without a catalogue that can be used
+// the user is told and the host asked to quit; then the answer is false.
 bool startUp(Host& host, const std::filesystem::path& folder);
 
 // Twips per pixel of 15, 12 and 10 are known; any other leaves both factors 0.

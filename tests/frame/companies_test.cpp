@@ -1,8 +1,13 @@
 #include "frame/companies.h"
 
+#include <algorithm>
 #include <fstream>
+#include <iterator>
+#include <set>
 
 #include "frame_fixture.h"
+#include "killed.h"
+#include "store/dictionary.h"
 #include "store/lock_file.h"
 
 namespace {
@@ -17,6 +22,19 @@ class Companies : public FrameTest {
     std::string all;
     for (const auto& y : companyYears(catalogue_))
       all += y.code + " " + y.name + " " + y.from + "-" + y.to + ";";
+    return all;
+  }
+
+  // The databases that the fixture did not bring.
+  std::string files() {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_.path())) {
+      const std::string name = entry.path().filename().string();
+      const bool brought = std::find(std::begin(kFiles), std::end(kFiles), name) != std::end(kFiles);
+      if (!brought && !name.ends_with(".LDB")) names.insert(name);
+    }
+    std::string all;
+    for (const auto& name : names) all += name + " ";
     return all;
   }
 
@@ -101,20 +119,119 @@ TEST_F(Companies, AreCreatedWithRowAndFile) {
 }
 
 TEST_F(Companies, LeaveNoRowBehindWhenTheFileCannotBeMade) {
-  std::filesystem::remove(folder_ / "BLNK.MDB");
   const std::string before = rows();
-  EXPECT_THROW(createCompanyYear(catalogue_, folder_.path(), {"M003", "NEW", "2026"}, CreateBy::Button, ""),
-               std::exception);
-  EXPECT_EQ(rows(), before);
+  const auto fails = [&] {
+    EXPECT_THROW(createCompanyYear(catalogue_, folder_.path(), {"M003", "NEW", "2026"}, CreateBy::Button, ""),
+                 DatabaseError);
+    EXPECT_EQ(rows(), before);
+    EXPECT_EQ(files(), "");
+  };
+  std::ofstream(folder_ / "BLNK.MDB") << "Dear Sir, this is a letter and no database.";
+  fails();
+  std::ofstream(folder_ / "BLNK.MDB").close();  // empty
+  fails();
+  std::filesystem::remove(folder_ / "BLNK.MDB");
+  fails();
   EXPECT_EQ(refusal({"M003", "NEW", "2026"}, CreateBy::Button), "Template BLNK.MDB Not Found");
+}
+
+TEST_F(Companies, LeaveNoFileBehindWhenTheRowIsRefused) {
+  const std::string before = rows(), tooLong(101, 'X');
+  EXPECT_THROW(createCompanyYear(catalogue_, folder_.path(), {"M003", tooLong, "2026"}, CreateBy::Enter, ""),
+               DatabaseError);
+  EXPECT_EQ(rows(), before);
+  EXPECT_EQ(files(), "");
+
+  Database other;
+  other.open(folder_ / "comp.mdb");
+  const Transaction elsewhere(other);
+  EXPECT_THROW(createCompanyYear(catalogue_, folder_.path(), {"M003", "NEW", "2026"}, CreateBy::Enter, ""),
+               DatabaseError);
+  EXPECT_EQ(files(), "");
+}
+
+// Two programs that create the same year: the second finds the row that the first has just stored.
+TEST_F(Companies, AreNotCreatedTwiceByTwoPrograms) {
+  const CompanyYear wanted{"M003", "NEW", "2026", {}};
+  EXPECT_EQ(refusal(wanted, CreateBy::Enter), "");
+  Database other;
+  other.open(folder_ / "comp.mdb");
+  createCompanyYear(other, folder_.path(), wanted, CreateBy::Enter, "");
+  Database books;
+  books.open(folder_ / "M00326.mdb");
+  books.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD) VALUES (1, 'SA')");
+  EXPECT_THROW(createCompanyYear(catalogue_, folder_.path(), wanted, CreateBy::Enter, ""), DatabaseError);
+  books.close();
+  EXPECT_THROW(createCompanyYear(catalogue_, folder_.path(), wanted, CreateBy::Enter, ""), DatabaseError);
+  books.open(folder_ / "M00326.mdb");
+  EXPECT_EQ(books.number("SELECT COUNT(*) FROM SALE"), 1);
+}
+
+// What a crash left of a creation is replaced; books that no row names are kept beside.
+TEST_F(Companies, TakeThePlaceOfAFileWithoutARow) {
+  const CompanyYear wanted{"M003", "NEW", "2026", {}};
+  copyDatabase(folder_ / "SMPL.MDB", folder_ / "M00326.mdb");
+  EXPECT_EQ(refusal(wanted, CreateBy::Enter), "");
+  createCompanyYear(catalogue_, folder_.path(), wanted, CreateBy::Enter, "");
+  EXPECT_EQ(files(), "M00326.mdb ");
+
+  catalogue_.exec("DELETE FROM compny WHERE COMP_ID = 'M003'");
+  Database books;
+  books.open(folder_ / "M00326.mdb");
+  books.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD) VALUES (1, 'SA')");
+  books.close();
+  createCompanyYear(catalogue_, folder_.path(), wanted, CreateBy::Button, "");
+  EXPECT_EQ(files(), "M00326.mdb M00326_old1.mdb ");
+  books.open(folder_ / "M00326.mdb");
+  EXPECT_EQ(books.number("SELECT COUNT(*) FROM SALE"), 0);
+  books.open(folder_ / "M00326_old1.mdb");
+  EXPECT_EQ(books.number("SELECT COUNT(*) FROM SALE"), 1);
+}
+
+TEST_F(Companies, AreWholeOrNotThereWhereverTheirCreationIsKilled) {
+  constexpr int kMoments = 30;
+  catalogue_.close();
+  int number = 2;
+  const auto create = [&] {
+    Database catalogue;
+    catalogue.open(folder_ / "comp.mdb");
+    createCompanyYear(catalogue, folder_.path(), {"M00" + std::to_string(number), "NEW", "2030", {}},
+                      CreateBy::Enter, "");
+  };
+  number = 3;
+  const Killed whole = killedAt(0, create);
+  if (!whole.possible) GTEST_SKIP() << "processes may not be watched here";
+  ASSERT_TRUE(whole.ended);
+
+  for (int moment = 1; moment <= kMoments; ++moment) {
+    number = 10 + moment;
+    const int call = whole.calls * moment / kMoments;
+    killedAt(call, create);
+    catalogue_.open(folder_ / "comp.mdb");
+    ASSERT_EQ(catalogue_.text("PRAGMA integrity_check"), "ok") << call;
+    const CompanyYear wanted{"M00" + std::to_string(number), "NEW " + std::to_string(number), "2030", {}};
+    if (!companyYear(catalogue_, wanted.code, wanted.from)) {
+      ASSERT_EQ(refusal(wanted, CreateBy::Enter), "") << call;
+      createCompanyYear(catalogue_, folder_.path(), wanted, CreateBy::Enter, "");
+    }
+    for (const CompanyYear& row : companyYears(catalogue_)) {
+      Database year;
+      year.open(folder_ / (dataStem(row.code, row.from) + ".mdb"));
+      ASSERT_TRUE(isCompanyYear(year)) << row.code << call;
+      if (row.code == wanted.code) {
+        ASSERT_EQ(year.text("PRAGMA integrity_check"), "ok") << call;
+      }
+    }
+    catalogue_.close();
+  }
 }
 
 // Renamed in one year, the company may be created anew under its old name: the books of
 // that year must not be written over.
 TEST_F(Companies, NeverWriteOverBooks) {
   renameCompany(catalogue_, "SHREE TRADERS", "OTHER NAME", "SHREE TRADERS", "2025");
-  EXPECT_EQ(refusal({"M001", "SHREE TRADERS", "2025"}, CreateBy::Enter),
-            "Data File M00125.mdb Already Exists\r\nType Another Year");
+  EXPECT_EQ(refusal({"M001", "SHREE TRADERS", "2025"}, CreateBy::Enter), "year and company Already Exists");
+  EXPECT_EQ(refusal({"M001", "SHREE TRADERS", "2026"}, CreateBy::Enter), "");
 }
 
 TEST_F(Companies, AreRenamedInOneYearAlone) {
@@ -134,9 +251,27 @@ TEST_F(Companies, AreDeletedWithFileAndJournal) {
 }
 
 TEST_F(Companies, AreNotDeletedWhileOpenElsewhere) {
-  const LockFile other(folder_ / "M00124.mdb");
-  EXPECT_FALSE(deleteCompanyYear(catalogue_, folder_.path(), {"M001", {}, "2024", "2025"}));
+  {
+    const LockFile other(folder_ / "M00124.mdb");
+    EXPECT_FALSE(deleteCompanyYear(catalogue_, folder_.path(), {"M001", {}, "2024", "2025"}));
+    EXPECT_TRUE(std::filesystem::exists(folder_ / "M00124.mdb"));
+  }
+  Database other;
+  other.open(folder_ / "comp.mdb");
+  {
+    const Transaction busy(other);
+    EXPECT_THROW(deleteCompanyYear(catalogue_, folder_.path(), {"M001", {}, "2024", "2025"}), DatabaseError);
+  }
   EXPECT_TRUE(std::filesystem::exists(folder_ / "M00124.mdb"));
+  EXPECT_EQ(companyYears(catalogue_).size(), 3u);
+}
+
+// A row whose file somebody has taken away can be deleted all the same.
+TEST_F(Companies, AreDeletedWithoutAFile) {
+  std::filesystem::remove(folder_ / "M00124.mdb");
+  EXPECT_TRUE(deleteCompanyYear(catalogue_, folder_.path(), {"M001", {}, "2024", "2025"}));
+  EXPECT_EQ(companyYears(catalogue_).size(), 2u);
+  EXPECT_EQ(files(), "");
 }
 
 }  // namespace

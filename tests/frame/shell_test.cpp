@@ -184,6 +184,8 @@ E&NTRY mnutrns
   Training Book Pdf mnutrngbkpdf
   Update Software mnupdtsoft
   Database Check mnupdtstrct
+  &Backup mnubackup
+  &Restore mnurestore
 &EXIT mnuexit
 )");
 }

@@ -37,6 +37,7 @@ class TestHost : public Desk {
   // What the program said and asked for.
   struct Said {
     std::string text, title;
+    std::string initial{};  // what an input box offers
   };
   std::vector<Said> messages, questions, prompts;
   std::vector<std::string> opened, launched, viewed;
@@ -112,8 +113,8 @@ class TestHost : public Desk {
     return yes;
   }
   std::optional<std::string> input(const std::string& prompt, const std::string& title,
-                                   const std::string&) override {
-    prompts.push_back({prompt, title});
+                                   const std::string& initial) override {
+    prompts.push_back({prompt, title, initial});
     if (inputs.empty()) {
       ADD_FAILURE() << "unexpected input box: " << prompt;
       return std::nullopt;

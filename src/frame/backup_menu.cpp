@@ -1,0 +1,135 @@
+#include "frame/backup_menu.h"
+
+#include "base/text.h"
+#include "frame/backup.h"
+#include "frame/companies.h"
+#include "frame/routines.h"
+#include "frame/session.h"
+#include "store/safe_file.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kFailed = "Mirav Message";
+constexpr const char* kDone = "Mirav Information";
+constexpr const char* kConfirm = "Mirav Confirmation Message";
+constexpr size_t kKeptOfExit = 10;
+
+class Busy {
+ public:
+  explicit Busy(Host& machine) : host(machine) { host.busy(true); }
+  ~Busy() { host.busy(false); }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  Host& host;
+};
+
+fs::path folder() { return backupFolder(session().mbackuppath, session().mapppath); }
+
+// The copy's path, or nothing after a failure, which has been told.
+fs::path backUp(Host& host, BackupKind kind) {
+  std::string failure;
+  try {
+    const Busy busy(host);
+    return makeBackup(data(), catalogue(), folder(), session().mdataname, MakeStamp(host), kind);
+  } catch (const std::exception& error) {
+    failure = error.what();
+  }
+  host.message("Backup Not Done\r\n" + failure, kFailed);
+  return {};
+}
+
+// A bare name stands in the backup folder, or beside the books, where the replaced ones are.
+fs::path named(const std::string& typed) {
+  fs::path name = typed.find('\\') == std::string::npos ? typed : typed.substr(typed.rfind('\\') + 1);
+  if (!name.has_extension()) name += ".mdb";
+  for (const fs::path& place : {folder(), fs::path(session().mapppath)})
+    if (fileExists(place / name)) return place / name;
+  return folder() / name;
+}
+
+std::string factsText(const BackupFacts& facts) {
+  std::string text = facts.company.empty() ? "Without Company Details" : facts.company;
+  text += " :: " + std::to_string(facts.bills) + (facts.bills == 1 ? " Bill" : " Bills");
+  if (facts.last) text += " :: Last Of " + formatDate(*facts.last, "dd/MMM/yyyy");
+  return text;
+}
+
+std::string dataNameOfBooks() {
+  std::string name;
+  data().attempt([&] {
+    name = data().text("SELECT DATANM FROM COMP_DET");
+    return 0;
+  });
+  return name;
+}
+
+// Whether the person wants the file in the place of the books.
+bool agreed(Host& host, const fs::path& file) {
+  const Session& s = session();
+  if (!fileExists(file)) {
+    host.message("Backup Not Found\r\n" + file.string(), kFailed);
+    return false;
+  }
+  const BackupFacts facts = factsOf(file);
+  const std::string name = file.filename().string();
+  if (!belongsTo(facts, file, s.mdataname, dataNameOfBooks())) {
+    host.message(name + " Is Not A Backup Of " + s.mdataname + "\r\n" + factsText(facts), kFailed);
+    return false;
+  }
+  return host.ask(
+      "Do You Want To Restore " + name + "\r\n" + factsText(facts) + "\r\nIn Place Of " + s.mdbfile,
+      kConfirm);
+}
+
+// The company-year's file is closed meanwhile.
+void exchange(Host& host, const fs::path& file) {
+  Session& s = session();
+  std::string words, title = kDone;
+  s.cndata.reset();
+  try {
+    const Busy busy(host);
+    const fs::path kept = restoreBackup(file, s.mdbpath, MakeStamp(host));
+    words = "Restore Done\r\nThe Replaced Books Are Kept In " + kept.filename().string();
+  } catch (const std::exception& error) {
+    words = std::string("Restore Not Done\r\n") + error.what();
+    title = kFailed;
+  }
+  const std::string missing = openCompanyYear({s.mcompid, s.mcompname, s.mfromyr, s.mtoyr});
+  if (!missing.empty()) throw DatabaseError(DatabaseError::Kind::missing, s.mdbfile, {});
+  host.message(words, title);
+}
+
+}  // namespace
+
+void backUpNow(Host& host) {
+  const fs::path copy = backUp(host, BackupKind::Asked);
+  if (!copy.empty()) host.message("Backup Done\r\n" + copy.string(), kDone);
+}
+
+void backUpAtExit(Host& host) {
+  if (!session().mbackupflag) return;
+  if (!backUp(host, BackupKind::Exit).empty()) keepLatest(folder(), session().mdataname, kKeptOfExit);
+}
+
+bool restoreNow(Host& host) {
+  const Session& s = session();
+  const auto backups = backupsOf(folder(), s.mdataname);
+  const auto given = host.input("Type Name Of Backup To Restore \r\nIn Place Of " + s.mdbfile, kConfirm,
+                                backups.empty() ? "" : backups.back());
+  if (!given || trim(*given).empty()) return false;
+  try {
+    const fs::path file = named(trim(*given));
+    if (!agreed(host, file)) return false;
+    exchange(host, file);
+    return true;
+  } catch (const std::exception& error) {
+    host.message(error.what(), kFailed);
+  }
+  // Without books there is nothing to go on with.
+  if (!s.cndata) host.quit();
+  return false;
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/host.h"
+
+// What the shell's entries "Backup" and "Restore" do on the session's company-year, and its
+// exit: each asks and tells, the rules stand in backup.h.
+
+void backUpNow(Host& host);
+
+// When the settings say so, keeping the last ten. Only a failure is told.
+void backUpAtExit(Host& host);
+
+// Asks which backup takes the place of the books. True when the company-year has been opened anew,
+// be it the restored one or, after a failure, the old one.
+bool restoreNow(Host& host);

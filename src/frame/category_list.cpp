@@ -1,0 +1,31 @@
+#include "frame/category_list.h"
+
+#include <system_error>
+
+#include "frame/routines.h"
+#include "frame/session.h"
+#include "platform/workbook/create.h"
+
+namespace fs = std::filesystem;
+
+fs::path writeCategoryList(Database& db, const fs::path& program) {
+  workbook::List list{.title = "Category Listing"};
+  auto rows = db.query("select dept_cd as CODE, dept_name as NAME from deptment");
+  for (int i = 0; i < rows.count(); ++i) list.columns.push_back({.heading = rows.names().at(i)});
+  while (rows.next()) list.rows.push_back({rows.text(0), rows.text(1)});
+
+  const fs::path file = program / "FORMATS" / "list.xlsx";
+  std::error_code ignored;  // told when the workbook cannot be written into it
+  fs::create_directory(file.parent_path(), ignored);
+  workbook::createList(file.string(), list);
+  return file;
+}
+
+void showCategoryList(Host& host) {
+  if (session().mexcelkill) EndProcess(host, "excel.exe");
+  try {
+    host.view(writeCategoryList(data(), session().mapppath).string());
+  } catch (const std::exception& error) {
+    host.message(error.what(), "Mirav Message");
+  }
+}

@@ -1,0 +1,335 @@
+#include "frame/backup.h"
+
+#include <fstream>
+#include <set>
+
+#include "frame/routines.h"
+#include "frame_fixture.h"
+#include "full_disk.h"
+#include "killed.h"
+#include "store/lock_file.h"
+#include "store/row_writer.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kInformation = "Mirav Information";
+constexpr const char* kConfirm = "Mirav Confirmation Message";
+
+// M001 of 2025 open in the shell, with a company name and one bill.
+class Backups : public FrameTest {
+ protected:
+  Backups() : keep_(folder_ / "BACKUP") {
+    openShell();
+    data().exec("INSERT INTO COMP_DET (COMPNM, DATANM) VALUES ('SHREE TRADERS', 'M00125')");
+    bill(1, *parseDate("2026-06-14"));
+  }
+  void bill(int number, Date date) {
+    insertRow(data(), "SALE",
+              {
+                  {"VOUCH_NO", number},
+                  {"BOOK_CD",  "SA"  },
+                  {"VOUCH_DT", date  }
+    });
+  }
+  double bills() { return data().number("SELECT COUNT(*) FROM SALE"); }
+  std::string names(const fs::path& folder) {
+    std::set<std::string> all;
+    std::error_code none;
+    for (const auto& entry : fs::directory_iterator(folder, none)) all.insert(entry.path().filename());
+    std::string text;
+    for (const auto& name : all) text += name + " ";
+    return text;
+  }
+  void restore(const std::optional<std::string>& name, bool yes) {
+    host_.inputs = {name};
+    host_.answers = {yes};
+    host_.choose("Restore");
+    host_.answers.clear();
+  }
+
+  fs::path keep_;
+};
+
+TEST(BackupFolders, ForeignPathsMeanAFolderInTheProgramFolder) {
+  struct {
+    const char *named, *folder;
+  } const cases[] = {
+      {"D:\\BACKUP",        "/mirav/BACKUP"   },
+      {"e:\\Keep\\daily\\", "/mirav/DAILY"    },
+      {"D:\\",              "/mirav/BACKUP"   },
+      {"D:",                "/mirav/BACKUP"   },
+      {"\\\\server\\safe",  "/mirav/SAFE"     },
+      {"",                  "/mirav/BACKUP"   },
+      {"  ",                "/mirav/BACKUP"   },
+      {"/mnt/stick/mirav",  "/mnt/stick/mirav"},
+      {" safe ",            "/mirav/safe"     },
+  };
+  for (const auto& c : cases) EXPECT_EQ(backupFolder(c.named, "/mirav"), c.folder) << c.named;
+}
+
+TEST(BackupNames, AreThoseOfTheYearOldestFirst) {
+  const TempFolder folder;
+  for (const char* name :
+       {"M00125_260615_1030.mdb", "M00125_260615_1030_2.mdb", "M00125_260615_1030_10.mdb",
+        "M00125_251231_2359_exit.mdb", "M00125_260615_0900.mdb", "M00125_260615_1030_comp.mdb",
+        "M00125_260615_1030_replaced.mdb", "M00125_260615_1031.mdb.new", "M00125.mdb",
+        "M001250_260615_1030.mdb", "M00124_260615_1030.mdb", "letter.mdb"})
+    std::ofstream(folder / name) << "x";
+  EXPECT_EQ(backupsOf(folder.path(), "M00125"),
+            (std::vector<std::string>{"M00125_251231_2359_exit.mdb", "M00125_260615_0900.mdb",
+                                      "M00125_260615_1030.mdb", "M00125_260615_1030_2.mdb",
+                                      "M00125_260615_1030_10.mdb"}));
+  EXPECT_TRUE(backupsOf(folder / "none", "M00125").empty());
+}
+
+TEST(BackupNames, OnlyThoseOfTheExitGoAndTheLastOnesStay) {
+  const TempFolder folder;
+  const auto add = [&](const std::string& name) {
+    std::ofstream(folder / (name + ".mdb")) << "x";
+    std::ofstream(folder / (name + "_comp.mdb")) << "x";
+  };
+  for (int day = 10; day < 22; ++day) add("M00125_2606" + std::to_string(day) + "_1830_exit");
+  add("M00125_260601_1030");
+  add("M00124_260601_1030_exit");
+  keepLatest(folder.path(), "M00125", 10);
+  const auto left = backupsOf(folder.path(), "M00125");
+  ASSERT_EQ(left.size(), 11u);
+  EXPECT_EQ(left[0], "M00125_260601_1030.mdb");
+  EXPECT_EQ(left[1], "M00125_260612_1830_exit.mdb");
+  EXPECT_FALSE(fs::exists(folder / "M00125_260611_1830_exit_comp.mdb"));
+  EXPECT_TRUE(fs::exists(folder / "M00125_260612_1830_exit_comp.mdb"));
+  EXPECT_EQ(backupsOf(folder.path(), "M00124").size(), 1u);
+}
+
+TEST(BackupNames, AFileBelongsByWhatItWasSavedUnder) {
+  struct {
+    const char *savedUnder, *file, *standing;
+    bool belongs;
+  } const cases[] = {
+      {"M00125", "any.mdb",                "M00125", true },
+      {"m00125", "any.mdb",                "",       true },
+      {"M00124", "M00125_260615_1030.mdb", "M00125", false},
+      {"M00224", "M00125.mdb",             "",       false},
+      {"M00124", "M00125_260615_1030.mdb", "M00124", true }, // books begun as a copy of last year's
+      {"",       "M00125_260615_1030.mdb", "M00125", true },
+      {"",       "M00225_260615_1030.mdb", "M00125", false},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(belongsTo({.dataname = c.savedUnder}, fs::path("/x") / c.file, "M00125", c.standing), c.belongs)
+        << c.savedUnder << c.file;
+}
+
+TEST_F(Backups, StandInTheFolderOfTheSettings) {
+  EXPECT_EQ(session().mbackuppath, "D:\\BACKUP");
+  host_.choose("Backup");
+  EXPECT_EQ(host_.lastMessage(), "Backup Done\r\n" + (keep_ / "M00125_260615_1030.mdb").string());
+  EXPECT_EQ(host_.messages.back().title, kInformation);
+  host_.choose("Backup");
+  EXPECT_EQ(names(keep_),
+            "M00125_260615_1030.mdb M00125_260615_1030_2.mdb M00125_260615_1030_2_comp.mdb "
+            "M00125_260615_1030_comp.mdb ");
+  EXPECT_FALSE(host_.isBusy);
+
+  Database copy;
+  copy.open(keep_ / "M00125_260615_1030.mdb");
+  EXPECT_EQ(copy.text("SELECT COMPNM FROM COMP_DET"), "SHREE TRADERS");
+  copy.open(keep_ / "M00125_260615_1030_comp.mdb");
+  EXPECT_EQ(copy.number("SELECT COUNT(*) FROM compny"), 3);
+}
+
+TEST_F(Backups, RestoreOffersTheNewestAndKeepsWhatItReplaces) {
+  host_.choose("Backup");
+  host_.clock.hour = 11;
+  host_.choose("Backup");
+  bill(2, *parseDate("2026-06-15"));
+  data().exec("UPDATE COMP_DET SET ADDRS = 'NEW ROAD'");
+  data().exec("UPDATE SPSFILE SET VOUCH_DT = '2027-03-31' WHERE VOUCH_NO = 212");
+  host_.clock.hour = 12;
+  host_.inputs = {"M00125_260615_1130.mdb"};
+  host_.answers = {true};
+  host_.choose("Restore");
+
+  EXPECT_EQ(host_.prompts.back().text, "Type Name Of Backup To Restore \r\nIn Place Of M00125.mdb");
+  EXPECT_EQ(host_.prompts.back().initial, "M00125_260615_1130.mdb");
+  EXPECT_EQ(host_.questions.back().text,
+            "Do You Want To Restore M00125_260615_1130.mdb\r\nSHREE TRADERS :: 1 Bill :: Last Of "
+            "14/Jun/2026\r\nIn Place Of M00125.mdb");
+  EXPECT_EQ(host_.questions.back().title, kConfirm);
+  EXPECT_EQ(host_.lastMessage(),
+            "Restore Done\r\nThe Replaced Books Are Kept In M00125_260615_1230_replaced.mdb");
+  EXPECT_EQ(host_.messages.back().title, kInformation);
+  EXPECT_EQ(bills(), 1);
+  EXPECT_EQ(session().mcad1, "") << "the details are those of the restored books";
+  EXPECT_EQ(host_.screen().panels[0], "SHREE TRADERS : FROM 01/04/23 TO 31/03/34");
+  EXPECT_EQ(host_.at("LastBills").grid.count(), 1u);
+  EXPECT_EQ(data().number("SELECT COUNT(*) FROM T_ACLST"), 9);
+
+  // And back again.
+  restore("M00125_260615_1230_replaced", true);
+  EXPECT_EQ(bills(), 2);
+  EXPECT_EQ(session().mcad1, "NEW ROAD");
+  EXPECT_EQ(host_.screen().panels[0], "SHREE TRADERS : FROM 01/04/23 TO 31/03/27");
+}
+
+TEST_F(Backups, RestoreDoesNothingUnasked) {
+  restore(std::nullopt, true);
+  restore(" ", true);
+  EXPECT_TRUE(host_.questions.empty());
+  host_.choose("Backup");
+  bill(2, *parseDate("2026-06-15"));
+  restore("M00125_260615_1030.mdb", false);
+  EXPECT_EQ(bills(), 2);
+  EXPECT_EQ(names(folder_.path()).find("replaced"), std::string::npos);
+}
+
+TEST_F(Backups, RestoreRefusesWhatIsNotOfThisYear) {
+  fs::create_directory(keep_);
+  Database other;
+  other.open(folder_ / "M00225.mdb");
+  other.exec("INSERT INTO COMP_DET (COMPNM, DATANM) VALUES ('LIGHT HOUSE', 'M00225')");
+  other.close();
+  fs::copy_file(folder_ / "M00225.mdb", keep_ / "M00125_260615_0900.mdb");
+  fs::copy_file(folder_ / "comp.mdb", keep_ / "catalogue.mdb");
+  fs::copy_file(folder_ / "M00124.mdb", keep_ / "new_year.mdb");
+  std::ofstream(keep_ / "letter.mdb") << "Dear Sir, this is a letter and no database.";
+  std::ofstream(keep_ / "empty.mdb").close();
+  fs::copy_file(folder_ / "M00125.mdb", keep_ / "half.mdb");
+  fs::resize_file(keep_ / "half.mdb", fs::file_size(keep_ / "half.mdb") / 2);
+  fs::create_directory(keep_ / "folder.mdb");
+  const auto mine = names(folder_.path());
+
+  struct {
+    const char *typed, *words;
+  } const cases[] = {
+      {"M00125_260615_0900.mdb",
+       "M00125_260615_0900.mdb Is Not A Backup Of M00125\r\nLIGHT HOUSE :: 0 Bills"                            },
+      {"new_year",               "new_year.mdb Is Not A Backup Of M00125\r\nWithout Company Details :: 0 Bills"},
+      {"D:\\BACKUP\\letter.mdb", "letter.mdb is not a database of this program."                               },
+      {"empty.mdb",              "empty.mdb is not a database of this program."                                },
+      {"catalogue.mdb",          "catalogue.mdb is not a database of this program."                            },
+      {"half.mdb",               "half.mdb is damaged. Restore it from a backup."                              },
+      {"folder.mdb",             "folder.mdb was not found."                                                   },
+  };
+  for (const auto& c : cases) {
+    restore(c.typed, true);
+    EXPECT_EQ(host_.lastMessage(), c.words);
+    EXPECT_EQ(host_.messages.back().title, "Mirav Message");
+    EXPECT_EQ(bills(), 1);
+  }
+  restore("none.mdb", true);
+  EXPECT_EQ(host_.lastMessage(), "Backup Not Found\r\n" + (keep_ / "none.mdb").string());
+  EXPECT_TRUE(host_.questions.empty());
+  EXPECT_EQ(names(folder_.path()), mine);
+}
+
+TEST_F(Backups, NothingIsRestoredWhileAnotherProgramWorksInTheBooks) {
+  host_.choose("Backup");
+  bill(2, *parseDate("2026-06-15"));
+  Database other;
+  other.open(folder_ / "M00125.mdb");
+  restore("M00125_260615_1030.mdb", true);
+  EXPECT_EQ(host_.lastMessage().substr(0, 58),
+            "Restore Not Done\r\nM00125.mdb is in use by another program.");
+  EXPECT_EQ(bills(), 2);
+  EXPECT_EQ(other.number("SELECT COUNT(*) FROM SALE"), 2);
+  EXPECT_EQ(host_.onTop(), "frmmain");
+}
+
+TEST_F(Backups, AFailureIsToldAndNothingIsLost) {
+  host_.choose("Backup");
+  bill(2, *parseDate("2026-06-15"));
+  const auto kept = names(keep_), mine = names(folder_.path());
+  const std::string words = "cannot be read or written: the disk reports an error";
+  {
+    const FullDisk full;
+    host_.choose("Backup");
+    EXPECT_EQ(host_.lastMessage().substr(0, 17), "Backup Not Done\r\n");
+    EXPECT_NE(host_.lastMessage().find(words), std::string::npos) << host_.lastMessage();
+    restore("M00125_260615_1030.mdb", true);
+    ASSERT_GE(host_.messages.size(), 2u);
+    EXPECT_EQ(host_.messages[2].text.substr(0, 18), "Restore Not Done\r\n");
+    EXPECT_NE(host_.messages[2].text.find(words), std::string::npos) << host_.messages[2].text;
+  }
+  EXPECT_EQ(host_.onTop(), "frmmain");
+  EXPECT_FALSE(host_.quitting());
+  EXPECT_EQ(names(keep_), kept);
+  EXPECT_EQ(names(folder_.path()), mine);
+  EXPECT_EQ(bills(), 2);
+
+  session().mbackuppath = (folder_ / "stick" / "mirav").string();
+  host_.choose("Backup");
+  EXPECT_EQ(host_.lastMessage(),
+            "Backup Not Done\r\n" + (folder_ / "stick" / "mirav").string() + " was not found.");
+  std::ofstream(folder_ / "FILE") << "x";
+  session().mbackuppath = (folder_ / "FILE").string();
+  host_.choose("Backup");
+  EXPECT_EQ(host_.lastMessage(),
+            "Backup Not Done\r\n" + (folder_ / "FILE").string() + " is a file and no folder.");
+}
+
+TEST_F(FrameTest, ARestoreThatIsKilledLeavesTheOldOrTheNewBooks) {
+  constexpr int kMoments = 25;
+  const fs::path books = folder_ / "M00125.mdb", backup = folder_ / "backup.mdb";
+  fs::copy_file(books, backup);
+  const fs::path entered = folder_ / "entered.mdb";
+  fs::copy_file(books, entered);
+  Database db;
+  db.open(entered);
+  db.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD) VALUES (1, 'SA')");
+  db.close();
+
+  int calls = 0;
+  for (int moment = 0; moment <= kMoments; ++moment) {
+    fs::copy_file(entered, books, fs::copy_options::overwrite_existing);
+    const std::string stamp = "260615_10" + std::to_string(10 + moment);
+    const Killed killed = killedAt(calls * moment / kMoments, [&] { restoreBackup(backup, books, stamp); });
+    if (!killed.possible) GTEST_SKIP() << "processes may not be watched here";
+    if (moment == 0) calls = killed.calls;
+    db.open(books);
+    ASSERT_EQ(db.text("PRAGMA integrity_check"), "ok") << moment;
+    const double bills = db.number("SELECT COUNT(*) FROM SALE");
+    db.close();
+    ASSERT_EQ(killed.ended ? bills : 0, 0) << moment;
+    if (bills == 1) continue;
+    db.open(folder_ / ("M00125_" + stamp + "_replaced.mdb"));
+    ASSERT_EQ(db.number("SELECT COUNT(*) FROM SALE"), 1) << moment;
+    db.close();
+  }
+}
+
+TEST_F(Backups, OfTheExitAreMadeOnlyWhenTheSettingsSaySo) {
+  host_.answers = {false, true};
+  host_.choose("EXIT");
+  host_.choose("EXIT");
+  EXPECT_TRUE(host_.quitting());
+  EXPECT_FALSE(fs::exists(keep_));
+}
+
+TEST_F(Backups, OfTheExitAreSilentAndTheLastTenStay) {
+  session().mbackupflag = true;
+  fs::create_directory(keep_);
+  for (int day = 1; day <= 10; ++day)
+    std::ofstream(keep_ / ("M00125_2605" + std::to_string(10 + day) + "_1830_exit.mdb")) << "x";
+  host_.answers = {false, true};
+  host_.choose("EXIT");
+  EXPECT_EQ(backupsOf(keep_, "M00125").size(), 10u) << "none for a No";
+  host_.choose("EXIT");
+  EXPECT_TRUE(host_.quitting());
+  EXPECT_TRUE(host_.messages.empty());
+  const auto left = backupsOf(keep_, "M00125");
+  ASSERT_EQ(left.size(), 10u);
+  EXPECT_EQ(left.front() + " " + left.back(), "M00125_260512_1830_exit.mdb M00125_260615_1030_exit.mdb");
+}
+
+TEST_F(Backups, AFailureAtTheExitIsToldAndTheProgramEnds) {
+  session().mbackupflag = true;
+  session().mbackuppath = "/nowhere/at/all";
+  host_.answers = {true};
+  host_.choose("EXIT");
+  EXPECT_EQ(host_.lastMessage(), "Backup Not Done\r\n/nowhere/at/all was not found.");
+  EXPECT_TRUE(host_.quitting());
+}
+
+}  // namespace

@@ -1,0 +1,183 @@
+#include "frame/category_list.h"
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <fstream>
+
+#include "frame_fixture.h"
+#include "full_disk.h"
+#include "platform/workbook/create.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A part of the file as another program unpacks it.
+std::string part(const fs::path& file, const std::string& name) {
+  const std::string command =
+      "python3 -c 'import sys, zipfile; "
+      "sys.stdout.buffer.write(zipfile.ZipFile(sys.argv[1]).read(sys.argv[2]))' " +
+      file.string() + " " + name;
+  std::string text;
+  if (std::FILE* pipe = popen(command.c_str(), "r")) {
+    char bytes[4096];
+    for (size_t n = 0; (n = std::fread(bytes, 1, sizeof bytes, pipe)) > 0;) text.append(bytes, n);
+    pclose(pipe);
+  }
+  return text;
+}
+
+// Another program that shows the file in a window keeps a lock on it.
+class HeldOpen {
+ public:
+  explicit HeldOpen(const fs::path& file) {
+    int held[2];
+    if (pipe(held) != 0 || pipe(end_) != 0) throw std::runtime_error("no pipe");
+    child_ = fork();
+    if (child_ == 0) {
+      const int descriptor = open(file.c_str(), O_RDWR);
+      struct flock lock {};
+      lock.l_type = F_WRLCK;
+      lock.l_whence = SEEK_SET;
+      char byte = fcntl(descriptor, F_SETLK, &lock) == 0 ? 'y' : 'n';
+      (void)!write(held[1], &byte, 1);
+      close(end_[1]);
+      (void)!read(end_[0], &byte, 1);
+      _exit(0);
+    }
+    char byte = 'n';
+    (void)!read(held[0], &byte, 1);
+    close(held[0]);
+    close(held[1]);
+    EXPECT_EQ(byte, 'y');
+  }
+  ~HeldOpen() {
+    close(end_[1]);
+    close(end_[0]);
+    waitpid(child_, nullptr, 0);
+  }
+  HeldOpen(const HeldOpen&) = delete;
+  HeldOpen& operator=(const HeldOpen&) = delete;
+
+ private:
+  int end_[2] = {};
+  pid_t child_ = 0;
+};
+
+class Categories : public FrameTest {
+ protected:
+  Categories() {
+    openShell();
+    data().exec(
+        "INSERT INTO DEPTMENT (DEPT_CD, DEPT_NAME) VALUES ('E002', '=1+1'), ('007', '+5'), ('-3', '@SUM'),"
+        " ('E005', 'વીજળી & <FANS>')");
+  }
+  fs::path list() const { return folder_ / "FORMATS" / "list.xlsx"; }
+};
+
+TEST_F(Categories, AreListedAsTextUnderTheirTitle) {
+  EXPECT_FALSE(fs::exists(folder_ / "FORMATS"));
+  EXPECT_TRUE(host_.choose("Category List"));
+  EXPECT_EQ(host_.viewed, std::vector<std::string>{list().string()});
+  EXPECT_EQ(session().mreportkey, "dept");
+  EXPECT_EQ(host_.hint(), "Not built yet") << "and the report screen is asked for";
+
+  auto book = workbook::Workbook::load(list().string());
+  auto& sheet = book.sheet("LIST");
+  const char* const rows[][2] = {
+      {"Category Listing", ""                        },
+      {"CODE",             "NAME"                    },
+      {"E001",             "MISC"                    },
+      {"E002",             "=1+1"                    },
+      {"007",              "+5"                      },
+      {"-3",               "@SUM"                    },
+      {"E005",             "વીજળી & <FANS>"},
+      {"",                 ""                        },
+  };
+  for (int r = 0; r < 8; ++r)
+    for (int c = 0; c < 2; ++c) {
+      const workbook::Value value = sheet.value(r + 1, c + 1);
+      const bool empty = *rows[r][c] == '\0';
+      EXPECT_EQ(value.empty(), empty) << r << c;
+      if (empty) continue;
+      ASSERT_TRUE(value.text()) << r << c;
+      EXPECT_EQ(*value.text(), rows[r][c]);
+    }
+  const std::string xml = part(list(), "xl/worksheets/sheet1.xml");
+  EXPECT_EQ(xml.find("<f>"), std::string::npos) << "no formula";
+  EXPECT_NE(xml.find("topLeftCell=\"A3\" activePane=\"bottomLeft\" state=\"frozen\""), std::string::npos)
+      << xml;
+  EXPECT_NE(xml.find("<col min=\"2\" max=\"2\" width=\"16"), std::string::npos) << xml;
+}
+
+TEST_F(Categories, AWorkbookThatIsHeldOpenStays) {
+  host_.choose("Category List");
+  const auto before = fs::last_write_time(list());
+  {
+    const HeldOpen held(list());
+    host_.choose("Category List");
+    EXPECT_EQ(host_.lastMessage(), "Excel File Is Already Open\r\nClose It First");
+    EXPECT_EQ(host_.viewed.size(), 1u);
+    EXPECT_EQ(fs::last_write_time(list()), before);
+  }
+  host_.choose("Category List");
+  EXPECT_EQ(host_.viewed.size(), 2u);
+}
+
+TEST_F(Categories, AFailureIsToldAndLeavesNothing) {
+  std::ofstream(folder_ / "FORMATS") << "a file where the folder should be";
+  host_.choose("Category List");
+  EXPECT_EQ(host_.lastMessage(),
+            "The workbook list.xlsx cannot be written to " + list().string() + ": Not a directory.");
+  EXPECT_EQ(host_.messages.back().title, "Mirav Message");
+  fs::remove(folder_ / "FORMATS");
+
+  fs::create_directory(folder_ / "FORMATS");
+  {
+    const FullDisk full;
+    host_.choose("Category List");
+  }
+  EXPECT_EQ(host_.lastMessage(),
+            "The workbook list.xlsx cannot be written to " + list().string() + ": File too large.");
+  EXPECT_TRUE(fs::is_empty(folder_ / "FORMATS"));
+  EXPECT_TRUE(host_.viewed.empty());
+}
+
+TEST_F(Categories, SpreadsheetsAreEndedFirstOnlyWhenTheSessionSaysSo) {
+  host_.processes = {"excel.exe"};
+  host_.choose("Category List");
+  EXPECT_EQ(host_.processes.size(), 1u);
+  session().mexcelkill = true;
+  host_.choose("Category List");
+  EXPECT_TRUE(host_.processes.empty());
+}
+
+TEST(Lists, HoldNumbersTruthsAndHostileTexts) {
+  const TempFolder folder;
+  const fs::path file = folder / "list.xlsx";
+  const std::string longText(40'000, 'x');
+  workbook::createList(
+      file.string(), {
+                         .sheet = "RATES",
+                         .columns = {{.heading = "ITEM", .width = 30}, {.heading = "RATE", .format = "0.00"}},
+                         .rows = { {"A", 12.5}, {longText, true},                               {"broken \xFF text\x07", "."}, {"short"}},
+  });
+  auto book = workbook::Workbook::load(file.string());
+  auto& sheet = book.sheet("RATES");
+  EXPECT_EQ(*sheet.value(1, 2).text(), "RATE");
+  EXPECT_EQ(sheet.shown(2, 2), "12.50");
+  EXPECT_EQ(sheet.value(3, 1).text()->size(), 32767u);
+  EXPECT_TRUE(*sheet.value(3, 2).truth());
+  EXPECT_EQ(*sheet.value(4, 1).text(), "broken \xEF\xBF\xBD text\x07");
+  EXPECT_TRUE(sheet.value(5, 2).empty());
+  EXPECT_NE(part(file, "xl/worksheets/sheet1.xml").find("topLeftCell=\"A2\""), std::string::npos);
+  EXPECT_THROW(
+      workbook::createList((folder / "x.xlsx").string(), {.sheet = "A:B", .columns = {{.heading = "A"}}}),
+      workbook::WorkbookError);
+  EXPECT_FALSE(fs::exists(folder / "x.xlsx"));
+}
+
+}  // namespace
