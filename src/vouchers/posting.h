@@ -1,0 +1,26 @@
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "store/database.h"
+
+// The ledger ALEDGER is derived from the vouchers: receipts and payments, sale bills, challans. What
+// a save has posted can be thrown away and made again here, one statement for each kind of row over
+// all vouchers. Rows made here differ from those of a save in small things (a bill's debit narration
+// carries the destination, its sales row the credit days; taxes of nil and other rows of amount 0
+// are not written); both forms are valid.
+//
+// A statement that fails is passed over and the next one runs, so that a table that an update has
+// yet to bring up to date costs its own rows alone. What must reach the user (a lock, a full disk, a
+// broken file) is raised, and nothing has changed then.
+
+// Throws the whole ledger away and posts every voucher, then rebuilds the balance of every account:
+// all or nothing, also when the program or the machine stops in the middle. `progress` is told each
+// step as it begins and ends, in the words that are shown for it.
+using PostingProgress = std::function<void(std::string_view words)>;
+void postAll(Database& db, const PostingProgress& progress = {});
+
+// Posts what has no ledger row of its own yet, and changes nothing else: run twice it does nothing
+// the second time, and rows of vouchers that were deleted stay. All or nothing.
+void postMissing(Database& db);
