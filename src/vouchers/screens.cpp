@@ -1,5 +1,18 @@
 #include "vouchers/screens.h"
 
+#include "frame/frmstartup.h"
+#include "frame/session.h"
+#include "vouchers/bwrcpy.h"
+#include "vouchers/frmpost.h"
 #include "vouchers/gstsapu.h"
+#include "vouchers/posting.h"
 
-void addVoucherScreens(Screens& screens) { screens.add<GSTSAPU>("GSTSAPU"); }
+void addVoucherScreens(Screens& screens) {
+  screens.add<GSTSAPU>("GSTSAPU");
+  screens.add<bwrcpy>("bwrcpy");
+  screens.add<FRMPOST>("FRMPOST");
+}
+
+void setOpeningRoutines() {
+  openingRoutines() = {[] { postMissing(data()); }};
+}

@@ -4,3 +4,5 @@
 
 // The screens of this folder by their names.
 void addVoucherScreens(Screens& screens);
+// What is posted when a company-year is opened.
+void setOpeningRoutines();

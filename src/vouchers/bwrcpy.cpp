@@ -1,0 +1,450 @@
+#include "vouchers/bwrcpy.h"
+
+#include <memory>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "documents/messaging.h"
+#include "frame/links.h"
+#include "frame/session.h"
+#include "masters/page_rows.h"
+#include "vouchers/accounts.h"
+#include "vouchers/bwrcpy_table.h"
+
+namespace {
+
+constexpr const char* kConfirm = "Mirav Confirmation Message";
+constexpr const char* kCheck = "Mirav Check";
+constexpr const char* kRestHint = "Press Add Button to Enter New Voucher";
+constexpr Bgr kOkColour = 0xFFF0F0, kSecondColour = 0xFFD0D0;
+
+constexpr int kFields[] = {0, 2, 10, 6, 3, 9, 5, 4, 7};
+constexpr int kEntered[] = {0, 3, 4, 7};
+
+const char* const kVouchers =
+    "RPTPAY INNER JOIN ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD  where book_cd = ? order by "
+    "RPTPAY.VOUCH_DT desc, RPTPAY.vouch_no desc";
+
+}  // namespace
+
+bwrcpy::bwrcpy(Host& theHost) : ChildScreen(theHost, bwrcpyTable()), book_(moneyBook(session().mentrytype)) {
+  caption = book_.title;
+  wire(*this, {
+                  {"cmdAdd",        On::Click,       &bwrcpy::add           },
+                  {"cmdEdit",       On::Click,       &bwrcpy::modify        },
+                  {"cmdDelete",     On::Click,       &bwrcpy::startDelete   },
+                  {"Cmdprint",      On::Click,       &bwrcpy::print         },
+                  {"cmdClose",      On::Click,       &bwrcpy::close         },
+                  {"cmdUpdate",     On::Click,       &bwrcpy::update        },
+                  {"cmdUpdate",     On::Leave,       &bwrcpy::lockUpdate    },
+                  {"cmdCancel",     On::Click,       &bwrcpy::cancel        },
+                  {"Cmdvideo",      On::Click,       &bwrcpy::video         },
+                  {"",              KeyCode::Esc,    &bwrcpy::escape        },
+                  {"",              KeyCode::F5,     &bwrcpy::chooseAccount },
+                  {"",              Key::Ctrl('P'),  &bwrcpy::view          },
+                  {"txtFields(0)",  KeyCode::Enter,  &bwrcpy::number        },
+                  {"txtFields(0)",  KeyCode::F1,     &bwrcpy::oldByReference},
+                  {"txtFields(0)",  KeyCode::F3,     &bwrcpy::oldByCheque   },
+                  {"txtFields(0)",  KeyCode::F4,     &bwrcpy::oldByAmount   },
+                  {"MaskEdBox1(0)", KeyCode::Enter,  &bwrcpy::voucherDate   },
+                  {"MaskEdBox1",    KeyCode::F1,     &bwrcpy::dateF1        },
+                  {"MaskEdBox1",    KeyCode::F2,     &bwrcpy::dateF2        },
+                  {"MaskEdBox1",    KeyCode::F3,     &bwrcpy::dateF3        },
+                  {"MaskEdBox1",    KeyCode::Up,     &bwrcpy::dateUp        },
+                  {"MaskEdBox1",    KeyCode::Down,   &bwrcpy::dateDown      },
+                  {"MaskEdBox1",    KeyCode::PgUp,   &bwrcpy::datePgUp      },
+                  {"MaskEdBox1",    KeyCode::PgDn,   &bwrcpy::datePgDn      },
+                  {"txtFields(2)",  KeyCode::Enter,  &bwrcpy::account       },
+                  {"txtFields(2)",  On::Leave,       &bwrcpy::leaveAccount  },
+                  {"txtFields(3)",  KeyCode::Enter,  &bwrcpy::party         },
+                  {"txtFields(3)",  KeyCode::F2,     &bwrcpy::partyByCity   },
+                  {"txtFields(4)",  KeyCode::Enter,  &bwrcpy::amount        },
+                  {"txtFields(7)",  KeyCode::Enter,  &bwrcpy::remarks       },
+                  {"txtFields(7)",  KeyCode::F1,     &bwrcpy::earlierRemarks},
+                  {"DataGrid1",     On::DoubleClick, &bwrcpy::openRow       },
+  });
+}
+
+// Opening and closing
+
+void bwrcpy::opened(const Entry& entry) {
+  ChildScreen::opened(entry);
+  rest();
+  drilledDown_ = !entry.value.empty();
+  if (!drilledDown_) return;
+  modify();
+  put(0, entry.value);
+  if (enterNumber() == Go::Stay) return;
+  focus(at("MaskEdBox1", 0));
+}
+
+void bwrcpy::activated() {
+  if (mode.empty()) ShowHint(host, kRestHint);
+}
+
+bool bwrcpy::mayClose() { return !entering() || host.ask("Do you want to exit", kConfirm); }
+
+void bwrcpy::escape() {
+  if (entering()) {
+    if (host.ask("Do you want to exit", kConfirm)) cancel();
+  } else if (!mode.empty()) {
+    cancel();
+  } else if (host.ask("Do you want to exit", kConfirm)) {
+    host.close(*this);
+  }
+}
+
+void bwrcpy::print() {
+  session().mreportkey = "RCPTADVS";
+  host.open("dlg1", {.caller = spec.name, .value = {}});
+}
+
+void bwrcpy::video() {
+  const bool onAccount =
+      host.ask("See Video for On ACCOUNT Payment Entry = Yes \nSee Video for On Billwise Payment Entry = No ",
+               kConfirm);
+  openTutorial(host, onAccount ? links().receiptVideo : links().receiptBillwiseVideo);
+}
+
+// Modes
+
+void bwrcpy::begin(const std::string& newMode, const std::string& suffix) {
+  mode = newMode;
+  caption = book_.title + suffix;
+  escMeans = mode.empty() ? "Esc = Close" : entering() ? "Esc = Cancel and Exit" : "Esc = Cancel";
+  loaded_ = 0;
+  clearFields();
+  field(2).enabled = false;
+  for (const int n : kEntered) field(n).enabled = entering() || (!mode.empty() && n == 0);
+  at("MaskEdBox1", 0).enabled = entering();
+  allowUpdate(false);
+  showButtons();
+  if (!mode.empty()) focusUnchecked(field(0));
+}
+
+void bwrcpy::add() {
+  begin("ADD", " : ADD MODE");
+  put(0, numText(nextMoneyNumber(data(), book_)));
+  placeDefaults();
+  focusUnchecked(at("MaskEdBox1", 0));
+}
+
+void bwrcpy::view() {
+  if (mode.empty()) begin("VIEW", " : VIEW MODE");
+}
+
+void bwrcpy::rest() {
+  begin("", "");
+  showList();
+  focusUnchecked(at("cmdAdd"));
+}
+
+void bwrcpy::cancel() {
+  rest();
+  if (drilledDown_) host.close(*this);
+}
+
+void bwrcpy::showButtons() {
+  for (const char* name : {"cmdAdd", "cmdEdit", "cmdDelete", "Cmdprint", "cmdClose", "SCR1"})
+    at(name).visible = mode.empty();
+  for (const char* name : {"cmdUpdate", "cmdCancel"}) at(name).visible = !mode.empty();
+}
+
+void bwrcpy::allowUpdate(bool on) {
+  at("cmdUpdate").enabled = on;
+  reason = on || !entering() ? "" : "Update opens after Remarks";
+}
+
+void bwrcpy::clearFields() {
+  for (const int n : kFields) put(n, "");
+  set(at("MaskEdBox1", 0), kEmptyDate);
+}
+
+void bwrcpy::placeDefaults() {
+  set(at("MaskEdBox1", 0), formatDate(host.today(), "dd/MM/yyyy"));
+  put(2, kCashAccount);
+  showAccount(2, 10, 6);
+}
+
+void bwrcpy::showList() {
+  Grid& grid = at("DataGrid1").grid;
+  grid.source = std::make_shared<PageRows>(
+      data(),
+      parseSelect("SELECT RPTPAY.VOUCH_NO, VOUCH_DT, ACC_NAME, AMOUNT, NARRATION FROM RPTPAY LEFT JOIN"
+                  " ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD WHERE RPTPAY.BOOK_CD = ?"
+                  " ORDER BY RPTPAY.VOUCH_NO DESC",
+                  {book_.code}));
+  grid.current = Grid::kNone;
+}
+
+void bwrcpy::openRow() {
+  const Grid& grid = at("DataGrid1").grid;
+  if (!mode.empty() || grid.current >= grid.count()) return;
+  view();
+  put(0, grid.cell(grid.current, 0).text);
+  enterNumber();
+}
+
+// The number
+
+Go bwrcpy::number() {
+  if (!trimmed(0).empty()) return enterNumber();
+  return lookUp(
+      host, *this, here(),
+      {
+          .mode = "THREEFLD",
+          .table = "RPTPAY, ACCOUNT where book_cd = ? AND RPTPAY.PARTY_CD = ACCOUNT.ACC_CD order by "
+                   "RPTPAY.VOUCH_DT desc, RPTPAY.vouch_no desc",
+          .first = "vouch_no",
+          .second = "ACC_NAME",
+          .more = "ACCOUNT.city, ACCOUNT.area, vouch_dt, AMOUNT, REF_NO, NARRATION, chq_no",
+          .widths = {500,   2800, 1200, 1200, 1200, 1000, 1000, 1400, 1000},
+          .values = {book_.code}
+  });
+}
+
+Go bwrcpy::enterNumber() {
+  const double n = value(0);
+  const auto found = findMoneyVoucher(data(), book_, n);
+  if (mode == "ADD") {
+    if (!found) return Go::On;
+    notFound("VOUCHER ALREADY EXISTS");
+    placeDefaults();
+    return Go::Stay;
+  }
+  if (!found)
+    return notFound(mode == "EDIT"  ? "VOUCHER DOES NOT EXISTS"
+                    : mode == "DEL" ? "PARTY DOES NOT EXIST"
+                                    : "VOUCHER DOES NOT EXIST");
+  showVoucher(*found);
+  if (mode == "EDIT") focus(at("MaskEdBox1", 0));
+  if (mode == "DEL") {
+    if (host.ask("ARE YOU SURE", kConfirm)) remove(n);
+    clearFields();
+  }
+  return Go::Stay;
+}
+
+Go bwrcpy::notFound(const std::string& words) {
+  host.message(words);
+  clearFields();
+  loaded_ = 0;
+  return Go::Stay;
+}
+
+void bwrcpy::showVoucher(const Row& v) {
+  put(0, numText(v.number("VOUCH_NO")));
+  const auto day = v.date("VOUCH_DT");
+  set(at("MaskEdBox1", 0), day ? formatDate(*day, "dd/MM/yyyy") : std::string(kEmptyDate));
+  put(2, v.text("CSHBNK_CD"));
+  put(3, v.text("PARTY_CD"));
+  put(4, numText(v.number("AMOUNT")));
+  put(7, v.text("NARRATION"));
+  showAccount(2, 10, 6);
+  showAccount(3, 9, 5);
+  loaded_ = v.number("VOUCH_NO");
+}
+
+void bwrcpy::remove(double number) {
+  deleteMoneyVoucher(data(), book_, number);
+  showList();
+}
+
+// Fields
+
+Go bwrcpy::voucherDate() {
+  const auto typed = date();
+  if (!typed) return Go::Stay;
+  const std::string refusal = periodRefusal(*typed);
+  if (refusal.empty()) return Go::On;
+  host.message(refusal, "Mirav Message");
+  return Go::Stay;
+}
+
+bool bwrcpy::showAccount(int code, int name, int balance) {
+  const auto account = readAccount(data(), trimmed(code));
+  put(name, account ? account->name : "");
+  put(balance, account ? numText(account->balance) : "");
+  return account && !trim(account->name).empty();
+}
+
+bool bwrcpy::sameCodes() const { return sameText(trimmed(2), trimmed(3)); }
+
+Go bwrcpy::refuseSame(int code, int name, int balance) {
+  host.message(" BOTH THE CODE CAN NOT BE SAME");
+  for (const int n : {code, name, balance}) put(n, "");
+  return Go::Stay;
+}
+
+// The account is off until it is asked for, since nearly all money goes over the cash account.
+void bwrcpy::chooseAccount() {
+  if (!entering()) return;
+  field(2).enabled = true;
+  focus(field(2));
+}
+
+Go bwrcpy::account() {
+  if (trimmed(2).empty())
+    return lookUp(host, *this, here(),
+                  {.mode = "THREEFLD",
+                   .table = "ACCOUNT WHERE GROUP_CD = 87 OR GROUP_CD = 88 ORDER BY ACC_NAME",
+                   .first = "ACC_CD",
+                   .second = "acc_name",
+                   .more = "AREA, CITY, group_cd, FORMAT(cl_bal,'0.00') AS CLBAL"});
+  if (!showAccount(2, 10, 6)) {
+    host.message("PARTY DOES NOT EXIST");
+    return Go::Stay;
+  }
+  if (!isCashOrBank(data(), trimmed(2))) {
+    host.message("Cash / Bank Takes A Cash Or Bank Account\nEmpty It And Press Enter For Help",
+                 "Mirav Message");
+    return Go::Stay;
+  }
+  if (sameCodes()) return refuseSame(2, 10, 6);
+  focus(field(3));
+  return Go::Stay;
+}
+
+Go bwrcpy::party() {
+  if (trimmed(3).empty())
+    return lookUp(host, *this, here(),
+                  {.mode = "THREEFLD",
+                   .table = "ACCOUNT WHERE " + book_.others + " ORDER BY ACC_NAME",
+                   .first = "ACC_CD",
+                   .second = "acc_name",
+                   .more = "AREA, CITY, group_cd, PERSON_NM, FORMAT(cl_bal,'0.00') AS CLBAL"});
+  if (!showAccount(3, 9, 5)) {
+    host.message("PARTY DOES NOT EXIST");
+    return Go::Stay;
+  }
+  if (sameCodes()) return refuseSame(3, 9, 5);
+  session().mlastacc = trimmed(3);
+  focus(field(4));
+  return Go::Stay;
+}
+
+Go bwrcpy::amount() {
+  if (value(4) > 0) return Go::On;
+  host.message("CAN NOT ACCEPT");
+  return Go::Stay;
+}
+
+Go bwrcpy::remarks() {
+  if (!entering()) return Go::On;
+  allowUpdate(true);
+  focus(at("cmdUpdate"));
+  return Go::Stay;
+}
+
+// Lookups by key
+
+LookupSpec bwrcpy::oldVouchers(const std::string& second, const std::string& more) const {
+  return {.mode = "THREEFLD",
+          .table = kVouchers,
+          .first = "vouch_no",
+          .second = second,
+          .more = more,
+          .values = {book_.code}};
+}
+
+Go bwrcpy::oldByReference() {
+  return lookUp(host, *this, here(),
+                oldVouchers("Ref_no",
+                            "ACCOUNT.acc_name, ACCOUNT.city, format(vouch_dt,'dd/MM/yyyy'), AMOUNT,"
+                            " NARRATION"));
+}
+
+Go bwrcpy::oldByCheque() {
+  return lookUp(host, *this, here(),
+                oldVouchers("chq_no",
+                            "ACCOUNT.acc_name, ACCOUNT.city, format(vouch_dt,'dd/MM/yyyy'), AMOUNT,"
+                            " NARRATION"));
+}
+
+Go bwrcpy::oldByAmount() {
+  return lookUp(host, *this, here(),
+                oldVouchers("TRIM(str(AMOUNT)) as amt",
+                            "ACCOUNT.acc_name, CHQ_NO, ACCOUNT.city,"
+                            " format(vouch_dt,'dd/MM/yyyy') as dt, NARRATION"));
+}
+
+Go bwrcpy::partyByCity() {
+  return lookUp(host, *this, here(),
+                {
+                    .mode = "THREEFLD",
+                    .table = "ACCOUNT ORDER BY ACC_NAME",
+                    .first = "ACC_CD",
+                    .second = "city",
+                    .more = "acc_name, area",
+                    .widths = {600, 4000, 4000, 2000, 2000, 2000}
+  });
+}
+
+Go bwrcpy::earlierRemarks() {
+  return lookUp(host, *this, here(), {.mode = "ONEFLD", .table = "RPTPAY", .first = "NARRATION"});
+}
+
+// Saving
+
+MoneyVoucher bwrcpy::voucher() const {
+  return {.number = value(0),
+          .date = *date(),
+          .account = trimmed(2),
+          .party = trimmed(3),
+          .amount = value(4),
+          .narration = trimmed(7)};
+}
+
+void bwrcpy::update() {
+  if (!entering()) return;
+  const bool complete = value(0) != 0 && !trimmed(2).empty() && !trimmed(3).empty() && date();
+  if (!complete || !showAccount(2, 10, 6) || !showAccount(3, 9, 5)) {
+    host.message("Invalid Entry", kCheck);
+    return;
+  }
+  // The number was changed after its voucher was shown: that one is shown before anything is written.
+  if (mode == "EDIT" && value(0) != loaded_) {
+    enterNumber();
+    return;
+  }
+  caption = book_.title;
+  host.busy(true);
+  const bool saved =
+      saveMoneyVoucher(data(), book_, voucher(), mode == "ADD" ? Saving::Fresh : Saving::Again);
+  host.busy(false);
+  if (!saved) {
+    host.message("Voucher No. already exists", "Mirav Message");
+    cancel();
+    return;
+  }
+  mode.clear();
+  if (drilledDown_) {
+    host.close(*this);
+    return;
+  }
+  Interaction closing{.text = savedWords(), .okColour = kOkColour, .cancelColour = kSecondColour};
+  interact(host, closing);
+  rest();
+}
+
+std::string bwrcpy::savedWords() const {
+  return std::string(60, ' ') + book_.title + " Saved\n   Entry No   : " + at("txtFields", 0).text +
+         "\n   Party Name : " + at("txtFields", 9).text + "\n   AMOUNT     : " + at("txtFields", 4).text +
+         "\n\n   Press ok to Proceed ";
+}
+
+// Texts
+
+std::string bwrcpy::trimmed(int n) const { return trim(at("txtFields", n).text); }
+
+double bwrcpy::value(int n) const { return Val(at("txtFields", n).text); }
+
+// What Enter does, then the keys that the table names for the field.
+std::string bwrcpy::hintFor(const Control& control) const {
+  if (!control.editable() || control.index == 4) return ChildScreen::hintFor(control);
+  const bool isNumber = control.family == "txtFields" && control.index == 0;
+  const std::string enter = isNumber                     ? "Press Enter For Help Find Old Entries"
+                            : trim(control.text).empty() ? "Press Enter For Help"
+                                                         : "Press Enter To Proceed";
+  return control.hint.empty() ? enter : enter + " :: " + control.hint;
+}

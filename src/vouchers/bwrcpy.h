@@ -1,0 +1,81 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "frame/child_screen.h"
+#include "masters/lookup.h"
+#include "vouchers/receipts.h"
+
+// Receipts, payments, incomes and expenses: `mentrytype` says which. Opened with a value it shows
+// that voucher for a change and closes after it.
+class bwrcpy : public ChildScreen {
+ public:
+  explicit bwrcpy(Host& host);
+  void opened(const Entry& entry) override;
+  void activated() override;
+  bool mayClose() override;
+
+ protected:
+  std::string hintFor(const Control& control) const override;
+
+ private:
+  // Buttons.
+  void add();
+  void modify() { begin("EDIT", " : EDIT MODE"); }
+  void startDelete() { begin("DEL", " : DELETE MODE"); }
+  void view();
+  void print();
+  void video();
+  void close() { host.close(*this); }
+  void update();
+  void cancel();
+  void escape();
+  void lockUpdate() { allowUpdate(false); }
+
+  // Enter and keys, by field.
+  Go number();
+  Go voucherDate();
+  Go account();
+  Go party();
+  Go amount();
+  Go remarks();
+  Go oldByReference();
+  Go oldByCheque();
+  Go oldByAmount();
+  Go partyByCity();
+  Go earlierRemarks();
+  void chooseAccount();
+  void leaveAccount() { field(2).enabled = false; }
+  void openRow();
+
+  void begin(const std::string& newMode, const std::string& suffix);
+  void rest();
+  Go enterNumber();
+  Go notFound(const std::string& words);
+  void showVoucher(const Row& voucher);
+  void remove(double number);
+  // Shows an account's name and balance beside its code; false when there is none with a name.
+  bool showAccount(int code, int name, int balance);
+  bool sameCodes() const;
+  Go refuseSame(int code, int name, int balance);
+  void clearFields();
+  void placeDefaults();
+  void showButtons();
+  void allowUpdate(bool on);
+  void showList();
+  bool entering() const { return mode == "ADD" || mode == "EDIT"; }
+  MoneyVoucher voucher() const;
+  std::string savedWords() const;
+  LookupSpec oldVouchers(const std::string& second, const std::string& more) const;
+
+  Control& field(int n) { return at("txtFields", n); }
+  std::string trimmed(int n) const;
+  double value(int n) const;
+  void put(int n, const std::string& text) { set(field(n), text); }
+  std::optional<Date> date() const { return parseDate(at("MaskEdBox1", 0).text); }
+
+  const MoneyBook& book_;
+  double loaded_ = 0;  // number of the voucher that is shown for a change
+  bool drilledDown_ = false;
+};
