@@ -1,0 +1,69 @@
+#include "reports/balances.h"
+
+namespace {
+
+std::vector<Row> groupSummary(Database& db) {
+  return db.all(
+      "SELECT GROUP_CD, GROUP_NAME, SUM(OP_BALDR) AS OP_BALDR, SUM(OP_BALCR) AS OP_BALCR,"
+      " SUM(OP_BALTDR) AS OP_BALTDR, SUM(OP_BALTCR) AS OP_BALTCR,"
+      " SUM(TR_BALDR) AS TR_BALDR, SUM(TR_BALCR) AS TR_BALCR,"
+      " SUM(OP_BALDR) + SUM(OP_BALTDR) + SUM(TR_BALDR) AS totdrcl,"
+      " SUM(OP_BALCR) + SUM(OP_BALTCR) + SUM(TR_BALCR) AS totcrcl,"
+      " (SUM(OP_BALDR) + SUM(OP_BALTDR) + SUM(TR_BALDR))"
+      " - (SUM(OP_BALCR) + SUM(OP_BALTCR) + SUM(TR_BALCR)) AS finclosing"
+      " FROM T_FINALNEW GROUP BY GROUP_CD, GROUP_NAME ORDER BY GROUP_CD, GROUP_NAME");
+}
+
+void fillFinalTable(Database& db, Date from, Date to) {
+  Transaction all(db);
+  db.exec("DELETE FROM T_FINALNEW");
+  db.exec(
+      "INSERT INTO T_FINALNEW (GROUP_CD, GROUP_NAME, ACC_CD, ACC_NAME, OP_BALDR, OP_BALCR)"
+      " SELECT ACCOUNT.GROUP_CD, GROUP_NAME, ACC_CD, ACC_NAME,"
+      " CASE WHEN OP_BAL > 0 THEN OP_BAL ELSE 0 END, CASE WHEN OP_BAL < 0 THEN -OP_BAL ELSE 0 END"
+      " FROM GRP JOIN ACCOUNT ON GRP.GROUP_CD = ACCOUNT.GROUP_CD ORDER BY ACCOUNT.GROUP_CD, ACC_CD");
+  db.exec(
+      "INSERT INTO T_FINALNEW (ACC_CD, TR_BALCR, TR_BALDR)"
+      " SELECT PARTY_CD, CASE WHEN VOUCH_TYPE = 'C' THEN SUM(VOUCH_AMT) ELSE 0 END,"
+      " CASE WHEN VOUCH_TYPE = 'D' THEN SUM(VOUCH_AMT) ELSE 0 END FROM ALEDGER"
+      " WHERE VOUCH_DT >= ? AND VOUCH_DT <= ? GROUP BY PARTY_CD, VOUCH_TYPE",
+      from, to);
+  db.exec(
+      "INSERT INTO T_FINALNEW (ACC_CD, OP_BALTCR, OP_BALTDR)"
+      " SELECT PARTY_CD, CASE WHEN VOUCH_TYPE = 'C' THEN SUM(VOUCH_AMT) ELSE 0 END,"
+      " CASE WHEN VOUCH_TYPE = 'D' THEN SUM(VOUCH_AMT) ELSE 0 END"
+      " FROM ACCOUNT JOIN ALEDGER ON ALEDGER.PARTY_CD = ACCOUNT.ACC_CD"
+      " WHERE VOUCH_DT < ? AND (GROUP_CD = 10 OR GROUP_CD >= 70) GROUP BY PARTY_CD, VOUCH_TYPE",
+      from);
+  db.exec(
+      "UPDATE T_FINALNEW SET GROUP_CD = ACCOUNT.GROUP_CD, ACC_NAME = ACCOUNT.ACC_NAME"
+      " FROM ACCOUNT WHERE T_FINALNEW.ACC_CD = ACCOUNT.ACC_CD");
+  db.exec(
+      "UPDATE T_FINALNEW SET GROUP_NAME = GRP.GROUP_NAME"
+      " FROM GRP WHERE T_FINALNEW.GROUP_CD = GRP.GROUP_CD");
+  all.commit();
+}
+
+}  // namespace
+
+std::vector<Row> BuildFinalTable(Database& db, Date from, Date to, std::string_view reportKey) {
+  fillFinalTable(db, from, to);
+  return reportKey == kClosingBalanceList ? std::vector<Row>() : groupSummary(db);
+}
+
+std::vector<Row> closingBalances(Database& db, std::string_view area, std::string_view city) {
+  return db.all(
+      "WITH SIDES AS (SELECT ACC_CD, ACC_NAME, GROUP_CD, SGROUP_NAME,"
+      " SUM(OP_BALDR) + SUM(OP_BALTDR) + SUM(TR_BALDR) AS DEBITS,"
+      " SUM(OP_BALCR) + SUM(OP_BALTCR) + SUM(TR_BALCR) AS CREDITS"
+      " FROM T_FINALNEW GROUP BY ACC_NAME, ACC_CD, GROUP_CD, SGROUP_NAME)"
+      " SELECT SIDES.ACC_CD, SIDES.ACC_NAME,"
+      " FORMAT(CASE WHEN DEBITS > CREDITS THEN DEBITS - CREDITS ELSE 0 END, '0.00') AS Dr,"
+      " FORMAT(CASE WHEN DEBITS < CREDITS THEN CREDITS - DEBITS ELSE 0 END, '0.00') AS Cr,"
+      " ACCOUNT.AREA, ACCOUNT.PHONE1, FORMAT(DEBITS - CREDITS, '0.00') AS cbl,"
+      " SIDES.GROUP_CD, ACCOUNT.ANOTHER_CD, ACCOUNT.CITY"
+      " FROM SIDES JOIN ACCOUNT ON ACCOUNT.ACC_CD = SIDES.ACC_CD"
+      " WHERE SIDES.GROUP_CD = 85 AND (?1 = '' OR ACCOUNT.AREA = ?1) AND (?2 = '' OR ACCOUNT.CITY = ?2)"
+      " ORDER BY SIDES.ACC_NAME, SIDES.ACC_CD",
+      area, city);
+}

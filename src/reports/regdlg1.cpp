@@ -1,0 +1,310 @@
+#include "reports/regdlg1.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "frame/menu.h"
+#include "masters/lookup.h"
+
+// A statement in the grid.
+class StatementRows : public RowSource {
+ public:
+  explicit StatementRows(std::vector<StatementRow> statement) : rows(std::move(statement)) {}
+  size_t count() const override { return rows.size(); }
+  Cell cell(size_t row, size_t column) const override {
+    return column < rows[row].cells.size() ? rows[row].cells[column] : Cell{};
+  }
+  const std::vector<StatementRow> rows;
+};
+
+namespace {
+
+constexpr const char* kConfirm = "Mirav Confirmation Message";
+constexpr int kShortcuts = 8;
+
+// clang-format off
+const std::vector<GridColumn> kRunning = {
+    {.title = "V.No.",       .width = px(62),  .align = Align::Right},
+    {.title = "Date",        .width = px(96)},
+    {.title = "Ref No.",     .width = px(110)},
+    {.title = "Bk.",         .width = px(50)},
+    {.title = "Particulars", .width = part(1)},
+    {.title = "Debit",       .width = px(124), .align = Align::Right, .money = true},
+    {.title = "Credit",      .width = px(124), .align = Align::Right, .money = true},
+    {.title = "Balance",     .width = px(124), .align = Align::Right, .money = true},
+    {.title = "Crdr",        .width = px(56)},
+};
+const std::vector<GridColumn> kTwoSided = {
+    {.title = "NO.",         .width = px(62),  .align = Align::Right},
+    {.title = "",            .width = px(44)},
+    {.title = "DATE",        .width = px(88)},
+    {.title = "PARTICULARS", .width = part(1)},
+    {.title = "Cr",          .width = px(116), .align = Align::Right, .money = true},
+    {.title = "NO.",         .width = px(62),  .align = Align::Right},
+    {.title = "",            .width = px(44)},
+    {.title = "DATE",        .width = px(88)},
+    {.title = "PARTICULARS", .width = part(1)},
+    {.title = "Dr",          .width = px(116), .align = Align::Right, .money = true},
+};
+
+// The entry of the shell's menu behind a book, and behind a shortcut where there is one.
+struct BookCommand { const char *book, *command; };
+constexpr BookCommand kBooks[] = {
+    {"SA", "SALE"    },
+    {"CH", "CH"      },
+    {"RC", "RECEIPT" },
+    {"PY", "PAYMENT" },
+    {"PU", "PURCHASE"},
+};
+constexpr const char* kShortcutCommands[kShortcuts] = {"SALE", "CH"};
+constexpr int kExitShortcut = 7;
+// clang-format on
+
+const Command* commandOfBook(const std::string& book) {
+  for (const BookCommand& b : kBooks)
+    if (sameText(b.book, book)) return commandByKey(b.command);
+  return nullptr;
+}
+
+}  // namespace
+
+regdlg1::regdlg1(Host& theHost) : ChildScreen(theHost, table()) {
+  escMeans = "Esc = Exit";
+  reason = "Show opens after TO, Print after Show";
+  wire<regdlg1>(*this, {
+                           {"Text1",      KeyCode::Enter,  &regdlg1::account    },
+                           {"MaskEdBox1", KeyCode::Enter,  &regdlg1::date       },
+                           {"MaskEdBox1", KeyCode::F1,     &regdlg1::dateF1     },
+                           {"MaskEdBox1", KeyCode::F2,     &regdlg1::dateF2     },
+                           {"MaskEdBox1", KeyCode::F3,     &regdlg1::dateF3     },
+                           {"MaskEdBox1", KeyCode::Up,     &regdlg1::dateUp     },
+                           {"MaskEdBox1", KeyCode::Down,   &regdlg1::dateDown   },
+                           {"MaskEdBox1", KeyCode::PgUp,   &regdlg1::datePgUp   },
+                           {"MaskEdBox1", KeyCode::PgDn,   &regdlg1::datePgDn   },
+                           {"cmdshow",    On::Click,       &regdlg1::show       },
+                           {"Grid1",      On::DoubleClick, &regdlg1::openVoucher},
+                           {"Grid1",      On::Row,         &regdlg1::rowMoved   },
+                           {"Grid1",      KeyCode::Left,   &regdlg1::toCredit   },
+                           {"Grid1",      KeyCode::Right,  &regdlg1::toDebit    },
+                           {"cmdsale",    On::Click,       &regdlg1::shortcut   },
+                           {"cmdprint",   On::Click,       &regdlg1::print      },
+                           {"cmdexcel",   On::Click,       &regdlg1::excel      },
+                           {"cmdpdf",     On::Click,       &regdlg1::pdf        },
+                           {"cmdclose",   On::Click,       &regdlg1::close      },
+                           {"Cmdvideo",   On::Click,       &regdlg1::video      },
+                           {"",           KeyCode::Esc,    &regdlg1::escape     },
+  });
+}
+
+// Opening, coming back and going
+
+void regdlg1::opened(const Entry& entry) {
+  ChildScreen::opened(entry);
+  const Session& s = session();
+  key_ = s.mreportkey;
+  at("Grid1").grid.columns = isT() ? kTwoSided : kRunning;
+  const Date last = host.today() < s.menddt ? host.today() : s.menddt;
+  set(at("MaskEdBox1", 0), formatDate(s.mstartdt, "dd/MM/yyyy"));
+  set(at("MaskEdBox1", 1), formatDate(last, "dd/MM/yyyy"));
+  if (entry.value.empty()) return;
+  set(at("Text1"), entry.value);
+  if (acceptAccount()) focus(at("MaskEdBox1", 0));
+}
+
+// A voucher that was entered or changed meanwhile shows at once. Other screens may have left
+// their own report key.
+void regdlg1::activated() {
+  Session& s = session();
+  s.mreportkey = key_;
+  if (!std::exchange(standing_, true)) return;
+  if (s.mreportrefresh && !at("Text1").text.empty()) {
+    show();
+    s.mreportrefresh = false;
+  } else if (drilledInto_) {
+    showStatement();
+  }
+  drilledInto_.reset();
+}
+
+void regdlg1::closed() {
+  session().msql.clear();
+  session().mreportrefresh = false;
+  ChildScreen::closed();
+}
+
+void regdlg1::escape() {
+  if (host.ask("Exit", kConfirm)) close();
+}
+
+std::string regdlg1::hintFor(const Control& control) const {
+  if (control.kind != Kind::Grid) return ChildScreen::hintFor(control);
+  const auto voucher = currentVoucher();
+  if (!voucher) return "Up / Down = Scroll :: Page Up / Page Down = Page :: Alt+D = Pdf :: Alt+C = Close";
+  const std::string sides = isT() ? "Left / Right = Side" : "Up / Down = Scroll";
+  return "Press Enter To Open " + voucher->book + " " + numText(voucher->number) + " :: " + sides +
+         " :: Alt+D = Pdf :: Alt+C = Close";
+}
+
+// Filters
+
+Go regdlg1::account() {
+  if (key_ != kLedgers && key_ != kTLedgers) return Go::On;
+  if (trim(at("Text1").text).empty())
+    return lookUp(host, *this, at("Text1"),
+                  {
+                      .mode = "THREEFLD",
+                      .table = "ACCOUNT ORDER BY ACC_NAME",
+                      .first = "ACC_CD",
+                      .second = "ACC_NAME",
+                      .more = "AREA, CITY, FORMAT(CL_BAL, '0.00') AS CLBAL",
+                      .widths = {1000, 4500, 1500, 1500, 1500, 1500},
+    });
+  if (!acceptAccount()) return Go::Stay;
+  focus(at("MaskEdBox1", 0));
+  return Go::Stay;
+}
+
+bool regdlg1::acceptAccount() {
+  const auto found = data().first(
+      "SELECT ACC_NAME, CL_BAL, AREA, CITY, EMAIL, PHONE1, ADD1, ADD2 FROM ACCOUNT WHERE ACC_CD = ?",
+      trim(at("Text1").text));
+  if (!found) {
+    host.message("PARTY DOES NOT EXIST");
+    set(at("Text1"), "");
+    focus(at("Text1"));
+    return false;
+  }
+  const auto longer = [&](const char* column) {
+    const std::string text = found->text(column);
+    return length(text) > 1 ? text : std::string();
+  };
+  set(at("Text2"), found->text("ACC_NAME"));
+  set(at("lbldate", 1),
+      join({found->text("ADD1"), found->text("ADD2"), found->text("AREA"), found->text("CITY")}, " "));
+  set(at("Label7"), longer("EMAIL"));
+  set(at("Label9"), longer("PHONE1"));
+  set(at("Label10"), "");
+  caption = "ACCOUNT Statement For " + found->text("ACC_NAME");
+  return true;
+}
+
+std::optional<Date> regdlg1::checkedDate(int n) {
+  const auto typed = parseDate(at("MaskEdBox1", n).text);
+  if (typed) return typed;
+  host.message(session().mhelpline, "Mirav Information");
+  focus(at("MaskEdBox1", n));
+  return {};
+}
+
+std::optional<regdlg1::Period> regdlg1::checkedPeriod() {
+  const auto from = checkedDate(0);
+  const auto to = from ? checkedDate(1) : std::nullopt;
+  if (!to) return {};
+  return Period{*from, *to};
+}
+
+Go regdlg1::date() {
+  const int n = here().index;
+  if (!checkedDate(n)) return Go::Stay;
+  if (n == 1) at("cmdshow").enabled = true;
+  focus(n == 0 ? at("MaskEdBox1", 1) : at("cmdshow"));
+  return Go::Stay;
+}
+
+// The statement
+
+void regdlg1::show() {
+  if (!checkedPeriod()) return;
+  narration_ = !host.ask("Without NARRATION", kConfirm);
+  showStatement();
+}
+
+void regdlg1::showStatement() {
+  const auto period = checkedPeriod();
+  if (!period) return;
+  Session& s = session();
+  publishColumns(s, key_);
+  const StatementQuery query{
+      .account = trim(at("Text1").text),
+      .from = period->from,
+      .to = period->to,
+      .periodStart = s.mstartdt,
+      .narration = narration_,
+      .bodyColour = static_cast<Bgr>(s.mcolor1),
+      .totalColour = static_cast<Bgr>(s.mcolor2),
+  };
+  host.busy(true);
+  shown_ = std::make_shared<StatementRows>(isT() ? tLedger(data(), query) : runningStatement(data(), query));
+  host.busy(false);
+  caption = "ACCOUNT Statement For : " + at("Text2").text + (isT() ? " - " + at("lbldate", 1).text : "");
+  at("Grid1").grid.source = shown_;
+  at("Grid1").visible = true;
+  at("cmdprint").enabled = at("cmdshow").enabled = true;
+  reason.clear();
+  placeCursor();
+  focus(at("Grid1"));
+}
+
+// On the last row, below which nothing is; after a voucher was opened from here, on its row again.
+void regdlg1::placeCursor() {
+  const auto& rows = shown_->rows;
+  const auto found = std::ranges::find_if(rows, [&](const StatementRow& row) {
+    return drilledInto_ && (row.voucher == drilledInto_ || row.creditVoucher == drilledInto_);
+  });
+  at("Grid1").grid.moveTo(found == rows.end() ? rows.size() - 1 : static_cast<size_t>(found - rows.begin()));
+}
+
+const StatementRow* regdlg1::currentRow() const {
+  const size_t row = at("Grid1").grid.current;
+  return shown_ && row < shown_->rows.size() ? &shown_->rows[row] : nullptr;
+}
+
+std::optional<VoucherKey> regdlg1::currentVoucher() const {
+  const StatementRow* const row = currentRow();
+  if (!row) return {};
+  return row->creditVoucher && (creditSide_ || !row->voucher) ? row->creditVoucher : row->voucher;
+}
+
+void regdlg1::rowMoved() { ShowHint(host, hintFor(at("Grid1"))); }
+
+Go regdlg1::toSide(bool credit) {
+  creditSide_ = credit;
+  rowMoved();
+  return Go::Stay;
+}
+
+void regdlg1::openVoucher() {
+  const auto voucher = currentVoucher();
+  const Command* const command = voucher ? commandOfBook(voucher->book) : nullptr;
+  if (!command) return;
+  session().mentrytype = command->entrytype;
+  drilledInto_ = voucher;
+  host.open(command->screen, {.caller = spec.name, .value = numText(voucher->number)});
+}
+
+// The shell's commands behind the shortcuts; those without one only put the column away.
+void regdlg1::shortcut() {
+  const int pressed = here().index;
+  session().mreportrefresh = true;
+  at("Frame1").visible = false;
+  for (int n = 0; n < kShortcuts; ++n) at("cmdsale", n).visible = false;
+  if (pressed == kExitShortcut) focus(at("Grid1"));
+  if (const char* const key = kShortcutCommands[pressed]) carryOut(host, *commandByKey(key));
+}
+
+// Output
+
+void regdlg1::handOver(OutputTarget target) {
+  const auto period = checkedPeriod();
+  if (!period) return;
+  set(at("Label10"), "");
+  const bool asks = !isT() && target != OutputTarget::Excel;
+  const bool without = asks && host.ask("Without Voucher No.", kConfirm);
+  if (target == OutputTarget::Pdf) MakeStamp(host);
+  ledgerOutput(session(), key_, target, caption, period->from, period->to, without);
+  ShowHint(host, "Not built yet");
+}
+
+void regdlg1::video() { openTutorial(host, isT() ? links().tLedgerVideo : links().ledgerVideo); }

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "frame/child_screen.h"
+#include "reports/ledger_output.h"
+#include "reports/statement.h"
+
+// The account ledgers: the running statement or the T ledger of an account, by the session's
+// mreportkey at its opening. Opened with a value it takes that as the account's code.
+class regdlg1 : public ChildScreen {
+ public:
+  explicit regdlg1(Host& host);
+  static const ScreenSpec& table();
+
+  void opened(const Entry& entry) override;
+  void activated() override;
+  void closed() override;
+
+ protected:
+  std::string hintFor(const Control& control) const override;
+
+ private:
+  Go account();
+  bool acceptAccount();
+  Go date();
+  void show();
+  void showStatement();
+  void placeCursor();
+
+  void openVoucher();
+  void rowMoved();
+  Go toCredit() { return toSide(true); }
+  Go toDebit() { return toSide(false); }
+  Go toSide(bool credit);
+  void shortcut();
+
+  void print() { handOver(OutputTarget::Printer); }
+  void excel() { handOver(OutputTarget::Excel); }
+  void pdf() { handOver(OutputTarget::Pdf); }
+  void handOver(OutputTarget target);
+  void video();
+  void escape();
+  void close() { host.close(*this); }
+
+  // The dates of the boxes; one that holds none is told of and takes the focus.
+  struct Period {
+    Date from, to;
+  };
+  std::optional<Date> checkedDate(int n);
+  std::optional<Period> checkedPeriod();
+  bool isT() const { return key_ == kTLedgers; }
+  const StatementRow* currentRow() const;
+  std::optional<VoucherKey> currentVoucher() const;
+
+  std::string key_;
+  std::shared_ptr<class StatementRows> shown_;
+  bool narration_ = false;   // mshownarr
+  bool creditSide_ = false;  // which side of a T ledger's row Enter opens
+  bool standing_ = false;    // has been active before
+  std::optional<VoucherKey> drilledInto_;
+};

@@ -1,0 +1,56 @@
+#include "reports/regdlg1.h"
+
+// From top to bottom: account, period and Show with the address under them; the statement with
+// the shortcuts to vouchers beside it; the outputs.
+
+const ScreenSpec& regdlg1::table() {
+  // clang-format off
+  constexpr const char* kDateHint = "Press Enter To Proceed :: F1 = First Date :: F2 = Today :: F3 = Last Date";
+  static const ScreenSpec spec = {
+      .name = "regdlg1",
+      .caption = "Account Ledgers",
+      .focusColour = 0xFFC0FF,
+      .layout = {.bands = {
+          {px(73),  {{.name = "filter", .bands = {
+              {px(30), {{.name = "line",  .frame = Frame::Plain, .columns = {px(41), px(92), fit(), part(1), fit(), px(112), fit(), px(112), px(96)}}}},
+              {px(21), {{.name = "facts", .frame = Frame::Plain, .columns = {px(41), fit(), px(24), fit(), px(24), fit(), part(1)}, .pitch = 21}}}}}}},
+          {part(1), {{.name = "grid",     .frame = Frame::Plain},
+                     {.name = "vouchers", .width = px(156), .frame = Frame::Column}}},
+          {px(34),  {{.name = "buttons",  .frame = Frame::Buttons}}},
+      }},
+      .controls = {
+          {.name = "Text1",                   .label = "CODE",    .at = {.group = "line", .col = 1}, .tab = 1, .limit = 6, .keys = KeyClass::Text},
+          {.name = "Text2",                   .label = "NAME",    .at = {.group = "line", .col = 3}, .enabled = false},
+          {.name = "MaskEdBox1", .index = 0,  .kind = Kind::Date, .label = "From Dt", .at = {.group = "line", .col = 5}, .tab = 2, .hint = kDateHint},
+          {.name = "MaskEdBox1", .index = 1,  .kind = Kind::Date, .label = "TO",      .at = {.group = "line", .col = 7}, .tab = 3, .hint = kDateHint},
+          {.name = "cmdshow",    .kind = Kind::Button, .label = "&Show", .at = {.group = "line", .col = 8}, .tab = 4, .enabled = false, .hint = "Press Enter To See The Statement"},
+
+          {.name = "lbldate",    .index = 1,  .kind = Kind::Label, .at = {.group = "facts", .col = 1}, .style = Style::Quiet},
+          {.name = "Label7",                  .kind = Kind::Label, .at = {.group = "facts", .col = 3}, .style = Style::Quiet},
+          {.name = "Label9",                  .kind = Kind::Label, .at = {.group = "facts", .col = 5}, .style = Style::Quiet},
+          {.name = "Label10",                 .kind = Kind::Label, .at = {.group = "facts", .col = 6}, .style = Style::Quiet},
+
+          {.name = "Grid1",      .kind = Kind::Grid, .at = {.group = "grid"}, .tab = 5, .visible = false},
+
+          {.name = "cmdprint",   .kind = Kind::Button, .label = "&Print", .at = {.group = "buttons"}, .tab = 14, .enabled = false},
+          {.name = "cmdexcel",   .kind = Kind::Button, .label = "&Excel", .at = {.group = "buttons"}, .tab = 15},
+          {.name = "cmdpdf",     .kind = Kind::Button, .label = "P&df",   .at = {.group = "buttons"}, .tab = 16},
+          {.name = "cmdmail",    .kind = Kind::Button, .label = "&Mail",  .at = {.group = "buttons"}, .enabled = false},
+          {.name = "Cmdwapp",    .kind = Kind::Button, .label = "&W-App", .at = {.group = "buttons"}, .enabled = false},
+          {.name = "cmdclose",   .kind = Kind::Button, .label = "&Close", .at = {.group = "buttons"}, .tab = 17},
+          {.name = "Cmdvideo",   .kind = Kind::Button, .label = "&Video", .at = {.group = "buttons", .right = true}, .tab = 18},
+
+          {.name = "Frame1",     .kind = Kind::Picture},
+          {.name = "cmdsale",    .index = 0, .kind = Kind::Button, .label = "&Sale",            .at = {.group = "vouchers"}, .tab = 6},
+          {.name = "cmdsale",    .index = 1, .kind = Kind::Button, .label = "P&urchase",        .at = {.group = "vouchers"}, .tab = 7},
+          {.name = "cmdsale",    .index = 2, .kind = Kind::Button, .label = "&Receipt",         .at = {.group = "vouchers"}, .tab = 8},
+          {.name = "cmdsale",    .index = 3, .kind = Kind::Button, .label = "&Payment",         .at = {.group = "vouchers"}, .tab = 9},
+          {.name = "cmdsale",    .index = 4, .kind = Kind::Button, .label = "&Income",          .at = {.group = "vouchers"}, .tab = 10},
+          {.name = "cmdsale",    .index = 5, .kind = Kind::Button, .label = "&Expense",         .at = {.group = "vouchers"}, .tab = 11},
+          {.name = "cmdsale",    .index = 6, .kind = Kind::Button, .label = "&Journel Voucher", .at = {.group = "vouchers"}, .tab = 12},
+          {.name = "cmdsale",    .index = 7, .kind = Kind::Button, .label = "E&xit",            .at = {.group = "vouchers"}, .tab = 13},
+      },
+  };
+  // clang-format on
+  return spec;
+}

@@ -1,0 +1,5 @@
+#include "reports/screens.h"
+
+#include "reports/regdlg1.h"
+
+void addReportScreens(Screens& screens) { screens.add<regdlg1>("regdlg1"); }
