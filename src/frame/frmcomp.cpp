@@ -83,6 +83,7 @@ FRMCOMP::FRMCOMP(Host& h) : Screen(h, ::spec()) {
 
 void FRMCOMP::opened(const Entry&) {
   ResizeControls(session().mxscale, session().myscale);
+  anchor = CenterScreen(*this);
   host.hint(kKeys);
   fill();
 }
@@ -154,6 +155,7 @@ Go FRMCOMP::searchBack() {
 
 void FRMCOMP::search(const std::string& text) {
   set(at("Text5"), text);
+  host.hint(text.empty() ? kKeys : "Search = " + text + "  ::  Backspace = Take Back");
   fill();
 }
 
@@ -292,8 +294,7 @@ bool FRMCOMP::create(CreateBy by) {
     return false;
   }
   const CompanyYear made{wanted.code, wanted.name, wanted.from, at("Text4").text};
-  set(at("Text5"), "");
-  fill();
+  search("");
   for (size_t i = 0; i < rows_.size(); ++i)
     if (sameText(rows_[i].code, made.code) && rows_[i].from == trim(made.from)) at("lst").grid.moveTo(i);
   take(made);
@@ -332,7 +333,7 @@ void FRMCOMP::remove() {
   }
   host.message("Company Delete Process Done");
   const size_t row = at("lst").grid.current;
-  set(at("Text5"), "");
+  search("");
   fill(row);
 }
 

@@ -24,7 +24,7 @@ const ScreenSpec& spec() {
       .window = Window::Main,
       .layout = {.bands = {
           {part(1), {{.name = "above", .frame = Frame::Plain}}},
-          {px(150), {{.name = "splash", .columns = {part(1)}, .pitch = 44}}},
+          {px(138), {{.name = "splash", .columns = {part(1)}, .pitch = 44}}},
           {part(1), {{.name = "below", .frame = Frame::Plain}}},
       }, .width = 480},
       .controls = {
@@ -51,6 +51,7 @@ frmStartup::frmStartup(Host& h) : Screen(h, ::spec()) {
 
 void frmStartup::opened(const Entry&) {
   ResizeControls(session().mxscale, session().myscale);
+  anchor = CenterScreen(*this);
   host.hint("");
 }
 

@@ -40,14 +40,14 @@ const ScreenSpec& spec() {
           {fit(),   {{.name = "address", .columns = {px(136), part(1), px(116), part(1)}, .pitch = 39}}},
           {fit(),   {{.name = "tax",     .columns = {px(136), part(1), px(116), part(1)}, .pitch = 39}}},
           {fit(),   {{.name = "bank",    .columns = {px(136), part(1), px(116), part(1)}, .pitch = 39}}},
-          {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
           {part(1), {{.name = "rest",    .frame = Frame::Plain}}},
+          {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
       }},
       .controls = {
           {.name = "txtFields", .index = 2,  .label = "Company Name",     .at = {.group = "address", .row = 0, .col = 1, .span = 3}, .tab = 1,  .limit = 100, .keys = KeyClass::Text},
           {.name = "txtFields", .index = 5,  .label = "Address ",         .at = {.group = "address", .row = 1, .col = 1, .span = 3}, .tab = 2,  .limit = 250, .keys = KeyClass::Text},
           {.name = "txtFields", .index = 21, .label = "Place",            .at = {.group = "address", .row = 2, .col = 1},            .tab = 3,  .limit = 50,  .keys = KeyClass::Text},
-          {.name = "txtFields", .index = 14, .label = "Pin Code",         .at = {.group = "address", .row = 2, .col = 3},            .tab = 4,  .limit = 50,  .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 14, .label = "Pin Code",         .at = {.group = "address", .row = 2, .col = 3, .width = 132}, .tab = 4,  .limit = 50,  .keys = KeyClass::Text},
           {.name = "txtFields", .index = 9,  .label = "State",            .at = {.group = "address", .row = 3, .col = 1},            .tab = 5,  .limit = 250, .keys = KeyClass::Text},
           {.name = "txtFields", .index = 7,  .label = "State Code",       .at = {.group = "address", .row = 3, .col = 3, .width = 92}, .tab = 6, .limit = 250, .keys = KeyClass::Number},
 
@@ -95,7 +95,8 @@ std::string stngs::hintFor(const Control& control) const {
 }
 
 void stngs::load() {
-  const auto row = data().first("SELECT COMP_DET.* FROM COMP_DET");
+  std::optional<Row> row;
+  if (CheckTable("COMP_DET")) row = data().first("SELECT COMP_DET.* FROM COMP_DET");
   for (const Holding& h : kHoldings)
     set(at("txtFields", h.index), row && row->has(h.column) ? row->text(h.column) : "");
 }

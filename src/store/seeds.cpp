@@ -203,6 +203,7 @@ void EnsureAccounts(Database& db) {
                     {"AREA",       "."          },
                     {"CITY",       "."          },
                     {"PINCODE",    "."          },
+                    {"TRANSPORT1", "."          }, // stands in books of before alone
                     {"OP_BAL",     0            },
                     {"CL_BAL",     0            },
                     {"CREDIT_DAY", 0            },

@@ -39,12 +39,14 @@ TEST_F(Selection, EnterInTheListOpensItsRow) {
 TEST_F(Selection, TypedCharactersSearchTheNames) {
   host_.type("ho");
   EXPECT_EQ(host_.text("Text5"), "HO");
+  EXPECT_EQ(host_.hint(), "Search = HO  ::  Backspace = Take Back");
   EXPECT_EQ(host_.at("lst").grid.count(), 1u);
   EXPECT_EQ(fields(), "M002|LIGHT HOUSE|2025|2026");
   host_.type("x");
   EXPECT_EQ(host_.at("lst").grid.count(), 0u);
   host_.keys({KeyCode::Backspace, KeyCode::Backspace, KeyCode::Backspace, KeyCode::Backspace});
   EXPECT_EQ(host_.text("Text5"), "");
+  EXPECT_EQ(host_.hint(), "Up / Down = Scroll  ::  Enter = Select  ::  Esc = Exit");
   EXPECT_EQ(host_.at("lst").grid.count(), 3u);
 }
 
