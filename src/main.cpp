@@ -8,6 +8,7 @@
 #include "masters/screens.h"
 #include "platform/qt/look.h"
 #include "platform/qt/qt_host.h"
+#include "reports/screens.h"
 #include "vouchers/screens.h"
 
 // The program's folder is the whole installation: databases, designs and papers lie beside it.
@@ -18,6 +19,7 @@ int main(int argc, char** argv) {
   Screens screens;
   addFrameScreens(screens);
   addMasterScreens(screens);
+  addReportScreens(screens);
   addVoucherScreens(screens);
   addDocumentScreens(screens);
 

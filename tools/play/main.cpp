@@ -11,6 +11,7 @@
 #include "platform/qt/look.h"
 #include "platform/qt/qt_host.h"
 #include "player.h"
+#include "reports/screens.h"
 #include "vouchers/screens.h"
 
 namespace {
@@ -19,6 +20,7 @@ Screens allScreens() {
   Screens screens;
   addFrameScreens(screens);
   addMasterScreens(screens);
+  addReportScreens(screens);
   addVoucherScreens(screens);
   addDocumentScreens(screens);
   return screens;
