@@ -76,18 +76,6 @@ void ensureFolder(const fs::path& folder) {
   if (error) throw DatabaseError(fileError(folder, error).kind(), folder.string(), error.message());
 }
 
-std::string savedUnder(Database& db) {
-  for (const char* sql : {"SELECT DATANM FROM COMP_DET", "SELECT DATANM FROM COMPNY"}) {
-    std::string name;
-    db.attempt([&] {
-      name = trim(db.text(sql));
-      return 0;
-    });
-    if (length(name) > 1) return name;
-  }
-  return {};
-}
-
 }  // namespace
 
 fs::path backupFolder(const std::string& named, const fs::path& program) {
@@ -136,6 +124,18 @@ void keepLatest(const fs::path& folder, const std::string& dataname, size_t kept
   }
 }
 
+std::string savedUnder(Database& db) {
+  for (const char* sql : {"SELECT DATANM FROM COMP_DET", "SELECT DATANM FROM COMPNY"}) {
+    std::string name;
+    db.attempt([&] {
+      name = trim(db.text(sql));
+      return 0;
+    });
+    if (length(name) > 1) return name;
+  }
+  return {};
+}
+
 BackupFacts factsOf(const fs::path& file) {
   using Kind = DatabaseError::Kind;
   Database db;
@@ -174,7 +174,8 @@ fs::path restoreBackup(const fs::path& backup, const fs::path& database, const s
   fs::path aside;
   do aside = database.parent_path() / (written(stem, name) + "_replaced.mdb");
   while (fileExists(aside) && ++name.again > 1);
-  if (fileExists(database)) copyDatabase(database, aside);
+  const bool replaces = fileExists(database);
+  if (replaces) copyDatabase(database, aside);
   backUpDatabase(source, database);
-  return aside;
+  return replaces ? aside : fs::path();
 }

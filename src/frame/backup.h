@@ -29,10 +29,13 @@ std::filesystem::path makeBackup(Database& year, Database& catalogue, const std:
 // Deletes the oldest of the company-year's backups of the exit beyond the last `kept`.
 void keepLatest(const std::filesystem::path& folder, const std::string& dataname, size_t kept);
 
+// The name that the open company-year's details were last saved under; empty in a new one.
+std::string savedUnder(Database& year);
+
 // What a person should know of a backup before it takes the place of the books.
 struct BackupFacts {
   std::string company{};   // COMP_DET.COMPNM
-  std::string dataname{};  // of the company-year that it was last saved under; empty in a new one
+  std::string dataname{};  // savedUnder
   int bills = 0;
   std::optional<Date> last{};  // date of the latest bill
 };
@@ -45,7 +48,7 @@ bool belongsTo(const BackupFacts& facts, const std::filesystem::path& file, cons
                const std::string& standing);
 
 // Puts a verified copy of the backup in the place of the database, which nobody may have open, and
-// keeps the replaced file beside under the moment's name, which is returned
-// (M00125_260615_1030_replaced.mdb). Raises DatabaseError.
+// keeps the replaced file beside under the moment's name (M00125_260615_1030_replaced.mdb), which
+// is returned; nothing when there was no file. Raises DatabaseError.
 std::filesystem::path restoreBackup(const std::filesystem::path& backup,
                                     const std::filesystem::path& database, const std::string& stamp);

@@ -1,5 +1,7 @@
 #include "frame/backup_menu.h"
 
+#include <optional>
+
 #include "base/text.h"
 #include "frame/backup.h"
 #include "frame/companies.h"
@@ -58,17 +60,8 @@ std::string factsText(const BackupFacts& facts) {
   return text;
 }
 
-std::string dataNameOfBooks() {
-  std::string name;
-  data().attempt([&] {
-    name = data().text("SELECT DATANM FROM COMP_DET");
-    return 0;
-  });
-  return name;
-}
-
 // Whether the person wants the file in the place of the books.
-bool agreed(Host& host, const fs::path& file) {
+bool agreed(Host& host, const fs::path& file, const std::string& standing) {
   const Session& s = session();
   if (!fileExists(file)) {
     host.message("Backup Not Found\r\n" + file.string(), kFailed);
@@ -76,7 +69,7 @@ bool agreed(Host& host, const fs::path& file) {
   }
   const BackupFacts facts = factsOf(file);
   const std::string name = file.filename().string();
-  if (!belongsTo(facts, file, s.mdataname, dataNameOfBooks())) {
+  if (!belongsTo(facts, file, s.mdataname, standing)) {
     host.message(name + " Is Not A Backup Of " + s.mdataname + "\r\n" + factsText(facts), kFailed);
     return false;
   }
@@ -85,22 +78,33 @@ bool agreed(Host& host, const fs::path& file) {
       kConfirm);
 }
 
+// The backup that a person chooses for the session's company-year; `standing` is what its books
+// were saved under.
+std::optional<fs::path> chosen(Host& host, const std::string& standing) {
+  const Session& s = session();
+  const auto backups = backupsOf(folder(), s.mdataname);
+  const auto given = host.input("Type Name Of Backup To Restore \r\nIn Place Of " + s.mdbfile, kConfirm,
+                                backups.empty() ? "" : backups.back());
+  if (!given || trim(*given).empty()) return {};
+  const fs::path file = named(trim(*given));
+  if (!agreed(host, file, standing)) return {};
+  return file;
+}
+
+struct Words {
+  std::string text, title;
+};
+
 // The company-year's file is closed meanwhile.
-void exchange(Host& host, const fs::path& file) {
-  Session& s = session();
-  std::string words, title = kDone;
-  s.cndata.reset();
+Words exchange(Host& host, const fs::path& file) {
   try {
     const Busy busy(host);
-    const fs::path kept = restoreBackup(file, s.mdbpath, MakeStamp(host));
-    words = "Restore Done\r\nThe Replaced Books Are Kept In " + kept.filename().string();
+    const fs::path kept = restoreBackup(file, session().mdbpath, MakeStamp(host));
+    if (kept.empty()) return {"Restore Done", kDone};
+    return {"Restore Done\r\nThe Replaced Books Are Kept In " + kept.filename().string(), kDone};
   } catch (const std::exception& error) {
-    words = std::string("Restore Not Done\r\n") + error.what();
-    title = kFailed;
+    return {std::string("Restore Not Done\r\n") + error.what(), kFailed};
   }
-  const std::string missing = openCompanyYear({s.mcompid, s.mcompname, s.mfromyr, s.mtoyr});
-  if (!missing.empty()) throw DatabaseError(DatabaseError::Kind::missing, s.mdbfile, {});
-  host.message(words, title);
 }
 
 }  // namespace
@@ -116,20 +120,34 @@ void backUpAtExit(Host& host) {
 }
 
 bool restoreNow(Host& host) {
-  const Session& s = session();
-  const auto backups = backupsOf(folder(), s.mdataname);
-  const auto given = host.input("Type Name Of Backup To Restore \r\nIn Place Of " + s.mdbfile, kConfirm,
-                                backups.empty() ? "" : backups.back());
-  if (!given || trim(*given).empty()) return false;
+  Session& s = session();
   try {
-    const fs::path file = named(trim(*given));
-    if (!agreed(host, file)) return false;
-    exchange(host, file);
+    const auto file = chosen(host, savedUnder(data()));
+    if (!file) return false;
+    s.cndata.reset();
+    const Words words = exchange(host, *file);
+    if (!openCompanyYear({s.mcompid, s.mcompname, s.mfromyr, s.mtoyr}).empty())
+      throw DatabaseError(DatabaseError::Kind::missing, s.mdbfile, {});
+    host.message(words.text, words.title);
     return true;
   } catch (const std::exception& error) {
     host.message(error.what(), kFailed);
   }
   // Without books there is nothing to go on with.
   if (!s.cndata) host.quit();
+  return false;
+}
+
+bool offerRestore(Host& host) {
+  try {
+    if (backupsOf(folder(), session().mdataname).empty()) return false;
+    const auto file = chosen(host, {});
+    if (!file) return false;
+    const Words words = exchange(host, *file);
+    host.message(words.text, words.title);
+    return words.title == kDone;
+  } catch (const std::exception& error) {
+    host.message(error.what(), kFailed);
+  }
   return false;
 }

@@ -13,3 +13,8 @@ void backUpAtExit(Host& host);
 // Asks which backup takes the place of the books. True when the company-year has been opened anew,
 // be it the restored one or, after a failure, the old one.
 bool restoreNow(Host& host);
+
+// For books that are lost or damaged, before they could be opened: where backups of them stand,
+// asks which takes their place. True when one has. The settings being out of reach, the folder is
+// BACKUP beside the program.
+bool offerRestore(Host& host);

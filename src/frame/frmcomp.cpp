@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "frame/backup_menu.h"
 #include "frame/links.h"
 #include "frame/routines.h"
 #include "frame/session.h"
@@ -250,11 +251,20 @@ void FRMCOMP::ok() {
 }
 
 void FRMCOMP::openTyped() {
-  const std::string refusal =
-      openCompanyYear({at("Text1").text, at("Text2").text, trim(at("Text3").text), trim(at("Text4").text)});
+  const CompanyYear which{at("Text1").text, at("Text2").text, trim(at("Text3").text), trim(at("Text4").text)};
+  std::string refusal;
+  try {
+    refusal = openCompanyYear(which);
+  } catch (const DatabaseError& error) {
+    using Kind = DatabaseError::Kind;
+    if (error.kind() != Kind::damaged && error.kind() != Kind::notDatabase) throw;
+    refusal = error.what();
+  }
   if (!refusal.empty()) {
     host.message(refusal);
-    return;
+    if (!offerRestore(host)) return;
+    refusal = openCompanyYear(which);
+    if (!refusal.empty()) return;
   }
   okpressed_ = true;
   host.open("frmStartup");

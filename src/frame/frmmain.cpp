@@ -144,7 +144,7 @@ void frmmain::readCompany() {
   panels[0] = periodPanel(s);
   panels[2] = formatDate(host.today(), "dd/MMM/yyyy");
   caption = shellCaption(s);
-  loadCompanyDetails(s);
+  passOver(host, [&] { loadCompanyDetails(s); });
   buildDateHelp();
 }
 
@@ -187,7 +187,8 @@ void frmmain::buildDateHelp() {
 }
 
 void frmmain::activated() {
-  showGlance();
+  // The shell stands whatever its figures do.
+  passOver(host, [this] { showGlance(); });
   ShowHint(host, "Press Alt Btn To Activate Menus");
 }
 

@@ -1,6 +1,8 @@
 #include "frame/backup.h"
 
 #include <fstream>
+#include <functional>
+#include <iterator>
 #include <set>
 
 #include "frame/routines.h"
@@ -222,6 +224,36 @@ TEST_F(Backups, RestoreRefusesWhatIsNotOfThisYear) {
   EXPECT_EQ(host_.lastMessage(), "Backup Not Found\r\n" + (keep_ / "none.mdb").string());
   EXPECT_TRUE(host_.questions.empty());
   EXPECT_EQ(names(folder_.path()), mine);
+}
+
+// Books that can no longer be opened are brought back before they are.
+TEST_F(Backups, AreOfferedForBooksThatAreDamagedOrLost) {
+  host_.choose("Backup");
+  const fs::path books = folder_ / "M00125.mdb";
+  const std::function<void()> spoils[] = {
+      [&] { fs::resize_file(books, 5000); },
+      [&] { std::ofstream(books, std::ios::trunc).close(); },
+      [&] { fs::remove(books); },
+  };
+  const char* const words[] = {"M00125.mdb is damaged. Restore it from a backup.",
+                               "M00125.mdb is not a database of this program.", "Company Data Not Found"};
+  for (size_t i = 0; i < std::size(spoils); ++i) {
+    session() = Session{};
+    spoils[i]();
+    TestHost host(known());
+    startUp(host, folder_.path());
+    host.inputs = {std::nullopt};
+    host.enter();
+    EXPECT_EQ(host.lastMessage(), words[i]);
+    EXPECT_EQ(host.onTop(), "FRMCOMP");
+    host.inputs = {"M00125_260615_1030.mdb"};
+    host.answers = {true};
+    host.enter();
+    EXPECT_EQ(host.prompts.back().initial, "M00125_260615_1030.mdb");
+    EXPECT_EQ(host.lastMessage().substr(0, 12), "Restore Done");
+    EXPECT_EQ(host.onTop(), "frmStartup");
+    EXPECT_EQ(bills(), 1);
+  }
 }
 
 TEST_F(Backups, NothingIsRestoredWhileAnotherProgramWorksInTheBooks) {
