@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/number.h"
+#include "base/pattern.h"
 #include "documents/mymsgfrm.h"
 #include "frame/session.h"
 #include "masters/frmhlp.h"
@@ -14,26 +15,22 @@
 #include "store/templates.h"
 #include "support/temp_folder.h"
 #include "support/test_host.h"
+#include "vouchers/saving.h"
 #include "vouchers/screens.h"
 
-// Stands for a screen that a bill opens: keeps with what, and closes when told.
+// Stands for a screen that a bill opens: keeps with what it was opened.
+inline Entry openedWith;
+template <int N>
 class StandIn : public Screen {
  public:
-  StandIn(Host& theHost, const ScreenSpec& look) : Screen(theHost, look) {}
-  void opened(const Entry& entry) override { last = entry; }
-  static inline Entry last;
-};
-
-template <int>
-class NamedStandIn : public StandIn {
- public:
-  explicit NamedStandIn(Host& theHost) : StandIn(theHost, look()) {}
-  static inline std::string name;
+  explicit StandIn(Host& theHost) : Screen(theHost, look()) {}
+  void opened(const Entry& entry) override { openedWith = entry; }
 
  private:
   static const ScreenSpec& look() {
+    static const char* const names[] = {"", "dlg1", "frmacc", "FRMITEM1"};
     static const ScreenSpec s{
-        .name = name, .caption = name, .window = Window::Dialog, .layout = {}, .controls = {}};
+        .name = names[N], .caption = "", .window = Window::Dialog, .layout = {}, .controls = {}};
     return s;
   }
 };
@@ -65,61 +62,27 @@ class BillTest : public ::testing::Test {
   ~BillTest() override { session().cndata.reset(); }
 
   static void addItem(Database& db, const std::string& code, const std::string& name, const Value& tax,
-                      double rate = 0, double discount = 0, const std::string& unit = "PCS") {
-    insertRow(db, "ITEM",
-              {
-                  {"ITEM_CD",   code  },
-                  {"ITEM_NAME", name  },
-                  {"DEPT_CD",   "E001"},
-                  {"RATEOFTAX", tax   }
-    });
-    insertRow(db, "ITEMDTL",
-              {
-                  {"ITEM_CD",    code    },
-                  {"SIZE_CD",    unit    },
-                  {"SALE_RATE1", rate    },
-                  {"SALE_DISC",  discount}
-    });
+                      double rate = 0, double discount = 0) {
+    db.exec("INSERT INTO ITEM (ITEM_CD, ITEM_NAME, DEPT_CD, RATEOFTAX) VALUES (?, ?, 'E001', ?)", code, name,
+            tax);
+    db.exec("INSERT INTO ITEMDTL (ITEM_CD, SIZE_CD, SALE_RATE1, SALE_DISC) VALUES (?, 'PCS', ?, ?)", code,
+            rate, discount);
   }
 
   static void fill(Database& db) {
-    struct Party {
-      const char *code, *name;
-      Value state;
-      const char *area, *gstin;
-      double days;
-    };
-    const std::vector<Party> parties = {
-        {"A00001", "PATEL TRADING CO",   24,      "ANAND",                    "24ABCDE1234F1Z5", 30},
-        {"A00002", "MUMBAI STORES",      27,      "DADAR",                    "27ABCDE1234F1Z5", 0 },
-        {"A00003", "CASH",               Value(), "",                         "",                0 },
-        {"A00004", "O'NEIL & ભાઈ", 24,      "ગાંધીનગર", "",                0 },
-    };
-    for (const Party& p : parties)
-      insertRow(db, "ACCOUNT",
-                {
-                    {"ACC_CD",     p.code           },
-                    {"ACC_NAME",   p.name           },
-                    {"GROUP_CD",   85               },
-                    {"STATECD",    p.state          },
-                    {"AREA",       p.area           },
-                    {"GSTINNO",    p.gstin          },
-                    {"CREDIT_DAY", p.days           },
-                    {"CL_BAL",     38460            },
-                    {"ADD1",       "14 STATION ROAD"},
-                    {"ADD2",       "NEAR BUS STAND" },
-                    {"PHONE1",     "9800000023"     }
-      });
+    db.exec(R"(
+      INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, STATECD, AREA, GSTINNO, CREDIT_DAY, GROUP_CD, CL_BAL, ADD1, ADD2, PHONE1)
+      SELECT *, 85, 38460, '14 STATION ROAD', 'NEAR BUS STAND', '9800000023' FROM (VALUES
+        ('A00001', 'PATEL TRADING CO', 24,   'ANAND',     '24ABCDE1234F1Z5', 30),
+        ('A00002', 'MUMBAI STORES',    27,   'DADAR',     '27ABCDE1234F1Z5', 0),
+        ('A00003', 'CASH',             NULL, '',          '',                0),
+        ('A00004', 'O''NEIL & ભાઈ',     24,   'ગાંધીનગર',   '',                0),
+        ('A00009', 'NOWHERE',          0,    '',          '',                0)))");
     addItem(db, "I0000001", "CEILING FAN", 18, 1640, 8);
     addItem(db, "I0000002", "PVC WIRE", 18);
     addItem(db, "I0000003", "SALT", 0, 20);
     addItem(db, "I0000004", "NO RATE SET", Value(), 10);
-    insertRow(db, "ITEM",
-              {
-                  {"ITEM_CD",   "I0000009"     },
-                  {"ITEM_NAME", "WITHOUT UNITS"},
-                  {"DEPT_CD",   "E001"         }
-    });
+    db.exec("INSERT INTO ITEM (ITEM_CD, ITEM_NAME, DEPT_CD) VALUES ('I0000009', 'WITHOUT UNITS', 'E001')");
   }
 
   static const Screens& known() {
@@ -128,12 +91,9 @@ class BillTest : public ::testing::Test {
       addVoucherScreens(s);
       s.add<mymsgfrm>("mymsgfrm");
       s.add<FRMHLP>("FRMHLP");
-      NamedStandIn<1>::name = "dlg1";
-      s.add<NamedStandIn<1>>("dlg1");
-      NamedStandIn<2>::name = "frmacc";
-      s.add<NamedStandIn<2>>("frmacc");
-      NamedStandIn<3>::name = "FRMITEM1";
-      s.add<NamedStandIn<3>>("FRMITEM1");
+      s.add<StandIn<1>>("dlg1");
+      s.add<StandIn<2>>("frmacc");
+      s.add<StandIn<3>>("FRMITEM1");
       return s;
     }();
     return screens;
@@ -146,6 +106,55 @@ class BillTest : public ::testing::Test {
     std::string text;
     for (int i = 0; i < row->count(); ++i) text += (i > 0 ? "|" : "") + row->text(i);
     return text;
+  }
+
+  void addTransporterRow() {
+    db().exec("INSERT INTO TRANSMAST (TRANS_ID, TRANSNAME, TRANS_GOV_ID) VALUES (3, 'Maruti', '24GOV')");
+  }
+  // Vouchers whose debits and credits differ, or whose header stands without its ledger.
+  static std::string unbalanced(Database& db) {
+    return db.text(R"(SELECT GROUP_CONCAT(VOUCH_NO) FROM SALE WHERE ABS((SELECT IFNULL(SUM(
+      CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT ELSE -VOUCH_AMT END), 1e9) FROM ALEDGER AS A
+      WHERE A.VOUCH_NO = SALE.VOUCH_NO AND A.BOOK_CD = SALE.BOOK_CD)) > 0.004)");
+  }
+
+  // A bill and who saves it, past the screen; lines come from the work table.
+  static BillHeader bill(double number, double amount = 118) {
+    return {
+        .number = number,
+        .date = Date{std::chrono::year{2026}, std::chrono::June, std::chrono::day{15}},
+        .party = "A00001",
+        .shipTo = "A00002",
+        .billType = "TAX",
+        .billNumber = "0001 ",
+        .orderNumber = "PO/7",
+        .challanNumber = 12.5,
+        .narration = "O'NEIL_ગુજરાતી_% ",
+        .transportId = 3,
+        .transport = "MARUTI",
+        .destination = "ANAND",
+        .lrNumber = "LR'9",
+        .parcels = "2",
+        .creditDays = 30,
+        .lrDate = std::nullopt,
+        .items = 100,
+        .quantity = 2,
+        .cgst = 9,
+        .sgst = 9,
+        .igst = 0,
+        .roundOff = Round(amount - 118, 2),
+        .amount = amount
+    };
+  }
+  static SaveStamp stamp() {
+    return {
+        {bill(0).date, 10, 30, 0},
+        "RAJ", "9090909090", "M00126"
+    };
+  }
+  static void workLine(Database& db, const std::string& item, double quantity, double serial) {
+    db.exec("INSERT INTO T_SLITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD, QUANTITY) VALUES (99, 'SA', ?, ?, ?)",
+            serial, item, quantity);
   }
 
   void open() { host.open("GSTSAPU", {}); }

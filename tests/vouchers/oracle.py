@@ -1,18 +1,16 @@
 #!/usr/bin/env python3
-"""Random bills and what must come of them, figured apart from the program.
+"""Random bills as an operator types them, and what must come of them, figured apart from the program.
 
 usage: oracle.py SEED BILLS
 
-One record a line, fields split by tabs; texts as an operator types them, figures as
-hexadecimal doubles. A bill is "B", its lines ("L") and its totals ("T"):
+One step a line, its parts split by tabs:
 
-  B  company state  party state
-  L  item rate  quantity  rate  discount  by hand  typed cgst  typed sgst  typed igst
-     | quantity text  rate text  discount text  cgst rate  sgst rate  igst rate  cgst text
-     sgst text  igst text  net text | assess  stored amount  stored net
-  T  items  quantity  cgst  sgst  igst | amount  round off   (texts, then texts)
-
-"by hand" is "-" or one of c, s, i: the tax whose amount the operator types over.
+  bill   PARTY               a new bill to the party
+  enter  FIELD  TEXT         fill a field and press Enter
+  over   FIELD  TEXT         type over the amount of a tax
+  see    FIELD  TEXT         what a field must show
+  line   AMOUNT|NET|QTY|...  what the line must have stored, as number texts
+  total  ITEMS|QTY|...       what the totals must show
 """
 import random
 import re
@@ -68,18 +66,31 @@ def line(rng, company, party):
     ct, st, it = (number_text(rounded(assess * val(x) / 100, 2)) for x in (c, s, i))
     cv, sv, iv = (rounded(assess * val(x) / 100, 2) for x in (c, s, i))
     net = assess + cv + sv + iv
-    by_hand = {k: typed_figure(rng, 2) for k in "csi"}
+    typed_tax = typed_figure(rng, 2)
     if hand != "-":
-        ct, st, it = [by_hand[k] if k == hand else t for k, t in zip("csi", (ct, st, it))]
+        ct, st, it = [typed_tax if k == hand else t for k, t in zip("csi", (ct, st, it))]
         net = assess + val(ct) + val(st) + val(it)
     net_text = number_text(rounded(net, 2))
 
     gross = rounded(val(q) * val(r), 2)
     off = rounded(gross * val(d) / 100, 2)
     amount = rounded(rounded(gross - off, 2), 2)
-    print("L", item_rate, typed_q, typed_r, typed_d, hand, *by_hand.values(), q, r, d, c, s, i, ct, st, it, net_text,
-          assess.hex(), float(amount).hex(), val(net_text).hex(), sep="\t")
+
+    step("enter", "Text1(5)", "T" + number_text(item_rate * 1000))
+    for field, text in (12, c), (10, s), (19, i):
+        step("see", "Text1(%d)" % field, text)
+    for field, text in (8, typed_q), (9, typed_r), (11, typed_d):
+        step("enter", "Text1(%d)" % field, text)
+    if hand != "-":
+        step("over", {"c": "Text1(13)", "s": "Text1(15)", "i": "Text1(31)"}[hand], typed_tax)
+    for field, text in (13, ct), (15, st), (31, it), (14, net_text):
+        step("see", "Text1(%d)" % field, text)
+    step("line", "|".join(number_text(x) for x in (amount, val(net_text), val(q), val(r), val(d))))
     return amount, val(q), val(ct), val(st), val(it)
+
+
+def step(*parts):
+    print(*parts, sep="\t")
 
 
 def typed_figure(rng, decimals):
@@ -98,7 +109,7 @@ def typed_figure(rng, decimals):
 def bill(rng):
     company = 24
     party = rng.choice([24, 24, 24, 27, 0])
-    print("B", company, party, sep="\t")
+    step("bill", {24: "A00001", 27: "A00002", 0: "A00009"}[party])
     sums = [0.0] * 5
     for _ in range(rng.randrange(1, 9)):
         for n, figure in enumerate(line(rng, company, party)):
@@ -107,7 +118,7 @@ def bill(rng):
     t = val(items) + val(c) + val(s) + val(i)
     amount = rounded(t, 0)
     round_off = rounded(rounded(t, 0) - rounded(t, 2), 2)
-    print("T", *texts, number_text(amount), number_text(round_off), sep="\t")
+    step("total", "|".join([*texts, number_text(amount), number_text(round_off)]))
 
 
 def main():

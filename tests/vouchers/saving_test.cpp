@@ -1,13 +1,5 @@
 #include "vouchers/saving.h"
 
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <chrono>
-#include <map>
-#include <thread>
-
 #include "vouchers/bill_fixture.h"
 #include "vouchers/items.h"
 #include "vouchers/ledger_rows.h"
@@ -16,126 +8,36 @@
 
 namespace {
 
-constexpr Date kDay{std::chrono::year{2026}, std::chrono::June, std::chrono::day{15}};
-
-class SavingTest : public BillTest {
- protected:
-  static BillHeader bill(double number, double amount = 118) {
-    return {.number = number,
-            .date = kDay,
-            .party = "A00001",
-            .shipTo = "A00002",
-            .billType = "TAX",
-            .billNumber = "0001 ",
-            .orderNumber = "PO/7",
-            .challanNumber = 12.5,
-            .narration = "O'NEIL \"ગુજરાતી\" % ",
-            .transportId = 3,
-            .transport = "MARUTI",
-            .destination = "ANAND",
-            .lrNumber = "LR'9",
-            .parcels = "2",
-            .creditDays = 30,
-            .lrDate = std::nullopt,
-            .items = 100,
-            .quantity = 2,
-            .cgst = 9,
-            .sgst = 9,
-            .igst = 0,
-            .roundOff = Round(amount - 118, 2),
-            .amount = amount};
-  }
-  static SaveStamp stamp() {
-    return {
-        .now = {kDay, 10, 30, 0},
-          .user = "RAJ", .mobile = "9090909090", .dataName = "M00126"
-    };
-  }
-  void workLine(const std::string& item, double quantity, double serial) {
-    insertRow(db(), "T_SLITM",
-              {
-                  {"VOUCH_NO", 99      },
-                  {"BOOK_CD",  "SA"    },
-                  {"SR_NO",    serial  },
-                  {"ITEM_CD",  item    },
-                  {"QUANTITY", quantity}
-    });
-  }
-};
+class SavingTest : public BillTest {};
 
 }  // namespace
 
+// Every column of the header: those written here, "." in some, 0 in all that are left.
 TEST_F(SavingTest, EveryHeaderColumnHasItsValue) {
-  insertRow(db(), "TRANSMAST",
-            {
-                {"TRANS_ID",     3       },
-                {"TRANSNAME",    "Maruti"},
-                {"TRANS_GOV_ID", "24GOV" }
-  });
+  addTransporterRow();
   ASSERT_TRUE(saveBill(db(), saleBook(), bill(7), stamp(), Saving::Fresh));
-  std::map<std::string, std::string> expected = {
-      {"VOUCH_NO",      "7"                                 },
-      {"VOUCH_DT",      "2026-06-15"                        },
-      {"BL_TYPE",       "TAX"                               },
-      {"BILL_NO",       "0001"                              },
-      {"BOOK_CD",       "SA"                                },
-      {"BL_TIME",       "10:30"                             },
-      {"DT_GOODS",      "2026-06-15"                        },
-      {"TIME_GOODS",    "10:30"                             },
-      {"GWDN",          "1"                                 },
-      {"CHLN_NO",       "12.5"                              },
-      {"ORDER_NO",      "PO/7"                              },
-      {"ORDER_DT",      "15/Jun/2026"                       },
-      {"PARTY_CD",      "A00001"                            },
-      {"SALE_CD",       "X90002"                            },
-      {"CASH_CD",       "A00002"                            },
-      {"ITEM_AMT",      "100"                               },
-      {"ROUND_OFF",     "0"                                 },
-      {"NET_AMT",       "118"                               },
-      {"NARRATION",     "O'NEIL \"ગુજરાતી\" %"},
-      {"PARCLE",        "2"                                 },
-      {"NO_OF_ITEM",    "2"                                 },
-      {"SMAN_CD",       "S001"                              },
-      {"CR_DAYS",       "30"                                },
-      {"GR_NO",         "LR'9"                              },
-      {"GR_DATE",       "2026-06-15"                        },
-      {"TRANSPORT",     "MARUTI"                            },
-      {"DESTI",         "ANAND"                             },
-      {"DESPATCH_FROM", "X90002"                            },
-      {"CHLN_DT",       "2026-06-15"                        },
-      {"VOUCH_TIME",    "10:30"                             },
-      {"TRANS_CD",      "3"                                 },
-      {"TRANS_GOV_ID",  "24GOV"                             },
-      {"PRV_BDT",       "2026-06-15"                        },
-      {"TCGSTRT",       "9"                                 },
-      {"TSGSTRT",       "9"                                 },
-      {"TIGSTRT",       "0"                                 },
-      {"GSTPOST",       "1"                                 },
-      {"USER_CD",       "RAJ"                               },
-      {"ENT_DT",        "2026-06-15"                        },
-      {"ENT_TIME",      "10:30"                             },
-      {"MOBNOCO",       "9090909090"                        },
-      {"DATANM",        "M00126"                            },
-      {"DATASENT",      "N"                                 },
-      {"ACK_DT",        "2026-06-15"                        },
-  };
-  for (const char* dotted : {"CNAME", "CMOBNO", "CADRS", "IRNNO", "EINVNO", "FORM_ISSUE", "FREIGHT",
-                             "PAY_MODE", "NARRATION1", "NARRATION2", "AGNT_DOC", "C_EX_REGNO"})
-    expected[dotted] = ".";
+  const std::string expected =
+      "VOUCH_NO=7 VOUCH_DT=2026-06-15 BL_TYPE=TAX BILL_NO=0001 BOOK_CD=SA BL_TIME=10:30 DT_GOODS=2026-06-15"
+      " TIME_GOODS=10:30 GWDN=1 CHLN_NO=12.5 ORDER_NO=PO/7 ORDER_DT=15/Jun/2026 PAY_MODE=. PARTY_CD=A00001"
+      " SALE_CD=X90002 CASH_CD=A00002 ITEM_AMT=100 NET_AMT=118 NARRATION=O'NEIL_ગુજરાતી_% NARRATION1=."
+      " NARRATION2=. PARCLE=2 NO_OF_ITEM=2 SMAN_CD=S001 AGNT_DOC=. CR_DAYS=30 GR_NO=LR'9 GR_DATE=2026-06-15"
+      " TRANSPORT=MARUTI FREIGHT=. DESTI=ANAND FORM_ISSUE=. C_EX_REGNO=. DESPATCH_FROM=X90002"
+      " CHLN_DT=2026-06-15 VOUCH_TIME=10:30 TRANS_CD=3 TRANS_GOV_ID=24GOV PRV_BDT=2026-06-15 TCGSTRT=9"
+      " TSGSTRT=9 GSTPOST=1 CMOBNO=. CNAME=. CADRS=. USER_CD=RAJ ENT_DT=2026-06-15 ENT_TIME=10:30"
+      " MOBNOCO=9090909090 DATANM=M00126 DATASENT=N EINVNO=. IRNNO=. ACK_DT=2026-06-15";
   const auto row = db().first("SELECT * FROM SALE");
-  ASSERT_TRUE(row);
-  for (int i = 0; i < row->count(); ++i) {
-    const auto known = expected.find(row->name(i));
-    EXPECT_EQ(row->text(i), known == expected.end() ? "0" : known->second) << row->name(i);
-  }
+  std::string written;
+  for (int i = 0; i < row->count(); ++i)
+    if (row->text(i) != "0") written += (written.empty() ? "" : " ") + row->name(i) + "=" + row->text(i);
+  EXPECT_EQ(written, expected);
   EXPECT_EQ(row->count(), 101);
 }
 
 TEST_F(SavingTest, LinesWithoutAQuantityStayBehindUnlessTheyAreMisc) {
-  workLine("I0000001", 2, 1);
-  workLine("I0000002", 0, 2);
-  workLine("misc", 0, 3);
-  workLine("I0000001", -1, 5);
+  workLine(db(), "I0000001", 2, 1);
+  workLine(db(), "I0000002", 0, 2);
+  workLine(db(), "misc", 0, 3);
+  workLine(db(), "I0000001", -1, 5);
   ASSERT_TRUE(saveBill(db(), saleBook(), bill(7), stamp(), Saving::Fresh));
   EXPECT_EQ(
       line(
@@ -146,10 +48,10 @@ TEST_F(SavingTest, LinesWithoutAQuantityStayBehindUnlessTheyAreMisc) {
 
 TEST_F(SavingTest, LedgerRowsOfABill) {
   const std::string rows =
-      "SELECT GROUP_CONCAT(VOUCH_TYPE || ' ' || PARTY_CD || ' ' || PARTY_TCD || ' ' || NUMTEXT(VOUCH_AMT) || "
-      "' ' ||"
-      " IFNULL(PARTY_BL, '-') || ' ' || NARRATION || ' ' || BW_AB || ' ' || IFNULL(SUB_DESC, '-'), '/') FROM"
-      " (SELECT * FROM ALEDGER ORDER BY rowid)";
+      "SELECT GROUP_CONCAT(VOUCH_TYPE || ' ' || PARTY_CD || ' ' || PARTY_TCD || ' ' || NUMTEXT(VOUCH_AMT) ||"
+      " ' ' || IFNULL(PARTY_BL, '-') || ' ' || NARRATION || ' ' || BW_AB || ' ' || IFNULL(SUB_DESC, '-'), "
+      "'/')"
+      " FROM (SELECT * FROM ALEDGER ORDER BY rowid)";
   BillHeader up = bill(7, 118.4);
   up.narration = "N";
   up.lrNumber = "LR";
@@ -172,6 +74,21 @@ TEST_F(SavingTest, LedgerRowsOfABill) {
   EXPECT_EQ(line("SELECT COUNT(*) FROM SALE"), "1");
 }
 
+// A book of purchases is the sale book with other accounts and its sides turned round.
+TEST_F(SavingTest, ABookMayTurnTheSidesRound) {
+  Book purchases = saleBook();
+  purchases.code = "PU";
+  purchases.partySide = "C";
+  purchases.goods = "X90001";
+  ASSERT_TRUE(saveBill(db(), saleBook(), bill(7, 118.4), stamp(), Saving::Fresh));
+  ASSERT_TRUE(saveBill(db(), purchases, bill(7, 118.4), stamp(), Saving::Fresh))
+      << "numbers are the book's own";
+  EXPECT_EQ(line("SELECT GROUP_CONCAT(VOUCH_TYPE || PARTY_CD || NUMTEXT(VOUCH_AMT)) FROM"
+                 " (SELECT * FROM ALEDGER WHERE BOOK_CD = 'PU' ORDER BY rowid)"),
+            "CA00001118.4,DX90001100,DX900619,DX900629,DX900630,DX900150.4");
+  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER WHERE BOOK_CD = 'SA'") + unbalanced(db()), "6");
+}
+
 TEST_F(SavingTest, WhatDoesNotFitItsColumnStaysAtItsDefault) {
   BillHeader odd = bill(7);
   odd.lrNumber = std::string(21, '9');
@@ -180,52 +97,13 @@ TEST_F(SavingTest, WhatDoesNotFitItsColumnStaysAtItsDefault) {
 }
 
 TEST_F(SavingTest, AFreshNumberTakenMeanwhileChangesNothing) {
-  workLine("I0000001", 2, 1);
+  workLine(db(), "I0000001", 2, 1);
   ASSERT_TRUE(saveBill(db(), saleBook(), bill(7), stamp(), Saving::Fresh));
-  workLine("I0000001", 3, 2);
+  workLine(db(), "I0000001", 3, 2);
   EXPECT_FALSE(saveBill(db(), saleBook(), bill(7, 500), stamp(), Saving::Fresh));
   EXPECT_EQ(line("SELECT NET_AMT FROM SALE"), "118");
   EXPECT_EQ(line("SELECT COUNT(*) FROM SALEITM"), "1");
   EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER"), "5");
-}
-
-// A program that dies in the middle of its work leaves each bill whole or not there.
-TEST_F(SavingTest, KilledAtAnyMomentABillIsWholeOrNothing) {
-  for (int round = 0; round < 12; ++round) {
-    const pid_t child = fork();
-    if (child == 0) {
-      // Its own connection; the parent's must not be carried over.
-      Database own;
-      own.open(folder / "M00126.mdb");
-      for (int n = 1;; ++n) {
-        own.exec("DELETE FROM T_SLITM");
-        for (int k = 1; k <= 4; ++k)
-          insertRow(own, "T_SLITM",
-                    {
-                        {"BOOK_CD",  "SA"      },
-                        {"SR_NO",    k         },
-                        {"ITEM_CD",  "I0000001"},
-                        {"QUANTITY", k + n     }
-          });
-        saveBill(own, saleBook(), bill(1 + n % 5, 118 + n), stamp(), Saving::Again);
-      }
-    }
-    std::this_thread::sleep_for(std::chrono::milliseconds(20 + round * 7));
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-    Database after;
-    after.open(folder / "M00126.mdb");
-    const auto broken = after.first(
-        "SELECT S.VOUCH_NO FROM SALE AS S WHERE 4 <> (SELECT COUNT(*) FROM SALEITM AS L WHERE L.VOUCH_NO = "
-        "S.VOUCH_NO)"
-        " OR S.NET_AMT <> (SELECT VOUCH_AMT FROM ALEDGER AS A WHERE A.VOUCH_NO = S.VOUCH_NO AND A.PARTY_CD = "
-        "'A00001')"
-        " OR S.NET_AMT - 117 <> (SELECT MIN(QUANTITY) FROM SALEITM AS L WHERE L.VOUCH_NO = S.VOUCH_NO)");
-    EXPECT_FALSE(broken) << "bill " << broken->text(0);
-    EXPECT_EQ(after.text("PRAGMA integrity_check"), "ok");
-  }
-  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER WHERE VOUCH_NO NOT IN (SELECT VOUCH_NO FROM SALE)"), "0");
-  EXPECT_NE(line("SELECT COUNT(*) FROM SALE"), "0") << "some bill had the time to be saved";
 }
 
 TEST(Numbering, BillNumbersRunOnAsTheSeriesAlwaysDid) {
