@@ -40,6 +40,7 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Boo
                   {"MaskEdBox1", KeyCode::PgUp,   &VoucherScreen::datePgUp   },
                   {"MaskEdBox1", KeyCode::PgDn,   &VoucherScreen::datePgDn   },
                   {"Text1(4)",   KeyCode::Insert, &VoucherScreen::newParty   },
+                  {"Text1",      On::Change,      &VoucherScreen::textChanged},
                   {"DataGrid1",  On::Focus,       &VoucherScreen::rowChosen  },
                   {"DataGrid1",  On::Row,         &VoucherScreen::rowChosen  },
                   {"DataGrid1",  On::DoubleClick, &VoucherScreen::leaveRows  },
@@ -71,6 +72,7 @@ void VoucherScreen::activated() {
   Control& field = *std::exchange(awaiting_, nullptr);
   if (!newCode_->empty() && *newCode_ != codeBefore_) set(field, *newCode_);
   focus(field);
+  focusMoved(field);
 }
 
 void VoucherScreen::awaitMaster(Control& field, const std::string& master, std::string& last) {
@@ -392,6 +394,9 @@ void VoucherScreen::put(int n, double figure) { put(n, numText(figure)); }
 void VoucherScreen::putDate(int n, std::optional<Date> date) {
   set(at("MaskEdBox1", n), date ? formatDate(*date, "dd/MM/yyyy") : std::string(kEmptyDate));
 }
+
+// Enter does something else in a field that has just been filled or emptied.
+void VoucherScreen::textChanged() { ShowHint(host, hintFor(here())); }
 
 // What Enter does, then the keys that the table names for the field.
 std::string VoucherScreen::hintFor(const Control& control) const {

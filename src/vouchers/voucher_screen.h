@@ -71,6 +71,7 @@ class VoucherScreen : public ChildScreen {
   void deleteLine();
   void rowChosen();
   void leaveRows();
+  void textChanged();
   Go helpHere();  // the lookup of the empty field; moves on where there is none
   Go intoRates();
   void leaveRates();
