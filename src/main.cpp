@@ -22,6 +22,7 @@ int main(int argc, char** argv) {
   addReportScreens(screens);
   addVoucherScreens(screens);
   addDocumentScreens(screens);
+  setOpeningRoutines();
 
   QtHost host(screens);
   const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");

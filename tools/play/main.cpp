@@ -23,6 +23,7 @@ Screens allScreens() {
   addReportScreens(screens);
   addVoucherScreens(screens);
   addDocumentScreens(screens);
+  setOpeningRoutines();
   return screens;
 }
 
