@@ -40,7 +40,7 @@ const ScreenSpec& bwrcpyTable() {
           {.name = "txtFields",  .index = 5,  .label = "Balance",     .at = {.group = "B", .row = 1, .col = 4},                                              .enabled = false, .align = Right, .money = true},
           {.name = "txtFields",  .index = 4,  .label = "Amount",      .at = {.group = "C", .row = 0, .col = 1},            .tab = 5, .limit = 15,  .keys = Number,  .enabled = false, .align = Right, .hint = "Enter AMOUNT In Figures"},
           {.name = "txtFields",  .index = 7,  .label = "Remarks",     .at = {.group = "C", .row = 1, .col = 1, .span = 2}, .tab = 6, .limit = 200, .keys = Letters, .enabled = false, .hint = "F1 = Used Before"},
-          {.name = "SCR1",                    .kind = Kind::Label, .label = "Press Add Button to Enter New Voucher", .at = {.group = "rest"}, .style = Style::Quiet},
+          {.name = "SCR1",                    .kind = Kind::Label, .label = "Press Add Button to Enter New Voucher", .at = {.group = "A", .row = 0, .col = 4}, .style = Style::Quiet},
           {.name = "DataGrid1",               .kind = Kind::Grid,  .at = {.group = "list"}, .columns = listColumns},
 
           {.name = "cmdUpdate",  .kind = Kind::Button, .label = "&Update", .at = {.group = "buttons"}, .tab = 7,  .enabled = false, .visible = false, .hint = "Press Enter To Save"},
