@@ -63,9 +63,12 @@ double Round(double x, int d) {
 std::string numText(double x) {
   if (x == 0) return "0";
   std::array<char, 40> buffer{};
-  const auto end =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), x, std::chars_format::general, 15);
-  return {buffer.data(), end.ptr};
+  char *const first = buffer.data(), *const last = first + buffer.size();
+  // Whole numbers, which most are, the fast way: lists are searched in their texts.
+  const bool whole = std::fabs(x) < 1e15 && x == std::trunc(x);
+  const auto end = whole ? std::to_chars(first, last, static_cast<long long>(x))
+                         : std::to_chars(first, last, x, std::chars_format::general, 15);
+  return {first, end.ptr};
 }
 
 long RoundUp(double x) {

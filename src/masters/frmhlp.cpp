@@ -6,14 +6,16 @@
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "masters/column_titles.h"
+#include "masters/lookup_search.h"
 #include "masters/lookup_statement.h"
 #include "platform/utf8.h"
 
 namespace {
 
 constexpr double kStrip = 30, kHeads = 34, kRow = 25, kFrame = 4, kLane = 14;
-constexpr double kWidest = 1350, kNarrowest = 420;
+constexpr double kWidest = 1350, kNarrowest = 480;
 constexpr int kRowsBelow = 5, kRowsAbove = 12;
+constexpr int kCountAfterMs = 500;
 
 // Documented widths are twips of a screen of 800 pixels.
 constexpr double kPixelsPerTwip = 1366.0 / 800 / 15;
@@ -51,7 +53,8 @@ std::vector<GridColumn> gridColumns(const PageRows& rows) {
   for (size_t i = 0; i < rows.columns().size(); ++i) {
     const ColumnTitle t = columnTitle(rows.columns()[i].name);
     const int twips = i < session().mhlpwidth.size() ? session().mhlpwidth[i] : 0;
-    const double width = twips > 0 ? std::max(twips * kPixelsPerTwip, 40.0) : t.width;
+    const double title = 9 * length(t.title) + 18;
+    const double width = std::max(twips > 0 ? twips * kPixelsPerTwip : t.width, title);
     columns.push_back({.title = t.title, .width = part(width), .align = t.align, .money = t.money});
   }
   return columns;
@@ -102,12 +105,31 @@ LookupPlan::LookupPlan() {
 
   all = parseSelect(lookupStatement(shape, asked()), {s.mhlpvalues.begin(), split});
   start = own.empty() ? all : filtered(all, own, {split, s.mhlpvalues.end()});
-  rows = std::make_shared<PageRows>(*database, start, lastWorkedWith(start));
+  steps = valueSteps(*database, start);
+  rows = std::make_shared<PageRows>(*database, steps.value_or(start), PageRows::Counting::Ahead,
+                                    lastWorkedWith(start));
+  few_ = rows->counted();
   table = screenTable(*rows);
 }
 
+std::shared_ptr<PageRows> LookupPlan::found(size_t column, const std::string& typed) const {
+  const auto some = [this](const Select& select) {
+    return std::make_shared<PageRows>(*database, select, PageRows::Counting::Ahead);
+  };
+  if (typed.empty()) return some(steps.value_or(start));
+  const PageRows::ResultColumn& shown = rows->columns().at(column);
+  const bool named =
+      column < all.columns.size() && all.columns[column].name != "*" && all.columns[0].name != "*";
+  const std::string expression =
+      filterText(named ? all.columns[column].expression : "[" + shown.name + "]", shown.type);
+  // Many different values are searched in the rows themselves, in one pass over the index.
+  const Select& from = steps && few_ ? *steps : searchesInsideFilter(session().mhlpmode) ? start : all;
+  return some(filtered(from, typedCondition(from, expression), {anywhere(typed)}));
+}
+
 FRMHLP::FRMHLP(Host& theHost) : Screen(theHost, table) {
-  escMeans = "Right = Next Search  ::  Up / Down = Scroll  ::  Esc = Close";
+  escMeans = at("Text2").visible ? "Right = Next Search  ::  " : "";
+  escMeans += "Up / Down = Scroll  ::  Esc = Close";
   wire<FRMHLP>(*this, {
                           {"Text1",       On::Change,      &FRMHLP::searchFirst },
                           {"Text2",       On::Change,      &FRMHLP::searchSecond},
@@ -147,9 +169,10 @@ void FRMHLP::closed() {
   s.mhlpclosed = true;
 }
 
-void FRMHLP::show(std::shared_ptr<PageRows> found) {
+void FRMHLP::show(std::shared_ptr<PageRows> list) {
   Grid& grid = at("grdDataGrid").grid;
-  rows = std::move(found);
+  rows = std::move(list);
+  timerMs = rows->counted() ? 0 : kCountAfterMs;
   grid.source = rows;
   grid.moveTo(rows->begin());
 }
@@ -158,26 +181,21 @@ void FRMHLP::show(std::shared_ptr<PageRows> found) {
 void FRMHLP::search(size_t column) {
   set(at(column == 0 ? "Text2" : "Text1"), "");
   const std::string& typedText = at(column == 0 ? "Text1" : "Text2").text;
-  const auto& shown = rows->columns();
-  if (column >= shown.size()) return;
-  if (typedText.empty()) {
-    show(std::make_shared<PageRows>(*database, start));
-    return;
-  }
-  const bool named =
-      column < all.columns.size() && all.columns[column].name != "*" && all.columns[0].name != "*";
-  const std::string expression = named ? all.columns[column].expression : "[" + shown[column].name + "]";
-  const Select& from = searchesInsideFilter(session().mhlpmode) ? start : all;
-  show(std::make_shared<PageRows>(
-      *database,
-      filtered(from, likeText(filterText(expression, shown[column].type)), {anywhere(typedText)})));
+  if (column < rows->columns().size()) show(found(column, typedText));
 }
 
 void FRMHLP::move(int by) {
   Grid& grid = at("grdDataGrid").grid;
   if (grid.count() == 0) return;
   const auto now = static_cast<long>(grid.current == Grid::kNone ? 0 : grid.current);
-  grid.moveTo(static_cast<size_t>(std::max(now + by, 0L)));
+  const auto wanted = static_cast<size_t>(std::max(now + by, 0L));
+  rows->reach(wanted);
+  grid.moveTo(wanted);
+}
+
+void FRMHLP::tick() {
+  rows->countAll();
+  timerMs = 0;
 }
 
 void FRMHLP::toSecond() {

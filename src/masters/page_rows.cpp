@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr size_t kPageRows = 64, kPagesKept = 8;
+constexpr size_t kPageRows = 64, kPagesKept = 8, kCountAhead = 1000;
 
 bool isDate(const std::string& type) { return startsWithNoCase(type, "DATE"); }
 
@@ -18,32 +18,56 @@ std::string shown(const std::string& text, const std::string& type) {
 
 }  // namespace
 
-PageRows::PageRows(Database& database, Select select, const std::string& beginOn)
+PageRows::PageRows(Database& database, Select select, Counting counting, const std::string& beginOn)
     : database_(database), select_(std::move(select)) {
   if (select_.columns.empty()) return;
   // A column that no longer exists, a table that is gone: the list stays empty.
   database_.attempt([&] {
-    {
-      auto values = select_.values;
-      values.insert(values.end(), {Value(0), Value(0)});
-      const auto rows = database_.query(pageText(select_), values);
-      for (int i = 0; i < rows.count(); ++i) columns_.push_back({rows.names().at(i), rows.declaredType(i)});
-    }
-    if (beginOn.empty())
+    readColumns();
+    if (!beginOn.empty()) beginWith(beginOn);
+    if (counting == Counting::Whole)
       countAll();
     else
-      countUpTo(beginOn);
+      reach(begin_);
     return 0;
   });
 }
 
-void PageRows::countAll() {
-  count_ = static_cast<size_t>(database_.number(countText(select_), select_.values));
+void PageRows::readColumns() {
+  auto values = select_.values;
+  values.insert(values.end(), {Value(0), Value(0)});
+  const auto rows = database_.query(pageText(select_), values);
+  for (int i = 0; i < rows.count(); ++i) columns_.push_back({rows.names().at(i), rows.declaredType(i)});
 }
 
-// Counts all rows and, in the same pass, those that stand before the wanted one by the first term
-// of the order; from there on the rows of equal value are looked through.
-void PageRows::countUpTo(const std::string& code) {
+// Counting
+
+void PageRows::countAll() {
+  count_ = static_cast<size_t>(database_.number(countText(select_), select_.values));
+  counted_ = true;
+}
+
+void PageRows::reach(size_t row) {
+  // A first page that is not full tells the count without another pass over what a filter left.
+  if (!counted_ && count_ == 0 && begin_ == 0) {
+    const Page& first = page(0);
+    count_ = first.rows.size();
+    counted_ = count_ < firstRow(1);
+  }
+  // Each step goes further, so that walking to the end counts no row often.
+  while (!counted_ && row + kPageRows >= count_) countTo(std::max(row, 4 * count_) + kCountAhead);
+}
+
+void PageRows::countTo(size_t most) {
+  auto values = select_.values;
+  values.emplace_back(most);
+  count_ = static_cast<size_t>(database_.number(countUpToText(select_), values));
+  counted_ = count_ < most;
+}
+
+// Counts the rows that stand before the wanted one by the first term of the order; from there on
+// the rows of equal value are looked through.
+void PageRows::beginWith(const std::string& code) {
   constexpr size_t kLookThrough = 256;
   const OrderTerm order = firstOrder(select_);
   const bool plain =
@@ -54,28 +78,18 @@ void PageRows::countUpTo(const std::string& code) {
   wanted.columns = {
       {plain ? order.expression : "1", "wanted"}
   };
-  const auto row = database_.first(selectText(wanted) + " LIMIT 1", wanted.values);
-  if (!row || !plain || row->isNull(0)) {
-    countAll();
-    begin_ = row ? walkTo(code) : 0;
-    return;
-  }
-
-  Select both = select_;
-  both.order.clear();
-  both.columns = {
-      {"COUNT(*)",                                                                "rows"  },
-      {"TOTAL(" + order.expression + " < ? OR " + order.expression + " IS NULL)", "before"}
-  };
-  both.values.insert(both.values.begin(), row->value(0));
-  const auto counts = database_.first(selectText(both), both.values);
-  count_ = static_cast<size_t>(counts->number(0));
-  markRow_ = static_cast<size_t>(counts->number(1));
-  mark_ = row->value(0);
-  for (size_t i = markRow_; i < count_ && i < markRow_ + kLookThrough; ++i) {
-    if (!sameText(text(i, 0), code)) continue;
-    begin_ = i;
-    return;
+  const auto found = database_.first(selectText(wanted) + " LIMIT 1", wanted.values);
+  if (!found) return;
+  if (plain && !found->isNull(0)) {
+    const Select before =
+        filtered(select_, order.expression + " < ? OR " + order.expression + " IS NULL", {found->value(0)});
+    markRow_ = static_cast<size_t>(database_.number(countText(before), before.values));
+    mark_ = found->value(0);
+    for (begin_ = markRow_; begin_ < markRow_ + kLookThrough; ++begin_) {
+      const auto* const texts = row(begin_);
+      if (!texts) break;
+      if (sameText(texts->front(), code)) return;
+    }
   }
   begin_ = walkTo(code);
 }
@@ -86,6 +100,8 @@ size_t PageRows::walkTo(const std::string& code) const {
     if (sameText(rows.text(0), code)) return row;
   return 0;
 }
+
+// Reading
 
 // Pages are laid so that one of them begins at the mark.
 size_t PageRows::pageOf(size_t row) const { return (row + pageShift()) / kPageRows; }
@@ -116,25 +132,36 @@ const PageRows::Page& PageRows::page(size_t number) const {
   return pages_.front();
 }
 
+const std::vector<std::string>* PageRows::row(size_t number) const {
+  const Page& p = page(pageOf(number));
+  const size_t at = number - firstRow(p.number);
+  return at < p.rows.size() ? &p.rows[at] : nullptr;
+}
+
 Cell PageRows::cell(size_t row, size_t column) const {
   Cell cell;
   try {
     cell.text = text(row, column);
+    // The sign's place in front of STR's numbers.
+    if (column < columns_.size() && columns_[column].type.empty()) cell.text = ltrim(cell.text);
   } catch (const DatabaseError&) {
     // The next handler that reads the row tells the reason.
   }
   return cell;
 }
 
-std::string PageRows::text(size_t row, size_t column) const {
-  if (row >= count_ || column >= columns_.size()) return {};
-  const Page& p = page(pageOf(row));
-  const size_t at = row - firstRow(p.number);
-  return at < p.rows.size() ? p.rows[at][column] : std::string();
+std::string PageRows::text(size_t number, size_t column) const {
+  if (number >= count_ || column >= columns_.size()) return {};
+  const auto* const texts = row(number);
+  return texts ? (*texts)[column] : std::string();
 }
 
 std::string filterText(const std::string& expression, const std::string& declaredType) {
   if (startsWithNoCase(declaredType, "TEXT")) return expression;
   if (isDate(declaredType)) return "FORMAT(" + expression + ", 'dd/mmm/yyyy')";
-  return "NUMTEXT(" + expression + ")";
+  const std::string text = "NUMTEXT(" + expression + ")";
+  if (declaredType.empty()) return text;
+  // Whole numbers without a call for each row.
+  const std::string whole = "CAST(" + expression + " AS INTEGER)";
+  return "IIF(" + expression + " = " + whole + ", " + whole + ", " + text + ")";
 }

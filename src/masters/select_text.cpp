@@ -161,6 +161,11 @@ std::string countText(const Select& select) {
   return "SELECT COUNT(*)" + bodyText(select);
 }
 
+std::string countUpToText(const Select& select) {
+  const bool whole = select.distinct || !select.group.empty();
+  return "SELECT COUNT(*) FROM (" + (whole ? headText(select) : "SELECT 1") + bodyText(select) + " LIMIT ?)";
+}
+
 std::string pageText(const Select& select) { return selectText(select) + " LIMIT ? OFFSET ?"; }
 
 std::string firstColumnText(const Select& select) {

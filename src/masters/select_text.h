@@ -27,6 +27,8 @@ Select parseSelect(std::string_view statement, std::vector<Value> values = {});
 // A select by hand, in the order of its columns when it is DISTINCT and names no order.
 std::string selectText(const Select& select);
 std::string countText(const Select& select);
+// Counts no more rows than the number bound after the select's own values.
+std::string countUpToText(const Select& select);
 // With "LIMIT ? OFFSET ?" behind; they are bound after the select's own values.
 std::string pageText(const Select& select);
 // The first column, alone where that can be, in the rows' order.

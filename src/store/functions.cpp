@@ -33,11 +33,21 @@ void giveText(sqlite3_context* context, const std::string& text) {
   sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
 }
 
-std::string dateOrTime(const std::string& text, std::string_view pattern) {
+std::string dateOrTimeText(const std::string& text, std::string_view pattern) {
   if (const auto clock = parseClock(text))
     return formatTime({.hour = clock->hour, .minute = clock->minute}, pattern);
   const auto date = parseDate(text);
   return date ? formatDate(*date, pattern) : text;
+}
+
+// Rows mostly come in the order of their dates, so the last answer is often the next one too.
+const std::string& dateOrTime(const std::string& text, const std::string& pattern) {
+  thread_local std::string lastText, lastPattern, answer;
+  if (text == lastText && pattern == lastPattern) return answer;
+  answer = dateOrTimeText(text, pattern);
+  lastText = text;
+  lastPattern = pattern;
+  return answer;
 }
 
 // A text that is no number and no date comes back as it is; a null gives an empty text.
@@ -55,9 +65,9 @@ void val(sqlite3_context* context, int, sqlite3_value** args) {
 
 void str(sqlite3_context* context, int, sqlite3_value** args) {
   if (isNull(args[0])) return sqlite3_result_null(context);
-  const std::string text = textOf(args[0]);
   if (!isNumeric(args[0]))
-    if (const auto date = parseDate(text)) return giveText(context, formatDate(*date, "dd/mmm/yyyy"));
+    if (const auto date = parseDate(textOf(args[0])))
+      return giveText(context, formatDate(*date, "dd/mmm/yyyy"));
   const double number = numberOf(args[0]);
   giveText(context, (number < 0 ? "" : " ") + numText(number));
 }
@@ -68,7 +78,7 @@ void len(sqlite3_context* context, int, sqlite3_value** args) {
 }
 
 void numtext(sqlite3_context* context, int, sqlite3_value** args) {
-  if (isNull(args[0])) return sqlite3_result_null(context);
+  if (!isNumeric(args[0])) return sqlite3_result_value(context, args[0]);
   giveText(context, textOf(args[0]));
 }
 

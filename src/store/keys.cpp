@@ -26,12 +26,17 @@ constexpr Index indexes[] = {
     // Account statements read one party's period; the balances read all parties from the index alone.
     {"ALEDGER_PARTY",   "ALEDGER",   "PARTY_CD, VOUCH_DT, VOUCH_TYPE, VOUCH_AMT"},
     {"ALEDGER_VOUCHER", "ALEDGER",   "BOOK_CD, VOUCH_NO"                        },
-    // Voucher lookups show the latest first, numbers come from the last of a book.
-    {"SALE_LATEST",     "SALE",      "BOOK_CD, VOUCH_DT, BILL_NO, VOUCH_NO"     },
+    // Voucher lookups show the latest first and look for what is typed in this index alone.
+    {"SALE_LOOKUP",     "SALE",      "BOOK_CD, VOUCH_DT, BILL_NO, VOUCH_NO, PARTY_CD, SALE_CD, GSTPOST, NET_AMT, GR_NO, TRANSPORT, CNAME, CMOBNO"},
     {"SALE_DATE",       "SALE",      "VOUCH_DT, VOUCH_NO"                       },
     {"SALE_BOOK",       "SALE",      "BOOK_CD, VOUCH_NO"                        },
     {"SALE_BILL",       "SALE",      "BILL_NO, BL_TYPE"                         },
     {"SALE_PARTY",      "SALE",      "PARTY_CD, VOUCH_DT"                       },
+    // Lists of the values in use.
+    {"SALE_DESTI",      "SALE",      "DESTI"                                    },
+    {"SALE_NARRATION",  "SALE",      "NARRATION"                                },
+    {"SALE_GR_NO",      "SALE",      "GR_NO"                                    },
+    {"SALEITM_DESC",    "SALEITM",   "ITEM_DESC"                                },
     // Bill numbers go on from the last bill of a type, also where the type is new.
     {"SALE_TYPE",       "SALE",      "BL_TYPE, BOOK_CD, VOUCH_NO"               },
     {"SALEITM_ITEM",    "SALEITM",   "ITEM_CD, VOUCH_DT"                        },

@@ -1,6 +1,7 @@
 #include "masters/frmhlp.h"
 
 #include "base/text.h"
+#include "masters/lookup_search.h"
 #include "masters/page_rows.h"
 #include "masters_fixture.h"
 
@@ -234,6 +235,64 @@ TEST_F(LookupTest, PagesOverManyRowsAreWhole) {
   EXPECT_EQ(rows.text(400, 0), "");
 }
 
+TEST_F(LookupTest, ManyRowsAreCountedAsTheyAreReached) {
+  Transaction all(data());
+  for (int i = 0; i < 4000; ++i)
+    account("B" + std::to_string(10000 + i), "PARTY " + std::to_string(10000 + i));
+  all.commit();
+  lookUpWith([&] {
+    const auto& grid = host.at("grdDataGrid").grid;
+    EXPECT_LT(grid.count(), 2000u);
+    for (int i = 0; i < 700; ++i) host.key(KeyCode::PgDn);
+    EXPECT_EQ(grid.current, 3500u);
+    EXPECT_EQ(grid.cell(3500, 1).text, "PARTY 13498");
+    host.tick();
+    EXPECT_EQ(grid.count(), 4004u);
+    for (int i = 0; i < 120; ++i) host.key(KeyCode::PgDn);
+    EXPECT_EQ(grid.cell(grid.current, 1).text, "ZENITH") << "and stays on the last row";
+    host.escape();
+  });
+}
+
+TEST_F(LookupTest, ValuesReadInStepsAreTheDistinctOnes) {
+  int number = 0;
+  for (const char* text : {"FAN", "fan", "", " ", "BULB", "FAN", "પંખો", "O'BRIEN", "FAN 2"})
+    data().exec("INSERT INTO SALEITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_DESC) VALUES (1, 'SA', ?, ?)", ++number,
+                text);
+  data().exec("INSERT INTO SALEITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_DESC) VALUES (2, 'SA', 1, NULL)");
+  const Select plain = parseSelect("select DISTINCT[ITEM_DESC] from SALEITM WHERE LEN(ITEM_DESC)>0");
+  const auto steps = valueSteps(data(), plain);
+  ASSERT_TRUE(steps);
+  const auto texts = [](const Select& select) {
+    const PageRows rows(data(), select);
+    std::string all;
+    for (size_t i = 0; i < rows.count(); ++i) all += upper(rows.text(i, 0)) + "|";
+    return all;
+  };
+  EXPECT_EQ(texts(*steps), " |BULB|FAN|FAN 2|O'BRIEN|પંખો|");
+  EXPECT_EQ(texts(*steps), texts(plain));
+  // Without an index a step would read the whole table.
+  EXPECT_FALSE(valueSteps(data(), parseSelect("select DISTINCT[AREA] from ACCOUNT WHERE LEN(AREA)>0")));
+  EXPECT_FALSE(valueSteps(data(), parseSelect("select DISTINCT[ITEM_DESC] from SALEITM WHERE LEN(DESC1)>0")));
+}
+
+// A search among 100,000 bills is quick only while it reads one index in its own order.
+TEST_F(LookupTest, BillsAreSearchedInOneIndex) {
+  const Select bills = parseSelect(
+      "select SALE.VOUCH_NO, ACCOUNT.ACC_NAME, SALE.BL_TYPE from SALE, ACCOUNT where SALE.PARTY_CD = "
+      "ACCOUNT.ACC_CD AND "
+      "book_cd = 'SA' order by VOUCH_DT DESC, bill_no desc, vouch_no desc");
+  for (const char* column :
+       {"ACCOUNT.ACC_NAME", "SALE.GR_NO", "CNAME", "CMOBNO", "transport", "SALE.BILL_NO"}) {
+    const Select found = filtered(bills, typedCondition(bills, column), {anywhere("X")});
+    std::string plan;
+    for (auto r = data().query("EXPLAIN QUERY PLAN " + selectText(found), found.values); r.next();)
+      plan += r.text("detail") + "\n";
+    EXPECT_NE(plan.find("INDEX SALE_LOOKUP (BOOK_CD=?)"), std::string::npos) << column << plan;
+    EXPECT_EQ(plan.find("TEMP B-TREE"), std::string::npos) << column << plan;
+  }
+}
+
 TEST_F(LookupTest, BeginsOnARowWhateverTheOrder) {
   data().exec("DELETE FROM ACCOUNT");
   Transaction all(data());
@@ -249,7 +308,8 @@ TEST_F(LookupTest, BeginsOnARowWhateverTheOrder) {
       const std::string sql =
           std::string("select ACC_CD, ACC_NAME, CITY AS CITYNAME from ACCOUNT where ACC_CD > ?") +
           (*order ? " order by " : "") + order;
-      const PageRows rows(data(), parseSelect(sql, {"B"}), code);
+      PageRows rows(data(), parseSelect(sql, {"B"}), PageRows::Counting::Ahead, code);
+      rows.countAll();
       ASSERT_EQ(rows.count(), 600u);
       if (std::string(code) == "B9999")
         EXPECT_EQ(rows.begin(), 0u) << order;

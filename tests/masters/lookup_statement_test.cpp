@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "masters/lookup_search.h"
 #include "masters/select_text.h"
 
 namespace {
@@ -71,6 +72,18 @@ TEST(SelectText, ClausesAreFoundOutsideOfPiecesOnly) {
   EXPECT_EQ(selectText(companies), "SELECT DISTINCT comp_id, comp_name FROM compny ORDER BY 1, 2");
   EXPECT_TRUE(parseSelect("").columns.empty());
   EXPECT_TRUE(parseSelect("DELETE FROM ITEM").columns.empty());
+}
+
+TEST(SelectText, ColumnsOfKeyedTablesAreSearchedThere) {
+  const Select bills = parseSelect(
+      "select VOUCH_NO from (SALE LEFT JOIN ACCOUNT ON SALE.party_cd = ACCOUNT.acc_cd) LEFT JOIN ACCOUNT AS "
+      "ACCOUNT_1 ON SALE.SALE_CD = ACCOUNT_1.ACC_CD, SALEITM WHERE SALE.VOUCH_NO = SALEITM.VOUCH_NO");
+  const auto like = [](const std::string& column) { return column + " LIKE ? ESCAPE '\\'"; };
+  EXPECT_EQ(typedCondition(bills, "ACCOUNT.ACC_NAME"),
+            "+SALE.party_cd IN (SELECT ACC_CD FROM ACCOUNT WHERE " + like("ACC_NAME") + ")");
+  for (const char* plain : {"ACC_NAME", "ACCOUNT_1.ACC_NAME", "SALEITM.ITEM_DESC", "SALE.BILL_NO",
+                            "ITEM.ITEM_NAME", "TRIM(ACCOUNT.AREA)"})
+    EXPECT_EQ(typedCondition(bills, plain), like(plain));
 }
 
 TEST(SelectText, FilterAndPageGoIntoTheStatement) {
