@@ -129,8 +129,9 @@ void GridView::cover(int pixels) {
   stale_ = true;
 }
 
-// Keeps the row under the cursor in view; where there is none, the newest.
-void GridView::follow(bool moved, bool grown) {
+// Keeps the row under the cursor in view; where there is none, the newest. A fresh list that opens
+// in its middle shows the row behind one other, with what follows it.
+void GridView::follow(bool moved, bool grown, bool fresh) {
   const auto page = static_cast<size_t>(rowsInView());
   const size_t last = shown_.count > page ? shown_.count - page : 0;
   size_t first = std::min(shown_.first, last);
@@ -138,7 +139,8 @@ void GridView::follow(bool moved, bool grown) {
     if (grown || covered_ > 0) first = last;
   } else if (moved || stale_) {
     if (shown_.current < first) first = shown_.current;
-    if (shown_.current >= first + page) first = shown_.current + 1 - page;
+    if (shown_.current >= first + page)
+      first = fresh ? std::min(shown_.current - 1, last) : shown_.current + 1 - page;
   }
   const QSignalBlocker quiet(bar_);
   bar_->setPageStep(static_cast<int>(page));
@@ -168,7 +170,7 @@ void GridView::sync(const Situation& situation) {
   shown_.strongRow = strongRow;
   shown_.back = control_.back;
   if (!akin && current == Grid::kNone) shown_.first = 0;
-  follow(current != oldCurrent || otherSource, akin && count > oldCount);
+  follow(current != oldCurrent || otherSource, akin && count > oldCount, otherSource && !akin);
   std::vector<Row> old = std::move(shown_.rows);
   fetch();
   const bool all = whole || before != shown_.first;

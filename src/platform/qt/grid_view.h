@@ -41,7 +41,7 @@ class GridView : public QWidget, public ControlView {
   int rowsInView() const;
   QRect rowRect(size_t row) const;
   std::optional<size_t> rowAt(const QPoint& point) const;
-  void follow(bool moved, bool grown);
+  void follow(bool moved, bool grown, bool fresh);
   void fetch();
   void paintRow(QPainter& painter, size_t row) const;
   void paintCell(QPainter& painter, const QRect& box, const Cell& cell, size_t column, bool current) const;
