@@ -13,6 +13,8 @@ const Field* findField(const Fields& fields, std::string_view column) {
 
 void addDerived(Fields& fields) {
   if (const Field* opening = findField(fields, "OP_BAL")) fields.push_back({"CL_BAL", opening->value});
+  // The name that the column has in older databases; a column that is not there is passed over.
+  if (const Field* email = findField(fields, "EMAIL")) fields.push_back({"EMAIL_ID", email->value});
 }
 
 }  // namespace
@@ -47,11 +49,12 @@ void addAccount(Database& db, Fields fields) {
   insertRow(db, "ACCOUNT", fields);
 }
 
-void changeAccount(Database& db, std::string_view code, Fields fields) {
+bool changeAccount(Database& db, std::string_view code, Fields fields) {
   addDerived(fields);
   fields.push_back({"ANOTHER_CD", "S001"});
-  updateRows(db, "ACCOUNT", fields, "ACC_CD = ?", {code});
+  if (updateRows(db, "ACCOUNT", fields, "ACC_CD = ?", {code}) == 0) return false;
   db.exec("UPDATE ACCOUNT SET GSTREGTYP = '.' WHERE ACC_CD = ? AND COALESCE(GSTREGTYP, '') = ''", code);
+  return true;
 }
 
 bool accountHasSales(Database& db, std::string_view code) {

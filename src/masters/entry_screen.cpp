@@ -45,6 +45,13 @@ bool EntryScreen::mayClose() {
   return host.ask("Do you want to Exit", kQuestionTitle);
 }
 
+std::string EntryScreen::hintFor(const Control& control) const {
+  const bool mayStayEmpty = entering() && sameText(control.family, pattern_.fields) &&
+                            std::ranges::find(pattern_.optional, control.index) != pattern_.optional.end();
+  if (mayStayEmpty && trim(control.text).empty()) return "Press Enter For Help :: Tab = Leave Empty";
+  return ChildScreen::hintFor(control);
+}
+
 std::string EntryScreen::code() const { return trim(field(pattern_.key).text); }
 
 Go EntryScreen::refuse(const std::string& text) {
@@ -59,11 +66,17 @@ void EntryScreen::begin(const std::string& newMode, const std::string& newCaptio
   caption = newCaption;
   reason.clear();
   loaded_.clear();
-  escMeans = entering() ? "Esc = Cancel and Exit" : "Esc = Close";
+  escMeans = keysOfMode();
   clearFields();
   enableFields();
   showButtons();
   showNames("");
+}
+
+std::string EntryScreen::keysOfMode() const {
+  const std::string keys = mode.empty() ? pattern_.idleKeys : mode == "ADD" ? "" : pattern_.searches;
+  return keys + (keys.empty() ? "" : "  ::  ") + (mode.empty() ? "Ctrl+P = View  ::  " : "") +
+         (entering() ? "Esc = Cancel and Exit" : "Esc = Close");
 }
 
 void EntryScreen::add() {
@@ -205,12 +218,15 @@ void EntryScreen::update() {
 }
 
 // Locks, full disks and the like are told by the desk in the store's own words.
-bool EntryScreen::inTransaction(void (EntryScreen::*work)()) {
+bool EntryScreen::inTransaction(bool (EntryScreen::*work)()) {
   try {
     Transaction transaction(database());
-    (this->*work)();
-    transaction.commit();
-    return true;
+    const bool done = (this->*work)();
+    if (done)
+      transaction.commit();
+    else
+      say("Entry Not Saved\r\n" + missingCodeWords());
+    return done;
   } catch (const DatabaseError& error) {
     if (!error.mayBePassedOver()) throw;
     say("Entry Not Saved\r\n" + std::string(error.what()));
@@ -259,7 +275,7 @@ std::vector<ControlSpec> entryButtons(const std::string& updateCaption) {
   const auto place = [](int col) { return Place{.group = "buttons", .col = col}; };
   // clang-format off
   return {
-      {.name = "cmdUpdate", .kind = Kind::Button, .label = updateCaption, .at = place(0), .tab = 900, .visible = false},
+      {.name = "cmdUpdate", .kind = Kind::Button, .label = updateCaption, .at = place(0), .tab = 900, .visible = false, .hint = "Press Enter To Save"},
       {.name = "cmdCancel", .kind = Kind::Button, .label = "&Cancel",     .at = place(1), .tab = 901, .visible = false},
       {.name = "cmdAdd",    .kind = Kind::Button, .label = "&Add",        .at = place(2), .tab = 902},
       {.name = "cmdEdit",   .kind = Kind::Button, .label = "&Modify",     .at = place(3), .tab = 903},

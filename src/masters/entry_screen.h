@@ -24,12 +24,16 @@ struct EntryPattern {
   std::string idle, add, edit, del, view;  // captions by mode
   std::string viewMode = "PRINT";          // how the mode that only shows is called
   std::string idleHint = "Press Add Button For New Entry";
+  // Function keys for the mode strip: while no mode is on, and where a code is chosen.
+  std::string idleKeys = {}, searches = {};
   std::string deleteQuestion = "ARE YOU SURE";
 
   // The list of what is in use already, searched by its last column while a name is typed.
   std::string names, namesGrid;
   int name = 1;
 
+  // Fields whose Enter opens a lookup while they are empty, but which may stay so.
+  std::vector<int> optional = {};
   std::string video;  // tutorial link
 };
 
@@ -57,6 +61,8 @@ class EntryScreen : public ChildScreen {
   bool mayClose() override;
 
  protected:
+  std::string hintFor(const Control& control) const override;
+
   // What a screen adds.
   virtual Database& database() const;
   virtual std::string nextCode() { return {}; }    // ADD: empty where codes are typed
@@ -70,7 +76,8 @@ class EntryScreen : public ChildScreen {
   virtual const Control* missingField() const = 0;  // the first required field that is empty
   virtual bool mayEdit() { return true; }           // these three say themselves why not
   virtual bool maySave() { return true; }
-  virtual void store() = 0;  // inside the transaction
+  // Inside the transaction; false when the row is no longer there.
+  virtual bool store() = 0;
   virtual bool mayDelete(const std::string& code) = 0;
   virtual void erase(const std::string& code) = 0;     // inside the transaction
   virtual void saved(const std::string&) {}            // remembers the code
@@ -119,8 +126,12 @@ class EntryScreen : public ChildScreen {
   Go keyIsFree();
   Go keyIsChosen();
   void removeShown();
-  bool inTransaction(void (EntryScreen::*work)());
-  void eraseLoaded() { erase(loaded_); }
+  std::string keysOfMode() const;
+  bool inTransaction(bool (EntryScreen::*work)());
+  bool eraseLoaded() {
+    erase(loaded_);
+    return true;
+  }
 
   const EntryPattern pattern_;
   std::string caller_;

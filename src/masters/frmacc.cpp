@@ -110,25 +110,28 @@ EntryPattern accountPattern() {
       .edit = stem + " : EDIT MODE",
       .del = stem + " : DELETE MODE",
       .view = stem + " : VIEW MODE",
+      .searches = "F1 = Area  ::  F2 = City  ::  F3 = Person  ::  F4 = Name  ::  F5 = Phone",
       .names = "SELECT ACC_NAME FROM ACCOUNT order by acc_name",
       .namesGrid = "DataGrid1",
       .name = kName,
+      .optional = {kCity, kPinCode, kArea},
       .video = links().accountVideo,
   };
 }
 
-// Searches from any field, each by its own second column.
+// Searches from any field, each by its own second column. The type of a party, which older
+// databases had, is in none of them; its key lists by name.
 struct Search {
   KeyCode key;
   const char *second, *more, *order;
 };
 constexpr const char* kBalance = "FORMAT(cl_bal,'0.00') AS CLBAL";
 constexpr Search kSearches[] = {
-    {KeyCode::F1, "AREA",      "acc_NAME, CITY, ",                     "AREA"     },
-    {KeyCode::F2, "city",      "acc_NAME, area, person_nm, PRTYTYP, ", "CITY"     },
-    {KeyCode::F3, "person_nm", "acc_NAME, area, CITY, PRTYTYP, ",      "person_nm"},
-    {KeyCode::F4, "PRTYTYP",   "acc_NAME, area, CITY, person_nm, ",    "PRTYTYP"  },
-    {KeyCode::F5, "PHONE1",    "acc_NAME, area, CITY, PRTYTYP, ",      "person_nm"},
+    {KeyCode::F1, "AREA",      "acc_NAME, CITY, ",            "AREA"     },
+    {KeyCode::F2, "city",      "acc_NAME, area, person_nm, ", "CITY"     },
+    {KeyCode::F3, "person_nm", "acc_NAME, area, CITY, ",      "person_nm"},
+    {KeyCode::F4, "acc_NAME",  "area, CITY, person_nm, ",     "ACC_NAME" },
+    {KeyCode::F5, "PHONE1",    "acc_NAME, area, CITY, ",      "person_nm"},
 };
 
 }  // namespace
@@ -233,6 +236,7 @@ Go frmacc::nameIsFree() {
 // The six roots of the tree are not offered.
 Go frmacc::groupEntered() {
   if (!trim(field(kGroup).text).empty()) return groupIsKnown();
+  showGroupName();
   return lookUp(host, *this, field(kGroup),
                 {.mode = "twofld",
                  .table = "GRP where group_cd > 6 ORDER BY GROUP_NAME",
@@ -292,15 +296,14 @@ Go frmacc::stateEntered() {
 
 bool frmacc::maySave() { return nameIsFree() == Go::On && groupIsKnown() == Go::On; }
 
-void frmacc::store() {
+bool frmacc::store() {
   set(field(kCode), code());
   set(field(kName), trim(field(kName).text));
   Fields fields = written(holdings());
   for (Field& f : stamps()) fields.push_back(std::move(f));
-  if (mode == "ADD")
-    addAccount(data(), std::move(fields));
-  else
-    changeAccount(data(), loaded(), std::move(fields));
+  if (mode == "EDIT") return changeAccount(data(), loaded(), std::move(fields));
+  addAccount(data(), std::move(fields));
+  return true;
 }
 
 void frmacc::saved(const std::string& code) { session().mlastacc = code; }

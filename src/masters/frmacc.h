@@ -17,7 +17,7 @@ class frmacc : public EntryScreen {
   std::string existingCodeWords() const override { return "PARTY ALREADY EXISTS"; }
   const Control* missingField() const override;
   bool maySave() override;
-  void store() override;
+  bool store() override;
   bool mayDelete(const std::string& code) override;
   void erase(const std::string& code) override;
   void saved(const std::string& code) override;

@@ -21,7 +21,6 @@ enum : int {
   kPurchaseRate = 7,
   kSaleRate = 8,
   kMrp = 9,
-  kMinimumStock = 10,
   kOpeningStock = 11,
   kDiscount = 12,
   kDescription = 13,
@@ -30,7 +29,7 @@ enum : int {
   kHsn = 22,
 };
 
-constexpr int kDetailFields[] = {kSize,         kPurchaseRate, kSaleRate,    kMrp,    kMinimumStock,
+constexpr int kDetailFields[] = {kSize,         kPurchaseRate, kSaleRate,    kMrp,
                                  kOpeningStock, kDiscount,     kDescription, kRowCode};
 
 const std::vector<FieldColumn>& holdings() {
@@ -47,8 +46,9 @@ const std::vector<FieldColumn>& holdings() {
   return columns;
 }
 
+// No table keeps a least stock, so there is no field for one.
 constexpr const char* kRowsSelect =
-    "select ITEM_CD, SIZE_CD, PUR_RATE, SALE_RATE1, SALE_RATE2, MIN_STK, OP_STK, SALE_DISC, DESC1, CL_STK "
+    "select ITEM_CD, SIZE_CD, PUR_RATE, SALE_RATE1, SALE_RATE2, OP_STK, SALE_DISC, DESC1, CL_STK "
     "from TEMP_ITMDTL";
 
 // clang-format off
@@ -88,18 +88,16 @@ const ScreenSpec& itemTable() {
           {.name = "Text1", .index = kPurchaseRate, .label = "P. Rate",     .at = {.group = "entry", .col = 2}, .tab = 12, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Purchase Rate"},
           {.name = "Text1", .index = kSaleRate,     .label = "Sale Rate",   .at = {.group = "entry", .col = 3}, .tab = 13, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Sales Rate"},
           {.name = "Text1", .index = kMrp,          .label = "Mrp",         .at = {.group = "entry", .col = 4}, .tab = 14, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Mrp"},
-          {.name = "Text1", .index = kMinimumStock, .label = "Min. Stock",  .at = {.group = "entry", .col = 5}, .tab = 15, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Minimum Stock Qty"},
-          {.name = "Text1", .index = kOpeningStock, .label = "Op. Stock",   .at = {.group = "entry", .col = 6}, .tab = 16, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Opening Stock"},
-          {.name = "Text1", .index = kDiscount,     .label = "Discount",    .at = {.group = "entry", .col = 7}, .tab = 17, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Sale Discount"},
-          {.name = "Text1", .index = kDescription,  .label = "Description", .at = {.group = "entry", .col = 8}, .tab = 18, .limit = 20, .keys = KeyClass::Text, .hint = "Type Description And Press Enter"},
-          {.name = "lblKeys", .kind = Kind::Label,  .label = "Enter On A Row = Change  ::  F10 = Remove Row  ::  Page Down = Save", .at = {.group = "keys", .col = 0, .span = 9}, .style = Style::Quiet},
+          {.name = "Text1", .index = kOpeningStock, .label = "Op. Stock",   .at = {.group = "entry", .col = 5}, .tab = 16, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Opening Stock"},
+          {.name = "Text1", .index = kDiscount,     .label = "Discount",    .at = {.group = "entry", .col = 6}, .tab = 17, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Sale Discount"},
+          {.name = "Text1", .index = kDescription,  .label = "Description", .at = {.group = "entry", .col = 7}, .tab = 18, .limit = 20, .keys = KeyClass::Text, .hint = "Type Description And Press Enter"},
+          {.name = "lblKeys", .kind = Kind::Label,  .label = "Enter On A Row = Change  ::  F10 = Remove Row  ::  Page Down = Save", .at = {.group = "keys", .col = 0, .span = 8}, .style = Style::Quiet},
           {.name = "DataGrid1", .kind = Kind::Grid, .at = {.group = "rows"}, .tab = 20, .enabled = false, .hint = "Press Enter To Change Row :: F10 = Remove Row", .columns = {
               {.title = "Item Code",   .width = px(92)},
               {.title = "Unit",        .width = part(1)},
-              {.title = "P. Rate",     .width = px(86), .align = Align::Right, .money = true},
-              {.title = "Sale Rate",   .width = px(92), .align = Align::Right, .money = true},
-              {.title = "Mrp",         .width = px(86), .align = Align::Right, .money = true},
-              {.title = "Min. Stock",  .width = px(96), .align = Align::Right},
+              {.title = "P. Rate",     .width = px(102), .align = Align::Right, .money = true},
+              {.title = "Sale Rate",   .width = px(102), .align = Align::Right, .money = true},
+              {.title = "Mrp",         .width = px(102), .align = Align::Right, .money = true},
               {.title = "Op. Stock",   .width = px(92), .align = Align::Right},
               {.title = "Discount",    .width = px(88), .align = Align::Right},
               {.title = "Description", .width = part(1.4)},
@@ -125,10 +123,12 @@ EntryPattern itemPattern() {
       .view = stem + ": VIEW MODE",
       .viewMode = "VIEW",
       .idleHint = "Press Enter To Add New Record",
+      .searches = "F1 = Short Name  ::  F3 = Rate",
       .deleteQuestion = "ARE YOU SURE YOU WANT TO DELETE CURRENT RECORD",
       .names = "SELECT ITEM_NAME FROM ITEM order by item_name",
       .namesGrid = "DataGrid2",
       .name = kName,
+      .optional = {kHsn},
       .video = links().itemVideo,
   };
 }
@@ -246,13 +246,11 @@ Go FRMITEM1::nameIsFree() {
 }
 
 Go FRMITEM1::categoryEntered() {
-  if (trim(field(kCategory).text).empty())
-    return lookUp(host, *this, field(kCategory),
-                  {.mode = "twofld",
-                   .table = "DEPTMENT order by dept_name",
-                   .first = "DEPT_CD",
-                   .second = "DEPT_NAME"});
-  return categoryIsKnown();
+  if (!trim(field(kCategory).text).empty()) return categoryIsKnown();
+  showCategory();
+  return lookUp(
+      host, *this, field(kCategory),
+      {.mode = "twofld", .table = "DEPTMENT order by dept_name", .first = "DEPT_CD", .second = "DEPT_NAME"});
 }
 
 Go FRMITEM1::categoryIsKnown() {
@@ -310,7 +308,6 @@ ItemDetail FRMITEM1::typedDetail() const {
       .mrp = Val(field(kMrp).text),
       .discount = Val(field(kDiscount).text),
       .openingStock = Val(field(kOpeningStock).text),
-      .minimumStock = Val(field(kMinimumStock).text),
       .description = field(kDescription).text
   };
 }
@@ -364,7 +361,6 @@ Go FRMITEM1::pickRow() {
   set(field(kPurchaseRate), numText(detail->purchaseRate));
   set(field(kSaleRate), numText(detail->saleRate));
   set(field(kMrp), numText(detail->mrp));
-  set(field(kMinimumStock), numText(detail->minimumStock));
   set(field(kOpeningStock), numText(detail->openingStock));
   set(field(kDiscount), numText(detail->discount));
   set(field(kDescription), detail->description);
@@ -377,6 +373,7 @@ void FRMITEM1::removeRow() {
   const auto key = rowUnderCursor();
   if (!key || !entering() || !host.ask("ARE YOU SURE", kQuestionTitle)) return;
   removeItemDetail(data(), *key);
+  std::erase_if(renamings_, [&](const Renaming& r) { return r.to == *key; });
   if (picked_ == key) clearDetail();
   showRows();
   focus(field(kSize));
@@ -408,16 +405,15 @@ bool FRMITEM1::maySave() {
   return true;
 }
 
-void FRMITEM1::store() {
+bool FRMITEM1::store() {
   for (const int index : {kCode, kName}) set(field(index), trim(field(index).text));
   Fields head = written(holdings());
   for (Field& f : head)
     if (f.column == "ITEM_LNAME" && trim(f.value.text()).empty()) f.value = ".";
   for (Field& f : stamps()) head.push_back(std::move(f));
-  if (mode == "ADD")
-    addItem(data(), code(), std::move(head));
-  else
-    changeItem(data(), loaded(), std::move(head), renamings_);
+  if (mode == "EDIT") return changeItem(data(), loaded(), std::move(head), renamings_);
+  addItem(data(), code(), std::move(head));
+  return true;
 }
 
 void FRMITEM1::saved(const std::string& code) { session().mlastitem = code; }

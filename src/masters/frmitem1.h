@@ -24,7 +24,7 @@ class FRMITEM1 : public EntryScreen {
   std::string existingCodeWords() const override { return "ITEM ALLREADY EXIST"; }
   const Control* missingField() const override;
   bool maySave() override;
-  void store() override;
+  bool store() override;
   bool mayDelete(const std::string& code) override;
   void erase(const std::string& code) override;
   void saved(const std::string& code) override;

@@ -76,6 +76,18 @@ bool isGenerated(const SmallMaster& m) {
   return m.code == SmallCode::NextNumber || m.code == SmallCode::NextCategory;
 }
 
+// The tables that every company has. The menus lead to the first.
+struct Other {
+  KeyCode key;
+  const char* master;
+};
+constexpr Other kOthers[] = {
+    {KeyCode::F2, "catg"  },
+    {KeyCode::F3, "tax"   },
+    {KeyCode::F4, "TRANS" },
+    {KeyCode::F5, "grpmst"},
+};
+
 EntryPattern smallPattern(const SmallMaster& m) {
   const std::string stem(m.stem);
   return {
@@ -87,6 +99,7 @@ EntryPattern smallPattern(const SmallMaster& m) {
       .edit = stem + " EDIT MODE",
       .del = stem + " Delete MODE",
       .view = stem + " View MODE",
+      .idleKeys = m.inCatalogue ? "" : "F2 = Category  ::  F3 = Tax  ::  F4 = Transport  ::  F5 = Group",
       .names = std::string(m.list),
       .namesGrid = "DataGrid1",
       .name = m.name,
@@ -96,13 +109,26 @@ EntryPattern smallPattern(const SmallMaster& m) {
 
 }  // namespace
 
+template <size_t N>
+Go frmtaxmast::change() {
+  if (!mode.empty() || master_.inCatalogue) return Go::On;
+  session().mmastkey = kOthers[N].master;
+  host.close(*this);
+  host.open("frmtaxmast");
+  return Go::Stay;
+}
+
 frmtaxmast::frmtaxmast(Host& theHost)
     : frmtaxmast(theHost, smallMaster(session().mmastkey, session().mentrytype)) {}
 
 frmtaxmast::frmtaxmast(Host& theHost, const SmallMaster& master)
     : EntryScreen(theHost, tableFor(master), smallPattern(master)), master_(master) {
   wire<frmtaxmast>(*this, {
-                              {"txtFields", KeyCode::Enter, &frmtaxmast::fieldEntered}
+                              {"txtFields", KeyCode::Enter, &frmtaxmast::fieldEntered},
+                              {"",          KeyCode::F2,    &frmtaxmast::change<0>   },
+                              {"",          KeyCode::F3,    &frmtaxmast::change<1>   },
+                              {"",          KeyCode::F4,    &frmtaxmast::change<2>   },
+                              {"",          KeyCode::F5,    &frmtaxmast::change<3>   },
   });
 }
 
@@ -234,15 +260,15 @@ bool frmtaxmast::maySave() {
   return true;
 }
 
-void frmtaxmast::store() {
+bool frmtaxmast::store() {
   Fields fields = written(holdings());
   for (Field& f : stamps()) fields.push_back(std::move(f));
   const std::string table(master_.table);
-  if (mode == "ADD")
-    insertRow(database(), table, fields);
-  else
-    updateRows(database(), table, fields, std::string(master_.fields[0].column) + " = ?",
-               {smallCode(master_, loaded())});
+  if (mode == "EDIT")
+    return updateRows(database(), table, fields, std::string(master_.fields[0].column) + " = ?",
+                      {smallCode(master_, loaded())}) > 0;
+  insertRow(database(), table, fields);
+  return true;
 }
 
 // A transporter in use may go all the same.

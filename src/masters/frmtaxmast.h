@@ -4,7 +4,7 @@
 #include "masters/small_masters.h"
 
 // One screen for all small code tables; mmastkey (for users mentrytype) says which one it is
-// when it opens.
+// when it opens. While no mode is on, function keys change to another table.
 class frmtaxmast : public EntryScreen {
  public:
   explicit frmtaxmast(Host& host);
@@ -23,7 +23,7 @@ class frmtaxmast : public EntryScreen {
   std::string blankCodeWords() const override { return "Blank Not Allowed"; }
   const Control* missingField() const override;
   bool maySave() override;
-  void store() override;
+  bool store() override;
   bool mayDelete(const std::string& code) override;
   void erase(const std::string& code) override;
   bool keyMayChange() const override { return master_.code == SmallCode::ItsText; }
@@ -33,6 +33,8 @@ class frmtaxmast : public EntryScreen {
  private:
   frmtaxmast(Host& host, const SmallMaster& master);
 
+  template <size_t N>
+  Go change();
   Go fieldEntered();
   Go accountEntered(int index);
   Go groupEntered(int index);

@@ -48,26 +48,42 @@ Fields detailFields(const ItemDetail& d, const Fields& marks) {
       {"SALE_RATE2", d.mrp         },
       {"SALE_DISC",  d.discount    },
       {"OP_STK",     d.openingStock},
-      {"MIN_STK",    d.minimumStock},
       {"DESC1",      d.description },
   };
   fields.insert(fields.end(), marks.begin(), marks.end());
   return fields;
 }
 
-// The key of ITEMDTL allows one row an item. An item with several rows takes it away, as the
-// next update of the database would.
-void makeRoomForSizes(Database& db) {
-  if (db.first("SELECT ITEM_CD FROM TEMP_ITMDTL GROUP BY ITEM_CD HAVING COUNT(*) > 1"))
-    db.exec("DROP INDEX IF EXISTS main." + keyName("ITEMDTL"));
+void refuseSecondUnit(Database& db) {
+  const bool keyed = db.first(
+                           "SELECT 1 FROM main.sqlite_master WHERE type = 'index' AND name = ?"
+                           " COLLATE NOCASE",
+                           keyName("ITEMDTL"))
+                         .has_value();
+  const bool several =
+      keyed && db.first(
+                   "SELECT ITEM_CD FROM (SELECT ITEM_CD FROM TEMP_ITMDTL UNION ALL SELECT ITEM_CD FROM"
+                   " ITEMDTL WHERE ITEM_CD IN (SELECT ITEM_CD FROM TEMP_ITMDTL))"
+                   " GROUP BY ITEM_CD HAVING COUNT(*) > 1");
+  if (several)
+    throw DatabaseError(DatabaseError::Kind::constraint, {},
+                        "Only One Unit Can Be Kept For An Item In This Database\r\nRemove The Other Unit");
 }
 
-void storeDetails(Database& db) {
-  makeRoomForSizes(db);
-  // A row renamed to a pair that another item has already joins that row.
+// A row renamed to a pair that another item has already joins that row, with its stock.
+void joinStandingRows(Database& db) {
+  db.exec(
+      "UPDATE ITEMDTL SET OP_STK = ITEMDTL.OP_STK + WORK.OP_STK, CL_STK = ITEMDTL.CL_STK + WORK.CL_STK"
+      " FROM TEMP_ITMDTL AS WORK WHERE ITEMDTL.ITEM_CD = WORK.ITEM_CD AND ITEMDTL.SIZE_CD = WORK.SIZE_CD");
   db.exec(
       "DELETE FROM TEMP_ITMDTL WHERE EXISTS (SELECT 1 FROM ITEMDTL"
       " WHERE ITEMDTL.ITEM_CD = TEMP_ITMDTL.ITEM_CD AND ITEMDTL.SIZE_CD = TEMP_ITMDTL.SIZE_CD)");
+}
+
+// The item's own stored rows are gone already.
+void storeDetails(Database& db) {
+  joinStandingRows(db);
+  refuseSecondUnit(db);
   db.exec(std::string("INSERT INTO ITEMDTL (") + kShared + ") SELECT " + kShared + " FROM TEMP_ITMDTL");
   clearItemDetails(db);
 }
@@ -112,7 +128,6 @@ std::optional<ItemDetail> findItemDetail(Database& db, const ItemKey& key) {
       .mrp = row->number("SALE_RATE2"),
       .discount = row->number("SALE_DISC"),
       .openingStock = row->number("OP_STK"),
-      .minimumStock = row->number("MIN_STK"),
       .description = row->text("DESC1")
   };
 }
@@ -142,12 +157,13 @@ void addItem(Database& db, std::string_view code, Fields head) {
   head.push_back({"TAX_CD", 0});
   head.push_back({"RATEOFCESS", 0});
   insertRow(db, "ITEM", head);
+  db.exec("DELETE FROM ITEMDTL WHERE ITEM_CD = ?", code);
   db.exec("UPDATE TEMP_ITMDTL SET ITEM_CD = ?", code);
   storeDetails(db);
 }
 
-void changeItem(Database& db, std::string_view code, Fields head, const std::vector<Renaming>& renamings) {
-  updateRows(db, "ITEM", head, "ITEM_CD = ?", {code});
+bool changeItem(Database& db, std::string_view code, Fields head, const std::vector<Renaming>& renamings) {
+  if (updateRows(db, "ITEM", head, "ITEM_CD = ?", {code}) == 0) return false;
   const auto whole =
       db.all("SELECT SIZE_CD, DESC1 FROM ITEMDTL WHERE ITEM_CD = ? AND LENGTH(DESC1) > 20", code);
   db.exec("DELETE FROM ITEMDTL WHERE ITEM_CD = ?", code);
@@ -156,15 +172,18 @@ void changeItem(Database& db, std::string_view code, Fields head, const std::vec
     db.exec("UPDATE ITEMDTL SET DESC1 = ?1 WHERE ITEM_CD = ?2 AND SIZE_CD = ?3 AND DESC1 = SUBSTR(?1, 1, 20)",
             row.text("DESC1"), code, row.text("SIZE_CD"));
   for (const Renaming& renaming : renamings) RenameItem(db, renaming);
+  return true;
 }
 
 void RenameItem(Database& db, const Renaming& renaming) {
   for (const Naming& n : kNamings) {
     const std::string code(n.code), size(n.size);
-    db.attempt("UPDATE " + std::string(n.table) + " SET " + code + " = ?, " + size + " = ? WHERE " + code +
-                   " = ? AND " + size + " = ?",
+    db.attempt("UPDATE OR IGNORE " + std::string(n.table) + " SET " + code + " = ?, " + size + " = ? WHERE " +
+                   code + " = ? AND " + size + " = ?",
                renaming.to.code, renaming.to.size, renaming.from.code, renaming.from.size);
   }
+  db.attempt("DELETE FROM PRTYRATE WHERE ITEM_CD = ? AND SIZE_CD = ?", renaming.from.code,
+             renaming.from.size);
 }
 
 bool itemHasSales(Database& db, std::string_view code) {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/text.h"
 #include "store/database.h"
 #include "store/row_writer.h"
 
@@ -14,15 +15,18 @@
 
 inline constexpr const char* kItemWorkTable = "TEMP_ITMDTL";
 
+// Codes and units are told apart without regard to case, as the database does.
 struct ItemKey {
   std::string code, size;
-  bool operator==(const ItemKey&) const = default;
+  bool operator==(const ItemKey& other) const {
+    return sameText(code, other.code) && sameText(size, other.size);
+  }
 };
 
 struct ItemDetail {
   ItemKey key;
   double purchaseRate = 0, saleRate = 0, mrp = 0, discount = 0;
-  double openingStock = 0, minimumStock = 0;
+  double openingStock = 0;
   std::string description;
 };
 
@@ -48,12 +52,16 @@ void addItemDetail(Database& db, const ItemDetail& detail, const Fields& marks);
 void changeItemDetail(Database& db, const ItemKey& key, const ItemDetail& detail, const Fields& marks);
 void removeItemDetail(Database& db, const ItemKey& key);
 
-// Stores the head and the rows of the work table, which is empty afterwards. Inside a transaction.
+// These two store the head and the rows of the work table, which is empty afterwards, inside a
+// transaction. A database that has been updated has a key of one row an item: a second unit is a
+// DatabaseError there, in words for the user.
 void addItem(Database& db, std::string_view code, Fields head);
-void changeItem(Database& db, std::string_view code, Fields head, const std::vector<Renaming>& renamings);
+// False when there is no such item.
+bool changeItem(Database& db, std::string_view code, Fields head, const std::vector<Renaming>& renamings);
 
 // Carries a renaming through every table that names items; tables that the database does not
-// have are passed over. Where the new pair stands already the rows join it.
+// have are passed over. Where the new pair stands already the rows join it; a party's rate of the
+// same date stays as it is there.
 void RenameItem(Database& db, const Renaming& renaming);
 
 bool itemHasSales(Database& db, std::string_view code);

@@ -1,6 +1,8 @@
 #include "masters/items.h"
 
+#include "frame/full_disk.h"
 #include "masters_fixture.h"
+#include "store/keys.h"
 
 namespace {
 
@@ -81,7 +83,7 @@ TEST_F(ItemTest, OneEnterAfterTheOtherStoresAnItem) {
   EXPECT_EQ(host.text("Text1(6)"), "PCS") << "the first row is in the item's own unit";
   host.keys({KeyCode::Enter, KeyCode::Enter});
   host.type("1640");
-  host.keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
+  host.keys({KeyCode::Enter, KeyCode::Enter});
   host.type("25");
   host.enter();
   host.type("8");
@@ -113,8 +115,6 @@ TEST_F(ItemTest, WhatStandsInTheEntryRowBelongsToTheItem) {
 }
 
 TEST_F(ItemTest, AnItemMayHaveSeveralRows) {
-  // As an updated database has it: one row an item.
-  data().exec("CREATE UNIQUE INDEX ITEMDTL_KEY ON ITEMDTL (ITEM_CD)");
   head("FAN");
   detail("PCS", "100", "5");
   detail("BOX", "950", "10");
@@ -129,6 +129,24 @@ TEST_F(ItemTest, AnItemMayHaveSeveralRows) {
   EXPECT_EQ(rows("I0000001"), "PCS,100,5,0,0, BOX,950,10,0,0,");
 }
 
+TEST_F(ItemTest, AnUpdatedDatabaseKeepsOneUnitForAnItem) {
+  addKey(data(), {"ITEMDTL", "ITEM_CD"});
+  head("FAN");
+  detail("PCS", "100", "5");
+  detail("BOX", "950", "10");
+  host.press("cmdUpdate");
+  EXPECT_EQ(host.lastMessage(),
+            "Entry Not Saved\r\nOnly One Unit Can Be Kept For An Item In This Database\r\n"
+            "Remove The Other Unit");
+  EXPECT_EQ(row("SELECT ITEM_CD FROM ITEM WHERE ITEM_CD = 'I0000001'"), "none");
+  EXPECT_EQ(host.at("DataGrid1").grid.count(), 2u);
+  host.rowTo(host.at("DataGrid1"), 1);
+  host.answers = {true};
+  host.key(KeyCode::F10);
+  host.press("cmdUpdate");
+  EXPECT_EQ(rows("I0000001"), "PCS,100,5,0,0,");
+}
+
 TEST_F(ItemTest, HeadFieldsRefuse) {
   item("I0000005", "BULB", {"PCS"});
   host.fillEnter("Text1(1)", "bulb");
@@ -139,9 +157,10 @@ TEST_F(ItemTest, HeadFieldsRefuse) {
   host.insideModal.push_back([&] { host.enter(); });
   host.enter();
   EXPECT_EQ(host.text("lblCategory"), "MISC");
-  host.fill("Text1(0)", "I0000005");
+  host.fill("Text1(0)", "");
+  host.paste("i0000005");
   host.key(KeyCode::Tab);
-  EXPECT_EQ(host.lastMessage(), "ITEM ALLREADY EXIST");
+  EXPECT_EQ(host.lastMessage(), "ITEM ALLREADY EXIST") << "whatever its case";
   host.fill("Text1(0)", "FAN-1");
   host.fill("Text1(1)", "FAN");
   host.press("cmdUpdate");
@@ -206,14 +225,22 @@ TEST_F(ItemTest, ARowGivenAnotherCodeJoinsThatItem) {
   data().exec(
       "INSERT INTO SALEITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD, SIZE_CD) VALUES (1, 'SA', 1, 'I0000006', "
       "'PCS')");
+  for (const char* code : {"I0000005", "I0000006"})
+    for (const char* day : {"2026-04-01", code == std::string("I0000005") ? "2026-05-01" : "2026-06-01"})
+      data().exec(
+          "INSERT INTO PRTYRATE (RT_DT, ACC_CD, ITEM_CD, SIZE_CD, SALE_RATE1) VALUES (?, 'A00001', ?, "
+          "'PCS', ?)",
+          day, code, code == std::string("I0000005") ? 55 : 66);
   edit("I0000006");
   pick(0);
   host.fill("Text1(14)", "I0000005");
   host.go("Text1(13)");
   host.enter();
   host.press("cmdUpdate");
-  EXPECT_EQ(rows("I0000005"), "PCS,55,0,10,7,");
+  EXPECT_EQ(rows("I0000005"), "PCS,55,0,20,14,") << "with the stock of both";
   EXPECT_EQ(rows("I0000006"), "BOX,100,0,10,7,");
+  EXPECT_EQ(row("SELECT GROUP_CONCAT(ITEM_CD || SALE_RATE1) FROM (SELECT * FROM PRTYRATE ORDER BY RT_DT)"),
+            "I000000555.0,I000000555.0,I000000566.0");
   EXPECT_EQ(row("SELECT ITEM_CD FROM SALEITM"), "I0000005");
 }
 
@@ -279,16 +306,31 @@ TEST_F(ItemTest, SearchesFillTheCode) {
   EXPECT_EQ(host.text("Text1(1)"), "BULB");
 }
 
-TEST_F(ItemTest, AFailedSaveKeepsAllRows) {
+TEST_F(ItemTest, AFullDiskStoresNothingOfAnItem) {
   item("I0000005", "BULB", {"PCS"});
-  data().exec("CREATE TRIGGER full BEFORE INSERT ON ITEMDTL BEGIN SELECT RAISE(ABORT, 'no room'); END");
   edit("I0000005");
   host.fill("Text1(1)", "LAMP");
-  host.press("cmdUpdate");
-  EXPECT_EQ(host.lastMessage(), "Entry Not Saved\r\nno room");
+  detail("BOX", "950", "10");
+  {
+    const FullDisk full;
+    host.press("cmdUpdate");
+  }
+  EXPECT_NE(host.lastMessage().find("cannot be read or written"), std::string::npos);
   EXPECT_EQ(row("SELECT ITEM_NAME FROM ITEM WHERE ITEM_CD = 'I0000005'"), "BULB");
   EXPECT_EQ(rows("I0000005"), "PCS,100,0,10,7,");
-  EXPECT_EQ(host.at("DataGrid1").grid.count(), 1u);
+  EXPECT_EQ(host.at("DataGrid1").grid.count(), 2u);
+  host.press("cmdUpdate");
+  EXPECT_EQ(rows("I0000005"), "PCS,100,0,10,7, BOX,950,10,0,0,");
+}
+
+TEST_F(ItemTest, AnItemDeletedInTheMeantimeIsNotSaved) {
+  item("I0000005", "BULB", {"PCS"});
+  edit("I0000005");
+  deleteItem(data(), "I0000005");
+  loadItemDetails(data(), "I0000005");
+  host.press("cmdUpdate");
+  EXPECT_EQ(host.lastMessage(), "Entry Not Saved\r\nNO RECORD FOUND");
+  EXPECT_EQ(rows("I0000005"), "");
 }
 
 }  // namespace
