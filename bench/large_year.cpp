@@ -20,9 +20,9 @@ constexpr const char* kMobile = "9090909090";
 constexpr Clock kTime{10, 30};
 
 // Words that names are made of; a search for one of them finds one name in as many.
-constexpr const char* kPartyWords[] = {"ANAND",  "BHARAT", "CHETAN", "DEEPAK", "GANESH",  "HARI",   "JAYANT",
-                                       "KIRAN",  "LAXMI",  "MOHAN",  "NAVIN",  "PRAKASH", "RAMESH", "SAGAR",
-                                       "TRIDEV", "UMIYA",  "VIJAY"};
+constexpr const char* kPartyWords[] = {"ANAND",  "BHARAT", "CHETAN", "DEEPAK", "GANESH", "HARI",
+                                       "JAYANT", "KIRAN",  "LAXMI",  "MOHAN",  "NAVIN",  "PRAKASH",
+                                       "RAMESH", "SAGAR",  "TRIDEV", "UMIYA",  "VIJAY"};
 constexpr const char* kTrades[] = {"TRADERS", "ELECTRICALS", "STORES", "AGENCY", "BROTHERS"};
 constexpr const char* kAreas[] = {"STATION ROAD", "MAIN BAZAR", "GIDC ESTATE", "RING ROAD", "COLLEGE ROAD"};
 constexpr const char* kCities[] = {"ANAND", "NADIAD", "VADODARA", "SURAT", "BHARUCH", "RAJKOT", "MUMBAI"};
@@ -131,7 +131,8 @@ class Books {
   // The second line of a bill has a discount.
   void line(int n, Date day, int serial, bool own, Sums& sums) {
     const int item = itemOf(n, serial, size_.items);
-    const double quantity = 1 + (n * 7 + serial * 3) % 20, rate = rateOf(item), discount = serial == 2 ? 5 : 0;
+    const double quantity = 1 + (n * 7 + serial * 3) % 20, rate = rateOf(item),
+                 discount = serial == 2 ? 5 : 0;
     const TaxTexts split = *splitTax(kOwnState, own ? kOwnState : kOtherState, taxOf(item));
     LineValue value;
     value.value(quantity, rate, discount);
@@ -171,8 +172,9 @@ class Books {
         " TRANS_GOV_ID, GSTPOST, GWDN, SMAN_CD, USER_CD, CNAME, CMOBNO, CADRS, IRNNO, EINVNO, FORM_ISSUE,"
         " FREIGHT, PAY_MODE, NARRATION1, NARRATION2, AGNT_DOC, C_EX_REGNO, PRV_BNO, DIST_KM, PLA_NO)"
         " VALUES (?1, ?1, ?2, ?2, ?2, ?2, ?2, ?2, ?2, ?3, ?3, ?3, ?3, ?4, ?5, ?6, ?6, ?7, ?8, ?9, ?10, ?11,"
-        " ?12, ?13, ?14, ?15, ?16, ?17, 'N', 'SA', 'TAX', 'X90002', 'X90002', '', '', '', 'LOCAL', '', 1,"
-        " '.', 1, '1', 'S001', '', '.', '.', '.', '.', '.', '.', '.', '.', '.', '.', '.', '.', '0', '0', '0')",
+        " ?12, ?13, ?14, ?15, ?16, ?17, 'N', 'SA', 'TAX', 'X90002', 'X90002', '', '', '', 'LOCAL', '1', 1,"
+        " '.', 1, '1', 'S001', '', '.', '.', '.', '.', '.', '.', '.', '.', '.', '.', '.', '.', '0', '0', "
+        "'0')",
         n, day, kTime, formatDate(day, "dd/MMM/yyyy"), billNumber_, partyCode(party), pick(kAreas, party),
         creditDays, items, sums.quantity, taxes.cgst, taxes.sgst, taxes.igst, total.amount, roundOff, kMobile,
         stem_);

@@ -23,7 +23,8 @@ fs::path firstCompanyYear(const fs::path& folder) {
 
 void tellCounts(Database& db) {
   for (const char* table : {"ACCOUNT", "ITEM", "SALE", "SALEITM", "RPTPAY", "ALEDGER"})
-    std::cout << std::setw(8) << db.text(std::string("SELECT COUNT(*) FROM ") + table) << "  " << table << "\n";
+    std::cout << std::setw(8) << db.text(std::string("SELECT COUNT(*) FROM ") + table) << "  " << table
+              << "\n";
 }
 
 }  // namespace
