@@ -76,8 +76,7 @@ class BillTest : public ::testing::Test {
         ('A00001', 'PATEL TRADING CO', 24,   'ANAND',     '24ABCDE1234F1Z5', 30),
         ('A00002', 'MUMBAI STORES',    27,   'DADAR',     '27ABCDE1234F1Z5', 0),
         ('A00003', 'CASH',             NULL, '',          '',                0),
-        ('A00004', 'O''NEIL & ભાઈ',     24,   'ગાંધીનગર',   '',                0),
-        ('A00009', 'NOWHERE',          0,    '',          '',                0)))");
+        ('A00004', 'O''NEIL & ભાઈ',     24,   'ગાંધીનગર',   '',                0)))");
     addItem(db, "I0000001", "CEILING FAN", 18, 1640, 8);
     addItem(db, "I0000002", "PVC WIRE", 18);
     addItem(db, "I0000003", "SALT", 0, 20);

@@ -438,6 +438,7 @@ TEST_F(Gstsapu, EveryKeyOpensALookupThatReads) {
 TEST_F(Gstsapu, KeepsToTheOracle) {
   for (const double rate : {0.0, 0.25, 3.0, 5.0, 6.0, 12.0, 18.0, 28.0, 7.5, 1.005})
     addItem(db(), "T" + numText(rate * 1000), "TAXED", rate);
+  db().exec("INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, STATECD) VALUES ('A00009', 'NOWHERE', 85, 0)");
   const std::string folderHere = std::filesystem::path(MIRAV_TEST_DATA).parent_path();
   const std::unique_ptr<FILE, int (*)(FILE*)> pipe(
       popen(("python3 '" + folderHere + "/oracle.py' 20260615 400").c_str(), "r"), &pclose);
