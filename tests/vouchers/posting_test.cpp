@@ -1,0 +1,222 @@
+#include "vouchers/posting.h"
+
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <random>
+
+#include "store/alter.h"
+#include "store/balances.h"
+#include "vouchers/bill_fixture.h"
+#include "vouchers/receipts.h"
+
+namespace {
+
+class PostingTest : public BillTest {
+ protected:
+  // The fixture's parties make room for those of the year.
+  void fillYear(int bills, int seed = 20260615) {
+    db().exec("DELETE FROM ACCOUNT WHERE ACC_CD LIKE 'A%'");
+    ASSERT_EQ(oracle("fill", std::to_string(seed) + " " + std::to_string(bills)), 0);
+  }
+  int oracle(const std::string& task, const std::string& more = "") {
+    const auto script = std::filesystem::path(MIRAV_TEST_DATA).parent_path() / "posting_oracle.py";
+    return std::system(("python3 '" + script.string() + "' " + task + " '" + file() + "' " + more).c_str());
+  }
+  std::string file() const { return (folder / "M00126.mdb").string(); }
+  void reopen() { db().open(file()); }
+  // As the opening of a company-year does.
+  void openYear() {
+    postMissing(db());
+    refreshBalances(db());
+  }
+  std::string books() {
+    std::string all;
+    for (const char* select : {"SELECT rowid, * FROM ALEDGER ORDER BY rowid",
+                               "SELECT ACC_CD, ROUND(CL_BAL, 6) FROM ACCOUNT ORDER BY ACC_CD"})
+      for (auto rows = db().query(select); rows.next();) {
+        for (int i = 0; i < rows.count(); ++i) all += (rows.isNull(i) ? "NULL" : rows.text(i)) + "|";
+        all += "\n";
+      }
+    return all;
+  }
+  std::string rowsOf(const std::string& book, int number) {
+    return line("SELECT COUNT(*) FROM ALEDGER WHERE BOOK_CD = '" + book +
+                "' AND VOUCH_NO = " + std::to_string(number));
+  }
+};
+
+}  // namespace
+
+TEST_F(PostingTest, TheWholeLedgerIsWhatTheVouchersSay) {
+  fillYear(600);
+  db().exec(
+      "INSERT INTO ALEDGER (BOOK_CD, VOUCH_NO, PARTY_CD, VOUCH_TYPE, VOUCH_AMT) VALUES"
+      " ('SA', 9999, 'A00001', 'D', 5), ('JV', 1, 'A00001', 'C', 7)");
+  std::string told;
+  postAll(db(), [&](std::string_view words) { told += words; });
+  EXPECT_EQ(
+      told,
+      " Progress ....       Done \n Receipt Payment Posting ....       Done \n Sales Posting ....       Done "
+      "\n Challan Posting ....       Done \n Updating Closing Balanes .....       Done ");
+  EXPECT_EQ(oracle("check"), 0);
+
+  // All is as it was for the next writer.
+  EXPECT_EQ(
+      line("SELECT COUNT(*) FROM main.sqlite_master WHERE name IN ('ALEDGER_PARTY', 'ALEDGER_VOUCHER')"),
+      "2");
+  EXPECT_EQ(line("SELECT COUNT(*) FROM temp.sqlite_master WHERE name = 'TO_POST'"), "0");
+  EXPECT_THROW(db().exec("INSERT INTO ALEDGER (BOOK_CD) VALUES ('LONG')"), DatabaseError);
+  const std::string once = books();
+  postAll(db());
+  EXPECT_EQ(books(), once);
+}
+
+TEST_F(PostingTest, OpeningPostsWhatIsMissingAndNothingTwice) {
+  fillYear(300);
+  openYear();
+  EXPECT_EQ(oracle("check"), 0) << "an empty ledger is filled";
+  const std::string whole = books();
+  for (int i = 0; i < 10; ++i) openYear();
+  EXPECT_EQ(books(), whole);
+  postAll(db());
+  const std::string posted = books();
+  for (int i = 0; i < 10; ++i) openYear();
+  EXPECT_EQ(books(), posted);
+
+  // A third of the vouchers lose their rows, in each book.
+  db().exec("DELETE FROM ALEDGER WHERE VOUCH_NO % 3 = 1");
+  openYear();
+  EXPECT_EQ(oracle("check"), 0);
+}
+
+TEST_F(PostingTest, RowsOfADeletedBillStayUntilFullPosting) {
+  for (int n : {1, 2}) {
+    workLine(db(), "I0000001", 1, 1);
+    ASSERT_TRUE(saveBill(db(), saleBook(), bill(n), stamp(), Saving::Fresh));
+    db().exec("DELETE FROM T_SLITM");
+  }
+  saveMoneyVoucher(db(), moneyBook("RECEIPT"), {1, bill(1).date, kCashAccount, "A00001", 50, ""},
+                   Saving::Fresh);
+  deleteBill(db(), saleBook(), 2);
+  const std::string before = rowsOf("SA", 2);
+  openYear();
+  EXPECT_EQ(rowsOf("SA", 1), "5") << "what the save wrote is not posted again, taxes of nil included";
+  EXPECT_EQ(rowsOf("RC", 1), "2");
+  EXPECT_EQ(rowsOf("SA", 2), before);
+  EXPECT_EQ(line("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = 'A00001'"), "186");  // 118 twice less 50
+  postAll(db());
+  EXPECT_EQ(rowsOf("SA", 1), "4");
+  EXPECT_EQ(rowsOf("SA", 2), "0");
+  EXPECT_EQ(line("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = 'A00001'"), "68");
+}
+
+TEST_F(PostingTest, OldAndBrokenDatabasesArePostedAsFarAsTheyGo) {
+  fillYear(60);
+  for (const char* table : {"T_ACLST", "T_SLITM", "T_FINALNEW", "CAL"})
+    db().exec(std::string("DROP TABLE main.") + table);
+  reopen();
+  postAll(db());
+  EXPECT_EQ(oracle("check"), 0) << "work tables are gone";
+
+  const std::string others = "SELECT COUNT(*) FROM ALEDGER WHERE PARTY_CD <> 'X90063'";
+  const std::string before = line(others);
+  dropColumn(db(), "SALE", "TIGSTRT");
+  postAll(db());
+  EXPECT_EQ(line(others), before) << "a column is gone";
+  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER WHERE PARTY_CD = 'X90063'"), "0");
+
+  db().exec("DROP TABLE CHLN");
+  postAll(db());
+  openYear();
+  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER WHERE BOOK_CD = 'CH'"), "0");
+  EXPECT_NE(line("SELECT COUNT(*) FROM ALEDGER WHERE BOOK_CD = 'SA'"), "0");
+
+  for (const char* table : {"SALE", "RPTPAY"}) db().exec(std::string("DELETE FROM ") + table);
+  postAll(db());
+  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER"), "0");
+  EXPECT_EQ(line("SELECT COUNT(*) FROM ACCOUNT WHERE CL_BAL <> COALESCE(OP_BAL, 0)"), "0");
+}
+
+TEST_F(PostingTest, AStopInTheMiddleLeavesTheOldBooksWhole) {
+  fillYear(1500);
+  db().exec(
+      "INSERT INTO ALEDGER (BOOK_CD, VOUCH_NO, PARTY_CD, VOUCH_TYPE, VOUCH_AMT) VALUES ('JV', 1, 'A00001', "
+      "'D', 5)");
+  refreshBalances(db());
+  const std::string old = books();
+  db().close();
+  std::mt19937 random(7);
+  int left = 0;
+  for (int i = 0; i < 12; ++i) {
+    const pid_t child = fork();
+    if (child == 0) {
+      Database own;
+      own.open(file());
+      for (;;) postAll(own);
+    }
+    usleep(static_cast<useconds_t>(20'000 + random() % 60'000));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    reopen();
+    EXPECT_EQ(line("PRAGMA integrity_check"), "ok");
+    if (books() == old)
+      ++left;
+    else
+      EXPECT_EQ(oracle("check"), 0);
+    // The old books again, for the next stop.
+    db().exec("DELETE FROM ALEDGER");
+    db().exec(
+        "INSERT INTO ALEDGER (BOOK_CD, VOUCH_NO, PARTY_CD, VOUCH_TYPE, VOUCH_AMT) VALUES ('JV', 1, 'A00001', "
+        "'D', 5)");
+    refreshBalances(db());
+    ASSERT_EQ(books(), old);
+    db().close();
+  }
+  reopen();
+  RecordProperty("old books left", left);
+}
+
+TEST_F(PostingTest, AFullDiskIsToldAndTheScreenStaysAsItWas) {
+  fillYear(1500);
+  postAll(db());
+  db().exec("DELETE FROM ALEDGER WHERE rowid > 10");
+  db().exec("VACUUM");
+  refreshBalances(db());
+  const std::string old = books();
+  host.open("FRMPOST", {});
+
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit full{std::filesystem::file_size(file()) + 40'000, before.rlim_max};
+  const auto handler = signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &full);
+  host.press("cmdPOST");
+  setrlimit(RLIMIT_FSIZE, &before);
+  signal(SIGXFSZ, handler);
+
+  ASSERT_EQ(host.messages.size(), 1U);
+  EXPECT_EQ(host.messages[0].title, "Mirav Message");
+  EXPECT_EQ(host.onTop(), "FRMPOST");
+  EXPECT_TRUE(host.at("cmdcancel").enabled);
+  EXPECT_FALSE(host.isBusy);
+  EXPECT_NE(host.text("Label1").find("The Books Are As They Were"), std::string::npos);
+  EXPECT_EQ(books(), old);
+  host.press("cmdPOST");
+  EXPECT_EQ(host.lastMessage(), "POSTING IS COMPLETE");
+  EXPECT_EQ(host.onTop(), "");
+  EXPECT_EQ(oracle("check"), 0);
+}
+
+TEST_F(PostingTest, OpeningWithNothingMissingWaitsForNobody) {
+  fillYear(30);
+  openYear();
+  Database other;
+  other.open(file());
+  const Transaction writing(other);
+  const auto start = std::chrono::steady_clock::now();
+  postMissing(db());
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+}

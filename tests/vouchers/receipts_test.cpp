@@ -1,0 +1,370 @@
+#include "vouchers/receipts.h"
+
+#include "store/balances.h"
+#include "vouchers/bill_fixture.h"
+
+namespace {
+
+constexpr Date kDay{std::chrono::year{2026}, std::chrono::June, std::chrono::day{15}};
+
+class ReceiptsTest : public BillTest {
+ protected:
+  ReceiptsTest() {
+    db().exec("UPDATE ACCOUNT SET OP_BAL = 1000, CL_BAL = 38460 WHERE ACC_CD = 'A00001'");
+    addAccount("B00001", "NAVRANG BANK", 87);
+    session().mentrytype = "RECEIPT";
+  }
+  void addAccount(const char* code, const char* name, int group) {
+    db().exec("INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, OP_BAL, CL_BAL) VALUES (?, ?, ?, 0, 0)", code,
+              name, group);
+  }
+  static MoneyVoucher money(double number, double amount) {
+    return {.number = number,
+            .date = kDay,
+            .account = kCashAccount,
+            .party = "A00001",
+            .amount = amount,
+            .narration = " O'NEIL, ભાગ 1 "};
+  }
+  std::string balance(const std::string& code) {
+    return line("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = '" + code + "'");
+  }
+  std::string ledger(const std::string& book) {
+    return line(
+        "SELECT GROUP_CONCAT(VOUCH_TYPE || ' ' || PARTY_CD || ' ' || PARTY_TCD || ' ' || NUMTEXT(VOUCH_AMT),"
+        " ', ') FROM (SELECT * FROM ALEDGER WHERE BOOK_CD = '" +
+        book + "' ORDER BY rowid)");
+  }
+
+  // On the screen.
+  void open(const Entry& entry = {}) { host.open("bwrcpy", entry); }
+  void startReceipt(const std::string& party, const std::string& amount) {
+    host.press("cmdAdd");
+    host.enter();
+    host.fillEnter("txtFields(3)", party);
+    host.fillEnter("txtFields(4)", amount);
+    host.enter();
+  }
+  void save() {
+    host.insideModal.push_back([this] {
+      closingWords = host.text("Label1");
+      host.enter();
+    });
+    host.enter();
+  }
+  std::string stored() {
+    return line(
+        "SELECT GROUP_CONCAT(BOOK_CD || NUMTEXT(VOUCH_NO) || ' ' || NUMTEXT(AMOUNT), ', ') FROM"
+        " (SELECT * FROM RPTPAY ORDER BY rowid)");
+  }
+};
+
+}  // namespace
+
+TEST_F(ReceiptsTest, AVoucherIsOneRowAndTwoOfTheLedger) {
+  db().exec("UPDATE ACCOUNT SET GSTINNO = NULL WHERE ACC_CD = 'A00003'");
+  db().exec(
+      "INSERT INTO ALEDGER (BOOK_CD, VOUCH_NO, PARTY_CD, VOUCH_TYPE, VOUCH_AMT) VALUES"
+      " ('CM', 7, 'A00002', 'D', 1), ('CM', 8, 'A00002', 'D', 2), ('PY', 7, 'A00002', 'D', 3)");
+  ASSERT_TRUE(saveMoneyVoucher(db(), moneyBook("RECEIPT"), money(7, 1500.5), Saving::Fresh));
+  EXPECT_EQ(
+      line("SELECT VOUCH_NO, VOUCH_DT, REF_NO, BOOK_CD, CSHBNK_CD, PARTY_CD, AMOUNT, RPTPAY_DTL, NARRATION,"
+           " NARRATION1, NARRATION2, CHQ_NO, CHQ_CLG_DT, VOUCH_TYPE FROM RPTPAY"),
+      "7|2026-06-15|7|RC|X90005|A00001|1500.5|A|O'NEIL, ભાગ 1|.|.|.|2026-06-15|.");
+  const std::string common = "|1500.5|7|O'NEIL, ભાગ 1|0|.|2026-06-15|A|.||7|0|2026-06-15|7|RC";
+  const std::string columns =
+      "SELECT VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT, PARTY_BL, NARRATION, SUB_DESC, CHQ_NO, CHQ_CLG_DT,"
+      " BW_AB, NARR1, REF_NO, SRNO, GSTPOST, VOUCH_DT, VOUCH_NO, BOOK_CD FROM ALEDGER WHERE BOOK_CD = 'RC'";
+  EXPECT_EQ(line(columns + " AND VOUCH_TYPE = 'D'"), "D|X90005|A00001" + common);
+  EXPECT_EQ(line(columns + " AND VOUCH_TYPE = 'C'"), "C|A00001|X90005" + common);
+  // Of the former book only the same number goes, of other kinds nothing.
+  EXPECT_EQ(line("SELECT GROUP_CONCAT(BOOK_CD || NUMTEXT(VOUCH_NO)) FROM ALEDGER WHERE BOOK_CD <> 'RC'"),
+            "CM8,PY7");
+  EXPECT_EQ(balance("X90005"), "1500.5");
+  EXPECT_EQ(balance("A00001"), "-500.5");
+  EXPECT_EQ(line("SELECT GSTINNO FROM ACCOUNT WHERE ACC_CD = 'A00003'"), ".");
+}
+
+TEST_F(ReceiptsTest, TheKindsDifferInBookNumberAndSides) {
+  struct Case {
+    const char *entryType, *title, *ledger, *cash, *party;
+  };
+  // Opening balance of the party 1000, of cash 0; 250 each.
+  const Case cases[] = {
+      {"RECEIPT", "RECEIPT ENTRY", "D X90005 A00001 250, C A00001 X90005 250", "250", "750" },
+      {"PAYMENT", "PAYMENT ENTRY", "C X90005 A00001 250, D A00001 X90005 250", "0",   "1000"},
+      {"INCOME",  "INCOME ENTRY",  "D X90005 A00001 250, C A00001 X90005 250", "250", "750" },
+      {"EXPENSE", "EXPENSE ENTRY", "C X90005 A00001 250, D A00001 X90005 250", "0",   "1000"},
+  };
+  for (const Case& c : cases) {
+    const MoneyBook& book = moneyBook(c.entryType);
+    EXPECT_EQ(book.title, c.title);
+    EXPECT_EQ(nextMoneyNumber(db(), book), 1) << c.entryType;
+    ASSERT_TRUE(saveMoneyVoucher(db(), book, money(1, 250), Saving::Fresh));
+    EXPECT_EQ(ledger(book.code), c.ledger) << c.entryType;
+    EXPECT_EQ(balance("X90005"), c.cash) << c.entryType;
+    EXPECT_EQ(balance("A00001"), c.party) << c.entryType;
+    EXPECT_EQ(nextMoneyNumber(db(), book), 2) << c.entryType;
+  }
+  EXPECT_EQ(stored(), "RC1 250, PY1 250, IC1 250, EP1 250");
+}
+
+TEST_F(ReceiptsTest, AModifyReplacesAndADeletionTakesBack) {
+  const MoneyBook& book = moneyBook("RECEIPT");
+  saveMoneyVoucher(db(), book, money(1, 400), Saving::Fresh);
+  saveMoneyVoucher(db(), book, money(2, 50), Saving::Fresh);
+  EXPECT_FALSE(saveMoneyVoucher(db(), book, money(2, 99), Saving::Fresh));
+  EXPECT_EQ(stored(), "RC1 400, RC2 50");
+
+  MoneyVoucher changed = money(1, 300);
+  changed.party = "A00002";
+  ASSERT_TRUE(saveMoneyVoucher(db(), book, changed, Saving::Again));
+  EXPECT_EQ(stored(), "RC1 300, RC2 50");
+  EXPECT_EQ(balance("X90005"), "350");
+  EXPECT_EQ(balance("A00002"), "-300");
+  // The party that it was taken from keeps what it had until the balances are refreshed.
+  EXPECT_EQ(balance("A00001"), "550");
+  refreshBalances(db());
+  EXPECT_EQ(balance("A00001"), "950");
+
+  deleteMoneyVoucher(db(), book, 1);
+  EXPECT_EQ(ledger("RC"), "D X90005 A00001 50, C A00001 X90005 50");
+  EXPECT_EQ(balance("A00002"), "0");
+  EXPECT_EQ(balance("X90005"), "50");
+  deleteMoneyVoucher(db(), book, 9);
+  EXPECT_EQ(stored(), "RC2 50");
+}
+
+TEST_F(ReceiptsTest, ASaveThatFailsInTheMiddleLeavesNothing) {
+  db().exec(
+      "CREATE TRIGGER NO_CREDIT BEFORE INSERT ON ALEDGER WHEN NEW.VOUCH_TYPE = 'C'"
+      " BEGIN SELECT RAISE(ABORT, 'no'); END");
+  EXPECT_THROW(saveMoneyVoucher(db(), moneyBook("RECEIPT"), money(1, 5), Saving::Fresh), DatabaseError);
+  EXPECT_EQ(line("SELECT (SELECT COUNT(*) FROM RPTPAY), (SELECT COUNT(*) FROM ALEDGER)"), "0|0");
+  EXPECT_EQ(balance("A00001"), "38460");
+}
+
+TEST_F(ReceiptsTest, MoneyIsTakenByKeysAlone) {
+  open();
+  EXPECT_EQ(host.screen().caption, "RECEIPT ENTRY");
+  EXPECT_EQ(host.hint(), "Press Add Button to Enter New Voucher");
+  EXPECT_TRUE(host.at("SCR1").visible);
+  host.press("cmdAdd");
+  EXPECT_EQ(host.screen().caption, "RECEIPT ENTRY : ADD MODE");
+  EXPECT_FALSE(host.at("SCR1").visible);
+  EXPECT_EQ(host.focus(), "MaskEdBox1(0)");
+  EXPECT_EQ(host.text("txtFields(0)"), "1");
+  EXPECT_EQ(host.text("txtFields(10)"), "CASH A/C");
+  EXPECT_FALSE(host.at("txtFields(2)").enabled);
+  host.keys({KeyCode::F1, KeyCode::Up, KeyCode::PgUp});
+  EXPECT_EQ(host.text("MaskEdBox1(0)"), "02/05/2026");
+  host.enter();
+  EXPECT_EQ(host.focus(), "txtFields(3)");
+  host.type("a00001");
+  host.enter();
+  EXPECT_EQ(host.text("txtFields(9)"), "PATEL TRADING CO");
+  EXPECT_EQ(host.text("txtFields(5)"), "38460");
+  EXPECT_EQ(host.hint(), "Enter AMOUNT In Figures");
+  host.type("0");
+  host.enter();
+  EXPECT_EQ(host.lastMessage(), "CAN NOT ACCEPT");
+  EXPECT_EQ(host.focus(), "txtFields(4)");
+  host.fillEnter("txtFields(4)", "1180");
+  EXPECT_FALSE(host.at("cmdUpdate").enabled);
+  host.type("by hand");
+  host.enter();
+  EXPECT_EQ(host.focus(), "cmdUpdate");
+  // Leaving the button shuts it again.
+  host.keys({Key::Shift(KeyCode::Tab)});
+  EXPECT_FALSE(host.at("cmdUpdate").enabled);
+  host.go("txtFields(7)");
+  host.enter();
+  save();
+  EXPECT_EQ(closingWords, std::string(60, ' ') +
+                              "RECEIPT ENTRY Saved\n   Entry No   : 1\n   Party Name : PATEL TRADING CO\n"
+                              "   AMOUNT     : 1180\n\n   Press ok to Proceed ");
+  EXPECT_EQ(host.focus(), "cmdAdd");
+  EXPECT_EQ(host.screen().mode, "");
+  EXPECT_EQ(line("SELECT VOUCH_DT, NARRATION, AMOUNT FROM RPTPAY"), "2026-05-02|BY HAND|1180");
+  EXPECT_EQ(balance("A00001"), "-180");
+  EXPECT_EQ(host.cell("DataGrid1", 0, 2), "PATEL TRADING CO");
+}
+
+TEST_F(ReceiptsTest, WhatIsRefused) {
+  open();
+  host.press("cmdAdd");
+  struct Case {
+    const char *field, *typed, *words, *left;
+  };
+  const Case cases[] = {
+      {"MaskEdBox1(0)", "31/10/2026", "Pl. Enter Date Between 01/Apr/2026 and 31/Mar/2027", "31/10/2026"},
+      {"txtFields(3)",  "Z00000",     "PARTY DOES NOT EXIST",                               "Z00000"    },
+      {"txtFields(3)",  "x90005",     " BOTH THE CODE CAN NOT BE SAME",                     ""          },
+      {"txtFields(4)",  "-5",         "CAN NOT ACCEPT",                                     "-5"        },
+  };
+  for (const Case& c : cases) {
+    if (c.field == std::string("MaskEdBox1(0)")) {
+      host.go(c.field);
+      Screen::set(host.at(c.field), c.typed);
+      host.enter();
+    } else {
+      host.fillEnter(c.field, c.typed);
+    }
+    EXPECT_EQ(host.lastMessage(), c.words);
+    EXPECT_EQ(host.text(c.field), c.left) << c.words;
+    EXPECT_EQ(host.focus(), c.field) << c.words;
+  }
+  // The save tests codes and number again, but not the amount.
+  Screen::set(host.at("MaskEdBox1(0)"), "15/06/2026");
+  host.go("txtFields(7)");
+  host.enter();
+  host.enter();
+  EXPECT_EQ(host.messages.back().text, "Invalid Entry");
+  EXPECT_EQ(host.messages.back().title, "Mirav Check");
+  EXPECT_EQ(host.screen().mode, "ADD");
+  host.fillEnter("txtFields(3)", "A00001");
+  host.fill("txtFields(4)", "0");
+  host.go("txtFields(7)");
+  host.enter();
+  save();
+  EXPECT_EQ(stored(), "RC1 0");
+  EXPECT_EQ(ledger("RC"), "D X90005 A00001 0, C A00001 X90005 0");
+}
+
+TEST_F(ReceiptsTest, NumbersByMode) {
+  saveMoneyVoucher(db(), moneyBook("RECEIPT"), money(4, 75), Saving::Fresh);
+  open();
+  host.press("cmdAdd");
+  EXPECT_EQ(host.text("txtFields(0)"), "5");
+  host.fillEnter("txtFields(0)", "4");
+  EXPECT_EQ(host.lastMessage(), "VOUCHER ALREADY EXISTS");
+  EXPECT_EQ(host.text("txtFields(0)"), "");
+  host.fillEnter("txtFields(0)", "9");
+  EXPECT_EQ(host.focus(), "MaskEdBox1(0)");
+  host.answers = {true};
+  host.escape();
+
+  host.press("cmdEdit");
+  host.fillEnter("txtFields(0)", "9");
+  EXPECT_EQ(host.lastMessage(), "VOUCHER DOES NOT EXISTS");
+  EXPECT_EQ(host.focus(), "txtFields(0)");
+  host.fillEnter("txtFields(0)", "4");
+  EXPECT_EQ(host.focus(), "MaskEdBox1(0)");
+  EXPECT_EQ(host.text("txtFields(9)"), "PATEL TRADING CO");
+  // Another number typed over the one that is shown must not be written under.
+  host.fill("txtFields(0)", "6");
+  host.go("txtFields(7)");
+  host.enter();
+  host.enter();
+  EXPECT_EQ(host.lastMessage(), "VOUCHER DOES NOT EXISTS");
+  EXPECT_EQ(stored(), "RC4 75");
+  host.press("cmdCancel");
+
+  host.key(Key::Ctrl('P'));
+  EXPECT_EQ(host.screen().mode, "VIEW");
+  host.fillEnter("txtFields(0)", "1");
+  EXPECT_EQ(host.lastMessage(), "VOUCHER DOES NOT EXIST");
+  host.fillEnter("txtFields(0)", "4");
+  EXPECT_EQ(host.text("txtFields(4)"), "75");
+  EXPECT_FALSE(host.at("txtFields(4)").enabled);
+  host.escape();
+
+  host.press("cmdDelete");
+  host.fillEnter("txtFields(0)", "1");
+  EXPECT_EQ(host.lastMessage(), "PARTY DOES NOT EXIST");
+  host.answers = {false, true};
+  host.fillEnter("txtFields(0)", "4");
+  EXPECT_EQ(stored(), "RC4 75");
+  host.fillEnter("txtFields(0)", "4");
+  EXPECT_EQ(host.questions.back().text, "ARE YOU SURE");
+  EXPECT_EQ(line("SELECT COUNT(*) FROM RPTPAY"), "0");
+  EXPECT_EQ(balance("A00001"), "1000");
+}
+
+TEST_F(ReceiptsTest, ANumberTakenMeanwhileIsNotWrittenOver) {
+  open();
+  startReceipt("A00001", "10");
+  saveMoneyVoucher(db(), moneyBook("RECEIPT"), money(1, 75), Saving::Fresh);
+  host.enter();
+  EXPECT_EQ(host.messages.back().text, "Voucher No. already exists");
+  EXPECT_EQ(host.messages.back().title, "Mirav Message");
+  EXPECT_EQ(host.screen().mode, "");
+  EXPECT_EQ(stored(), "RC1 75");
+}
+
+TEST_F(ReceiptsTest, ABankIsChosenByItsKey) {
+  session().mentrytype = "PAYMENT";
+  open();
+  host.press("cmdAdd");
+  host.key(KeyCode::F5);
+  EXPECT_EQ(host.focus(), "txtFields(2)");
+  host.fillEnter("txtFields(2)", "A00001");
+  EXPECT_EQ(host.focus(), "txtFields(2)");
+  host.fillEnter("txtFields(2)", "B00001");
+  EXPECT_EQ(host.focus(), "txtFields(3)");
+  EXPECT_FALSE(host.at("txtFields(2)").enabled);
+  EXPECT_EQ(host.text("txtFields(10)"), "NAVRANG BANK");
+  host.type("a00001");
+  host.enter();
+  host.type("40");
+  host.enter();
+  host.enter();
+  save();
+  EXPECT_EQ(ledger("PY"), "C B00001 A00001 40, D A00001 B00001 40");
+  EXPECT_EQ(balance("B00001"), "-40");
+  host.press("cmdAdd");
+  EXPECT_EQ(host.text("txtFields(2)"), "X90005");
+}
+
+TEST_F(ReceiptsTest, LookupsFindOldVouchersAndParties) {
+  saveMoneyVoucher(db(), moneyBook("RECEIPT"), money(4, 75.5), Saving::Fresh);
+  saveMoneyVoucher(db(), moneyBook("PAYMENT"), money(8, 1), Saving::Fresh);
+  open();
+  host.press("cmdEdit");
+  struct Case {
+    Key key;
+    const char* second;
+  };
+  for (const Case& c : {
+           Case{KeyCode::Enter, "PATEL TRADING CO"},
+           {KeyCode::F1,    "4"               },
+           {KeyCode::F3,    "."               },
+           {KeyCode::F4,    "75.5"            }
+  }) {
+    host.fill("txtFields(0)", "");
+    host.insideModal.push_back([&] {
+      EXPECT_EQ(host.at("grdDataGrid").grid.count(), 1U) << nameOf(c.key);
+      EXPECT_EQ(host.cell("grdDataGrid", 0, 1), c.second) << nameOf(c.key);
+      host.enter();
+    });
+    host.key(c.key);
+    EXPECT_EQ(host.text("txtFields(9)"), "PATEL TRADING CO") << nameOf(c.key);
+  }
+  host.fill("txtFields(3)", "");
+  // Of all accounts the debtors and creditors; cash and bank are not among them.
+  host.insideModal.push_back([&] {
+    EXPECT_EQ(std::to_string(host.at("grdDataGrid").grid.count()),
+              line("SELECT COUNT(*) FROM ACCOUNT WHERE GROUP_CD = 85"));
+  });
+  host.enter();
+  host.go("txtFields(7)");
+  host.fill("txtFields(7)", "");
+  host.insideModal.push_back([&] { host.enter(); });
+  host.key(KeyCode::F1);
+  EXPECT_EQ(host.text("txtFields(7)"), "O'NEIL, ભાગ 1");
+}
+
+TEST_F(ReceiptsTest, DrillDownChangesOneVoucherAndCloses) {
+  saveMoneyVoucher(db(), moneyBook("PAYMENT"), money(3, 75), Saving::Fresh);
+  session().mentrytype = "PAYMENT";
+  open({.caller = "regdlg1", .value = "3"});
+  EXPECT_EQ(host.screen().mode, "EDIT");
+  EXPECT_EQ(host.text("txtFields(4)"), "75");
+  EXPECT_EQ(host.focus(), "MaskEdBox1(0)");
+  host.fillEnter("txtFields(4)", "80");
+  host.enter();
+  host.enter();
+  EXPECT_EQ(host.onTop(), "");
+  EXPECT_EQ(stored(), "PY3 80");
+  EXPECT_EQ(ledger("PY"), "C X90005 A00001 80, D A00001 X90005 80");
+}
