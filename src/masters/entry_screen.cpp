@@ -184,8 +184,10 @@ void EntryScreen::removeShown() {
 void EntryScreen::update() {
   if (!entering()) return;
   reason.clear();
-  if (const Control* missing = missingField()) {
+  if (Control* missing = missingField()) {
     if (!missing->label.empty()) reason = trim(missing->label) + " Is Missing";
+    // The focus stays in its field; from the button it goes to where it is needed.
+    if (focused() == &at("cmdUpdate")) focus(*missing);
     return say("Pl. fill Complete data");
   }
   if (mode == "ADD" && exists(code())) {

@@ -73,8 +73,8 @@ class EntryScreen : public ChildScreen {
   virtual std::string missingCodeWords() const = 0;  // by mode
   virtual std::string existingCodeWords() const = 0;
   virtual std::string blankCodeWords() const { return kIncompleteWords; }
-  virtual const Control* missingField() const = 0;  // the first required field that is empty
-  virtual bool mayEdit() { return true; }           // these three say themselves why not
+  virtual Control* missingField() = 0;     // the first required field that is empty
+  virtual bool mayEdit() { return true; }  // these three say themselves why not
   virtual bool maySave() { return true; }
   // Inside the transaction; false when the row is no longer there.
   virtual bool store() = 0;

@@ -73,7 +73,7 @@ const ScreenSpec& accountTable() {
           {.name = "txtFields", .index = kCode,       .label = "A/c Code",       .at = {.group = "identity", .row = 0, .col = 1},              .tab = 1,  .limit = 6,   .keys = KeyClass::Text},
           {.name = "usrlbl",    .kind = Kind::Label,                             .at = {.group = "identity", .row = 0, .col = 4, .span = 3},   .style = Style::Quiet},
           {.name = "txtFields", .index = kName,       .label = "Name",           .at = {.group = "identity", .row = 1, .col = 1, .span = 6},   .tab = 2,  .limit = 100, .keys = KeyClass::Text, .hint = "Type Name Of Party"},
-          {.name = "txtFields", .index = kGroup,      .label = "Group Code",     .at = {.group = "identity", .row = 2, .col = 1},              .tab = 3,  .limit = 10,  .keys = KeyClass::Number, .align = Align::Right},
+          {.name = "txtFields", .index = kGroup,      .label = "Group Code",     .at = {.group = "identity", .row = 2, .col = 1},              .tab = 3,  .limit = 10,  .keys = KeyClass::Number, .align = Align::Right, .selectAll = true},
           {.name = "lblGroup",  .kind = Kind::Label,                             .at = {.group = "identity", .row = 2, .col = 2, .span = 5},   .style = Style::Quiet},
           {.name = "txtFields", .index = kOpening,    .label = "Op. Bal ",       .at = {.group = "identity", .row = 3, .col = 1, .span = 2, .width = 160}, .tab = 4, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .money = true, .hint = "Type Opening Balance :: Minus = Credit Balance"},
           {.name = "txtFields", .index = kCreditDays, .label = "Credit Days",    .at = {.group = "identity", .row = 3, .col = 4},              .tab = 5,  .limit = 5,   .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Credit Days Of Party"},
@@ -204,7 +204,7 @@ std::string frmacc::missingCodeWords() const {
   return mode == "EDIT" ? "PARTY DOES NOT EXISTS" : "PARTY DOES NOT EXIST";
 }
 
-const Control* frmacc::missingField() const {
+Control* frmacc::missingField() {
   for (const int index : {kCode, kName, kGroup})
     if (trim(field(index).text).empty()) return &field(index);
   return nullptr;

@@ -15,7 +15,7 @@ class frmacc : public EntryScreen {
   LookupSpec codeLookup() const override;
   std::string missingCodeWords() const override;
   std::string existingCodeWords() const override { return "PARTY ALREADY EXISTS"; }
-  const Control* missingField() const override;
+  Control* missingField() override;
   bool maySave() override;
   bool store() override;
   bool mayDelete(const std::string& code) override;

@@ -128,7 +128,6 @@ EntryPattern itemPattern() {
       .names = "SELECT ITEM_NAME FROM ITEM order by item_name",
       .namesGrid = "DataGrid2",
       .name = kName,
-      .optional = {kHsn},
       .video = links().itemVideo,
   };
 }
@@ -381,7 +380,7 @@ void FRMITEM1::removeRow() {
 
 // Saving and deleting
 
-const Control* FRMITEM1::missingField() const {
+Control* FRMITEM1::missingField() {
   for (const int index : {kCode, kName, kCategory, kUnit})
     if (trim(field(index).text).empty()) return &field(index);
   return nullptr;

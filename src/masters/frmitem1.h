@@ -22,7 +22,7 @@ class FRMITEM1 : public EntryScreen {
   LookupSpec codeLookup() const override;
   std::string missingCodeWords() const override { return "NO RECORD FOUND"; }
   std::string existingCodeWords() const override { return "ITEM ALLREADY EXIST"; }
-  const Control* missingField() const override;
+  Control* missingField() override;
   bool maySave() override;
   bool store() override;
   bool mayDelete(const std::string& code) override;

@@ -43,6 +43,7 @@ ScreenSpec screenTable(const SmallMaster& m) {
         .keys = isNumber(f.kind) ? KeyClass::Number : KeyClass::Text,
         .enabled = f.kind != SmallKind::AccountName,
         .align = isNumber(f.kind) ? Align::Right : Align::Auto,
+        .selectAll = f.kind == SmallKind::YesNo,
         .hint = std::string(f.hint)
     });
     if (f.kind == SmallKind::Group)
@@ -174,7 +175,7 @@ std::string frmtaxmast::missingCodeWords() const {
   return mode == "EDIT" ? "CODE DOES NOT EXIST" : "Record Not Found";
 }
 
-const Control* frmtaxmast::missingField() const {
+Control* frmtaxmast::missingField() {
   for (int i = 0; i < count(); ++i)
     if ((i == 0 || fieldOf(i).required) && trim(field(i).text).empty()) return &field(i);
   return nullptr;

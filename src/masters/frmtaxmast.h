@@ -21,7 +21,7 @@ class frmtaxmast : public EntryScreen {
   std::string missingCodeWords() const override;
   std::string existingCodeWords() const override { return std::string(master_.duplicate); }
   std::string blankCodeWords() const override { return "Blank Not Allowed"; }
-  const Control* missingField() const override;
+  Control* missingField() override;
   bool maySave() override;
   bool store() override;
   bool mayDelete(const std::string& code) override;
