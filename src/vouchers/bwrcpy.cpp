@@ -279,8 +279,16 @@ Go bwrcpy::refuseSame(int code, int name, int balance) {
 // The account is off until it is asked for, since nearly all money goes over the cash account.
 void bwrcpy::chooseAccount() {
   if (!entering()) return;
+  accountBefore_ = trimmed(2);
   field(2).enabled = true;
   focus(field(2));
+}
+
+// Whichever way the focus goes, only a cash or bank account stays behind.
+void bwrcpy::leaveAccount() {
+  field(2).enabled = false;
+  if (!isCashOrBank(data(), trimmed(2))) put(2, accountBefore_);
+  showAccount(2, 10, 6);
 }
 
 Go bwrcpy::account() {

@@ -46,7 +46,7 @@ class bwrcpy : public ChildScreen {
   Go partyByCity();
   Go earlierRemarks();
   void chooseAccount();
-  void leaveAccount() { field(2).enabled = false; }
+  void leaveAccount();
   void openRow();
 
   void begin(const std::string& newMode, const std::string& suffix);
@@ -76,6 +76,7 @@ class bwrcpy : public ChildScreen {
   std::optional<Date> date() const { return parseDate(at("MaskEdBox1", 0).text); }
 
   const MoneyBook& book_;
-  double loaded_ = 0;  // number of the voucher that is shown for a change
+  std::string accountBefore_;  // what Cash / Bank held when it was opened
+  double loaded_ = 0;          // number of the voucher that is shown for a change
   bool drilledDown_ = false;
 };

@@ -14,11 +14,13 @@ const ScreenSpec& postingTable() {
       .window = Window::Dialog,
       .focusColour = 0xFFC0FF,
       .layout = {.bands = {
+                     {fit(),   {{.name = "what", .frame = Frame::Plain, .pitch = 24}}},
                      {part(1), {{.name = "progress"}}},
                      {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
                  },
-                 .width = 520, .height = 268},
+                 .width = 520, .height = 296},
       .controls = {
+          {.name = "lblwhat",   .kind = Kind::Label,  .label = "Makes The Ledger And All Balances Again From The Vouchers", .at = {.group = "what"}, .style = Style::Quiet},
           {.name = "Label1",    .kind = Kind::Label,  .at = {.group = "progress", .rows = 5}},
           {.name = "cmdPOST",   .kind = Kind::Button, .label = "&Ok",     .at = {.group = "buttons"}, .tab = 1, .style = Style::Primary, .hint = "Press Enter To Do Posting."},
           {.name = "cmdcancel", .kind = Kind::Button, .label = "&Cancel", .at = {.group = "buttons"}, .tab = 2},

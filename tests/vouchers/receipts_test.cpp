@@ -300,6 +300,9 @@ TEST_F(ReceiptsTest, ABankIsChosenByItsKey) {
   EXPECT_EQ(host.focus(), "txtFields(2)");
   host.fillEnter("txtFields(2)", "A00001");
   EXPECT_EQ(host.focus(), "txtFields(2)");
+  host.key(KeyCode::Tab);
+  EXPECT_EQ(host.text("txtFields(2)"), "X90005");
+  host.key(KeyCode::F5);
   host.fillEnter("txtFields(2)", "B00001");
   EXPECT_EQ(host.focus(), "txtFields(3)");
   EXPECT_FALSE(host.at("txtFields(2)").enabled);
