@@ -19,7 +19,8 @@ void refreshBalances(Database& db) {
       " SELECT GROUP_CD, ACC_CD, ACC_NAME, OP_BAL, 0, CR, DR"
       " FROM SIDES JOIN ACCOUNT ON SIDES.PARTY_CD = ACCOUNT.ACC_CD");
   db.attempt("UPDATE ACCOUNT SET CL_BAL = 0");
-  db.attempt("UPDATE ACCOUNT SET CL_BAL = OP_BAL");
+  // A missing opening balance is nothing, as it is to one account's rebuild.
+  db.attempt("UPDATE ACCOUNT SET CL_BAL = COALESCE(OP_BAL, 0)");
   db.attempt(
       "UPDATE ACCOUNT SET CL_BAL = ACCOUNT.CL_BAL + T_ACLST.TOT_DR FROM T_ACLST"
       " WHERE ACCOUNT.ACC_CD = T_ACLST.ACC_CD AND T_ACLST.TOT_DR <> 0");

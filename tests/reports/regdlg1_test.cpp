@@ -1,0 +1,132 @@
+#include "frame/session.h"
+#include "reports/ledger_output.h"
+#include "reports/screens.h"
+#include "store/row_writer.h"
+#include "store/templates.h"
+#include "support/temp_folder.h"
+#include "support/test_host.h"
+
+namespace {
+
+// Stands for the bill: keeps with what it was opened.
+class Bill : public Screen {
+ public:
+  explicit Bill(Host& theHost) : Screen(theHost, look()) {}
+  void opened(const Entry& entry) override { last = entry.caller + " " + entry.value; }
+  static inline std::string last;
+
+ private:
+  static const ScreenSpec& look() {
+    static const ScreenSpec s{.name = "GSTSAPU", .caption = "BILL", .layout = {}, .controls = {}};
+    return s;
+  }
+};
+
+// A party with a bill, a credit of a book without a screen, and a returned bill.
+class Ledgers : public ::testing::Test {
+ protected:
+  Ledgers() : host(known()) {
+    Session& s = session();
+    s = Session();
+    s.mcompname = "SHREE TRADERS";
+    s.mstartdt = *parseDate("2026-04-01");
+    s.menddt = *parseDate("2027-03-31");
+    s.mhelpline = "the date keys";
+    makeCompanyDatabase(folder / "M00126.mdb");
+    s.cndata = std::make_unique<Database>();
+    s.cndata->open(folder / "M00126.mdb");
+    insertRow(data(), "ACCOUNT",
+              {
+                  {"ACC_CD",   "A00001"},
+                  {"ACC_NAME", "PATEL" },
+                  {"GROUP_CD", 85      }
+    });
+    data().exec(
+        "INSERT INTO ALEDGER (VOUCH_DT, BOOK_CD, VOUCH_NO, VOUCH_TYPE, PARTY_CD, VOUCH_AMT, NARRATION) VALUES"
+        " ('2026-05-01', 'SA', 3, 'D', 'A00001', 100, 'BY ROAD'), ('2026-06-02', 'JV', 1, 'C', 'A00001', 40, "
+        "''),"
+        " ('2026-05-09', 'SA', 9, 'C', 'A00001', 5, '')");
+  }
+  ~Ledgers() override { session().cndata.reset(); }
+
+  static Screens& known() {
+    static Screens screens;
+    addReportScreens(screens);
+    screens.add<Bill>("GSTSAPU");
+    return screens;
+  }
+
+  // To a shown statement; the answer is to "Without NARRATION".
+  void show(const std::string& key, bool without) {
+    session().mreportkey = key;
+    host.open("regdlg1", {.caller = "frmacc", .value = "a00001"});
+    host.keys({KeyCode::Enter, KeyCode::Enter});
+    host.answers.push_back(without);
+    host.enter();
+  }
+  std::string open(size_t row) {
+    Bill::last.clear();
+    host.rowTo(host.at("Grid1"), row);
+    host.enter();
+    if (host.onTop() == "GSTSAPU") host.closeTop();
+    return Bill::last;
+  }
+
+  TempFolder folder;
+  TestHost host;
+};
+
+TEST_F(Ledgers, RefuseWhatIsNoAccountAndNoDate) {
+  session().mreportkey = "LEDGERS";
+  host.open("regdlg1", {});
+  host.fillEnter("Text1", "A00099");
+  EXPECT_EQ(host.lastMessage() + host.text("Text1") + host.focus(), "PARTY DOES NOT EXISTText1");
+  host.fillEnter("MaskEdBox1(1)", "31022026");
+  EXPECT_EQ(host.messages.back().title + host.lastMessage(), "Mirav Informationthe date keys");
+  EXPECT_EQ(host.focus(), "MaskEdBox1(1)");
+  EXPECT_FALSE(host.at("cmdshow").enabled);
+}
+
+TEST_F(Ledgers, OpenTheVoucherBehindARow) {
+  show("LEDGERS", false);
+  session().mreportkey = "GST INVOICE";
+  data().exec("UPDATE ALEDGER SET VOUCH_AMT = 300 WHERE VOUCH_NO = 3");
+  EXPECT_EQ(open(1), "regdlg1 3");
+  EXPECT_EQ(session().mreportkey, "LEDGERS");
+  EXPECT_EQ(host.cell("Grid1", 0, 5) + host.cell("Grid1", 1, 4), "300.00BY ROAD");
+  EXPECT_EQ(host.at("Grid1").grid.current, 0U);
+  EXPECT_EQ(open(3) + open(5), "");
+  host.closeTop();
+  show("TLEDGERS", true);
+  EXPECT_EQ(open(1), "regdlg1 3");
+  host.key(KeyCode::Left);
+  EXPECT_EQ(open(0), "regdlg1 9");
+}
+
+TEST_F(Ledgers, KeepTheRefreshForTheNextVoucher) {
+  show("LEDGERS", true);
+  host.press("cmdsale(3)");
+  EXPECT_FALSE(host.at("Frame1").visible || host.at("cmdsale(0)").visible);
+  data().exec("UPDATE ALEDGER SET VOUCH_AMT = 300 WHERE VOUCH_NO = 3");
+  host.answers.push_back(true);
+  open(0);
+  EXPECT_EQ(host.cell("Grid1", 0, 5), "300.00");
+  EXPECT_FALSE(session().mreportrefresh);
+}
+
+TEST_F(Ledgers, HandTheGridOver) {
+  show("LEDGERS", true);
+  Session& s = session();
+  host.answers.push_back(true);
+  host.press("cmdprint");
+  EXPECT_EQ(host.lastQuestion(), "Without Voucher No.");
+  EXPECT_EQ(s.mpageheader1 + "|" + s.mpageheader2 + "|" + s.mpageheader3,
+            "SHREE TRADERS|ACCOUNT Statement For : PATEL|From : 01/04/2026 To : 15/06/2026");
+  const GridOutput narrow = ledgerOutput(s, "LEDGERS", OutputTarget::Pdf, "", s.mstartdt, s.menddt, true);
+  EXPECT_EQ(narrow.period, "From : 01/Apr/2026 To : 31/Mar/2027");
+  EXPECT_EQ(narrow.widths, (std::array<double, 15>{0, 1200, 1300, 500, 3300, 1200, 1200, 1200, 450}));
+  EXPECT_EQ(narrow.numeric, (std::array<int, 15>{0, 0, 0, 0, 0, -1, -1, -1}));
+  host.press("cmdexcel");  // asks nothing
+}
+
+}  // namespace
