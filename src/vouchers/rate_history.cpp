@@ -72,7 +72,8 @@ RateList wholeList(Rows rows, const std::vector<Shown>& shown) {
 }
 
 // What both lists of sales read. A party with few bills is read through its bills, any other
-// through the item's lines: both are keyed and in the order of the day.
+// through the item's lines: both are keyed and in the order of the day. The plus sign below keeps
+// the planner from the indexes of the books, in which one book is everything.
 struct Road {
   std::string from, day;
 };
@@ -86,7 +87,7 @@ Road roadTo(Database& db, const std::string& party) {
 Rows salesTo(Database& db, const Book& book, const RateQuery& of, const std::string& columns) {
   const Road road = roadTo(db, of.party);
   return db.query("SELECT " + columns + road.from +
-                      " WHERE PARTY_CD = ? AND ITEM_CD = ? AND SIZE_CD = ? AND SALE.BOOK_CD = ?"
+                      " WHERE PARTY_CD = ? AND ITEM_CD = ? AND SIZE_CD = ? AND +SALE.BOOK_CD = ?"
                       " AND SALE.VOUCH_NO = SALEITM.VOUCH_NO AND SALE.BOOK_CD = SALEITM.BOOK_CD"
                       " ORDER BY " +
                       road.day + " DESC",
