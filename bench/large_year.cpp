@@ -49,7 +49,9 @@ double rateOf(int item) { return Round(10 + item * 7919 % 100'000 / 100.0, 2); }
 
 // Bills and receipts go round the parties and items in steps that meet each of them.
 int partyOf(int voucher, int parties) { return 1 + static_cast<int>(voucher * 7919L % parties); }
-int itemOf(int bill, int line, int items) { return 1 + static_cast<int>((bill * 3L + line) * 7877 % items); }
+int itemOf(int bill, int line, int items) {
+  return 1 + static_cast<int>(((bill * 3L + line) * 7877 + bill / 7) % items);
+}
 
 class Books {
  public:
