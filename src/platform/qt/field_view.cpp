@@ -142,15 +142,20 @@ void FieldView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   paintBox(painter);
   QRect area = textRect();
-  painter.setPen(QColor(palette::kInk));
+  QFont font = look_->font(face());
   if (control_.style == Style::Amount) {
     area.adjust(look_->px(7), 0, -look_->px(5), 0);
+    const QString label = QString::fromStdString(control_.label);
     painter.setFont(look_->font(Look::Face::Strong));
     painter.setPen(QColor(palette::kAccent));
-    draw::line(painter, area, QString::fromStdString(control_.label), Qt::AlignLeft);
-    painter.setPen(QColor(palette::kInk));
+    draw::line(painter, area, label, Qt::AlignLeft);
+    // The largest amounts shrink to what their label leaves.
+    const int room = area.width() - painter.fontMetrics().horizontalAdvance(label) - look_->px(12);
+    const int wide = look_->metrics(face()).horizontalAdvance(QString::fromStdString(shown_.text));
+    if (wide > room) font.setPixelSize(font.pixelSize() * room / wide);
   }
-  painter.setFont(look_->font(face()));
+  painter.setPen(QColor(palette::kInk));
+  painter.setFont(font);
   if (typing()) {
     paintTyping(painter);
     return;

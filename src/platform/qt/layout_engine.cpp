@@ -512,7 +512,9 @@ class Engine {
       const auto edge = [](const std::vector<int>& e, int n) {
         return e.empty() ? 0 : e[static_cast<size_t>(std::clamp(n, 0, static_cast<int>(e.size()) - 1))];
       };
-      const int x = under.box.x + edge(under.edges, c.spec->overIts) - edge(spot.edges, c.spec->overOwn);
+      // It stands where its table says, whatever columns it shows just now.
+      const auto own = inner(columnEdges(c.spec->columns, m_.px(c.spec->overWidth) - 2 * frame, m_), frame);
+      const int x = under.box.x + edge(under.edges, c.spec->overIts) - edge(own, c.spec->overOwn);
       const auto rows = static_cast<int>(std::clamp<size_t>(c.grid.count(), 1, 100));
       const int h = (rows + (c.grid.heading ? 1 : 0)) * spot.rowHeight + 2 * frame;
       spot.box = {std::max(x, under.box.x), under.box.y, m_.px(c.spec->overWidth), std::min(h, under.box.h)};
