@@ -125,7 +125,9 @@ bool GSTSAPU::acceptParty() {
 
 Go GSTSAPU::shipTo() {
   if (trimmed(32).empty()) return helpHere();
-  return acceptShipTo() ? Go::On : Go::Stay;
+  if (acceptShipTo()) return Go::On;
+  textChanged();
+  return Go::Stay;
 }
 
 bool GSTSAPU::acceptShipTo() {

@@ -59,6 +59,7 @@ class GSTSAPU : public VoucherScreen {
   bool fillFromUnit();
   bool isMisc() const;
   void valueLine();
+  void showAssess();
   void showNet();
   Taxes typedTaxes() const { return {value(13), value(15), value(31)}; }
   BillHeader header() const;

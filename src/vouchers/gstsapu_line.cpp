@@ -29,6 +29,7 @@ Go GSTSAPU::item() {
   if (!found) {
     host.message("Check Item Code");
     put(5, "");
+    textChanged();
     text1(6).enabled = false;
     return Go::Stay;
   }
@@ -130,12 +131,14 @@ Go GSTSAPU::taxAmount() {
 
 void GSTSAPU::valueLine() {
   line_.value(value(8), value(9), value(11));
-  at("Label1", 31).text = Format(line_.assess, "0.00");
+  showAssess();
   showNet();
   const BillTotal preview = billPreview(value(18), {value(1), value(3), value(20)});
   put(38, preview.roundOff);
   put(28, preview.amount);
 }
+
+void GSTSAPU::showAssess() { at("Label1", 31).text = Format(line_.assess, "0.00"); }
 
 void GSTSAPU::showNet() { put(14, line_.shownNet()); }
 
@@ -208,13 +211,16 @@ void GSTSAPU::showLine(const Row& line) {
   put(19, line.number("IGSTRT"));
   put(31, line.number("IGSTAMT"));
   put(14, line.number("NET_AMOUNT"));
+  // What a tax rate typed over is worked out on; the taxes themselves are figured anew.
+  line_.value(value(8), value(9), value(11));
+  showAssess();
 }
 
 void GSTSAPU::clearLine() {
   for (const int n : kLineFields) put(n, "");
   text1(6).enabled = false;
   line_ = {};
-  at("Label1", 31).text = "0.00";
+  showAssess();
 }
 
 // A column that sums to nothing leaves its field as it is.

@@ -33,6 +33,7 @@ constexpr const char* kOfGstin = "ACC_NAME, area, city, pincode, GROUP_CD, FORMA
 // No table keeps a least stock; the column stands for it.
 constexpr const char* kOfItem = "DEPT_NAME, CL_STK, SALE_RATE1, SALE_rate2, desc1, 0 AS min_stk";
 
+const std::vector<int> kPostedWidths = {650, 2600, 800, 1050, 1000, 1200, 1100, 600, 2300};
 const std::vector<int> kPartyWidths = {1000, 3500, 1500, 1500, 1000, 500, 1500, 1000};
 const std::vector<int> kItemWidths = {1000, 3400, 1500, 750, 750, 750, 750, 750, 750, 750, 750};
 
@@ -43,7 +44,7 @@ std::vector<GSTSAPU::KeyLookup> GSTSAPU::lookups(const ::Book& book) {
   using enum KeyCode;
   // clang-format off
   return {
-      {"Text1(0)",  Enter, {"THREEFLD",  kPostedBills, "VOUCH_NO", "ACCOUNT.ACC_NAME", kOfPosted}, {Book}},
+      {"Text1(0)",  Enter, {"THREEFLD",  kPostedBills, "VOUCH_NO", "ACCOUNT.ACC_NAME", kOfPosted, kPostedWidths}, {Book}},
       {"Text1(0)",  F1,    {"THREEFLD",  kBills, "SALE.VOUCH_NO", "SALE.BILL_NO", kOfBill}, {Book}},
       {"Text1(0)",  F2,    {"THREEFLD",  kBills, "SALE.VOUCH_NO", "SALE.GR_NO", kOfBill}, {Book}},
       {"Text1(0)",  F3,    {"THREEFLD",  kBills, "SALE.VOUCH_NO", "SALE.transport", kOfBill}, {Book}},

@@ -6,7 +6,7 @@
 const ScreenSpec& GSTSAPU::table() {
   // clang-format off
   static const std::vector<GridColumn> lineColumns = {
-      {.title = "Sr",               .width = px(34),  .align = Align::Right},
+      {.title = "Sr",               .width = px(40),  .align = Align::Right},
       {.title = "Item",             .width = px(92)},
       {.title = "Item Description", .width = part(1)},
       {.title = "Ex Detail",        .width = px(132)},
@@ -83,8 +83,8 @@ const ScreenSpec& GSTSAPU::table() {
           {.name = "lblkeys",                 .kind = Kind::Label, .label = "Up / Down = Line  ::  F10 = Delete Line  ::  00 or Page Down = End Lines", .at = {.group = "keys", .col = 0, .span = 10}, .style = Style::Quiet},
           {.name = "Label1",     .index = 32, .kind = Kind::Label, .label = "Assival", .at = {.group = "keys", .col = 12, .span = 2}, .align = Right, .style = Style::Quiet},
           {.name = "Label1",     .index = 31, .kind = Kind::Label, .label = "0.00",    .at = {.group = "keys", .col = 14}, .align = Right, .money = true, .style = Style::Primary},
-          {.name = "DataGrid1",               .kind = Kind::Grid,  .at = {.group = "lines"}, .columns = lineColumns},
-          {.name = "DataGrid2",               .kind = Kind::Grid,  .visible = false, .columns = rateColumns, .over = "DataGrid1", .overOwn = 4, .overIts = 5, .overWidth = 632},
+          {.name = "DataGrid1",               .kind = Kind::Grid,  .at = {.group = "lines"}, .hint = "Enter = Change This Line", .columns = lineColumns},
+          {.name = "DataGrid2",               .kind = Kind::Grid,  .visible = false, .hint = "Enter = Back To The Rate", .columns = rateColumns, .over = "DataGrid1", .overOwn = 4, .overIts = 5, .overWidth = 632},
 
           {.name = "Text1",      .index = 29, .label = "Narration",   .at = {.group = "D", .row = 0, .col = 1, .span = 4},    .tab = 30, .limit = 200, .keys = Letters, .hint = "F1 = Used Before"},
           {.name = "Text1",      .index = 55, .label = "Transport",   .at = {.group = "D", .row = 1, .col = 1, .width = 44},  .limit = 20, .enabled = false, .align = Right},
@@ -104,7 +104,7 @@ const ScreenSpec& GSTSAPU::table() {
           {.name = "Text1",      .index = 28, .label = "Bill Amount", .at = {.group = "E", .row = 2, .col = 2, .span = 2, .rows = 2}, .limit = 20, .enabled = false, .align = Right, .money = true, .style = Style::Amount},
           {.name = "Text1",      .index = 2,                                                                    .limit = 20, .enabled = false, .visible = false},
 
-          {.name = "CMDSAVE",    .kind = Kind::Button, .label = "&Save",   .at = {.group = "buttons"}, .tab = 38, .enabled = false, .visible = false},
+          {.name = "CMDSAVE",    .kind = Kind::Button, .label = "&Save",   .at = {.group = "buttons"}, .tab = 38, .enabled = false, .visible = false, .hint = "Press Enter To Save"},
           {.name = "CMDCANCEL",  .kind = Kind::Button, .label = "&Cancel", .at = {.group = "buttons"}, .tab = 39, .visible = false},
           {.name = "cmdadd",     .kind = Kind::Button, .label = "&Add",    .at = {.group = "buttons"}, .tab = 40, .hint = "Press Add Button For New Entry"},
           {.name = "cmdEDIT",    .kind = Kind::Button, .label = "&Modify", .at = {.group = "buttons"}, .tab = 41},

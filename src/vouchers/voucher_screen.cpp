@@ -195,6 +195,7 @@ Go VoucherScreen::number() {
   if (host.ask("ARE YOU SURE", kConfirm)) remove(n);
   clearAll();
   lines_->clear();
+  textChanged();
   return Go::Stay;
 }
 
@@ -221,11 +222,13 @@ void VoucherScreen::storeLine() {
 void VoucherScreen::lineDown() {
   lines_->next();
   showCurrentLine();
+  textChanged();
 }
 
 void VoucherScreen::lineUp() {
   lines_->previous();
   showCurrentLine();
+  textChanged();
 }
 
 void VoucherScreen::endLines() { focus(afterLines()); }
@@ -241,6 +244,7 @@ void VoucherScreen::deleteLine() {
       line.number("VOUCH_NO"), item, line.number(book_.serial));
   lines_->requery();
   showCurrentLine();
+  textChanged();
 }
 
 void VoucherScreen::rowChosen() {
@@ -395,7 +399,7 @@ void VoucherScreen::putDate(int n, std::optional<Date> date) {
   set(at("MaskEdBox1", n), date ? formatDate(*date, "dd/MM/yyyy") : std::string(kEmptyDate));
 }
 
-// Enter does something else in a field that has just been filled or emptied.
+// Enter does something else in the field of the event since it was filled or emptied.
 void VoucherScreen::textChanged() { ShowHint(host, hintFor(here())); }
 
 // What Enter does, then the keys that the table names for the field.
