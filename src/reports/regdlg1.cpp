@@ -141,7 +141,8 @@ void regdlg1::escape() {
 std::string regdlg1::hintFor(const Control& control) const {
   if (control.kind != Kind::Grid) return ChildScreen::hintFor(control);
   const auto voucher = currentVoucher();
-  if (!voucher) return "Up / Down = Scroll :: Page Up / Page Down = Page :: Alt+D = Pdf :: Alt+C = Close";
+  if (!voucher || !commandOfBook(voucher->book))
+    return "Up / Down = Scroll :: Page Up / Page Down = Page :: Alt+D = Pdf :: Alt+C = Close";
   const std::string sides = isT() ? "Left / Right = Side" : "Up / Down = Scroll";
   return "Press Enter To Open " + voucher->book + " " + numText(voucher->number) + " :: " + sides +
          " :: Alt+D = Pdf :: Alt+C = Close";
