@@ -278,7 +278,7 @@ std::vector<ControlSpec> entryButtons(const std::string& updateCaption) {
   // clang-format off
   return {
       {.name = "cmdUpdate", .kind = Kind::Button, .label = updateCaption, .at = place(0), .tab = 900, .visible = false, .hint = "Press Enter To Save"},
-      {.name = "cmdCancel", .kind = Kind::Button, .label = "&Cancel",     .at = place(1), .tab = 901, .visible = false},
+      {.name = "cmdCancel", .kind = Kind::Button, .label = "&Cancel",     .at = place(1), .tab = 901, .visible = false, .hint = "Press Enter To Cancel"},
       {.name = "cmdAdd",    .kind = Kind::Button, .label = "&Add",        .at = place(2), .tab = 902},
       {.name = "cmdEdit",   .kind = Kind::Button, .label = "&Modify",     .at = place(3), .tab = 903},
       {.name = "cmdDelete", .kind = Kind::Button, .label = "&Delete",     .at = place(4), .tab = 904},

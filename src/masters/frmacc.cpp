@@ -119,7 +119,7 @@ EntryPattern accountPattern() {
   };
 }
 
-// Searches from any field, each by its own second column. The type of a party, which older
+// Searches from anywhere, each by its own second column. The type of a party, which older
 // databases had, is in none of them; its key lists by name.
 struct Search {
   KeyCode key;
@@ -165,11 +165,11 @@ frmacc::frmacc(Host& theHost) : EntryScreen(theHost, accountTable(), accountPatt
                           {"txtFields(44)", KeyCode::Enter, &frmacc::gstinEntered  },
                           {"txtFields(45)", KeyCode::Enter, &frmacc::stateEntered  },
                           {"txtFields(45)", On::Validate,   &frmacc::stateEntered  },
-                          {"txtFields",     KeyCode::F1,    &frmacc::search<0>     },
-                          {"txtFields",     KeyCode::F2,    &frmacc::search<1>     },
-                          {"txtFields",     KeyCode::F3,    &frmacc::search<2>     },
-                          {"txtFields",     KeyCode::F4,    &frmacc::search<3>     },
-                          {"txtFields",     KeyCode::F5,    &frmacc::search<4>     },
+                          {"",              KeyCode::F1,    &frmacc::search<0>     },
+                          {"",              KeyCode::F2,    &frmacc::search<1>     },
+                          {"",              KeyCode::F3,    &frmacc::search<2>     },
+                          {"",              KeyCode::F4,    &frmacc::search<3>     },
+                          {"",              KeyCode::F5,    &frmacc::search<4>     },
   });
 }
 

@@ -264,11 +264,8 @@ bool frmtaxmast::maySave() {
 bool frmtaxmast::store() {
   Fields fields = written(holdings());
   for (Field& f : stamps()) fields.push_back(std::move(f));
-  const std::string table(master_.table);
-  if (mode == "EDIT")
-    return updateRows(database(), table, fields, std::string(master_.fields[0].column) + " = ?",
-                      {smallCode(master_, loaded())}) > 0;
-  insertRow(database(), table, fields);
+  if (mode == "EDIT") return changeSmallRow(master_, database(), loaded(), fields);
+  insertRow(database(), master_.table, fields);
   return true;
 }
 

@@ -159,12 +159,11 @@ std::optional<Row> findSmallRow(const SmallMaster& master, Database& db, std::st
 
 bool smallNameInUse(const SmallMaster& master, Database& db, std::string_view name) {
   const std::string column(master.fields[static_cast<size_t>(master.name)].column);
+  const std::string statement =
+      "SELECT 1 FROM " + std::string(master.table) + " WHERE TRIM(" + column + ") = ? COLLATE NOCASE";
   bool found = false;
   db.attempt([&] {
-    found =
-        db.first("SELECT 1 FROM " + std::string(master.table) + " WHERE " + column + " = ? COLLATE NOCASE",
-                 name)
-            .has_value();
+    found = db.first(statement, name).has_value();
     return 0;
   });
   return found;
@@ -184,6 +183,10 @@ const SmallGuard* smallRefusal(const SmallMaster& master, Database& db, std::str
 
 int salesOfTransport(Database& db, std::string_view code) {
   return static_cast<int>(db.number("SELECT COUNT(*) FROM SALE WHERE TRANS_CD = ?", Val(code)));
+}
+
+bool changeSmallRow(const SmallMaster& master, Database& db, std::string_view code, const Fields& fields) {
+  return updateRows(db, master.table, fields, keyCondition(master), {smallCode(master, code)}) > 0;
 }
 
 void deleteSmallRow(const SmallMaster& master, Database& db, std::string_view code) {

@@ -68,6 +68,8 @@ bool smallNameInUse(const SmallMaster& master, Database& db, std::string_view na
 const SmallGuard* smallRefusal(const SmallMaster& master, Database& db, std::string_view code);
 // Bills that a transporter stands in: its deletion is asked about, not refused.
 int salesOfTransport(Database& db, std::string_view code);
+// False when there is no such row.
+bool changeSmallRow(const SmallMaster& master, Database& db, std::string_view code, const Fields& fields);
 void deleteSmallRow(const SmallMaster& master, Database& db, std::string_view code);
 // An empty transporter table begins with a row LOCAL.
 void ensureLocalTransport(Database& db);

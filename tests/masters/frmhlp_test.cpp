@@ -222,19 +222,6 @@ TEST_F(LookupTest, AClickIntoTheListLeavesTheSearchWhereItIs) {
   EXPECT_EQ(host.text("Text1(0)"), "A00002");
 }
 
-TEST_F(LookupTest, PagesOverManyRowsAreWhole) {
-  Transaction all(data());
-  for (int i = 1000; i < 1400; ++i) account("B" + std::to_string(i), "PARTY " + std::to_string(i), 40);
-  all.commit();
-  const PageRows rows(data(),
-                      parseSelect("select ACC_CD, ACC_NAME from ACCOUNT where GROUP_CD = 40 and ACC_CD > 'B' "
-                                  "and ACC_CD < 'C' order by acc_name"));
-  ASSERT_EQ(rows.count(), 400u);
-  for (const size_t i : {0u, 399u, 63u, 64u, 128u, 127u, 200u, 0u})
-    EXPECT_EQ(rows.text(i, 1), "PARTY " + std::to_string(1000 + i)) << i;
-  EXPECT_EQ(rows.text(400, 0), "");
-}
-
 TEST_F(LookupTest, ManyRowsAreCountedAsTheyAreReached) {
   Transaction all(data());
   for (int i = 0; i < 4000; ++i)

@@ -37,17 +37,6 @@ TEST(LookupStatement, EachShapeHasItsText) {
             "select USER1.* FROM USER1 ORDER BY USER_NAME");
 }
 
-TEST(LookupStatement, KeysSayWhereAndHow) {
-  for (const char* mode : {"MODUHLP", "userhlp", "MULTIFILEADD", "MULTIFILE", "COMPNMHLP"})
-    EXPECT_TRUE(isOnCatalogue(lookupShape(mode, ""))) << mode;
-  for (const char* mode : {"ONEFLD", "TWOFLD", "THREEFLD"})
-    EXPECT_FALSE(isOnCatalogue(lookupShape(mode, ""))) << mode;
-  EXPECT_TRUE(standsBelow("SL_ITMCD") && standsBelow("PENDCHLNSL") && standsBelow("pendordhlpgst"));
-  EXPECT_FALSE(standsBelow("SL_ITMCD1") || standsBelow("THREEFLD"));
-  EXPECT_EQ(ownVoucherFilter("BWRCPY"), ownVoucherFilter("BW_VOUCH_VW"));
-  EXPECT_EQ(ownVoucherFilter("BWRCPYNEW"), "");
-}
-
 TEST(SelectText, ClausesAreFoundOutsideOfPiecesOnly) {
   const Select s = parseSelect(
       "select DISTINCT ITEM.ITEM_CD, STR(SALE_RATE1) AS SRATE1, [SALE.VOUCH_NO], trim(str(NET, 'from, x')) "
