@@ -23,6 +23,7 @@ const Screens& allScreens() {
     addMasterScreens(s);
     addVoucherScreens(s);
     addDocumentScreens(s);
+    setOpeningRoutines();
     return s;
   }();
   return screens;
