@@ -7,6 +7,7 @@
 
 #include <random>
 
+#include "frame/frmstartup.h"
 #include "store/alter.h"
 #include "store/balances.h"
 #include "vouchers/bill_fixture.h"
@@ -29,7 +30,8 @@ class PostingTest : public BillTest {
   void reopen() { db().open(file()); }
   // As the opening of a company-year does.
   void openYear() {
-    postMissing(db());
+    setOpeningRoutines();
+    for (const auto& routine : openingRoutines()) routine();
     refreshBalances(db());
   }
   std::string books() {
