@@ -7,28 +7,6 @@
 
 // What the oracle's bills do not tell apart; whole bills are played on the screen.
 
-TEST(Calculation, TheStatesDecideWhichTaxApplies) {
-  struct Case {
-    double company, party;
-    std::optional<double> rate;
-    std::string cgst, sgst, igst;
-  };
-  const std::vector<Case> cases = {
-      {24, 24, 0.25, "0.125", "0.125", "0"},
-      {24, 24, 0.0,  "",      "",      "0"},
-      {24, 27, 0.0,  "0",     "0",     "" },
-      {24, 0,  5.0,  "0",     "0",     "5"},
-      {0,  0,  12.0, "6",     "6",     "0"},
-  };
-  for (const auto& c : cases) {
-    const auto texts = splitTax(c.company, c.party, c.rate);
-    ASSERT_TRUE(texts);
-    EXPECT_EQ(texts->cgst + "|" + texts->sgst + "|" + texts->igst, c.cgst + "|" + c.sgst + "|" + c.igst)
-        << c.company << " " << c.party << " " << *c.rate;
-  }
-  EXPECT_FALSE(splitTax(24, 24, std::nullopt)) << "an item without a rate";
-}
-
 TEST(Calculation, TheTaxBaseIsNotRoundedAndTheStoredAmountIs) {
   LineValue line;
   line.value(3, 33.33, 10);

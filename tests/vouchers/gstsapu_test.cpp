@@ -9,62 +9,48 @@ class Gstsapu : public BillTest {};
 
 }  // namespace
 
-TEST_F(Gstsapu, AnEmptyBookStartsAtOneWithThePartysFacts) {
+TEST_F(Gstsapu, AFirstBillFromAddToItsMessage) {
   open();
-  EXPECT_EQ(host.screen().caption, "SALES ENTRY");
-  EXPECT_EQ(host.screen().escMeans, "Esc = Close");
+  EXPECT_EQ(host.screen().caption + "/" + host.screen().escMeans, "SALES ENTRY/Esc = Close");
   host.press("cmdadd");
-  EXPECT_EQ(host.screen().caption, "SALES ENTRY :::  ADD MODE");
-  EXPECT_EQ(host.screen().escMeans, "Esc = Cancel and Exit");
+  EXPECT_EQ(host.screen().caption + "/" + host.screen().escMeans,
+            "SALES ENTRY :::  ADD MODE/Esc = Cancel and Exit");
   EXPECT_EQ(host.screen().reason, "Save opens after Parcels");
-  EXPECT_EQ(host.focus(), "MaskEdBox1(0)");
-  EXPECT_EQ(host.text("Text1(0)") + host.text("Text1(62)"), "11");
-  EXPECT_EQ(host.text("MaskEdBox1(0)"), "15/06/2026");
+  EXPECT_EQ(host.focus() + "/" + host.text("MaskEdBox1(0)"), "MaskEdBox1(0)/15/06/2026");
+  EXPECT_EQ(fields({0, 62}), "1|1");
   EXPECT_TRUE(host.at("Text1(13)").locked);
-  EXPECT_FALSE(host.at("cmdadd").visible);
-  EXPECT_FALSE(host.at("CMDSAVE").enabled);
-
+  EXPECT_FALSE(host.at("cmdadd").visible || host.at("CMDSAVE").enabled);
   host.enter();
   host.type("a00001");
   host.enter();
-  EXPECT_EQ(host.focus(), "Text1(32)");
-  EXPECT_EQ(host.text("Text2"), "PATEL TRADING CO");
   EXPECT_EQ(host.text("Label1(54)"),
             "14 STATION ROAD NEAR BUS STAND ANAND\nBal : 38460\nStatecd : 24 Gstin No. "
             "24ABCDE1234F1Z5\n9800000023");
-  EXPECT_EQ(host.text("Text1(41)") + host.text("Text1(27)") + host.text("Text1(47)"), "ANAND30TAX");
-  host.go("Text1(47)");
+  EXPECT_EQ(fields({41, 27, 47}), "ANAND|30|TAX");
+  host.go("Text1(5)");
+  host.type("I0000001");
   host.enter();
-  EXPECT_EQ(host.text("Text1(43)"), "0001");
-  host.keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
-  EXPECT_EQ(host.focus(), "Text1(5)");
-}
-
-TEST_F(Gstsapu, ALineIsValuedKeyByKey) {
-  startBill();
-  host.fillEnter("Text1(5)", "I0000001");
-  EXPECT_EQ(host.focus(), "Text1(46)");
-  EXPECT_EQ(host.text("Text1(6)") + host.text("Text1(7)"), "CEILING FANPCS");
-  EXPECT_EQ(host.text("Text1(9)") + "/" + host.text("Text1(11)"), "1640/8");
-  EXPECT_EQ(host.text("Text1(12)") + host.text("Text1(10)") + host.text("Text1(19)"), "990");
+  EXPECT_EQ(fields({6, 7, 9, 11, 12, 10, 19}), "CEILING FAN|PCS|1640|8|9|9|0");
+  host.fillEnter("Text1(8)", "34");
+  EXPECT_EQ(fields({8, 14}), "34.000|") << "a quantity values nothing by itself";
   host.keys({KeyCode::Enter, KeyCode::Enter});
-  host.type("14");
+  EXPECT_EQ(fields({13, 14, 28}), "4616.93|60533.06|0") << "the totals are of the lines before";
   host.enter();
-  EXPECT_EQ(host.text("Text1(8)"), "14.000");
-  EXPECT_EQ(host.text("Text1(14)"), "") << "a quantity values nothing by itself";
-  host.enter();
-  EXPECT_EQ(host.text("Label1(31)") + "/" + host.text("Text1(14)"), "21123.20/21123.2");
-  host.enter();
-  EXPECT_EQ(host.focus(), "Text1(14)");
-  EXPECT_EQ(host.text("Text1(13)") + "/" + host.text("Text1(14)"), "1901.09/24925.38");
-  host.enter();
-  EXPECT_EQ(host.focus(), "Text1(5)");
-  EXPECT_EQ(host.text("Text1(14)"), "");
-  EXPECT_EQ(host.text("Text1(18)") + "/" + host.text("Text1(26)"), "21123.2/14");
-  EXPECT_EQ(host.text("Text1(28)") + "/" + host.text("Text1(38)"), "24925/-0.38");
-  EXPECT_EQ(host.cell("DataGrid1", 0, 5) + "/" + host.cell("DataGrid1", 0, 14), "14.000/24925.38");
-  EXPECT_EQ(host.text("Label1(0)"), "2");
-  EXPECT_EQ(session().mlastitem, "I0000001");
+  EXPECT_EQ(fields({14, 18, 26, 28, 38}), "|51299.2|34|60533|-0.06");
+  EXPECT_EQ(host.cell("DataGrid1", 0, 5) + "/" + host.text("Label1(0)"), "34.000/2");
+  save("OKButton");
+  EXPECT_EQ(closingWords, std::string(60, ' ') +
+                              "Sale Entry Saved\n   Entry No : 1\n   Party Name : PATEL TRADING CO\n"
+                              "   Invoice AMOUNT : 60533\n\n" +
+                              std::string(60, ' ') +
+                              "___E_Way_Reminder___\n   Value Of Bill Exceeds Rs. 50000/- \n"
+                              "   E-Way Bill To Be Generated For Dispatch Of This Bill\n\n"
+                              "   Press Print Btn To Print Sales Invoice\n"
+                              "   Press New Entry Btn To Enter New Bill Entry");
+  EXPECT_EQ(host.onTop() + StandIn::last.value + session().mreportkey, "dlg11GST INVOICE");
+  EXPECT_EQ(host.find("GSTSAPU")->mode, "PRINT");
+  open();
+  EXPECT_EQ(host.focus() + fields({0}), "cmdadd");
 }
 
 TEST_F(Gstsapu, TaxesFollowTheStatesAndTheOperator) {
@@ -105,7 +91,7 @@ TEST_F(Gstsapu, WalkingOverwritingAndDeletingLines) {
   EXPECT_EQ(host.text("Label1(0)") + "/" + host.text("Text1(8)"), "2/2.000");
   // Overwritten it keeps its serial, and the next line comes up.
   typeLine("I0000002", "5", "20", "0");
-  EXPECT_EQ(host.text("Text1(5)") + "/" + host.text("Text1(18)"), "I0000003/200");
+  EXPECT_EQ(fields({5, 18}), "I0000003|200");
   host.key(KeyCode::Up);
   host.fill("Text1(0)", "70");
   host.go("Text1(5)");
@@ -123,6 +109,7 @@ TEST_F(Gstsapu, WalkingOverwritingAndDeletingLines) {
 }
 
 TEST_F(Gstsapu, RefusalsKeepTheFocusAndTheText) {
+  db().exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, BL_TYPE, BILL_NO) VALUES (7, 'SA', 'TAX', '7')");
   open();
   host.press("cmdadd");
   host.fillEnter("MaskEdBox1(0)", "31102026");
@@ -139,6 +126,8 @@ TEST_F(Gstsapu, RefusalsKeepTheFocusAndTheText) {
       {"Text1(4)",  "A00003",   "STATE CODE NOT SPECIFIED IN PARTY",           "A00003",   "Text1(32)"},
       {"Text1(32)", "7",        "PARTY NOT FOUND PLEASE CHECK THE PARTY CODE", "",         "Text1(32)"},
       {"Text1(43)", "",         "Blank Bill Number Not Allowed",               "",         "Text1(43)"},
+      {"Text1(43)", "7",        "Duplicate Bill No Not Allowed",               "7",        "Text1(43)"},
+      {"Text1(0)",  "7",        "ITEM ALLREADY EXIST",                         "7",        "Text1(0)" },
       {"Text1(5)",  "I0000009", "Check Item Code",                             "",         "Text1(5)" },
       {"Text1(5)",  "I0000002", "",                                            "I0000002", "Text1(46)"},
       {"Text1(7)",  "BOX",      "Check unit for this item",                    "BOX",      "Text1(7)" },
@@ -153,50 +142,6 @@ TEST_F(Gstsapu, RefusalsKeepTheFocusAndTheText) {
   EXPECT_EQ(host.text("Text1(19)"), "18") << "no state code is another state";
   host.fill("Text1(32)", "abc1");
   EXPECT_EQ(host.text("Text1(32)"), "1") << "this field takes digits, codes come from the lookup";
-}
-
-TEST_F(Gstsapu, ASavedBillStandsWholeAndSaysSo) {
-  startBill();
-  typeLine("I0000001", "14", "1640", "8");
-  typeLine("I0000001", "20", "1640", "8");
-  host.fillEnter("Text1(5)", "00");
-  host.fillEnter("Text1(42)", "MARUTI ROADLINES");
-  EXPECT_EQ(host.text("Text1(55)"), "2") << "LOCAL comes first in an empty table";
-  save();
-  EXPECT_EQ(closingWords, std::string(60, ' ') +
-                              "Sale Entry Saved\n   Entry No : 1\n   Party Name : PATEL TRADING CO\n"
-                              "   Invoice AMOUNT : 60533\n\n" +
-                              std::string(60, ' ') +
-                              "___E_Way_Reminder___\n   Value Of Bill Exceeds Rs. 50000/- \n"
-                              "   E-Way Bill To Be Generated For Dispatch Of This Bill\n\n"
-                              "   Press Print Btn To Print Sales Invoice\n"
-                              "   Press New Entry Btn To Enter New Bill Entry");
-  EXPECT_EQ(host.focus() + host.text("Text1(0)"), "cmdadd");
-  EXPECT_EQ(host.screen().mode, "ADD") << "until the next button";
-  EXPECT_EQ(
-      line("SELECT VOUCH_NO, BILL_NO, BL_TYPE, PARTY_CD, CHLN_NO, TRANS_CD, NET_AMT, CR_DAYS FROM SALE"),
-      "1|0001|TAX|A00001|1|2|60533|30");
-  EXPECT_EQ(line("SELECT COUNT(*), SUM(NET_AMOUNT) FROM SALEITM"), "2|60533.06");
-  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER") + unbalanced(db()), "6");
-
-  startBill();
-  EXPECT_EQ(host.text("Text1(0)"), "2");
-  host.fillEnter("Text1(43)", "0001");
-  EXPECT_EQ(host.lastMessage(), "Duplicate Bill No Not Allowed");
-  host.fillEnter("Text1(0)", "1");
-  EXPECT_EQ(host.lastMessage(), "ITEM ALLREADY EXIST");
-}
-
-TEST_F(Gstsapu, PrintHandsTheNumberToTheDialogAndHides) {
-  startBill();
-  typeLine("I0000001", "1", "100", "0");
-  save("OKButton");
-  EXPECT_EQ(host.onTop() + openedWith.value, "dlg11");
-  EXPECT_EQ(session().mreportkey, "GST INVOICE");
-  EXPECT_EQ(closingWords.find("E_Way"), std::string::npos);
-  EXPECT_EQ(host.find("GSTSAPU")->mode, "PRINT");
-  open();
-  EXPECT_EQ(host.onTop() + host.focus(), "GSTSAPUcmdadd");
 }
 
 TEST_F(Gstsapu, SaveRefusesWhatIsNotABill) {
@@ -301,21 +246,6 @@ TEST_F(Gstsapu, LeavingAsksOnlyOverAnOpenVoucher) {
   host.answers = {true};
   host.closeTop();
   EXPECT_EQ(host.find("GSTSAPU"), nullptr);
-}
-
-TEST_F(Gstsapu, MastersComeBackWithTheirNewCode) {
-  startBill();
-  host.go("Text1(4)");
-  host.key(KeyCode::Insert);
-  EXPECT_EQ(host.onTop() + openedWith.caller, "frmaccGSTSAPU");
-  session().mlastacc = "A00002";
-  host.close(host.screen());
-  EXPECT_EQ(host.focus() + host.text("Text1(4)"), "Text1(4)A00002");
-  host.go("Text1(5)");
-  host.key(KeyCode::Insert);
-  EXPECT_EQ(host.onTop(), "FRMITEM1");
-  host.close(host.screen());
-  EXPECT_EQ(host.focus() + host.text("Text1(5)"), "Text1(5)") << "nothing new was made";
 }
 
 TEST_F(Gstsapu, ADrillDownShowsTheBillAndClosesAfterSave) {
@@ -467,10 +397,7 @@ TEST_F(Gstsapu, KeepsToTheOracle) {
                      " NUMTEXT(SALE_DISC) FROM T_SLITM ORDER BY SR_NO DESC LIMIT 1"),
                 part[1]);
     } else if (part[0] == "total") {
-      std::string shown;
-      for (const int field : {18, 26, 1, 3, 20, 28, 38})
-        shown += "|" + host.text("Text1(" + std::to_string(field) + ")");
-      EXPECT_EQ(shown, "|" + part[1]);
+      EXPECT_EQ(fields({18, 26, 1, 3, 20, 28, 38}), part[1]);
       if (++bills % 10 != 0) {
         host.press("CMDCANCEL");
         continue;

@@ -66,20 +66,3 @@ TEST_F(Messaging, TheWindowAnswersAndOffersTheHandOff) {
   ASSERT_EQ(host.launched.size(), 1U);
   EXPECT_EQ(host.launched[0], folder.path().string() + "/WhatsappSupport.exe TEXT 1 9800000023 Dear Sir");
 }
-
-TEST_F(Messaging, ArrowsChangeTheButtonOfTheClosingMessage) {
-  Interaction closing{.text = "  Saved\n   Entry No : 1\n", .ok = "Print", .cancel = "New Entry"};
-  host.insideModal = {[&] {
-    EXPECT_EQ(host.focus(), "OKButton");
-    EXPECT_EQ(host.text("OKButton"), "Print");
-    EXPECT_EQ(host.text("lblvalue(0)"), "1");
-    EXPECT_FALSE(host.at("lblreminder").visible);
-    host.key(KeyCode::Right);
-    EXPECT_EQ(host.focus(), "CancelButton");
-    host.key(KeyCode::Left);
-    EXPECT_EQ(host.focus(), "OKButton");
-    host.key(KeyCode::Right);
-    host.enter();
-  }};
-  EXPECT_FALSE(interact(host, closing));
-}

@@ -96,16 +96,6 @@ TEST_F(SavingTest, WhatDoesNotFitItsColumnStaysAtItsDefault) {
   EXPECT_EQ(line("SELECT GR_NO, DESTI, NET_AMT FROM SALE"), "|ANAND|118");
 }
 
-TEST_F(SavingTest, AFreshNumberTakenMeanwhileChangesNothing) {
-  workLine(db(), "I0000001", 2, 1);
-  ASSERT_TRUE(saveBill(db(), saleBook(), bill(7), stamp(), Saving::Fresh));
-  workLine(db(), "I0000001", 3, 2);
-  EXPECT_FALSE(saveBill(db(), saleBook(), bill(7, 500), stamp(), Saving::Fresh));
-  EXPECT_EQ(line("SELECT NET_AMT FROM SALE"), "118");
-  EXPECT_EQ(line("SELECT COUNT(*) FROM SALEITM"), "1");
-  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER"), "5");
-}
-
 TEST(Numbering, BillNumbersRunOnAsTheSeriesAlwaysDid) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"",      "0001" },
