@@ -46,10 +46,7 @@ class ReceiptsTest : public BillTest {
     host.enter();
   }
   void save() {
-    host.insideModal.push_back([this] {
-      closingWords = host.text("Label1");
-      host.enter();
-    });
+    host.insideModal.push_back([this] { host.enter(); });
     host.enter();
   }
   std::string stored() {
@@ -144,86 +141,35 @@ TEST_F(ReceiptsTest, ASaveThatFailsInTheMiddleLeavesNothing) {
   EXPECT_EQ(balance("A00001"), "38460");
 }
 
-TEST_F(ReceiptsTest, MoneyIsTakenByKeysAlone) {
+TEST_F(ReceiptsTest, WhatIsOpenedForAMomentShutsAgain) {
   open();
-  EXPECT_EQ(host.screen().caption, "RECEIPT ENTRY");
-  EXPECT_EQ(host.hint(), "Press Add Button to Enter New Voucher");
-  EXPECT_TRUE(host.at("SCR1").visible);
-  host.press("cmdAdd");
-  EXPECT_EQ(host.screen().caption, "RECEIPT ENTRY : ADD MODE");
-  EXPECT_FALSE(host.at("SCR1").visible);
-  EXPECT_EQ(host.focus(), "MaskEdBox1(0)");
-  EXPECT_EQ(host.text("txtFields(0)"), "1");
-  EXPECT_EQ(host.text("txtFields(10)"), "CASH A/C");
-  EXPECT_FALSE(host.at("txtFields(2)").enabled);
-  host.keys({KeyCode::F1, KeyCode::Up, KeyCode::PgUp});
-  EXPECT_EQ(host.text("MaskEdBox1(0)"), "02/05/2026");
-  host.enter();
-  EXPECT_EQ(host.focus(), "txtFields(3)");
-  host.type("a00001");
-  host.enter();
-  EXPECT_EQ(host.text("txtFields(9)"), "PATEL TRADING CO");
-  EXPECT_EQ(host.text("txtFields(5)"), "38460");
-  EXPECT_EQ(host.hint(), "Enter AMOUNT In Figures");
-  host.type("0");
-  host.enter();
-  EXPECT_EQ(host.lastMessage(), "CAN NOT ACCEPT");
-  EXPECT_EQ(host.focus(), "txtFields(4)");
-  host.fillEnter("txtFields(4)", "1180");
-  EXPECT_FALSE(host.at("cmdUpdate").enabled);
-  host.type("by hand");
-  host.enter();
+  startReceipt("A00001", "40");
   EXPECT_EQ(host.focus(), "cmdUpdate");
-  // Leaving the button shuts it again.
-  host.keys({Key::Shift(KeyCode::Tab)});
+  host.key(Key::Shift(KeyCode::Tab));
   EXPECT_FALSE(host.at("cmdUpdate").enabled);
-  host.go("txtFields(7)");
-  host.enter();
-  save();
-  EXPECT_EQ(closingWords, std::string(60, ' ') +
-                              "RECEIPT ENTRY Saved\n   Entry No   : 1\n   Party Name : PATEL TRADING CO\n"
-                              "   AMOUNT     : 1180\n\n   Press ok to Proceed ");
-  EXPECT_EQ(host.focus(), "cmdAdd");
-  EXPECT_EQ(host.screen().mode, "");
-  EXPECT_EQ(line("SELECT VOUCH_DT, NARRATION, AMOUNT FROM RPTPAY"), "2026-05-02|BY HAND|1180");
-  EXPECT_EQ(balance("A00001"), "-180");
-  EXPECT_EQ(host.cell("DataGrid1", 0, 2), "PATEL TRADING CO");
+  // Cash / Bank takes no party, whichever way it is left.
+  host.key(KeyCode::F5);
+  host.fillEnter("txtFields(2)", "A00002");
+  EXPECT_EQ(host.focus(), "txtFields(2)");
+  host.key(KeyCode::Tab);
+  EXPECT_EQ(host.text("txtFields(2)") + host.text("txtFields(10)"), "X90005CASH A/C");
+  EXPECT_FALSE(host.at("txtFields(2)").enabled);
 }
 
-TEST_F(ReceiptsTest, WhatIsRefused) {
+TEST_F(ReceiptsTest, TheSaveTestsCodesButNotTheAmount) {
   open();
   host.press("cmdAdd");
-  struct Case {
-    const char *field, *typed, *words, *left;
-  };
-  const Case cases[] = {
-      {"MaskEdBox1(0)", "31/10/2026", "Pl. Enter Date Between 01/Apr/2026 and 31/Mar/2027", "31/10/2026"},
-      {"txtFields(3)",  "Z00000",     "PARTY DOES NOT EXIST",                               "Z00000"    },
-      {"txtFields(3)",  "x90005",     " BOTH THE CODE CAN NOT BE SAME",                     ""          },
-      {"txtFields(4)",  "-5",         "CAN NOT ACCEPT",                                     "-5"        },
-  };
-  for (const Case& c : cases) {
-    if (c.field == std::string("MaskEdBox1(0)")) {
-      host.go(c.field);
-      Screen::set(host.at(c.field), c.typed);
-      host.enter();
-    } else {
-      host.fillEnter(c.field, c.typed);
-    }
-    EXPECT_EQ(host.lastMessage(), c.words);
-    EXPECT_EQ(host.text(c.field), c.left) << c.words;
-    EXPECT_EQ(host.focus(), c.field) << c.words;
-  }
-  // The save tests codes and number again, but not the amount.
-  Screen::set(host.at("MaskEdBox1(0)"), "15/06/2026");
+  Screen::set(host.at("MaskEdBox1(0)"), "31/10/2026");
+  host.enter();
+  EXPECT_EQ(host.lastMessage(), "Pl. Enter Date Between 01/Apr/2026 and 31/Mar/2027");
+  host.fillEnter("txtFields(3)", "Z00000");
+  EXPECT_EQ(host.lastMessage(), "PARTY DOES NOT EXIST");
   host.go("txtFields(7)");
   host.enter();
   host.enter();
-  EXPECT_EQ(host.messages.back().text, "Invalid Entry");
-  EXPECT_EQ(host.messages.back().title, "Mirav Check");
+  EXPECT_EQ(host.messages.back().text + host.messages.back().title, "Invalid EntryMirav Check");
   EXPECT_EQ(host.screen().mode, "ADD");
   host.fillEnter("txtFields(3)", "A00001");
-  host.fill("txtFields(4)", "0");
   host.go("txtFields(7)");
   host.enter();
   save();
@@ -292,33 +238,6 @@ TEST_F(ReceiptsTest, ANumberTakenMeanwhileIsNotWrittenOver) {
   EXPECT_EQ(stored(), "RC1 75");
 }
 
-TEST_F(ReceiptsTest, ABankIsChosenByItsKey) {
-  session().mentrytype = "PAYMENT";
-  open();
-  host.press("cmdAdd");
-  host.key(KeyCode::F5);
-  EXPECT_EQ(host.focus(), "txtFields(2)");
-  host.fillEnter("txtFields(2)", "A00001");
-  EXPECT_EQ(host.focus(), "txtFields(2)");
-  host.key(KeyCode::Tab);
-  EXPECT_EQ(host.text("txtFields(2)"), "X90005");
-  host.key(KeyCode::F5);
-  host.fillEnter("txtFields(2)", "B00001");
-  EXPECT_EQ(host.focus(), "txtFields(3)");
-  EXPECT_FALSE(host.at("txtFields(2)").enabled);
-  EXPECT_EQ(host.text("txtFields(10)"), "NAVRANG BANK");
-  host.type("a00001");
-  host.enter();
-  host.type("40");
-  host.enter();
-  host.enter();
-  save();
-  EXPECT_EQ(ledger("PY"), "C B00001 A00001 40, D A00001 B00001 40");
-  EXPECT_EQ(balance("B00001"), "-40");
-  host.press("cmdAdd");
-  EXPECT_EQ(host.text("txtFields(2)"), "X90005");
-}
-
 TEST_F(ReceiptsTest, LookupsFindOldVouchersAndParties) {
   saveMoneyVoucher(db(), moneyBook("RECEIPT"), money(4, 75.5), Saving::Fresh);
   saveMoneyVoucher(db(), moneyBook("PAYMENT"), money(8, 1), Saving::Fresh);
@@ -344,17 +263,12 @@ TEST_F(ReceiptsTest, LookupsFindOldVouchersAndParties) {
     EXPECT_EQ(host.text("txtFields(9)"), "PATEL TRADING CO") << nameOf(c.key);
   }
   host.fill("txtFields(3)", "");
-  // Of all accounts the debtors and creditors; cash and bank are not among them.
+  // Cash and bank are not among those who pay.
   host.insideModal.push_back([&] {
-    EXPECT_EQ(std::to_string(host.at("grdDataGrid").grid.count()),
-              line("SELECT COUNT(*) FROM ACCOUNT WHERE GROUP_CD = 85"));
+    EXPECT_EQ(host.at("grdDataGrid").grid.count(),
+              db().number("SELECT COUNT(*) FROM ACCOUNT WHERE GROUP_CD = 85"));
   });
   host.enter();
-  host.go("txtFields(7)");
-  host.fill("txtFields(7)", "");
-  host.insideModal.push_back([&] { host.enter(); });
-  host.key(KeyCode::F1);
-  EXPECT_EQ(host.text("txtFields(7)"), "O'NEIL, ભાગ 1");
 }
 
 TEST_F(ReceiptsTest, DrillDownChangesOneVoucherAndCloses) {
