@@ -120,11 +120,10 @@ std::shared_ptr<PageRows> LookupPlan::found(size_t column, const std::string& ty
   const PageRows::ResultColumn& shown = rows->columns().at(column);
   const bool named =
       column < all.columns.size() && all.columns[column].name != "*" && all.columns[0].name != "*";
-  const std::string expression =
-      filterText(named ? all.columns[column].expression : "[" + shown.name + "]", shown.type);
+  const std::string expression = named ? all.columns[column].expression : "[" + shown.name + "]";
   // Many different values are searched in the rows themselves, in one pass over the index.
   const Select& from = steps && few_ ? *steps : searchesInsideFilter(session().mhlpmode) ? start : all;
-  return some(filtered(from, typedCondition(from, expression), {anywhere(typed)}));
+  return some(filtered(from, typedCondition(from, expression, shown.type), {anywhere(typed)}));
 }
 
 FRMHLP::FRMHLP(Host& theHost) : Screen(theHost, table) {

@@ -6,24 +6,49 @@
 #include "base/text.h"
 #include "store/keys.h"
 
-std::string typedCondition(const Select& select, const std::string& expression) {
+namespace {
+
+// Whole numbers without a call of our own for each row.
+std::string numberText(const std::string& number) {
+  const std::string whole = "CAST(" + number + " AS INTEGER)";
+  return "IIF(" + number + " = " + whole + ", " + whole + ", NUMTEXT(" + number + "))";
+}
+
+std::string shownText(const std::string& expression, const std::string& declaredType) {
+  static const std::regex trimmed(R"(TRIM\(STR\(([\w.]+)\)\))", std::regex::icase);
+  std::smatch number;
+  if (startsWithNoCase(declaredType, "DATE")) return "FORMAT(" + expression + ", 'dd/mmm/yyyy')";
+  if (!declaredType.empty()) return numberText(expression);
+  return std::regex_match(expression, number, trimmed) ? numberText(number[1])
+                                                       : "NUMTEXT(" + expression + ")";
+}
+
+// The key of a table where that is one column, else nothing.
+std::string keyOf(const std::string& table) {
+  for (const TableKey& key : tableKeys())
+    if (sameText(key.table, table) && key.columns.find(',') == std::string_view::npos)
+      return std::string(key.columns);
+  return {};
+}
+
+}  // namespace
+
+std::string typedCondition(const Select& select, const std::string& expression,
+                           const std::string& declaredType) {
+  if (!startsWithNoCase(declaredType, "TEXT")) return likeText(shownText(expression, declaredType));
   static const std::regex qualified(R"((\w+)\.(\w+))");
   std::smatch parts;
   if (!std::regex_match(expression, parts, qualified)) return likeText(expression);
-  const std::string table = parts[1], column = parts[2];
-  const auto keys = tableKeys();
-  const auto key = std::ranges::find_if(keys, [&](const TableKey& k) { return sameText(k.table, table); });
-  if (key == keys.end()) return likeText(expression);
+  const std::string table = parts[1], key = keyOf(table);
+  if (key.empty()) return likeText(expression);
 
-  // A key of several columns does not stand in an equation of this form.
-  const std::string keyColumn(key->columns), joins = select.from + " " + select.where;
-  const std::regex equation(R"((\w+\.\w+)\s*=\s*)" + table + R"(\.)" + keyColumn + R"(\b)",
-                            std::regex::icase);
+  const std::string joins = select.from + " " + select.where;
+  const std::regex equation(R"((\w+\.\w+)\s*=\s*)" + table + R"(\.)" + key + R"(\b)", std::regex::icase);
   std::smatch joined;
   if (!std::regex_search(joins, joined, equation)) return likeText(expression);
   // The sign keeps the rows in the order of the select's own index.
-  return "+" + joined[1].str() + " IN (SELECT " + keyColumn + " FROM " + table + " WHERE " +
-         likeText(column) + ")";
+  return "+" + joined[1].str() + " IN (SELECT " + key + " FROM " + table + " WHERE " +
+         likeText(parts[2].str()) + ")";
 }
 
 namespace {

@@ -8,10 +8,11 @@
 
 // Statements that find the same rows as the plain ones, at less cost over many rows.
 
-// The condition for a typed text in a text column. A column of a table that is joined by its key
-// ("SALE.PARTY_CD = ACCOUNT.ACC_CD") is searched in that table, once, and not for each row that
-// is joined to it.
-std::string typedCondition(const Select& select, const std::string& expression);
+// The condition for a typed text in a column of any type, as it shows (`declaredType` as in
+// PageRows). A text column of a table that is joined by its key ("SALE.PARTY_CD =
+// ACCOUNT.ACC_CD") is searched in that table, once, and not for each row that is joined to it.
+std::string typedCondition(const Select& select, const std::string& expression,
+                           const std::string& declaredType);
 
 // The distinct filled values of one text column ("select DISTINCT[DESTI] from SALE WHERE
 // LEN(DESTI)>0") read in steps from value to value along an index: some values cost the same

@@ -155,13 +155,3 @@ std::string PageRows::text(size_t number, size_t column) const {
   const auto* const texts = row(number);
   return texts ? (*texts)[column] : std::string();
 }
-
-std::string filterText(const std::string& expression, const std::string& declaredType) {
-  if (startsWithNoCase(declaredType, "TEXT")) return expression;
-  if (isDate(declaredType)) return "FORMAT(" + expression + ", 'dd/mmm/yyyy')";
-  const std::string text = "NUMTEXT(" + expression + ")";
-  if (declaredType.empty()) return text;
-  // Whole numbers without a call for each row.
-  const std::string whole = "CAST(" + expression + " AS INTEGER)";
-  return "IIF(" + expression + " = " + whole + ", " + whole + ", " + text + ")";
-}

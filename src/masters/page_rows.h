@@ -66,6 +66,3 @@ class PageRows : public RowSource {
   std::vector<ResultColumn> columns_;
   mutable std::deque<Page> pages_;  // the last one used in front
 };
-
-// A column of any type as the text that a typed filter is compared with.
-std::string filterText(const std::string& expression, const std::string& declaredType);

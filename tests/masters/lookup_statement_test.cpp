@@ -68,11 +68,11 @@ TEST(SelectText, ColumnsOfKeyedTablesAreSearchedThere) {
       "select VOUCH_NO from (SALE LEFT JOIN ACCOUNT ON SALE.party_cd = ACCOUNT.acc_cd) LEFT JOIN ACCOUNT AS "
       "ACCOUNT_1 ON SALE.SALE_CD = ACCOUNT_1.ACC_CD, SALEITM WHERE SALE.VOUCH_NO = SALEITM.VOUCH_NO");
   const auto like = [](const std::string& column) { return column + " LIKE ? ESCAPE '\\'"; };
-  EXPECT_EQ(typedCondition(bills, "ACCOUNT.ACC_NAME"),
+  EXPECT_EQ(typedCondition(bills, "ACCOUNT.ACC_NAME", "TEXT(100)"),
             "+SALE.party_cd IN (SELECT ACC_CD FROM ACCOUNT WHERE " + like("ACC_NAME") + ")");
   for (const char* plain : {"ACC_NAME", "ACCOUNT_1.ACC_NAME", "SALEITM.ITEM_DESC", "SALE.BILL_NO",
                             "ITEM.ITEM_NAME", "TRIM(ACCOUNT.AREA)"})
-    EXPECT_EQ(typedCondition(bills, plain), like(plain));
+    EXPECT_EQ(typedCondition(bills, plain, "TEXT(100)"), like(plain));
 }
 
 TEST(SelectText, FilterAndPageGoIntoTheStatement) {
