@@ -415,7 +415,6 @@ void bwrcpy::update() {
     enterNumber();
     return;
   }
-  caption = book_.title;
   host.busy(true);
   const bool saved =
       saveMoneyVoucher(data(), book_, voucher(), mode == "ADD" ? Saving::Fresh : Saving::Again);
@@ -426,6 +425,7 @@ void bwrcpy::update() {
     return;
   }
   mode.clear();
+  caption = book_.title;
   if (drilledDown_) {
     host.close(*this);
     return;
