@@ -209,7 +209,10 @@ std::optional<regdlg1::Period> regdlg1::checkedPeriod() {
 Go regdlg1::date() {
   const int n = here().index;
   if (!checkedDate(n)) return Go::Stay;
-  if (n == 1) at("cmdshow").enabled = true;
+  if (n == 1) {
+    at("cmdshow").enabled = true;
+    if (!at("cmdprint").enabled) reason = "Print opens after Show";
+  }
   focus(n == 0 ? at("MaskEdBox1", 1) : at("cmdshow"));
   return Go::Stay;
 }
