@@ -159,9 +159,11 @@ void Database::open(const std::filesystem::path& file, Access access) {
   if (access != Access::create && !inMemory && !std::filesystem::is_regular_file(file, ignored))
     throw DatabaseError(Kind::missing, shownName(file), {});
 
-  const int flags = access == Access::readOnly ? SQLite::OPEN_READONLY
-                    : access == Access::create ? SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE
-                                               : SQLite::OPEN_READWRITE;
+  const int mode = access == Access::readOnly ? SQLite::OPEN_READONLY
+                   : access == Access::create ? SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE
+                                              : SQLite::OPEN_READWRITE;
+  // The program has one thread.
+  const int flags = mode | SQLite::OPEN_NOMUTEX;
   try {
     checked("", [&] {
       handle_ = std::make_unique<Handle>(file, flags);

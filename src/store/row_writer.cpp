@@ -40,8 +40,10 @@ Fields writable(Database& db, std::string_view table, const Fields& fields) {
   const auto& columns = db.columns(table);
   Fields result;
   for (const auto& field : fields) {
-    const auto column = std::find_if(columns.begin(), columns.end(),
-                                     [&](const Column& c) { return sameText(c.name, field.column); });
+    // The size first: a wide row is looked up in a wide table.
+    const auto column = std::find_if(columns.begin(), columns.end(), [&](const Column& c) {
+      return c.name.size() == field.column.size() && sameText(c.name, field.column);
+    });
     if (column == columns.end()) continue;
     if (auto value = fitting(*column, field.value)) result.push_back({column->name, std::move(*value)});
   }
