@@ -72,6 +72,7 @@ class BenchWindow : public QtHost {
   }
 };
 
+std::unique_ptr<QApplication> application;
 std::unique_ptr<BenchWindow> running;
 
 BenchWindow& freshWindow() {
@@ -174,8 +175,8 @@ void searched(State& state, void (*go)(BenchWindow&), const std::string& text) {
 
 void addMeasurements() {
   static int count = 0;
-  static QApplication application(count, nullptr);
-  dress(application);
+  application = std::make_unique<QApplication>(count, nullptr);
+  dress(*application);
   const auto toItem = [](BenchWindow& w) { w.toItem(); };
   measure("Drawn/start to shell", startToShell, true);
   measure("Drawn/bill screen opened", billScreen);
@@ -188,4 +189,7 @@ void addMeasurements() {
   measure("Drawn/search/items/CAB", [=](State& s) { searched(s, toItem, "CAB"); });
 }
 
-void endProgram() { running.reset(); }
+void endProgram() {
+  running.reset();
+  application.reset();
+}
