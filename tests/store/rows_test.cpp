@@ -198,11 +198,11 @@ TEST_F(RowsTest, BalancesFollowTheLedger) {
         "SELECT GROUP_CONCAT(ACC_CD || '=' || COALESCE(NUMTEXT(CL_BAL), '-')) FROM (SELECT * FROM ACCOUNT "
         "WHERE ACC_CD LIKE 'A%' ORDER BY ACC_CD)");
   };
-  EXPECT_EQ(balances(), "A00001=999.5,A00002=-60,A00003=7,A00004=-")
-      << "no opening balance at all stays none";
+  EXPECT_EQ(balances(), "A00001=999.5,A00002=-60,A00003=7,A00004=5")
+      << "no opening balance at all counts as nothing";
   EXPECT_EQ(db.text("SELECT GROUP_CONCAT(NUMTEXT(TOT_DR) || '/' || NUMTEXT(TOT_CR)) FROM (SELECT * FROM "
                     "T_ACLST WHERE ACC_CD = 'A00001' ORDER BY TOT_DR, TOT_CR)"),
             "0/0,0/300.5,1200/0");
   refreshBalances(db);
-  EXPECT_EQ(balances(), "A00001=999.5,A00002=-60,A00003=7,A00004=-");
+  EXPECT_EQ(balances(), "A00001=999.5,A00002=-60,A00003=7,A00004=5");
 }
