@@ -190,6 +190,7 @@ void addLookups() {
   const Search searches[] = {
       {bills,        "Text1", "54321" },
       {bills,        "Text2", "RAMESH"},
+      {bills,        "Text2", "ZZ"    },
       {byBillNumber, "Text2", "54321" },
       {byAmount,     "Text2", "1234"  },
       {parties,      "Text2", "RAMESH"},
