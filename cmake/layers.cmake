@@ -3,7 +3,7 @@
 
 add_library(mirav_warnings INTERFACE)
 target_compile_options(mirav_warnings INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow=local -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor -Werror
+  -Wall -Wextra -Wpedantic -Wshadow=local -Wconversion -Wno-missing-field-initializers -Wno-sign-conversion -Wnon-virtual-dtor -Werror
   # Fully optimised, g++ 12 warns of overlapping and of uninitialised strings that cannot be.
   $<$<CONFIG:Release>:-Wno-restrict>
   $<$<CONFIG:Release>:-Wno-maybe-uninitialized>)

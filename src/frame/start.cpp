@@ -46,7 +46,7 @@ void remakeTemplates(const fs::path& folder) {
 
 }  // namespace
 
-void setScreenFactors(Session& s, const Display& display) {
+void setScreenFactors(Session& s, const ScreenSize& display) {
   const double t = display.twipsPerPixelX;
   const double grown = t == 15 ? 1 : t == 12 ? 1.25 : t == 10 ? 1.5 : 0;
   if (grown == 0) return;

@@ -11,4 +11,4 @@
 bool startUp(Host& host, const std::filesystem::path& folder);
 
 // Twips per pixel of 15, 12 and 10 are known; any other leaves both factors 0.
-void setScreenFactors(Session& session, const Display& display);
+void setScreenFactors(Session& session, const ScreenSize& display);

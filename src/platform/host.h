@@ -11,7 +11,7 @@ namespace paint {
 class Painter;
 }
 
-struct Display {
+struct ScreenSize {
   double widthTwips = 20490, heightTwips = 11520;  // 1366 x 768 at 15 twips a pixel
   double twipsPerPixelX = 15, twipsPerPixelY = 15;
 };
@@ -45,7 +45,7 @@ class Host {
   virtual void refresh() = 0;
 
   virtual Moment now() const = 0;
-  virtual Display display() const = 0;
+  virtual ScreenSize display() const = 0;
   virtual bool online() const = 0;
   virtual bool running(const std::string& process) const = 0;
   virtual void endProcess(const std::string& process) = 0;

@@ -35,7 +35,7 @@ struct Group {
   std::vector<Length> columns = {};  // labels included
   std::string columnsOf = {};        // shares the columns of this grid
   double pitch = 35;                 // from one row of fields to the next
-  std::vector<Band> bands = {};
+  std::vector<Band> bands;
 };
 
 struct Band {

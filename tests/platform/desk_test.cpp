@@ -145,7 +145,7 @@ class TestDesk : public Desk {
   void busy(bool) override {}
   void refresh() override {}
   Moment now() const override { return {}; }
-  Display display() const override { return {}; }
+  ScreenSize display() const override { return {}; }
   bool online() const override { return false; }
   bool running(const std::string&) const override { return false; }
   void endProcess(const std::string&) override {}

@@ -25,7 +25,7 @@ class TestHost : public Desk {
       Date{std::chrono::year{2026}, std::chrono::June, std::chrono::day{15}},
       10, 30, 0
   };
-  Display screenSize;
+  ScreenSize screenSize;
   bool isOnline = true;
   std::vector<std::string> processes;
 
@@ -126,7 +126,7 @@ class TestHost : public Desk {
   void busy(bool on) override { isBusy = on; }
   void refresh() override {}
   Moment now() const override { return clock; }
-  Display display() const override { return screenSize; }
+  ScreenSize display() const override { return screenSize; }
   bool online() const override { return isOnline; }
   bool running(const std::string& process) const override {
     return std::ranges::find(processes, process) != processes.end();

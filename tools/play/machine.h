@@ -24,7 +24,7 @@ struct Machine {
   };
 
   std::optional<Moment> clock;
-  Display display;
+  ScreenSize display;
   bool online = true;
   std::vector<std::string> running;
 
@@ -80,7 +80,7 @@ class Played : public Base {
     return machine_.input(prompt, title);
   }
   Moment now() const override { return machine_.now(); }
-  Display display() const override { return machine_.display; }
+  ScreenSize display() const override { return machine_.display; }
   bool online() const override { return machine_.online; }
   bool running(const std::string& process) const override { return machine_.isRunning(process); }
   void endProcess(const std::string& process) override { std::erase(machine_.running, process); }

@@ -1,6 +1,6 @@
 #include "platform/qt/main_window.h"
-#include "platform/qt/application.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QPainter>
 #include <QScreen>

@@ -305,7 +305,7 @@ void QtHost::refresh() {
 
 Moment QtHost::now() const { return clock ? *clock : machine::now(); }
 
-Display QtHost::display() const {
+ScreenSize QtHost::display() const {
   if (size) return *size;
   const QSize pixels = QGuiApplication::primaryScreen()->size();
   return {pixels.width() * kTwipsPerPixel, pixels.height() * kTwipsPerPixel, kTwipsPerPixel, kTwipsPerPixel};

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "platform/qt/application.h"
-
+#include <QApplication>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -35,7 +34,7 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
   // The machine as the host sees it; a script or a test sets it otherwise.
   std::optional<Moment> clock;
   std::optional<bool> isOnline;
-  std::optional<Display> size;
+  std::optional<ScreenSize> size;
   std::optional<std::pair<int, int>> windowSize;  // in place of the whole screen
   // Runs when a box stands on the screen, from inside the loop that waits for its answer.
   std::function<void()> onBox;
@@ -57,7 +56,7 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
   void busy(bool on) override;
   void refresh() override;
   Moment now() const override;
-  Display display() const override;
+  ScreenSize display() const override;
   bool online() const override;
   bool running(const std::string& process) const override;
   void endProcess(const std::string& process) override;

@@ -1,5 +1,4 @@
-#include "platform/qt/application.h"
-
+#include <QApplication>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
