@@ -109,9 +109,11 @@ Words exchange(Host& host, const fs::path& file) {
 
 }  // namespace
 
-void backUpNow(Host& host) {
+bool backUpNow(Host& host) {
   const fs::path copy = backUp(host, BackupKind::Asked);
-  if (!copy.empty()) host.message("Backup Done\r\n" + copy.string(), kDone);
+  if (copy.empty()) return false;
+  host.message("Backup Done\r\n" + copy.string(), kDone);
+  return true;
 }
 
 void backUpAtExit(Host& host) {

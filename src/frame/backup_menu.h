@@ -5,7 +5,8 @@
 // What the shell's entries "Backup" and "Restore" do on the session's company-year, and its
 // exit: each asks and tells, the rules stand in backup.h.
 
-void backUpNow(Host& host);
+// False after a failure.
+bool backUpNow(Host& host);
 
 // When the settings say so, keeping the last ten. Only a failure is told.
 void backUpAtExit(Host& host);

@@ -4,10 +4,12 @@
 #include "frame/frmmain.h"
 #include "frame/frmstartup.h"
 #include "frame/stngs.h"
+#include "frame/update_database.h"
 
 void addFrameScreens(Screens& screens) {
   screens.add<FRMCOMP>("FRMCOMP");
   screens.add<frmStartup>("frmStartup");
   screens.add<frmmain>("frmmain");
   screens.add<stngs>("stngs");
+  screens.add<UpdateDatabase>("struct");
 }

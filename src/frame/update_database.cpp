@@ -1,0 +1,88 @@
+#include "frame/update_database.h"
+
+#include "frame/backup_menu.h"
+#include "frame/session.h"
+#include "store/update.h"
+
+namespace {
+
+const ScreenSpec& updateTable() {
+  // clang-format off
+  static const ScreenSpec spec = {
+      .name = "struct",
+      .caption = "Update Database",
+      .window = Window::Dialog,
+      .focusColour = 0xFFC0FF,
+      .layout = {.bands = {
+                     {fit(),   {{.name = "what", .frame = Frame::Plain, .pitch = 24}}},
+                     {part(1), {{.name = "progress"}}},
+                     {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
+                 },
+                 .width = 520, .height = 250},
+      .controls = {
+          {.name = "lblwhat",   .index = 0, .kind = Kind::Label, .label = "Brings Tables, Designs And Keys Of This Company To The Program's Shape", .at = {.group = "what"}, .style = Style::Quiet},
+          {.name = "lblwhat",   .index = 1, .kind = Kind::Label, .label = "A Verified Backup Is Made First :: Nobody Else May Have The Company Open", .at = {.group = "what", .row = 1}, .style = Style::Quiet},
+          {.name = "Label1",    .kind = Kind::Label,  .at = {.group = "progress", .rows = 2}},
+          {.name = "cmdupdate", .kind = Kind::Button, .label = "&Update", .at = {.group = "buttons"}, .tab = 1, .style = Style::Primary, .hint = "Press Enter To Update :: Esc = Close"},
+          {.name = "Cmdclose",  .kind = Kind::Button, .label = "&Close",  .at = {.group = "buttons"}, .tab = 2},
+      },
+  };
+  // clang-format on
+  return spec;
+}
+
+}  // namespace
+
+UpdateDatabase::UpdateDatabase(Host& theHost) : ChildScreen(theHost, updateTable()) {
+  wire<UpdateDatabase>(*this, {
+                                  {"cmdupdate", On::Click,    &UpdateDatabase::update},
+                                  {"Cmdclose",  On::Click,    &UpdateDatabase::close },
+                                  {"",          KeyCode::Esc, &UpdateDatabase::close },
+  });
+}
+
+void UpdateDatabase::opened(const Entry& entry) {
+  ChildScreen::opened(entry);
+  focus(at("cmdupdate"));
+}
+
+void UpdateDatabase::tell(std::string_view words) {
+  set(at("Label1"), words);
+  host.refresh();
+}
+
+// What the update drops is gone, so it waits until the backup stands.
+void UpdateDatabase::update() {
+  if (!backUpNow(host)) return;
+  at("Cmdclose").enabled = at("cmdupdate").enabled = false;
+  host.busy(true);
+  try {
+    work();
+  } catch (...) {
+    at("Cmdclose").enabled = at("cmdupdate").enabled = true;
+    tell("The Update Was Not Done :: The Books Are As They Were");
+    throw;
+  }
+  host.close(*this);
+}
+
+void UpdateDatabase::work() {
+  const Session& s = session();
+  const Moment now = host.now();
+  const UpdateFacts facts{
+      .companyCode = s.mcompid,
+      .companyName = s.mcompname,
+      .fromYear = s.mfromyr,
+      .toYear = s.mtoyr,
+      .mobile = s.mmobile,
+      .dataname = s.mdataname,
+      .repair = {.periodStart = s.mstartdt, .timeOfDay = formatTime(now, "HH:MM")},
+  };
+  const auto withoutKey = updateDatabase(
+      data(), facts, [this](std::string_view words) { tell("Updating " + std::string(words)); });
+  host.busy(false);
+  for (const std::string& table : withoutKey)
+    host.message("PRIMARY KEY NOT SET FOR " + table + "  TABLE", "Mirav Message");
+  tell("");
+  host.message("SUCCESS", "Mirav Message");
+}

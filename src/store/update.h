@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/repair.h"
+
+// Brings an open company-year to the shape that this program must find, and mends its data: the
+// dictionary is walked, what it does not declare is dropped, saved queries and print designs are
+// remade, rows are repaired, the company's own row is written and the keys are made anew. A second
+// update changes nothing. All or nothing: a failure that must reach the user is a DatabaseError and
+// leaves the database as it was; a statement that merely fails is passed over.
+
+struct UpdateFacts {
+  std::string companyCode, companyName, fromYear, toYear, mobile, dataname;
+  RepairFacts repair;
+};
+
+using UpdateProgress = std::function<void(std::string_view words)>;
+
+// The tables whose key could not be made, since rows of theirs share it.
+std::vector<std::string> updateDatabase(Database& db, const UpdateFacts& facts,
+                                        const UpdateProgress& progress = {});

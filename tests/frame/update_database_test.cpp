@@ -1,0 +1,40 @@
+#include "frame/update_database.h"
+
+#include <fstream>
+
+#include "frame_fixture.h"
+
+namespace fs = std::filesystem;
+
+TEST_F(FrameTest, TheUpdateBacksUpFirstAndSaysWhatCameOfIt) {
+  openShell();
+  data().exec("INSERT INTO ITEMDTL (ITEM_CD, SIZE_CD) VALUES ('MISC', 'BOX')");
+  data().exec("CREATE TABLE main.OLD_LIST (NOTE TEXT)");
+  data().exec("UPDATE ACCOUNT SET PERSON_NM = NULL");
+  ASSERT_TRUE(host_.choose("Database Check"));
+  ASSERT_EQ(host_.onTop(), "struct");
+  host_.messages.clear();
+  host_.enter();
+  ASSERT_EQ(host_.messages.size(), 3u);
+  EXPECT_EQ(host_.messages[0].text.substr(0, 13), "Backup Done\r\n");
+  EXPECT_TRUE(fs::exists(host_.messages[0].text.substr(13)));
+  EXPECT_EQ(host_.messages[1].text, "PRIMARY KEY NOT SET FOR ITEMDTL  TABLE");
+  EXPECT_EQ(host_.messages[2].text, "SUCCESS");
+  EXPECT_EQ(host_.onTop(), "frmmain");
+  EXPECT_FALSE(host_.isBusy);
+  EXPECT_TRUE(data().columns("OLD_LIST").empty());
+  EXPECT_EQ(data().number("SELECT COUNT(*) FROM ACCOUNT WHERE PERSON_NM IS NULL"), 0);
+}
+
+TEST_F(FrameTest, WithoutABackupThereIsNoUpdate) {
+  openShell();
+  data().exec("CREATE TABLE main.OLD_LIST (NOTE TEXT)");
+  std::ofstream(folder_ / "BACKUP") << "no folder";
+  ASSERT_TRUE(host_.choose("Database Check"));
+  host_.messages.clear();
+  host_.enter();
+  ASSERT_EQ(host_.messages.size(), 1u);
+  EXPECT_EQ(host_.messages[0].text.substr(0, 15), "Backup Not Done");
+  EXPECT_EQ(host_.onTop(), "struct");
+  EXPECT_FALSE(data().columns("OLD_LIST").empty());
+}
