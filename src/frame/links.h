@@ -20,7 +20,13 @@ struct Links {
   std::string receiptBillwiseVideo;  // bill by bill
   std::string ledgerVideo;
   std::string tLedgerVideo;
-  std::string reportVideo;
+  std::string partyListVideo;
+  std::string categoryListVideo;
+  std::string priceListVideo;
+  std::string saleRegistersVideo;
+  std::string gstr1RdVideo;
+  std::string gstr1UrdVideo;
+  std::string reportVideo;  // all other reports
 };
 
 Links& links();

@@ -1,0 +1,24 @@
+#include <utility>
+
+#include "base/text.h"
+#include "reports/report.h"
+
+Condition& Condition::add(std::string_view part, Date value) {
+  add(part, Value(value), "#" + formatDate(value, "dd/MMM/yyyy") + "#");
+  return *this;
+}
+
+Condition& Condition::add(std::string_view part, const std::string& value) {
+  add(part, Value(value), "'" + replaceAll(value, "'", "''") + "'");
+  return *this;
+}
+
+void Condition::add(std::string_view part, Value value, std::string_view literal) {
+  if (!text_.empty()) {
+    text_ += " AND ";
+    shown_ += " and ";
+  }
+  text_ += part;
+  shown_ += replaceAll(part, "?", literal);
+  values_.push_back(std::move(value));
+}
