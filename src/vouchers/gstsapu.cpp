@@ -196,18 +196,18 @@ void GSTSAPU::save() {
 BillHeader GSTSAPU::header() const {
   return {.number = value(0),
           .date = *date(0),
-          .party = typed(4),
-          .shipTo = typed(32),
-          .billType = typed(47),
-          .billNumber = typed(43),
-          .orderNumber = typed(16),
+          .party = textOf(4),
+          .shipTo = textOf(32),
+          .billType = textOf(47),
+          .billNumber = textOf(43),
+          .orderNumber = textOf(16),
           .challanNumber = value(62),
-          .narration = typed(29),
+          .narration = textOf(29),
           .transportId = value(55),
-          .transport = typed(42),
-          .destination = typed(41),
-          .lrNumber = typed(40),
-          .parcels = typed(45),
+          .transport = textOf(42),
+          .destination = textOf(41),
+          .lrNumber = textOf(40),
+          .parcels = textOf(45),
           .creditDays = value(27),
           .lrDate = date(1),
           .items = value(18),
@@ -222,11 +222,11 @@ BillHeader GSTSAPU::header() const {
 std::string GSTSAPU::closingWords() const {
   return savedText({
       .head = book_.savedHead,
-      .facts = {{"Entry No : ", typed(0)},
+      .facts = {{"Entry No : ", textOf(0)},
                 {"Party Name : ", at("Text2").text},
-                {"Invoice AMOUNT : ", typed(28)}},
+                {"Invoice AMOUNT : ", textOf(28)}},
       .eWayReminder = value(28) > kEWayLimit,
-      .hints = {"Press Print Btn To Print Sales Invoice",                         "Press New Entry Btn To Enter New Bill Entry"},
+      .hints = {"Press Print Btn To Print Sales Invoice",                          "Press New Entry Btn To Enter New Bill Entry"},
   });
 }
 

@@ -76,7 +76,7 @@ Go GSTSAPU::unit() {
   return Go::Stay;
 }
 
-void GSTSAPU::quantity() { put(8, quantityText(typed(8))); }
+void GSTSAPU::quantity() { put(8, quantityText(textOf(8))); }
 
 void GSTSAPU::rate() {
   put(9, value(9));
@@ -164,7 +164,7 @@ Fields GSTSAPU::lineFields() {
       {"SR_NO",      lines_->serial()},
       {"ITEM_CD",    trimmed(5)},
       {"ITEM_NAME",  trimmed(6)},
-      {"SIZE_CD",    typed(7)},
+      {"SIZE_CD",    textOf(7)},
       {"QUANTITY",   value(8)},
       {"RATE",       value(9)},
       {"SALE_DISC",  value(11)},

@@ -352,7 +352,7 @@ Go VoucherScreen::toSave() {
 }
 
 void VoucherScreen::saved(const std::string& words, const std::string& phone) {
-  const std::string number = typed(0);
+  const std::string number = textOf(0);
   lineGrid().visible = false;
   showButtons(true);
   focus(at("cmdadd"));
@@ -389,9 +389,9 @@ std::string savedText(const SavedWords& words) {
 
 // Fields
 
-std::string VoucherScreen::trimmed(int n) const { return trim(typed(n)); }
+std::string VoucherScreen::trimmed(int n) const { return trim(textOf(n)); }
 
-double VoucherScreen::value(int n) const { return Val(typed(n)); }
+double VoucherScreen::value(int n) const { return Val(textOf(n)); }
 
 void VoucherScreen::put(int n, double figure) { put(n, numText(figure)); }
 

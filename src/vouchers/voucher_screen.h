@@ -103,7 +103,7 @@ class VoucherScreen : public ChildScreen {
   std::string hintFor(const Control& control) const override;
 
   Control& text1(int n) { return at("Text1", n); }
-  std::string typed(int n) const { return at("Text1", n).text; }
+  std::string textOf(int n) const { return at("Text1", n).text; }
   std::string trimmed(int n) const;
   double value(int n) const;
   void put(int n, const std::string& text) { set(at("Text1", n), text); }
