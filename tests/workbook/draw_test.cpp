@@ -82,7 +82,7 @@ TEST(Draw, NumbersTooWideShowSigns) {
   EXPECT_EQ(texts[2].text, "123.50");
   EXPECT_EQ(texts[2].halign, paint::HAlign::Right);
   EXPECT_EQ(texts[3].text, "1,234,567.00");
-  EXPECT_NEAR(texts[3].font.size, 11 * 45 / 66.0, 1e-6);
+  EXPECT_NEAR(texts[3].font.size, 11 * 43.5 / 66.0, 1e-6);
   EXPECT_EQ(texts[4].colour, (paint::Colour{255, 0, 0}));
   EXPECT_EQ(texts[5].text, "TRUE");
   EXPECT_EQ(texts[5].halign, paint::HAlign::Centre);
@@ -107,7 +107,7 @@ TEST(Draw, AlignmentWrapAndIndent) {
   EXPECT_TRUE(page.find("wraps into three lines")->wrap);
   EXPECT_EQ(page.find("wraps into three lines")->valign, paint::VAlign::Top);
   EXPECT_EQ(page.find("middle")->valign, paint::VAlign::Middle);
-  EXPECT_NEAR(page.find("in")->box.x, 36 + 1.5 + 13.5, 1e-6);
+  EXPECT_NEAR(page.find("in")->box.x, 36 + 2.25 + 13.5, 1e-6);
   EXPECT_NE(page.find("two lines"), nullptr);
 }
 

@@ -86,7 +86,7 @@ TEST(Layout, ScaleAppliesToEverything) {
   EXPECT_EQ(textsPerPage(pages), (Counts{96, 4}));
   EXPECT_DOUBLE_EQ(pages[0].texts[0].font.size, 5.5);
   EXPECT_NEAR(pages[0].find("row 3")->box.y, (kA4 - 720) / 2 + 15, 1e-3);
-  EXPECT_NEAR(pages[0].texts[0].box.x, 36 + 0.75, 1e-6);
+  EXPECT_NEAR(pages[0].texts[0].box.x, 36 + 1.125, 1e-6);
 }
 
 // Fit to width is floored to a whole percent, never enlarges, and passes manual breaks over.
@@ -132,7 +132,7 @@ TEST(Layout, HiddenRowsAndColumnsTakeNothing) {
   EXPECT_EQ(pages[0].find("row 41"), nullptr);
   EXPECT_EQ(pages[0].find("unseen"), nullptr);
   EXPECT_NEAR(pages[0].find("row 141")->box.y, pages[0].find("row 40")->box.y + 15, 1e-6);
-  EXPECT_NEAR(pages[0].find("third")->box.x, 36 + 48 + 1.5, 1e-6);
+  EXPECT_NEAR(pages[0].find("third")->box.x, 36 + 48 + 2.25, 1e-6);
   book.sheet("Bill").hideRows(10, 5);
   EXPECT_EQ(drawn(book)[0].texts.size(), 45u);
 }
@@ -171,7 +171,7 @@ TEST(Layout, TitlesAreasAndCentring) {
   EXPECT_EQ(pages[1].texts[2].text, "row 49");
   EXPECT_NEAR(pages[2].find("row 95")->box.y, pages[2].texts[0].box.y + 30, 1e-6);
   EXPECT_EQ(pages[0].find("outside"), nullptr);
-  EXPECT_NEAR(pages[0].texts[0].box.x, (595.276 - 96) / 2 + 1.5, 1e-3);
+  EXPECT_NEAR(pages[0].texts[0].box.x, (595.276 - 96) / 2 + 2.25, 1e-3);
 }
 
 TEST(Layout, PaperSizesAndOrientation) {

@@ -14,7 +14,7 @@ using paint::HAlign;
 using paint::Rect;
 
 // Points before scaling.
-constexpr double kPadding = 1.5, kIndent = 6.75;
+constexpr double kPadding = 2.25, kIndent = 6.75;
 // Vowel signs of Indian scripts stand above and below the line.
 constexpr double kClipSlack = 3;
 constexpr size_t kMaxSpots = 500000;
