@@ -1,0 +1,157 @@
+#include <functional>
+#include <vector>
+
+#include "documents/pdf/pdf_creator.h"
+#include "pdf_file.h"
+#include "support/temp_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Rows = std::vector<std::string>;  // from the bottom up, as they stand in the file
+
+std::string little(uint32_t value, int bytes) {
+  std::string text;
+  for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> 8 * i);
+  return text;
+}
+
+// The BMP file of such rows; colours are blue, green, red and a byte unused.
+std::string bmp(int width, int height, int bits, const std::string& colours, const Rows& rows) {
+  std::string pixels;
+  for (const std::string& row : rows) {
+    pixels += row;
+    pixels.append((4 - row.size() % 4) % 4, '\x55');
+  }
+  const uint32_t start = static_cast<uint32_t>(54 + colours.size());
+  return "BM" + little(start + static_cast<uint32_t>(pixels.size()), 4) + little(0, 4) + little(start, 4) +
+         little(40, 4) + little(static_cast<uint32_t>(width), 4) + little(static_cast<uint32_t>(height), 4) +
+         little(1, 2) + little(static_cast<uint32_t>(bits), 2) + little(0, 4) + little(0, 12) +
+         little(static_cast<uint32_t>(colours.size() / 4), 4) + little(0, 4) + colours + pixels;
+}
+
+const std::string kRed("\x00\x00\xFF", 3), kGreen("\x00\xFF\x00", 3), kBlue("\xFF\x00\x00", 3),
+    kWhite("\xFF\xFF\xFF", 3), kPad(1, '\0');
+const std::string kFour = kRed + kPad + kGreen + kPad + kBlue + kPad + kWhite + kPad;
+
+class PdfPictures : public testing::Test {
+ protected:
+  // The picture fills a page of its size; what stands in its four corners, as letters:
+  // "RG BW" is red and green above blue and white.
+  std::string corners(const std::string& bytes, bool encoded) {
+    std::ofstream(folder / "x.bmp", std::ios::binary) << bytes;
+    const std::string file = (folder / "x.pdf").string();
+    clsPDFCreator pdf;
+    pdf.EncodeASCII85(encoded);
+    pdf.PaperWidth(40);
+    pdf.PaperHeight(40);
+    pdf.InitPDFFile(file);
+    pdf.LoadImgFromBMPFile("Img1", folder / "x.bmp");
+    pdf.BeginPage();
+    pdf.DrawImg("Img1", 0, 40, 40, 40);
+    pdf.EndPage();
+    pdf.ClosePDFFile();
+    expectSound(file);
+    EXPECT_NE(bytesOf(file).find("/ProcSet [/PDF /Text /ImageB /ImageC /ImageI ]"), std::string::npos);
+    EXPECT_EQ(bytesOf(file).find("/ASCII85Decode") != std::string::npos, encoded);
+    const std::string ppm = outputOf("pdftoppm -r 72 '" + file + "' 2>&1");
+    const std::string pixels = ppm.substr(ppm.size() - 40 * 40 * 3);
+    const auto letter = [&](int x, int y) {
+      const std::string p = pixels.substr(static_cast<size_t>(3 * (40 * y + x)), 3);
+      if (p == std::string("\xFF\x00\x00", 3)) return 'R';
+      if (p == std::string("\x00\xFF\x00", 3)) return 'G';
+      if (p == std::string("\x00\x00\xFF", 3)) return 'B';
+      return p == "\xFF\xFF\xFF" ? 'W' : '?';
+    };
+    return {letter(5, 5), letter(35, 5), ' ', letter(5, 35), letter(35, 35)};
+  }
+
+  TempFolder folder;
+};
+
+TEST_F(PdfPictures, ComeFromEveryKindOfBmpFile) {
+  const std::string table(256 * 4 - 16, '\0');
+  struct Case {
+    const char* what;
+    std::string bytes;
+  };
+  // clang-format off
+  const Case cases[] = {
+      {"true colour", bmp(2, 2, 24, "", {kBlue + kWhite, kRed + kGreen})                            },
+      {"top down",    bmp(2, -2, 24, "", {kRed + kGreen, kBlue + kWhite})                           },
+      {"8 bits",      bmp(2, 2, 8, kFour + table, {"\x02\x03", std::string("\x00\x01", 2)})         },
+      {"8, top down", bmp(2, -2, 8, kFour, {std::string("\x00\x01", 2), "\x02\x03"})                },
+      {"4 bits",      bmp(2, 2, 4, kFour, {"\x23", "\x01"})                                         },
+      {"3 wide",      bmp(3, 2, 4, kFour, {"\x22\x30", std::string("\x00\x10", 2)})                 },
+  };
+  // clang-format on
+  for (const bool encoded : {false, true})
+    for (const Case& c : cases) EXPECT_EQ(corners(c.bytes, encoded), "RG BW") << c.what << encoded;
+  EXPECT_EQ(corners(bmp(2, 2, 1, kRed + kPad + kWhite + kPad, {"\x40", "\x80"}), true), "WR RW");
+  EXPECT_NE(bytesOf(folder / "x.pdf").find("/ColorSpace [/Indexed /DeviceRGB 1 7 0 R]\r/Length 6 0 R"),
+            std::string::npos);
+}
+
+TEST_F(PdfPictures, ComeFromPixels) {
+  clsPDFCreator pdf;
+  pdf.PaperSize(0);
+  pdf.InitPDFFile((folder / "x.pdf").string());
+  pdf.LoadImgFromArray("Photo", 2, 1, std::string(6, '\x20'));
+  pdf.LoadImgFromArray("Grey",
+                       {.width = 9, .height = 2, .bits = 1, .grey = true, .pixels = std::string(4, 'x')});
+  EXPECT_THROW(pdf.LoadImgFromArray("Short", 2, 1, "x"), std::runtime_error);
+  EXPECT_THROW(pdf.LoadImgFromArray("None", 0, 0, ""), std::runtime_error);
+  pdf.BeginPage();
+  pdf.DrawImg("Photo", 10.5, 700, 20, 30);
+  pdf.DrawImg("Grey", 50, 700, 20, 30);
+  pdf.EndPage();
+  pdf.ClosePDFFile();
+  expectSound(folder / "x.pdf");
+  const std::string bytes = bytesOf(folder / "x.pdf");
+  EXPECT_NE(bytes.find("/BitsPerComponent 8\r/ColorSpace /DeviceRGB\r"), std::string::npos);
+  EXPECT_NE(bytes.find("/BitsPerComponent 1\r/ColorSpace /DeviceGray\r"), std::string::npos);
+  EXPECT_NE(bytes.find("q\r\n20 0 0 -30 10.5 700 cm\r\n/Photo Do\r\nQ\r\n"), std::string::npos);
+}
+
+TEST_F(PdfPictures, OfBrokenFilesAreRefusedInWords) {
+  const std::string good = bmp(2, 2, 24, "", {kBlue + kWhite, kRed + kGreen});
+  const auto changed = [&](size_t at, const std::string& by) {
+    return std::string(good).replace(at, by.size(), by);
+  };
+  struct Case {
+    std::string bytes;
+    const char* why;
+  };
+  // clang-format off
+  const Case cases[] = {
+      {"",                               "it is not a BMP file"                     },
+      {"GIF89a",                         "it is not a BMP file"                     },
+      {"BM",                             "it is cut short"                          },
+      {good.substr(0, 40),               "it is cut short"                          },
+      {good.substr(0, good.size() - 1),  "it is cut short"                          },
+      {changed(10, "\xFF\xFF\xFF\xFF"),  "it is cut short"                          },
+      {changed(14, "\x0C"),              "it is of a kind that is not known"        },
+      {changed(18, "\xFF\xFF\xFF\xFF"),  "its size makes no sense"                  },
+      {changed(18, "\xFF\xFF\xFF\x7F"),  "its size makes no sense"                  },
+      {changed(22, std::string(4, '\0')), "its size makes no sense"                 },
+      {changed(22, std::string("\0\0\0\x80", 4)), "its size makes no sense"         },
+      {changed(28, "\x20"),              "pixels of 32 bits are not known"          },
+      {changed(28, "\x10"),              "pixels of 16 bits are not known"          },
+      {changed(30, "\x01"),              "it is packed"                             },
+      {bmp(2, 2, 1, kFour, {"\x40", "\x80"}), "its colour table is too long"        },
+  };
+  // clang-format on
+  for (const Case& c : cases) {
+    std::ofstream(folder / "x.bmp", std::ios::binary) << c.bytes;
+    try {
+      pdf::readBmp(folder / "x.bmp");
+      ADD_FAILURE() << c.why;
+    } catch (const std::runtime_error& error) {
+      EXPECT_EQ(std::string(error.what()), std::string("The picture x.bmp cannot be used: ") + c.why + ".");
+    }
+  }
+  EXPECT_THROW(pdf::readBmp(folder / "none.bmp"), std::runtime_error);
+}
+
+}  // namespace
