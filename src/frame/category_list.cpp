@@ -9,10 +9,14 @@
 namespace fs = std::filesystem;
 
 fs::path writeCategoryList(Database& db, const fs::path& program) {
-  workbook::List list{.title = "Category Listing"};
+  workbook::List list{.titles = {"Category Listing"}};
   auto rows = db.query("select dept_cd as CODE, dept_name as NAME from deptment");
   for (int i = 0; i < rows.count(); ++i) list.columns.push_back({.heading = rows.names().at(i)});
-  while (rows.next()) list.rows.push_back({rows.text(0), rows.text(1)});
+  list.next = [&](std::vector<workbook::Value>& row) {
+    if (!rows.next()) return false;
+    row = {rows.text(0), rows.text(1)};
+    return true;
+  };
 
   const fs::path file = program / "FORMATS" / "list.xlsx";
   std::error_code ignored;  // told when the workbook cannot be written into it

@@ -159,11 +159,19 @@ TEST(Lists, HoldNumbersTruthsAndHostileTexts) {
   const TempFolder folder;
   const fs::path file = folder / "list.xlsx";
   const std::string longText(40'000, 'x');
+  const std::vector<std::vector<workbook::Value>> rows = {
+      {"A",                    12.5},
+      {longText,                      true},
+      {"broken \xFF text\x07","."},
+      {"short"},
+  };
+  size_t given = 0;
   workbook::createList(
-      file.string(), {
-                         .sheet = "RATES",
-                         .columns = {{.heading = "ITEM", .width = 30}, {.heading = "RATE", .format = "0.00"}},
-                         .rows = { {"A", 12.5}, {longText, true},                               {"broken \xFF text\x07", "."}, {"short"}},
+      file.string(),
+      {
+          .sheet = "RATES",
+          .columns = {{.heading = "ITEM", .width = 30}, {.heading = "RATE", .format = "0.00"}},
+          .next = [&](auto& row) { return given < rows.size() && (row = rows[given++], true);                                                                      },
   });
   auto book = workbook::Workbook::load(file.string());
   auto& sheet = book.sheet("RATES");
@@ -174,10 +182,22 @@ TEST(Lists, HoldNumbersTruthsAndHostileTexts) {
   EXPECT_EQ(*sheet.value(4, 1).text(), "broken \xEF\xBF\xBD text\x07");
   EXPECT_TRUE(sheet.value(5, 2).empty());
   EXPECT_NE(part(file, "xl/worksheets/sheet1.xml").find("topLeftCell=\"A2\""), std::string::npos);
-  EXPECT_THROW(
-      workbook::createList((folder / "x.xlsx").string(), {.sheet = "A:B", .columns = {{.heading = "A"}}}),
-      workbook::WorkbookError);
-  EXPECT_FALSE(fs::exists(folder / "x.xlsx"));
+}
+
+TEST(Lists, ThatCannotBeMadeAreToldAndLeaveNothing) {
+  const TempFolder folder;
+  const std::string file = (folder / "x.xlsx").string();
+  const auto endless = [](auto& row) { return row = {1.0}, true; };
+  const auto broken = [](auto&) -> bool { throw workbook::WorkbookError("no row"); };
+  workbook::List list{.sheet = "A:B"};
+  list.columns.push_back({"A"});
+  EXPECT_THROW(workbook::createList(file, list), workbook::WorkbookError);
+  list.sheet = "A";
+  list.next = endless;
+  EXPECT_THROW(workbook::createList(file, list), workbook::WorkbookError);
+  list.next = broken;
+  EXPECT_THROW(workbook::createList(file, list), workbook::WorkbookError);
+  EXPECT_TRUE(fs::is_empty(folder.path()));
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "platform/workbook/create.h"
 
-#include <fcntl.h>
-#include <unistd.h>
 #include <xlsxwriter.h>
 
 #include <algorithm>
@@ -9,14 +7,22 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <system_error>
+#include <utility>
 
 #include "platform/utf8.h"
+#include "platform/whole_file.h"
 
 namespace workbook {
 namespace {
 
 constexpr size_t kMostCharacters = 32767;
 constexpr double kNarrowest = 8, kWidest = 60;
+constexpr lxw_row_t kMostRows = LXW_ROW_MAX;
+
+bool isAscii(const std::string& text) {
+  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
 
 // Broken UTF-8 mended, and no longer than a cell can hold.
 std::string cellText(const std::string& text) {
@@ -25,66 +31,66 @@ std::string cellText(const std::string& text) {
   return utf8::encode(letters);
 }
 
-std::string sentence(const std::string& path, const std::string& why) {
-  return "The workbook " + std::filesystem::path(path).filename().string() + " cannot be written to " + path +
-         ": " + why + ".";
-}
-
-// Spreadsheet programs hold a lock on the workbook that they show.
-void refuseHeld(const std::string& path) {
-  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (file < 0) return;
-  struct flock wanted {};
-  wanted.l_type = F_WRLCK;
-  wanted.l_whence = SEEK_SET;
-  const bool held = fcntl(file, F_GETLK, &wanted) == 0 && wanted.l_type != F_UNLCK;
-  close(file);
-  if (held) throw WorkbookError("Excel File Is Already Open\r\nClose It First");
-}
-
 class ListWriter {
  public:
-  ListWriter(const std::string& path, const List& list)
-      : list_(list), book_(workbook_new(path.c_str())), sheet_(book_ ? add(list.sheet) : nullptr) {}
+  ListWriter(const std::string& path, const List& list) : list_(list), longest_(list.columns.size()) {
+    std::string folder = std::filesystem::path(path).parent_path().string();
+    lxw_workbook_options options{.constant_memory = LXW_TRUE,
+                                 .tmpdir = folder.empty() ? nullptr : folder.data(),
+                                 .use_zip64 = LXW_FALSE};
+    book_ = workbook_new_opt(path.c_str(), &options);
+    if (book_) sheet_ = workbook_add_worksheet(book_, list.sheet.c_str());
+  }
+  ~ListWriter() {
+    if (book_) lxw_workbook_free(book_);
+  }
+  ListWriter(const ListWriter&) = delete;
+  ListWriter& operator=(const ListWriter&) = delete;
 
   // Empty when the file was written.
   std::string write() {
-    if (!sheet_) {
-      lxw_workbook_free(book_);
-      return "it cannot be made";
-    }
+    if (!sheet_) return "it cannot be made";
     head();
-    rows();
+    if (!rows()) return "it has more rows than a sheet holds";
     widths();
     page();
     errno = 0;
-    const lxw_error result = workbook_close(book_);
+    // The rows lie in a file of the library, which does not look whether they went into it.
+    if (std::FILE* const rows = sheet_->optimize_tmpfile)
+      if (std::fflush(rows) != 0 || std::ferror(rows)) return std::strerror(errno ? errno : ENOSPC);
+    const lxw_error result = workbook_close(std::exchange(book_, nullptr));
     if (result == LXW_NO_ERROR) return {};
     return result == LXW_ERROR_ZIP_FILE_OPERATION && errno != 0 ? std::strerror(errno) : lxw_strerror(result);
   }
 
  private:
-  lxw_worksheet* add(const std::string& name) { return workbook_add_worksheet(book_, name.c_str()); }
-
-  lxw_row_t firstRow() const { return list_.title.empty() ? 1 : 2; }
-  bool ofNumbers(size_t column) const { return !list_.columns[column].format.empty(); }
+  lxw_row_t headingRow() const { return static_cast<lxw_row_t>(list_.titles.size()); }
+  bool ofFigures(size_t column) const {
+    const std::string& format = list_.columns[column].format;
+    return !format.empty() && format != "@";
+  }
 
   void put(lxw_row_t row, size_t column, const Value& value, lxw_format* format) {
     const auto at = static_cast<lxw_col_t>(column);
-    if (const std::string* text = value.text())
-      worksheet_write_string(sheet_, row, at, cellText(*text).c_str(), format);
-    else if (const double* number = value.number())
+    if (const std::string* text = value.text()) {
+      const bool plain = text->size() <= kMostCharacters && isAscii(*text);
+      worksheet_write_string(sheet_, row, at, plain ? text->c_str() : cellText(*text).c_str(), format);
+      if (row < headingRow() || list_.columns[column].width > 0) return;
+      longest_[column] = std::max(longest_[column], plain ? text->size() : utf8::length(*text));
+    } else if (const double* number = value.number()) {
       worksheet_write_number(sheet_, row, at, *number, format);
-    else if (const bool* truth = value.truth())
+    } else if (const bool* truth = value.truth()) {
       worksheet_write_boolean(sheet_, row, at, *truth ? 1 : 0, format);
+    }
   }
 
   void head() {
     constexpr double kTitleSize = 14;
-    lxw_format* const title = workbook_add_format(book_);
-    format_set_bold(title);
-    format_set_font_size(title, kTitleSize);
-    if (!list_.title.empty()) put(0, 0, list_.title, title);
+    for (lxw_row_t row = 0; row < headingRow(); ++row) {
+      lxw_format* const title = row == 0 ? workbook_add_format(book_) : nullptr;
+      if (title) format_set_bold(title), format_set_font_size(title, kTitleSize);
+      put(row, 0, list_.titles[row], title);
+    }
     lxw_format* headings[2];
     for (const bool right : {false, true}) {
       lxw_format* const format = headings[right ? 1 : 0] = workbook_add_format(book_);
@@ -93,32 +99,28 @@ class ListWriter {
       if (right) format_set_align(format, LXW_ALIGN_RIGHT);
     }
     for (size_t c = 0; c < list_.columns.size(); ++c)
-      put(firstRow() - 1, c, list_.columns[c].heading, headings[ofNumbers(c) ? 1 : 0]);
-    worksheet_freeze_panes(sheet_, firstRow(), 0);
-    worksheet_repeat_rows(sheet_, firstRow() - 1, firstRow() - 1);
+      put(headingRow(), c, list_.columns[c].heading, headings[ofFigures(c) ? 1 : 0]);
+    worksheet_freeze_panes(sheet_, headingRow() + 1, 0);
+    worksheet_repeat_rows(sheet_, headingRow(), headingRow());
   }
 
-  void rows() {
+  bool rows() {
     std::vector<lxw_format*> formats;
-    for (size_t c = 0; c < list_.columns.size(); ++c) {
-      formats.push_back(ofNumbers(c) ? workbook_add_format(book_) : nullptr);
-      if (formats.back()) format_set_num_format(formats.back(), list_.columns[c].format.c_str());
+    for (const ListColumn& column : list_.columns) {
+      formats.push_back(column.format.empty() ? nullptr : workbook_add_format(book_));
+      if (formats.back()) format_set_num_format(formats.back(), column.format.c_str());
     }
-    lxw_row_t number = firstRow();
-    for (const auto& row : list_.rows) {
+    std::vector<Value> row;
+    for (lxw_row_t number = headingRow() + 1; list_.next && list_.next(row); ++number) {
+      if (number >= kMostRows) return false;
       for (size_t c = 0; c < std::min(row.size(), formats.size()); ++c) put(number, c, row[c], formats[c]);
-      ++number;
     }
+    return true;
   }
 
   double widthOf(size_t column) const {
-    const ListColumn& c = list_.columns[column];
-    if (c.width > 0) return c.width;
-    size_t longest = utf8::length(c.heading);
-    for (const auto& row : list_.rows)
-      if (const std::string* text = column < row.size() ? row[column].text() : nullptr)
-        longest = std::max(longest, utf8::length(*text));
-    return std::clamp(static_cast<double>(longest) + 2, kNarrowest, kWidest);
+    const double given = list_.columns[column].width;
+    return given > 0 ? given : std::clamp(static_cast<double>(longest_[column]) + 2, kNarrowest, kWidest);
   }
 
   void widths() {
@@ -130,31 +132,34 @@ class ListWriter {
 
   void page() {
     constexpr uint8_t kA4 = 9;
+    constexpr double kSide = 0.4, kTop = 0.5, kBottom = 0.7;  // inches
     worksheet_set_paper(sheet_, kA4);
+    if (list_.landscape) worksheet_set_landscape(sheet_);
+    worksheet_set_margins(sheet_, kSide, kSide, kTop, kBottom);
     worksheet_fit_to_pages(sheet_, 1, 0);
     worksheet_set_footer(sheet_, "&RPage &P of &N");
   }
 
   const List& list_;
-  lxw_workbook* book_;
-  lxw_worksheet* sheet_;
+  std::vector<size_t> longest_;  // characters of the columns that are as wide as their texts
+  lxw_workbook* book_ = nullptr;
+  lxw_worksheet* sheet_ = nullptr;
 };
 
 }  // namespace
 
 void createList(const std::string& path, const List& list) {
-  refuseHeld(path);
-  const std::string making = path + "~" + std::to_string(getpid());
-  const int file = open(making.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (file < 0) throw WorkbookError(sentence(path, std::strerror(errno)));
-  // The library writes by name; the descriptor stays for the flush behind it.
-  std::string failure = ListWriter(making, list).write();
-  if (failure.empty() && fsync(file) != 0) failure = std::strerror(errno);
-  close(file);
-  if (failure.empty() && std::rename(making.c_str(), path.c_str()) != 0) failure = std::strerror(errno);
-  if (failure.empty()) return;
-  std::remove(making.c_str());
-  throw WorkbookError(sentence(path, failure));
+  if (heldElsewhere(path)) throw WorkbookHeld("Excel File Is Already Open\r\nClose It First");
+  std::string failure;
+  try {
+    WholeFile file(path);
+    failure = ListWriter(file.making(), list).write();
+    if (failure.empty()) return file.finish();
+  } catch (const std::system_error& error) {
+    failure = error.code().message();
+  }
+  throw WorkbookError("The workbook " + std::filesystem::path(path).filename().string() +
+                      " cannot be written to " + path + ": " + failure + ".");
 }
 
 }  // namespace workbook

@@ -1,33 +1,42 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "platform/workbook/workbook.h"
 
-// Makes an .xlsx workbook of one sheet: a title, a row of headings that stays in view and is
-// repeated on every page, rows of values. A text stays a text, whatever sign it begins with.
+// Makes an .xlsx workbook of one sheet: titles, a row of headings that stays in view and is
+// repeated on every page, rows of values. Rows are written as they come and none is kept, so that
+// a long list costs no memory. A text stays a text, whatever sign it begins with.
 //
-//   workbook::createList("FORMATS/list.xlsx", {.title = "Category Listing",
+//   workbook::createList("FORMATS/list.xlsx", {.titles = {"Category Listing"},
 //                                              .columns = {{"CODE"}, {"NAME"}},
-//                                              .rows = {{"E001", "MISC"}}});
+//                                              .next = [&](auto& row) { ... }});
 namespace workbook {
 
 struct ListColumn {
   std::string heading = {};
   double width = 0;         // characters; 0 is as wide as its longest text
-  std::string format = {};  // of its numbers: "0.00"; headings of numbers stand right
+  std::string format = {};  // "0.00", "dd/mm/yy": headings of figures stand right; "@" is text
 };
 
 struct List {
-  std::string title = {};  // over the headings; empty for none
+  std::vector<std::string> titles = {};  // over the headings, the first one large
   std::string sheet = "LIST";
   std::vector<ListColumn> columns = {};
-  std::vector<std::vector<Value>> rows = {};
+  bool landscape = false;
+  // Puts the next row's values in place of what stands in the row; false when there is none.
+  std::function<bool(std::vector<Value>& row)> next = {};
 };
 
-// Takes the place of what stood under the path, whole or not at all. Raises WorkbookError when
-// another program holds that file or it cannot be written.
+// Another program has the file open.
+struct WorkbookHeld : WorkbookError {
+  using WorkbookError::WorkbookError;
+};
+
+// Takes the place of what stood under the path, whole or not at all. Raises WorkbookHeld, or
+// WorkbookError when it cannot be written or there are more rows than a sheet holds.
 void createList(const std::string& path, const List& list);
 
 }  // namespace workbook
