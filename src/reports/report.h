@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -41,11 +43,23 @@ struct Statement {
   std::vector<Value> values = {};
 };
 
+// Rows that code makes where no statement is fast enough, read one after the other like those of a
+// statement.
+class ReportReading {
+ public:
+  virtual ~ReportReading() = default;
+  virtual const ColumnNames& names() const = 0;
+  virtual bool isDate(int column) const = 0;  // texts are yyyy-MM-dd
+  virtual bool next() = 0;
+  virtual std::string text(int column) const = 0;
+};
+
 // The condition of a report: its parts are joined by AND, each with one "?" for its value.
 class Condition {
  public:
   Condition& add(std::string_view part, Date value);
   Condition& add(std::string_view part, const std::string& value);
+  Condition& add(std::string_view part, double value);
   // Only when the field was filled.
   Condition& addFilled(std::string_view part, const std::string& field) {
     return field.empty() ? *this : add(part, field);
@@ -69,6 +83,7 @@ struct ReportColumn {
   bool money = false;        // mcolnum: "0.00" and summed in the total row
   bool detailMoney = false;  // mcolsub: "0.00" in detail rows
   bool figure = false;       // a number that is not summed: stands to the right on the screen
+  double pixels = 0;         // least width on the screen, where the twips would cut its texts
 };
 
 // Detail rows under a main row. They are read when they come into view, so their count must be
@@ -91,6 +106,7 @@ struct ReportPlan {
   std::string filter;   // mfilter: the condition as a text, for reading only
   std::vector<ReportColumn> columns;
   Statement rows;
+  std::function<std::unique_ptr<ReportReading>(Database&)> reading;  // in place of `rows`
   // With details the rows are written one by one: money as "0.00", dates as dd/MM/yyyy, a blank row
   // under a row without details. Without, fields stand as they come, dates as dd/MMM/yyyy.
   std::optional<ReportDetails> details;

@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "base/number.h"
 #include "base/text.h"
 #include "reports/report.h"
 
@@ -10,6 +11,11 @@ Condition& Condition::add(std::string_view part, Date value) {
 
 Condition& Condition::add(std::string_view part, const std::string& value) {
   add(part, Value(value), "'" + replaceAll(value, "'", "''") + "'");
+  return *this;
+}
+
+Condition& Condition::add(std::string_view part, double value) {
+  add(part, Value(value), numText(value));
   return *this;
 }
 

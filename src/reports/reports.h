@@ -8,3 +8,14 @@
 const Report* reportByKey(std::string_view key);
 
 // Each piece, in its own report_*.cpp.
+const Report& partyList();
+const Report& categoryList();
+const Report& priceList();
+const Report& closingBalanceList();
+const Report& saleBillRegister();
+const Report& saleBillDetailRegister();
+const Report& quotationRegister();
+const Report& quotationDetailRegister();
+const Report& challanRegister();
+const Report& challanDetailRegister();
+const Report& receiptRegister();

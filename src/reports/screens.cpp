@@ -1,5 +1,9 @@
 #include "reports/screens.h"
 
+#include "reports/frmreport.h"
 #include "reports/regdlg1.h"
 
-void addReportScreens(Screens& screens) { screens.add<regdlg1>("regdlg1"); }
+void addReportScreens(Screens& screens) {
+  screens.add<regdlg1>("regdlg1");
+  screens.add<frmreport>("frmreport");
+}

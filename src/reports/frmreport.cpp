@@ -1,0 +1,350 @@
+#include "reports/frmreport.h"
+
+#include <utility>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "masters/lookup.h"
+#include "reports/report_layout.h"
+#include "reports/report_output.h"
+#include "reports/report_voucher.h"
+#include "reports/reports.h"
+
+namespace {
+
+constexpr const char *kMessage = "Mirav Message", *kConfirm = "Mirav Confirmation Message";
+constexpr size_t kFirstRows = 100;  // more than stand in view
+constexpr size_t kAllRows = static_cast<size_t>(-1);
+constexpr const char* kOff = "Print, Excel and Pdf open after Show";
+
+// Empty for a date of the accounting period.
+std::string outsideMessage(Date date, Date first, Date last, Date today) {
+  if (date >= first && date <= last) return {};
+  const auto shown = [](Date day) { return formatDate(day, "dd/MMM/yyyy"); };
+  return "Ener Date Between " + shown(first) + " and " + shown(last) +
+         "\r\nPress : F1 for : " + shown(first) + "\r\nPress : F2 for : " + shown(today) +
+         "\r\nPress : F3 for : " + shown(last);
+}
+
+LookupSpec itemLookup(const std::string& category) {
+  LookupSpec spec{
+      .mode = "THREEFLD",
+      .table =
+          "(ITEM LEFT JOIN DEPTMENT ON ITEM.DEPT_CD = DEPTMENT.DEPT_CD)"
+          " LEFT JOIN ITEMDTL ON ITEM.ITEM_CD = ITEMDTL.ITEM_CD",
+      .first = "ITEM.ITEM_CD",
+      .second = "ITEM_NAME",
+      .more = "DEPT_NAME, ITEMDTL.CL_STK",
+      .widths = {1500, 3600, 3000, 1200},
+  };
+  if (!category.empty()) {
+    spec.table += " WHERE ITEM.DEPT_CD = ?";
+    spec.values = {category};
+  }
+  spec.table += " ORDER BY ITEM_NAME";
+  return spec;
+}
+
+// What F1 lists for a field; nothing for one without a list.
+std::optional<LookupSpec> lookupOf(int field, bool groups, const std::string& category) {
+  switch (field) {
+    case kParty:
+      return LookupSpec{
+          .mode = "THREEFLD",
+          .table = "ACCOUNT ORDER BY ACC_NAME",
+          .first = "ACC_CD",
+          .second = "ACC_NAME",
+          .more = "AREA, CITY, FORMAT(CL_BAL, '0.00') AS CLBAL",
+          .widths = {1000, 5000, 1500, 1500, 1200}
+      };
+    case kCity:
+      return LookupSpec{.mode = "ONEFLD", .table = "ACCOUNT", .first = "AREA", .widths = {2500}};
+    case kState:
+      return LookupSpec{.mode = "ONEFLD", .table = "ACCOUNT", .first = "CITY", .widths = {2500}};
+    case kItem:
+      return itemLookup(category);
+    case kCategory:
+      return LookupSpec{
+          .mode = "TWOFLD",
+          .table = groups ? "GRP ORDER BY GROUP_NAME" : "DEPTMENT ORDER BY DEPT_NAME",
+          .first = groups ? "GROUP_CD" : "DEPT_CD",
+          .second = groups ? "GROUP_NAME" : "DEPT_NAME",
+          .widths = {1500, 3000}
+      };
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+frmreport::frmreport(Host& theHost) : ChildScreen(theHost, table()) {
+  wire<frmreport>(*this, {
+                             {"Text1",      KeyCode::F1,     &frmreport::lookup  },
+                             {"MaskEdBox1", KeyCode::Enter,  &frmreport::date    },
+                             {"MaskEdBox1", KeyCode::F1,     &frmreport::dateF1  },
+                             {"MaskEdBox1", KeyCode::F2,     &frmreport::dateF2  },
+                             {"MaskEdBox1", KeyCode::F3,     &frmreport::dateF3  },
+                             {"MaskEdBox1", KeyCode::F4,     &frmreport::dateF4  },
+                             {"MaskEdBox1", KeyCode::Up,     &frmreport::dateUp  },
+                             {"MaskEdBox1", KeyCode::Down,   &frmreport::dateDown},
+                             {"MaskEdBox1", KeyCode::PgUp,   &frmreport::datePgUp},
+                             {"MaskEdBox1", KeyCode::PgDn,   &frmreport::datePgDn},
+                             {"cmdshowrpt", On::Click,       &frmreport::show    },
+                             {"Grid1",      On::DoubleClick, &frmreport::openRow },
+                             {"Grid1",      On::Row,         &frmreport::rowMoved},
+                             {"cmdprint",   On::Click,       &frmreport::print   },
+                             {"cmdPrtToXl", On::Click,       &frmreport::excel   },
+                             {"Cmdpdf",     On::Click,       &frmreport::pdf     },
+                             {"cmdclose",   On::Click,       &frmreport::close   },
+                             {"Cmdvideo",   On::Click,       &frmreport::video   },
+                             {"",           KeyCode::Esc,    &frmreport::escape  },
+  });
+}
+
+// Opening, coming back and going
+
+void frmreport::opened(const Entry& entry) {
+  ChildScreen::opened(entry);
+  const Session& s = session();
+  key_ = s.mreportkey;
+  report_ = reportByKey(key_);
+  publishLayout(session(), {});
+  const Date last = host.today() > s.menddt ? s.menddt : host.today();
+  set(at("MaskEdBox1", 0), formatDate(s.mstartdt, "dd/MM/yyyy"));
+  set(at("MaskEdBox1", 1), formatDate(last, "dd/MM/yyyy"));
+  caption = openingCaption();
+  escMeans = escapes() ? "Esc = Exit" : "Alt+C = Close";
+  reason = kOff;
+  if (!report_) return;
+  for (const ReportField field : report_->fields) at("Text1", field).enabled = true;
+  if (!report_->salesmanLabel.empty()) at("Text1", kSalesman).label = report_->salesmanLabel;
+}
+
+// A report from which a voucher was opened is read anew and stands on that voucher again. Other
+// screens may have left their own report key.
+void frmreport::activated() {
+  Session& s = session();
+  s.mreportkey = key_;
+  outputs(false);
+  const auto place = std::exchange(drilledInto_, std::nullopt);
+  if (!place && !s.mreportrefresh) return;
+  s.mreportrefresh = false;
+  if (!place) answer_.reset();
+  build();
+  if (!place || !shown_) return;
+  at("Grid1").grid.moveTo(shown_->find(*place));
+  rowMoved();
+}
+
+void frmreport::closed() {
+  shown_.reset();
+  session().msql.clear();
+  ChildScreen::closed();
+}
+
+std::string frmreport::openingCaption() const {
+  if (!report_) return spec.caption;
+  return report_->caption + (report_->captionWithGstin ? session().mgstinno : "");
+}
+
+bool frmreport::escapes() const { return key_ != kLedgers && !(report_ && report_->ignoresEscape); }
+
+void frmreport::escape() {
+  if (escapes() && host.ask("Exit", kConfirm)) close();
+}
+
+// Filters
+
+Go frmreport::lookup() {
+  const std::string category = trim(at("Text1", kCategory).text);
+  const auto list = lookupOf(here().index, report_ && report_->groups, category);
+  return list ? lookUp(host, *this, here(), *list) : Go::Stay;
+}
+
+// Only Enter knows the period; Show takes any date.
+Go frmreport::date() {
+  const auto typed = checkedDate(here().index);
+  if (!typed) return Go::Stay;
+  const std::string refusal = outsideMessage(*typed, session().mstartdt, session().menddt, host.today());
+  if (!refusal.empty()) {
+    host.message(refusal, kMessage);
+    return Go::Stay;
+  }
+  if (here().index == 0 && report_ && report_->toDate) set(at("MaskEdBox1", 1), report_->toDate(here().text));
+  return Go::On;
+}
+
+void frmreport::dateF4() { set(at("MaskEdBox1", 1), at("MaskEdBox1", 0).text); }
+
+std::optional<Date> frmreport::checkedDate(int n) {
+  const auto typed = parseDate(at("MaskEdBox1", n).text);
+  if (typed) return typed;
+  host.message(session().mhelpline, "Mirav Information");
+  focus(at("MaskEdBox1", n));
+  return {};
+}
+
+std::optional<frmreport::Period> frmreport::checkedPeriod() {
+  const auto from = checkedDate(0);
+  const auto to = from ? checkedDate(1) : std::nullopt;
+  if (!to) return {};
+  return Period{*from, *to};
+}
+
+// The report
+
+void frmreport::show() {
+  answer_.reset();
+  build();
+}
+
+void frmreport::build() {
+  const auto period = checkedPeriod();
+  if (!period) return;
+  clear();
+  showPhone();
+  if (!report_) {
+    host.message("No Report", kMessage);
+    return;
+  }
+  ReportQuery query = queryNow(*period);
+  if (asks(ReportQuestion::When::First)) query.yes = answer();
+  host.busy(true);
+  plan_ = report_->plan(data(), query);
+  caption = plan_.caption.empty() ? openingCaption() : plan_.caption;
+  session().mfilter = plan_.filter;
+  if (!plan_.refusal.empty() || !start()) {
+    host.busy(false);
+    host.message(plan_.refusal.empty() ? "No Records" : plan_.refusal,
+                 plan_.refusal.empty() ? Host::kTitle : kMessage);
+    return;
+  }
+  publishLayout(session(), plan_.columns);
+  if (asks(ReportQuestion::When::WithRows)) chooseFill();
+  fill();
+}
+
+// What stood before is gone whatever comes of the new one.
+void frmreport::clear() {
+  outputs(false);
+  shown_.reset();
+  at("Grid1").grid.source.reset();
+  at("Grid1").grid.moveTo(0);
+  at("Grid1").visible = false;
+  set(at("Label1", 7), "");
+  set(at("Label1", 8), "");
+  session().mfilter.clear();
+  publishLayout(session(), {});
+}
+
+void frmreport::showPhone() {
+  const std::string code = trim(at("Text1", kParty).text);
+  if (!code.empty()) set(at("Label1", 7), data().text("SELECT PHONE1 FROM ACCOUNT WHERE ACC_CD = ?", code));
+}
+
+ReportQuery frmreport::queryNow(const Period& period) const {
+  const Session& s = session();
+  ReportQuery query{.from = period.from,
+                    .to = period.to,
+                    .periodStart = s.mstartdt,
+                    .periodEnd = s.menddt,
+                    .gstin = s.mgstinno};
+  for (const ReportField field : report_->fields) query.fields[field] = trim(at("Text1", field).text);
+  return query;
+}
+
+bool frmreport::asks(ReportQuestion::When when) const {
+  return report_->question && report_->question->when == when;
+}
+
+// A report that is read anew is read as it was.
+bool frmreport::answer() {
+  if (!answer_) answer_ = host.ask(report_->question->text, report_->question->title);
+  return *answer_;
+}
+
+// False when there are no rows.
+bool frmreport::start() {
+  const Session& s = session();
+  shown_ = std::make_shared<ReportRows>(
+      data(), plan_,
+      ReportRows::Colours{.total = static_cast<Bgr>(s.mcolor2), .detail = static_cast<Bgr>(s.mcolor6)});
+  shown_->read(kFirstRows);
+  if (shown_->count() == 0) shown_.reset();
+  return shown_ != nullptr;
+}
+
+// While the question stands, no statement is under way that keeps others from writing.
+void frmreport::chooseFill() {
+  shown_.reset();
+  host.busy(false);
+  if (!answer()) plan_.details.reset();
+  host.busy(true);
+  start();
+}
+
+// The first rows show at once, the rest when they have been read.
+void frmreport::fill() {
+  if (!shown_) return;
+  Control& grid = at("Grid1");
+  grid.grid.columns = gridColumns(*shown_);
+  grid.grid.source = shown_;
+  grid.grid.moveTo(0);
+  grid.visible = true;
+  try {
+    if (shown_->read(0)) host.refresh();
+    shown_->read(kAllRows);
+  } catch (...) {
+    clear();
+    throw;
+  }
+  session().mcoltotal = shown_->totals();
+  grid.grid.columns = gridColumns(*shown_);
+  outputs(true);
+  host.busy(false);
+  focus(grid);
+  rowMoved();
+}
+
+void frmreport::outputs(bool on) {
+  for (const char* button : {"cmdprint", "cmdPrtToXl", "Cmdpdf"}) at(button).enabled = on;
+  reason = on ? "" : kOff;
+}
+
+// Rows
+
+std::optional<VoucherKey> frmreport::currentVoucher() const {
+  const auto voucher = shown_ ? shown_->voucher(at("Grid1").grid.current) : std::nullopt;
+  return voucher && canOpen(*voucher) ? voucher : std::nullopt;
+}
+
+std::string frmreport::hintFor(const Control& control) const {
+  if (control.kind != Kind::Grid) return ChildScreen::hintFor(control);
+  const auto voucher = currentVoucher();
+  std::string hint = voucher ? "Press Enter To Open " + voucher->book + " " + numText(voucher->number)
+                             : "Up / Down = Scroll";
+  hint += " :: " + (plan_.note.empty() ? "Page Up / Page Down = Page" : plan_.note);
+  return hint + " :: Alt+D = Pdf :: Alt+C = Close";
+}
+
+void frmreport::rowMoved() { ShowHint(host, hintFor(at("Grid1"))); }
+
+void frmreport::openRow() {
+  const auto voucher = currentVoucher();
+  if (!voucher) return;
+  drilledInto_ = shown_->place(at("Grid1").grid.current);
+  openVoucher(host, *this, *voucher);
+}
+
+// Output
+
+void frmreport::handOver(OutputTarget target) {
+  const auto period = checkedPeriod();
+  if (!period) return;
+  if (target == OutputTarget::Pdf) MakeStamp(host);
+  reportOutput(session(), target, caption, period->from, period->to);
+  ShowHint(host, "Not built yet");
+}
+
+void frmreport::video() { openTutorial(host, links().*(report_ ? report_->video : &Links::reportVideo)); }

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "frame/child_screen.h"
+#include "reports/ledger_output.h"
+#include "reports/report_rows.h"
+
+// The report screen: the report of the session's mreportkey at its opening, over a period and
+// filtered by the fields that it enables. What a report shows is told by its piece in `reports`.
+class frmreport : public ChildScreen {
+ public:
+  explicit frmreport(Host& host);
+  static const ScreenSpec& table();
+
+  void opened(const Entry& entry) override;
+  void activated() override;
+  void closed() override;
+
+ protected:
+  std::string hintFor(const Control& control) const override;
+
+ private:
+  Go lookup();
+  Go date();
+  void dateF4();
+  // The dates of the boxes; one that holds none is told of and takes the focus.
+  struct Period {
+    Date from, to;
+  };
+  std::optional<Date> checkedDate(int n);
+  std::optional<Period> checkedPeriod();
+
+  void show();
+  void build();
+  void clear();
+  void showPhone();
+  ReportQuery queryNow(const Period& period) const;
+  bool asks(ReportQuestion::When when) const;
+  bool answer();
+  bool start();
+  void chooseFill();
+  void fill();
+  void outputs(bool on);
+
+  void rowMoved();
+  void openRow();
+  std::optional<VoucherKey> currentVoucher() const;
+
+  void print() { handOver(OutputTarget::Printer); }
+  void excel() { handOver(OutputTarget::Excel); }
+  void pdf() { handOver(OutputTarget::Pdf); }
+  void handOver(OutputTarget target);
+  void video();
+  void escape();
+  void close() { host.close(*this); }
+  bool escapes() const;
+  std::string openingCaption() const;
+
+  std::string key_;
+  const Report* report_ = nullptr;  // null: no such report
+  ReportPlan plan_;
+  std::shared_ptr<ReportRows> shown_;
+  std::optional<bool> answer_;  // to the report's question
+  std::optional<ReportRows::Place> drilledInto_;
+};

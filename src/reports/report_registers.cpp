@@ -1,0 +1,157 @@
+#include "base/number.h"
+#include "reports/reports.h"
+
+// The registers of quotations, challans and receipts. Those of quotations and challans list every
+// voucher of the file: their filter is only told, never applied.
+
+namespace {
+
+constexpr const char* kAllVouchers = "Lists All Vouchers Whatever Dates And Filters Say";
+
+Condition dates(const ReportQuery& q) {
+  Condition c;
+  c.add("VOUCH_DT >= ?", q.from).add("VOUCH_DT <= ?", q.to).addFilled("PARTY_CD = ?", q[kParty]);
+  return c;
+}
+
+ReportPlan planQuotations(Database&, const ReportQuery& q) {
+  ReportPlan plan{.filter = dates(q).shown(), .note = kAllVouchers};
+  plan.rows.text =
+      "SELECT QUOT.VOUCH_NO, QUOT.VOUCH_DT, ACC_NAME, TOTQTY,"
+      " FORMAT(ITEM_AMT + CHRG_AMT - DISC_AMT, '0.00') AS IAMT, FORMAT(TCGST, '0.00') AS CGST,"
+      " FORMAT(TSGST, '0.00') AS SGST, FORMAT(TIGST, '0.00') AS IGST, FORMAT(NET_AMT, '0.00') AS N_AMT,"
+      " PARTY_CD, 'QT' AS BOOK,"
+      " (SELECT COUNT(*) FROM QUOTITM WHERE QUOTITM.VOUCH_NO = QUOT.VOUCH_NO) AS LINES"
+      " FROM QUOT LEFT JOIN ACCOUNT ON QUOT.PARTY_CD = ACCOUNT.ACC_CD ORDER BY QUOT.VOUCH_NO";
+  // clang-format off
+  plan.columns = {
+      {.heading = "No",           .twips = 600},
+      {.heading = "Date",         .twips = 1200},
+      {.heading = "Party / Item", .twips = 2400},
+      {.heading = "Qty",          .twips = 900,  .money = true, .detailMoney = true},
+      {.heading = "I-Amt",        .twips = 900,  .money = true, .detailMoney = true},
+      {.heading = "C/I GST",      .twips = 1000, .money = true, .detailMoney = true},
+      {.heading = "SGST",         .twips = 1000, .money = true, .detailMoney = true},
+      {.heading = "IGST",         .twips = 1000, .money = true, .detailMoney = true},
+      {.heading = "N-AMT",        .twips = 1200, .money = true, .detailMoney = true},
+  };
+  // clang-format on
+  plan.voucher = {.book = "BOOK", .number = "VOUCH_NO"};
+  return plan;
+}
+
+ReportPlan planQuotationDetails(Database& db, const ReportQuery& q) {
+  ReportPlan plan = planQuotations(db, q);
+  plan.details = {
+      .rows = {"SELECT VOUCH_NO, VOUCH_DT, ITEM_NAME || ' ' || SIZE_CD, FORMAT(QUANTITY, '0.00') AS QTY,"
+               " FORMAT(AMOUNT, '0.00') AS IAMT, CGSTAMT, SGSTAMT, IGSTAMT, AMOUNT AS amt"
+               " FROM QUOTITM WHERE QUOTITM.VOUCH_NO = ? ORDER BY VAL(TNO), SRNO"},
+      .keys = {"VOUCH_NO"},
+      .count = "LINES",
+  };
+  return plan;
+}
+
+// The headings C/I GST and SGST stand over charges and discount.
+ReportPlan planChallans(Database&, const ReportQuery& q) {
+  Condition c = dates(q);
+  c.addFilled("AREA = ?", q[kCity]).addFilled("CITY = ?", q[kState]);
+  ReportPlan plan{.filter = c.shown(), .note = kAllVouchers};
+  plan.rows.text =
+      "SELECT CHLN.VOUCH_NO, CHLN.VOUCH_DT, ACC_NAME, NO_OF_ITEM, ITEM_AMT, CHRGS, DISC_AMT,"
+      " FORMAT(NET_AMT, '0.00') AS N_AMT, PARTY_CD, ACCOUNT.AREA, ACCOUNT.CITY, CHLN.BOOK_CD,"
+      " (SELECT COUNT(*) FROM CHLNITM INNER JOIN ITEM ON CHLNITM.ITEM_CD = ITEM.ITEM_CD"
+      " WHERE CHLNITM.VOUCH_NO = CHLN.VOUCH_NO) AS LINES"
+      " FROM CHLN LEFT JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD ORDER BY CHLN.VOUCH_NO, CHLN.BOOK_CD";
+  // clang-format off
+  plan.columns = {
+      {.heading = "No",           .twips = 600},
+      {.heading = "Date",         .twips = 1200},
+      {.heading = "Party / Item", .twips = 2600},
+      {.heading = "Qty",          .twips = 900,  .money = true, .detailMoney = true},
+      {.heading = "Amt",          .twips = 900,  .money = true},
+      {.heading = "C/I GST",      .twips = 900,  .money = true},
+      {.heading = "SGST",         .twips = 900,  .money = true},
+      {.heading = "N-Amt",        .twips = 1200, .money = true},
+  };
+  // clang-format on
+  plan.voucher = {.book = "BOOK_CD", .number = "VOUCH_NO"};
+  return plan;
+}
+
+ReportPlan planChallanDetails(Database& db, const ReportQuery& q) {
+  ReportPlan plan = planChallans(db, q);
+  plan.details = {
+      .rows = {"SELECT VOUCH_NO, VOUCH_DT, ITEM_NAME || ' ' || SIZE_CD, FORMAT(QUANTITY, '0.00') AS QTY,"
+               " FORMAT(RATE * QUANTITY, '0.00') AS IAMT, RATE AS RT, SALE_DISC AS DISCAMT, AMOUNT"
+               " FROM CHLNITM INNER JOIN ITEM ON CHLNITM.ITEM_CD = ITEM.ITEM_CD"
+               " WHERE CHLNITM.VOUCH_NO = ? ORDER BY SR_NO"},
+      .keys = {"VOUCH_NO"},
+      .count = "LINES",
+  };
+  return plan;
+}
+
+ReportPlan planReceipts(Database&, const ReportQuery& q) {
+  Condition c = dates(q);
+  c.addFilled("ACCOUNT.AREA = ?", q[kCity]).addFilled("ACCOUNT.CITY = ?", q[kState]);
+  if (!q[kCategory].empty()) c.add("ACCOUNT.GROUP_CD = ?", Val(q[kCategory]));
+  ReportPlan plan{.filter = c.shown(), .note = "Salesman Changes Nothing Here"};
+  plan.rows = {
+      "SELECT VOUCH_NO, VOUCH_DT, ACCOUNT.ACC_NAME || ' ' || ACCOUNT.AREA AS acname,"
+      " FORMAT(AMOUNT, '0.00') AS AMT, NARRATION, PARTY_CD, CSHBNK_CD, ACCOUNT.AREA, ACCOUNT.CITY,"
+      " ACCOUNT.ANOTHER_CD, ACCOUNT.GROUP_CD, BOOK_CD"
+      " FROM RPTPAY INNER JOIN ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD WHERE BOOK_CD = 'RC' AND " +
+          c.text() + " ORDER BY VOUCH_DT, VOUCH_NO, REF_NO",
+      c.values()};
+  // clang-format off
+  plan.columns = {
+      {.heading = "No.",     .twips = 600},
+      {.heading = "Date",    .twips = 1200},
+      {.heading = "Party",   .twips = 2600},
+      {.heading = "Amount",  .twips = 1200, .money = true},
+      {.heading = "Remarks", .twips = 1500},
+  };
+  // clang-format on
+  plan.voucher = {.book = "BOOK_CD", .number = "VOUCH_NO"};
+  return plan;
+}
+
+}  // namespace
+
+const Report& quotationRegister() {
+  static const Report report{.key = "QUOTREG", .caption = "Reports", .plan = planQuotations};
+  return report;
+}
+
+const Report& quotationDetailRegister() {
+  static const Report report{.key = "QUOTREGDTL", .caption = "Reports", .plan = planQuotationDetails};
+  return report;
+}
+
+const Report& challanRegister() {
+  static const Report report{
+      .key = "CHLNRPT",
+      .caption = "Challan Register",
+      .fields = {kParty, kCity, kState},
+      .plan = planChallans,
+  };
+  return report;
+}
+
+// No caption of its own.
+const Report& challanDetailRegister() {
+  static const Report report{.key = "CHLNRPTDTL", .caption = "Reports", .plan = planChallanDetails};
+  return report;
+}
+
+const Report& receiptRegister() {
+  static const Report report{
+      .key = "recipt",
+      .caption = "Receipt Register",
+      .fields = {kParty, kCity, kState, kCategory, kSalesman},
+      .groups = true,
+      .plan = planReceipts,
+  };
+  return report;
+}

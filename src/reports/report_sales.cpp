@@ -1,0 +1,121 @@
+#include "reports/reports.h"
+
+// The registers of sale bills: one line a bill, and with the lines of each bill under it.
+
+namespace {
+
+constexpr double kGstin = 158;  // pixels of a GSTIN
+
+Condition filterOf(const ReportQuery& q) {
+  Condition c;
+  c.add("SALE.VOUCH_DT >= ?", q.from)
+      .add("SALE.VOUCH_DT <= ?", q.to)
+      .addFilled("SALE.PARTY_CD = ?", q[kParty])
+      .addFilled("ACCOUNT.AREA = ?", q[kCity])
+      .addFilled("ACCOUNT.CITY = ?", q[kState]);
+  return c;
+}
+
+std::string partyName(Database& db, const std::string& code) {
+  return db.text("SELECT ACC_NAME FROM ACCOUNT WHERE ACC_CD = ?", code);
+}
+
+// TCGSTRT, TSGSTRT and TIGSTRT hold the bill's tax, not rates.
+ReportPlan planBills(Database& db, const ReportQuery& q) {
+  Condition c = filterOf(q);
+  c.add("SALE.BOOK_CD = ?", std::string("SA"));
+  ReportPlan plan{.filter = c.shown()};
+  if (!q[kParty].empty()) plan.caption = "Sales Bill Summary For : " + partyName(db, q[kParty]);
+  plan.rows = {
+      "SELECT BILL_NO, SALE.VOUCH_DT, ACC_NAME, AREA, GSTINNO, FORMAT(ITEM_AMT, '0.00'),"
+      " FORMAT(TCGSTRT, '0.00'), FORMAT(TSGSTRT, '0.00'), FORMAT(TIGSTRT, '0.00'),"
+      " FORMAT(ROUND_OFF, '0.00'), FORMAT(SALE.NET_AMT, '0.00') AS AMOUNT, PARTY_CD, ACCOUNT.CITY,"
+      " BL_TYPE, SALE_CD, SALE.DATASENT, SALE.BOOK_CD, SALE.VOUCH_NO"
+      " FROM SALE INNER JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE " +
+          c.text() + " ORDER BY SALE.VOUCH_DT, SALE.VOUCH_NO",
+      c.values()};
+  // clang-format off
+  plan.columns = {
+      {.heading = "No",      .twips = 700},
+      {.heading = "Date",    .twips = 1200},
+      {.heading = "Party",   .twips = 3000},
+      {.heading = "City",    .twips = 1300},
+      {.heading = "Gstin",   .twips = 1300, .pixels = kGstin},
+      {.heading = "Assival", .twips = 1200, .money = true},
+      {.heading = "Cgst",    .twips = 1000, .money = true},
+      {.heading = "Sgst",    .twips = 1000, .money = true},
+      {.heading = "Igst",    .twips = 1000, .money = true},
+      {.heading = "R.Off",   .twips = 900,  .money = true},
+      {.heading = "N.Amt",   .twips = 1200, .money = true},
+  };
+  // clang-format on
+  plan.voucher = {.book = "BOOK_CD", .number = "VOUCH_NO"};
+  return plan;
+}
+
+// A main row's area stands under Type, as its bill's lines have their description there.
+ReportPlan planBillDetails(Database&, const ReportQuery& q) {
+  Condition c = filterOf(q);
+  c.addFilled("SALE.SALE_CD = ?", q[kCategory]);
+  ReportPlan plan{.filter = c.shown()};
+  plan.rows = {
+      "SELECT SALE.VOUCH_NO AS vno, SALE.VOUCH_DT AS vdate, BILL_NO, ACC_NAME AS party, AREA,"
+      " FORMAT(NO_OF_ITEM, '0.00'), FORMAT(ITEM_AMT, '0.00'),"
+      " FORMAT(ABS((NET_AMT + (DISC_AMT1 + DISC_AMT2) - ITEM_AMT) - (DISC_AMT1 + DISC_AMT2)), '0.00')"
+      " AS Disc, FORMAT(NET_AMT, '0.00') AS AMOUNT, PARTY_CD, SALE.BOOK_CD, SALE.SMAN_CD, CITY, SALE_CD,"
+      " NARRATION, SALE.DATASENT,"
+      " (SELECT COUNT(*) FROM SALEITM INNER JOIN ITEM ON SALEITM.ITEM_CD = ITEM.ITEM_CD"
+      " WHERE SALEITM.VOUCH_NO = SALE.VOUCH_NO AND SALEITM.BOOK_CD = SALE.BOOK_CD) AS LINES"
+      " FROM SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE SALE.BOOK_CD = 'SA' AND " +
+          c.text() + " ORDER BY SALE.VOUCH_DT, SALE.VOUCH_NO",
+      c.values()};
+  plan.details = {
+      .rows = {"SELECT '' AS one1, ITEM.HSNCODE AS two2,"
+               " CASE WHEN SALEITM.DESC1 <> '0' THEN SALEITM.DESC1 ELSE '' END AS three3, ITEM_NAME AS ITMNM,"
+               " ITEM_DESC, FORMAT(QUANTITY, '0.00'), FORMAT(SALEITM.RATE, '0.00') AS rate,"
+               " FORMAT(SALE_DISC, '0.00'), FORMAT(NET_AMOUNT - (CGSTAMT + SGSTAMT + IGSTAMT), '0.00')"
+               " FROM SALEITM INNER JOIN ITEM ON SALEITM.ITEM_CD = ITEM.ITEM_CD"
+               " WHERE SALEITM.VOUCH_NO = ? AND SALEITM.BOOK_CD = ? ORDER BY SALEITM.SR_NO"},
+      .keys = { "vno",                                                                                  "BOOK_CD"},
+      .count = "LINES",
+  };
+  // clang-format off
+  plan.columns = {
+      {.heading = "No.",       .twips = 700},
+      {.heading = "Date",      .twips = 1100},
+      {.heading = "B.No",      .twips = 800},
+      {.heading = "Party",     .twips = 2400},
+      {.heading = "Type",      .twips = 1200},
+      {.heading = "Qty",       .twips = 800,  .money = true},
+      {.heading = "Rate/Tax",  .twips = 1100, .money = true, .detailMoney = true},
+      {.heading = "Chrg/Disc", .twips = 800,  .money = true, .detailMoney = true},
+      {.heading = "AMOUNT",    .twips = 1200, .money = true, .detailMoney = true},
+  };
+  // clang-format on
+  plan.voucher = {.book = "BOOK_CD", .number = "vno"};
+  return plan;
+}
+
+}  // namespace
+
+const Report& saleBillRegister() {
+  static const Report report{
+      .key = "SALEBILLSUMMARY",
+      .caption = "SALE Bill Register",
+      .fields = {kParty, kCity, kState},
+      .video = &Links::saleRegistersVideo,
+      .plan = planBills,
+  };
+  return report;
+}
+
+const Report& saleBillDetailRegister() {
+  static const Report report{
+      .key = "slblreg",
+      .caption = "SALE Bill Detailed Register",
+      .fields = {kParty, kCity, kState},
+      .video = &Links::saleRegistersVideo,
+      .plan = planBillDetails,
+  };
+  return report;
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/host.h"
+#include "reports/statement.h"
+
+// The voucher behind a row, opened in its screen as the shell's menu opens it. Books are those of
+// the ledger, and "QT" for quotations.
+
+bool canOpen(const VoucherKey& voucher);
+// False when no screen is known for the book.
+bool openVoucher(Host& host, const Screen& caller, const VoucherKey& voucher);
