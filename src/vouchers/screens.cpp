@@ -4,11 +4,13 @@
 #include "frame/session.h"
 #include "vouchers/bwrcpy.h"
 #include "vouchers/frmpost.h"
+#include "vouchers/frmquot.h"
 #include "vouchers/gstsapu.h"
 #include "vouchers/posting.h"
 
 void addVoucherScreens(Screens& screens) {
   screens.add<GSTSAPU>("GSTSAPU");
+  screens.add<FRMQUOT>("FRMQUOT");
   screens.add<bwrcpy>("bwrcpy");
   screens.add<FRMPOST>("FRMPOST");
 }

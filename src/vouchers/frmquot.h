@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "frame/session.h"
+#include "vouchers/quotation_lines.h"
+#include "vouchers/quotations.h"
+#include "vouchers/voucher_screen.h"
+
+// Offers to a party: the kind that `mentrytype` names.
+class FRMQUOT : public VoucherScreen {
+ public:
+  explicit FRMQUOT(Host& host);
+  void opened(const Entry& entry) override;
+
+ protected:
+  void startNew() override;
+  bool load(double number) override;
+  void remove(double number) override { deleteQuotation(data(), book_, number); }
+  void clearHead() override;
+  void clearLine() override;
+  void showLine(const Row& line) override;
+  Fields lineFields() override;
+  void sumLines() override;
+  Control& itemField() override { return text1(12); }
+  Control& afterLines() override { return text1(1); }
+  std::string tutorial() const override;
+  std::string hintFor(const Control& control) const override;
+
+ private:
+  static const ScreenSpec& table();
+  static std::vector<KeyLookup> lookups(const Book& book, bool narrations);
+
+  // Enter, by field.
+  Go voucherNumber();
+  Go voucherDate() { return date(0) ? Go::On : Go::Stay; }
+  Go party();
+  Go item();
+  Go itemName();
+  Go unit();
+  void figure();
+  Go discount();
+  Go lastTax();
+  Go amount();
+  Go lastTerm() { return toSave(); }
+  void save();
+
+  std::optional<AccountFacts> acceptParty();
+  void fillRates(const std::optional<double>& rateOfTax);
+  void fillRate(double rate);
+  void fillFromUnit();
+  bool isMisc() const;
+  void valueLine();
+  QuotationHeader header() const;
+  void showHeader(const Row& offer);
+  std::string closingWords() const;
+  void earlierSalesKey();
+
+  std::string party_;  // the one accepted last
+  std::string phone_;
+};

@@ -1,0 +1,158 @@
+#include "vouchers/quotations.h"
+
+#include <map>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "store/row_writer.h"
+#include "vouchers/items.h"
+
+namespace {
+
+constexpr const char* kQuotation = "QUOTATION";
+constexpr int kReferenceLength = 4;
+constexpr const char* kTerms[] = {"DESC1", "DESC2", "DESC3", "DESC4", "DESC5", "DESC6", "DESC7", "DESC8"};
+constexpr const char* kNil[] = {
+    "DISC_PERC", "DISC_AMT", "CHRG_AMT", "CHRG_PERC", "TAX_PERC", "TAX_AMT",
+    "ATAX_PERC", "ATAX_AMT", "TCSTRT",   "TCSTAMT",   "PI_CH_NO",
+};
+
+// Columns of a line that the work table has with the same type. The rest are numbers there and
+// number texts where they are stored.
+// clang-format off
+constexpr const char* kLineColumns =
+    "VOUCH_DT, VOUCH_NO, SRNO, ITEM_CD, DEPT_CD, ITEM_NAME, ITEM_SNAME, SIZE_CD, T_NO, DISC, ITEM_DESC,"
+    " DESC1, DTL1, DTL2, MOBNOCO, DATANM, DATASENT, DISC2, ENTRY_TYP, CGSTRT, SGSTRT, IGSTRT,"
+    " CGSTAMT, SGSTAMT, IGSTAMT, TCSRT, TCSAMT, ASSIVAL";
+// clang-format on
+
+Fields headerRow(const Book& book, const QuotationHeader& q, const SaveStamp& stamp) {
+  // clang-format off
+  Fields row = {
+      {"VOUCH_NO",    q.number},
+      {"VOUCH_DT",    q.date},
+      {"PARTY_CD",    trim(q.party)},
+      {"BL_PARTY_CD", trim(q.party)},
+      {"REF_NO",      trim(q.reference)},
+      {"TO_NAME",     trim(q.attention)},
+      {"SUB_DESC",    trim(q.subject)},
+      {"YOUR_REF_NO", trim(q.yourReference)},
+      {"TOTQTY",      q.quantity},
+      {"TCGST",       q.cgst},
+      {"TSGST",       q.sgst},
+      {"TIGST",       q.igst},
+      {"ITEM_AMT",    q.items},
+      {"NET_AMT",     Round(q.amount, 0)},
+      {"ENTRY_TYP",   book.code},
+      {"USER_CD",     stamp.user},
+      {"ENT_DT",      stamp.now.date},
+      {"ENT_TIME",    Clock{stamp.now.hour, stamp.now.minute}},
+      {"MOBNOCO",     stamp.mobile},
+      {"DATANM",      stamp.dataName},
+      {"DATASENT",    "N"},
+  };
+  // clang-format on
+  for (size_t i = 0; i < q.terms.size(); ++i) row.push_back({kTerms[i], trim(q.terms[i])});
+  for (const char* column : kNil) row.push_back({column, 0});
+  return row;
+}
+
+}  // namespace
+
+const Book& quotationBook(const std::string& type) {
+  static std::map<std::string, Book> kinds;
+  Book& book = kinds[type];
+  if (book.code.empty())
+    book = {
+        .code = type,
+        .keyColumn = "ENTRY_TYP",
+        .heads = "QUOT",
+        .lines = "QUOTITM",
+        .work = "T_QUOTITM",
+        .serial = "SRNO",
+        .title = type == kQuotation ? "QUOTATION ENTRY " : "PERFOMA INVOICE ",
+        .adding = " : ADD MODE",
+        .modifying = " : EDIT MODE",
+        .deleting = " : DELETE MODE",
+        .printing = "",
+        .escapeAsks = "Do you want to Cancel and Exit",
+        .printKey = "QUOTPRN",
+        .saveOpens = "Save opens after Subject To",
+        .savedHead = "Quotation Entry Saved",
+        .parties = "ACCOUNT where group_cd in(85,88,86,135) ORDER BY ACC_NAME",
+        .rate = "SALE_RATE1",
+        .discount = "SALE_DISC",
+        .partySide = "",
+        .goods = "",
+        .cgst = "",
+        .sgst = "",
+        .igst = "",
+        .rounds = "",
+    };
+  return book;
+}
+
+bool saveQuotation(Database& db, const Book& book, const QuotationHeader& offer, const SaveStamp& stamp,
+                   Saving how) {
+  Transaction all(db);
+  if (how == Saving::Fresh && db.first("SELECT VOUCH_NO FROM QUOT WHERE VOUCH_NO = ?", offer.number))
+    return false;
+  db.exec("DELETE FROM QUOT WHERE VOUCH_NO = ? AND ENTRY_TYP = 'QUOTATION'", offer.number);
+  db.exec("DELETE FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = 'QUOTATION'", offer.number);
+  insertRow(db, "QUOT", headerRow(book, offer, stamp));
+  // Lines typed before number or date were changed belong to the offer all the same.
+  db.exec("UPDATE T_QUOTITM SET VOUCH_DT = ?, VOUCH_NO = ?", offer.date, offer.number);
+  const std::string columns = kLineColumns;
+  db.exec("INSERT INTO QUOTITM (" + columns + ", QUANTITY, RATE, AMOUNT, TNO) SELECT " + columns +
+              ", NUMTEXT(QUANTITY), NUMTEXT(RATE), NUMTEXT(AMOUNT), NUMTEXT(TNO)"
+              " FROM T_QUOTITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)",
+          offer.number, kMiscItem);
+  all.commit();
+  return true;
+}
+
+void deleteQuotation(Database& db, const Book& book, double number) {
+  Transaction both(db);
+  db.exec("DELETE FROM QUOT WHERE VOUCH_NO = ? AND ENTRY_TYP = ?", number, book.code);
+  db.exec("DELETE FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = ?", number, book.code);
+  both.commit();
+}
+
+bool hasQuotations(Database& db, const Book& book) {
+  return db.first("SELECT VOUCH_NO FROM QUOT WHERE ENTRY_TYP = ? LIMIT 1", book.code).has_value();
+}
+
+std::optional<Row> findQuotation(Database& db, const Book& book, double number) {
+  return db.first("SELECT * FROM QUOT WHERE VOUCH_NO = ? AND ENTRY_TYP = ?", number, book.code);
+}
+
+void loadQuotationLines(Database& db, const Book& book, double number) {
+  const std::string columns = kLineColumns;
+  db.exec("DELETE FROM T_QUOTITM");
+  db.exec("UPDATE QUOTITM SET ITEM_CD = SUBSTR(ITEM_CD, 1, 20) WHERE VOUCH_NO = ? AND LENGTH(ITEM_CD) > 20",
+          number);
+  db.exec("INSERT INTO T_QUOTITM (" + columns + ", QUANTITY, RATE, AMOUNT, TNO) SELECT " + columns +
+              ", VAL(QUANTITY), VAL(RATE), VAL(AMOUNT), VAL(TNO)"
+              " FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = ? ORDER BY SRNO",
+          number, book.code);
+}
+
+std::string referenceAfter(const std::string& stored) {
+  return padLeft(numText(Val(right(stored, kReferenceLength)) + 1), kReferenceLength, '0');
+}
+
+std::string nextReference(Database& db, const Book& book) {
+  return referenceAfter(
+      db.text("SELECT REF_NO FROM QUOT WHERE ENTRY_TYP = ? ORDER BY VOUCH_NO DESC LIMIT 1", book.code));
+}
+
+void repairQuotations(Database& db) {
+  Transaction all(db);
+  db.exec(
+      "UPDATE QUOTITM SET DEPT_CD = ITEM.DEPT_CD FROM ITEM"
+      " WHERE QUOTITM.ITEM_CD = ITEM.ITEM_CD AND QUOTITM.DEPT_CD IS NULL");
+  db.exec("UPDATE QUOT SET ENTRY_TYP = 'QUOTATION' WHERE ENTRY_TYP IS NULL OR LENGTH(ENTRY_TYP) = 0");
+  db.exec("UPDATE QUOTITM SET ENTRY_TYP = 'QUOTATION' WHERE ENTRY_TYP IS NULL OR LENGTH(ENTRY_TYP) = 0");
+  db.exec("UPDATE QUOT SET BL_PARTY_CD = PARTY_CD WHERE BL_PARTY_CD IS NULL OR LENGTH(BL_PARTY_CD) = 0");
+  all.commit();
+}
