@@ -11,6 +11,8 @@ constexpr Piece kPieces[] = {
     categoryList,
     priceList,
     closingBalanceList,
+    gstr1Registered,
+    gstr1Unregistered,
     saleBillRegister,
     saleBillDetailRegister,
     quotationRegister,
@@ -18,6 +20,7 @@ constexpr Piece kPieces[] = {
     challanRegister,
     challanDetailRegister,
     receiptRegister,
+    outstandingList,
 };
 // clang-format on
 
