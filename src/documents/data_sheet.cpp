@@ -1,6 +1,7 @@
 #include "documents/data_sheet.h"
 
 #include "base/text.h"
+#include "documents/words.h"
 
 workbook::Value cellValue(const Value& value, const std::string& declaredType) {
   if (value.isNull()) return {};
@@ -15,9 +16,12 @@ void DataSheet::set(int row, int column, const workbook::Value& value) {
   cells_[{row, column}] = value;
 }
 
-void DataSheet::labelled(int column, const std::string& label, const Row& company, const std::string& field) {
-  set(3, column, label);
-  if (company.has(field)) set(4, column, cellValue(company.value(field)));
+void DataSheet::field(int row, int column, const Row& from, const std::string& name) {
+  if (from.has(name)) set(row, column, cellValue(from.value(name)));
+}
+
+void DataSheet::words(int row, int column, const Row& from, const std::string& name) {
+  if (!from.isNull(name) && from.number(name) != -1) set(row, column, AmountInWords(from.number(name)));
 }
 
 void DataSheet::names(int row, int column, const ColumnNames& names) {
@@ -26,6 +30,15 @@ void DataSheet::names(int row, int column, const ColumnNames& names) {
 
 void DataSheet::values(int row, int column, const Rows& rows) {
   for (int j = 0; j < rows.count(); ++j) set(row, column + j, cellValue(rows.value(j), rows.declaredType(j)));
+}
+
+int DataSheet::block(Rows found, int namesRow, int firstRow, int column) {
+  int count = 0;
+  for (; found.next(); ++count) {
+    if (count == 0) names(namesRow, column, found.names());
+    values(firstRow + count, column, found);
+  }
+  return count;
 }
 
 void DataSheet::fill(workbook::Sheet& sheet) const {

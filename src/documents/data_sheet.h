@@ -14,12 +14,18 @@ class DataSheet {
   // An empty value or text leaves the cell as it is.
   void set(int row, int column, const workbook::Value& value);
 
-  // A label above a value of the company; the value only when it has text.
-  void labelled(int column, const std::string& label, const Row& company, const std::string& field);
+  // A stored field in a cell; nothing when the row has no such column.
+  void field(int row, int column, const Row& from, const std::string& name);
+
+  // The amount of a field in words, a zero too; nothing for Null and for exactly -1.
+  void words(int row, int column, const Row& from, const std::string& name);
 
   // Names of a block's columns and the values of one row of it, from a column on.
   void names(int row, int column, const ColumnNames& names);
   void values(int row, int column, const Rows& rows);
+
+  // Names and all rows of a block; nothing at all when it has no row. Gives the number of rows.
+  int block(Rows found, int namesRow, int firstRow, int column = 1);
 
   // Takes the place of everything on the sheet.
   void fill(workbook::Sheet& sheet) const;
@@ -30,6 +36,13 @@ class DataSheet {
 
  private:
   std::map<std::pair<int, int>, workbook::Value> cells_;
+};
+
+// The file format between the program and its designs: the filled data sheet, and how many lines
+// the document has. None: there is no such document.
+struct FilledSheet {
+  DataSheet cells;
+  int lines = 0;
 };
 
 // A stored value with its type: numbers, texts, and dates of date columns as dates.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "base/text.h"
 #include "documents/renderers.h"
@@ -174,12 +175,15 @@ char32_t dlg1::filter(const Control& control, char32_t key) {
   return Screen::filter(control, key);
 }
 
-void dlg1::numberFocus() { ShowHint(host, "Press Enter For Help"); }
+void dlg1::numberFocus() { ShowHint(host, std::exchange(answer_, "Press Enter For Help")); }
 
 Go dlg1::numberEnter() {
   session().mprnmode.clear();
-  if (trim(here().text).empty())
-    return key_->numbers.table.empty() ? Go::Stay : lookUp(host, *this, here(), key_->numbers);
+  if (trim(here().text).empty()) {
+    if (!key_->numbers.table.empty()) return lookUp(host, *this, here(), key_->numbers);
+    ShowHint(host, "Nothing To Look Up: Type The Number");
+    return Go::Stay;
+  }
   at("cmdpdf").enabled = true;
   focus(at("cmdpdf"));
   return Go::Stay;
@@ -189,12 +193,15 @@ Go dlg1::numberEnter() {
 Go dlg1::billLookup() {
   session().mprnmode.clear();
   if (key_->key != "GST INVOICE") return Go::Stay;
-  const bool left = session().mhlptable == kBills.table;
+  if (session().mhlptable != kBills.table) {
+    ShowHint(host, "Nothing To Look Up Yet: Press Enter In The Empty Field First");
+    return Go::Stay;
+  }
   return lookUp(
       host, *this, here(),
       {
           .mode = "THREEFLD",
-          .table = left ? kBills.table : "",
+          .table = kBills.table,
           .first = "VOUCH_NO",
           .second = "BILL_NO",
           .more = "ACCOUNT.ACC_NAME, ACCOUNT.area, ACCOUNT.city, format(vouch_dt, 'dd/MM/yyyy') AS VDT, "
@@ -213,6 +220,8 @@ void dlg1::make(const std::string& mode) {
   focus(at("Text4"));
   if (const Renderer* renderer = rendererOf(key_->key))
     renderer->make(host, at("Text4").text, renderer->kind);
+  else
+    answer_ = "There Is No Print Of This Document";
   at("cmdpdf").enabled = true;
   at("cmdprn").enabled = true;
 }

@@ -24,4 +24,5 @@ class dlg1 : public Screen {
   void leave();
 
   const PrintKey* key_;
+  std::string answer_ = "Press Enter For Help";  // what the hint line says when the number has the focus
 };

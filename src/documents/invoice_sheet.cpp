@@ -1,6 +1,7 @@
 #include "documents/invoice_sheet.h"
 
 #include "base/text.h"
+#include "documents/company_cells.h"
 #include "documents/words.h"
 
 namespace {
@@ -15,56 +16,22 @@ constexpr int kRateNames = 1, kRates = 3;
 void companyCells(DataSheet& sheet, const std::string& name, const Row& company) {
   sheet.set(1, 3, name);
   sheet.set(2, 1, "INVOICE");
-  sheet.set(3, 1, company.text("ADDRS"));
-  sheet.set(3, 3, company.text("PH1"));
-  sheet.set(3, 5, company.text("PH2"));
-
-  struct Pair {
-    int column;
-    const char *label, *field;
-  };
-  // The labels over AREA and CITY are as designs know them.
-  constexpr Pair kPairs[] = {
-      {9,  "STATE",     "STATE"      },
-      {16, "BANK NAME", "C_BANK_NAME"},
-      {17, "BRANCH",    "C_BRNCH"    },
-      {18, "IFSC",      "C_IFSC"     },
-      {19, "AC_NO",     "C_AC_NO"    },
-      {20, "EMAIL",     "C_EMAIL"    },
-      {24, "GSTINNO",   "GSTINNO"    },
-      {26, "STATECD",   "STATECD"    },
-      {27, "CITY",      "AREA"       },
-      {28, "STATE",     "CITY"       },
-  };
-  for (const auto& [column, label, field] : kPairs) sheet.labelled(column, label, company, field);
+  companyAddress(sheet, company);
+  companyPairs(sheet, company);
 }
 
 void wordCells(DataSheet& sheet, const Row& bill) {
   sheet.set(2, 6, AmountInWords(bill.number("NET_AMT")));
-  // Whatever is neither Null nor -1 counts, a zero too.
-  if (!bill.isNull("CUR_TOTAMT") && bill.number("CUR_TOTAMT") != -1)
-    sheet.set(2, 8, AmountInWords(bill.number("CUR_TOTAMT")));
+  sheet.words(2, 8, bill, "CUR_TOTAMT");
   sheet.set(2, 10, AmountInWords(bill.number("TCGSTRT") + bill.number("TSGSTRT") + bill.number("TIGSTRT")));
 }
 
-// Names and rows of a summary; nothing at all when it has no row.
-void summary(DataSheet& sheet, Rows found, int namesRow, int firstRow, int column) {
-  for (int i = 0; found.next(); ++i) {
-    if (i == 0) sheet.names(namesRow, column, found.names());
-    sheet.values(firstRow + i, column, found);
-  }
-}
-
 void accountCells(DataSheet& sheet, Database& db, const std::string& account) {
-  auto found = db.query("SELECT ACCOUNT.* FROM ACCOUNT WHERE ACC_CD = ?", account);
-  if (!found.next()) return;
-  sheet.names(3, kAccountColumn, found.names());
-  sheet.values(4, kAccountColumn, found);
+  sheet.block(db.query("SELECT ACCOUNT.* FROM ACCOUNT WHERE ACC_CD = ?", account), 3, 4, kAccountColumn);
 }
 
 void itemCells(DataSheet& sheet, Database& db, double number) {
-  summary(
-      sheet,
+  sheet.block(
       db.query("SELECT ITEM_NAME, SUM(QUANTITY) AS QTY1, RATE, SUM(AMOUNT) AS AMT, SUM(NET_AMOUNT) AS NAMT,"
                " ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC, SALE_DISC1, DISC3, DISC4"
                " FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = 'SA' AND DEPT_NAME <> 'MISC'"
@@ -73,7 +40,7 @@ void itemCells(DataSheet& sheet, Database& db, double number) {
                " ORDER BY ITEM_NAME, RATE, ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC,"
                " SALE_DISC1, DISC3, DISC4",
                number),
-      kItemNames, kItems, 1);
+      kItemNames, kItems);
 }
 
 void hsnCells(DataSheet& sheet, Database& db, double number) {
@@ -107,20 +74,20 @@ void rateCells(DataSheet& sheet, Database& db, double number, const std::string&
   };
   for (const auto& book : kBooks)
     if (kind == book.kind)
-      summary(sheet, db.query(std::string(book.statement) + " ORDER BY CGSTRT, SGSTRT, IGSTRT", number),
-              kRateNames, kRates, kRateColumn);
+      sheet.block(db.query(std::string(book.statement) + " ORDER BY CGSTRT, SGSTRT, IGSTRT", number),
+                  kRateNames, kRates, kRateColumn);
 }
 
 }  // namespace
 
-InvoiceSheet invoiceSheet(Database& db, const std::string& name, const Row& company, double number,
-                          const std::string& kind) {
+FilledSheet invoiceSheet(Database& db, const std::string& name, const Row& company, double number,
+                         const std::string& kind) {
   constexpr const char* kBill =
       "SELECT GSTBLPRN.*, TRANSMAST.TADD1, TRANSMAST.TADD2, TRANSMAST.TAREA, TRANSMAST.TCITY,"
       " TRANSMAST.TPHONE1, TRANSMAST.TPHONE2"
       " FROM GSTBLPRN LEFT JOIN TRANSMAST ON GSTBLPRN.TRANS_CD = TRANSMAST.TRANS_ID"
       " WHERE [SALE.BOOK_CD] = 'SA' AND [SALE.VOUCH_NO] = ? ORDER BY SR_NO";
-  InvoiceSheet sheet;
+  FilledSheet sheet;
   const auto head = db.first(kBill, number);
   if (!head) return sheet;
   auto& cells = sheet.cells;

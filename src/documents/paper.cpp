@@ -1,13 +1,18 @@
 #include "documents/paper.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <stdexcept>
 #include <system_error>
 #include <vector>
 
+#include "documents/line_settings.h"
+#include "frame/routines.h"
 #include "frame/session.h"
 #include "platform/paint.h"
 #include "platform/workbook/draw.h"
+#include "platform/workbook/held.h"
 
 namespace fs = std::filesystem;
 
@@ -17,10 +22,30 @@ constexpr const char* kMissing = "Format File Is Missing Or Deleted Pl Contact V
 constexpr const char* kOpenElsewhere = "Excel File Is Already Open\nClose It First";
 constexpr size_t kMostWarnings = 5;
 
-// The unfilled copy of the design.
+// The unfilled copy of the design, whole or not at all.
 void copyDesign(const Paper& paper) {
-  fs::remove(billsFolder() / paper.copy.filename());
-  fs::copy_file(paper.design, paper.copy, fs::copy_options::overwrite_existing);
+  const fs::path stray = billsFolder() / paper.copy.filename();
+  for (const fs::path& old : {stray, paper.copy})
+    if (workbook::heldElsewhere(old.string())) throw std::runtime_error(kOpenElsewhere);
+  fs::remove(stray);
+  fs::create_directories(paper.copy.parent_path());
+  const fs::path beside = paper.copy.string() + "~" + std::to_string(getpid());
+  try {
+    fs::copy_file(paper.design, beside, fs::copy_options::overwrite_existing);
+    fs::rename(beside, paper.copy);
+  } catch (...) {
+    std::error_code ignored;
+    fs::remove(beside, ignored);
+    throw;
+  }
+}
+
+void hideUnused(workbook::Sheet& sheet, const Paper& paper, int lines) {
+  if (paper.family.empty()) return;
+  LoadLineSettings(paper.family, session().mprnsheet, paper.number);
+  const RowRange rows = rowsToHide(loadedPageModel(), lines, paper.kept);
+  if (rows.any()) sheet.hideRows(rows.first, rows.last);
+  sheet.resetPageBreaks();
 }
 
 void draw(Host& host, workbook::Workbook& book, const Paper& paper, std::unique_ptr<paint::Canvas> canvas) {
@@ -28,11 +53,19 @@ void draw(Host& host, workbook::Workbook& book, const Paper& paper, std::unique_
   canvas->finish();
 }
 
-void makePdf(Host& host, workbook::Workbook& book, const Paper& paper) {
-  fs::create_directories(paper.pdf.parent_path());
-  fs::remove(paper.pdf);
-  draw(host, book, paper, host.painter().pdf(paper.pdf.string()));
-  host.view(paper.pdf.string());
+// Where the filled workbook goes.
+void put(Host& host, workbook::Workbook& book, const Paper& paper) {
+  const std::string mode = session().mprnmode;
+  if (mode == "PDF") {
+    fs::create_directories(paper.pdf.parent_path());
+    draw(host, book, paper, host.painter().pdf(paper.pdf.string()));
+    host.view(paper.pdf.string());
+  } else if (mode == "PRN") {
+    draw(host, book, paper, host.painter().printer());
+  } else {
+    book.save(paper.copy.string());
+    host.view(paper.copy.string());
+  }
 }
 
 // What the machine's clock says, as a cell holds it.
@@ -41,12 +74,24 @@ double serial(const Moment& now) {
   return day + (now.hour * 3600 + now.minute * 60 + now.second) / 86400.0;
 }
 
-void tellWarnings(Host& host, const std::vector<std::string>& warnings) {
-  if (warnings.empty()) return;
-  std::string text = "The print design could not be calculated whole:";
+// Who prints all day with a design does not want to hear of it with every paper.
+void tellWarnings(Host& host, const fs::path& design, const std::vector<std::string>& warnings) {
+  static std::string told;
+  std::string text;
+  if (!warnings.empty())
+    text = "The print design " + design.filename().string() + " could not be used whole:";
   for (size_t i = 0; i < std::min(warnings.size(), kMostWarnings); ++i) text += "\n" + warnings[i];
   if (warnings.size() > kMostWarnings) text += "\n...";
-  host.message(text, kMessageTitle);
+  if (!text.empty() && text != told) host.message(text, kMessageTitle);
+  told = text;
+}
+
+// A copy that may not be replaced where its folder may be written to is in another program's hands.
+std::string said(const fs::filesystem_error& error) {
+  const fs::path& path = error.path2().empty() ? error.path1() : error.path2();
+  const bool writable = access(path.parent_path().c_str(), W_OK) == 0;
+  if (error.code() == std::errc::permission_denied && writable) return kOpenElsewhere;
+  return path.string() + " cannot be written: " + error.code().message() + ".";
 }
 
 class Busy {
@@ -66,23 +111,19 @@ fs::path formatsFolder() { return fs::path(session().mapppath) / "FORMATS"; }
 
 fs::path billsFolder() { return fs::path(session().mapppath) / "BILLS"; }
 
-void makePaper(Host& host, const Paper& paper) {
+void makePaper(Host& host, const Paper& paper, const FilledSheet& filled) {
+  if (session().mexcelkill) EndProcess(host, "excel.exe");
   if (!fs::exists(paper.design)) throw std::runtime_error(kMissing);
   copyDesign(paper);
-  auto book = workbook::Workbook::load(paper.copy.string());
+  auto book = workbook::Workbook::load(paper.design.string());
   book.setNow(serial(host.now()));
-  paper.fill(book);
+  filled.cells.fill(book.sheet(paper.dataSheet));
+  hideUnused(book.sheet(paper.sheet), paper, filled.lines);
   book.recalculate();
-  const std::string mode = session().mprnmode;
-  if (mode == "PDF") {
-    makePdf(host, book, paper);
-  } else if (mode == "PRN") {
-    draw(host, book, paper, host.painter().printer());
-  } else {
-    book.save(paper.copy.string());
-    host.view(paper.copy.string());
-  }
-  tellWarnings(host, book.warnings());
+  session().mpdfpath = paper.pdf.string();
+  fs::remove(paper.pdf);
+  put(host, book, paper);
+  tellWarnings(host, paper.design, book.warnings());
 }
 
 void tellFailures(Host& host, const std::function<void()>& making) {
@@ -91,7 +132,7 @@ void tellFailures(Host& host, const std::function<void()>& making) {
     const Busy busy(host);
     making();
   } catch (const fs::filesystem_error& error) {
-    failure = error.code() == std::errc::permission_denied ? kOpenElsewhere : error.what();
+    failure = said(error);
   } catch (const std::exception& error) {
     failure = error.what();
   }

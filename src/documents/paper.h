@@ -4,8 +4,9 @@
 #include <functional>
 #include <string>
 
+#include "documents/data_sheet.h"
+#include "documents/page_model.h"
 #include "platform/host.h"
-#include "platform/workbook/workbook.h"
 
 // What all documents made from a design do alike: a working copy of the design is filled and
 // goes to paper, into a PDF file, or to the person's own spreadsheet program.
@@ -15,17 +16,22 @@ std::filesystem::path formatsFolder();
 std::filesystem::path billsFolder();
 
 struct Paper {
-  std::filesystem::path design;  // FORMATS/INVGST1.xlsx
-  std::filesystem::path copy;    // FORMATS/INVGST.xlsx
-  std::filesystem::path pdf;     // BILLS/MIRAV_INV_1.pdf
-  std::string sheet;             // the sheet that is printed
-  // Fills the data sheet and hides rows.
-  std::function<void(workbook::Workbook&)> fill;
+  std::filesystem::path design;      // FORMATS/INVGST1.xlsx
+  std::filesystem::path copy;        // FORMATS/INVGST.xlsx
+  std::filesystem::path pdf;         // BILLS/MIRAV_INV_1.pdf
+  std::string dataSheet = "SHEET3";  // the sheet that is filled
+  std::string sheet = {};            // the sheet that is printed
+  // Rows that the document does not need are hidden by the page model of its family and design
+  // number; without a family none are.
+  std::string family = {};
+  int number = 0;
+  SlotsKept kept = SlotsKept::All;
 };
 
 // By mprnmode: "PDF" makes the file and shows it, "PRN" prints, empty saves the filled copy
-// and shows it. Formulas of the design that could not be calculated are named in a message.
-void makePaper(Host& host, const Paper& paper);
+// and shows it. Formulas of the design that could not be calculated are named in a message, once
+// until they are others. Sets mpdfpath; a PDF that stands there from before goes in any case.
+void makePaper(Host& host, const Paper& paper, const FilledSheet& filled);
 
 // Runs the making of a document with the busy pointer; whatever goes wrong is told in a message.
 void tellFailures(Host& host, const std::function<void()>& making);

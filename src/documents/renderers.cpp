@@ -4,16 +4,26 @@
 #include <array>
 
 #include "base/number.h"
+#include "documents/address_card.h"
+#include "documents/challan.h"
+#include "documents/delivery_slip.h"
 #include "documents/invoice.h"
+#include "documents/quotation.h"
 
 namespace {
 
-void invoice(Host& host, const std::string& document, const std::string& kind) {
-  RenderGstInvoice(host, Val(document), kind);
+// Documents that are found by a voucher number take what stands in the field for one.
+template <void (*Render)(Host&, double, const std::string&)>
+void byNumber(Host& host, const std::string& document, const std::string& kind) {
+  Render(host, Val(document), kind);
 }
 
 constexpr std::array kRenderers = {
-    Renderer{"GST INVOICE", "SALE", &invoice},
+    Renderer{"GST INVOICE",   "SALE",          &byNumber<RenderGstInvoice>  },
+    Renderer{"Delivery Slip", "Delivery Slip", &byNumber<RenderDeliverySlip>},
+    Renderer{"CHLNPRN",       "CH",            &byNumber<RenderChallan>     },
+    Renderer{"QUOTPRN",       "QUOTATION",     &byNumber<RenderQuotation>   },
+    Renderer{"adcard",        "adcrd",         &RenderAddressCard           },
 };
 
 }  // namespace

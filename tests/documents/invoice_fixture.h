@@ -21,9 +21,11 @@ class InvoiceTest : public testing::Test {
  protected:
   InvoiceTest() {
     static const TempFolder made;
-    if (!std::filesystem::exists(made / "SMPL.MDB")) makeCompanyDatabase(made / "SMPL.MDB");
-    std::filesystem::copy_file(made / "SMPL.MDB", folder / "M00126.mdb");
-    formats::writeAll((folder / "FORMATS").string());
+    if (!std::filesystem::exists(made / "M00126.mdb")) {
+      makeCompanyDatabase(made / "M00126.mdb");
+      formats::writeAll((made / "FORMATS").string());
+    }
+    std::filesystem::copy(made.path(), folder.path(), std::filesystem::copy_options::recursive);
     Session& s = session();
     s = Session();
     s.mapppath = folder.path().string();

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace workbook {
+
+// Whether a spreadsheet program has the file open, as the mark that it left beside the file says.
+// A mark that a crash left behind does not count where the system can tell.
+bool heldElsewhere(const std::string& path);
+
+}  // namespace workbook
