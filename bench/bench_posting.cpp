@@ -32,7 +32,7 @@ void opening(State& state, const char* lost) {
 
 void balances(State& state) {
   each(
-      state, [] {}, [] { refreshBalances(books()); });
+      state, [] {}, [] { RebuildAllBalances(books()); });
 }
 
 void receiptSaved(State& state) {

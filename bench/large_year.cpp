@@ -73,7 +73,7 @@ class Books {
     for (int i = 1; i <= size_.parties; ++i) party(i);
     for (int i = 1; i <= size_.bills; ++i) bill(i);
     for (int i = 1; i <= size_.receipts; ++i) receipt(i);
-    refreshBalances(db_);
+    RebuildAllBalances(db_);
   }
 
  private:

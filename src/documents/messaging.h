@@ -10,8 +10,8 @@
 // The small message window `mymsgfrm`: a confirm box, and the closing message after a save.
 
 struct Interaction {
-  std::string text;  // a saved-message reads as head, facts, reminder and hints
-  std::string ok = "&OK", cancel = "&Cancel";
+  std::string text;                            // a saved-message reads as head, facts, reminder and hints
+  std::string ok = "&OK", cancel = "&Cancel";  // a button without a caption is not there
   Bgr okColour = kWhite, cancelColour = kWhite;
   bool asks = false;       // shows the box to type in
   std::string typed = {};  // what stands in it; after OK what was typed

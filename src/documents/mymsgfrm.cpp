@@ -10,8 +10,10 @@ constexpr double kWidth = 480, kHeight = 394, kReminder = 86, kTyping = 36;
 constexpr int kFacts = 3, kHints = 2;
 
 // clang-format off
-const ScreenSpec& windowTable() {
-  static const ScreenSpec table = {
+ScreenSpec tableOf(bool pair) {
+  const std::vector<Length> buttons =
+      pair ? std::vector{part(1), px(150), px(150), part(1)} : std::vector{part(1), px(150), part(1)};
+  return {
       .name = "mymsgfrm",
       .caption = "Mirav Interaction",
       .window = Window::Dialog,
@@ -21,7 +23,7 @@ const ScreenSpec& windowTable() {
               {fit(),   {{.name = "facts",   .frame = Frame::Plain, .columns = {px(126), part(1)}, .pitch = 28}}},
               {part(1), {{.name = "middle",  .frame = Frame::Plain, .columns = {part(1), px(116)}, .pitch = 28}}},
               {fit(),   {{.name = "hints",   .frame = Frame::Plain, .pitch = 20}}},
-              {px(38),  {{.name = "buttons", .frame = Frame::Plain, .columns = {part(1), px(150), px(150), part(1)}, .pitch = 36}}},
+              {px(38),  {{.name = "buttons", .frame = Frame::Plain, .columns = buttons, .pitch = 36}}},
           },
           .width = kWidth, .height = kHeight, .margin = 22, .gap = 10},
       .controls = {
@@ -42,13 +44,18 @@ const ScreenSpec& windowTable() {
           {.name = "cmdwapp",      .kind = Kind::Button, .label = "&W-app Msg", .at = {.group = "middle", .col = 1}, .tab = 4, .visible = false},
       },
   };
-  return table;
 }
 // clang-format on
 
+// A button that stands alone stands in the middle.
+const ScreenSpec& windowTable(const Interaction& what) {
+  static const ScreenSpec pair = tableOf(true), alone = tableOf(false);
+  return what.cancel.empty() ? alone : pair;
+}
+
 }  // namespace
 
-mymsgfrm::mymsgfrm(Host& theHost) : Screen(theHost, windowTable()) {
+mymsgfrm::mymsgfrm(Host& theHost) : Screen(theHost, windowTable(comingInteraction())) {
   wire(*this, {
                   {"OKButton",     On::Click,      &mymsgfrm::ok      },
                   {"CancelButton", On::Click,      &mymsgfrm::cancel  },
@@ -66,6 +73,7 @@ void mymsgfrm::opened(const Entry& entry) {
   at("OKButton").text = what.ok;
   at("OKButton").back = what.okColour;
   at("CancelButton").text = what.cancel;
+  at("CancelButton").visible = !what.cancel.empty();
   at("CancelButton").back = what.cancelColour;
   // Two coloured buttons are drawn as a pair.
   at("CancelButton").style = what.cancelColour == kWhite ? Style::Normal : Style::Secondary;
@@ -104,7 +112,9 @@ void mymsgfrm::showSaved() {
 }
 
 void mymsgfrm::focusMoved(Control& control) {
-  if (control.kind == Kind::Button) ShowHint(host, "Enter = Chosen Button :: Left / Right = Other Button");
+  if (control.kind != Kind::Button) return;
+  const bool pair = at("CancelButton").visible;
+  ShowHint(host, std::string("Enter = Chosen Button") + (pair ? " :: Left / Right = Other Button" : ""));
 }
 
 void mymsgfrm::ok() {

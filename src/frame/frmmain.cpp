@@ -9,11 +9,11 @@
 #include "base/text.h"
 #include "frame/backup_menu.h"
 #include "frame/company_details.h"
+#include "frame/frmstartup.h"
 #include "frame/glance.h"
 #include "frame/menu.h"
 #include "frame/routines.h"
 #include "frame/session.h"
-#include "store/balances.h"
 
 namespace {
 
@@ -252,7 +252,7 @@ void frmmain::toolChosen(const ToolEntry& entry) {
 
 void frmmain::restore() {
   if (!restoreNow(host)) return;
-  passOver(host, [] { refreshBalances(data()); });
+  runOpeningRoutines(host);
   readCompany();
   activated();
 }

@@ -44,6 +44,11 @@ std::vector<std::function<void()>>& openingRoutines() {
   return routines;
 }
 
+void runOpeningRoutines(Host& host) {
+  for (const auto& routine : openingRoutines()) passOver(host, routine);
+  passOver(host, [] { RebuildAllBalances(data()); });
+}
+
 frmStartup::frmStartup(Host& h) : Screen(h, ::spec()) {
   timerMs = 100;
   at("Bar").maximum = kSteps;
@@ -67,8 +72,7 @@ void frmStartup::tick() {
 void frmStartup::open() {
   timerMs = 0;
   host.refresh();
-  for (const auto& routine : openingRoutines()) passOver(host, routine);
-  passOver(host, [] { refreshBalances(data()); });
+  runOpeningRoutines(host);
   host.open("frmmain");
   host.close(*this);
   host.busy(false);

@@ -9,6 +9,8 @@
 // receipts and payments, of sales and of challans, in that order. The routines stand in a
 // higher layer, so the program hands them in before it starts.
 std::vector<std::function<void()>>& openingRoutines();
+// Runs them and rebuilds the balances; a routine that fails does not keep the next from running.
+void runOpeningRoutines(Host& host);
 
 // The splash between the choice of a company-year and the shell.
 class frmStartup : public Screen {

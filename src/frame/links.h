@@ -14,6 +14,7 @@ struct Links {
   std::string itemVideo;         // item master
   std::string smallMasterVideo;  // categories, taxes, transporters
   std::string saleVideo;         // bills
+  std::string purchaseVideo;
   std::string challanVideo;
   std::string quotationVideo;
   std::string receiptVideo;          // on account

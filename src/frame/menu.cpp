@@ -33,7 +33,7 @@ constexpr Command kCommands[] = {
     {.menu = "mnutrns",  .caption = "Quotation",                    .control = "mnutrans",      .key = "QUOTATION",  .entrytype = "QUOTATION", .screen = "FRMQUOT", .tool = "quotbtn"},
     {.menu = "mnutrns",  .caption = "Delivery Challan",             .control = "mnutrans",      .key = "CH",         .entrytype = "CH",        .screen = "FRMCHLN", .tool = "delislip"},
     {.menu = "mnutrns",  .caption = "Receipts",                     .control = "mnutrans",      .key = "RECEIPT",    .entrytype = "RECEIPT",   .screen = "bwrcpy"},
-    {.menu = "mnutrns",  .caption = "Purchase",                     .control = "mnutrans",      .key = "PURCHASE",   .entrytype = "PURCHASE",  .screen = "purchase"},
+    {.menu = "mnutrns",  .caption = "Purchase",                     .control = "mnutrans",      .key = "PURCHASE",   .entrytype = "PURCHASE",  .screen = "GSTSAPU"},
     {.menu = "mnutrns",  .caption = "Payments",                     .control = "mnutrans",      .key = "PAYMENT",    .entrytype = "PAYMENT",   .screen = "bwrcpy"},
 
     {.menu = "mnulists", .caption = "Party List Print",             .control = "MNULIST",       .key = "accmastADD",  .entrytype = "", .reportkey = "accmastADD",  .screen = "frmreport"},

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "base/number.h"
@@ -7,15 +8,15 @@
 namespace {
 
 constexpr double kLastIncomeGroup = 74;  // above it stand the groups of the balance sheet
-constexpr int kSeparators = 7;           // "  - " and the like: nothing beside the two separators
+constexpr const char* kBillBooks[] = {"SA", "SR", "PU", "PR"};
+constexpr int kSeparators = 7;  // "  - " and the like: nothing beside the two separators
 
 enum Column : size_t { Number, Day, Reference, Book, Particulars, Debit, Credit, Balance, Side };
 
 // Once rows have narrations under them, rows of the ledger are tinted and all others white.
 class RunningStatement {
  public:
-  RunningStatement(Database& db, const StatementQuery& query)
-      : db_(db), q_(query), purchases_(!db.columns("PURCH").empty()) {}
+  RunningStatement(Database& db, const StatementQuery& query) : db_(db), q_(query) {}
 
   std::vector<StatementRow> make() {
     writeOpening();
@@ -89,7 +90,7 @@ class RunningStatement {
   void writeNarration(const LedgerEntry& e) {
     if (length(e.narration) > 1)
       for (const std::string& line : narrationLines(e.narration)) writeRemark(e, line);
-    const std::string details = saleDetails(e.voucher);
+    const std::string details = billDetails(e.voucher);
     if (length(details) > kSeparators) writeRemark(e, details);
   }
 
@@ -100,19 +101,12 @@ class RunningStatement {
     row.cells[Particulars].back = kWhite;
   }
 
-  // Transport, its receipt and the parcels; nothing when one of them was never filled.
-  std::string saleDetails(const VoucherKey& v) {
-    if (sameText(v.book, "SA") || sameText(v.book, "SR"))
-      return db_.text(
-          "SELECT TRANSPORT || ' - ' || GR_NO || ' - ' || PARCLE FROM SALE WHERE VOUCH_NO = ? AND BOOK_CD = "
-          "?",
-          v.number, v.book);
-    if (purchases_ && (sameText(v.book, "PU") || sameText(v.book, "PR")))
-      return db_.text(
-          "SELECT TRANSPORT || ' - ' || GR_NO || ' - ' || PARCLE FROM PURCH WHERE VOUCH_NO = ? AND BOOK_CD = "
-          "?",
-          v.number, v.book);
-    return {};
+  // Transport, its receipt and the parcels of a bill; nothing when one of them was never filled.
+  std::string billDetails(const VoucherKey& v) {
+    if (std::ranges::none_of(kBillBooks, [&](const char* book) { return sameText(v.book, book); })) return {};
+    return db_.text(
+        "SELECT TRANSPORT || ' - ' || GR_NO || ' - ' || PARCLE FROM SALE WHERE VOUCH_NO = ? AND BOOK_CD = ?",
+        v.number, v.book);
   }
 
   StatementRow& boldRow(StatementRow& row) {
@@ -152,7 +146,6 @@ class RunningStatement {
 
   Database& db_;
   const StatementQuery& q_;
-  bool purchases_;
   std::vector<StatementRow> rows_;
   double debit_ = 0, credit_ = 0;
   double openingDebit_ = 0, openingCredit_ = 0;  // the credit one below 0

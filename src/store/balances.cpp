@@ -2,7 +2,7 @@
 
 #include "base/number.h"
 
-void refreshBalances(Database& db) {
+void RebuildAllBalances(Database& db) {
   Transaction all(db);
   db.attempt("DELETE FROM T_ACLST");
   db.attempt(

@@ -9,7 +9,7 @@
 
 // Sets CL_BAL of every account, through the work table T_ACLST, which is left filled: one row per
 // account, and one per account and side that has ledger rows.
-void refreshBalances(Database& db);
+void RebuildAllBalances(Database& db);
 
 // Sets CL_BAL of one account, rounded to two places on the way; an unknown code changes nothing.
 void RebuildOneBalance(Database& db, std::string_view code);

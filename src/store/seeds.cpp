@@ -54,6 +54,7 @@ constexpr Group groups[] = {
 
 struct Account { const char* code; const char* name; int group; };
 constexpr Account accounts[] = {
+    {"X90001", "PURCHASE A/C",                    11},
     {"X90002", "SALES A/C",                       21},
     {"X90004", "SALES TAX A/C",                  132},
     {"X90005", "CASH A/C",                        88},
@@ -63,6 +64,9 @@ constexpr Account accounts[] = {
     {"X90061", "OUTPUT CGST",                    132},
     {"X90062", "OUTPUT SGST",                    132},
     {"X90063", "OUTPUT IGST",                    132},
+    {"X90064", "INPUT CGST",                     132},
+    {"X90065", "INPUT SGST",                     132},
+    {"X90066", "INPUT IGST",                     132},
 };
 
 // The second row carries the name of the first one's account.

@@ -430,7 +430,8 @@ void bwrcpy::update() {
     host.close(*this);
     return;
   }
-  Interaction closing{.text = savedWords(), .okColour = kOkColour, .cancelColour = kSecondColour};
+  Interaction closing{
+      .text = savedWords(), .cancel = "", .okColour = kOkColour, .cancelColour = kSecondColour};
   interact(host, closing);
   rest();
 }

@@ -3,8 +3,8 @@
 #include "base/number.h"
 #include "base/pattern.h"
 #include "base/text.h"
-#include "frame/links.h"
 #include "frame/session.h"
+#include "platform/edit.h"
 #include "vouchers/items.h"
 #include "vouchers/numbering.h"
 
@@ -29,7 +29,7 @@ std::vector<WorkLines::Shown> shownColumns(const Book& book) {
 }  // namespace
 
 GSTSAPU::GSTSAPU(Host& theHost, const Book& book)
-    : VoucherScreen(theHost, table(), book, shownColumns(book)) {
+    : VoucherScreen(theHost, table(book), book, shownColumns(book)) {
   wire(*this, {
                   {"Text1(0)",      KeyCode::Enter,  &GSTSAPU::voucherNumber   },
                   {"MaskEdBox1(0)", KeyCode::Enter,  &GSTSAPU::voucherDate     },
@@ -37,6 +37,7 @@ GSTSAPU::GSTSAPU(Host& theHost, const Book& book)
                   {"Text1(32)",     KeyCode::Enter,  &GSTSAPU::shipTo          },
                   {"Text1(47)",     KeyCode::Enter,  &GSTSAPU::billType        },
                   {"Text1(43)",     KeyCode::Enter,  &GSTSAPU::billNumber      },
+                  {"MaskEdBox1(2)", On::Focus,       &GSTSAPU::fillPartyDate   },
                   {"Text1(5)",      KeyCode::Enter,  &GSTSAPU::item            },
                   {"Text1(5)",      KeyCode::Insert, &GSTSAPU::newItem         },
                   {"Text1(5)",      KeyCode::Down,   &GSTSAPU::lineDown        },
@@ -76,14 +77,12 @@ GSTSAPU::GSTSAPU(Host& theHost, const Book& book)
   wireLookups(lookups(book));
 }
 
-std::string GSTSAPU::tutorial() const { return links().saleVideo; }
-
 // Header fields
 
 void GSTSAPU::startNew() {
   const double next = lastVoucher(data(), book_).number + 1;
   put(0, next);
-  put(62, next);
+  if (book_.numbered) put(62, next);
   put(2, book_.code);
   putDate(0, host.today());
   putDate(1, host.today());
@@ -116,7 +115,7 @@ bool GSTSAPU::acceptParty() {
   takeState(*account);
   at("Label1", 54).text = partyLines(*account);
   if (mode != "ADD") return true;
-  put(41, cut(account->area, text1(41).limit));
+  if (book_.dispatched) put(41, cut(account->area, text1(41).limit));
   put(47, "TAX");
   if (account->creditDays) put(27, *account->creditDays);
   if (const auto id = findTransporter(data(), trimmed(42))) put(55, *id);
@@ -139,7 +138,7 @@ bool GSTSAPU::acceptShipTo() {
 
 Go GSTSAPU::billType() {
   if (trimmed(47).empty()) return helpHere();
-  if (mode == "ADD") put(43, nextBillNumber(data(), book_, trimmed(47)));
+  if (mode == "ADD" && book_.numbered) put(43, nextBillNumber(data(), book_, trimmed(47)));
   return Go::On;
 }
 
@@ -148,9 +147,16 @@ Go GSTSAPU::billNumber() {
     host.message("Blank Bill Number Not Allowed");
     return Go::Stay;
   }
-  if (!isDuplicateBill(data(), book_, trimmed(47), trimmed(43), value(0))) return Go::On;
+  if (!isDuplicateBill(data(), book_, {trimmed(4), trimmed(47), trimmed(43), value(0)})) return Go::On;
   host.message("Duplicate Bill No Not Allowed");
   return Go::Stay;
+}
+
+// The party's own date starts from that of the voucher.
+void GSTSAPU::fillPartyDate() {
+  if (date(2)) return;
+  putDate(2, date(0));
+  edit::selectAll(here());
 }
 
 // Foot
@@ -193,6 +199,11 @@ void GSTSAPU::save() {
   saved(closingWords(), phone_);
 }
 
+std::optional<Date> GSTSAPU::partyDate() const {
+  if (book_.billDate.empty()) return std::nullopt;
+  return date(2) ? date(2) : date(0);
+}
+
 BillHeader GSTSAPU::header() const {
   return {.number = value(0),
           .date = *date(0),
@@ -210,6 +221,7 @@ BillHeader GSTSAPU::header() const {
           .parcels = textOf(45),
           .creditDays = value(27),
           .lrDate = date(1),
+          .partyDate = partyDate(),
           .items = value(18),
           .quantity = value(26),
           .cgst = value(1),
@@ -225,8 +237,8 @@ std::string GSTSAPU::closingWords() const {
       .facts = {{"Entry No : ", textOf(0)},
                 {"Party Name : ", at("Text2").text},
                 {"Invoice AMOUNT : ", textOf(28)}},
-      .eWayReminder = value(28) > kEWayLimit,
-      .hints = {"Press Print Btn To Print Sales Invoice",                          "Press New Entry Btn To Enter New Bill Entry"},
+      .eWayReminder = book_.dispatched && value(28) > kEWayLimit,
+      .hints = book_.savedHints,
   });
 }
 
@@ -288,6 +300,7 @@ void GSTSAPU::showHeader(const Row& bill) {
   for (const auto& [field, column] : kFigures) put(field, bill.number(column));
   putDate(0, bill.date("VOUCH_DT"));
   putDate(1, bill.date("GR_DATE"));
+  putDate(2, bill.date("PRV_BDT"));
 }
 
 void GSTSAPU::clearHead() {
@@ -296,7 +309,6 @@ void GSTSAPU::clearHead() {
   set(at("Text3"), "");
   at("Label1", 54).text.clear();
   phone_.clear();
-  putDate(0, std::nullopt);
-  putDate(1, std::nullopt);
+  for (const int n : {0, 1, 2}) putDate(n, std::nullopt);
   partyState_ = 0;
 }

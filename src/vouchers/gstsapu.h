@@ -8,10 +8,10 @@
 #include "vouchers/saving.h"
 #include "vouchers/voucher_screen.h"
 
-// The bill of one book.
+// The bill of one book: a sale, or a purchase as mentrytype asks for it.
 class GSTSAPU : public VoucherScreen {
  public:
-  explicit GSTSAPU(Host& host, const Book& book = saleBook());
+  explicit GSTSAPU(Host& host, const Book& book = billBook(session().mentrytype));
 
  protected:
   void startNew() override;
@@ -24,10 +24,10 @@ class GSTSAPU : public VoucherScreen {
   void sumLines() override;
   Control& itemField() override { return text1(5); }
   Control& afterLines() override { return text1(29); }
-  std::string tutorial() const override;
+  std::string tutorial() const override { return links().*book_.video; }
 
  private:
-  static const ScreenSpec& table();
+  static const ScreenSpec& table(const Book& book);
   static std::vector<KeyLookup> lookups(const Book& book);
 
   // Enter, by field.
@@ -37,6 +37,7 @@ class GSTSAPU : public VoucherScreen {
   Go shipTo();
   Go billType();
   Go billNumber();
+  void fillPartyDate();
   Go item();
   Go itemName();
   void keepFreeName();
@@ -62,6 +63,7 @@ class GSTSAPU : public VoucherScreen {
   void showAssess();
   void showNet();
   Taxes typedTaxes() const { return {value(13), value(15), value(31)}; }
+  std::optional<Date> partyDate() const;
   BillHeader header() const;
   void showHeader(const Row& bill);
   std::string closingWords() const;

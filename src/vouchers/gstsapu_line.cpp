@@ -243,6 +243,6 @@ void GSTSAPU::rateHints() {
 
 void GSTSAPU::earlierSalesKey() { showRates(earlierSales(data(), book_, rateQuery())); }
 
-void GSTSAPU::partyRatesKey() { showRates(partyRates(data(), rateQuery())); }
+void GSTSAPU::partyRatesKey() { showRates(partyRates(data(), book_, rateQuery())); }
 
 void GSTSAPU::purchaseRatesKey() { showRates(purchaseRates(data(), rateQuery())); }

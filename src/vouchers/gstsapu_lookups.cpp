@@ -67,7 +67,7 @@ std::vector<GSTSAPU::KeyLookup> GSTSAPU::lookups(const ::Book& book) {
       {"Text1(5)",  F2,    {"THREEFLD",  kItemUnits, "item.item_cd", "item.item_name", kOfItem}},
       {"Text1(6)",  Enter, {"ONEFLD",    "SALEITM", "ITEM_DESC", "", ""}},
       {"Text1(46)", F1,    {"ONEFLD",    "SALEITM", "item_desc", "", ""}},
-      {"Text1(46)", F2,    {"THREEFLD",  "SALEITM where item_cd = ? ORDER BY SALEITM.VOUCH_DT DESC", "ITEM_DESC", "VOUCH_DT", "RATE, QUANTITY, SALE_DISC"}, {Item}},
+      {"Text1(46)", F2,    {"THREEFLD",  "SALEITM where item_cd = ? AND +book_cd = ? ORDER BY SALEITM.VOUCH_DT DESC", "ITEM_DESC", "VOUCH_DT", "RATE, QUANTITY, SALE_DISC"}, {Item, Book}},
       {"Text1(7)",  Enter, {"THREEFLD",  "ITEMDTL where item_cd = ?", "SIZE_CD", "CL_STK", "SALE_RATE1, SALE_RATE2, pur_rate, desc1", {800, 1000, 1000, 1000, 1200, 1000}}, {Item}},
       {"Text1(29)", F1,    {"ONEFLD",    "SALE", "NARRATION", "", ""}},
       {"Text1(42)", Enter, {"twofld",    "transmast ORDER BY TRANSNAME", "transname", "trans_id, trans_gov_id", ""}},

@@ -1,9 +1,14 @@
+#include <map>
+
 #include "vouchers/gstsapu.h"
 
 // Rows of the screen from top to bottom: voucher and party, bill references, what is known of
 // the party; headings, entry row, keys and grid of the lines; foot and totals; buttons.
 
-const ScreenSpec& GSTSAPU::table() {
+namespace {
+
+ScreenSpec tableOf(const Book& book) {
+  const bool ours = book.billDate.empty();
   // clang-format off
   static const std::vector<GridColumn> lineColumns = {
       {.title = "Sr",               .width = px(40),  .align = Align::Right},
@@ -35,7 +40,7 @@ const ScreenSpec& GSTSAPU::table() {
   constexpr auto Number = KeyClass::Number, Letters = KeyClass::Text;
   constexpr auto Right = Align::Right;
 
-  static const ScreenSpec spec = {
+  return {
       .name = "GSTSAPU",
       .caption = "GST SALE / PURCHASE ENTRY",
       .focusColour = 0xFFC0FF,
@@ -60,7 +65,9 @@ const ScreenSpec& GSTSAPU::table() {
           {.name = "Text3",                                         .at = {.group = "A", .row = 2, .col = 2, .span = 2},    .enabled = false},
           {.name = "Text1",      .index = 47, .label = "B.Type",    .at = {.group = "B", .row = 0, .col = 1, .width = 92},  .tab = 12, .limit = 10,  .keys = Letters},
           {.name = "Text1",      .index = 43, .label = "B.No",      .at = {.group = "B", .row = 0, .col = 3},               .tab = 13, .limit = 20,  .keys = Letters},
-          {.name = "Text1",      .index = 62, .label = "Chln No",   .at = {.group = "B", .row = 1, .col = 1, .span = 3},    .tab = 14, .limit = 50,  .keys = Number},
+          // The party's own date follows its number, of which it shares the place in the walk.
+          {.name = "MaskEdBox1", .index = 2,  .kind = Kind::Date, .label = book.billDate, .at = {.group = "B", .row = 1, .col = 3, .width = 112}, .tab = 13, .visible = !ours, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},
+          {.name = "Text1",      .index = 62, .label = "Chln No",   .at = {.group = "B", .row = 1, .col = 1, .span = ours ? 3 : 1}, .tab = 14, .limit = 50,  .keys = Number},
           {.name = "Text1",      .index = 16, .label = "Ordr No",   .at = {.group = "B", .row = 2, .col = 1, .span = 3},    .tab = 15, .limit = 50,  .keys = Letters},
           {.name = "Label1",     .index = 54, .kind = Kind::Label,  .at = {.group = "C", .rows = 3}},
 
@@ -70,7 +77,7 @@ const ScreenSpec& GSTSAPU::table() {
           {.name = "Text1",      .index = 46, .label = "Ex Detail",        .at = {.group = "entry", .col = 3},  .tab = 18, .limit = 250, .keys = Letters, .hint = "F1 = Used Before :: F2 = Of This Item"},
           {.name = "Text1",      .index = 7,  .label = "Unit",             .at = {.group = "entry", .col = 4},  .tab = 19, .limit = 20,  .keys = Letters},
           {.name = "Text1",      .index = 8,  .label = "Qty",              .at = {.group = "entry", .col = 5},  .tab = 20, .limit = 15,  .keys = Number,  .align = Right},
-          {.name = "Text1",      .index = 9,  .label = "Rate",             .at = {.group = "entry", .col = 6},  .tab = 21, .limit = 15,  .keys = Number,  .align = Right, .hint = "F4 = Earlier Sales :: F6 = Party Rates :: F7 = Purchase Rates"},
+          {.name = "Text1",      .index = 9,  .label = "Rate",             .at = {.group = "entry", .col = 6},  .tab = 21, .limit = 15,  .keys = Number,  .align = Right, .hint = book.rateHint},
           {.name = "Text1",      .index = 11, .label = "D%",               .at = {.group = "entry", .col = 7},  .tab = 22, .limit = 15,  .keys = Number,  .align = Right},
           {.name = "Text1",      .index = 12, .label = "Cgst",             .at = {.group = "entry", .col = 8},  .tab = 23, .limit = 15,  .keys = Number,  .align = Right},
           {.name = "Text1",      .index = 13,                              .at = {.group = "entry", .col = 9},  .tab = 24, .limit = 15,  .keys = Letters, .align = Right},
@@ -115,5 +122,12 @@ const ScreenSpec& GSTSAPU::table() {
       },
   };
   // clang-format on
-  return spec;
+}
+
+}  // namespace
+
+const ScreenSpec& GSTSAPU::table(const Book& book) {
+  static std::map<std::string, ScreenSpec> made;
+  const auto found = made.find(book.code);
+  return found != made.end() ? found->second : made.emplace(book.code, tableOf(book)).first->second;
 }

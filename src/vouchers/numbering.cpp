@@ -47,13 +47,12 @@ std::string nextBillNumber(Database& db, const Book& book, const std::string& bi
   return last ? billNumberAfter(last->text(0)) : padded(1);
 }
 
-bool isDuplicateBill(Database& db, const Book& book, const std::string& billType,
-                     const std::string& billNumber, double voucher) {
-  // The plus keeps the reader from walking a whole series: few bills share a number.
+bool isDuplicateBill(Database& db, const Book& book, const BillReference& bill) {
+  // The plus signs keep the reader from walking a whole series or party: few bills share a number.
   return db
       .first(
           "SELECT VOUCH_NO FROM SALE WHERE BILL_NO = ? AND BL_TYPE = ? AND +BOOK_CD = ? AND VOUCH_NO <> ?"
-          " LIMIT 1",
-          billNumber, billType, book.code, voucher)
+          " AND (? OR +PARTY_CD = ?) LIMIT 1",
+          bill.number, bill.type, book.code, bill.voucher, book.numbered, bill.party)
       .has_value();
 }

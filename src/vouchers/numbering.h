@@ -25,6 +25,9 @@ std::string nextBillNumber(Database& db, const Book& book, const std::string& bi
 // that of the series as it has always run: 0009, 0010, 00100, 1000.
 std::string billNumberAfter(const std::string& stored);
 
-// Another bill of the type has the number.
-bool isDuplicateBill(Database& db, const Book& book, const std::string& billType,
-                     const std::string& billNumber, double voucher);
+struct BillReference {
+  std::string party, type, number;
+  double voucher = 0;
+};
+// Another bill of the type has the number; one of the same party where the book does not number its bills.
+bool isDuplicateBill(Database& db, const Book& book, const BillReference& bill);

@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "store/balances.h"
 #include "store/keys.h"
+#include "vouchers/book.h"
 #include "vouchers/receipts.h"
 
 namespace {
@@ -70,15 +71,14 @@ const Source& receipts() {
   return source;
 }
 
-const Source& bills() {
-  static const Source source{
-      .table = "SALE",
-      .books = "V.BOOK_CD = 'SA'",
+Source bills(const Book& book) {
+  return {
+      .table = book.heads,
+      .books = "V." + book.keyColumn + " = '" + book.code + "'",
       .condition = "V.GSTPOST = 1",
       .columns = {"VOUCH_NO", "VOUCH_DT", "BOOK_CD", "PARTY_CD", "SALE_CD", "NET_AMT", "ITEM_AMT", "TCGSTRT",
                   "TSGSTRT", "TIGSTRT", "ROUND_OFF", "NARRATION", "GR_NO", "DESTI", "BILL_NO", "CR_DAYS"},
   };
-  return source;
 }
 
 const Source& challans() {
@@ -93,10 +93,12 @@ const Source& challans() {
 }
 
 bool anyMissing(Database& db) {
+  std::vector<Source> sources = {receipts(), challans()};
+  for (const Book* book : billBooks()) sources.push_back(bills(*book));
   bool found = false;
-  for (const Source* source : {&receipts(), &bills(), &challans()})
+  for (const Source& source : sources)
     db.attempt([&] {
-      found = found || db.first(unposted(*source) + " AND " + source->condition + " LIMIT 1");
+      found = found || db.first(unposted(source) + " AND " + source.condition + " LIMIT 1");
       return 0;
     });
   return found;
@@ -112,46 +114,59 @@ void postReceipts(Database& db, Which which) {
     for (size_t i = 0; i < statements.size(); ++i) db.attempt(statements[i], sides(book)[i], book.code);
 }
 
-// A row of a bill or challan, as expressions over the listed columns.
+// A row of a bill or challan: its side, the rest as expressions over the listed columns.
 struct Posted {
-  const char *side, *account, *against, *amount, *narration, *billNumber, *subDesc, *when;
+  std::string side, account, against;
+  const char *amount, *narration, *billNumber, *subDesc, *when;
 };
+
+std::string account(const std::string& code) { return "'" + code + "'"; }
 
 void post(Database& db, const Posted& row) {
   db.attempt(
-      std::string("INSERT INTO ALEDGER (VOUCH_NO, VOUCH_DT, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD,"
-                  " VOUCH_AMT, NARRATION, BW_AB, PARTY_BL, SUB_DESC) SELECT VOUCH_NO, VOUCH_DT, BOOK_CD, ") +
-      row.side + ", " + row.account + ", " + row.against + ", " + row.amount + ", SUBSTR(" + row.narration +
-      ", 1, 200), 'A', " + row.billNumber + ", " + row.subDesc + " FROM " + kList + " WHERE " + row.when);
+      "INSERT INTO ALEDGER (VOUCH_NO, VOUCH_DT, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
+      " NARRATION, BW_AB, PARTY_BL, SUB_DESC) SELECT VOUCH_NO, VOUCH_DT, BOOK_CD, ?, " +
+          row.account + ", " + row.against + ", " + row.amount + ", SUBSTR(" + row.narration +
+          ", 1, 200), 'A', " + row.billNumber + ", " + row.subDesc + " FROM " + kList + " WHERE " + row.when,
+      row.side);
 }
 
-void postSales(Database& db, Which which) {
-  if (!list(db, bills(), which)) return;
+// The same rows as a save writes, by the same book.
+void postBills(Database& db, const Book& book, Which which) {
+  if (!list(db, bills(book), which)) return;
+  const std::string &ours = book.partySide, theirs = book.otherSide();
+  const std::string cgst = account(book.cgst), sgst = account(book.sgst), igst = account(book.igst),
+                    rounds = account(book.rounds);
   // One part that is missing makes the whole narration missing.
   constexpr const char* withLr = "NARRATION || ' ' || GR_NO";
   constexpr const char* withDestination = "NARRATION || ' ' || GR_NO || ' ' || DESTI";
   constexpr const char* days = "NUMTEXT(CR_DAYS)";
   // clang-format off
   const Posted rows[] = {
-      {"'D'", "PARTY_CD", "SALE_CD",  "NET_AMT",        withDestination, "BILL_NO", days,   "NET_AMT IS NOT 0"},
-      {"'C'", "SALE_CD",  "PARTY_CD", "ITEM_AMT",       withLr,          "BILL_NO", days,   "ITEM_AMT IS NOT 0"},
-      {"'C'", "'X90061'", "PARTY_CD", "TCGSTRT",        "NARRATION",     "NULL",    "NULL", "TCGSTRT > 0"},
-      {"'C'", "'X90062'", "PARTY_CD", "TSGSTRT",        "NARRATION",     "NULL",    "NULL", "TSGSTRT > 0"},
-      {"'C'", "'X90063'", "PARTY_CD", "TIGSTRT",        "NARRATION",     "NULL",    "NULL", "TIGSTRT > 0"},
-      {"'D'", "'X90015'", "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION",     "BILL_NO", "NULL", "ROUND_OFF < 0"},
-      {"'C'", "'X90015'", "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION",     "BILL_NO", "NULL", "ROUND_OFF > 0"},
+      {ours,   "PARTY_CD", "SALE_CD",  "NET_AMT",        withDestination, "BILL_NO", days,   "NET_AMT IS NOT 0"},
+      {theirs, "SALE_CD",  "PARTY_CD", "ITEM_AMT",       withLr,          "BILL_NO", days,   "ITEM_AMT IS NOT 0"},
+      {theirs, cgst,       "PARTY_CD", "TCGSTRT",        "NARRATION",     "NULL",    "NULL", "TCGSTRT > 0"},
+      {theirs, sgst,       "PARTY_CD", "TSGSTRT",        "NARRATION",     "NULL",    "NULL", "TSGSTRT > 0"},
+      {theirs, igst,       "PARTY_CD", "TIGSTRT",        "NARRATION",     "NULL",    "NULL", "TIGSTRT > 0"},
+      {ours,   rounds,     "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION",     "BILL_NO", "NULL", "ROUND_OFF < 0"},
+      {theirs, rounds,     "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION",     "BILL_NO", "NULL", "ROUND_OFF > 0"},
   };
   // clang-format on
   for (const Posted& row : rows) post(db, row);
 }
 
+void postBills(Database& db, Which which) {
+  for (const Book* book : billBooks()) postBills(db, *book, which);
+}
+
 void postChallans(Database& db, Which which) {
   if (!list(db, challans(), which)) return;
+  const std::string sales = account(saleBook().goods);
   constexpr const char* narration = "NARRATION || ' ' || GR_NO || ' ' || DESTI";
   // clang-format off
   const Posted rows[] = {
-      {"'D'", "PARTY_CD", "'X90002'", "NET_AMT", narration, "STR(CHLN_NO)", "'0'", "TRUE"},
-      {"'C'", "'X90002'", "PARTY_CD", "NET_AMT", narration, "STR(CHLN_NO)", "'0'", "TRUE"},
+      {"D", "PARTY_CD", sales,      "NET_AMT", narration, "STR(CHLN_NO)", "'0'", "TRUE"},
+      {"C", sales,      "PARTY_CD", "NET_AMT", narration, "STR(CHLN_NO)", "'0'", "TRUE"},
   };
   // clang-format on
   for (const Posted& row : rows) post(db, row);
@@ -199,12 +214,12 @@ void postAll(Database& db, const PostingProgress& progress) {
     db.exec("DELETE FROM ALEDGER");
   });
   step("\n Receipt Payment Posting ....", [&] { postReceipts(db, Which::All); });
-  step("\n Sales Posting ....", [&] { postSales(db, Which::All); });
+  step("\n Sales Posting ....", [&] { postBills(db, Which::All); });
   step("\n Challan Posting ....", [&] { postChallans(db, Which::All); });
   step("\n Updating Closing Balanes .....", [&] {
     dropList(db);
     EnsureIndexes(db);
-    refreshBalances(db);
+    RebuildAllBalances(db);
   });
   all.commit();
 }
@@ -213,7 +228,7 @@ void postMissing(Database& db) {
   if (!anyMissing(db)) return;  // the usual case, which waits for no other program
   Transaction all(db);
   postReceipts(db, Which::Missing);
-  postSales(db, Which::Missing);
+  postBills(db, Which::Missing);
   postChallans(db, Which::Missing);
   dropList(db);
   all.commit();

@@ -5,11 +5,11 @@
 
 #include "store/database.h"
 
-// The ledger ALEDGER is derived from the vouchers: receipts and payments, sale bills, challans. What
-// a save has posted can be thrown away and made again here, one statement for each kind of row over
-// all vouchers. Rows made here differ from those of a save in small things (a bill's debit narration
-// carries the destination, its sales row the credit days; taxes of nil and other rows of amount 0
-// are not written); both forms are valid.
+// The ledger ALEDGER is derived from the vouchers: receipts and payments, bills of sale and
+// purchase, challans. What a save has posted can be thrown away and made again here, one statement for
+// each kind of row over all vouchers. Rows made here differ from those of a save in small things (a
+// bill's party row carries the destination, its goods row the credit days; taxes of nil and other rows
+// of amount 0 are not written); both forms are valid.
 //
 // A statement that fails is passed over and the next one runs, so that a table that an update has
 // yet to bring up to date costs its own rows alone. What must reach the user (a lock, a full disk, a

@@ -8,7 +8,7 @@
 namespace {
 
 constexpr size_t kLatest = 6;
-constexpr int kFewBills = 300;
+constexpr int kFewVouchers = 300;
 
 // A column of the grid and how its values are written.
 enum class Form { Plain, Date, Quantity };
@@ -36,6 +36,14 @@ const std::vector<Shown> kEarlierSales = {
     {{.title = "Rate",        .width = px(92),  .align = kRight, .money = true}},
     {{.title = "D%",          .width = px(54),  .align = kRight}},
     {{.title = "Bill Amount", .width = part(1), .align = kRight, .money = true}},
+};
+const std::vector<Shown> kChallans = {
+    {{.title = "V. No",       .width = px(60),  .align = kRight}},
+    {{.title = "Date",        .width = px(108)}, Form::Date},
+    {{.title = "Qty",         .width = px(106), .align = kRight}, Form::Quantity},
+    {{.title = "Rate",        .width = px(106), .align = kRight, .money = true}},
+    {{.title = "D%",          .width = px(46),  .align = kRight}},
+    {{.title = "Amount",      .width = part(1), .align = kRight, .money = true}},
 };
 const std::vector<Shown> kPartyRates = {
     {{.title = "Date",        .width = px(142)}, Form::Date},
@@ -71,26 +79,26 @@ RateList wholeList(Rows rows, const std::vector<Shown>& shown) {
   return list;
 }
 
-// What both lists of sales read. A party with few bills is read through its bills, any other
-// through the item's lines: both are keyed and in the order of the day. The plus sign below keeps
-// the planner from the indexes of the books, in which one book is everything.
+// What a book's lists read. A party with few vouchers is read through them, any other through the
+// item's lines: both are keyed and in the order of the day. The plus sign below keeps the planner
+// from the indexes of the books, in which one book is everything.
 struct Road {
   std::string from, day;
 };
-Road roadTo(Database& db, const std::string& party) {
-  const bool fewBills = db.number("SELECT COUNT(*) FROM (SELECT 1 FROM SALE WHERE PARTY_CD = ? LIMIT ?)",
-                                  party, kFewBills) < kFewBills;
-  return fewBills ? Road{" FROM SALE CROSS JOIN SALEITM", "SALE.VOUCH_DT"}
-                  : Road{" FROM SALEITM CROSS JOIN SALE", "SALEITM.VOUCH_DT"};
+Road roadTo(Database& db, const Book& book, const std::string& party) {
+  const bool few =
+      db.number("SELECT COUNT(*) FROM (SELECT 1 FROM " + book.heads + " WHERE PARTY_CD = ? LIMIT ?)", party,
+                kFewVouchers) < kFewVouchers;
+  return few ? Road{" FROM " + book.heads + " CROSS JOIN " + book.lines, book.heads + ".VOUCH_DT"}
+             : Road{" FROM " + book.lines + " CROSS JOIN " + book.heads, book.lines + ".VOUCH_DT"};
 }
 
-Rows salesTo(Database& db, const Book& book, const RateQuery& of, const std::string& columns) {
-  const Road road = roadTo(db, of.party);
-  return db.query("SELECT " + columns + road.from +
-                      " WHERE PARTY_CD = ? AND ITEM_CD = ? AND SIZE_CD = ? AND +SALE.BOOK_CD = ?"
-                      " AND SALE.VOUCH_NO = SALEITM.VOUCH_NO AND SALE.BOOK_CD = SALEITM.BOOK_CD"
-                      " ORDER BY " +
-                      road.day + " DESC",
+Rows linesTo(Database& db, const Book& book, const RateQuery& of, const std::string& columns) {
+  const std::string &heads = book.heads, &lines = book.lines;
+  const Road road = roadTo(db, book, of.party);
+  return db.query("SELECT " + columns + road.from + " WHERE PARTY_CD = ? AND ITEM_CD = ? AND SIZE_CD = ? AND +" +
+                      heads + ".BOOK_CD = ? AND " + heads + ".VOUCH_NO = " + lines + ".VOUCH_NO AND " + heads +
+                      ".BOOK_CD = " + lines + ".BOOK_CD ORDER BY " + road.day + " DESC",
                   of.party, of.item, of.unit, book.code);
 }
 
@@ -98,7 +106,7 @@ Rows salesTo(Database& db, const Book& book, const RateQuery& of, const std::str
 
 RateList latestSales(Database& db, const Book& book, const RateQuery& of) {
   RateList list = emptyList(kLatestSales);
-  Rows rows = salesTo(db, book, of,
+  Rows rows = linesTo(db, book, of,
                       "SALEITM.VOUCH_NO, SALEITM.VOUCH_DT, SALEITM.BOOK_CD, SALE.BILL_NO, QUANTITY, RATE,"
                       " SALE_DISC, SALEITM.NET_AMOUNT");
   std::string day;
@@ -112,15 +120,25 @@ RateList latestSales(Database& db, const Book& book, const RateQuery& of) {
 
 RateList earlierSales(Database& db, const Book& book, const RateQuery& of) {
   return wholeList(
-      salesTo(db, book, of, "SALEITM.VOUCH_NO, SALEITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMT"),
+      linesTo(db, book, of, "SALEITM.VOUCH_NO, SALEITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMT"),
       kEarlierSales);
 }
 
-RateList partyRates(Database& db, const RateQuery& of) {
-  return wholeList(db.query("SELECT RT_DT, SIZE_CD, SALE_RATE1, SALE_DISC FROM PRTYRATE"
-                            " WHERE TRIM(ITEM_CD) = ? AND SIZE_CD = ? AND ACC_CD = ? ORDER BY RT_DT DESC",
-                            of.item, of.unit, of.party),
-                   kPartyRates);
+RateList challanRates(Database& db, const Book& book, const RateQuery& of) {
+  return wholeList(linesTo(db, book, of,
+                           "CHLNITM.VOUCH_NO, CHLNITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMOUNT"),
+                   kChallans);
+}
+
+std::vector<GridColumn> challanRateColumns() { return emptyList(kChallans).columns; }
+
+RateList partyRates(Database& db, const Book& book, const RateQuery& of) {
+  return wholeList(
+      db.query(
+          "SELECT RT_DT, SIZE_CD, " + book.rate + ", " + book.discount +
+              " FROM PRTYRATE WHERE TRIM(ITEM_CD) = ? AND SIZE_CD = ? AND ACC_CD = ? ORDER BY RT_DT DESC",
+          of.item, of.unit, of.party),
+      kPartyRates);
 }
 
 RateList purchaseRates(Database& db, const RateQuery& of) {

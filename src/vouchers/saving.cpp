@@ -56,7 +56,7 @@ Fields headerRow(Database& db, const Book& book, const BillHeader& b, const Save
       {"CHLN_DT",       b.date},
       {"DT_GOODS",      b.date},
       {"ACK_DT",        b.date},
-      {"PRV_BDT",       today},
+      {"PRV_BDT",       b.partyDate.value_or(today)},
       {"ENT_DT",        today},
       {"ITEM_AMT",      b.items},
       {"NO_OF_ITEM",    b.quantity},

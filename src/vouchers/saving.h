@@ -22,7 +22,8 @@ struct BillHeader {
   double transportId = 0;
   std::string transport, destination, lrNumber, parcels;
   double creditDays = 0;
-  std::optional<Date> lrDate;  // none: the bill's date
+  std::optional<Date> lrDate;       // none: the bill's date
+  std::optional<Date> partyDate{};  // that the party gave its bill; none: the day of the save
   double items = 0, quantity = 0, cgst = 0, sgst = 0, igst = 0, roundOff = 0, amount = 0;
 };
 

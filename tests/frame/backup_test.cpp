@@ -5,6 +5,8 @@
 #include <iterator>
 #include <set>
 
+#include "base/number.h"
+#include "frame/frmstartup.h"
 #include "frame/routines.h"
 #include "frame_fixture.h"
 #include "full_disk.h"
@@ -149,9 +151,10 @@ TEST_F(Backups, RestoreOffersTheNewestAndKeepsWhatItReplaces) {
   data().exec("UPDATE COMP_DET SET ADDRS = 'NEW ROAD'");
   data().exec("UPDATE SPSFILE SET VOUCH_DT = '2027-03-31' WHERE VOUCH_NO = 212");
   host_.clock.hour = 12;
-  host_.inputs = {"M00125_260615_1130.mdb"};
-  host_.answers = {true};
-  host_.choose("Restore");
+  std::string posted;
+  openingRoutines() = {
+      [&] { posted += data().file().stem().string() + " of " + numText(bills()) + " bill; "; }};
+  restore("M00125_260615_1130.mdb", true);
 
   EXPECT_EQ(host_.prompts.back().text, "Type Name Of Backup To Restore \r\nIn Place Of M00125.mdb");
   EXPECT_EQ(host_.prompts.back().initial, "M00125_260615_1130.mdb");
@@ -166,7 +169,9 @@ TEST_F(Backups, RestoreOffersTheNewestAndKeepsWhatItReplaces) {
   EXPECT_EQ(session().mcad1, "") << "the details are those of the restored books";
   EXPECT_EQ(host_.screen().panels[0], "SHREE TRADERS : FROM 01/04/23 TO 31/03/34");
   EXPECT_EQ(host_.at("LastBills").grid.count(), 1u);
-  EXPECT_EQ(data().number("SELECT COUNT(*) FROM T_ACLST"), 9);
+  EXPECT_EQ(data().number("SELECT COUNT(*) FROM T_ACLST"), 13);
+  EXPECT_EQ(posted, "M00125 of 1 bill; ") << "as at an opening";
+  openingRoutines().clear();
 
   // And back again.
   restore("M00125_260615_1230_replaced", true);

@@ -258,13 +258,19 @@ TEST_F(Shell, ShortcutsOpenTheEntriesOfTheirMeaning) {
   host_.hint("");
   host_.key(Key::Ctrl(KeyCode::F2));
   EXPECT_EQ(host_.hint(), "");
-  for (const char key : {'M', 'I', 'U'}) {
+  for (const char key : {'M', 'I'}) {
     host_.hint("");
     host_.key(Key::Ctrl(key));
     EXPECT_EQ(host_.hint(), "Not built yet") << key;
   }
-  host_.key(Key::Ctrl('G'));
-  EXPECT_EQ(host_.onTop(), "GSTSAPU");
+  for (const auto& [key, kind] : {
+           std::pair{'G', "SALE"    },
+           {'U', "PURCHASE"}
+  }) {
+    host_.key(Key::Ctrl(key));
+    EXPECT_EQ(host_.onTop() + session().mentrytype, std::string("GSTSAPU") + kind);
+    host_.closeTop();
+  }
 }
 
 TEST_F(Shell, ToolsRepeatTheirEntries) {

@@ -90,7 +90,7 @@ class Oracle : public ::testing::Test {
   // All balances at once, which must be those of one after the other.
   std::string rebuilt() {
     const char* const all = "SELECT ACC_CD, CL_BAL FROM ACCOUNT ORDER BY ACC_CD";
-    refreshBalances(db);
+    RebuildAllBalances(db);
     const std::string atOnce = written(db.all(all), 1);
     db.exec("UPDATE ACCOUNT SET CL_BAL = 7");
     for (const Row& account : db.all(all)) RebuildOneBalance(db, account.text(0));

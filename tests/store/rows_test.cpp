@@ -192,7 +192,7 @@ TEST_F(RowsTest, BalancesFollowTheLedger) {
       "INSERT INTO ALEDGER (PARTY_CD, VOUCH_TYPE, VOUCH_AMT) VALUES ('A00001', 'D', 1180), ('a00001', 'd', "
       "20), ('A00001', 'C', 300.5),"
       " ('A00002', 'C', 10), ('A00004', 'D', 5), ('NOBODY', 'D', 99)");
-  refreshBalances(db);
+  RebuildAllBalances(db);
   const auto balances = [&] {
     return db.text(
         "SELECT GROUP_CONCAT(ACC_CD || '=' || COALESCE(NUMTEXT(CL_BAL), '-')) FROM (SELECT * FROM ACCOUNT "
@@ -203,6 +203,6 @@ TEST_F(RowsTest, BalancesFollowTheLedger) {
   EXPECT_EQ(db.text("SELECT GROUP_CONCAT(NUMTEXT(TOT_DR) || '/' || NUMTEXT(TOT_CR)) FROM (SELECT * FROM "
                     "T_ACLST WHERE ACC_CD = 'A00001' ORDER BY TOT_DR, TOT_CR)"),
             "0/0,0/300.5,1200/0");
-  refreshBalances(db);
+  RebuildAllBalances(db);
   EXPECT_EQ(balances(), "A00001=999.5,A00002=-60,A00003=7,A00004=5");
 }

@@ -116,7 +116,7 @@ TEST_F(SeedsTest, AccountsTaxesAndDesignsAddWhatIsMissingOnly) {
   EXPECT_EQ(db.text("SELECT FILENM || SHEETNM || QUERYNM || NUMTEXT(HDLINES * 100 + INVLINES) || BTNNM FROM "
                     "HIDELINESET WHERE SRNO = 8"),
             "INVGEN1D_CCHLNPRN417CHALLAN");
-  EXPECT_EQ(db.number("SELECT COUNT(*) FROM ACCOUNT"), 9);
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM ACCOUNT"), 13);
   EXPECT_EQ(db.number("SELECT COUNT(*) FROM HIDELINESET"), 9);
 }
 

@@ -9,6 +9,10 @@ import sqlite3
 import sys
 from collections import Counter
 
+TAXES = ("TCGSTRT", "TSGSTRT", "TIGSTRT")
+# The party's side of a bill, the other side, and where the three taxes stand.
+BILLS = {"SA": ("D", "C", ("X90061", "X90062", "X90063")), "PU": ("C", "D", ("X90064", "X90065", "X90066"))}
+
 LEDGER = ("VOUCH_DT VOUCH_NO BOOK_CD VOUCH_TYPE PARTY_CD PARTY_TCD VOUCH_AMT PARTY_BL NARRATION SUB_DESC "
           "CHQ_NO CHQ_CLG_DT BW_AB NARR1 REF_NO SRNO GSTPOST").split()
 
@@ -44,9 +48,11 @@ def fill(db, rng, bills):
     for n in range(1, bills + 1):
         inside = rng.random() < 0.5
         half = rng.choice([0, round(rng.uniform(1, 900), 2)]) if inside else 0
+        book = rng.choices(["SA", "sa", "PU", "pu", "SR"], [24, 1, 12, 1, 1])[0]
         insert(db, "SALE", {
-            "VOUCH_NO": n, "VOUCH_DT": day(), "BOOK_CD": rng.choices(["SA", "sa", "PU"], [40, 1, 1])[0],
-            "PARTY_CD": rng.choice(parties), "SALE_CD": rng.choices(["X90002", "X90007"], [20, 1])[0],
+            "VOUCH_NO": n, "VOUCH_DT": rng.choices([day(), None], [40, 1])[0], "BOOK_CD": book,
+            "PARTY_CD": rng.choice(parties + ["A99999"]),
+            "SALE_CD": rng.choices(["X90001" if book in ("PU", "pu") else "X90002", "X90007"], [20, 1])[0],
             "NET_AMT": money(), "ITEM_AMT": money(), "TCGSTRT": half, "TSGSTRT": half,
             "TIGSTRT": 0 if inside else money(3), "ROUND_OFF": rng.choice([0, 0.4, -0.4, 0.01, -0.5]),
             "NARRATION": text(200), "GR_NO": text(20), "DESTI": text(40), "BILL_NO": rng.choice([f"{n:04}", None]),
@@ -92,19 +98,20 @@ def expected(db):
         yield from entry(v, cash, v["CSHBNK_CD"], v["PARTY_CD"], v["AMOUNT"], **same)
         yield from entry(v, other, v["PARTY_CD"], v["CSHBNK_CD"], v["AMOUNT"], **same)
 
-    for v in rows("SALE", {"SA"}):
+    for v in rows("SALE", BILLS):
         if v["GSTPOST"] != 1:
             continue
-        party, sales, note = v["PARTY_CD"], v["SALE_CD"], v["NARRATION"]
+        ours, theirs, accounts = BILLS[v["BOOK_CD"].upper()]
+        party, goods, note = v["PARTY_CD"], v["SALE_CD"], v["NARRATION"]
         of_bill = {"PARTY_BL": v["BILL_NO"]}
         with_days = of_bill | {"SUB_DESC": number_text(v["CR_DAYS"])}
-        yield from entry(v, "D", party, sales, v["NET_AMT"], NARRATION=joined(note, v["GR_NO"], v["DESTI"]), **with_days)
-        yield from entry(v, "C", sales, party, v["ITEM_AMT"], NARRATION=joined(note, v["GR_NO"]), **with_days)
-        for account, tax in (("X90061", "TCGSTRT"), ("X90062", "TSGSTRT"), ("X90063", "TIGSTRT")):
+        yield from entry(v, ours, party, goods, v["NET_AMT"], NARRATION=joined(note, v["GR_NO"], v["DESTI"]), **with_days)
+        yield from entry(v, theirs, goods, party, v["ITEM_AMT"], NARRATION=joined(note, v["GR_NO"]), **with_days)
+        for account, tax in zip(accounts, TAXES):
             if v[tax] is not None and v[tax] > 0:
-                yield from entry(v, "C", account, party, v[tax], NARRATION=note)
+                yield from entry(v, theirs, account, party, v[tax], NARRATION=note)
         if v["ROUND_OFF"] != 0:
-            side = "D" if v["ROUND_OFF"] < 0 else "C"
+            side = ours if v["ROUND_OFF"] < 0 else theirs
             yield from entry(v, side, "X90015", party, abs(v["ROUND_OFF"]), NARRATION=note, **of_bill)
 
     for v in rows("CHLN", {"CH"}):

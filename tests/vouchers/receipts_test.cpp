@@ -121,7 +121,7 @@ TEST_F(ReceiptsTest, AModifyReplacesAndADeletionTakesBack) {
   EXPECT_EQ(balance("A00002"), "-300");
   // The party that it was taken from keeps what it had until the balances are refreshed.
   EXPECT_EQ(balance("A00001"), "550");
-  refreshBalances(db());
+  RebuildAllBalances(db());
   EXPECT_EQ(balance("A00001"), "950");
 
   deleteMoneyVoucher(db(), book, 1);

@@ -8,7 +8,15 @@
 
 namespace {
 
-class SavingTest : public BillTest {};
+class SavingTest : public BillTest {
+ protected:
+  std::string posted(const std::string& book, double number) {
+    return db().text(
+        "SELECT GROUP_CONCAT(VOUCH_TYPE || ' ' || PARTY_CD || ' ' || NUMTEXT(VOUCH_AMT), ', ') FROM"
+        " (SELECT * FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ? ORDER BY rowid)",
+        book, number);
+  }
+};
 
 }  // namespace
 
@@ -74,19 +82,25 @@ TEST_F(SavingTest, LedgerRowsOfABill) {
   EXPECT_EQ(line("SELECT COUNT(*) FROM SALE"), "1");
 }
 
-// A book of purchases is the sale book with other accounts and its sides turned round.
-TEST_F(SavingTest, ABookMayTurnTheSidesRound) {
-  Book purchases = saleBook();
-  purchases.code = "PU";
-  purchases.partySide = "C";
-  purchases.goods = "X90001";
+// A purchase of 118 rounded to 118.4 and to 117.5: the supplier is credited, everything else debited.
+TEST_F(SavingTest, APurchaseTurnsTheSidesRound) {
+  const Book& book = purchaseBook();
   ASSERT_TRUE(saveBill(db(), saleBook(), bill(7, 118.4), stamp(), Saving::Fresh));
-  ASSERT_TRUE(saveBill(db(), purchases, bill(7, 118.4), stamp(), Saving::Fresh))
-      << "numbers are the book's own";
-  EXPECT_EQ(line("SELECT GROUP_CONCAT(VOUCH_TYPE || PARTY_CD || NUMTEXT(VOUCH_AMT)) FROM"
-                 " (SELECT * FROM ALEDGER WHERE BOOK_CD = 'PU' ORDER BY rowid)"),
-            "CA00001118.4,DX90001100,DX900619,DX900629,DX900630,DX900150.4");
-  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER WHERE BOOK_CD = 'SA'") + unbalanced(db()), "6");
+  ASSERT_TRUE(saveBill(db(), book, bill(7, 118.4), stamp(), Saving::Fresh)) << "numbers are the book's own";
+  BillHeader down = bill(8, 117.5);
+  down.partyDate = parseDate("2026-06-11");
+  ASSERT_TRUE(saveBill(db(), book, down, stamp(), Saving::Fresh));
+  const std::string taxes = "D X90064 9, D X90065 9, D X90066 0, ";
+  EXPECT_EQ(posted("PU", 7), "C A00001 118.4, D X90001 100, " + taxes + "D X90015 0.4");
+  EXPECT_EQ(posted("PU", 8), "C A00001 117.5, D X90001 100, " + taxes + "C X90015 0.5");
+  EXPECT_EQ(posted("SA", 7),
+            "D A00001 118.4, C X90002 100, C X90061 9, C X90062 9, C X90063 0, C X90015 0.4");
+  EXPECT_EQ(unbalanced(db()), "");
+  EXPECT_EQ(line("SELECT BOOK_CD, SALE_CD, PRV_BDT, PARTY_CD FROM SALE WHERE VOUCH_NO = 8"),
+            "PU|X90001|2026-06-11|A00001");
+  deleteBill(db(), book, 7);
+  EXPECT_EQ(line("SELECT COUNT(*), MIN(BOOK_CD || VOUCH_NO), MAX(BOOK_CD || VOUCH_NO) FROM SALE"),
+            "2|PU8.0|SA7.0");
 }
 
 TEST_F(SavingTest, WhatDoesNotFitItsColumnStaysAtItsDefault) {
@@ -130,10 +144,30 @@ TEST_F(SavingTest, NumbersFollowTheHighestVoucherOfTheirBookAndType) {
       << "after the last voucher, not the highest bill";
   EXPECT_EQ(nextBillNumber(db(), saleBook(), "retail"), "00901");
   EXPECT_EQ(nextBillNumber(db(), saleBook(), "CASH"), "0001");
-  EXPECT_TRUE(isDuplicateBill(db(), saleBook(), "TAX", "0011", 3));
-  EXPECT_FALSE(isDuplicateBill(db(), saleBook(), "TAX", "0011", 9)) << "its own number";
-  EXPECT_FALSE(isDuplicateBill(db(), saleBook(), "RETAIL", "0011", 3)) << "another type";
-  EXPECT_FALSE(isDuplicateBill(db(), saleBook(), "TAX", "7", 3)) << "another book";
+}
+
+// A bill's number is taken within its book and type; that of a purchase by the same supplier alone.
+TEST_F(SavingTest, ABillNumberIsTakenOnce) {
+  db().exec(
+      "INSERT INTO SALE (VOUCH_NO, BOOK_CD, BL_TYPE, BILL_NO, PARTY_CD) VALUES (9, 'SA', 'TAX', '11', 'A1'),"
+      " (9, 'PU', 'TAX', '11', 'A1'), (4, 'XX', 'TAX', '7', 'A1')");
+  struct Case {
+    const Book& book;
+    BillReference bill;
+    bool taken;
+  };
+  const Book &sale = saleBook(), &purchase = purchaseBook();
+  for (const auto& [book, bill, taken] : std::vector<Case>{
+           {sale,     {"A2", "TAX", "11", 3},    true },
+           {sale,     {"A2", "TAX", "11", 9},    false},
+           {sale,     {"A2", "RETAIL", "11", 3}, false},
+           {sale,     {"A2", "TAX", "7", 3},     false},
+           {purchase, {"a1", "tax", "11", 3},    true },
+           {purchase, {"A1", "TAX", "11", 9},    false},
+           {purchase, {"A2", "TAX", "11", 3},    false},
+  })
+    EXPECT_EQ(isDuplicateBill(db(), book, bill), taken)
+        << book.code << bill.party << bill.type << bill.voucher;
 }
 
 TEST_F(SavingTest, TransportersAreAddedOnce) {

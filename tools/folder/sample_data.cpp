@@ -54,7 +54,7 @@ class Books {
     for (const SampleBill& bill : kBills) enter(bill);
     for (const SampleReceipt& receipt : kReceipts) enter(receipt);
     db_.exec("DELETE FROM T_SLITM");
-    refreshBalances(db_);
+    RebuildAllBalances(db_);
   }
 
  private:
