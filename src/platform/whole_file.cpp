@@ -55,7 +55,7 @@ void WholeFile::finish() {
   file_ = -1;
 }
 
-bool heldElsewhere(const std::string& path) {
+bool lockedElsewhere(const std::string& path) {
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (file < 0) return false;
   struct flock wanted {};

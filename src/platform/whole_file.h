@@ -32,4 +32,4 @@ class WholeFile {
 };
 
 // Whether another program keeps a lock on the file, as those do that show it for changing.
-bool heldElsewhere(const std::string& path);
+bool lockedElsewhere(const std::string& path);

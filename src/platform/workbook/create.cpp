@@ -149,7 +149,7 @@ class ListWriter {
 }  // namespace
 
 void createList(const std::string& path, const List& list) {
-  if (heldElsewhere(path)) throw WorkbookHeld("Excel File Is Already Open\r\nClose It First");
+  if (lockedElsewhere(path)) throw WorkbookHeld("Excel File Is Already Open\r\nClose It First");
   std::string failure;
   try {
     WholeFile file(path);

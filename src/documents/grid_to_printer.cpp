@@ -1,0 +1,97 @@
+#include <algorithm>
+
+#include "documents/grid_walk.h"
+#include "documents/paper.h"
+#include "frame/session.h"
+#include "platform/paint.h"
+
+namespace {
+
+constexpr const char* kFamily = "Calibri";
+constexpr const char* kRegionalFamily = "Gujrati Mirav-1";
+constexpr double kSize = 10, kSmallSize = 8, kHeadingSize = 12;
+constexpr double kDescent = 0.25;  // of the size
+constexpr double kRule = 0.3;
+constexpr paint::Rect kA4{0, 0, 595.276, 841.89};
+
+class PrintedGrid : public GridPaper {
+ public:
+  PrintedGrid(paint::Canvas& canvas, const paint::Metrics& metrics, const Grid& grid,
+              const GridLayout& layout)
+      : canvas_(canvas), metrics_(metrics), grid_(grid), layout_(layout) {}
+
+  GridPaperKind kind() const override { return GridPaperKind::Printer; }
+
+  double startPage(int number) override {
+    if (layout_.landscape)
+      canvas_.page(kA4.h, kA4.w);
+    else
+      canvas_.page(kA4.w, kA4.h);
+    const double titles = GridPageHeading(number);
+    layTitles(grid_, layout_, *this, titles);
+    return titles;
+  }
+
+  void endPage() override {}
+
+  void text(const GridText& t) override {
+    paint::Font font{.family = kFamily, .size = t.narrow ? kSmallSize : kSize, .bold = t.bold};
+    if (t.column < kReportColumns && session().mcolfont[t.column] != 0) font.family = kRegionalFamily;
+    draw(t.text, font, t.right ? t.x - t.room : t.x, t.y, t.room,
+         t.right ? paint::HAlign::Right : paint::HAlign::Left);
+  }
+
+  void rule(double x1, double y1, double x2, double y2) override {
+    canvas_.line(x1, layout_.pageHeight - y1, x2, layout_.pageHeight - y2, kRule, {});
+  }
+
+ private:
+  // The lines above the table. Returns the line of the titles.
+  double GridPageHeading(int number) {
+    constexpr double kStep = 16, kEdges = 50;
+    const Session& s = session();
+    const paint::Font font{.family = kFamily, .size = kHeadingSize, .bold = true};
+    const double room = layout_.pageWidth - kEdges;
+    double y = layout_.top;
+    for (const std::string* line : {&s.mpageheader1, &s.mpageheader2, &s.mpageheader3}) {
+      draw(*line, font, layout_.middle - room / 2, y, room, paint::HAlign::Centre);
+      y -= kStep;
+    }
+    draw("Page No.: " + std::to_string(number), {.family = kFamily, .size = kSize}, layout_.right - room, y,
+         room, paint::HAlign::Right);
+    return y - kStep;
+  }
+
+  // A text wider than its room is drawn smaller.
+  void draw(const std::string& text, paint::Font font, double x, double y, double room, paint::HAlign align) {
+    constexpr double kSmallest = 3;
+    if (const double width = metrics_.width(text, font); width > room)
+      font.size = std::max(font.size * room / width, kSmallest);
+    const double height = metrics_.lineHeight(font);
+    const double bottom = layout_.pageHeight - y + kDescent * font.size;
+    const paint::Rect box{x, bottom - height, room, height};
+    canvas_.text({.text = text, .box = box, .clip = box, .font = font, .halign = align});
+  }
+
+  paint::Canvas& canvas_;
+  const paint::Metrics& metrics_;
+  const Grid& grid_;
+  const GridLayout& layout_;
+};
+
+}  // namespace
+
+void GridToPrinter(Host& host, const Grid& grid, const GridOutput& out, PrintTo to) {
+  const auto layout = gridLayout(out, GridPaperKind::Printer);
+  if (!layout) return host.message(tooWideWords(GridPaperKind::Printer), kMessageTitle);
+  tellFailures(host, [&] {
+    const std::string preview = (billsFolder() / "PREVIEW.pdf").string();
+    paint::Painter& painter = host.painter();
+    if (to == PrintTo::Preview) std::filesystem::create_directories(billsFolder());
+    const auto canvas = to == PrintTo::Preview ? painter.pdf(preview) : painter.printer();
+    PrintedGrid paper(*canvas, painter.metrics(), grid, *layout);
+    layGrid(grid, *layout, paper);
+    canvas->finish();
+    if (to == PrintTo::Preview) host.view(preview);
+  });
+}
