@@ -3,6 +3,7 @@
 #include "frame/frmstartup.h"
 #include "frame/session.h"
 #include "vouchers/bwrcpy.h"
+#include "vouchers/frmchln.h"
 #include "vouchers/frmpost.h"
 #include "vouchers/frmquot.h"
 #include "vouchers/gstsapu.h"
@@ -11,6 +12,7 @@
 void addVoucherScreens(Screens& screens) {
   screens.add<GSTSAPU>("GSTSAPU");
   screens.add<FRMQUOT>("FRMQUOT");
+  screens.add<FRMCHLN>("FRMCHLN");
   screens.add<bwrcpy>("bwrcpy");
   screens.add<FRMPOST>("FRMPOST");
 }

@@ -127,4 +127,5 @@ def main():
         bill(rng)
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,149 @@
+#include "vouchers/challans.h"
+
+#include "base/number.h"
+#include "base/text.h"
+#include "store/row_writer.h"
+#include "vouchers/items.h"
+#include "vouchers/ledger_rows.h"
+#include "vouchers/numbering.h"
+
+namespace {
+
+// Columns that a line has in CHLNITM and in the work table alike.
+// clang-format off
+constexpr const char* kLineColumns =
+    "SR_NO, VOUCH_NO, VOUCH_DT, BOOK_CD, ITEM_CD, DEPT_CD, SIZE_CD, QUANTITY, RATE, NET_AMOUNT,"
+    " ITEM_DESC, DESC1, NOS, AMOUNT, BOXNO, BOXWT, TCNO, SALE_DISC, ORDER_NO, LOT_NO,"
+    " MOBNOCO, DATANM, DATASENT";
+// clang-format on
+
+Fields headerRow(const Book& book, const ChallanHeader& c, const SaveStamp& stamp) {
+  const Clock time{stamp.now.hour, stamp.now.minute};
+  const std::string destination = trim(c.destination);
+  // clang-format off
+  Fields row = {
+      {"VOUCH_NO",   c.number},
+      {"VOUCH_DT",   c.date},
+      {"VOUCH_TIME", time},
+      {"BOOK_CD",    book.code},
+      {"PARTY_CD",   trim(c.party)},
+      {"ORDER_NO",   trim(c.orderNumber)},
+      {"CHLN_TYP",   trim(c.type)},
+      {"CHLN_NO",    Val(c.challanNumber)},
+      {"NARRATION",  trim(c.narration)},
+      {"ITEM_AMT",   c.items},
+      {"NO_OF_ITEM", c.quantity},
+      {"DISC_PERC",  c.discountPercent},
+      {"DISC_AMT",   c.discount},
+      {"CHRGS",      c.charges},
+      {"NET_AMT",    c.amount},
+      {"TRANSPORT",  trim(c.transport)},
+      {"GR_NO",      trim(c.lrNumber)},
+      {"GR_DATE",    c.date},
+      {"DESTI",      destination.empty() ? "." : destination},
+      {"SMAN_CD",    "S001"},
+      {"USER_CD",    stamp.user},
+      {"ENT_DT",     stamp.now.date},
+      {"ENT_TIME",   time},
+      {"MOBNOCO",    stamp.mobile},
+      {"DATANM",     stamp.dataName},
+      {"DATASENT",   "N"},
+  };
+  // clang-format on
+  for (const char* column : {"VEHI_NO", "NARRATION1", "FREIGHT"}) row.push_back({column, "."});
+  for (const char* column : {"TAX_CD1", "TAX_AMT1", "TAX_CD2", "TAX_AMT2", "GWDN"})
+    row.push_back({column, 0});
+  return row;
+}
+
+std::vector<LedgerRow> ledgerRows(const Book& book, const ChallanHeader& c) {
+  const std::string party = trim(c.party);
+  return {
+      {book.partySide,   party,      book.goods, c.amount, c.challanNumber, c.narration},
+      {book.otherSide(), book.goods, party,      c.amount, c.challanNumber, c.narration},
+  };
+}
+
+}  // namespace
+
+const Book& challanBook() {
+  static const Book book = {
+      .code = "CH",
+      .keyColumn = "BOOK_CD",
+      .heads = "CHLN",
+      .lines = "CHLNITM",
+      .work = "T_CHLNITM",
+      .serial = "SR_NO",
+      .title = "Sales Challan Entry",
+      .adding = " ADD MODE",
+      .modifying = " Modify MODE",
+      .deleting = " Delete MODE",
+      .printing = "",
+      .escapeAsks = "Do you want to exit",
+      .printKey = "CHLNPRN",
+      .documentKey = "CHLNENTRY",
+      .saveOpens = "Save opens after Desti",
+      .savedHead = "Sales Challan Entry Saved",
+      .parties = "ACCOUNT where group_cd = 85 OR group_cd = 87 OR group_cd = 88 ORDER BY ACC_NAME",
+      .rate = "SALE_RATE1",
+      .discount = "SALE_DISC",
+      .partySide = "D",
+      .goods = "X90002",
+  };
+  return book;
+}
+
+bool saveChallan(Database& db, const Book& book, const ChallanHeader& challan, const SaveStamp& stamp,
+                 Saving how) {
+  Transaction all(db);
+  if (how == Saving::Fresh && isStored(db, book, challan.number)) return false;
+  deleteChallan(db, book, challan.number);
+  insertRow(db, "CHLN", headerRow(book, challan, stamp));
+  db.exec("UPDATE T_CHLNITM SET VOUCH_DT = ?, VOUCH_NO = ?", challan.date, challan.number);
+  // A line of no quantity stays behind, though its amount is in the totals.
+  const std::string columns = kLineColumns;
+  db.exec("INSERT INTO CHLNITM (" + columns + ") SELECT " + columns +
+              " FROM T_CHLNITM WHERE VOUCH_NO = ? AND BOOK_CD = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
+              " ORDER BY SR_NO",
+          challan.number, book.code, kMiscItem);
+  postVoucher(db, {challan.number, challan.date, book.code}, ledgerRows(book, challan));
+  all.commit();
+  return true;
+}
+
+void deleteChallan(Database& db, const Book& book, double number) {
+  Transaction both(db);
+  db.exec("DELETE FROM CHLN WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, book.code);
+  db.exec("DELETE FROM CHLNITM WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, book.code);
+  both.commit();
+}
+
+std::optional<Row> findChallan(Database& db, const Book& book, double number) {
+  return db.first("SELECT * FROM CHLN WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, book.code);
+}
+
+void loadChallanLines(Database& db, const Book& book, double number) {
+  const std::string columns = kLineColumns;
+  db.exec("DELETE FROM T_CHLNITM");
+  db.exec("INSERT INTO T_CHLNITM (" + columns + ", ITEM_NAME) SELECT " + columns +
+              ", (SELECT ITEM_NAME FROM ITEM WHERE ITEM.ITEM_CD = CHLNITM.ITEM_CD)"
+              " FROM CHLNITM WHERE BOOK_CD = ? AND VOUCH_NO = ? ORDER BY SR_NO",
+          book.code, number);
+}
+
+double nextChallanNumber(Database& db, const Book& book, const std::string& type) {
+  const auto last =
+      db.first("SELECT CHLN_NO FROM CHLN WHERE BOOK_CD = ? AND CHLN_TYP = ? ORDER BY VOUCH_NO DESC LIMIT 1",
+               book.code, type);
+  return last ? Val(last->text(0)) + 1 : 1;
+}
+
+bool isDuplicateChallan(Database& db, const Book& book, const std::string& type, const std::string& number,
+                        std::optional<double> changing) {
+  return db
+      .first(
+          "SELECT VOUCH_NO FROM CHLN WHERE CHLN_TYP = ? AND BOOK_CD = ? AND CHLN_NO IN (?, NUMTEXT(?))"
+          " AND VOUCH_NO IS NOT ? LIMIT 1",
+          type, book.code, number, Val(number), changing)
+      .has_value();
+}

@@ -1,0 +1,212 @@
+#include "vouchers/challans.h"
+
+#include "frame/full_disk.h"
+#include "frame/killed.h"
+#include "vouchers/challan_amounts.h"
+#include "vouchers/challan_fixture.h"
+#include "vouchers/posting.h"
+#include "vouchers/rate_history.h"
+
+namespace {
+
+class Challans : public ChallanTest {};
+
+// What a save has written or not: header, lines and ledger as one text.
+constexpr const char* kStored =
+    "SELECT (SELECT GROUP_CONCAT(NUMTEXT(NET_AMT)) FROM CHLN),"
+    " (SELECT GROUP_CONCAT(NUMTEXT(QUANTITY)) FROM CHLNITM),"
+    " (SELECT GROUP_CONCAT(NUMTEXT(VOUCH_AMT)) FROM ALEDGER)";
+
+}  // namespace
+
+TEST(ChallanAmounts, OnlyADiscountByPercentIsRounded) {
+  struct Case {
+    double items, percent, discount, charges, net;
+  };
+  const std::vector<Case> cases = {
+      {1005,    10,   100, 0,    905    }, // 100.5, a half to the even rupee
+      {1015,    10,   102, 5.5,  918.5  }, // 101.5
+      {99.99,   0,    0,   0,    99.99  },
+      {333.333, 12.5, 42,  0.25, 291.583}, // 41.666625
+      {100,     150,  150, 0,    -50    },
+      {-205,    10,   -20, 0,    -185   }, // -20.5
+      {4.99,    10,   0,   0,    4.99   },
+  };
+  for (const Case& c : cases) {
+    const double discount = challanDiscount(c.items, c.percent);
+    EXPECT_EQ(discount, c.discount) << c.items;
+    EXPECT_EQ(numText(challanNet(c.items, c.charges, discount)), numText(c.net)) << c.items;
+  }
+  EXPECT_EQ(numText(challanAmount(3, 33.333)), "99.999");
+  EXPECT_EQ(numText(challanAmount(0.125, 0.01)), "0.00125");
+}
+
+// Every column of both tables: those written here, "." in some, 0 in all that are left.
+TEST_F(Challans, EveryColumnHasItsValue) {
+  startChallan("A00004");
+  host.fill("Text1(10)", "");
+  typeGoods("I0000001", "2", "50.25");
+  saveGoods();
+  const auto written = [&](const char* table) {
+    const auto row = db().first(std::string("SELECT * FROM ") + table);
+    std::string text;
+    for (int i = 0; i < row->count(); ++i) {
+      EXPECT_FALSE(row->isNull(i)) << row->name(i);
+      if (row->text(i) != "0") text += (text.empty() ? "" : " ") + row->name(i) + "=" + row->text(i);
+    }
+    return text;
+  };
+  EXPECT_EQ(written("CHLN"),
+            "VOUCH_DT=2026-06-15 VOUCH_TIME=10:30 VOUCH_NO=1 BOOK_CD=CH CHLN_NO=1 CHLN_TYP=DC ORDER_NO=PO/7"
+            " PARTY_CD=A00004 ITEM_AMT=100.5 NARRATION= NARRATION1=. NO_OF_ITEM=2 NET_AMT=100.5 SMAN_CD=S001"
+            " GR_NO= GR_DATE=2026-06-15 TRANSPORT= FREIGHT=. DESTI=. VEHI_NO=. USER_CD=RAJ ENT_DT=2026-06-15"
+            " ENT_TIME=10:30 MOBNOCO=9090909090 DATANM=M00126 DATASENT=N");
+  EXPECT_EQ(written("CHLNITM"),
+            "VOUCH_DT=2026-06-15 VOUCH_NO=1 BOOK_CD=CH DEPT_CD=E001 ITEM_CD=I0000001 SIZE_CD=PCS QUANTITY=2"
+            " RATE=50.25 NET_AMOUNT=100.5 DESC1=. ITEM_DESC= SR_NO=1 MOBNOCO=9090909090 DATANM=M00126"
+            " DATASENT=N");
+}
+
+TEST_F(Challans, LinesWithoutAQuantityStayBehindUnlessTheyAreMisc) {
+  goods(db(), "I0000001", 2, 1);
+  goods(db(), "I0000002", 0, 2);
+  goods(db(), "misc", 0, 3);
+  goods(db(), "I0000001", -1, 5);
+  ASSERT_TRUE(saveChallan(db(), challanBook(), challan(7), stamp(), Saving::Fresh));
+  EXPECT_FALSE(saveChallan(db(), challanBook(), challan(7), stamp(), Saving::Fresh)) << "its number is taken";
+  EXPECT_EQ(line("SELECT GROUP_CONCAT(NUMTEXT(SR_NO) || ITEM_CD || NUMTEXT(QUANTITY)), MAX(VOUCH_NO),"
+                 " MAX(VOUCH_DT) FROM CHLNITM"),
+            "1I00000012,3misc0,5I0000001-1|7|2026-06-15");
+}
+
+TEST_F(Challans, TheLedgerHasAPairAndTheFullPostingAnother) {
+  ChallanHeader c = challan(7);
+  c.narration = "N";
+  c.destination = "ANAND";
+  ASSERT_TRUE(saveChallan(db(), challanBook(), c, stamp(), Saving::Fresh));
+  EXPECT_EQ(ledger(), "D A00001 X90002 105.5 012 N A -/C X90002 A00001 105.5 012 N A -");
+  c.amount = 5;
+  c.party = "A00002";
+  ASSERT_TRUE(saveChallan(db(), challanBook(), c, stamp(), Saving::Again));
+  EXPECT_EQ(ledger(), "D A00002 X90002 5 012 N A -/C X90002 A00002 5 012 N A -");
+  // Neither a bill of the same number nor one for the same goods is touched or nets it.
+  ASSERT_TRUE(saveBill(db(), saleBook(), bill(7), stamp(), Saving::Fresh));
+  ASSERT_TRUE(saveChallan(db(), challanBook(), challan(8, 0), stamp(), Saving::Fresh));
+  postAll(db());
+  const std::string rebuilt = "D A00002 X90002 5  12 N LR'9 ANAND A 0/C X90002 A00002 5  12 N LR'9 ANAND A 0";
+  EXPECT_EQ(ledger(), rebuilt) << "and the one of no amount is gone";
+  EXPECT_EQ(line("SELECT SUM(VOUCH_AMT) FROM ALEDGER WHERE BOOK_CD = 'SA' AND VOUCH_TYPE = 'D'"), "118");
+  deleteChallan(db(), challanBook(), 7);
+  EXPECT_EQ(line("SELECT COUNT(*) FROM CHLN") + ledger("VOUCH_NO = 7 AND BOOK_CD = 'CH'"), "1" + rebuilt);
+  postAll(db());
+  EXPECT_EQ(ledger(), "");
+  EXPECT_EQ(line("SELECT COUNT(*) FROM SALE"), "1");
+}
+
+TEST_F(Challans, EachTypeIsASeriesOfItsOwn) {
+  const auto next = [&](const std::string& type) {
+    return numText(nextChallanNumber(db(), challanBook(), type));
+  };
+  EXPECT_EQ(next("DC"), "1");
+  db().exec(
+      "INSERT INTO CHLN (VOUCH_NO, BOOK_CD, CHLN_TYP, CHLN_NO) VALUES (3, 'CH', 'DC', '500'),"
+      " (9, 'CH', 'DC', '11'), (12, 'CH', 'JOB', '99'), (13, 'CH', 'OLD', 'A12'), (20, 'RT', 'DC', '77')");
+  EXPECT_EQ(next("dc") + " " + next("JOB") + " " + next("OLD") + " " + next("O'NEIL ભાઈ"), "12 100 1 1")
+      << "after the last voucher, not the highest number, and without padding";
+
+  struct Case {
+    const char *type, *number;
+    std::optional<double> changing;
+    bool refused;
+  };
+  const std::vector<Case> cases = {
+      {"DC",  "11",  std::nullopt, true },
+      {"DC",  "11",  9,            false}, // itself
+      {"DC",  "11",  3,            true },
+      {"DC",  "011", std::nullopt, true }, // stored as 11
+      {"OLD", "A12", std::nullopt, true },
+      {"JOB", "11",  std::nullopt, false}, // another type
+      {"DC",  "77",  std::nullopt, false}, // another book
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(isDuplicateChallan(db(), challanBook(), c.type, c.number, c.changing), c.refused) << c.number;
+}
+
+TEST_F(Challans, EarlierRatesAreOfChallansAlone) {
+  const auto send = [&](int number, const char* book, const char* day, const char* party) {
+    db().exec("INSERT INTO CHLN (VOUCH_NO, BOOK_CD, VOUCH_DT, PARTY_CD) VALUES (?, ?, ?, ?)", number, book,
+              day, party);
+    db().exec(
+        "INSERT INTO CHLNITM (VOUCH_NO, BOOK_CD, VOUCH_DT, SR_NO, ITEM_CD, SIZE_CD, QUANTITY, RATE, "
+        "SALE_DISC,"
+        " NET_AMOUNT) VALUES (?, ?, ?, 1, 'I0000001', 'PCS', 2.5, ?, 0, 25)",
+        number, book, day, number);
+  };
+  for (int n = 1; n <= 9; ++n) send(n, "CH", ("2026-05-0" + std::to_string(n)).c_str(), "A00001");
+  send(10, "CH", "2026-06-01", "A00002");
+  send(11, "RT", "2026-06-01", "A00001");
+  const auto rows = [&](const std::string& party) {
+    return challanRates(db(), challanBook(), {party, "I0000001", "PCS"}).rows->rows;
+  };
+  ASSERT_EQ(rows("A00001").size(), 9U) << "all of them";
+  std::string first;
+  const auto latest = rows("A00001")[0];
+  for (const Cell& cell : latest) first += cell.text + " ";
+  EXPECT_EQ(first, "9 09/May/2026 2.500 9 0 25 ");
+  Transaction many(db());
+  for (int n = 100; n < 500; ++n) send(n, "CH", "2026-06-02", "A00002");
+  many.commit();
+  EXPECT_EQ(rows("A00002").size(), 401U) << "by the road through the lines";
+  EXPECT_EQ(rows("A00002").back()[3].text, "10");
+}
+
+// The program dies before every third of the calls that a save makes of the system.
+TEST_F(Challans, KilledAtAnyMomentAChallanIsWholeOrNothing) {
+  const std::string file = db().file();
+  goods(db(), "I0000001", 7, 1);
+  saveChallan(db(), challanBook(), challan(1, 700), stamp(), Saving::Fresh);
+  db().close();
+  const auto change = [&] {
+    Database own;
+    own.open(file);
+    own.exec("DELETE FROM T_CHLNITM");
+    for (int k = 1; k <= 3; ++k) goods(own, "I0000001", 8, k);
+    saveChallan(own, challanBook(), challan(1, 800), stamp(), Saving::Again);
+  };
+  const std::string old = "700|7|700,700", changed = "800|8,8,8|800,800";
+  int kept = 0;
+  for (int n = 1;; n += 3) {
+    const Killed killed = killedAt(n, change);
+    if (!killed.possible) GTEST_SKIP() << "processes may not be watched here";
+    db().open(file);
+    const std::string stored = line(kStored);
+    EXPECT_TRUE(stored == old || stored == changed) << "before call " << n << ": " << stored;
+    EXPECT_EQ(line("PRAGMA integrity_check"), "ok");
+    if (stored == old) ++kept;
+    if (killed.ended) break;
+    goods(db(), "I0000001", 7, 50);
+    db().exec("DELETE FROM T_CHLNITM WHERE SR_NO <> 50");
+    saveChallan(db(), challanBook(), challan(1, 700), stamp(), Saving::Again);
+    db().close();
+  }
+  EXPECT_GT(kept, 10);
+  EXPECT_EQ(line(kStored), changed);
+}
+
+TEST_F(Challans, AFullDiskKeepsTheChallanOnTheScreen) {
+  db().exec("CREATE TABLE FILLER AS SELECT randomblob(50000)");
+  startChallan();
+  for (int n = 1; n <= 100; ++n) typeGoods("I0000001", std::to_string(n), "100");
+  host.go("Text1(11)");
+  host.enter();
+  {
+    const FullDisk full;
+    host.press("CMDSAVE");
+  }
+  EXPECT_EQ(host.messages.back().title, "Mirav Message");
+  EXPECT_EQ(host.focus() + host.screen().mode + host.text("Text1(18)"), "CMDSAVEADD505000");
+  EXPECT_EQ(line(kStored) + line("SELECT COUNT(*) FROM T_CHLNITM"), "||100");
+  saveGoods();
+  EXPECT_EQ(line("SELECT COUNT(*), SUM(NET_AMOUNT), (SELECT COUNT(*) FROM ALEDGER) FROM CHLNITM"),
+            "100|505000|2");
+}

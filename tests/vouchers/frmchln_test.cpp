@@ -1,0 +1,373 @@
+#include <cstdio>
+#include <map>
+
+#include "base/text.h"
+#include "platform/utf8.h"
+#include "vouchers/challan_fixture.h"
+
+namespace {
+
+class Frmchln : public ChallanTest {};
+
+}  // namespace
+
+TEST_F(Frmchln, AFirstChallanFromAddToItsMessage) {
+  openChallans();
+  EXPECT_EQ(host.screen().caption, "Sales Challan Entry");
+  EXPECT_TRUE(host.at("SCR1").visible);
+  host.press("cmdadd");
+  EXPECT_EQ(host.screen().caption + "/" + host.screen().reason,
+            "Sales Challan Entry ADD MODE/Save opens after Desti");
+  EXPECT_EQ(host.focus() + "/" + host.text("MaskEdBox1(0)") + "/" + fields({0, 2}),
+            "MaskEdBox1(0)/15/06/2026/1|CH");
+  EXPECT_FALSE(host.at("CMDSAVE").enabled || host.at("SCR1").visible);
+  host.fillEnter("MaskEdBox1(0)", "31102030");
+  EXPECT_EQ(host.focus(), "Text1(4)") << "any valid date is accepted";
+  host.type("a00003");
+  host.enter();
+  EXPECT_EQ(host.text("Text2") + host.focus(), "CASHText1(15)") << "state codes play no part";
+  EXPECT_EQ(host.text("Label1(54)"), "14 STATION ROAD NEAR BUS STAND \nBal : 38460\n9800000023");
+  host.enter();
+  host.type("dc");
+  host.enter();
+  EXPECT_EQ(host.text("Text1(24)") + host.focus(), "1Text1(24)");
+  host.enter();
+  EXPECT_EQ(host.focus(), "Text1(5)");
+  host.type("I0000001");
+  host.enter();
+  EXPECT_EQ(fields({6, 7, 9}) + host.focus(), "CEILING FAN|PCS|Text1(10)") << "the rate waits for the unit";
+  host.enter();
+  host.enter();
+  EXPECT_EQ(host.text("Text1(9)") + host.focus(), "1640Text1(8)");
+  host.enter();
+  EXPECT_EQ(host.text("Text1(8)"), "1") << "an empty quantity is one";
+  host.fill("Text1(9)", "");
+  host.enter();
+  EXPECT_EQ(fields({9, 14}) + host.focus(), "0|0Text1(14)") << "an empty rate is none";
+  host.type("5");
+  EXPECT_EQ(host.text("Text1(14)"), "0") << "locked";
+  host.fillEnter("Text1(9)", "33.335");
+  host.enter();
+  EXPECT_EQ(fields({5, 18, 26, 28}) + host.focus(), "|33.335|1|33.335Text1(5)");
+  typeGoods("I0000002", "3", "323.888333");
+  EXPECT_EQ(fields({18, 26}), "1004.999999|4");
+  host.key(KeyCode::PgDn);
+  EXPECT_EQ(host.focus(), "Text1(29)");
+  host.enter();
+  host.type("10");
+  host.enter();
+  EXPECT_EQ(fields({20, 28}) + host.focus(), "100|1004.999999Text1(20)");
+  host.enter();
+  EXPECT_EQ(host.text("Text1(28)"), "904.999999");
+  host.type("5.5");
+  host.enter();
+  EXPECT_EQ(host.text("Text1(28)") + host.focus(), "910.499999Text1(1)");
+  host.keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
+  EXPECT_EQ(host.focus() + host.screen().reason, "CMDSAVE");
+  host.insideModal.push_back([this] {
+    closingWords = host.text("Label1");
+    host.press("OKButton");
+  });
+  host.enter();
+  EXPECT_EQ(closingWords, std::string(50, ' ') +
+                              "Sales Challan Entry Saved\n   Entry No   : 1\n   Party Name : CASH\n"
+                              "   AMOUNT     : 910.499999\n\n\n   Press Print Btn To Print Challan\n"
+                              "   Press New Entry Btn To Enter New Bill Entry");
+  EXPECT_EQ(host.onTop() + StandIn::last.value + session().mreportkey + session().mentrytype,
+            "dlg11CHLNPRNCHLNENTRY");
+  EXPECT_EQ(line("SELECT VOUCH_DT, NET_AMT FROM CHLN"), "2030-10-31|910.499999");
+  openChallans();
+  EXPECT_EQ(host.focus() + host.screen().mode + fields({0}), "cmdaddPRINT");
+  host.press("cmdadd");
+  host.fillEnter("Text1(23)", "JOB");
+  EXPECT_EQ(fields({0, 24}), "2|1") << "numbers are the type's";
+  host.fillEnter("Text1(23)", "DC");
+  EXPECT_EQ(host.text("Text1(24)"), "2");
+}
+
+TEST_F(Frmchln, WalkingOverwritingAndDeletingLines) {
+  startChallan();
+  typeGoods("I0000002", "1", "10");
+  typeGoods("I0000003", "2", "20");
+  typeGoods("I0000002", "3", "30");
+  EXPECT_EQ(host.text("Text1(18)"), "140");
+  host.keys({KeyCode::Up, KeyCode::Up, KeyCode::Up, KeyCode::Up});
+  EXPECT_EQ(host.text("Label1(0)") + fields({5, 8, 9, 14}), "1I0000002|1|10|10") << "stays on the first";
+  host.go("Text1(7)");
+  host.key(KeyCode::Down);
+  EXPECT_EQ(fields({5, 7, 14}) + host.focus(), "I0000003|PCS|40Text1(7)");
+  host.fillEnter("Text1(8)", "5");
+  host.keys({KeyCode::Enter, KeyCode::Enter});
+  EXPECT_EQ(fields({5, 18}) + host.text("Label1(0)"), "I0000002|2003") << "and the next line comes up";
+  host.keys({KeyCode::Up, KeyCode::F10});
+  EXPECT_EQ(line("SELECT COUNT(*), SUM(SR_NO) FROM T_CHLNITM"), "2|4");
+  host.keys({KeyCode::Down, KeyCode::Down});
+  typeGoods("I0000003", "1", "1");
+  EXPECT_EQ(fields({18, 26}), "101|5");
+  saveGoods();
+  EXPECT_EQ(line("SELECT GROUP_CONCAT(NUMTEXT(SR_NO)) FROM CHLNITM"), "1,3,4") << "no serial twice";
+}
+
+TEST_F(Frmchln, RefusalsKeepTheFocusAndTheText) {
+  db().exec("INSERT INTO CHLN (VOUCH_NO, BOOK_CD, CHLN_TYP, CHLN_NO) VALUES (7, 'CH', 'DC', '7')");
+  startChallan();
+  struct Case {
+    const char *field, *typed, *message, *focus;
+  };
+  const std::vector<Case> cases = {
+      {"Text1(0)",      "7",        "ITEM ALLREADY EXIST",                         "Text1(0)"     },
+      {"MaskEdBox1(0)", "3113",     "",                                            "MaskEdBox1(0)"},
+      {"Text1(4)",      "A00077",   "PARTY NOT FOUND PLEASE CHECK THE PARTY CODE", "Text1(4)"     },
+      {"Text1(24)",     "",         "Can Not Accept Blank",                        "Text1(24)"    },
+      {"Text1(24)",     "7",        "Duplicate Challan Number Not Allowed",        "Text1(24)"    },
+      {"Text1(24)",     "9",        "",                                            "Text1(5)"     },
+      {"Text1(5)",      "I0000099", "item does not exist",                         "Text1(5)"     },
+      {"Text1(5)",      "I0000002", "",                                            "Text1(10)"    },
+      {"Text1(7)",      "BOX",      "Unit Not Found",                              "Text1(7)"     },
+  };
+  for (const Case& c : cases) {
+    host.messages.clear();
+    host.fillEnter(c.field, c.typed);
+    EXPECT_EQ(host.lastMessage() + "/" + host.focus(), c.message + ("/" + std::string(c.focus)));
+    if (!host.messages.empty()) {
+      EXPECT_EQ(host.text(c.field), c.typed);
+    }
+  }
+  host.fill("Text1(0)", "0");
+  host.fill("MaskEdBox1(0)", "15062026");
+  host.go("Text1(11)");
+  host.enter();
+  host.press("CMDSAVE");
+  EXPECT_EQ(host.lastMessage() + host.messages.back().title, "Invalid EntryMirav Check");
+  host.fill("Text1(0)", "7");
+  host.press("CMDSAVE");
+  EXPECT_EQ(host.lastMessage(), "ITEM ALLREADY EXIST");
+  host.fill("Text1(0)", "8");
+  host.fill("Text1(4)", "A00077");
+  saveGoods();
+  EXPECT_EQ(line("SELECT PARTY_CD, NET_AMT FROM CHLN WHERE VOUCH_NO = 8"), "A00077|0")
+      << "no test of the party";
+}
+
+TEST_F(Frmchln, ModifyShowsTheChallanAndRewritesIt) {
+  startChallan("A00004");
+  typeGoods("I0000001", "2", "100");
+  typeGoods("MISC", "0", "50");
+  typeGoods("I0000003", "0", "50");
+  host.fillEnter("Text1(19)", "10");
+  host.keys({KeyCode::Enter, KeyCode::Enter});
+  saveGoods();
+  EXPECT_EQ(line("SELECT COUNT(*), SUM(SR_NO) FROM CHLNITM"), "2|3");
+  db().exec("INSERT INTO CHLN (VOUCH_NO, BOOK_CD, CHLN_TYP, CHLN_NO) VALUES (2, 'CH', 'DC', '2')");
+  for (const char* table : {"CHLN", "CHLNITM"}) {
+    db().exec(std::string("INSERT INTO ") + table + " (VOUCH_NO, BOOK_CD) VALUES (3, 'CH')");
+    for (const Column& column : db().columns(table))
+      if (column.name != "VOUCH_NO" && column.name != "BOOK_CD")
+        db().exec(std::string("UPDATE ") + table + " SET " + column.name + " = NULL WHERE VOUCH_NO = 3");
+  }
+  host.press("cmdEDIT");
+  EXPECT_EQ(host.screen().caption, "Sales Challan Entry Modify MODE");
+  host.fillEnter("Text1(0)", "9");
+  EXPECT_EQ(host.focus() + fields({0, 4}), "Text1(0)9|") << "nothing happens";
+  EXPECT_TRUE(host.messages.empty());
+  host.fillEnter("Text1(0)", "1");
+  EXPECT_EQ(host.focus() + host.text("Text2"), "MaskEdBox1(0)O'NEIL & ભાઈ");
+  EXPECT_EQ(fields({15, 23, 24, 4, 18, 26, 11, 19, 20, 28}), "PO/7|DC|1|A00004|200|2|.|10|20|180");
+  EXPECT_EQ(fields({5, 6, 7, 8, 9, 14}), "I0000001|CEILING FAN|PCS|2|100|200");
+  host.fillEnter("Text1(24)", "2");
+  EXPECT_EQ(host.lastMessage(), "Duplicate Challan Number Not Allowed");
+  host.messages.clear();
+  host.fillEnter("Text1(24)", "1");
+  EXPECT_TRUE(host.messages.empty()) << "its own number";
+  host.fillEnter("Text1(0)", "3");
+  EXPECT_EQ(fields({4, 15, 18, 28, 5, 8}) + host.text("Text2"), "||0|0||0") << "all of it Null";
+  host.fillEnter("Text1(0)", "1");
+  host.fillEnter("MaskEdBox1(0)", "20062026");
+  saveGoods();
+  EXPECT_EQ(line("SELECT VOUCH_DT, NET_AMT, (SELECT GROUP_CONCAT(DISTINCT VOUCH_DT) FROM CHLNITM WHERE"
+                 " VOUCH_NO = 1), (SELECT GROUP_CONCAT(VOUCH_DT) FROM ALEDGER) FROM CHLN WHERE VOUCH_NO = 1"),
+            "2026-06-20|180|2026-06-20|2026-06-20,2026-06-20");
+}
+
+TEST_F(Frmchln, DeleteLeavesTheLedgerStandingAndEscapeAsks) {
+  startChallan();
+  typeGoods("I0000001", "2", "100");
+  host.answers = {false};
+  host.escape();
+  EXPECT_EQ(host.lastQuestion() + host.screen().mode, "Do you want to exitADD");
+  saveGoods();
+  host.press("CMDDELETE");
+  EXPECT_EQ(host.screen().caption, "Sales Challan Entry Delete MODE");
+  host.answers = {false, true};
+  for (const char* left : {"1|1|2", "0|0|2"}) {
+    host.fillEnter("Text1(0)", "1");
+    EXPECT_EQ(host.lastQuestion(), "ARE YOU SURE");
+    EXPECT_EQ(
+        line("SELECT COUNT(*), (SELECT COUNT(*) FROM CHLNITM), (SELECT COUNT(*) FROM ALEDGER) FROM CHLN"),
+        left);
+  }
+  host.escape();
+  EXPECT_EQ(host.find("FRMCHLN"), nullptr) << "nothing is open to ask about";
+  startChallan();
+  EXPECT_EQ(fields({0, 24}), "1|1") << "both numbers are used again";
+}
+
+TEST_F(Frmchln, ADrillDownShowsTheChallanAndClosesAfterSave) {
+  startChallan();
+  typeGoods("I0000001", "2", "100");
+  saveGoods();
+  host.fillEnter("Text1(0)", "1");
+  EXPECT_EQ(host.text("Text1(28)"), "") << "after its save the mode stands";
+  host.closeTop();
+  openChallans();
+  host.fillEnter("Text1(0)", "1");
+  EXPECT_EQ(host.text("Text1(28)") + host.screen().mode, "200") << "at rest a number shows its challan";
+  host.closeTop();
+  openChallans({.caller = "regdlg1", .value = "1"});
+  EXPECT_EQ(host.screen().mode + host.text("Text1(28)"), "EDIT200");
+  host.go("Text1(11)");
+  host.enter();
+  host.press("CMDSAVE");
+  EXPECT_EQ(host.find("FRMCHLN"), nullptr);
+}
+
+TEST_F(Frmchln, AFreeNameIsTypedForMiscAlone) {
+  startChallan();
+  host.fillEnter("Text1(5)", "I0000001");
+  host.fillEnter("Text1(5)", "MISC");
+  EXPECT_EQ(host.text("Text1(6)") + host.focus(), "MISCText1(10)") << "no name of another item";
+  host.fillEnter("Text1(6)", "Old motor");
+  host.fillEnter("Text1(5)", "MISC");
+  EXPECT_EQ(fields({6, 10}), "OLD MOTOR|OLD MOTOR") << "a name already typed is kept";
+  host.fillEnter("Text1(5)", "I0000001");
+  EXPECT_EQ(host.text("Text1(6)"), "CEILING FAN");
+  EXPECT_FALSE(host.at("Text1(6)").enabled);
+}
+
+TEST_F(Frmchln, EarlierRatesComeUpBesideTheRate) {
+  startChallan();
+  typeGoods("I0000001", "2", "1500");
+  saveGoods();
+  startChallan();
+  host.fillEnter("Text1(5)", "I0000001");
+  host.keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
+  EXPECT_TRUE(host.at("DataGrid2").visible);
+  EXPECT_EQ(host.cell("DataGrid2", 0, 2) + " " + host.cell("DataGrid2", 0, 3), "2.000 1500");
+  host.keys({KeyCode::Down, KeyCode::Esc});
+  EXPECT_EQ(host.focus(), "Text1(9)");
+  EXPECT_FALSE(host.at("DataGrid2").visible);
+}
+
+// Every lookup's statement runs on a company as delivered.
+TEST_F(Frmchln, EveryKeyOpensALookupThatReads) {
+  startChallan();
+  typeGoods("I0000001", "2", "100");
+  saveGoods();
+  startChallan();
+  struct Keys {
+    const char* field;
+    std::vector<Key> keys;
+    size_t columns;
+  };
+  using enum KeyCode;
+  const std::vector<Keys> cases = {
+      {"Text1(0)",  {Enter, F1, F2}, 8},
+      {"Text1(4)",  {Enter},         4},
+      {"Text1(23)", {Enter},         1},
+      {"Text1(5)",  {Enter},         3},
+      {"Text1(10)", {F1},            1},
+      {"Text1(7)",  {Enter},         6},
+      {"Text1(7)",  {F1},            7},
+  };
+  for (const auto& [field, keys, columns] : cases)
+    for (const Key& key : keys) {
+      SCOPED_TRACE(field + (" " + nameOf(key)));
+      bool asked = false;
+      host.insideModal = {[&] {
+        asked = true;
+        EXPECT_GE(host.at("grdDataGrid").grid.count(), 1U);
+        EXPECT_EQ(host.at("grdDataGrid").grid.columns.size(), columns);
+        host.escape();
+      }};
+      Screen::set(host.at("Text1(5)"), "I0000001");
+      host.fill(field, "");
+      host.key(key);
+      EXPECT_TRUE(asked);
+      EXPECT_EQ(host.focus(), field);
+    }
+  host.insideModal = {[&] { host.enter(); }};
+  session().mlastitem = "I0000003";
+  host.fillEnter("Text1(5)", "");
+  EXPECT_EQ(host.text("Text1(6)") + host.focus(), "SALTText1(10)") << "a choice runs the field's Enter once";
+}
+
+// Apostrophes, Gujarati and signs, as many as a field takes, come back as they were typed.
+TEST_F(Frmchln, FieldsFilledToTheirLimitComeBack) {
+  startChallan();
+  host.fillEnter("Text1(5)", "I0000001");
+  const auto fill = [&](int field) {
+    const std::string name = "Text1(" + std::to_string(field) + ")";
+    std::string text;
+    while (utf8::length(text) < 150) text += "O'N \"ગુજરાતી\" %_\\; ";
+    host.fill(name, text);
+    EXPECT_EQ(host.text(name), cut(text, host.at(name).limit));
+    return trim(host.text(name));
+  };
+  std::map<int, std::string> typed;
+  typed[10] = fill(10);
+  host.fill("Text1(8)", "999999999.999");
+  host.go("Text1(9)");
+  host.enter();
+  host.enter();
+  for (const int field : {15, 23, 29, 1, 3, 11}) typed[field] = fill(field);
+  host.fill("Text1(24)", std::string(30, '9'));
+  saveGoods();
+  host.press("cmdEDIT");
+  host.fillEnter("Text1(0)", "1");
+  for (const auto& [field, text] : typed) EXPECT_EQ(fields({field}), text) << field;
+  EXPECT_EQ(fields({8, 24}), "999999999.999|1e+20");
+  EXPECT_EQ(line("SELECT GROUP_CONCAT(DISTINCT TRIM(NARRATION)) FROM ALEDGER"), typed[29]);
+}
+
+// Challans of nasty figures by keys, each figure as challan_oracle.py beside this file has it.
+TEST_F(Frmchln, KeepsToTheOracle) {
+  const std::string here = std::filesystem::path(MIRAV_TEST_DATA).parent_path();
+  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(
+      popen(("python3 '" + here + "/challan_oracle.py' 20260615 150").c_str(), "r"), &pclose);
+  std::string steps;
+  for (int ch; (ch = fgetc(pipe.get())) != EOF;) steps += static_cast<char>(ch);
+  int challans = 0;
+  for (const std::string& record : split(steps, "\n")) {
+    const std::vector<std::string> part = split(record, "\t");
+    SCOPED_TRACE(std::to_string(challans) + " " + record);
+    if (part[0] == "challan") {
+      startChallan();
+    } else if (part[0] == "enter") {
+      host.fillEnter(part[1], part[2]);
+    } else if (part[0] == "pass") {
+      host.go(part[1]);
+      host.enter();
+    } else if (part[0] == "see") {
+      EXPECT_EQ(host.text(part[1]), part[2]);
+    } else if (part[0] == "line") {
+      host.enter();
+      EXPECT_EQ(line("SELECT NUMTEXT(QUANTITY), NUMTEXT(RATE), NUMTEXT(NET_AMOUNT) FROM T_CHLNITM"
+                     " ORDER BY SR_NO DESC LIMIT 1"),
+                part[1]);
+    } else if (part[0] == "saved") {
+      if (++challans % 6 != 0) {
+        host.press("CMDCANCEL");
+        continue;
+      }
+      saveGoods();
+      EXPECT_EQ(line("SELECT NUMTEXT(ITEM_AMT), NUMTEXT(NO_OF_ITEM), NUMTEXT(DISC_PERC), NUMTEXT(DISC_AMT),"
+                     " NUMTEXT(CHRGS), NUMTEXT(NET_AMT) FROM CHLN ORDER BY VOUCH_NO DESC"),
+                part[1]);
+    }
+    if (HasFailure()) return;
+  }
+  EXPECT_EQ(line("SELECT COUNT(*), MAX(VOUCH_NO), MAX(VAL(CHLN_NO)) FROM CHLN"), "25|25|25");
+  EXPECT_EQ(line("SELECT COUNT(*) FROM CHLN WHERE (SELECT SUM(VOUCH_AMT) FROM ALEDGER AS A WHERE"
+                 " A.VOUCH_NO = CHLN.VOUCH_NO AND A.BOOK_CD = 'CH') IS NOT 2 * NET_AMT"),
+            "0");
+}
