@@ -96,9 +96,8 @@ Road roadTo(Database& db, const Book& book, const std::string& party) {
 Rows linesTo(Database& db, const Book& book, const RateQuery& of, const std::string& columns) {
   const std::string &heads = book.heads, &lines = book.lines;
   const Road road = roadTo(db, book, of.party);
-  return db.query("SELECT " + columns + road.from +
-                      " WHERE PARTY_CD = ? AND ITEM_CD = ? AND SIZE_CD = ? AND +" + heads +
-                      ".BOOK_CD = ? AND " + heads + ".VOUCH_NO = " + lines + ".VOUCH_NO AND " + heads +
+  return db.query("SELECT " + columns + road.from + " WHERE PARTY_CD = ? AND ITEM_CD = ? AND SIZE_CD = ? AND +" +
+                      heads + ".BOOK_CD = ? AND " + heads + ".VOUCH_NO = " + lines + ".VOUCH_NO AND " + heads +
                       ".BOOK_CD = " + lines + ".BOOK_CD ORDER BY " + road.day + " DESC",
                   of.party, of.item, of.unit, book.code);
 }
@@ -126,18 +125,20 @@ RateList earlierSales(Database& db, const Book& book, const RateQuery& of) {
 }
 
 RateList challanRates(Database& db, const Book& book, const RateQuery& of) {
-  return wholeList(
-      linesTo(db, book, of, "CHLNITM.VOUCH_NO, CHLNITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMOUNT"),
-      kChallans);
+  return wholeList(linesTo(db, book, of,
+                           "CHLNITM.VOUCH_NO, CHLNITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMOUNT"),
+                   kChallans);
 }
 
 std::vector<GridColumn> challanRateColumns() { return emptyList(kChallans).columns; }
 
-RateList partyRates(Database& db, const RateQuery& of) {
-  return wholeList(db.query("SELECT RT_DT, SIZE_CD, SALE_RATE1, SALE_DISC FROM PRTYRATE"
-                            " WHERE TRIM(ITEM_CD) = ? AND SIZE_CD = ? AND ACC_CD = ? ORDER BY RT_DT DESC",
-                            of.item, of.unit, of.party),
-                   kPartyRates);
+RateList partyRates(Database& db, const Book& book, const RateQuery& of) {
+  return wholeList(
+      db.query(
+          "SELECT RT_DT, SIZE_CD, " + book.rate + ", " + book.discount +
+              " FROM PRTYRATE WHERE TRIM(ITEM_CD) = ? AND SIZE_CD = ? AND ACC_CD = ? ORDER BY RT_DT DESC",
+          of.item, of.unit, of.party),
+      kPartyRates);
 }
 
 RateList purchaseRates(Database& db, const RateQuery& of) {

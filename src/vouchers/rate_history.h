@@ -8,7 +8,7 @@
 #include "store/database.h"
 #include "vouchers/book.h"
 
-// What an item has been sold for before, in rows for the grid beside the rate field.
+// What an item has been sold or bought for before, in rows for the grid beside the rate field.
 struct RateQuery {
   std::string party, item, unit;
 };
@@ -18,7 +18,8 @@ struct RateList {
   std::shared_ptr<CellRows> rows;
 };
 
-// The latest six sales to the party, newest first; more when the sixth shares its day.
+// The latest six sales to the party, or purchases from it, newest first; more when the sixth shares
+// its day.
 RateList latestSales(Database& db, const Book& book, const RateQuery& of);
 // All of them, with the bills' amounts.
 RateList earlierSales(Database& db, const Book& book, const RateQuery& of);
@@ -26,5 +27,5 @@ RateList earlierSales(Database& db, const Book& book, const RateQuery& of);
 RateList challanRates(Database& db, const Book& book, const RateQuery& of);
 std::vector<GridColumn> challanRateColumns();
 // The party's rate list, and the rates the item was bought at.
-RateList partyRates(Database& db, const RateQuery& of);
+RateList partyRates(Database& db, const Book& book, const RateQuery& of);
 RateList purchaseRates(Database& db, const RateQuery& of);

@@ -104,6 +104,7 @@ void VoucherScreen::showButtons(bool atRest) {
   atRest_ = atRest;
   for (const char* name : {"cmdadd", "cmdEDIT", "CMDDELETE", "cmdprint", "cmdclose"})
     at(name).visible = atRest;
+  if (book_.printKey.empty()) at("cmdprint").visible = false;
   for (const char* name : {"CMDSAVE", "CMDCANCEL"}) at(name).visible = !atRest;
   if (Control* const invites = find("SCR1")) invites->visible = atRest;
   reason = atRest || at("CMDSAVE").enabled ? "" : book_.saveOpens;
@@ -362,13 +363,15 @@ void VoucherScreen::saved(const std::string& words, const std::string& phone) {
     host.close(*this);
     return;
   }
+  // A voucher without a paper has nothing but the next one to go on with.
+  const bool onPaper = !book_.printKey.empty();
   Interaction closing{.text = words,
-                      .ok = "Print",
-                      .cancel = "New Entry",
-                      .okColour = kPrintColour,
+                      .ok = onPaper ? "Print" : "New Entry",
+                      .cancel = onPaper ? "New Entry" : "",
+                      .okColour = onPaper ? kPrintColour : kNewEntryColour,
                       .cancelColour = kNewEntryColour,
                       .phone = phone};
-  const bool prints = interact(host, closing);
+  const bool prints = interact(host, closing) && onPaper;
   clearAll();
   if (!prints) return;
   setMode("PRINT", book_.printing);
