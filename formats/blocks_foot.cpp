@@ -8,155 +8,230 @@ namespace formats {
 
 namespace {
 
-// What one column of the HSN summary shows: a formula over the row of the data sheet, the
-// sum of all rows from one on, and the total of the bill.
+// What one column of the HSN summary shows: fields of the data sheet added up, and the total
+// of the bill.
 struct HsnPart {
   Columns columns;
   const char* title;
-  int field1, field2, field3;  // added up; 0 for none
+  std::vector<int> fields;
   std::string total;
   bool money;
 };
 
+std::vector<HsnPart> hsnParts(const HsnColumns& columns, const Bill& bill) {
+  using namespace sheet3;
+  std::vector<HsnPart> parts = {
+      {columns.taxable,  "Taxable value", {Taxable},          bill.taxable, true },
+      {columns.cgstRate, "CGST %",        {CgstRate},         "",           false},
+      {columns.cgst,     "CGST",          {Cgst},             bill.cgst,    true },
+      {columns.sgstRate, "SGST %",        {SgstRate},         "",           false},
+      {columns.sgst,     "SGST",          {Sgst},             bill.sgst,    true },
+      {columns.igstRate, "IGST %",        {IgstRate},         "",           false},
+      {columns.igst,     "IGST",          {Igst},             bill.igst,    true },
+      {columns.tax,      "Total tax",     {Cgst, Sgst, Igst}, bill.tax,     true },
+  };
+  std::erase_if(parts, [](const HsnPart& part) { return part.columns.none(); });
+  return parts;
+}
+
 std::string added(const HsnPart& part, const std::function<std::string(int)>& each) {
   std::string text;
-  for (const int field : {part.field1, part.field2, part.field3})
-    if (field > 0) text += (text.empty() ? "" : "+") + each(field);
+  for (const int field : part.fields) text += (text.empty() ? "" : "+") + each(field);
   return text;
 }
 
-}  // namespace
-
-void hsnSummary(Sheet& sheet, int row, int rows, const HsnColumns& columns, const Bill& bill) {
+std::string code(int row) {
   using namespace sheet3;
-  const auto tax = bill.cgst + "+" + bill.sgst + "+" + bill.igst;
-  const std::vector<HsnPart> parts = {
-      {columns.taxable, "Taxable value", Taxable,  0,        0,        bill.taxable, true },
-      {columns.rate,    "GST %",         CgstRate, SgstRate, IgstRate, "",           false},
-      {columns.cgst,    "CGST",          Cgst,     0,        0,        bill.cgst,    true },
-      {columns.sgst,    "SGST",          Sgst,     0,        0,        bill.sgst,    true },
-      {columns.igst,    "IGST",          Igst,     0,        0,        bill.igst,    true },
-      {columns.tax,     "Total tax",     Cgst,     Sgst,     Igst,     tax,          true },
-  };
-  const int lastRow = row + 1 + rows;
-  const auto count = "COUNT(" + span(kFirstHsn, kLastHsn, Taxable) + ")";
-  const auto fits = [&](int i, const std::string& more, const std::string& own) {
-    // More codes than rows: the last row stands for all that are left.
-    return i + 1 < rows ? own : "IF(" + count + ">" + std::to_string(rows) + "," + more + "," + own + ")";
-  };
-  const Style head{
-      .size = 7, .bold = true, .colour = kQuiet, .across = Across::Centre, .edges = around(Edge::Thin)};
-  const auto edges = [&](int i) {
-    return Edges{Edge::Thin, i == 0 ? Edge::None : Edge::Faint, Edge::Thin, Edge::None};
-  };
+  return "IF(AND(" + shown(cell(row, HsnCode)) + "=\"\"," + cell(row, Taxable) + "<>\"\"),\"Without HSN\"," +
+         shown(cell(row, HsnCode)) + ")";
+}
 
-  sheet.text(at(row, columns.code), head, "HSN/SAC");
-  Style code{.size = 7.5, .shrink = true, .indent = 1};
-  for (int i = 0; i < rows; ++i) {
-    const auto others = "\"Others (\"&(" + count + "-" + std::to_string(rows - 1) + ")&\")\"";
-    sheet.formula(at(row + 1 + i, columns.code), with(code, edges(i)),
-                  fits(i, others, shown(cell(kFirstHsn + i, HsnCode))));
-  }
-  code.bold = true;
-  sheet.text(at(lastRow, columns.code), with(code, around(Edge::Thin)), "Total");
+// "9% + 9%" of CGST and SGST, "18%" of IGST.
+std::string rates(int row) {
+  using namespace sheet3;
+  const auto cgst = cell(row, CgstRate), sgst = cell(row, SgstRate), igst = cell(row, IgstRate);
+  const auto local = cgst + "&\"% + \"&" + sgst + "&\"%\"", other = igst + "&\"%\"";
+  const auto none = "IF(" + cell(row, Taxable) + "=\"\",\"\",\"Nil\")";
+  return "IF(N(" + igst + ")=0,IF(N(" + cgst + ")+N(" + sgst + ")=0," + none + "," + local + "),IF(N(" +
+         cgst + ")+N(" + sgst + ")=0," + other + "," + local + "&\" + \"&" + other + "))";
+}
 
-  for (const auto& part : parts) {
-    sheet.text(at(row, part.columns), head, part.title);
-    Style style{.size = 7.5, .across = Across::Right, .shrink = true, .number = part.money ? kMoney : ""};
-    for (int i = 0; i < rows; ++i) {
-      const auto own = added(part, [&](int field) { return cell(kFirstHsn + i, field); });
-      const auto rest = added(part, [&](int field) { return sum(span(kFirstHsn + i, kLastHsn, field)); });
-      sheet.formula(at(row + 1 + i, part.columns), with(style, edges(i)),
-                    fits(i, part.money ? unlessZero(rest) : quoted(""), unlessZero(own)));
+class HsnTable {
+ public:
+  HsnTable(Sheet& sheet, int row, int rows, double size)
+      : sheet_(sheet),
+        row_(row),
+        rows_(rows),
+        size_(size),
+        count_("COUNT(" + sheet3::span(sheet3::kFirstHsn, sheet3::kLastHsn, sheet3::Taxable) + ")") {}
+
+  // A column: its heading, what each row shows of the data sheet's row, what stands for all
+  // rows from one on when they do not fit, and the total.
+  void column(Columns where, const char* title, Style style, const std::function<std::string(int)>& own,
+              const std::function<std::string(int)>& rest, const std::string& total) {
+    const Style head{.size = size_ - 0.5,
+                     .bold = true,
+                     .colour = kQuiet,
+                     .across = Across::Centre,
+                     .shrink = true,
+                     .edges = around(Edge::Thin)};
+    sheet_.text(at(row_, where), head, title);
+    style.size = size_;
+    style.shrink = true;
+    for (int i = 0; i < rows_; ++i) {
+      style.edges = {Edge::Thin, i == 0 ? Edge::None : Edge::Faint, Edge::Thin, Edge::None};
+      const int data = sheet3::kFirstHsn + i;
+      const auto text = i + 1 < rows_ ? own(data)
+                                      : "IF(" + count_ + ">" + std::to_string(rows_) + "," + rest(data) +
+                                            "," + own(data) + ")";
+      sheet_.formula(at(row_ + 1 + i, where), style, text);
     }
     style.bold = true;
     style.edges = around(Edge::Thin);
-    if (part.total.empty())
-      sheet.blank(at(lastRow, part.columns), style);
+    if (total.empty())
+      sheet_.blank(at(row_ + 1 + rows_, where), style);
     else
-      sheet.formula(at(lastRow, part.columns), style, unlessZero(part.total));
+      sheet_.formula(at(row_ + 1 + rows_, where), style, total);
+  }
+
+  std::string others() const {
+    return "\"Others (\"&(" + count_ + "-" + std::to_string(rows_ - 1) + ")&\")\"";
+  }
+
+ private:
+  Sheet& sheet_;
+  int row_, rows_;
+  double size_;
+  std::string count_;
+};
+
+}  // namespace
+
+void hsnSummary(Sheet& sheet, int row, int rows, const HsnColumns& columns, const Bill& bill, double size) {
+  using namespace sheet3;
+  HsnTable table(sheet, row, rows, size);
+  const auto nothing = [](int) { return quoted(""); };
+  table.column(
+      columns.code, "HSN/SAC", {.indent = 1}, code, [&](int) { return table.others(); }, quoted("Total"));
+  if (!columns.rate.none())
+    table.column(columns.rate, "Rate", {.across = Across::Centre}, rates, nothing, "");
+  for (const HsnPart& part : hsnParts(columns, bill)) {
+    const Style style{.across = Across::Right, .number = part.money ? kMoney : ""};
+    const auto own = [&](int data) {
+      return unlessZero(added(part, [&](int field) { return cell(data, field); }));
+    };
+    const auto rest = [&](int data) {
+      return unlessZero(added(part, [&](int field) { return sum(span(data, kLastHsn, field)); }));
+    };
+    if (part.money)
+      table.column(part.columns, part.title, style, own, rest, unlessZero(part.total));
+    else
+      table.column(part.columns, part.title, style, own, nothing, "");
   }
 }
 
-void totalsBox(Sheet& sheet, int row, Columns label, Columns value, const Bill& bill) {
-  const std::vector<std::pair<const char*, std::string>> lines = {
+std::vector<Facts::Named> totalLines(Facts& facts, const Bill& bill, int rows,
+                                     const std::vector<Facts::Named>& before) {
+  std::vector<Facts::Named> lines = before;
+  const std::vector<std::pair<const char*, std::string>> own = {
       {"Taxable value", bill.taxable },
       {"CGST",          bill.cgst    },
       {"SGST",          bill.sgst    },
       {"IGST",          bill.igst    },
       {"Round off",     bill.roundOff},
   };
-  Style name{
-      .size = 8, .colour = kQuiet, .indent = 1, .edges = {Edge::Thin, Edge::None, Edge::None, Edge::Faint}
-  };
-  Style figure{
-      .size = 8.5,
-      .across = Across::Right,
-      .shrink = true,
-      .number = kMoney,
-      .edges = {Edge::None, Edge::None, Edge::Thin, Edge::Faint}
-  };
-  for (const auto& [title, reference] : lines) {
-    sheet.text(at(row, label), name, title);
-    // A format with conditions loses the sign of a negative number in some programs.
-    figure.number = reference == bill.roundOff ? "0.00" : kMoney;
-    sheet.formula(at(row, value), figure, amount(reference));
-    ++row;
+  for (const auto& [title, reference] : own) {
+    auto value = amount(reference);
+    // As text: a format with conditions loses the sign of a negative number in some programs.
+    if (reference == bill.roundOff)
+      value = "IF(ROUND(" + reference + ",2)=0,\"\",TEXT(" + reference + ",\"0.00\"))";
+    lines.push_back({quoted(title), value});
   }
-  name = {
-      .size = 9,
-      .bold = true,
-      .colour = kAccent,
-      .fill = kTint,
-      .indent = 1,
-      .edges = {Edge::Thin, Edge::Thin, Edge::None, Edge::Thin}
-  };
-  figure = {
-      .size = 13,
-      .bold = true,
-      .colour = kAccent,
-      .fill = kTint,
-      .across = Across::Right,
-      .shrink = true,
-      .number = kRupees,
-      .edges = {Edge::None, Edge::Thin, Edge::Thin, Edge::Thin}
-  };
-  sheet.text(at(row, label, 2), name, "Bill Amount");
-  sheet.formula(at(row, value, 2), figure, bill.net);
+  return facts.closed(lines, rows);
 }
 
-void wordsRow(Sheet& sheet, int row, Columns columns, const std::string& label, const std::string& words) {
-  Style style{.size = 8.5, .bold = true, .shrink = true, .indent = 1, .edges = sides(Edge::Thin)};
+namespace {
+
+// Gives the row behind the lines.
+int totalRows(Sheet& sheet, int row, Columns label, Columns value, const std::vector<Facts::Named>& lines,
+              double size) {
+  Style name{.size = size - 0.5, .colour = kQuiet, .shrink = true, .indent = 1};
+  name.edges = {Edge::Thin, Edge::None, Edge::None, Edge::Faint};
+  Style figure{.size = size, .across = Across::Right, .shrink = true, .number = kMoney};
+  figure.edges = {Edge::None, Edge::None, Edge::Thin, Edge::Faint};
+  for (const auto& [title, reference] : lines) {
+    sheet.formula(at(row, label), name, title);
+    sheet.formula(at(row, value), figure, reference);
+    ++row;
+  }
+  return row;
+}
+
+Style netLabel(double size) {
+  return {.size = size, .bold = true, .colour = kAccent, .fill = kTint, .shrink = true, .indent = 1};
+}
+
+Style netFigure(double size) {
+  return {.size = size,
+          .bold = true,
+          .colour = kAccent,
+          .fill = kTint,
+          .across = Across::Right,
+          .shrink = true,
+          .number = kRupees};
+}
+
+}  // namespace
+
+void totalsBox(Sheet& sheet, int row, Columns label, Columns value, const std::vector<Facts::Named>& lines,
+               const Bill& bill, double size) {
+  row = totalRows(sheet, row, label, value, lines, size);
+  const Edges first{Edge::Thin, Edge::Thin, Edge::None, Edge::Thin};
+  const Edges last{Edge::None, Edge::Thin, Edge::Thin, Edge::Thin};
+  sheet.text(at(row, label, 2), with(netLabel(size + 0.5), first), "Bill Amount");
+  sheet.formula(at(row, value, 2), with(netFigure(size * 1.5), last), bill.net);
+}
+
+void narrowTotalsBox(Sheet& sheet, int row, Columns label, Columns value,
+                     const std::vector<Facts::Named>& lines, const Bill& bill, double size) {
+  row = totalRows(sheet, row, label, value, lines, size);
+  const Columns both{label.left, value.right};
+  sheet.text(at(row, both), with(netLabel(size + 0.5), kLid), "Bill Amount");
+  sheet.formula(at(row + 1, both), with(netFigure(size * 1.5), kTray), bill.net);
+}
+
+void wordsRow(Sheet& sheet, int row, Columns columns, const std::string& label, const std::string& words,
+              double size) {
+  Style style{.size = size, .bold = true, .shrink = true, .indent = 1, .edges = sides(Edge::Thin)};
   style.edges.bottom = Edge::Faint;
   sheet.formula(at(row, columns), style, quoted(label + " : ") + "&" + words);
 }
 
-void bankAndNotes(Sheet& sheet, int row, Columns left, Columns right, const Company& company) {
+std::string bankLine(const Company& company) {
+  return labelled("Bank : ", company.bank) + "&" + labelled(",  ", company.account);
+}
+
+void notes(Sheet& sheet, int row, Columns left, Columns right, const std::string& text,
+           const Company& company, int rows, double size) {
   const Columns both{left.left, right.right};
-  sheet.formula(at(row, both), {.size = 7, .wrap = true, .indent = 1, .edges = sides(Edge::Thin)},
-                labelled("Bank : ", company.bank) + "&" + labelled(",  ", company.account) +
-                    "&CHAR(10)&\"Declaration : This invoice shows the actual price, and all particulars are "
-                    "true and correct.\"");
-  Style last{
-      .size = 7.5,
-      .colour = kQuiet,
-      .shrink = true,
-      .indent = 1,
-      .edges = {Edge::Thin, Edge::None, Edge::None, Edge::Thin}
-  };
-  sheet.formula(at(row + 1, left), last,
+  sheet.formula(at(row, both, rows), {.size = size, .wrap = true, .indent = 1, .edges = sides(Edge::Thin)},
+                (text.empty() ? text : text + "&CHAR(10)&") + quoted(kDeclaration));
+  Style last{.size = size + 0.5, .colour = kQuiet, .shrink = true, .indent = 1};
+  last.edges = {Edge::Thin, Edge::None, Edge::None, Edge::Thin};
+  sheet.formula(at(row + rows, left), last,
                 "\"E. & O.E.\"&" + labelled("     Subject to jurisdiction of ", company.city));
   last.across = Across::Right;
   last.edges = {Edge::None, Edge::None, Edge::Thin, Edge::Thin};
-  sheet.text(at(row + 1, right), last, "Receiver's Signature");
+  sheet.text(at(row + rows, right), last, "Receiver's Signature");
 }
 
-void signature(Sheet& sheet, int row, Columns columns, const Company& company) {
+void signature(Sheet& sheet, int row, Columns columns, const Company& company, int room, double size) {
   const Style head{
-      .size = 8.5, .bold = true, .across = Across::Centre, .shrink = true, .edges = sides(Edge::Thin)};
+      .size = size, .bold = true, .across = Across::Centre, .shrink = true, .edges = sides(Edge::Thin)};
   sheet.formula(at(row, columns), head, "\"For \"&" + company.name);
-  sheet.blank(at(row + 1, columns), {.edges = sides(Edge::Thin)});
-  sheet.text(at(row + 2, columns), {.size = 8, .colour = kQuiet, .across = Across::Centre, .edges = kTray},
+  sheet.blank(at(row + 1, columns, room), {.edges = sides(Edge::Thin)});
+  sheet.text(at(row + 1 + room, columns),
+             {.size = size - 0.5, .colour = kQuiet, .across = Across::Centre, .edges = kTray},
              "Authorised Signatory");
 }
 

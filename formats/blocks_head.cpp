@@ -3,45 +3,53 @@
 
 namespace formats {
 
-namespace {
-
-const Style kLabel{.size = 7, .colour = kQuiet};
-const Style kValue{.size = 8.5, .shrink = true};
-
-}  // namespace
-
-void titleBar(Sheet& sheet, int row, Columns left, Columns middle, Columns right, const std::string& title,
-              int page, const std::string& pages) {
-  const auto edged = [&](Style style, bool first, bool last) {
-    style.fill = kTint;
-    style.edges = {first ? Edge::Thin : Edge::None, Edge::Thin, last ? Edge::Thin : Edge::None, Edge::Thin};
-    return style;
-  };
-  sheet.text(at(row, left), edged({.size = 7, .colour = kQuiet, .indent = 1}, true, false),
-             "Original / Duplicate / Triplicate");
-  sheet.text(at(row, middle),
-             edged({.size = 12, .bold = true, .colour = kAccent, .across = Across::Centre}, false, false),
-             title);
-  sheet.formula(at(row, right), edged({.size = 8, .across = Across::Right, .indent = 1}, false, true),
-                quoted("Page " + std::to_string(page) + " of ") + "&" + pages);
+std::string pageOf(int page, const std::string& pages) {
+  return quoted("Page " + std::to_string(page) + " of ") + "&" + pages;
 }
 
-void companyHead(Sheet& sheet, int row, Columns all, const Company& company) {
-  sheet.formula(at(row, all),
-                with({.size = 18, .bold = true, .colour = kAccent, .across = Across::Centre, .shrink = true},
-                     sides(Edge::Thin)),
-                company.name);
-  const Style line{.size = 8.5, .across = Across::Centre, .shrink = true};
+void copyMark(Sheet& sheet, int row, Columns left, const char* mark, double size) {
+  Style style{.size = size * 0.625, .colour = kQuiet, .fill = kTint, .shrink = true, .indent = 1};
+  style.edges = {Edge::Thin, Edge::Thin, Edge::None, Edge::Thin};
+  sheet.text(at(row, left), style, mark);
+}
+
+void titleBar(Sheet& sheet, int row, Columns left, Columns middle, Columns right, const std::string& title,
+              int page, const std::string& pages, double size) {
+  const auto edged = [&](Style style, bool last) {
+    style.fill = kTint;
+    style.edges = {Edge::None, Edge::Thin, last ? Edge::Thin : Edge::None, Edge::Thin};
+    return style;
+  };
+  copyMark(sheet, row, left, kOriginal, size);
+  sheet.text(at(row, middle),
+             edged({.size = size, .bold = true, .colour = kAccent, .across = Across::Centre}, false), title);
+  sheet.formula(at(row, right), edged({.size = size * 0.625, .across = Across::Right, .indent = 1}, true),
+                pageOf(page, pages));
+}
+
+std::string taxNumbers(const Company& company, const std::string& gap) {
+  return labelled("GSTIN : ", company.gstin) + "&" + labelled(gap + "PAN : ", company.pan) + "&" +
+         labelled(gap + "State : ", company.state);
+}
+
+void companyHead(Sheet& sheet, int row, Columns all, const Company& company, double size) {
+  sheet.formula(
+      at(row, all),
+      with({.size = size, .bold = true, .colour = kAccent, .across = Across::Centre, .shrink = true},
+           sides(Edge::Thin)),
+      company.name);
+  const double small = size > 14 ? 8.5 : size / 2;
+  const Style line{.size = small, .across = Across::Centre, .shrink = true};
   sheet.formula(at(row + 1, all), with(line, sides(Edge::Thin)), company.address);
   sheet.formula(at(row + 2, all), with(line, sides(Edge::Thin)), company.contact);
   sheet.formula(at(row + 3, all),
-                with({.size = 9, .bold = true, .across = Across::Centre, .shrink = true}, kTray),
-                labelled("GSTIN : ", company.gstin) + "&" + labelled("          PAN : ", company.pan) + "&" +
-                    labelled("          State : ", company.state));
+                with({.size = small + 0.5, .bold = true, .across = Across::Centre, .shrink = true}, kTray),
+                taxNumbers(company, "          "));
 }
 
-void partyBlock(Sheet& sheet, int row, Columns columns, const std::string& heading, const Party& party) {
-  const Style head{.size = 7.5, .bold = true, .colour = kAccent, .indent = 1, .edges = kLid};
+void partyBlock(Sheet& sheet, int row, Columns columns, const std::string& heading, const Party& party,
+                double size) {
+  const Style head{.size = size - 1, .bold = true, .colour = kAccent, .indent = 1, .edges = kLid};
   sheet.text(at(row, columns), head, heading);
   const std::vector<std::string> lines = {
       party.name,
@@ -49,48 +57,83 @@ void partyBlock(Sheet& sheet, int row, Columns columns, const std::string& headi
       party.line2,
       party.line3,
       labelled("State : ", party.state),
-      "\"GSTIN : \"&IF(" + party.gstin + "=\"\",\"Unregistered\"," + party.gstin + ")",
+      party.registration,
       labelled("Contact : ", party.contact),
   };
   constexpr size_t kName = 0, kGstin = 5;
   for (size_t i = 0; i < lines.size(); ++i) {
-    Style style{.size = 8.5, .shrink = true, .indent = 1, .edges = sides(Edge::Thin)};
-    if (i == kName) style.size = 9.5;
+    Style style{.size = size, .shrink = true, .indent = 1, .edges = sides(Edge::Thin)};
+    if (i == kName) style.size = size + 1;
     style.bold = i == kName || i == kGstin;
     if (i + 1 == lines.size()) style.edges.bottom = Edge::Thin;
     sheet.formula(at(row + 1 + static_cast<int>(i), columns), style, lines[i]);
   }
 }
 
-void factsBlock(Sheet& sheet, int row, const FactColumns& columns,
-                const std::vector<std::vector<Fact>>& rows) {
+std::string dayText(const std::string& date) {
+  return "IF(" + date + "=\"\",\"\",TEXT(" + date + ",\"dd/mm/yyyy\"))";
+}
+
+std::vector<Fact> closedFacts(Facts& facts, const std::vector<Facts::Named>& all, int rows) {
+  std::vector<Fact> shown;
+  for (const auto& [label, value] : facts.closed(all, rows))
+    shown.push_back({.label = label, .value = value, .ofData = true});
+  return shown;
+}
+
+FactRows inRows(const std::vector<Fact>& facts, size_t ofRow) {
+  FactRows rows;
+  for (size_t i = 0; i < facts.size(); ++i) {
+    if (i % ofRow == 0) rows.emplace_back();
+    rows.back().push_back(facts[i]);
+  }
+  return rows;
+}
+
+void factsBlock(Sheet& sheet, int row, const FactColumns& columns, const FactRows& rows, double size) {
   for (size_t i = 0; i < rows.size(); ++i) {
     const int r = row + static_cast<int>(i);
     const Edge top = i == 0 ? Edge::Thin : Edge::Faint;
     const Edge bottom = i + 1 == rows.size() ? Edge::Thin : Edge::None;
-    const auto& facts = rows[i];
-    const bool two = facts.size() > 1;
-    const auto put = [&](Columns label, Columns value, const Fact& fact, bool first, bool last) {
-      Style name = with(kLabel, {first ? Edge::Thin : Edge::None, top, Edge::None, bottom});
-      name.indent = 1;
-      Style text = with(kValue, {Edge::None, top, last ? Edge::Thin : Edge::None, bottom});
-      text.bold = fact.bold;
-      text.number = fact.number;
-      sheet.text(at(r, label), name, fact.label);
+    for (size_t f = 0; f < rows[i].size(); ++f) {
+      const Fact& fact = rows[i][f];
+      const bool last = f + 1 == rows[i].size();
+      Style name{.size = size - 1.5, .colour = kQuiet, .shrink = true, .indent = 1};
+      name.edges = {f == 0 ? Edge::Thin : Edge::None, top, Edge::None, bottom};
+      Style text{.size = size, .bold = fact.bold, .shrink = true, .number = fact.number};
+      text.edges = {Edge::None, top, last ? Edge::Thin : Edge::None, bottom};
+      const auto [label, own] = columns[f];
+      const Columns value{own.left, last ? columns.back().second.right : own.right};
+      if (fact.ofData)
+        sheet.formula(at(r, label), name, fact.label);
+      else
+        sheet.text(at(r, label), name, fact.label);
       if (fact.value.empty())
         sheet.blank(at(r, value), text);
       else
         sheet.formula(at(r, value), text, fact.value);
-    };
-    put(columns.label, two ? columns.value : Columns{columns.value.left, columns.value2.right}, facts[0],
-        true, !two);
-    if (two) put(columns.label2, columns.value2, facts[1], false, true);
+    }
   }
 }
 
-void remarksRow(Sheet& sheet, int row, Columns columns, const Bill& bill) {
-  sheet.formula(at(row, columns), {.size = 8, .shrink = true, .indent = 1, .edges = kTray},
-                labelled("Remarks : ", bill.narration));
+namespace {
+
+void textRow(Sheet& sheet, int row, Columns columns, const std::string& text, double size, Room room) {
+  const bool wrap = room == Room::TwoLines;
+  sheet.formula(at(row, columns), {.size = size, .wrap = wrap, .shrink = !wrap, .indent = 1, .edges = kTray},
+                text);
+}
+
+}  // namespace
+
+void remarksRow(Sheet& sheet, int row, Columns columns, const Bill& bill, double size, Room room) {
+  textRow(sheet, row, columns, labelled("Remarks : ", bill.narration), size, room);
+}
+
+void deliveryAndRemarksRow(Sheet& sheet, int row, Columns columns, const Bill& bill, double size, Room room) {
+  const auto remarks =
+      "IF(" + bill.deliveredTo + "=\"\",\"\",\"     \")&" + labelled("Remarks : ", bill.narration);
+  textRow(sheet, row, columns, labelled("Ship To : ", bill.deliveredTo) + "&" + remarks, size, room);
 }
 
 }  // namespace formats

@@ -3,133 +3,209 @@
 
 namespace formats {
 
-namespace {
+namespace figures {
 
-std::string range(char column, int first, int last) {
-  return std::string(1, column) + std::to_string(first) + ":" + column + std::to_string(last);
+std::string discount(int slot) {
+  return "ROUND(ROUND(" + Bill::figure(slot, "SALEITM.QUANTITY") + "*" + Bill::figure(slot, "SALEITM.RATE") +
+         ",2)*" + Bill::figure(slot, "SALEITM.SALE_DISC") + "/100,2)";
 }
 
-}  // namespace
+std::string taxRate(int slot) {
+  return Bill::figure(slot, "SALEITM.CGSTRT") + "+" + Bill::figure(slot, "SALEITM.SGSTRT") + "+" +
+         Bill::figure(slot, "SALEITM.IGSTRT");
+}
 
-void tableHead(Sheet& sheet, int row, const std::vector<LineColumn>& columns) {
-  const Style head{.size = 7.5,
-                   .bold = true,
-                   .colour = kInk,
-                   .fill = kTint,
-                   .across = Across::Centre,
-                   .wrap = true,
-                   .edges = around(Edge::Thin)};
+std::string tax(int slot) {
+  return Bill::figure(slot, "SALEITM.CGSTAMT") + "+" + Bill::figure(slot, "SALEITM.SGSTAMT") + "+" +
+         Bill::figure(slot, "SALEITM.IGSTAMT");
+}
+
+// Not SALEITM.NET_AMOUNT: it may differ by a paisa from what it is the total of.
+std::string net(int slot) { return Bill::figure(slot, "SALEITM.AMOUNT") + "+" + tax(slot); }
+
+}  // namespace figures
+
+void tableHead(Sheet& sheet, int row, const std::vector<LineColumn>& columns, const TableStyle& style) {
+  const Style head{
+      .size = style.size,
+      .bold = true,
+      .colour = kInk,
+      .fill = kTint,
+      .across = Across::Centre,
+      .wrap = true,
+      .edges = {style.beside, Edge::Thin, style.beside, Edge::Thin}
+  };
   for (size_t i = 0; i < columns.size(); ++i) {
     const auto& column = columns[i];
+    Style own = head;
+    if (i == 0) own.edges.left = Edge::Thin;
+    if (i + 1 == columns.size()) own.edges.right = Edge::Thin;
     if (column.group.empty()) {
-      sheet.text(at(row, column.columns, 2), head, column.title);
+      sheet.text(at(row, column.columns, 2), own, column.title);
       continue;
     }
-    sheet.text(at(row + 1, column.columns), head, column.title);
+    sheet.text(at(row + 1, column.columns), own, column.title);
     if (i > 0 && columns[i - 1].group == column.group) continue;
     size_t last = i;
     while (last + 1 < columns.size() && columns[last + 1].group == column.group) ++last;
-    sheet.text(at(row, {column.columns.left, columns[last].columns.right}), head, column.group);
+    sheet.text(at(row, {column.columns.left, columns[last].columns.right}), own, column.group);
   }
 }
 
 namespace {
 
-Style lineStyle(LineColumn::Kind kind) {
+Style lineStyle(LineColumn::Kind kind, double size) {
   using Kind = LineColumn::Kind;
+  Style style{.size = size, .across = Across::Right, .shrink = true};
   switch (kind) {
     case Kind::Serial:
-      return {.size = 7.5, .across = Across::Centre, .shrink = true};
-    case Kind::Description:
-      return {.size = 7.5, .wrap = true};
     case Kind::Text:
-      return {.size = 7.5, .across = Across::Centre, .shrink = true};
-    case Kind::Plain:
-      return {.size = 7.5, .across = Across::Right, .shrink = true};
+      style.across = Across::Centre;
+      break;
+    case Kind::Description:
+      style.across = Across::Left;
+      break;
     case Kind::Money:
-      return {.size = 7.5, .across = Across::Right, .shrink = true, .number = kMoney};
-    default:
-      return {.size = 7.5, .across = Across::Right, .shrink = true, .number = kRate};
+      style.number = kMoney;
+      break;
+    case Kind::Rate:
+      style.number = kRate;
+      break;
+    case Kind::Plain:
+      break;
   }
+  return style;
 }
 
 std::string lineFormula(const LineColumn& column, int slot) {
   using Kind = LineColumn::Kind;
+  const auto row = Bill::slotRow(slot);
   switch (column.kind) {
     case Kind::Serial:
-      return "IF(" + Bill::slotRow(slot) + "=0,\"\"," + std::to_string(slot) + ")";
+      return "IF(" + row + "=0,\"\"," + std::to_string(slot) + ")";
     case Kind::Description:
       return Bill::slotDescription(slot);
     case Kind::Text:
       return shown(Bill::slot(slot, column.field));
     default:
-      break;
+      return "IF(" + row + "=0,\"\"," +
+             unlessZero(column.figure ? column.figure(slot) : Bill::figure(slot, column.field)) + ")";
   }
-  const auto row = Bill::slotRow(slot);
-  const auto field = Bill::slot(slot, column.field);
-  const auto inner = field.substr(field.find("INDEX("), field.size() - field.find("INDEX(") - 1);
-  return "IF(" + row + "=0,\"\"," + unlessZero(inner) + ")";
 }
 
 }  // namespace
 
-void slots(Sheet& sheet, int row, int count, int firstSlot, const std::vector<LineColumn>& columns) {
+void slots(Sheet& sheet, int row, int count, int firstSlot, const std::vector<LineColumn>& columns,
+           const TableStyle& table) {
   for (int i = 0; i < count; ++i)
-    for (const auto& column : columns) {
-      Style style = lineStyle(column.kind);
-      style.edges = {Edge::Thin, i == 0 ? Edge::None : Edge::Faint, Edge::Thin, Edge::None};
-      sheet.formula(at(row + i, column.columns), style, lineFormula(column, firstSlot + i));
+    for (size_t c = 0; c < columns.size(); ++c) {
+      Style style = lineStyle(columns[c].kind, table.size);
+      if (columns[c].kind == LineColumn::Kind::Description && table.wrap) {
+        style.wrap = true;
+        style.shrink = false;
+      }
+      style.edges = {c == 0 ? Edge::Thin : table.beside, i == 0 ? Edge::None : table.between,
+                     c + 1 == columns.size() ? Edge::Thin : table.beside, Edge::None};
+      sheet.formula(at(row + i, columns[c].columns), style, lineFormula(columns[c], firstSlot + i));
     }
 }
 
-namespace {
-
-Style totalStyle(LineColumn::Kind kind) {
-  Style style = lineStyle(kind);
-  style.across = Across::Right;
-  style.bold = true;
-  style.fill = kTint;
-  style.shrink = true;
-  style.wrap = false;
-  style.edges = around(Edge::Thin);
-  return style;
-}
-
-}  // namespace
-
-void totalRow(Sheet& sheet, int row, Columns label, const std::string& text,
-              const std::vector<LineColumn>& columns) {
-  Style style = totalStyle(LineColumn::Kind::Text);
-  style.size = 8;
-  style.indent = 1;
-  sheet.formula(at(row, label), style, text);
+void sumsRow(Sheet& sheet, int row, Columns label, const std::string& text,
+             const std::vector<LineColumn>& columns, const SumOf& sum, const TableStyle& table) {
+  Style name{.size = table.size, .bold = true, .fill = kTint, .across = Across::Right, .shrink = true};
+  name.indent = 1;
+  name.edges = {Edge::Thin, Edge::Thin, table.beside, Edge::Thin};
+  sheet.formula(at(row, label), name, text);
   for (const auto& column : columns) {
     if (column.columns.left <= label.right) continue;
-    if (column.total.empty())
-      sheet.blank(at(row, column.columns), totalStyle(column.kind));
+    Style style = lineStyle(column.kind, table.size);
+    style.across = Across::Right;
+    style.bold = true;
+    style.fill = kTint;
+    const bool last = &column == &columns.back();
+    style.edges = {table.beside, Edge::Thin, last ? Edge::Thin : table.beside, Edge::Thin};
+    const auto own = sum(column);
+    if (own.empty())
+      sheet.blank(at(row, column.columns), style);
     else
-      sheet.formula(at(row, column.columns), totalStyle(column.kind), amount(column.total));
+      sheet.formula(at(row, column.columns), style, unlessZero(own));
   }
 }
 
-void carriedRow(Sheet& sheet, int row, Columns label, int firstSlotRow, int lastSlotRow, int carriedBefore,
-                const std::vector<LineColumn>& columns) {
-  Style style = totalStyle(LineColumn::Kind::Text);
-  style.size = 8;
-  style.indent = 1;
-  sheet.text(at(row, label), style, "Carried forward");
-  for (const auto& column : columns) {
-    const char c = column.columns.left;
-    if (c <= label.right) continue;
-    if (!column.summed) {
-      sheet.blank(at(row, column.columns), totalStyle(column.kind));
-      continue;
-    }
-    auto total = sum(range(c, firstSlotRow, lastSlotRow));
-    if (carriedBefore > 0)
-      total = sum(range(c, firstSlotRow, lastSlotRow) + "," + c + std::to_string(carriedBefore));
-    sheet.formula(at(row, column.columns), totalStyle(column.kind), unlessZero(total));
+SumOf pageSums(const Form& form, int page) {
+  return [&form, page](const LineColumn& column) {
+    return column.summed ? sumOfPage(form, page, column.columns.left) : std::string();
+  };
+}
+
+SumOf sumsUpTo(const Form& form, int page) {
+  return [&form, page](const LineColumn& column) {
+    return column.summed ? sumUpTo(form, page, column.columns.left) : std::string();
+  };
+}
+
+SumOf lastPageSums(const Form& form, const Bill& bill) {
+  return [&form, pages = bill.pages](const LineColumn& column) {
+    return column.summed ? sumOfLastPage(form, pages, column.columns.left) : std::string();
+  };
+}
+
+SumOf billSums(const Form& form) {
+  return [&form](const LineColumn& column) {
+    if (!column.total.empty()) return column.total;
+    return column.summed ? sumUpTo(form, form.pages, column.columns.left) : std::string();
+  };
+}
+
+void pageSummary(Sheet& sheet, int row, const PageSums& sums, const Form& form, const Bill& bill,
+                 double size) {
+  const auto edges = [](int i) {
+    return Edges{Edge::Thin, i == 0 ? Edge::None : Edge::Faint, Edge::Thin, Edge::None};
+  };
+  const auto onPage = [&](int page, const std::string& text) {
+    return "IF(" + std::to_string(page) + ">" + bill.pages + ",\"\"," + text + ")";
+  };
+  const auto number = [](int n) { return std::to_string(n); };
+  const Style head{.size = size - 0.5,
+                   .bold = true,
+                   .colour = kQuiet,
+                   .across = Across::Centre,
+                   .shrink = true,
+                   .edges = around(Edge::Thin)};
+  Style words{.size = size, .across = Across::Centre, .shrink = true};
+  Style figure{.size = size, .across = Across::Right, .shrink = true, .number = kMoney};
+  const int last = row + form.pages + 1;
+
+  const auto label = [&](Columns where, const char* title, const char* total, const auto& ofPage) {
+    if (where.none()) return;
+    sheet.text(at(row, where), head, title);
+    for (int page = 1; page <= form.pages; ++page)
+      sheet.formula(at(row + page, where), with(words, edges(page - 1)), onPage(page, ofPage(page)));
+    Style sum = with(words, around(Edge::Thin));
+    sum.bold = true;
+    sheet.text(at(last, where), sum, total);
+  };
+  label(sums.page, "Page", "Total", number);
+  label(sums.lines, "Lines", "", [&](int page) {
+    return quoted(number((page - 1) * form.slots + 1) + " - ") + "&MIN(" + number(page * form.slots) + "," +
+           bill.lines + ")";
+  });
+  for (const auto& column : sums.columns) {
+    sheet.text(at(row, column.columns), head, column.title);
+    for (int page = 1; page <= form.pages; ++page)
+      sheet.formula(at(row + page, column.columns), with(figure, edges(page - 1)),
+                    onPage(page, unlessZero(sumOfPage(form, page, column.of))));
+    Style total = with(figure, around(Edge::Thin));
+    total.bold = true;
+    sheet.formula(at(last, column.columns), total, unlessZero(sumUpTo(form, form.pages, column.of)));
   }
+}
+
+void continued(Sheet& sheet, Cells where, int page, const Bill& bill, double size) {
+  sheet.formula(
+      where,
+      {.size = size, .italic = true, .colour = kQuiet, .across = Across::Centre, .edges = around(Edge::Thin)},
+      quoted("Continued on page " + std::to_string(page + 1) + " of ") + "&" + bill.pages);
 }
 
 }  // namespace formats

@@ -57,6 +57,13 @@ lxw_color_t lineColour(Edge edge) { return edge == Edge::Faint ? kFaintLine : kL
 
 }  // namespace
 
+double Paper::room() const {
+  constexpr double kShortOfA4 = 595.28, kLongOfA4 = 841.89, kShortOfA5 = 419.53;
+  const bool a4 = size == Size::A4;
+  const double height = a4 ? (landscape ? kShortOfA4 : kLongOfA4) : (landscape ? kShortOfA5 : kShortOfA4);
+  return height - 2 * topBottom;
+}
+
 Book::Book(const std::string& path) : path_(path), book_(workbook_new(path.c_str())) {
   if (!book_) throw BookError("Cannot make " + path);
   // The same design is the same file, whenever it is written.
@@ -114,6 +121,7 @@ lxw_format* Book::format(const Style& style) {
 }
 
 void Sheet::width(char c, double points) {
+  widths_[c] = points;
   worksheet_set_column_pixels(sheet_, column(c), column(c),
                               static_cast<uint32_t>(std::lround(points / kPointsPerPixel)), nullptr);
 }
@@ -132,56 +140,93 @@ void Sheet::frame(Cells where, const Style& style) {
     for (char c = where.left; c <= right; ++c) {
       Style cell = style;
       if (r != where.top) cell.edges.top = Edge::None;
-      if (r != last) cell.edges.bottom = Edge::None;
       if (c != where.left) cell.edges.left = Edge::None;
-      if (c != right) cell.edges.right = Edge::None;
-      worksheet_write_blank(sheet_, row(r), column(c), book_.format(cell));
+      worksheet_write_blank(sheet_, row(r), column(c),
+                            format({.top = r, .left = c, .bottom = last, .right = right}, cell));
     }
 }
 
-namespace {
-
-// The style of the first cell of a block.
-Style first(const Cells& where, Style style) {
+// Of the first cell of a block.
+lxw_format* Sheet::format(const Cells& where, Style style) {
   if (where.lastRow() != where.top) style.edges.bottom = Edge::None;
   if (where.lastColumn() != where.left) style.edges.right = Edge::None;
-  return style;
+  if (style.colour == kAccent) style.colour = palette_.accent;
+  if (style.fill == kAccent) style.fill = palette_.accent;
+  if (style.fill == kTint) style.fill = palette_.tint;
+  return book_.format(style);
 }
 
-}  // namespace
+void Sheet::write(const Written& cell, const std::string& formula) {
+  frame(cell.where, cell.style);
+  const auto r = row(cell.where.top);
+  const auto c = column(cell.where.left);
+  lxw_format* const made = format(cell.where, cell.style);
+  if (cell.formula)
+    worksheet_write_formula_str(sheet_, r, c, ("=" + formula).c_str(), made, "");
+  else if (!cell.text.empty())
+    worksheet_write_string(sheet_, r, c, cell.text.c_str(), made);
+}
 
 void Sheet::text(Cells where, const Style& style, std::string_view text) {
-  frame(where, style);
-  worksheet_write_string(sheet_, row(where.top), column(where.left), std::string(text).c_str(),
-                         book_.format(first(where, style)));
+  written_.push_back({where, style, false, std::string(text)});
+  write(written_.back(), {});
 }
 
 void Sheet::formula(Cells where, const Style& style, const std::string& formula) {
-  frame(where, style);
-  worksheet_write_formula_str(sheet_, row(where.top), column(where.left), ("=" + formula).c_str(),
-                              book_.format(first(where, style)), "");
+  written_.push_back({where, style, true, {}});
+  write(written_.back(), formula);
 }
 
 void Sheet::number(Cells where, const Style& style, double number) {
   frame(where, style);
-  worksheet_write_number(sheet_, row(where.top), column(where.left), number,
-                         book_.format(first(where, style)));
+  worksheet_write_number(sheet_, row(where.top), column(where.left), number, format(where, style));
 }
 
-void Sheet::blank(Cells where, const Style& style) { frame(where, style); }
+void Sheet::blank(Cells where, const Style& style) { text(where, style, {}); }
 
-void Sheet::paper(double leftRight, double topBottom, Cells printed) {
-  constexpr uint8_t kA4 = 9;
-  worksheet_set_paper(sheet_, kA4);
-  worksheet_set_portrait(sheet_);
-  const double inchesX = leftRight / kPointsPerInch, inchesY = topBottom / kPointsPerInch;
+void Sheet::picture(Cells where, const Picture& picture, double points, double dx, double dy) {
+  std::string description = "Logo";
+  lxw_image_options options{};
+  options.x_offset = static_cast<int32_t>(std::lround(dx / kPointsPerPixel));
+  options.y_offset = static_cast<int32_t>(std::lround(dy / kPointsPerPixel));
+  options.x_scale = options.y_scale = points / picture.points;
+  options.object_position = LXW_OBJECT_MOVE_AND_SIZE;
+  options.description = description.data();
+  const auto result = worksheet_insert_image_buffer_opt(
+      sheet_, row(where.top), column(where.left), reinterpret_cast<const unsigned char*>(picture.png.data()),
+      picture.png.size(), &options);
+  if (result != LXW_NO_ERROR) throw BookError(std::string("Cannot place a picture: ") + lxw_strerror(result));
+}
+
+void Sheet::repeat(int columns) {
+  const auto moved = [&](char c) { return static_cast<char>(c + columns); };
+  const auto shifted = [&](Cells where) {
+    if (where.right != 0) where.right = moved(where.right);
+    where.left = moved(where.left);
+    return where;
+  };
+  for (const auto& [c, points] : std::map(widths_)) width(moved(c), points);
+  for (const Written& cell : written_) {
+    Written copy = cell;
+    copy.where = shifted(cell.where);
+    write(copy, std::string(1, cell.where.left) + std::to_string(cell.where.top));
+  }
+}
+
+void Sheet::paper(const Paper& paper, Cells printed) {
+  worksheet_set_paper(sheet_, static_cast<uint8_t>(paper.size));
+  if (paper.landscape)
+    worksheet_set_landscape(sheet_);
+  else
+    worksheet_set_portrait(sheet_);
+  const double inchesX = paper.leftRight / kPointsPerInch, inchesY = paper.topBottom / kPointsPerInch;
   worksheet_set_margins(sheet_, inchesX, inchesX, inchesY, inchesY);
   lxw_header_footer_options none{};
   none.margin = 0.1;
   worksheet_set_header_opt(sheet_, "", &none);
   worksheet_set_footer_opt(sheet_, "", &none);
   worksheet_center_horizontally(sheet_);
-  worksheet_fit_to_pages(sheet_, 1, 0);
+  worksheet_fit_to_pages(sheet_, static_cast<uint16_t>(paper.across), 0);
   worksheet_print_area(sheet_, row(printed.top), column(printed.left), row(printed.lastRow()),
                        column(printed.lastColumn()));
   worksheet_gridlines(sheet_, LXW_HIDE_ALL_GRIDLINES);

@@ -37,6 +37,11 @@ constexpr uint32_t kAccent = 0x00626A;
 constexpr uint32_t kTint = 0xE4F1F0;
 constexpr uint32_t kNoFill = 0xFFFFFFFF;
 
+// What stands for kAccent and kTint on a sheet, so that one block suits designs of any colour.
+struct Palette {
+  uint32_t accent = kAccent, tint = kTint;
+};
+
 struct Style {
   double size = 8;
   bool bold = false, italic = false;
@@ -61,12 +66,27 @@ struct Cells {
   char lastColumn() const { return right == 0 ? left : right; }
 };
 
+struct Picture {
+  std::string png;
+  double points = 0;  // its own width
+};
+
+struct Paper {
+  enum class Size { A4 = 9, A5 = 11 } size = Size::A4;
+  bool landscape = false;
+  double leftRight = 14.4, topBottom = 14.4;  // margins
+  int across = 1;                             // sheets of paper side by side
+
+  double room() const;  // from the upper margin to the lower
+};
+
 class Sheet {
  public:
   Sheet(class Book& book, lxw_worksheet* sheet, std::string name)
       : book_(book), sheet_(sheet), name_(std::move(name)) {}
 
   const std::string& name() const { return name_; }
+  void palette(const Palette& palette) { palette_ = palette; }
   void width(char column, double points);
   void height(int row, double points);
   void hide();
@@ -77,15 +97,33 @@ class Sheet {
   void number(Cells where, const Style& style, double number);
   void blank(Cells where, const Style& style);
 
-  // A4 upright, margins in points, as wide as one sheet of paper, printed down to the last cell.
-  void paper(double leftRight, double topBottom, Cells printed);
+  // So many points wide, its top left corner `dx` and `dy` points inside the cell.
+  void picture(Cells where, const Picture& picture, double points, double dx, double dy);
+
+  // Shows all texts and formulas so far once more, so many columns further right; what was
+  // calculated is taken from the first.
+  void repeat(int columns);
+
+  // Printed down to the last cell and shrunk to the width of the paper when it must be.
+  void paper(const Paper& paper, Cells printed);
 
  private:
+  struct Written {
+    Cells where;
+    Style style;
+    bool formula = false;
+    std::string text;  // of a formula: not kept
+  };
   void frame(Cells where, const Style& style);
+  lxw_format* format(const Cells& where, Style style);
+  void write(const Written& cell, const std::string& formula);
 
   Book& book_;
   lxw_worksheet* sheet_;
   std::string name_;
+  Palette palette_;
+  std::vector<Written> written_;
+  std::map<char, double> widths_;
 };
 
 // Raised when the workbook cannot be written.

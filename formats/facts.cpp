@@ -1,5 +1,6 @@
 #include "formats/facts.h"
 
+#include <algorithm>
 #include <array>
 
 #include "formats/sheet3.h"
@@ -59,9 +60,7 @@ constexpr std::array kStates = {
     State{97, "Other Territory"                         },
 };
 
-constexpr char kSlotNo = 'G', kSlotRow = 'H', kSlotText = 'I', kSlotWhole = 'J';
-const std::string kRowLimit = "700";
-
+constexpr char kLabel = 'L', kValue = 'M', kCount = 'N', kShownLabel = 'O', kShownValue = 'P';
 std::string calc(char column, int row) { return std::string("CALC!$") + column + "$" + to_string(row); }
 
 }  // namespace
@@ -95,6 +94,36 @@ std::string Facts::state(std::string_view name, const std::string& code) {
                        ",2,FALSE)&\" (\",\"(\")&TEXT(" + code + ",\"00\")&\")\")");
 }
 
+std::vector<Facts::Named> Facts::closed(const std::vector<Named>& facts, int rows) {
+  const int first = closedRow_, last = closedRow_ + std::max(static_cast<int>(facts.size()), rows) - 1;
+  closedRow_ = last + 1;
+  // Beside each fact stands how many up to it have a value.
+  int row = first;
+  for (const Named& fact : facts) {
+    sheet_.formula({row, kLabel}, {}, fact.label);
+    sheet_.formula({row, kValue}, {}, fact.value);
+    const auto before = row == first ? std::string() : "+" + std::string(1, kCount) + to_string(row - 1);
+    sheet_.formula({row, kCount}, {},
+                   "IF(" + std::string(1, kValue) + to_string(row) + "=\"\",0,1)" + before);
+    ++row;
+  }
+  const auto found = [&](char column, int n) {
+    const auto range = [&](char c) {
+      const std::string name = "$" + std::string(1, c) + "$";
+      return name + to_string(first) + ":" + name + to_string(last);
+    };
+    return "IFERROR(INDEX(" + range(column) + ",MATCH(" + to_string(n) + "," + range(kCount) + ",0)),\"\")";
+  };
+  std::vector<Named> shown;
+  for (int n = 1; n <= rows; ++n) {
+    const int at = first + n - 1;
+    sheet_.formula({at, kShownLabel}, {}, found(kLabel, n));
+    sheet_.formula({at, kShownValue}, {}, found(kValue, n));
+    shown.push_back({calc(kShownLabel, at), calc(kShownValue, at)});
+  }
+  return shown;
+}
+
 std::string quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
 std::string shown(const std::string& x) {
@@ -123,8 +152,9 @@ Company companyFacts(Facts& facts) {
   const auto phone1 = field("Phone 1", 3, 3);
   const auto phone2 = field("Phone 2", 3, 5);
   const auto mail = field("E-mail", 4, 20);
-  const auto phones = facts.add("Phones", joined(phone1, ", ", phone2));
-  const auto phone = facts.add("Phone line", labelled("Phone : ", phones));
+  company.mail = mail;
+  company.phones = facts.add("Phones", joined(phone1, ", ", phone2));
+  const auto phone = facts.add("Phone line", labelled("Phone : ", company.phones));
   const auto mailLine = facts.add("E-mail line", labelled("E-mail : ", mail));
   company.contact = facts.add("Contact", joined(phone, "     ", mailLine));
   company.gstin = field("Company GSTIN", 4, 24);
@@ -136,151 +166,16 @@ Company companyFacts(Facts& facts) {
   company.state = facts.add("State line", "IF(" + byCode + "=\"\"," + named + "," + byCode + ")");
   company.city = field("Company city", 4, 28);
   company.address = facts.add("Address, city", joined(street, ", ", company.city));
-  const auto bankName = field("Bank", 4, 16);
-  const auto branch = field("Branch", 4, 17);
-  const auto branchLine = facts.add("Branch line", labelled("Branch : ", branch));
-  company.bank = facts.add("Bank line", joined(bankName, ",  ", branchLine));
-  const auto ifsc = field("IFSC", 4, 18);
-  const auto number = field("Account number", 4, 19);
-  const auto numberLine = facts.add("A/c line", labelled("A/c No : ", number));
-  const auto ifscLine = facts.add("IFSC line", labelled("IFSC : ", ifsc));
+  company.bankName = field("Bank", 4, 16);
+  company.branch = field("Branch", 4, 17);
+  const auto branchLine = facts.add("Branch line", labelled("Branch : ", company.branch));
+  company.bank = facts.add("Bank line", joined(company.bankName, ",  ", branchLine));
+  company.ifsc = field("IFSC", 4, 18);
+  company.accountNumber = field("Account number", 4, 19);
+  const auto numberLine = facts.add("A/c line", labelled("A/c No : ", company.accountNumber));
+  const auto ifscLine = facts.add("IFSC line", labelled("IFSC : ", company.ifsc));
   company.account = facts.add("Account line", joined(numberLine, ",  ", ifscLine));
   return company;
-}
-
-std::string Bill::slotRow(int slot) { return calc(kSlotRow, slot + 1); }
-
-std::string Bill::slotDescription(int slot) { return calc(kSlotText, slot + 1); }
-
-std::string Bill::slot(int slot, std::string_view field) {
-  const auto column = "$" + sheet3::letters(sheet3::billColumn(field)) + "$";
-  const auto row = slotRow(slot);
-  return "IF(" + row + "=0,\"\",INDEX(SHEET3!" + column + "1:" + column + kRowLimit + "," + row + "))";
-}
-
-namespace {
-
-// The first text when it stands, else the second.
-std::string either(const std::string& a, const std::string& b) {
-  return "IF(" + a + "=\"\"," + b + "," + a + ")";
-}
-
-// The slots in order: which row of the data sheet each shows, and its description.
-void addSlots(Facts& facts, int slots, const std::string& ordinary, const std::string& lines) {
-  auto& sheet = facts.sheet();
-  const Style head{.bold = true};
-  sheet.text({1, kSlotNo}, head, "Slot");
-  sheet.text({1, kSlotRow}, head, "Row");
-  sheet.text({1, kSlotText}, head, "Description");
-  for (int slot = 1; slot <= slots; ++slot) {
-    const int row = slot + 1;
-    const auto no = "$G" + to_string(row);
-    sheet.number({row, kSlotNo}, {}, slot);
-    sheet.formula({row, kSlotRow}, {},
-                  "IF(" + no + "<=" + ordinary + "," + to_string(sheet3::kFirstLine - 1) + "+" + no + ",IF(" +
-                      no + "<=" + lines + "," + to_string(sheet3::kFirstMisc - 1) + "+" + no + "-" +
-                      ordinary + ",0))");
-    const auto item = Bill::slot(slot, "ITEM.ITEM_NAME");
-    const auto category = Bill::slot(slot, "DEPTMENT.DEPT_NAME");
-    const auto detail = Bill::slot(slot, "SALEITM.ITEM_DESC");
-    // A line of the category MISC is told by its own words; a short name has its detail below
-    // it. Two lines of the slot hold about fifty letters.
-    const auto plain = "OR(" + detail + "=\"\"," + detail + "=\".\")";
-    const auto own = "$H" + to_string(row), whole = "$J" + to_string(row);
-    sheet.formula({row, kSlotWhole}, {},
-                  "IF(" + own + "=0,\"\",IF(" + plain + "," + item + "&\"\",IF(" + category + "=\"MISC\"," +
-                      detail + "," + item + "&IF(AND(LEN(" + item + ")<=24,LEN(" + item + "&" + detail +
-                      ")>24),CHAR(10),\", \")&" + detail + ")))");
-    sheet.formula({row, kSlotText}, {},
-                  "IF(LEN(" + whole + ")>54,LEFT(" + whole + ",53)&\"…\"," + whole + ")");
-  }
-}
-
-}  // namespace
-
-Bill billFacts(Facts& facts, int slots, int slotsOfPage) {
-  Bill bill;
-  const int serial = sheet3::billColumn("SALEITM.SR_NO");
-  const auto ordinary = facts.add("Ordinary lines", "COUNT(" + sheet3::span(8, 507, serial) + ")");
-  const auto misc = facts.add("Other lines", "COUNT(" + sheet3::span(508, 1007, serial) + ")");
-  bill.lines = facts.add("Lines", ordinary + "+" + misc);
-  bill.pages =
-      facts.add("Pages", "MAX(1,MIN(" + to_string(slots / slotsOfPage) + ",INT((" + bill.lines + "+" +
-                             to_string(slotsOfPage - 1) + ")/" + to_string(slotsOfPage) + ")))");
-  bill.unprinted = facts.add("Lines without a slot", "MAX(0," + bill.lines + "-" + to_string(slots) + ")");
-  const auto row = facts.add("First line", "IF(" + ordinary + ">0,8,508)");
-
-  const auto at = [&](std::string_view field) {
-    const auto column = "$" + sheet3::letters(sheet3::billColumn(field)) + "$";
-    return "INDEX(SHEET3!" + column + "1:" + column + "508," + row + ")";
-  };
-  const auto raw = [&](const char* name, std::string_view field) { return facts.add(name, at(field)); };
-  const auto text = [&](const char* name, std::string_view field) {
-    return facts.add(name, shown(at(field)));
-  };
-
-  const auto consigned = facts.add("Consignee", shown(at("ACCOUNT_1.ACC_NAME")));
-  const auto party = [&](const std::string& table) {
-    const bool ship = table == "ACCOUNT_1";
-    const auto of = [&](const std::string& name, const std::string& field) {
-      const auto own = shown(at("ACCOUNT." + field));
-      return facts.add(
-          (ship ? "Ship to: " : "Buyer: ") + name,
-          ship ? "IF(" + consigned + "=\"\"," + own + "," + shown(at("ACCOUNT_1." + field)) + ")" : own);
-    };
-    Party p;
-    p.name = of("name", "ACC_NAME");
-    const auto area = of("area", "AREA"), city = of("city", "CITY"), pin = of("pin", "PINCODE");
-    const auto areaCity = facts.add("area, city", joined(area, ", ", city));
-    const auto place = facts.add("place", joined(areaCity, " - ", pin));
-    const auto first = of("address 1", "ADD1"), second = of("address 2", "ADD2");
-    p.line1 = facts.add("line 1", either(first, either(second, place)));
-    p.line2 = facts.add("line 2", "IF(" + first + "=\"\",IF(" + second + "=\"\",\"\"," + place + ")," +
-                                      either(second, place) + ")");
-    p.line3 = facts.add("line 3", "IF(OR(" + first + "=\"\"," + second + "=\"\"),\"\"," + place + ")");
-    p.state =
-        facts.state("state", facts.add("state code", "IFERROR(VALUE(" + of("code", "STATECD") + "),0)"));
-    p.gstin = of("GSTIN", "GSTINNO");
-    const auto person = of("person", "PERSON_NM"), phone = of("phone", "PHONE1");
-    p.contact = facts.add("contact", joined(person, ", ", phone));
-    return p;
-  };
-  bill.buyer = party("ACCOUNT");
-  bill.consignee = party("ACCOUNT_1");
-
-  bill.number = text("Bill number", "SALE.BILL_NO");
-  bill.date = raw("Date", "SALE.VOUCH_DT");
-  bill.type = text("Bill type", "SALE.BL_TYPE");
-  bill.challan = text("Challan", "SALE.CHLN_NO");
-  bill.order = text("Order", "SALE.ORDER_NO");
-  bill.transport = text("Transport", "SALE.TRANSPORT");
-  bill.lrNumber = text("L.R. number", "SALE.GR_NO");
-  bill.lrDate = facts.add("L.R. date", "IF(" + bill.lrNumber + "=\"\",\"\"," + at("SALE.GR_DATE") + ")");
-  bill.destination = text("Destination", "SALE.DESTI");
-  bill.parcels = text("Parcels", "SALE.PARCLE");
-  const auto days = raw("Credit days", "SALE.CR_DAYS");
-  bill.creditDays = facts.add("Credit days shown", "IF(" + days + "=0,\"\"," + days + ")");
-  bill.dueDate = facts.add("Due date", "IF(" + days + "=0,\"\"," + bill.date + "+" + days + ")");
-  bill.placeOfSupply = bill.buyer.state;
-  bill.narration = text("Narration", "SALE.NARRATION");
-  bill.irn = text("IRN", "SALE.IRNNO");
-  bill.quantity = raw("Quantity", "SALE.NO_OF_ITEM");
-  bill.taxable = raw("Taxable value", "SALE.ITEM_AMT");
-  bill.cgst = raw("CGST", "SALE.TCGSTRT");
-  bill.sgst = raw("SGST", "SALE.TSGSTRT");
-  bill.igst = raw("IGST", "SALE.TIGSTRT");
-  bill.beforeRounding =
-      facts.add("Before rounding", bill.taxable + "+" + bill.cgst + "+" + bill.sgst + "+" + bill.igst);
-  bill.roundOff = raw("Round off", "SALE.ROUND_OFF");
-  bill.net = raw("Bill amount", "SALE.NET_AMT");
-  const auto words = [&](const char* name, int row2, int column) {
-    const auto cell = sheet3::cell(row2, column);
-    return facts.add(name, "IF(" + cell + "=\"..\",\"NIL\"," + cell + "&\"\")");
-  };
-  bill.netWords = words("Amount in words", 2, 6);
-  bill.taxWords = words("Tax in words", 2, 10);
-  addSlots(facts, slots, ordinary, bill.lines);
-  return bill;
 }
 
 }  // namespace formats

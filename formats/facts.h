@@ -16,11 +16,18 @@ class Facts {
   std::string add(std::string_view name, const std::string& formula);
   // Name of the state of a GST state code, "Gujarat (24)"; empty for none.
   std::string state(std::string_view name, const std::string& code);
+
+  // A label, as a formula, with its value.
+  struct Named {
+    std::string label, value;
+  };
+  // The same facts in so many rows, without gaps where a value is empty.
+  std::vector<Named> closed(const std::vector<Named>& facts, int rows);
   Sheet& sheet() { return sheet_; }
 
  private:
   Sheet& sheet_;
-  int row_ = 1;
+  int row_ = 1, closedRow_ = 1;
 };
 
 // A text with "." and "0" taken as empty.
@@ -34,12 +41,16 @@ std::string amount(const std::string& reference);
 std::string quoted(std::string_view text);
 
 struct Company {
-  std::string name, address, contact, gstin, pan, state, city, bank, account;
+  std::string name, address, phones, mail, contact, gstin, pan, state, city;
+  std::string bankName, branch, ifsc, accountNumber;
+  std::string bank, account;  // two of them each in a line
 };
 Company companyFacts(Facts& facts);
 
+// Name and address in four lines without gaps; long ones are shared out among them.
 struct Party {
-  std::string name, line1, line2, line3, state, gstin, contact;  // lines of the address, without gaps
+  std::string name, line1, line2, line3, address, state, gstin, contact;
+  std::string registration;  // GSTIN with its label
 };
 
 // A bill: references to its facts, and the lines that its slots show: the ordinary lines
@@ -48,15 +59,28 @@ struct Bill {
   std::string lines, pages, unprinted;
   Party buyer, consignee;
   std::string number, date, type, challan, order, transport, lrNumber, lrDate, destination, parcels;
-  std::string creditDays, dueDate, placeOfSupply, narration, irn;
-  std::string quantity, taxable, cgst, sgst, igst, beforeRounding, roundOff, net;
+  std::string transporterId, transporterPlace, transporterPhone, freight;
+  std::string dueDate, placeOfSupply, narration, irn;
+  std::string deliveredTo;  // name and address of a consignee that is not the buyer
+  std::string quantity, taxable, cgst, sgst, igst, tax, beforeRounding, roundOff, net;
   std::string netWords, taxWords;
+  // "Total", or what else the closing row must say of lines that have no slot.
+  std::string totalLabel;
 
   // Formulas of the slot, from 1; "" in a slot without a line.
   static std::string slotRow(int slot);
   static std::string slotDescription(int slot);
   static std::string slot(int slot, std::string_view field);
+  // A number of the slot's line; to be asked for only where there is a line.
+  static std::string figure(int slot, std::string_view field);
 };
-Bill billFacts(Facts& facts, int slots, int slotsOfPage);
+
+// How a design shows the lines of a bill.
+struct Slots {
+  int pages = 1, ofPage = 1;
+  int letters = 25;  // in a line of the description; what does not fit ends in "…"
+  bool twoLines = true;
+};
+Bill billFacts(Facts& facts, const Slots& slots);
 
 }  // namespace formats

@@ -1,53 +1,36 @@
-#include "formats/blocks.h"
 #include "formats/designs.h"
+#include "formats/invoice_design.h"
 #include "formats/styles.h"
 
-// Design 1: a tax invoice with CGST, SGST and IGST columns, 24 lines a page, up to three pages.
+// Design 1: one plain page after the other, with CGST, SGST and IGST columns.
 namespace formats {
 
 namespace {
 
-constexpr int kHead = 16, kSlots = 24, kFoot = 12, kPages = 3;
-constexpr int kPageRows = kHead + kSlots + kFoot;
-constexpr Columns kAll{'A', 'P'}, kLeft{'A', 'J'}, kRight{'K', 'P'};
 // clang-format off
+// Rows that stand side by side, parties and facts, have the tallest of their neighbours.
+const Form kForm{
+    .pages = 3, .slots = 24,
+    .head = {17.25, 22.5, 12.75, 12.75, 13.5, 12, 13.5, 12, 12, 12, 12, 12, 12, 12, 11.25, 11.25},
+    .foot = {15, 12, 11.25, 11.25, 11.25, 11.25, 11.25, 12, 13.5, 13.5, 28.5, 13.5},
+    .slot = 18,
+};
+constexpr Columns kAll{'A', 'P'}, kLeft{'A', 'J'}, kRight{'K', 'P'}, kLabel{'A', 'D'};
 constexpr HsnColumns kHsn{.code = {'A', 'B'}, .taxable = {'C', 'C'}, .rate = {'D', 'D'}, .cgst = {'E', 'F'},
                           .sgst = {'G', 'H'}, .igst = {'I', 'I'}, .tax = {'J', 'K'}};
-// clang-format on
-
-struct Width {
-  char column;
-  double points;
+const PageSums kPageSums{
+    .page = {'A', 'B'},
+    .columns = {{{'C', 'C'}, "Taxable value", 'I'}, {{'D', 'E'}, "CGST", 'K'}, {{'F', 'G'}, "SGST", 'M'},
+                {{'H', 'I'}, "IGST", 'O'}, {{'J', 'K'}, "Total", 'P'}},
 };
-constexpr Width kWidths[] = {
-    {'A', 16.5}, // Sr
-    {'B', 45  }, // Description, with C
-    {'C', 60  },
-    {'D', 36  }, // HSN
-    {'E', 33  }, // Qty
-    {'F', 24  }, // Unit
-    {'G', 40.5}, // Rate
-    {'H', 19.5}, // Disc %
-    {'I', 45  }, // Taxable
-    {'J', 16.5}, // CGST %
-    {'K', 39  },
-    {'L', 16.5}, // SGST %
-    {'M', 39  },
-    {'N', 16.5}, // IGST %
-    {'O', 39  },
-    {'P', 48  }, // Total
+const DesignTable kTable{
+    .form = kForm, .all = kAll,
+    .widths = {{'A', 16.5}, {'B', 45}, {'C', 60}, {'D', 36}, {'E', 33}, {'F', 24}, {'G', 40.5}, {'H', 19.5},
+               {'I', 45}, {'J', 16.5}, {'K', 39}, {'L', 16.5}, {'M', 39}, {'N', 16.5}, {'O', 39}, {'P', 48}},
 };
-
-// Every page is as high as its neighbours: together the rows fill one A4 sheet.
-constexpr double kHeadHeights[kHead] = {17.25, 22.5, 12.75, 12.75, 13.5, 12, 13.5,  12,
-                                        12,    12,   12,    12,    12,   12, 11.25, 11.25};
-constexpr double kSlotHeight = 18;
-constexpr double kFootHeights[kFoot] = {15,    12, 11.25, 11.25, 11.25, 11.25,
-                                        11.25, 12, 13.5,  13.5,  28.5,  13.5};
 
 using Kind = LineColumn::Kind;
 
-// clang-format off
 std::vector<LineColumn> lineColumns(const Bill& bill) {
   return {
       {.kind = Kind::Serial,      .columns = {'A', 'A'}, .title = "Sr"},
@@ -64,92 +47,70 @@ std::vector<LineColumn> lineColumns(const Bill& bill) {
       {.kind = Kind::Money,       .columns = {'M', 'M'}, .title = "Amount", .group = "SGST", .field = "SALEITM.SGSTAMT", .total = bill.sgst, .summed = true},
       {.kind = Kind::Plain,       .columns = {'N', 'N'}, .title = "%",      .group = "IGST", .field = "SALEITM.IGSTRT"},
       {.kind = Kind::Money,       .columns = {'O', 'O'}, .title = "Amount", .group = "IGST", .field = "SALEITM.IGSTAMT", .total = bill.igst, .summed = true},
-      {.kind = Kind::Money,       .columns = {'P', 'P'}, .title = "Total",  .field = "SALEITM.NET_AMOUNT", .total = bill.beforeRounding, .summed = true},
+      {.kind = Kind::Money,       .columns = {'P', 'P'}, .title = "Total",  .figure = figures::net, .total = bill.beforeRounding, .summed = true},
+  };
+}
+
+FactRows billFactRows(const Bill& bill) {
+  return {
+      {{.label = "Invoice No", .value = bill.number, .bold = true}, {.label = "Date", .value = bill.date, .number = kDay, .bold = true}},
+      {{.label = "Challan No", .value = bill.challan}, {.label = "Bill Type", .value = bill.type}},
+      {{.label = "Order No", .value = bill.order}},
+      {{.label = "Transport", .value = bill.transport}},
+      {{.label = "L.R. No", .value = bill.lrNumber}, {.label = "L.R. Date", .value = bill.lrDate, .number = kDay}},
+      {{.label = "Destination", .value = bill.destination}},
+      {{.label = "Parcels", .value = bill.parcels}, {.label = "Due Date", .value = bill.dueDate, .number = kDay}},
+      {{.label = "Place of Supply", .value = bill.placeOfSupply, .bold = true}},
+      {{.label = "Reverse Charge", .value = quoted("No")}},
   };
 }
 // clang-format on
 
-void head(Sheet& sheet, int row, int page, const Company& company, const Bill& bill,
-          const std::vector<LineColumn>& columns) {
-  for (int i = 0; i < kHead; ++i) sheet.height(row + i, kHeadHeights[i]);
-  titleBar(sheet, row, {'A', 'D'}, {'E', 'K'}, {'L', 'P'}, "TAX INVOICE", page, bill.pages);
-  companyHead(sheet, row + 1, kAll, company);
-  partyBlock(sheet, row + 5, {'A', 'D'}, "Bill To", bill.buyer);
-  partyBlock(sheet, row + 5, {'E', 'I'}, "Ship To", bill.consignee);
-  remarksRow(sheet, row + 13, {'A', 'I'}, bill);
-  // clang-format off
-  factsBlock(sheet, row + 5, {{'J', 'K'}, {'L', 'M'}, {'N', 'O'}, {'P', 'P'}},
-             {
-                 {{.label = "Invoice No", .value = bill.number, .bold = true}, {.label = "Date", .value = bill.date, .number = kDay, .bold = true}},
-                 {{.label = "Challan No", .value = bill.challan}, {.label = "Bill Type", .value = bill.type}},
-                 {{.label = "Order No", .value = bill.order}},
-                 {{.label = "Transport", .value = bill.transport}},
-                 {{.label = "L.R. No", .value = bill.lrNumber}, {.label = "L.R. Date", .value = bill.lrDate, .number = kDay}},
-                 {{.label = "Destination", .value = bill.destination}},
-                 {{.label = "Parcels", .value = bill.parcels}, {.label = "Due Date", .value = bill.dueDate, .number = kDay}},
-                 {{.label = "Place of Supply", .value = bill.placeOfSupply, .bold = true}},
-                 {{.label = "Reverse Charge", .value = quoted("No")}},
-             });
-  // clang-format on
-  tableHead(sheet, row + 14, columns);
-}
+class Design : public InvoiceDesign {
+ public:
+  explicit Design(Book& book) : InvoiceDesign(book, kTable) { columns_ = lineColumns(bill_); }
 
-// The foot of a page that another follows.
-void pageFoot(Sheet& sheet, int row, int page, int carriedBefore, const Company& company, const Bill& bill,
-              const std::vector<LineColumn>& columns) {
-  for (int i = 0; i < kFoot; ++i) sheet.height(row + i, kFootHeights[i]);
-  carriedRow(sheet, row, {'A', 'D'}, row - kSlots, row - 1, carriedBefore, columns);
-  sheet.formula(
-      at(row + 1, kAll, 8),
-      {.size = 10, .italic = true, .colour = kQuiet, .across = Across::Centre, .edges = around(Edge::Thin)},
-      quoted("Continued on page " + std::to_string(page + 1) + " of ") + "&" + bill.pages);
-  Style note{.size = 8, .colour = kQuiet, .down = Down::Bottom, .indent = 1};
-  note.edges.left = note.edges.bottom = Edge::Thin;
-  sheet.text(at(row + 9, kLeft, 3), note, "E. & O.E.");
-  signature(sheet, row + 9, kRight, company);
-}
+ private:
+  void head(int row, int page) override {
+    titleBar(sheet_, row, {'A', 'D'}, {'E', 'K'}, {'L', 'P'}, "TAX INVOICE", page, bill_.pages);
+    companyHead(sheet_, row + 1, kAll, company_);
+    partyBlock(sheet_, row + 5, {'A', 'D'}, "Bill To", bill_.buyer);
+    partyBlock(sheet_, row + 5, {'E', 'I'}, "Ship To", bill_.consignee);
+    remarksRow(sheet_, row + 13, {'A', 'I'}, bill_);
+    factsBlock(sheet_, row + 5,
+               {
+                   {{'J', 'K'}, {'L', 'M'}},
+                   {{'N', 'O'}, {'P', 'P'}}
+    },
+               billFactRows(bill_));
+    tableHead(sheet_, row + 14, columns_);
+  }
 
-void closingFoot(Sheet& sheet, int row, const Company& company, const Bill& bill,
-                 const std::vector<LineColumn>& columns) {
-  for (int i = 0; i < kFoot; ++i) sheet.height(row + i, kFootHeights[i]);
-  totalRow(sheet, row, {'A', 'D'},
-           "IF(" + bill.unprinted + ">0," + bill.unprinted + "&\" more lines not shown.  Total\",\"Total\")",
-           columns);
-  hsnSummary(sheet, row + 1, 5, kHsn, bill);
-  totalsBox(sheet, row + 1, {'L', 'N'}, {'O', 'P'}, bill);
-  wordsRow(sheet, row + 8, kAll, "Rupees", bill.netWords);
-  wordsRow(sheet, row + 9, kLeft, "Tax", bill.taxWords);
-  bankAndNotes(sheet, row + 10, {'A', 'F'}, {'G', 'J'}, company);
-  signature(sheet, row + 9, kRight, company);
-}
+  void pageFoot(int row, int page) override {
+    sums(row, kLabel, quoted("Carried forward"), sumsUpTo(kForm, page));
+    pageSummary(sheet_, row + 1, kPageSums, kForm, bill_);
+    sheet_.blank(at(row + 6, {'A', 'K'}, 3), {.edges = sides(Edge::Thin)});
+    continued(sheet_, at(row + 1, {'L', 'P'}, 8), page, bill_);
+    sheet_.blank(at(row + 9, kLeft), {.edges = sides(Edge::Thin)});
+    notes(sheet_, row + 10, {'A', 'F'}, {'G', 'J'}, bankLine(company_), company_);
+    signature(sheet_, row + 9, kRight, company_);
+  }
+
+  void closing(int row) override {
+    sums(row, kLabel, bill_.totalLabel, billSums(kForm));
+    hsnSummary(sheet_, row + 1, 5, kHsn, bill_);
+    totalsBox(sheet_, row + 1, {'L', 'N'}, {'O', 'P'}, totals_, bill_);
+    wordsRow(sheet_, row + 8, kAll, "Rupees", bill_.netWords);
+    wordsRow(sheet_, row + 9, kLeft, "Tax", bill_.taxWords);
+    notes(sheet_, row + 10, {'A', 'F'}, {'G', 'J'}, bankLine(company_), company_);
+    signature(sheet_, row + 9, kRight, company_);
+  }
+
+  const std::vector<Facts::Named> totals_ = totalLines(facts_, bill_, 5);
+};
 
 }  // namespace
 
-void invgst1(const std::string& path) {
-  Book book(path);
-  auto& sheet = book.sheet("BILL");
-  book.sheet("SHEET3").hide();
-  Facts facts(book);
-  const auto company = companyFacts(facts);
-  const auto bill = billFacts(facts, kSlots * kPages, kSlots);
-  const auto columns = lineColumns(bill);
-
-  for (const auto& [column, points] : kWidths) sheet.width(column, points);
-  sheet.paper(14.4, 14.4, {1, kAll.left, kPageRows * kPages, kAll.right});
-  int carried = 0;
-  for (int page = 1; page <= kPages; ++page) {
-    const int top = (page - 1) * kPageRows + 1;
-    head(sheet, top, page, company, bill, columns);
-    for (int i = 0; i < kSlots; ++i) sheet.height(top + kHead + i, kSlotHeight);
-    slots(sheet, top + kHead, kSlots, (page - 1) * kSlots + 1, columns);
-    const int foot = top + kHead + kSlots;
-    if (page == kPages)
-      closingFoot(sheet, foot, company, bill, columns);
-    else
-      pageFoot(sheet, foot, page, carried, company, bill, columns);
-    carried = foot;
-  }
-  book.close();
-}
+void invgst1(const std::string& path) { writeDesign<Design>(path); }
 
 }  // namespace formats

@@ -1,0 +1,234 @@
+#include <functional>
+
+#include "formats/facts.h"
+#include "formats/sheet3.h"
+
+namespace formats {
+
+using std::to_string;
+
+namespace {
+
+constexpr char kSlotNo = 'G', kSlotRow = 'H', kSlotText = 'I', kSlotWhole = 'J';
+const std::string kRowLimit = "700";
+
+std::string slotCell(char column, int slot) {
+  return std::string("CALC!$") + column + "$" + to_string(slot + 1);
+}
+
+}  // namespace
+
+std::string Bill::slotRow(int slot) { return slotCell(kSlotRow, slot); }
+
+std::string Bill::slotDescription(int slot) { return slotCell(kSlotText, slot); }
+
+std::string Bill::figure(int slot, std::string_view field) {
+  const auto column = "$" + sheet3::letters(sheet3::billColumn(field)) + "$";
+  return "INDEX(SHEET3!" + column + "1:" + column + kRowLimit + "," + slotRow(slot) + ")";
+}
+
+std::string Bill::slot(int slot, std::string_view field) {
+  return "IF(" + slotRow(slot) + "=0,\"\"," + figure(slot, field) + ")";
+}
+
+namespace {
+
+// The first text when it stands, else the second.
+std::string either(const std::string& a, const std::string& b) {
+  return "IF(" + a + "=\"\"," + b + "," + a + ")";
+}
+
+std::string whole(const Slots& slots) { return to_string(slots.pages * slots.ofPage); }
+
+std::string cut(const std::string& text, int letters) {
+  return "IF(LEN(" + text + ")>" + to_string(letters) + ",LEFT(" + text + "," + to_string(letters - 1) +
+         ")&\"…\"," + text + ")";
+}
+
+// What a slot says of its line: the item with its detail, in the second line where the first
+// cannot hold both. A line of the category MISC is told by its own words.
+std::string wholeDescription(int slot) {
+  const auto item = Bill::slot(slot, "ITEM.ITEM_NAME");
+  const auto category = Bill::slot(slot, "DEPTMENT.DEPT_NAME");
+  const auto detail = Bill::slot(slot, "SALEITM.ITEM_DESC");
+  const auto plain = "OR(" + detail + "=\"\"," + detail + "=\".\")";
+  return "IF(" + Bill::slotRow(slot) + "=0,\"\",IF(" + plain + "," + item + "&\"\",IF(" + category +
+         "=\"MISC\"," + detail + "," + item + "&\", \"&" + detail + ")))";
+}
+
+std::string description(int slot, const std::string& whole, const Slots& slots) {
+  if (!slots.twoLines) return cut(whole, slots.letters);
+  const auto item = Bill::slot(slot, "ITEM.ITEM_NAME"), letters = to_string(slots.letters);
+  const auto rest = "MID(" + whole + ",LEN(" + item + ")+3,300)";
+  // Words do not break where a line is full.
+  constexpr int kLost = 6;
+  return "IF(LEN(" + whole + ")<=" + letters + "," + whole + ",IF(AND(LEN(" + item + ")<=" + letters +
+         ",LEFT(" + whole + ",LEN(" + item + ")+1)=" + item + "&\",\")," + item + "&CHAR(10)&" +
+         cut(rest, slots.letters) + "," + cut(whole, 2 * slots.letters - kLost) + "))";
+}
+
+// The slots in order: which row of the data sheet each shows, and its description.
+void addSlots(Facts& facts, const Slots& slots, const std::string& ordinary, const std::string& lines) {
+  auto& sheet = facts.sheet();
+  const Style head{.bold = true};
+  sheet.text({1, kSlotNo}, head, "Slot");
+  sheet.text({1, kSlotRow}, head, "Row");
+  sheet.text({1, kSlotText}, head, "Description");
+  for (int slot = 1; slot <= slots.pages * slots.ofPage; ++slot) {
+    const int row = slot + 1;
+    const auto no = "$G" + to_string(row), words = "$J" + to_string(row);
+    sheet.number({row, kSlotNo}, {}, slot);
+    sheet.formula({row, kSlotRow}, {},
+                  "IF(" + no + "<=" + ordinary + "," + to_string(sheet3::kFirstLine - 1) + "+" + no + ",IF(" +
+                      no + "<=" + lines + "," + to_string(sheet3::kFirstMisc - 1) + "+" + no + "-" +
+                      ordinary + ",0))");
+    sheet.formula({row, kSlotWhole}, {}, wholeDescription(slot));
+    sheet.formula({row, kSlotText}, {}, description(slot, words, slots));
+  }
+}
+
+// Of all lines, those without a slot too, as they stand in the blocks of the data sheet.
+std::string ofLines(std::string_view field) {
+  const int column = sheet3::billColumn(field);
+  return sheet3::span(8, 1007, column);
+}
+
+}  // namespace
+
+namespace {
+
+// From the first blank behind such a part of a text: where its next line begins.
+std::string breakBehind(const std::string& text, int part, int of) {
+  const auto from = "MAX(1,INT(LEN(" + text + ")*" + to_string(part) + "/" + to_string(of) + "))";
+  return "IFERROR(FIND(\" \"," + text + "," + from + "),LEN(" + text + "))";
+}
+
+// The name and the address of a party in four lines. What is too long to be read in its own
+// line is shared out evenly.
+void shareOut(Facts& facts, Party& party) {
+  constexpr const char *kLongName = "42", *kLongLine = "46";
+  const auto name = party.name, address = party.address;
+  const auto longName = facts.add("long name", "LEN(" + name + ")>" + kLongName);
+  const auto longest = "MAX(LEN(" + party.line1 + "),LEN(" + party.line2 + "),LEN(" + party.line3 + "))";
+  const auto longLine = facts.add("long line", "OR(" + longName + "," + longest + ">" + kLongLine + ")");
+  const auto half = facts.add("half of the name", breakBehind(name, 1, 2));
+  const auto first = facts.add("first break", "IF(" + longName + "," + breakBehind(address, 1, 2) + "," +
+                                                  breakBehind(address, 1, 3) + ")");
+  const auto second = facts.add(
+      "second break", "IF(" + longName + ",LEN(" + address + ")," + breakBehind(address, 2, 3) + ")");
+  const auto line1 = facts.add("part 1", "LEFT(" + address + "," + first + ")");
+  const auto line2 = facts.add("part 2", "MID(" + address + "," + first + "+1," + second + "-" + first + ")");
+  const auto line3 = facts.add("part 3", "MID(" + address + "," + second + "+1,300)");
+  const auto shared = [&](const std::string& whenName, const std::string& whenLine, const std::string& own) {
+    return "IF(" + longName + "," + whenName + ",IF(" + longLine + "," + whenLine + "," + own + "))";
+  };
+  party.name = facts.add("shown name", shared("LEFT(" + name + "," + half + ")", name, name));
+  const auto own1 = party.line1, own2 = party.line2, own3 = party.line3;
+  party.line1 = facts.add("shown line 1", shared("MID(" + name + "," + half + "+1,100)", line1, own1));
+  party.line2 = facts.add("shown line 2", shared(line1, line2, own2));
+  party.line3 = facts.add("shown line 3", shared(line2, line3, own3));
+}
+
+// The party of a bill, or whoever the goods go to: the party itself when nobody else is named.
+Party partyFacts(Facts& facts, const std::function<std::string(std::string_view)>& at, bool consignee) {
+  const auto consigned = facts.add("Consignee", shown(at("ACCOUNT_1.ACC_NAME")));
+  const auto of = [&](const std::string& name, const std::string& field) {
+    const auto own = shown(at("ACCOUNT." + field));
+    if (!consignee) return facts.add("Buyer: " + name, own);
+    return facts.add("Ship to: " + name,
+                     "IF(" + consigned + "=\"\"," + own + "," + shown(at("ACCOUNT_1." + field)) + ")");
+  };
+  Party p;
+  p.name = of("name", "ACC_NAME");
+  const auto area = of("area", "AREA"), city = of("city", "CITY"), pin = of("pin", "PINCODE");
+  const auto areaCity = facts.add("area, city", joined(area, ", ", city));
+  const auto place = facts.add("place", joined(areaCity, " - ", pin));
+  const auto first = of("address 1", "ADD1"), second = of("address 2", "ADD2");
+  p.line1 = facts.add("line 1", either(first, either(second, place)));
+  p.line2 = facts.add("line 2", "IF(" + first + "=\"\",IF(" + second + "=\"\",\"\"," + place + ")," +
+                                    either(second, place) + ")");
+  p.line3 = facts.add("line 3", "IF(OR(" + first + "=\"\"," + second + "=\"\"),\"\"," + place + ")");
+  const auto streets = facts.add("lines 1, 2", joined(p.line1, ", ", p.line2));
+  p.address = facts.add("address", joined(streets, ", ", p.line3));
+  shareOut(facts, p);
+  p.state = facts.state("state", facts.add("state code", "IFERROR(VALUE(" + of("code", "STATECD") + "),0)"));
+  p.gstin = of("GSTIN", "GSTINNO");
+  p.registration = "\"GSTIN : \"&IF(" + p.gstin + "=\"\",\"Unregistered\"," + p.gstin + ")";
+  const auto person = of("person", "PERSON_NM"), phone = of("phone", "PHONE1");
+  p.contact = facts.add("contact", joined(person, ", ", phone));
+  return p;
+}
+
+}  // namespace
+
+Bill billFacts(Facts& facts, const Slots& slots) {
+  Bill bill;
+  const int serial = sheet3::billColumn("SALEITM.SR_NO");
+  const auto ordinary = facts.add("Ordinary lines", "COUNT(" + sheet3::span(8, 507, serial) + ")");
+  const auto misc = facts.add("Other lines", "COUNT(" + sheet3::span(508, 1007, serial) + ")");
+  bill.lines = facts.add("Lines", ordinary + "+" + misc);
+  bill.pages = facts.add("Pages", "MAX(1,MIN(" + to_string(slots.pages) + ",INT((" + bill.lines + "+" +
+                                      to_string(slots.ofPage - 1) + ")/" + to_string(slots.ofPage) + ")))");
+  bill.unprinted = facts.add("Lines without a slot", "MAX(0," + bill.lines + "-" + whole(slots) + ")");
+  const auto row = facts.add("First line", "IF(" + ordinary + ">0,8,508)");
+
+  const auto at = [&](std::string_view field) {
+    const auto column = "$" + sheet3::letters(sheet3::billColumn(field)) + "$";
+    return "INDEX(SHEET3!" + column + "1:" + column + "508," + row + ")";
+  };
+  const auto raw = [&](const char* name, std::string_view field) { return facts.add(name, at(field)); };
+  const auto text = [&](const char* name, std::string_view field) {
+    return facts.add(name, shown(at(field)));
+  };
+
+  bill.buyer = partyFacts(facts, at, false);
+  const auto consigned = facts.add("Consignee", shown(at("ACCOUNT_1.ACC_NAME")));
+  bill.consignee = partyFacts(facts, at, true);
+  bill.deliveredTo = facts.add("Delivered to", "IF(" + consigned + "=\"\",\"\"," + consigned + "&\", \"&" +
+                                                   bill.consignee.address + ")");
+
+  bill.number = text("Bill number", "SALE.BILL_NO");
+  bill.date = raw("Date", "SALE.VOUCH_DT");
+  bill.type = text("Bill type", "SALE.BL_TYPE");
+  bill.challan = text("Challan", "SALE.CHLN_NO");
+  bill.order = text("Order", "SALE.ORDER_NO");
+  bill.transport = text("Transport", "SALE.TRANSPORT");
+  bill.lrNumber = text("L.R. number", "SALE.GR_NO");
+  bill.lrDate = facts.add("L.R. date", "IF(" + bill.lrNumber + "=\"\",\"\"," + at("SALE.GR_DATE") + ")");
+  bill.destination = text("Destination", "SALE.DESTI");
+  bill.parcels = text("Parcels", "SALE.PARCLE");
+  bill.transporterId = text("Transporter's GSTIN", "TRANS_GOV_ID");
+  bill.transporterPhone = text("Transporter's phone", "TPHONE1");
+  const auto area = text("Transporter's area", "TAREA"), city = text("Transporter's city", "TCITY");
+  bill.transporterPlace = facts.add("Transporter's place", joined(area, ", ", city));
+  bill.freight = text("Freight", "SALE.FREIGHT");
+  const auto days = raw("Credit days", "SALE.CR_DAYS");
+  bill.dueDate = facts.add("Due date", "IF(" + days + "=0,\"\"," + bill.date + "+" + days + ")");
+  bill.placeOfSupply = bill.buyer.state;
+  bill.narration = text("Narration", "SALE.NARRATION");
+  bill.irn = text("IRN", "SALE.IRNNO");
+  bill.quantity = raw("Quantity", "SALE.NO_OF_ITEM");
+  bill.taxable = raw("Taxable value", "SALE.ITEM_AMT");
+  bill.cgst = raw("CGST", "SALE.TCGSTRT");
+  bill.sgst = raw("SGST", "SALE.TSGSTRT");
+  bill.igst = raw("IGST", "SALE.TIGSTRT");
+  bill.tax = facts.add("Tax", bill.cgst + "+" + bill.sgst + "+" + bill.igst);
+  bill.beforeRounding = facts.add("Before rounding", bill.taxable + "+" + bill.tax);
+  const auto listed = facts.add("Taxable value of the lines", "SUM(" + ofLines("SALEITM.AMOUNT") + ")");
+  bill.totalLabel =
+      facts.add("Total label", "IF(" + bill.unprinted + ">0," + bill.unprinted +
+                                   "&\" more lines not shown.  Total\",IF(ABS(" + listed + "-" +
+                                   bill.taxable + ")>0.004,\"With lines not shown.  Total\",\"Total\"))");
+  bill.roundOff = raw("Round off", "SALE.ROUND_OFF");
+  bill.net = raw("Bill amount", "SALE.NET_AMT");
+  const auto words = [&](const char* name, int row2, int column) {
+    const auto cell = sheet3::cell(row2, column);
+    return facts.add(name, "IF(" + cell + "=\"..\",\"NIL\"," + cell + "&\"\")");
+  };
+  bill.netWords = words("Amount in words", 2, 6);
+  bill.taxWords = words("Tax in words", 2, 10);
+  addSlots(facts, slots, ordinary, bill.lines);
+  return bill;
+}
+
+}  // namespace formats

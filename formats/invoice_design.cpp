@@ -1,0 +1,54 @@
+#include "formats/invoice_design.h"
+
+namespace formats {
+
+namespace {
+
+// A page that is too high, or so low that the next one's title fits under it, would let the
+// pages break elsewhere.
+void check(const Form& form, const Paper& paper) {
+  const double left = paper.room() - form.pageHeight();
+  if (left < 0 || left >= form.head.front())
+    throw BookError("The rows of a page leave " + std::to_string(left) + " points of the paper.");
+}
+
+Sheet& hidden(Sheet& sheet) {
+  sheet.hide();
+  return sheet;
+}
+
+}  // namespace
+
+InvoiceDesign::InvoiceDesign(Book& book, const DesignTable& table)
+    : table_(table),
+      form_(table.form),
+      sheet_(book.sheet("BILL")),
+      data_(hidden(book.sheet("SHEET3"))),
+      facts_(book),
+      company_(companyFacts(facts_)),
+      bill_(billFacts(facts_, {.pages = form_.pages,
+                               .ofPage = form_.slots,
+                               .letters = table.letters,
+                               .twoLines = table.table.wrap})) {
+  check(form_, table.paper);
+  sheet_.palette(table.palette);
+  for (const auto& [column, points] : table.widths) sheet_.width(column, points);
+  sheet_.paper(table.paper, {1, table.all.left, form_.rows(), table.all.right});
+}
+
+void InvoiceDesign::write() {
+  writePages(sheet_, form_,
+             {.head = [this](int row, int page) { head(row, page); },
+              .slots =
+                  [this](int row, int page) {
+                    slots(sheet_, row, form_.slots, (page - 1) * form_.slots + 1, columns_, table_.table);
+                  },
+              .foot = [this](int row, int page) { pageFoot(row, page); },
+              .closing = [this](int row) { closing(row); }});
+}
+
+void InvoiceDesign::sums(int row, Columns label, const std::string& text, const SumOf& sum) {
+  sumsRow(sheet_, row, label, text, columns_, sum, table_.table);
+}
+
+}  // namespace formats
