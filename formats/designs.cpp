@@ -13,6 +13,7 @@ struct Design {
 
 constexpr Design kDesigns[] = {
     {"INVGST1.xlsx", &invgst1},
+    {"INVGST2.xlsx", &invgst2},
 };
 
 }  // namespace
