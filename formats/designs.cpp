@@ -14,6 +14,7 @@ struct Design {
 constexpr Design kDesigns[] = {
     {"INVGST1.xlsx", &invgst1},
     {"INVGST2.xlsx", &invgst2},
+    {"INVGST3.xlsx", &invgst3},
 };
 
 }  // namespace
