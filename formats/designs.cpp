@@ -15,6 +15,7 @@ constexpr Design kDesigns[] = {
     {"INVGST1.xlsx", &invgst1},
     {"INVGST2.xlsx", &invgst2},
     {"INVGST3.xlsx", &invgst3},
+    {"INVGST4.xlsx", &invgst4},
 };
 
 }  // namespace
