@@ -16,6 +16,7 @@ constexpr Design kDesigns[] = {
     {"INVGST2.xlsx", &invgst2},
     {"INVGST3.xlsx", &invgst3},
     {"INVGST4.xlsx", &invgst4},
+    {"INVGST5.xlsx", &invgst5},
 };
 
 }  // namespace

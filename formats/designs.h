@@ -9,6 +9,7 @@ void invgst1(const std::string& path);
 void invgst2(const std::string& path);
 void invgst3(const std::string& path);
 void invgst4(const std::string& path);
+void invgst5(const std::string& path);
 
 // Writes every design into a folder, which is made when it is missing. Raises BookError.
 void writeAll(const std::string& folder);
