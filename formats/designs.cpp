@@ -17,6 +17,7 @@ constexpr Design kDesigns[] = {
     {"INVGST3.xlsx", &invgst3},
     {"INVGST4.xlsx", &invgst4},
     {"INVGST5.xlsx", &invgst5},
+    {"INVGST6.xlsx", &invgst6},
 };
 
 }  // namespace

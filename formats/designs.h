@@ -10,6 +10,7 @@ void invgst2(const std::string& path);
 void invgst3(const std::string& path);
 void invgst4(const std::string& path);
 void invgst5(const std::string& path);
+void invgst6(const std::string& path);
 
 // Writes every design into a folder, which is made when it is missing. Raises BookError.
 void writeAll(const std::string& folder);
