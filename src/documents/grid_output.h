@@ -30,3 +30,10 @@ void GridToPrinter(Host& host, const Grid& grid, const GridOutput& out, PrintTo 
 
 // Makes report.xlsx in the program's folder and shows it.
 void GridToExcel(Host& host, const Grid& grid, const GridOutput& out);
+
+// Where the buttons of a screen with a report send it; a PDF file is named "RPT" and mstamp.
+enum class OutputTarget { Printer, Preview, Excel, Pdf };
+constexpr bool onPaper(OutputTarget target) {
+  return target == OutputTarget::Printer || target == OutputTarget::Preview;
+}
+void sendGrid(Host& host, OutputTarget target, const Grid& grid, const GridOutput& out);

@@ -94,6 +94,7 @@ frmreport::frmreport(Host& theHost) : ChildScreen(theHost, table()) {
                              {"Grid1",      On::DoubleClick, &frmreport::openRow },
                              {"Grid1",      On::Row,         &frmreport::rowMoved},
                              {"cmdprint",   On::Click,       &frmreport::print   },
+                             {"cmdprint",   KeyCode::F2,     &frmreport::preview },
                              {"cmdPrtToXl", On::Click,       &frmreport::excel   },
                              {"Cmdpdf",     On::Click,       &frmreport::pdf     },
                              {"cmdclose",   On::Click,       &frmreport::close   },
@@ -342,9 +343,8 @@ void frmreport::openRow() {
 void frmreport::handOver(OutputTarget target) {
   const auto period = checkedPeriod();
   if (!period) return;
-  if (target == OutputTarget::Pdf) MakeStamp(host);
-  reportOutput(session(), target, caption, period->from, period->to);
-  ShowHint(host, "Not built yet");
+  sendGrid(host, target, at("Grid1").grid,
+           reportOutput(session(), key_, target, caption, period->from, period->to));
 }
 
 void frmreport::video() { openTutorial(host, links().*(report_ ? report_->video : &Links::reportVideo)); }

@@ -51,6 +51,7 @@ class frmreport : public ChildScreen {
   std::optional<VoucherKey> currentVoucher() const;
 
   void print() { handOver(OutputTarget::Printer); }
+  void preview() { handOver(OutputTarget::Preview); }
   void excel() { handOver(OutputTarget::Excel); }
   void pdf() { handOver(OutputTarget::Pdf); }
   void handOver(OutputTarget target);

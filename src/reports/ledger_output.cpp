@@ -32,18 +32,19 @@ void publishColumns(Session& s, std::string_view key) {
 
 GridOutput ledgerOutput(Session& s, std::string_view key, OutputTarget target, const std::string& caption,
                         Date from, Date to, bool withoutVoucherNo) {
-  const char* const pattern = target == OutputTarget::Printer ? "dd/MM/yyyy" : "dd/MMM/yyyy";
+  const char* const pattern = onPaper(target) ? "dd/MM/yyyy" : "dd/MMM/yyyy";
   GridOutput out{
       .caption = caption,
       .period = "From : " + formatDate(from, pattern) + " To : " + formatDate(to, pattern),
       .widths = s.mcolwidth,
       .numeric = numericColumns(key, target),
+      .key = std::string(key),
   };
   if (withoutVoucherNo) {
     out.widths[4] += out.widths[0];
     out.widths[0] = 0;
   }
-  if (target != OutputTarget::Printer) return out;
+  if (!onPaper(target)) return out;
   s.mpageheader1 = s.mcompname;
   s.mpageheader2 = out.caption;
   s.mpageheader3 = out.period;

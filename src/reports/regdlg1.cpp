@@ -90,6 +90,7 @@ regdlg1::regdlg1(Host& theHost) : ChildScreen(theHost, table()) {
                            {"Grid1",      KeyCode::Right,  &regdlg1::toDebit    },
                            {"cmdsale",    On::Click,       &regdlg1::shortcut   },
                            {"cmdprint",   On::Click,       &regdlg1::print      },
+                           {"cmdprint",   KeyCode::F2,     &regdlg1::preview    },
                            {"cmdexcel",   On::Click,       &regdlg1::excel      },
                            {"cmdpdf",     On::Click,       &regdlg1::pdf        },
                            {"cmdclose",   On::Click,       &regdlg1::close      },
@@ -105,6 +106,7 @@ void regdlg1::opened(const Entry& entry) {
   const Session& s = session();
   key_ = s.mreportkey;
   at("Grid1").grid.columns = isT() ? kTwoSided : kRunning;
+  publishColumns(session(), key_);
   const Date last = host.today() < s.menddt ? host.today() : s.menddt;
   set(at("MaskEdBox1", 0), formatDate(s.mstartdt, "dd/MM/yyyy"));
   set(at("MaskEdBox1", 1), formatDate(last, "dd/MM/yyyy"));
@@ -306,9 +308,8 @@ void regdlg1::handOver(OutputTarget target) {
   set(at("Label10"), "");
   const bool asks = !isT() && target != OutputTarget::Excel;
   const bool without = asks && host.ask("Without Voucher No.", kConfirm);
-  if (target == OutputTarget::Pdf) MakeStamp(host);
-  ledgerOutput(session(), key_, target, caption, period->from, period->to, without);
-  ShowHint(host, "Not built yet");
+  sendGrid(host, target, at("Grid1").grid,
+           ledgerOutput(session(), key_, target, caption, period->from, period->to, without));
 }
 
 void regdlg1::video() { openTutorial(host, isT() ? links().tLedgerVideo : links().ledgerVideo); }

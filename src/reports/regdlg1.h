@@ -39,6 +39,7 @@ class regdlg1 : public ChildScreen {
   void shortcut();
 
   void print() { handOver(OutputTarget::Printer); }
+  void preview() { handOver(OutputTarget::Preview); }
   void excel() { handOver(OutputTarget::Excel); }
   void pdf() { handOver(OutputTarget::Pdf); }
   void handOver(OutputTarget target);

@@ -32,7 +32,7 @@ const ScreenSpec& regdlg1::table() {
 
           {.name = "Grid1",      .kind = Kind::Grid, .at = {.group = "grid"}, .tab = 5, .visible = false},
 
-          {.name = "cmdprint",   .kind = Kind::Button, .label = "&Print", .at = {.group = "buttons"}, .tab = 14, .enabled = false},
+          {.name = "cmdprint",   .kind = Kind::Button, .label = "&Print", .at = {.group = "buttons"}, .tab = 14, .enabled = false, .hint = "Press Enter To Print :: F2 = Preview"},
           {.name = "cmdexcel",   .kind = Kind::Button, .label = "&Excel", .at = {.group = "buttons"}, .tab = 15},
           {.name = "cmdpdf",     .kind = Kind::Button, .label = "P&df",   .at = {.group = "buttons"}, .tab = 16},
           {.name = "cmdmail",    .kind = Kind::Button, .label = "&Mail",  .at = {.group = "buttons"}, .enabled = false},

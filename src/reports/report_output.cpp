@@ -27,14 +27,16 @@ void publishLayout(Session& s, const std::vector<ReportColumn>& columns) {
   }
 }
 
-GridOutput reportOutput(Session& s, OutputTarget target, const std::string& caption, Date from, Date to) {
+GridOutput reportOutput(Session& s, const std::string& key, OutputTarget target, const std::string& caption,
+                        Date from, Date to) {
   GridOutput out{
       .caption = caption,
       .period = "From : " + formatDate(from, "dd/MMM/yyyy") + " To : " + formatDate(to, "dd/MMM/yyyy"),
       .widths = s.mcolwidth,
       .numeric = s.mcolnum,
+      .key = key,
   };
-  if (target != OutputTarget::Printer) return out;
+  if (!onPaper(target)) return out;
   out.period = "FROM " + formatDate(from, "dd/MM/yyyy") + " TO " + formatDate(to, "dd/MM/yyyy");
   s.mpageheader1 = s.mcompname;
   s.mpageheader2 = caption;

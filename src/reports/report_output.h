@@ -12,4 +12,5 @@
 void publishLayout(Session& s, const std::vector<ReportColumn>& columns);
 
 // Takes the session's layout; for the printer the session also gets its three heading lines.
-GridOutput reportOutput(Session& s, OutputTarget target, const std::string& caption, Date from, Date to);
+GridOutput reportOutput(Session& s, const std::string& key, OutputTarget target, const std::string& caption,
+                        Date from, Date to);

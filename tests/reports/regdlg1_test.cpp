@@ -28,6 +28,7 @@ class Ledgers : public ::testing::Test {
   Ledgers() : host(known()) {
     Session& s = session();
     s = Session();
+    s.mapppath = folder.path().string();
     s.mcompname = "SHREE TRADERS";
     s.mstartdt = *parseDate("2026-04-01");
     s.menddt = *parseDate("2027-03-31");
@@ -127,6 +128,20 @@ TEST_F(Ledgers, HandTheGridOver) {
   EXPECT_EQ(narrow.widths, (std::array<double, 15>{0, 1200, 1300, 500, 3300, 1200, 1200, 1200, 450}));
   EXPECT_EQ(narrow.numeric, (std::array<int, 15>{0, 0, 0, 0, 0, -1, -1, -1}));
   host.press("cmdexcel");  // asks nothing
+  host.answers.push_back(false);
+  host.press("cmdpdf");
+  EXPECT_EQ(s.mstamp, "260615_1030");
+  EXPECT_EQ(host.viewed, (std::vector<std::string>{(folder / "report.xlsx").string(),
+                                                   (folder / "BILLS" / "RPT260615_1030.pdf").string()}));
+}
+
+TEST_F(Ledgers, HandAnEmptyGridOverBeforeOneIsShown) {
+  session().mreportkey = "TLEDGERS";
+  host.open("regdlg1");
+  host.press("cmdpdf");
+  host.press("cmdexcel");
+  EXPECT_EQ(host.viewed.size(), 2U);
+  EXPECT_TRUE(host.messages.empty());
 }
 
 }  // namespace
