@@ -56,8 +56,8 @@ Rows selectLines(Database& db, const GstQuery& q) {
 }
 
 std::optional<double> number(const Rows& rows, int column) {
-  if (rows.isNull(column)) return {};
-  return rows.number(column);
+  const Value value = rows.value(column);
+  return value.isNull() ? std::nullopt : std::optional(value.number());
 }
 
 GstRow rowOf(const Rows& line) {
