@@ -1,10 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // Pages of text, lines and pictures. One Canvas is one paper: a PDF file, a print
 // job or an image. All lengths are points (1/72 inch), the origin is the top left
@@ -29,9 +31,18 @@ struct Font {
 enum class HAlign { Left, Centre, Right, Justify };
 enum class VAlign { Top, Middle, Bottom };
 
-// One run of text inside a box. A text that is not wrapped stands on one line and is
-// cut at `clip`, not at the box, so that a cell may flow into empty neighbours.
+// A text inside a box. A text that is not wrapped stands on one line and is cut at `clip`, not
+// at the box, so that a cell may flow into empty neighbours. A turned one (degrees against the
+// clock) is put into the box by the room that it takes when turned; only upright lines, of 90
+// and -90 degrees, are wrapped, into the height of the box.
 struct Text {
+  // A piece that looks its own way.
+  struct Run {
+    size_t size = 0;  // bytes
+    Font font;
+    Colour colour;
+  };
+
   std::string_view text;
   Rect box;
   Rect clip;
@@ -40,6 +51,10 @@ struct Text {
   HAlign halign = HAlign::Left;
   VAlign valign = VAlign::Bottom;
   bool wrap = false;
+  double turn = 0;
+  std::vector<Run> runs = {};  // side by side; without any the whole text looks alike
+
+  bool upright() const { return turn == 90 || turn == -90; }
 };
 
 enum class Dash { Solid, Dashed, Dotted };
@@ -59,8 +74,9 @@ class Canvas {
   virtual void line(double x1, double y1, double x2, double y2, double width, Colour colour,
                     Dash dash = Dash::Solid) = 0;
   virtual void fill(const Rect& rect, Colour colour) = 0;
-  // A PNG or JPEG file's bytes, stretched to the rectangle.
-  virtual void picture(const Rect& rect, std::string_view bytes) = 0;
+  // The bytes of a PNG, JPEG, GIF or BMP file, stretched to the rectangle. `shown` is the part of
+  // the picture that is drawn, in parts of its width and height.
+  virtual void picture(const Rect& rect, std::string_view bytes, const Rect& shown = {0, 0, 1, 1}) = 0;
 
   // Ends the paper and makes it stand under its name; raises PaintError when it could
   // not be written whole. A canvas that is dropped without this leaves no file.
@@ -75,6 +91,17 @@ class Metrics {
   virtual double lineHeight(const Font& font) const = 0;
   // Height of the text when wrapped into the given width.
   virtual double wrappedHeight(std::string_view text, const Font& font, double width) const = 0;
+  // On one line, with its pieces.
+  double width(const Text& text) const {
+    if (text.runs.empty()) return width(text.text, text.font);
+    double sum = 0;
+    size_t at = 0;
+    for (const Text::Run& run : text.runs) {
+      sum += width(text.text.substr(std::min(at, text.text.size()), run.size), run.font);
+      at += run.size;
+    }
+    return sum;
+  }
 };
 
 // What makes canvases; the machine has one. PDF files carry their fonts inside.

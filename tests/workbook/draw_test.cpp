@@ -177,27 +177,37 @@ TEST(Draw, Pictures) {
   EXPECT_EQ(pictures().size(), 1u);
 }
 
-TEST(Draw, StylesFromThemePaletteAndRows) {
-  const std::string styles =
-      "<styleSheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\">"
-      "<fonts>\n<font><sz val=\"11\"/><name val=\"Calibri\"/></font>\n"
-      "<font><b/><i val=\"0\"/><sz val=\"14\"/><color theme=\"0\"/><name val=\"Arial\"/></font></fonts>"
-      "<fills><fill><patternFill patternType=\"none\"/></fill><fill><patternFill patternType=\"solid\">"
-      "<fgColor theme=\"1\" tint=\"0.5\"/></patternFill></fill><fill><patternFill patternType=\"solid\">"
-      "<fgColor indexed=\"13\"/></patternFill></fill></fills><borders><border/></borders>"
-      "<cellXfs><xf/><xf fontId=\"1\" fillId=\"1\"/><xf fillId=\"2\"/></cellXfs></styleSheet>";
-  auto parts = books::withSheet(
-      books::sheet("<row r=\"1\"><c r=\"A1\" s=\"1\" t=\"str\"><v>white on grey</v></c></row>"
-                   "<row r=\"2\" s=\"2\" customFormat=\"1\"><c r=\"A2\" s=\"99\"><v>1</v></c><c r=\"C2\" "
-                   "s=\"2\"><v>2</v></c></row>"));
-  parts["xl/styles.xml"] = styles;
+// A workbook with a styles part whose cells have the styles 0, 1, ... in this order.
+Workbook styled(const std::string& cells, const std::string& xfs, const std::string& borders = "<border/>",
+                const std::string& fonts = "<font><sz val=\"11\"/><name val=\"Calibri\"/></font>") {
+  auto parts = books::withSheet(books::sheet(cells));
+  parts["xl/styles.xml"] =
+      "<styleSheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><fonts>" + fonts +
+      "</fonts><borders>" + borders + "</borders><cellXfs>" + xfs + "</cellXfs></styleSheet>";
   auto& relations = parts["xl/_rels/workbook.xml.rels"];
   relations.insert(relations.find("</Relationships>"),
                    "<Relationship Id=\"rId9\" Type=\"http://x/styles\" Target=\"/xl/styles.xml\"/>");
-  Workbook book = Workbook::fromBytes(books::zipped(parts));
+  return Workbook::fromBytes(books::zipped(parts));
+}
+
+books::Page pageOf(Workbook& book) {
   books::Recorder recorder;
   workbook::draw(book, "S", recorder, books::HalfMetrics());
-  const auto& page = recorder.pages.at(0);
+  return recorder.pages.at(0);
+}
+
+TEST(Draw, StylesFromThemePaletteAndRows) {
+  Workbook book = styled(
+      "<row r=\"1\"><c r=\"A1\" s=\"1\" t=\"str\"><v>white on grey</v></c></row>"
+      "<row r=\"2\" s=\"2\" customFormat=\"1\"><c r=\"A2\" s=\"99\"><v>1</v></c><c r=\"C2\" "
+      "s=\"2\"><v>2</v></c></row>",
+      "<xf/><xf fontId=\"1\" fillId=\"1\"/><xf fillId=\"2\"/>",
+      "<border/></borders><fills><fill><patternFill patternType=\"none\"/></fill><fill><patternFill "
+      "patternType=\"solid\"><fgColor theme=\"1\" tint=\"0.5\"/></patternFill></fill><fill><patternFill "
+      "patternType=\"solid\"><fgColor indexed=\"13\"/></patternFill></fill></fills><borders>",
+      "\n<font><sz val=\"11\"/><name val=\"Calibri\"/></font>\n"
+      "<font><b/><i val=\"0\"/><sz val=\"14\"/><color theme=\"0\"/><name val=\"Arial\"/></font>");
+  const auto page = pageOf(book);
   const auto* text = page.find("white on grey");
   ASSERT_NE(text, nullptr);
   EXPECT_TRUE(text->font.bold);
@@ -208,6 +218,82 @@ TEST(Draw, StylesFromThemePaletteAndRows) {
   EXPECT_EQ(page.fills[0].colour, (paint::Colour{128, 128, 128}));
   EXPECT_EQ(page.fills[1].colour, (paint::Colour{255, 255, 0}));
   EXPECT_NEAR(page.fills[1].rect.w, 96, 1e-6);  // the row's style between its cells
+}
+
+TEST(Draw, TurnedStackedAndCrossedOut) {
+  const auto turned = [](int degrees) {
+    return "<xf><alignment textRotation=\"" + std::to_string(degrees) + "\"/></xf>";
+  };
+  Workbook book = styled(
+      "<row r=\"1\" ht=\"60\"><c t=\"str\"><v>up</v></c><c s=\"1\" t=\"str\"><v>down</v></c><c s=\"2\" "
+      "t=\"str\"><v>ab</v></c><c s=\"3\"/><c s=\"1\"><v>1234567890</v></c></row>",
+      turned(90) + turned(180) + turned(255) + "<xf borderId=\"1\"/>",
+      "<border/><border diagonalUp=\"1\" diagonalDown=\"1\"><diagonal style=\"thin\"/></border>");
+  const auto page = pageOf(book);
+  EXPECT_EQ(page.find("up")->turn, 90);
+  EXPECT_EQ(page.find("down")->turn, -90);
+  EXPECT_EQ(page.find("a\nb")->halign, paint::HAlign::Centre);
+  EXPECT_NE(page.find("1234567890"), nullptr);  // as long as the row is high
+  ASSERT_EQ(page.lines.size(), 2u);
+  EXPECT_NEAR(std::abs(page.lines[0].y2 - page.lines[0].y1), 60, 1e-6);
+}
+
+TEST(Draw, PiecesOfRichTextKeepTheirLook) {
+  Workbook book = styled(
+      "<row><c t=\"inlineStr\"><is><r><t>To </t></r><r><rPr><b/><sz val=\"20\"/><color rgb=\"FFFF0000\"/>"
+      "<rFont val=\"Arial\"/></rPr><t>RAJESH</t></r></is></c><c "
+      "t=\"inlineStr\"><is><r><t>plain</t></r></is></c></row>",
+      "<xf/>");
+  const auto page = pageOf(book);
+  const auto* text = page.find("To RAJESH");
+  ASSERT_NE(text, nullptr);
+  ASSERT_EQ(text->runs.size(), 2u);
+  EXPECT_EQ(text->runs[0].size, 3u);
+  EXPECT_EQ(text->runs[0].font.size, 11);
+  EXPECT_EQ(text->runs[1].font.size, 20);
+  EXPECT_TRUE(text->runs[1].font.bold);
+  EXPECT_EQ(text->runs[1].colour, (paint::Colour{255, 0, 0}));
+  EXPECT_TRUE(page.find("plain")->runs.empty());
+  book.sheet("S").set(1, 1, "other");
+  EXPECT_TRUE(pageOf(book).find("other")->runs.empty());
+}
+
+// Columns are counted in digits of the workbook's own font: 7 pixels of Calibri 11, 8 of Arial 11.
+TEST(Draw, WidthsFollowTheOwnFont) {
+  const char* const cells = "<row><c t=\"str\"><v>a</v></c><c t=\"str\"><v>b</v></c></row>";
+  const auto second = [&](const std::string& font) {
+    Workbook book =
+        styled(cells, "<xf/>", "<border/>", "<font><sz val=\"11\"/><name val=\"" + font + "\"/></font>");
+    const auto page = pageOf(book);
+    return page.find("b")->box.x - page.find("a")->box.x;
+  };
+  EXPECT_NEAR(second("Calibri"), 64 * 0.75, 1e-6);
+  EXPECT_NEAR(second("Arial"), 73 * 0.75, 1e-6);
+}
+
+TEST(Draw, CroppedPicturesShowWhatIsLeft) {
+  auto parts = books::withSheet(books::sheet("<row><c><v>1</v></c></row>", "<drawing r:id=\"d\"/>"));
+  auto& sheet = parts["xl/worksheets/sheet1.xml"];
+  sheet.insert(sheet.find("<worksheet") + 10, " xmlns:r=\"urn:r\"");
+  parts["xl/worksheets/_rels/sheet1.xml.rels"] =
+      "<Relationships><Relationship Id=\"d\" Type=\"http://x/drawing\" Target=\"../d.xml\"/></Relationships>";
+  parts["xl/d.xml"] =
+      "<w xmlns:r=\"urn:r\"><oneCellAnchor><from><col>0</col><row>0</row></from><ext cx=\"127000\" "
+      "cy=\"127000\"/>"
+      "<pic><blipFill><blip r:embed=\"p\"/><srcRect l=\"25000\" "
+      "b=\"50000\"/></blipFill></pic></oneCellAnchor></w>";
+  parts["xl/_rels/d.xml.rels"] =
+      "<Relationships><Relationship Id=\"p\" Type=\"http://x/image\" Target=\"p.gif\"/></Relationships>";
+  parts["xl/p.gif"] = "GIF89a";
+  Workbook book = Workbook::fromBytes(books::zipped(parts));
+  books::Recorder recorder;
+  workbook::draw(book, "S", recorder, books::HalfMetrics());
+  ASSERT_EQ(recorder.shownParts.size(), 1u);
+  const paint::Rect shown = recorder.shownParts[0];
+  EXPECT_EQ(shown.x, 0.25);
+  EXPECT_EQ(shown.w, 0.75);
+  EXPECT_EQ(shown.y, 0);
+  EXPECT_EQ(shown.h, 0.5);
 }
 
 }  // namespace

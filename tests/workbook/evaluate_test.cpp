@@ -113,6 +113,7 @@ TEST(Evaluate, NumbersAndRounding) {
     {"ABS(-4.5)",                 "4.5"},
     {"CEILING(2.1,0.5)",          "2.5"},
     {"FLOOR(2.9,0.5)",            "2.5"},
+    {"_xlfn.CEILING.MATH(-2.1,2)&_xlfn.FLOOR.MATH(-2.1,2)", "-2-4"},
     {"MROUND(7.3,0.5)",           "7.5"},
     {"QUOTIENT(-7,2)",            "-3"},
     {"SQRT(-1)",                  "#NUM!"},
@@ -152,6 +153,8 @@ TEST(Evaluate, TotalsOverBlocks) {
     {"COUNTIF(Data!A1:A6,\"\")",                       "1"},
     {"COUNTIF(Data!E:E,5)",                            "1"},     // a text of digits counts too
     {"COUNTIF(Data!A1:A10,\"=\")",                     "5"},
+    {"MAXIFS(Data!C2:C6,Data!B2:B6,\">0\")&\"|\"&MINIFS(Data!C2:C6,Data!B2:B6,\">0\")", "100|10.5"},
+    {"RANK(20,Data!C2:C6)&RANK(20,Data!C2:C6,1)",      "24"},
     {"COUNTIFS(Data!A1:A6,\"A*\",Data!B1:B6,\"<>0\")", "3"},
     {"AVERAGEIF(Data!B2:B6,\">0\",Data!C2:C6)",        "43.5"},
     {"SUMPRODUCT(Data!B2:B6,Data!C2:C6)",              "220.3"},
@@ -233,6 +236,13 @@ TEST(Evaluate, LogicAndKinds) {
 
 TEST(Evaluate, Lookups) {
   check({
+    {"_xlfn.XLOOKUP(\"A00002\",Data!A1:A6,Data!D1:D6)",           "Copper wire"},
+    {"_xlfn.XLOOKUP(\"none\",Data!A1:A6,Data!D1:D6,\"no\")",       "no"},
+    {"_xlfn.XLOOKUP(\"none\",Data!A1:A6,Data!D1:D6)",             "#N/A"},
+    {"_xlfn.XLOOKUP(11,Data!C2:C6,Data!D2:D6,\"\",-1)",           "Steel rod"},
+    {"_xlfn.XLOOKUP(11,Data!C2:C6,Data!D2:D6,\"\",1)",            "Copper wire"},
+    {"SUM(_xlfn.XLOOKUP(\"A00001\",Data!A1:A6,Data!B1:C6))",      "12.5"},
+    {"SUMPRODUCT(TRANSPOSE({1,2,3})*{4;5;6})",                    "32"},
     {"VLOOKUP(\"a00002\",Data!A1:D6,4,FALSE)",     "Copper wire"},
     {"VLOOKUP(\"A0000*\",Data!A:D,2,0)",           "2"},
     {"VLOOKUP(\"zz\",Data!A1:D6,4,FALSE)",         "#N/A"},
@@ -255,7 +265,7 @@ TEST(Evaluate, Lookups) {
     {"INDIRECT(\"Data!D\"&1+1)",                   "Steel rod"},
     {"SUM(INDIRECT(\"'Data'!B2:B3\"))",            "5"},
     {"INDIRECT(\"nothing here\")",                 "#REF!"},
-    {"ROW()-ROW(H23)&COLUMN()&ROW(Data!C5)&COLUMN(Data!C5)", "0853"},
+    {"ROW()-ROW(H30)&COLUMN()&ROW(Data!C5)&COLUMN(Data!C5)", "0853"},
     {"ROWS(Data!A1:D6)*COLUMNS(Data!A1:D6)",       "24"},
     {"SUMPRODUCT(ROW(1:4))",                       "10"},
     {"ADDRESS(3,28)&ADDRESS(1,2,4)",               "$AB$3B1"},
@@ -361,17 +371,44 @@ TEST(Evaluate, SharedFormulasMoveTheirReferences) {
     EXPECT_EQ(books::said(book.sheet("S").value(row, 2)), expected);
 }
 
+// A formula over whole blocks, in one cell or filling several; the cells behind it follow it.
+TEST(Evaluate, ArrayFormulas) {
+  Workbook book = fromFormulas(
+      "<row r=\"1\"><c r=\"A1\"><v>2</v></c><c r=\"B1\"><v>5</v></c><c r=\"C1\"><f t=\"array\" ref=\"C1\">"
+      "SUM(A1:A3*B1:B3)</f></c><c r=\"D1\"><f t=\"array\" ref=\"D1:E3\">A1:A3*{1,10}</f><v>0</v></c></row>"
+      "<row r=\"2\"><c r=\"A2\"><v>3</v></c><c r=\"B2\"><v>7</v></c><c r=\"D2\"><v>0</v></c></row>"
+      "<row r=\"3\"><c r=\"A3\"><v>4</v></c><c r=\"B3\"><v>1</v></c><c r=\"E3\"><v>0</v></c></row>"
+      "<row r=\"4\"><c r=\"A4\"><f>E3+D2</f></c><c r=\"B4\"><f t=\"array\" ref=\"B4:B5\">A1:A1</f></c>"
+      "<c r=\"C4\"><f t=\"array\" ref=\"C4\">MAX(IF(B1:B3&gt;2,A1:A3))</f></c></row>");
+  book.recalculate();
+  auto& sheet = book.sheet("S");
+  const std::tuple<int, int, const char*> cells[] = {
+      {1, 3, "35"},
+      {1, 4, "2" },
+      {1, 5, "20"},
+      {2, 4, "3" },
+      {3, 5, "40"},
+      {4, 1, "43"},
+      {5, 2, "2" },
+      {4, 3, "3" },
+  };
+  for (const auto& [row, column, expected] : cells)
+    EXPECT_EQ(books::said(sheet.value(row, column)), expected) << row << " " << column;
+  sheet.set(3, 1, 100);
+  EXPECT_EQ(books::said(sheet.value(4, 1)), "1003");
+  EXPECT_TRUE(book.warnings().empty());
+}
+
 TEST(Evaluate, PassedOverFormulasKeepTheirStoredValueAndAreNamed) {
   Workbook book = fromFormulas(
-      "<row r=\"1\"><c r=\"A1\"><f>[1]Other!A1</f><v>5</v></c><c r=\"B1\"><f t=\"array\" "
-      "ref=\"B1\">SUM(A1:A2)</f>"
+      "<row r=\"1\"><c r=\"A1\"><f>[1]Other!A1</f><v>5</v></c><c r=\"B1\"><f t=\"dataTable\" ref=\"B1\"/>"
       "<v>6</v></c><c r=\"C1\"><f>Table1[Qty]</f><v>7</v></c><c r=\"D1\"><f>A1+B1+C1</f></c>"
       "<c r=\"E1\"><f>FOO(1)</f></c></row>");
   book.recalculate();
   EXPECT_EQ(books::said(book.sheet("S").value(1, 4)), "18");
   const std::vector<std::string> expected{
       "S!A1: the formula refers to another workbook or to a table; its stored value is kept",
-      "S!B1: array formulas are passed over; its stored value is kept",
+      "S!B1: tables of variants are passed over; its stored value is kept",
       "S!C1: the formula refers to a table; its stored value is kept", "S!E1: the function FOO is not known"};
   EXPECT_EQ(book.warnings(), expected);
 }

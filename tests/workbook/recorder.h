@@ -17,6 +17,8 @@ struct DrawnText {
   paint::HAlign halign;
   paint::VAlign valign;
   bool wrap;
+  double turn;
+  std::vector<paint::Text::Run> runs;
 };
 
 struct DrawnLine {
@@ -45,11 +47,12 @@ struct Page {
 class Recorder : public paint::Canvas {
  public:
   std::vector<Page> pages;
+  std::vector<paint::Rect> shownParts;  // of all pictures
 
   void page(double width, double height) override { pages.push_back({width, height, {}, {}, {}, {}}); }
   void text(const paint::Text& t) override {
     pages.back().texts.push_back(
-        {std::string(t.text), t.box, t.clip, t.font, t.colour, t.halign, t.valign, t.wrap});
+        {std::string(t.text), t.box, t.clip, t.font, t.colour, t.halign, t.valign, t.wrap, t.turn, t.runs});
   }
   void line(double x1, double y1, double x2, double y2, double width, paint::Colour, paint::Dash) override {
     pages.back().lines.push_back({x1, y1, x2, y2, width});
@@ -57,7 +60,10 @@ class Recorder : public paint::Canvas {
   void fill(const paint::Rect& rect, paint::Colour colour) override {
     pages.back().fills.push_back({rect, colour});
   }
-  void picture(const paint::Rect& rect, std::string_view) override { pages.back().pictures.push_back(rect); }
+  void picture(const paint::Rect& rect, std::string_view, const paint::Rect& shown) override {
+    pages.back().pictures.push_back(rect);
+    shownParts.push_back(shown);
+  }
   void finish() override {}
 };
 

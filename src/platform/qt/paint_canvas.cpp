@@ -1,6 +1,7 @@
 #include "platform/qt/paint_canvas.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace paint {
 namespace {
@@ -24,10 +25,10 @@ void QtCanvas::settle(double dotsPerPoint) {
 
 void QtCanvas::text(const Text& text) {
   if (text.text.empty()) return;
+  if (text.turn != 0) return turned(text);
   const QRectF box = rectOf(text.box), clip = rectOf(text.clip);
-  const auto layout = text.wrap ? setter_->wrapped(text.text, text.font, text.box.w, text.halign)
-                                : setter_->line(text.text, text.font);
-  const double tall = setter_->lineHeight(text.font) * kUnits * layout->lineCount();
+  const auto layout = text.wrap ? setter_->wrapped(text, text.box.w, text.halign) : setter_->line(text);
+  const double tall = setter_->lineHeight(text) * kUnits * layout->lineCount();
   QPointF at = box.topLeft();
   if (text.valign == VAlign::Middle) at.ry() += (box.height() - tall) / 2;
   if (text.valign == VAlign::Bottom) at.ry() += box.height() - tall;
@@ -47,6 +48,32 @@ void QtCanvas::text(const Text& text) {
   if (clipped) painter_.restore();
 }
 
+void QtCanvas::turned(const Text& text) {
+  const bool up = text.turn > 0, wrapped = text.wrap && text.upright();
+  // Up the page a text that stands at the bottom begins there; down the page it ends there.
+  const HAlign along = text.valign == VAlign::Middle           ? HAlign::Centre
+                       : (text.valign == VAlign::Bottom) == up ? HAlign::Left
+                                                               : HAlign::Right;
+  const auto layout = wrapped ? setter_->wrapped(text, text.box.h, along) : setter_->line(text);
+  const double w = wrapped ? text.box.h * kUnits : layout->lineAt(0).naturalTextWidth();
+  const double h = setter_->lineHeight(text) * kUnits * layout->lineCount();
+  const double angle = text.turn * M_PI / 180, c = std::fabs(std::cos(angle)), s = std::fabs(std::sin(angle));
+  const QSizeF room(w * c + h * s, w * s + h * c);
+  const auto part = [](int align) { return align / 2.0; };  // start, middle, end
+  const int across = text.halign == HAlign::Right ? 2 : text.halign == HAlign::Centre ? 1 : 0;
+  const QRectF box = rectOf(text.box);
+  const QPointF middle(
+      box.x() + (box.width() - room.width()) * part(across) + room.width() / 2,
+      box.y() + (box.height() - room.height()) * part(static_cast<int>(text.valign)) + room.height() / 2);
+  painter_.save();
+  painter_.setPen(colourOf(text.colour));
+  if (const QRectF clip = rectOf(text.clip); !clip.isEmpty()) painter_.setClipRect(clip);
+  painter_.translate(middle);
+  painter_.rotate(-text.turn);
+  layout->draw(&painter_, {-w / 2, -h / 2});
+  painter_.restore();
+}
+
 void QtCanvas::line(double x1, double y1, double x2, double y2, double width, Colour colour, Dash dash) {
   QPen pen(colourOf(colour), width * kUnits, Qt::SolidLine, Qt::FlatCap);
   if (dash == Dash::Dashed) pen.setDashPattern({4, 3});
@@ -64,11 +91,12 @@ const QImage& QtCanvas::image(std::string_view bytes) {
   return image;
 }
 
-void QtCanvas::picture(const Rect& rect, std::string_view bytes) {
+void QtCanvas::picture(const Rect& rect, std::string_view bytes, const Rect& shown) {
   const QImage& picture = image(bytes);
   if (picture.isNull()) return;
   painter_.setRenderHint(QPainter::LosslessImageRendering, !bytes.starts_with("\xFF\xD8"));
-  painter_.drawImage(rectOf(rect), picture);
+  const double w = picture.width(), h = picture.height();
+  painter_.drawImage(rectOf(rect), picture, {shown.x * w, shown.y * h, shown.w * w, shown.h * h});
 }
 
 }  // namespace paint

@@ -17,7 +17,7 @@ class QtCanvas : public Canvas {
   void text(const Text& text) override;
   void line(double x1, double y1, double x2, double y2, double width, Colour colour, Dash dash) override;
   void fill(const Rect& rect, Colour colour) override;
-  void picture(const Rect& rect, std::string_view bytes) override;
+  void picture(const Rect& rect, std::string_view bytes, const Rect& shown) override;
 
  protected:
   // After each page began; `dotsPerPoint` is the device's.
@@ -26,6 +26,7 @@ class QtCanvas : public Canvas {
   QPainter painter_;
 
  private:
+  void turned(const Text& text);
   const QImage& image(std::string_view bytes);
 
   std::shared_ptr<TextSetter> setter_;

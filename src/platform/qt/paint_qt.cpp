@@ -164,7 +164,8 @@ class QtMetrics final : public Metrics {
   double width(std::string_view text, const Font& font) const override { return setter_->width(text, font); }
   double lineHeight(const Font& font) const override { return setter_->lineHeight(font); }
   double wrappedHeight(std::string_view text, const Font& font, double width) const override {
-    return setter_->wrapped(text, font, width, HAlign::Left)->lineCount() * setter_->lineHeight(font);
+    const Text whole{.text = text, .box = {}, .clip = {}, .font = font, .colour = {}};
+    return setter_->wrapped(whole, width, HAlign::Left)->lineCount() * setter_->lineHeight(font);
   }
 
  private:

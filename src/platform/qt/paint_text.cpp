@@ -115,18 +115,16 @@ TextSetter::Face& TextSetter::face(const Font& font) {
   return face;
 }
 
-std::unique_ptr<QTextLayout> TextSetter::layout(const QString& text, Face& face) {
-  auto layout = std::make_unique<QTextLayout>(text, face.font);
-  QList<QTextLayout::FormatRange> ranges;
-  for (int at = 0; at < text.size();) {
+void TextSetter::addScripts(const QString& text, int from, int stop, Face& face, Formats& formats) {
+  for (int at = from; at < stop;) {
     const Script* script = scriptOf(text[at]);
     int end = at + 1;
     const auto belongs = [&](int i) {
       const bool between =
-          script && text[i] == QLatin1Char(' ') && i + 1 < text.size() && scriptOf(text[i + 1]) == script;
+          script && text[i] == QLatin1Char(' ') && i + 1 < stop && scriptOf(text[i + 1]) == script;
       return scriptOf(text[i]) == script || between || (script && joiner(text[i]));
     };
-    while (end < text.size() && belongs(end)) ++end;
+    while (end < stop && belongs(end)) ++end;
     if (script) {
       const auto [found, fresh] = face.scripts.try_emplace(script->name, face.font);
       if (fresh) {
@@ -138,30 +136,64 @@ std::unique_ptr<QTextLayout> TextSetter::layout(const QString& text, Face& face)
       }
       QTextCharFormat format;
       format.setFont(found->second);
-      ranges.append({at, end - at, format});
+      formats.append({at, end - at, format});
     }
     at = end;
   }
-  if (!ranges.isEmpty()) layout->setFormats(ranges);
+}
+
+std::unique_ptr<QTextLayout> TextSetter::layout(const Text& text, bool oneLine) {
+  QString whole;
+  Formats formats;
+  size_t at = 0;
+  const auto add = [&](std::string_view piece, Face& own, const Colour* colour) {
+    const auto from = static_cast<int>(whole.size());
+    whole += lineText(piece);
+    const auto end = static_cast<int>(whole.size());
+    QTextCharFormat look;
+    if (colour) {
+      look.setFont(own.font);
+      look.setForeground(QColor(colour->r, colour->g, colour->b));
+      formats.append({from, end - from, look});
+    }
+    const auto scripts = formats.size();
+    addScripts(whole, from, end, own, formats);
+    for (auto i = scripts; colour && i < formats.size(); ++i)
+      formats[i].format.setForeground(look.foreground());
+  };
+  for (const Text::Run& run : text.runs) {
+    add(text.text.substr(std::min(at, text.text.size()), run.size), face(run.font), &run.colour);
+    at += run.size;
+  }
+  if (text.runs.empty()) add(text.text, face(text.font), nullptr);
+  if (oneLine) whole.replace(QChar::LineSeparator, QLatin1Char(' '));
+  auto layout = std::make_unique<QTextLayout>(whole, face(text.font).font);
+  if (!formats.isEmpty()) layout->setFormats(formats);
   return layout;
 }
 
 double TextSetter::lineHeight(const Font& font) { return face(font).lineHeight; }
 
+double TextSetter::lineHeight(const Text& text) {
+  double most = text.runs.empty() ? lineHeight(text.font) : 0;
+  for (const Text::Run& run : text.runs) most = std::max(most, lineHeight(run.font));
+  return most;
+}
+
 double TextSetter::width(std::string_view text, const Font& font) {
   auto& widths = face(font).widths;
   std::string key(text);
   if (const auto found = widths.find(key); found != widths.end()) return found->second;
-  const double width = line(text, font)->lineAt(0).naturalTextWidth() / kUnits;
+  const double width =
+      line({.text = text, .box = {}, .clip = {}, .font = font, .colour = {}})->lineAt(0).naturalTextWidth() /
+      kUnits;
   if (widths.size() >= kMaxWidths) widths.clear();
   widths.emplace(std::move(key), width);
   return width;
 }
 
-std::unique_ptr<QTextLayout> TextSetter::line(std::string_view text, const Font& font) {
-  QString one = lineText(text);
-  one.replace(QChar::LineSeparator, QLatin1Char(' '));
-  auto layout = TextSetter::layout(one, face(font));
+std::unique_ptr<QTextLayout> TextSetter::line(const Text& text) {
+  auto layout = TextSetter::layout(text, true);
   QTextOption option(Qt::AlignLeft);
   option.setWrapMode(QTextOption::NoWrap);
   option.setFlags(QTextOption::IncludeTrailingSpaces);
@@ -172,9 +204,8 @@ std::unique_ptr<QTextLayout> TextSetter::line(std::string_view text, const Font&
   return layout;
 }
 
-std::unique_ptr<QTextLayout> TextSetter::wrapped(std::string_view text, const Font& font, double width,
-                                                 HAlign align) {
-  auto layout = TextSetter::layout(lineText(text), face(font));
+std::unique_ptr<QTextLayout> TextSetter::wrapped(const Text& text, double width, HAlign align) {
+  auto layout = TextSetter::layout(text, false);
   QTextOption option(align == HAlign::Right     ? Qt::AlignRight
                      : align == HAlign::Centre  ? Qt::AlignHCenter
                      : align == HAlign::Justify ? Qt::AlignJustify
@@ -182,7 +213,7 @@ std::unique_ptr<QTextLayout> TextSetter::wrapped(std::string_view text, const Fo
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   layout->setTextOption(option);
   layout->beginLayout();
-  const double tall = face(font).lineHeight * kUnits;
+  const double tall = lineHeight(text) * kUnits;
   double y = 0;
   for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
     line.setLineWidth(std::max(width * kUnits, 1.0));

@@ -19,9 +19,10 @@ class TextSetter {
   // One line.
   double width(std::string_view text, const Font& font);
   double lineHeight(const Font& font);
+  double lineHeight(const Text& text);  // of its largest piece
   // Lines broken to the width, in place from (0, 0) down.
-  std::unique_ptr<QTextLayout> wrapped(std::string_view text, const Font& font, double width, HAlign align);
-  std::unique_ptr<QTextLayout> line(std::string_view text, const Font& font);
+  std::unique_ptr<QTextLayout> wrapped(const Text& text, double width, HAlign align);
+  std::unique_ptr<QTextLayout> line(const Text& text);
 
  private:
   struct Key {
@@ -39,9 +40,12 @@ class TextSetter {
     std::unordered_map<std::string, double> widths;
     std::unordered_map<const char*, QFont> scripts;
   };
+  using Formats = QList<QTextLayout::FormatRange>;
+
   Face& face(const Font& font);
-  // The text with the fonts of the Indian scripts in it.
-  static std::unique_ptr<QTextLayout> layout(const QString& text, Face& face);
+  // The text with the fonts of its pieces and of the Indian scripts in it.
+  std::unique_ptr<QTextLayout> layout(const Text& text, bool oneLine);
+  static void addScripts(const QString& text, int from, int end, Face& face, Formats& formats);
 
   std::unordered_map<Key, Face, Hash> faces_;
 };

@@ -238,10 +238,12 @@ void Evaluator::run(int formula) {
   };
   FormulaCell& cell = model_.formulas[static_cast<size_t>(formula)];
   const Running running(*this, cell, formula);
-  const Home home{.sheet = cell.sheet, .row = cell.row, .column = cell.column};
+  const Home home{
+      .sheet = cell.sheet, .row = cell.row - cell.arrayRow, .column = cell.column - cell.arrayColumn};
   Value result;
   try {
-    result = single(evaluate(*cell.expression, home, false), home);
+    const Operand found = evaluate(*cell.expression, home, cell.array);
+    result = cell.array ? spreadAt(table(found), cell.arrayRow, cell.arrayColumn) : single(found, home);
     if (result.empty()) result = 0;
     if (const std::string* text = result.text()) spend(text->size());
   } catch (const Failure& failure) {

@@ -114,6 +114,67 @@ Operand match(Call& call) {
   return Value(place + 1);
 }
 
+// One line of a block or table, across or down, counted from 0.
+Operand lineOf(Call& call, const Operand& source, bool across, int place) {
+  if (const Block* block = std::get_if<Block>(&source)) {
+    if (place >= (across ? block->rows() : block->columns())) throw Failure{Error::Value};
+    Block part = *block;
+    if (across)
+      part.firstRow = part.lastRow = block->firstRow + place;
+    else
+      part.firstColumn = part.lastColumn = block->firstColumn + place;
+    return part;
+  }
+  const Table table = call.evaluator().table(source);
+  if (place >= (across ? table.rows : table.columns)) throw Failure{Error::Value};
+  Table part{.rows = across ? 1 : table.rows, .columns = across ? table.columns : 1, .values = {}};
+  for (int i = 0; i < (across ? table.columns : table.rows); ++i)
+    part.values.push_back(across ? table.at(place, i) : table.at(i, place));
+  return part;
+}
+
+// The nearest key below (or above) the wanted one, in whatever order the keys stand.
+template <class At>
+int nearest(const Value& wanted, int count, bool below, At at) {
+  int best = -1;
+  for (int i = 0; i < count; ++i) {
+    const Value value = at(i);
+    if (!alike(value, wanted)) continue;
+    const int order = compare(value, wanted);
+    if (order == 0) return i;
+    const bool fits = below ? order < 0 : order > 0;
+    if (fits && (best < 0 || (compare(value, at(best)) > 0) == below)) best = i;
+  }
+  return best;
+}
+
+// XLOOKUP(wanted, keys, results, otherwise, kind): 0 exact, -1 or the next below, 1 or the next
+// above, 2 a pattern.
+Operand lookupAny(Call& call) {
+  const Value wanted = wantedOf(call, 0);
+  const Row keys(call, call.operand(1));
+  const Operand results = call.operand(2);
+  const bool down = keys.columns() == 1;
+  if (!down && keys.rows() != 1) throw Failure{Error::Value};
+  const int count = down ? keys.rows() : keys.columns(), kind = call.whole(4, 0);
+  const auto at = [&](int i) { return down ? keys.at(i, 0) : keys.at(0, i); };
+  const int place = kind == 1 || kind == -1 ? nearest(wanted, count, kind < 0, at)
+                                            : position(wanted, count, Match::Exact, at);
+  if (place >= 0) return lineOf(call, results, down, place);
+  if (!call.given(3)) throw Failure{Error::NotAvailable};
+  return call.operand(3);
+}
+
+Operand transposed(Call& call) {
+  const Table from = call.table(0);
+  Table result = call.evaluator().sized(from.columns, from.rows);
+  for (int r = 0; r < result.rows; ++r)
+    for (int c = 0; c < result.columns; ++c)
+      result.values[static_cast<size_t>(r) * static_cast<size_t>(result.columns) + static_cast<size_t>(c)] =
+          from.at(c, r);
+  return result;
+}
+
 Operand index(Call& call) {
   const Operand source = call.operand(0);
   int row = call.whole(1, 0), column = call.whole(2, 0);
@@ -189,18 +250,21 @@ std::vector<Function> lookupFunctions() {
   constexpr Takes S = Takes::Singles, B = Takes::Blocks, A = Takes::Arrays;
   // clang-format off
   return {
-    {"ADDRESS",  2, 5, S, address},
-    {"COLUMN",   0, 1, B, [](Call& c) { return numbered(c, false); }},
-    {"COLUMNS",  1, 1, B, [](Call& c) { return counted(c, false); }},
-    {"HLOOKUP",  3, 4, B, [](Call& c) { return lookupTable(c, false); }},
-    {"INDEX",    2, 3, A, index},
-    {"INDIRECT", 1, 2, B, indirect},
-    {"LOOKUP",   2, 3, A, lookup},
-    {"MATCH",    2, 3, A, match},
-    {"OFFSET",   3, 5, B, offset},
-    {"ROW",      0, 1, B, [](Call& c) { return numbered(c, true); }},
-    {"ROWS",     1, 1, B, [](Call& c) { return counted(c, true); }},
-    {"VLOOKUP",  3, 4, B, [](Call& c) { return lookupTable(c, true); }},
+    {"ADDRESS",   2, 5, S, address},
+    {"COLUMN",    0, 1, B, [](Call& c) { return numbered(c, false); }},
+    {"COLUMNS",   1, 1, B, [](Call& c) { return counted(c, false); }},
+    {"HLOOKUP",   3, 4, B, [](Call& c) { return lookupTable(c, false); }},
+    {"INDEX",     2, 3, A, index},
+    {"INDIRECT",  1, 2, B, indirect},
+    {"LOOKUP",    2, 3, A, lookup},
+    {"MATCH",     2, 3, A, match},
+    {"OFFSET",    3, 5, B, offset},
+    {"ROW",       0, 1, B, [](Call& c) { return numbered(c, true); }},
+    {"ROWS",      1, 1, B, [](Call& c) { return counted(c, true); }},
+    {"SINGLE",    1, 1, B, [](Call& c) { return Operand(c.any(0)); }},
+    {"TRANSPOSE", 1, 1, A, transposed},
+    {"VLOOKUP",   3, 4, B, [](Call& c) { return lookupTable(c, true); }},
+    {"XLOOKUP",   3, 6, A, lookupAny},
   };
   // clang-format on
 }

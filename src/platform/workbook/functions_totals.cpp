@@ -173,6 +173,33 @@ Sum sumIfs(Call& call) {
   return sumWhere(call, wanted, from);
 }
 
+// MAXIFS and MINIFS.
+Operand extremeIfs(Call& call, bool greatest) {
+  const Block from = call.block(0);
+  std::optional<double> best;
+  matching(call, conditions(call, 1), [&](int row, int column) {
+    const Value& value = call.evaluator().value(from.sheet, from.firstRow + row, from.firstColumn + column);
+    if (const double* number = value.number(); number && (!best || (*number > *best) == greatest))
+      best = *number;
+  });
+  return Value(best.value_or(0));
+}
+
+// The place of a number among others, the greatest first unless `upward`.
+Operand rankOf(Call& call) {
+  const double number = call.number(0);
+  const bool upward = call.truth(2, false);
+  int before = 0;
+  bool there = false;
+  call.each(1, [&](const Value& value, bool) {
+    if (!value.number()) return;
+    there = there || *value.number() == number;
+    before += upward ? *value.number() < number : *value.number() > number;
+  });
+  if (!there) throw Failure{Error::NotAvailable};
+  return Value(before + 1);
+}
+
 Operand mean(const Sum& sum) {
   if (!sum.count) throw Failure{Error::DivisionByZero};
   return Value(sum.sum / sum.count);
@@ -257,9 +284,13 @@ std::vector<Function> totalFunctions() {
     {"COUNTIFS",   2, 255, B, countIf},
     {"LARGE",      2, 2,   A, [](Call& c) { return ranked(c, true); }},
     {"MAX",        1, 255, A, [](Call& c) { return extreme(c, true); }},
+    {"MAXIFS",     3, 255, B, [](Call& c) { return extremeIfs(c, true); }},
     {"MEDIAN",     1, 255, A, median},
     {"MIN",        1, 255, A, [](Call& c) { return extreme(c, false); }},
+    {"MINIFS",     3, 255, B, [](Call& c) { return extremeIfs(c, false); }},
     {"PRODUCT",    1, 255, A, product},
+    {"RANK",       2, 3,   B, rankOf},
+    {"RANK.EQ",    2, 3,   B, rankOf},
     {"SMALL",      2, 2,   A, [](Call& c) { return ranked(c, false); }},
     {"SUBTOTAL",   2, 255, B, subtotal},
     {"SUM",        1, 255, A, sum},

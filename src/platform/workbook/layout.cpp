@@ -98,10 +98,7 @@ CellBlock usedBlock(const Model& model, const SheetModel& sheet) {
   for (const auto& [number, row] : sheet.rows)
     for (const Cell& cell : row.cells) {
       const CellStyle& style = model.styles.style(cell.style);
-      const Border& border = style.border;
-      const bool lined = border.left.line != Line::None || border.right.line != Line::None ||
-                         border.top.line != Line::None || border.bottom.line != Line::None;
-      if (cell.value.empty() && cell.formula < 0 && !style.fill && !lined) continue;
+      if (cell.value.empty() && cell.formula < 0 && !style.fill && !style.border.any()) continue;
       used.lastRow = std::max(used.lastRow, number);
       used.lastColumn = std::max(used.lastColumn, cell.column);
     }
@@ -144,12 +141,13 @@ double rowHeight(const SheetModel& sheet, int row) {
   return found->second.hidden ? 0 : found->second.height.value_or(sheet.defaultHeight);
 }
 
-double columnWidth(const SheetModel& sheet, int column) {
+double columnWidth(const Model& model, const SheetModel& sheet, int column) {
   const ColumnSpan* span = sheet.span(column);
   if (span && span->hidden) return 0;
   const double width = span ? span->width : sheet.defaultWidth;
-  // Characters of 7 pixels, counted in 256ths, in whole pixels of 3/4 point.
-  return std::trunc((256 * width + std::trunc(128.0 / 7)) / 256 * 7) * 0.75;
+  // Digits, counted in 256ths, in whole pixels of 3/4 point.
+  const double digit = model.styles.digitWidth();
+  return std::trunc((256 * width + std::trunc(128 / digit)) / 256 * digit) * 0.75;
 }
 
 SheetLayout layOut(const Model& model, const SheetModel& sheet) {
@@ -161,7 +159,7 @@ SheetLayout layOut(const Model& model, const SheetModel& sheet) {
   if (areas.empty() && used.lastRow > 0 && used.lastColumn > 0) areas.push_back(used);
 
   const auto height = [&](int row) { return rowHeight(sheet, row); };
-  const auto width = [&](int column) { return columnWidth(sheet, column); };
+  const auto width = [&](int column) { return columnWidth(model, sheet, column); };
   std::vector<std::pair<Axis, Axis>> parts;
   for (const CellBlock& whole : areas) {
     const CellBlock area = clipped(whole, used);

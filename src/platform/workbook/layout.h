@@ -24,7 +24,7 @@ struct SheetLayout {
 
 // Unscaled sizes; 0 for what is hidden.
 double rowHeight(const SheetModel& sheet, int row);
-double columnWidth(const SheetModel& sheet, int column);
+double columnWidth(const Model& model, const SheetModel& sheet, int column);
 
 // Raises WorkbookError beyond 2,000 pages.
 SheetLayout layOut(const Model& model, const SheetModel& sheet);

@@ -34,12 +34,12 @@ Parts partsOf(Model& model) {
   return parts;
 }
 
-std::vector<std::string> sharedTexts(const Container& container, const std::string& part) {
-  std::vector<std::string> texts;
-  if (!container.has(part)) return texts;
-  const xml::Document document(container, part);
+std::vector<StyledText> sharedTexts(const Model& model, const std::string& part) {
+  std::vector<StyledText> texts;
+  if (!model.container.has(part)) return texts;
+  const xml::Document document(model.container, part);
   for (const xml::Node node : document.root().children())
-    if (xml::is(node, "si")) texts.push_back(flatText(node));
+    if (xml::is(node, "si")) texts.push_back(styledText(model.styles, node));
   return texts;
 }
 
@@ -99,7 +99,7 @@ std::unique_ptr<Model> loadModel(Container container) {
   model->workbookPart = mainPart(model->container);
   const Parts parts = partsOf(*model);
   model->styles = Styles(model->container, parts.styles, parts.theme);
-  const std::vector<std::string> texts = sharedTexts(model->container, parts.texts);
+  const std::vector<StyledText> texts = sharedTexts(*model, parts.texts);
 
   const xml::Document document(model->container, model->workbookPart);
   const xml::Node root = document.root();

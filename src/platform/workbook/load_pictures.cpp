@@ -3,7 +3,7 @@
 #include "platform/workbook/model.h"
 #include "platform/workbook/xml.h"
 
-// Pictures of a sheet's drawing part: PNG and JPEG, anchored to cells or to the sheet.
+// Pictures of a sheet's drawing part, anchored to cells or to the sheet.
 namespace workbook {
 namespace {
 
@@ -23,7 +23,18 @@ Anchor anchor(Node node) {
 }
 
 bool drawable(std::string_view bytes) {
-  return bytes.starts_with("\x89PNG") || bytes.starts_with("\xFF\xD8\xFF");
+  for (const std::string_view kind : {"\x89PNG", "\xFF\xD8\xFF", "GIF8", "BM"})
+    if (bytes.starts_with(kind)) return true;
+  return false;
+}
+
+// Cropped away at each side, in thousandths of a percent.
+paint::Rect shownPart(Node crop) {
+  const auto side = [&](const char* name) {
+    return std::clamp(xml::number(crop, name).value_or(0) / 100000, 0.0, 1.0);
+  };
+  const paint::Rect part{side("l"), side("t"), 1 - side("l") - side("r"), 1 - side("t") - side("b")};
+  return part.w > 0 && part.h > 0 ? part : paint::Rect{0, 0, 1, 1};
 }
 
 }  // namespace
@@ -44,10 +55,13 @@ void loadPictures(Model& model, SheetModel& sheet, const std::string& part) {
     if (!bytes) bytes = std::make_shared<const std::string>(model.container.read(relation->target));
     if (!drawable(*bytes)) {
       model.loadWarnings.push_back("Sheet " + sheet.name + ": " + relation->target +
-                                   " is neither PNG nor JPEG and is left out.");
+                                   " is neither PNG, JPEG, GIF nor BMP and is left out.");
       continue;
     }
-    Picture result{.from = anchor(xml::child(node, "from")), .to = {}, .bytes = bytes};
+    Picture result{.from = anchor(xml::child(node, "from")),
+                   .to = {},
+                   .bytes = bytes,
+                   .shown = shownPart(xml::child(xml::child(picture, "blipFill"), "srcRect"))};
     const Node own = xml::child(xml::child(xml::child(picture, "spPr"), "xfrm"), "ext");
     const Node size = xml::child(node, "ext") ? xml::child(node, "ext") : own;
     result.width = points(xml::number(size, "cx").value_or(0));

@@ -15,6 +15,7 @@ namespace {
 using xml::Node;
 
 constexpr size_t kMaxCells = 1000000, kMaxMerges = 50000;
+constexpr double kMaxArray = 10000;
 
 struct Paper {
   int number;
@@ -64,7 +65,7 @@ bool blockIn(std::string_view text, CellBlock& block) {
 
 class SheetReader {
  public:
-  SheetReader(Model& model, int sheet, const std::vector<std::string>& texts)
+  SheetReader(Model& model, int sheet, const std::vector<StyledText>& texts)
       : model_(model), sheet_(model.sheets[static_cast<size_t>(sheet)]), number_(sheet), texts_(texts) {}
 
   void read() {
@@ -88,6 +89,7 @@ class SheetReader {
       else
         print(name, node);
     }
+    spreadArrays();
   }
 
  private:
@@ -137,11 +139,28 @@ class SheetReader {
     cell.style = static_cast<uint32_t>(xml::whole(node, "s", 0));
     const std::string_view type = xml::text(node, "t");
     if (type == "inlineStr") {
-      cell.value = flatText(xml::child(node, "is"));
+      put(cell, styledText(model_.styles, xml::child(node, "is")));
     } else if (const Node content = xml::child(node, "v")) {
-      cell.value = value(type, content.text().get());
+      if (type == "s")
+        put(cell, shared(content.text().get()));
+      else
+        cell.value = value(type, content.text().get());
     }
     if (const Node formula = xml::child(node, "f")) this->formula(cell, formula, row);
+  }
+
+  void put(Cell& cell, const StyledText& text) {
+    cell.value = text.text;
+    if (text.runs.empty()) return;
+    cell.rich = static_cast<int>(model_.richTexts.size());
+    model_.richTexts.push_back(text.runs);
+  }
+
+  const StyledText& shared(std::string_view content) const {
+    size_t number = 0;
+    const auto [end, error] = std::from_chars(content.data(), content.data() + content.size(), number);
+    if (error != std::errc() || number >= texts_.size()) model_.container.damaged();
+    return texts_[number];
   }
 
   Value value(std::string_view type, std::string_view content) const {
@@ -155,9 +174,7 @@ class SheetReader {
     const auto [end, error] = std::from_chars(content.data(), content.data() + content.size(), number);
     if (error != std::errc() || !std::isfinite(number)) return {};
     if (type == "b") return number != 0;
-    if (type != "s") return number;
-    if (number < 0 || number >= static_cast<double>(texts_.size())) model_.container.damaged();
-    return texts_[static_cast<size_t>(number)];
+    return number;
   }
 
   void formula(Cell& cell, Node node, int row) {
@@ -169,8 +186,8 @@ class SheetReader {
                                     "; its stored value is kept");
     };
     const std::string_view text = node.text().get();
-    if (type == "array" || type == "dataTable") {
-      warn("array formulas are passed over");
+    if (type == "dataTable") {
+      warn("tables of variants are passed over");
     } else if (type == "shared" && text.empty()) {
       const auto master = shared_.find(std::string(xml::text(node, "si")));
       if (master != shared_.end()) formula.expression = master->second;
@@ -182,8 +199,35 @@ class SheetReader {
       }
       if (type == "shared") shared_[std::string(xml::text(node, "si"))] = formula.expression;
     }
+    CellBlock block;
+    formula.array = type == "array";
+    if (formula.array && formula.expression && blockIn(xml::text(node, "ref"), block))
+      arrays_.emplace_back(block, formula);
     cell.formula = static_cast<int>(model_.formulas.size());
     model_.formulas.push_back(std::move(formula));
+  }
+
+  // The other cells that an array formula fills; one that holds a formula of its own keeps it.
+  void spreadArrays() {
+    for (const auto& [block, master] : arrays_) {
+      if ((block.lastRow - block.firstRow + 1.0) * (block.lastColumn - block.firstColumn + 1.0) > kMaxArray)
+        continue;
+      for (int row = block.firstRow; row <= block.lastRow; ++row)
+        for (int column = block.firstColumn; column <= block.lastColumn; ++column) {
+          const uint32_t style = sheet_.styleAt(row, column);
+          Cell& cell = sheet_.rows[row].at(column);
+          if (cell.formula >= 0) continue;
+          cell.style = style;
+          FormulaCell part = master;
+          part.row = row;
+          part.column = column;
+          part.arrayRow = row - master.row;
+          part.arrayColumn = column - master.column;
+          part.stored = cell.value;
+          cell.formula = static_cast<int>(model_.formulas.size());
+          model_.formulas.push_back(std::move(part));
+        }
+    }
   }
 
   void merges(Node node) {
@@ -248,25 +292,31 @@ class SheetReader {
   Model& model_;
   SheetModel& sheet_;
   int number_;
-  const std::vector<std::string>& texts_;
+  const std::vector<StyledText>& texts_;
   std::map<std::string, std::shared_ptr<const Expression>> shared_;
+  std::vector<std::pair<CellBlock, FormulaCell>> arrays_;
   size_t count_ = 0;
 };
 
 }  // namespace
 
-std::string flatText(Node node) {
-  std::string text;
+StyledText styledText(const Styles& styles, Node node) {
+  StyledText whole;
+  bool plain = true;
   for (const Node part : node.children()) {
-    if (xml::is(part, "t"))
-      text += part.text().get();
-    else if (xml::is(part, "r"))
-      text += xml::child(part, "t").text().get();
+    const bool run = xml::is(part, "r");
+    if (!run && !xml::is(part, "t")) continue;
+    const std::string text = unescaped((run ? xml::child(part, "t") : part).text().get());
+    const Node look = run ? xml::child(part, "rPr") : Node();
+    plain = plain && !look;
+    whole.text += text;
+    whole.runs.push_back(styles.run(look, text.size()));
   }
-  return unescaped(std::move(text));
+  if (plain) whole.runs.clear();
+  return whole;
 }
 
-void loadSheet(Model& model, int sheet, const std::vector<std::string>& texts) {
+void loadSheet(Model& model, int sheet, const std::vector<StyledText>& texts) {
   SheetReader(model, sheet, texts).read();
 }
 

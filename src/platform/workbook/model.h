@@ -19,6 +19,7 @@ struct Cell {
   int column = 0;
   uint32_t style = 0;
   int formula = -1;      // place in Model::formulas
+  int rich = -1;         // place in Model::richTexts
   bool changed = false;  // the content differs from the file's
   Value value{};
 };
@@ -58,6 +59,15 @@ struct PageSetup {
   bool differentOddEven = false, differentFirst = false;
 };
 
+// How the pieces of a text look that does not look alike throughout.
+using RichText = std::vector<paint::Text::Run>;
+
+// A text with its look, when it has one of its own.
+struct StyledText {
+  std::string text;
+  RichText runs;
+};
+
 // A picture between two corners; without the second its size is given.
 struct Anchor {
   int row = 0, column = 0;  // 0: measured from the sheet's corner
@@ -69,6 +79,7 @@ struct Picture {
   std::optional<Anchor> to;
   double width = 0, height = 0;
   std::shared_ptr<const std::string> bytes;
+  paint::Rect shown{0, 0, 1, 1};  // what is left when it was cropped
 };
 
 struct SheetModel {
@@ -96,6 +107,9 @@ struct SheetModel {
 struct FormulaCell {
   enum class State { Stored, Stale, Running, Waiting, Done };
   int sheet = 0, row = 0, column = 0;
+  // An array formula fills a block: the place of this cell in it, counted from 0.
+  bool array = false;
+  int arrayRow = 0, arrayColumn = 0;
   std::shared_ptr<const Expression> expression;  // none: passed over, the stored value counts
   State state = State::Stored;
   bool circular = false;
@@ -118,6 +132,7 @@ struct Model : Names {
   Styles styles;
   std::vector<SheetModel> sheets;
   std::vector<FormulaCell> formulas;
+  std::vector<RichText> richTexts;
   std::vector<DefinedName> names;
   std::optional<double> now;
   bool stale = false;  // something was set since the formulas were calculated
@@ -131,11 +146,11 @@ struct Model : Names {
 // load.cpp
 std::unique_ptr<Model> loadModel(Container container);
 // load_sheet.cpp
-void loadSheet(Model& model, int sheet, const std::vector<std::string>& sharedTexts);
+void loadSheet(Model& model, int sheet, const std::vector<StyledText>& sharedTexts);
 // load_pictures.cpp
 void loadPictures(Model& model, SheetModel& sheet, const std::string& part);
-// Rich text flattened, phonetic marks left out.
-std::string flatText(xml::Node node);
+// The text of <si> or <is>, phonetic marks left out.
+StyledText styledText(const Styles& styles, xml::Node node);
 // save.cpp
 void saveModel(Model& model, const std::string& path);
 

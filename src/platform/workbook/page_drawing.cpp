@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "base/text.h"
+#include "platform/utf8.h"
 #include "platform/workbook/evaluate.h"
 
 namespace workbook {
@@ -54,6 +54,16 @@ bool visibleBetween(int first, int end, const auto& size) {
   return false;
 }
 
+// Each letter on a line of its own.
+std::string stacked(const std::string& text) {
+  std::u32string lines;
+  for (const char32_t letter : utf8::decode(text)) {
+    if (!lines.empty()) lines += U'\n';
+    lines += letter;
+  }
+  return utf8::encode(lines);
+}
+
 std::string oneLine(std::string text) {
   std::replace(text.begin(), text.end(), '\n', ' ');
   return text;
@@ -75,6 +85,7 @@ void PageDrawing::draw() {
   fills();
   texts();
   borders();
+  diagonals();
   pictures();
 }
 
@@ -118,7 +129,7 @@ void PageDrawing::gatherMerges() {
     const bool starts = !visibleBetween(block.firstRow, page_.rows[static_cast<size_t>(top)].index,
                                         [&](int row) { return rowHeight(sheet_, row); }) &&
                         !visibleBetween(block.firstColumn, page_.columns[static_cast<size_t>(left)].index,
-                                        [&](int column) { return columnWidth(sheet_, column); });
+                                        [&](int column) { return columnWidth(model_, sheet_, column); });
     for (int r = top; r <= bottom; ++r)
       for (int c = left; c <= right; ++c) spot(r, c).merge = static_cast<int>(merges_.size());
     merges_.push_back({.firstRow = top,
@@ -195,6 +206,23 @@ void PageDrawing::borders() {
   };
   runs(true, rows(), columns());
   runs(false, columns(), rows());
+}
+
+// Lines from corner to corner, of a merged block once.
+void PageDrawing::diagonals() {
+  const auto cross = [&](const Border& border, const Rect& box) {
+    const auto draw = [&](const Side& side, double from, double to) {
+      if (side.line != Line::None)
+        canvas_.line(box.x, from, box.x + box.w, to, widthOf(side.line) * scale_, side.colour, side.dash);
+    };
+    draw(border.up, box.y + box.h, box.y);
+    draw(border.down, box.y, box.y + box.h);
+  };
+  for (int r = 0; r < rows(); ++r)
+    for (int c = 0; c < columns(); ++c)
+      if (spot(r, c).merge < 0) cross(spot(r, c).style->border, rect(r, c, r, c));
+  for (const Merge& merge : merges_)
+    cross(merge.style->border, rect(merge.firstRow, merge.firstColumn, merge.lastRow, merge.lastColumn));
 }
 
 void PageDrawing::rule(bool across, double along, double from, double to, const Side& side) {
@@ -282,6 +310,8 @@ paint::Text PageDrawing::placed(const Value& value, const CellStyle& style, Rect
   text.wrap = style.wrap && words;
   const double padding = kPadding * scale_;
   const double indent = text.halign == HAlign::Centre ? 0 : style.indent * kIndent * scale_;
+  text.turn = style.turn;
+  if (style.stacked && style.across == Across::General) text.halign = HAlign::Centre;
   text.box = {box.x + padding + (text.halign == HAlign::Right ? 0 : indent), box.y,
               std::max(box.w - 2 * padding - indent, 0.1), box.h};
   return text;
@@ -296,11 +326,23 @@ void PageDrawing::text(int row, int column, const Cell& cell, const CellStyle& s
     box = rect(row, column, row, last);
   }
   paint::Text drawn = placed(cell.value, style, box);
-  std::string shown = fitted(cell, style, drawn.font, drawn.box.w + kPadding * scale_, drawn.colour);
+  const double along = drawn.turn == 0 ? drawn.box.w + kPadding * scale_ : box.h;
+  std::string shown = fitted(cell, style, drawn.font, along, drawn.colour);
+  if (style.stacked) {
+    shown = stacked(shown);
+    drawn.wrap = true;
+  }
   if (!drawn.wrap) shown = oneLine(std::move(shown));
   if (shown.empty()) return;
-  const double width = drawn.wrap ? 0 : metrics_.width(shown, drawn.font), room = drawn.box.w;
-  if (drawn.wrap) {
+  drawn.text = shown;
+  drawn.runs = runsOf(cell, drawn);
+  const double width = drawn.wrap ? 0 : metrics_.width(drawn), room = drawn.box.w;
+  if (drawn.turn != 0) {
+    const double slack = kClipSlack * scale_;
+    drawn.clip.x -= slack;
+    drawn.clip.w += 2 * slack;
+    drawn.wrap = drawn.wrap && drawn.upright();
+  } else if (drawn.wrap) {
     // What does not fit is cut at its end, not at its beginning.
     if (drawn.valign != paint::VAlign::Top &&
         metrics_.wrappedHeight(shown, drawn.font, room) > box.h + kClipSlack * scale_)
@@ -311,6 +353,7 @@ void PageDrawing::text(int row, int column, const Cell& cell, const CellStyle& s
       shown += once;
   } else if (style.shrink && width > room) {
     drawn.font.size = std::max(drawn.font.size * room / width, 1.0);
+    for (paint::Text::Run& run : drawn.runs) run.font.size = std::max(run.font.size * room / width, 1.0);
   } else if (cell.value.text() && !merged && width > room) {
     drawn.clip = overflow(row, column, last, box.w + width - room, drawn.halign, box);
   }
@@ -318,6 +361,21 @@ void PageDrawing::text(int row, int column, const Cell& cell, const CellStyle& s
   drawn.clip.y -= kClipSlack * scale_;
   drawn.clip.h += 2 * kClipSlack * scale_;
   canvas_.text(drawn);
+}
+
+// The pieces of a text that has a look of its own.
+std::vector<paint::Text::Run> PageDrawing::runsOf(const Cell& cell, const paint::Text& text) const {
+  if (cell.rich < 0) return {};
+  std::vector<paint::Text::Run> runs = model_.richTexts[static_cast<size_t>(cell.rich)];
+  for (paint::Text::Run& run : runs) {
+    if (run.font.size > 0) {
+      run.font.size *= scale_;
+    } else {
+      run.font = text.font;
+      run.colour = text.colour;
+    }
+  }
+  return runs;
 }
 
 // The cell with the blank ones beside it that a long text may flow into.
@@ -334,7 +392,7 @@ Rect PageDrawing::overflow(int row, int firstColumn, int lastColumn, double need
 
 void PageDrawing::pictures() {
   const auto height = [&](int row) { return rowHeight(sheet_, row); };
-  const auto width = [&](int column) { return columnWidth(sheet_, column); };
+  const auto width = [&](int column) { return columnWidth(model_, sheet_, column); };
   // From the start of line `first` to a point inside line `last`, over what is visible.
   const auto span = [](int first, int last, double inside, const auto& size) {
     double sum = 0;
@@ -361,8 +419,8 @@ void PageDrawing::pictures() {
       h = span(from.row, picture.to->row, picture.to->y, height) - y;
     }
     if (w > 0 && h > 0)
-      canvas_.picture({column->at + x * scale_, row->at + y * scale_, w * scale_, h * scale_},
-                      *picture.bytes);
+      canvas_.picture({column->at + x * scale_, row->at + y * scale_, w * scale_, h * scale_}, *picture.bytes,
+                      picture.shown);
   }
 }
 

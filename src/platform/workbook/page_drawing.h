@@ -40,10 +40,12 @@ class PageDrawing {
 
   void fills();
   void borders();
+  void diagonals();
   void rule(bool across, double along, double from, double to, const Side& side);
   void texts();
   paint::Text placed(const Value& value, const CellStyle& style, paint::Rect box) const;
   void text(int row, int column, const Cell& cell, const CellStyle& style, paint::Rect box, bool merged);
+  std::vector<paint::Text::Run> runsOf(const Cell& cell, const paint::Text& text) const;
   std::string fitted(const Cell& cell, const CellStyle& style, const paint::Font& font, double room,
                      paint::Colour& colour) const;
   paint::Rect overflow(int row, int firstColumn, int lastColumn, double needed, paint::HAlign align,

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "base/text.h"
+
 namespace workbook {
 namespace {
 
@@ -59,6 +61,28 @@ Colour fromNumber(uint32_t rgb) {
   return {static_cast<uint8_t>(rgb >> 16), static_cast<uint8_t>(rgb >> 8), static_cast<uint8_t>(rgb)};
 }
 
+// Pixels of a digit at 96 dots an inch.
+int digitPixels(const paint::Font& font) {
+  struct Family {
+    const char* name;
+    double digit;  // in parts of the font's size
+  };
+  constexpr Family kFamilies[] = {
+      {"Calibri",          0.507},
+      {"Carlito",          0.507},
+      {"Times New Roman",  0.5  },
+      {"Liberation Serif", 0.5  },
+      {"Courier New",      0.6  },
+      {"Liberation Mono",  0.6  },
+      {"Verdana",          0.636},
+      {"DejaVu Sans",      0.636},
+  };
+  double digit = 0.556;  // of Arial and most others
+  for (const Family& family : kFamilies)
+    if (sameText(font.family, family.name)) digit = family.digit;
+  return std::max(static_cast<int>(std::lround(digit * font.size * 96 / 72)), 1);
+}
+
 std::optional<Colour> fromHex(std::string_view hex) {
   if (hex.size() < 6) return {};
   hex = hex.substr(hex.size() - 6);
@@ -110,6 +134,7 @@ Styles::Styles(const Container& container, const std::string& stylesPart, const 
   std::vector<std::optional<Colour>> fills;
   std::vector<Border> borders;
   for (const Node node : xml::children(xml::child(root, "fonts"), "font")) fonts.push_back(font(node));
+  if (!fonts.empty()) digitWidth_ = digitPixels(fonts.front().font);
   for (const Node node : xml::children(xml::child(root, "fills"), "fill")) fills.push_back(fill(node));
   for (const Node node : xml::children(xml::child(root, "borders"), "border"))
     borders.push_back(border(node));
@@ -181,8 +206,9 @@ std::optional<Colour> Styles::colour(Node node) const {
 Styles::Fonts Styles::font(Node node) const {
   Fonts result;
   result.font.family = "Calibri";
-  if (const std::string_view name = xml::text(xml::child(node, "name"), "val"); !name.empty())
-    result.font.family = name;
+  for (const char* element : {"name", "rFont"})
+    if (const std::string_view name = xml::text(xml::child(node, element), "val"); !name.empty())
+      result.font.family = name;
   result.font.size = std::clamp(xml::number(xml::child(node, "sz"), "val").value_or(11), 1.0, 409.0);
   result.font.bold = xml::flagChild(node, "b");
   result.font.italic = xml::flagChild(node, "i");
@@ -191,6 +217,15 @@ Styles::Fonts Styles::font(Node node) const {
   result.font.underline = underline && xml::text(underline, "val") != "none";
   result.colour = colour(xml::child(node, "color")).value_or(Colour{});
   return result;
+}
+
+paint::Text::Run Styles::run(Node look, size_t size) const {
+  paint::Text::Run run{.size = size, .font = {.size = 0}, .colour = {}};
+  if (!look) return run;
+  const Fonts own = font(look);
+  run.font = own.font;
+  run.colour = own.colour;
+  return run;
 }
 
 std::optional<Colour> Styles::fill(Node node) const {
@@ -223,10 +258,13 @@ Border Styles::border(Node node) const {
     const Node found = xml::child(node, name);
     return side(found ? found : xml::child(node, newer));
   };
+  const Side across = side(xml::child(node, "diagonal"));
   return {.left = either("left", "start"),
           .right = either("right", "end"),
           .top = side(xml::child(node, "top")),
-          .bottom = side(xml::child(node, "bottom"))};
+          .bottom = side(xml::child(node, "bottom")),
+          .up = xml::flag(node, "diagonalUp") ? across : Side{},
+          .down = xml::flag(node, "diagonalDown") ? across : Side{}};
 }
 
 void Styles::align(Node node, CellStyle& style) {
@@ -238,6 +276,10 @@ void Styles::align(Node node, CellStyle& style) {
   style.wrap = xml::flag(node, "wrapText") || style.across == Across::Justify || down == "justify";
   style.shrink = xml::flag(node, "shrinkToFit") && !style.wrap;
   style.indent = std::clamp(xml::whole(node, "indent", 0), 0, 250);
+  // 91 to 180 are degrees with the clock, 255 is a column of letters.
+  const int turn = xml::whole(node, "textRotation", 0);
+  style.stacked = turn == 255;
+  style.turn = turn >= 0 && turn <= 90 ? turn : turn > 90 && turn <= 180 ? 90 - turn : 0;
 }
 
 }  // namespace workbook

@@ -25,6 +25,12 @@ struct Side {
 
 struct Border {
   Side left, right, top, bottom;
+  Side up, down;  // from corner to corner
+  bool any() const {
+    for (const Side* side : {&left, &right, &top, &bottom, &up, &down})
+      if (side->line != Line::None) return true;
+    return false;
+  }
 };
 
 enum class Across { General, Left, Centre, Right, Fill, Justify, CentreAcross };
@@ -39,6 +45,8 @@ struct CellStyle {
   paint::VAlign down = paint::VAlign::Bottom;
   bool wrap = false, shrink = false;
   int indent = 0;
+  int turn = 0;          // degrees against the clock
+  bool stacked = false;  // each letter under the one before
 };
 
 class Styles {
@@ -49,6 +57,10 @@ class Styles {
   // A style number that the part does not have is the first style.
   const CellStyle& style(uint32_t number) const { return cells_[number < cells_.size() ? number : 0]; }
   const NumberFormat& format(const CellStyle& style) const { return formats_[style.format]; }
+  // A piece of a text by its <rPr>; without one it looks as its cell does, which a font size of 0 says.
+  paint::Text::Run run(xml::Node look, size_t size) const;
+  // Pixels of a digit in the workbook's own font: the unit of column widths.
+  int digitWidth() const { return digitWidth_; }
 
  private:
   using Node = xml::Node;
@@ -66,6 +78,7 @@ class Styles {
   void readFormats(Node root, std::vector<std::pair<int, uint32_t>>& ids);
   static void align(Node node, CellStyle& style);
 
+  int digitWidth_ = 7;
   std::array<paint::Colour, 12> theme_;
   std::vector<paint::Colour> palette_;
   std::vector<NumberFormat> formats_;

@@ -28,6 +28,7 @@ static void drop(Model& model, SheetModel& sheet, Cell& cell) {
     cell.formula = -1;
   }
   cell.value = {};
+  cell.rich = -1;
   cell.changed = true;
 }
 
