@@ -130,8 +130,7 @@ void hsnSummary(Sheet& sheet, int row, int rows, const HsnColumns& columns, cons
                 double size = 7.5);
 
 // Taxable value, taxes and round-off, those that are not zero.
-std::vector<Facts::Named> totalLines(Facts& facts, const Bill& bill, int rows,
-                                     const std::vector<Facts::Named>& before = {});
+std::vector<Facts::Named> totalLines(Facts& facts, const Bill& bill, int rows);
 // A row each, then the bill amount in two.
 void totalsBox(Sheet& sheet, int row, Columns label, Columns value, const std::vector<Facts::Named>& lines,
                const Bill& bill, double size = 8.5);

@@ -130,9 +130,8 @@ void hsnSummary(Sheet& sheet, int row, int rows, const HsnColumns& columns, cons
   }
 }
 
-std::vector<Facts::Named> totalLines(Facts& facts, const Bill& bill, int rows,
-                                     const std::vector<Facts::Named>& before) {
-  std::vector<Facts::Named> lines = before;
+std::vector<Facts::Named> totalLines(Facts& facts, const Bill& bill, int rows) {
+  std::vector<Facts::Named> lines;
   const std::vector<std::pair<const char*, std::string>> own = {
       {"Taxable value", bill.taxable },
       {"CGST",          bill.cgst    },

@@ -53,6 +53,14 @@ uint8_t border(Edge edge) {
   }
 }
 
+// "$A$1"; columns beyond Z have two letters.
+std::string cellName(char c, int r) {
+  const int n = c - 'A';
+  std::string letters(1, static_cast<char>('A' + n % 26));
+  if (n >= 26) letters.insert(letters.begin(), static_cast<char>('A' + n / 26 - 1));
+  return "$" + letters + "$" + std::to_string(r);
+}
+
 lxw_color_t lineColour(Edge edge) { return edge == Edge::Faint ? kFaintLine : kLine; }
 
 }  // namespace
@@ -213,7 +221,7 @@ void Sheet::repeat(int columns) {
   }
 }
 
-void Sheet::paper(const Paper& paper, Cells printed) {
+void Sheet::paper(const Paper& paper, const std::vector<Cells>& printed) {
   worksheet_set_paper(sheet_, static_cast<uint8_t>(paper.size));
   if (paper.landscape)
     worksheet_set_landscape(sheet_);
@@ -226,9 +234,13 @@ void Sheet::paper(const Paper& paper, Cells printed) {
   worksheet_set_header_opt(sheet_, "", &none);
   worksheet_set_footer_opt(sheet_, "", &none);
   worksheet_center_horizontally(sheet_);
-  worksheet_fit_to_pages(sheet_, static_cast<uint16_t>(paper.across), 0);
-  worksheet_print_area(sheet_, row(printed.top), column(printed.left), row(printed.lastRow()),
-                       column(printed.lastColumn()));
+  worksheet_fit_to_pages(sheet_, 1, 0);
+  std::string areas;
+  for (const Cells& area : printed)
+    areas += (areas.empty() ? "=" : ",") + name_ + "!" + cellName(area.left, area.top) + ":" +
+             cellName(area.lastColumn(), area.lastRow());
+  // The name itself, since a sheet takes one area only.
+  workbook_define_name(book_.book_, (name_ + "!_xlnm.Print_Area").c_str(), areas.c_str());
   worksheet_gridlines(sheet_, LXW_HIDE_ALL_GRIDLINES);
 }
 

@@ -74,8 +74,9 @@ struct Picture {
 struct Paper {
   enum class Size { A4 = 9, A5 = 11 } size = Size::A4;
   bool landscape = false;
-  double leftRight = 14.4, topBottom = 14.4;  // margins
-  int across = 1;                             // sheets of paper side by side
+  // Margins. Spreadsheet programs take columns to be up to 6.3% wider than they are here; the
+  // columns of a page must fit all the same, or the page is made smaller.
+  double leftRight = 12, topBottom = 14.4;
 
   double room() const;  // from the upper margin to the lower
 };
@@ -104,8 +105,8 @@ class Sheet {
   // calculated is taken from the first.
   void repeat(int columns);
 
-  // Printed down to the last cell and shrunk to the width of the paper when it must be.
-  void paper(const Paper& paper, Cells printed);
+  // Each block begins a new page and is as wide as the paper or less.
+  void paper(const Paper& paper, const std::vector<Cells>& printed);
 
  private:
   struct Written {

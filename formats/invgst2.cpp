@@ -18,13 +18,13 @@ const Form kForm{
 };
 constexpr int kCopies = 3;
 constexpr Columns kAll{'A', 'M'}, kLeft{'A', 'I'}, kRight{'J', 'M'}, kLabel{'A', 'D'}, kCopy{'A', 'D'};
+constexpr int kWidth = kAll.right - kAll.left + 1;
 const DesignTable kTable{
-    .form = kForm, .all = {'A', static_cast<char>('A' + kCopies * 13 - 1)},
-    .widths = {{'A', 18}, {'B', 60}, {'C', 76.5}, {'D', 42}, {'E', 38.25}, {'F', 27}, {'G', 48}, {'H', 22.5},
-               {'I', 45}, {'J', 57}, {'K', 22.5}, {'L', 51}, {'M', 57}},
-    .paper = {.across = kCopies},
+    .form = kForm, .all = kAll,
+    .widths = {{'A', 18}, {'B', 60}, {'C', 60}, {'D', 42}, {'E', 38.25}, {'F', 27}, {'G', 45}, {'H', 22.5},
+               {'I', 42}, {'J', 57}, {'K', 22.5}, {'L', 48}, {'M', 54}},
     .palette = {.accent = 0x1F3A6E, .tint = 0xE9EEF7},
-    .letters = 31,
+    .letters = 27,
 };
 constexpr HsnColumns kHsn{.code = {'A', 'B'}, .taxable = {'C', 'C'}, .rate = {'D', 'D'}, .cgst = {'E', 'F'},
                           .sgst = {'G', 'G'}, .igst = {'H', 'I'}};
@@ -59,15 +59,20 @@ class Design : public InvoiceDesign {
 
   void write() override {
     InvoiceDesign::write();
-    const int width = kAll.right - kAll.left + 1;
+    for (int copy = 1; copy < kCopies; ++copy) sheet_.repeat(copy * kWidth);
     constexpr const char* kMarks[kCopies] = {kOriginal, kDuplicate, kTriplicate};
-    for (int copy = 1; copy < kCopies; ++copy) sheet_.repeat(copy * width);
     for (int copy = 1; copy < kCopies; ++copy)
       for (int page = 1; page <= kForm.pages; ++page)
-        copyMark(sheet_, kForm.headAt(page), kCopy.movedBy(copy * width), kMarks[copy]);
+        copyMark(sheet_, kForm.headAt(page), kCopy.movedBy(copy * kWidth), kMarks[copy]);
   }
 
  private:
+  std::vector<Columns> copies() const override {
+    std::vector<Columns> all;
+    for (int copy = 0; copy < kCopies; ++copy) all.push_back(kAll.movedBy(copy * kWidth));
+    return all;
+  }
+
   void head(int row, int page) override {
     titleBar(sheet_, row, kCopy, {'E', 'I'}, kRight, "TAX INVOICE", page, bill_.pages);
     companyHead(sheet_, row + 1, kAll, company_);

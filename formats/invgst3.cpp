@@ -20,10 +20,10 @@ const Form kForm{
 constexpr Columns kAll{'A', 'M'}, kLeft{'A', 'I'}, kRight{'J', 'M'}, kLabel{'A', 'D'}, kName{'A', 'H'}, kTitle{'I', 'M'};
 const DesignTable kTable{
     .form = kForm, .all = kAll,
-    .widths = {{'A', 20.25}, {'B', 61.5}, {'C', 87.75}, {'D', 43.5}, {'E', 39.75}, {'F', 27.75}, {'G', 48}, {'H', 21.75},
-               {'I', 57.75}, {'J', 21.75}, {'K', 44.25}, {'L', 44.25}, {'M', 44.25}},
+    .widths = {{'A', 20.25}, {'B', 61.5}, {'C', 69}, {'D', 43.5}, {'E', 39.75}, {'F', 27.75}, {'G', 45.75}, {'H', 21.75},
+               {'I', 57.75}, {'J', 21.75}, {'K', 42.75}, {'L', 42.75}, {'M', 42.75}},
     .palette = {.accent = kInk, .tint = 0xF0F0F0},
-    .letters = 34,
+    .letters = 30,
 };
 constexpr HsnColumns kHsn{.code = {'A', 'B'}, .taxable = {'C', 'C'}, .rate = {'D', 'D'}, .cgst = {'E', 'F'},
                           .sgst = {'G', 'H'}, .igst = {'I', 'I'}};

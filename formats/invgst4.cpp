@@ -2,7 +2,7 @@
 #include "formats/invoice_design.h"
 #include "formats/styles.h"
 
-// Design 4: a wide sheet, with discount and the rate and amount of every tax beside each line.
+// Design 4: a wide sheet, with the rate and amount of every tax beside each line.
 namespace formats {
 
 namespace {
@@ -14,22 +14,22 @@ const Form kForm{
     .foot = {11.25, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 10.5, 10.5, 9.75, 9.75, 9.75},
     .slot = 12.75,
 };
-constexpr Columns kAll{'A', 'Q'}, kLeft{'A', 'L'}, kRight{'M', 'Q'}, kLabel{'A', 'D'};
+constexpr Columns kAll{'A', 'P'}, kLeft{'A', 'K'}, kRight{'L', 'P'}, kLabel{'A', 'D'};
 const DesignTable kTable{
     .form = kForm, .all = kAll,
-    .widths = {{'A', 21}, {'B', 69.75}, {'C', 99.75}, {'D', 48}, {'E', 45}, {'F', 30}, {'G', 54}, {'H', 24}, {'I', 54},
-               {'J', 66}, {'K', 21.75}, {'L', 54}, {'M', 21.75}, {'N', 54}, {'O', 21.75}, {'P', 54}, {'Q', 72}},
+    .widths = {{'A', 21}, {'B', 69.75}, {'C', 129}, {'D', 46.5}, {'E', 42}, {'F', 30}, {'G', 54}, {'H', 24},
+               {'I', 63}, {'J', 21.75}, {'K', 52.5}, {'L', 21.75}, {'M', 52.5}, {'N', 21.75}, {'O', 52.5}, {'P', 66}},
     .paper = {.landscape = true},
     .palette = {.accent = 0x2F5D3A, .tint = 0xEAF3EC},
     .table = {.wrap = false},
-    .letters = 64,
+    .letters = 62,
 };
 constexpr HsnColumns kHsn{.code = {'A', 'B'}, .taxable = {'C', 'C'}, .cgstRate = {'D', 'D'}, .cgst = {'E', 'F'},
-                          .sgstRate = {'G', 'G'}, .sgst = {'H', 'I'}, .igstRate = {'J', 'J'}, .igst = {'K', 'L'}};
+                          .sgstRate = {'G', 'G'}, .sgst = {'H', 'I'}, .igstRate = {'J', 'J'}, .igst = {'K', 'K'}};
 const PageSums kPageSums{
     .page = {'A', 'A'}, .lines = {'B', 'B'},
-    .columns = {{{'C', 'C'}, "Taxable value", 'J'}, {{'D', 'E'}, "CGST", 'L'}, {{'F', 'G'}, "SGST", 'N'},
-                {{'H', 'I'}, "IGST", 'P'}, {{'J', 'L'}, "Total", 'Q'}},
+    .columns = {{{'C', 'C'}, "Taxable value", 'I'}, {{'D', 'E'}, "CGST", 'K'}, {{'F', 'G'}, "SGST", 'M'},
+                {{'H', 'I'}, "IGST", 'O'}, {{'J', 'K'}, "Total", 'P'}},
 };
 
 using Kind = LineColumn::Kind;
@@ -42,16 +42,15 @@ std::vector<LineColumn> lineColumns(const Bill& bill) {
       {.kind = Kind::Plain,       .columns = {'E', 'E'}, .title = "Qty",     .field = "SALEITM.QUANTITY", .total = bill.quantity, .summed = true},
       {.kind = Kind::Text,        .columns = {'F', 'F'}, .title = "Unit",    .field = "SALEITM.SIZE_CD"},
       {.kind = Kind::Rate,        .columns = {'G', 'G'}, .title = "Rate",    .field = "SALEITM.RATE"},
-      {.kind = Kind::Plain,       .columns = {'H', 'H'}, .title = "%",      .group = "Discount", .field = "SALEITM.SALE_DISC"},
-      {.kind = Kind::Money,       .columns = {'I', 'I'}, .title = "Amount", .group = "Discount", .figure = figures::discount, .summed = true},
-      {.kind = Kind::Money,       .columns = {'J', 'J'}, .title = "Taxable value", .field = "SALEITM.AMOUNT", .total = bill.taxable, .summed = true},
-      {.kind = Kind::Plain,       .columns = {'K', 'K'}, .title = "%",      .group = "CGST", .field = "SALEITM.CGSTRT"},
-      {.kind = Kind::Money,       .columns = {'L', 'L'}, .title = "Amount", .group = "CGST", .field = "SALEITM.CGSTAMT", .total = bill.cgst, .summed = true},
-      {.kind = Kind::Plain,       .columns = {'M', 'M'}, .title = "%",      .group = "SGST", .field = "SALEITM.SGSTRT"},
-      {.kind = Kind::Money,       .columns = {'N', 'N'}, .title = "Amount", .group = "SGST", .field = "SALEITM.SGSTAMT", .total = bill.sgst, .summed = true},
-      {.kind = Kind::Plain,       .columns = {'O', 'O'}, .title = "%",      .group = "IGST", .field = "SALEITM.IGSTRT"},
-      {.kind = Kind::Money,       .columns = {'P', 'P'}, .title = "Amount", .group = "IGST", .field = "SALEITM.IGSTAMT", .total = bill.igst, .summed = true},
-      {.kind = Kind::Money,       .columns = {'Q', 'Q'}, .title = "Total",  .figure = figures::net, .total = bill.beforeRounding, .summed = true},
+      {.kind = Kind::Plain,       .columns = {'H', 'H'}, .title = "Disc %",  .field = "SALEITM.SALE_DISC"},
+      {.kind = Kind::Money,       .columns = {'I', 'I'}, .title = "Taxable value", .field = "SALEITM.AMOUNT", .total = bill.taxable, .summed = true},
+      {.kind = Kind::Plain,       .columns = {'J', 'J'}, .title = "%",      .group = "CGST", .field = "SALEITM.CGSTRT"},
+      {.kind = Kind::Money,       .columns = {'K', 'K'}, .title = "Amount", .group = "CGST", .field = "SALEITM.CGSTAMT", .total = bill.cgst, .summed = true},
+      {.kind = Kind::Plain,       .columns = {'L', 'L'}, .title = "%",      .group = "SGST", .field = "SALEITM.SGSTRT"},
+      {.kind = Kind::Money,       .columns = {'M', 'M'}, .title = "Amount", .group = "SGST", .field = "SALEITM.SGSTAMT", .total = bill.sgst, .summed = true},
+      {.kind = Kind::Plain,       .columns = {'N', 'N'}, .title = "%",      .group = "IGST", .field = "SALEITM.IGSTRT"},
+      {.kind = Kind::Money,       .columns = {'O', 'O'}, .title = "Amount", .group = "IGST", .field = "SALEITM.IGSTAMT", .total = bill.igst, .summed = true},
+      {.kind = Kind::Money,       .columns = {'P', 'P'}, .title = "Total",  .figure = figures::net, .total = bill.beforeRounding, .summed = true},
   };
 }
 // clang-format on
@@ -62,7 +61,7 @@ class Design : public InvoiceDesign {
 
  private:
   void head(int row, int page) override {
-    titleBar(sheet_, row, {'A', 'C'}, {'D', 'L'}, kRight, "TAX INVOICE", page, bill_.pages, 11);
+    titleBar(sheet_, row, {'A', 'C'}, {'D', 'K'}, kRight, "TAX INVOICE", page, bill_.pages, 11);
     companyHead(row + 1);
     partyBlock(sheet_, row + 4, {'A', 'C'}, "Bill To", bill_.buyer, 7.5);
     partyBlock(sheet_, row + 4, {'D', 'H'}, "Ship To", bill_.consignee, 7.5);
@@ -110,24 +109,15 @@ class Design : public InvoiceDesign {
   void closing(int row) override {
     sums(row, kLabel, bill_.totalLabel, billSums(kForm));
     hsnSummary(sheet_, row + 1, 8, kHsn, bill_, 7);
-    totalsBox(sheet_, row + 1, {'M', 'O'}, {'P', 'Q'}, totals_, bill_, 8);
+    totalsBox(sheet_, row + 1, {'L', 'N'}, {'O', 'P'}, totals_, bill_, 8);
     wordsRow(sheet_, row + 11, kLeft, "Rupees", bill_.netWords, 8);
     wordsRow(sheet_, row + 12, kLeft, "Tax", bill_.taxWords, 8);
     end(row + 11);
   }
 
   void end(int row) {
-    notes(sheet_, row + 2, {'A', 'G'}, {'H', 'L'}, bankLine(company_), company_, 2);
+    notes(sheet_, row + 2, {'A', 'G'}, {'H', 'K'}, bankLine(company_), company_, 2);
     signature(sheet_, row, kRight, company_, 3, 8);
-  }
-
-  // What stands in the last row of sums.
-  std::vector<Facts::Named> discountLines() const {
-    const auto discount = "BILL!$I$" + std::to_string(kForm.footAt(kForm.pages));
-    return {
-        {quoted("Gross amount"),  "IF(N(" + discount + ")=0,\"\"," + bill_.taxable + "+" + discount + ")"},
-        {quoted("Less discount"), "IF(N(" + discount + ")=0,\"\",\"-\"&" + moneyText(discount) + ")"     },
-    };
   }
 
   const std::vector<Fact> others_ = closedFacts(facts_,
@@ -150,7 +140,7 @@ class Design : public InvoiceDesign {
                                                        {quoted("Parcels"),     bill_.parcels         }
   },
                                                    8);
-  const std::vector<Facts::Named> totals_ = totalLines(facts_, bill_, 8, discountLines());
+  const std::vector<Facts::Named> totals_ = totalLines(facts_, bill_, 8);
 };
 
 }  // namespace

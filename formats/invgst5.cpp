@@ -20,11 +20,11 @@ constexpr Columns kAll{'A', 'L'}, kLeft{'A', 'I'}, kRight{'J', 'L'}, kLabel{'A',
 constexpr double kLogoSide = 63;
 const DesignTable kTable{
     .form = kForm, .all = kAll,
-    .widths = {{'A', 20.25}, {'B', 60}, {'C', 90}, {'D', 46.5}, {'E', 42}, {'F', 28.5}, {'G', 51}, {'H', 24},
-               {'I', 64.5}, {'J', 24}, {'K', 48}, {'L', 64.5}},
+    .widths = {{'A', 20.25}, {'B', 60}, {'C', 69}, {'D', 46.5}, {'E', 42}, {'F', 28.5}, {'G', 51}, {'H', 24},
+               {'I', 62.25}, {'J', 24}, {'K', 48}, {'L', 61.5}},
     .palette = {.accent = 0x7A2E3B, .tint = 0xF8EFEF},
     .table = {.beside = Edge::None},
-    .letters = 34,
+    .letters = 30,
 };
 constexpr HsnColumns kHsn{.code = {'D', 'D'}, .taxable = {'E', 'F'}, .rate = {'G', 'G'}, .tax = {'H', 'I'}};
 const PageSums kPageSums{

@@ -19,12 +19,12 @@ const Form kForm{
 constexpr Columns kAll{'A', 'K'}, kLeft{'A', 'H'}, kRight{'I', 'K'}, kLabel{'A', 'D'};
 const DesignTable kTable{
     .form = kForm, .all = kAll,
-    .widths = {{'A', 15}, {'B', 49.5}, {'C', 63.75}, {'D', 36}, {'E', 30.75}, {'F', 21.75}, {'G', 40.5}, {'H', 18},
-               {'I', 48}, {'J', 18}, {'K', 54}},
-    .paper = {.size = Paper::Size::A5, .leftRight = 11.5, .topBottom = 11.5},
+    .widths = {{'A', 15}, {'B', 49.5}, {'C', 51}, {'D', 35.25}, {'E', 30.75}, {'F', 21.75}, {'G', 40.5}, {'H', 18},
+               {'I', 46.5}, {'J', 18}, {'K', 51}},
+    .paper = {.size = Paper::Size::A5, .leftRight = 9, .topBottom = 11.5},
     .palette = {.accent = kInk, .tint = 0xF0F0F0},
     .table = {.size = 6},
-    .letters = 30,
+    .letters = 26,
 };
 constexpr HsnColumns kHsn{.code = {'A', 'B'}, .taxable = {'C', 'D'}, .rate = {'E', 'F'}, .tax = {'G', 'H'}};
 const PageSums kPageSums{

@@ -33,10 +33,12 @@ InvoiceDesign::InvoiceDesign(Book& book, const DesignTable& table)
   check(form_, table.paper);
   sheet_.palette(table.palette);
   for (const auto& [column, points] : table.widths) sheet_.width(column, points);
-  sheet_.paper(table.paper, {1, table.all.left, form_.rows(), table.all.right});
 }
 
 void InvoiceDesign::write() {
+  std::vector<Cells> areas;
+  for (const Columns& copy : copies()) areas.push_back(at(1, copy, form_.rows()));
+  sheet_.paper(table_.paper, areas);
   writePages(sheet_, form_,
              {.head = [this](int row, int page) { head(row, page); },
               .slots =

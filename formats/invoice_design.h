@@ -30,6 +30,8 @@ class InvoiceDesign {
   virtual void head(int row, int page) = 0;
   virtual void pageFoot(int row, int page) = 0;  // of a page that another follows
   virtual void closing(int row) = 0;
+  // What is printed, one behind the other.
+  virtual std::vector<Columns> copies() const { return {table_.all}; }
   // The row under the slots.
   void sums(int row, Columns label, const std::string& text, const SumOf& sum);
 

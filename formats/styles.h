@@ -25,9 +25,6 @@ inline std::string unlessZero(const std::string& number) {
   return "IF(ROUND(" + number + ",4)=0,\"\"," + number + ")";
 }
 
-// An amount as text.
-inline std::string moneyText(const std::string& number) { return "TEXT(" + number + ",\"" + kMoney + "\")"; }
-
 inline std::string sum(const std::string& range) { return "SUM(" + range + ")"; }
 
 }  // namespace formats
