@@ -55,8 +55,9 @@ void FieldView::sync(const Situation& situation) {
   if (now.state != State::Focus && now.state != State::Error) now.caret = now.anchor = 0;
   if (now.state == State::Off || now.state == State::Bare) {
     now.back = kWhite;
+    const bool whole = control_.style == Style::Amount && now.text.find('.') == std::string::npos;
     if (control_.money && spot_.frame != Frame::Entry)
-      now.text = control_.style == Style::Amount ? groupedFigures(now.text) : groupedMoney(now.text);
+      now.text = whole ? groupedFigures(now.text) : groupedMoney(now.text);
   }
   if (now.state == State::Ready || now.state == State::Bare)
     if (control_.kind == Kind::Date && now.text == kEmptyDate) now.text.clear();
