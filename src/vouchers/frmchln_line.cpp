@@ -129,5 +129,7 @@ void FRMCHLN::sumLines() {
 }
 
 void FRMCHLN::rateHints() {
-  if (!backFromRates()) showRates(challanRates(data(), book_, {trimmed(4), trimmed(5), trimmed(7)}));
+  if (backFromRates()) return;
+  showRates(challanRates(data(), book_, {trimmed(4), trimmed(5), trimmed(7)}));
+  if (at("DataGrid2").visible) ShowHint(host, hintFor(here()) + " :: Down = Earlier Challans");
 }

@@ -25,14 +25,14 @@ const ScreenSpec& FRMCHLN::table() {
       .focusColour = 0xFFC0FF,
       .layout = {.bands = {
           {px(81),  {{.name = "A", .width = part(1.15), .columns = {px(56), px(92), px(44), part(1)}},
-                     {.name = "B", .width = px(356),    .columns = {px(62), px(92), fit(), part(1)}},
+                     {.name = "B", .width = px(356),    .columns = {px(72), px(92), fit(), part(1)}},
                      {.name = "C", .width = part(1),    .frame = Frame::Off}}},
           {px(25),  {{.name = "heads",   .frame = Frame::Heads, .columnsOf = "DataGrid1"}}},
           {px(34),  {{.name = "entry",   .frame = Frame::Entry, .columnsOf = "DataGrid1"}}},
           {px(24),  {{.name = "keys",    .frame = Frame::Keys,  .columnsOf = "DataGrid1"}}},
           {part(1), {{.name = "lines",   .frame = Frame::Plain}}},
           {px(116), {{.name = "D", .width = part(1), .columns = {fit(), part(1), fit(), part(1), fit(), part(1)}},
-                     {.name = "E", .width = px(426), .columns = {fit(), px(122), fit(), part(1)}}}},
+                     {.name = "E", .width = px(440), .columns = {fit(), px(132), fit(), part(1)}}}},
           {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
       }},
       .controls = {
@@ -69,7 +69,7 @@ const ScreenSpec& FRMCHLN::table() {
 
           {.name = "Text1",      .index = 18, .label = "Item Amt",  .at = {.group = "E", .row = 0, .col = 1}, .enabled = false, .align = Right, .money = true},
           {.name = "Text1",      .index = 26, .label = "Item Qty",  .at = {.group = "E", .row = 0, .col = 3}, .enabled = false, .align = Right, .style = Style::Primary},
-          {.name = "Text1",      .index = 28, .label = "Net_Amt",   .at = {.group = "E", .row = 1, .col = 2, .span = 2, .rows = 2}, .enabled = false, .align = Right, .money = true, .style = Style::Amount},
+          {.name = "Text1",      .index = 28, .label = "Net_Amt",   .at = {.group = "E", .row = 1, .col = 0, .span = 4, .rows = 2}, .enabled = false, .align = Right, .money = true, .style = Style::Amount},
           {.name = "Text1",      .index = 2,                                                                  .enabled = false, .visible = false},
 
           {.name = "CMDSAVE",    .kind = Kind::Button, .label = "&Save",   .at = {.group = "buttons"}, .tab = 38, .enabled = false, .visible = false, .hint = "Press Enter To Save"},

@@ -252,6 +252,7 @@ TEST_F(Frmchln, EarlierRatesComeUpBesideTheRate) {
   host.fillEnter("Text1(5)", "I0000001");
   host.keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
   EXPECT_TRUE(host.at("DataGrid2").visible);
+  EXPECT_EQ(host.hint(), "Press Enter To Proceed :: Down = Earlier Challans");
   EXPECT_EQ(host.cell("DataGrid2", 0, 2) + " " + host.cell("DataGrid2", 0, 3), "2.000 1500");
   host.keys({KeyCode::Down, KeyCode::Esc});
   EXPECT_EQ(host.focus(), "Text1(9)");
