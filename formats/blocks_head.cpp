@@ -131,9 +131,12 @@ void remarksRow(Sheet& sheet, int row, Columns columns, const Bill& bill, double
 }
 
 void deliveryAndRemarksRow(Sheet& sheet, int row, Columns columns, const Bill& bill, double size, Room room) {
-  const auto remarks =
-      "IF(" + bill.deliveredTo + "=\"\",\"\",\"     \")&" + labelled("Remarks : ", bill.narration);
-  textRow(sheet, row, columns, labelled("Ship To : ", bill.deliveredTo) + "&" + remarks, size, room);
+  const auto between = "IF(OR(" + bill.deliveredTo + "=\"\"," + bill.narration + "=\"\"),\"\"," +
+                       (room == Room::TwoLines ? "CHAR(10)" : quoted("     ")) + ")";
+  textRow(
+      sheet, row, columns,
+      labelled("Ship To : ", bill.deliveredTo) + "&" + between + "&" + labelled("Remarks : ", bill.narration),
+      size, room);
 }
 
 }  // namespace formats
