@@ -23,7 +23,7 @@ class PrintedPaper : public paint::Canvas {
   void text(const paint::Text& run) override { (text_ += run.text) += " "; }
   void line(double, double, double, double, double, paint::Colour, paint::Dash) override {}
   void fill(const paint::Rect&, paint::Colour) override {}
-  void picture(const paint::Rect&, std::string_view) override {}
+  void picture(const paint::Rect&, std::string_view, const paint::Rect&) override {}
   void finish() override { machine_.printed.push_back(text_); }
 
  private:
