@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <map>
 #include <system_error>
 #include <utility>
 
@@ -105,10 +106,15 @@ class ListWriter {
   }
 
   bool rows() {
+    // One of a kind: the library looks a second one up anew for each cell.
+    std::map<std::string, lxw_format*> made{
+        {"", nullptr}
+    };
     std::vector<lxw_format*> formats;
     for (const ListColumn& column : list_.columns) {
-      formats.push_back(column.format.empty() ? nullptr : workbook_add_format(book_));
-      if (formats.back()) format_set_num_format(formats.back(), column.format.c_str());
+      const auto [format, fresh] = made.try_emplace(column.format);
+      if (fresh) format_set_num_format(format->second = workbook_add_format(book_), column.format.c_str());
+      formats.push_back(format->second);
     }
     std::vector<Value> row;
     for (lxw_row_t number = headingRow() + 1; list_.next && list_.next(row); ++number) {
