@@ -33,6 +33,11 @@ void BenchDesk::changed() {
   if (top()) draw(*top());
 }
 
+void BenchDesk::refresh() {
+  changed();
+  shownEarly = std::chrono::steady_clock::now();
+}
+
 paint::Painter& BenchDesk::painter() {
   if (!painter_) painter_ = paint::makePainter();
   return *painter_;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "bench_program.h"
@@ -27,6 +29,9 @@ class BenchDesk : public TestHost {
   void saveBill();
 
   paint::Painter& painter() override;
+  // Part of an event's work is shown before its end: draws it, and notes when.
+  void refresh() override;
+  std::optional<std::chrono::steady_clock::time_point> shownEarly;
 
  protected:
   void changed() override;

@@ -6,6 +6,7 @@
 #include "documents/screens.h"
 #include "frame/screens.h"
 #include "masters/screens.h"
+#include "reports/screens.h"
 #include "vouchers/screens.h"
 
 namespace {
@@ -22,6 +23,7 @@ const Screens& allScreens() {
     addFrameScreens(s);
     addMasterScreens(s);
     addVoucherScreens(s);
+    addReportScreens(s);
     addDocumentScreens(s);
     setOpeningRoutines();
     return s;

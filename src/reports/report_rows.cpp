@@ -1,7 +1,6 @@
 #include "reports/report_rows.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 #include "base/number.h"
@@ -13,6 +12,7 @@ constexpr size_t kMostColumns = 15;
 constexpr size_t kRecent = 64;  // main rows whose details are kept: more than stand in view
 constexpr const char *kShortDate = "dd/MMM/yyyy", *kDetailDate = "dd/MM/yyyy";
 constexpr const char* kMoney = "0.00";
+constexpr size_t kExactDigits = 15;
 
 // Up to the last one that has a width.
 size_t shownColumns(const std::vector<ReportColumn>& columns) {
@@ -26,7 +26,18 @@ std::string asDate(const std::string& text, const char* pattern) {
   return date ? formatDate(*date, pattern) : text;
 }
 
-std::string asMoney(const std::string& text) { return text.empty() ? text : Format(Val(text), kMoney); }
+// Most amounts come as money from the statement already: "12.50", never "012.50".
+bool isMoney(std::string_view text) {
+  if (text.starts_with('-')) text.remove_prefix(1);
+  const size_t n = text.size();
+  if (n < 4 || n > kExactDigits || text[n - 3] != '.' || (text[0] == '0' && n > 4)) return false;
+  return text.find_first_not_of("0123456789") == n - 3 &&
+         text.find_first_not_of("0123456789", n - 2) == std::string_view::npos;
+}
+
+std::string asMoney(const std::string& text) {
+  return text.empty() || isMoney(text) ? text : Format(Val(text), kMoney);
+}
 
 bool isDateColumn(const Rows& rows, int column) { return rows.declaredType(column) == "DATE"; }
 
@@ -63,14 +74,24 @@ ReportRows::ReportRows(Database& db, const ReportPlan& plan, Colours colours)
     if (columns_[i].heading.empty()) columns_[i].heading = names.at(column);
     summed_ = summed_ || columns_[i].money;
   }
-  keysAt_ = kept_.size();
   if (plan_.details)
-    for (const std::string& key : plan_.details->keys) kept_.push_back(names.index(key));
-  voucherAt_ = kept_.size();
-  if (plan_.voucher)
-    for (const std::string& name : {plan_.voucher->book, plan_.voucher->number})
-      kept_.push_back(names.index(name));
+    for (const std::string& key : plan_.details->keys) keyPlaces_.push_back(placeOf(key));
+  if (plan_.voucher) {
+    bookPlace_ = placeOf(plan_.voucher->book);
+    numberPlace_ = placeOf(plan_.voucher->number);
+  }
   if (plan_.details) countColumn_ = names.index(plan_.details->count);
+}
+
+// Where a column of the result is kept as it stands, which it is from now on.
+size_t ReportRows::placeOf(const std::string& column) {
+  const int index = reading_->names().index(column);
+  for (size_t at = 0; at < kept_.size(); ++at) {
+    const bool changed = at < columns_.size() && (columns_[at].money || isDate_[at]);
+    if (kept_[at] == index && !changed) return at;
+  }
+  kept_.push_back(index);
+  return kept_.size() - 1;
 }
 
 // Reading
@@ -130,7 +151,7 @@ ReportRows::Details ReportRows::readDetails(size_t main) const {
     std::vector<std::string>& cells = found.rows.emplace_back();
     for (size_t i = 0; i < isDate.size(); ++i) {
       const std::string text = rows.text(static_cast<int>(i));
-      cells.push_back(columns_[i].detailMoney ? asMoney(text) : isDate[i] ? asDate(text, kShortDate) : text);
+      cells.push_back(columns_[i].detailMoney ? asMoney(text) : isDate[i] ? asDate(text, kDetailDate) : text);
     }
     auto& voucher = found.vouchers.emplace_back();
     if (const auto& told = plan_.detailVoucher)
@@ -186,13 +207,13 @@ std::string ReportRows::total(size_t column) const {
 
 std::vector<std::string> ReportRows::keysOf(size_t main) const {
   std::vector<std::string> keys;
-  for (size_t at = keysAt_; at < voucherAt_; ++at) keys.emplace_back(kept(main, at));
+  for (const size_t at : keyPlaces_) keys.emplace_back(kept(main, at));
   return keys;
 }
 
 std::optional<VoucherKey> ReportRows::voucherOf(size_t main) const {
   if (!plan_.voucher) return {};
-  return VoucherKey{.book = std::string(kept(main, voucherAt_)), .number = Val(kept(main, voucherAt_ + 1))};
+  return VoucherKey{.book = std::string(kept(main, bookPlace_)), .number = Val(kept(main, numberPlace_))};
 }
 
 std::optional<VoucherKey> ReportRows::voucher(size_t row) const {

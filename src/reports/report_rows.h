@@ -60,6 +60,7 @@ class ReportRows : public RowSource {
     size_t main = 0, detail = 0;  // detail 0 is the main row itself
   };
 
+  size_t placeOf(const std::string& column);
   void keep(const ReportReading& rows);
   void keepCell(const ReportReading& rows, size_t column);
   const std::string& dateShown(const std::string& stored);
@@ -77,9 +78,11 @@ class ReportRows : public RowSource {
   const Colours colours_;
   std::unique_ptr<ReportReading> reading_;
   std::vector<ReportColumn> columns_;
-  std::vector<int> kept_;              // columns of the result: those shown, then those that only tell
-  std::vector<bool> isDate_;           // of the shown columns
-  size_t keysAt_ = 0, voucherAt_ = 0;  // places in kept_
+  std::vector<int> kept_;     // columns of the result: those shown, then those that only tell
+  std::vector<bool> isDate_;  // of the shown columns
+  // Places in kept_.
+  std::vector<size_t> keyPlaces_;
+  size_t bookPlace_ = 0, numberPlace_ = 0;
   int countColumn_ = 0;
   bool summed_ = false, totalled_ = false;
   std::array<double, 15> totals_{};

@@ -6,6 +6,7 @@ namespace {
 
 constexpr double kGstin = 158;  // pixels of a GSTIN
 
+// The book stands with a + so that bills are read in the order of their dates, without a sort.
 Condition filterOf(const ReportQuery& q) {
   Condition c;
   c.add("SALE.VOUCH_DT >= ?", q.from)
@@ -22,16 +23,15 @@ std::string partyName(Database& db, const std::string& code) {
 
 // TCGSTRT, TSGSTRT and TIGSTRT hold the bill's tax, not rates.
 ReportPlan planBills(Database& db, const ReportQuery& q) {
-  Condition c = filterOf(q);
-  c.add("SALE.BOOK_CD = ?", std::string("SA"));
-  ReportPlan plan{.filter = c.shown()};
+  const Condition c = filterOf(q);
+  ReportPlan plan{.filter = c.shown() + " and SALE.BOOK_CD = 'SA'"};
   if (!q[kParty].empty()) plan.caption = "Sales Bill Summary For : " + partyName(db, q[kParty]);
   plan.rows = {
       "SELECT BILL_NO, SALE.VOUCH_DT, ACC_NAME, AREA, GSTINNO, FORMAT(ITEM_AMT, '0.00'),"
       " FORMAT(TCGSTRT, '0.00'), FORMAT(TSGSTRT, '0.00'), FORMAT(TIGSTRT, '0.00'),"
       " FORMAT(ROUND_OFF, '0.00'), FORMAT(SALE.NET_AMT, '0.00') AS AMOUNT, PARTY_CD, ACCOUNT.CITY,"
       " BL_TYPE, SALE_CD, SALE.DATASENT, SALE.BOOK_CD, SALE.VOUCH_NO"
-      " FROM SALE INNER JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE " +
+      " FROM SALE INNER JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE +SALE.BOOK_CD = 'SA' AND " +
           c.text() + " ORDER BY SALE.VOUCH_DT, SALE.VOUCH_NO",
       c.values()};
   // clang-format off
@@ -66,7 +66,7 @@ ReportPlan planBillDetails(Database&, const ReportQuery& q) {
       " NARRATION, SALE.DATASENT,"
       " (SELECT COUNT(*) FROM SALEITM INNER JOIN ITEM ON SALEITM.ITEM_CD = ITEM.ITEM_CD"
       " WHERE SALEITM.VOUCH_NO = SALE.VOUCH_NO AND SALEITM.BOOK_CD = SALE.BOOK_CD) AS LINES"
-      " FROM SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE SALE.BOOK_CD = 'SA' AND " +
+      " FROM SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE +SALE.BOOK_CD = 'SA' AND " +
           c.text() + " ORDER BY SALE.VOUCH_DT, SALE.VOUCH_NO",
       c.values()};
   plan.details = {
