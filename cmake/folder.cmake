@@ -11,8 +11,9 @@ add_custom_command(
   COMMAND ${CMAKE_COMMAND} -E make_directory ${sample}/FORMATS ${sample}/BILLS ${sample}/pics
   COMMAND mirav_formats ${sample}/FORMATS
   COMMAND mirav_folder ${sample}
+  COMMAND mirav_pictures ${sample}
   COMMAND ${CMAKE_COMMAND} -E touch ${sample}.stamp
-  DEPENDS mirav_formats mirav_folder
+  DEPENDS mirav_formats mirav_folder mirav_pictures
   COMMENT "Making the sample folder")
 
 add_custom_target(folder ALL

@@ -110,7 +110,8 @@ class Painter {
   virtual ~Painter() = default;
   virtual const Metrics& metrics() const = 0;
   virtual std::unique_ptr<Canvas> pdf(const std::string& path) = 0;
-  // A PNG of each page at the given dots per inch: path "x.png" gives "x.png", "x-2.png", ...
+  // A picture of each page at the given dots per inch, PNG or by its name JPEG: path "x.png"
+  // gives "x.png", "x-2.png", ...
   virtual std::unique_ptr<Canvas> image(const std::string& path, double dpi) = 0;
   // The default printer, one copy.
   virtual std::unique_ptr<Canvas> printer() = 0;

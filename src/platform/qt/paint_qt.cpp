@@ -102,17 +102,19 @@ class ImageCanvas final : public QtCanvas {
   void finish() override {
     if (painter_.isActive()) painter_.end();
     const QFileInfo target(path_);
+    const bool jpeg = target.suffix().startsWith(QLatin1String("JP"), Qt::CaseInsensitive);
+    constexpr int kJpegQuality = 88;
     for (size_t i = 0; i < pages_.size(); ++i) {
       const QString name = i == 0 ? path_
                                   : QStringLiteral("%1/%2-%3.%4")
                                         .arg(target.path(), target.completeBaseName())
                                         .arg(i + 1)
                                         .arg(target.suffix());
-      QBuffer png;
-      png.open(QIODevice::WriteOnly);
-      pages_[i].save(&png, "PNG");
+      QBuffer bytes;
+      bytes.open(QIODevice::WriteOnly);
+      pages_[i].save(&bytes, jpeg ? "JPG" : "PNG", jpeg ? kJpegQuality : -1);
       QSaveFile file(name);
-      writeWhole(file, png.data());
+      writeWhole(file, bytes.data());
     }
   }
 
