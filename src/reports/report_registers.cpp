@@ -102,7 +102,7 @@ ReportPlan planReceipts(Database&, const ReportQuery& q) {
       " FORMAT(AMOUNT, '0.00') AS AMT, NARRATION, PARTY_CD, CSHBNK_CD, ACCOUNT.AREA, ACCOUNT.CITY,"
       " ACCOUNT.ANOTHER_CD, ACCOUNT.GROUP_CD, BOOK_CD"
       " FROM RPTPAY INNER JOIN ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD WHERE BOOK_CD = 'RC' AND " +
-          c.text() + " ORDER BY VOUCH_DT, VOUCH_NO, REF_NO",
+          c.text() + " ORDER BY VOUCH_DT, VOUCH_NO, REF_NO, RPTPAY.rowid",
       c.values()};
   // clang-format off
   plan.columns = {
