@@ -44,7 +44,7 @@ ReportPlan planOutstanding(Database& db, const ReportQuery& q) {
   // clang-format off
   plan.columns = {
       {.heading = "Party",      .twips = 2400},
-      {.heading = "B.No.",      .twips = 900},
+      {.heading = "B.No.",      .twips = 900,  .pixels = 200},
       {.heading = "Bills",      .twips = 1200, .money = true, .detailMoney = true},
       {.heading = "Paid",       .twips = 1200, .money = true, .detailMoney = true},
       {.heading = "Balance",    .twips = 1200, .money = true, .detailMoney = true},

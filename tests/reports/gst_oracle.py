@@ -88,7 +88,7 @@ def number(x):
     return "" if x is None else "%.15g" % x
 
 
-def shown(day, pattern="%d/%b/%Y"):
+def shown(day, pattern):
     return datetime.date.fromisoformat(day).strftime(pattern)
 
 
@@ -132,7 +132,7 @@ class Books:
         for _, (s, a, line, (taxable, igst, cgst, sgst, net)) in sorted(sums.items(), key=lambda item: item[0]):
             state = a["STATECD"]
             there = None in (state, a["CITY"])
-            found.append([s["BILL_NO"], shown(s["VOUCH_DT"]), a["ACC_NAME"], a["GSTINNO"],
+            found.append([s["BILL_NO"], shown(s["VOUCH_DT"], "%d/%b/%Y"), a["ACC_NAME"], a["GSTINNO"],
                           "" if there else ("0" if state < 10 else "") + number(state) + "-" + a["CITY"],
                           money(taxable), number(line.get("IGSTRT")), money(igst), number(line.get("CGSTRT")), money(cgst),
                           number(line.get("SGSTRT")), money(sgst), money(net)])
@@ -178,7 +178,7 @@ class Books:
             bills.sort(key=lambda b: order(b[0], b[1]))
             for day, name, amount, paid in bills if details else []:
                 days = (last - datetime.date.fromisoformat(day)).days
-                found.append([shown(day), name, money(amount), money(paid), money(amount - paid), str(days)])
+                found.append([shown(day, "%d/%m/%Y"), name, money(amount), money(paid), money(amount - paid), str(days)])
         return found + [["Total :", "", *map(money, sums), ""]] if found else []
 
 
