@@ -1,0 +1,453 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+
+#include "base/text.h"
+#include "frame/session.h"
+#include "masters/screens.h"
+#include "reports/report_output.h"
+#include "reports/reports.h"
+#include "reports/screens.h"
+#include "store/templates.h"
+#include "support/temp_folder.h"
+#include "support/test_host.h"
+
+namespace {
+
+// Stand for the vouchers: each keeps with what it was opened.
+template <int N>
+class Voucher : public Screen {
+ public:
+  explicit Voucher(Host& theHost) : Screen(theHost, look()) {}
+  void opened(const Entry& entry) override {
+    last = session().mentrytype + " " + entry.caller + " " + entry.value;
+  }
+  static inline std::string last;
+
+ private:
+  static const ScreenSpec& look() {
+    static const ScreenSpec s{.name = N == 0   ? "GSTSAPU"
+                                      : N == 1 ? "FRMQUOT"
+                                      : N == 2 ? "FRMCHLN"
+                                               : "bwrcpy",
+                              .caption = "VOUCHER",
+                              .layout = {},
+                              .controls = {}};
+    return s;
+  }
+};
+
+// Two parties, an item, three bills (the second of two lines, the third of none), a quotation, a
+// challan and a receipt.
+class Reports : public ::testing::Test {
+ protected:
+  Reports() : host(known()) {
+    Session& s = session();
+    s = Session();
+    s.mcompname = "SHREE TRADERS";
+    s.mapppath = folder.path().string();
+    s.mgstinno = "24AAKFS4821M1ZW";
+    s.mstartdt = *parseDate("2026-04-01");
+    s.menddt = *parseDate("2027-03-31");
+    s.mhelpline = "the date keys";
+    s.mcolor2 = 16769248;
+    s.mcolor6 = 14741759;
+    makeCompanyDatabase(folder / "M00126.mdb");
+    s.cndata = std::make_unique<Database>();
+    s.cndata->open(folder / "M00126.mdb");
+    for (const char* row : kRows) data().exec(std::string("INSERT INTO ") + row);
+  }
+  ~Reports() override { session().cndata.reset(); }
+
+  static Screens& known() {
+    static Screens screens;
+    addReportScreens(screens);
+    addMasterScreens(screens);
+    screens.add<Voucher<0>>("GSTSAPU");
+    screens.add<Voucher<1>>("FRMQUOT");
+    screens.add<Voucher<2>>("FRMCHLN");
+    screens.add<Voucher<3>>("bwrcpy");
+    return screens;
+  }
+
+  void open(const std::string& key) {
+    while (host.top()) host.closeTop();
+    session().mreportkey = key;
+    host.open("frmreport");
+  }
+  void show(const std::string& key) {
+    open(key);
+    host.press("cmdshowrpt");
+  }
+  size_t rows() const { return host.at("Grid1").visible ? host.at("Grid1").grid.count() : 0; }
+  std::string row(size_t n) const {
+    std::vector<std::string> cells;
+    for (size_t i = 0; i < host.at("Grid1").grid.columns.size(); ++i)
+      cells.push_back(host.cell("Grid1", n, i));
+    return join(cells, "|");
+  }
+  std::string dates() const { return host.text("MaskEdBox1(0)") + " " + host.text("MaskEdBox1(1)"); }
+  // Enter on a row; what happens in the voucher; back to the report.
+  template <int N>
+  std::string drill(
+      size_t row, const std::function<void()>& meanwhile = [] {}) {
+    Voucher<N>::last.clear();
+    host.rowTo(host.at("Grid1"), row);
+    host.enter();
+    meanwhile();
+    if (host.onTop() != "frmreport") host.closeTop();
+    return Voucher<N>::last;
+  }
+
+  static constexpr const char* kRows[] = {
+      "ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, AREA, CITY, PHONE1) VALUES"
+      " ('A00001', 'PATEL', 85, 'ANAND', 'GUJARAT', '98250'), ('A00002', 'MEHTA', 85, 'O''NEIL', 'GUJARAT', "
+      "'')",
+      "DEPTMENT (DEPT_CD, DEPT_NAME) VALUES ('E009', 'LAMPS')",
+      "ITEM (ITEM_CD, ITEM_NAME, DEPT_CD, HSNCODE) VALUES ('I0000009', 'LAMP', 'E009', '9405')",
+      "ITEMDTL (ITEM_CD, SIZE_CD, SALE_RATE1) VALUES ('I0000009', 'PCS', 40)",
+      "SALE (VOUCH_NO, BOOK_CD, VOUCH_DT, BILL_NO, PARTY_CD, ITEM_AMT, NET_AMT, NO_OF_ITEM, DISC_AMT1,"
+      " DISC_AMT2) VALUES (1, 'SA', '2026-04-05', '01', 'A00001', 100.5, 118.5, 1, 0, 0),"
+      " (2, 'SA', '2026-06-01', '02', 'A00002', 200, 236, 2, 0, 0),"
+      " (3, 'SA', '2027-01-01', '03', 'A00001', 10, 12, 1, 0, 0)",
+      "SALEITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD, QUANTITY, RATE, NET_AMOUNT, CGSTAMT, SGSTAMT, IGSTAMT) "
+      "VALUES"
+      " (1, 'SA', 1, 'I0000009', 1, 100.5, 118.5, 9, 9, 0), (2, 'SA', 1, 'I0000009', 1, 150, 177, 13.5, "
+      "13.5, 0),"
+      " (2, 'SA', 2, 'I0000009', 1, 50, 59, 4.5, 4.5, 0)",
+      "QUOT (VOUCH_NO, VOUCH_DT, PARTY_CD, NET_AMT) VALUES (4, '2026-05-05', 'A00001', 50)",
+      "CHLN (VOUCH_NO, BOOK_CD, VOUCH_DT, PARTY_CD, NET_AMT) VALUES (5, 'CH', '2026-05-06', 'A00001', 60)",
+      "RPTPAY (VOUCH_NO, BOOK_CD, VOUCH_DT, PARTY_CD, AMOUNT) VALUES (6, 'RC', '2026-05-07', 'A00001', 70)",
+  };
+
+  TempFolder folder;
+  TestHost host;
+};
+
+// Opening
+
+TEST_F(Reports, OpenWithTheirOwnCaptionsAndFields) {
+  const std::map<std::string, std::pair<std::string, std::string>> expected = {
+      {"accmastADD",      {"Party List PRINT", "012"}                                   },
+      {"dept",            {"Category List Print", ""}                                   },
+      {"priclstprn",      {"Price List PRINT", "345"}                                   },
+      {"accmastclbl",     {"Closing Balance List Print", "0124"}                        },
+      {"GSTR1-RD",        {"GST-1 RD Sales Register : Gstin No : 24AAKFS4821M1ZW", "0"} },
+      {"GSTR1-URD",       {"GST-1 URD Sales Register : Gstin No : 24AAKFS4821M1ZW", "0"}},
+      {"SALEBILLSUMMARY", {"SALE Bill Register", "012"}                                 },
+      {"slblreg",         {"SALE Bill Detailed Register", "012"}                        },
+      {"QUOTREG",         {"Reports", ""}                                               },
+      {"QUOTREGDTL",      {"Reports", ""}                                               },
+      {"CHLNRPT",         {"Challan Register", "012"}                                   },
+      {"CHLNRPTDTL",      {"Reports", ""}                                               },
+      {"recipt",          {"Receipt Register", "01245"}                                 },
+      {"ONACRCV",         {"Outstandings Receivables", "0124"}                          },
+      {"tax",             {"Reports", ""}                                               },
+  };
+  for (const auto& [key, want] : expected) {
+    open(key);
+    std::string enabled;
+    for (int i = 0; i < 6; ++i)
+      if (host.at("Text1(" + std::to_string(i) + ")").enabled) enabled += std::to_string(i);
+    EXPECT_EQ(host.screen().caption + " " + enabled, want.first + " " + want.second) << key;
+    EXPECT_EQ(host.at("Text1(5)").label, key == "priclstprn" ? "For Size" : "For Salesman");
+    EXPECT_EQ(dates(), "01/04/2026 15/06/2026");
+    EXPECT_EQ(host.focus(), enabled.empty() ? "MaskEdBox1(0)" : "Text1(" + enabled.substr(0, 1) + ")");
+    EXPECT_FALSE(host.at("cmdprint").enabled || host.at("cmdPrtToXl").enabled || host.at("Cmdpdf").enabled);
+  }
+  host.clock.date = *parseDate("2027-08-01");
+  open("dept");
+  EXPECT_EQ(dates(), "01/04/2026 31/03/2027");
+}
+
+// Filters
+
+TEST_F(Reports, LookTheirFiltersUp) {
+  data().exec("DELETE FROM ACCOUNT WHERE ACC_CD LIKE 'X%' OR LENGTH(AREA) < 2");
+  data().exec("DELETE FROM GRP WHERE GROUP_CD <> 85");
+  // Key, field, what the lookup is asked, the value of its first row.
+  struct Case {
+    const char *key, *field, *asked, *chosen;
+  };
+  constexpr Case kCases[] = {
+      {"recipt",      "Text1(0)", "THREEFLD|ACC_CD|ACC_NAME|ACCOUNT ORDER BY ACC_NAME",   "A00002" },
+      {"recipt",      "Text1(1)", "ONEFLD|AREA||ACCOUNT",                                 "ANAND"  },
+      {"recipt",      "Text1(2)", "ONEFLD|CITY||ACCOUNT",                                 "GUJARAT"},
+      {"recipt",      "Text1(4)", "TWOFLD|GROUP_CD|GROUP_NAME|GRP ORDER BY GROUP_NAME",   "85"     },
+      {"accmastclbl", "Text1(4)", "TWOFLD|GROUP_CD|GROUP_NAME|GRP ORDER BY GROUP_NAME",   "85"     },
+      {"priclstprn",  "Text1(4)", "TWOFLD|DEPT_CD|DEPT_NAME|DEPTMENT ORDER BY DEPT_NAME", "E009"   },
+      {"ONACRCV",     "Text1(4)", "TWOFLD|DEPT_CD|DEPT_NAME|DEPTMENT ORDER BY DEPT_NAME", "E009"   },
+  };
+  for (const Case& c : kCases) {
+    open(c.key);
+    host.go(c.field);
+    std::string asked;
+    host.insideModal.push_back([&] {
+      const Session& s = session();
+      asked = join({s.mhlpmode, s.mhlpfld1, s.mhlpfld2, s.mhlptable}, "|");
+      host.enter();
+    });
+    host.key(KeyCode::F1);
+    EXPECT_EQ(asked + host.text(c.field), std::string(c.asked) + c.chosen) << c.key;
+    EXPECT_NE(host.focus(), c.field) << "Enter's work is done with the value";
+  }
+}
+
+TEST_F(Reports, LookItemsOfTheCategoryUp) {
+  data().exec("INSERT INTO ITEM (ITEM_CD, ITEM_NAME, DEPT_CD) VALUES ('I0000008', 'A FAN', 'E001')");
+  const auto chosen = [&](const std::string& category) {
+    open("priclstprn");
+    host.fill("Text1(4)", category);
+    host.go("Text1(3)");
+    host.insideModal.push_back([&] { host.enter(); });
+    host.key(KeyCode::F1);
+    return host.text("Text1(3)");
+  };
+  EXPECT_EQ(chosen("") + chosen("e009"), "I0000008I0000009");
+  host.go("Text1(5)");
+  host.key(KeyCode::F1);
+  EXPECT_EQ(host.focus(), "Text1(5)");
+}
+
+TEST_F(Reports, StepThroughDates) {
+  open("SALEBILLSUMMARY");
+  host.go("MaskEdBox1(1)");
+  const auto after = [&](const Key& key) {
+    host.key(key);
+    return host.text("MaskEdBox1(1)");
+  };
+  EXPECT_EQ(after(KeyCode::F1), "01/04/2026");
+  EXPECT_EQ(after(KeyCode::Down), "31/03/2026");
+  EXPECT_EQ(after(KeyCode::PgDn), "28/02/2026");
+  EXPECT_EQ(after(KeyCode::Up), "01/03/2026");
+  EXPECT_EQ(after(KeyCode::PgUp), "01/04/2026");
+  EXPECT_EQ(after(KeyCode::F3), "31/03/2027");
+  EXPECT_EQ(after(KeyCode::F2), "15/06/2026");
+  EXPECT_EQ(after(KeyCode::F4), "01/04/2026");
+  host.fillEnter("MaskEdBox1(0)", "31032026");
+  EXPECT_EQ(replaceAll(host.lastMessage(), "\r", ""),
+            "Ener Date Between 01/Apr/2026 and 31/Mar/2027\nPress : F1 for : 01/Apr/2026\n"
+            "Press : F2 for : 15/Jun/2026\nPress : F3 for : 31/Mar/2027");
+  EXPECT_EQ(host.messages.back().title + host.focus(), "Mirav MessageMaskEdBox1(0)");
+  host.fillEnter("MaskEdBox1(0)", "31032027");
+  EXPECT_EQ(host.focus() + " " + dates(), "MaskEdBox1(1) 31/03/2027 01/04/2026");
+  host.enter();
+  EXPECT_EQ(host.focus(), "cmdshowrpt");
+  host.fill("MaskEdBox1(1)", "31022027");
+  host.press("cmdshowrpt");
+  EXPECT_EQ(host.messages.back().title + host.lastMessage() + host.focus(),
+            "Mirav Informationthe date keysMaskEdBox1(1)");
+  EXPECT_EQ(rows(), 0U);
+}
+
+TEST_F(Reports, BringTheMonthsEndAlongInGstStatementsOnly) {
+  for (const char* key : {"GSTR1-RD", "GSTR1-URD", "slblreg"}) {
+    open(key);
+    host.fillEnter("MaskEdBox1(0)", "10022027");
+    const bool gst = std::string(key) != "slblreg";
+    EXPECT_EQ(dates(), gst ? "10/02/2027 28/02/2027" : "10/02/2027 15/06/2026") << key;
+  }
+}
+
+// Showing
+
+TEST_F(Reports, ShowABillALineWithTheirSum) {
+  open("SALEBILLSUMMARY");
+  host.fill("Text1(0)", "a00001");
+  host.press("cmdshowrpt");
+  EXPECT_EQ(host.screen().caption, "Sales Bill Summary For : PATEL");
+  EXPECT_EQ(host.text("Label1(7)"), "98250");
+  EXPECT_EQ(row(0), "01|05/Apr/2026|PATEL|ANAND||100.50|0.00|0.00|0.00|0.00|118.50");
+  EXPECT_EQ(row(1), "Total :|||||100.50|0.00|0.00|0.00|0.00|118.50");
+  const Cell total = host.at("Grid1").grid.cell(1, 5);
+  EXPECT_TRUE(total.bold && total.back == 0xFFE0E0);
+  EXPECT_EQ(host.focus(), "Grid1");
+  EXPECT_EQ(host.at("Grid1").grid.current, 0U);
+  EXPECT_TRUE(host.at("cmdprint").enabled && host.at("cmdPrtToXl").enabled && host.at("Cmdpdf").enabled);
+  EXPECT_FALSE(host.isBusy);
+  host.fill("Text1(0)", "");
+  host.press("cmdshowrpt");
+  EXPECT_EQ(host.screen().caption + host.text("Label1(7)"), "SALE Bill Register");
+  EXPECT_EQ(rows(), 3U);
+}
+
+TEST_F(Reports, SayWhenThereIsNothing) {
+  open("SALEBILLSUMMARY");
+  host.press("cmdshowrpt");
+  host.fill("MaskEdBox1(0)", "01012020");
+  host.fill("MaskEdBox1(1)", "01012019");  // no check of their order
+  host.press("cmdshowrpt");
+  EXPECT_EQ(host.messages.back().title + "|" + host.lastMessage(), "Mirav|No Records");
+  EXPECT_EQ(rows(), 0U);
+  EXPECT_FALSE(host.at("cmdprint").enabled);
+  show("ORDRregsa");
+  EXPECT_EQ(host.messages.back().title + "|" + host.lastMessage(), "Mirav Message|No Report");
+}
+
+TEST_F(Reports, AskHowPricesAreListed) {
+  open("priclstprn");
+  host.fill("Text1(4)", "E009");
+  host.answers.assign({false, true});
+  host.press("cmdshowrpt");
+  EXPECT_EQ(host.questions.back().title, "Mirav Confirmation");
+  EXPECT_EQ(replaceAll(host.lastQuestion(), "\r", ""), "Continious Print = No\nCategory Wise Print = Yes");
+  EXPECT_EQ(host.screen().caption + row(0),
+            "Price List PRINT For : LAMPSI0000009|LAMP|LAMPS|PCS|9405|0.00|40.00|0.00");
+  host.press("cmdshowrpt");
+  EXPECT_EQ(row(0) + row(1), "LAMPS|E009|||0|0LAMP|I0000009|PCS|9405|40.00|0.00");
+  EXPECT_EQ(rows(), 2U);
+}
+
+TEST_F(Reports, SayThatTheyIgnoreTheirFilters) {
+  for (const char* key : {"QUOTREG", "QUOTREGDTL", "CHLNRPT", "CHLNRPTDTL"}) {
+    open(key);
+    host.fill("MaskEdBox1(1)", "01042026");
+    if (host.at("Text1(0)").enabled) host.fill("Text1(0)", "A00002");
+    host.press("cmdshowrpt");
+    EXPECT_GE(rows(), 2U) << key;
+    EXPECT_NE(host.hint().find("All Vouchers"), std::string::npos) << host.hint();
+  }
+  EXPECT_EQ(session().mfilter, "VOUCH_DT >= #01/Apr/2026# and VOUCH_DT <= #01/Apr/2026#");
+}
+
+TEST_F(Reports, PublishTheirLayout) {
+  show("slblreg");
+  const Session& s = session();
+  EXPECT_EQ(s.mcolwidth, (std::array<double, 15>{700, 1100, 800, 2400, 1200, 800, 1100, 800, 1200}));
+  EXPECT_EQ(s.mcolnum, (std::array<int, 15>{0, 0, 0, 0, 0, -1, -1, -1, -1}));
+  EXPECT_EQ(s.mcolsub, (std::array<int, 15>{0, 0, 0, 0, 0, 0, -1, -1, -1}));
+  EXPECT_EQ(s.mcolcount, 9);
+  EXPECT_EQ(s.mcoltotal[8], 354.5);
+  show("dept");  // headings without a width count among the captions only
+  EXPECT_EQ(s.mcolcount, 5);
+  EXPECT_EQ(s.mhdrcaps.size(), 20U);
+  EXPECT_EQ(s.mhdrcaps[6], "Stk-Cnt");
+  EXPECT_EQ(host.screen().caption, "DEPARTMENT MASTER");
+  GridOutput out = reportOutput(session(), "dept", OutputTarget::Excel, "X", s.mstartdt, s.menddt);
+  EXPECT_EQ(out.period, "From : 01/Apr/2026 To : 31/Mar/2027");
+  reportOutput(session(), "dept", OutputTarget::Printer, "X", s.mstartdt, s.menddt);
+  EXPECT_EQ(s.mpageheader1 + s.mpageheader2 + s.mpageheader3, "SHREE TRADERSXFROM 01/04/2026 TO 31/03/2027");
+}
+
+// Vouchers behind the rows
+
+TEST_F(Reports, OpenTheVoucherOfEachRegister) {
+  show("SALEBILLSUMMARY");
+  EXPECT_EQ(drill<0>(1), "SALE frmreport 2");
+  show("QUOTREG");
+  EXPECT_EQ(drill<1>(0), "QUOTATION frmreport 4");
+  show("CHLNRPTDTL");
+  EXPECT_EQ(drill<2>(0), "CH frmreport 5");
+  show("recipt");
+  EXPECT_EQ(drill<3>(0), "RECEIPT frmreport 6");
+  EXPECT_EQ(drill<3>(1), "") << "the total row";
+  show("accmastADD");
+  EXPECT_EQ(drill<0>(0), "");
+}
+
+TEST_F(Reports, ComeBackToTheRefreshedRow) {
+  show("slblreg");
+  // Line 2 of bill 2, above which a bill of one line came meanwhile.
+  EXPECT_EQ(
+      drill<0>(4,
+               [] {
+                 session().mreportkey = "GST INVOICE";
+                 data().exec(
+                     "INSERT INTO SALE (VOUCH_NO, BOOK_CD, VOUCH_DT, PARTY_CD, NET_AMT) VALUES (9, 'SA', "
+                     "'2026-04-30', 'A00001', 5)");
+                 data().exec("UPDATE SALE SET NET_AMT = 500 WHERE VOUCH_NO = 2");
+               }),
+      "SALE frmreport 2");
+  EXPECT_EQ(session().mreportkey, "slblreg");
+  EXPECT_EQ(host.focus() + " " + std::to_string(host.at("Grid1").grid.current), "Grid1 6");
+  EXPECT_EQ(host.cell("Grid1", 4, 8), "500.00");
+  EXPECT_TRUE(host.at("cmdprint").enabled);
+  // The bill is gone when its screen closes.
+  drill<0>(4, [] { data().exec("DELETE FROM SALE WHERE VOUCH_NO = 2"); });
+  EXPECT_EQ(host.at("Grid1").grid.current, 4U);
+  EXPECT_EQ(row(4), "Total :|||||1.00|100.50|23.00|123.50");
+  drill<0>(0, [] { data().exec("DELETE FROM SALE"); });
+  EXPECT_EQ(host.lastMessage(), "No Records");
+  EXPECT_EQ(rows(), 0U);
+}
+
+TEST_F(Reports, StandWhenAccountsAndLinesGoAway) {
+  show("slblreg");
+  for (const char* table : {"ACCOUNT", "ITEM", "SALEITM"}) data().exec(std::string("DELETE FROM ") + table);
+  EXPECT_EQ(row(4), "||||||||") << "not read before, and gone now";
+  EXPECT_EQ(drill<0>(0), "SALE frmreport 1");
+  EXPECT_EQ(row(0), "1|05/04/2026|01|||1.00|100.50|18.00|118.50");
+  data().exec("DROP TABLE SALEITM");
+  EXPECT_EQ(row(1), "||||||||");
+}
+
+TEST_F(Reports, KeepTheAnswerWhenComingBack) {
+  data().exec("UPDATE ACCOUNT SET CL_BAL = 1000");
+  data().exec(
+      "INSERT INTO ALEDGER (VOUCH_DT, BOOK_CD, VOUCH_NO, VOUCH_TYPE, PARTY_CD, VOUCH_AMT, PARTY_BL) VALUES"
+      " ('2026-04-05', 'SA', 1, 'D', 'A00001', 118.5, '01'), ('2026-06-01', 'SA', 2, 'D', 'A00002', 236, "
+      "'02')");
+  open("ONACRCV");
+  host.answers.push_back(true);
+  host.press("cmdshowrpt");
+  ASSERT_EQ(rows(), 5U);
+  EXPECT_EQ(drill<0>(3), "SALE frmreport 1") << "asks nothing again";
+  EXPECT_EQ(host.at("Grid1").grid.current, 3U);
+  host.answers.push_back(false);
+  host.press("cmdshowrpt");
+  EXPECT_EQ(rows(), 3U);
+  data().exec("DELETE FROM ALEDGER");
+  host.press("cmdshowrpt");
+  EXPECT_EQ(host.lastMessage(), "No Records");
+}
+
+TEST_F(Reports, RefreshWhenTheSessionSaysSo) {
+  show("SALEBILLSUMMARY");
+  data().exec("UPDATE SALE SET NET_AMT = 119 WHERE VOUCH_NO = 1");
+  host.open("frmreport");  // on top again
+  EXPECT_EQ(host.cell("Grid1", 0, 10), "118.50");
+  EXPECT_FALSE(host.at("Cmdpdf").enabled) << "becoming active turns the outputs off";
+  session().mreportrefresh = true;
+  host.open("frmreport");
+  EXPECT_EQ(host.cell("Grid1", 0, 10), "119.00");
+  EXPECT_TRUE(host.at("Cmdpdf").enabled);
+  EXPECT_FALSE(session().mreportrefresh);
+}
+
+// Leaving
+
+TEST_F(Reports, AskBeforeEscapeLeaves) {
+  open("dept");
+  host.answers.assign({false, true});
+  host.escape();
+  EXPECT_EQ(host.questions.back().title + host.lastQuestion() + host.onTop(),
+            "Mirav Confirmation MessageExitfrmreport");
+  host.escape();
+  EXPECT_EQ(host.top(), nullptr);
+  open("accmastclbl");
+  host.escape();
+  EXPECT_EQ(host.onTop(), "frmreport");
+  session().msql = "x";
+  host.press("cmdclose");
+  EXPECT_EQ(host.top(), nullptr);
+  EXPECT_EQ(session().msql + std::to_string(session().mactiveforms), "0");
+}
+
+// Speed
+
+TEST_F(Reports, ReadRegistersInTheOrderOfAnIndex) {
+  const auto steps = [](const Statement& statement) {
+    std::string all;
+    for (const Row& step : data().all("EXPLAIN QUERY PLAN " + statement.text, statement.values))
+      all += step.text("detail") + "\n";
+    return all;
+  };
+  for (const char* key : {"SALEBILLSUMMARY", "slblreg", "QUOTREG", "CHLNRPT"}) {
+    const ReportQuery query{.from = session().mstartdt, .to = session().menddt};
+    const ReportPlan plan = reportByKey(key)->plan(data(), query);
+    EXPECT_EQ(steps(plan.rows).find("TEMP B-TREE"), std::string::npos) << steps(plan.rows);
+  }
+}
+
+}  // namespace
