@@ -2,5 +2,5 @@
 
 #include "platform/screen.h"
 
-// dlg1 and mymsgfrm.
+// dlg1, mymsgfrm and VSETFRM.
 void addDocumentScreens(Screens& screens);

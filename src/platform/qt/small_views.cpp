@@ -290,8 +290,9 @@ void PictureView::sync(const Situation&) {
 void PictureView::paintEvent(QPaintEvent*) {
   if (!look_ || picture_.isNull()) return;
   QPainter painter(this);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  const QSize fits = picture_.size().scaled(size(), Qt::KeepAspectRatio);
-  painter.drawPixmap(QRect(QPoint((width() - fits.width()) / 2, (height() - fits.height()) / 2), fits),
-                     picture_);
+  // Made smaller where it must be, never larger.
+  const QPixmap fits = picture_.width() > width() || picture_.height() > height()
+                           ? picture_.scaled(size(), Qt::KeepAspectRatio, Qt::SmoothTransformation)
+                           : picture_;
+  painter.drawPixmap((width() - fits.width()) / 2, (height() - fits.height()) / 2, fits);
 }
