@@ -140,9 +140,10 @@ double nextChallanNumber(Database& db, const Book& book, const std::string& type
 
 bool isDuplicateChallan(Database& db, const Book& book, const std::string& type, const std::string& number,
                         std::optional<double> changing) {
+  // The plus keeps the reader from walking a whole series: few challans share a number.
   return db
       .first(
-          "SELECT VOUCH_NO FROM CHLN WHERE CHLN_TYP = ? AND BOOK_CD = ? AND CHLN_NO IN (?, NUMTEXT(?))"
+          "SELECT VOUCH_NO FROM CHLN WHERE CHLN_TYP = ? AND +BOOK_CD = ? AND CHLN_NO IN (?, NUMTEXT(?))"
           " AND VOUCH_NO IS NOT ? LIMIT 1",
           type, book.code, number, Val(number), changing)
       .has_value();

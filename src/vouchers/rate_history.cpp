@@ -80,25 +80,26 @@ RateList wholeList(Rows rows, const std::vector<Shown>& shown) {
 }
 
 // What a book's lists read. A party with few vouchers is read through them, any other through the
-// item's lines: both are keyed and in the order of the day. The plus sign below keeps the planner
-// from the indexes of the books, in which one book is everything.
+// item's lines: both are keyed and in the order of the day. A plus sign keeps the planner from an
+// index: that of the books, in which one book is everything, and the one of the other road.
 struct Road {
-  std::string from, day;
+  std::string from, which, day;
 };
 Road roadTo(Database& db, const Book& book, const std::string& party) {
   const bool few =
       db.number("SELECT COUNT(*) FROM (SELECT 1 FROM " + book.heads + " WHERE PARTY_CD = ? LIMIT ?)", party,
                 kFewVouchers) < kFewVouchers;
-  return few ? Road{" FROM " + book.heads + " CROSS JOIN " + book.lines, book.heads + ".VOUCH_DT"}
-             : Road{" FROM " + book.lines + " CROSS JOIN " + book.heads, book.lines + ".VOUCH_DT"};
+  return few ? Road{book.heads + " CROSS JOIN " + book.lines, "PARTY_CD = ? AND +ITEM_CD = ?", book.heads}
+             : Road{book.lines + " CROSS JOIN " + book.heads, "+PARTY_CD = ? AND ITEM_CD = ?", book.lines};
 }
 
 Rows linesTo(Database& db, const Book& book, const RateQuery& of, const std::string& columns) {
   const std::string &heads = book.heads, &lines = book.lines;
   const Road road = roadTo(db, book, of.party);
-  return db.query("SELECT " + columns + road.from + " WHERE PARTY_CD = ? AND ITEM_CD = ? AND SIZE_CD = ? AND +" +
-                      heads + ".BOOK_CD = ? AND " + heads + ".VOUCH_NO = " + lines + ".VOUCH_NO AND " + heads +
-                      ".BOOK_CD = " + lines + ".BOOK_CD ORDER BY " + road.day + " DESC",
+  return db.query("SELECT " + columns + " FROM " + road.from + " WHERE " + road.which +
+                      " AND SIZE_CD = ? AND +" + heads + ".BOOK_CD = ? AND " + heads +
+                      ".VOUCH_NO = " + lines + ".VOUCH_NO AND " + heads + ".BOOK_CD = " + lines +
+                      ".BOOK_CD ORDER BY " + road.day + ".VOUCH_DT DESC",
                   of.party, of.item, of.unit, book.code);
 }
 
@@ -125,9 +126,9 @@ RateList earlierSales(Database& db, const Book& book, const RateQuery& of) {
 }
 
 RateList challanRates(Database& db, const Book& book, const RateQuery& of) {
-  return wholeList(linesTo(db, book, of,
-                           "CHLNITM.VOUCH_NO, CHLNITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMOUNT"),
-                   kChallans);
+  return wholeList(
+      linesTo(db, book, of, "CHLNITM.VOUCH_NO, CHLNITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMOUNT"),
+      kChallans);
 }
 
 std::vector<GridColumn> challanRateColumns() { return emptyList(kChallans).columns; }
