@@ -33,7 +33,7 @@ FRMCHLN::FRMCHLN(Host& theHost, const Book& book)
                   {"Text1(5)",      KeyCode::Up,     &FRMCHLN::lineUp         },
                   {"Text1(5)",      KeyCode::PgDn,   &FRMCHLN::endLines       },
                   {"Text1(5)",      KeyCode::F10,    &FRMCHLN::deleteLine     },
-                  {"Text1(6)",      On::Leave,       &FRMCHLN::keepFreeName   },
+                  {"Text1(6)",      On::Leave,       &FRMCHLN::nameLeft       },
                   {"Text1(7)",      KeyCode::Enter,  &FRMCHLN::unit           },
                   {"Text1(7)",      KeyCode::Down,   &FRMCHLN::lineDown       },
                   {"Text1(7)",      KeyCode::Up,     &FRMCHLN::lineUp         },

@@ -36,6 +36,7 @@ class FRMCHLN : public VoucherScreen {
   Go challanType();
   Go challanNumber();
   Go item();
+  void nameLeft() { keepFreeName(6, 10); }
   Go unit();
   void quantity();
   void rate();
@@ -46,8 +47,6 @@ class FRMCHLN : public VoucherScreen {
   void save();
 
   void showParty(const AccountFacts& party);
-  void keepFreeName();
-  bool isMisc() const;
   void rateHints();
   ChallanHeader header() const;
   void showHeader(const Row& challan);

@@ -9,21 +9,14 @@
 
 namespace {
 
-constexpr const char* kNoMoreLines = "00";
 constexpr int kLineFields[] = {5, 6, 10, 7, 8, 9, 14};
 
 }  // namespace
 
-bool FRMCHLN::isMisc() const { return sameText(trimmed(5), kMiscItem); }
-
 Go FRMCHLN::item() {
   const std::string code = trimmed(5);
   if (code.empty()) return helpHere();
-  if (code == kNoMoreLines) {
-    put(5, "");
-    endLines();
-    return Go::Stay;
-  }
+  if (endsLines()) return Go::Stay;
   const auto found = readSaleItem(data(), code);
   if (!found) {
     host.message("item does not exist");
@@ -36,13 +29,6 @@ Go FRMCHLN::item() {
   put(7, found->unit);
   focus(text1(10));
   return Go::Stay;
-}
-
-// A stored line has no column for a free name: it is kept, and printed, as the line's detail.
-void FRMCHLN::keepFreeName() {
-  if (!isMisc() || trimmed(6).empty() || !trimmed(10).empty()) return;
-  const auto misc = readSaleItem(data(), kMiscItem);
-  if (!misc || misc->name != trimmed(6)) put(10, cut(trimmed(6), text1(10).limit));
 }
 
 Go FRMCHLN::unit() {

@@ -45,7 +45,7 @@ GSTSAPU::GSTSAPU(Host& theHost, const Book& book)
                   {"Text1(5)",      KeyCode::PgDn,   &GSTSAPU::endLines        },
                   {"Text1(5)",      KeyCode::F10,    &GSTSAPU::deleteLine      },
                   {"Text1(6)",      KeyCode::Enter,  &GSTSAPU::itemName        },
-                  {"Text1(6)",      On::Leave,       &GSTSAPU::keepFreeName    },
+                  {"Text1(6)",      On::Leave,       &GSTSAPU::nameLeft        },
                   {"Text1(7)",      KeyCode::Enter,  &GSTSAPU::unit            },
                   {"Text1(8)",      KeyCode::Enter,  &GSTSAPU::quantity        },
                   {"Text1(9)",      KeyCode::Enter,  &GSTSAPU::rate            },

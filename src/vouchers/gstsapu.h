@@ -40,7 +40,7 @@ class GSTSAPU : public VoucherScreen {
   void fillPartyDate();
   Go item();
   Go itemName();
-  void keepFreeName();
+  void nameLeft() { keepFreeName(6, 46); }
   Go unit();
   void quantity();
   void rate();
@@ -58,7 +58,6 @@ class GSTSAPU : public VoucherScreen {
   bool acceptShipTo();
   void fillRates(const std::optional<double>& rateOfTax);
   bool fillFromUnit();
-  bool isMisc() const;
   void valueLine();
   void showAssess();
   void showNet();

@@ -9,21 +9,14 @@
 
 namespace {
 
-constexpr const char* kNoMoreLines = "00";
 constexpr int kLineFields[] = {5, 6, 46, 7, 8, 9, 11, 12, 13, 10, 15, 19, 31, 14};
 
 }  // namespace
 
-bool GSTSAPU::isMisc() const { return sameText(trimmed(5), kMiscItem); }
-
 Go GSTSAPU::item() {
   const std::string code = trimmed(5);
   if (code.empty()) return helpHere();
-  if (code == kNoMoreLines) {
-    put(5, "");
-    endLines();
-    return Go::Stay;
-  }
+  if (endsLines()) return Go::Stay;
   text1(6).enabled = isMisc();
   const auto found = readSaleItem(data(), code);
   if (!found) {
@@ -63,11 +56,6 @@ bool GSTSAPU::fillFromUnit() {
 }
 
 Go GSTSAPU::itemName() { return trimmed(6).empty() ? helpHere() : Go::On; }
-
-// A stored line has no column for a free name: it is kept, and printed, as the line's detail.
-void GSTSAPU::keepFreeName() {
-  if (isMisc() && trimmed(46).empty()) put(46, cut(trimmed(6), text1(46).limit));
-}
 
 Go GSTSAPU::unit() {
   if (trimmed(7).empty()) return helpHere();

@@ -6,11 +6,13 @@
 #include "base/text.h"
 #include "documents/messaging.h"
 #include "frame/session.h"
+#include "vouchers/items.h"
 #include "vouchers/numbering.h"
 
 namespace {
 
 constexpr const char* kRestHint = "Press Add Button For New Entry";
+constexpr const char* kNoMoreLines = "00";
 constexpr const char* kConfirm = "Mirav Confirmation Message";
 constexpr Bgr kPrintColour = 0xFFD0D0, kNewEntryColour = 0xFFF0F0;
 
@@ -235,6 +237,22 @@ void VoucherScreen::lineUp() {
 }
 
 void VoucherScreen::endLines() { focus(afterLines()); }
+
+bool VoucherScreen::isMisc() { return sameText(trim(itemField().text), kMiscItem); }
+
+bool VoucherScreen::endsLines() {
+  if (trim(itemField().text) != kNoMoreLines) return false;
+  set(itemField(), "");
+  endLines();
+  return true;
+}
+
+void VoucherScreen::keepFreeName(int nameField, int detailField) {
+  const std::string name = trimmed(nameField);
+  if (!isMisc() || name.empty() || !trimmed(detailField).empty()) return;
+  const auto misc = readSaleItem(data(), kMiscItem);
+  if (!misc || misc->name != name) put(detailField, cut(name, text1(detailField).limit));
+}
 
 // Only while its item still stands in the field. The serials of the lines that remain do not
 // close up, and the totals wait for the next line that is stored.

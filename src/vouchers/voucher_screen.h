@@ -65,6 +65,10 @@ class VoucherScreen : public ChildScreen {
   Go number();  // of a filled number field
   Go newParty();
   Go newItem();
+  bool isMisc();     // the line's item is the one that stands for anything
+  bool endsLines();  // what stands for an item ends the lines
+  // Where a stored line has no column for its free name: it is kept, and printed, as the line's detail.
+  void keepFreeName(int nameField, int detailField);
   void lineDown();
   void lineUp();
   void endLines();
