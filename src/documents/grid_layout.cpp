@@ -40,7 +40,7 @@ std::optional<GridLayout> gridLayout(const GridOutput& out, GridPaperKind kind) 
   layout.landscape = sum > (kind == GridPaperKind::Pdf ? kPdfLimits : kPrinterLimits).portrait;
   layout.pageWidth = layout.landscape ? kLongSide : kShortSide;
   layout.pageHeight = layout.landscape ? kShortSide : kLongSide;
-  layout.middle = layout.landscape ? 421 : 277;
+  layout.middle = kind == GridPaperKind::Printer ? layout.pageWidth / 2 : layout.landscape ? 421 : 277;
   layout.top = layout.landscape ? 559 : 806;
   layout.rows = rowsOnPage(out.key, layout.landscape, kind);
   layout.ruled = out.key != kUnruled;

@@ -11,6 +11,7 @@ constexpr const char* kFamily = "Calibri";
 constexpr const char* kRegionalFamily = "Gujrati Mirav-1";
 constexpr double kSize = 10, kSmallSize = 8, kHeadingSize = 12;
 constexpr double kDescent = 0.25;  // of the size
+constexpr double kLower = 1.5;     // the larger letters stand in the middle between their rules
 constexpr double kRule = 0.3;
 constexpr paint::Rect kA4{0, 0, 595.276, 841.89};
 
@@ -37,7 +38,7 @@ class PrintedGrid : public GridPaper {
   void text(const GridText& t) override {
     paint::Font font{.family = kFamily, .size = t.narrow ? kSmallSize : kSize, .bold = t.bold};
     if (t.column < kReportColumns && session().mcolfont[t.column] != 0) font.family = kRegionalFamily;
-    draw(t.text, font, t.right ? t.x - t.room : t.x, t.y, t.room,
+    draw(t.text, font, t.right ? t.x - t.room : t.x, t.y - kLower, t.room,
          t.right ? paint::HAlign::Right : paint::HAlign::Left);
   }
 

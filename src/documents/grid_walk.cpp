@@ -6,9 +6,11 @@
 namespace {
 
 constexpr double kPitch = 12.5;                     // from row to row
+constexpr double kFirst = 13;                       // from the titles to the first row: as tall as the others
 constexpr double kTitleTop = 10, kTitleBottom = 5;  // of the rules around the titles
 constexpr double kRuleAbove = 8, kEdgeTop = 23;     // above the next row's line
 constexpr double kIndent = 4, kFigureEnd = 10;      // from the column's left and right edge
+constexpr double kGap = 1.5;                        // at least, from the other edge
 
 void rules(const GridLayout& layout, GridPaper& paper, double bottom, double top) {
   paper.rule(layout.left - 1, bottom, layout.right, bottom);
@@ -20,10 +22,10 @@ GridText inColumn(const GridPlace& place, double y) {
   if (place.numeric)
     return {.x = place.right() - kFigureEnd,
             .y = y,
-            .room = place.width - kFigureEnd,
+            .room = place.width - kFigureEnd - kGap,
             .right = true,
             .column = place.column};
-  return {.x = place.left + kIndent, .y = y, .room = place.width - kIndent, .column = place.column};
+  return {.x = place.left + kIndent, .y = y, .room = place.width - kIndent - kGap, .column = place.column};
 }
 
 void row(const Grid& grid, const GridLayout& layout, GridPaper& paper, size_t number, double y) {
@@ -64,7 +66,7 @@ void layGrid(const Grid& grid, const GridLayout& layout, GridPaper& paper) {
   const auto newPage = [&] {
     s.mpageno = numText(++page);
     s.mlinecount = 1;
-    y = paper.startPage(page) - kPitch;
+    y = paper.startPage(page) - kFirst;
   };
   newPage();
   for (size_t i = 0; i < grid.count(); ++i) {

@@ -183,10 +183,10 @@ TEST_F(GridTest, DrawsRowsAndRulesAtTheirPlaces) {
            "246.5 751 m\r\n246.5 766 l\r\nS",
            "297.5 751 m\r\n297.5 766 l\r\nS",
            "251.5 756 Td\r\n(Name) Tj",
-           "251.5 743.5 Td\r\n(AB) Tj",
-           "321.75 743.5 Td\r\n(5.00) Tj",  // ends at 297.5 + (1000 - 100) / 20 - 5; 3.5 digits of 4.5
-           "246.5 739 m\r\n347.5 739 l\r\nS",
-           "246.5 739 m\r\n246.5 754 l\r\nS",
+           "251.5 743 Td\r\n(AB) Tj",
+           "321.75 743 Td\r\n(5.00) Tj",  // ends at 297.5 + (1000 - 100) / 20 - 5; 3.5 digits of 4.5
+           "246.5 738.5 m\r\n347.5 738.5 l\r\nS",
+           "246.5 738.5 m\r\n246.5 753.5 l\r\nS",
            "15 Td\r\n(Pg. 1) Tj",
            "/Ftrs Do\r\n0.01 w",
        })
@@ -389,8 +389,8 @@ TEST_F(GridTest, PrintsUnderTheSessionsHeading) {
       {"Particulars",                         10,     false, paint::HAlign::Left  },
       {"55",                                  10,     false, paint::HAlign::Left  },
       {"15/06/26",                            10,     false, paint::HAlign::Left  },
-      {"TOTAL OF ALL THAT STANDS ABOVE, AND", 7.7714, true,
-       paint::HAlign::Left                                                        }, // 35 letters of 4 points in 136
+      {"TOTAL OF ALL THAT STANDS ABOVE, AND", 7.6857, true,
+       paint::HAlign::Left                                                        }, // 35 letters of 4 points in 134.5
       {"2680.00",                             10,     true,  paint::HAlign::Right },
   };
   for (const auto& e : expected) {
