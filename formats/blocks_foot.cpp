@@ -213,8 +213,9 @@ std::string bankLine(const Company& company) {
 void notes(Sheet& sheet, int row, Columns left, Columns right, const std::string& text,
            const Company& company, int rows, double size) {
   const Columns both{left.left, right.right};
-  sheet.formula(at(row, both, rows), {.size = size, .wrap = true, .indent = 1, .edges = sides(Edge::Thin)},
-                (text.empty() ? text : text + "&CHAR(10)&") + quoted(kDeclaration));
+  sheet.formula(
+      at(row, both, rows), {.size = size, .wrap = true, .indent = 1, .edges = sides(Edge::Thin)},
+      (text.empty() ? text : "IF(" + text + "=\"\",\"\"," + text + "&CHAR(10))&") + quoted(kDeclaration));
   Style last{.size = size + 0.5, .colour = kQuiet, .shrink = true, .indent = 1};
   last.edges = {Edge::Thin, Edge::None, Edge::None, Edge::Thin};
   sheet.formula(at(row + rows, left), last,

@@ -29,6 +29,8 @@ const DesignTable kTable{
                {'I', 45}, {'J', 16.5}, {'K', 39}, {'L', 16.5}, {'M', 39}, {'N', 16.5}, {'O', 39}, {'P', 48}},
 };
 
+const FactColumns kFacts{{{'J', 'K'}, {'L', 'M'}}, {{'N', 'O'}, {'P', 'P'}}};
+
 using Kind = LineColumn::Kind;
 
 std::vector<LineColumn> lineColumns(const Bill& bill) {
@@ -77,12 +79,7 @@ class Design : public InvoiceDesign {
     partyBlock(sheet_, row + 5, {'A', 'D'}, "Bill To", bill_.buyer);
     partyBlock(sheet_, row + 5, {'E', 'I'}, "Ship To", bill_.consignee);
     remarksRow(sheet_, row + 13, {'A', 'I'}, bill_);
-    factsBlock(sheet_, row + 5,
-               {
-                   {{'J', 'K'}, {'L', 'M'}},
-                   {{'N', 'O'}, {'P', 'P'}}
-    },
-               billFactRows(bill_));
+    factsBlock(sheet_, row + 5, kFacts, billFactRows(bill_));
     tableHead(sheet_, row + 14, columns_);
   }
 

@@ -33,6 +33,9 @@ const PageSums kPageSums{
     .columns = {{{'C', 'C'}, "Taxable value", 'J'}, {{'D', 'F'}, "GST", 'L'}, {{'G', 'I'}, "Total", 'M'}},
 };
 
+const FactColumns kCarrier{{{'A', 'B'}, {'C', 'D'}}}, kConsignment{{{'E', 'F'}, {'G', 'I'}}}, kRoad{{{'J', 'J'}, {'K', 'M'}}};
+const FactColumns kFacts{{{'J', 'J'}, {'K', 'M'}}};
+
 using Kind = LineColumn::Kind;
 
 std::vector<LineColumn> lineColumns(const Bill& bill) {
@@ -78,18 +81,7 @@ class Design : public InvoiceDesign {
     companyHead(sheet_, row + 1, kAll, company_);
     partyBlock(sheet_, row + 5, {'A', 'D'}, "Billed To", bill_.buyer);
     partyBlock(sheet_, row + 5, {'E', 'I'}, "Shipped To", bill_.consignee);
-    std::vector<Fact> facts = {
-        {.label = "Invoice No",      .value = bill_.number,                   .bold = true},
-        {.label = "Date",                          .value = bill_.date,                                                   .number = kDay, .bold = true},
-        {.label = "Place of Supply",            .value = bill_.placeOfSupply,.bold = true},
-        {.label = "Reverse Charge", .value = quoted("No")},
-    };
-    facts.insert(facts.end(), others_.begin(), others_.end());
-    factsBlock(sheet_, row + 5,
-               {
-                   {{'J', 'J'}, {'K', 'M'}}
-    },
-               inRows(facts, 1));
+    factsBlock(sheet_, row + 5, kFacts, inRows(withMainFacts(others_), 1));
     transport(row + 13);
     remarksRow(sheet_, row + 18, kAll, bill_);
     tableHead(sheet_, row + 19, columns_);
@@ -99,21 +91,17 @@ class Design : public InvoiceDesign {
   void transport(int row) {
     sheet_.text(at(row, kAll), {.size = 7.5, .bold = true, .colour = kAccent, .indent = 1, .edges = kLid},
                 "Transport");
-    const FactColumns left{
-        {{'A', 'B'}, {'C', 'D'}}
-    },
-        middle{{{'E', 'F'}, {'G', 'I'}}}, right{{{'J', 'J'}, {'K', 'M'}}};
-    factsBlock(sheet_, row + 1, left,
+    factsBlock(sheet_, row + 1, kCarrier,
                {{{.label = "Transporter", .value = bill_.transport, .bold = true}},
                 {{.label = "Place", .value = bill_.transporterPlace}},
                 {{.label = "Phone", .value = bill_.transporterPhone}},
                 {{.label = "GSTIN / ID", .value = bill_.transporterId}}});
-    factsBlock(sheet_, row + 1, middle,
+    factsBlock(sheet_, row + 1, kConsignment,
                {{{.label = "L.R. No", .value = bill_.lrNumber, .bold = true}},
                 {{.label = "L.R. Date", .value = bill_.lrDate, .number = kDay}},
                 {{.label = "Destination", .value = bill_.destination}},
                 {{.label = "Parcels", .value = bill_.parcels}}});
-    factsBlock(sheet_, row + 1, right,
+    factsBlock(sheet_, row + 1, kRoad,
                {{{.label = "Vehicle No", .value = {}}},
                 {{.label = "E-way Bill", .value = {}}},
                 {{.label = "Despatched", .value = {}}},

@@ -33,6 +33,8 @@ const PageSums kPageSums{
                 {{'H', 'I'}, "IGST", 'M'}},
 };
 
+const FactColumns kFacts{{{'I', 'I'}, {'J', 'M'}}};
+
 using Kind = LineColumn::Kind;
 
 std::vector<LineColumn> lineColumns(const Bill& bill) {
@@ -62,18 +64,7 @@ class Design : public InvoiceDesign {
     letterhead(row, page);
     partyBlock(sheet_, row + 5, {'A', 'C'}, "Bill To", bill_.buyer);
     partyBlock(sheet_, row + 5, {'D', 'H'}, "Ship To", bill_.consignee);
-    std::vector<Fact> facts = {
-        {.label = "Invoice No",      .value = bill_.number,                   .bold = true},
-        {.label = "Date",                          .value = bill_.date,                                                   .number = kDay, .bold = true},
-        {.label = "Place of Supply",            .value = bill_.placeOfSupply,.bold = true},
-        {.label = "Reverse Charge", .value = quoted("No")},
-    };
-    facts.insert(facts.end(), others_.begin(), others_.end());
-    factsBlock(sheet_, row + 5,
-               {
-                   {{'I', 'I'}, {'J', 'M'}}
-    },
-               inRows(facts, 1));
+    factsBlock(sheet_, row + 5, kFacts, inRows(withMainFacts(others_), 1));
     remarksRow(sheet_, row + 13, kAll, bill_, 8, page == 1 ? Room::TwoLines : Room::OneLine);
     tableHead(sheet_, row + 14, columns_);
     if (page > 1)

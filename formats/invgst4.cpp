@@ -32,6 +32,9 @@ const PageSums kPageSums{
                 {{'H', 'I'}, "IGST", 'O'}, {{'J', 'K'}, "Total", 'P'}},
 };
 
+const FactColumns kFacts{{{'I', 'I'}, {'J', 'L'}}};
+const FactColumns kTransport{{{'M', 'M'}, {'N', 'P'}}};
+
 using Kind = LineColumn::Kind;
 
 std::vector<LineColumn> lineColumns(const Bill& bill) {
@@ -65,23 +68,8 @@ class Design : public InvoiceDesign {
     companyHead(row + 1);
     partyBlock(sheet_, row + 4, {'A', 'C'}, "Bill To", bill_.buyer, 7.5);
     partyBlock(sheet_, row + 4, {'D', 'H'}, "Ship To", bill_.consignee, 7.5);
-    std::vector<Fact> facts = {
-        {.label = "Invoice No",      .value = bill_.number,                   .bold = true},
-        {.label = "Date",                          .value = bill_.date,                                                   .number = kDay, .bold = true},
-        {.label = "Place of Supply",            .value = bill_.placeOfSupply,.bold = true},
-        {.label = "Reverse Charge", .value = quoted("No")},
-    };
-    facts.insert(facts.end(), others_.begin(), others_.end());
-    factsBlock(sheet_, row + 4,
-               {
-                   {{'I', 'I'}, {'J', 'L'}}
-    },
-               inRows(facts, 1), 7.5);
-    factsBlock(sheet_, row + 4,
-               {
-                   {{'M', 'N'}, {'O', 'Q'}}
-    },
-               inRows(transport_, 1), 7.5);
+    factsBlock(sheet_, row + 4, kFacts, inRows(withMainFacts(others_), 1), 7.5);
+    factsBlock(sheet_, row + 4, kTransport, inRows(transport_, 1), 7.5);
     remarksRow(sheet_, row + 12, kAll, bill_, 7.5);
     tableHead(sheet_, row + 13, columns_);
   }

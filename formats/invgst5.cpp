@@ -32,6 +32,10 @@ const PageSums kPageSums{
     .columns = {{{'C', 'C'}, "Taxable value", 'I'}, {{'D', 'F'}, "GST", 'K'}, {{'G', 'I'}, "Amount", 'L'}},
 };
 
+const FactColumns kFacts{{{'H', 'I'}, {'J', 'L'}}};
+const FactColumns kMoreFacts{{{'A', 'B'}, {'C', 'C'}}, {{'D', 'E'}, {'F', 'G'}}, {{'H', 'I'}, {'J', 'L'}}};
+const FactColumns kBankFacts{{{'A', 'B'}, {'C', 'C'}}};
+
 using Kind = LineColumn::Kind;
 
 std::vector<LineColumn> lineColumns(const Bill& bill) {
@@ -61,25 +65,8 @@ class Design : public InvoiceDesign {
     titleBar(sheet_, row + 6, {'A', 'C'}, {'D', 'H'}, {'I', 'L'}, "TAX INVOICE", page, bill_.pages, 13);
     partyBlock(sheet_, row + 7, {'A', 'C'}, "Bill To", bill_.buyer);
     partyBlock(sheet_, row + 7, {'D', 'G'}, "Ship To", bill_.consignee);
-    std::vector<Fact> facts = {
-        {.label = "Invoice No",      .value = bill_.number,                   .bold = true},
-        {.label = "Date",                          .value = bill_.date,                                                   .number = kDay, .bold = true},
-        {.label = "Place of Supply",            .value = bill_.placeOfSupply,.bold = true},
-        {.label = "Reverse Charge", .value = quoted("No")},
-    };
-    facts.insert(facts.end(), others_.begin(), others_.begin() + 4);
-    factsBlock(sheet_, row + 7,
-               {
-                   {{'H', 'I'}, {'J', 'L'}}
-    },
-               inRows(facts, 1));
-    factsBlock(sheet_, row + 15,
-               {
-                   {{'A', 'B'}, {'C', 'C'}},
-                   {{'D', 'E'}, {'F', 'G'}},
-                   {{'H', 'I'}, {'J', 'L'}}
-    },
-               inRows({others_.begin() + 4, others_.end()}, 3));
+    factsBlock(sheet_, row + 7, kFacts, inRows(withMainFacts({others_.begin(), others_.begin() + 4}), 1));
+    factsBlock(sheet_, row + 15, kMoreFacts, inRows({others_.begin() + 4, others_.end()}, 3));
     remarksRow(sheet_, row + 18, kAll, bill_);
     tableHead(sheet_, row + 19, columns_, kTable.table);
   }
@@ -118,16 +105,7 @@ class Design : public InvoiceDesign {
   void bank(int row) {
     sheet_.text(at(row, kBank), {.size = 7.5, .bold = true, .colour = kAccent, .indent = 1, .edges = kLid},
                 "Payment To");
-    factsBlock(sheet_, row + 1,
-               {
-                   {{'A', 'B'}, {'C', 'C'}}
-    },
-               {{{.label = "Account of", .value = company_.name}},
-                {{.label = "Bank", .value = company_.bankName}},
-                {{.label = "Branch", .value = company_.branch}},
-                {{.label = "Account No", .value = company_.accountNumber, .bold = true}},
-                {{.label = "IFSC", .value = company_.ifsc, .bold = true}},
-                {{.label = "Due Date", .value = bill_.dueDate, .number = kDay}}});
+    factsBlock(sheet_, row + 1, kBankFacts, inRows(bank_, 1));
   }
 
   void end(int row) {
@@ -150,6 +128,16 @@ class Design : public InvoiceDesign {
                                                     {quoted("IRN"),         bill_.irn            }
   },
                                                 13);
+  const std::vector<Fact> bank_ = closedFacts(facts_,
+                                              {
+                                                  {quoted("Account of"), company_.name         },
+                                                  {quoted("Bank"),       company_.bankName     },
+                                                  {quoted("Branch"),     company_.branch       },
+                                                  {quoted("Account No"), company_.accountNumber},
+                                                  {quoted("IFSC"),       company_.ifsc         },
+                                                  {quoted("Due Date"),   dayText(bill_.dueDate)}
+  },
+                                              6);
   const std::vector<Facts::Named> totals_ = totalLines(facts_, bill_, 5);
 };
 

@@ -32,6 +32,8 @@ const PageSums kPageSums{
     .columns = {{{'C', 'C'}, "Taxable value", 'I'}, {{'D', 'H'}, "Amount", 'K'}},
 };
 
+const FactColumns kFacts{{{'F', 'G'}, {'H', 'K'}}};
+
 using Kind = LineColumn::Kind;
 
 std::vector<LineColumn> lineColumns(const Bill& bill) {
@@ -59,18 +61,7 @@ class Design : public InvoiceDesign {
     titleBar(sheet_, row, {'A', 'C'}, {'D', 'G'}, {'H', 'K'}, "TAX INVOICE", page, bill_.pages, 9.5);
     companyHead(sheet_, row + 1, kAll, company_, 13);
     partyBlock(sheet_, row + 5, {'A', 'E'}, "Bill To", bill_.buyer, 6.5);
-    std::vector<Fact> facts = {
-        {.label = "Invoice No",      .value = bill_.number,                   .bold = true},
-        {.label = "Date",                          .value = bill_.date,                                                   .number = kDay, .bold = true},
-        {.label = "Place of Supply",            .value = bill_.placeOfSupply,.bold = true},
-        {.label = "Reverse Charge", .value = quoted("No")},
-    };
-    facts.insert(facts.end(), others_.begin(), others_.end());
-    factsBlock(sheet_, row + 5,
-               {
-                   {{'F', 'G'}, {'H', 'K'}}
-    },
-               inRows(facts, 1), 6.5);
+    factsBlock(sheet_, row + 5, kFacts, inRows(withMainFacts(others_), 1), 6.5);
     deliveryAndRemarksRow(sheet_, row + 13, kAll, bill_, 6.5, page == 1 ? Room::TwoLines : Room::OneLine);
     tableHead(sheet_, row + 14, columns_, kTable.table);
     if (page > 1)

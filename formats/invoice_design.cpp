@@ -1,5 +1,7 @@
 #include "formats/invoice_design.h"
 
+#include "formats/styles.h"
+
 namespace formats {
 
 namespace {
@@ -47,6 +49,17 @@ void InvoiceDesign::write() {
                   },
               .foot = [this](int row, int page) { pageFoot(row, page); },
               .closing = [this](int row) { closing(row); }});
+}
+
+std::vector<Fact> InvoiceDesign::withMainFacts(const std::vector<Fact>& others) const {
+  std::vector<Fact> facts = {
+      {.label = "Invoice No",      .value = bill_.number,                   .bold = true},
+      {.label = "Date",                          .value = bill_.date,                                                   .number = kDay, .bold = true},
+      {.label = "Place of Supply",            .value = bill_.placeOfSupply,.bold = true},
+      {.label = "Reverse Charge", .value = quoted("No")},
+  };
+  facts.insert(facts.end(), others.begin(), others.end());
+  return facts;
 }
 
 void InvoiceDesign::sums(int row, Columns label, const std::string& text, const SumOf& sum) {

@@ -32,6 +32,8 @@ class InvoiceDesign {
   virtual void closing(int row) = 0;
   // What is printed, one behind the other.
   virtual std::vector<Columns> copies() const { return {table_.all}; }
+  // What every invoice must tell, and further facts behind it.
+  std::vector<Fact> withMainFacts(const std::vector<Fact>& others) const;
   // The row under the slots.
   void sums(int row, Columns label, const std::string& text, const SumOf& sum);
 
