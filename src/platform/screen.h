@@ -8,13 +8,14 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/chart.h"
 #include "platform/grid.h"
 #include "platform/keys.h"
 #include "platform/layout.h"
 
 class Host;
 
-enum class Kind { Text, Date, Button, Label, Grid, Check, Progress, Picture };
+enum class Kind { Text, Date, Button, Label, Grid, Check, Progress, Picture, Chart };
 
 // How a label or an off field reads; a host gives each its type and colour.
 enum class Style {
@@ -76,11 +77,13 @@ struct Control {
   double value = 0, maximum = 0;  // progress; a check box is on when value is not 0
   std::string picture;            // path of a picture file
   Grid grid;
+  Chart chart;  // for the eye; whoever sets it puts its words into `text`
   const ControlSpec* spec = nullptr;
 
   bool editable() const { return kind == Kind::Text || kind == Kind::Date; }
   bool focusable() const {
-    return enabled && visible && kind != Kind::Label && kind != Kind::Progress && kind != Kind::Picture;
+    return enabled && visible && kind != Kind::Label && kind != Kind::Progress && kind != Kind::Picture &&
+           kind != Kind::Chart;
   }
   std::string fullName() const { return index < 0 ? family : family + "(" + std::to_string(index) + ")"; }
 };

@@ -207,20 +207,33 @@ class Engine {
     return sum;
   }
 
-  void placeBands(const std::vector<Band>& bands, const Rect& area) {
+  // A chart that is put away leaves its room to the others.
+  bool folded(const Band& band) const {
+    return !band.groups.empty() && std::ranges::all_of(band.groups, [this](const Group& g) {
+      const auto found = members_.find(g.name);
+      return found != members_.end() && allHidden(g) && std::ranges::all_of(found->second, [this](size_t i) {
+               return screen_.controls[i]->kind == Kind::Chart;
+             });
+    });
+  }
+
+  void placeBands(const std::vector<Band>& all, const Rect& area) {
+    std::vector<const Band*> bands;
+    for (const Band& band : all)
+      if (!folded(band)) bands.push_back(&band);
     std::vector<Length> lengths;
     std::vector<int> fixed;
     int gaps = 0;
     for (size_t i = 0; i < bands.size(); ++i) {
-      lengths.push_back(bands[i].height);
-      fixed.push_back(bands[i].height.unit == Length::Unit::Part ? 0 : m_.px(natural(bands[i])));
-      if (i > 0) gaps += m_.px(gapBetween(bands[i - 1], bands[i]));
+      lengths.push_back(bands[i]->height);
+      fixed.push_back(bands[i]->height.unit == Length::Unit::Part ? 0 : m_.px(natural(*bands[i])));
+      if (i > 0) gaps += m_.px(gapBetween(*bands[i - 1], *bands[i]));
     }
     const std::vector<int> heights = shares(lengths, fixed, area.h - gaps);
     int y = area.y;
     for (size_t i = 0; i < bands.size(); ++i) {
-      if (i > 0) y += m_.px(gapBetween(bands[i - 1], bands[i]));
-      placeGroups(bands[i], {area.x, y, area.w, heights[i]});
+      if (i > 0) y += m_.px(gapBetween(*bands[i - 1], *bands[i]));
+      placeGroups(*bands[i], {area.x, y, area.w, heights[i]});
       y += heights[i];
     }
   }
@@ -420,7 +433,7 @@ class Engine {
 
   void placeInCell(const Group& g, const Rect& box, const Control& c, Spot& spot) {
     const Place& at = c.spec->at;
-    spot.box = cellOf(g, box, at);
+    spot.box = c.kind == Kind::Chart ? box : cellOf(g, box, at);
     const bool titled = g.frame == Frame::Heads || g.frame == Frame::Entry;  // by the heading row
     if (labelled(c) && !titled) placeLabel(g, box, c, spot);
     if (at.width > 0 && m_.px(at.width) < spot.box.w) {

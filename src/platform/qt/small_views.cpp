@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 #include <algorithm>
 
+#include "platform/qt/chart_view.h"
 #include "platform/qt/field_view.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/palette.h"
@@ -41,6 +42,8 @@ std::unique_ptr<ControlView> makeView(Screen& screen, Control& control, Hands& h
       return std::make_unique<ProgressView>(screen, control, hands, &parent);
     case Kind::Picture:
       return std::make_unique<PictureView>(screen, control, hands, &parent);
+    case Kind::Chart:
+      return std::make_unique<ChartView>(screen, control, hands, &parent);
   }
   return nullptr;
 }

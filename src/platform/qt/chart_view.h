@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/qt/control_view.h"
+
+// A chart painted plainly: bars, a scale or amounts, and what the colours of its segments mean.
+class ChartView : public QWidget, public ControlView {
+ public:
+  ChartView(Screen& screen, Control& control, Hands& hands, QWidget* parent);
+  QWidget& widget() override { return *this; }
+  void sync(const Situation& situation) override;
+
+ protected:
+  void paintEvent(QPaintEvent*) override;
+
+ private:
+  void paintHead(QPainter& painter, QRect head) const;
+  void paintLying(QPainter& painter, const QRect& area) const;
+  void paintUpright(QPainter& painter, const QRect& area) const;
+  void paintNames(QPainter& painter, const QRect& area) const;
+  double highest() const;
+
+  Chart chart_;
+};
