@@ -99,6 +99,7 @@ frmreport::frmreport(Host& theHost) : ChildScreen(theHost, table()) {
                              {"Cmdpdf",     On::Click,       &frmreport::pdf     },
                              {"cmdclose",   On::Click,       &frmreport::close   },
                              {"Cmdvideo",   On::Click,       &frmreport::video   },
+                             {"",           KeyCode::F9,     &frmreport::picture },
                              {"",           KeyCode::Esc,    &frmreport::escape  },
   });
 }
@@ -232,7 +233,7 @@ void frmreport::clear() {
   shown_.reset();
   at("Grid1").grid.source.reset();
   at("Grid1").grid.moveTo(0);
-  at("Grid1").visible = false;
+  at("Grid1").visible = at("Chart1").visible = false;
   set(at("Label1", 7), "");
   set(at("Label1", 8), "");
   session().mfilter.clear();
@@ -303,6 +304,7 @@ void frmreport::fill() {
   session().mcoltotal = shown_->totals();
   grid.grid.columns = gridColumns(*shown_);
   outputs(true);
+  drawPicture();
   host.busy(false);
   focus(grid);
   rowMoved();
@@ -325,8 +327,23 @@ std::string frmreport::hintFor(const Control& control) const {
   const auto voucher = currentVoucher();
   std::string hint = voucher ? "Press Enter To Open " + voucher->book + " " + numText(voucher->number)
                              : "Up / Down = Scroll";
-  hint += " :: " + (plan_.note.empty() ? "Page Up / Page Down = Page" : plan_.note);
+  const std::string keys = report_ && report_->chart ? "F9 = Picture" : "Page Up / Page Down = Page";
+  hint += " :: " + (plan_.note.empty() ? keys : plan_.note);
   return hint + " :: Alt+D = Pdf :: Alt+C = Close";
+}
+
+void frmreport::picture() {
+  if (!shown_ || !report_->chart) return;
+  pictured_ = !pictured_;
+  drawPicture();
+}
+
+void frmreport::drawPicture() {
+  Control& picture = at("Chart1");
+  picture.visible = pictured_;
+  if (!pictured_) return;
+  picture.chart = report_->chart(data(), *shown_);
+  set(picture, chartText(picture.chart));
 }
 
 void frmreport::rowMoved() { ShowHint(host, hintFor(at("Grid1"))); }

@@ -48,6 +48,8 @@ class frmreport : public ChildScreen {
 
   void rowMoved();
   void openRow();
+  void picture();
+  void drawPicture();
   std::optional<VoucherKey> currentVoucher() const;
 
   void print() { handOver(OutputTarget::Printer); }
@@ -67,4 +69,5 @@ class frmreport : public ChildScreen {
   std::shared_ptr<ReportRows> shown_;
   std::optional<bool> answer_;  // to the report's question
   std::optional<ReportRows::Place> drilledInto_;
+  bool pictured_ = false;  // the chart is wanted
 };

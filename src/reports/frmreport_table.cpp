@@ -1,7 +1,7 @@
 #include "reports/frmreport.h"
 
 // From top to bottom: filters three by two with the dates and Show under them, and beside them what
-// the keys do; the report; the outputs.
+// the keys do; the report and, when it is wanted, its picture; the outputs.
 
 const ScreenSpec& frmreport::table() {
   // clang-format off
@@ -17,6 +17,7 @@ const ScreenSpec& frmreport::table() {
           {px(118), {{.name = "filters", .columns = {px(76), part(1), px(92), part(1), px(100), part(0.51), px(120)}},
                      {.name = "keys",    .width = px(230)}}},
           {part(1), {{.name = "grid",    .frame = Frame::Plain}}},
+          {px(232), {{.name = "picture", .frame = Frame::Plain}}},
           {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
       }},
       .controls = {
@@ -35,6 +36,8 @@ const ScreenSpec& frmreport::table() {
           {.name = "Label1",     .index = 8, .kind = Kind::Label},
 
           {.name = "Grid1",      .kind = Kind::Grid,   .at = {.group = "grid"}, .tab = 10, .visible = false},
+
+          {.name = "Chart1",     .kind = Kind::Chart,  .at = {.group = "picture"}, .visible = false},
 
           {.name = "cmdprint",   .kind = Kind::Button, .label = "&Print", .at = {.group = "buttons"}, .tab = 11, .enabled = false, .hint = "Press Enter To Print :: F2 = Preview"},
           {.name = "cmdPrtToXl", .kind = Kind::Button, .label = "&Excel", .at = {.group = "buttons"}, .tab = 12, .enabled = false},

@@ -10,6 +10,8 @@
 
 #include "base/date.h"
 #include "frame/links.h"
+#include "platform/chart.h"
+#include "platform/grid.h"
 #include "store/database.h"
 
 // One report of the report screen: what stands in the screen before it is shown, and a plan of what
@@ -134,6 +136,8 @@ struct Report {
   std::string (*toDate)(std::string_view from) = nullptr;
   std::optional<ReportQuestion> question = {};
   std::string Links::*video = &Links::reportVideo;
+  // Drawn beside the shown rows on F9.
+  Chart (*chart)(Database& db, const RowSource& rows) = nullptr;
   // Raises DatabaseError.
   ReportPlan (*plan)(Database& db, const ReportQuery& query) = nullptr;
 };

@@ -1,3 +1,4 @@
+#include "reports/charts.h"
 #include "reports/outstanding.h"
 #include "reports/reports.h"
 
@@ -54,15 +55,22 @@ ReportPlan planOutstanding(Database& db, const ReportQuery& q) {
   return plan;
 }
 
+Chart chartOutstanding(Database& db, const RowSource&) { return largestOutstanding(db); }
+
+const ReportQuestion kFills{
+    .when = ReportQuestion::When::WithRows,
+    .text = "Party Summary Only = No\nRegular Report WIth Bill Detail = Yes",
+};
+
 }  // namespace
 
 const Report& outstandingList() {
   static const Report report{
       .key = kOutstanding,
       .caption = "Outstandings Receivables",
-      .fields = {kParty,     kCity, kState, kCategory},
-      .question = ReportQuestion{.when = ReportQuestion::When::WithRows,
-                 .text = "Party Summary Only = No\nRegular Report WIth Bill Detail = Yes"     },
+      .fields = {kParty, kCity, kState, kCategory},
+      .question = kFills,
+      .chart = chartOutstanding,
       .plan = planOutstanding,
   };
   return report;

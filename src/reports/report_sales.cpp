@@ -1,10 +1,11 @@
+#include "reports/charts.h"
 #include "reports/reports.h"
 
 // The registers of sale bills: one line a bill, and with the lines of each bill under it.
 
 namespace {
 
-constexpr double kGstin = 158;  // pixels of a GSTIN
+constexpr double kGstin = 158, kPlace = 150;  // pixels
 
 // The book stands with a + so that bills are read in the order of their dates, without a sort.
 Condition filterOf(const ReportQuery& q) {
@@ -53,6 +54,8 @@ ReportPlan planBills(Database& db, const ReportQuery& q) {
   return plan;
 }
 
+Chart chartBills(Database&, const RowSource& rows) { return amountsByDay(rows, 1, 10, "Sale Bills A Day"); }
+
 // A main row's area stands under Type, as its bill's lines have their description there.
 ReportPlan planBillDetails(Database&, const ReportQuery& q) {
   Condition c = filterOf(q);
@@ -85,7 +88,7 @@ ReportPlan planBillDetails(Database&, const ReportQuery& q) {
       {.heading = "Date",      .twips = 1100},
       {.heading = "B.No",      .twips = 800},
       {.heading = "Party",     .twips = 2400},
-      {.heading = "Type",      .twips = 1200},
+      {.heading = "Type",      .twips = 1200, .pixels = kPlace},
       {.heading = "Qty",       .twips = 800,  .money = true},
       {.heading = "Rate/Tax",  .twips = 1100, .money = true, .detailMoney = true},
       {.heading = "Chrg/Disc", .twips = 800,  .money = true, .detailMoney = true},
@@ -104,6 +107,7 @@ const Report& saleBillRegister() {
       .caption = "SALE Bill Register",
       .fields = {kParty, kCity, kState},
       .video = &Links::saleRegistersVideo,
+      .chart = chartBills,
       .plan = planBills,
   };
   return report;
