@@ -10,6 +10,7 @@
 namespace {
 
 constexpr const char* kMessage = "Mirav Message";
+constexpr const char* kNobody = ".";  // what accounts without a person keep
 
 // The terms by their columns, DESC1 to DESC8; the last column comes first on the screen.
 constexpr int kTerms[] = {7, 29, 33, 18, 26, 28, 6, 1};
@@ -36,7 +37,7 @@ FRMQUOT::FRMQUOT(Host& theHost)
                   {"Text1(12)",     KeyCode::Down,   &FRMQUOT::lineDown       },
                   {"Text1(12)",     KeyCode::Up,     &FRMQUOT::lineUp         },
                   {"Text1(12)",     KeyCode::PgDn,   &FRMQUOT::endLines       },
-                  {"Text1(12)",     KeyCode::F10,    &FRMQUOT::deleteLine     },
+                  {"Text1(12)",     KeyCode::F10,    &FRMQUOT::dropLine       },
                   {"Text1(5)",      KeyCode::Enter,  &FRMQUOT::itemName       },
                   {"Text1(10)",     KeyCode::Enter,  &FRMQUOT::unit           },
                   {"Text1(8)",      KeyCode::Enter,  &FRMQUOT::figure         },
@@ -60,7 +61,7 @@ FRMQUOT::FRMQUOT(Host& theHost)
     for (const int n : kTerms) text1(n).hint = "F1 = Narrations";
 }
 
-std::string FRMQUOT::tutorial() const { return links().quotationVideo; }
+std::string FRMQUOT::tutorial() const { return links().*book_.video; }
 
 void FRMQUOT::opened(const Entry& entry) {
   passOver(host, [] { repairQuotations(data()); });
@@ -112,7 +113,8 @@ Go FRMQUOT::party() {
   if (!account) return Go::Stay;
   const bool another = !sameText(trimmed(4), party_);
   party_ = trimmed(4);
-  if (!account->person.empty() && (another || trimmed(2).empty())) put(2, account->person);
+  const bool named = !account->person.empty() && account->person != kNobody;
+  if (named && (another || trimmed(2).empty())) put(2, account->person);
   if (mode == "ADD" && (another || trimmed(35).empty())) put(35, nextReference(data(), book_));
   return Go::On;
 }

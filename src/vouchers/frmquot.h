@@ -50,8 +50,8 @@ class FRMQUOT : public VoucherScreen {
   void fillRates(const std::optional<double>& rateOfTax);
   void fillRate(double rate);
   void fillFromUnit();
-  bool isMisc() const;
   void valueLine();
+  void dropLine();
   QuotationHeader header() const;
   void showHeader(const Row& offer);
   std::string closingWords() const;

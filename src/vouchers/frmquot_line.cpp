@@ -8,21 +8,15 @@
 
 namespace {
 
-constexpr const char* kNoMoreLines = "00";
+constexpr int kTotals[] = {21, 45, 42, 43, 44};
 constexpr int kLineFields[] = {12, 5, 15, 10, 8, 9, 16, 36, 37, 38, 39, 40, 41, 14, 47};
 
 }  // namespace
 
-bool FRMQUOT::isMisc() const { return sameText(trimmed(12), kMiscItem); }
-
 Go FRMQUOT::item() {
   const std::string code = trimmed(12);
   if (code.empty()) return helpHere();
-  if (code == kNoMoreLines) {
-    put(12, "");
-    endLines();
-    return Go::Stay;
-  }
+  if (endsLines()) return Go::Stay;
   text1(5).enabled = isMisc();
   if (isMisc()) {
     focus(text1(5));
@@ -191,11 +185,19 @@ void FRMQUOT::clearLine() {
   text1(5).enabled = false;
 }
 
+// What is offered no more is not in the totals either.
+void FRMQUOT::dropLine() {
+  const size_t before = lines_->count();
+  deleteLine();
+  if (lines_->count() == before) return;
+  for (const int n : kTotals) put(n, "");
+  sumLines();
+}
+
 // A column that sums to nothing leaves its field as it is.
 void FRMQUOT::sumLines() {
   const auto sums = data().first(
       "SELECT SUM(AMOUNT), SUM(QUANTITY), SUM(CGSTAMT), SUM(SGSTAMT), SUM(IGSTAMT) FROM T_QUOTITM");
-  constexpr int kTotals[] = {21, 45, 42, 43, 44};
   for (int i = 0; i < 5; ++i)
     if (!sums->isNull(i)) put(kTotals[i], sums->number(i));
   put(27, quotedTotal(value(21)));

@@ -62,7 +62,7 @@ Fields headerRow(const Book& book, const QuotationHeader& q, const SaveStamp& st
 const Book& quotationBook(const std::string& type) {
   static std::map<std::string, Book> kinds;
   Book& book = kinds[type];
-  if (book.code.empty())
+  if (book.heads.empty())
     book = {
         .code = type,
         .keyColumn = "ENTRY_TYP",
@@ -77,8 +77,12 @@ const Book& quotationBook(const std::string& type) {
         .printing = "",
         .escapeAsks = "Do you want to Cancel and Exit",
         .printKey = "QUOTPRN",
+        .documentKey = "QUOTENT",
         .saveOpens = "Save opens after Subject To",
         .savedHead = "Quotation Entry Saved",
+        .savedHints = {"Press Print Btn To Print Quotation",
+                       "Press New Entry Btn To Enter New Quotation Entry"},
+        .video = &Links::quotationVideo,
         .parties = "ACCOUNT where group_cd in(85,88,86,135) ORDER BY ACC_NAME",
         .rate = "SALE_RATE1",
         .discount = "SALE_DISC",
