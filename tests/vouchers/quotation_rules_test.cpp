@@ -1,0 +1,175 @@
+#include "base/text.h"
+#include "frame/full_disk.h"
+#include "frame/killed.h"
+#include "vouchers/quotation_fixture.h"
+
+// Worked by hand: each tax of the unrounded value, the amount of everything before rounding.
+TEST(QuotedLineTest, OnlyWhatIsShownIsRounded) {
+  struct Case {
+    const char* what;
+    double quantity, rate, discount;
+    Taxes rates, taxes;
+    double assess, amount;
+  };
+  const std::vector<Case> cases = {
+      {"99.99 - 9.999 = 89.991",       3,     33.33,   10,   {9, 9, 0},    {8.1, 8.1, 0},       89.99,        106.19       },
+      {"1499.625 - 187.453125",        1.5,   999.75,  12.5, {0, 0, 18},   {0, 0, 236.19},      1312.17,      1548.36      },
+      {"half a paisa to the even one", 2,     0.0625,  0,    {20, 20, 0},  {0.02, 0.02, 0},     0.12,         0.16         },
+      {"rates that follow no split",   10,    100,     0,    {9, 2.5, 18}, {90, 25, 180},       1000,         1295         },
+      {"all of it off",                10,    100,     100,  {9, 9, 0},    {0, 0, 0},           0,            0            },
+      {"more than all",                10,    100,     150,  {9, 9, 0},    {-45, -45, 0},       -500,         -590         },
+      {"a discount that adds",         10,    100,     -10,  {0, 0, 5},    {0, 0, 55},          1100,         1155         },
+      {"nothing of it",                0,     1640,    8,    {9, 9, 0},    {0, 0, 0},           0,            0            },
+      {"a hundred crore",              99999, 9999.99, 0,    {0, 0, 18},   {0, 0, 179998020.0}, 999989000.01, 1179987020.01},
+  };
+  for (const Case& c : cases) {
+    const QuotedLine line = quotedLine(c.quantity, c.rate, c.discount, c.rates);
+    EXPECT_DOUBLE_EQ(line.assess, c.assess) << c.what;
+    EXPECT_DOUBLE_EQ(line.taxes.cgst, c.taxes.cgst) << c.what;
+    EXPECT_DOUBLE_EQ(line.taxes.sgst, c.taxes.sgst) << c.what;
+    EXPECT_DOUBLE_EQ(line.taxes.igst, c.taxes.igst) << c.what;
+    EXPECT_DOUBLE_EQ(line.amount, c.amount) << c.what;
+  }
+  EXPECT_EQ(quotedTotal(1000.5), 1000);
+  EXPECT_EQ(quotedTotal(1001.5), 1002);
+}
+
+TEST(ReferenceTest, TheLastFourCharactersGoOn) {
+  const std::vector<std::pair<const char*, const char*>> cases = {
+      {"",                 "0001" },
+      {"0001",             "0002" },
+      {"9",                "0010" },
+      {"99",               "0100" },
+      {"0123",             "0124" },
+      {"999",              "1000" },
+      {"Q/0012",           "0013" },
+      {"Q/12",             "0001" },
+      {"9999",             "10000"},
+      {"10000",            "0001" },
+      {"12026",            "2027" },
+      {"પત્ર0041", "0042" },
+  };
+  for (const auto& [stored, next] : cases) EXPECT_EQ(referenceAfter(stored), next) << stored;
+}
+
+TEST_F(QuotationTest, TheReferenceFollowsTheHighestNumberOfItsKind) {
+  EXPECT_EQ(nextReference(db(), book()), "0001");
+  db().exec(
+      "INSERT INTO QUOT (VOUCH_NO, ENTRY_TYP, REF_NO) VALUES (3, 'QUOTATION', 'Q/0012'),"
+      " (2, 'QUOTATION', '0500'), (9, 'PERFOMA', '0700')");
+  EXPECT_EQ(nextReference(db(), book()), "0013");
+  EXPECT_EQ(nextReference(db(), quotationBook("PERFOMA")), "0701");
+}
+
+// Every column of the header: those written here, 0 in all that are left.
+TEST_F(QuotationTest, EveryHeaderColumnHasItsValue) {
+  ASSERT_TRUE(saveQuotation(db(), book(), offer(7, 106.5), stamp(), Saving::Fresh));
+  const auto row = db().first("SELECT * FROM QUOT");
+  std::string written;
+  for (int i = 0; i < row->count(); ++i)
+    if (row->text(i) != "0") written += (written.empty() ? "" : " ") + row->name(i) + "=" + row->text(i);
+  EXPECT_EQ(written,
+            "VOUCH_DT=2026-06-15 VOUCH_NO=7 PARTY_CD=A00001 BL_PARTY_CD=A00001 TO_NAME=O'NEIL SUB_DESC=પંખા"
+            " YOUR_REF_NO=MAIL DESC1=T1 DESC2=T2 DESC3=T3 DESC4=T4 DESC5=T5 DESC6=T6 DESC7=T7 DESC8=T8"
+            " ITEM_AMT=106.5 TOTQTY=3 NET_AMT=106 USER_CD=RAJ TCGST=8.1 TSGST=8.1 ENT_DT=2026-06-15"
+            " ENT_TIME=10:30 MOBNOCO=9090909090 DATANM=M00126 DATASENT=N ENTRY_TYP=QUOTATION REF_NO=Q/0012");
+  EXPECT_EQ(row->count(), 40);
+}
+
+TEST_F(QuotationTest, LinesAreStoredAsNumberTextsAndComeBackAsNumbers) {
+  offeredLine(db(), "I0000001", 2, 1, 7);
+  offeredLine(db(), "I0000002", 0, 2, 7);
+  offeredLine(db(), "misc", 0, 3, 7);
+  offeredLine(db(), "I0000001", 30, 4, 12);  // typed before its number was changed
+  ASSERT_TRUE(saveQuotation(db(), book(), offer(7), stamp(), Saving::Fresh));
+  EXPECT_EQ(
+      line("SELECT GROUP_CONCAT(NUMTEXT(SRNO) || ':' || ITEM_CD || ':' || QUANTITY || ':' || RATE || ':' ||"
+           " AMOUNT || ':' || TNO || ':' || TYPEOF(QUANTITY) || ':' || VOUCH_DT) FROM QUOTITM"
+           " WHERE VOUCH_NO = 7"),
+      "1:I0000001:2:33.25:66.5:1:text:2026-06-15,3:misc:0:33.25:0:3:text:2026-06-15,"
+      "4:I0000001:30:33.25:997.5:4:text:2026-06-15");
+  loadQuotationLines(db(), book(), 7);
+  EXPECT_EQ(line("SELECT COUNT(*), SUM(QUANTITY), SUM(AMOUNT), MAX(TYPEOF(RATE)), MAX(SRNO) FROM T_QUOTITM"),
+            "3|32|1064|real|4");
+}
+
+// The stored offer is looked for as a quotation, whatever kind is saved.
+TEST_F(QuotationTest, AnotherKindIsNotReplaced) {
+  const Book& proforma = quotationBook("PERFOMA");
+  ASSERT_TRUE(saveQuotation(db(), proforma, offer(1, 500), stamp(), Saving::Fresh));
+  EXPECT_THROW(saveQuotation(db(), proforma, offer(1, 600), stamp(), Saving::Again), DatabaseError);
+  EXPECT_FALSE(saveQuotation(db(), book(), offer(1), stamp(), Saving::Fresh)) << "the number is taken";
+  EXPECT_EQ(line("SELECT COUNT(*), NET_AMT, ENTRY_TYP FROM QUOT"), "1|500|PERFOMA");
+  ASSERT_TRUE(saveQuotation(db(), book(), offer(2, 700), stamp(), Saving::Fresh));
+  deleteQuotation(db(), book(), 1);
+  ASSERT_TRUE(saveQuotation(db(), book(), offer(2, 800), stamp(), Saving::Again));
+  EXPECT_EQ(line("SELECT COUNT(*), SUM(NET_AMT) FROM QUOT"), "2|1300");
+  deleteQuotation(db(), proforma, 1);
+  EXPECT_EQ(line("SELECT COUNT(*) FROM QUOT"), "1");
+}
+
+TEST_F(QuotationTest, OpeningRepairsWhatOlderRowsLack) {
+  db().exec(
+      "INSERT INTO QUOT (VOUCH_NO, PARTY_CD, BL_PARTY_CD, ENTRY_TYP) VALUES (1, 'A00001', NULL, NULL),"
+      " (2, 'A00002', '', ''), (3, 'A00001', 'A00002', 'PERFOMA')");
+  db().exec(
+      "INSERT INTO QUOTITM (VOUCH_NO, SRNO, ITEM_CD, DEPT_CD, ENTRY_TYP) VALUES"
+      " (1, 1, 'I0000001', NULL, NULL), (1, 2, 'GONE', NULL, ''), (3, 1, 'I0000001', 'E9', 'PERFOMA')");
+  openAs();
+  EXPECT_EQ(
+      line(
+          "SELECT GROUP_CONCAT(BL_PARTY_CD || ' ' || ENTRY_TYP) FROM (SELECT * FROM QUOT ORDER BY VOUCH_NO)"),
+      "A00001 QUOTATION,A00002 QUOTATION,A00002 PERFOMA");
+  EXPECT_EQ(line("SELECT GROUP_CONCAT(IFNULL(DEPT_CD, '-') || ' ' || ENTRY_TYP)"
+                 " FROM (SELECT * FROM QUOTITM ORDER BY VOUCH_NO, SRNO)"),
+            "E001 QUOTATION,- QUOTATION,E9 PERFOMA");
+}
+
+// Killed before any of the calls of the system that a save makes: the old offer or the new one.
+TEST_F(QuotationTest, KilledAtAnyMomentAnOfferIsWholeOrAsItWas) {
+  const auto saving = [this](double amount, double quantity) {
+    Database own;
+    own.open(folder / "M00126.mdb");
+    for (int serial = 1; serial <= 3; ++serial) offeredLine(own, "I0000001", quantity, serial, 5);
+    saveQuotation(own, book(), offer(5, amount), stamp(), Saving::Again);
+  };
+  saving(100, 1);
+  session().cndata->close();
+  int old = 0;
+  for (int n = 1;; ++n) {
+    const Killed killed = killedAt(n, [&] { saving(200, 2); });
+    if (!killed.possible) GTEST_SKIP() << "processes may not be watched here";
+    Database after;
+    after.open(folder / "M00126.mdb");
+    const auto both =
+        after.first("SELECT NET_AMT, (SELECT COUNT(*) * 10 + SUM(QUANTITY) FROM QUOTITM) FROM QUOT");
+    ASSERT_TRUE(both) << n;
+    const std::string found = both->text(0) + "/" + both->text(1);
+    EXPECT_TRUE(found == "100/33" || found == "200/36") << n << ": " << found;
+    ASSERT_EQ(after.text("PRAGMA integrity_check"), "ok") << n;
+    old += found == "100/33" ? 1 : 0;
+    after.close();
+    if (killed.ended) break;
+    if (found == "200/36") saving(100, 1);
+  }
+  EXPECT_GT(old, 10);
+}
+
+TEST_F(QuotationTest, AFullDiskKeepsTheOfferOnTheScreen) {
+  db().exec("CREATE TABLE FILLER AS SELECT randomblob(50000)");  // no page is left free
+  startOffer();
+  for (int n = 1; n <= 40; ++n) typeOffered("I0000001", std::to_string(n), "100", "0");
+  host.go("Text1(6)");
+  host.enter();
+  {
+    const FullDisk full;
+    host.press("CMDSAVE");
+  }
+  EXPECT_EQ(host.messages.back().title, "Mirav Message");
+  EXPECT_EQ(host.focus() + host.screen().mode, "CMDSAVEADD");
+  EXPECT_EQ(
+      line("SELECT (SELECT COUNT(*) FROM QUOT), (SELECT COUNT(*) FROM QUOTITM), COUNT(*) FROM T_QUOTITM"),
+      "0|0|40");
+  saveOffer();
+  EXPECT_EQ(line("SELECT COUNT(*), SUM(VAL(QUANTITY)) FROM QUOTITM"), "40|820");
+}

@@ -1,0 +1,327 @@
+#include <cstdio>
+#include <map>
+
+#include "base/text.h"
+#include "platform/utf8.h"
+#include "vouchers/quotation_fixture.h"
+
+TEST_F(QuotationTest, AFirstOfferFromAddToItsMessage) {
+  db().exec("UPDATE ACCOUNT SET PERSON_NM = 'MEHULBHAI' WHERE ACC_CD = 'A00001'");
+  openAs();
+  EXPECT_EQ(host.screen().caption, "QUOTATION ENTRY ");
+  host.press("cmdadd");
+  EXPECT_EQ(host.screen().caption, "QUOTATION ENTRY  : ADD MODE");
+  EXPECT_EQ(host.screen().reason, "Save opens after Subject To");
+  EXPECT_EQ(host.focus() + "/" + host.text("MaskEdBox1(0)") + "/" + fields({0}),
+            "MaskEdBox1(0)/15/06/2026/1");
+  host.enter();
+  EXPECT_EQ(host.hint(), "Press Enter To Select Party :: F1 = All Accounts :: Insert = New Party");
+  host.type("a00001");
+  host.enter();
+  EXPECT_EQ(host.text("Text2") + "/" + fields({35, 2}), "PATEL TRADING CO/0001|MEHULBHAI");
+  host.fillEnter("Text1(35)", "q/0012");
+  host.fillEnter("Text1(2)", "jigarbhai");
+  EXPECT_EQ(host.hint(), "Type Subject For Quotation :: F1 = Used Before");
+  host.keys({KeyCode::Enter, KeyCode::Enter});
+  EXPECT_EQ(host.hint(), "Press Enter To Select Item Or Ctrl + I To Add New Item");
+  host.type("I0000001");
+  host.enter();
+  EXPECT_EQ(fields({5, 10, 9, 16, 36, 38, 40}), "CEILING FAN|PCS|1640||9|9|0") << "no discount yet";
+  EXPECT_EQ(host.focus() + " " + host.hint(),
+            "Text1(15) Type Item Description :: F1 = Used Before :: F2 = Of This Item");
+  host.keys({KeyCode::Enter, KeyCode::Enter});
+  EXPECT_EQ(host.focus() + fields({16, 11}), "Text1(8)8|") << "the unit brings it";
+  host.type("34");
+  host.enter();
+  EXPECT_EQ(fields({8, 14, 47, 37}), "34|60533.06|51299.2|4616.93") << "a quantity values the line";
+  host.keys({KeyCode::Enter, KeyCode::Enter});
+  EXPECT_EQ(host.focus(), "Text1(14)");
+  host.enter();
+  EXPECT_EQ(host.focus() + "/" + fields({14, 21, 45, 42, 43, 44, 27}),
+            "Text1(12)/|60533.06|34|4616.93|4616.93|0|60533");
+  host.fillEnter("Text1(12)", "00");
+  // The terms in the walk of Enter.
+  for (const int n : {1, 7, 29, 33, 18, 26, 28}) {
+    EXPECT_EQ(host.focus(), "Text1(" + std::to_string(n) + ")");
+    host.type("Term " + std::to_string(n));
+    host.enter();
+  }
+  EXPECT_FALSE(host.at("CMDSAVE").enabled);
+  saveOffer("OKButton");
+  EXPECT_EQ(closingWords, std::string(60, ' ') +
+                              "Quotation Entry Saved\n   Entry No   : 1\n   Party Name : PATEL TRADING CO\n"
+                              "   AMOUNT     : 60533\n\n\n   Press Print Btn To Print Quotation\n"
+                              "   Press New Entry Btn To Enter New Quotation Entry");
+  EXPECT_EQ(host.onTop() + StandIn::last.value + session().mreportkey, "dlg11QUOTPRN");
+  EXPECT_EQ(line("SELECT REF_NO, TO_NAME, DESC8, DESC1, DESC2, DESC3, DESC4, DESC5, DESC6, DESC7, NET_AMT "
+                 "FROM QUOT"),
+            "Q/0012|JIGARBHAI|TERM 1|TERM 7|TERM 29|TERM 33|TERM 18|TERM 26|TERM 28||60533");
+  EXPECT_EQ(line("SELECT ITEM_NAME, ITEM_SNAME, DEPT_CD, QUANTITY, RATE, AMOUNT, DISC, ASSIVAL, T_NO, TNO,"
+                 " TYPEOF(AMOUNT) FROM QUOTITM"),
+            "CEILING FAN|CEILING FAN|E001|34|1640|60533.06|8|51299.2|1|1|text");
+  // The next one goes on from the last four characters.
+  openAs();
+  startOffer("A00002");
+  EXPECT_EQ(fields({0, 35, 2}), "2|0013|");
+}
+
+TEST_F(QuotationTest, TaxesFollowTheirRatesAlone) {
+  startOffer("A00003");
+  EXPECT_EQ(host.lastMessage(), "STATE CODE NOT SPECIFIED IN PARTY");
+  typeOffered("I0000002", "10", "100", "0");
+  EXPECT_EQ(line("SELECT CGSTRT, SGSTRT, IGSTRT, CGSTAMT, SGSTAMT, IGSTAMT, AMOUNT FROM T_QUOTITM"),
+            "0|0|18|0|0|180|1180");
+  host.fillEnter("Text1(12)", "I0000004");
+  EXPECT_EQ(host.lastMessage() + fields({36, 38, 40}), "SPECIFY RATE OF TAX IN ITEM||");
+  host.fillEnter("Text1(8)", "7abc");
+  host.fillEnter("Text1(16)", "150");
+  host.fillEnter("Text1(38)", "10");
+  EXPECT_EQ(host.focus() + "/" + fields({8, 9, 39, 14}), "Text1(39)/7|10|-3.5|-38.5");
+  host.fillEnter("Text1(39)", "99");
+  EXPECT_EQ(fields({39, 14}), "-3.5|-38.5") << "a typed amount does not stay";
+  host.fillEnter("Text1(41)", "99");
+  EXPECT_EQ(host.focus() + "/" + fields({41, 14}), "Text1(14)/0|-38.5");
+}
+
+TEST_F(QuotationTest, WalkingOverwritingAndFreeNames) {
+  startOffer();
+  typeOffered("I0000002", "1", "10", "0");
+  typeOffered("I0000003", "2", "20", "0");
+  host.fillEnter("Text1(12)", "misc");
+  EXPECT_EQ(host.focus() + fields({36}), "Text1(5)") << "free lines bring nothing";
+  host.type("fitting");
+  host.enter();
+  host.fillEnter("Text1(10)", "job");
+  EXPECT_EQ(host.focus(), "Text1(8)") << "and no unit is refused";
+  host.go("Text1(14)");
+  host.enter();
+  host.fillEnter("Text1(12)", "MISC");
+  host.fillEnter("Text1(5)", "salt");
+  EXPECT_EQ(fields({9, 10}), "20|PCS") << "a known name brings its rate";
+  host.keys({KeyCode::Up, KeyCode::Up});
+  host.go("Text1(12)");
+  host.keys({KeyCode::Up, KeyCode::Up});
+  EXPECT_EQ(host.text("Label1(0)") + "/" + fields({12, 8}), "2/I0000003|2");
+  EXPECT_FALSE(host.at("Text1(5)").enabled);
+  typeOffered("I0000003", "0", "20", "0");
+  EXPECT_EQ(fields({12, 5, 21, 45, 27}), "MISC|FITTING|11.8|1|12");
+  saveOffer();
+  EXPECT_EQ(line("SELECT GROUP_CONCAT(NUMTEXT(SRNO) || ITEM_NAME || QUANTITY || SIZE_CD) FROM QUOTITM"),
+            "1PVC WIRE1PCS,3FITTING0JOB");
+  host.press("cmdEDIT");
+  EXPECT_EQ(host.screen().caption, "QUOTATION ENTRY  : EDIT MODE");
+  host.fillEnter("Text1(0)", "1");
+  EXPECT_EQ(host.focus() + "/" + host.cell("DataGrid1", 1, 2), "MaskEdBox1(0)/FITTING");
+  // Another line, a new date and the party's own words kept.
+  host.go("Text1(2)");
+  host.type("kept");
+  host.fillEnter("MaskEdBox1(0)", "16062020");
+  host.enter();
+  EXPECT_EQ(host.focus() + fields({2, 35}), "Text1(35)KEPT|0001");
+  host.go("Text1(12)");
+  host.keys({KeyCode::Down, KeyCode::Down});
+  typeOffered("I0000003", "5", "20", "0");
+  saveOffer();
+  EXPECT_EQ(line("SELECT COUNT(*), SUM(SRNO), MIN(VOUCH_DT), MAX(VOUCH_DT) FROM QUOTITM"),
+            "3|8|2020-06-16|2020-06-16");
+  EXPECT_EQ(line("SELECT TO_NAME, ITEM_AMT, NET_AMT, VOUCH_DT FROM QUOT"), "KEPT|111.8|112|2020-06-16");
+}
+
+TEST_F(QuotationTest, ALineThatIsDroppedLeavesTheTotals) {
+  startOffer();
+  typeOffered("I0000002", "1", "10", "0");
+  typeOffered("I0000003", "2", "20", "0");
+  host.key(KeyCode::F10);
+  EXPECT_EQ(fields({21, 45, 42}), "51.8|3|0.9") << "no line is shown";
+  host.keys({KeyCode::Up, KeyCode::Up, KeyCode::F10});
+  EXPECT_EQ(host.text("Label1(0)") + "/" + fields({12, 21, 45, 42, 27}), "2/I0000003|40|2|0|40");
+  host.key(KeyCode::F10);
+  EXPECT_EQ(host.text("Label1(0)") + "/" + fields({12, 21, 45, 42, 27}), "1/||||0");
+}
+
+TEST_F(QuotationTest, LoadingPrintingAndDeleting) {
+  openAs();
+  host.press("cmdEDIT");
+  host.fillEnter("Text1(0)", "1");
+  EXPECT_EQ(host.lastMessage() + host.focus(), "No Record To Displaycmdadd");
+  offeredLine(db(), "I0000001", 2, 1, 4);
+  saveQuotation(db(), book(), offer(4), stamp(), Saving::Fresh);
+  db().exec("DELETE FROM T_QUOTITM");
+  offeredLine(db(), "I0000001", 2, 1, 5);
+  saveQuotation(db(), book(), offer(5), stamp(), Saving::Fresh);
+  host.press("cmdadd");
+  EXPECT_EQ(fields({0}), "6");
+  host.fillEnter("Text1(0)", "5");
+  EXPECT_EQ(host.lastMessage() + host.focus(), "ITEM ALLREADY EXISTText1(0)");
+  host.answers = {false, true};
+  host.escape();
+  host.escape();
+  EXPECT_EQ(host.questions.back().text + "/" + host.questions.back().title,
+            "Do you want to Cancel and Exit/Mirav Confirmation Message");
+  host.press("CMDDELETE");
+  EXPECT_EQ(host.screen().caption, "QUOTATION ENTRY  : DELETE MODE");
+  host.fillEnter("Text1(0)", "9");
+  EXPECT_EQ(host.lastMessage() + host.focus(), "ENTRY NOT FOUNDText1(0)");
+  host.answers = {false, true};
+  host.fillEnter("Text1(0)", "5");
+  EXPECT_EQ(host.lastQuestion() + line("SELECT COUNT(*) FROM QUOT") + fields({0, 4, 1}), "ARE YOU SURE2||");
+  host.fillEnter("Text1(0)", "5");
+  EXPECT_EQ(line("SELECT MAX(VOUCH_NO), (SELECT MAX(VOUCH_NO) FROM QUOTITM) FROM QUOT"), "4|4");
+  // Print, and a number typed when its dialog has gone.
+  host.press("cmdprint");
+  EXPECT_EQ(host.onTop() + StandIn::last.value + session().mreportkey + session().mentrytype,
+            "dlg1QUOTPRNQUOTENT");
+  host.close(*host.find("dlg1"));
+  openAs();
+  host.fillEnter("Text1(0)", "4");
+  EXPECT_EQ(host.onTop() + StandIn::last.value, "dlg14");
+  // From a register's row, and back after the save without a word.
+  host.close(*host.find("dlg1"));
+  host.close(*host.find("FRMQUOT"));
+  session().mentrytype = "QUOTATION";
+  host.open("FRMQUOT", {.caller = "frmreport", .value = "4"});
+  EXPECT_EQ(host.screen().mode + host.text("Text2") + fields({35, 2, 3, 11, 1, 7, 6}),
+            "EDITPATEL TRADING COQ/0012|O'NEIL|પંખા|MAIL|T8|T1|T7");
+  EXPECT_EQ(fields({21, 27, 42, 43, 44, 45, 12}), "106.19|106|8.1|8.1|0|3|I0000001");
+  host.go("Text1(6)");
+  host.keys({KeyCode::Enter, KeyCode::Enter});
+  EXPECT_EQ(host.find("FRMQUOT"), nullptr);
+  EXPECT_EQ(line("SELECT COUNT(*), TO_NAME FROM QUOT"), "1|O'NEIL");
+}
+
+// An offer without party, number or lines is saved as it stands.
+TEST_F(QuotationTest, RefusalsAndWhatIsNotRefused) {
+  openAs("PI");
+  EXPECT_EQ(host.screen().caption, "PERFOMA INVOICE ");
+  host.press("cmdadd");
+  host.fillEnter("MaskEdBox1(0)", "");
+  EXPECT_EQ(host.focus(), "MaskEdBox1(0)");
+  host.fillEnter("Text1(4)", "A00077");
+  EXPECT_EQ(host.messages.back().text + "/" + host.messages.back().title,
+            "PARTY NOT FOUND PLEASE CHECK THE PARTY CODE/Mirav Message");
+  EXPECT_EQ(host.focus() + fields({35}), "Text1(4)");
+  host.fillEnter("Text1(12)", "I0000009");
+  EXPECT_EQ(host.lastMessage() + host.focus() + fields({12}), "Check Item CodeText1(12)");
+  host.go("Text1(14)");
+  host.enter();
+  EXPECT_EQ(host.focus() + line("SELECT COUNT(*) FROM T_QUOTITM"), "Text1(12)0");
+  host.fill("Text1(4)", "");
+  saveOffer();
+  EXPECT_EQ(line("SELECT VOUCH_NO, VOUCH_DT, PARTY_CD, ENTRY_TYP FROM QUOT"), "1|||PI");
+}
+
+TEST_F(QuotationTest, EarlierTextsAndSalesComeByKey) {
+  addTransporterRow();
+  saveQuotation(db(), book(), offer(4), stamp(), Saving::Fresh);
+  workLine(db(), "I0000001", 2, 1);
+  db().exec("UPDATE T_SLITM SET SIZE_CD = 'PCS', RATE = 50");
+  saveBill(db(), saleBook(), bill(8), stamp(), Saving::Fresh);
+  struct Case {
+    const char* field;
+    Key key;
+    const char* chosen;
+  };
+  const std::vector<Case> withoutNarrations = {
+      {"Text1(2)", KeyCode::F1, "O'NEIL"      },
+      {"Text1(3)", KeyCode::F1, "પંખા"},
+      {"Text1(1)", KeyCode::F1, ""            },
+  };
+  const auto tried = [&](const Case& c) {
+    host.fill(c.field, "");
+    bool shown = false;
+    host.insideModal.push_back([&] {
+      shown = true;
+      host.enter();
+    });
+    host.key(c.key);
+    if (!shown) host.insideModal.clear();
+    EXPECT_EQ(host.text(c.field), c.chosen) << c.field;
+  };
+  startOffer();
+  for (const Case& c : withoutNarrations) tried(c);
+  EXPECT_EQ(host.hint(), "Press Enter To Proceed");
+  host.fillEnter("Text1(12)", "I0000001");
+  host.go("Text1(9)");
+  EXPECT_FALSE(host.at("DataGrid2").visible);
+  host.key(KeyCode::F4);
+  EXPECT_EQ(host.cell("DataGrid2", 0, 0) + "/" + host.cell("DataGrid2", 0, 3), "8/50");
+  host.press("CMDCANCEL");
+  // A company-year that keeps narrations offers them for every term.
+  host.close(host.screen());
+  db().exec("CREATE TABLE NARRATN (NARR_NAME TEXT COLLATE NOCASE)");
+  db().exec("INSERT INTO NARRATN VALUES ('EX GODOWN')");
+  startOffer();
+  for (const char* field :
+       {"Text1(1)", "Text1(7)", "Text1(29)", "Text1(33)", "Text1(18)", "Text1(26)", "Text1(28)", "Text1(6)"})
+    tried({field, KeyCode::F1, "EX GODOWN"});
+  host.press("CMDCANCEL");
+  host.press("cmdEDIT");
+  for (const KeyCode key : {KeyCode::Enter, KeyCode::F1, KeyCode::F2, KeyCode::F4})
+    tried({"Text1(0)", key, "4"});
+}
+
+// Apostrophes, Gujarati and signs, as many as a field takes, come back as they were typed.
+TEST_F(QuotationTest, FieldsFilledToTheirLimitComeBack) {
+  startOffer();
+  host.fillEnter("Text1(12)", "MISC");
+  std::map<int, std::string> typed;
+  for (const int field : {5, 15, 10, 35, 2, 3, 11, 1, 7, 29, 33, 18, 26, 28, 6}) {
+    const std::string name = "Text1(" + std::to_string(field) + ")";
+    std::string text;
+    while (utf8::length(text) < 300) text += "O'N \"ગુજરાતી\" %_\\; ";
+    host.fill(name, text);
+    EXPECT_EQ(host.text(name), cut(text, host.at(name).limit)) << name;
+    typed[field] = trim(host.text(name));
+  }
+  host.fill("Text1(8)", "999999999.999");
+  host.fillEnter("Text1(9)", "1");
+  host.go("Text1(14)");
+  host.enter();
+  saveOffer();
+  host.press("cmdEDIT");
+  host.fillEnter("Text1(0)", "1");
+  for (const auto& [field, text] : typed)
+    EXPECT_EQ(trim(host.text("Text1(" + std::to_string(field) + ")")), text) << field;
+  EXPECT_EQ(fields({8, 14, 27}), "999999999.999|1000000000|1000000000");
+}
+
+// Offers of nasty figures by keys, each figure as quotation_oracle.py beside this file has it.
+TEST_F(QuotationTest, KeepsToTheOracle) {
+  for (const double rate : {0.0, 0.25, 3.0, 5.0, 12.0, 18.0, 28.0, 1.005})
+    addItem(db(), "T" + numText(rate * 1000), "TAXED", rate);
+  db().exec("INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, STATECD) VALUES ('A00009', 'NOWHERE', 85, 0)");
+  const std::string folderHere = std::filesystem::path(MIRAV_TEST_DATA).parent_path();
+  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(
+      popen(("python3 '" + folderHere + "/quotation_oracle.py' 20260615 200").c_str(), "r"), &pclose);
+  std::string steps;
+  for (int ch; (ch = fgetc(pipe.get())) != EOF;) steps += static_cast<char>(ch);
+  int offers = 0;
+  for (const std::string& record : split(steps, "\n")) {
+    const std::vector<std::string> part = split(record, "\t");
+    SCOPED_TRACE(std::to_string(offers) + " " + record);
+    if (part[0] == "offer") {
+      startOffer(part[1]);
+    } else if (part[0] == "enter") {
+      host.fill(part[1], "");
+      host.paste(part[2]);
+      host.enter();
+    } else if (part[0] == "see") {
+      EXPECT_EQ(host.text(part[1]), part[2]);
+    } else if (part[0] == "line") {
+      host.go("Text1(14)");
+      host.enter();
+      EXPECT_EQ(
+          line("SELECT NUMTEXT(AMOUNT), NUMTEXT(ASSIVAL), NUMTEXT(QUANTITY), NUMTEXT(RATE), NUMTEXT(DISC)"
+               " FROM T_QUOTITM ORDER BY SRNO DESC LIMIT 1"),
+          part[1]);
+    } else if (part[0] == "total") {
+      EXPECT_EQ(fields({21, 45, 42, 43, 44, 27}), part[1]);
+      if (++offers % 10 == 0)
+        saveOffer();
+      else
+        host.press("CMDCANCEL");
+    }
+    if (HasFailure()) return;
+  }
+  EXPECT_EQ(offers, 200);
+}
