@@ -327,4 +327,24 @@ TEST_F(LayoutEngine, DialogWithoutAHeightTakesThatOfItsRows) {
             2 * 2 + 28 + 2 * 6 + inside);
 }
 
+TEST_F(LayoutEngine, AChartThatIsPutAwayLeavesItsRoomToTheGrid) {
+  ScreenSpec s;
+  s.layout.bands = {
+      {part(1), {{.name = "grid", .frame = Frame::Plain}}     },
+      {px(100), {{.name = "chart", .frame = Frame::Plain}}    },
+      {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}}
+  };
+  s.controls = {
+      {.name = "Grid",  .kind = Kind::Grid,  .at = {.group = "grid"} },
+      {.name = "Chart", .kind = Kind::Chart, .at = {.group = "chart"}, .visible = false},
+      {.name = "Close",               .kind = Kind::Button,                    .at = {.group = "buttons"}         }
+  };
+  draw(s, 1366, 644);
+  const Rect alone = box("Grid");
+  screen_->at("Chart").visible = true;
+  arrange(1366, 644);
+  EXPECT_EQ(box("Grid").h, alone.h - 100 - 6);
+  expectRect(box("Chart"), {alone.x, alone.bottom() - 100, alone.w, 100});
+}
+
 }  // namespace
