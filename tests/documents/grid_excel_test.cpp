@@ -53,6 +53,22 @@ TEST_F(GridWorkbook, HasTitlesHeadingsAndValuesOfTheirKind) {
     EXPECT_NE(xml.find(part), std::string::npos) << part << xml.substr(0, 900);
 }
 
+TEST_F(GridWorkbook, HasColumnsThatHoldWhatIsInThem) {
+  columns({
+      {"Gstin", 500},
+      {"N.Amt", 500, true},
+      {"Party",       6000   },
+      {"Name",       500 }
+  });
+  row({"24ABCPT0167K1ZL", "-1234567.5", "A", std::string(500, 'x')});
+  GridToExcel(host, grid, out);
+  const std::string xml = sheetXml();
+  // A sheet's widths have five pixels of seven more; 17, 13, 60 (as the grid says), and no more than 60.
+  for (const char* part : {"min=\"1\" max=\"1\" width=\"17.7", "min=\"2\" max=\"2\" width=\"13.7",
+                           "min=\"3\" max=\"3\" width=\"60.7", "min=\"4\" max=\"4\" width=\"60.7"})
+    EXPECT_NE(xml.find(part), std::string::npos) << part << xml.substr(0, 900);
+}
+
 TEST_F(GridWorkbook, TurnsTheSheetForWideReports) {
   columns({
       {"A", 10401}

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -13,6 +14,7 @@
 
 #include "platform/utf8.h"
 #include "platform/whole_file.h"
+#include "platform/workbook/held.h"
 
 namespace workbook {
 namespace {
@@ -34,7 +36,8 @@ std::string cellText(const std::string& text) {
 
 class ListWriter {
  public:
-  ListWriter(const std::string& path, const List& list) : list_(list), longest_(list.columns.size()) {
+  ListWriter(const std::string& path, const List& list)
+      : list_(list), longest_(list.columns.size()), largest_(list.columns.size()) {
     std::string folder = std::filesystem::path(path).parent_path().string();
     lxw_workbook_options options{.constant_memory = LXW_TRUE,
                                  .tmpdir = folder.empty() ? nullptr : folder.data(),
@@ -66,20 +69,18 @@ class ListWriter {
 
  private:
   lxw_row_t headingRow() const { return static_cast<lxw_row_t>(list_.titles.size()); }
-  bool ofFigures(size_t column) const {
-    const std::string& format = list_.columns[column].format;
-    return !format.empty() && format != "@";
-  }
+  bool ofFigures(size_t column) const { return list_.columns[column].format.starts_with('0'); }
 
   void put(lxw_row_t row, size_t column, const Value& value, lxw_format* format) {
     const auto at = static_cast<lxw_col_t>(column);
     if (const std::string* text = value.text()) {
       const bool plain = text->size() <= kMostCharacters && isAscii(*text);
       worksheet_write_string(sheet_, row, at, plain ? text->c_str() : cellText(*text).c_str(), format);
-      if (row < headingRow() || list_.columns[column].width > 0) return;
+      if (row < headingRow()) return;
       longest_[column] = std::max(longest_[column], plain ? text->size() : utf8::length(*text));
     } else if (const double* number = value.number()) {
       worksheet_write_number(sheet_, row, at, *number, format);
+      largest_[column] = std::max(largest_[column], std::abs(*number));
     } else if (const bool* truth = value.truth()) {
       worksheet_write_boolean(sheet_, row, at, *truth ? 1 : 0, format);
     }
@@ -113,7 +114,11 @@ class ListWriter {
     std::vector<lxw_format*> formats;
     for (const ListColumn& column : list_.columns) {
       const auto [format, fresh] = made.try_emplace(column.format);
-      if (fresh) format_set_num_format(format->second = workbook_add_format(book_), column.format.c_str());
+      if (fresh) {
+        format->second = workbook_add_format(book_);
+        format_set_num_format(format->second, column.format.c_str());
+        if (!column.format.starts_with('0')) format_set_align(format->second, LXW_ALIGN_LEFT);
+      }
       formats.push_back(format->second);
     }
     std::vector<Value> row;
@@ -125,8 +130,12 @@ class ListWriter {
   }
 
   double widthOf(size_t column) const {
-    const double given = list_.columns[column].width;
-    return given > 0 ? given : std::clamp(static_cast<double>(longest_[column]) + 2, kNarrowest, kWidest);
+    constexpr double kRoom = 2, kSignAndDecimals = 4;
+    const double given = list_.columns[column].width, figure = largest_[column];
+    double needed = static_cast<double>(longest_[column]);
+    if (ofFigures(column) && figure >= 1)
+      needed = std::max(needed, std::floor(std::log10(figure)) + 1 + kSignAndDecimals);
+    return std::max(given > 0 ? given : kNarrowest, std::min(needed + kRoom, kWidest));
   }
 
   void widths() {
@@ -147,7 +156,8 @@ class ListWriter {
   }
 
   const List& list_;
-  std::vector<size_t> longest_;  // characters of the columns that are as wide as their texts
+  std::vector<size_t> longest_;  // text of each column, in characters
+  std::vector<double> largest_;  // number of each column
   lxw_workbook* book_ = nullptr;
   lxw_worksheet* sheet_ = nullptr;
 };
@@ -155,7 +165,8 @@ class ListWriter {
 }  // namespace
 
 void createList(const std::string& path, const List& list) {
-  if (lockedElsewhere(path)) throw WorkbookHeld("Excel File Is Already Open\r\nClose It First");
+  if (heldElsewhere(path) || lockedElsewhere(path))
+    throw WorkbookHeld("Excel File Is Already Open\r\nClose It First");
   std::string failure;
   try {
     WholeFile file(path);

@@ -17,8 +17,8 @@ namespace workbook {
 
 struct ListColumn {
   std::string heading = {};
-  double width = 0;         // characters; 0 is as wide as its longest text
-  std::string format = {};  // "0.00", "dd/mm/yy": headings of figures stand right; "@" is text
+  double width = 0;         // characters, at least; grows with what it holds, within reason
+  std::string format = {};  // "0.00" stands right with its heading; "@" text and "dd/mm/yy" left
 };
 
 struct List {
