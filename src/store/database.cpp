@@ -182,7 +182,8 @@ void Database::useSettings() {
   sqlite3_db_config(connection, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(connection, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
   registerFunctions(connection);
-  for (const char* pragma : {"PRAGMA temp_store = MEMORY", "PRAGMA synchronous = FULL",
+  // Work tables stay in memory as long as they are small; a large sort does not.
+  for (const char* pragma : {"PRAGMA temp_store = FILE", "PRAGMA synchronous = FULL",
                              "PRAGMA cache_size = -32000", "PRAGMA journal_mode = DELETE"})
     SQLite::Statement(handle_->sqlite, pragma).executeStep();
   // The first read of the file: what is no database shows here.

@@ -27,6 +27,8 @@ struct Source {
 // Lists what to post; no longer there after dropList.
 constexpr const char* kList = "temp.TO_POST";
 
+constexpr const char *kPartyIndex = "ALEDGER_PARTY", *kVoucherIndex = "ALEDGER_VOUCHER";
+
 // One step in the index of each table for a voucher. IS, since two numbers that are missing are the same.
 std::string unposted(const Source& source) {
   return "SELECT V.rowid AS ITS_ROW FROM main." + source.table + " AS V WHERE " + source.books +
@@ -152,7 +154,12 @@ void postBills(Database& db, const Book& book, Which which) {
       {theirs, rounds,     "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION",     "BILL_NO", "NULL", "ROUND_OFF > 0"},
   };
   // clang-format on
-  for (const Posted& row : rows) post(db, row);
+  for (const Posted& row : rows) {
+    post(db, row);
+    // The parties' own rows come in no order, so that their index is built over them at once. The rows
+    // of the other accounts follow in its order and are put in as they come.
+    EnsureIndexes(db, kPartyIndex);
+  }
 }
 
 void postBills(Database& db, Which which) {
@@ -172,14 +179,18 @@ void postChallans(Database& db, Which which) {
   for (const Posted& row : rows) post(db, row);
 }
 
-// What the engine need not do while the whole ledger is written: blank the pages that it is about
-// to fill again, and measure texts that fit by the lengths of the columns that they come from.
+// How the engine works while the whole ledger is written: it does not blank the pages that it is about
+// to fill again, nor measure texts that fit by the lengths of the columns that they come from; and what
+// has been written is not wanted again soon, so that little of it is kept in memory.
 class Bulk {
  public:
-  explicit Bulk(Database& db) : db_(db), blanking_(db.text("PRAGMA main.secure_delete")) { set("OFF", "ON"); }
+  explicit Bulk(Database& db)
+      : db_(db), blanking_(db.text("PRAGMA main.secure_delete")), kept_(db.text("PRAGMA main.cache_size")) {
+    set("OFF", "-8000", "ON");
+  }
   ~Bulk() {
     try {
-      set(blanking_, "OFF");
+      set(blanking_, kept_, "OFF");
     } catch (const DatabaseError&) {
       // The engine is beyond help; what failed first is already on its way.
     }
@@ -188,13 +199,14 @@ class Bulk {
   Bulk& operator=(const Bulk&) = delete;
 
  private:
-  void set(const std::string& blanking, const std::string& measuringOff) {
+  void set(const std::string& blanking, const std::string& kept, const std::string& measuringOff) {
     db_.exec("PRAGMA main.secure_delete = " + blanking);
+    db_.exec("PRAGMA main.cache_size = " + kept);
     db_.exec("PRAGMA ignore_check_constraints = " + measuringOff);
   }
 
   Database& db_;
-  const std::string blanking_;
+  const std::string blanking_, kept_;
 };
 
 }  // namespace
@@ -208,8 +220,8 @@ void postAll(Database& db, const PostingProgress& progress) {
   const Bulk bulk(db);
   Transaction all(db);
   step(" Progress ....", [&] {
-    // Indexes are built once over all rows, not row by row.
-    for (const char* index : {"ALEDGER_PARTY", "ALEDGER_VOUCHER"})
+    // Built anew over many rows, not row by row.
+    for (const char* index : {kPartyIndex, kVoucherIndex})
       db.exec(std::string("DROP INDEX IF EXISTS main.") + index);
     db.exec("DELETE FROM ALEDGER");
   });

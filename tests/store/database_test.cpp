@@ -224,7 +224,7 @@ TEST_F(DatabaseTest, LockFileTellsTheFirstUser) {
 TEST_F(DatabaseTest, SettingsOfTheConnection) {
   EXPECT_EQ(db.text("PRAGMA journal_mode"), "delete");
   EXPECT_EQ(db.number("PRAGMA synchronous"), 2);
-  EXPECT_EQ(db.number("PRAGMA temp_store"), 2);
+  EXPECT_EQ(db.number("PRAGMA temp_store"), 1);
   EXPECT_GE(db.number("PRAGMA busy_timeout"), 2000);
   EXPECT_EQ(db.number("SELECT 'ABC' LIKE 'aB%'"), 1);
 }
