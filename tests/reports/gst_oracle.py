@@ -40,10 +40,11 @@ def make(db, rng):
     for number in range(1, 700):
         book = pick(["SA", "SA", "SA", "SA", "SA", "sa", "SR", "PU", "CH"])
         head = dict(BOOK_CD=book, VOUCH_DT=day(), BILL_NO=pick(["%05d" % number, "%05d" % rng.randrange(40), "b7", ""]),
-                    PARTY_CD=pick(CODES + ["Z99999", None, "a00001"]), GSTPOST=pick([1] * 9 + [0, None]),
-                    NET_AMT=rng.randrange(1, 4) * 1000, ROUND_OFF=pick([0, 0.25, -0.4, None]))
+                    PARTY_CD=pick(CODES + ["Z99999", None, "a00001"]), GSTPOST=pick([1] * 9 + [0, 2, None]),
+                    NET_AMT=rng.randrange(1, 4) * 1000)
+        rounding = pick([[0], [None], [0.25, -0.4]])
         for twin in range(pick([1, 1, 1, 1, 1, 2])):  # some bills have one like them under another number
-            insert(db, "SALE", VOUCH_NO=number + 1000 * twin, **head)
+            insert(db, "SALE", VOUCH_NO=number + 1000 * twin, ROUND_OFF=pick(rounding), **head)
             for serial in range(pick([0, 1, 1, 2, 3, 6])):
                 rate, own = pick([0, 5, 12, 18, 28]), rng.random() < 0.7
                 insert(db, "SALEITM", VOUCH_NO=number + 1000 * twin, BOOK_CD=book.upper(), SR_NO=serial,
