@@ -13,7 +13,7 @@ using Rows = std::vector<std::string>;  // from the bottom up, as they stand in 
 
 std::string little(uint32_t value, int bytes) {
   std::string text;
-  for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> 8 * i);
+  for (int i = 0; i < bytes; ++i) text += static_cast<char>(i < 4 ? value >> 8 * i : 0);
   return text;
 }
 
