@@ -60,17 +60,17 @@ std::optional<double> number(const Rows& rows, int column) {
   return value.isNull() ? std::nullopt : std::optional(value.number());
 }
 
-GstRow rowOf(const Rows& line) {
-  return {
-      .bill = line.text(kBill),
-      .date = line.text(kDate),
-      .rates = {number(line,  kIgstRate), number(line, kCgstRate), number(line, kSgstRate)},
-      .sums = { number(line, kTaxable), number(line, kIgst),         number(line,                                                    kCgst),                                                         number(line, kSgst),
-                number(line, kNet)},
-      .voucher = line.number(kVoucher),
-      .roundOff = number(line, kRoundOff),
-      .amount = number(line, kAmount),
-  };
+void readHead(const Rows& line, GstRow& row) {
+  row.bill = line.text(kBill);
+  row.date = line.text(kDate);
+  row.roundOff = number(line, kRoundOff);
+  row.amount = number(line, kAmount);
+}
+
+void readLine(const Rows& line, GstRow& row) {
+  row.rates = {number(line, kIgstRate), number(line, kCgstRate), number(line, kSgstRate)};
+  row.sums = {number(line, kTaxable), number(line, kIgst), number(line, kCgst), number(line, kSgst),
+              number(line, kNet)};
 }
 
 std::weak_ordering compareText(const std::string& a, const std::string& b) { return upper(a) <=> upper(b); }
@@ -117,12 +117,15 @@ bool GstStatement::next() {
 // All lines of the next date and bill number.
 void GstStatement::readBills() {
   rows_.clear();
-  while (more_) {
-    GstRow row = rowOf(lines_);
+  for (; more_; more_ = lines_.next()) {
+    const double voucher = lines_.number(kVoucher);
+    // The lines of a bill share its head.
+    GstRow row = rows_.empty() || rows_.back().voucher != voucher ? GstRow{.voucher = voucher} : rows_.back();
+    if (row.party == nullptr) readHead(lines_, row);
     if (!rows_.empty() && (row.date != rows_[0].date || !sameText(row.bill, rows_[0].bill))) return;
     row.party = party(lines_.value(kParty).whole());
+    readLine(lines_, row);
     rows_.push_back(std::move(row));
-    more_ = lines_.next();
   }
 }
 
