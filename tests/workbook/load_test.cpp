@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 #include <zip.h>
 
+#include <random>
+
+#include "platform/workbook/draw.h"
 #include "workbook/books.h"
+#include "workbook/recorder.h"
 
 namespace {
 
@@ -102,6 +106,95 @@ TEST(Load, BrokenParts) {
   auto parts = books::withSheet(books::sheet(""));
   parts.erase("xl/worksheets/sheet1.xml");
   EXPECT_EQ(refusal(books::zipped(parts)), damaged);
+}
+
+// What is calculated, drawn and saved of a workbook: its pages, or what is said against it.
+std::string used(const std::string& bytes) {
+  const books::Folder folder;
+  try {
+    Workbook book = Workbook::fromBytes(bytes);
+    book.recalculate();
+    books::Recorder recorder;
+    int pages = 0;
+    for (const std::string& name : book.sheetNames())
+      pages += workbook::draw(book, name, recorder, books::HalfMetrics());
+    book.sheet(book.sheetNames().front()).set(2, 2, 5);
+    book.save(folder / "out.xlsx");
+    Workbook::load(folder / "out.xlsx");
+    return std::to_string(pages) + " pages";
+  } catch (const WorkbookError& error) {
+    return error.what();
+  }
+}
+
+// Parts that were cut, overwritten or repeated at random, each well packed again.
+TEST(Load, MutilatedPartsAreRefusedOrUsed) {
+  const auto whole = books::unzipped(books::written([](lxw_workbook* made) {
+    lxw_worksheet* sheet = workbook_add_worksheet(made, "Bill");
+    lxw_format* format = workbook_add_format(made);
+    format_set_num_format(format, "[>=100000]##\\,##\\,##0.00;[Red]dd/mm/yyyy");
+    format_set_border(format, LXW_BORDER_THIN);
+    worksheet_merge_range(sheet, 0, 0, 1, 3, "title", format);
+    for (lxw_row_t row = 2; row < 12; ++row)
+      worksheet_write_formula(sheet, row, 1, "=IF(A1=\"\",SUM(C1:C9)*2,VLOOKUP(1,A1:C9,2,FALSE))", format);
+    worksheet_print_area(sheet, 0, 0, 20, 5);
+    worksheet_repeat_rows(sheet, 0, 1);
+    worksheet_set_header(sheet, "&L&P of &N&R&D");
+  }));
+  const char* const kTexts[] = {"0",     "-1",   "99999999999", "&#0;", "<", "\"", "A1:XFD1048576",
+                                "1e308", "SUM(", "\xFF",        ""};
+  std::mt19937 random(7);
+  const auto any = [&](size_t below) { return random() % below; };
+  int kept = 0;
+  for (int round = 0; round < 150; ++round) {
+    auto parts = whole;
+    std::string& part = std::next(parts.begin(), static_cast<std::ptrdiff_t>(any(parts.size())))->second;
+    const size_t at = any(part.size()), from = part.find_first_of("\">", at),
+                 to = part.find_first_of("\"<", from + 1);
+    if (round % 3 == 0)
+      part.insert(any(part.size()), part.substr(at, any(300)));
+    else if (round % 3 == 1)
+      part.erase(at, any(40));
+    else if (to != std::string::npos)
+      part.replace(from + 1, to - from - 1, kTexts[any(std::size(kTexts))]);
+    kept += used(books::zipped(parts)).ends_with("pages");
+  }
+  EXPECT_GT(kept, 10);
+  EXPECT_LT(kept, 140);
+}
+
+// Small files that ask for a lot end soon, with a word.
+TEST(Load, HostileSizesAreRefused) {
+  const auto times = [](int n, const std::string& text) {
+    std::string all;
+    for (int i = 0; i < n; ++i) all += text;
+    return all;
+  };
+  const auto named = [](const std::string& name) {
+    return "<workbook xmlns:r=\"u\"><sheets><sheet name=\"S\" sheetId=\"1\" "
+           "r:id=\"rId1\"/></sheets><definedNames>" +
+           name + "</definedNames></workbook>";
+  };
+  const std::string one = "<row><c t=\"str\"><v>1</v></c></row>", tooLarge = "The file is too large.";
+  const std::string pages = "The sheet S would need more than 2,000 pages.",
+                    much = "The sheet S has too much on one page.";
+  const std::string area = "<definedName name=\"_xlnm.Print_Area\" localSheetId=\"0\">";
+  struct Case {
+    std::string sheet, workbook, said;
+  };
+  const Case cases[] = {
+      {books::sheet(times(40000, "<a>") + times(40000,                "</a>")),                                        "",                                                                                                                                "0 pages"},
+      {"<w><cols>" + times(20000,                        "<col min=\"1\" max=\"9\"/>") + "</cols></w>",                                   "",              tooLarge                                                                                                          },
+      {books::sheet(one + "<row r=\"900\"><c><v>1</v></c></row>",
+       "<mergeCells>" + times(9000,   "<mergeCell ref=\"A1:Z900\"/>") + "</mergeCells>"),
+       "",                                                                                                                                                                 much},
+      {books::sheet(one),                    named(area + "S!$A$1:$XFC$1048575</definedName>"),                                                       pages                                                                                     },
+      {books::sheet(one),                        named(area + times(3000,                                           "S!$A$1:$XFC$99999,") + "S!A1</definedName>"),pages},
+      {books::sheet(one),                        named(times(10001,                                           "<definedName name=\"a\">1</definedName>")),                                                  tooLarge},
+      {books::sheet(times(3000,                        "<row><c><f>FOO(1)</f></c></row>")),                                     "",                          "63 pages"                                                                                                           },
+      {books::sheet("<row><c t=\"str\"><v>" + std::string(1u << 20,                        'x') + "</v></c></row>"), "", "1 pages"                                                                                                                    },
+  };
+  for (const Case& c : cases) EXPECT_EQ(used(books::zipped(books::withSheet(c.sheet, c.workbook))), c.said);
 }
 
 TEST(Load, CellsOfEveryKind) {

@@ -16,7 +16,9 @@
 namespace workbook {
 namespace {
 
-constexpr uint64_t kMaxFile = 64u << 20, kMaxPart = 48u << 20, kMaxParts = 4096;
+// Of the file, of one part and of all parts that are read, and how many parts there may be. A part
+// takes some ten times its size while it is read.
+constexpr uint64_t kMaxFile = 64u << 20, kMaxPart = 16u << 20, kMaxRead = 64u << 20, kMaxParts = 4096;
 
 struct FileCloser {
   void operator()(std::FILE* file) const { std::fclose(file); }
@@ -138,6 +140,7 @@ std::string Container::read(std::string_view part) const {
   if (zip_stat_index(archive_.get(), found->second, 0, &status) != 0 || !(status.valid & ZIP_STAT_SIZE))
     damaged();
   if (status.size > kMaxPart) refuse("is too large.");
+  if (read_.insert(found->second).second && (readBytes_ += status.size) > kMaxRead) refuse("is too large.");
   const std::unique_ptr<zip_file_t, ZipFileCloser> file(zip_fopen_index(archive_.get(), found->second, 0));
   if (!file) damaged();
   // The size is only what the file says of itself: one byte more is asked for, which also

@@ -57,6 +57,8 @@ class Container {
   std::string name_;
   std::unique_ptr<struct zip, Closer> archive_;
   std::map<std::string, uint64_t, std::less<>> parts_;  // lower-case name to index
+  mutable std::set<uint64_t> read_;                     // parts that were read at least once
+  mutable uint64_t readBytes_ = 0;
 };
 
 // "xl/worksheets/sheet1.xml" to "xl/worksheets/_rels/sheet1.xml.rels"

@@ -13,10 +13,11 @@ int draw(Workbook& book, std::string_view name, paint::Canvas& canvas, const pai
   const SheetModel& sheet = model.sheets[static_cast<size_t>(index)];
   const SheetLayout layout = layOut(model, sheet);
   const int pages = static_cast<int>(layout.pages.size());
+  size_t letters = 0;
   for (int i = 0; i < pages; ++i) {
     const PageLayout& page = layout.pages[static_cast<size_t>(i)];
     canvas.page(sheet.page.width, sheet.page.height);
-    PageDrawing(model, sheet, page, layout.scale, canvas, metrics).draw();
+    PageDrawing(model, sheet, layout, static_cast<size_t>(i), canvas, metrics, letters).draw();
     drawHeaderFooter(model, sheet, page, i, pages, layout.scale, canvas, metrics);
   }
   return pages;

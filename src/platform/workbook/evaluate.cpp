@@ -12,6 +12,8 @@ constexpr int kCellDepth = 600, kMaxDepth = 2500;
 constexpr size_t kMaxTable = 1 << 20, kMaxText = 32767;
 // Some seconds of work.
 constexpr size_t kMaxSteps = 30000000;
+// Nobody reads more.
+constexpr size_t kMaxWarnings = 200;
 constexpr double kNear = 1.0 / (1LL << 48);
 
 const Value kNothing;
@@ -406,6 +408,7 @@ Operand Evaluator::operation(const Expression& expression, const Home& home, boo
 Operand Evaluator::named(const Expression& expression, const Home& home, bool arrays) {
   const int scope = expression.reference.sheet < 0 ? home.sheet : expression.reference.sheet;
   DefinedName* found = nullptr;
+  if (!running_.empty()) spend(model_.names.size() / 16);
   for (DefinedName& name : model_.names)
     if (sameText(name.name, expression.name) && (name.sheet == scope || (name.sheet < 0 && !found)))
       found = &name;
@@ -474,6 +477,7 @@ const NumberFormat& Evaluator::format(const std::string& code) {
 }
 
 void Evaluator::warn(int formula, const std::string& text) {
+  if (model_.warnings.size() >= kMaxWarnings) return;
   const FormulaCell& cell = model_.formulas[static_cast<size_t>(formula)];
   std::string warning = model_.place(cell.sheet, cell.row, cell.column) + ": " + text;
   if (std::find(model_.warnings.begin(), model_.warnings.end(), warning) == model_.warnings.end())

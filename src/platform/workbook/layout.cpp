@@ -9,7 +9,7 @@ namespace {
 
 // What rounding may take away without a row being pushed to the next page.
 constexpr double kSlack = 0.5;
-constexpr size_t kMaxPages = 2000;
+constexpr size_t kMaxPages = 2000, kMaxLines = 4000000;
 
 struct Strip {
   int index;
@@ -92,6 +92,10 @@ struct Axis {
   }
 };
 
+[[noreturn]] void tooLarge(const SheetModel& sheet) {
+  throw WorkbookError("The sheet " + sheet.name + " would need more than 2,000 pages.");
+}
+
 // The cells that print something: contents, fills and borders.
 CellBlock usedBlock(const Model& model, const SheetModel& sheet) {
   CellBlock used{.firstRow = 1, .firstColumn = 1, .lastRow = 0, .lastColumn = 0};
@@ -120,6 +124,37 @@ CellBlock clipped(CellBlock area, const CellBlock& used) {
   if (area.lastRow == kMaxRow) area.lastRow = std::max(used.lastRow, area.firstRow);
   if (area.lastColumn == kMaxColumn) area.lastColumn = std::max(used.lastColumn, area.firstColumn);
   return area;
+}
+
+// From the start of line `first` to a point inside line `last`, over what is visible.
+template <class Size>
+double span(int first, int last, double inside, Size size) {
+  double sum = 0;
+  for (int i = first; i < last; ++i) sum += size(i);
+  return sum + std::min(inside, size(last));
+}
+
+PlacedPicture placed(const Picture& picture, const std::function<double(int)>& height,
+                     const std::function<double(int)>& width) {
+  Anchor from = picture.from;
+  if (from.row == 0) {
+    for (from.row = 1; from.row < kMaxRow && from.y >= height(from.row); ++from.row)
+      from.y -= height(from.row);
+    for (from.column = 1; from.column < kMaxColumn && from.x >= width(from.column); ++from.column)
+      from.x -= width(from.column);
+  }
+  PlacedPicture found{.row = from.row,
+                      .column = from.column,
+                      .x = std::min(from.x, width(from.column)),
+                      .y = std::min(from.y, height(from.row)),
+                      .w = picture.width,
+                      .h = picture.height,
+                      .picture = &picture};
+  if (picture.to) {
+    found.w = span(from.column, picture.to->column, picture.to->x, width) - found.x;
+    found.h = span(from.row, picture.to->row, picture.to->y, height) - found.y;
+  }
+  return found;
 }
 
 // The largest whole percent, not above 100, at which the area takes no more pages than allowed.
@@ -160,11 +195,17 @@ SheetLayout layOut(const Model& model, const SheetModel& sheet) {
 
   const auto height = [&](int row) { return rowHeight(sheet, row); };
   const auto width = [&](int column) { return columnWidth(model, sheet, column); };
+  for (const Picture& picture : sheet.pictures)
+    if (const PlacedPicture found = placed(picture, height, width); found.w > 0 && found.h > 0)
+      layout.pictures.push_back(found);
   std::vector<std::pair<Axis, Axis>> parts;
+  size_t lines = 0;
   for (const CellBlock& whole : areas) {
     const CellBlock area = clipped(whole, used);
     Axis down{.lines = visible(area.firstRow, area.lastRow, height)};
     Axis across{.lines = visible(area.firstColumn, area.lastColumn, width)};
+    lines += down.lines.size() + across.lines.size();
+    if (lines > kMaxLines) tooLarge(sheet);
     down.room = std::max(page.height - page.top - page.bottom, 1.0);
     across.room = std::max(page.width - page.left - page.right, 1.0);
     if (sheet.titleRows) {
@@ -187,8 +228,7 @@ SheetLayout layOut(const Model& model, const SheetModel& sheet) {
   int number = page.firstPage.value_or(1);
   for (const auto& [down, across] : parts) {
     const auto rows = down.groups(layout.scale), columns = across.groups(layout.scale);
-    if (rows.size() * columns.size() + layout.pages.size() > kMaxPages)
-      throw WorkbookError("The sheet " + sheet.name + " would need more than 2,000 pages.");
+    if (rows.size() * columns.size() + layout.pages.size() > kMaxPages) tooLarge(sheet);
     const size_t outer = page.overThenDown ? rows.size() : columns.size();
     const size_t inner = page.overThenDown ? columns.size() : rows.size();
     for (size_t i = 0; i < outer; ++i)

@@ -17,9 +17,17 @@ struct PageLayout {
   int number = 1;                    // as the header counts
 };
 
+// Where a picture stands, before scaling: from the corner of its first cell.
+struct PlacedPicture {
+  int row = 0, column = 0;
+  double x = 0, y = 0, w = 0, h = 0;
+  const Picture* picture = nullptr;
+};
+
 struct SheetLayout {
   double scale = 1;
   std::vector<PageLayout> pages;
+  std::vector<PlacedPicture> pictures;
 };
 
 // Unscaled sizes; 0 for what is hidden.

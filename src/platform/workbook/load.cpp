@@ -43,6 +43,8 @@ std::vector<StyledText> sharedTexts(const Model& model, const std::string& part)
   return texts;
 }
 
+constexpr size_t kMaxNames = 10000, kMaxAreas = 64;
+
 void readNames(Model& model, xml::Node root) {
   for (const xml::Node node : xml::children(xml::child(root, "definedNames"), "definedName")) {
     DefinedName name{.name = std::string(xml::text(node, "name")),
@@ -50,6 +52,7 @@ void readNames(Model& model, xml::Node root) {
                      .text = node.text().get(),
                      .expression = nullptr};
     if (name.sheet < static_cast<int>(model.sheets.size())) model.names.push_back(std::move(name));
+    if (model.names.size() > kMaxNames) model.container.refuse("is too large.");
   }
 }
 
@@ -65,7 +68,7 @@ std::vector<CellBlock> blocksIn(Model& model, int sheet, std::string_view text) 
     try {
       const Operand found = evaluator.reference(trim(text.substr(start, at - start)), {.sheet = sheet});
       const Block& block = std::get<Block>(found);
-      if (block.sheet == sheet)
+      if (block.sheet == sheet && blocks.size() < kMaxAreas)
         blocks.push_back({block.firstRow, block.firstColumn, block.lastRow, block.lastColumn});
     } catch (const Failure&) {
       // A print area whose sheet or cells were deleted: the whole sheet is printed.

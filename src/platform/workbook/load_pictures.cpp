@@ -9,6 +9,8 @@ namespace {
 
 using xml::Node;
 
+constexpr size_t kMaxPictures = 200;
+
 double points(double units) { return std::clamp(units / 12700, -1e6, 1e6); }
 
 Anchor anchor(Node node) {
@@ -77,6 +79,7 @@ void loadPictures(Model& model, SheetModel& sheet, const std::string& part) {
                      .y = points(xml::number(at, "y").value_or(0))};
     }
     sheet.pictures.push_back(std::move(result));
+    if (sheet.pictures.size() > kMaxPictures) model.container.refuse("is too large.");
   }
 }
 

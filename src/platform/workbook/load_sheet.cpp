@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/date.h"
+#include "base/text.h"
 #include "platform/utf8.h"
 #include "platform/workbook/decimal.h"
 #include "platform/workbook/model.h"
@@ -16,6 +17,7 @@ using xml::Node;
 
 constexpr size_t kMaxCells = 1000000, kMaxMerges = 50000;
 constexpr double kMaxArray = 10000;
+constexpr int kMaxText = 32767, kMaxHeader = 512;
 
 struct Paper {
   int number;
@@ -106,6 +108,7 @@ class SheetReader {
       span.hidden = xml::flag(column, "hidden");
       if (column.attribute("style")) span.style = static_cast<uint32_t>(xml::whole(column, "style", 0));
       if (span.first >= 1 && span.first <= span.last) sheet_.columns.push_back(span);
+      if (sheet_.columns.size() > kMaxColumn) model_.container.refuse("is too large.");
     }
   }
 
@@ -164,7 +167,7 @@ class SheetReader {
   }
 
   Value value(std::string_view type, std::string_view content) const {
-    if (type == "str") return unescaped(std::string(content));
+    if (type == "str") return cut(unescaped(std::string(content)), kMaxText);
     if (type == "e") return errorOf(content);
     if (type == "d") {
       const auto day = parseDate(content.substr(0, 10));
@@ -276,7 +279,9 @@ class SheetReader {
     } else if (name == "headerFooter") {
       page.differentOddEven = xml::flag(node, "differentOddEven");
       page.differentFirst = xml::flag(node, "differentFirst");
-      const auto text = [&](const char* child) { return std::string(xml::child(node, child).text().get()); };
+      const auto text = [&](const char* child) {
+        return cut(xml::child(node, child).text().get(), kMaxHeader);
+      };
       page.oddHeader = text("oddHeader");
       page.oddFooter = text("oddFooter");
       page.evenHeader = text("evenHeader");
@@ -313,6 +318,7 @@ StyledText styledText(const Styles& styles, Node node) {
     whole.runs.push_back(styles.run(look, text.size()));
   }
   if (plain) whole.runs.clear();
+  if (whole.text.size() > kMaxText) whole = {.text = cut(whole.text, kMaxText), .runs = {}};
   return whole;
 }
 

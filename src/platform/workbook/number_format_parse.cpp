@@ -62,6 +62,9 @@ constexpr std::array<NumberFormat::Sign, 8> NumberFormat::kSigns{{
 }};
 // clang-format on
 
+// Far more than any program writes.
+constexpr size_t kMaxCode = 1000;
+
 std::string_view NumberFormat::builtin(int id) {
   for (const auto& [number, code] : kBuiltins)
     if (number == id) return code;
@@ -69,6 +72,7 @@ std::string_view NumberFormat::builtin(int id) {
 }
 
 NumberFormat::NumberFormat(std::string_view code) {
+  if (code.size() > kMaxCode) code = "General";
   size_t at = 0;
   while (sections_.size() < 4) {
     const size_t end = sectionEnd(code, at);

@@ -17,7 +17,7 @@ using paint::Rect;
 constexpr double kPadding = 2.25, kIndent = 6.75;
 // Vowel signs of Indian scripts stand above and below the line.
 constexpr double kClipSlack = 3;
-constexpr size_t kMaxSpots = 500000;
+constexpr size_t kMaxSpots = 500000, kMaxMerged = 2000000, kMaxLetters = 20000000;
 
 double widthOf(Line line) {
   switch (line) {
@@ -71,11 +71,21 @@ std::string oneLine(std::string text) {
 
 }  // namespace
 
-PageDrawing::PageDrawing(const Model& model, const SheetModel& sheet, const PageLayout& page, double scale,
-                         paint::Canvas& canvas, const paint::Metrics& metrics)
-    : model_(model), sheet_(sheet), page_(page), scale_(scale), canvas_(canvas), metrics_(metrics) {
-  if (page.rows.size() * page.columns.size() > kMaxSpots)
-    throw WorkbookError("The sheet " + sheet.name + " has too many cells on one page.");
+PageDrawing::PageDrawing(const Model& model, const SheetModel& sheet, const SheetLayout& layout, size_t page,
+                         paint::Canvas& canvas, const paint::Metrics& metrics, size_t& letters)
+    : model_(model),
+      sheet_(sheet),
+      layout_(layout),
+      page_(layout.pages[page]),
+      scale_(layout.scale),
+      canvas_(canvas),
+      metrics_(metrics),
+      letters_(letters) {
+  if (page_.rows.size() * page_.columns.size() > kMaxSpots) tooMuch();
+}
+
+void PageDrawing::tooMuch() const {
+  throw WorkbookError("The sheet " + sheet_.name + " has too much on one page.");
 }
 
 void PageDrawing::draw() {
@@ -122,6 +132,7 @@ void PageDrawing::gatherMerges() {
     const auto from = lowerSlice(slices, first), to = lowerSlice(slices, last + 1);
     return std::pair(static_cast<int>(from - slices.begin()), static_cast<int>(to - slices.begin()) - 1);
   };
+  size_t merged = 0;
   for (const CellBlock& block : sheet_.merges) {
     const auto [top, bottom] = range(page_.rows, block.firstRow, block.lastRow);
     const auto [left, right] = range(page_.columns, block.firstColumn, block.lastColumn);
@@ -130,6 +141,8 @@ void PageDrawing::gatherMerges() {
                                         [&](int row) { return rowHeight(sheet_, row); }) &&
                         !visibleBetween(block.firstColumn, page_.columns[static_cast<size_t>(left)].index,
                                         [&](int column) { return columnWidth(model_, sheet_, column); });
+    merged += static_cast<size_t>(bottom - top + 1) * static_cast<size_t>(right - left + 1);
+    if (merged > kMaxMerged) tooMuch();
     for (int r = top; r <= bottom; ++r)
       for (int c = left; c <= right; ++c) spot(r, c).merge = static_cast<int>(merges_.size());
     merges_.push_back({.firstRow = top,
@@ -334,6 +347,7 @@ void PageDrawing::text(int row, int column, const Cell& cell, const CellStyle& s
   }
   if (!drawn.wrap) shown = oneLine(std::move(shown));
   if (shown.empty()) return;
+  if ((letters_ += shown.size()) > kMaxLetters) tooMuch();
   drawn.text = shown;
   drawn.runs = runsOf(cell, drawn);
   const double width = drawn.wrap ? 0 : metrics_.width(drawn), room = drawn.box.w;
@@ -391,36 +405,15 @@ Rect PageDrawing::overflow(int row, int firstColumn, int lastColumn, double need
 }
 
 void PageDrawing::pictures() {
-  const auto height = [&](int row) { return rowHeight(sheet_, row); };
-  const auto width = [&](int column) { return columnWidth(model_, sheet_, column); };
-  // From the start of line `first` to a point inside line `last`, over what is visible.
-  const auto span = [](int first, int last, double inside, const auto& size) {
-    double sum = 0;
-    for (int i = first; i < last; ++i) sum += size(i);
-    return sum + std::min(inside, size(last));
-  };
-  for (const Picture& picture : sheet_.pictures) {
-    Anchor from = picture.from;
-    if (from.row == 0) {
-      for (from.row = 1; from.row < kMaxRow && from.y >= height(from.row); ++from.row)
-        from.y -= height(from.row);
-      for (from.column = 1; from.column < kMaxColumn && from.x >= width(from.column); ++from.column)
-        from.x -= width(from.column);
-    }
-    const auto row = lowerSlice(page_.rows, from.row);
-    const auto column = lowerSlice(page_.columns, from.column);
-    if (row == page_.rows.end() || row->index != from.row || column == page_.columns.end() ||
-        column->index != from.column)
+  for (const PlacedPicture& placed : layout_.pictures) {
+    const auto row = lowerSlice(page_.rows, placed.row);
+    const auto column = lowerSlice(page_.columns, placed.column);
+    if (row == page_.rows.end() || row->index != placed.row || column == page_.columns.end() ||
+        column->index != placed.column)
       continue;
-    const double x = std::min(from.x, width(from.column)), y = std::min(from.y, height(from.row));
-    double w = picture.width, h = picture.height;
-    if (picture.to) {
-      w = span(from.column, picture.to->column, picture.to->x, width) - x;
-      h = span(from.row, picture.to->row, picture.to->y, height) - y;
-    }
-    if (w > 0 && h > 0)
-      canvas_.picture({column->at + x * scale_, row->at + y * scale_, w * scale_, h * scale_}, *picture.bytes,
-                      picture.shown);
+    const Rect rect{column->at + placed.x * scale_, row->at + placed.y * scale_, placed.w * scale_,
+                    placed.h * scale_};
+    canvas_.picture(rect, *placed.picture->bytes, placed.picture->shown);
   }
 }
 

@@ -10,8 +10,9 @@ namespace workbook {
 
 class PageDrawing {
  public:
-  PageDrawing(const Model& model, const SheetModel& sheet, const PageLayout& page, double scale,
-              paint::Canvas& canvas, const paint::Metrics& metrics);
+  // `letters` counts what is written on all pages; WorkbookError beyond some millions.
+  PageDrawing(const Model& model, const SheetModel& sheet, const SheetLayout& layout, size_t page,
+              paint::Canvas& canvas, const paint::Metrics& metrics, size_t& letters);
   void draw();
 
  private:
@@ -36,6 +37,7 @@ class PageDrawing {
   paint::Rect rect(int firstRow, int firstColumn, int lastRow, int lastColumn) const;
   void gather();
   void gatherMerges();
+  [[noreturn]] void tooMuch() const;
   bool blank(int row, int column);
 
   void fills();
@@ -54,10 +56,12 @@ class PageDrawing {
 
   const Model& model_;
   const SheetModel& sheet_;
+  const SheetLayout& layout_;
   const PageLayout& page_;
   double scale_;
   paint::Canvas& canvas_;
   const paint::Metrics& metrics_;
+  size_t& letters_;
   std::vector<Spot> spots_;
   std::vector<Merge> merges_;
 };

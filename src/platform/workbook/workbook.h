@@ -118,7 +118,7 @@ class Workbook {
   // values in their cells; parts that were not touched stay as they are, byte for byte.
   void save(const std::string& path);
   // What was passed over or could not be calculated, one sentence each with its cell:
-  // "BILL!C14: the function FOO is not known". Complete after recalculate().
+  // "BILL!C14: the function FOO is not known". The first some hundred, after recalculate().
   const std::vector<std::string>& warnings() const;
 
   Model& model() { return *model_; }
