@@ -290,7 +290,7 @@ void frmreport::chooseFill() {
 void frmreport::fill() {
   if (!shown_) return;
   Control& grid = at("Grid1");
-  grid.grid.columns = gridColumns(*shown_);
+  grid.grid.columns = layoutOf(*shown_).columns;
   grid.grid.source = shown_;
   grid.grid.moveTo(0);
   grid.visible = true;
@@ -302,7 +302,9 @@ void frmreport::fill() {
     throw;
   }
   session().mcoltotal = shown_->totals();
-  grid.grid.columns = gridColumns(*shown_);
+  const ReportLayout layout = layoutOf(*shown_);
+  grid.grid.columns = layout.columns;
+  shown_->totalSize = layout.totalSize;
   outputs(true);
   drawPicture();
   host.busy(false);

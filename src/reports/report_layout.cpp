@@ -1,6 +1,7 @@
 #include "reports/report_layout.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "base/pattern.h"
 
@@ -9,36 +10,54 @@ namespace {
 constexpr double kRoom = 1330;          // pixels of the grid without its scroll bar
 constexpr double kPixelsPerTwip = 0.1;  // of a column that does not stretch
 constexpr double kStretches = 1500;     // twips from which a text takes spare width
-constexpr double kDigit = 9, kSign = 4.5, kInsets = 18;
-
-double widthOf(const std::string& figure) {
-  double width = kInsets;
-  for (const char ch : figure) width += ch >= '0' && ch <= '9' ? kDigit : kSign;
-  return width;
-}
+constexpr double kName = 180;           // pixels that such a text should have
+constexpr double kDigit = 8.5, kSign = 4, kInsets = 16;
+constexpr double kPlainSize = 11, kSmallSize = 9;  // points
 
 bool isFigure(const ReportColumn& column) { return column.money || column.detailMoney || column.figure; }
 
+bool stretches(const ReportColumn& column) { return !isFigure(column) && column.twips >= kStretches; }
+
+// A total as the painter groups it.
+double widthOf(const std::string& total, double size) {
+  double width = 0;
+  for (const char ch : indianGroups(total)) width += ch >= '0' && ch <= '9' ? kDigit : kSign;
+  return total.empty() ? 0 : width * size / kPlainSize + kInsets;
+}
+
+// Pixels of the columns that do not stretch, 0 for the others.
+std::vector<double> fixedWidths(const ReportRows& rows, double totalSize) {
+  double twips = 1;
+  for (const ReportColumn& c : rows.columns()) twips += c.twips;
+  const double scale = std::min(kPixelsPerTwip, kRoom / twips);
+  std::vector<double> widths;
+  for (size_t i = 0; i < rows.columns().size(); ++i) {
+    const ReportColumn& c = rows.columns()[i];
+    const bool fixed = c.twips > 0 && !stretches(c);
+    widths.push_back(fixed ? std::max({c.twips * scale, c.pixels, widthOf(rows.total(i), totalSize)}) : 0);
+  }
+  return widths;
+}
+
 }  // namespace
 
-std::vector<GridColumn> gridColumns(const ReportRows& rows) {
+ReportLayout layoutOf(const ReportRows& rows) {
   const auto& columns = rows.columns();
-  double twips = 0;
-  for (const ReportColumn& c : columns) twips += c.twips;
-  const double scale = std::min(kPixelsPerTwip, kRoom / std::max(twips, 1.0));
-  std::vector<GridColumn> shown;
+  ReportLayout layout;
+  std::vector<double> widths = fixedWidths(rows, kPlainSize);
+  const double left = kRoom - std::reduce(widths.begin(), widths.end());
+  if (left < kName * static_cast<double>(std::ranges::count_if(columns, stretches))) {
+    layout.totalSize = kSmallSize;
+    widths = fixedWidths(rows, kSmallSize);
+  }
   for (size_t i = 0; i < columns.size(); ++i) {
     const ReportColumn& c = columns[i];
-    const double least = std::max(c.pixels, widthOf(indianGroups(rows.total(i))));
-    const bool stretches = !isFigure(c) && c.twips >= kStretches;
-    shown.push_back({
+    layout.columns.push_back({
         .title = c.heading,
-        .width = c.twips <= 0 ? px(0)
-                 : stretches  ? part(c.twips)
-                              : px(std::max(c.twips * scale, least)),
+        .width = stretches(c) ? part(c.twips) : px(widths[i]),
         .align = isFigure(c) ? Align::Right : Align::Left,
         .money = isFigure(c),
     });
   }
-  return shown;
+  return layout;
 }

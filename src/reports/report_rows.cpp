@@ -190,7 +190,10 @@ std::string_view ReportRows::kept(size_t main, size_t at) const {
 Cell ReportRows::cell(size_t row, size_t column) const {
   if (row >= count() || column >= columns_.size()) return {};
   if (row == size_)
-    return {.text = column == 0 ? "Total :" : total(column), .back = colours_.total, .bold = true};
+    return {.text = column == 0 ? "Total :" : total(column),
+            .back = colours_.total,
+            .fontSize = totalSize,
+            .bold = true};
   const Spot at = spot(row);
   if (at.detail == 0) return {.text = std::string(kept(at.main, column))};
   const Details& under = details(at.main);

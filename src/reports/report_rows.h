@@ -32,6 +32,8 @@ class ReportRows : public RowSource {
   size_t count() const override { return size_ + (totalled_ ? 1 : 0); }
   Cell cell(size_t row, size_t column) const override;
 
+  double totalSize = 0;  // points of the total row; 0 is the grid's own
+
   // The shown columns with the result's own names where the plan has no heading.
   const std::vector<ReportColumn>& columns() const { return columns_; }
   // The sums of the money columns, rounded to paise at each row.
