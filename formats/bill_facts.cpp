@@ -1,5 +1,3 @@
-#include <functional>
-
 #include "formats/facts.h"
 #include "formats/sheet3.h"
 
@@ -23,7 +21,7 @@ std::string Bill::slotRow(int slot) { return slotCell(kSlotRow, slot); }
 std::string Bill::slotDescription(int slot) { return slotCell(kSlotText, slot); }
 
 std::string Bill::figure(int slot, std::string_view field) {
-  const auto column = "$" + sheet3::letters(sheet3::billColumn(field)) + "$";
+  const auto column = "$" + sheet3::letters(sheet3::fieldColumn(field)) + "$";
   return "INDEX(SHEET3!" + column + "1:" + column + kRowLimit + "," + slotRow(slot) + ")";
 }
 
@@ -47,18 +45,18 @@ std::string cut(const std::string& text, int letters) {
 
 // What a slot says of its line: the item with its detail, in the second line where the first
 // cannot hold both. A line of the category MISC is told by its own words.
-std::string wholeDescription(int slot) {
-  const auto item = Bill::slot(slot, "ITEM.ITEM_NAME");
-  const auto category = Bill::slot(slot, "DEPTMENT.DEPT_NAME");
-  const auto detail = Bill::slot(slot, "SALEITM.ITEM_DESC");
+std::string wholeDescription(int slot, const LineFields& fields) {
+  const auto item = Bill::slot(slot, fields.item);
+  const auto category = Bill::slot(slot, fields.category);
+  const auto detail = Bill::slot(slot, fields.detail);
   const auto plain = "OR(" + detail + "=\"\"," + detail + "=\".\")";
   return "IF(" + Bill::slotRow(slot) + "=0,\"\",IF(" + plain + "," + item + "&\"\",IF(" + category +
          "=\"MISC\"," + detail + "," + item + "&\", \"&" + detail + ")))";
 }
 
-std::string description(int slot, const std::string& whole, const Slots& slots) {
+std::string description(int slot, const std::string& whole, const Slots& slots, const LineFields& fields) {
   if (!slots.twoLines) return cut(whole, slots.letters);
-  const auto item = Bill::slot(slot, "ITEM.ITEM_NAME"), letters = to_string(slots.letters);
+  const auto item = Bill::slot(slot, fields.item), letters = to_string(slots.letters);
   const auto rest = "MID(" + whole + ",LEN(" + item + ")+3,300)";
   // Words do not break where a line is full.
   constexpr int kLost = 6;
@@ -68,7 +66,8 @@ std::string description(int slot, const std::string& whole, const Slots& slots) 
 }
 
 // The slots in order: which row of the data sheet each shows, and its description.
-void addSlots(Facts& facts, const Slots& slots, const std::string& ordinary, const std::string& lines) {
+void addSlots(Facts& facts, const Slots& slots, const LineFields& fields, const std::string& ordinary,
+              const std::string& lines) {
   auto& sheet = facts.sheet();
   const Style head{.bold = true};
   sheet.text({1, kSlotNo}, head, "Slot");
@@ -82,14 +81,14 @@ void addSlots(Facts& facts, const Slots& slots, const std::string& ordinary, con
                   "IF(" + no + "<=" + ordinary + "," + to_string(sheet3::kFirstLine - 1) + "+" + no + ",IF(" +
                       no + "<=" + lines + "," + to_string(sheet3::kFirstMisc - 1) + "+" + no + "-" +
                       ordinary + ",0))");
-    sheet.formula({row, kSlotWhole}, {}, wholeDescription(slot));
-    sheet.formula({row, kSlotText}, {}, description(slot, words, slots));
+    sheet.formula({row, kSlotWhole}, {}, wholeDescription(slot, fields));
+    sheet.formula({row, kSlotText}, {}, description(slot, words, slots, fields));
   }
 }
 
 // Of all lines, those without a slot too, as they stand in the blocks of the data sheet.
 std::string ofLines(std::string_view field) {
-  const int column = sheet3::billColumn(field);
+  const int column = sheet3::fieldColumn(field);
   return sheet3::span(8, 1007, column);
 }
 
@@ -129,8 +128,9 @@ void shareOut(Facts& facts, Party& party) {
   party.line3 = facts.add("shown line 3", shared(line2, line3, own3));
 }
 
-// The party of a bill, or whoever the goods go to: the party itself when nobody else is named.
-Party partyFacts(Facts& facts, const std::function<std::string(std::string_view)>& at, bool consignee) {
+}  // namespace
+
+Party partyFacts(Facts& facts, const FieldOf& at, bool consignee) {
   const auto consigned = facts.add("Consignee", shown(at("ACCOUNT_1.ACC_NAME")));
   const auto of = [&](const std::string& name, const std::string& field) {
     const auto own = shown(at("ACCOUNT." + field));
@@ -159,21 +159,27 @@ Party partyFacts(Facts& facts, const std::function<std::string(std::string_view)
   return p;
 }
 
-}  // namespace
-
-Bill billFacts(Facts& facts, const Slots& slots) {
-  Bill bill;
-  const int serial = sheet3::billColumn("SALEITM.SR_NO");
-  const auto ordinary = facts.add("Ordinary lines", "COUNT(" + sheet3::span(8, 507, serial) + ")");
-  const auto misc = facts.add("Other lines", "COUNT(" + sheet3::span(508, 1007, serial) + ")");
+void slotFacts(Facts& facts, Bill& bill, const Slots& slots, const LineFields& fields,
+               const std::string& ordinary, const std::string& misc) {
   bill.lines = facts.add("Lines", ordinary + "+" + misc);
   bill.pages = facts.add("Pages", "MAX(1,MIN(" + to_string(slots.pages) + ",INT((" + bill.lines + "+" +
                                       to_string(slots.ofPage - 1) + ")/" + to_string(slots.ofPage) + ")))");
   bill.unprinted = facts.add("Lines without a slot", "MAX(0," + bill.lines + "-" + whole(slots) + ")");
+  bill.totalLabel = facts.add("Total label", "IF(" + bill.unprinted + ">0," + bill.unprinted +
+                                                 "&\" more lines not shown.  Total\",\"Total\")");
+  addSlots(facts, slots, fields, ordinary, bill.lines);
+}
+
+Bill billFacts(Facts& facts, const Slots& slots) {
+  Bill bill;
+  const int serial = sheet3::fieldColumn("SALEITM.SR_NO");
+  const auto ordinary = facts.add("Ordinary lines", "COUNT(" + sheet3::span(8, 507, serial) + ")");
+  const auto misc = facts.add("Other lines", "COUNT(" + sheet3::span(508, 1007, serial) + ")");
+  slotFacts(facts, bill, slots, {}, ordinary, misc);
   const auto row = facts.add("First line", "IF(" + ordinary + ">0,8,508)");
 
   const auto at = [&](std::string_view field) {
-    const auto column = "$" + sheet3::letters(sheet3::billColumn(field)) + "$";
+    const auto column = "$" + sheet3::letters(sheet3::fieldColumn(field)) + "$";
     return "INDEX(SHEET3!" + column + "1:" + column + "508," + row + ")";
   };
   const auto raw = [&](const char* name, std::string_view field) { return facts.add(name, at(field)); };
@@ -215,10 +221,9 @@ Bill billFacts(Facts& facts, const Slots& slots) {
   bill.tax = facts.add("Tax", bill.cgst + "+" + bill.sgst + "+" + bill.igst);
   bill.beforeRounding = facts.add("Before rounding", bill.taxable + "+" + bill.tax);
   const auto listed = facts.add("Taxable value of the lines", "SUM(" + ofLines("SALEITM.AMOUNT") + ")");
-  bill.totalLabel =
-      facts.add("Total label", "IF(" + bill.unprinted + ">0," + bill.unprinted +
-                                   "&\" more lines not shown.  Total\",IF(ABS(" + listed + "-" +
-                                   bill.taxable + ")>0.004,\"With lines not shown.  Total\",\"Total\"))");
+  bill.totalLabel = facts.add("Total label of a bill",
+                              "IF(AND(" + bill.unprinted + "=0,ABS(" + listed + "-" + bill.taxable +
+                                  ")>0.004),\"With lines not shown.  Total\"," + bill.totalLabel + ")");
   bill.roundOff = raw("Round off", "SALE.ROUND_OFF");
   bill.net = raw("Bill amount", "SALE.NET_AMT");
   const auto words = [&](const char* name, int row2, int column) {
@@ -227,7 +232,6 @@ Bill billFacts(Facts& facts, const Slots& slots) {
   };
   bill.netWords = words("Amount in words", 2, 6);
   bill.taxWords = words("Tax in words", 2, 10);
-  addSlots(facts, slots, ordinary, bill.lines);
   return bill;
 }
 

@@ -30,9 +30,9 @@ inline constexpr const char* kTriplicate = "TRIPLICATE FOR SUPPLIER";
 
 // "Page 2 of 3"
 std::string pageOf(int page, const std::string& pages);
-// Left: which copy it is; middle: the title; right: the page.
+// Left: which copy it is; middle: the title, a formula when it begins with "="; right: the page.
 void titleBar(Sheet& sheet, int row, Columns left, Columns middle, Columns right, const std::string& title,
-              int page, const std::string& pages, double size = 12);
+              int page, const std::string& pages, double size = 12, const char* mark = kOriginal);
 // Name, address, phone and mail, then one row of tax numbers; four rows.
 void companyHead(Sheet& sheet, int row, Columns all, const Company& company, double size = 18);
 // Marks another copy than the original in a title bar.
@@ -91,8 +91,9 @@ struct TableStyle {
   double size = 7.5;
   bool wrap = true;  // descriptions stand in two lines
   Edge between = Edge::Faint, beside = Edge::Thin;
+  int headRows = 2;
 };
-// Two rows of headings.
+// Headings; those of groups need two rows.
 void tableHead(Sheet& sheet, int row, const std::vector<LineColumn>& columns, const TableStyle& style = {});
 void slots(Sheet& sheet, int row, int count, int firstSlot, const std::vector<LineColumn>& columns,
            const TableStyle& style = {});

@@ -14,15 +14,18 @@ void copyMark(Sheet& sheet, int row, Columns left, const char* mark, double size
 }
 
 void titleBar(Sheet& sheet, int row, Columns left, Columns middle, Columns right, const std::string& title,
-              int page, const std::string& pages, double size) {
+              int page, const std::string& pages, double size, const char* mark) {
   const auto edged = [&](Style style, bool last) {
     style.fill = kTint;
     style.edges = {Edge::None, Edge::Thin, last ? Edge::Thin : Edge::None, Edge::Thin};
     return style;
   };
-  copyMark(sheet, row, left, kOriginal, size);
-  sheet.text(at(row, middle),
-             edged({.size = size, .bold = true, .colour = kAccent, .across = Across::Centre}, false), title);
+  copyMark(sheet, row, left, mark, size);
+  const auto named = edged({.size = size, .bold = true, .colour = kAccent, .across = Across::Centre}, false);
+  if (title.starts_with('='))
+    sheet.formula(at(row, middle), named, title.substr(1));
+  else
+    sheet.text(at(row, middle), named, title);
   sheet.formula(at(row, right), edged({.size = size * 0.625, .across = Across::Right, .indent = 1}, true),
                 pageOf(page, pages));
 }

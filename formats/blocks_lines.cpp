@@ -41,7 +41,7 @@ void tableHead(Sheet& sheet, int row, const std::vector<LineColumn>& columns, co
     if (i == 0) own.edges.left = Edge::Thin;
     if (i + 1 == columns.size()) own.edges.right = Edge::Thin;
     if (column.group.empty()) {
-      sheet.text(at(row, column.columns, 2), own, column.title);
+      sheet.text(at(row, column.columns, style.headRows), own, column.title);
       continue;
     }
     sheet.text(at(row + 1, column.columns), own, column.title);

@@ -142,7 +142,7 @@ void Sheet::hide() { worksheet_hide(sheet_); }
 void Sheet::frame(Cells where, const Style& style) {
   const int last = where.lastRow();
   const char right = where.lastColumn();
-  if (last != where.top || right != where.left)
+  if ((last != where.top || right != where.left) && merged_.emplace(where.top, where.left).second)
     worksheet_merge_range(sheet_, row(where.top), column(where.left), row(last), column(right), "", nullptr);
   for (int r = where.top; r <= last; ++r)
     for (char c = where.left; c <= right; ++c) {

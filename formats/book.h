@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 // A workbook being authored. Rows count from 1, columns are letters, lengths are points.
@@ -125,6 +127,8 @@ class Sheet {
   Palette palette_;
   std::vector<Written> written_;
   std::map<char, double> widths_;
+  std::set<std::pair<int, char>>
+      merged_;  // first cells of blocks: a block that is written again is merged once
 };
 
 // Raised when the workbook cannot be written.

@@ -142,36 +142,55 @@ std::string amount(const std::string& x) {
   return "IF(" + x + "=\"\",\"\",IF(ROUND(" + x + ",2)=0,\"\"," + x + "))";
 }
 
-Company companyFacts(Facts& facts) {
-  const auto field = [&](const char* name, int row, int column) {
-    return facts.add(name, shown(sheet3::cell(row, column)));
+CompanyCells companyOfBill() {
+  using sheet3::cell;
+  return {
+      .name = cell(1, 3),
+      .address = cell(3, 1),
+      .phone1 = cell(3, 3),
+      .phone2 = cell(3, 5),
+      .mail = cell(4, 20),
+      .gstin = cell(4, 24),
+      .stateCode = cell(4, 26),
+      .state = cell(4, 9),
+      .bank = cell(4, 16),
+      .branch = cell(4, 17),
+      .ifsc = cell(4, 18),
+      .account = cell(4, 19),
+      .city = cell(4, 28),
+  };
+}
+
+Company companyFacts(Facts& facts, const CompanyCells& cells) {
+  const auto field = [&](const char* name, const std::string& cell) {
+    return facts.add(name, cell.empty() ? quoted("") : shown(cell));
   };
   Company company;
-  company.name = field("Company", 1, 3);
-  const auto street = field("Address", 3, 1);
-  const auto phone1 = field("Phone 1", 3, 3);
-  const auto phone2 = field("Phone 2", 3, 5);
-  const auto mail = field("E-mail", 4, 20);
+  company.name = field("Company", cells.name);
+  const auto street = field("Address", cells.address);
+  const auto phone1 = field("Phone 1", cells.phone1);
+  const auto phone2 = field("Phone 2", cells.phone2);
+  const auto mail = field("E-mail", cells.mail);
   company.mail = mail;
   company.phones = facts.add("Phones", joined(phone1, ", ", phone2));
   const auto phone = facts.add("Phone line", labelled("Phone : ", company.phones));
   const auto mailLine = facts.add("E-mail line", labelled("E-mail : ", mail));
   company.contact = facts.add("Contact", joined(phone, "     ", mailLine));
-  company.gstin = field("Company GSTIN", 4, 24);
+  company.gstin = field("Company GSTIN", cells.gstin);
   company.pan =
       facts.add("Company PAN", "IF(LEN(" + company.gstin + ")=15,MID(" + company.gstin + ",3,10),\"\")");
-  const auto code = facts.add("Company state code", "IFERROR(VALUE(" + sheet3::cell(4, 26) + "),0)");
+  const auto code = facts.add("Company state code", "IFERROR(VALUE(" + cells.stateCode + "),0)");
   const auto byCode = facts.state("State by code", code);
-  const auto named = field("Company state", 4, 9);
+  const auto named = field("Company state", cells.state);
   company.state = facts.add("State line", "IF(" + byCode + "=\"\"," + named + "," + byCode + ")");
-  company.city = field("Company city", 4, 28);
+  company.city = field("Company city", cells.city);
   company.address = facts.add("Address, city", joined(street, ", ", company.city));
-  company.bankName = field("Bank", 4, 16);
-  company.branch = field("Branch", 4, 17);
+  company.bankName = field("Bank", cells.bank);
+  company.branch = field("Branch", cells.branch);
   const auto branchLine = facts.add("Branch line", labelled("Branch : ", company.branch));
   company.bank = facts.add("Bank line", joined(company.bankName, ",  ", branchLine));
-  company.ifsc = field("IFSC", 4, 18);
-  company.accountNumber = field("Account number", 4, 19);
+  company.ifsc = field("IFSC", cells.ifsc);
+  company.accountNumber = field("Account number", cells.account);
   const auto numberLine = facts.add("A/c line", labelled("A/c No : ", company.accountNumber));
   const auto ifscLine = facts.add("IFSC line", labelled("IFSC : ", company.ifsc));
   company.account = facts.add("Account line", joined(numberLine, ",  ", ifscLine));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -45,7 +46,12 @@ struct Company {
   std::string bankName, branch, ifsc, accountNumber;
   std::string bank, account;  // two of them each in a line
 };
-Company companyFacts(Facts& facts);
+// Where the data sheet tells of the company; what it does not tell is empty.
+struct CompanyCells {
+  std::string name, address, phone1, phone2, mail, gstin, stateCode, state, bank, branch, ifsc, account, city;
+};
+CompanyCells companyOfBill();
+Company companyFacts(Facts& facts, const CompanyCells& cells);
 
 // Name and address in four lines without gaps; long ones are shared out among them.
 struct Party {
@@ -53,8 +59,13 @@ struct Party {
   std::string registration;  // GSTIN with its label
 };
 
-// A bill: references to its facts, and the lines that its slots show: the ordinary lines
-// in their order, those of the category MISC behind them.
+// Gives the formula of a field by its table and name: "ACCOUNT.CITY"; "ACCOUNT_1.CITY" of the consignee.
+using FieldOf = std::function<std::string(std::string_view)>;
+// The party of a paper, or whoever the goods go to: the party itself when nobody else is named.
+Party partyFacts(Facts& facts, const FieldOf& at, bool consignee);
+
+// A bill, or another paper with lines: references to its facts, and the lines that its slots show: the
+// ordinary lines in their order, those of the category MISC behind them.
 struct Bill {
   std::string lines, pages, unprinted;
   Party buyer, consignee;
@@ -64,6 +75,7 @@ struct Bill {
   std::string deliveredTo;  // name and address of a consignee that is not the buyer
   std::string quantity, taxable, cgst, sgst, igst, tax, beforeRounding, roundOff, net;
   std::string netWords, taxWords;
+  std::string netLabel = "Bill Amount";
   // "Total", or what else the closing row must say of lines that have no slot.
   std::string totalLabel;
 
@@ -75,12 +87,21 @@ struct Bill {
   static std::string figure(int slot, std::string_view field);
 };
 
-// How a design shows the lines of a bill.
+// What the slots read of a line, as in fieldColumn of sheet3.
+struct LineFields {
+  std::string_view serial = "SALEITM.SR_NO", item = "ITEM.ITEM_NAME", detail = "SALEITM.ITEM_DESC";
+  std::string_view category = "DEPTMENT.DEPT_NAME";  // a line of "MISC" is told by its detail alone
+};
+
+// How a design shows the lines of a paper.
 struct Slots {
   int pages = 1, ofPage = 1;
   int letters = 25;  // in a line of the description; what does not fit ends in "…"
   bool twoLines = true;
 };
+// The slots and how many pages they fill; `ordinary` lines from row 8 on, `misc` from row 508 on.
+void slotFacts(Facts& facts, Bill& bill, const Slots& slots, const LineFields& fields,
+               const std::string& ordinary, const std::string& misc);
 Bill billFacts(Facts& facts, const Slots& slots);
 
 }  // namespace formats

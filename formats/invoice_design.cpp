@@ -24,14 +24,14 @@ Sheet& hidden(Sheet& sheet) {
 InvoiceDesign::InvoiceDesign(Book& book, const DesignTable& table)
     : table_(table),
       form_(table.form),
-      sheet_(book.sheet("BILL")),
+      sheet_(book.sheet(table.sheet)),
       data_(hidden(book.sheet("SHEET3"))),
       facts_(book),
-      company_(companyFacts(facts_)),
-      bill_(billFacts(facts_, {.pages = form_.pages,
-                               .ofPage = form_.slots,
-                               .letters = table.letters,
-                               .twoLines = table.table.wrap})) {
+      company_(companyFacts(facts_, table.company())),
+      bill_(table.facts(facts_, {.pages = form_.pages,
+                                 .ofPage = form_.slots,
+                                 .letters = table.letters,
+                                 .twoLines = table.table.wrap})) {
   check(form_, table.paper);
   sheet_.palette(table.palette);
   for (const auto& [column, points] : table.widths) sheet_.width(column, points);

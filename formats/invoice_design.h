@@ -6,7 +6,7 @@
 
 #include "formats/blocks.h"
 
-// What the invoice designs have in common: the printed sheet BILL, the data sheet SHEET3 and
+// What the designs with lines have in common: the printed sheet, the data sheet SHEET3 and
 // the facts, and pages of a head, slots and a foot. A design fills in head and feet.
 namespace formats {
 
@@ -18,6 +18,10 @@ struct DesignTable {
   Palette palette = {};
   TableStyle table = {};
   int letters = 25;  // as in Slots
+  // What the paper is of.
+  const char* sheet = "BILL";
+  CompanyCells (*company)() = &companyOfBill;
+  Bill (*facts)(Facts&, const Slots&) = &billFacts;
 };
 
 class InvoiceDesign {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace formats::sheet3 {
 
@@ -33,7 +34,78 @@ const std::vector<std::string_view> kBillFields = {
     "DIVISN", "ECC_NO", "DESPACCNM", "DESPAD1", "DESPAD2", "DESPLOCATN", "DESPPIN", "DESPSTATE", "TADD1",
     "TADD2", "TAREA", "TCITY", "TPHONE1", "TPHONE2",
 };
+const std::vector<std::string_view> kQuotationFields = {
+    "QUOT.VOUCH_DT", "QUOT.VOUCH_NO", "QUOT.PARTY_CD", "QUOT.TO_NAME", "QUOT.SUB_DESC", "QUOT.YOUR_REF_NO",
+    "QUOT.DESC1", "QUOT.DESC2", "QUOT.DESC3", "QUOT.DESC4", "QUOT.DESC5", "QUOT.DESC6", "QUOT.DESC7",
+    "QUOT.DESC8", "QUOTITM.VOUCH_DT", "QUOTITM.VOUCH_NO", "QUOTITM.ITEM_CD", "QUOTITM.ITEM_NAME",
+    "QUOTITM.ITEM_SNAME", "QUOTITM.SIZE_CD", "QUOTITM.QUANTITY", "QUOTITM.RATE", "QUOTITM.AMOUNT",
+    "ITEM.ITEM_CD", "ITEM.ITEM_NAME", "ITEM.DEPT_CD", "DEPTMENT.DEPT_NAME", "ACCOUNT.ACC_CD",
+    "ACCOUNT.ACC_NAME", "ACCOUNT.PERSON_NM", "ACCOUNT.ADD1", "ACCOUNT.ADD2", "ACCOUNT.AREA", "ACCOUNT.CITY",
+    "ACCOUNT.PINCODE", "ACCOUNT.PHONE1", "ACPHN2", "STAX_NO", "CST_NO", "QUOTITM.SRNO", "QUOT.ITEM_AMT",
+    "QUOT.DISC_PERC", "QUOT.DISC_AMT", "QUOT.CHRG_AMT", "QUOT.TAX_PERC", "QUOT.TAX_AMT", "QUOT.ATAX_PERC",
+    "QUOT.ATAX_AMT", "QUOT.NET_AMT", "DISCHTAX.NAME", "DISCHTAX_1.NAME", "QUOTITM.ITEM_DESC",
+    "ACCOUNT.GSTINNO", "ACCOUNT.STATECD", "ACCOUNT.BANK_NAME", "ITEM.HSNCODE", "ITEMDTL.DESC1",
+    "QUOTITM.DISC", "QUOTITM.DESC1", "QUOTITM.DISC2", "QUOT.ENTRY_TYP", "QUOTITM.DTL1", "QUOTITM.DTL2",
+    "ITMSNM", "QUOT.TOTQTY", "QUOT.TCGST", "QUOT.TSGST", "QUOT.TIGST", "QUOTITM.CGSTRT", "QUOTITM.SGSTRT",
+    "QUOTITM.IGSTRT", "QUOTITM.CGSTAMT", "QUOTITM.SGSTAMT", "QUOTITM.IGSTAMT", "SHIPACC.ACC_CD",
+    "SHIPACC.ACC_NAME", "SHIPACC.PERSON_NM", "SHIPACC.ADD1", "SHIPACC.ADD2", "SHIPACC.AREA", "SHIPACC.CITY",
+    "SHIPACC.PINCODE", "SHIPACC.PHONE1", "SHPH2", "SHIPACC.GSTINNO", "SHIPACC.STATECD", "SHPEMAIL",
+    "QUOTITM.ASSIVAL", "ACCOUNT.EMAIL", "QUOTITM.TCSRT", "QUOTITM.TCSAMT", "QUOT.TCSTRT", "QUOT.TCSTAMT",
+};
+const std::vector<std::string_view> kChallanFields = {
+    "CHLN.VOUCH_DT", "CHLN.VOUCH_NO", "CHLN.BOOK_CD", "CHLN.NARRATION", "CHLN.TRANSPORT", "CHLN.TAX_CD1",
+    "CHLN.TAX_AMT1", "CHLN.TAX_CD2", "CHLN.TAX_AMT2", "CHLNITM.ITEM_CD", "CHLNITM.SIZE_CD",
+    "CHLNITM.QUANTITY", "CHLNITM.RATE", "CHLNITM.NET_AMOUNT", "ACCOUNT.ACC_CD", "ACCOUNT.ACC_NAME",
+    "ACCOUNT.ADD1", "ACCOUNT.ADD2", "ACCOUNT.AREA", "ACCOUNT.CITY", "ACCOUNT.PINCODE", "ACCOUNT.PHONE1",
+    "STAX_NO", "CST_NO", "ACCOUNT.CREDIT_DAY", "TRANSPORT1", "CHLNITM.DESC1", "ITEM.ITEM_NAME",
+    "CHLN.ORDER_NO", "ITEMDTL.DESC1", "CHLN.NET_AMT", "DISCHTAX.NAME", "DISCHTAX_1.NAME", "CHLN.DISC_PERC",
+    "CHLN.DISC_AMT", "CHLN.CHRGS", "ACCOUNT.PERSON_NM", "CHLNITM.SR_NO", "ITEM.DEPT_CD", "CHLN.CHLN_NO",
+    "CHLN.CHLN_TYP", "ACCOUNT.GSTINNO", "ACCOUNT.STATECD", "ACCOUNT.EMAIL", "ACCOUNT.CL_BAL", "CHLN.GR_NO",
+    "CHLN.GR_DATE", "CHLN.FREIGHT", "CHLN.PAY_TOPAY", "CHLN.DESTI", "CHLN.DISC_PERC", "CHLN.DISC_AMT",
+    "CHLN.CHRGS", "PHONE2", "CHLNITM.ITEM_DESC", "ITEM.HSNCODE", "SMAN_NAME", "PHN1",
+};
+const std::vector<std::string_view> kSlipFields = {
+    "SALE.VOUCH_NO", "SALE.VOUCH_DT", "SALE.BL_TYPE", "SALE.BILL_NO", "SALE.BOOK_CD", "SALE.CHLN_NO",
+    "SALE.PARTY_CD", "SALE.CASH_CD", "SALE.CASH_AMT", "SALE.ITEM_DISC", "SALE.ITEM_AMT", "SALE.TOT_TAX",
+    "SALE.TOT_VAT", "SALE.DISC_PERC1", "SALE.DISC_AMT1", "SALE.DISC_PERC2", "SALE.DISC_AMT2",
+    "SALE.CHRG_AMT1", "SALE.CHRG_AMT2", "SALE.ROUND_OFF", "SALE.NET_AMT", "SALE.NARRATION",
+    "SALE.NARRATION1", "SALE.PARCLE", "SALE.SMAN_CD", "SALE.CR_DAYS", "SALE.GR_NO", "SALE.GR_DATE",
+    "SALE.TRANSPORT", "SALE.DESTI", "SALE.TAX_CD1", "SALE.TAX_AMT1", "SALE.TAX_CD2", "SALE.TAX_AMT2",
+    "SALEITM.VOUCH_DT", "SALEITM.SR_NO", "SALEITM.ITEM_CD", "SALEITM.SIZE_CD", "SALEITM.QUANTITY",
+    "SALEITM.RATE", "SALEITM.SALE_DISC", "SALEITM.AMOUNT", "SALEITM.BRKRG", "SALEITM.VAT_AMT",
+    "SALEITM.TAX_AMT", "SALEITM.NET_AMOUNT", "SALEITM.ITEM_DESC", "BUYER.ACC_NAME", "BUYER.PERSON_NM",
+    "BUYER.ADD1", "BUYER.ADD2", "BUYER.AREA", "BUYER.CITY", "BUYER.PINCODE", "BUYER.PHONE1", "BUYER.PHONE2",
+    "BUYER.STAX_NO", "BUYER.CST_NO", "BUYER.CREDIT_DAY", "DISCHTAX.CODE", "DISCHTAX.NAME", "DISCHTAX.RATE",
+    "DISCHTAX.FORM_PRINT", "DISCHTAX_1.NAME", "ITEM.ITEM_CD", "ITEM.ITEM_NAME", "ITEM.DEPT_CD", "PRATE",
+    "SRATE1", "MINIM_STK", "SDISC", "ITEMDTL.ITEM_CD", "ITEMDTL.SIZE_CD", "ITEMDTL.PUR_RATE",
+    "ITEMDTL.SALE_RATE1", "ITEMDTL.SALE_DISC", "PURC_DISC", "DEPTMENT.DEPT_NAME", "ITEMDTL.DESC1",
+    "SALEITM.DESC1", "SALE.ORDER_NO", "SALE.NARRATION1", "SALE.ORDER_DT", "SALEITM.CHLN_DT",
+    "ITEMDTL.SALE_RATE2", "SMAN_NAME", "BUYER.CL_BAL", "SALEITM.TAX_RT", "BUYER.FER_LIC_NO",
+    "ITEM.ITEM_SNAME", "BUYER.GSTINNO", "BUYER.BANK_NAME", "BUYER.STATECD", "SALE.FREIGHT", "ITEM.HSNCODE",
+    "TRANS_CD", "DIST_KM", "TRANS_GOV_ID", "SALE.CHRG_AMT3", "BUYER.PRTYTYP", "SALE.NARRATION2",
+    "SALE.CNAME", "SALE.CMOBNO", "SALE.CADRS", "SALEITM.SALE_DISC1", "SALEITM.DISC3", "SALEITM.DISC4",
+    "ITEM.RATEOFTAX", "ITEM.UOM", "EINVNO", "IRNNO", "SALEITM.MFG_DT", "BUYER.EMAIL", "SALE.SALE_CD",
+    "SALE.NO_OF_ITEM", "SALE.ACK_DT", "ATAX_CD", "ATAX_AMT", "CACC.ACC_NAME", "DESPACCNM", "DESPAD1",
+    "DESPAD2", "DESPLOCATN", "DESPPIN", "DESPSTATE", "TADD1", "TADD2", "TAREA", "TCITY", "TPHONE1",
+    "TPHONE2",
+};
 // clang-format on
+
+// A field with the name of its query before it, without one those of the bill lines.
+struct Named {
+  Query query;
+  std::string_view field;
+};
+Named named(std::string_view field) {
+  constexpr std::pair<std::string_view, Query> kNames[] = {
+      {"QUOTPRN:", Query::Quotation},
+      {"CHLNPRN:", Query::Challan  },
+      {"BLPRN:",   Query::Slip     },
+  };
+  for (const auto& [name, query] : kNames)
+    if (field.starts_with(name)) return {query, field.substr(name.size())};
+  return {Query::Bill, field};
+}
 
 }  // namespace
 
@@ -50,13 +122,25 @@ std::string span(int row1, int row2, int column) {
   return cell(row1, column) + ":$" + letters(column) + "$" + std::to_string(row2);
 }
 
-const std::vector<std::string_view>& billFields() { return kBillFields; }
+const std::vector<std::string_view>& fields(Query query) {
+  switch (query) {
+    case Query::Quotation:
+      return kQuotationFields;
+    case Query::Challan:
+      return kChallanFields;
+    case Query::Slip:
+      return kSlipFields;
+    default:
+      return kBillFields;
+  }
+}
 
-int billColumn(std::string_view field) {
-  const auto at = std::find(kBillFields.begin(), kBillFields.end(), field);
-  if (at == kBillFields.end())
-    throw std::out_of_range("no field " + std::string(field) + " in the bill lines");
-  return static_cast<int>(at - kBillFields.begin()) + 1;
+int fieldColumn(std::string_view name) {
+  const auto [query, field] = named(name);
+  const auto& all = fields(query);
+  const auto at = std::find(all.begin(), all.end(), field);
+  if (at == all.end()) throw std::out_of_range("no field " + std::string(name) + " in the lines");
+  return static_cast<int>(at - all.begin()) + 1;
 }
 
 }  // namespace formats::sheet3

@@ -19,12 +19,15 @@ std::string cell(int row, int column);
 std::string span(int row1, int row2, int column);
 std::string letters(int column);
 
-// Where a field of the bill lines stands, by table and name: "SALE.BILL_NO",
-// "ACCOUNT.ACC_NAME" is the party, "ACCOUNT_1.ACC_NAME" the consignee. Raises
-// std::out_of_range for a name that the bill lines lack.
-int billColumn(std::string_view field);
-// All of them in order, the transporter's six behind those of the saved query.
-const std::vector<std::string_view>& billFields();
+// The saved queries whose rows stand on the data sheet.
+enum class Query { Bill, Quotation, Challan, Slip };
+// Their fields in order, of those with a transporter its six behind them.
+const std::vector<std::string_view>& fields(Query query);
+
+// Where a field of the lines stands, by table and name: "SALE.BILL_NO", "ACCOUNT.ACC_NAME" is
+// the party, "ACCOUNT_1.ACC_NAME" the consignee. Another query than that of the bills is named
+// before it: "QUOTPRN:QUOT.TO_NAME". Raises std::out_of_range for a name that the lines lack.
+int fieldColumn(std::string_view name);
 
 // Columns of the summary by HSN code.
 enum Hsn { HsnCode = 1, CgstRate, Cgst, SgstRate, Sgst, IgstRate, Igst, Taxable, Net, Quantity, Unit };

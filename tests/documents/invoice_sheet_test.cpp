@@ -26,7 +26,7 @@ class InvoiceSheetTest : public InvoiceTest {
     return invoiceSheet(data(), "SHREE GANESH TRADERS", *data().first("SELECT * FROM COMP_DET"), number,
                         kind);
   }
-  static int column(std::string_view field) { return formats::sheet3::billColumn(field); }
+  static int column(std::string_view field) { return formats::sheet3::fieldColumn(field); }
 };
 
 TEST_F(InvoiceSheetTest, HoldsTheFixedCells) {
@@ -78,7 +78,7 @@ TEST_F(InvoiceSheetTest, PutsLinesAndOtherLinesInTheirBlocks) {
 TEST_F(InvoiceSheetTest, NamesTheFieldsThatDesignsRead) {
   mixedBill();
   const auto made = sheet(7);
-  const auto& fields = formats::sheet3::billFields();
+  const auto& fields = formats::sheet3::fields(formats::sheet3::Query::Bill);
   ASSERT_EQ(fields.size(), 133u);
   for (size_t j = 0; j < fields.size(); ++j) {
     const auto name = made.cells.at(6, static_cast<int>(j) + 1);
