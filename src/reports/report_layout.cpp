@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "base/pattern.h"
+#include "base/text.h"
 
 namespace {
 
@@ -11,7 +12,7 @@ constexpr double kRoom = 1330;          // pixels of the grid without its scroll
 constexpr double kPixelsPerTwip = 0.1;  // of a column that does not stretch
 constexpr double kStretches = 1500;     // twips from which a text takes spare width
 constexpr double kName = 180;           // pixels that such a text should have
-constexpr double kDigit = 8.5, kSign = 4, kInsets = 16;
+constexpr double kLetter = 8.8, kDigit = 8.5, kSign = 4, kInsets = 16;
 constexpr double kPlainSize = 11, kSmallSize = 9;  // points
 
 bool isFigure(const ReportColumn& column) { return column.money || column.detailMoney || column.figure; }
@@ -34,7 +35,9 @@ std::vector<double> fixedWidths(const ReportRows& rows, double totalSize) {
   for (size_t i = 0; i < rows.columns().size(); ++i) {
     const ReportColumn& c = rows.columns()[i];
     const bool fixed = c.twips > 0 && !stretches(c);
-    widths.push_back(fixed ? std::max({c.twips * scale, c.pixels, widthOf(rows.total(i), totalSize)}) : 0);
+    const double heading = length(c.heading) * kLetter + kInsets;
+    widths.push_back(fixed ? std::max({c.twips * scale, c.pixels, heading, widthOf(rows.total(i), totalSize)})
+                           : 0);
   }
   return widths;
 }
