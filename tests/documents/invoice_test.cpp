@@ -1,6 +1,10 @@
 #include "documents/invoice.h"
 
+#include <unistd.h>
+#include <xlsxwriter.h>
+
 #include "documents/line_settings.h"
+#include "frame/full_disk.h"
 #include "invoice_fixture.h"
 #include "platform/workbook/workbook.h"
 
@@ -151,7 +155,9 @@ TEST_F(Invoice, AddsUpHsnCodesThatHaveNoRow) {
 
 TEST_F(Invoice, PrintsOnThePrinterAndLeavesNoFile) {
   longBill(1, 2);
-  render(1, "PRN");
+  render(1);
+  host.viewed.clear();
+  render(1, "PRN");  // what was made of the bill before goes
   EXPECT_EQ(host.lastMessage(), "");
   EXPECT_TRUE(has(pdfText(folder / "printed.pdf"), "STEEL BOTTLE"));
   EXPECT_FALSE(fs::exists(pdf("1")));
@@ -175,6 +181,76 @@ TEST_F(Invoice, ReplacesAnOldPdf) {
   data().exec("UPDATE SALE SET NARRATION = 'SECOND TIME'");
   render(1);
   EXPECT_TRUE(has(pdfText(pdf("1")), "SECOND TIME"));
+}
+
+// The copy of the last invoice stands open in a spreadsheet program, which leaves a mark beside it.
+TEST_F(Invoice, LeavesACopyAloneThatIsOpen) {
+  longBill(1, 1);
+  render(1, "");
+  const auto mark = folder / "FORMATS" / ".~lock.INVGST.xlsx#";
+  std::ofstream(mark) << ",RAMESH,elsewhere,15.06.2026 10:30,file:///home;";
+  for (const char* mode : {"", "PDF", "PRN"}) {
+    render(1, mode);
+    EXPECT_EQ(host.lastMessage(), "Excel File Is Already Open\nClose It First") << mode;
+  }
+  EXPECT_EQ(host.messages.back().title, "Mirav Message");
+  EXPECT_FALSE(fs::exists(pdf("1")));
+  // A mark of this machine without a program behind it was left by a crash.
+  char name[256] = "";
+  gethostname(name, sizeof name - 1);
+  std::ofstream(mark) << ",RAMESH," << name << ",15.06.2026 10:30,file:///home;";
+  host.messages.clear();
+  render(1);
+  EXPECT_EQ(host.lastMessage(), "");
+  EXPECT_TRUE(fs::exists(pdf("1")));
+}
+
+TEST_F(Invoice, TellsOfAFolderOrDiskThatTakesNothing) {
+  longBill(1, 1);
+  render(1);
+  const auto copy = fs::file_size(folder / "FORMATS" / "INVGST.xlsx");
+  for (const char* mode : {"PDF", ""}) {
+    host.messages.clear();
+    const FullDisk full;
+    render(1, mode);
+    EXPECT_NE(host.lastMessage().find("cannot be written"), std::string::npos) << mode << host.lastMessage();
+    EXPECT_FALSE(host.isBusy);
+  }
+  EXPECT_EQ(fs::file_size(folder / "FORMATS" / "INVGST.xlsx"), copy);
+  const fs::path kept[] = {folder / "FORMATS", folder / "BILLS"};
+  for (const auto& place : kept)
+    for (const auto& entry : fs::directory_iterator(place))
+      EXPECT_EQ(entry.path().filename().string().find('~'), std::string::npos) << entry.path();
+  // The folder of the papers is no folder.
+  fs::remove_all(folder / "BILLS");
+  std::ofstream(folder / "BILLS") << "a file";
+  render(1);
+  EXPECT_NE(host.lastMessage().find("BILLS"), std::string::npos) << host.lastMessage();
+  EXPECT_EQ(host.viewed.size(), 1u);
+}
+
+// A design's faults are told once, not with every paper of a day.
+TEST_F(Invoice, NamesTheCellsThatADesignCannotCalculate) {
+  longBill(1, 1);
+  const auto path = (folder / "FORMATS" / "INVGST1.xlsx").string();
+  lxw_workbook* const made = workbook_new(path.c_str());
+  lxw_worksheet* const sheet = workbook_add_worksheet(made, "BILL");
+  workbook_add_worksheet(made, "SHEET3");
+  worksheet_write_formula(sheet, 13, 2, "=SPELLNUMBER(SHEET3!N8)", nullptr);
+  worksheet_write_formula(sheet, 14, 2, "=C16+SHEET3!N8", nullptr);
+  worksheet_write_formula(sheet, 15, 2, "=C15", nullptr);
+  workbook_close(made);
+  render(1);
+  const std::string said = host.lastMessage();
+  for (const char* part : {"INVGST1.xlsx", "BILL!C14: the function SPELLNUMBER is not known",
+                           "BILL!C15: the formula refers to itself"})
+    EXPECT_NE(said.find(part), std::string::npos) << said;
+  EXPECT_TRUE(has(pdfText(pdf("1")), "#NAME?"));
+  render(1);
+  EXPECT_EQ(host.messages.size(), 1u);
+  formats::writeAll((folder / "FORMATS").string());
+  render(1);
+  EXPECT_EQ(host.messages.size(), 1u);
 }
 
 TEST_F(Invoice, SaysWhatIsMissing) {

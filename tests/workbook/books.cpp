@@ -1,11 +1,9 @@
 #include "workbook/books.h"
 
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <zip.h>
 
-#include <csignal>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
@@ -129,22 +127,6 @@ std::string said(const workbook::Value& value) {
   if (!value.error()) return "";
   static const char* const kErrors[] = {"#NULL!", "#DIV/0!", "#VALUE!", "#REF!", "#NAME?", "#NUM!", "#N/A"};
   return kErrors[static_cast<int>(*value.error())];
-}
-
-FullDisk::FullDisk() : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-  rlimit limit{};
-  getrlimit(RLIMIT_FSIZE, &limit);
-  before_ = limit.rlim_cur;
-  limit.rlim_cur = 100;
-  setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-FullDisk::~FullDisk() {
-  rlimit limit{};
-  getrlimit(RLIMIT_FSIZE, &limit);
-  limit.rlim_cur = before_;
-  setrlimit(RLIMIT_FSIZE, &limit);
-  std::signal(SIGXFSZ, handler_);
 }
 
 bool hasTool(const std::string& name) {

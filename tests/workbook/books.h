@@ -44,19 +44,6 @@ std::string sheet(const std::string& rows, const std::string& behind = "");
 // A value as a formula bar would say it: 12.5, text, TRUE, #N/A.
 std::string said(const workbook::Value& value);
 
-// While it stands no file can grow beyond a few bytes.
-class FullDisk {
- public:
-  FullDisk();
-  ~FullDisk();
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  unsigned long before_;
-  void (*handler_)(int);
-};
-
 bool hasTool(const std::string& name);
 // What the command prints; `status` is its exit status.
 std::string run(const std::string& command, int* status = nullptr);

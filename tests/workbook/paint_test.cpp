@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "frame/full_disk.h"
 #include "platform/qt/paint_qt.h"
 #include "workbook/books.h"
 
@@ -85,7 +86,7 @@ TEST(Paint, WhatCannotBeWrittenIsSaid) {
   }
   books::writeBytes(folder / "old.pdf", "old");
   {
-    const books::FullDisk full;
+    const FullDisk full;
     EXPECT_THROW(twoPages(*painter->pdf(folder / "old.pdf")), paint::PaintError);
   }
   EXPECT_EQ(books::bytesOf(folder / "old.pdf"), "old");

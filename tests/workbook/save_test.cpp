@@ -3,6 +3,7 @@
 #include <chrono>
 #include <limits>
 
+#include "frame/full_disk.h"
 #include "workbook/books.h"
 
 namespace {
@@ -140,7 +141,7 @@ TEST(Save, AFullDiskLeavesTheOldFile) {
   Workbook book = Workbook::load(folder / "book.xlsx");
   book.sheet("SHEET3").set(2, 1, "first");
   {
-    const books::FullDisk full;
+    const FullDisk full;
     EXPECT_THROW(book.save(folder / "book.xlsx"), workbook::WorkbookError);
   }
   EXPECT_EQ(books::bytesOf(folder / "book.xlsx"), bytes);

@@ -1,8 +1,6 @@
 #include "platform/workbook/container.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 #include <zip.h>
 
 #include <cstdio>
@@ -10,7 +8,9 @@
 #include <cstring>
 #include <filesystem>
 #include <new>
+#include <system_error>
 
+#include "platform/whole_file.h"
 #include "platform/workbook/xml.h"
 
 namespace workbook {
@@ -54,24 +54,14 @@ std::string resolved(std::string_view base, std::string_view target) {
   return std::filesystem::path(path).lexically_normal().generic_string();
 }
 
-void writeFile(const std::string& path, std::string_view bytes, const std::string& name) {
-  const std::string temporary = path + "~" + std::to_string(getpid());
-  File file(std::fopen(temporary.c_str(), "wb"));
-  bool whole = file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
-               std::fflush(file.get()) == 0 && fsync(fileno(file.get())) == 0;
-  std::string reason = std::strerror(errno);
-  if (file && std::fclose(file.release()) != 0) {
-    whole = false;
-    reason = std::strerror(errno);
+void writeFile(const std::string& path, std::string_view bytes) {
+  try {
+    WholeFile file(path);
+    file.write(bytes);
+    file.finish();
+  } catch (const std::system_error& error) {
+    throw WorkbookError(std::string(error.what()) + ".");
   }
-  if (whole && std::rename(temporary.c_str(), path.c_str()) != 0) {
-    whole = false;
-    reason = std::strerror(errno);
-  }
-  if (whole) return;
-  std::remove(temporary.c_str());
-  throw WorkbookError("The workbook " + name + (name.empty() ? "" : " ") + "cannot be written to " + path +
-                      ": " + reason + ".");
 }
 
 }  // namespace
@@ -217,7 +207,7 @@ std::string Container::written(const PartChanges& changes) const {
 }
 
 void Container::save(const std::string& path, const PartChanges& changes) const {
-  writeFile(path, changes.replaced.empty() && changes.removed.empty() ? *bytes_ : written(changes), name_);
+  writeFile(path, changes.replaced.empty() && changes.removed.empty() ? *bytes_ : written(changes));
 }
 
 }  // namespace workbook

@@ -165,8 +165,7 @@ class ListWriter {
 }  // namespace
 
 void createList(const std::string& path, const List& list) {
-  if (heldElsewhere(path) || lockedElsewhere(path))
-    throw WorkbookHeld("Excel File Is Already Open\r\nClose It First");
+  if (heldElsewhere(path)) throw WorkbookHeld("Excel File Is Already Open\r\nClose It First");
   std::string failure;
   try {
     WholeFile file(path);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "platform/whole_file.h"
 
 namespace fs = std::filesystem;
 
@@ -43,6 +44,7 @@ bool heldElsewhere(const std::string& path) {
   const std::string name = file.filename().string();
   std::error_code ignored;
   if (!fs::exists(file, ignored)) return false;
+  if (lockedElsewhere(path)) return true;
   if (fs::exists(file.parent_path() / ("~$" + name), ignored)) return true;
   const fs::path mark = file.parent_path() / (".~lock." + name + "#");
   if (!fs::exists(mark, ignored)) return false;
