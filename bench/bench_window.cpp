@@ -1,7 +1,6 @@
 // The same program in its window: from a real key event until all that it changed is drawn.
 
-#include "platform/qt/application.h"
-
+#include <QApplication>
 #include <memory>
 #include <string>
 
