@@ -1,0 +1,220 @@
+"""The books of the shop as they must stand: masters, vouchers, ledger, balances. Nothing here has seen the program."""
+import datetime
+from dataclasses import dataclass, field
+from decimal import Decimal
+
+import rules
+from rules import dec
+
+STATE = 24
+PERIOD = datetime.date(2023, 4, 1), datetime.date(2034, 3, 31)
+DEBTORS, BANKS, CREDITORS = 85, 87, 135
+CASH, PURCHASES, SALES, ROUNDING = "X90005", "X90001", "X90002", "X90015"
+SYSTEM = {PURCHASES: "PURCHASE A/C", SALES: "SALES A/C", CASH: "CASH A/C", ROUNDING: "ROUND OFF", "X90061": "OUTPUT CGST",
+          "X90062": "OUTPUT SGST", "X90063": "OUTPUT IGST", "X90064": "INPUT CGST", "X90065": "INPUT SGST", "X90066": "INPUT IGST"}
+TAXES = {"SA": ("X90061", "X90062", "X90063"), "PU": ("X90064", "X90065", "X90066")}
+
+
+@dataclass
+class Unit:
+    name: str
+    purchase: float
+    sale: float
+    discount: float
+
+
+@dataclass
+class Item:
+    code: str
+    name: str
+    category: str
+    tax: float
+    hsn: str
+    units: list
+
+
+@dataclass
+class Category:
+    code: str
+    name: str
+    hsn: str
+    description: str
+    tax: float
+
+
+@dataclass
+class Party:
+    code: str
+    name: str
+    group: int
+    state: int
+    gstin: str
+    opening: float
+    days: int = 0
+    address: tuple = ("", "")
+    city: str = ""
+    area: str = ""
+    phone: str = ""
+
+
+@dataclass
+class Line:
+    item: Item
+    unit: str
+    quantity: float
+    rate: float
+    discount: float
+    taxes: tuple
+    detail: str = ""
+    amount: float = 0
+    amounts: list = field(default_factory=lambda: [0, 0, 0])
+    net: float = 0
+
+    def work_out(self):
+        self.amount, self.amounts, self.net = rules.bill_line(self.quantity, self.rate, self.discount, self.taxes)
+
+
+@dataclass
+class Bill:
+    book: str
+    number: int
+    day: datetime.date
+    party: Party
+    type: str
+    bill_number: str
+    days: int
+    lines: list
+    narration: str = ""
+    challan: int = 0
+
+    def work_out(self):
+        self.value, self.taxes, self.quantity, self.rounding, self.net = rules.bill_totals(self.lines)
+
+
+@dataclass
+class Challan:
+    number: int
+    day: datetime.date
+    party: Party
+    type: str
+    challan_number: int
+    lines: list
+    discount: float = 0
+    charges: float = 0
+    narration: str = ""
+
+    def work_out(self):
+        self.value, self.quantity, self.off, self.net = rules.challan_totals(self.lines, self.discount, self.charges)
+
+
+@dataclass
+class Quotation:
+    number: int
+    day: datetime.date
+    party: Party
+    lines: list
+
+    def work_out(self):
+        for line in self.lines:
+            line.net, line.amounts = rules.quotation_line(line.quantity, line.rate, line.discount, line.taxes)
+        self.total = float(rules.number(sum(line.net for line in self.lines)))
+        self.taxes = [sum(line.amounts[i] for line in self.lines) for i in range(3)]
+        self.quantity = sum(line.quantity for line in self.lines)
+        self.net = rules.rounded(self.total, 0)
+
+
+@dataclass
+class Money:
+    book: str
+    number: int
+    day: datetime.date
+    place: str
+    party: Party
+    amount: float
+    narration: str
+
+
+@dataclass
+class Row:
+    """One side of an entry."""
+    day: datetime.date
+    number: int
+    book: str
+    side: str
+    account: str
+    against: str
+    amount: Decimal
+    reference: str
+    serial: int = -1
+
+
+class Books:
+    def __init__(self):
+        self.categories = [Category("E001", "MISC", ".", ".", 0)]
+        self.misc = Item("MISC", "MISC", "E001", 0, ".", [Unit("NOS", 0, 0, 0)])
+        self.items, self.parties = [], []
+        self.bills = {"SA": {}, "PU": {}}
+        self.challans, self.quotations = {}, {}
+        self.money = {"RC": {}, "PY": {}}
+
+    def next(self, vouchers):
+        return max(vouchers, default=0) + 1
+
+    def next_bill_number(self, kind):
+        same = [b for b in self.bills["SA"].values() if b.type == kind]
+        return rules.next_bill_number(max(same, key=lambda b: b.number).bill_number if same else None)
+
+    def next_challan_number(self, kind):
+        same = [c for c in self.challans.values() if c.type == kind]
+        return max(same, key=lambda c: c.number).challan_number + 1 if same else 1
+
+    def taxes(self, item, party):
+        """The halves inside the state, the whole for another one."""
+        return (item.tax / 2, item.tax / 2, 0) if party.state == STATE else (0, 0, item.tax)
+
+    def name(self, code):
+        return SYSTEM.get(code) or next(p.name for p in self.parties if p.code == code)
+
+    def repair(self):
+        """What a database update writes where nothing was typed."""
+        for p in self.parties:
+            p.city, p.area, p.phone, p.gstin = p.city or ".", p.area or ".", p.phone or "0", p.gstin or "."
+            p.address = tuple(part or "." for part in p.address)
+        for c in self.categories:
+            c.hsn, c.description = c.hsn or ".", c.description or "."
+        for bills in self.bills.values():
+            for line in (line for b in bills.values() for line in b.lines):
+                line.detail = line.detail or "."
+
+    def ledger(self):
+        """Every row in the order in which a full posting makes them."""
+        rows = []
+
+        def entry(v, side, account, against, amount, reference, serial=-1):
+            if amount != 0:
+                rows.append(Row(v.day, v.number, v.book if hasattr(v, "book") else "CH", side, account, against, dec(amount), reference, serial))
+
+        for book, (first, second) in {"RC": "DC", "PY": "CD"}.items():
+            for v in self.money[book].values():
+                entry(v, first, v.place, v.party.code, v.amount, str(v.number), v.number)
+            for v in self.money[book].values():
+                entry(v, second, v.party.code, v.place, v.amount, str(v.number), v.number)
+        for book, ours, theirs, goods in (("SA", "D", "C", SALES), ("PU", "C", "D", PURCHASES)):
+            for v in self.bills[book].values():
+                code = v.party.code
+                entry(v, ours, code, goods, v.net, v.bill_number)
+                entry(v, theirs, goods, code, v.value, v.bill_number)
+                for account, amount in zip(TAXES[book], v.taxes):
+                    entry(v, theirs, account, code, amount, "")
+                entry(v, ours if v.rounding < 0 else theirs, ROUNDING, code, abs(v.rounding), v.bill_number)
+        for v in self.challans.values():
+            entry(v, "D", v.party.code, SALES, v.net, " %d" % v.challan_number)
+            entry(v, "C", SALES, v.party.code, v.net, " %d" % v.challan_number)
+        return rows
+
+    def opening(self, code):
+        return next((dec(p.opening) for p in self.parties if p.code == code), Decimal(0))
+
+    def balance(self, code, rows, until=None):
+        signed = (r.amount if r.side == "D" else -r.amount for r in rows if r.account == code and (until is None or r.day <= until))
+        return self.opening(code) + sum(signed, Decimal(0))

@@ -1,0 +1,222 @@
+"""The registers and returns that the books of the year must give, as keys and cells."""
+import calendar
+import datetime
+from decimal import Decimal
+
+from books import DEBTORS
+from rules import dec, money, number
+from statements import grid, statements
+
+FAST, DETAIL = "%d/%b/%Y", "%d/%m/%Y"
+
+
+def named(party):
+    return party.name.lower(), party.code
+
+
+def total(rows, columns, width):
+    last = ["Total :"] + [""] * (width - 1)
+    for c in columns:
+        last[c] = money(sum((Decimal(r[c]) for r in rows), Decimal(0)))
+    return rows + [last]
+
+
+class Reports:
+    def __init__(self, year):
+        self.books, self.s, self.today = year.books, year.script, year.today
+        self.ledger = self.books.ledger()
+
+    def show(self, menu, rows, start=None, end=None, fields=(), answer=None):
+        """Shows a report and goes over all its cells; none where there are no rows."""
+        s = self.s
+        s.note(menu)
+        s('menu "%s"' % menu)
+        for control, text in fields:
+            s.fill(control, text)
+        for index, day in ((0, start), (1, end)):
+            if day:
+                s.fill("MaskEdBox1(%d)" % index, day.strftime("%d%m%Y"))
+                s.keys("Enter")
+        if answer:
+            s("answer " + answer)
+        s.keys("Alt+S")
+        if rows:
+            grid(s, rows)
+        else:
+            s('expect message "No Records"')
+        s("press cmdclose", "expect screen frmmain")
+
+    # Sales
+
+    def bills(self, start=None, end=None, keep=lambda party: True):
+        found = [b for b in self.books.bills["SA"].values() if (not start or start <= b.day <= end) and keep(b.party)]
+        return sorted(found, key=lambda b: (b.day, b.number))
+
+    def bill_register(self, bills):
+        rows = [[b.bill_number, b.day.strftime(FAST), b.party.name, b.party.area, b.party.gstin, money(b.value), *map(money, b.taxes),
+                 money(b.rounding), money(b.net)] for b in bills]
+        return total(rows, range(5, 11), 11) if rows else []
+
+    def detailed_register(self, bills):
+        rows, mains = [], []
+        for b in bills:
+            mains.append([str(b.number), b.day.strftime(DETAIL), b.bill_number, b.party.name, b.party.area, money(b.quantity), money(b.value),
+                          money(abs(b.net - b.value)), money(b.net)])
+            rows.append(mains[-1])
+            for line in b.lines:
+                rows.append(["", line.item.hsn, "", line.item.name, line.detail, money(line.quantity), money(line.rate), money(line.discount),
+                             money(line.net - (line.amounts[0] + line.amounts[1] + line.amounts[2]))])
+        return rows + total(mains, range(5, 9), 9)[-1:]
+
+    def gst(self, registered, start, end):
+        rows = []
+        for b in self.bills(start, end, lambda p: (len(p.gstin) > 1) == registered):
+            groups = {}
+            for line in b.lines:
+                groups.setdefault((line.taxes[2], line.taxes[0], line.taxes[1]), []).append(line)
+            for taxes, lines in groups.items():
+                add = lambda figure: money(sum((dec(figure(line)) for line in lines), Decimal(0)))
+                igst, cgst, sgst = taxes
+                cells = [b.bill_number, b.day.strftime(FAST), b.party.name, b.party.gstin, "%02d-%s" % (b.party.state, b.party.city),
+                         add(lambda l: l.amount), number(igst), add(lambda l: l.amounts[2]), number(cgst), add(lambda l: l.amounts[0]),
+                         number(sgst), add(lambda l: l.amounts[1]), add(lambda l: l.net)]
+                rows.append(((b.day, b.bill_number, b.party.gstin, taxes), cells))
+        rows = [cells for _, cells in sorted(rows, key=lambda r: r[0])]
+        return total(rows, (5, 7, 9, 11, 12), 13) if rows else []
+
+    def sales(self):
+        s, everything = self.s, self.bills()
+        self.show("Sales Bill Register", self.bill_register(everything))
+        october = datetime.date(2026, 10, 1), datetime.date(2026, 10, 30)
+        self.show("Sales Bill Register", self.bill_register(self.bills(*october)), *october)
+        party = everything[-1].party
+        self.show("Sales Bill Register", self.bill_register(self.bills(keep=lambda p: p is party)), fields=[("Text1(0)", party.code)])
+        area = next(p.area for p in self.books.parties if p.group == DEBTORS and p.area)
+        self.show("Sales Bill Register", self.bill_register(self.bills(keep=lambda p: p.area == area)), fields=[("Text1(1)", area.lower())])
+        self.show("Sale Bill Detailed Register", self.detailed_register(everything))
+        for month in range(12):
+            start = datetime.date(2026 + (month + 3) // 12, (month + 3) % 12 + 1, 1)
+            end = start.replace(day=28 if start.month == 2 else calendar.monthrange(start.year, start.month)[1])
+            self.show("GSTR-1 RD Sales Register", self.gst(True, start, end), start)
+            self.show("GSTR-1 URD Sales Register", self.gst(False, start, end), start)
+
+    # Offers, challans, receipts
+
+    def offers(self):
+        mains, rows = [], []
+        for q in sorted(self.books.quotations.values(), key=lambda q: q.number):
+            figures = [q.total, *q.taxes, q.net]
+            mains.append([str(q.number), q.day.strftime(FAST), q.party.name, number(q.quantity), *map(money, figures)])
+            rows.append([str(q.number), q.day.strftime(DETAIL), q.party.name, money(q.quantity), *map(money, figures)])
+            for line in q.lines:
+                rows.append([str(q.number), q.day.strftime(DETAIL), "%s %s" % (line.item.name, line.unit), money(line.quantity), money(line.net),
+                             *map(money, line.amounts), money(line.net)])
+        last = total([r[:3] + [money(float(r[3]))] + r[4:] for r in mains], range(3, 9), 9)[-1:]
+        self.show("Quotation Register", mains + last)
+        self.show("Quotation Detail Register", rows + last)
+
+    def challans(self):
+        mains, rows = [], []
+        for c in sorted(self.books.challans.values(), key=lambda c: c.number):
+            figures = [c.quantity, c.value, c.charges, c.off]
+            mains.append([str(c.number), c.day.strftime(FAST), c.party.name, *map(number, figures), money(c.net)])
+            rows.append([str(c.number), c.day.strftime(DETAIL), c.party.name, *map(money, figures), money(c.net)])
+            for line in c.lines:
+                rows.append([str(c.number), c.day.strftime(DETAIL), "%s %s" % (line.item.name, line.unit), money(line.quantity),
+                             money(line.rate * line.quantity), number(line.rate), "0", None])
+        last = total([r[:3] + [money(float(x)) for x in r[3:]] for r in mains], range(3, 8), 8)[-1:]
+        self.show("Challan Register", mains + last)
+        self.show("Challan Detail Register", rows + last)
+
+    def receipts(self):
+        found = sorted(self.books.money["RC"].values(), key=lambda m: (m.day, m.number))
+        rows = lambda kept: total([[str(m.number), m.day.strftime(FAST), "%s %s" % (m.party.name, m.party.area), money(m.amount), None]
+                                   for m in kept], [3], 5)
+        self.show("Receipt Register", rows(found))
+        party = found[0].party
+        self.show("Receipt Register", rows([m for m in found if m.party is party]), fields=[("Text1(0)", party.code)])
+
+    # What is owed
+
+    def owed(self, party, end):
+        """First in, first out: the debits that all credits leave open."""
+        debits = [(r.day, r.reference, r.amount) for r in self.ledger if r.account == party.code and r.side == "D" and r.day <= end]
+        left = sum((r.amount for r in self.ledger if r.account == party.code and r.side == "C"), max(-dec(party.opening), Decimal(0)))
+        debits.sort(key=lambda d: d[:2])
+        if party.opening > 0:
+            debits.insert(0, (datetime.date(2023, 4, 1), " OP", dec(party.opening)))
+        open_bills = []
+        for day, reference, amount in debits:
+            paid = min(left, amount)
+            left -= paid
+            if paid < amount:
+                open_bills.append([day.strftime(DETAIL), reference, money(amount), money(paid), money(amount - paid), str((end - day).days)])
+        return open_bills
+
+    def outstanding(self, end):
+        mains, rows = [], []
+        for p in sorted((p for p in self.books.parties if p.group == DEBTORS), key=named):
+            bills = self.owed(p, end) if self.books.balance(p.code, self.ledger) > 0 else []
+            if bills:
+                sums = [money(sum((Decimal(b[c]) for b in bills), Decimal(0))) for c in (2, 3, 4)]
+                mains.append([p.name, p.area, *sums, p.phone])
+                rows += [mains[-1]] + bills
+        last = total(mains, (2, 3, 4), 6)[-1:]
+        self.show("Outstanding LIst", mains + last, None, end, answer="No")
+        self.show("Outstanding LIst", rows + last, None, end, answer="Yes")
+
+    def closing(self, end):
+        rows = []
+        for p in sorted((p for p in self.books.parties if p.group == DEBTORS), key=named):
+            balance = self.books.balance(p.code, self.ledger, end)
+            rows.append([p.code, p.name, money(max(balance, Decimal(0))), money(max(-balance, Decimal(0))), p.area, p.phone])
+        self.show("Closing Balance List", total(rows, (2, 3), 6), None, end)
+
+    # Lists of masters
+
+    def lists(self):
+        books = self.books
+        self.show("Party List Print", [[p.code, p.name, "%s %s" % p.address, p.area, p.city, p.phone, p.gstin, p.gstin[2:12] if len(p.gstin) == 15 else None]
+                                       for p in sorted((p for p in books.parties if p.group == DEBTORS), key=named)])
+        self.show("Category List", [[c.code, c.name, c.hsn, c.description, money(c.tax)] for c in sorted(books.categories, key=lambda c: c.name)])
+        names = {c.code: c.name for c in books.categories}
+        sizes = sorted(((i, u) for i in books.items + [books.misc] for u in i.units), key=lambda x: (x[0].name, x[1].name))
+        self.show("Product List Print", [[i.code, i.name, names[i.category], u.name, i.hsn, money(i.tax), money(u.sale), money(u.discount)]
+                                         for i, u in sizes], answer="No")
+
+    # The books by statements of their own
+
+    def sums(self):
+        s, books = self.s, self.books
+        s.note("The books")
+        signed = "CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT ELSE -VOUCH_AMT END"
+        s.sql("SELECT COUNT(*) FROM (SELECT 1 FROM ALEDGER GROUP BY BOOK_CD, VOUCH_NO HAVING ABS(SUM(%s)) > 0.004)" % signed, "0")
+        s.sql("SELECT COUNT(*) FROM ALEDGER", str(len(self.ledger)))
+        codes = sorted({r.account for r in self.ledger} | {p.code for p in books.parties})
+        for code in codes:
+            sides = [sum((r.amount for r in self.ledger if r.account == code and r.side == side), Decimal(0)) for side in "DC"]
+            s.sql("SELECT ROUND(TOTAL(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT END), 2), ROUND(TOTAL(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT END), 2)"
+                  " FROM ALEDGER WHERE PARTY_CD = '%s'" % code, "|".join(number(float(x)) for x in sides))
+            s.sql("SELECT ROUND(CL_BAL, 2) FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(books.balance(code, self.ledger))))
+        for book, bills in books.bills.items():
+            add = lambda figure: number(float(sum((dec(figure(b)) for b in bills.values()), Decimal(0))))
+            s.sql("SELECT COUNT(*), ROUND(SUM(ITEM_AMT), 2), ROUND(SUM(TCGSTRT), 2), ROUND(SUM(TSGSTRT), 2), ROUND(SUM(TIGSTRT), 2),"
+                  " ROUND(SUM(ROUND_OFF), 2), SUM(NET_AMT), SUM(CHLN_NO), SUM(CR_DAYS) FROM SALE WHERE BOOK_CD = '%s'" % book,
+                  "|".join([str(len(bills)), add(lambda b: b.value), *(add(lambda b, i=i: b.taxes[i]) for i in range(3)), add(lambda b: b.rounding),
+                            add(lambda b: b.net), add(lambda b: b.challan), add(lambda b: b.days)]))
+
+
+def expect_all(year):
+    r = Reports(year)
+    r.sums()
+    r.sales()
+    r.offers()
+    r.challans()
+    r.receipts()
+    r.outstanding(year.today)
+    r.outstanding(datetime.date(2026, 9, 15))
+    r.closing(year.today)
+    r.closing(datetime.date(2026, 8, 15))
+    r.lists()
+    statements(r)
+    year.script("expect message none")

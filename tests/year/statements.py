@@ -1,0 +1,109 @@
+"""Statements of accounts, running and two-sided, as they must read without narrations."""
+import datetime
+from decimal import Decimal
+
+from books import BANKS, CASH, CREDITORS, DEBTORS, ROUNDING, SALES, STATE
+from rules import money
+
+NIL = Decimal(0)
+
+
+def grid(script, rows, control="Grid1"):
+    script("expect rows %s %d" % (control, len(rows)))
+    for r, cells in enumerate(rows):
+        for c, text in enumerate(cells):
+            if text is not None:
+                script.expect("grid %s %d %d" % (control, r, c), text)
+
+
+def opening(r, code, start):
+    """Both sides before the period; nothing of this year lies before the accounting period."""
+    stored = r.books.opening(code)
+    before = [x for x in r.ledger if x.account == code and x.day < start]
+    return [max(sign * stored, NIL) + sum((x.amount for x in before if x.side == side), NIL) for sign, side in ((1, "D"), (-1, "C"))]
+
+
+def entries(r, code, start, end):
+    """Debits of a day come before its credits."""
+    found = [x for x in r.ledger if x.account == code and start <= x.day <= end]
+    return sorted(found, key=lambda x: (x.day, x.side == "C", x.number, x.serial))
+
+
+def running(r, code, start, end):
+    debit, credit = opening(r, code, start)
+    net, rows = debit - credit, []
+    if net > 0:
+        rows.append(["", "", "", "", "OPENING BALANCE", money(net), "", money(net), "Dr"])
+    elif net < 0:
+        rows.append(["", "", "", "", "OPENING BALANCE", "", money(-net), money(-net), "Cr"])
+    found, balance = entries(r, code, start, end), net
+    for x in found:
+        balance += x.amount if x.side == "D" else -x.amount
+        amounts = [money(x.amount), ""] if x.side == "D" else ["", money(x.amount)]
+        rows.append([str(x.number), x.day.strftime("%d/%m/%y"), x.reference, x.book, r.books.name(x.against), *amounts,
+                     money(abs(balance)), "Dr" if balance > 0 else "Cr"])
+    debits, credits = (sum((x.amount for x in found if x.side == side), NIL) for side in "DC")
+    count = sum(x.side == "D" for x in found)
+    rows.append([""] * 9)
+    rows.append(["", "", "", "", "Transactions : Dr : %d  Cr : %d" % (count, len(found) - count), money(debits), money(credits), "", ""])
+    left = ["", money(balance)] if balance > 0 else [money(-balance), ""]
+    rows.append(["", "", "", "", "**Closing Balance %s." % ("Dr" if balance > 0 else "Cr"), *left, "", ""])
+    whole = money(max(max(net, NIL) + debits, max(-net, NIL) + credits))
+    rows.append(["", "", "", "", "***TOTAL AMOUNT", whole, whole, "", ""])
+    return rows
+
+
+def two_sided(r, code, start, end):
+    debit, credit = opening(r, code, start)
+    net, found = debit - credit, entries(r, code, start, end)
+    sides = {"D": [], "C": []}
+    if net > 0:
+        sides["D"].append(["", "", "", "OPENING BALANCE", money(net)])
+    else:
+        sides["C"].append(["", "", "", "OPENING BALANCE", money(-net)])
+    for side in "DC":
+        if side == "D" and net <= 0:
+            sides["D"].append([""] * 5)  # debits begin in the row below the opening whichever side that has
+        sides[side] += [[str(x.number), x.book, x.day.strftime("%d/%m/%y"), r.books.name(x.against), money(x.amount)] for x in found if x.side == side]
+    if net == 0:
+        sides["C"] = sides["C"][1:] or sides["C"]
+    size = max(map(len, sides.values()))
+    padded = {side: rows + [[""] * 5] * (size - len(rows)) for side, rows in sides.items()}
+    rows = [c + d for c, d in zip(padded["C"], padded["D"])]
+    debits, credits = (sum((x.amount for x in found if x.side == side), NIL) for side in "DC")
+    count = sum(x.side == "D" for x in found)
+    left = net + debits - credits
+    blank = [""] * 3
+    rows.append(blank + ["Transaction Total   Cr : %d" % (len(found) - count), money(credits)] + blank + ["Transaction Total   Dr : %d" % count, money(debits)])
+    rows.append(blank + (["**Closing Bal. Dr.", money(left)] if left >= 0 else ["", ""]) + blank + (["**Closing Bal. Cr.", money(-left)] if left <= 0 else ["", ""]))
+    whole = money(max(max(net, NIL) + debits, max(-net, NIL) + credits))
+    rows.append(blank + ["Total ", whole] + blank + ["Total ", whole])
+    return rows
+
+
+def show(r, menu, rows, code, start, end):
+    s = r.s
+    s.note("%s of %s" % (menu, code))
+    s('menu "%s"' % menu)
+    s.type(code.lower())
+    s.keys("Enter")
+    s.fill("MaskEdBox1(0)", start.strftime("%d%m%Y"))
+    s.keys("Enter")
+    s.fill("MaskEdBox1(1)", end.strftime("%d%m%Y"))
+    s("key Enter", "answer Yes", "key Enter")
+    grid(s, rows)
+    s("press cmdclose", "expect screen frmmain")
+
+
+def statements(r):
+    year = datetime.date(2026, 4, 1), r.today
+    autumn = datetime.date(2026, 9, 1), datetime.date(2026, 11, 30)
+    of = lambda group: [p.code for p in r.books.parties if p.group == group]
+    abroad = next(p.code for p in r.books.parties if p.group == DEBTORS and p.state != STATE)
+    codes = of(DEBTORS)[:3] + of(DEBTORS)[-1:] + of(CREDITORS)[:2] + of(BANKS) + [abroad, CASH]
+    for code in codes:
+        for period in (year, autumn):
+            show(r, "Partty Ledger", running(r, code, *period), code, *period)
+            show(r, "T-Ledger", two_sided(r, code, *period), code, *period)
+    for code in (SALES, ROUNDING, "X90061", "X90063", "X90064"):
+        show(r, "Partty Ledger", running(r, code, *autumn), code, *autumn)

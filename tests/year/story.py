@@ -1,0 +1,246 @@
+"""A year of the shop from a seed: what happens on which day, done in the books and by the clerk alike."""
+import datetime
+import random
+
+from books import BANKS, CASH, CREDITORS, DEBTORS, PERIOD, Bill, Books, Category, Challan, Item, Line, Money, Party, Quotation, Unit
+from clerk import MISC_WORK, Clerk, Script
+from rules import bill_date_passes, rounded
+
+RATES = [0, 5, 12, 18, 28]
+KINDS = ["GRAIN BAG", "SPICE BOX", "LADDER", "LAMP", "PAINT", "HAMMER", "ROPE", "BASIN"]
+WORDS = ["HARSH", "GIRNAR", "NAVRANG", "O'NEIL & SONS", "SHREEJI", "MEHTA", "PARIMAL", "GOKUL", "DHRUV", "MODI"]
+PLACES = {24: ["ANAND", "NADIAD", "SURAT"], 27: ["NASHIK", "PUNE"], 8: ["JAIPUR"], 29: ["HUBLI"]}
+UPDATE_IN = 9  # the month of the database update
+
+
+class Year:
+    def __init__(self, seed):
+        self.rng = random.Random(seed)
+        self.books, self.script = Books(), Script()
+        self.clerk = Clerk(self.script)
+        self.today = datetime.date(2026, 4, 1)
+
+    def play(self):
+        self.clerk.company("YEAR STORES")
+        self.masters()
+        for month in range(12):
+            self.script.note("Month %d" % (month + 1))
+            self.month(datetime.date(2026 + (month + 3) // 12, (month + 3) % 12 + 1, 1))
+        self.clerk.post()
+        return self
+
+    # Masters
+
+    def masters(self):
+        rng, books = self.rng, self.books
+        made = [Category("E%03d" % (n + 2), "%s AT %d" % (word, rate), str(8400 + n), "", rate)
+                for n, (word, rate) in enumerate(zip(["FOOD", "SPICES", "TOOLS", "ELECTRIC", "LUXURY"], RATES))]
+        books.categories += made
+        for n in range(40):
+            category = made[n % 5]
+            price = rng.choice([rng.randrange(20, 900), rng.randrange(400, 90000) / 100, rng.randrange(20, 200) / 4])
+            units = [Unit("NOS", rounded(price * 0.7, 2), price, rng.choice([0, 0, 0, 5, 12.5]))]
+            if n % 5 == 2:
+                units[0].name = "BOX"
+                units.append(Unit("PCS", rounded(price * 0.07, 2), rounded(price / 8, 2), rng.choice([0, 3])))
+            books.items.append(Item("I%07d" % (n + 1), "%s %02d" % (KINDS[n % 8], n + 1), category.code, category.tax, category.hsn, units))
+        books.parties = [self.party(n) for n in range(28)]
+        self.clerk.categories(made)
+        self.clerk.items(books.items)
+        self.clerk.parties(books.parties)
+
+    def party(self, n):
+        rng = self.rng
+        group = BANKS if n == 26 else CREDITORS if n % 4 == 3 else DEBTORS
+        state = 24 if n == 0 or group == BANKS else rng.choice([24, 24, 24, 27, 27, 8, 29])
+        place = rng.choice(PLACES[state])
+        gstin = "" if n == 0 else ["%02dABCDE%04dF1Z5" % (state, n), ".", "", "%02dPQRST%04dK2Z7" % (state, n), "X"][n % 5]
+        opening = rng.choice([0, 0, rng.randrange(100, 90000) / 4]) * (-1 if group == CREDITORS else 1)
+        party = Party("A%05d" % (n + 1), "CASH SALE" if n == 0 else "%s %02d" % (WORDS[n % 10], n), group, state, gstin, opening, rng.choice([0, 15, 30]))
+        if n % 6 != 4:
+            party.address, party.city, party.area, party.phone = ("%d STATION ROAD" % (n + 3), "NEAR BUS"), place, place + rng.choice([" EAST", " WEST"]), "98250%05d" % n
+        return party
+
+    def newcomers(self):
+        self.clerk.leave()
+        new = [self.party(n) for n in (32, 33)]
+        for p, n in zip(new, (29, 30)):
+            p.code = "A%05d" % n
+            p.group = DEBTORS
+            p.opening = abs(p.opening)
+        self.books.parties += new
+        self.clerk.parties(new)
+
+    # Months and days
+
+    def month(self, first):
+        rng = self.rng
+        after = (first + datetime.timedelta(32)).replace(day=1)
+        days = sorted(rng.sample(range((after - first).days), 9))
+        todo = ["bill"] * 25 + ["purchase"] * 3 + ["receipt"] * 5 + ["payment"] * 2 + ["challan", "quotation"] * 2
+        todo += rng.sample(["mend", "head", "drop", "add"], 3) + rng.choice([["delete"], []]) + [rng.choice(["mend_challan", "mend_quotation", "mend_money"])]
+        for kind in ("challan", "money", "last"):
+            if rng.random() < 0.25:
+                todo.append("delete_" + kind)
+        rng.shuffle(todo)
+        share = [todo[i::len(days)] for i in range(len(days))]
+        for day, work in zip(days, share):
+            self.today = first + datetime.timedelta(day)
+            self.clerk.s("clock %s 10:%02d" % (self.today, day))
+            for what in sorted(work):
+                getattr(self, what)()
+            self.clerk.leave()
+            self.script("expect message none")
+            if first.month == UPDATE_IN and day == days[4]:
+                self.clerk.update()
+                self.books.repair()
+                self.newcomers()
+
+    def choose(self, group):
+        return self.rng.choice([p for p in self.books.parties if p.group == group])
+
+    def line(self, party, purchase=False):
+        rng = self.rng
+        if rng.random() < 0.08 and not purchase:
+            item, unit = self.books.misc, self.books.misc.units[0]
+        else:
+            item = rng.choice(self.books.items)
+            unit = rng.choice(item.units)
+        quantity = rng.choice([1, 2, 3, 7, 10, 12, 0.5, 2.5, rng.randrange(1, 60), rng.randrange(5, 900) / 100])
+        rate = unit.purchase if purchase else unit.sale
+        if rate == 0 or rng.random() < 0.25:
+            rate = rng.choice([33.33, 100, 299.95, 78.25, rng.randrange(500, 99999) / 100])
+        discount = rng.choice([0, 0, 10, 7.5, 100]) if rng.random() < 0.2 else 0 if purchase else unit.discount
+        detail = rng.choice(["", "", "FOR THE GODOWN"]) or (MISC_WORK if item is self.books.misc else "")
+        line = Line(item, unit.name, quantity, rate, discount, self.books.taxes(item, party), detail)
+        line.work_out()
+        return line
+
+    def some_day(self):
+        """Today, or some days before; a day that the screen refuses is tried and given up."""
+        day = self.today - datetime.timedelta(self.rng.choice([0, 0, 0, 1, 2, 5]))
+        day = max(day, datetime.date(2026, 4, 1))
+        return day if bill_date_passes(day, *PERIOD) else day - datetime.timedelta(1)
+
+    def bill(self, book="SA"):
+        rng, books = self.rng, self.books
+        party = self.choose(CREDITORS if book == "PU" else DEBTORS)
+        kind = "RETAIL" if book == "SA" and party.name == "CASH SALE" else "TAX"
+        number = books.next(books.bills[book])
+        theirs = "PB/%d" % (number * 7 + 100)
+        b = Bill(book, number, self.some_day(), party, kind, books.next_bill_number(kind) if book == "SA" else theirs, party.days,
+                 [self.line(party, book == "PU") for _ in range(rng.choice([1, 1, 2, 2, 3, 4]))], rng.choice(["", "", "", "BY ROAD"]), number if book == "SA" else 0)
+        b.work_out()
+        books.bills[book][number] = b
+        self.clerk.bill(b, self.today)
+
+    def purchase(self):
+        self.bill("PU")
+
+    def some_bill(self, lines=1):
+        found = [b for b in self.books.bills["SA"].values() if len(b.lines) >= lines]
+        b = self.rng.choice(found) if found else None
+        if b:
+            b.challan = 0  # the screen does not show it again
+        return b
+
+    def mend(self):
+        if b := self.some_bill():
+            index = self.rng.randrange(len(b.lines))
+            line = b.lines[index]
+            line.quantity, line.discount = self.rng.choice([1, 4, 6.25]), self.rng.choice([0, 2.5, line.discount])
+            line.work_out()
+            b.work_out()
+            self.clerk.mend_line(b, index)
+
+    def head(self):
+        if b := self.some_bill():
+            b.day, b.narration = self.some_day(), "CHANGED AT NOON"
+            self.clerk.mend_head(b)
+
+    def drop(self):
+        if b := self.some_bill(2):
+            index = self.rng.randrange(1, len(b.lines))
+            del b.lines[index]
+            b.work_out()
+            self.clerk.drop_line(b, index)
+
+    def add(self):
+        if b := self.some_bill():
+            b.lines.append(self.line(b.party))
+            b.work_out()
+            self.clerk.add_line(b)
+
+    def delete(self):
+        if b := self.some_bill():
+            del self.books.bills["SA"][b.number]
+            self.clerk.delete("GST Sales Entry", b)
+
+    def delete_last(self):
+        bills = self.books.bills["SA"]
+        if bills:
+            b = bills.pop(max(bills))
+            self.clerk.delete("GST Sales Entry", b)
+
+    def plain_lines(self, party, most):
+        lines = []
+        for _ in range(self.rng.randrange(1, most)):
+            item = self.rng.choice([i for i in self.books.items if len(i.units) == 1])
+            lines.append(Line(item, item.units[0].name, self.rng.randrange(1, 20), item.units[0].sale, item.units[0].discount, self.books.taxes(item, party)))
+        return lines
+
+    def challan(self):
+        party, kind = self.choose(DEBTORS), self.rng.choice(["DC", "JOB"])
+        c = Challan(self.books.next(self.books.challans), self.today, party, kind, self.books.next_challan_number(kind),
+                    self.plain_lines(party, 4), self.rng.choice([0, 10, 2.5]), self.rng.choice([0, 25.5]), self.rng.choice(["", "ON APPROVAL"]))
+        c.work_out()
+        self.books.challans[c.number] = c
+        self.clerk.challan(c)
+
+    def mend_challan(self):
+        if self.books.challans:
+            c = self.rng.choice(list(self.books.challans.values()))
+            c.lines[0].quantity = self.rng.randrange(21, 30)
+            c.work_out()
+            self.clerk.mend_challan(c)
+
+    def delete_challan(self):
+        if self.books.challans:
+            c = self.books.challans.pop(self.rng.choice(list(self.books.challans)))
+            self.clerk.delete("Delivery Challan", c)
+
+    def quotation(self):
+        party = self.choose(DEBTORS)
+        q = Quotation(self.books.next(self.books.quotations), self.today, party, self.plain_lines(party, 5))
+        q.work_out()
+        self.books.quotations[q.number] = q
+        self.clerk.quotation(q)
+
+    def mend_quotation(self):
+        if self.books.quotations:
+            q = self.rng.choice(list(self.books.quotations.values()))
+            q.lines[0].quantity = self.rng.randrange(21, 30)
+            q.work_out()
+            self.clerk.mend_quotation(q)
+
+    def receipt(self, book="RC"):
+        rng, books = self.rng, self.books
+        place = rng.choice([CASH, CASH, next(p.code for p in books.parties if p.group == BANKS)])
+        m = Money(book, books.next(books.money[book]), self.today, place, self.choose(DEBTORS if book == "RC" else CREDITORS),
+                  rng.choice([rng.randrange(1, 300) * 100, rng.randrange(100, 900000) / 100]), rng.choice(["", "PART OF IT"]))
+        books.money[book][m.number] = m
+        self.clerk.money(m)
+
+    def payment(self):
+        self.receipt("PY")
+
+    def mend_money(self):
+        if self.books.money["RC"]:
+            m = self.rng.choice(list(self.books.money["RC"].values()))
+            m.amount, m.day = self.rng.randrange(100, 900000) / 100, self.some_day()
+            self.clerk.mend_money(m)
+
+    def delete_money(self):
+        if self.books.money["RC"]:
+            m = self.books.money["RC"].pop(self.rng.choice(list(self.books.money["RC"])))
+            self.clerk.delete("Receipts", m)
