@@ -150,6 +150,7 @@ Party partyFacts(Facts& facts, const FieldOf& at, bool consignee) {
   p.line3 = facts.add("line 3", "IF(OR(" + first + "=\"\"," + second + "=\"\"),\"\"," + place + ")");
   const auto streets = facts.add("lines 1, 2", joined(p.line1, ", ", p.line2));
   p.address = facts.add("address", joined(streets, ", ", p.line3));
+  p.wholeName = p.name;
   shareOut(facts, p);
   p.state = facts.state("state", facts.add("state code", "IFERROR(VALUE(" + of("code", "STATECD") + "),0)"));
   p.gstin = of("GSTIN", "GSTINNO");

@@ -233,7 +233,7 @@ void Sheet::paper(const Paper& paper, const std::vector<Cells>& printed) {
   none.margin = 0.1;
   worksheet_set_header_opt(sheet_, "", &none);
   worksheet_set_footer_opt(sheet_, "", &none);
-  worksheet_center_horizontally(sheet_);
+  if (paper.centred) worksheet_center_horizontally(sheet_);
   worksheet_fit_to_pages(sheet_, 1, 0);
   std::string areas;
   for (const Cells& area : printed)

@@ -79,6 +79,7 @@ struct Paper {
   // Margins. Spreadsheet programs take columns to be up to 6.3% wider than they are here; the
   // columns of a page must fit all the same, or the page is made smaller.
   double leftRight = 12, topBottom = 14.4;
+  bool centred = true;  // from left to right
 
   double room() const;  // from the upper margin to the lower
 };

@@ -7,7 +7,7 @@ namespace formats {
 
 namespace {
 
-constexpr Columns kAll{'A', 'H'}, kLabel{'A', 'D'}, kWords{'A', 'E'}, kSums{'F', 'G'}, kSum{'H', 'H'};
+constexpr Columns kAll{'A', 'H'}, kLabel{'A', 'D'}, kWords{'A', 'D'}, kSums{'E', 'F'}, kSum{'G', 'H'};
 constexpr Columns kReceiver{'A', 'C'}, kBetween{'D', 'E'}, kSigner{'F', 'H'};
 
 using Kind = LineColumn::Kind;
@@ -31,9 +31,9 @@ std::string moneyText(const std::string& x) { return "TEXT(" + x + "," + quoted(
 std::vector<Facts::Named> discountAndCharges(const Bill&) {
   const auto percent = ofChallan("CHLN.DISC_PERC");
   return {
-      {"\"Less discount\"&IF(N(" + percent + ")=0,\"\",\" \"&" + percent + "&\" %\")",
-       "-N(" + ofChallan("CHLN.DISC_AMT") + ")"                                                                            },
-      {quoted("Charges"),                                                              "N(" + ofChallan("CHLN.CHRGS") + ")"},
+      {"\"Discount\"&IF(N(" + percent + ")=0,\"\",\" \"&" + percent + "&\" %\")",
+       "-N(" + ofChallan("CHLN.DISC_AMT") + ")"                                                                       },
+      {quoted("Charges"),                                                         "N(" + ofChallan("CHLN.CHRGS") + ")"},
   };
 }
 
@@ -51,13 +51,12 @@ GoodsFields challanFields() {
 ChallanDesign::ChallanDesign(Book& book, const DesignTable& table, const GoodsFields& fields)
     : InvoiceDesign(book, table) {
   columns_ = lineColumns(bill_, fields);
-  companyLines_ =
-      stacked(facts_, "Company lines", {company_.address, company_.contact, taxNumbers(company_, "     ")});
+  taxLine_ = labelled("GSTIN : ", company_.gstin) + "&" + labelled("     State : ", company_.state);
   const Party& to = bill_.buyer;
-  address_ = stacked(facts_, "Address lines",
-                     {to.line1, to.line2, to.line3, labelled("State : ", to.state), to.registration,
-                      labelled("Contact : ", to.contact)});
-  consignee_ = facts_.add("Consignee lines", to.name + "&CHAR(10)&" + address_);
+  address_ = stacked(
+      facts_, "Address lines",
+      {to.address, labelled("State : ", to.state), to.registration, labelled("Contact : ", to.contact)});
+  consignee_ = facts_.add("Consignee lines", to.wholeName + "&CHAR(10)&" + address_);
   journey_ =
       stacked(facts_, "Journey",
               {labelled("Place of Supply : ", bill_.placeOfSupply), labelled("Order No : ", bill_.order),
@@ -83,20 +82,21 @@ void ChallanDesign::cell(Cells where, Style style, const std::string& text) {
 
 void ChallanDesign::remarksAndHands(int row) {
   remarksRow(sheet_, row, kAll, bill_, size(), Room::TwoLines);
-  const Style hand{.size = size() + 0.5, .across = Across::Centre, .down = Down::Bottom};
+  const Style hand{.size = size() + 0.5, .across = Across::Centre};
   const Edges first{Edge::Thin, Edge::None, Edge::None, Edge::Thin};
   const Edges middle{Edge::None, Edge::None, Edge::None, Edge::Thin};
   const Edges last{Edge::None, Edge::None, Edge::Thin, Edge::Thin};
   cell(at(row + 1, kReceiver), with(hand, first),
-       quoted("Received the goods in good order") + "&CHAR(10)&CHAR(10)&CHAR(10)&" +
+       quoted("Received the goods in good order") + "&CHAR(10)&CHAR(10)&CHAR(10)&CHAR(10)&" +
            quoted("Receiver's Signature"));
   Style note = with(hand, middle);
   note.colour = kQuiet;
   cell(at(row + 1, kBetween), note, quoted("E. & O.E."));
   Style signer = with(hand, last);
   signer.bold = true;
-  cell(at(row + 1, kSigner), signer,
-       "\"For \"&" + company_.name + "&CHAR(10)&CHAR(10)&CHAR(10)&" + quoted("Authorised Signatory"));
+  cell(
+      at(row + 1, kSigner), signer,
+      "\"For \"&" + company_.name + "&CHAR(10)&CHAR(10)&CHAR(10)&CHAR(10)&" + quoted("Authorised Signatory"));
 }
 
 void ChallanDesign::pageFoot(int row, int page) {

@@ -25,10 +25,10 @@ class ChallanDesign : public InvoiceDesign {
   // Rows of a cell, one under the other.
   void cell(Cells where, Style style, const std::string& text);
 
-  std::string companyLines_;  // address, contact, tax numbers
-  std::string consignee_;     // name, address, state, GSTIN, contact
-  std::string address_;       // the same without the name
-  std::string journey_;       // order, transport, L.R., destination, place of supply
+  std::string taxLine_;    // the company's GSTIN and state
+  std::string consignee_;  // name, address, state, GSTIN, contact
+  std::string address_;    // the same without the name
+  std::string journey_;    // order, transport, L.R., destination, place of supply
 
  private:
   void remarksAndHands(int row);

@@ -57,6 +57,7 @@ Company companyFacts(Facts& facts, const CompanyCells& cells);
 struct Party {
   std::string name, line1, line2, line3, address, state, gstin, contact;
   std::string registration;  // GSTIN with its label
+  std::string wholeName;     // for cells of several lines
 };
 
 // Gives the formula of a field by its table and name: "ACCOUNT.CITY"; "ACCOUNT_1.CITY" of the consignee.

@@ -12,9 +12,9 @@ namespace {
 // clang-format off
 const Form kForm{
     .pages = 3, .slots = 26,
-    .head = {18, 26.25, 39, 19.5, 78, 18.75},
-    .foot = {16.5, 42, 24, 72},
-    .slot = 17.25,
+    .head = {18, 26.25, 39, 19.5, 69, 18.75},
+    .foot = {16.5, 39, 24, 64.5},
+    .slot = 18,
 };
 constexpr Columns kAll{'A', 'H'}, kLeft{'A', 'C'}, kRight{'D', 'H'};
 const DesignTable kTable{
@@ -22,7 +22,7 @@ const DesignTable kTable{
     .widths = {{'A', 21}, {'B', 90}, {'C', 138}, {'D', 48}, {'E', 48}, {'F', 36}, {'G', 63}, {'H', 91.5}},
     .palette = {.accent = 0x6B2D1A, .tint = 0xF6ECE6},
     .table = {.size = 7, .headRows = 1},
-    .letters = 52,
+    .letters = 50,
     .sheet = "D_C", .company = &companyOfChallan, .facts = &challanFacts,
 };
 // clang-format on
@@ -37,9 +37,9 @@ class Design : public ChallanDesign {
              "ORIGINAL FOR CONSIGNEE");
     Style line{.size = 20, .bold = true, .colour = kAccent, .across = Across::Centre, .shrink = true};
     sheet_.formula(at(row + 1, kAll), with(line, sides(Edge::Thin)), company_.name);
-    cell(at(row + 2, kAll), {.size = 8.5, .across = Across::Centre, .edges = kTray}, companyLines_);
+    cell(at(row + 2, kAll), {.size = 8.5, .across = Across::Centre, .edges = kTray}, sender_);
     Style heading{.size = 9.5, .bold = true, .shrink = true, .indent = 1, .edges = kLid};
-    sheet_.formula(at(row + 3, kLeft), heading, "\"Consignee : \"&" + bill_.buyer.name);
+    sheet_.formula(at(row + 3, kLeft), heading, "\"Consignee : \"&" + bill_.buyer.wholeName);
     sheet_.formula(at(row + 3, kRight), heading,
                    labelled("Challan No : ", bill_.number) + "&\"          Date : \"&" + dayText(bill_.date));
     const Style block{.size = 8.5, .down = Down::Top, .indent = 1, .edges = kTray};
@@ -47,6 +47,8 @@ class Design : public ChallanDesign {
     cell(at(row + 4, kRight), block, journey_);
     tableHead(sheet_, row + 5, columns_, kTable.table);
   }
+
+  const std::string sender_ = stacked(facts_, "Sender", {company_.address, company_.contact, taxLine_});
 };
 
 }  // namespace

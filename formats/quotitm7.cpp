@@ -62,6 +62,15 @@ std::vector<LineColumn> lineColumns(const Bill& bill) {
   };
 }
 
+const FactColumns kFacts{{{'G', 'H'}, {'I', 'I'}}, {{'J', 'J'}, {'K', 'L'}}};
+
+FactRows factRows(const Bill& bill) {
+  return {
+      {{.label = "Quotation No", .value = bill.number, .bold = true}, {.label = "Date", .value = bill.date, .number = kDay, .bold = true}},
+      {{.label = "Place of Supply", .value = bill.placeOfSupply, .bold = true}},
+  };
+}
+
 // The terms as the screen names them, in its order.
 constexpr std::pair<const char*, const char*> kTerms[] = {
     {"Validity",   "QUOT.DESC8"}, {"Rate Specs", "QUOT.DESC1"}, {"Pay Terms",  "QUOT.DESC2"},
@@ -79,14 +88,8 @@ class Design : public InvoiceDesign {
     titleBar(sheet_, row, {'A', 'C'}, {'D', 'I'}, {'J', 'L'}, "QUOTATION", page, bill_.pages, 12, "");
     companyHead(sheet_, row + 1, kAll, company_);
     partyBlock(sheet_, row + 5, kLeft, "To", bill_.buyer);
-    factsBlock(sheet_, row + 5,
-               {
-                   {{'G', 'H'}, {'I', 'L'}}
-    },
-               {{{.label = "Quotation No", .value = bill_.number, .bold = true}},
-                {{.label = "Date", .value = bill_.date, .number = kDay, .bold = true}},
-                {{.label = "Place of Supply", .value = bill_.placeOfSupply, .bold = true}}});
-    lines(at(row + 8, kRight, 2), labelled("Kind Attn. : ", attention_), sides(Edge::Thin));
+    factsBlock(sheet_, row + 5, kFacts, factRows(bill_));
+    lines(at(row + 7, kRight, 3), labelled("Kind Attn. : ", attention_), sides(Edge::Thin));
     lines(at(row + 10, kRight, 3), labelled("Your Ref. : ", reference_), kTray);
     Style style{.size = 9, .bold = true, .wrap = true, .indent = 1, .edges = kTray};
     sheet_.formula(at(row + 13, kAll), style, labelled("Subject : ", subject_));

@@ -42,7 +42,10 @@ SmallChallan::SmallChallan(Book& book, const DesignTable& table, const GoodsFiel
     : ChallanDesign(book, table, fields),
       marks_(std::move(marks)),
       number_(stacked(facts_, "Number lines",
-                      {quoted(numberLabel), bill_.number, quoted("Date"), dayText(bill_.date)})) {}
+                      {quoted(numberLabel), bill_.number, quoted("Date"), dayText(bill_.date)})),
+      sender_(stacked(facts_, "Sender",
+                      {company_.address, labelled("Phone : ", company_.phones),
+                       labelled("E-mail : ", company_.mail), taxLine_})) {}
 
 std::vector<Columns> SmallChallan::copies() const {
   std::vector<Columns> all;
@@ -64,25 +67,18 @@ void SmallChallan::write() {
 
 void SmallChallan::head(int row, int page) {
   titleBar(sheet_, row, kCopy, kTitle, kPage, "=" + sheet3::cell(2, 1), page, bill_.pages, 11, marks_[0]);
-  cell(at(row + 1, kName),
-       {
-           .size = 13,
-           .bold = true,
-           .colour = kAccent,
-           .indent = 1,
-           .edges = {Edge::Thin, Edge::None, Edge::None, Edge::Thin}
-  },
-       company_.name);
-  cell(at(row + 1, kLines),
-       {
-           .size = 7, .across = Across::Right, .edges = {Edge::None, Edge::None, Edge::Thin, Edge::Thin}
-  },
-       companyLines_);
-  Style block{.size = 7.5, .bold = true, .indent = 1, .edges = kTray};
+  Style own{.size = 13, .bold = true, .colour = kAccent, .indent = 1};
+  own.edges = {Edge::Thin, Edge::None, Edge::None, Edge::Thin};
+  cell(at(row + 1, kName), own, company_.name);
+  Style lines{.size = 7, .across = Across::Right, .indent = 1};
+  lines.edges = {Edge::None, Edge::None, Edge::Thin, Edge::Thin};
+  cell(at(row + 1, kLines), lines, sender_);
+  Style block{.size = 7, .bold = true, .indent = 1, .edges = kTray};
   cell(at(row + 2, kTo), block, quoted("Consignee") + "&CHAR(10)&" + consignee_);
   block.size = 9;
   block.colour = kAccent;
   block.across = Across::Centre;
+  block.indent = 0;
   cell(at(row + 2, kNumber), block, number_);
   cell(at(row + 2, kJourney), {.size = 7, .indent = 1, .edges = kTray}, journey_);
   tableHead(sheet_, row + 3, columns_, table_.table);

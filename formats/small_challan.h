@@ -21,7 +21,7 @@ class SmallChallan : public ChallanDesign {
   void head(int row, int page) override;
 
   std::vector<const char*> marks_;
-  std::string number_;
+  std::string number_, sender_;  // lines of a cell
 };
 
 }  // namespace formats

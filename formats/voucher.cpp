@@ -3,8 +3,8 @@
 #include "formats/paper_facts.h"
 #include "formats/styles.h"
 
-// The address card: half a sheet of A4 folded once fits a long envelope, whose window shows the
-// address 20 mm from the left and 50 mm from the top.
+// The address card: a sheet folded twice fits a long envelope (DL), whose window shows the address
+// 20 mm from the left and 50 mm from the top.
 namespace formats {
 
 namespace {
@@ -33,15 +33,17 @@ class Card {
       sheet_.height(row++, height);
       down += height;
     }
-    sheet_.height(row++, 50 * kPointsPerMm - kMargin - down);
-    for (int line = 0; line < 7; ++line) sheet_.height(row + line, line == 0 ? 21 : 15.75);
+    sheet_.height(row++, 47 * kPointsPerMm - kMargin - down);
+    sheet_.height(row, 33);
+    sheet_.height(row + 1, 93);
     sender();
     address(row);
-    sheet_.paper(
-        {
-            .leftRight = kMargin, .topBottom = kMargin
-    },
-        {{1, 'A', row + 6, 'C'}});
+    Paper paper;
+    paper.leftRight = paper.topBottom = kMargin;
+    paper.centred = false;
+    sheet_.paper(paper, {
+                            Cells{1, 'A', row + 1, 'C'}
+    });
   }
 
  private:
@@ -74,19 +76,12 @@ class Card {
     const auto area = of("Area", rpt(5)), city = of("City", rpt(6)), pin = of("Pin", rpt(7));
     const auto town = both("City, pin", city, " - ", pin);
     const auto phone = of("Phone", rpt(4, 'H'));
-    const std::vector<Facts::Named> all = facts_.closed(
-        {
-            {quoted(""),               of("Address 1",                                           rpt(2))},
-            {                                                                                                  quoted(""),          of("Address 2",                                                  rpt(3))       },
-            {                                                                                         quoted(""),                        area                                                                      },
-            {                                                                                                     quoted(""), town},
-            { quoted(""),                                      facts_.add("Phone line",                                                                                               labelled("Phone : ",    phone))}
-    },
-        6);
-    sheet_.formula({row, 'B'}, {.size = 15, .bold = true, .shrink = true}, of("Name", rpt(1)));
-    for (int line = 0; line < 6; ++line)
-      sheet_.formula({row + 1 + line, 'B'}, {.size = 12, .shrink = true},
-                     all[static_cast<size_t>(line)].value);
+    const auto call = facts_.add("Phone line", labelled("Phone : ", phone));
+    const auto lines =
+        stacked(facts_, "Address", {of("Address 1", rpt(2)), of("Address 2", rpt(3)), area, town, call});
+    const Style name{.size = 13, .bold = true, .down = Down::Bottom, .wrap = true};
+    sheet_.formula({row, 'B'}, name, of("Name", rpt(1)));
+    sheet_.formula({row + 1, 'B'}, {.size = 11, .down = Down::Top, .wrap = true}, lines);
   }
 
   Sheet& sheet_;
