@@ -69,9 +69,10 @@ class Line:
     amount: float = 0
     amounts: list = field(default_factory=lambda: [0, 0, 0])
     net: float = 0
+    typed: float = None  # IGST as typed, until the line runs through again
 
-    def work_out(self):
-        self.amount, self.amounts, self.net = rules.bill_line(self.quantity, self.rate, self.discount, self.taxes)
+    def work_out(self, typed=None):
+        self.amount, self.amounts, self.net = rules.bill_line(self.quantity, self.rate, self.discount, self.taxes, typed)
 
 
 @dataclass
@@ -86,6 +87,10 @@ class Bill:
     lines: list
     narration: str = ""
     challan: int = 0
+    destination: str = ""
+    transport: str = ""
+    lorry: str = ""
+    parcels: str = ""
 
     def work_out(self):
         self.value, self.taxes, self.quantity, self.rounding, self.net = rules.bill_totals(self.lines)
@@ -93,6 +98,7 @@ class Bill:
 
 @dataclass
 class Challan:
+    book = "CH"
     number: int
     day: datetime.date
     party: Party
@@ -102,6 +108,8 @@ class Challan:
     discount: float = 0
     charges: float = 0
     narration: str = ""
+    lorry: str = ""
+    destination: str = "."
 
     def work_out(self):
         self.value, self.quantity, self.off, self.net = rules.challan_totals(self.lines, self.discount, self.charges)
@@ -145,7 +153,9 @@ class Row:
     against: str
     amount: Decimal
     reference: str
-    serial: int = -1
+    narration: str
+    serial: int
+    details: str
 
 
 class Books:
@@ -156,6 +166,7 @@ class Books:
         self.bills = {"SA": {}, "PU": {}}
         self.challans, self.quotations = {}, {}
         self.money = {"RC": {}, "PY": {}}
+        self.standing = {}  # rows of the ledger between postings: those of a deleted bill or challan stay
 
     def next(self, vouchers):
         return max(vouchers, default=0) + 1
@@ -182,35 +193,51 @@ class Books:
             p.address = tuple(part or "." for part in p.address)
         for c in self.categories:
             c.hsn, c.description = c.hsn or ".", c.description or "."
-        for bills in self.bills.values():
-            for line in (line for b in bills.values() for line in b.lines):
+        for b in (b for bills in self.bills.values() for b in bills.values()):
+            for name in ("narration", "destination", "transport", "lorry", "parcels"):
+                setattr(b, name, getattr(b, name) or ".")
+            for line in b.lines:
                 line.detail = line.detail or "."
+        for c in self.challans.values():
+            c.narration, c.lorry = c.narration or ".", c.lorry or "."
+
+    def rows(self, v):
+        """What a voucher stands for in the ledger after a full posting."""
+        rows, code, paying = [], v.party.code, isinstance(v, Money)
+        reference = str(v.number) if paying else " %d" % v.challan_number if v.book == "CH" else v.bill_number
+        details = " - ".join((v.transport, v.lorry, v.parcels)) if v.book == "SA" else ""
+
+        def entry(side, account, against, amount, reference, *remarks):
+            if amount != 0:
+                rows.append(Row(v.day, v.number, v.book, side, account, against, dec(amount), reference, " ".join((v.narration,) + remarks),
+                                v.number if paying else -1, details))
+
+        if paying:
+            first, second = {"RC": "DC", "PY": "CD"}[v.book]
+            entry(first, v.place, code, v.amount, reference)
+            entry(second, code, v.place, v.amount, reference)
+        elif v.book == "CH":
+            entry("D", code, SALES, v.net, reference, v.lorry, v.destination)
+            entry("C", SALES, code, v.net, reference, v.lorry, v.destination)
+        else:
+            ours, theirs, goods = ("D", "C", SALES) if v.book == "SA" else ("C", "D", PURCHASES)
+            entry(ours, code, goods, v.net, reference, v.lorry, v.destination)
+            entry(theirs, goods, code, v.value, reference, v.lorry)
+            for account, amount in zip(TAXES[v.book], v.taxes):
+                entry(theirs, account, code, amount, "")
+            entry(ours if v.rounding < 0 else theirs, ROUNDING, code, abs(v.rounding), reference)
+        return rows
+
+    def saved(self, v):
+        self.standing[v.book, v.number] = self.rows(v)
+
+    def standing_balance(self, code):
+        return self.balance(code, [r for rows in self.standing.values() for r in rows])
 
     def ledger(self):
-        """Every row in the order in which a full posting makes them."""
-        rows = []
-
-        def entry(v, side, account, against, amount, reference, serial=-1):
-            if amount != 0:
-                rows.append(Row(v.day, v.number, v.book if hasattr(v, "book") else "CH", side, account, against, dec(amount), reference, serial))
-
-        for book, (first, second) in {"RC": "DC", "PY": "CD"}.items():
-            for v in self.money[book].values():
-                entry(v, first, v.place, v.party.code, v.amount, str(v.number), v.number)
-            for v in self.money[book].values():
-                entry(v, second, v.party.code, v.place, v.amount, str(v.number), v.number)
-        for book, ours, theirs, goods in (("SA", "D", "C", SALES), ("PU", "C", "D", PURCHASES)):
-            for v in self.bills[book].values():
-                code = v.party.code
-                entry(v, ours, code, goods, v.net, v.bill_number)
-                entry(v, theirs, goods, code, v.value, v.bill_number)
-                for account, amount in zip(TAXES[book], v.taxes):
-                    entry(v, theirs, account, code, amount, "")
-                entry(v, ours if v.rounding < 0 else theirs, ROUNDING, code, abs(v.rounding), v.bill_number)
-        for v in self.challans.values():
-            entry(v, "D", v.party.code, SALES, v.net, " %d" % v.challan_number)
-            entry(v, "C", SALES, v.party.code, v.net, " %d" % v.challan_number)
-        return rows
+        """Every row after a full posting."""
+        books = [*self.money.values(), *self.bills.values(), self.challans]
+        return [row for vouchers in books for v in vouchers.values() for row in self.rows(v)]
 
     def opening(self, code):
         return next((dec(p.opening) for p in self.parties if p.code == code), Decimal(0))

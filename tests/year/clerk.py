@@ -35,8 +35,8 @@ class Script:
 
 
 class Clerk:
-    def __init__(self, script):
-        self.s = script
+    def __init__(self, script, books):
+        self.s, self.books = script, books
         self.desk = None
 
     def at(self, menu):
@@ -170,15 +170,35 @@ class Clerk:
         if line.discount != discount:
             s.fill("Text1(11)", number(line.discount))
         s.keys("Enter")
+        self.taxes(line, party)
         s.expect("Text1(14)", number(line.net))
         s.keys("Enter")
 
-    def bill(self, b, today):
+    def taxes(self, line, party):
+        """Rates other than the item's, and an amount of IGST, are typed over what the line has worked out."""
+        s, usual = self.s, self.books.taxes(line.item, party)
+        if line.taxes[0] != usual[0]:
+            s.fill("Text1(12)", number(line.taxes[0]))
+            s.keys("Enter Enter")
+            s("focus Text1(14)")
+        if line.taxes[2] != usual[2]:
+            s.fill("Text1(19)", number(line.taxes[2]))
+            s.keys("Enter Enter")
+        if line.typed is not None:
+            s("focus Text1(31)", "focus Text1(19)")
+            s.fill("Text1(31)", number(line.typed))
+            s.keys("Enter")
+
+    def bill(self, b, today, refused=None):
         s = self.s
         self.at("GST Sales Entry" if b.book == "SA" else "Purchase")
         s.keys("Alt+A")
         s.expect("Text1(0)", str(b.number))
-        if b.day != today:
+        if refused:
+            s.fill("MaskEdBox1(0)", refused.strftime("%d%m%Y"))
+            s.keys("Enter")
+            s('expect message "Pl. Enter Date Between 01/Apr/2023 and 31/Mar/2034"', "expect focus MaskEdBox1(0)")
+        if refused or b.day != today:
             s.fill("MaskEdBox1(0)", b.day.strftime("%d%m%Y"))
         s.keys("Enter")
         s.type(b.party.code.lower())
@@ -197,6 +217,11 @@ class Clerk:
         s.keys("PgDn")
         if b.narration:
             s.type(b.narration.lower())
+        for control, text in ((42, b.transport), (40, b.lorry), (45, b.parcels)):
+            if text:
+                s.fill("Text1(%d)" % control, text.lower())
+                if control == 42:
+                    s.keys("Enter")
         self.save(b)
 
     def save(self, b):
@@ -210,12 +235,12 @@ class Clerk:
             s('expect Label1 contains "Value Of Bill Exceeds Rs. 50000/-"')
         s('press "New Entry"')
 
-    def open_bill(self, b):
+    def open_bill(self, b, party=None):
         self.at("GST Sales Entry" if b.book == "SA" else "Purchase")
         self.s.keys("Alt+M")
         self.s.type(str(b.number))
         self.s.keys("Enter")
-        self.s.expect("Text2", b.party.name)
+        self.s.expect("Text2", (party or b.party).name)
 
     def mend_line(self, b, index):
         """A quantity, rate or discount typed over; the rest of the line runs through again."""
@@ -246,11 +271,14 @@ class Clerk:
         self.line(b.lines[-1], b.party)
         self.save(b)
 
-    def mend_head(self, b):
+    def mend_head(self, b, was, party):
         s = self.s
-        self.open_bill(b)
+        self.open_bill(b, was)
         s.fill("MaskEdBox1(0)", b.day.strftime("%d%m%Y"))
         s.keys("Enter")
+        if party:
+            s.fill("Text1(4)", party.code.lower())
+            s.keys("Enter")
         s.fill("Text1(29)", b.narration.lower())
         self.save(b)
 
@@ -349,11 +377,13 @@ class Clerk:
         s.keys("Enter Enter Enter Enter")
         self.save_quotation(q)
 
-    def money(self, m):
+    def money(self, m, today):
         s = self.s
         self.at("Receipts" if m.book == "RC" else "Payments")
         s.keys("Alt+A")
         s.expect("txtFields(0)", str(m.number))
+        if m.day != today:
+            s.fill("MaskEdBox1(0)", m.day.strftime("%d%m%Y"))
         if m.place == "X90005":
             s.keys("Enter")
         else:
@@ -369,6 +399,12 @@ class Clerk:
         s("key Enter", "key Enter")
         s('expect Label1 contains "   AMOUNT     : %s\\n"' % number(m.amount))
         s.keys("Enter")
+        self.balances(m)
+
+    def balances(self, m):
+        """A receipt or payment brings both its accounts up to date, deleted bills and all."""
+        for code in (m.party.code, m.place):
+            self.s.sql("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(self.books.standing_balance(code))))
 
     def mend_money(self, m):
         s = self.s
@@ -380,6 +416,7 @@ class Clerk:
         s.keys("Enter")
         s.fill("txtFields(4)", number(m.amount))
         s("key Enter", "key Enter", "key Enter", "key Enter")
+        self.balances(m)
 
     def update(self):
         self.leave()

@@ -28,11 +28,14 @@ def day_of(text):
     return datetime.date.fromisoformat(text)
 
 
-def bill_line(quantity, rate, discount, taxes):
-    """What a line of a bill stores: amount, taxes, net. The taxes stand on a value whose discount is not rounded."""
+def bill_line(quantity, rate, discount, taxes, typed=None):
+    """What a line of a bill stores: amount, taxes, net. The taxes stand on a value whose discount is not rounded;
+    a tax typed over is taken as it is."""
     value = rounded(rate * quantity, 2)
     value = value - (discount * value) / 100
     amounts = [rounded(value * tax / 100, 2) for tax in taxes]
+    if typed is not None:
+        amounts[2] = typed
     net = rounded(value + amounts[0] + amounts[1] + amounts[2], 2)
     gross = rounded(quantity * rate, 2)
     amount = rounded(gross - rounded(gross * discount / 100, 2), 2)
@@ -71,6 +74,16 @@ def next_bill_number(last):
         following = n + 1 if n >= 10000 else int(str(n)[:4]) + 1
     text = str(following)
     return {1: "000", 2: "00", 3: "00"}.get(len(text), "") + text
+
+
+def narration_rows(text):
+    """A long narration is cut once, at the first blank from the 32nd character on."""
+    if len(text) <= 1:
+        return []
+    if len(text) <= 35 or " " not in text[31:]:
+        return [text]
+    blank = text.index(" ", 31)
+    return [text[:blank + 1], text[blank + 1:]]
 
 
 def bill_date_passes(day, first, last):

@@ -1,9 +1,9 @@
-"""Statements of accounts, running and two-sided, as they must read without narrations."""
+"""Statements of accounts, running and two-sided, as they must read."""
 import datetime
 from decimal import Decimal
 
 from books import BANKS, CASH, CREDITORS, DEBTORS, ROUNDING, SALES, STATE
-from rules import money
+from rules import money, narration_rows
 
 NIL = Decimal(0)
 
@@ -29,7 +29,7 @@ def entries(r, code, start, end):
     return sorted(found, key=lambda x: (x.day, x.side == "C", x.number, x.serial))
 
 
-def running(r, code, start, end):
+def running(r, code, start, end, narrated=False):
     debit, credit = opening(r, code, start)
     net, rows = debit - credit, []
     if net > 0:
@@ -42,6 +42,8 @@ def running(r, code, start, end):
         amounts = [money(x.amount), ""] if x.side == "D" else ["", money(x.amount)]
         rows.append([str(x.number), x.day.strftime("%d/%m/%y"), x.reference, x.book, r.books.name(x.against), *amounts,
                      money(abs(balance)), "Dr" if balance > 0 else "Cr"])
+        remarks = narration_rows(x.narration) + ([x.details] if len(x.details) > 7 else [])
+        rows += [["", "", "", "", text, "", "", "", ""] for text in remarks if narrated]
     debits, credits = (sum((x.amount for x in found if x.side == side), NIL) for side in "DC")
     count = sum(x.side == "D" for x in found)
     rows.append([""] * 9)
@@ -81,7 +83,7 @@ def two_sided(r, code, start, end):
     return rows
 
 
-def show(r, menu, rows, code, start, end):
+def show(r, menu, rows, code, start, end, answer="Yes"):
     s = r.s
     s.note("%s of %s" % (menu, code))
     s('menu "%s"' % menu)
@@ -90,7 +92,7 @@ def show(r, menu, rows, code, start, end):
     s.fill("MaskEdBox1(0)", start.strftime("%d%m%Y"))
     s.keys("Enter")
     s.fill("MaskEdBox1(1)", end.strftime("%d%m%Y"))
-    s("key Enter", "answer Yes", "key Enter")
+    s("key Enter", "answer " + answer, "key Enter")
     grid(s, rows)
     s("press cmdclose", "expect screen frmmain")
 
@@ -105,5 +107,7 @@ def statements(r):
         for period in (year, autumn):
             show(r, "Partty Ledger", running(r, code, *period), code, *period)
             show(r, "T-Ledger", two_sided(r, code, *period), code, *period)
+    for code in of(DEBTORS) + [CASH]:
+        show(r, "Partty Ledger", running(r, code, *year, narrated=True), code, *year, answer="No")
     for code in (SALES, ROUNDING, "X90061", "X90063", "X90064"):
         show(r, "Partty Ledger", running(r, code, *autumn), code, *autumn)

@@ -17,7 +17,7 @@ class Year:
     def __init__(self, seed):
         self.rng = random.Random(seed)
         self.books, self.script = Books(), Script()
-        self.clerk = Clerk(self.script)
+        self.clerk = Clerk(self.script, self.books)
         self.today = datetime.date(2026, 4, 1)
 
     def play(self):
@@ -113,7 +113,12 @@ class Year:
         discount = rng.choice([0, 0, 10, 7.5, 100]) if rng.random() < 0.2 else 0 if purchase else unit.discount
         detail = rng.choice(["", "", "FOR THE GODOWN"]) or (MISC_WORK if item is self.books.misc else "")
         line = Line(item, unit.name, quantity, rate, discount, self.books.taxes(item, party), detail)
+        if not purchase and item.tax and rng.random() < 0.08:
+            line.taxes = (7, line.taxes[1], 0) if line.taxes[0] else (0, 0, 15)
         line.work_out()
+        if line.taxes[2] and rng.random() < 0.15:
+            line.typed = rounded(line.amounts[2] + 0.5, 2)
+            line.work_out(line.typed)
         return line
 
     def some_day(self):
@@ -121,6 +126,10 @@ class Year:
         day = self.today - datetime.timedelta(self.rng.choice([0, 0, 0, 1, 2, 5]))
         day = max(day, datetime.date(2026, 4, 1))
         return day if bill_date_passes(day, *PERIOD) else day - datetime.timedelta(1)
+
+    def refused_day(self):
+        day = self.today - datetime.timedelta(self.today.day)
+        return None if bill_date_passes(day, *PERIOD) else day
 
     def bill(self, book="SA"):
         rng, books = self.rng, self.books
@@ -130,9 +139,15 @@ class Year:
         theirs = "PB/%d" % (number * 7 + 100)
         b = Bill(book, number, self.some_day(), party, kind, books.next_bill_number(kind) if book == "SA" else theirs, party.days,
                  [self.line(party, book == "PU") for _ in range(rng.choice([1, 1, 2, 2, 3, 4]))], rng.choice(["", "", "", "BY ROAD"]), number if book == "SA" else 0)
+        if book == "SA":
+            b.destination = party.area
+            if rng.random() < 0.2:
+                b.transport, b.lorry, b.parcels = rng.choice(["GIRNAR CARRIERS", "MARUTI"]), "LR %d" % number, rng.choice(["", "2 BOXES"])
+                b.narration = rng.choice([b.narration, "GOODS FOR THE NEW SHOP, THE SECOND FLOOR AND THE YARD"])
         b.work_out()
         books.bills[book][number] = b
-        self.clerk.bill(b, self.today)
+        books.saved(b)
+        self.clerk.bill(b, self.today, self.refused_day() if rng.random() < 0.3 else None)
 
     def purchase(self):
         self.bill("PU")
@@ -151,24 +166,32 @@ class Year:
             line.quantity, line.discount = self.rng.choice([1, 4, 6.25]), self.rng.choice([0, 2.5, line.discount])
             line.work_out()
             b.work_out()
+            self.books.saved(b)
             self.clerk.mend_line(b, index)
 
     def head(self):
         if b := self.some_bill():
-            b.day, b.narration = self.some_day(), "CHANGED AT NOON"
-            self.clerk.mend_head(b)
+            b.day, b.narration, was = self.some_day(), "CHANGED AT NOON", b.party
+            other = self.rng.choice([p for p in self.books.parties if p.group == DEBTORS and p.state == was.state])
+            if self.rng.random() < 0.5:  # the number goes on, and so do days and destination
+                b.party = other
+            self.books.saved(b)
+            self.clerk.mend_head(b, was, b.party if b.party is not was else None)
 
     def drop(self):
         if b := self.some_bill(2):
             index = self.rng.randrange(1, len(b.lines))
             del b.lines[index]
+            b.lines[0].work_out()  # it is stored again, with the taxes of its rates
             b.work_out()
+            self.books.saved(b)
             self.clerk.drop_line(b, index)
 
     def add(self):
         if b := self.some_bill():
             b.lines.append(self.line(b.party))
             b.work_out()
+            self.books.saved(b)
             self.clerk.add_line(b)
 
     def delete(self):
@@ -195,6 +218,7 @@ class Year:
                     self.plain_lines(party, 4), self.rng.choice([0, 10, 2.5]), self.rng.choice([0, 25.5]), self.rng.choice(["", "ON APPROVAL"]))
         c.work_out()
         self.books.challans[c.number] = c
+        self.books.saved(c)
         self.clerk.challan(c)
 
     def mend_challan(self):
@@ -202,6 +226,7 @@ class Year:
             c = self.rng.choice(list(self.books.challans.values()))
             c.lines[0].quantity = self.rng.randrange(21, 30)
             c.work_out()
+            self.books.saved(c)
             self.clerk.mend_challan(c)
 
     def delete_challan(self):
@@ -226,10 +251,11 @@ class Year:
     def receipt(self, book="RC"):
         rng, books = self.rng, self.books
         place = rng.choice([CASH, CASH, next(p.code for p in books.parties if p.group == BANKS)])
-        m = Money(book, books.next(books.money[book]), self.today, place, self.choose(DEBTORS if book == "RC" else CREDITORS),
+        m = Money(book, books.next(books.money[book]), self.some_day(), place, self.choose(DEBTORS if book == "RC" else CREDITORS),
                   rng.choice([rng.randrange(1, 300) * 100, rng.randrange(100, 900000) / 100]), rng.choice(["", "PART OF IT"]))
         books.money[book][m.number] = m
-        self.clerk.money(m)
+        books.saved(m)
+        self.clerk.money(m, self.today)
 
     def payment(self):
         self.receipt("PY")
@@ -238,9 +264,12 @@ class Year:
         if self.books.money["RC"]:
             m = self.rng.choice(list(self.books.money["RC"].values()))
             m.amount, m.day = self.rng.randrange(100, 900000) / 100, self.some_day()
+            self.books.saved(m)
             self.clerk.mend_money(m)
 
     def delete_money(self):
         if self.books.money["RC"]:
             m = self.books.money["RC"].pop(self.rng.choice(list(self.books.money["RC"])))
+            del self.books.standing["RC", m.number]
             self.clerk.delete("Receipts", m)
+            self.clerk.balances(m)
