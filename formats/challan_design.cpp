@@ -26,7 +26,10 @@ std::vector<LineColumn> lineColumns(const Bill& bill, const GoodsFields& of) {
 }
 // clang-format on
 
-std::string moneyText(const std::string& x) { return "TEXT(" + x + "," + quoted(kMoney) + ")"; }
+// A format with conditions loses the sign of a negative number in some programs.
+std::string moneyText(const std::string& x) {
+  return "IF(" + x + "<0,\"-\",\"\")&TEXT(ABS(" + x + ")," + quoted(kMoney) + ")";
+}
 
 std::vector<Facts::Named> discountAndCharges(const Bill&) {
   const auto percent = ofChallan("CHLN.DISC_PERC");

@@ -12,7 +12,7 @@ namespace {
 // clang-format off
 const Form kForm{
     .pages = 3, .slots = 26,
-    .head = {18, 26.25, 39, 19.5, 69, 18.75},
+    .head = {18, 26.25, 39, 27, 69, 18.75},
     .foot = {16.5, 39, 24, 64.5},
     .slot = 18,
 };
@@ -38,10 +38,10 @@ class Design : public ChallanDesign {
     Style line{.size = 20, .bold = true, .colour = kAccent, .across = Across::Centre, .shrink = true};
     sheet_.formula(at(row + 1, kAll), with(line, sides(Edge::Thin)), company_.name);
     cell(at(row + 2, kAll), {.size = 8.5, .across = Across::Centre, .edges = kTray}, sender_);
-    Style heading{.size = 9.5, .bold = true, .shrink = true, .indent = 1, .edges = kLid};
-    sheet_.formula(at(row + 3, kLeft), heading, "\"Consignee : \"&" + bill_.buyer.wholeName);
-    sheet_.formula(at(row + 3, kRight), heading,
-                   labelled("Challan No : ", bill_.number) + "&\"          Date : \"&" + dayText(bill_.date));
+    const Style heading{.size = 9, .bold = true, .indent = 1, .edges = kLid};
+    cell(at(row + 3, kLeft), heading, "\"Consignee : \"&" + bill_.buyer.wholeName);
+    cell(at(row + 3, kRight), heading,
+         labelled("Challan No : ", bill_.number) + "&\"          Date : \"&" + dayText(bill_.date));
     const Style block{.size = 8.5, .down = Down::Top, .indent = 1, .edges = kTray};
     cell(at(row + 4, kLeft), block, address_);
     cell(at(row + 4, kRight), block, journey_);

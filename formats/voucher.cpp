@@ -33,8 +33,8 @@ class Card {
       sheet_.height(row++, height);
       down += height;
     }
-    sheet_.height(row++, 47 * kPointsPerMm - kMargin - down);
-    sheet_.height(row, 33);
+    sheet_.height(row++, 43 * kPointsPerMm - kMargin - down);
+    sheet_.height(row, 45);
     sheet_.height(row + 1, 93);
     sender();
     address(row);
@@ -79,7 +79,7 @@ class Card {
     const auto call = facts_.add("Phone line", labelled("Phone : ", phone));
     const auto lines =
         stacked(facts_, "Address", {of("Address 1", rpt(2)), of("Address 2", rpt(3)), area, town, call});
-    const Style name{.size = 13, .bold = true, .down = Down::Bottom, .wrap = true};
+    const Style name{.size = 12, .bold = true, .down = Down::Bottom, .wrap = true};
     sheet_.formula({row, 'B'}, name, of("Name", rpt(1)));
     sheet_.formula({row + 1, 'B'}, {.size = 11, .down = Down::Top, .wrap = true}, lines);
   }

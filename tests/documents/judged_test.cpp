@@ -2,7 +2,7 @@
 #include <sstream>
 
 #include "documents/invoice.h"
-#include "invoice_fixture.h"
+#include "papers_fixture.h"
 
 // A spreadsheet program judges: it must show of the filled workbooks what our papers show, and
 // designs that it has saved or changed must make papers as before.
@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class Judged : public InvoiceTest {
+class Judged : public PapersTest {
  protected:
   void SetUp() override {
     if (output("command -v soffice").empty()) GTEST_SKIP() << "no spreadsheet program is installed";
@@ -97,9 +97,6 @@ class Judged : public InvoiceTest {
     EXPECT_NE(output("pdffonts '" + paper.string() + "'").find("LiberationSerif"), std::string::npos);
     EXPECT_NE(output("pdfimages -list '" + paper.string() + "' | tail -n +3"), "");
   }
-
-  Screens screens;
-  PaperHost host{screens};
 };
 
 TEST_F(Judged, DesignsAsTheyAreSavedAgainAndChanged) {
@@ -138,6 +135,43 @@ TEST_F(Judged, DesignsAsTheyAreSavedAgainAndChanged) {
     const std::string paper = (folder / file("again")).string();
     EXPECT_EQ(output("qpdf --check '" + paper + "' > /dev/null 2>&1; echo $?"), "0\n");
     EXPECT_EQ(output("pdffonts '" + paper + "' | tail -n +3 | awk '$(NF-4) != \"yes\"'"), "");
+  }
+}
+
+TEST_F(Judged, TheOtherPapers) {
+  longQuotation(1, 40);
+  challan(1, 40, 30, 5.25);
+  longBill(7, 20);
+  session().mprnsheet = "D_C";
+  const struct {
+    const char *name, *copy;
+    std::function<fs::path()> paper;
+    std::function<void()> workbook;
+  } papers[] = {
+      {"quotation", "QUOTITM.xlsx", [&] { return quotationPaper(1); },
+       [&] { RenderQuotation(host, 1, "QUOTATION"); }                                                                        },
+      {"challan8",  "INVGEN.xlsx",  [&] { return challanPaper(1, 8); }, [&] { RenderChallan(host, 1, "CH"); }                },
+      {"challan9",  "INVGEN.xlsx",  [&] { return challanPaper(1, 9); }, [&] { RenderChallan(host, 1, "CH"); }                },
+      {"slip",      "INVGEN.xlsx",  [&] { return slip(7); },            [&] { RenderDeliverySlip(host, 7, "Delivery Slip"); }},
+      {"card",      "voucher.xlsx", [&] { return card("A00001"); },
+       [&] { RenderAddressCard(host, "A00001", "adcrd"); }                                                                   },
+  };
+  fs::create_directories(folder / "filled");
+  for (const auto& paper : papers) {
+    fs::copy_file(paper.paper(), folder / (paper.name + std::string(".pdf")));
+    session().mprnmode.clear();
+    paper.workbook();
+    ASSERT_EQ(host.lastMessage(), "") << paper.name;
+    fs::copy_file(folder / "BILLS" / paper.copy, folder / "filled" / (paper.name + std::string(".xlsx")));
+  }
+  convert("filled/*.xlsx", "pdf", "judged");
+  for (const auto& paper : papers) {
+    const fs::path own = folder / (paper.name + std::string(".pdf"));
+    const fs::path judged = folder / "judged" / own.filename();
+    EXPECT_GT(figures(own).size(), 20u);
+    EXPECT_EQ(figures(own), figures(judged)) << paper.name;
+    EXPECT_EQ(pdfPages(own), pdfPages(judged)) << paper.name;
+    EXPECT_EQ(output("qpdf --check '" + own.string() + "' > /dev/null 2>&1; echo $?"), "0\n");
   }
 }
 

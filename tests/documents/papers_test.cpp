@@ -1,0 +1,266 @@
+#include "base/text.h"
+#include "formats/sheet3.h"
+#include "papers_fixture.h"
+
+// What the papers beside the invoice say: figures are read back from the PDF files.
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string squeezed(const std::string& text) { return std::regex_replace(text, std::regex(" +"), " "); }
+
+size_t count(const std::string& text, const std::string& what) {
+  size_t n = 0;
+  for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + what.size())) ++n;
+  return n;
+}
+
+using Papers = PapersTest;
+
+TEST_F(Papers, AQuotationSaysWhatIsOffered) {
+  quotation(1, {
+                   {"I0000002",              "STEEL BOTTLE", "5",   "450.5",  "2591.51", 2.5,  2196.19, 9,     197.66   },
+                   { "I0000001",         "COTTON SHIRT",            "2", "799", "1677.9",         0, 1598,     2.5, 39.95, "BLUE 42"},
+                   { "MISC", "INSTALLATION AT SITE",            "1", "150",    "150",         0,  150,       0,     0,     "JOB"},
+  });
+  const auto file = quotationPaper(1);
+  ASSERT_EQ(pdfPages(file), 1);
+  const auto text = squeezed(pdfText(file));
+  // 2196.19 + 1598 + 150 and twice 237.61 make 4419.41.
+  expectAll(text, {
+                      "QUOTATION",
+                      "Page 1 of 1",
+                      "SHREE GANESH TRADERS",
+                      "RAJESH & SONS",
+                      "GSTIN : 24AAACR5055K1Z7",
+                      "Quotation No 1 Date 15/06/2026",
+                      "Place of Supply Gujarat (24)",
+                      "Kind Attn. : R PATEL",
+                      "Your Ref. : MAIL OF 12 JUNE",
+                      "Subject : BOTTLES FOR THE CANTEEN",
+                      "1 STEEL BOTTLE 73239390 5 PCS 450.50 2.5 2,196.19 18 395.32 2,591.51",
+                      "2 COTTON SHIRT, BLUE 42 62052000 2 PCS 799.00 1,598.00 5 79.90 1,677.90",
+                      "3 INSTALLATION AT SITE, JOB 1 PCS 150.00 150.00 150.00",
+                      "Total 8 3,944.19 475.22 4,419.41",
+                      "Taxable value 3,944.19",
+                      "CGST 237.61",
+                      "SGST 237.61",
+                      "Round off -0.41",
+                      "₹ 4,419.00",
+                      "Rupees : FOUR THOUSAND FOUR HUNDRED NINTEEN ONLY",
+                      "Authorised Signatory",
+                  });
+}
+
+TEST_F(Papers, TermsThatAreEmptyLeaveNoLabel) {
+  longQuotation(1, 1);
+  const auto text = squeezed(pdfText(quotationPaper(1)));
+  expectAll(text, {"Validity : 30 DAYS", "Rate Specs : FIRM", "Taxes : 50% ADVANCE"});
+  for (const char* label :
+       {"Pay Terms", "Deli Terms", "Pckng-Fwd", "Instl Chrg", "Subject To", "Round off", "IGST"})
+    EXPECT_EQ(count(text, label), 0u) << label;
+
+  data().exec(
+      "UPDATE QUOT SET DESC2 = 'A', DESC4 = 'B', DESC5 = 'C', DESC6 = 'D', DESC7 = 'E', TO_NAME = '.',"
+      " YOUR_REF_NO = '', SUB_DESC = NULL");
+  const auto full = squeezed(pdfText(quotationPaper(1)));
+  expectAll(full, {"Pay Terms : A", "Deli Terms : B", "Pckng-Fwd : C", "Instl Chrg : D", "Subject To : E"});
+  for (const char* label : {"Kind Attn", "Your Ref", "Subject :"}) EXPECT_EQ(count(full, label), 0u) << label;
+}
+
+TEST_F(Papers, AQuotationRunsOverSevenPages) {
+  const std::pair<int, int> cases[] = {
+      {22,  1},
+      {23,  2},
+      {40,  2},
+      {154, 7}
+  };  // lines, pages
+  for (const auto& [lines, pages] : cases) {
+    longQuotation(lines, lines);
+    const auto file = quotationPaper(lines);
+    ASSERT_EQ(pdfPages(file), pages) << lines;
+    EXPECT_EQ(count(pdfText(file), "STEEL BOTTLE"), static_cast<size_t>(lines));
+  }
+  // Bottles 1 to 22 are 253 at 100, all forty lines 820.
+  const auto file = folder / "BILLS" / "MIRAV_QUOT_40.pdf";
+  expectAll(squeezed(pdfText(file, 1)),
+            {"Page 1 of 2", "Carried forward 253 25,300.00 4,554.00 29,854.00",
+             "1 1 - 22 25,300.00 4,554.00 29,854.00", "Continued on page 2 of 2"});
+  expectAll(squeezed(pdfText(file, 2)),
+            {"Page 2 of 2", "23 STEEL BOTTLE 73239390 23 PCS 100.00 2,300.00 18 414.00",
+             "Total 820 82,000.00 14,760.00 96,760.00", "₹ 96,760.00"});
+}
+
+TEST_F(Papers, AChallanSaysWhatGoesWithTheGoods) {
+  challan(1, 2, 30, 5.25);
+  data().exec("UPDATE CHLNITM SET ITEM_CD = 'MISC', ITEM_DESC = 'LOOSE PARTS' WHERE SR_NO = 2");
+  for (const int design : {8, 9}) {
+    const auto text = squeezed(pdfText(challanPaper(1, design), 1));
+    // 100.5 + 201 = 301.5, less 30 with 5.25
+    expectAll(text, {
+                        "DELIVERY CHALLAN",
+                        "ORIGINAL FOR CONSIGNEE",
+                        "SHREE GANESH TRADERS",
+                        "12, ASHRAM ROAD, AHMEDABAD",
+                        "GSTIN : 24ABCDE1234F1Z5 State : Gujarat (24)",
+                        "RAJESH & SONS",
+                        "PLOT 14, UDHNA, SURAT - 394210",
+                        "GSTIN : 24AAACR5055K1Z7",
+                        "DC / 1",
+                        "15/06/2026",
+                        "Place of Supply : Gujarat (24)",
+                        "Order No : PO/7",
+                        "Transport : MARUTI",
+                        "Destination : ANAND",
+                        "1 STEEL BOTTLE 73239390 1 PCS 100.50 100.50",
+                        "2 LOOSE PARTS 2 PCS 100.50 201.00",
+                        "Total 3 301.50",
+                        "Discount 10 % -30.00",
+                        "Charges 5.25",
+                        "276.75",
+                        "TWO HUNDRED SEVENTY SIX AND SEVENTY FIVE",
+                        "Remarks : ON APPROVAL",
+                        "Receiver's Signature",
+                        "Authorised Signatory",
+                    });
+    EXPECT_EQ(count(text, "L.R."), 0u);
+  }
+  const char* const marks[] = {"ORIGINAL FOR CONSIGNEE", "DUPLICATE FOR TRANSPORTER",
+                               "TRIPLICATE FOR CONSIGNER"};
+  const auto copies = challanPaper(1, 8);
+  ASSERT_EQ(pdfPages(copies), 3);
+  for (int copy = 1; copy <= 3; ++copy) {
+    const auto text = pdfText(copies, copy);
+    for (int mark = 1; mark <= 3; ++mark)
+      EXPECT_EQ(count(text, marks[mark - 1]), mark == copy ? 1u : 0u) << copy;
+  }
+
+  // Without rates it tells quantities alone.
+  data().exec("UPDATE CHLNITM SET RATE = 0, NET_AMOUNT = 0");
+  data().exec("UPDATE CHLN SET DISC_PERC = 0, DISC_AMT = 0, CHRGS = 0, NET_AMT = 0");
+  const auto bare = squeezed(pdfText(challanPaper(1, 9)));
+  expectAll(bare, {"1 STEEL BOTTLE 73239390 1 PCS", "Total 3"});
+  for (const char* none : {"0.00", "Rupees", "Net value", "Discount"})
+    EXPECT_EQ(count(bare, none), 0u) << none;
+}
+
+TEST_F(Papers, AChallanRunsOverItsPages) {
+  const struct {
+    int design, slots, pages, copies;
+  } designs[] = {
+      {8, 17, 6, 3},
+      {9, 26, 3, 1},
+  };
+  for (const auto& [design, slots, pages, copies] : designs)
+    for (const int lines : {slots, slots + 1, slots * pages, slots * pages + 2}) {
+      const double number = 1000 * design + lines;
+      challan(number, lines);
+      const auto file = challanPaper(number, design);
+      const int printed = std::min((lines + slots - 1) / slots, pages);
+      ASSERT_EQ(pdfPages(file), printed * copies) << lines;
+      const auto first = squeezed(pdfText(file, 1)), last = squeezed(pdfText(file, printed));
+      EXPECT_EQ(count(pdfText(file), "STEEL BOTTLE"),
+                static_cast<size_t>(std::min(lines, slots * pages) * copies));
+      EXPECT_EQ(count(first, "Carried forward " + std::to_string(slots * (slots + 1) / 2) + " "),
+                printed > 1 ? 1u : 0u);
+      EXPECT_EQ(count(last, "Total " + std::to_string(lines * (lines + 1) / 2) + " "), 1u) << last;
+      EXPECT_EQ(count(last, "2 more lines not shown"), lines > slots * pages ? 1u : 0u);
+    }
+}
+
+TEST_F(Papers, ADeliverySlipIsMadeOfABill) {
+  longBill(7, 18);
+  data().exec("UPDATE SALE SET BL_TYPE = 'RETAIL'");
+  const auto file = slip(7);
+  ASSERT_EQ(pdfPages(file), 2);
+  expectAll(
+      squeezed(pdfText(file, 1)),
+      {"Delivery Slip", "GSTIN : 24ABCDE1234F1Z5", "RAJESH & SONS", "007", "15/06/2026", "L.R. No : LR-4471",
+       "17 STEEL BOTTLE 73239390 1 PCS 100.00 100.00", "Carried forward 17 1,700.00"});
+  expectAll(squeezed(pdfText(file, 2)), {"18 STEEL BOTTLE", "Total 18 1,800.00", "GST, round off 324.00",
+                                         "Net value 2,124.00", "TWO THOUSAND ONE HUNDRED TWENTY FOUR"});
+}
+
+TEST_F(Papers, AnAddressCardFitsTheWindow) {
+  data().exec("UPDATE ACCOUNT SET PHONE1 = '9898055555', ADD2 = 'NEAR THE MILL'");
+  const auto file = card("A00001");
+  ASSERT_EQ(pdfPages(file), 1);
+  expectAll(squeezed(pdfText(file)), {"SHREE GANESH TRADERS", "RAJESH & SONS", "PLOT 14", "NEAR THE MILL",
+                                      "UDHNA", "SURAT - 394210", "Phone : 9898055555"});
+  // Points from the left and the top: 20 mm are 56.7, the window reaches from 45 to 90 mm.
+  const auto places = wordPlaces(file);
+  for (const char* word : {"RAJESH", "PLOT", "UDHNA", "SURAT", "Phone"}) {
+    ASSERT_TRUE(places.contains(word)) << word;
+    const auto [left, top] = places.at(word);
+    EXPECT_NEAR(left, 56.7, 3) << word;
+    EXPECT_GE(top, 127) << word;
+    EXPECT_LE(top, 240) << word;
+  }
+  EXPECT_LT(places.at("GANESH").second, 60);
+}
+
+TEST_F(Papers, KeepLongNamesAndLargeAmounts) {
+  const char* const gujarati = "શ્રી મહાલક્ષ્મી ઇલેક્ટ્રિકલ્સ અને હાર્ડવેર";
+  data().exec("UPDATE ACCOUNT SET ACC_NAME = ?, ADD1 = ?, ADD2 = ? WHERE ACC_CD = 'A00001'",
+              "SHREE MAHALAXMI ELECTRICALS AND HARDWARE TRADING COMPANY PRIVATE LIMITED",
+              "SHOP NO 14-15-16, GROUND FLOOR, SILVER BUSINESS POINT, OPPOSITE CITY LIGHT",
+              "NEAR THE RAILWAY OVER BRIDGE, UTRAN TO MOTA VARACHHA ROAD");
+  data().exec("UPDATE COMP_DET SET ADDRS = ?", gujarati);
+  quotation(1, {
+                   {"I0000002", "STEEL BOTTLE", "99999", "9999.99", "999999999.4", 0, 847457626.9, 9,
+                    76271186.25}
+  });
+  data().exec(
+      "UPDATE QUOT SET TO_NAME = ?1, SUB_DESC = ?1, YOUR_REF_NO = ?1, DESC1 = ?1, DESC2 = ?1, DESC3 = ?1,"
+      " DESC4 = ?1, DESC5 = ?1, DESC6 = ?1, DESC7 = ?1, DESC8 = ?1",
+      "WITHIN THIRTY DAYS OF THE INVOICE, INTEREST OF EIGHTEEN PER CENT A YEAR FROM THEN; CHEQUES IN"
+      " THE COMPANYS NAME, HALF OF IT NOW ENDOFTERM");
+  challan(1, 1);
+  data().exec("UPDATE CHLNITM SET NET_AMOUNT = 999999999.99, ITEM_DESC = ?", gujarati);
+  data().exec("UPDATE CHLN SET NET_AMT = 999999999.99");
+  const auto quoted = quotationPaper(1);
+  for (const auto& file : {quoted, challanPaper(1, 9), challanPaper(1, 8)}) {
+    const auto text = pdfText(file, 1);
+    expectAll(text, {"MAHALAXMI", "LIMITED", "SILVER", "VARACHHA", "394210", "24AAACR5055K1Z7",
+                     "99,99,99,999.", "NINTY NINE CRORE NINTY NINE LAKH"});
+    EXPECT_EQ(count(text, "#"), 0u) << text;
+    // Everything lies on the paper.
+    const double width = file == (folder / "BILLS" / "MIRAV_CH_1.pdf") && pdfPages(file) == 3 ? 420 : 595;
+    for (const auto& [word, place] : wordPlaces(file)) {
+      EXPECT_GE(place.first, 8) << word;
+      EXPECT_LE(place.first, width - 8) << word;
+    }
+    EXPECT_EQ(output("qpdf --check '" + file.string() + "' > /dev/null 2>&1; echo $?"), "0\n");
+    if (file == quoted) {
+      EXPECT_EQ(count(text, "ENDOFTERM"), 11u) << text;
+    }
+  }
+}
+
+// Designs read by position.
+TEST_F(Papers, NameTheFieldsOfTheirQueries) {
+  using formats::sheet3::Query;
+  longQuotation(1, 1);
+  challan(1, 1);
+  longBill(7, 1);
+  const Row company = *data().first("SELECT * FROM COMP_DET");
+  const std::pair<Query, FilledSheet> sheets[] = {
+      {Query::Quotation, quotationSheet(data(), "",            company,                      1,       "QUOTATION")},
+      {Query::Challan,                challanSheet(data(),                        "",   1,      "CH")         },
+      {Query::Slip,                deliverySlipSheet(data(),                           "", company, 7)},
+  };
+  for (const auto& [query, sheet] : sheets) {
+    int column = 0;
+    for (const auto& field : formats::sheet3::fields(query)) {
+      const auto name = sheet.cells.at(6, ++column);
+      ASSERT_TRUE(name.text()) << field;
+      const auto bare = field.substr(field.find('.') + 1);
+      EXPECT_TRUE(sameText(*name.text(), field) || startsWithNoCase(*name.text(), bare) ||
+                  startsWithNoCase(*name.text(), field))
+          << "column " << column << " is " << *name.text() << ", not " << field;
+    }
+    EXPECT_TRUE(sheet.cells.at(6, column + 1).empty());
+  }
+}
+
+}  // namespace
