@@ -182,9 +182,11 @@ void Database::useSettings() {
   sqlite3_db_config(connection, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(connection, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
   registerFunctions(connection);
-  // Work tables stay in memory as long as they are small; a large sort does not.
-  for (const char* pragma : {"PRAGMA temp_store = FILE", "PRAGMA synchronous = FULL",
-                             "PRAGMA cache_size = -32000", "PRAGMA journal_mode = DELETE"})
+  // The page size is that of a new file. Work tables stay in memory as long as they are small; a large
+  // sort does not.
+  for (const char* pragma :
+       {"PRAGMA page_size = 8192", "PRAGMA temp_store = FILE", "PRAGMA synchronous = FULL",
+        "PRAGMA cache_size = -32000", "PRAGMA journal_mode = DELETE"})
     SQLite::Statement(handle_->sqlite, pragma).executeStep();
   // The first read of the file: what is no database shows here.
   SQLite::Statement(handle_->sqlite, "SELECT COUNT(*) FROM main.sqlite_master").executeStep();

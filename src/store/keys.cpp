@@ -72,9 +72,8 @@ Outcome addKey(Database& db, const TableKey& key) {
                     " (" + std::string(key.columns) + ")");
 }
 
-void EnsureIndexes(Database& db, std::string_view only) {
+void EnsureIndexes(Database& db) {
   for (const auto& index : indexes) {
-    if (!only.empty() && only != index.name) continue;
     if (db.first("SELECT 1 FROM main.sqlite_master WHERE type = 'index' AND name = ? COLLATE NOCASE",
                  index.name))
       continue;

@@ -27,8 +27,6 @@ struct Source {
 // Lists what to post; no longer there after dropList.
 constexpr const char* kList = "temp.TO_POST";
 
-constexpr const char *kPartyIndex = "ALEDGER_PARTY", *kVoucherIndex = "ALEDGER_VOUCHER";
-
 // One step in the index of each table for a voucher. IS, since two numbers that are missing are the same.
 std::string unposted(const Source& source) {
   return "SELECT V.rowid AS ITS_ROW FROM main." + source.table + " AS V WHERE " + source.books +
@@ -154,12 +152,7 @@ void postBills(Database& db, const Book& book, Which which) {
       {theirs, rounds,     "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION",     "BILL_NO", "NULL", "ROUND_OFF > 0"},
   };
   // clang-format on
-  for (const Posted& row : rows) {
-    post(db, row);
-    // The parties' own rows come in no order, so that their index is built over them at once. The rows
-    // of the other accounts follow in its order and are put in as they come.
-    EnsureIndexes(db, kPartyIndex);
-  }
+  for (const Posted& row : rows) post(db, row);
 }
 
 void postBills(Database& db, Which which) {
@@ -200,7 +193,8 @@ class Bulk {
 
  private:
   void set(const std::string& blanking, const std::string& kept, const std::string& measuringOff) {
-    db_.exec("PRAGMA main.secure_delete = " + blanking);
+    for (const char* schema : {"main", "temp"})
+      db_.exec(std::string("PRAGMA ") + schema + ".secure_delete = " + blanking);
     db_.exec("PRAGMA main.cache_size = " + kept);
     db_.exec("PRAGMA ignore_check_constraints = " + measuringOff);
   }
@@ -220,8 +214,8 @@ void postAll(Database& db, const PostingProgress& progress) {
   const Bulk bulk(db);
   Transaction all(db);
   step(" Progress ....", [&] {
-    // Built anew over many rows, not row by row.
-    for (const char* index : {kPartyIndex, kVoucherIndex})
+    // Indexes are built once over all rows, not row by row.
+    for (const char* index : {"ALEDGER_PARTY", "ALEDGER_VOUCHER"})
       db.exec(std::string("DROP INDEX IF EXISTS main.") + index);
     db.exec("DELETE FROM ALEDGER");
   });

@@ -188,10 +188,11 @@ TEST_F(DatabaseTest, ADamagedFileIsReportedAndNotPassedOver) {
   db.exec("CREATE TABLE t(a)");
   for (int i = 0; i < 500; ++i) db.exec("INSERT INTO t VALUES (?)", std::string(100, 'x'));
   const auto file = db.file();
+  const auto secondPage = static_cast<std::streamoff>(db.number("PRAGMA page_size"));
   db.close();
   {
     std::fstream bytes(file, std::ios::in | std::ios::out | std::ios::binary);
-    bytes.seekp(4096);
+    bytes.seekp(secondPage);
     bytes << std::string(20'000, '\xFF');
   }
   db.open(file);
