@@ -9,8 +9,15 @@ def quoted(text):
 
 
 class Script:
+    """Commands for the player, in parts: the program is started anew for each."""
+
     def __init__(self):
         self.lines = []
+        self.parts = [self.lines]
+
+    def new_part(self):
+        self.lines = []
+        self.parts.append(self.lines)
 
     def __call__(self, *lines):
         self.lines += lines
@@ -68,6 +75,16 @@ class Clerk:
         self.s.fill("txtFields(7)", "24")
         self.s.fill("txtFields(1)", "24AAKFS4821M1ZW")
         self.s("press cmdsave", "expect screen frmmain")
+
+    def start_again(self, name, today):
+        """A new start finds the company by its name and brings the stored balances up to date."""
+        s = self.s
+        s.new_part()
+        s("clock %s 08:50" % today, "focus lst")
+        s.type(name.lower().split()[0])  # the search takes no blanks
+        s("expect rows lst 1", "key Enter", "tick 4", 'expect caption contains "%s : 2627"' % name)
+        for code in sorted({r.account for rows in self.books.standing.values() for r in rows}):
+            s.sql("SELECT ROUND(CL_BAL, 2) FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(self.books.standing_balance(code))))
 
     def categories(self, categories):
         self.s('menu "Category Master"', "key Alt+A")
@@ -129,6 +146,17 @@ class Clerk:
                 self.s.fill("txtFields(45)", str(p.state))
             self.s("press cmdUpdate")
         self.s("answer Yes", "key Esc", 'expect message "Do you want to Exit"', "expect screen frmmain")
+
+    def register(self, p):
+        """A party gets its number: all its bills of the year are those of a registered one."""
+        s = self.s
+        s('menu "Account Master"', "key Alt+M")
+        s.type(p.code.lower())
+        s.keys("Enter")
+        s.expect("txtFields(1)", p.name)
+        s.fill("txtFields(44)", p.gstin)
+        s.keys("Enter")
+        s("press cmdUpdate", "answer Yes", "key Esc", 'expect message "Do you want to Exit"', "expect screen frmmain")
 
     # Bills and purchases
 

@@ -11,6 +11,7 @@ KINDS = ["GRAIN BAG", "SPICE BOX", "LADDER", "LAMP", "PAINT", "HAMMER", "ROPE", 
 WORDS = ["HARSH", "GIRNAR", "NAVRANG", "O'NEIL & SONS", "SHREEJI", "MEHTA", "PARIMAL", "GOKUL", "DHRUV", "MODI"]
 PLACES = {24: ["ANAND", "NADIAD", "SURAT"], 27: ["NASHIK", "PUNE"], 8: ["JAIPUR"], 29: ["HUBLI"]}
 UPDATE_IN = 9  # the month of the database update
+RESTARTS = 3, 8  # months before which the program is started anew
 
 
 class Year:
@@ -24,6 +25,9 @@ class Year:
         self.clerk.company("YEAR STORES")
         self.masters()
         for month in range(12):
+            if month in RESTARTS:
+                self.clerk.start_again("YEAR STORES", self.today)
+                self.newly_registered()
             self.script.note("Month %d" % (month + 1))
             self.month(datetime.date(2026 + (month + 3) // 12, (month + 3) % 12 + 1, 1))
         self.clerk.post()
@@ -71,6 +75,11 @@ class Year:
         self.books.parties += new
         self.clerk.parties(new)
 
+    def newly_registered(self):
+        p = next(p for p in self.books.parties if p.group == DEBTORS and len(p.gstin) < 2 and p.city)
+        p.gstin = "%02dNEWLY%sF1Z5" % (p.state, p.code[2:])
+        self.clerk.register(p)
+
     # Months and days
 
     def month(self, first):
@@ -79,7 +88,7 @@ class Year:
         days = sorted(rng.sample(range((after - first).days), 9))
         todo = ["bill"] * 25 + ["purchase"] * 3 + ["receipt"] * 5 + ["payment"] * 2 + ["challan", "quotation"] * 2
         todo += rng.sample(["mend", "head", "drop", "add"], 3) + rng.choice([["delete"], []]) + [rng.choice(["mend_challan", "mend_quotation", "mend_money"])]
-        for kind in ("challan", "money", "last"):
+        for kind in ("challan", "money", "quotation", "last"):
             if rng.random() < 0.25:
                 todo.append("delete_" + kind)
         rng.shuffle(todo)
@@ -247,6 +256,11 @@ class Year:
             q.lines[0].quantity = self.rng.randrange(21, 30)
             q.work_out()
             self.clerk.mend_quotation(q)
+
+    def delete_quotation(self):
+        if self.books.quotations:
+            q = self.books.quotations.pop(self.rng.choice(list(self.books.quotations)))
+            self.clerk.delete("Quotation", q)
 
     def receipt(self, book="RC"):
         rng, books = self.rng, self.books
