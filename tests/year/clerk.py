@@ -1,170 +1,19 @@
 """The shopkeeper's hands: each voucher as the keys that enter, mend or delete it, written into a script."""
+from books import CASH, CREDITORS
 from rules import number
+from shop import Shop
 
 MISC_WORK = "FITTING AT SITE"
 
 
-def quoted(text):
-    return '"%s"' % text.replace("\\", "\\\\").replace('"', '\\"')
-
-
-class Script:
-    """Commands for the player, in parts: the program is started anew for each."""
-
-    def __init__(self):
-        self.lines = []
-        self.parts = [self.lines]
-
-    def new_part(self):
-        self.lines = []
-        self.parts.append(self.lines)
-
-    def __call__(self, *lines):
-        self.lines += lines
-
-    def note(self, text):
-        self.lines += ["", "# " + text]
-
-    def type(self, text):
-        self("type " + quoted(text))
-
-    def fill(self, control, text):
-        self("fill %s %s" % (control, quoted(text)))
-
-    def keys(self, keys):
-        self("key " + keys)
-
-    def expect(self, what, text):
-        self("expect %s %s" % (what, quoted(text)))
-
-    def sql(self, statement, answer):
-        self('expect sql data %s %s' % (quoted(statement), quoted(answer)))
-
-
-class Clerk:
-    def __init__(self, script, books):
-        self.s, self.books = script, books
-        self.desk = None
-
-    def at(self, menu):
-        """The screen of a menu entry, kept open while one voucher follows another."""
-        if self.desk == menu:
-            return False
-        self.leave()
-        self.s("menu " + quoted(menu))
-        self.desk = menu
-        return True
-
-    def leave(self):
-        if self.desk in ("Receipts", "Payments"):
-            self.s("press cmdClose")
-        elif self.desk:
-            self.s("press cmdclose")
-        if self.desk:
-            self.s("expect screen frmmain")
-        self.desk = None
-
-    def company(self, name):
-        self.s("clock 2026-04-01 09:00", "press mnunewcomp")
-        self.s.type(name.lower())
-        self.s.keys("Enter")
-        self.s.type("2026")
-        self.s("answer Yes", "key Enter", "tick 4", 'expect message "Are You Sure"', 'expect message "company created"')
-        self.s('menu "Company Details Set"')
-        self.s.fill("txtFields(2)", name.lower())
-        self.s.fill("txtFields(7)", "24")
-        self.s.fill("txtFields(1)", "24AAKFS4821M1ZW")
-        self.s("press cmdsave", "expect screen frmmain")
-
-    def start_again(self, name, today):
-        """A new start finds the company by its name and brings the stored balances up to date."""
-        s = self.s
-        s.new_part()
-        s("clock %s 08:50" % today, "focus lst")
-        s.type(name.lower().split()[0])  # the search takes no blanks
-        s("expect rows lst 1", "key Enter", "tick 4", 'expect caption contains "%s : 2627"' % name)
-        for code in sorted({r.account for rows in self.books.standing.values() for r in rows}):
-            s.sql("SELECT ROUND(CL_BAL, 2) FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(self.books.standing_balance(code))))
-
-    def categories(self, categories):
-        self.s('menu "Category Master"', "key Alt+A")
-        for c in categories:
-            self.s.expect("txtFields(0)", c.code)
-            self.s.type(c.name.lower())
-            self.s.keys("Enter Enter")
-            self.s.type(c.hsn)
-            self.s.keys("Enter Enter")
-            self.s.type(number(c.tax))
-            self.s.keys("Enter Enter Enter Enter")
-        self.s("key Alt+C", "key Esc", "expect screen frmmain")
-
-    def items(self, items):
-        self.s('menu "Item Master"')
-        for item in items:
-            self.s.expect("Text1(0)", item.code)
-            for text in (item.name.lower(), item.category.lower(), item.units[0].name.lower(), number(item.tax), item.hsn):
-                self.s.type(text)
-                self.s.keys("Enter")
-            self.s.keys("Enter Enter")
-            for i, unit in enumerate(item.units):
-                self.s.fill("Text1(6)", unit.name)
-                self.s.keys("Enter")
-                self.s.type(number(unit.purchase))
-                self.s.keys("Enter")
-                self.s.type(number(unit.sale))
-                self.s.keys("Enter Enter Enter")
-                if unit.discount:
-                    self.s.type(number(unit.discount))
-                self.s.keys("Enter Enter")
-                self.s("expect rows DataGrid1 %d" % (i + 1))
-            self.s.keys("PgDn Enter")
-        self.s("answer Yes", "key Esc", "expect screen frmmain")
-
-    def parties(self, parties):
-        """A registered one by its number, which gives the state; "." by a number that is refused; "X" without asking."""
-        self.s('menu "Account Master"', "key Alt+A")
-        for p in parties:
-            self.s.expect("txtFields(0)", p.code)
-            self.s.type(p.name.lower())
-            self.s.keys("Enter")
-            self.s.fill("txtFields(2)", str(p.group))
-            self.s.keys("Enter")
-            self.s.type(number(p.opening))
-            self.s("answer No", "key Enter", 'expect message "Save Entry = Yes ::  Enter Other Details = No"')
-            for index, text in ((4, number(p.days)), (5, p.address[0]), (6, p.address[1]), (7, p.city), (9, p.area), (10, p.phone)):
-                if text:
-                    self.s.fill("txtFields(%d)" % index, text)
-            if p.gstin:
-                self.s.fill("txtFields(44)", "24AAA" if p.gstin == "." else p.gstin)
-            if len(p.gstin) == 15:
-                self.s.keys("Enter")
-                self.s.expect("txtFields(45)", "%02d" % p.state)
-            else:
-                if p.gstin == ".":
-                    self.s.keys("Enter")
-                    self.s('expect message contains "INVALID GSTIN NO"')
-                self.s.fill("txtFields(45)", str(p.state))
-            self.s("press cmdUpdate")
-        self.s("answer Yes", "key Esc", 'expect message "Do you want to Exit"', "expect screen frmmain")
-
-    def register(self, p):
-        """A party gets its number: all its bills of the year are those of a registered one."""
-        s = self.s
-        s('menu "Account Master"', "key Alt+M")
-        s.type(p.code.lower())
-        s.keys("Enter")
-        s.expect("txtFields(1)", p.name)
-        s.fill("txtFields(44)", p.gstin)
-        s.keys("Enter")
-        s("press cmdUpdate", "answer Yes", "key Esc", 'expect message "Do you want to Exit"', "expect screen frmmain")
-
+class Clerk(Shop):
     # Bills and purchases
 
     def offered(self, line, party):
         """Rate and discount before anything is typed: of the first unit, and of the unit taken where that has none."""
         units = [line.item.units[0], next(u for u in line.item.units if u.name == line.unit)]
         first = lambda figures: next((f for f in figures if f > 0), 0)
-        if party.group == 135:
+        if party.group == CREDITORS:
             return first(u.purchase for u in units), 0
         return first(u.sale for u in units), first(u.discount for u in units)
 
@@ -412,7 +261,7 @@ class Clerk:
         s.expect("txtFields(0)", str(m.number))
         if m.day != today:
             s.fill("MaskEdBox1(0)", m.day.strftime("%d%m%Y"))
-        if m.place == "X90005":
+        if m.place == CASH:
             s.keys("Enter")
         else:
             s.keys("F5")
@@ -445,14 +294,3 @@ class Clerk:
         s.fill("txtFields(4)", number(m.amount))
         s("key Enter", "key Enter", "key Enter", "key Enter")
         self.balances(m)
-
-    def update(self):
-        self.leave()
-        s = self.s
-        s('menu "Database Check"', "press cmdupdate")
-        s('expect message contains "Backup Done"', 'expect message "PRIMARY KEY NOT SET FOR ITEMDTL  TABLE"', 'expect message "SUCCESS"')
-        s("expect screen frmmain")
-
-    def post(self):
-        self.leave()
-        self.s('menu "Posting"', "key Enter", 'expect message "POSTING IS COMPLETE"', "expect screen frmmain")

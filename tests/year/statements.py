@@ -67,7 +67,7 @@ def two_sided(r, code, start, end):
         if side == "D" and net <= 0:
             sides["D"].append([""] * 5)  # debits begin in the row below the opening whichever side that has
         sides[side] += [[str(x.number), x.book, x.day.strftime("%d/%m/%y"), r.books.name(x.against), money(x.amount)] for x in found if x.side == side]
-    if net == 0:
+    if net == 0:  # the first credit takes the place of an opening of nothing
         sides["C"] = sides["C"][1:] or sides["C"]
     size = max(map(len, sides.values()))
     padded = {side: rows + [[""] * 5] * (size - len(rows)) for side, rows in sides.items()}

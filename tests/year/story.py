@@ -3,8 +3,9 @@ import datetime
 import random
 
 from books import BANKS, CASH, CREDITORS, DEBTORS, PERIOD, Bill, Books, Category, Challan, Item, Line, Money, Party, Quotation, Unit
-from clerk import MISC_WORK, Clerk, Script
+from clerk import MISC_WORK, Clerk
 from rules import bill_date_passes, rounded
+from script import Script
 
 RATES = [0, 5, 12, 18, 28]
 KINDS = ["GRAIN BAG", "SPICE BOX", "LADDER", "LAMP", "PAINT", "HAMMER", "ROPE", "BASIN"]

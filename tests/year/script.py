@@ -1,0 +1,38 @@
+"""The commands of a script for the player."""
+
+
+def quoted(text):
+    return '"%s"' % text.replace("\\", "\\\\").replace('"', '\\"')
+
+
+class Script:
+    """Commands for the player, in parts: the program is started anew for each."""
+
+    def __init__(self):
+        self.lines = []
+        self.parts = [self.lines]
+
+    def new_part(self):
+        self.lines = []
+        self.parts.append(self.lines)
+
+    def __call__(self, *lines):
+        self.lines += lines
+
+    def note(self, text):
+        self.lines += ["", "# " + text]
+
+    def type(self, text):
+        self("type " + quoted(text))
+
+    def fill(self, control, text):
+        self("fill %s %s" % (control, quoted(text)))
+
+    def keys(self, keys):
+        self("key " + keys)
+
+    def expect(self, what, text):
+        self("expect %s %s" % (what, quoted(text)))
+
+    def sql(self, statement, answer):
+        self('expect sql data %s %s' % (quoted(statement), quoted(answer)))
