@@ -11,6 +11,7 @@
 #include "vouchers/calculation.h"
 #include "vouchers/ledger_rows.h"
 #include "vouchers/numbering.h"
+#include "vouchers/receipts.h"
 
 namespace {
 
@@ -194,22 +195,14 @@ class Books {
                           .creditDays = creditDays}));
   }
 
-  // Cash is debited, the party credited.
   void receipt(int n) {
-    const Date day = dayOf(n, size_.receipts);
-    const std::string payer = partyCode(partyOf(n, size_.parties)), cash = "X90005";
-    const double amount = 100 + static_cast<int>(n * 37L % 50'000);
-    db_.exec(
-        "INSERT INTO RPTPAY (VOUCH_NO, VOUCH_DT, CHQ_CLG_DT, REF_NO, CSHBNK_CD, PARTY_CD, AMOUNT, BOOK_CD,"
-        " RPTPAY_DTL, NARRATION, NARRATION1, NARRATION2, CHQ_NO, VOUCH_TYPE)"
-        " VALUES (?1, ?2, ?2, NUMTEXT(?1), ?3, ?4, ?5, 'RC', 'A', '', '.', '.', '.', '.')",
-        n, day, cash, payer, amount);
-    for (const bool debit : {true, false})
-      db_.exec(
-          "INSERT INTO ALEDGER (VOUCH_NO, SRNO, PARTY_BL, VOUCH_DT, CHQ_CLG_DT, VOUCH_TYPE, PARTY_CD,"
-          " PARTY_TCD, VOUCH_AMT, BOOK_CD, NARRATION, SUB_DESC, CHQ_NO, BW_AB, NARR1)"
-          " VALUES (?1, ?1, NUMTEXT(?1), ?2, ?2, ?3, ?4, ?5, ?6, 'RC', '', '0', '.', 'A', '.')",
-          n, day, debit ? "D" : "C", debit ? cash : payer, debit ? payer : cash, amount);
+    storeMoneyVoucher(db_, moneyBook("RECEIPT"),
+                      {.number = static_cast<double>(n),
+                       .date = dayOf(n, size_.receipts),
+                       .account = kCashAccount,
+                       .party = partyCode(partyOf(n, size_.parties)),
+                       .amount = 100.0 + static_cast<int>(n * 37L % 50'000),
+                       .narration = ""});
   }
 
   Database& db_;

@@ -40,8 +40,6 @@ void unpost(Database& db, const std::string& bookCode, double number) {
 }
 
 void post(Database& db, const MoneyBook& book, double number) {
-  // A repair that has its place here: statements print the number as it stands.
-  db.exec("UPDATE ACCOUNT SET GSTINNO = '.' WHERE GSTINNO IS NULL");
   unpost(db, book.code, number);
   if (!book.formerCode.empty()) unpost(db, book.formerCode, number);
   const auto statements =
@@ -75,16 +73,22 @@ std::optional<Row> findMoneyVoucher(Database& db, const MoneyBook& book, double 
       book.code, number);
 }
 
-bool saveMoneyVoucher(Database& db, const MoneyBook& book, const MoneyVoucher& voucher, Saving how) {
-  Transaction all(db);
+void storeMoneyVoucher(Database& db, const MoneyBook& book, const MoneyVoucher& voucher) {
   const auto standing = findMoneyVoucher(db, book, voucher.number);
-  if (how == Saving::Fresh && standing) return false;
   const Fields row = rowOf(book, voucher);
   if (standing)
     updateRows(db, "RPTPAY", row, "rowid = ?", {standing->value("ITS_ROW")});
   else
     insertRow(db, "RPTPAY", row);
   post(db, book, voucher.number);
+}
+
+bool saveMoneyVoucher(Database& db, const MoneyBook& book, const MoneyVoucher& voucher, Saving how) {
+  Transaction all(db);
+  if (how == Saving::Fresh && findMoneyVoucher(db, book, voucher.number)) return false;
+  // A repair that has its place here: statements print the number as it stands.
+  db.exec("UPDATE ACCOUNT SET GSTINNO = '.' WHERE GSTINNO IS NULL");
+  storeMoneyVoucher(db, book, voucher);
   RebuildOneBalance(db, trim(voucher.account));
   RebuildOneBalance(db, trim(voucher.party));
   all.commit();

@@ -44,7 +44,9 @@ std::optional<Row> findMoneyVoucher(Database& db, const MoneyBook& book, double 
 // voucher's number is taken; nothing has changed then. A party or account that a modify leaves
 // behind keeps its old balance until the balances are next refreshed.
 bool saveMoneyVoucher(Database& db, const MoneyBook& book, const MoneyVoucher& voucher, Saving how);
-// The row with its ledger rows, and the balances of its two accounts.
+// The row and its ledger rows alone, inside the caller's transaction, in the place of a stored one.
+void storeMoneyVoucher(Database& db, const MoneyBook& book, const MoneyVoucher& voucher);
+// Takes the row with its ledger rows away, and rebuilds the balances of its two accounts.
 void deleteMoneyVoucher(Database& db, const MoneyBook& book, double number);
 
 inline constexpr const char* kCashAccount = "X90005";

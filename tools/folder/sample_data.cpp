@@ -14,6 +14,7 @@
 #include "vouchers/book.h"
 #include "vouchers/calculation.h"
 #include "vouchers/numbering.h"
+#include "vouchers/receipts.h"
 #include "vouchers/saving.h"
 
 namespace fs = std::filesystem;
@@ -284,47 +285,15 @@ class Books {
     insertRow(db_, "T_SLITM", row);
   }
 
-  // One row of receipts, two of the ledger: cash is debited, the party credited.
   void enter(const SampleReceipt& receipt) {
-    const double number = db_.number("SELECT MAX(VOUCH_NO) FROM RPTPAY WHERE BOOK_CD = 'RC'") + 1;
-    const Date date = daysAgo(receipt.daysAgo);
-    constexpr const char* cash = "X90005";
-    // clang-format off
-    insertRow(db_, "RPTPAY", {
-        {"VOUCH_NO",   number},
-        {"VOUCH_DT",   date},
-        {"REF_NO",     numText(number)},
-        {"BOOK_CD",    "RC"},
-        {"CSHBNK_CD",  cash},
-        {"PARTY_CD",   receipt.party},
-        {"AMOUNT",     receipt.amount},
-        {"RPTPAY_DTL", "A"},
-        {"NARRATION",  receipt.narration},
-        {"NARRATION1", "."},
-        {"NARRATION2", "."},
-        {"CHQ_NO",     "."},
-        {"CHQ_CLG_DT", date},
-        {"VOUCH_TYPE", "."},
-    });
-    for (const bool debit : {true, false})
-      insertRow(db_, "ALEDGER", {
-          {"VOUCH_DT",   date},
-          {"VOUCH_NO",   number},
-          {"BOOK_CD",    "RC"},
-          {"VOUCH_TYPE", debit ? "D" : "C"},
-          {"PARTY_CD",   debit ? cash : receipt.party},
-          {"PARTY_TCD",  debit ? receipt.party : cash},
-          {"VOUCH_AMT",  receipt.amount},
-          {"PARTY_BL",   numText(number)},
-          {"NARRATION",  receipt.narration},
-          {"SUB_DESC",   0},
-          {"CHQ_NO",     "."},
-          {"CHQ_CLG_DT", date},
-          {"BW_AB",      "A"},
-          {"NARR1",      "."},
-          {"SRNO",       number},
-      });
-    // clang-format on
+    const MoneyBook& book = moneyBook("RECEIPT");
+    storeMoneyVoucher(db_, book,
+                      {.number = nextMoneyNumber(db_, book),
+                       .date = daysAgo(receipt.daysAgo),
+                       .account = kCashAccount,
+                       .party = receipt.party,
+                       .amount = receipt.amount,
+                       .narration = receipt.narration});
   }
 
   Database& db_;
