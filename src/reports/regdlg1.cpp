@@ -89,6 +89,11 @@ regdlg1::regdlg1(Host& theHost) : ChildScreen(theHost, table()) {
                            {"Grid1",      KeyCode::Left,   &regdlg1::toCredit   },
                            {"Grid1",      KeyCode::Right,  &regdlg1::toDebit    },
                            {"cmdsale",    On::Click,       &regdlg1::shortcut   },
+                           {"cmdsale",    Key::Alt('S'),   &regdlg1::saleLetter },
+                           {"cmdsale",    Key::Alt('P'),   &regdlg1::payLetter  },
+                           {"cmdsale",    Key::Alt('E'),   &regdlg1::costLetter },
+                           {"",           Key::Alt('S'),   &regdlg1::showLetter },
+                           {"",           Key::Alt('P'),   &regdlg1::printLetter},
                            {"cmdprint",   On::Click,       &regdlg1::print      },
                            {"cmdprint",   KeyCode::F2,     &regdlg1::preview    },
                            {"cmdexcel",   On::Click,       &regdlg1::excel      },
@@ -291,8 +296,7 @@ void regdlg1::openVoucher() {
 }
 
 // The shell's commands behind the shortcuts; those without one only put the column away.
-void regdlg1::shortcut() {
-  const int pressed = here().index;
+void regdlg1::enter(int pressed) {
   session().mreportrefresh = true;
   at("Frame1").visible = false;
   for (int n = 0; n < kShortcuts; ++n) at("cmdsale", n).visible = false;

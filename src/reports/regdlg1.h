@@ -36,7 +36,15 @@ class regdlg1 : public ChildScreen {
   Go toCredit() { return toSide(true); }
   Go toDebit() { return toSide(false); }
   Go toSide(bool credit);
-  void shortcut();
+  void enter(int shortcut);
+  void shortcut() { enter(here().index); }
+  // Letters that a shortcut shares with a button of the screen's own: they mean the shortcut while the
+  // focus is among the shortcuts, else the button alone, also while it is off.
+  Go saleLetter() { return enter(0), Go::Stay; }
+  Go payLetter() { return enter(3), Go::Stay; }
+  Go costLetter() { return enter(5), Go::Stay; }
+  Go showLetter() { return at("cmdshow").enabled ? Go::On : Go::Stay; }
+  Go printLetter() { return at("cmdprint").enabled ? Go::On : Go::Stay; }
 
   void print() { handOver(OutputTarget::Printer); }
   void preview() { handOver(OutputTarget::Preview); }
