@@ -27,7 +27,8 @@ void QtCanvas::text(const Text& text) {
   if (text.text.empty()) return;
   if (text.turn != 0) return turned(text);
   const QRectF box = rectOf(text.box), clip = rectOf(text.clip);
-  const auto layout = text.wrap ? setter_->wrapped(text, text.box.w, text.halign) : setter_->line(text);
+  const std::shared_ptr<QTextLayout> layout =
+      text.wrap ? setter_->wrapped(text, text.box.w, text.halign) : setter_->line(text);
   const double tall = setter_->lineHeight(text) * kUnits * layout->lineCount();
   QPointF at = box.topLeft();
   if (text.valign == VAlign::Middle) at.ry() += (box.height() - tall) / 2;
@@ -54,7 +55,8 @@ void QtCanvas::turned(const Text& text) {
   const HAlign along = text.valign == VAlign::Middle           ? HAlign::Centre
                        : (text.valign == VAlign::Bottom) == up ? HAlign::Left
                                                                : HAlign::Right;
-  const auto layout = wrapped ? setter_->wrapped(text, text.box.h, along) : setter_->line(text);
+  const std::shared_ptr<QTextLayout> layout =
+      wrapped ? setter_->wrapped(text, text.box.h, along) : setter_->line(text);
   const double w = wrapped ? text.box.h * kUnits : layout->lineAt(0).naturalTextWidth();
   const double h = setter_->lineHeight(text) * kUnits * layout->lineCount();
   const double angle = text.turn * M_PI / 180, c = std::fabs(std::cos(angle)), s = std::fabs(std::sin(angle));

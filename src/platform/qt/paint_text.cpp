@@ -192,8 +192,10 @@ double TextSetter::width(std::string_view text, const Font& font) {
   return width;
 }
 
-std::unique_ptr<QTextLayout> TextSetter::line(const Text& text) {
-  auto layout = TextSetter::layout(text, true);
+std::shared_ptr<QTextLayout> TextSetter::line(const Text& text) {
+  const Face* const own = text.runs.empty() ? &face(text.font) : nullptr;
+  if (own && own == lastFace_ && text.text == lastText_) return last_;
+  std::shared_ptr<QTextLayout> layout = TextSetter::layout(text, true);
   QTextOption option(Qt::AlignLeft);
   option.setWrapMode(QTextOption::NoWrap);
   option.setFlags(QTextOption::IncludeTrailingSpaces);
@@ -201,6 +203,9 @@ std::unique_ptr<QTextLayout> TextSetter::line(const Text& text) {
   layout->beginLayout();
   layout->createLine().setLineWidth(1e6);
   layout->endLayout();
+  last_ = layout;
+  lastText_ = text.text;
+  lastFace_ = own;
   return layout;
 }
 

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QTextLayout>
 #include <memory>
+#include <string>
 #include <unordered_map>
 
 #include "platform/paint.h"
@@ -22,7 +23,7 @@ class TextSetter {
   double lineHeight(const Text& text);  // of its largest piece
   // Lines broken to the width, in place from (0, 0) down.
   std::unique_ptr<QTextLayout> wrapped(const Text& text, double width, HAlign align);
-  std::unique_ptr<QTextLayout> line(const Text& text);
+  std::shared_ptr<QTextLayout> line(const Text& text);
 
  private:
   struct Key {
@@ -48,6 +49,10 @@ class TextSetter {
   static void addScripts(const QString& text, int from, int end, Face& face, Formats& formats);
 
   std::unordered_map<Key, Face, Hash> faces_;
+  // What was measured last is what is drawn next.
+  std::shared_ptr<QTextLayout> last_;
+  std::string lastText_;
+  const Face* lastFace_ = nullptr;
 };
 
 }  // namespace paint

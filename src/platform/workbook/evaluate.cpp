@@ -300,7 +300,7 @@ Operand Evaluator::evaluate(const Expression& expression, const Home& home, bool
     case Expression::Kind::Name:
       return named(expression, home, arrays);
     case Expression::Kind::Unknown:
-      if (!running_.empty()) warn(running_.back(), "the function " + expression.name + " is not known");
+      if (!running_.empty()) warn(running_.back(), "the function " + expression.name() + " is not known");
       return Value(Error::Name);
     case Expression::Kind::Array: {
       Table table;
@@ -410,10 +410,10 @@ Operand Evaluator::named(const Expression& expression, const Home& home, bool ar
   DefinedName* found = nullptr;
   if (!running_.empty()) spend(model_.names.size() / 16);
   for (DefinedName& name : model_.names)
-    if (sameText(name.name, expression.name) && (name.sheet == scope || (name.sheet < 0 && !found)))
+    if (sameText(name.name, expression.name()) && (name.sheet == scope || (name.sheet < 0 && !found)))
       found = &name;
   if (!found) {
-    if (!running_.empty()) warn(running_.back(), "the name " + expression.name + " is not known");
+    if (!running_.empty()) warn(running_.back(), "the name " + expression.name() + " is not known");
     return Value(Error::Name);
   }
   if (!found->expression) {

@@ -306,7 +306,7 @@ class Parser {
     if (sameText(name, "FALSE")) return constant(false);
     Expression result;
     result.kind = Expression::Kind::Name;
-    result.name = name;
+    result.constant = name;
     return result;
   }
 
@@ -315,7 +315,7 @@ class Parser {
     Expression result;
     result.function = findFunction(name);
     result.kind = result.function ? Expression::Kind::Call : Expression::Kind::Unknown;
-    result.name = name;
+    if (!result.function) result.constant = name;
     expect("(");
     while (true) {
       const char c = peek();

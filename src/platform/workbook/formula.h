@@ -55,13 +55,14 @@ enum class Operation {
 struct Expression {
   enum class Kind { Constant, Missing, Reference, Operation, Call, Unknown, Name, Array };
   Kind kind = Kind::Constant;
-  Value constant;
+  Value constant;  // the name of an unknown function, and a defined name
   Reference reference;
   Operation operation = Operation::Add;
   const Function* function = nullptr;
-  std::string name;                   // of an unknown function; of a defined name
   int rows = 1;                       // of an array constant; its values are the arguments
   std::vector<Expression> arguments;  // operands, too
+
+  const std::string& name() const { return *constant.text(); }
 };
 
 // Raised for what is passed over: another workbook, a table's column, broken text.
