@@ -54,7 +54,7 @@ def make(db, rng):
                AREA=pick(["ANAND", "GAMDI", None]), CITY=pick(["ANAND", "SURAT"]), PHONE1=pick(["98250", None]))
     for number in range(1, 200):
         if rng.random() < 0.8:  # else deleted: its ledger rows have stayed
-            insert(db, "SALE", VOUCH_NO=number, BOOK_CD=pick(["SA", "SA", "SR", "CH"]), GR_NO=pick(["", "7"]),
+            insert(db, "SALE", VOUCH_NO=number, BOOK_CD=pick(["SA", "SA", "SR", "CH", "PU", "PU", "PR"]), GR_NO=pick(["", "7"]),
                    TRANSPORT=pick(["", ".", "MARUTI ROADLINES", None]), PARCLE=pick(["", "2 BOXES"]))
     odd = set(CODES)  # one amount of three decimals each, so that no sum of them lies half-way
     for _ in range(5000):
@@ -64,7 +64,7 @@ def make(db, rng):
             odd.discard(code)
             amount = round(rng.randrange(10000) / 100 + pick([0.001, 0.004, 0.006]), 3)
         insert(db, "ALEDGER", VOUCH_DT=day(rng), VOUCH_NO=rng.randrange(1, 200), VOUCH_TYPE=pick("CCCCCCDDDDDd"),
-               BOOK_CD=pick(["SA", "SA", "SR", "CH", "RC", "PU", "PY"]), VOUCH_AMT=amount,
+               BOOK_CD=pick(["SA", "SA", "SR", "CH", "RC", "PU", "PR", "PY", "IC", "EP"]), VOUCH_AMT=amount,
                PARTY_CD=code.lower() if code and rng.random() < 0.05 else code, PARTY_TCD=pick(CODES + ["Z99999", None]),
                PARTY_BL=pick([None, "", "00%d" % rng.randrange(99)]), CHQ_NO=pick([None, "", ".", "004512"]),
                NARRATION=pick([None, narration(rng)]), NARR1=pick([None, "ANAND BRANCH"]), SRNO=pick([None, 0, 1, 2, 3]))
@@ -136,7 +136,7 @@ class Books:
         return inside
 
     def details(self, r):
-        sale = self.sales.get((r["VOUCH_NO"], r["BOOK_CD"])) if r["BOOK_CD"] in ("SA", "SR") else None
+        sale = self.sales.get((r["VOUCH_NO"], r["BOOK_CD"])) if r["BOOK_CD"] in ("SA", "SR", "PU", "PR") else None
         parts = [sale[c] for c in ("TRANSPORT", "GR_NO", "PARCLE")] if sale else [None]
         return "" if None in parts else " - ".join(parts)
 

@@ -55,7 +55,7 @@ class BillTest : public ::testing::Test {
     s.mstatecd = "24";
     s.mstartdt = Date{std::chrono::year{2026}, std::chrono::April, std::chrono::day{1}};
     s.menddt = Date{std::chrono::year{2027}, std::chrono::March, std::chrono::day{31}};
-    s.mlastacc = s.mlastitem = s.mreportkey = "";
+    s.mlastacc = s.mlastitem = s.mreportkey = s.mentrytype = "";
   }
   ~BillTest() override { session().cndata.reset(); }
 
