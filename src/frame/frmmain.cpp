@@ -123,11 +123,14 @@ frmmain::frmmain(Host& h) : Screen(h, ::spec()) {
   panels = {"", "", ""};
   timerMs = kTipEvery;
   wire<frmmain>(*this, {
-                           {"", Key::Ctrl('L'), &frmmain::ledger   },
-                           {"", Key::Ctrl('M'), &frmmain::accounts },
-                           {"", Key::Ctrl('I'), &frmmain::items    },
-                           {"", Key::Ctrl('G'), &frmmain::sales    },
-                           {"", Key::Ctrl('U'), &frmmain::purchases},
+                           {"", Key::Ctrl('L'),         &frmmain::ledger   },
+                           {"", Key::Ctrl('M'),         &frmmain::accounts },
+                           {"", Key::Ctrl('I'),         &frmmain::items    },
+                           {"", Key::Ctrl('G'),         &frmmain::sales    },
+                           {"", Key::Ctrl('U'),         &frmmain::purchases},
+                           {"", Key::Ctrl('S'),         &frmmain::stock    },
+                           {"", Key::Ctrl(KeyCode::F3), &frmmain::stock    },
+                           {"", Key::Ctrl(KeyCode::F2), &frmmain::period   },
   });
 }
 
@@ -248,6 +251,13 @@ void frmmain::chosen(const MenuEntry& entry) {
 
 void frmmain::toolChosen(const ToolEntry& entry) {
   if (const Command* command = commandOf(entry)) carryOut(host, *command);
+}
+
+// The tips name these keys too.
+void frmmain::stock() { ShowHint(host, "There Are No Stock Reports :: Ctrl+I = Item Master"); }
+
+void frmmain::period() {
+  ShowHint(host, "The A/c Period Is That Of The Company :: Another Year Opens From Company Selection");
 }
 
 void frmmain::restore() {

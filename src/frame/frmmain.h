@@ -23,6 +23,8 @@ class frmmain : public Screen {
   void items() { run("item"); }
   void sales() { run("SALE"); }
   void purchases() { run("PURCHASE"); }
+  void stock();
+  void period();
 
   void readCompany();
   void seed();

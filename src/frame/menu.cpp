@@ -58,7 +58,7 @@ constexpr Command kCommands[] = {
     {.menu = "mnuutils", .caption = "Posting",                      .control = "UTIL1", .index = 0,     .key = "posting",  .screen = "FRMPOST"},
     {.menu = "mnuutils", .caption = "Company Details Set",          .control = "UTIL1", .index = 1,     .key = "acc_set",  .entrytype = "acc_set",     .screen = "stngs"},
     {.menu = "mnuutils", .caption = "Voucher Format Set",           .control = "UTIL1", .index = 6,     .key = "formats",  .entrytype = "HIDELINEEXL", .screen = "VSETFRM"},
-    {.menu = "mnuutils", .caption = "Year End",                     .control = "mnuyrend",              .key = "yearend"},
+    {.menu = "mnuutils", .caption = "Year End",                     .control = "mnuyrend",              .key = "yearend",  .hint = "Nothing To Do At Year End :: The Next Year Is Made In Company Selection"},
     {.menu = "mnuutils", .caption = "Video Training",               .control = "mnuvideotrning",        .key = "training", .link = &Links::videoTraining},
     {.menu = "mnuutils", .caption = "Training Book Pdf",            .control = "mnutrngbkpdf",          .key = "book",     .link = &Links::trainingBook},
     {.menu = "mnuutils", .caption = "Update Software",              .control = "mnupdtsoft",            .key = "software", .link = &Links::softwareUpdate},
@@ -137,5 +137,6 @@ void carryOut(Host& host, const Command& command) {
   if (command.mastkey) s.mmastkey = command.mastkey;
   if (command.first) command.first(host);
   if (command.screen) host.open(command.screen);
+  if (*command.hint) ShowHint(host, command.hint);
   if (command.link) openTutorial(host, links().*command.link);
 }

@@ -20,6 +20,7 @@ struct Command {
   void (*first)(Host&) = nullptr;   // done before the screen is opened
   const char* screen = nullptr;     // null: opens none
   std::string Links::*link = nullptr;
+  const char* hint = "";  // what the hint line says of an entry that does nothing
   const char* tool = "";  // button of the tool bar that repeats it
 };
 

@@ -73,7 +73,12 @@ void CheckOnline(Host& host) { session().monline = host.online(); }
 
 void openTutorial(Host& host, const std::string& link) {
   CheckOnline(host);
-  if (session().monline && !link.empty()) host.openLink(link);
+  if (link.empty())
+    ShowHint(host, "No Page Has Been Set For This");
+  else if (!session().monline)
+    ShowHint(host, "Opens When This Computer Is Online");
+  else
+    host.openLink(link);
 }
 
 void passOver(Host& host, const std::function<void()>& step) {

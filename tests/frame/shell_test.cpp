@@ -213,9 +213,10 @@ TEST_F(Shell, EntriesFillTheSession) {
     EXPECT_EQ(s.mmastkey, c.mastkey) << c.caption;
     EXPECT_EQ(host_.hint(), "Not built yet") << c.caption;
   }
-  host_.hint("as it was");
+  const size_t open = host_.open().size();
   EXPECT_TRUE(host_.choose("Year End"));
-  EXPECT_EQ(host_.hint(), "as it was");
+  EXPECT_EQ(host_.hint(), "Nothing To Do At Year End :: The Next Year Is Made In Company Selection");
+  EXPECT_EQ(host_.open().size(), open);
 }
 
 TEST_F(Shell, AChildLocksTheMenusAndHidesThePicture) {
@@ -255,9 +256,20 @@ TEST_F(Shell, TheHintLineFollowsTheFieldOfAChild) {
 TEST_F(Shell, ShortcutsOpenTheEntriesOfTheirMeaning) {
   host_.key(Key::Ctrl('L'));
   EXPECT_EQ(session().mreportkey, "LEDGERS");
-  host_.hint("");
-  host_.key(Key::Ctrl(KeyCode::F2));
-  EXPECT_EQ(host_.hint(), "");
+  struct {
+    Key key;
+    const char* says;
+  } const without[] = {
+      {Key::Ctrl('S'),         "There Are No Stock Reports :: Ctrl+I = Item Master"        },
+      {Key::Ctrl(KeyCode::F3), "There Are No Stock Reports :: Ctrl+I = Item Master"        },
+      {Key::Ctrl(KeyCode::F2),
+       "The A/c Period Is That Of The Company :: Another Year Opens From Company Selection"},
+  };
+  for (const auto& c : without) {
+    host_.key(c.key);
+    EXPECT_EQ(host_.hint(), c.says);
+    EXPECT_EQ(host_.onTop(), "frmmain");
+  }
   for (const char key : {'M', 'I'}) {
     host_.hint("");
     host_.key(Key::Ctrl(key));
@@ -287,10 +299,12 @@ TEST_F(Shell, ToolsRepeatTheirEntries) {
 TEST_F(Shell, LinksOpenWhenThereIsOneAndTheMachineIsOnline) {
   host_.choose("Update Software");
   EXPECT_TRUE(host_.opened.empty());
+  EXPECT_EQ(host_.hint(), "No Page Has Been Set For This");
   links().softwareUpdate = "https://example.org/update";
   host_.isOnline = false;
   host_.choose("Update Software");
   EXPECT_FALSE(session().monline);
+  EXPECT_EQ(host_.hint(), "Opens When This Computer Is Online");
   host_.isOnline = true;
   host_.choose("Update Software");
   links() = {};
