@@ -153,6 +153,7 @@ void FRMHLP::opened(const Entry& entry) {
   }
   at("grdDataGrid").back = s.mreportkey == "GRAPHS" ? kGraphColour : kListColour;
   show(rows);
+  if (rows->counted() && rows->count() == 0) escMeans = "Nothing To Choose Yet  ::  Esc = Close";
   at("Text1").visible = entry.value != "second";
   focus(searchField());
   host.hint("Type To Find and Enter To Proceed");
