@@ -281,13 +281,15 @@ TEST(Draw, CroppedPicturesShowWhatIsLeft) {
       "<w xmlns:r=\"urn:r\"><oneCellAnchor><from><col>0</col><row>0</row></from><ext cx=\"127000\" "
       "cy=\"127000\"/>"
       "<pic><blipFill><blip r:embed=\"p\"/><srcRect l=\"25000\" "
-      "b=\"50000\"/></blipFill></pic></oneCellAnchor></w>";
+      "b=\"50000\"/></blipFill></pic></oneCellAnchor><oneCellAnchor>"
+      "<sp/><clientData/></oneCellAnchor></w>";
   parts["xl/_rels/d.xml.rels"] =
       "<Relationships><Relationship Id=\"p\" Type=\"http://x/image\" Target=\"p.gif\"/></Relationships>";
   parts["xl/p.gif"] = "GIF89a";
   Workbook book = Workbook::fromBytes(books::zipped(parts));
   books::Recorder recorder;
   workbook::draw(book, "S", recorder, books::HalfMetrics());
+  EXPECT_EQ(book.warnings(), std::vector<std::string>{"Sheet S: drawn shapes and charts are left out."});
   ASSERT_EQ(recorder.shownParts.size(), 1u);
   const paint::Rect shown = recorder.shownParts[0];
   EXPECT_EQ(shown.x, 0.25);

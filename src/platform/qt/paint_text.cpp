@@ -119,10 +119,10 @@ void TextSetter::addScripts(const QString& text, int from, int stop, Face& face,
   for (int at = from; at < stop;) {
     const Script* script = scriptOf(text[at]);
     int end = at + 1;
+    // Blanks, marks and digits take the script before them, for which other fonts are refused.
     const auto belongs = [&](int i) {
-      const bool between =
-          script && text[i] == QLatin1Char(' ') && i + 1 < stop && scriptOf(text[i + 1]) == script;
-      return scriptOf(text[i]) == script || between || (script && joiner(text[i]));
+      const bool neutral = text[i].script() == QChar::Script_Common || joiner(text[i]);
+      return scriptOf(text[i]) == script || (script && neutral);
     };
     while (end < stop && belongs(end)) ++end;
     if (script) {

@@ -46,9 +46,13 @@ void loadPictures(Model& model, SheetModel& sheet, const std::string& part) {
   const auto relations = model.container.relations(part);
   std::map<std::string, std::shared_ptr<const std::string>> files;
   const xml::Document document(model.container, part);
+  bool others = false;
   for (const Node node : document.root().children()) {
     const Node picture = xml::child(node, "pic");
-    if (!picture) continue;
+    if (!picture) {
+      others = others || xml::child(node, "clientData");
+      continue;
+    }
     const std::string_view id = xml::prefixed(xml::child(xml::child(picture, "blipFill"), "blip"), "embed");
     const auto relation =
         std::find_if(relations.begin(), relations.end(), [&](const Relation& r) { return r.id == id; });
@@ -81,6 +85,7 @@ void loadPictures(Model& model, SheetModel& sheet, const std::string& part) {
     sheet.pictures.push_back(std::move(result));
     if (sheet.pictures.size() > kMaxPictures) model.container.refuse("is too large.");
   }
+  if (others) model.loadWarnings.push_back("Sheet " + sheet.name + ": drawn shapes and charts are left out.");
 }
 
 }  // namespace workbook
