@@ -98,7 +98,7 @@ const ScreenSpec& spec() {
           {.name = "Image1",      .kind = Kind::Picture, .at = {.group = "Frame1", .rows = 20}},
           {.name = "lblnone",     .kind = Kind::Label, .at = {.group = "Frame1"}, .align = Align::Centre, .style = Style::Quiet},
 
-          {.name = "cmdsetvset",  .kind = Kind::Button, .label = "Set Design Number For Print", .at = {.group = "buttons"}, .tab = 4, .style = Style::Primary, .hint = "Press Enter To Print With These Designs"},
+          {.name = "cmdsetvset",  .kind = Kind::Button, .label = "Set Design Number For Print", .at = {.group = "buttons"}, .tab = 4, .style = Style::Primary, .hint = "Press Enter To Set These Designs For Print"},
           {.name = "Command1",    .kind = Kind::Button, .label = "&Close", .at = {.group = "buttons"}, .tab = 14},
       },
   };
@@ -176,6 +176,7 @@ void VSETFRM::setDesigns() {
   for (const Choice& choice : kChoices)
     data().exec("UPDATE SPSFILE SET VOUCH_QTY = ? WHERE VOUCH_NO = ?", session().*choice.design,
                 choice.setting);
+  ShowHint(host, "Bills, Quotations And Challans Print With These Designs Now");
 }
 
 void VSETFRM::leave() { host.close(*this); }

@@ -79,7 +79,7 @@ stngs::stngs(Host& h) : ChildScreen(h, ::spec()) {
   wire<stngs>(*this, {
                          {"cmdsave",  On::Click,    &stngs::save      },
                          {"cmdclose", On::Click,    &stngs::leave     },
-                         {"cmdcomp",  On::Click,    &stngs::load      },
+                         {"cmdcomp",  On::Click,    &stngs::loadAgain },
                          {"",         KeyCode::Esc, &stngs::askToLeave},
   });
 }
@@ -99,6 +99,11 @@ void stngs::load() {
   if (CheckTable("COMP_DET")) row = data().first("SELECT COMP_DET.* FROM COMP_DET");
   for (const Holding& h : kHoldings)
     set(at("txtFields", h.index), row && row->has(h.column) ? row->text(h.column) : "");
+}
+
+void stngs::loadAgain() {
+  load();
+  ShowHint(host, "The Fields Show What Is Stored");
 }
 
 void stngs::save() {

@@ -13,6 +13,7 @@ class stngs : public ChildScreen {
 
  private:
   void load();
+  void loadAgain();
   void save();
   void leave();
   void askToLeave();

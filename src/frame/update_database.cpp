@@ -18,7 +18,7 @@ const ScreenSpec& updateTable() {
                      {part(1), {{.name = "progress"}}},
                      {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
                  },
-                 .width = 520, .height = 250},
+                 .width = 640, .height = 250},
       .controls = {
           {.name = "lblwhat",   .index = 0, .kind = Kind::Label, .label = "Brings Tables, Designs And Keys Of This Company To The Program's Shape", .at = {.group = "what"}, .style = Style::Quiet},
           {.name = "lblwhat",   .index = 1, .kind = Kind::Label, .label = "A Verified Backup Is Made First :: Nobody Else May Have The Company Open", .at = {.group = "what", .row = 1}, .style = Style::Quiet},
@@ -34,6 +34,7 @@ const ScreenSpec& updateTable() {
 }  // namespace
 
 UpdateDatabase::UpdateDatabase(Host& theHost) : ChildScreen(theHost, updateTable()) {
+  escMeans = "Esc = Close";
   wire<UpdateDatabase>(*this, {
                                   {"cmdupdate", On::Click,    &UpdateDatabase::update},
                                   {"Cmdclose",  On::Click,    &UpdateDatabase::close },
