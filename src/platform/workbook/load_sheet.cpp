@@ -27,6 +27,7 @@ constexpr double mm(double x) { return x * 72 / 25.4; }
 constexpr double inch(double x) { return x * 72; }
 // clang-format off
 constexpr Paper kPapers[] = {
+  {2, inch(8.5), inch(11)}, {6, inch(5.5), inch(8.5)}, {39, inch(14.875), inch(11)}, {40, inch(8.5), inch(12)},
   {1, inch(8.5), inch(11)}, {3, inch(11), inch(17)},  {4, inch(17), inch(11)},  {5, inch(8.5), inch(14)},
   {7, inch(7.25), inch(10.5)}, {8, mm(297), mm(420)}, {9, mm(210), mm(297)},    {11, mm(148), mm(210)},
   {12, mm(257), mm(364)},   {13, mm(182), mm(257)},   {14, inch(8.5), inch(13)}, {20, inch(4.125), inch(9.5)},
