@@ -119,20 +119,20 @@ TEST(Lists, HoldNumbersTruthsAndHostileTexts) {
   const TempFolder folder;
   const fs::path file = folder / "list.xlsx";
   const std::string longText(40'000, 'x');
+  // clang-format off
   const std::vector<std::vector<workbook::Value>> rows = {
-      {"A",                    12.5},
-      {longText,                      true},
-      {"broken \xFF text\x07","."},
+      {"A", 12.5},
+      {longText, true},
+      {"broken \xFF text\x07", "."},
       {"short"},
   };
+  // clang-format on
   size_t given = 0;
-  workbook::createList(
-      file.string(),
-      {
-          .sheet = "RATES",
-          .columns = {{.heading = "ITEM", .width = 30}, {.heading = "RATE", .format = "0.00"}},
-          .next = [&](auto& row) { return given < rows.size() && (row = rows[given++], true);                                                                      },
-  });
+  workbook::List list{.sheet = "RATES"};
+  list.columns.push_back({.heading = "ITEM", .width = 30});
+  list.columns.push_back({.heading = "RATE", .format = "0.00"});
+  list.next = [&](auto& row) { return given < rows.size() && (row = rows[given++], true); };
+  workbook::createList(file.string(), list);
   auto book = workbook::Workbook::load(file.string());
   auto& sheet = book.sheet("RATES");
   EXPECT_EQ(*sheet.value(1, 2).text(), "RATE");
