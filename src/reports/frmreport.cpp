@@ -78,7 +78,7 @@ std::optional<LookupSpec> lookupOf(int field, bool groups, const std::string& ca
 
 }  // namespace
 
-frmreport::frmreport(Host& theHost) : ChildScreen(theHost, table()) {
+frmreport::frmreport(Host& theHost) : PeriodScreen(theHost, table()) {
   wire<frmreport>(*this, {
                              {"Text1",      KeyCode::F1,     &frmreport::lookup  },
                              {"MaskEdBox1", KeyCode::Enter,  &frmreport::date    },
@@ -178,21 +178,6 @@ Go frmreport::date() {
 }
 
 void frmreport::dateF4() { set(at("MaskEdBox1", 1), at("MaskEdBox1", 0).text); }
-
-std::optional<Date> frmreport::checkedDate(int n) {
-  const auto typed = parseDate(at("MaskEdBox1", n).text);
-  if (typed) return typed;
-  host.message(session().mhelpline, "Mirav Information");
-  focus(at("MaskEdBox1", n));
-  return {};
-}
-
-std::optional<frmreport::Period> frmreport::checkedPeriod() {
-  const auto from = checkedDate(0);
-  const auto to = from ? checkedDate(1) : std::nullopt;
-  if (!to) return {};
-  return Period{*from, *to};
-}
 
 // The report
 

@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "frame/child_screen.h"
 #include "reports/ledger_output.h"
+#include "reports/period_screen.h"
 #include "reports/report_rows.h"
 
 // The report screen: the report of the session's mreportkey at its opening, over a period and
 // filtered by the fields that it enables. What a report shows is told by its piece in `reports`.
-class frmreport : public ChildScreen {
+class frmreport : public PeriodScreen {
  public:
   explicit frmreport(Host& host);
   static const ScreenSpec& table();
@@ -27,12 +27,6 @@ class frmreport : public ChildScreen {
   Go lookup();
   Go date();
   void dateF4();
-  // The dates of the boxes; one that holds none is told of and takes the focus.
-  struct Period {
-    Date from, to;
-  };
-  std::optional<Date> checkedDate(int n);
-  std::optional<Period> checkedPeriod();
 
   void show();
   void build();

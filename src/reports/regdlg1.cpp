@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "frame/menu.h"
 #include "masters/lookup.h"
+#include "reports/report_voucher.h"
 
 // A statement in the grid.
 class StatementRows : public RowSource {
@@ -49,28 +50,14 @@ const std::vector<GridColumn> kTwoSided = {
     {.title = "Dr",          .width = px(116), .align = Align::Right, .money = true},
 };
 
-// The entry of the shell's menu behind a book, and behind a shortcut where there is one.
-struct BookCommand { const char *book, *command; };
-constexpr BookCommand kBooks[] = {
-    {"SA", "SALE"    },
-    {"CH", "CH"      },
-    {"RC", "RECEIPT" },
-    {"PY", "PAYMENT" },
-    {"PU", "PURCHASE"},
-};
+// The entry of the shell's menu behind a shortcut where there is one.
 constexpr const char* kShortcutCommands[kShortcuts] = {"SALE", "CH"};
 constexpr int kExitShortcut = 7;
 // clang-format on
 
-const Command* commandOfBook(const std::string& book) {
-  for (const BookCommand& b : kBooks)
-    if (sameText(b.book, book)) return commandByKey(b.command);
-  return nullptr;
-}
-
 }  // namespace
 
-regdlg1::regdlg1(Host& theHost) : ChildScreen(theHost, table()) {
+regdlg1::regdlg1(Host& theHost) : PeriodScreen(theHost, table()) {
   escMeans = "Esc = Exit";
   reason = "Show opens after TO, Print after Show";
   wire<regdlg1>(*this, {
@@ -148,7 +135,7 @@ void regdlg1::escape() {
 std::string regdlg1::hintFor(const Control& control) const {
   if (control.kind != Kind::Grid) return ChildScreen::hintFor(control);
   const auto voucher = currentVoucher();
-  if (!voucher || !commandOfBook(voucher->book))
+  if (!voucher || !canOpen(*voucher))
     return "Up / Down = Scroll :: Page Up / Page Down = Page :: Alt+D = Pdf :: Alt+C = Close";
   const std::string sides = isT() ? "Left / Right = Side" : "Up / Down = Scroll";
   return "Press Enter To Open " + voucher->book + " " + numText(voucher->number) + " :: " + sides +
@@ -196,21 +183,6 @@ bool regdlg1::acceptAccount() {
   set(at("Label10"), "");
   caption = "ACCOUNT Statement For " + found->text("ACC_NAME");
   return true;
-}
-
-std::optional<Date> regdlg1::checkedDate(int n) {
-  const auto typed = parseDate(at("MaskEdBox1", n).text);
-  if (typed) return typed;
-  host.message(session().mhelpline, "Mirav Information");
-  focus(at("MaskEdBox1", n));
-  return {};
-}
-
-std::optional<regdlg1::Period> regdlg1::checkedPeriod() {
-  const auto from = checkedDate(0);
-  const auto to = from ? checkedDate(1) : std::nullopt;
-  if (!to) return {};
-  return Period{*from, *to};
 }
 
 Go regdlg1::date() {
@@ -288,11 +260,7 @@ Go regdlg1::toSide(bool credit) {
 
 void regdlg1::openVoucher() {
   const auto voucher = currentVoucher();
-  const Command* const command = voucher ? commandOfBook(voucher->book) : nullptr;
-  if (!command) return;
-  session().mentrytype = command->entrytype;
-  drilledInto_ = voucher;
-  host.open(command->screen, {.caller = spec.name, .value = numText(voucher->number)});
+  if (voucher && ::openVoucher(host, *this, *voucher)) drilledInto_ = voucher;
 }
 
 // The shell's commands behind the shortcuts; those without one only put the column away.

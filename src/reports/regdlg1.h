@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "frame/child_screen.h"
 #include "reports/ledger_output.h"
+#include "reports/period_screen.h"
 #include "reports/statement.h"
 
 // The account ledgers: the running statement or the T ledger of an account, by the session's
 // mreportkey at its opening. Opened with a value it takes that as the account's code.
-class regdlg1 : public ChildScreen {
+class regdlg1 : public PeriodScreen {
  public:
   explicit regdlg1(Host& host);
   static const ScreenSpec& table();
@@ -55,12 +55,6 @@ class regdlg1 : public ChildScreen {
   void escape();
   void close() { host.close(*this); }
 
-  // The dates of the boxes; one that holds none is told of and takes the focus.
-  struct Period {
-    Date from, to;
-  };
-  std::optional<Date> checkedDate(int n);
-  std::optional<Period> checkedPeriod();
   bool isT() const { return key_ == kTLedgers; }
   const StatementRow* currentRow() const;
   std::optional<VoucherKey> currentVoucher() const;
