@@ -115,17 +115,9 @@ void FRMCHLN::save() {
     host.message("Invalid Entry", kCheck);
     return;
   }
-  if (!entering()) {
-    cancel();
-    return;
-  }
-  const Session& s = session();
-  const SaveStamp stamp{host.now(), s.musername, s.mmobile, s.mdataname};
-  if (!saveChallan(data(), book_, header(), stamp, mode == "ADD" ? Saving::Fresh : Saving::Again)) {
-    host.message("ITEM ALLREADY EXIST");
-    return;
-  }
-  saved(closingWords(), phone_);
+  store([this](const SaveStamp& stamp, Saving how) {
+    return saveChallan(data(), book_, header(), stamp, how);
+  });
 }
 
 ChallanHeader FRMCHLN::header() const {

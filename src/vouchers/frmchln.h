@@ -24,6 +24,7 @@ class FRMCHLN : public VoucherScreen {
   Control& itemField() override { return text1(5); }
   Control& afterLines() override { return text1(29); }
   std::string tutorial() const override;
+  std::string closingWords() const override;
 
  private:
   static const ScreenSpec& table();
@@ -50,7 +51,4 @@ class FRMCHLN : public VoucherScreen {
   void rateHints();
   ChallanHeader header() const;
   void showHeader(const Row& challan);
-  std::string closingWords() const;
-
-  std::string phone_;  // the party's
 };

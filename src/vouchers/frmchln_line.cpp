@@ -108,9 +108,9 @@ void FRMCHLN::clearLine() {
 
 // Discount and charges come in again when they are entered.
 void FRMCHLN::sumLines() {
-  const auto sums = data().first("SELECT SUM(QUANTITY), SUM(NET_AMOUNT) FROM T_CHLNITM");
-  put(26, sums->number(0));
-  put(18, sums->number(1));
+  const auto sums = lines_->sums({"QUANTITY", "NET_AMOUNT"});
+  put(26, sums[0].value_or(0));
+  put(18, sums[1].value_or(0));
   put(28, textOf(18));
 }
 

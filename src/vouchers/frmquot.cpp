@@ -141,17 +141,9 @@ void FRMQUOT::clearHead() {
 // Saving and loading
 
 void FRMQUOT::save() {
-  if (!entering()) {
-    cancel();
-    return;
-  }
-  const Session& s = session();
-  const SaveStamp stamp{host.now(), s.musername, s.mmobile, s.mdataname};
-  if (!saveQuotation(data(), book_, header(), stamp, mode == "ADD" ? Saving::Fresh : Saving::Again)) {
-    host.message("ITEM ALLREADY EXIST");
-    return;
-  }
-  saved(closingWords(), phone_);
+  store([this](const SaveStamp& stamp, Saving how) {
+    return saveQuotation(data(), book_, header(), stamp, how);
+  });
 }
 
 QuotationHeader FRMQUOT::header() const {

@@ -26,6 +26,7 @@ class FRMQUOT : public VoucherScreen {
   Control& itemField() override { return text1(12); }
   Control& afterLines() override { return text1(1); }
   std::string tutorial() const override;
+  std::string closingWords() const override;
   std::string hintFor(const Control& control) const override;
 
  private:
@@ -54,9 +55,7 @@ class FRMQUOT : public VoucherScreen {
   void dropLine();
   QuotationHeader header() const;
   void showHeader(const Row& offer);
-  std::string closingWords() const;
   void earlierSalesKey();
 
   std::string party_;  // the one accepted last
-  std::string phone_;
 };

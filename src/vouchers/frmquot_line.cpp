@@ -196,10 +196,9 @@ void FRMQUOT::dropLine() {
 
 // A column that sums to nothing leaves its field as it is.
 void FRMQUOT::sumLines() {
-  const auto sums = data().first(
-      "SELECT SUM(AMOUNT), SUM(QUANTITY), SUM(CGSTAMT), SUM(SGSTAMT), SUM(IGSTAMT) FROM T_QUOTITM");
-  for (int i = 0; i < 5; ++i)
-    if (!sums->isNull(i)) put(kTotals[i], sums->number(i));
+  const auto sums = lines_->sums({"AMOUNT", "QUANTITY", "CGSTAMT", "SGSTAMT", "IGSTAMT"});
+  for (size_t i = 0; i < sums.size(); ++i)
+    if (sums[i]) put(kTotals[i], *sums[i]);
   put(27, quotedTotal(value(21)));
 }
 

@@ -25,6 +25,7 @@ class GSTSAPU : public VoucherScreen {
   Control& itemField() override { return text1(5); }
   Control& afterLines() override { return text1(29); }
   std::string tutorial() const override { return links().*book_.video; }
+  std::string closingWords() const override;
 
  private:
   static const ScreenSpec& table(const Book& book);
@@ -65,7 +66,6 @@ class GSTSAPU : public VoucherScreen {
   std::optional<Date> partyDate() const;
   BillHeader header() const;
   void showHeader(const Row& bill);
-  std::string closingWords() const;
 
   void unlock() { here().locked = false; }
   void lock() { here().locked = true; }
@@ -78,5 +78,4 @@ class GSTSAPU : public VoucherScreen {
   RateQuery rateQuery() const { return {trimmed(4), trimmed(5), trimmed(7)}; }
 
   LineValue line_;
-  std::string phone_;  // the party's
 };

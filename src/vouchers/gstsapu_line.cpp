@@ -213,11 +213,10 @@ void GSTSAPU::clearLine() {
 
 // A column that sums to nothing leaves its field as it is.
 void GSTSAPU::sumLines() {
-  const auto sums = data().first(
-      "SELECT SUM(AMOUNT), SUM(QUANTITY), SUM(CGSTAMT), SUM(SGSTAMT), SUM(IGSTAMT) FROM T_SLITM");
+  const auto sums = lines_->sums({"AMOUNT", "QUANTITY", "CGSTAMT", "SGSTAMT", "IGSTAMT"});
   constexpr int kTotals[] = {18, 26, 1, 3, 20};
-  for (int i = 0; i < 5; ++i)
-    if (!sums->isNull(i)) put(kTotals[i], Round(sums->number(i), 2));
+  for (size_t i = 0; i < sums.size(); ++i)
+    if (sums[i]) put(kTotals[i], Round(*sums[i], 2));
   const BillTotal total = billTotal(value(18), {value(1), value(3), value(20)});
   put(28, total.amount);
   put(38, total.roundOff);

@@ -372,7 +372,20 @@ Go VoucherScreen::toSave() {
   return Go::Stay;
 }
 
-void VoucherScreen::saved(const std::string& words, const std::string& phone) {
+void VoucherScreen::store(const std::function<bool(const SaveStamp&, Saving)>& write) {
+  if (!entering()) {
+    cancel();
+    return;
+  }
+  const Session& s = session();
+  const SaveStamp stamp{host.now(), s.musername, s.mmobile, s.mdataname};
+  if (write(stamp, mode == "ADD" ? Saving::Fresh : Saving::Again))
+    saved();
+  else
+    host.message("ITEM ALLREADY EXIST");
+}
+
+void VoucherScreen::saved() {
   const std::string number = textOf(0);
   lineGrid().visible = false;
   showButtons(true);
@@ -383,12 +396,12 @@ void VoucherScreen::saved(const std::string& words, const std::string& phone) {
   }
   // A voucher without a paper has nothing but the next one to go on with.
   const bool onPaper = !book_.printKey.empty();
-  Interaction closing{.text = words,
+  Interaction closing{.text = closingWords(),
                       .ok = onPaper ? "Print" : "New Entry",
                       .cancel = onPaper ? "New Entry" : "",
                       .okColour = onPaper ? kPrintColour : kNewEntryColour,
                       .cancelColour = kNewEntryColour,
-                      .phone = phone};
+                      .phone = phone_};
   const bool prints = interact(host, closing) && onPaper;
   clearAll();
   if (!prints) return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,6 +12,7 @@
 #include "vouchers/accounts.h"
 #include "vouchers/book.h"
 #include "vouchers/rate_history.h"
+#include "vouchers/saving.h"
 #include "vouchers/work_lines.h"
 
 // What all voucher screens share: the modes with their captions and button row, the lines in
@@ -100,8 +102,10 @@ class VoucherScreen : public ChildScreen {
   void allowSave(bool on);
   // After the last field: Save opens in ADD and EDIT, else the button row takes the focus.
   Go toSave();
-  // Back to rest, then the message window: its print button opens the document.
-  void saved(const std::string& words, const std::string& phone);
+  // What Save does once the fields are in order: outside ADD and EDIT it is Cancel; `write` is false
+  // when a fresh voucher's number has been taken meanwhile.
+  void store(const std::function<bool(const SaveStamp&, Saving)>& write);
+  virtual std::string closingWords() const = 0;  // of the message after a save
   void hideForPrint(const std::string& number);
 
   std::string hintFor(const Control& control) const override;
@@ -118,6 +122,7 @@ class VoucherScreen : public ChildScreen {
 
   const Book& book_;
   std::shared_ptr<WorkLines> lines_;
+  std::string phone_;      // the party's
   double partyState_ = 0;  // 0 until a party with a state code has been taken
 
  private:
@@ -125,6 +130,8 @@ class VoucherScreen : public ChildScreen {
   const KeyLookup* enterLookup(const Control& field) const;
   void setMode(const std::string& next, const std::string& suffix);
   void showButtons(bool atRest);
+  // Back to rest, then the message window: its print button opens the document.
+  void saved();
   void awaitMaster(Control& field, const std::string& master, std::string& last);
 
   std::vector<KeyLookup> lookups_;

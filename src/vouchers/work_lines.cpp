@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/pattern.h"
+#include "base/text.h"
 
 WorkLines::WorkLines(Database& db, const Book& book, std::vector<Shown> shown)
     : db_(db),
@@ -29,6 +30,14 @@ void WorkLines::previous() {
 double WorkLines::serial() {
   if (onRow()) return rows_.number(book_.serial);
   return db_.number("SELECT MAX(" + book_.serial + ") FROM " + book_.work) + 1;
+}
+
+std::vector<std::optional<double>> WorkLines::sums(const std::vector<std::string>& columns) {
+  const auto found = db_.first("SELECT SUM(" + join(columns, "), SUM(") + ") FROM " + book_.work);
+  std::vector<std::optional<double>> sums(columns.size());
+  for (size_t i = 0; found && i < sums.size(); ++i)
+    if (const int column = static_cast<int>(i); !found->isNull(column)) sums[i] = found->number(column);
+  return sums;
 }
 
 void WorkLines::store(const Fields& line) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,8 @@ class WorkLines : public RowSource {
   // The serial that the line being typed will have: its own when it stands on a row, else the
   // highest + 1, so that no serial is given twice.
   double serial();
+  // The columns over all lines; nothing where no line has a figure.
+  std::vector<std::optional<double>> sums(const std::vector<std::string>& columns);
   // Overwrites the row it stands on, else adds one; stands on it then.
   void store(const Fields& line);
 
