@@ -17,7 +17,7 @@ const Form kForm{
     // Nothing is brought forward to page 1; its remarks have the room.
     .firstHead = {15, 15, 12, 12, 14.25, 12, 13.5, 12, 12, 12, 12, 12, 12, 24, 11.25, 11.25, 1.5},
 };
-constexpr Columns kAll{'A', 'M'}, kLeft{'A', 'I'}, kRight{'J', 'M'}, kLabel{'A', 'D'}, kName{'A', 'H'}, kTitle{'I', 'M'};
+constexpr Columns kAll{'A', 'M'}, kRight{'J', 'M'}, kLabel{'A', 'D'}, kName{'A', 'H'}, kTitle{'I', 'M'};
 const DesignTable kTable{
     .form = kForm, .all = kAll,
     .widths = {{'A', 20.25}, {'B', 61.5}, {'C', 69}, {'D', 43.5}, {'E', 39.75}, {'F', 27.75}, {'G', 45.75}, {'H', 21.75},

@@ -111,7 +111,7 @@ const ScreenSpec& spec() {
 VSETFRM::VSETFRM(Host& theHost) : ChildScreen(theHost, ::spec()) {
   escMeans = "Esc = Close";
   wire<VSETFRM>(*this, {
-                           {"txtFields",  On::Change,   &VSETFRM::typed     },
+                           {"txtFields",  On::Change,   &VSETFRM::checkTyped},
                            {"VIEWDSGN",   On::Click,    &VSETFRM::view      },
                            {"cmdsetvset", On::Click,    &VSETFRM::setDesigns},
                            {"Command1",   On::Click,    &VSETFRM::leave     },
@@ -141,7 +141,7 @@ bool VSETFRM::refused(int index) {
   return true;
 }
 
-void VSETFRM::typed() {
+void VSETFRM::checkTyped() {
   if (!here().text.empty()) refused(here().index);
 }
 

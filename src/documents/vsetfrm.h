@@ -13,7 +13,7 @@ class VSETFRM : public ChildScreen {
   std::string hintFor(const Control& control) const override;
 
  private:
-  void typed();
+  void checkTyped();
   void view();
   void setDesigns();
   void leave();

@@ -226,7 +226,7 @@ TEST_P(Designs, KeepsEverythingOnThePaper) {
     EXPECT_TRUE(has(text, word)) << word << "\n" << text;
 
   // Where each word stands.
-  std::istringstream words(output("pdftotext -bbox '" + file.string() + "' -"));
+  std::istringstream words(outputOf("pdftotext -bbox '" + file.string() + "' -"));
   const std::regex box(R"re(xMin="([-0-9.]+)" yMin="([-0-9.]+)" xMax="([0-9.]+)" yMax="([0-9.]+)">)re");
   int found = 0;
   for (std::string row; std::getline(words, row);) {
@@ -272,7 +272,7 @@ TEST_F(InvoiceTest, TheLetterheadHasALogo) {
     session().mbillformat = design;
     session().mprnmode = "PDF";
     RenderGstInvoice(host, 6, "SALE");
-    return has(output("pdfimages -list '" + pdf("6").string() + "'"), " image ");
+    return has(outputOf("pdfimages -list '" + pdf("6").string() + "'"), " image ");
   };
   EXPECT_TRUE(hasPicture(5));
   EXPECT_FALSE(hasPicture(1));

@@ -11,6 +11,7 @@
 #include "base/number.h"
 #include "formats/designs.h"
 #include "frame/session.h"
+#include "pdf_file.h"
 #include "platform/qt/paint_qt.h"
 #include "store/templates.h"
 #include "support/temp_folder.h"
@@ -86,25 +87,7 @@ class InvoiceTest : public testing::Test {
     return folder / "BILLS" / ("MIRAV_INV_" + number + ".pdf");
   }
 
-  // What a program answers on its standard output.
-  static std::string output(const std::string& command) {
-    std::string text;
-    FILE* const pipe = popen(command.c_str(), "r");
-    if (!pipe) return text;
-    char buffer[4096];
-    while (const size_t n = fread(buffer, 1, sizeof buffer, pipe)) text.append(buffer, n);
-    pclose(pipe);
-    return text;
-  }
-  static std::string pdfText(const std::filesystem::path& file, int page = 0) {
-    const std::string only = page > 0 ? " -f " + std::to_string(page) + " -l " + std::to_string(page) : "";
-    return output("pdftotext -layout" + only + " '" + file.string() + "' -");
-  }
-  static int pdfPages(const std::filesystem::path& file) {
-    const std::string info = output("pdfinfo '" + file.string() + "'");
-    const auto at = info.find("Pages:");
-    return at == std::string::npos ? 0 : std::stoi(info.substr(at + 6));
-  }
+  static int pdfPages(const std::filesystem::path& file) { return std::stoi("0" + pdfInfo(file, "Pages")); }
 
   TempFolder folder;
 

@@ -38,7 +38,7 @@ TEST_F(Invoice, MakesAPdfAndShowsIt) {
   EXPECT_TRUE(host.wasBusy);
   EXPECT_FALSE(host.isBusy);
   EXPECT_EQ(pdfPages(pdf("1")), 2);
-  EXPECT_EQ(output("qpdf --check '" + pdf("1").string() + "' > /dev/null 2>&1; echo $?"), "0\n");
+  EXPECT_EQ(outputOf("qpdf --check '" + pdf("1").string() + "' > /dev/null 2>&1; echo $?"), "0\n");
   data().exec("UPDATE SALE SET NARRATION = 'SECOND TIME'");
   render(1);
   EXPECT_TRUE(has(pdfText(pdf("1")), "SECOND TIME"));

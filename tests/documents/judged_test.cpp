@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 class Judged : public PapersTest {
  protected:
   void SetUp() override {
-    if (output("command -v soffice").empty()) GTEST_SKIP() << "no spreadsheet program is installed";
+    if (outputOf("command -v soffice").empty()) GTEST_SKIP() << "no spreadsheet program is installed";
     // It is told to calculate anew what it loads.
     fs::create_directories(folder / "profile" / "user");
     std::ofstream(folder / "profile" / "user" / "registrymodifications.xcu")
@@ -23,9 +23,9 @@ class Judged : public PapersTest {
   }
 
   void convert(const std::string& files, const std::string& format, const std::string& into) {
-    output("cd '" + folder.path().string() + "' && soffice -env:UserInstallation=file://" +
-           (folder / "profile").string() + " --headless --convert-to " + format + " --outdir " + into + " " +
-           files + " > /dev/null 2>&1");
+    outputOf("cd '" + folder.path().string() + "' && soffice -env:UserInstallation=file://" +
+             (folder / "profile").string() + " --headless --convert-to " + format + " --outdir " + into +
+             " " + files + " > /dev/null 2>&1");
   }
 
   // The design's bill as paper, and as the filled workbook for the judge.
@@ -94,8 +94,8 @@ class Judged : public PapersTest {
     EXPECT_NE(text.find("Particulars (goods)"), std::string::npos) << text;
     EXPECT_NE(text.find("55,738.00 page 1 of 2"), std::string::npos) << text;
     EXPECT_EQ(pdfPages(paper), 2);
-    EXPECT_NE(output("pdffonts '" + paper.string() + "'").find("LiberationSerif"), std::string::npos);
-    EXPECT_NE(output("pdfimages -list '" + paper.string() + "' | tail -n +3"), "");
+    EXPECT_NE(outputOf("pdffonts '" + paper.string() + "'").find("LiberationSerif"), std::string::npos);
+    EXPECT_NE(outputOf("pdfimages -list '" + paper.string() + "' | tail -n +3"), "");
   }
 };
 
@@ -133,8 +133,8 @@ TEST_F(Judged, DesignsAsTheyAreSavedAgainAndChanged) {
     }
     EXPECT_EQ(figures(folder / file("again")), figures(folder / "judged" / file("again"))) << design;
     const std::string paper = (folder / file("again")).string();
-    EXPECT_EQ(output("qpdf --check '" + paper + "' > /dev/null 2>&1; echo $?"), "0\n");
-    EXPECT_EQ(output("pdffonts '" + paper + "' | tail -n +3 | awk '$(NF-4) != \"yes\"'"), "");
+    EXPECT_EQ(outputOf("qpdf --check '" + paper + "' > /dev/null 2>&1; echo $?"), "0\n");
+    EXPECT_EQ(outputOf("pdffonts '" + paper + "' | tail -n +3 | awk '$(NF-4) != \"yes\"'"), "");
   }
 }
 
@@ -171,7 +171,7 @@ TEST_F(Judged, TheOtherPapers) {
     EXPECT_GT(figures(own).size(), 20u);
     EXPECT_EQ(figures(own), figures(judged)) << paper.name;
     EXPECT_EQ(pdfPages(own), pdfPages(judged)) << paper.name;
-    EXPECT_EQ(output("qpdf --check '" + own.string() + "' > /dev/null 2>&1; echo $?"), "0\n");
+    EXPECT_EQ(outputOf("qpdf --check '" + own.string() + "' > /dev/null 2>&1; echo $?"), "0\n");
   }
 }
 

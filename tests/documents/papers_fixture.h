@@ -110,7 +110,7 @@ class PapersTest : public InvoiceTest {
   // Where the words of the first page begin, in points from the left and the top.
   static std::map<std::string, std::pair<double, double>> wordPlaces(const std::filesystem::path& file) {
     std::map<std::string, std::pair<double, double>> places;
-    std::istringstream rows(output("pdftotext -f 1 -l 1 -bbox '" + file.string() + "' -"));
+    std::istringstream rows(outputOf("pdftotext -f 1 -l 1 -bbox '" + file.string() + "' -"));
     const std::regex word(R"re(xMin="([-0-9.]+)" yMin="([-0-9.]+)".*>(.+)</word>)re");
     std::smatch found;
     for (std::string row; std::getline(rows, row);)

@@ -230,7 +230,7 @@ TEST_F(Papers, KeepLongNamesAndLargeAmounts) {
       EXPECT_GE(place.first, 8) << word;
       EXPECT_LE(place.first, width - 8) << word;
     }
-    EXPECT_EQ(output("qpdf --check '" + file.string() + "' > /dev/null 2>&1; echo $?"), "0\n");
+    EXPECT_EQ(outputOf("qpdf --check '" + file.string() + "' > /dev/null 2>&1; echo $?"), "0\n");
     if (file == quoted) {
       EXPECT_EQ(count(text, "ENDOFTERM"), 11u) << text;
     }

@@ -11,7 +11,6 @@ namespace pdf {
 namespace {
 
 constexpr double kLargest = 1e9;
-constexpr int kDecimals = 4;
 constexpr long kScale = 10000;
 
 void appendHex(std::string& to, unsigned value, int digits) {
