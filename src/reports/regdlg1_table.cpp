@@ -39,8 +39,8 @@ const ScreenSpec& regdlg1::table() {
           {.name = "cmdprint",   .kind = Kind::Button, .label = "&Print", .at = {.group = "buttons"}, .tab = 14, .enabled = false, .hint = "Press Enter To Print :: F2 = Preview"},
           {.name = "cmdexcel",   .kind = Kind::Button, .label = "&Excel", .at = {.group = "buttons"}, .tab = 15},
           {.name = "cmdpdf",     .kind = Kind::Button, .label = "P&df",   .at = {.group = "buttons"}, .tab = 16},
-          {.name = "cmdmail",    .kind = Kind::Button, .label = "&Mail",  .at = {.group = "buttons"}, .enabled = false},
-          {.name = "Cmdwapp",    .kind = Kind::Button, .label = "&W-App", .at = {.group = "buttons"}, .enabled = false},
+          {.name = "cmdmail",    .kind = Kind::Button, .label = "&Mail",  .at = {.group = "buttons"}, .visible = false},
+          {.name = "Cmdwapp",    .kind = Kind::Button, .label = "&W-App", .at = {.group = "buttons"}, .visible = false},
           {.name = "cmdclose",   .kind = Kind::Button, .label = "&Close", .at = {.group = "buttons"}, .tab = 17},
           {.name = "Cmdvideo",   .kind = Kind::Button, .label = "&Video", .at = {.group = "buttons", .right = true}, .tab = 18},
 
