@@ -6,7 +6,7 @@
 const ScreenSpec& bwrcpyTable() {
   // clang-format off
   static const std::vector<GridColumn> listColumns = {
-      {.title = "No",      .width = px(56),  .align = Align::Right},
+      {.title = "No",      .width = px(72),  .align = Align::Right},
       {.title = "Date",    .width = px(104)},
       {.title = "Party",   .width = part(1.2)},
       {.title = "Amount",  .width = px(112), .align = Align::Right, .money = true},

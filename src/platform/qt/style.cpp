@@ -224,7 +224,17 @@ void line(QPainter& painter, const QRect& rect, const QString& text, Qt::Alignme
   const int flags =
       static_cast<int>(align | Qt::AlignVCenter) | Qt::TextSingleLine | (mnemonic ? Qt::TextShowMnemonic : 0);
   const QFontMetrics metrics = painter.fontMetrics();
-  const bool fits = metrics.horizontalAdvance(text) <= rect.width();
+  const int advance = metrics.horizontalAdvance(text);
+  const bool fits = advance <= rect.width();
+  // A figure that is cut reads as another figure: it is drawn narrower instead.
+  if (!fits && align.testFlag(Qt::AlignRight) && rect.width() > 0) {
+    painter.save();
+    painter.translate(rect.left(), 0);
+    painter.scale(double(rect.width()) / advance, 1);
+    painter.drawText(QRect(0, rect.top(), advance, rect.height()), flags, text);
+    painter.restore();
+    return;
+  }
   painter.drawText(rect, flags,
                    fits || mnemonic ? text : metrics.elidedText(text, Qt::ElideRight, rect.width()));
 }
