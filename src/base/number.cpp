@@ -71,6 +71,11 @@ std::string numText(double x) {
   return {first, end.ptr};
 }
 
+int toInt(double x) {
+  using Limits = std::numeric_limits<int>;
+  return std::isnan(x) ? 0 : static_cast<int>(std::clamp<double>(x, Limits::min(), Limits::max()));
+}
+
 long RoundUp(double x) {
   const double up = std::ceil(x);
   constexpr double limit = 9.2e18;

@@ -20,3 +20,6 @@ std::string numText(double x);
 
 // The next whole number upward; a whole number stays. Used for page counts.
 long RoundUp(double x);
+
+// The whole part; what an int cannot hold stays at its limit, and "not a number" is 0.
+int toInt(double x);

@@ -186,8 +186,9 @@ OrderTerm firstOrder(const Select& select) {
   const size_t down = findWords(term, "DESC"), up = findWords(term, "ASC");
   term = trim(std::string_view(term).substr(0, std::min(down, up)));
   // A column by its number or its alias.
-  const auto number = static_cast<size_t>(Val(term));
-  if (number > 0 && number <= select.columns.size()) term = select.columns[number - 1].expression;
+  const int number = toInt(Val(term));
+  if (number > 0 && static_cast<size_t>(number) <= select.columns.size())
+    term = select.columns[static_cast<size_t>(number) - 1].expression;
   for (const SelectColumn& c : select.columns)
     if (sameText(c.name, term)) term = c.expression;
   return {term, down != std::string_view::npos};

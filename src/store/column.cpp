@@ -77,7 +77,7 @@ std::vector<Column> declaredColumns(std::string_view createStatement) {
                   .definition = trim(std::string_view(part).substr(end))};
     column.kind = kindOf(column.definition);
     if (column.kind == Column::Kind::text && column.definition.substr(4, 1) == "(")
-      column.size = static_cast<int>(Val(std::string_view(column.definition).substr(5)));
+      column.size = toInt(Val(std::string_view(column.definition).substr(5)));
     columns.push_back(std::move(column));
   }
   return columns;

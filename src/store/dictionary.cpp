@@ -4,6 +4,7 @@
 #include <array>
 #include <set>
 
+#include "base/number.h"
 #include "base/text.h"
 #include "store/alter.h"
 
@@ -143,8 +144,8 @@ void ApplyDictionary(Database& db, std::string_view condition) {
          rows.next();) {
       const std::string where = rows.text("CONDITN");
       if (!where.empty() && (condition.empty() || where.find(condition) == std::string::npos)) continue;
-      place(wanted, columnOf(rows.text("FLDNM"), rows.text("DATATYP"),
-                             static_cast<int>(rows.number("DATASIZE")), rows.text("DATAPROP")));
+      place(wanted, columnOf(rows.text("FLDNM"), rows.text("DATATYP"), toInt(rows.number("DATASIZE")),
+                             rows.text("DATAPROP")));
     }
     applyTable(db, table, wanted);
   }

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "base/number.h"
 #include "store/row_writer.h"
 
 namespace {
@@ -191,7 +192,7 @@ void EnsureSettings(Database& db, Settings& settings) {
   for (const auto& design : settingDesigns)
     passOver(db, [&] {
       const auto row = settingOrAdd(db, {design.number, "", design.name, design.seed}, settings.mstartdt);
-      settings.*design.member = row ? static_cast<int>(row->number("VOUCH_QTY")) : design.seed;
+      settings.*design.member = row ? toInt(row->number("VOUCH_QTY")) : design.seed;
     });
 }
 

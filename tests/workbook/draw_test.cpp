@@ -296,6 +296,14 @@ TEST(Draw, CroppedPicturesShowWhatIsLeft) {
   EXPECT_EQ(shown.w, 0.75);
   EXPECT_EQ(shown.y, 0);
   EXPECT_EQ(shown.h, 0.5);
+
+  std::string& drawing = parts["xl/d.xml"];
+  drawing.replace(drawing.find("<col>0"), 6, "<col>nan");
+  Workbook odd = Workbook::fromBytes(books::zipped(parts));
+  books::Recorder same;
+  workbook::draw(odd, "S", same, books::HalfMetrics());
+  EXPECT_EQ(same.pages.at(0).pictures.at(0).x, recorder.pages.at(0).pictures.at(0).x)
+      << "a place that is no number is the first column";
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 
 #include "platform/workbook/model.h"
 #include "platform/workbook/xml.h"
@@ -14,7 +15,10 @@ constexpr size_t kMaxPictures = 200;
 double points(double units) { return std::clamp(units / 12700, -1e6, 1e6); }
 
 Anchor anchor(Node node) {
-  const auto number = [&](const char* name) { return xml::child(node, name).text().as_double(); };
+  const auto number = [&](const char* name) {
+    const double told = xml::child(node, name).text().as_double();
+    return std::isfinite(told) ? told : 0;
+  };
   const auto place = [&](const char* name, int most) {
     return static_cast<int>(std::clamp(number(name), 0.0, most - 1.0)) + 1;
   };
