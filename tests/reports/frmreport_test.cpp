@@ -1,81 +1,19 @@
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <map>
 
-#include "base/text.h"
-#include "frame/session.h"
-#include "masters/screens.h"
 #include "reports/report_output.h"
 #include "reports/reports.h"
-#include "reports/screens.h"
-#include "store/templates.h"
-#include "support/temp_folder.h"
-#include "support/test_host.h"
+#include "screens_fixture.h"
 
 namespace {
 
-// Stand for the vouchers: each keeps with what it was opened.
-template <int N>
-class Voucher : public Screen {
- public:
-  explicit Voucher(Host& theHost) : Screen(theHost, look()) {}
-  void opened(const Entry& entry) override {
-    last = session().mentrytype + " " + entry.caller + " " + entry.value;
-  }
-  static inline std::string last;
-
- private:
-  static const ScreenSpec& look() {
-    static const ScreenSpec s{.name = N == 0   ? "GSTSAPU"
-                                      : N == 1 ? "FRMQUOT"
-                                      : N == 2 ? "FRMCHLN"
-                                               : "bwrcpy",
-                              .caption = "VOUCHER",
-                              .layout = {},
-                              .controls = {}};
-    return s;
-  }
-};
-
 // Two parties, an item, three bills (the second of two lines, the third of none), a quotation, a
 // challan and a receipt.
-class Reports : public ::testing::Test {
+class Reports : public ReportScreens {
  protected:
-  Reports() : host(known()) {
-    Session& s = session();
-    s = Session();
-    s.mcompname = "SHREE TRADERS";
-    s.mapppath = folder.path().string();
-    s.mgstinno = "24AAKFS4821M1ZW";
-    s.mstartdt = *parseDate("2026-04-01");
-    s.menddt = *parseDate("2027-03-31");
-    s.mhelpline = "the date keys";
-    s.mcolor2 = 16769248;
-    s.mcolor6 = 14741759;
-    makeCompanyDatabase(folder / "M00126.mdb");
-    s.cndata = std::make_unique<Database>();
-    s.cndata->open(folder / "M00126.mdb");
+  Reports() {
     for (const char* row : kRows) data().exec(std::string("INSERT INTO ") + row);
   }
-  ~Reports() override { session().cndata.reset(); }
 
-  static Screens& known() {
-    static Screens screens;
-    addReportScreens(screens);
-    addMasterScreens(screens);
-    screens.add<Voucher<0>>("GSTSAPU");
-    screens.add<Voucher<1>>("FRMQUOT");
-    screens.add<Voucher<2>>("FRMCHLN");
-    screens.add<Voucher<3>>("bwrcpy");
-    return screens;
-  }
-
-  void open(const std::string& key) {
-    while (host.top()) host.closeTop();
-    session().mreportkey = key;
-    host.open("frmreport");
-  }
   void show(const std::string& key) {
     open(key);
     host.press("cmdshowrpt");
@@ -88,17 +26,6 @@ class Reports : public ::testing::Test {
     return join(cells, "|");
   }
   std::string dates() const { return host.text("MaskEdBox1(0)") + " " + host.text("MaskEdBox1(1)"); }
-  // Enter on a row; what happens in the voucher; back to the report.
-  template <int N>
-  std::string drill(
-      size_t row, const std::function<void()>& meanwhile = [] {}) {
-    Voucher<N>::last.clear();
-    host.rowTo(host.at("Grid1"), row);
-    host.enter();
-    meanwhile();
-    if (host.onTop() != "frmreport") host.closeTop();
-    return Voucher<N>::last;
-  }
 
   static constexpr const char* kRows[] = {
       "ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, AREA, CITY, PHONE1) VALUES"
@@ -120,9 +47,6 @@ class Reports : public ::testing::Test {
       "CHLN (VOUCH_NO, BOOK_CD, VOUCH_DT, PARTY_CD, NET_AMT) VALUES (5, 'CH', '2026-05-06', 'A00001', 60)",
       "RPTPAY (VOUCH_NO, BOOK_CD, VOUCH_DT, PARTY_CD, AMOUNT) VALUES (6, 'RC', '2026-05-07', 'A00001', 70)",
   };
-
-  TempFolder folder;
-  TestHost host;
 };
 
 // Opening
@@ -236,8 +160,7 @@ TEST_F(Reports, StepThroughDates) {
   EXPECT_EQ(host.focus(), "cmdshowrpt");
   host.fill("MaskEdBox1(1)", "31022027");
   host.press("cmdshowrpt");
-  EXPECT_EQ(host.messages.back().title + host.lastMessage() + host.focus(),
-            "Mirav Informationthe date keysMaskEdBox1(1)");
+  EXPECT_EQ(said() + host.focus(), "Mirav Information|the date keysMaskEdBox1(1)");
   EXPECT_EQ(rows(), 0U);
 }
 
@@ -247,6 +170,11 @@ TEST_F(Reports, BringTheMonthsEndAlongInGstStatementsOnly) {
     host.fillEnter("MaskEdBox1(0)", "10022027");
     const bool gst = std::string(key) != "slblreg";
     EXPECT_EQ(dates(), gst ? "10/02/2027 28/02/2027" : "10/02/2027 15/06/2026") << key;
+    host.fillEnter("MaskEdBox1(0)", "01032026");  // outside the period: the To date stays
+    EXPECT_EQ(dates(), gst ? "01/03/2026 28/02/2027" : "01/03/2026 15/06/2026") << key;
+    host.press("cmdshowrpt");  // which does not ask for it
+    EXPECT_EQ(host.screen().caption,
+              gst ? "GSTR-1 : Company GSTIN No. : 24AAKFS4821M1ZW" : "SALE Bill Detailed Register");
   }
 }
 
@@ -278,11 +206,11 @@ TEST_F(Reports, SayWhenThereIsNothing) {
   host.fill("MaskEdBox1(0)", "01012020");
   host.fill("MaskEdBox1(1)", "01012019");  // no check of their order
   host.press("cmdshowrpt");
-  EXPECT_EQ(host.messages.back().title + "|" + host.lastMessage(), "Mirav|No Records");
+  EXPECT_EQ(said(), "Mirav|No Records");
   EXPECT_EQ(rows(), 0U);
   EXPECT_FALSE(host.at("cmdprint").enabled);
   show("ORDRregsa");
-  EXPECT_EQ(host.messages.back().title + "|" + host.lastMessage(), "Mirav Message|No Report");
+  EXPECT_EQ(said(), "Mirav Message|No Report");
 }
 
 TEST_F(Reports, AskHowPricesAreListed) {

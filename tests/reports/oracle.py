@@ -4,16 +4,20 @@
 usage: oracle.py make DATABASE SEED      fills an empty company-year
        oracle.py expect DATABASE         prints what must come of it
 
-What must come stands in blocks headed "@ kind arguments". A cell is its text, \\x1f, and its style:
+What must come stands in blocks headed "@ kind", then tab and an argument each. A cell is its text, \\x1f, and its style:
 w white, m tinted, t total, 9 small, L left-aligned, B bold. Cells of a row are split by tabs, the last
 one names the vouchers behind the row. Sums are decimals, never doubles.
 """
 import datetime
+import os
 import random
 import sqlite3
 import string
 import sys
-from decimal import ROUND_HALF_EVEN, ROUND_HALF_UP, Decimal
+from decimal import ROUND_HALF_EVEN, Decimal
+
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "support"))
+from figures import dec, insert, money, number, rows
 
 START = "2026-04-01"
 PERIODS = [(START, "2027-03-31"), ("2026-07-01", "2026-09-30"), ("2026-02-15", START)]
@@ -37,11 +41,6 @@ def day(rng):
     near = edge + datetime.timedelta(rng.choice([-1, 0, 0, 1]))
     any_day = datetime.date(2025, 6, 1) + datetime.timedelta(rng.randrange(700))
     return (near if rng.random() < 0.3 else any_day).isoformat()
-
-
-def insert(db, table, **values):
-    marks = ", ".join("?" * len(values))
-    db.execute("INSERT INTO %s (%s) VALUES (%s)" % (table, ", ".join(values), marks), list(values.values()))
 
 
 def make(db, rng):
@@ -72,27 +71,8 @@ def make(db, rng):
     db.commit()
 
 
-def rows(db, sql):
-    cursor = db.execute(sql)
-    names = [d[0] for d in cursor.description]
-    return [dict(zip(names, row)) for row in cursor]
-
-
-def dec(x):
-    return ZERO if x is None else Decimal(repr(x))
-
-
 def rounded(x):
     return x.quantize(PAISA, ROUND_HALF_EVEN)
-
-
-def money(x):
-    text = str(x.quantize(PAISA, ROUND_HALF_UP))
-    return text[1:] if text == "-0.00" else text
-
-
-def number(x):
-    return "%.15g" % x
 
 
 def letter(row):
@@ -268,19 +248,19 @@ def print_final(books, start, end):
     for code, figures in final_table(books, start, end):
         a = books.accounts.get(code, unknown)
         table.append((number(a["GROUP_CD"]), books.groups.get(a["GROUP_CD"], ""), code, a["ACC_NAME"], figures))
-    print("@ final", start, end)
+    print("@ final", start, end, sep="\t")
     print(*sorted("\t".join([*names, *map(money, figures)]) for *names, figures in table), sep="\n")
 
     def sums(column, wanted):
         six = [sum(figures) for figures in zip(*(row[4] for row in table if row[column] == wanted))]
         return six, sum(six[0::2]), sum(six[1::2])
 
-    print("@ summary", start, end)
+    print("@ summary", start, end, sep="\t")
     for group, name in sorted({row[:2] for row in table}, key=lambda g: float(g[0])):
         six, debit, credit = sums(0, group)
         print(group, name, *map(money, six + [debit, credit, debit - credit]), sep="\t")
     for area, city in (("", ""), ("ANAND", ""), ("GAMDI", "SURAT")):
-        print("@ closing", start, end, area or "-", city or "-")
+        print("@ closing", start, end, area, city, sep="\t")
         for name, code in sorted({(row[3], row[2]) for row in table if row[0] == "85"}):
             a = books.accounts[code]
             if area in ("", a["AREA"]) and city in ("", a["CITY"]):
@@ -294,7 +274,7 @@ def expect(books):
         for code in CODES:
             for narrated in (0, 1):
                 for kind, statement in (("running", running), ("tledger", t_ledger)):
-                    print("@", kind, *period, code, narrated)
+                    print("@ " + kind, *period, code, narrated, sep="\t")
                     statement(books, code, *period, narrated).print()
         print_final(books, *period)
     print("@ CL_BAL")

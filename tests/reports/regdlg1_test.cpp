@@ -1,60 +1,18 @@
-#include "frame/session.h"
 #include "reports/ledger_output.h"
-#include "reports/screens.h"
-#include "store/row_writer.h"
-#include "store/templates.h"
-#include "support/temp_folder.h"
-#include "support/test_host.h"
+#include "screens_fixture.h"
 
 namespace {
 
-// Stands for the bill: keeps with what it was opened.
-class Bill : public Screen {
- public:
-  explicit Bill(Host& theHost) : Screen(theHost, look()) {}
-  void opened(const Entry& entry) override { last = entry.caller + " " + entry.value; }
-  static inline std::string last;
-
- private:
-  static const ScreenSpec& look() {
-    static const ScreenSpec s{.name = "GSTSAPU", .caption = "BILL", .layout = {}, .controls = {}};
-    return s;
-  }
-};
-
 // A party with a bill, a credit of a book without a screen, and a returned bill.
-class Ledgers : public ::testing::Test {
+class Ledgers : public ReportScreens {
  protected:
-  Ledgers() : host(known()) {
-    Session& s = session();
-    s = Session();
-    s.mapppath = folder.path().string();
-    s.mcompname = "SHREE TRADERS";
-    s.mstartdt = *parseDate("2026-04-01");
-    s.menddt = *parseDate("2027-03-31");
-    s.mhelpline = "the date keys";
-    makeCompanyDatabase(folder / "M00126.mdb");
-    s.cndata = std::make_unique<Database>();
-    s.cndata->open(folder / "M00126.mdb");
-    insertRow(data(), "ACCOUNT",
-              {
-                  {"ACC_CD",   "A00001"},
-                  {"ACC_NAME", "PATEL" },
-                  {"GROUP_CD", 85      }
-    });
+  Ledgers() {
+    data().exec("INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD) VALUES ('A00001', 'PATEL', 85)");
     data().exec(
         "INSERT INTO ALEDGER (VOUCH_DT, BOOK_CD, VOUCH_NO, VOUCH_TYPE, PARTY_CD, VOUCH_AMT, NARRATION) VALUES"
         " ('2026-05-01', 'SA', 3, 'D', 'A00001', 100, 'BY ROAD'), ('2026-06-02', 'JV', 1, 'C', 'A00001', 40, "
         "''),"
         " ('2026-05-09', 'SA', 9, 'C', 'A00001', 5, '')");
-  }
-  ~Ledgers() override { session().cndata.reset(); }
-
-  static Screens& known() {
-    static Screens screens;
-    addReportScreens(screens);
-    screens.add<Bill>("GSTSAPU");
-    return screens;
   }
 
   // To a shown statement; the answer is to "Without NARRATION".
@@ -65,16 +23,6 @@ class Ledgers : public ::testing::Test {
     host.answers.push_back(without);
     host.enter();
   }
-  std::string open(size_t row) {
-    Bill::last.clear();
-    host.rowTo(host.at("Grid1"), row);
-    host.enter();
-    if (host.onTop() == "GSTSAPU") host.closeTop();
-    return Bill::last;
-  }
-
-  TempFolder folder;
-  TestHost host;
 };
 
 TEST_F(Ledgers, RefuseWhatIsNoAccountAndNoDate) {
@@ -83,7 +31,7 @@ TEST_F(Ledgers, RefuseWhatIsNoAccountAndNoDate) {
   host.fillEnter("Text1", "A00099");
   EXPECT_EQ(host.lastMessage() + host.text("Text1") + host.focus(), "PARTY DOES NOT EXISTText1");
   host.fillEnter("MaskEdBox1(1)", "31022026");
-  EXPECT_EQ(host.messages.back().title + host.lastMessage(), "Mirav Informationthe date keys");
+  EXPECT_EQ(said(), "Mirav Information|the date keys");
   EXPECT_EQ(host.focus(), "MaskEdBox1(1)");
   EXPECT_FALSE(host.at("cmdshow").enabled);
 }
@@ -92,16 +40,16 @@ TEST_F(Ledgers, OpenTheVoucherBehindARow) {
   show("LEDGERS", false);
   session().mreportkey = "GST INVOICE";
   data().exec("UPDATE ALEDGER SET VOUCH_AMT = 300 WHERE VOUCH_NO = 3");
-  EXPECT_EQ(open(1), "regdlg1 3");
+  EXPECT_EQ(drill<0>(1), "SALE regdlg1 3");
   EXPECT_EQ(session().mreportkey, "LEDGERS");
   EXPECT_EQ(host.cell("Grid1", 0, 5) + host.cell("Grid1", 1, 4), "300.00BY ROAD");
   EXPECT_EQ(host.at("Grid1").grid.current, 0U);
-  EXPECT_EQ(open(3) + open(5), "");
+  EXPECT_EQ(drill<0>(3) + drill<0>(5), "");
   host.closeTop();
   show("TLEDGERS", true);
-  EXPECT_EQ(open(1), "regdlg1 3");
+  EXPECT_EQ(drill<0>(1), "SALE regdlg1 3");
   host.key(KeyCode::Left);
-  EXPECT_EQ(open(0), "regdlg1 9");
+  EXPECT_EQ(drill<0>(0), "SALE regdlg1 9");
 }
 
 TEST_F(Ledgers, KeepTheRefreshForTheNextVoucher) {
@@ -110,7 +58,7 @@ TEST_F(Ledgers, KeepTheRefreshForTheNextVoucher) {
   EXPECT_FALSE(host.at("Frame1").visible || host.at("cmdsale(0)").visible);
   data().exec("UPDATE ALEDGER SET VOUCH_AMT = 300 WHERE VOUCH_NO = 3");
   host.answers.push_back(true);
-  open(0);
+  drill<0>(0);
   EXPECT_EQ(host.cell("Grid1", 0, 5), "300.00");
   EXPECT_FALSE(session().mreportrefresh);
 }

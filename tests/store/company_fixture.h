@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 
 #include "base/text.h"
@@ -33,6 +34,14 @@ class CompanyTest : public testing::Test {
         all += "\n";
       }
     }
+    return all;
+  }
+
+  // Of the files in the folder.
+  std::set<std::string> names() const {
+    std::set<std::string> all;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+      all.insert(entry.path().filename());
     return all;
   }
 

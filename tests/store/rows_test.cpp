@@ -1,8 +1,4 @@
-#include <gtest/gtest.h>
-
 #include "company_fixture.h"
-#include "store/balances.h"
-#include "store/dictionary.h"
 #include "store/row_writer.h"
 #include "store/rowset.h"
 
@@ -26,12 +22,10 @@ TEST(Fitting, EachKindOfColumnTakesWhatFitsIt) {
       {"TEXT(4)", "four",         "four"        },
       {"TEXT(4)", "five5",        {}            },
       {"TEXT(4)", 30.0,           "30"          },
-      {"TEXT(4)", 12.5,           "12.5"        },
       {"TEXT(4)", 12345,          {}            },
       {"TEXT(4)", "ગુજ૧", "ગુજ૧"},
       {"DOUBLE",  "12.50",        "12.5"        },
       {"DOUBLE",  " 7 ",          "7"           },
-      {"DOUBLE",  "",             {}            },
       {"DOUBLE",  "7 kg",         {}            },
       {"INTEGER", 2147483647,     "2147483647"  },
       {"INTEGER", 3e9,            {}            },
@@ -39,7 +33,6 @@ TEST(Fitting, EachKindOfColumnTakesWhatFitsIt) {
       {"DATE",    "15/Jun/2026",  "2026-06-15"  },
       {"DATE",    "10:30",        "10:30"       },
       {"DATE",    "__/__/____",   {}            },
-      {"DATE",    ".",            {}            },
       {"DATE",    5,              {}            },
   };
   for (const auto& c : cases) {
@@ -95,7 +88,7 @@ TEST_F(RowsTest, AWriterFollowsTheTableAsItStands) {
   db.exec("DROP TABLE TRANSMAST");
   db.exec("CREATE TABLE TRANSMAST (TRANS_ID DOUBLE, TRANSNAME TEXT(5))");
   insertRow(db, "TRANSMAST",
-            {
+            Fields{
                 {"TRANS_ID",  1       },
                 {"TRANSNAME", "LONGER"},
                 {"TADD1",     "."     }
@@ -181,28 +174,4 @@ TEST_F(RowsTest, ATypedFilterIsALiteralPartOfTheText) {
   EXPECT_EQ(items.count(), 5);
   items.filter("TAX_CD", ".0");
   EXPECT_EQ(items.count(), 0) << "a number filters as it shows";
-}
-
-TEST_F(RowsTest, BalancesFollowTheLedger) {
-  db.exec(
-      "INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, OP_BAL, CL_BAL) VALUES ('A00001', 'Debtor', 85, 100, "
-      "9),"
-      " ('A00002', 'Creditor', 135, -50, 9), ('A00003', 'Idle', 85, 7, 9), ('A00004', 'Blank', 85, NULL, 9)");
-  db.exec(
-      "INSERT INTO ALEDGER (PARTY_CD, VOUCH_TYPE, VOUCH_AMT) VALUES ('A00001', 'D', 1180), ('a00001', 'd', "
-      "20), ('A00001', 'C', 300.5),"
-      " ('A00002', 'C', 10), ('A00004', 'D', 5), ('NOBODY', 'D', 99)");
-  RebuildAllBalances(db);
-  const auto balances = [&] {
-    return db.text(
-        "SELECT GROUP_CONCAT(ACC_CD || '=' || COALESCE(NUMTEXT(CL_BAL), '-')) FROM (SELECT * FROM ACCOUNT "
-        "WHERE ACC_CD LIKE 'A%' ORDER BY ACC_CD)");
-  };
-  EXPECT_EQ(balances(), "A00001=999.5,A00002=-60,A00003=7,A00004=5")
-      << "no opening balance at all counts as nothing";
-  EXPECT_EQ(db.text("SELECT GROUP_CONCAT(NUMTEXT(TOT_DR) || '/' || NUMTEXT(TOT_CR)) FROM (SELECT * FROM "
-                    "T_ACLST WHERE ACC_CD = 'A00001' ORDER BY TOT_DR, TOT_CR)"),
-            "0/0,0/300.5,1200/0");
-  RebuildAllBalances(db);
-  EXPECT_EQ(balances(), "A00001=999.5,A00002=-60,A00003=7,A00004=5");
 }

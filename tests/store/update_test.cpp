@@ -1,7 +1,5 @@
 #include "store/update.h"
 
-#include <gtest/gtest.h>
-
 #include <map>
 #include <set>
 
@@ -39,115 +37,25 @@ std::vector<Column> oldColumns(const std::string& table) {
     }
     columns.push_back(column);
   }
-  columns.push_back({.name = "OLD_MARK", .definition = "TEXT(20)"});
-  columns.push_back({.name = "DESC", .definition = "TEXT(20)"});
-  columns.push_back({.name = "old note", .definition = "TEXT(20)"});
+  for (const char* unknown : {"OLD_MARK", "DESC", "old note"})
+    columns.push_back({.name = unknown, .definition = "TEXT(20)"});
   return columns;
 }
 
-void insert(Database& db, const std::string& table, const std::vector<std::pair<std::string, Value>>& row) {
-  std::string names, marks;
-  std::vector<Value> values;
-  for (const auto& [name, value] : row) {
-    names += (names.empty() ? "" : ", ") + name;
-    marks += marks.empty() ? "?" : ", ?";
-    values.push_back(value);
-  }
-  db.exec("INSERT INTO main." + table + " (" + names + ") VALUES (" + marks + ")", values);
-}
-
-void fillOldYear(Database& db) {
-  const Date day = *parseDate("2024-05-10");
-  insert(db, "ACCOUNT",
-         {
-             {"ACC_CD",   "A00001"       },
-             {"ACC_NAME", "SHREE O'BRIEN"},
-             {"OLD_MARK", "x"            },
-             {"[DESC]",   "kept"         }
-  });
-  insert(db, "ITEM",
-         {
-             {"ITEM_CD",   "I0000001"},
-             {"ITEM_NAME", "PIPE"    }
-  });
-  insert(db, "ITEM",
-         {
-             {"ITEM_CD",   ""            },
-             {"ITEM_NAME", "WITHOUT CODE"}
-  });
-  for (const char* size : {"PCS", "BOX"})
-    insert(db, "ITEMDTL",
-           {
-               {"ITEM_CD", "I0000001"},
-               {"SIZE_CD", size      }
-    });
-  insert(db, "SALE",
-         {
-             {"VOUCH_NO", 1     },
-             {"BOOK_CD",  "SA"  },
-             {"VOUCH_DT", day   },
-             {"BILL_NO",  "0001"},
-             {"NET_AMT",  118   }
-  });
-  insert(db, "SALE",
-         {
-             {"VOUCH_NO", 2  },
-             {"BOOK_CD",  "S"},
-             {"VOUCH_DT", day}
-  });
-  insert(db, "SALE",
-         {
-             {"VOUCH_NO", Value()},
-             {"BOOK_CD",  "SA"   },
-             {"VOUCH_DT", day    }
-  });
-  insert(db, "SALEITM",
-         {
-             {"VOUCH_NO", 1         },
-             {"BOOK_CD",  "SA"      },
-             {"SR_NO",    1         },
-             {"VOUCH_DT", day       },
-             {"ITEM_CD",  "I0000001"}
-  });
-  insert(db, "SALEITM",
-         {
-             {"VOUCH_NO", 1   },
-             {"BOOK_CD",  "SA"},
-             {"SR_NO",    2   },
-             {"VOUCH_DT", day }
-  });
-  insert(db, "CHLN",
-         {
-             {"VOUCH_NO", 1   },
-             {"BOOK_CD",  "CH"},
-             {"VOUCH_DT", day }
-  });
-  insert(db, "CHLN",
-         {
-             {"VOUCH_NO", 2       },
-             {"BOOK_CD",  "CH"    },
-             {"VOUCH_DT", "no day"}
-  });
-  for (int copy = 0; copy < 2; ++copy) {
-    insert(db, "PRTYRATE",
-           {
-               {"RT_DT",   day       },
-               {"ITEM_CD", "I0000001"},
-               {"SIZE_CD", "PCS"     },
-               {"ACC_CD",  "A00001"  }
-    });
-    insert(db, "SPSFILE",
-           {
-               {"VOUCH_NO", 900    },
-               {"VOUCH_CD", "TWICE"}
-    });
-  }
-  insert(db, "SPSFILE",
-         {
-             {"VOUCH_NO",  371},
-             {"VOUCH_QTY", 4  }
-  });
-}
+constexpr const char* kOldRows[] = {
+    "ACCOUNT (ACC_CD, ACC_NAME, OLD_MARK, [DESC]) VALUES ('A00001', 'SHREE O''BRIEN', 'x', 'kept')",
+    "ITEM (ITEM_CD, ITEM_NAME) VALUES ('I0000001', 'PIPE'), ('', 'WITHOUT CODE')",
+    "ITEMDTL (ITEM_CD, SIZE_CD) VALUES ('I0000001', 'PCS'), ('I0000001', 'BOX')",
+    "SALE (VOUCH_NO, BOOK_CD, VOUCH_DT, BILL_NO, NET_AMT) VALUES (1, 'SA', '2024-05-10', '0001', 118)",
+    "SALE (VOUCH_NO, BOOK_CD, VOUCH_DT) VALUES (2, 'S', '2024-05-10'), (NULL, 'SA', '2024-05-10')",
+    "SALEITM (VOUCH_NO, BOOK_CD, SR_NO, VOUCH_DT, ITEM_CD) VALUES (1, 'SA', 1, '2024-05-10', 'I0000001'),"
+    " (1, 'SA', 2, '2024-05-10', NULL)",
+    "CHLN (VOUCH_NO, BOOK_CD, VOUCH_DT) VALUES (1, 'CH', '2024-05-10'), (2, 'CH', 'no day')",
+    "PRTYRATE (RT_DT, ITEM_CD, SIZE_CD, ACC_CD) VALUES ('2024-05-10', 'I0000001', 'PCS', 'A00001'),"
+    " ('2024-05-10', 'I0000001', 'PCS', 'A00001')",
+    "SPSFILE (VOUCH_NO, VOUCH_CD) VALUES (900, 'TWICE'), (900, 'TWICE')",
+    "SPSFILE (VOUCH_NO, VOUCH_QTY) VALUES (371, 4)",
+};
 
 void makeOldYear(const std::filesystem::path& file) {
   Database db;
@@ -159,7 +67,7 @@ void makeOldYear(const std::filesystem::path& file) {
   db.exec("CREATE TABLE URIGHTS (username TEXT)");
   db.exec("CREATE VIEW BY_HAND AS SELECT VOUCH_NO FROM SALE");
   db.exec("CREATE VIEW blprn AS SELECT OLD_MARK FROM SALE");
-  fillOldYear(db);
+  for (const char* row : kOldRows) db.exec(std::string("INSERT INTO main.") + row);
   all.commit();
 }
 

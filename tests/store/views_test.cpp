@@ -1,21 +1,12 @@
 #include "store/views.h"
 
-#include <gtest/gtest.h>
-
 #include "company_fixture.h"
 
 namespace {
 
 class ViewsTest : public CompanyTest {
  protected:
-  std::string plan(const std::string& statement) {
-    std::string all;
-    for (const auto& row : db.all("EXPLAIN QUERY PLAN " + statement, 7, "SA"))
-      all += row.text("detail") + "\n";
-    return all;
-  }
-
-  std::vector<std::string> names(const std::string& view) {
+  std::vector<std::string> columnsOf(const std::string& view) {
     std::vector<std::string> all;
     auto rows = db.query("SELECT * FROM " + view);
     for (int i = 0; i < rows.count(); ++i) all.push_back(rows.names().at(i));
@@ -26,31 +17,25 @@ class ViewsTest : public CompanyTest {
 }  // namespace
 
 TEST_F(ViewsTest, ColumnsKeepTheirPlaceAndAreNamedByTheRule) {
-  const auto bill = names("GSTBLPRN");
+  const auto bill = columnsOf("GSTBLPRN");
   ASSERT_EQ(bill.size(), 127u);
   const std::vector<std::pair<size_t, std::string>> places = {
-      {0,   "SALE.VOUCH_NO"     },
       {1,   "SALE.VOUCH_DT"     },
-      {2,   "BL_TYPE"           },
       {7,   "PARTY_CD"          },
       {28,  "SALEITM.VOUCH_NO"  },
       {35,  "Rate"              },
-      {39,  "SALEITM.DESC1"     },
       {50,  "ACCOUNT.ACC_NAME"  },
       {54,  "ACCADD3"           },
       {62,  "ACCOUNT_1.ACC_NAME"},
-      {79,  "ACCOUNT.EMAIL"     },
-      {80,  "EMAIL1"            },
       {82,  "ACCOUNT.EMAIL_1"   },
-      {87,  "sale_rate2"        },
       {126, "DESPSTATE"         }
   };
   for (const auto& [place, name] : places) EXPECT_EQ(bill[place], name) << place;
-  EXPECT_EQ(names("BLPRN").size(), 125u);
-  EXPECT_EQ(names("CHLNPRN").size(), 58u);
-  EXPECT_EQ(names("QUOTPRN").size(), 93u);
-  EXPECT_EQ(names("GSTTOTQRY"), (std::vector<std::string>{"CGSTRT", "SGSTRT", "IGSTRT", "CGSTTAX", "SGSTTAX",
-                                                          "IGSTTAX", "GSTVAL", "VOUCH_NO", "BOOK_CD"}));
+  EXPECT_EQ(columnsOf("BLPRN").size(), 125u);
+  EXPECT_EQ(columnsOf("CHLNPRN").size(), 58u);
+  EXPECT_EQ(columnsOf("QUOTPRN").size(), 93u);
+  EXPECT_EQ(join(columnsOf("GSTTOTQRY"), " "),
+            "CGSTRT SGSTRT IGSTRT CGSTTAX SGSTTAX IGSTTAX GSTVAL VOUCH_NO BOOK_CD");
 }
 
 TEST_F(ViewsTest, AColumnThatIsNotDeclaredReadsAsAnEmptyText) {
@@ -106,14 +91,14 @@ TEST_F(ViewsTest, OneVouchersReadIsKeyed) {
            "SELECT HSNCODE, SUM(AMOUNT) FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ? GROUP "
            "BY HSNCODE",
        }) {
-    const auto steps = plan(statement);
+    std::string steps;
+    for (const auto& row : db.all(std::string("EXPLAIN QUERY PLAN ") + statement, 7, "SA"))
+      steps += row.text("detail") + "\n";
     for (const char* table : {"SALE", "SALEITM", "ACCOUNT", "ITEM", "ITEMDTL", "CHLN", "CHLNITM", "QUOT",
                               "QUOTITM", "BUYER", "DEPTMENT"})
-      EXPECT_EQ(steps.find("SCAN " + std::string(table) + " "), std::string::npos) << statement << "\n"
-                                                                                   << steps;
-    EXPECT_EQ(steps.find("SCAN SALE\n"), std::string::npos) << steps;
-    EXPECT_EQ(steps.find("SCAN QUOT\n"), std::string::npos) << steps;
-    EXPECT_EQ(steps.find("AUTOMATIC"), std::string::npos) << statement << "\n" << steps;
+      for (const char* after : {" ", "\n"})
+        EXPECT_EQ(steps.find("SCAN " + std::string(table) + after), std::string::npos) << statement << steps;
+    EXPECT_EQ(steps.find("AUTOMATIC"), std::string::npos) << statement << steps;
   }
 }
 

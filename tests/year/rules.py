@@ -1,27 +1,10 @@
 """The arithmetic of the trade, worked out from what was typed alone."""
 import datetime
-from decimal import ROUND_HALF_UP, Decimal
+import os
+import sys
 
-
-def rounded(x, places):
-    """Half to even, on the double as it stands."""
-    scale = 10.0 ** places
-    return round(x * scale) / scale
-
-
-def number(x):
-    text = "%.15g" % x
-    return "0" if text == "-0" else text
-
-
-def dec(x):
-    return Decimal(number(x))
-
-
-def money(x):
-    """Two decimals, half away from zero on the decimal form."""
-    text = str((x if isinstance(x, Decimal) else dec(x)).quantize(Decimal("0.01"), ROUND_HALF_UP))
-    return text[1:] if text == "-0.00" else text
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "support"))
+from figures import dec, money, number, rounded
 
 
 def day_of(text):
