@@ -1,4 +1,4 @@
-"""Statements of accounts, running and two-sided, as they must read."""
+"""Statements of accounts as they must read."""
 import datetime
 from decimal import Decimal
 
@@ -29,7 +29,7 @@ def entries(r, code, start, end):
     return sorted(found, key=lambda x: (x.day, x.side == "C", x.number, x.serial))
 
 
-def running(r, code, start, end, narrated=False):
+def running(r, code, start, end, narrated):
     debit, credit = opening(r, code, start)
     net, rows = debit - credit, []
     if net > 0:
@@ -55,45 +55,17 @@ def running(r, code, start, end, narrated=False):
     return rows
 
 
-def two_sided(r, code, start, end):
-    debit, credit = opening(r, code, start)
-    net, found = debit - credit, entries(r, code, start, end)
-    sides = {"D": [], "C": []}
-    if net > 0:
-        sides["D"].append(["", "", "", "OPENING BALANCE", money(net)])
-    else:
-        sides["C"].append(["", "", "", "OPENING BALANCE", money(-net)])
-    for side in "DC":
-        if side == "D" and net <= 0:
-            sides["D"].append([""] * 5)  # debits begin in the row below the opening whichever side that has
-        sides[side] += [[str(x.number), x.book, x.day.strftime("%d/%m/%y"), r.books.name(x.against), money(x.amount)] for x in found if x.side == side]
-    if net == 0:  # the first credit takes the place of an opening of nothing
-        sides["C"] = sides["C"][1:] or sides["C"]
-    size = max(map(len, sides.values()))
-    padded = {side: rows + [[""] * 5] * (size - len(rows)) for side, rows in sides.items()}
-    rows = [c + d for c, d in zip(padded["C"], padded["D"])]
-    debits, credits = (sum((x.amount for x in found if x.side == side), NIL) for side in "DC")
-    count = sum(x.side == "D" for x in found)
-    left = net + debits - credits
-    blank = [""] * 3
-    rows.append(blank + ["Transaction Total   Cr : %d" % (len(found) - count), money(credits)] + blank + ["Transaction Total   Dr : %d" % count, money(debits)])
-    rows.append(blank + (["**Closing Bal. Dr.", money(left)] if left >= 0 else ["", ""]) + blank + (["**Closing Bal. Cr.", money(-left)] if left <= 0 else ["", ""]))
-    whole = money(max(max(net, NIL) + debits, max(-net, NIL) + credits))
-    rows.append(blank + ["Total ", whole] + blank + ["Total ", whole])
-    return rows
-
-
-def show(r, menu, rows, code, start, end, answer="Yes"):
+def show(r, code, start, end, narrated=False):
     s = r.s
-    s.note("%s of %s" % (menu, code))
-    s('menu "%s"' % menu)
+    s.note("Ledger of %s" % code)
+    s('menu "Partty Ledger"')
     s.type(code.lower())
     s.keys("Enter")
     s.fill("MaskEdBox1(0)", start.strftime("%d%m%Y"))
     s.keys("Enter")
     s.fill("MaskEdBox1(1)", end.strftime("%d%m%Y"))
-    s("key Enter", "answer " + answer, "key Enter")
-    grid(s, rows)
+    s("key Enter", "answer No" if narrated else "answer Yes", "key Enter")
+    grid(s, running(r, code, start, end, narrated))
     s("press cmdclose", "expect screen frmmain")
 
 
@@ -105,9 +77,8 @@ def statements(r):
     codes = of(DEBTORS)[:3] + of(DEBTORS)[-1:] + of(CREDITORS)[:2] + of(BANKS) + [abroad, CASH]
     for code in codes:
         for period in (year, autumn):
-            show(r, "Partty Ledger", running(r, code, *period), code, *period)
-            show(r, "T-Ledger", two_sided(r, code, *period), code, *period)
+            show(r, code, *period)
     for code in of(DEBTORS) + [CASH]:
-        show(r, "Partty Ledger", running(r, code, *year, narrated=True), code, *year, answer="No")
+        show(r, code, *year, narrated=True)
     for code in (SALES, ROUNDING, "X90061", "X90063", "X90064"):
-        show(r, "Partty Ledger", running(r, code, *autumn), code, *autumn)
+        show(r, code, *autumn)
