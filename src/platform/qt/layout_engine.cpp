@@ -2,70 +2,20 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
-#include <numeric>
+#include <utility>
 
-#include "base/text.h"
+#include "platform/qt/layout_measure.h"
 
 namespace layout {
 namespace {
 
 using namespace size;
 
-bool roomy(const Group& g) {
-  const auto inside = [](const Band& b) { return std::ranges::any_of(b.groups, roomy); };
-  return g.pitch > kPitch || std::ranges::any_of(g.bands, inside);
-}
-bool framed(const Group& g) { return g.frame == Frame::Panel || g.frame == Frame::Off; }
-bool ofLines(const Group& g) {
-  return g.frame == Frame::Heads || g.frame == Frame::Entry || g.frame == Frame::Keys;
-}
-
-double insetX(const Group& g) {
-  return !framed(g) ? 0 : g.pitch == kPitch && g.frame == Frame::Panel ? 11 : 15;
-}
-double insetY(const Group& g) { return !framed(g) ? 0 : roomy(g) ? 11 : 8; }
-double cellHeight(const Group& g) { return g.pitch >= kPitch ? kField : g.pitch; }
-
-// Shares `total` among lengths of which the fixed ones are already known in pixels.
-std::vector<int> shares(const std::vector<Length>& lengths, const std::vector<int>& fixed, int total) {
-  std::vector<int> out = fixed;
-  double parts = 0;
-  int used = 0;
-  for (size_t i = 0; i < lengths.size(); ++i) {
-    if (lengths[i].unit == Length::Unit::Part)
-      parts += lengths[i].n;
-    else
-      used += fixed[i];
-  }
-  const int rest = std::max(0, total - used);
-  double taken = 0;
-  for (size_t i = 0; i < lengths.size(); ++i) {
-    if (lengths[i].unit != Length::Unit::Part || parts <= 0) continue;
-    const int from = static_cast<int>(std::lround(rest * taken / parts));
-    taken += lengths[i].n;
-    out[i] = static_cast<int>(std::lround(rest * taken / parts)) - from;
-  }
-  if (used <= total) return out;
-  // Too narrow for what is fixed: all give way alike.
-  int at = 0, sum = 0;
-  for (int& w : out) {
-    sum += w;
-    const int to = static_cast<int>(std::lround(static_cast<double>(sum) * total / used));
-    w = to - at;
-    at = to;
-  }
-  return out;
-}
-
 class Engine {
  public:
-  Engine(const Screen& screen, const Measure& measure) : screen_(screen), m_(measure) {
+  Engine(const Screen& screen, const Measure& measure)
+      : screen_(screen), m_(measure), sizes_(screen, measure) {
     plan_.spots.resize(screen.controls.size());
-    for (size_t i = 0; i < screen.controls.size(); ++i) {
-      const ControlSpec& spec = *screen.controls[i]->spec;
-      if (spec.over.empty() && !spec.at.group.empty()) members_[spec.at.group].push_back(i);
-    }
   }
 
   Plan run(int width, int height) {
@@ -91,13 +41,6 @@ class Engine {
     return std::move(plan_);
   }
 
-  // Height that a dialog needs when it says none.
-  int naturalHeight() const {
-    const Layout& layout = screen_.spec.layout;
-    const double inside = natural(layout.bands) + layout.margin * 1.5;
-    return m_.px(inside + 2 * kDialogFrame + kDialogTitle);
-  }
-
  private:
   void cutStrip(Rect& area, int height) {
     plan_.strip = {area.x, area.y, area.w, height};
@@ -105,134 +48,27 @@ class Engine {
     area.h -= height;
   }
 
-  const Control* gridOf(const Group& g) const {
-    const auto found = members_.find(g.name);
-    if (found == members_.end()) return nullptr;
-    for (const size_t i : found->second)
-      if (screen_.controls[i]->kind == Kind::Grid) return screen_.controls[i].get();
-    return nullptr;
-  }
-
-  const Control* gridNamed(const std::string& name) const {
-    for (const auto& c : screen_.controls)
-      if (c->kind == Kind::Grid && (sameText(c->fullName(), name) || sameText(c->family, name)))
-        return c.get();
-    return nullptr;
-  }
-
   size_t indexOf(const Control* control) const {
     const auto at = std::ranges::find_if(screen_.controls, [&](const auto& c) { return c.get() == control; });
     return static_cast<size_t>(at - screen_.controls.begin());
   }
 
-  const Control* linesOf(const Band& band) const {
-    if (band.groups.size() != 1) return nullptr;
-    const Group& g = band.groups.front();
-    return ofLines(g) ? gridNamed(g.columnsOf) : gridOf(g);
-  }
-
-  // Rows that belong to one grid of lines stand without a gap between them.
-  bool joined(const Band& above, const Band& below) const {
-    return above.groups.size() == 1 && ofLines(above.groups.front()) && linesOf(above) &&
-           linesOf(above) == linesOf(below);
-  }
-
-  bool isSectionHead(const Group& g) const {
-    const auto found = members_.find(g.name);
-    return g.frame == Frame::Plain && g.bands.empty() && found != members_.end() &&
-           std::ranges::all_of(found->second, [this](size_t i) {
-             return screen_.controls[i]->kind == Kind::Label && screen_.controls[i]->style == Style::Section;
-           });
-  }
-
-  double gapBetween(const Band& above, const Band& below) const {
-    if (joined(above, below)) return 0;
-    const auto has = [](const Band& b, auto test) { return std::ranges::any_of(b.groups, test); };
-    const auto buttons = [](const Group& g) { return g.frame == Frame::Buttons; };
-    const auto free = [](const Group& g) { return roomy(g) && framed(g); };
-    if (has(below, buttons)) return kGap;
-    if (std::ranges::all_of(above.groups, [this](const Group& g) { return isSectionHead(g); }))
-      return kHeadGap;
-    const double gap = screen_.spec.layout.gap;
-    return has(above, free) && has(below, free) ? std::max(gap, kRoomyGap) : gap;
-  }
-
-  int rowsOf(const Group& g) const {
-    int rows = 0;
-    const auto found = members_.find(g.name);
-    if (found == members_.end()) return 0;
-    for (const size_t i : found->second) {
-      const Place& at = screen_.controls[i]->spec->at;
-      rows = std::max(rows, at.row + at.rows);
-    }
-    return rows;
-  }
-
-  // Heights at scale 1.
-  double natural(const Group& g) const {
-    switch (g.frame) {
-      case Frame::Heads:
-        return kHeads;
-      case Frame::Entry:
-        return kEntry;
-      case Frame::Keys:
-        return kKeys;
-      case Frame::Buttons:
-        return kButtonBand;
-      case Frame::Column: {
-        const auto found = members_.find(g.name);
-        const size_t n = found == members_.end() ? 0 : found->second.size();
-        return n == 0 ? 0 : static_cast<double>(n) * kButtonPitch - (kButtonPitch - kButton);
-      }
-      default:
-        break;
-    }
-    const double inside = g.bands.empty() ? 0 : natural(g.bands);
-    const int rows = rowsOf(g);
-    const double own = rows == 0 ? 0 : (rows - 1) * g.pitch + cellHeight(g);
-    return std::max(inside, own) + 2 * insetY(g);
-  }
-
-  double natural(const Band& band) const {
-    if (band.height.unit == Length::Unit::Px) return band.height.n;
-    double most = 0;
-    for (const Group& g : band.groups) most = std::max(most, natural(g));
-    return most;
-  }
-
-  double natural(const std::vector<Band>& bands) const {
-    double sum = 0;
-    for (size_t i = 0; i < bands.size(); ++i)
-      sum += natural(bands[i]) + (i > 0 ? gapBetween(bands[i - 1], bands[i]) : 0);
-    return sum;
-  }
-
-  // A chart that is put away leaves its room to the others.
-  bool folded(const Band& band) const {
-    return !band.groups.empty() && std::ranges::all_of(band.groups, [this](const Group& g) {
-      const auto found = members_.find(g.name);
-      return found != members_.end() && allHidden(g) && std::ranges::all_of(found->second, [this](size_t i) {
-               return screen_.controls[i]->kind == Kind::Chart;
-             });
-    });
-  }
-
   void placeBands(const std::vector<Band>& all, const Rect& area) {
     std::vector<const Band*> bands;
     for (const Band& band : all)
-      if (!folded(band)) bands.push_back(&band);
+      if (!sizes_.folded(band)) bands.push_back(&band);
     std::vector<Length> lengths;
     std::vector<int> fixed;
     int gaps = 0;
     for (size_t i = 0; i < bands.size(); ++i) {
       lengths.push_back(bands[i]->height);
-      fixed.push_back(bands[i]->height.unit == Length::Unit::Part ? 0 : m_.px(natural(*bands[i])));
-      if (i > 0) gaps += m_.px(gapBetween(*bands[i - 1], *bands[i]));
+      fixed.push_back(bands[i]->height.unit == Length::Unit::Part ? 0 : m_.px(sizes_.natural(*bands[i])));
+      if (i > 0) gaps += m_.px(sizes_.gapBetween(*bands[i - 1], *bands[i]));
     }
     const std::vector<int> heights = shares(lengths, fixed, area.h - gaps);
     int y = area.y;
     for (size_t i = 0; i < bands.size(); ++i) {
-      if (i > 0) y += m_.px(gapBetween(*bands[i - 1], *bands[i]));
+      if (i > 0) y += m_.px(sizes_.gapBetween(*bands[i - 1], *bands[i]));
       placeGroups(*bands[i], {area.x, y, area.w, heights[i]});
       y += heights[i];
     }
@@ -244,7 +80,7 @@ class Engine {
     for (const Group& g : band.groups) {
       lengths.push_back(g.width);
       const bool fits = g.width.unit == Length::Unit::Fit;
-      fixed.push_back(g.width.unit == Length::Unit::Part ? 0 : fits ? fitWidth(g) : m_.px(g.width.n));
+      fixed.push_back(g.width.unit == Length::Unit::Part ? 0 : fits ? sizes_.fitWidth(g) : m_.px(g.width.n));
     }
     const bool wide = std::ranges::any_of(band.groups, roomy);
     const int gap = m_.px(std::max(screen_.spec.layout.gap, wide ? kColumnGap : 0));
@@ -255,68 +91,22 @@ class Engine {
       const Group& g = band.groups[i];
       const Rect box{x, area.y, widths[i], area.h};
       boxes_.emplace_back(&g, box);
-      plan_.groups.push_back({&g, box, allHidden(g)});
+      plan_.groups.push_back({&g, box, sizes_.allHidden(g)});
       if (!g.bands.empty()) placeBands(g.bands, box.inset(m_.px(insetX(g)), m_.px(insetY(g))));
       x += widths[i] + gap;
     }
   }
 
-  bool allHidden(const Group& g) const {
-    const auto found = members_.find(g.name);
-    if (found == members_.end() || g.name.empty()) return false;
-    return std::ranges::none_of(found->second, [&](size_t i) { return screen_.controls[i]->visible; });
-  }
-
-  int fitWidth(const Group& g) const {
-    int sum = 2 * m_.px(insetX(g)), columns = 0;
-    for (const Length& l : g.columns) {
-      sum += l.unit == Length::Unit::Px ? m_.px(l.n) : fitColumn(g, columns);
-      ++columns;
-    }
-    return sum + std::max(0, columns - 1) * m_.px(kColumnGap);
-  }
-
-  int fitColumn(const Group& g, int column) const {
-    int most = 0;
-    const auto found = members_.find(g.name);
-    if (found == members_.end()) return 0;
-    for (const size_t i : found->second) {
-      const Control& c = *screen_.controls[i];
-      const Place& at = c.spec->at;
-      if (labelled(c) && at.col == column + 1) most = std::max(most, m_.width(c.label, Style::Quiet));
-      if (at.col != column || at.span != 1) continue;
-      if (c.kind == Kind::Label) most = std::max(most, m_.width(c.text, c.style));
-      if (c.kind == Kind::Check) most = std::max(most, m_.width(c.text, Style::Normal) + m_.px(26));
-      if (c.kind == Kind::Button) most = std::max(most, buttonWidth(c));
-    }
-    return most + m_.px(2);
-  }
-
-  // Beside its field; the framed amount keeps its label inside.
-  static bool labelled(const Control& c) {
-    const bool beside = c.editable() || c.kind == Kind::Progress || c.kind == Kind::Picture;
-    return beside && !c.label.empty() && c.style != Style::Amount;
-  }
-
-  int buttonWidth(const Control& c) const {
-    const double own = c.spec->at.width;
-    if (own > 0) return m_.px(own);
-    return std::max(m_.px(kButtonWidth),
-                    m_.width(plainCaption(c.text), Style::Head == c.style ? c.style : Style::Key) +
-                        2 * m_.px(kButtonInset));
-  }
-
   void placeGrids() {
     for (const auto& [group, box] : boxes_) {
       if (ofLines(*group)) continue;
-      const auto found = members_.find(group->name);
-      if (found == members_.end()) continue;
-      for (const size_t i : found->second) {
+      const std::vector<size_t>& members = sizes_.members(*group);
+      for (const size_t i : members) {
         const Control& c = *screen_.controls[i];
         if (c.kind != Kind::Grid) continue;
         Spot& spot = plan_.spots[i];
         const bool fills = group->columns.empty() && c.spec->at.row == 0 && c.spec->at.rows == 1;
-        spot.box = fills ? (framed(*group) && found->second.size() > 1 ? content(*group, box) : box)
+        spot.box = fills ? (framed(*group) && members.size() > 1 ? content(*group, box) : box)
                          : cellOf(*group, box, c.spec->at);
         if (!fills && c.spec->at.rows == 1) spot.box.h = content(*group, box).bottom() - spot.box.y;
         spot.frame = group->frame;
@@ -329,8 +119,9 @@ class Engine {
 
   // Lists that are only looked at have a lane when they need one; the others always.
   int laneOf(const Control& c, const Spot& spot) const {
-    const bool lines = std::ranges::any_of(
-        boxes_, [&](const auto& b) { return ofLines(*b.first) && gridNamed(b.first->columnsOf) == &c; });
+    const bool lines = std::ranges::any_of(boxes_, [&](const auto& b) {
+      return ofLines(*b.first) && sizes_.gridNamed(b.first->columnsOf) == &c;
+    });
     const size_t rows = static_cast<size_t>(std::max(0, spot.box.h) / std::max(1, spot.rowHeight));
     const bool fits = c.grid.count() + (c.grid.heading ? 1 : 0) <= rows;
     const bool looked = c.tab == 0 && !lines;
@@ -352,7 +143,7 @@ class Engine {
 
   Cells cellsOf(const Group& g, const Rect& box) const {
     Cells cells;
-    if (const Control* grid = g.columnsOf.empty() ? nullptr : gridNamed(g.columnsOf)) {
+    if (const Control* grid = g.columnsOf.empty() ? nullptr : sizes_.gridNamed(g.columnsOf)) {
       const Spot& spot = plan_.spots[indexOf(grid)];
       for (size_t i = 0; i + 1 < spot.edges.size(); ++i) {
         cells.x.push_back(box.x + spot.edges[i] + 1);
@@ -366,7 +157,9 @@ class Engine {
     for (size_t i = 0; i < g.columns.size(); ++i) {
       const Length& l = g.columns[i];
       const bool fits = l.unit == Length::Unit::Fit;
-      fixed.push_back(l.unit == Length::Unit::Px ? m_.px(l.n) : fits ? fitColumn(g, static_cast<int>(i)) : 0);
+      fixed.push_back(l.unit == Length::Unit::Px ? m_.px(l.n)
+                      : fits                     ? sizes_.fitColumn(g, static_cast<int>(i))
+                                                 : 0);
     }
     const int gap = m_.px(kColumnGap);
     cells.w = shares(g.columns, fixed, area.w - gap * static_cast<int>(g.columns.size() - 1));
@@ -379,7 +172,7 @@ class Engine {
   }
 
   bool labelsAlone(const Group& g, int row) const {
-    return std::ranges::all_of(members_.at(g.name), [&](size_t i) {
+    return std::ranges::all_of(sizes_.members(g), [&](size_t i) {
       const Control& c = *screen_.controls[i];
       return c.kind == Kind::Label || c.spec->at.row + c.spec->at.rows - 1 < row;
     });
@@ -387,7 +180,7 @@ class Engine {
 
   // From one row to the next; closer than asked for when the group is too low for its rows.
   double pitchOf(const Group& g, const Rect& area) const {
-    const int rows = rowsOf(g);
+    const int rows = sizes_.rowsOf(g);
     if (rows < 2) return g.pitch * m_.scale;
     // A pixel or two may come off the lower inset instead; a last row of labels alone may reach into it.
     const double last = labelsAlone(g, rows - 1) ? std::min(kLabelLine, cellHeight(g)) : cellHeight(g);
@@ -403,28 +196,23 @@ class Engine {
     const int from = std::clamp(at.col, 0, std::max(0, last)),
               to = std::clamp(at.col + at.span - 1, from, std::max(from, last));
     int top = area.y + static_cast<int>(std::lround(at.row * pitch));
-    if (g.frame == Frame::Plain && rowsOf(g) == 1) top += std::max(0, (area.h - m_.px(cellHeight(g))) / 2);
+    if (g.frame == Frame::Plain && sizes_.rowsOf(g) == 1)
+      top += std::max(0, (area.h - m_.px(cellHeight(g))) / 2);
     const int most = m_.px(cellHeight(g));
-    const int height =
-        at.rows > 1 ? static_cast<int>(std::lround((at.rows - 1) * pitch)) + most
-                    : (rowsOf(g) > 1 ? std::min(most, static_cast<int>(pitch)) : std::min(most, area.h));
+    const int height = at.rows > 1 ? static_cast<int>(std::lround((at.rows - 1) * pitch)) + most
+                                   : (sizes_.rowsOf(g) > 1 ? std::min(most, static_cast<int>(pitch))
+                                                           : std::min(most, area.h));
     if (ofLines(g)) return {cells.x[from], box.y, cells.x[to] + cells.w[to] - cells.x[from], box.h};
     return {cells.x[from], top, cells.x[to] + cells.w[to] - cells.x[from], std::max(height, 1)};
   }
 
   void placeControls(const Group& g, const Rect& box) {
-    const auto found = members_.find(g.name);
-    if (found == members_.end()) return;
-    if (g.frame == Frame::Buttons) {
-      placeButtons(found->second, box);
-      return;
-    }
-    if (g.frame == Frame::Column) {
-      placeColumn(found->second, box);
-      return;
-    }
-    if (ofLines(g) && !gridNamed(g.columnsOf)) return;
-    for (const size_t i : found->second) {
+    const std::vector<size_t>& members = sizes_.members(g);
+    if (members.empty()) return;
+    if (g.frame == Frame::Buttons) return placeButtons(members, box);
+    if (g.frame == Frame::Column) return placeColumn(members, box);
+    if (ofLines(g) && !sizes_.gridNamed(g.columnsOf)) return;
+    for (const size_t i : members) {
       const Control& c = *screen_.controls[i];
       plan_.spots[i].frame = g.frame;
       if (c.kind != Kind::Grid) placeInCell(g, box, c, plan_.spots[i]);
@@ -476,7 +264,7 @@ class Engine {
   void placeButtons(const std::vector<size_t>& members, const Rect& box) {
     const int gap = m_.px(kButtonGap), h = m_.px(kButton), y = box.y + (box.h - h) / 2;
     const auto widthOf = [&](const Control& c) {
-      return c.kind == Kind::Button ? buttonWidth(c)
+      return c.kind == Kind::Button ? sizes_.buttonWidth(c)
              : c.spec->at.width > 0 ? m_.px(c.spec->at.width)
                                     : m_.width(plainCaption(c.text), c.style) + m_.px(26);
     };
@@ -513,7 +301,7 @@ class Engine {
   void placeOverlays() {
     for (size_t i = 0; i < screen_.controls.size(); ++i) {
       const Control& c = *screen_.controls[i];
-      const Control* base = c.spec->over.empty() ? nullptr : gridNamed(c.spec->over);
+      const Control* base = c.spec->over.empty() ? nullptr : sizes_.gridNamed(c.spec->over);
       if (!base || c.kind != Kind::Grid) continue;
       const Spot& under = plan_.spots[indexOf(base)];
       Spot& spot = plan_.spots[i];
@@ -537,7 +325,7 @@ class Engine {
   void joinBlocks() {
     for (const auto& [group, box] : boxes_) {
       if (!ofLines(*group)) continue;
-      const Control* grid = gridNamed(group->columnsOf);
+      const Control* grid = sizes_.gridNamed(group->columnsOf);
       if (!grid) continue;
       auto block = std::ranges::find(plan_.blocks, grid, &BlockSpot::grid);
       if (block == plan_.blocks.end()) {
@@ -558,7 +346,7 @@ class Engine {
   const Screen& screen_;
   const Measure& m_;
   Plan plan_;
-  std::map<std::string, std::vector<size_t>> members_;
+  Sizes sizes_;
   std::vector<std::pair<const Group*, Rect>> boxes_;
 };
 
@@ -568,8 +356,6 @@ double scaleFor(int width, int height) {
   const double fits = std::min(width / 1366.0, height / 768.0);
   return std::clamp(std::floor(fits * 4) / 4, 1.0, 1.5);
 }
-
-int Measure::px(double n) const { return static_cast<int>(std::lround(n * scale)); }
 
 Plan arrange(const Screen& screen, int width, int height, const Measure& measure) {
   return Engine(screen, measure).run(width, height);
@@ -584,7 +370,7 @@ Rect placeDialog(const Screen& screen, const Rect& window, const Rect& area, con
   Rect box;
   const bool fills = ownWidth <= 0 || ownWidth >= kFillingWidth;
   box.w = std::min(fills ? window.w : measure.px(ownWidth), window.w - 2 * side);
-  box.h = ownHeight > 0 ? measure.px(ownHeight) : Engine(screen, measure).naturalHeight();
+  box.h = ownHeight > 0 ? measure.px(ownHeight) : Sizes(screen, measure).dialogHeight();
   box.h = std::min(box.h, window.h - 2 * side);
   box.x = window.x + (window.w - box.w) / 2;
   switch (anchor) {
@@ -600,39 +386,6 @@ Rect placeDialog(const Screen& screen, const Rect& window, const Rect& area, con
   }
   box.y = std::clamp(box.y, window.y, std::max(window.y, window.bottom() - box.h));
   return box;
-}
-
-std::vector<int> columnEdges(const std::vector<GridColumn>& columns, int width, const Measure& measure) {
-  std::vector<Length> lengths;
-  std::vector<int> fixed;
-  bool anyPart = false;
-  for (const GridColumn& c : columns) {
-    const bool hidden = c.width.unit != Length::Unit::Fit && c.width.n <= 0;
-    lengths.push_back(hidden ? ::px(0) : c.width);
-    anyPart = anyPart || lengths.back().unit == Length::Unit::Part;
-  }
-  if (!anyPart)  // fixed widths alone share the whole, so that no lane of white is left
-    for (Length& l : lengths)
-      if (l.unit == Length::Unit::Px) l.unit = Length::Unit::Part;
-  for (size_t i = 0; i < columns.size(); ++i) {
-    const bool fits = lengths[i].unit == Length::Unit::Fit;
-    fixed.push_back(fits ? measure.width(columns[i].title, Style::Key) + 2 * measure.px(kCellInset)
-                    : lengths[i].unit == Length::Unit::Px ? measure.px(lengths[i].n)
-                                                          : 0);
-  }
-  const std::vector<int> widths = shares(lengths, fixed, std::max(0, width));
-  std::vector<int> edges{0};
-  for (const int w : widths) edges.push_back(edges.back() + w);
-  return edges;
-}
-
-std::string plainCaption(const std::string& caption) {
-  std::string out;
-  for (size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] == '&' && i + 1 < caption.size() && caption[i + 1] != ' ') ++i;
-    out += caption[i];
-  }
-  return out;
 }
 
 }  // namespace layout
