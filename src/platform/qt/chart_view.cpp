@@ -33,7 +33,7 @@ QString grouped(double amount, const char* pattern) {
 }  // namespace
 
 ChartView::ChartView(Screen& screen, Control& control, Hands& hands, QWidget* parent)
-    : QWidget(parent), ControlView(screen, control, hands) {
+    : WidgetView(screen, control, hands, parent) {
   setFocusPolicy(Qt::NoFocus);
 }
 

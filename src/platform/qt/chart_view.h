@@ -3,10 +3,9 @@
 #include "platform/qt/control_view.h"
 
 // A chart painted plainly: bars, a scale or amounts, and what the colours of its segments mean.
-class ChartView : public QWidget, public ControlView {
+class ChartView : public WidgetView<QWidget> {
  public:
   ChartView(Screen& screen, Control& control, Hands& hands, QWidget* parent);
-  QWidget& widget() override { return *this; }
   void sync(const Situation& situation) override;
 
  protected:

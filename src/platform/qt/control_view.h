@@ -36,4 +36,13 @@ class ControlView {
   layout::Spot spot_;
 };
 
+// A view that is a widget of that class itself.
+template <class Widget>
+class WidgetView : public Widget, public ControlView {
+ public:
+  WidgetView(Screen& screen, Control& control, Hands& hands, QWidget* parent)
+      : Widget(parent), ControlView(screen, control, hands) {}
+  QWidget& widget() override { return *this; }
+};
+
 std::unique_ptr<ControlView> makeView(Screen& screen, Control& control, Hands& hands, QWidget& parent);

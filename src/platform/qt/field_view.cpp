@@ -25,7 +25,7 @@ size_t pointsBefore(const QString& text, int units) {
 }  // namespace
 
 FieldView::FieldView(Screen& screen, Control& control, Hands& hands, QWidget* parent)
-    : QLineEdit(parent), ControlView(screen, control, hands) {
+    : WidgetView(screen, control, hands, parent) {
   setFrame(false);
   setContextMenuPolicy(Qt::NoContextMenu);
   setAcceptDrops(false);

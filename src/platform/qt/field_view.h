@@ -7,11 +7,9 @@
 
 // A text or date field. It shows text, caret and selection of its record; typing goes through
 // the desk, never through the widget.
-class FieldView : public QLineEdit, public ControlView {
+class FieldView : public WidgetView<QLineEdit> {
  public:
   FieldView(Screen& screen, Control& control, Hands& hands, QWidget* parent);
-
-  QWidget& widget() override { return *this; }
   void sync(const Situation& situation) override;
   void place(const layout::Spot& spot, const Look& look) override;
 

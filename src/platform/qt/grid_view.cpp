@@ -69,7 +69,7 @@ void paintHeading(QPainter& painter, const QRect& box, const std::vector<GridCol
 }
 
 GridView::GridView(Screen& screen, Control& control, Hands& hands, QWidget* parent)
-    : QWidget(parent), ControlView(screen, control, hands), bar_(new LaneBar(this)) {
+    : WidgetView(screen, control, hands, parent), bar_(new LaneBar(this)) {
   setAttribute(Qt::WA_OpaquePaintEvent, false);
   setFocusPolicy(Qt::NoFocus);
   QObject::connect(bar_, &QScrollBar::valueChanged, this, [this](int first) {

@@ -5,11 +5,9 @@
 #include "platform/qt/control_view.h"
 
 // A grid: rows drawn straight from their source, only those in view.
-class GridView : public QWidget, public ControlView {
+class GridView : public WidgetView<QWidget> {
  public:
   GridView(Screen& screen, Control& control, Hands& hands, QWidget* parent);
-
-  QWidget& widget() override { return *this; }
   void sync(const Situation& situation) override;
   void place(const layout::Spot& spot, const Look& look) override;
   // So many pixels at its foot lie under a dialog: the newest rows move into what is left.

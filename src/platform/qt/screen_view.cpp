@@ -189,7 +189,7 @@ void ScreenView::paintLabels(QPainter& painter, const QRect& clip) const {
     const QRect box = draw::rect(plan_.spots[i].label);
     if (!c.visible || box.isEmpty() || !box.intersects(clip)) continue;
     // A label wider than its cell may reach to the left.
-    const QString text = QString::fromStdString(layout::plainCaption(c.label));
+    const QString text = QString::fromStdString(layout::plainCaption(c.label)).trimmed();
     painter.drawText(
         box, static_cast<int>(Qt::AlignRight | Qt::AlignVCenter) | Qt::TextSingleLine | Qt::TextDontClip,
         text);

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QRegularExpression>
 #include <algorithm>
+#include <stdexcept>
 
 #include "platform/qt/chart_view.h"
 #include "platform/qt/field_view.h"
@@ -45,13 +46,13 @@ std::unique_ptr<ControlView> makeView(Screen& screen, Control& control, Hands& h
     case Kind::Chart:
       return std::make_unique<ChartView>(screen, control, hands, &parent);
   }
-  return nullptr;
+  throw std::logic_error(screen.spec.name + "." + control.fullName() + " is of a kind that nothing draws");
 }
 
 // Button
 
 ButtonView::ButtonView(Screen& screen, Control& control, Hands& hands, QWidget* parent)
-    : QAbstractButton(parent), ControlView(screen, control, hands) {
+    : WidgetView(screen, control, hands, parent) {
   setFocusPolicy(Qt::NoFocus);
   QObject::connect(this, &QAbstractButton::clicked, this, [this] { hands_.pressed(screen_, control_); });
 }
@@ -95,7 +96,7 @@ void ButtonView::paintEvent(QPaintEvent*) {
 // Check box
 
 CheckView::CheckView(Screen& screen, Control& control, Hands& hands, QWidget* parent)
-    : QAbstractButton(parent), ControlView(screen, control, hands) {
+    : WidgetView(screen, control, hands, parent) {
   setCheckable(true);
   setFocusPolicy(Qt::NoFocus);
   setText(plain(control.text));
@@ -143,7 +144,7 @@ void CheckView::paintEvent(QPaintEvent*) {
 // Label
 
 LabelView::LabelView(Screen& screen, Control& control, Hands& hands, QWidget* parent)
-    : QLabel(parent), ControlView(screen, control, hands) {
+    : WidgetView(screen, control, hands, parent) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
@@ -253,9 +254,6 @@ void LabelView::paintLines(QPainter& painter, const QStringList& lines) const {
 
 // Progress
 
-ProgressView::ProgressView(Screen& screen, Control& control, Hands& hands, QWidget* parent)
-    : QWidget(parent), ControlView(screen, control, hands) {}
-
 void ProgressView::sync(const Situation&) {
   if (value_ == control_.value && maximum_ == control_.maximum) return;
   value_ = control_.value;
@@ -279,7 +277,7 @@ void ProgressView::paintEvent(QPaintEvent*) {
 // Picture
 
 PictureView::PictureView(Screen& screen, Control& control, Hands& hands, QWidget* parent)
-    : QLabel(parent), ControlView(screen, control, hands) {
+    : WidgetView(screen, control, hands, parent) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 

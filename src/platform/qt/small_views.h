@@ -8,10 +8,9 @@
 
 // The plain controls: buttons, labels, check boxes, progress bars and pictures.
 
-class ButtonView : public QAbstractButton, public ControlView {
+class ButtonView : public WidgetView<QAbstractButton> {
  public:
   ButtonView(Screen& screen, Control& control, Hands& hands, QWidget* parent);
-  QWidget& widget() override { return *this; }
   void sync(const Situation& situation) override;
 
  protected:
@@ -28,10 +27,9 @@ class ButtonView : public QAbstractButton, public ControlView {
   Shown shown_;
 };
 
-class CheckView : public QAbstractButton, public ControlView {
+class CheckView : public WidgetView<QAbstractButton> {
  public:
   CheckView(Screen& screen, Control& control, Hands& hands, QWidget* parent);
-  QWidget& widget() override { return *this; }
   void sync(const Situation& situation) override;
 
  protected:
@@ -46,10 +44,9 @@ class CheckView : public QAbstractButton, public ControlView {
   Shown shown_;
 };
 
-class LabelView : public QLabel, public ControlView {
+class LabelView : public WidgetView<QLabel> {
  public:
   LabelView(Screen& screen, Control& control, Hands& hands, QWidget* parent);
-  QWidget& widget() override { return *this; }
   void sync(const Situation& situation) override;
   void place(const layout::Spot& spot, const Look& look) override;
 
@@ -71,10 +68,9 @@ class LabelView : public QLabel, public ControlView {
   Shown shown_;
 };
 
-class ProgressView : public QWidget, public ControlView {
+class ProgressView : public WidgetView<QWidget> {
  public:
-  ProgressView(Screen& screen, Control& control, Hands& hands, QWidget* parent);
-  QWidget& widget() override { return *this; }
+  using WidgetView::WidgetView;
   void sync(const Situation& situation) override;
 
  protected:
@@ -84,10 +80,9 @@ class ProgressView : public QWidget, public ControlView {
   double value_ = 0, maximum_ = 0;
 };
 
-class PictureView : public QLabel, public ControlView {
+class PictureView : public WidgetView<QLabel> {
  public:
   PictureView(Screen& screen, Control& control, Hands& hands, QWidget* parent);
-  QWidget& widget() override { return *this; }
   void sync(const Situation& situation) override;
 
  protected:
