@@ -19,16 +19,13 @@ class Clerk(Shop):
 
     def line(self, line, party):
         s = self.s
-        s.type(line.item.code.lower())
-        s.keys("Enter")
+        s.type(line.item.code.lower(), "Enter")
         if line.item.code == "MISC":
-            s.fill("Text1(6)", MISC_WORK.lower())
-            s.keys("Enter")
+            s.fill("Text1(6)", MISC_WORK.lower(), "Enter")
             if line.detail != MISC_WORK:  # its name is kept as the detail where nothing else is typed
                 s.fill("Text1(46)", line.detail.lower())
             s.keys("Enter")
-            s.fill("Text1(7)", line.unit)
-            s.keys("Enter")
+            s.fill("Text1(7)", line.unit, "Enter")
         else:
             if line.detail:
                 s.type(line.detail.lower())
@@ -36,8 +33,7 @@ class Clerk(Shop):
             if line.unit != line.item.units[0].name:
                 s.fill("Text1(7)", line.unit)
             s.keys("Enter")
-        s.type(number(line.quantity))
-        s.keys("Enter")
+        s.type(number(line.quantity), "Enter")
         rate, discount = self.offered(line, party)
         s.expect("Text1(9)", number(rate) if rate else "")
         s.expect("Text1(11)", number(discount) if discount else "")
@@ -55,16 +51,13 @@ class Clerk(Shop):
         """Rates other than the item's, and an amount of IGST, are typed over what the line has worked out."""
         s, usual = self.s, self.books.taxes(line.item, party)
         if line.taxes[0] != usual[0]:
-            s.fill("Text1(12)", number(line.taxes[0]))
-            s.keys("Enter Enter")
+            s.fill("Text1(12)", number(line.taxes[0]), "Enter Enter")
             s("focus Text1(14)")
         if line.taxes[2] != usual[2]:
-            s.fill("Text1(19)", number(line.taxes[2]))
-            s.keys("Enter Enter")
+            s.fill("Text1(19)", number(line.taxes[2]), "Enter Enter")
         if line.typed is not None:
             s("focus Text1(31)", "focus Text1(19)")
-            s.fill("Text1(31)", number(line.typed))
-            s.keys("Enter")
+            s.fill("Text1(31)", number(line.typed), "Enter")
 
     def bill(self, b, today, refused=None):
         s = self.s
@@ -72,14 +65,12 @@ class Clerk(Shop):
         s.keys("Alt+A")
         s.expect("Text1(0)", str(b.number))
         if refused:
-            s.fill("MaskEdBox1(0)", refused.strftime("%d%m%Y"))
-            s.keys("Enter")
+            s.fill("MaskEdBox1(0)", refused.strftime("%d%m%Y"), "Enter")
             s('expect message "Pl. Enter Date Between 01/Apr/2023 and 31/Mar/2034"', "expect focus MaskEdBox1(0)")
         if refused or b.day != today:
             s.fill("MaskEdBox1(0)", b.day.strftime("%d%m%Y"))
         s.keys("Enter")
-        s.type(b.party.code.lower())
-        s.keys("Enter Tab")
+        s.type(b.party.code.lower(), "Enter Tab")
         if b.type != "TAX":
             s.fill("Text1(47)", b.type.lower())
         s.keys("Enter")
@@ -87,8 +78,7 @@ class Clerk(Shop):
             s.expect("Text1(43)", b.bill_number)
             s.keys("Enter Enter Enter")
         else:
-            s.type(b.bill_number.lower())
-            s.keys("Enter Enter Enter Enter")
+            s.type(b.bill_number.lower(), "Enter Enter Enter Enter")
         for line in b.lines:
             self.line(line, b.party)
         s.keys("PgDn")
@@ -115,8 +105,7 @@ class Clerk(Shop):
     def open_bill(self, b, party=None):
         self.at("GST Sales Entry" if b.book == "SA" else "Purchase")
         self.s.keys("Alt+M")
-        self.s.type(str(b.number))
-        self.s.keys("Enter")
+        self.s.type(str(b.number), "Enter")
         self.s.expect("Text2", (party or b.party).name)
 
     def mend_line(self, b, index):
@@ -125,8 +114,7 @@ class Clerk(Shop):
         self.open_bill(b)
         s("focus Text1(5)", *["key Down"] * index)
         for control, figure in ((8, line.quantity), (9, line.rate), (11, line.discount)):
-            s.fill("Text1(%d)" % control, number(figure))
-            s.keys("Enter")
+            s.fill("Text1(%d)" % control, number(figure), "Enter")
         s.expect("Text1(14)", number(line.net))
         s.keys("Enter")
         self.save(b)
@@ -151,11 +139,9 @@ class Clerk(Shop):
     def mend_head(self, b, was, party):
         s = self.s
         self.open_bill(b, was)
-        s.fill("MaskEdBox1(0)", b.day.strftime("%d%m%Y"))
-        s.keys("Enter")
+        s.fill("MaskEdBox1(0)", b.day.strftime("%d%m%Y"), "Enter")
         if party:
-            s.fill("Text1(4)", party.code.lower())
-            s.keys("Enter")
+            s.fill("Text1(4)", party.code.lower(), "Enter")
         s.fill("Text1(29)", b.narration.lower())
         self.save(b)
 
@@ -178,19 +164,14 @@ class Clerk(Shop):
         s.keys("Alt+A")
         s.expect("Text1(0)", str(c.number))
         s.keys("Enter")
-        s.type(c.party.code.lower())
-        s.keys("Enter Enter")
-        s.type(c.type.lower())
-        s.keys("Enter")
+        s.type(c.party.code.lower(), "Enter Enter")
+        s.type(c.type.lower(), "Enter")
         s.expect("Text1(24)", str(c.challan_number))
         s.keys("Enter")
         for line in c.lines:
-            s.type(line.item.code.lower())
-            s.keys("Enter Enter Enter")
-            s.fill("Text1(8)", number(line.quantity))
-            s.keys("Enter")
-            s.fill("Text1(9)", number(line.rate))
-            s.keys("Enter Enter")
+            s.type(line.item.code.lower(), "Enter Enter Enter")
+            s.fill("Text1(8)", number(line.quantity), "Enter")
+            s.fill("Text1(9)", number(line.rate), "Enter Enter")
         self.save_challan(c)
 
     def save_challan(self, c):
@@ -199,10 +180,8 @@ class Clerk(Shop):
         if c.narration:
             s.fill("Text1(29)", c.narration.lower())
         s("focus Text1(19)")
-        s.fill("Text1(19)", number(c.discount))
-        s.keys("Enter Enter")
-        s.fill("Text1(21)", number(c.charges))
-        s.keys("Enter")
+        s.fill("Text1(19)", number(c.discount), "Enter Enter")
+        s.fill("Text1(21)", number(c.charges), "Enter")
         s.expect("Text1(20)", number(c.off))
         s.expect("Text1(28)", number(c.net))
         s("focus Text1(11)", "key Enter", "key Enter", 'press "New Entry"')
@@ -210,11 +189,9 @@ class Clerk(Shop):
     def mend_challan(self, c):
         self.at("Delivery Challan")
         self.s.keys("Alt+M")
-        self.s.type(str(c.number))
-        self.s.keys("Enter")
+        self.s.type(str(c.number), "Enter")
         self.s("focus Text1(8)")
-        self.s.fill("Text1(8)", number(c.lines[0].quantity))
-        self.s.keys("Enter Enter Enter")
+        self.s.fill("Text1(8)", number(c.lines[0].quantity), "Enter Enter Enter")
         self.save_challan(c)
 
     def quotation(self, q):
@@ -223,18 +200,13 @@ class Clerk(Shop):
         s.keys("Alt+A")
         s.expect("Text1(0)", str(q.number))
         s.keys("Enter")
-        s.type(q.party.code.lower())
-        s.keys("Enter")
+        s.type(q.party.code.lower(), "Enter")
         s.keys("Enter Enter Enter Enter")
         for line in q.lines:
-            s.type(line.item.code.lower())
-            s.keys("Enter Enter Enter")
-            s.fill("Text1(8)", number(line.quantity))
-            s.keys("Enter")
-            s.fill("Text1(9)", number(line.rate))
-            s.keys("Enter")
-            s.fill("Text1(16)", number(line.discount))
-            s.keys("Enter")
+            s.type(line.item.code.lower(), "Enter Enter Enter")
+            s.fill("Text1(8)", number(line.quantity), "Enter")
+            s.fill("Text1(9)", number(line.rate), "Enter")
+            s.fill("Text1(16)", number(line.discount), "Enter")
             s.expect("Text1(14)", number(line.net))
             s.keys("Enter")
         self.save_quotation(q)
@@ -247,11 +219,9 @@ class Clerk(Shop):
         s = self.s
         self.at("Quotation")
         s.keys("Alt+M")
-        s.type(str(q.number))
-        s.keys("Enter")
+        s.type(str(q.number), "Enter")
         s("focus Text1(8)")
-        s.fill("Text1(8)", number(q.lines[0].quantity))
-        s.keys("Enter Enter Enter Enter")
+        s.fill("Text1(8)", number(q.lines[0].quantity), "Enter Enter Enter Enter")
         self.save_quotation(q)
 
     def money(self, m, today):
@@ -265,12 +235,9 @@ class Clerk(Shop):
             s.keys("Enter")
         else:
             s.keys("F5")
-            s.fill("txtFields(2)", m.place.lower())
-            s.keys("Enter")
-        s.type(m.party.code.lower())
-        s.keys("Enter")
-        s.type(number(m.amount))
-        s.keys("Enter")
+            s.fill("txtFields(2)", m.place.lower(), "Enter")
+        s.type(m.party.code.lower(), "Enter")
+        s.type(number(m.amount), "Enter")
         if m.narration:
             s.type(m.narration.lower())
         s("key Enter", "key Enter")
@@ -287,10 +254,8 @@ class Clerk(Shop):
         s = self.s
         self.at("Receipts" if m.book == "RC" else "Payments")
         s.keys("Alt+M")
-        s.type(str(m.number))
-        s.keys("Enter")
-        s.fill("MaskEdBox1(0)", m.day.strftime("%d%m%Y"))
-        s.keys("Enter")
+        s.type(str(m.number), "Enter")
+        s.fill("MaskEdBox1(0)", m.day.strftime("%d%m%Y"), "Enter")
         s.fill("txtFields(4)", number(m.amount))
         s("key Enter", "key Enter", "key Enter", "key Enter")
         self.balances(m)

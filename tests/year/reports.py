@@ -35,8 +35,7 @@ class Reports:
             s.fill(control, text)
         for index, day in ((0, start), (1, end)):
             if day:
-                s.fill("MaskEdBox1(%d)" % index, day.strftime("%d%m%Y"))
-                s.keys("Enter")
+                s.fill("MaskEdBox1(%d)" % index, day.strftime("%d%m%Y"), "Enter")
         if answer:
             s("answer " + answer)
         s.keys("Alt+S")

@@ -22,14 +22,17 @@ class Script:
     def note(self, text):
         self.lines += ["", "# " + text]
 
-    def type(self, text):
+    def type(self, text, keys=""):
         self("type " + quoted(text))
+        self.keys(keys)
 
-    def fill(self, control, text):
+    def fill(self, control, text, keys=""):
         self("fill %s %s" % (control, quoted(text)))
+        self.keys(keys)
 
     def keys(self, keys):
-        self("key " + keys)
+        if keys:
+            self("key " + keys)
 
     def expect(self, what, text):
         self("expect %s %s" % (what, quoted(text)))

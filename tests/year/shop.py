@@ -28,8 +28,7 @@ class Shop:
 
     def company(self, name):
         self.s("clock 2026-04-01 09:00", "press mnunewcomp")
-        self.s.type(name.lower())
-        self.s.keys("Enter")
+        self.s.type(name.lower(), "Enter")
         self.s.type("2026")
         self.s("answer Yes", "key Enter", "tick 4", 'expect message "Are You Sure"', 'expect message "company created"')
         self.s('menu "Company Details Set"')
@@ -52,12 +51,9 @@ class Shop:
         self.s('menu "Category Master"', "key Alt+A")
         for c in categories:
             self.s.expect("txtFields(0)", c.code)
-            self.s.type(c.name.lower())
-            self.s.keys("Enter Enter")
-            self.s.type(c.hsn)
-            self.s.keys("Enter Enter")
-            self.s.type(number(c.tax))
-            self.s.keys("Enter Enter Enter Enter")
+            self.s.type(c.name.lower(), "Enter Enter")
+            self.s.type(c.hsn, "Enter Enter")
+            self.s.type(number(c.tax), "Enter Enter Enter Enter")
         self.s("key Alt+C", "key Esc", "expect screen frmmain")
 
     def items(self, items):
@@ -65,16 +61,12 @@ class Shop:
         for item in items:
             self.s.expect("Text1(0)", item.code)
             for text in (item.name.lower(), item.category.lower(), item.units[0].name.lower(), number(item.tax), item.hsn):
-                self.s.type(text)
-                self.s.keys("Enter")
+                self.s.type(text, "Enter")
             self.s.keys("Enter Enter")
             for i, unit in enumerate(item.units):
-                self.s.fill("Text1(6)", unit.name)
-                self.s.keys("Enter")
-                self.s.type(number(unit.purchase))
-                self.s.keys("Enter")
-                self.s.type(number(unit.sale))
-                self.s.keys("Enter Enter Enter")
+                self.s.fill("Text1(6)", unit.name, "Enter")
+                self.s.type(number(unit.purchase), "Enter")
+                self.s.type(number(unit.sale), "Enter Enter Enter")
                 if unit.discount:
                     self.s.type(number(unit.discount))
                 self.s.keys("Enter Enter")
@@ -87,10 +79,8 @@ class Shop:
         self.s('menu "Account Master"', "key Alt+A")
         for p in parties:
             self.s.expect("txtFields(0)", p.code)
-            self.s.type(p.name.lower())
-            self.s.keys("Enter")
-            self.s.fill("txtFields(2)", str(p.group))
-            self.s.keys("Enter")
+            self.s.type(p.name.lower(), "Enter")
+            self.s.fill("txtFields(2)", str(p.group), "Enter")
             self.s.type(number(p.opening))
             self.s("answer No", "key Enter", 'expect message "Save Entry = Yes ::  Enter Other Details = No"')
             for index, text in ((4, number(p.days)), (5, p.address[0]), (6, p.address[1]), (7, p.city), (9, p.area), (10, p.phone)):
@@ -113,11 +103,9 @@ class Shop:
         """A party gets its number: all its bills of the year are those of a registered one."""
         s = self.s
         s('menu "Account Master"', "key Alt+M")
-        s.type(p.code.lower())
-        s.keys("Enter")
+        s.type(p.code.lower(), "Enter")
         s.expect("txtFields(1)", p.name)
-        s.fill("txtFields(44)", p.gstin)
-        s.keys("Enter")
+        s.fill("txtFields(44)", p.gstin, "Enter")
         s("press cmdUpdate", "answer Yes", "key Esc", 'expect message "Do you want to Exit"', "expect screen frmmain")
 
     def update(self):

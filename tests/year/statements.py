@@ -59,10 +59,8 @@ def show(r, code, start, end, narrated=False):
     s = r.s
     s.note("Ledger of %s" % code)
     s('menu "Partty Ledger"')
-    s.type(code.lower())
-    s.keys("Enter")
-    s.fill("MaskEdBox1(0)", start.strftime("%d%m%Y"))
-    s.keys("Enter")
+    s.type(code.lower(), "Enter")
+    s.fill("MaskEdBox1(0)", start.strftime("%d%m%Y"), "Enter")
     s.fill("MaskEdBox1(1)", end.strftime("%d%m%Y"))
     s("key Enter", "answer No" if narrated else "answer Yes", "key Enter")
     grid(s, running(r, code, start, end, narrated))

@@ -45,6 +45,7 @@ const std::map<std::string, Player::Command>& Player::commands() {
       {"focus",    &Player::focus      },
       {"fill",     &Player::fill       },
       {"type",     &Player::type       },
+      {"enter",    &Player::enter      },
       {"paste",    &Player::paste      },
       {"key",      &Player::key        },
       {"row",      &Player::row        },
@@ -161,6 +162,11 @@ void Player::fill(const Words& w) {
 }
 
 void Player::type(const Words& w) { fingers_.type(wordAt(w, 0).text); }
+
+void Player::enter(const Words& w) {
+  type(w);
+  fingers_.key(KeyCode::Enter);
+}
 
 void Player::paste(const Words& w) { desk_.paste(wordAt(w, 0).text); }
 

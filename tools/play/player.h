@@ -43,6 +43,7 @@ class Player {
   void focus(const Words&);
   void fill(const Words&);
   void type(const Words&);
+  void enter(const Words&);
   void paste(const Words&);
   void key(const Words&);
   void row(const Words&);
