@@ -13,6 +13,7 @@ install(FILES ${packaging}/mirav.svg DESTINATION share/icons/hicolor/scalable/ap
 
 install(DIRECTORY ${sample}/ DESTINATION . COMPONENT portable EXCLUDE_FROM_ALL)
 install(TARGETS mirav mirav-play DESTINATION . COMPONENT portable EXCLUDE_FROM_ALL)
+install(FILES ${packaging}/README.txt DESTINATION . COMPONENT portable EXCLUDE_FROM_ALL)
 
 set(CPACK_GENERATOR TGZ DEB)
 set(CPACK_PACKAGE_NAME mirav)
@@ -31,5 +32,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What no library names: the window plugins, picture formats, and the fonts of screens and papers.
 set(CPACK_DEBIAN_SYSTEM_PACKAGE_DEPENDS
   "qt6-qpa-plugins, qt6-image-formats-plugins, fonts-noto-core, fonts-crosextra-carlito, fonts-liberation, fonts-lohit-gujr, fonts-lohit-deva")
+# What opens the papers, and what the launcher speaks through.
+set(CPACK_DEBIAN_SYSTEM_PACKAGE_RECOMMENDS "xdg-utils, x11-utils")
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_SOURCE_DIR}/cmake/package_kinds.cmake)
 include(CPack)
