@@ -14,27 +14,35 @@ std::vector<Row> groupSummary(Database& db) {
       " FROM T_FINALNEW GROUP BY GROUP_CD, GROUP_NAME ORDER BY GROUP_CD, GROUP_NAME");
 }
 
+// One row for each side of each party, of ledger rows of neither side too. They are summed by the party
+// alone, which is one walk through the ledger's index in its order.
+void addSides(Database& db, const std::string& columns, const std::string& condition,
+              const std::vector<Value>& values) {
+  db.exec(
+      "WITH SUMS AS MATERIALIZED (SELECT PARTY_CD, SUM(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT END) AS CR,"
+      " SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT END) AS DR,"
+      " COUNT(CASE VOUCH_TYPE WHEN 'C' THEN NULL WHEN 'D' THEN NULL ELSE 1 END) AS OTHERS"
+      " FROM ALEDGER WHERE " +
+          condition + " GROUP BY PARTY_CD) INSERT INTO T_FINALNEW (ACC_CD, " + columns +
+          ") SELECT PARTY_CD, CR, 0 FROM SUMS WHERE CR IS NOT NULL"
+          " UNION ALL SELECT PARTY_CD, 0, DR FROM SUMS WHERE DR IS NOT NULL"
+          " UNION ALL SELECT PARTY_CD, 0, 0 FROM SUMS WHERE OTHERS > 0",
+      values);
+}
+
 void fillFinalTable(Database& db, Date from, Date to) {
-  Transaction all(db);
+  Transaction all(db, Transaction::Writes::WorkTables);
   db.exec("DELETE FROM T_FINALNEW");
   db.exec(
       "INSERT INTO T_FINALNEW (GROUP_CD, GROUP_NAME, ACC_CD, ACC_NAME, OP_BALDR, OP_BALCR)"
       " SELECT ACCOUNT.GROUP_CD, GROUP_NAME, ACC_CD, ACC_NAME,"
       " CASE WHEN OP_BAL > 0 THEN OP_BAL ELSE 0 END, CASE WHEN OP_BAL < 0 THEN -OP_BAL ELSE 0 END"
       " FROM GRP JOIN ACCOUNT ON GRP.GROUP_CD = ACCOUNT.GROUP_CD ORDER BY ACCOUNT.GROUP_CD, ACC_CD");
-  db.exec(
-      "INSERT INTO T_FINALNEW (ACC_CD, TR_BALCR, TR_BALDR)"
-      " SELECT PARTY_CD, CASE WHEN VOUCH_TYPE = 'C' THEN SUM(VOUCH_AMT) ELSE 0 END,"
-      " CASE WHEN VOUCH_TYPE = 'D' THEN SUM(VOUCH_AMT) ELSE 0 END FROM ALEDGER"
-      " WHERE VOUCH_DT >= ? AND VOUCH_DT <= ? GROUP BY PARTY_CD, VOUCH_TYPE",
-      from, to);
-  db.exec(
-      "INSERT INTO T_FINALNEW (ACC_CD, OP_BALTCR, OP_BALTDR)"
-      " SELECT PARTY_CD, CASE WHEN VOUCH_TYPE = 'C' THEN SUM(VOUCH_AMT) ELSE 0 END,"
-      " CASE WHEN VOUCH_TYPE = 'D' THEN SUM(VOUCH_AMT) ELSE 0 END"
-      " FROM ACCOUNT JOIN ALEDGER ON ALEDGER.PARTY_CD = ACCOUNT.ACC_CD"
-      " WHERE VOUCH_DT < ? AND (GROUP_CD = 10 OR GROUP_CD >= 70) GROUP BY PARTY_CD, VOUCH_TYPE",
-      from);
+  // The "+" keeps each row's date from being tried as a number.
+  addSides(db, "TR_BALCR, TR_BALDR", "+VOUCH_DT >= ? AND +VOUCH_DT <= ?", {from, to});
+  addSides(db, "OP_BALTCR, OP_BALTDR",
+           "VOUCH_DT < ? AND PARTY_CD IN (SELECT ACC_CD FROM ACCOUNT WHERE GROUP_CD = 10 OR GROUP_CD >= 70)",
+           {from});
   db.exec(
       "UPDATE T_FINALNEW SET GROUP_CD = ACCOUNT.GROUP_CD, ACC_NAME = ACCOUNT.ACC_NAME"
       " FROM ACCOUNT WHERE T_FINALNEW.ACC_CD = ACCOUNT.ACC_CD");

@@ -201,7 +201,7 @@ void frmreport::build() {
   plan_ = report_->plan(data(), query);
   caption = plan_.caption.empty() ? openingCaption() : plan_.caption;
   session().mfilter = plan_.filter;
-  if (!plan_.refusal.empty() || !start()) {
+  if (!plan_.refusal.empty() || !start(asks(ReportQuestion::When::WithRows) ? 1 : kFirstRows)) {
     host.busy(false);
     host.message(plan_.refusal.empty() ? "No Records" : plan_.refusal,
                  plan_.refusal.empty() ? Host::kTitle : kMessage);
@@ -252,12 +252,12 @@ bool frmreport::answer() {
 }
 
 // False when there are no rows.
-bool frmreport::start() {
+bool frmreport::start(size_t rows) {
   const Session& s = session();
   shown_ = std::make_shared<ReportRows>(
       data(), plan_,
       ReportRows::Colours{.total = static_cast<Bgr>(s.mcolor2), .detail = static_cast<Bgr>(s.mcolor6)});
-  shown_->read(kFirstRows);
+  shown_->read(rows);
   if (shown_->count() == 0) shown_.reset();
   return shown_ != nullptr;
 }
@@ -268,7 +268,7 @@ void frmreport::chooseFill() {
   host.busy(false);
   if (!answer()) plan_.details.reset();
   host.busy(true);
-  start();
+  start(kFirstRows);
 }
 
 // The first rows show at once, the rest when they have been read.

@@ -35,7 +35,7 @@ class frmreport : public PeriodScreen {
   ReportQuery queryNow(const Period& period) const;
   bool asks(ReportQuestion::When when) const;
   bool answer();
-  bool start();
+  bool start(size_t rows);
   void chooseFill();
   void fill();
   void outputs(bool on);

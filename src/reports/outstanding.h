@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "reports/report.h"
 
@@ -24,3 +25,56 @@ inline constexpr std::string_view kOutstanding = "ONACRCV";
 // From and To date fall back on the period. False when there is no such account. Raises
 // DatabaseError, and then leaves the table as it was.
 bool ON_AC_RECEIVABLES(Database& db, const std::string& code, const ReportQuery& query);
+
+// The same one customer after the other, so that the first can be shown while the rest is still to be
+// worked out.
+class Receivables {
+ public:
+  enum class Order { Code, Name };
+
+  // Empties CAL. Raises DatabaseError, as next does.
+  Receivables(Database& db, const std::string& code, const ReportQuery& query, Order order);
+
+  bool none() const { return customers_.empty(); }
+  // Adds the next customer's open bills to CAL; false after the last one.
+  bool next();
+
+  // ACC_CD, OP_BAL, ACC_NAME, AREA, PHONE1, CITY
+  const Row& customer() const { return customers_[next_ - 1]; }
+  // The sums of its open bills.
+  struct Sums {
+    double amount = 0, paid = 0, open = 0;
+    int bills = 0;
+  };
+  const Sums& sums() const { return sums_; }
+
+ private:
+  // What a customer owes and has paid in all, and its debits day by day.
+  struct Standing {
+    struct Day {
+      std::string date;
+      double debits = 0, least = 0;
+    };
+    double credits = 0, debits = 0;
+    std::vector<Day> days{};
+  };
+  struct Bill {
+    double number = 0;
+    std::string date, bill, book;
+    double amount = 0;
+    Value narration{};  // null for an opening balance
+  };
+
+  Standing standing() const;
+  double payOpening(double credit);
+  void matchBills(const std::vector<Standing::Day>& days, double credit);
+  void matchBillsFrom(const std::string& date, double credit);
+  void open(const Bill& bill, double paid);
+
+  Database& db_;
+  const Date start_, to_;
+  const std::string shownTo_;
+  std::vector<Row> customers_;
+  size_t next_ = 0;
+  Sums sums_;
+};

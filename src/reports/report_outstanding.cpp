@@ -1,3 +1,4 @@
+#include "base/pattern.h"
 #include "reports/charts.h"
 #include "reports/outstanding.h"
 #include "reports/reports.h"
@@ -13,14 +14,43 @@ std::string subtitle(Database& db, const ReportQuery& q) {
   return party ? "Outstanding Receivables For : " + party->text(0) : "";
 }
 
-// Summed by account before the names are joined: an account has one row of each.
-constexpr const char* kParties =
-    "WITH SUMS AS MATERIALIZED (SELECT PARTY_CD, SUM(CR) AS CR, SUM(DR) AS DR, SUM(CL_BAL) AS CL_BAL,"
-    " COUNT(*) AS BILLS FROM CAL GROUP BY PARTY_CD)"
-    " SELECT ACC_NAME, AREA, FORMAT(CR, '0.00') AS Bills, FORMAT(DR, '0.00') AS Paid,"
-    " FORMAT(SUMS.CL_BAL, '0.00') AS Balance, PHONE1, CITY, ACC_CD, SUMS.BILLS AS OPEN_BILLS"
-    " FROM SUMS JOIN ACCOUNT ON ACCOUNT.ACC_CD = SUMS.PARTY_CD WHERE GROUP_CD = 85 OR GROUP_CD = 86"
-    " ORDER BY ACC_NAME, AREA, PHONE1, CITY, ACC_CD";
+// The parties with open bills, each worked out as it is read.
+class Parties : public ReportReading {
+ public:
+  Parties(Database& db, const ReportQuery& q) : customers_(db, "", q, Receivables::Order::Name) {}
+
+  const ColumnNames& names() const override {
+    static const ColumnNames names(
+        {"ACC_NAME", "AREA", "Bills", "Paid", "Balance", "PHONE1", "CITY", "ACC_CD", "OPEN_BILLS"});
+    return names;
+  }
+  bool isDate(int) const override { return false; }
+
+  bool next() override {
+    while (customers_.next())
+      if (customers_.sums().bills > 0) return true;
+    return false;
+  }
+
+  std::string text(int column) const override {
+    const Receivables::Sums& sums = customers_.sums();
+    switch (column) {
+      case 2:
+        return Format(sums.amount, "0.00");
+      case 3:
+        return Format(sums.paid, "0.00");
+      case 4:
+        return Format(sums.open, "0.00");
+      case 8:
+        return std::to_string(sums.bills);
+      default:
+        return customers_.customer().text(names().at(column));
+    }
+  }
+
+ private:
+  Receivables customers_;
+};
 
 constexpr const char* kBills =
     "SELECT CAL.VOUCH_DT, CAL.PARTY_BL, FORMAT(CAL.CR, '0.00') AS CRAMT, FORMAT(CAL.DR, '0.00') AS DRAMT,"
@@ -33,12 +63,12 @@ constexpr const char* kBills =
 
 ReportPlan planOutstanding(Database& db, const ReportQuery& q) {
   ReportPlan plan;
-  if (!ON_AC_RECEIVABLES(db, "", q)) {
+  if (Receivables(db, "", q, Receivables::Order::Name).none()) {
     plan.refusal = "pl select proper code";
     return plan;
   }
   plan.caption = subtitle(db, q);
-  plan.rows = {kParties};
+  plan.reading = [q](Database& itsDb) { return std::make_unique<Parties>(itsDb, q); };
   plan.details = ReportDetails{.rows = {kBills}, .keys = {"ACC_CD"}, .count = "OPEN_BILLS"};
   plan.detailVoucher = {.book = "BOOK_CD", .number = "VOUCH_NO"};
   // The main row's area stands under B.No., its phone under Days / Mob.

@@ -365,9 +365,10 @@ Row Rows::row() const {
   return {names_, std::move(values)};
 }
 
-Transaction::Transaction(Database& database) : database_(database), depth_(database.depth_) {
-  // The lock is asked for at the start, where waiting for it costs nothing that was done.
-  database_.exec(depth_ == 0 ? "BEGIN IMMEDIATE" : "SAVEPOINT nested_" + std::to_string(depth_));
+Transaction::Transaction(Database& database, Writes what) : database_(database), depth_(database.depth_) {
+  // The file's lock is asked for at the start, where waiting for it costs nothing that was done.
+  const char* const begin = what == Writes::File ? "BEGIN IMMEDIATE" : "BEGIN DEFERRED";
+  database_.exec(depth_ == 0 ? begin : "SAVEPOINT nested_" + std::to_string(depth_));
   ++database_.depth_;
 }
 

@@ -246,7 +246,10 @@ class Database {
 // savepoint.
 class Transaction {
  public:
-  explicit Transaction(Database& database);
+  // WorkTables: writes the connection's own tables alone, so that others may write the file meanwhile;
+  // what it reads of the file stands still.
+  enum class Writes { File, WorkTables };
+  explicit Transaction(Database& database, Writes what = Writes::File);
   ~Transaction();
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;

@@ -179,7 +179,7 @@ class Bulk {
  public:
   explicit Bulk(Database& db)
       : db_(db), blanking_(db.text("PRAGMA main.secure_delete")), kept_(db.text("PRAGMA main.cache_size")) {
-    set("OFF", "-8000", "ON");
+    set("OFF", "-6000", "ON");
   }
   ~Bulk() {
     try {

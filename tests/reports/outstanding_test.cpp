@@ -1,5 +1,6 @@
 #include "reports/outstanding.h"
 
+#include "reports/balances.h"
 #include "store/company_fixture.h"
 
 namespace {
@@ -74,6 +75,31 @@ TEST_F(Outstanding, AnExactPaymentLeavesNothing) {
       {"C", "2026-06-02", "R", 0.1}
   });
   EXPECT_EQ(open(), "");
+}
+
+// Days that are paid in whole are passed by, but not one on which a bill takes back.
+TEST_F(Outstanding, ABillThatTakesBackPaysOthers) {
+  enter({
+      {"D", "2026-06-01", "1", 100 },
+      {"D", "2026-06-02", "2", 200 },
+      {"D", "2026-06-02", "3", -150},
+      {"D", "2026-06-03", "4", 100 },
+      {"C", "2026-06-01", "R", 170 }
+  });
+  EXPECT_EQ(open(), "2 200 70 130 28\n4 100 0 100 27\n");
+}
+
+// Reports write work tables alone: while another program saves, they open all the same.
+TEST_F(Outstanding, WaitsForNobodyWhoSaves) {
+  enter({
+      {"D", "2026-06-01", "1", 100}
+  });
+  Database other;
+  other.open(db.file());
+  const Transaction saving(other);
+  EXPECT_EQ(open(), "1 100 0 100 29\n");
+  BuildFinalTable(db, query.periodStart, query.periodEnd, kClosingBalanceList);
+  EXPECT_EQ(closingBalances(db).size(), 1U);
 }
 
 TEST_F(Outstanding, TextsOfBillsBreakNothing) {
