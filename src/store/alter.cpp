@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::string_view building = "_being_altered";
+constexpr const char *building = "_being_altered", *aside = "_set_aside";
 
 struct NewColumn {
   Column column;
@@ -85,7 +85,7 @@ void rebuild(Database& db, const std::string& table, const std::vector<NewColumn
     names += ", " + quotedName(next.column.name);
     sources += ", " + next.source;
   }
-  const std::string temporary = quotedName(table + std::string(building));
+  const std::string temporary = quotedName(table + building);
   const std::string standing = "main." + quotedName(table);
   db.exec(createTableStatement("main." + temporary, columns));
   db.exec("INSERT INTO main." + temporary + " (" + names + ") SELECT " + sources + " FROM " + standing +
@@ -125,6 +125,15 @@ std::string createTableStatement(std::string_view quotedTable, const std::vector
   for (size_t i = 0; i < columns.size(); ++i)
     statement += (i == 0 ? "" : ", ") + quotedName(columns[i].name) + " " + columns[i].definition;
   return statement + ")";
+}
+
+std::string setAside(Database& db, const std::string& table) {
+  const WithoutViewChecks unchecked(db);
+  const std::string standing = "main." + quotedName(table), old = quotedName(table + aside);
+  const auto columns = tableColumns(db, table);
+  db.exec("ALTER TABLE " + standing + " RENAME TO " + old);
+  db.exec(createTableStatement(standing, columns));
+  return "main." + old;
 }
 
 void alterColumns(Database& db, const std::string& table, const std::vector<Column>& changed) {

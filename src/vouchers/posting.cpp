@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "store/alter.h"
 #include "store/balances.h"
 #include "store/keys.h"
 #include "vouchers/book.h"
@@ -213,11 +214,13 @@ void postAll(Database& db, const PostingProgress& progress) {
   };
   const Bulk bulk(db);
   Transaction all(db);
+  std::string old;
   step(" Progress ....", [&] {
-    // Indexes are built once over all rows, not row by row.
+    // Indexes are built once over all rows, not row by row. The old rows stand aside, since pages that are
+    // written over would have to be copied first.
     for (const char* index : {"ALEDGER_PARTY", "ALEDGER_VOUCHER"})
       db.exec(std::string("DROP INDEX IF EXISTS main.") + index);
-    db.exec("DELETE FROM ALEDGER");
+    old = setAside(db, "ALEDGER");
   });
   step("\n Receipt Payment Posting ....", [&] { postReceipts(db, Which::All); });
   step("\n Sales Posting ....", [&] { postBills(db, Which::All); });
@@ -226,6 +229,7 @@ void postAll(Database& db, const PostingProgress& progress) {
     dropList(db);
     EnsureIndexes(db);
     RebuildAllBalances(db);
+    db.exec("DROP TABLE " + old);
   });
   all.commit();
 }
