@@ -67,11 +67,11 @@ def make(db, rng):
             insert(db, "ITEMDTL", ITEM_CD=code, SIZE_CD=size, SALE_RATE1=some(900), SALE_DISC=some(20))
     for number in range(1, 301):
         for book in pick([["SA"], ["SA"], ["SA"], ["SA", "PU"], ["SR"], ["SA", "SR"]]):
-            head = dict(BOOK_CD=book, VOUCH_DT=day(), BILL_NO=pick(["%04d" % number, "A/7", "a/7", None]), PARTY_CD=pick(codes), NET_AMT=some(90000),
-                        GSTPOST=pick([1, 1, 1, 1, 0, 2, None]))
-            rounding = pick([[0.4], [None], [0, -0.5]])
-            for twin in range(pick([1, 1, 1, 2])):  # some bills have one like them under another number
-                sale(number + 1000 * twin, ROUND_OFF=pick(rounding), **head)
+            head = dict(BOOK_CD=book, VOUCH_DT=day(), PARTY_CD=pick(codes), NET_AMT=some(90000), GSTPOST=pick([1, 1, 1, 1, 0, 2, None]))
+            bills = pick([["%04d" % number], ["A/7", "a/7"], [None]])
+            rounding = pick([[0.4], [0, -0.5], [0.25, None]])
+            for twin in range(pick([1, 1, 2, 3])):  # some bills have one like them under another number
+                sale(number + 1000 * twin, BILL_NO=pick(bills), ROUND_OFF=pick(rounding), **head)
     for number in range(1, 41):
         insert(db, "QUOT", VOUCH_NO=number, VOUCH_DT=day(), PARTY_CD=pick(codes), TOTQTY=some(90), ITEM_AMT=some(9000), CHRG_AMT=some(9),
                DISC_AMT=some(9), TCGST=some(90), TSGST=some(90), TIGST=some(90), NET_AMT=some(9000))

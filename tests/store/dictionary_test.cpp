@@ -152,6 +152,7 @@ TEST_F(DictionaryTest, AColumnWhoseDataDoesNotFitKeepsItsShapeAndTheOthersDoNot)
   shape("SALE", "PARCLE", "TEXT(10)");
   shape("SALE", "CR_DAYS", "TEXT(10)");
   shape("ITEM", "ITEM_CD", "TEXT(20)");  // compares with regard to case, which its key will not
+  shape("ITEM", "UOM", "TEXT(40)");
   db.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, PARCLE, CR_DAYS) VALUES (1, 'SAL', '5', '30 days')");
   db.exec("INSERT INTO ITEM (ITEM_CD) VALUES ('a1'), ('A1')");
   walk();
@@ -160,6 +161,7 @@ TEST_F(DictionaryTest, AColumnWhoseDataDoesNotFitKeepsItsShapeAndTheOthersDoNot)
   EXPECT_EQ(definition("SALE", "PARCLE"), "TEXT(50) COLLATE NOCASE CHECK (LENGTH(PARCLE) <= 50)");
   EXPECT_EQ(db.text("SELECT BOOK_CD || CR_DAYS FROM SALE"), "SAL30 days");
   EXPECT_EQ(definition("ITEM", "ITEM_CD"), "TEXT(20)");
+  EXPECT_NE(definition("ITEM", "UOM"), "TEXT(40)");
   EXPECT_EQ(db.number("SELECT COUNT(*) FROM ITEM WHERE ITEM_CD LIKE 'a1'"), 2);
   const auto once = contents(db);
   walk();

@@ -162,6 +162,7 @@ TEST_F(RowsTest, ATypedFilterIsALiteralPartOfTheText) {
       {"STEEL", 3},
       {"50%",   1},
       {"l_r",   1},
+      {"l_5",   0},
       {"'",     1},
       {"\\",    1},
       {"none",  0}
