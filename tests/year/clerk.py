@@ -7,6 +7,16 @@ MISC_WORK = "FITTING AT SITE"
 
 
 class Clerk(Shop):
+    def add(self, menu, voucher, number="Text1(0)"):
+        self.at(menu)
+        self.s.keys("Alt+A")
+        self.s.expect(number, str(voucher.number))
+
+    def open(self, menu, voucher):
+        self.at(menu)
+        self.s.keys("Alt+M")
+        self.s.type(str(voucher.number), "Enter")
+
     # Bills and purchases
 
     def offered(self, line, party):
@@ -61,9 +71,7 @@ class Clerk(Shop):
 
     def bill(self, b, today, refused=None):
         s = self.s
-        self.at("GST Sales Entry" if b.book == "SA" else "Purchase")
-        s.keys("Alt+A")
-        s.expect("Text1(0)", str(b.number))
+        self.add("GST Sales Entry" if b.book == "SA" else "Purchase", b)
         if refused:
             s.fill("MaskEdBox1(0)", refused.strftime("%d%m%Y"), "Enter")
             s('expect message "Pl. Enter Date Between 01/Apr/2023 and 31/Mar/2034"', "expect focus MaskEdBox1(0)")
@@ -103,9 +111,7 @@ class Clerk(Shop):
         s('press "New Entry"')
 
     def open_bill(self, b, party=None):
-        self.at("GST Sales Entry" if b.book == "SA" else "Purchase")
-        self.s.keys("Alt+M")
-        self.s.type(str(b.number), "Enter")
+        self.open("GST Sales Entry" if b.book == "SA" else "Purchase", b)
         self.s.expect("Text2", (party or b.party).name)
 
     def mend_line(self, b, index):
@@ -160,9 +166,7 @@ class Clerk(Shop):
 
     def challan(self, c):
         s = self.s
-        self.at("Delivery Challan")
-        s.keys("Alt+A")
-        s.expect("Text1(0)", str(c.number))
+        self.add("Delivery Challan", c)
         s.keys("Enter")
         s.type(c.party.code.lower(), "Enter Enter")
         s.type(c.type.lower(), "Enter")
@@ -187,18 +191,14 @@ class Clerk(Shop):
         s("focus Text1(11)", "key Enter", "key Enter", 'press "New Entry"')
 
     def mend_challan(self, c):
-        self.at("Delivery Challan")
-        self.s.keys("Alt+M")
-        self.s.type(str(c.number), "Enter")
+        self.open("Delivery Challan", c)
         self.s("focus Text1(8)")
         self.s.fill("Text1(8)", number(c.lines[0].quantity), "Enter Enter Enter")
         self.save_challan(c)
 
     def quotation(self, q):
         s = self.s
-        self.at("Quotation")
-        s.keys("Alt+A")
-        s.expect("Text1(0)", str(q.number))
+        self.add("Quotation", q)
         s.keys("Enter")
         s.type(q.party.code.lower(), "Enter")
         s.keys("Enter Enter Enter Enter")
@@ -216,19 +216,14 @@ class Clerk(Shop):
         self.s("focus Text1(6)", "key Enter", "key Enter", 'press "New Entry"')
 
     def mend_quotation(self, q):
-        s = self.s
-        self.at("Quotation")
-        s.keys("Alt+M")
-        s.type(str(q.number), "Enter")
-        s("focus Text1(8)")
-        s.fill("Text1(8)", number(q.lines[0].quantity), "Enter Enter Enter Enter")
+        self.open("Quotation", q)
+        self.s("focus Text1(8)")
+        self.s.fill("Text1(8)", number(q.lines[0].quantity), "Enter Enter Enter Enter")
         self.save_quotation(q)
 
     def money(self, m, today):
         s = self.s
-        self.at("Receipts" if m.book == "RC" else "Payments")
-        s.keys("Alt+A")
-        s.expect("txtFields(0)", str(m.number))
+        self.add("Receipts" if m.book == "RC" else "Payments", m, "txtFields(0)")
         if m.day != today:
             s.fill("MaskEdBox1(0)", m.day.strftime("%d%m%Y"))
         if m.place == CASH:
@@ -252,9 +247,7 @@ class Clerk(Shop):
 
     def mend_money(self, m):
         s = self.s
-        self.at("Receipts" if m.book == "RC" else "Payments")
-        s.keys("Alt+M")
-        s.type(str(m.number), "Enter")
+        self.open("Receipts" if m.book == "RC" else "Payments", m)
         s.fill("MaskEdBox1(0)", m.day.strftime("%d%m%Y"), "Enter")
         s.fill("txtFields(4)", number(m.amount))
         s("key Enter", "key Enter", "key Enter", "key Enter")

@@ -212,8 +212,7 @@ class Year:
     def delete_last(self):
         bills = self.books.bills["SA"]
         if bills:
-            b = bills.pop(max(bills))
-            self.clerk.delete("GST Sales Entry", b)
+            self.clerk.delete("GST Sales Entry", bills.pop(max(bills)))
 
     def plain_lines(self, party, most):
         lines = []
@@ -231,18 +230,24 @@ class Year:
         self.books.saved(c)
         self.clerk.challan(c)
 
+    def mended(self, vouchers):
+        v = self.rng.choice(list(vouchers.values()))
+        v.lines[0].quantity = self.rng.randrange(21, 30)
+        v.work_out()
+        return v
+
     def mend_challan(self):
         if self.books.challans:
-            c = self.rng.choice(list(self.books.challans.values()))
-            c.lines[0].quantity = self.rng.randrange(21, 30)
-            c.work_out()
+            c = self.mended(self.books.challans)
             self.books.saved(c)
             self.clerk.mend_challan(c)
 
     def delete_challan(self):
-        if self.books.challans:
-            c = self.books.challans.pop(self.rng.choice(list(self.books.challans)))
-            self.clerk.delete("Delivery Challan", c)
+        self.delete_some("Delivery Challan", self.books.challans)
+
+    def delete_some(self, menu, vouchers):
+        if vouchers:
+            self.clerk.delete(menu, vouchers.pop(self.rng.choice(list(vouchers))))
 
     def quotation(self):
         party = self.choose(DEBTORS)
@@ -253,15 +258,10 @@ class Year:
 
     def mend_quotation(self):
         if self.books.quotations:
-            q = self.rng.choice(list(self.books.quotations.values()))
-            q.lines[0].quantity = self.rng.randrange(21, 30)
-            q.work_out()
-            self.clerk.mend_quotation(q)
+            self.clerk.mend_quotation(self.mended(self.books.quotations))
 
     def delete_quotation(self):
-        if self.books.quotations:
-            q = self.books.quotations.pop(self.rng.choice(list(self.books.quotations)))
-            self.clerk.delete("Quotation", q)
+        self.delete_some("Quotation", self.books.quotations)
 
     def receipt(self, book="RC"):
         rng, books = self.rng, self.books
