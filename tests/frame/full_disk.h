@@ -4,13 +4,12 @@
 
 #include <csignal>
 
-// While it stands no file can grow beyond a few bytes.
+// While it stands no file can grow beyond so many bytes.
 class FullDisk {
  public:
-  FullDisk() : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+  explicit FullDisk(rlim_t bytes = 64) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
     getrlimit(RLIMIT_FSIZE, &before_);
-    constexpr rlim_t kBytes = 64;
-    const rlimit now{kBytes, before_.rlim_max};
+    const rlimit now{bytes, before_.rlim_max};
     setrlimit(RLIMIT_FSIZE, &now);
   }
   ~FullDisk() {

