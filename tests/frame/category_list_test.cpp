@@ -60,17 +60,13 @@ TEST_F(Categories, AreListedAsTextUnderTheirTitle) {
   for (int r = 0; r < 8; ++r)
     for (int c = 0; c < 2; ++c) {
       const workbook::Value value = sheet.value(r + 1, c + 1);
-      const bool empty = *rows[r][c] == '\0';
-      EXPECT_EQ(value.empty(), empty) << r << c;
-      if (empty) continue;
-      ASSERT_TRUE(value.text()) << r << c;
-      EXPECT_EQ(*value.text(), rows[r][c]);
+      EXPECT_EQ(value.text() ? *value.text() : "", rows[r][c]) << r << c;
+      EXPECT_EQ(value.empty(), *rows[r][c] == '\0') << r << c;
     }
   const std::string xml = part(list(), "xl/worksheets/sheet1.xml");
   EXPECT_EQ(xml.find("<f>"), std::string::npos) << "no formula";
   EXPECT_NE(xml.find("topLeftCell=\"A3\" activePane=\"bottomLeft\" state=\"frozen\""), std::string::npos)
       << xml;
-  EXPECT_NE(xml.find("<col min=\"2\" max=\"2\" width=\"16"), std::string::npos) << xml;
 }
 
 TEST_F(Categories, AWorkbookThatIsHeldOpenStays) {
@@ -83,36 +79,26 @@ TEST_F(Categories, AWorkbookThatIsHeldOpenStays) {
     EXPECT_EQ(host_.viewed.size(), 1u);
     EXPECT_EQ(fs::last_write_time(list()), before);
   }
+  host_.processes = {"excel.exe"};
   host_.choose("Category List");
   EXPECT_EQ(host_.viewed.size(), 2u);
+  EXPECT_EQ(host_.processes.size(), 1u) << "ended only when the session says so";
+  session().mexcelkill = true;
+  host_.choose("Category List");
+  EXPECT_TRUE(host_.processes.empty());
 }
 
 TEST_F(Categories, AFailureIsToldAndLeavesNothing) {
-  std::ofstream(folder_ / "FORMATS") << "a file where the folder should be";
-  host_.choose("Category List");
-  EXPECT_EQ(host_.lastMessage(),
-            "The workbook list.xlsx cannot be written to " + list().string() + ": Not a directory.");
-  EXPECT_EQ(host_.messages.back().title, "Mirav Message");
-  fs::remove(folder_ / "FORMATS");
-
   fs::create_directory(folder_ / "FORMATS");
   {
     const FullDisk full;
     host_.choose("Category List");
   }
-  EXPECT_EQ(host_.lastMessage(),
-            "The workbook list.xlsx cannot be written to " + list().string() + ": File too large.");
+  EXPECT_EQ(
+      host_.messages.back().title + ": " + host_.lastMessage(),
+      "Mirav Message: The workbook list.xlsx cannot be written to " + list().string() + ": File too large.");
   EXPECT_TRUE(fs::is_empty(folder_ / "FORMATS"));
   EXPECT_TRUE(host_.viewed.empty());
-}
-
-TEST_F(Categories, SpreadsheetsAreEndedFirstOnlyWhenTheSessionSaysSo) {
-  host_.processes = {"excel.exe"};
-  host_.choose("Category List");
-  EXPECT_EQ(host_.processes.size(), 1u);
-  session().mexcelkill = true;
-  host_.choose("Category List");
-  EXPECT_TRUE(host_.processes.empty());
 }
 
 TEST(Lists, HoldNumbersTruthsAndHostileTexts) {

@@ -8,7 +8,6 @@
 #include "frame_fixture.h"
 #include "killed.h"
 #include "store/dictionary.h"
-#include "store/lock_file.h"
 
 namespace {
 
@@ -41,11 +40,8 @@ class Companies : public FrameTest {
   Database catalogue_;
 };
 
-TEST_F(Companies, AreListedByCodeWithTheLatestYearFirst) {
+TEST_F(Companies, AreListedByCodeWithTheLatestYearFirstAndFoundByAnyPartOfTheName) {
   EXPECT_EQ(rows(), "M001 SHREE TRADERS 2025-2026;M001 SHREE TRADERS 2024-2025;M002 LIGHT HOUSE 2025-2026;");
-}
-
-TEST_F(Companies, AreFoundByAnyPartOfTheNameAsItIsTyped) {
   EXPECT_EQ(companyYears(catalogue_, "TRAD").size(), 2u);
   EXPECT_EQ(companyYears(catalogue_, "light").size(), 1u);
   EXPECT_EQ(companyYears(catalogue_, "%").size(), 0u);
@@ -68,10 +64,6 @@ TEST_F(Companies, GetTheCodeAfterThatOfTheLastRow) {
   }
   catalogue_.exec("DELETE FROM compny");
   EXPECT_FALSE(nextCompanyCode(catalogue_));
-}
-
-TEST_F(Companies, NameTheirFileByCodeAndYear) {
-  EXPECT_EQ(dataStem("M001", "2024"), "M00124");
   EXPECT_EQ(dataStem(" M0100 ", " 2005 "), "M010005");
 }
 
@@ -107,47 +99,26 @@ TEST_F(Companies, AreNotCreatedWithoutANameOrTwice) {
   EXPECT_EQ(refusal({"M002", "LIGHT HOUSE", "2026"}, CreateBy::Enter), "");
 }
 
-TEST_F(Companies, AreCreatedWithRowAndFile) {
-  createCompanyYear(catalogue_, folder_.path(), {"M003", "RAM'S STORES", "2026"}, CreateBy::Enter,
-                    "9090909090");
-  const auto row = catalogue_.first("SELECT * FROM compny WHERE COMP_ID = 'M003'");
-  ASSERT_TRUE(row);
-  EXPECT_EQ(row->text("COMP_NAME"), "RAM'S STORES");
-  EXPECT_EQ(row->text("TOYR"), "2027");
-  EXPECT_EQ(row->text("DATANM") + row->text("DATASENT"), "M00326N");
-  EXPECT_TRUE(std::filesystem::exists(folder_ / "M00326.mdb"));
-}
-
-TEST_F(Companies, LeaveNoRowBehindWhenTheFileCannotBeMade) {
+TEST_F(Companies, LeaveNeitherRowNorFileBehindWhenOneOfThemCannotBeMade) {
   const std::string before = rows();
-  const auto fails = [&] {
-    EXPECT_THROW(createCompanyYear(catalogue_, folder_.path(), {"M003", "NEW", "2026"}, CreateBy::Button, ""),
+  const auto fails = [&](const std::string& name, CreateBy by) {
+    EXPECT_THROW(createCompanyYear(catalogue_, folder_.path(), {"M003", name, "2026"}, by, ""),
                  DatabaseError);
     EXPECT_EQ(rows(), before);
     EXPECT_EQ(files(), "");
   };
+  fails(std::string(101, 'X'), CreateBy::Enter);
   std::ofstream(folder_ / "BLNK.MDB") << "Dear Sir, this is a letter and no database.";
-  fails();
+  fails("NEW", CreateBy::Button);
   std::ofstream(folder_ / "BLNK.MDB").close();  // empty
-  fails();
+  fails("NEW", CreateBy::Button);
   std::filesystem::remove(folder_ / "BLNK.MDB");
-  fails();
+  fails("NEW", CreateBy::Button);
   EXPECT_EQ(refusal({"M003", "NEW", "2026"}, CreateBy::Button), "Template BLNK.MDB Not Found");
-}
-
-TEST_F(Companies, LeaveNoFileBehindWhenTheRowIsRefused) {
-  const std::string before = rows(), tooLong(101, 'X');
-  EXPECT_THROW(createCompanyYear(catalogue_, folder_.path(), {"M003", tooLong, "2026"}, CreateBy::Enter, ""),
-               DatabaseError);
-  EXPECT_EQ(rows(), before);
-  EXPECT_EQ(files(), "");
-
   Database other;
   other.open(folder_ / "comp.mdb");
   const Transaction elsewhere(other);
-  EXPECT_THROW(createCompanyYear(catalogue_, folder_.path(), {"M003", "NEW", "2026"}, CreateBy::Enter, ""),
-               DatabaseError);
-  EXPECT_EQ(files(), "");
+  fails("NEW", CreateBy::Enter);
 }
 
 // Two programs that create the same year: the second finds the row that the first has just stored.
@@ -191,47 +162,33 @@ TEST_F(Companies, TakeThePlaceOfAFileWithoutARow) {
 TEST_F(Companies, AreWholeOrNotThereWhereverTheirCreationIsKilled) {
   constexpr int kMoments = 30;
   catalogue_.close();
-  int number = 2;
+  CompanyYear wanted{"M002", "NEW", "2030", {}};
   const auto create = [&] {
     Database catalogue;
     catalogue.open(folder_ / "comp.mdb");
-    createCompanyYear(catalogue, folder_.path(), {"M00" + std::to_string(number), "NEW", "2030", {}},
-                      CreateBy::Enter, "");
+    createCompanyYear(catalogue, folder_.path(), wanted, CreateBy::Enter, "");
   };
-  number = 3;
   const Killed whole = killedAt(0, create);
   if (!whole.possible) GTEST_SKIP() << "processes may not be watched here";
   ASSERT_TRUE(whole.ended);
 
   for (int moment = 1; moment <= kMoments; ++moment) {
-    number = 10 + moment;
+    wanted.code = "M0" + std::to_string(10 + moment);
+    wanted.name = "NEW " + wanted.code;
     const int call = whole.calls * moment / kMoments;
     killedAt(call, create);
     catalogue_.open(folder_ / "comp.mdb");
     ASSERT_EQ(catalogue_.text("PRAGMA integrity_check"), "ok") << call;
-    const CompanyYear wanted{"M00" + std::to_string(number), "NEW " + std::to_string(number), "2030", {}};
     if (!companyYear(catalogue_, wanted.code, wanted.from)) {
       ASSERT_EQ(refusal(wanted, CreateBy::Enter), "") << call;
       createCompanyYear(catalogue_, folder_.path(), wanted, CreateBy::Enter, "");
     }
-    for (const CompanyYear& row : companyYears(catalogue_)) {
-      Database year;
-      year.open(folder_ / (dataStem(row.code, row.from) + ".mdb"));
-      ASSERT_TRUE(isCompanyYear(year)) << row.code << call;
-      if (row.code == wanted.code) {
-        ASSERT_EQ(year.text("PRAGMA integrity_check"), "ok") << call;
-      }
-    }
+    Database year;
+    year.open(folder_ / (dataStem(wanted.code, wanted.from) + ".mdb"));
+    ASSERT_TRUE(isCompanyYear(year)) << call;
+    ASSERT_EQ(year.text("PRAGMA integrity_check"), "ok") << call;
     catalogue_.close();
   }
-}
-
-// Renamed in one year, the company may be created anew under its old name: the books of
-// that year must not be written over.
-TEST_F(Companies, NeverWriteOverBooks) {
-  renameCompany(catalogue_, "SHREE TRADERS", "OTHER NAME", "SHREE TRADERS", "2025");
-  EXPECT_EQ(refusal({"M001", "SHREE TRADERS", "2025"}, CreateBy::Enter), "year and company Already Exists");
-  EXPECT_EQ(refusal({"M001", "SHREE TRADERS", "2026"}, CreateBy::Enter), "");
 }
 
 TEST_F(Companies, AreRenamedInOneYearAlone) {
@@ -241,21 +198,19 @@ TEST_F(Companies, AreRenamedInOneYearAlone) {
   EXPECT_EQ(catalogue_.text("SELECT DATASENT FROM compny WHERE COMP_NAME = 'SHREE & SONS'"), "Y");
 }
 
-TEST_F(Companies, AreDeletedWithFileAndJournal) {
+TEST_F(Companies, AreDeletedWithFileAndJournalOrWithoutThem) {
   std::ofstream(folder_ / "M00124.mdb-journal") << "left by a crash";
   EXPECT_TRUE(deleteCompanyYear(catalogue_, folder_.path(), {"M001", {}, "2024", "2025"}));
   EXPECT_EQ(rows(), "M001 SHREE TRADERS 2025-2026;M002 LIGHT HOUSE 2025-2026;");
   EXPECT_FALSE(std::filesystem::exists(folder_ / "M00124.mdb"));
   EXPECT_FALSE(std::filesystem::exists(folder_ / "M00124.mdb-journal"));
   EXPECT_TRUE(std::filesystem::exists(folder_ / "M00125.mdb"));
+  std::filesystem::remove(folder_ / "M00125.mdb");  // taken away by somebody
+  EXPECT_TRUE(deleteCompanyYear(catalogue_, folder_.path(), {"M001", {}, "2025", "2026"}));
+  EXPECT_EQ(rows(), "M002 LIGHT HOUSE 2025-2026;");
 }
 
-TEST_F(Companies, AreNotDeletedWhileOpenElsewhere) {
-  {
-    const LockFile other(folder_ / "M00124.mdb");
-    EXPECT_FALSE(deleteCompanyYear(catalogue_, folder_.path(), {"M001", {}, "2024", "2025"}));
-    EXPECT_TRUE(std::filesystem::exists(folder_ / "M00124.mdb"));
-  }
+TEST_F(Companies, AreNotDeletedWhileTheCatalogueIsLocked) {
   Database other;
   other.open(folder_ / "comp.mdb");
   {
@@ -264,14 +219,6 @@ TEST_F(Companies, AreNotDeletedWhileOpenElsewhere) {
   }
   EXPECT_TRUE(std::filesystem::exists(folder_ / "M00124.mdb"));
   EXPECT_EQ(companyYears(catalogue_).size(), 3u);
-}
-
-// A row whose file somebody has taken away can be deleted all the same.
-TEST_F(Companies, AreDeletedWithoutAFile) {
-  std::filesystem::remove(folder_ / "M00124.mdb");
-  EXPECT_TRUE(deleteCompanyYear(catalogue_, folder_.path(), {"M001", {}, "2024", "2025"}));
-  EXPECT_EQ(companyYears(catalogue_).size(), 2u);
-  EXPECT_EQ(files(), "");
 }
 
 }  // namespace

@@ -109,15 +109,11 @@ TEST_F(Glance, TheOldestUnpaidBillGivesTheAge) {
     ASSERT_EQ(debtors.size(), 1u);
     EXPECT_EQ(debtors[0].days, c.days) << c.balance;
   }
-}
-
-TEST_F(Glance, TheLargestDebtorsComeFirst) {
-  account("A00001", 85, 10);
-  account("A00002", 85, 30);
+  account("A00002", 85, 5000);
   account("A00003", 85, 20);
-  const auto debtors = largestDebtors(db_, 2, on("30/06/2026"), on("01/04/2026"));
-  ASSERT_EQ(debtors.size(), 2u);
-  EXPECT_EQ(debtors[0].party + debtors[1].party, "NAME A00002NAME A00003");
+  const auto largest = largestDebtors(db_, 2, today, start);
+  ASSERT_EQ(largest.size(), 2u);
+  EXPECT_EQ(largest[0].party + largest[1].party, "NAME A00002NAME A00001");
 }
 
 TEST_F(FrameTest, TheShellShowsTheDayAtAGlance) {

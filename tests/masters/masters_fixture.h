@@ -18,17 +18,13 @@ class Caller : public Screen {
  public:
   explicit Caller(Host& theHost) : Screen(theHost, look()) {
     wire<Caller>(*this, {
-                            {"Text1(0)", KeyCode::Enter,  &Caller::codeEntered},
-                            {"Text1(0)", KeyCode::Insert, &Caller::newParty   },
+                            {"Text1(0)", KeyCode::Enter, &Caller::codeEntered},
     });
   }
   Go codeEntered() {
     if (here().text.empty()) return lookUp(host, *this, here(), asked);
     ++entered;
     return Go::On;
-  }
-  void newParty() {
-    if (const auto code = host.openModal("frmacc", {.caller = "GSTSAPU"})) set(here(), *code);
   }
 
   static inline LookupSpec asked;
