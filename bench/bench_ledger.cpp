@@ -35,6 +35,7 @@ constexpr int kNotFound = 127;
 
 struct Taken {
   double seconds = 0;
+  double cpu = 0;  // seconds; of a process of its own
   double peakMb = 0;
   int status = 0;
 };
@@ -62,6 +63,10 @@ Taken run(const std::vector<std::string>& command, const fs::path& output = "/de
     }
     wait4(child, &taken.status, 0, &used);
   });
+  const auto part = [](const timeval& t) {
+    return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_usec) / 1e6;
+  };
+  taken.cpu = part(used.ru_utime) + part(used.ru_stime);
   taken.peakMb = static_cast<double>(used.ru_maxrss) / 1024;
   return taken;
 }
@@ -80,7 +85,7 @@ Taken medianOf(const std::function<Taken()>& act) {
     rounds.push_back(act());
     if (rounds.back().status != 0) throw std::runtime_error("A program has failed");
   }
-  return {median(rounds, &Taken::seconds), median(rounds, &Taken::peakMb)};
+  return {median(rounds, &Taken::seconds), median(rounds, &Taken::cpu), median(rounds, &Taken::peakMb)};
 }
 
 fs::path companyYear(const fs::path& folder) {
@@ -121,12 +126,14 @@ void compareBalance(Database& db, const fs::path& journal, const fs::path& outpu
 
 void tell(const char* what, const Taken& ours, const Taken& theirs = {}) {
   std::printf("%-26s %9.1f ms", what, ours.seconds * 1000);
-  if (ours.peakMb > 0) std::printf(" %4.0f MB", ours.peakMb);
+  if (ours.cpu > 0) std::printf(" %6.1f CPU %4.0f MB", ours.cpu * 1000, ours.peakMb);
   if (theirs.seconds > 0) {
     const double times = theirs.seconds / ours.seconds;
-    std::printf("   ledger %7.1f ms %4.0f MB   1/%s of its time", theirs.seconds * 1000, theirs.peakMb,
-                Format(times, times < 10 ? "0.0" : "0").c_str());
-    if (ours.peakMb > 0) std::printf(", 1/%.0f of its memory", theirs.peakMb / ours.peakMb);
+    std::printf("   ledger %7.1f ms %7.1f CPU %4.0f MB   1/%s of its time", theirs.seconds * 1000,
+                theirs.cpu * 1000, theirs.peakMb, Format(times, times < 10 ? "0.00" : "0").c_str());
+    if (ours.cpu > 0)
+      std::printf(", 1/%.2f of its CPU, 1/%.0f of its memory", theirs.cpu / ours.cpu,
+                  theirs.peakMb / ours.peakMb);
   }
   std::printf("\n");
   std::fflush(stdout);
