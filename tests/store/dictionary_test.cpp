@@ -91,30 +91,6 @@ TEST_F(DictionaryTest, WalkingOverADeliveredYearChangesNothing) {
   EXPECT_EQ(fresh.number("SELECT COUNT(*) FROM STRUCTAB"), 649);
 }
 
-TEST_F(DictionaryTest, AnEmptyFileBecomesACompanyYear) {
-  Database empty;
-  empty.open(folder / "EMPTY.mdb", Access::create);
-  CreateDictionary(empty);
-  CreateDropList(empty);
-  SeedDictionary(empty);
-  ApplyDictionary(empty);
-  EXPECT_EQ(empty.number("SELECT COUNT(*) FROM sqlite_master WHERE type = 'table'"), 29);
-  for (const auto& row : dictionaryRows())
-    EXPECT_TRUE(empty.attempt("SELECT " + quotedName(row.field) + " FROM main." + row.table))
-        << row.table << row.field;
-}
-
-TEST_F(DictionaryTest, MissingTablesAndColumnsComeBack) {
-  db.exec("DROP TABLE TRANSMAST");
-  for (const char* view : {"GSTTOTQRY", "GSTBLPRN", "blprn"}) db.exec(std::string("DROP VIEW ") + view);
-  db.exec("ALTER TABLE SALE DROP COLUMN IRNNO");
-  db.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD) VALUES (1, 'SA')");
-  walk();
-  EXPECT_TRUE(CheckTable(db, "transmast"));
-  EXPECT_EQ(definition("SALE", "IRNNO"), "TEXT(100) COLLATE NOCASE CHECK (LENGTH(IRNNO) <= 100)");
-  EXPECT_EQ(db.number("SELECT COUNT(*) FROM SALE"), 1);
-}
-
 TEST_F(DictionaryTest, AlteringAColumnKeepsDataOrderKeysIndexesAndViews) {
   shape("ACCOUNT", "ACC_NAME", "TEXT(20)");
   shape("ACCOUNT", "STATECD", "TEXT(5)");

@@ -101,12 +101,3 @@ TEST_F(ViewsTest, OneVouchersReadIsKeyed) {
     EXPECT_EQ(steps.find("AUTOMATIC"), std::string::npos) << statement << steps;
   }
 }
-
-TEST_F(ViewsTest, RemakingDropsWhatIsNotOurs) {
-  db.exec("CREATE VIEW MINE AS SELECT 1 AS A");
-  db.exec("DROP VIEW GSTTOTQRY");
-  RemakeViews(db);
-  EXPECT_EQ(db.text("SELECT GROUP_CONCAT(name) FROM (SELECT name FROM sqlite_master WHERE type = 'view' "
-                    "ORDER BY name COLLATE BINARY)"),
-            "CHLNPRN,GSTBLPRN,GSTTOTQRY,QUOTGSTTOT,QUOTPRN,blprn");
-}
