@@ -19,9 +19,9 @@ std::vector<Row> groupSummary(Database& db) {
 void addSides(Database& db, const std::string& columns, const std::string& condition,
               const std::vector<Value>& values) {
   db.exec(
-      "WITH SUMS AS MATERIALIZED (SELECT PARTY_CD, SUM(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT END) AS CR,"
-      " SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT END) AS DR,"
-      " COUNT(CASE VOUCH_TYPE WHEN 'C' THEN NULL WHEN 'D' THEN NULL ELSE 1 END) AS OTHERS"
+      "WITH SUMS AS MATERIALIZED (SELECT PARTY_CD, SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'C') AS CR,"
+      " SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D') AS DR,"
+      " COUNT(*) FILTER (WHERE VOUCH_TYPE IS NOT 'C' AND VOUCH_TYPE IS NOT 'D') AS OTHERS"
       " FROM ALEDGER WHERE " +
           condition + " GROUP BY PARTY_CD) INSERT INTO T_FINALNEW (ACC_CD, " + columns +
           ") SELECT PARTY_CD, CR, 0 FROM SUMS WHERE CR IS NOT NULL"

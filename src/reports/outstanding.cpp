@@ -66,8 +66,8 @@ bool Receivables::next() {
 Receivables::Standing Receivables::standing() const {
   Standing found;
   auto days = db_.query(
-      "SELECT VOUCH_DT, SUM(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT END),"
-      " SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT END), MIN(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT END)"
+      "SELECT VOUCH_DT, SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'C'),"
+      " SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D'), MIN(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D')"
       " FROM ALEDGER WHERE PARTY_CD = ?1 GROUP BY VOUCH_DT",
       customer().value("ACC_CD"));
   const std::string to = isoDate(to_);

@@ -11,8 +11,8 @@ void RebuildAllBalances(Database& db) {
   // Summed before the join and by party alone: one walk through the ledger's index, in its order.
   db.attempt(
       "WITH SUMS AS MATERIALIZED (SELECT PARTY_CD,"
-      " SUM(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT END) AS CR,"
-      " SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT END) AS DR FROM ALEDGER GROUP BY PARTY_CD),"
+      " SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'C') AS CR,"
+      " SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D') AS DR FROM ALEDGER GROUP BY PARTY_CD),"
       " SIDES AS (SELECT PARTY_CD, CR, 0 AS DR FROM SUMS WHERE CR IS NOT NULL"
       " UNION ALL SELECT PARTY_CD, 0, DR FROM SUMS WHERE DR IS NOT NULL)"
       " INSERT INTO T_ACLST (GROUP_CD, ACC_CD, ACC_NAME, OP_BAL, CL_BAL, TOT_CR, TOT_DR)"
@@ -34,8 +34,8 @@ void RebuildOneBalance(Database& db, std::string_view code) {
   const auto account = db.first("SELECT OP_BAL FROM ACCOUNT WHERE ACC_CD = ?", code);
   if (!account) return;
   const auto sides = db.first(
-      "SELECT SUM(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT END),"
-      " SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT END) FROM ALEDGER WHERE PARTY_CD = ?",
+      "SELECT SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'C'),"
+      " SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D') FROM ALEDGER WHERE PARTY_CD = ?",
       code);
   double balance = Round(account->number(0), 2) - Round(sides->number(0), 2);
   balance = Round(balance, 2) + Round(sides->number(1), 2);
