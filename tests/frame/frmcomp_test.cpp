@@ -66,19 +66,6 @@ TEST_F(Selection, EmptyFieldsOpenTheLookup) {
   EXPECT_EQ(session().mdbfile, "M00225.mdb");
 }
 
-TEST_F(Selection, AfterANoATypedYearIsLookedForAgain) {
-  host_.press("mnunewcomp");
-  host_.type("RAM STORES");
-  host_.enter();
-  host_.answers = {false};
-  host_.type("2026");
-  host_.enter();
-  EXPECT_EQ(fields(), "|||");
-  host_.fillEnter("Text3", "2026");
-  EXPECT_EQ(host_.lastMessage(), "company not found");
-  EXPECT_FALSE(std::filesystem::exists(folder_ / "M00326.mdb"));
-}
-
 TEST_F(Selection, LeavingWithoutAChoiceSignsOffAndEnds) {
   catalogue().exec("INSERT INTO USER1 (USER_NAME, LOGGEDON) VALUES ('', 'Y')");
   host_.escape();

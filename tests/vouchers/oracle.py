@@ -13,27 +13,22 @@ One step a line, its parts split by tabs:
   line   AMOUNT|QTY|...      what the line must have stored, as number texts
   total  ITEMS|QTY|...       what a save must store, as number texts
 """
+import pathlib
 import random
 import re
 import sys
 from decimal import ROUND_HALF_UP, Decimal
 
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "support"))
+from figures import number as number_text, rounded
 
 COMPANY = 24  # its state
-
-
-def rounded(x, d):
-    scale = 10.0 ** d
-    return round(x * scale) / scale  # Python rounds a half to the even neighbour
 
 
 def val(text):
     leading = re.match(r" *([+-]?(?:\d+\.?\d*|\.\d+)(?:[eE][+-]?\d+)?)", text)
     return float(leading.group(1)) if leading else 0.0
-
-
-def number_text(x):
-    return "0" if x == 0 else "%.15g" % x
 
 
 def three_decimals(x):

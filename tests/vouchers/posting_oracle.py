@@ -4,10 +4,15 @@
 usage: posting_oracle.py fill FILE SEED BILLS    puts accounts, bills, receipts and challans into a company-year
        posting_oracle.py check FILE              compares its ledger and balances row by row; status 1 when they differ
 """
+import pathlib
 import random
 import sqlite3
 import sys
 from collections import Counter
+
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "support"))
+from figures import insert, number
 
 TAXES = ("TCGSTRT", "TSGSTRT", "TIGSTRT")
 # The party's side of a bill, the other side, and where the three taxes stand.
@@ -17,22 +22,14 @@ LEDGER = ("VOUCH_DT VOUCH_NO BOOK_CD VOUCH_TYPE PARTY_CD PARTY_TCD VOUCH_AMT PAR
           "CHQ_NO CHQ_CLG_DT BW_AB NARR1 REF_NO SRNO GSTPOST").split()
 
 
-def number_text(x):
-    return None if x is None else "0" if x == 0 else "%.15g" % x
-
-
 # The year
-
-
-def insert(db, table, row):
-    db.execute(f"INSERT INTO {table} ({', '.join(row)}) VALUES ({', '.join('?' * len(row))})", list(row.values()))
 
 
 def fill(db, rng, bills):
     parties = [f"A{n:05}" for n in range(1, 31)]
     for code in parties + ["E00001"]:
-        insert(db, "ACCOUNT", {"ACC_CD": code, "ACC_NAME": "PARTY " + code, "GROUP_CD": 85,
-                               "OP_BAL": rng.choice([0, 0, 100.25, -4000]), "CL_BAL": 77})
+        insert(db, "ACCOUNT", ACC_CD=code, ACC_NAME="PARTY " + code, GROUP_CD=85,
+               OP_BAL=rng.choice([0, 0, 100.25, -4000]), CL_BAL=77)
 
     def day():
         return f"2026-{rng.randint(4, 12):02}-{rng.randint(1, 28):02}"
@@ -49,7 +46,7 @@ def fill(db, rng, bills):
         inside = rng.random() < 0.5
         half = rng.choice([0, round(rng.uniform(1, 900), 2)]) if inside else 0
         book = rng.choices(["SA", "sa", "PU", "pu", "SR"], [24, 1, 12, 1, 1])[0]
-        insert(db, "SALE", {
+        insert(db, "SALE", **{
             "VOUCH_NO": n, "VOUCH_DT": rng.choices([day(), None], [40, 1])[0], "BOOK_CD": book,
             "PARTY_CD": rng.choice(parties + ["A99999"]),
             "SALE_CD": rng.choices(["X90001" if book in ("PU", "pu") else "X90002", "X90007"], [20, 1])[0],
@@ -59,13 +56,13 @@ def fill(db, rng, bills):
             "CR_DAYS": rng.choice([0, 15, 30, 7.5, None]), "GSTPOST": rng.choices([1, 0, None, 2], [30, 2, 1, 1])[0]})
     for n in range(1, bills // 3 + 1):
         for book in ("RC", "PY", "IC", "EP", "CM"):
-            insert(db, "RPTPAY", {
+            insert(db, "RPTPAY", **{
                 "VOUCH_NO": n, "VOUCH_DT": day(), "BOOK_CD": book, "REF_NO": rng.choice([str(n), "R/7", None]),
                 "CSHBNK_CD": rng.choice(["X90005", "E00001"]), "PARTY_CD": rng.choice(parties), "AMOUNT": money(),
                 "NARRATION": text(200), "NARRATION1": ".", "CHQ_NO": rng.choice([".", "001234"]), "CHQ_CLG_DT": day(),
                 "RPTPAY_DTL": rng.choice(["A", "B", None])})
     for n in range(1, bills // 5 + 1):
-        insert(db, "CHLN", {
+        insert(db, "CHLN", **{
             "VOUCH_NO": n, "VOUCH_DT": day(), "BOOK_CD": rng.choices(["CH", "RT"], [10, 1])[0],
             "PARTY_CD": rng.choice(parties), "NET_AMT": money(), "CHLN_NO": rng.choice([str(n), "007", "12.5", None]),
             "NARRATION": text(200), "GR_NO": text(50), "DESTI": text(50)})
@@ -104,7 +101,7 @@ def expected(db):
         ours, theirs, accounts = BILLS[v["BOOK_CD"].upper()]
         party, goods, note = v["PARTY_CD"], v["SALE_CD"], v["NARRATION"]
         of_bill = {"PARTY_BL": v["BILL_NO"]}
-        with_days = of_bill | {"SUB_DESC": number_text(v["CR_DAYS"])}
+        with_days = of_bill | {"SUB_DESC": None if v["CR_DAYS"] is None else number(v["CR_DAYS"])}
         yield from entry(v, ours, party, goods, v["NET_AMT"], NARRATION=joined(note, v["GR_NO"], v["DESTI"]), **with_days)
         yield from entry(v, theirs, goods, party, v["ITEM_AMT"], NARRATION=joined(note, v["GR_NO"]), **with_days)
         for account, tax in zip(accounts, TAXES):
@@ -115,8 +112,8 @@ def expected(db):
             yield from entry(v, side, "X90015", party, abs(v["ROUND_OFF"]), NARRATION=note, **of_bill)
 
     for v in rows("CHLN", {"CH"}):
-        number = None if v["CHLN_NO"] is None else " " + number_text(float(v["CHLN_NO"]))
-        same = {"NARRATION": joined(v["NARRATION"], v["GR_NO"], v["DESTI"]), "PARTY_BL": number, "SUB_DESC": "0"}
+        their_no = None if v["CHLN_NO"] is None else " " + number(float(v["CHLN_NO"]))
+        same = {"NARRATION": joined(v["NARRATION"], v["GR_NO"], v["DESTI"]), "PARTY_BL": their_no, "SUB_DESC": "0"}
         yield from entry(v, "D", v["PARTY_CD"], "X90002", v["NET_AMT"], **same)
         yield from entry(v, "C", "X90002", v["PARTY_CD"], v["NET_AMT"], **same)
 

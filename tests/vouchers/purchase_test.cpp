@@ -59,9 +59,6 @@ TEST_F(Purchase, ASupplierGivesTheNumberAndTheDate) {
             std::string(60, ' ') +
                 "Purchase Entry Saved\n   Entry No : 1\n   Party Name : VIDYUT CABLES\n"
                 "   Invoice AMOUNT : 59000\n\n\n   Press New Entry Btn To Enter New Bill Entry");
-  EXPECT_EQ(line("SELECT BOOK_CD, BL_TYPE, BILL_NO, PRV_BDT, SALE_CD, CHLN_NO, NET_AMT FROM SALE"
-                 " WHERE VOUCH_NO = 1"),
-            "PU|TAX|7|2026-06-15|X90001|0|59000");
   EXPECT_EQ(line("SELECT PARTY_BL, SUB_DESC FROM ALEDGER WHERE PARTY_CD = 'A00011'"), "7|45");
   start("A00011", "7");
   EXPECT_EQ(host.lastMessage(), "Duplicate Bill No Not Allowed");
@@ -96,13 +93,8 @@ TEST_F(Purchase, NeitherBookSeesTheOther) {
       EXPECT_EQ(host.at("DataGrid2").grid.count(), 1U) << entryType;
       EXPECT_EQ(host.cell("DataGrid2", 0, key == KeyCode::Tab ? 5 : 3), rate);
     }
-    for (const auto& [field, key] : {
-             std::pair{"Text1(0)",  KeyCode::Enter},
-             {"Text1(0)",  KeyCode::F1   },
-             {"Text1(0)",  KeyCode::F4   },
-             {"Text1(0)",  KeyCode::F11  },
-             {"Text1(46)", KeyCode::F2   }
-    }) {
+    for (const KeyCode key : {KeyCode::Enter, KeyCode::F1, KeyCode::F4, KeyCode::F11, KeyCode::F2}) {
+      const char* field = key == KeyCode::F2 ? "Text1(46)" : "Text1(0)";
       host.insideModal = {[&] {
         EXPECT_EQ(host.at("grdDataGrid").grid.count(), 1U) << entryType << field;
         EXPECT_TRUE(key != KeyCode::F4 || host.cell("grdDataGrid", 0, 1) == amount) << entryType;
@@ -114,7 +106,7 @@ TEST_F(Purchase, NeitherBookSeesTheOther) {
   }
 }
 
-TEST_F(Purchase, ModifiedFromTheLedgerAndDeleted) {
+TEST_F(Purchase, ModifiedFromTheLedger) {
   buy("A00011", "7", "100");
   db().exec("UPDATE SALE SET PRV_BDT = '2026-06-01'");
   openBook("SALE");
@@ -142,12 +134,4 @@ TEST_F(Purchase, ModifiedFromTheLedgerAndDeleted) {
   EXPECT_EQ(line("SELECT GROUP_CONCAT(BOOK_CD || BILL_NO || PRV_BDT, ' ') FROM"
                  " (SELECT * FROM SALE ORDER BY BOOK_CD)"),
             "PU72026-06-01 SA00012026-06-20");
-
-  openBook("PURCHASE");
-  host.press("CMDDELETE");
-  host.answers = {true};
-  host.fillEnter("Text1(0)", "1");
-  EXPECT_EQ(line("SELECT GROUP_CONCAT(BOOK_CD), (SELECT GROUP_CONCAT(BOOK_CD) FROM SALEITM) FROM SALE"),
-            "SA|SA");
-  EXPECT_NE(posted("PU", 1), "") << "until the ledger is posted anew";
 }

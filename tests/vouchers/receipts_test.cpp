@@ -228,24 +228,20 @@ TEST_F(ReceiptsTest, LookupsFindOldVouchersAndParties) {
   saveMoneyVoucher(db(), moneyBook("PAYMENT"), money(8, 1), Saving::Fresh);
   open();
   host.press("cmdEdit");
-  struct Case {
-    Key key;
-    const char* second;
-  };
-  for (const Case& c : {
-           Case{KeyCode::Enter, "PATEL TRADING CO"},
+  for (const auto& [key, second] : {
+           std::pair{KeyCode::Enter, "PATEL TRADING CO"},
            {KeyCode::F1,    "4"               },
            {KeyCode::F3,    "."               },
            {KeyCode::F4,    "75.5"            }
   }) {
     host.fill("txtFields(0)", "");
     host.insideModal.push_back([&] {
-      EXPECT_EQ(host.at("grdDataGrid").grid.count(), 1U) << nameOf(c.key);
-      EXPECT_EQ(host.cell("grdDataGrid", 0, 1), c.second) << nameOf(c.key);
+      EXPECT_EQ(host.at("grdDataGrid").grid.count(), 1U) << nameOf(key);
+      EXPECT_EQ(host.cell("grdDataGrid", 0, 1), second) << nameOf(key);
       host.enter();
     });
-    host.key(c.key);
-    EXPECT_EQ(host.text("txtFields(9)"), "PATEL TRADING CO") << nameOf(c.key);
+    host.key(key);
+    EXPECT_EQ(host.text("txtFields(9)"), "PATEL TRADING CO") << nameOf(key);
   }
   host.fill("txtFields(3)", "");
   // Cash and bank are not among those who pay.

@@ -29,16 +29,23 @@ TEST_F(SavingTest, EveryHeaderColumnHasItsValue) {
 }
 
 TEST_F(SavingTest, LinesWithoutAQuantityStayBehindUnlessTheyAreMisc) {
-  workLine(db(), "I0000001", 2, 1);
-  workLine(db(), "I0000002", 0, 2);
-  workLine(db(), "misc", 0, 3);
-  workLine(db(), "I0000001", -1, 5);
+  int serial = 0;
+  for (const auto& [item, quantity] : {
+           std::pair{"I0000001", 2 },
+           {"I0000002", 0 },
+           {"misc",     0 },
+           {"I0000001", -1}
+  }) {
+    workLine(db(), item, quantity, ++serial);
+    goods(db(), item, quantity, serial);
+  }
   ASSERT_TRUE(saveBill(db(), saleBook(), bill(7), stamp(), Saving::Fresh));
-  EXPECT_EQ(
-      line(
-          "SELECT GROUP_CONCAT(NUMTEXT(SR_NO) || ':' || ITEM_CD || ':' || NUMTEXT(QUANTITY)), MAX(VOUCH_NO), "
-          "MAX(VOUCH_DT) FROM SALEITM"),
-      "1:I0000001:2,3:misc:0,5:I0000001:-1|7|2026-06-15");
+  ASSERT_TRUE(saveChallan(db(), challanBook(), challan(7), stamp(), Saving::Fresh));
+  for (const std::string table : {"SALEITM", "CHLNITM"})
+    EXPECT_EQ(line("SELECT GROUP_CONCAT(NUMTEXT(SR_NO) || ':' || ITEM_CD || ':' || NUMTEXT(QUANTITY)),"
+                   " MAX(VOUCH_NO), MAX(VOUCH_DT) FROM " +
+                   table),
+              "1:I0000001:2,3:misc:0,4:I0000001:-1|7|2026-06-15");
 }
 
 TEST_F(SavingTest, LedgerRowsOfABill) {
