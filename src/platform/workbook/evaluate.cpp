@@ -12,6 +12,8 @@ constexpr int kCellDepth = 600, kMaxDepth = 2500;
 constexpr size_t kMaxTable = 1 << 20, kMaxText = 32767;
 // Some seconds of work.
 constexpr size_t kMaxSteps = 30000000;
+// Letters of a text to a step, where it takes memory and where it is read and let go.
+constexpr size_t kKept = 1, kPassing = 8;
 // Nobody reads more.
 constexpr size_t kMaxWarnings = 200;
 constexpr double kNear = 1.0 / (1LL << 48);
@@ -156,6 +158,10 @@ void Evaluator::spend(size_t steps) {
   if (spent_ > kMaxSteps) throw Failure{Error::Number};
 }
 
+void Evaluator::spendOn(const Value& value, size_t letters) {
+  if (const std::string* text = value.text()) spend(text->size() / letters);
+}
+
 void Evaluator::refresh() {
   if (!model_.stale) return;
   model_.stale = false;
@@ -247,7 +253,7 @@ void Evaluator::run(int formula) {
     const Operand found = evaluate(*cell.expression, home, cell.array);
     result = cell.array ? spreadAt(table(found), cell.arrayRow, cell.arrayColumn) : single(found, home);
     if (result.empty()) result = 0;
-    if (const std::string* text = result.text()) spend(text->size());
+    spendOn(result, kKept);
   } catch (const Failure& failure) {
     result = failure.error;
   }
@@ -319,7 +325,9 @@ Operand Evaluator::call(const Expression& expression, const Home& home, bool arr
   if (arrays && takes == Takes::Choice && several(caught(expression.arguments[0], home)))
     return lifted(expression, home);
   Call call(*this, expression, home, arrays || takes == Takes::Arrays);
-  return expression.function->run(call);
+  Operand result = expression.function->run(call);
+  if (const Value* value = std::get_if<Value>(&result)) spendOn(*value, kPassing);
+  return result;
 }
 
 Operand Evaluator::caught(const Expression& expression, const Home& home) {
@@ -339,7 +347,9 @@ Table Evaluator::spread(int rows, int columns, const std::function<Value(int, in
               .values[static_cast<size_t>(row) * static_cast<size_t>(columns) + static_cast<size_t>(column)];
       try {
         into = calculate(row, column);
+        spendOn(into, kKept);
       } catch (const Failure& failure) {
+        if (spent_ > kMaxSteps) throw;
         into = failure.error;
       }
     }
@@ -374,6 +384,7 @@ Operand Evaluator::lifted(const Expression& expression, const Home& home) {
       const bool missing = expression.arguments[i].kind == Expression::Kind::Missing;
       one.arguments[i].kind = missing ? Expression::Kind::Missing : Expression::Kind::Constant;
       one.arguments[i].constant = spreadAt(tables[i], row, column);
+      spendOn(one.arguments[i].constant, kPassing);
     }
     Call call(*this, one, home, false);
     return single(one.function->run(call), home);
@@ -383,8 +394,8 @@ Operand Evaluator::lifted(const Expression& expression, const Home& home) {
 }
 
 Operand Evaluator::operation(const Expression& expression, const Home& home, bool arrays) {
+  if (expression.operation == Operation::Plus) return evaluate(expression.arguments[0], home, arrays);
   const Operand left = evaluate(expression.arguments[0], home, arrays);
-  if (expression.operation == Operation::Plus) return left;
   const bool two = expression.arguments.size() > 1;
   const Operand right = two ? evaluate(expression.arguments[1], home, arrays) : Operand();
   if (expression.operation == Operation::Range) {

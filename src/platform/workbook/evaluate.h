@@ -77,6 +77,7 @@ class Evaluator {
   void circle(int formula);
   // Counts what a workbook makes us do: one that would keep us for ever gets #NUM! instead.
   void spend(size_t steps);
+  void spendOn(const Value& value, size_t letters);
   void refresh();
   Operand call(const Expression& expression, const Home& home, bool arrays);
   Operand caught(const Expression& expression, const Home& home);

@@ -106,8 +106,10 @@ void Call::numbers(int from, const std::function<void(double)>& visit) {
 
 bool hasPattern(std::string_view text) { return text.find_first_of("*?~") != std::string_view::npos; }
 
-bool matchesPattern(std::string_view text, std::string_view pattern) {
-  const std::string low = lower(text), wanted = lower(pattern);
+namespace {
+
+// Both in lower case.
+bool fits(std::string_view low, std::string_view wanted) {
   size_t at = 0, p = 0, star = std::string::npos, mark = 0;
   const auto next = [&](size_t from) {
     size_t to = from + 1;
@@ -119,6 +121,7 @@ bool matchesPattern(std::string_view text, std::string_view pattern) {
     if (!escaped && p < wanted.size() && wanted[p] == '*') {
       star = p++;
       mark = at;
+      if (p == wanted.size()) return true;
     } else if (!escaped && p < wanted.size() && wanted[p] == '?') {
       ++p;
       at = next(at);
@@ -135,6 +138,32 @@ bool matchesPattern(std::string_view text, std::string_view pattern) {
   }
   while (p < wanted.size() && wanted[p] == '*') ++p;
   return p == wanted.size();
+}
+
+// What stands before the first "*".
+std::string_view head(std::string_view pattern) {
+  size_t at = 0;
+  while (at < pattern.size() && pattern[at] != '*')
+    at += pattern[at] == '~' && at + 1 < pattern.size() ? 2 : 1;
+  return pattern.substr(0, at);
+}
+
+}  // namespace
+
+bool matchesPattern(std::string_view text, std::string_view pattern) {
+  return fits(lower(text), lower(pattern));
+}
+
+size_t findPattern(std::string_view text, std::string_view pattern, size_t from) {
+  const std::string low = lower(text), wanted = lower(pattern);
+  const std::string first = std::string(head(wanted)) + "*", whole = wanted + "*";
+  for (size_t at = from; at <= low.size(); ++at) {
+    if (at < low.size() && (low[at] & 0xC0) == 0x80) continue;
+    const std::string_view rest = std::string_view(low).substr(at);
+    // What is not found behind the first place of the head is behind no later one either.
+    if (fits(rest, first)) return fits(rest, whole) ? at : std::string_view::npos;
+  }
+  return std::string_view::npos;
 }
 
 Criterion::Criterion(const Value& value) : wanted_(value) {

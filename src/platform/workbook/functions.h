@@ -87,6 +87,8 @@ class Criterion {
 
 // "*" any characters, "?" one, "~" before either for itself; without regard to case.
 bool matchesPattern(std::string_view text, std::string_view pattern);
+// Where the first piece that fits begins, npos for none.
+size_t findPattern(std::string_view text, std::string_view pattern, size_t from);
 bool hasPattern(std::string_view text);
 
 }  // namespace workbook

@@ -132,11 +132,7 @@ Operand search(Call& call) {
   const std::string what = lower(call.text(0)), text = lower(call.text(1));
   const size_t from = offset(text, call.whole(2, 1));
   if (!hasPattern(what)) return found(text, text.find(what, from));
-  for (size_t at = from; at <= text.size(); ++at)
-    if ((at == text.size() || (text[at] & 0xC0) != 0x80) &&
-        matchesPattern(std::string_view(text).substr(at), what + "*"))
-      return found(text, at);
-  throw Failure{Error::Value};
+  return found(text, findPattern(text, what, from));
 }
 
 // What the numbers 128 to 159 mean to CHAR and CODE.
