@@ -94,17 +94,6 @@ std::string said(const fs::filesystem_error& error) {
   return path.string() + " cannot be written: " + error.code().message() + ".";
 }
 
-class Busy {
- public:
-  explicit Busy(Host& machine) : host(machine) { host.busy(true); }
-  ~Busy() { host.busy(false); }
-  Busy(const Busy&) = delete;
-  Busy& operator=(const Busy&) = delete;
-
- private:
-  Host& host;
-};
-
 }  // namespace
 
 fs::path formatsFolder() { return fs::path(session().mapppath) / "FORMATS"; }
@@ -127,14 +116,12 @@ void makePaper(Host& host, const Paper& paper, const FilledSheet& filled) {
 }
 
 void tellFailures(Host& host, const std::function<void()>& making) {
-  std::string failure;
-  try {
-    const Busy busy(host);
-    making();
-  } catch (const fs::filesystem_error& error) {
-    failure = said(error);
-  } catch (const std::exception& error) {
-    failure = error.what();
-  }
+  const std::string failure = failureOf(host, [&] {
+    try {
+      making();
+    } catch (const fs::filesystem_error& error) {
+      throw std::runtime_error(said(error));
+    }
+  });
   if (!failure.empty()) host.message(failure, kMessageTitle);
 }

@@ -35,5 +35,3 @@ void makePaper(Host& host, const Paper& paper, const FilledSheet& filled);
 
 // Runs the making of a document with the busy pointer; whatever goes wrong is told in a message.
 void tellFailures(Host& host, const std::function<void()>& making);
-
-constexpr const char* kMessageTitle = "Mirav Message";

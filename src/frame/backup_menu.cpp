@@ -13,35 +13,20 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* kFailed = "Mirav Message";
 constexpr const char* kDone = "Mirav Information";
 constexpr const char* kConfirm = "Mirav Confirmation Message";
 constexpr size_t kKeptOfExit = 10;
-
-class Busy {
- public:
-  explicit Busy(Host& machine) : host(machine) { host.busy(true); }
-  ~Busy() { host.busy(false); }
-  Busy(const Busy&) = delete;
-  Busy& operator=(const Busy&) = delete;
-
- private:
-  Host& host;
-};
 
 fs::path folder() { return backupFolder(session().mbackuppath, session().mapppath); }
 
 // The copy's path, or nothing after a failure, which has been told.
 fs::path backUp(Host& host, BackupKind kind) {
-  std::string failure;
-  try {
-    const Busy busy(host);
-    return makeBackup(data(), catalogue(), folder(), session().mdataname, MakeStamp(host), kind);
-  } catch (const std::exception& error) {
-    failure = error.what();
-  }
-  host.message("Backup Not Done\r\n" + failure, kFailed);
-  return {};
+  fs::path copy;
+  const std::string failure = failureOf(host, [&] {
+    copy = makeBackup(data(), catalogue(), folder(), session().mdataname, MakeStamp(host), kind);
+  });
+  if (!failure.empty()) host.message("Backup Not Done\r\n" + failure, kMessageTitle);
+  return copy;
 }
 
 // A bare name stands in the backup folder, or beside the books, where the replaced ones are.
@@ -64,13 +49,13 @@ std::string factsText(const BackupFacts& facts) {
 bool agreed(Host& host, const fs::path& file, const std::string& standing) {
   const Session& s = session();
   if (!fileExists(file)) {
-    host.message("Backup Not Found\r\n" + file.string(), kFailed);
+    host.message("Backup Not Found\r\n" + file.string(), kMessageTitle);
     return false;
   }
   const BackupFacts facts = factsOf(file);
   const std::string name = file.filename().string();
   if (!belongsTo(facts, file, s.mdataname, standing)) {
-    host.message(name + " Is Not A Backup Of " + s.mdataname + "\r\n" + factsText(facts), kFailed);
+    host.message(name + " Is Not A Backup Of " + s.mdataname + "\r\n" + factsText(facts), kMessageTitle);
     return false;
   }
   return host.ask(
@@ -97,14 +82,12 @@ struct Words {
 
 // The company-year's file is closed meanwhile.
 Words exchange(Host& host, const fs::path& file) {
-  try {
-    const Busy busy(host);
-    const fs::path kept = restoreBackup(file, session().mdbpath, MakeStamp(host));
-    if (kept.empty()) return {"Restore Done", kDone};
-    return {"Restore Done\r\nThe Replaced Books Are Kept In " + kept.filename().string(), kDone};
-  } catch (const std::exception& error) {
-    return {std::string("Restore Not Done\r\n") + error.what(), kFailed};
-  }
+  fs::path kept;
+  const std::string failure =
+      failureOf(host, [&] { kept = restoreBackup(file, session().mdbpath, MakeStamp(host)); });
+  if (!failure.empty()) return {"Restore Not Done\r\n" + failure, kMessageTitle};
+  if (kept.empty()) return {"Restore Done", kDone};
+  return {"Restore Done\r\nThe Replaced Books Are Kept In " + kept.filename().string(), kDone};
 }
 
 }  // namespace
@@ -133,7 +116,7 @@ bool restoreNow(Host& host) {
     host.message(words.text, words.title);
     return true;
   } catch (const std::exception& error) {
-    host.message(error.what(), kFailed);
+    host.message(error.what(), kMessageTitle);
   }
   // Without books there is nothing to go on with.
   if (!s.cndata) host.quit();
@@ -149,7 +132,7 @@ bool offerRestore(Host& host) {
     host.message(words.text, words.title);
     return words.title == kDone;
   } catch (const std::exception& error) {
-    host.message(error.what(), kFailed);
+    host.message(error.what(), kMessageTitle);
   }
   return false;
 }

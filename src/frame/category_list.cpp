@@ -18,7 +18,7 @@ fs::path writeCategoryList(Database& db, const fs::path& program) {
     return true;
   };
 
-  const fs::path file = program / "FORMATS" / "list.xlsx";
+  fs::path file = program / "FORMATS" / "list.xlsx";
   std::error_code ignored;  // told when the workbook cannot be written into it
   fs::create_directory(file.parent_path(), ignored);
   workbook::createList(file.string(), list);
@@ -27,9 +27,8 @@ fs::path writeCategoryList(Database& db, const fs::path& program) {
 
 void showCategoryList(Host& host) {
   if (session().mexcelkill) EndProcess(host, "excel.exe");
-  try {
-    host.view(writeCategoryList(data(), session().mapppath).string());
-  } catch (const std::exception& error) {
-    host.message(error.what(), "Mirav Message");
-  }
+  fs::path list;
+  const std::string failure = failureOf(host, [&] { list = writeCategoryList(data(), session().mapppath); });
+  if (!failure.empty()) return host.message(failure, kMessageTitle);
+  host.view(list.string());
 }

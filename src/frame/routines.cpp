@@ -85,9 +85,19 @@ void passOver(Host& host, const std::function<void()>& step) {
   try {
     step();
   } catch (const DatabaseError& error) {
-    if (!error.mayBePassedOver()) host.message(error.what(), "Mirav Message");
+    if (!error.mayBePassedOver()) host.message(error.what(), kMessageTitle);
   } catch (const std::exception& error) {
-    host.message(error.what(), "Mirav Message");
+    host.message(error.what(), kMessageTitle);
+  }
+}
+
+std::string failureOf(Host& host, const std::function<void()>& work) {
+  try {
+    const Busy busy(host);
+    work();
+    return {};
+  } catch (const std::exception& error) {
+    return error.what();
   }
 }
 

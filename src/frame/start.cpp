@@ -66,7 +66,7 @@ bool startUp(Host& host, const fs::path& folder) {
   setScreenFactors(s, host.display());
   s.mdbtype = "ACCESS";
   if (const std::string failure = openCatalogue(s); !failure.empty()) {
-    host.message(failure, "Mirav Message");
+    host.message(failure, kMessageTitle);
     host.quit();
     return false;
   }

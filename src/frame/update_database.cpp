@@ -13,12 +13,7 @@ const ScreenSpec& updateTable() {
       .caption = "Update Database",
       .window = Window::Dialog,
       .focusColour = 0xFFC0FF,
-      .layout = {.bands = {
-                     {fit(),   {{.name = "what", .frame = Frame::Plain, .pitch = 24}}},
-                     {part(1), {{.name = "progress"}}},
-                     {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
-                 },
-                 .width = 640, .height = 250},
+      .layout = progressLayout(640, 250),
       .controls = {
           {.name = "lblwhat",   .index = 0, .kind = Kind::Label, .label = "Brings Tables, Designs And Keys Of This Company To The Program's Shape", .at = {.group = "what"}, .style = Style::Quiet},
           {.name = "lblwhat",   .index = 1, .kind = Kind::Label, .label = "A Verified Backup Is Made First :: Nobody Else May Have The Company Open", .at = {.group = "what", .row = 1}, .style = Style::Quiet},
@@ -33,8 +28,11 @@ const ScreenSpec& updateTable() {
 
 }  // namespace
 
-UpdateDatabase::UpdateDatabase(Host& theHost) : ChildScreen(theHost, updateTable()) {
-  escMeans = "Esc = Close";
+UpdateDatabase::UpdateDatabase(Host& theHost)
+    : ProgressDialog(theHost, updateTable(),
+                     {.start = "cmdupdate",
+                      .cancel = "Cmdclose",
+                      .undone = "\nThe Update Was Not Done :: The Books Are As They Were"}) {
   wire<UpdateDatabase>(*this, {
                                   {"cmdupdate", On::Click,    &UpdateDatabase::update},
                                   {"Cmdclose",  On::Click,    &UpdateDatabase::close },
@@ -42,32 +40,20 @@ UpdateDatabase::UpdateDatabase(Host& theHost) : ChildScreen(theHost, updateTable
   });
 }
 
-void UpdateDatabase::opened(const Entry& entry) {
-  ChildScreen::opened(entry);
-  focus(at("cmdupdate"));
-}
-
-void UpdateDatabase::tell(std::string_view words) {
-  set(at("Label1"), words);
-  host.refresh();
-}
-
 // What the update drops is gone, so it waits until the backup stands.
 void UpdateDatabase::update() {
   if (!backUpNow(host)) return;
-  at("Cmdclose").enabled = at("cmdupdate").enabled = false;
-  host.busy(true);
-  try {
-    work();
-  } catch (...) {
-    at("Cmdclose").enabled = at("cmdupdate").enabled = true;
-    tell("The Update Was Not Done :: The Books Are As They Were");
-    throw;
-  }
-  host.close(*this);
+  std::vector<std::string> withoutKey;
+  run([&] { withoutKey = work(); });
+  for (const std::string& table : withoutKey)
+    host.message("PRIMARY KEY NOT SET FOR " + table + "  TABLE", kMessageTitle);
+  tell("");
+  host.message("SUCCESS", kMessageTitle);
+  close();
 }
 
-void UpdateDatabase::work() {
+// The tables that have their rows but not the key of the dictionary.
+std::vector<std::string> UpdateDatabase::work() {
   const Session& s = session();
   const Moment now = host.now();
   const UpdateFacts facts{
@@ -79,11 +65,6 @@ void UpdateDatabase::work() {
       .dataname = s.mdataname,
       .repair = {.periodStart = s.mstartdt, .timeOfDay = formatTime(now, "HH:MM")},
   };
-  const auto withoutKey = updateDatabase(
-      data(), facts, [this](std::string_view words) { tell("Updating " + std::string(words)); });
-  host.busy(false);
-  for (const std::string& table : withoutKey)
-    host.message("PRIMARY KEY NOT SET FOR " + table + "  TABLE", "Mirav Message");
-  tell("");
-  host.message("SUCCESS", "Mirav Message");
+  return updateDatabase(data(), facts,
+                        [this](std::string_view words) { tell("Updating " + std::string(words)); });
 }

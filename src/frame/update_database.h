@@ -1,19 +1,17 @@
 #pragma once
 
-#include <string_view>
+#include <string>
+#include <vector>
 
-#include "frame/child_screen.h"
+#include "frame/progress_dialog.h"
 
 // "Update Database", screen `struct`: the open company-year is brought to the shape of this program
 // and its data mended, after a verified backup of it.
-class UpdateDatabase : public ChildScreen {
+class UpdateDatabase : public ProgressDialog {
  public:
   explicit UpdateDatabase(Host& host);
-  void opened(const Entry& entry) override;
 
  private:
   void update();
-  void work();
-  void close() { host.close(*this); }
-  void tell(std::string_view words);
+  std::vector<std::string> work();
 };

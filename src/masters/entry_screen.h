@@ -11,7 +11,6 @@
 #include "store/database.h"
 #include "store/row_writer.h"
 
-inline constexpr const char* kMessageTitle = "Mirav Message";
 inline constexpr const char* kQuestionTitle = "Mirav Confirmation Message";
 inline constexpr const char* kIncompleteWords = "Please Fill Complete Data or Press Enter for Help";
 

@@ -36,7 +36,7 @@ enum class SmallCode { NextNumber, NextCategory, Typed, ItsText };
 struct SmallGuard {
   std::string_view statement;
   std::string_view words;
-  std::string_view title = "Mirav Message";
+  std::string_view title = kMessageTitle;
 };
 
 struct SmallMaster {

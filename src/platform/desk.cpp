@@ -68,7 +68,7 @@ bool Desk::run(Screen& screen, const std::function<void()>& handler) {
   pending_.pop_back();
   if (!failure.empty()) {
     busy(false);
-    message(failure, "Mirav Message");
+    message(failure, kMessageTitle);
   }
   take(requests);
   if (pending_.empty()) {

@@ -16,6 +16,9 @@ struct ScreenSize {
   double twipsPerPixelX = 15, twipsPerPixelY = 15;
 };
 
+// The title over what the program tells of itself: failures, and what was done.
+inline constexpr const char* kMessageTitle = "Mirav Message";
+
 // Everything that a screen may ask of the machine.
 class Host {
  public:
@@ -57,4 +60,16 @@ class Host {
   virtual void setClipboard(const std::string& text) = 0;
 
   Date today() const { return now().date; }
+};
+
+// The busy pointer, as long as this stands.
+class Busy {
+ public:
+  explicit Busy(Host& host) : host_(host) { host_.busy(true); }
+  ~Busy() { host_.busy(false); }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  Host& host_;
 };

@@ -257,7 +257,7 @@ Go bwrcpy::voucherDate() {
   if (!typed) return Go::Stay;
   const std::string refusal = periodRefusal(*typed);
   if (refusal.empty()) return Go::On;
-  host.message(refusal, "Mirav Message");
+  host.message(refusal, kMessageTitle);
   return Go::Stay;
 }
 
@@ -305,7 +305,7 @@ Go bwrcpy::account() {
   }
   if (!isCashOrBank(data(), trimmed(2))) {
     host.message("Cash / Bank Takes A Cash Or Bank Account\nEmpty It And Press Enter For Help",
-                 "Mirav Message");
+                 kMessageTitle);
     return Go::Stay;
   }
   if (sameCodes()) return refuseSame(2, 10, 6);
@@ -420,7 +420,7 @@ void bwrcpy::update() {
       saveMoneyVoucher(data(), book_, voucher(), mode == "ADD" ? Saving::Fresh : Saving::Again);
   host.busy(false);
   if (!saved) {
-    host.message("Voucher No. already exists", "Mirav Message");
+    host.message("Voucher No. already exists", kMessageTitle);
     cancel();
     return;
   }

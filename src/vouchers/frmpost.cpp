@@ -13,12 +13,7 @@ const ScreenSpec& postingTable() {
       .caption = "Posting",
       .window = Window::Dialog,
       .focusColour = 0xFFC0FF,
-      .layout = {.bands = {
-                     {fit(),   {{.name = "what", .frame = Frame::Plain, .pitch = 24}}},
-                     {part(1), {{.name = "progress"}}},
-                     {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
-                 },
-                 .width = 520, .height = 296},
+      .layout = progressLayout(520, 296),
       .controls = {
           {.name = "lblwhat",   .kind = Kind::Label,  .label = "Makes The Ledger And All Balances Again From The Vouchers", .at = {.group = "what"}, .style = Style::Quiet},
           {.name = "Label1",    .kind = Kind::Label,  .at = {.group = "progress", .rows = 5}},
@@ -32,8 +27,11 @@ const ScreenSpec& postingTable() {
 
 }  // namespace
 
-FRMPOST::FRMPOST(Host& theHost) : ChildScreen(theHost, postingTable()) {
-  escMeans = "Esc = Close";
+FRMPOST::FRMPOST(Host& theHost)
+    : ProgressDialog(theHost, postingTable(),
+                     {.start = "cmdPOST",
+                      .cancel = "cmdcancel",
+                      .undone = "\n Posting Was Not Done :: The Books Are As They Were"}) {
   wire(*this, {
                   {"cmdPOST",   On::Click,    &FRMPOST::post },
                   {"cmdcancel", On::Click,    &FRMPOST::close},
@@ -41,31 +39,16 @@ FRMPOST::FRMPOST(Host& theHost) : ChildScreen(theHost, postingTable()) {
   });
 }
 
-void FRMPOST::opened(const Entry& entry) {
-  ChildScreen::opened(entry);
-  focus(at("cmdPOST"));
-}
-
 void FRMPOST::activated() { ShowHint(host, "Press Enter To Do Posting."); }
 
-void FRMPOST::tell(std::string_view words) {
-  at("Label1").text += words;
-  host.refresh();
-}
-
 void FRMPOST::post() {
-  Control& cancel = at("cmdcancel");
-  at("Label1").text.clear();
-  cancel.enabled = false;
-  host.busy(true);
-  try {
-    postAll(data(), [this](std::string_view words) { tell(words); });
-  } catch (...) {
-    cancel.enabled = true;
-    tell("\n Posting Was Not Done :: The Books Are As They Were");
-    throw;
-  }
-  host.busy(false);
-  host.message("POSTING IS COMPLETE", "Mirav Message");
-  host.close(*this);
+  std::string told;
+  run([&] {
+    postAll(data(), [&](std::string_view words) {
+      told += words;
+      tell(told);
+    });
+  });
+  host.message("POSTING IS COMPLETE", kMessageTitle);
+  close();
 }

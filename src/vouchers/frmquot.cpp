@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr const char* kMessage = "Mirav Message";
 constexpr const char* kNobody = ".";  // what accounts without a person keep
 
 // The terms by their columns, DESC1 to DESC8; the last column comes first on the screen.
@@ -120,7 +119,7 @@ Go FRMQUOT::party() {
 }
 
 std::optional<AccountFacts> FRMQUOT::acceptParty() {
-  const auto account = findAccount(4, "Text2", kMessage);
+  const auto account = findAccount(4, "Text2", kMessageTitle);
   if (!account) return account;
   session().mlastacc = trimmed(4);
   phone_ = account->phone;

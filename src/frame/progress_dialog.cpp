@@ -1,0 +1,41 @@
+#include "frame/progress_dialog.h"
+
+Layout progressLayout(double width, double height) {
+  // clang-format off
+  return {.bands = {
+              {fit(),   {{.name = "what", .frame = Frame::Plain, .pitch = 24}}},
+              {part(1), {{.name = "progress"}}},
+              {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
+          },
+          .width = width, .height = height};
+  // clang-format on
+}
+
+ProgressDialog::ProgressDialog(Host& theHost, const ScreenSpec& table, const Words& words)
+    : ChildScreen(theHost, table), words_(words) {
+  escMeans = "Esc = Close";
+}
+
+void ProgressDialog::opened(const Entry& entry) {
+  ChildScreen::opened(entry);
+  focus(at(words_.start));
+}
+
+void ProgressDialog::tell(std::string_view progress) {
+  set(at("Label1"), progress);
+  host.refresh();
+}
+
+void ProgressDialog::enableButtons(bool on) { at(words_.start).enabled = at(words_.cancel).enabled = on; }
+
+void ProgressDialog::run(const std::function<void()>& work) {
+  enableButtons(false);
+  try {
+    const Busy busy(host);
+    work();
+  } catch (...) {
+    enableButtons(true);
+    tell(at("Label1").text + words_.undone);
+    throw;
+  }
+}
