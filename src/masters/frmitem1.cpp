@@ -410,7 +410,7 @@ bool FRMITEM1::store() {
   for (Field& f : head)
     if (f.column == "ITEM_LNAME" && trim(f.value.text()).empty()) f.value = ".";
   for (Field& f : stamps()) head.push_back(std::move(f));
-  if (mode == "EDIT") return changeItem(data(), loaded(), std::move(head), renamings_);
+  if (mode == "EDIT") return changeItem(data(), loaded(), head, renamings_);
   addItem(data(), code(), std::move(head));
   return true;
 }

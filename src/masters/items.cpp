@@ -54,20 +54,23 @@ Fields detailFields(const ItemDetail& d, const Fields& marks) {
   return fields;
 }
 
+// The update keys the rows by their item alone where each item has one unit.
 void refuseSecondUnit(Database& db) {
   const bool keyed = db.first(
                            "SELECT 1 FROM main.sqlite_master WHERE type = 'index' AND name = ?"
                            " COLLATE NOCASE",
                            keyName("ITEMDTL"))
                          .has_value();
-  const bool several =
-      keyed && db.first(
-                   "SELECT ITEM_CD FROM (SELECT ITEM_CD FROM TEMP_ITMDTL UNION ALL SELECT ITEM_CD FROM"
-                   " ITEMDTL WHERE ITEM_CD IN (SELECT ITEM_CD FROM TEMP_ITMDTL))"
-                   " GROUP BY ITEM_CD HAVING COUNT(*) > 1");
-  if (several)
-    throw DatabaseError(DatabaseError::Kind::constraint, {},
-                        "Only One Unit Can Be Kept For An Item In This Database\r\nRemove The Other Unit");
+  if (!keyed) return;
+  const auto several = db.first(
+      "SELECT ITEM_NAME FROM ITEM WHERE ITEM_CD IN (SELECT ITEM_CD FROM (SELECT ITEM_CD FROM TEMP_ITMDTL"
+      " UNION ALL SELECT ITEM_CD FROM ITEMDTL WHERE ITEM_CD IN (SELECT ITEM_CD FROM TEMP_ITMDTL))"
+      " GROUP BY ITEM_CD HAVING COUNT(*) > 1)");
+  if (!several) return;
+  throw DatabaseError(DatabaseError::Kind::constraint, {},
+                      several->text(0) +
+                          " Can Have Only One Unit In This Company\r\n"
+                          "Press F10 On The Row Of The Other Unit And Save Again");
 }
 
 // A row renamed to a pair that another item has already joins that row, with its stock.
@@ -162,7 +165,8 @@ void addItem(Database& db, std::string_view code, Fields head) {
   storeDetails(db);
 }
 
-bool changeItem(Database& db, std::string_view code, Fields head, const std::vector<Renaming>& renamings) {
+bool changeItem(Database& db, std::string_view code, const Fields& head,
+                const std::vector<Renaming>& renamings) {
   if (updateRows(db, "ITEM", head, "ITEM_CD = ?", {code}) == 0) return false;
   const auto whole =
       db.all("SELECT SIZE_CD, DESC1 FROM ITEMDTL WHERE ITEM_CD = ? AND LENGTH(DESC1) > 20", code);

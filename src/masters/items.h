@@ -57,7 +57,8 @@ void removeItemDetail(Database& db, const ItemKey& key);
 // DatabaseError there, in words for the user.
 void addItem(Database& db, std::string_view code, Fields head);
 // False when there is no such item.
-bool changeItem(Database& db, std::string_view code, Fields head, const std::vector<Renaming>& renamings);
+bool changeItem(Database& db, std::string_view code, const Fields& head,
+                const std::vector<Renaming>& renamings);
 
 // Carries a renaming through every table that names items; tables that the database does not
 // have are passed over. Where the new pair stands already the rows join it; a party's rate of the

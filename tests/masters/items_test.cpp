@@ -89,8 +89,8 @@ TEST_F(ItemTest, AnUpdatedDatabaseKeepsOneUnitForAnItem) {
   detail("BOX", "950", "10");
   host.press("cmdUpdate");
   EXPECT_EQ(host.lastMessage(),
-            "Entry Not Saved\r\nOnly One Unit Can Be Kept For An Item In This Database\r\n"
-            "Remove The Other Unit");
+            "Entry Not Saved\r\nFAN Can Have Only One Unit In This Company\r\n"
+            "Press F10 On The Row Of The Other Unit And Save Again");
   EXPECT_EQ(row("SELECT ITEM_CD FROM ITEM WHERE ITEM_CD = 'I0000001'"), "none");
   EXPECT_EQ(host.at("DataGrid1").grid.count(), 2u);
   host.rowTo(host.at("DataGrid1"), 1);
