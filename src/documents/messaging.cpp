@@ -1,6 +1,5 @@
 #include "documents/messaging.h"
 
-#include <algorithm>
 #include <cctype>
 
 #include "base/text.h"
@@ -22,14 +21,6 @@ std::string harmless(const std::string& text) {
       out += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
   }
   return trim(out);
-}
-
-std::string quoted(const std::string& argument) {
-  if (!argument.empty() && std::ranges::none_of(argument, [](char c) { return c == ' '; })) return argument;
-  std::string out = "\"" + argument;
-  // Backslashes before the closing quote would take it for their own.
-  for (auto c = argument.rbegin(); c != argument.rend() && *c == '\\'; ++c) out += '\\';
-  return out + "\"";
 }
 
 }  // namespace
@@ -72,12 +63,6 @@ HandOff whatsAppHandOff(const std::string& folder, const std::string& phone, con
   return {
       folder + "/" + kSupportProgram, {"TEXT", "1", harmless(phone + " " + text)}
   };
-}
-
-std::string commandLine(const HandOff& handOff) {
-  std::string line = quoted(handOff.program);
-  for (const std::string& argument : handOff.arguments) line += " " + quoted(argument);
-  return line;
 }
 
 void sendWhatsApp(Host& host, const std::string& phone, const std::string& text) {

@@ -42,7 +42,6 @@ struct HandOff {
   std::vector<std::string> arguments;
 };
 HandOff whatsAppHandOff(const std::string& folder, const std::string& phone, const std::string& text);
-std::string commandLine(const HandOff& handOff);
 
 // Tests the phone, waits for no one: says why when it does not start.
 void sendWhatsApp(Host& host, const std::string& phone, const std::string& text);

@@ -26,14 +26,14 @@ TEST(SavedMessage, IsTakenApartForTheWindow) {
 
 TEST(HandOff, NothingBreaksOutOfTheThirdArgument) {
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"Hello",                 "\"9800000023 Hello\""                  },
-      {"a\" & del *\r\nb",      "\"9800000023 a' & del * b\""           },
-      {"ends in a backslash\\", "\"9800000023 ends in a backslash\\\\\""},
-      {"બિલ નં. 5",   "\"9800000023 બિલ નં. 5\""    },
+      {"Hello",                 "9800000023 Hello"                },
+      {"a\" & del *\r\nb",      "9800000023 a' & del * b"         },
+      {"ends in a backslash\\", "9800000023 ends in a backslash\\"},
+      {"બિલ નં. 5",   "9800000023 બિલ નં. 5"  },
   };
   for (const auto& [text, third] : cases)
-    EXPECT_EQ(commandLine(whatsAppHandOff("/opt/mirav", "9800000023", text)),
-              "/opt/mirav/WhatsappSupport.exe TEXT 1 " + third);
+    EXPECT_EQ(whatsAppHandOff("/opt/mirav", "9800000023", text).arguments,
+              (std::vector<std::string>{"TEXT", "1", third}));
 }
 
 TEST_F(Messaging, TheWindowAnswersAndOffersTheHandOff) {
