@@ -186,6 +186,7 @@ Go dlg1::numberEnter() {
   }
   at("cmdpdf").enabled = true;
   focus(at("cmdpdf"));
+  ShowHint(host, "Press Enter To Proceed");
   return Go::Stay;
 }
 
@@ -218,10 +219,13 @@ void dlg1::make(const std::string& mode) {
   session().mprnmode = mode;
   at("cmdpdf").enabled = false;
   focus(at("Text4"));
+  host.hint({});
   if (const Renderer* renderer = rendererOf(key_->key))
     renderer->make(host, at("Text4").text, renderer->kind);
   else
-    answer_ = "There Is No Print Of This Document";
+    host.hint("There Is No Print Of This Document");
+  // Outlives the change of focus.
+  if (!host.hint().empty()) answer_ = host.hint();
   at("cmdpdf").enabled = true;
   at("cmdprn").enabled = true;
 }

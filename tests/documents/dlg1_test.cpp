@@ -77,6 +77,16 @@ TEST_F(PrintDialog, MakesThePdfOfTheNumberItWasOpenedWith) {
   EXPECT_EQ(host.focus(), "Text4");
   EXPECT_TRUE(host.at("cmdpdf").enabled);
   EXPECT_TRUE(host.at("cmdprn").enabled);
+  EXPECT_EQ(host.hint(), "Press Enter For Help");
+
+  // Where nothing shows a PDF file, the person learns where it lies, each time.
+  host.hasViewer = false;
+  for (int i = 0; i < 2; ++i) {
+    host.enter();
+    EXPECT_EQ(host.hint(), "Press Enter To Proceed");
+    host.enter();
+    EXPECT_EQ(host.hint(), "No Program Shows " + pdf("3").string());
+  }
 }
 
 TEST_F(PrintDialog, TakesATypedNumberAndComesBackAfterAFailure) {

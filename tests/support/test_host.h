@@ -27,6 +27,7 @@ class TestHost : public Desk {
   };
   ScreenSize screenSize;
   bool isOnline = true;
+  bool hasViewer = true;  // of papers
   std::vector<std::string> processes;
 
   // What the person answers, in order.
@@ -138,7 +139,10 @@ class TestHost : public Desk {
     launched.push_back(line);
   }
   void openLink(const std::string& url) override { opened.push_back(url); }
-  void view(const std::string& file) override { viewed.push_back(file); }
+  void view(const std::string& file) override {
+    viewed.push_back(file);
+    if (!hasViewer) hint("No Program Shows " + file);
+  }
   paint::Painter& painter() override { throw std::logic_error("this test does not paint"); }
   std::string clipboard() const override { return clip_; }
   void setClipboard(const std::string& text) override { clip_ = text; }
