@@ -46,7 +46,7 @@ void QtHost::guarded(const std::function<void()>& event) {
     event();
   } catch (const std::exception& error) {
     busy(false);
-    message(error.what(), "Mirav Message");
+    message(error.what(), kMessageTitle);
   }
 }
 
@@ -319,7 +319,7 @@ void QtHost::launch(const std::string& program, const std::vector<std::string>& 
   QStringList words;
   for (const std::string& a : arguments) words << QString::fromStdString(a);
   if (!QProcess::startDetached(QString::fromStdString(program), words))
-    message(program + " could not be started", "Mirav Message");
+    message(program + " could not be started", kMessageTitle);
 }
 
 void QtHost::openLink(const std::string& url) {
@@ -329,8 +329,10 @@ void QtHost::openLink(const std::string& url) {
 
 void QtHost::view(const std::string& file) {
   const QString path = QFileInfo(QString::fromStdString(file)).absoluteFilePath();
-  if (!withoutDesktop() && !QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
-    hint("No Program Shows " + file);
+  if (withoutDesktop()) return;
+  // Where the desktop takes the file and shows nothing, the person still knows where it lies.
+  const bool opened = QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+  hint((opened ? "Opening " : "No Program Shows ") + file);
 }
 
 paint::Painter& QtHost::painter() {
