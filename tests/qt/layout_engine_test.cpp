@@ -67,6 +67,13 @@ ScreenSpec billTable() {
 
 // clang-format on
 
+ScreenSpec tableOf(std::vector<Band> bands, std::vector<ControlSpec> controls) {
+  ScreenSpec s;
+  s.layout.bands = std::move(bands);
+  s.controls = std::move(controls);
+  return s;
+}
+
 class LayoutEngine : public testing::Test {
  protected:
   void draw(const ScreenSpec& table, int width, int height, double scale = 1) {
@@ -102,22 +109,18 @@ void expectRect(const Rect& seen, const Rect& expected) {
 }
 
 TEST_F(LayoutEngine, ScaleGoesInQuarterStepsFromOneToOneAndAHalf) {
-  struct Row {
-    int width, height;
-    double scale;
+  const std::tuple<int, int, double> cases[] = {
+      {1366, 768,  1   },
+      {1280, 720,  1   },
+      {1600, 900,  1   },
+      {1708, 960,  1.25},
+      {1920, 1080, 1.25},
+      {1920, 900,  1   },
+      {2049, 1152, 1.5 },
+      {3840, 2160, 1.5 },
   };
-  for (const Row& r : {
-           Row{1366, 768,  1   },
-           Row{1366, 720,  1   },
-           Row{1280, 720,  1   },
-           Row{1600, 900,  1   },
-           Row{1708, 960,  1.25},
-           Row{1920, 1080, 1.25},
-           Row{1920, 900,  1   },
-           Row{2049, 1152, 1.5 },
-           Row{3840, 2160, 1.5 }
-  })
-    EXPECT_EQ(layout::scaleFor(r.width, r.height), r.scale) << r.width << " x " << r.height;
+  for (const auto& [width, height, scale] : cases)
+    EXPECT_EQ(layout::scaleFor(width, height), scale) << width << " x " << height;
 }
 
 TEST_F(LayoutEngine, BillStandsOnTheSpacingOfTheLook) {
@@ -171,17 +174,14 @@ TEST_F(LayoutEngine, RateHistoryStandsUnderItsColumns) {
   }
 }
 
-TEST_F(LayoutEngine, SpareWidthGoesToNamesAndSpareHeightToTheGrid) {
+TEST_F(LayoutEngine, SpareRoomGoesToNamesAndGridAndEverythingGrowsWithTheScale) {
   draw(billTable(), 1366, 644);
   const int width = box("Name").w, height = box("Lines").h, party = box("Party").w;
   arrange(1566, 744);
   EXPECT_EQ(box("Name").w, width + 200);
   EXPECT_EQ(box("Lines").h, height + 100);
   EXPECT_EQ(box("Party").w, party);
-}
-
-TEST_F(LayoutEngine, EverythingGrowsWithTheScale) {
-  draw(billTable(), 1920, 900, 1.25);
+  arrange(1920, 900, 1.25);
   EXPECT_EQ(plan_.strip.h, 38);
   EXPECT_EQ(box("Party").h, 38);
   EXPECT_EQ(box("Party").w, 115);
@@ -205,68 +205,66 @@ TEST_F(LayoutEngine, HiddenButtonsLeaveNoGapAndHiddenFieldsKeepTheirPlace) {
   EXPECT_EQ(box("Party").y, 79);
 }
 
-TEST_F(LayoutEngine, RowsMoveTogetherWhenTheirGroupIsTooLow) {
-  ScreenSpec s;
-  s.layout.bands = {
-      {px(120), {{.name = "g", .columns = {part(1)}, .pitch = 39}}}
-  };
+TEST_F(LayoutEngine, RowsOfALowGroupMoveTogetherAndFactsKeepThePitch) {
+  std::vector<ControlSpec> rows;
   for (int i = 0; i < 4; ++i)
-    s.controls.push_back({
+    rows.push_back({
         .name = "F", .index = i, .at = {.group = "g", .row = i}
     });
-  draw(s, 800, 400);
+  draw(tableOf(
+           {
+               {px(120), {{.name = "g", .columns = {part(1)}, .pitch = 39}}}
+  },
+           rows),
+       800, 400);
   int above = 0;
   for (const layout::Spot& f : plan_.spots) {
     EXPECT_GE(f.box.y, above) << "rows do not lie over each other";
     EXPECT_LE(f.box.bottom(), group("g").bottom());
     above = f.box.bottom();
   }
-}
-
-TEST_F(LayoutEngine, LineOfFactsUnderAFilterKeepsThePitch) {
-  ScreenSpec s;
-  s.layout.bands = {
-      {px(74), {{.name = "g", .columns = {part(1)}}}}
-  };
-  s.controls = {
-      {.name = "Code",       .at = {.group = "g"}          },
-      { .name = "Address", .kind = Kind::Label, .at = {.group = "g", .row = 1}}
-  };
-  draw(s, 800, 400);
-  EXPECT_EQ(box("Code").h, 30);
-  EXPECT_EQ(box("Address").y, box("Code").y + 35);
+  // A line of facts under a filter.
+  rows.resize(2);
+  rows[1].name = "Address";
+  rows[1].kind = Kind::Label;
+  draw(tableOf(
+           {
+               {px(74), {{.name = "g", .columns = {part(1)}}}}
+  },
+           rows),
+       800, 400);
+  EXPECT_EQ(box("F").h, 30);
+  EXPECT_EQ(box("Address").y, box("F").y + 35);
   EXPECT_LE(box("Address").bottom(), group("g").bottom());
 }
 
 TEST_F(LayoutEngine, FormsWithRoomHaveWiderInsetsAndGaps) {
-  ScreenSpec s;
-  s.layout.bands = {
-      {fit(),   {{.name = "a", .columns = {px(116), part(1)}, .pitch = 39}}},
-      {fit(),   {{.name = "b", .columns = {px(116), part(1)}, .pitch = 39}}},
-      {part(1), {{.name = "rest", .frame = Frame::Plain}}                  },
-      {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}             }
-  };
+  std::vector<ControlSpec> rows;
   for (int i = 0; i < 4; ++i)
-    s.controls.push_back({
+    rows.push_back({
         .name = "F", .index = i, .label = "L", .at = {.group = "a", .row = i, .col = 1}
     });
-  s.controls.push_back({
+  rows.push_back({
       .name = "G", .label = "L", .at = {.group = "b", .row = 2, .col = 1}
   });
-  draw(s, 1366, 644);
+  const std::vector<Length> columns{px(116), part(1)};
+  draw(tableOf(
+           {
+               {fit(),   {{.name = "a", .columns = columns, .pitch = 39}}},
+               {fit(),   {{.name = "b", .columns = columns, .pitch = 39}}},
+               {part(1), {{.name = "rest", .frame = Frame::Plain}}       },
+               {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}  }
+  },
+           rows),
+       1366, 644);
   expectRect(group("a"), {8, 36, 1350, 169});
   expectRect(group("b"), {8, 215, 1350, 130});
   expectRect(box("F"), {147, 47, 1196, 30});
 }
 
 TEST_F(LayoutEngine, ColumnsShareWhatThereIs) {
-  struct Row {
-    std::vector<Length> widths;
-    int room;
-    std::vector<int> edges;
-  };
   // clang-format off
-  const Row rows[] = {
+  const std::tuple<std::vector<Length>, int, std::vector<int>> rows[] = {
       {{px(50), part(1), px(30)}, 200, {0, 50, 170, 200}},
       {{part(1), part(3)}, 200, {0, 50, 200}},
       {{twips(1000), twips(0), twips(3000)}, 400, {0, 100, 100, 400}},
@@ -275,71 +273,48 @@ TEST_F(LayoutEngine, ColumnsShareWhatThereIs) {
       {{fit(), part(1)}, 200, {0, 46, 200}},              // "Head" and 7 on both sides
   };
   // clang-format on
-  for (const Row& r : rows) {
+  for (const auto& [widths, room, edges] : rows) {
     std::vector<GridColumn> columns;
-    for (const Length& w : r.widths) columns.push_back({.title = "Head", .width = w});
-    EXPECT_EQ(layout::columnEdges(columns, r.room, measured()), r.edges);
+    for (const Length& w : widths) columns.push_back({.title = "Head", .width = w});
+    EXPECT_EQ(layout::columnEdges(columns, room, measured()), edges);
   }
 }
 
 TEST_F(LayoutEngine, DialogsFloatWhereTheyAreAnchored) {
-  const Rect window{0, 0, 1366, 738}, area{0, 68, 1366, 644};
-  struct Row {
-    double width, height;
-    Anchor anchor;
-    Rect expected;
-  };
-  // clang-format off
-  const Row rows[] = {
-      {480, 396, Anchor::Centre, {443, 171, 480, 396}},
-      {1350, 193, Anchor::Bottom, {6, 425, 1354, 193}},  // 120 above the lower edge, as wide as there is
-      {600, 300, Anchor::Top, {383, 104, 600, 300}},
-      {480, 2000, Anchor::Centre, {443, 6, 480, 726}},
-  };
-  // clang-format on
-  for (const Row& r : rows) {
-    ScreenSpec s;
+  const auto placed = [&](double width, double height, Anchor anchor) {
+    ScreenSpec s = tableOf(
+        {
+            {fit(),  {{.name = "g", .columns = {part(1)}}}         },
+            {px(34), {{.name = "buttons", .frame = Frame::Buttons}}}
+    },
+        {{.name = "A", .at = {.group = "g"}}, {.name = "B", .at = {.group = "g", .row = 1}}});
     s.window = Window::Dialog;
-    s.layout.width = r.width;
-    s.layout.height = r.height;
-    s.layout.anchor = r.anchor;
-    const Screen screen(host_, s);
-    expectRect(layout::placeDialog(screen, window, area, measured()), r.expected);
-  }
-}
-
-TEST_F(LayoutEngine, DialogWithoutAHeightTakesThatOfItsRows) {
-  ScreenSpec s;
-  s.window = Window::Dialog;
-  s.layout.bands = {
-      {fit(),  {{.name = "g", .columns = {part(1)}}}         },
-      {px(34), {{.name = "buttons", .frame = Frame::Buttons}}}
+    s.layout.width = width;
+    s.layout.height = height;
+    s.layout.anchor = anchor;
+    return layout::placeDialog(Screen(host_, s), {0, 0, 1366, 738}, {0, 68, 1366, 644}, measured());
   };
-  s.layout.width = 400;
-  s.controls = {
-      {.name = "A", .at = {.group = "g"}          },
-      {.name = "B", .at = {.group = "g", .row = 1}}
-  };
-  const Screen screen(host_, s);
-  // Frame 2, title 28, margin 6; two rows in a group; gap and buttons.
+  expectRect(placed(480, 396, Anchor::Centre), {443, 171, 480, 396});
+  expectRect(placed(480, 2000, Anchor::Centre), {443, 6, 480, 726});
+  expectRect(placed(600, 300, Anchor::Top), {383, 104, 600, 300});
+  // 120 above the lower edge, as wide as there is.
+  expectRect(placed(1350, 193, Anchor::Bottom), {6, 425, 1354, 193});
+  // Without a height it takes that of its rows. Frame 2, title 28, margin 6; two rows in a group; gap and
+  // buttons.
   const int inside = (8 + 30 + 5 + 30 + 8) + 6 + 34;
-  EXPECT_EQ(layout::placeDialog(screen, {0, 0, 1366, 738}, {0, 68, 1366, 644}, measured()).h,
-            2 * 2 + 28 + 2 * 6 + inside);
+  EXPECT_EQ(placed(400, 0, Anchor::Centre).h, 2 * 2 + 28 + 2 * 6 + inside);
 }
 
 TEST_F(LayoutEngine, AChartThatIsPutAwayLeavesItsRoomToTheGrid) {
-  ScreenSpec s;
-  s.layout.bands = {
-      {part(1), {{.name = "grid", .frame = Frame::Plain}}     },
-      {px(100), {{.name = "chart", .frame = Frame::Plain}}    },
-      {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}}
-  };
-  s.controls = {
-      {.name = "Grid",  .kind = Kind::Grid,  .at = {.group = "grid"} },
-      {.name = "Chart", .kind = Kind::Chart, .at = {.group = "chart"}, .visible = false},
-      {.name = "Close",               .kind = Kind::Button,                    .at = {.group = "buttons"}         }
-  };
-  draw(s, 1366, 644);
+  draw(tableOf(
+           {
+               {part(1), {{.name = "grid", .frame = Frame::Plain}}     },
+               {px(100), {{.name = "chart", .frame = Frame::Plain}}    },
+               {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}}
+  },
+           {{.name = "Grid", .kind = Kind::Grid, .at = {.group = "grid"}},
+            {.name = "Chart", .kind = Kind::Chart, .at = {.group = "chart"}, .visible = false}}),
+       1366, 644);
   const Rect alone = box("Grid");
   screen_->at("Chart").visible = true;
   arrange(1366, 644);
