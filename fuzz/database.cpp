@@ -10,6 +10,7 @@
 #include "reports/reports.h"
 #include "reports/statement.h"
 #include "store/balances.h"
+#include "store/dictionary.h"
 #include "store/update.h"
 #include "vouchers/posting.h"
 
@@ -84,7 +85,8 @@ void spoilFields(const std::filesystem::path& path, Input& input) {
   const auto tables = db.all(
       "SELECT name FROM main.sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%' ORDER BY name");
   while (input.more()) {
-    const std::string table = "main.[" + tables[input.byte() % tables.size()].text(0) + "]";
+    const std::string name = tables[input.byte() % tables.size()].text(0), table = "main.[" + name + "]";
+    if (!CheckTable(db, name)) return;
     const auto columns = db.query("SELECT * FROM " + table).names();
     const std::string column = "[" + columns.at(input.byte() % columns.count()) + "]";
     const int row = input.byte();
