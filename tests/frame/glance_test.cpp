@@ -127,6 +127,7 @@ TEST_F(FrameTest, TheShellShowsTheDayAtAGlance) {
       " VALUES (1, '2026-06-15', 'SA', '00001', 'A00001', 93865)");
   year.close();
   openShell();
+  EXPECT_EQ(host_.text("Company"), "SHREE TRADERS");
   EXPECT_EQ(host_.text("Today") + " " + host_.text("Weekday"), "15/Jun/2026 Monday");
   EXPECT_EQ(host_.text("Figure(0)") + " " + host_.text("Count(0)"), "93865 1 bill");
   EXPECT_EQ(host_.text("Figure(2)") + " " + host_.text("Count(2)"), "0 0 receipts");

@@ -189,6 +189,11 @@ TEST_F(Shell, TipsStepWhileThePictureShows) {
   host_.key(Key::Ctrl('G'));
   ShowHint(host_, "");
   EXPECT_EQ(host_.hint(), "Type The Date");
+  host_.enter();
+  EXPECT_EQ(host_.hint(), "Press Enter For Help");
+  host_.type("x");
+  host_.keys({KeyCode::Enter, KeyCode::Enter});
+  EXPECT_EQ(host_.hint(), "Press Enter To Proceed");
 }
 
 TEST_F(Shell, DateKeysStepFromAValidDate) {

@@ -186,21 +186,4 @@ TEST_F(AccountTest, DeletingAsksAlsoOnTab) {
   }
 }
 
-TEST_F(AccountTest, FunctionKeysSearchByOtherColumns) {
-  data().exec("UPDATE ACCOUNT SET AREA = 'VIDYANAGAR' WHERE ACC_CD = 'A00003'");
-  host.press("cmdEdit");
-  host.insideModal.push_back([&] {
-    host.key(KeyCode::Right);
-    host.type("vidya");
-    host.enter();
-  });
-  host.key(KeyCode::F1);
-  EXPECT_EQ(host.text("txtFields(1)"), "PATEL TRADING");
-  host.insideModal.push_back([&] {
-    EXPECT_EQ(host.cell("grdDataGrid", 0, 1), "AMBICA CEMENT") << "by name, for want of a party's type";
-    host.escape();
-  });
-  host.key(KeyCode::F4);
-}
-
 }  // namespace

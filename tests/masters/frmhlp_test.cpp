@@ -127,21 +127,6 @@ TEST_F(LookupTest, AnEmptyListGivesNothing) {
   EXPECT_TRUE(host.messages.empty());
 }
 
-TEST_F(LookupTest, ListsTheDistinctValuesOfOneColumn) {
-  data().exec(
-      "UPDATE ACCOUNT SET AREA = CASE WHEN ACC_CD < 'A00003' THEN 'STATION ROAD' ELSE 'AMUL DAIRY ROAD' END");
-  data().exec("UPDATE ACCOUNT SET AREA = '' WHERE ACC_CD = 'A00004'");
-  Caller::asked = {.mode = "acmstrarea", .table = "ACCOUNT", .first = "AREA"};
-  lookUpWith([&] {
-    EXPECT_EQ(host.at("grdDataGrid").grid.count(), 2u);
-    EXPECT_FALSE(host.at("Text2").visible);
-    host.key(KeyCode::Right);
-    EXPECT_EQ(host.focus(), "Text1");
-    host.keys({KeyCode::Down, KeyCode::Enter});
-  });
-  EXPECT_EQ(host.text("Text1(0)"), "STATION ROAD");
-}
-
 TEST_F(LookupTest, NumbersAndDatesAreSearchedAsTheyShow) {
   for (int n = 147; n <= 149; ++n)
     data().exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, VOUCH_DT) VALUES (?, 'SA', ?)", n,

@@ -27,14 +27,8 @@ TEST(Gstin, FaultsAreToldApart) {
       {"",                     GstinFault::Pattern   },
   };
   for (const Case& c : cases) EXPECT_EQ(gstinFault(c.number), c.fault) << c.number;
-}
-
-TEST(Gstin, PartsStandAtTheirPlaces) {
-  EXPECT_EQ(gstinParts("27AAPFU0939F1ZV").stateCode, "27");
   EXPECT_EQ(gstinParts("27AAPFU0939F1ZV").pan, "AAPFU0939F");
   EXPECT_EQ(gstinParts("27AAPFU0939").pan, "");
-  EXPECT_TRUE(isGstinLength("ABCDEFGHIJKLMNO"));
-  EXPECT_FALSE(isGstinLength("."));
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "vouchers/challans.h"
 
 #include "vouchers/bill_fixture.h"
-#include "vouchers/challan_amounts.h"
 #include "vouchers/posting.h"
 #include "vouchers/rate_history.h"
 
@@ -18,26 +17,6 @@ class Challans : public BillTest {
 };
 
 }  // namespace
-
-TEST(ChallanAmounts, OnlyADiscountByPercentIsRounded) {
-  struct Case {
-    double items, percent, discount, charges, net;
-  };
-  const std::vector<Case> cases = {
-      {1005,    10,   100, 0,    905    }, // 100.5, a half to the even rupee
-      {1015,    10,   102, 5.5,  918.5  }, // 101.5
-      {333.333, 12.5, 42,  0.25, 291.583}, // 41.666625
-      {100,     150,  150, 0,    -50    },
-      {-205,    10,   -20, 0,    -185   }, // -20.5
-  };
-  for (const Case& c : cases) {
-    const double discount = challanDiscount(c.items, c.percent);
-    EXPECT_EQ(discount, c.discount) << c.items;
-    EXPECT_EQ(numText(challanNet(c.items, c.charges, discount)), numText(c.net)) << c.items;
-  }
-  EXPECT_EQ(numText(challanAmount(3, 33.333)), "99.999");
-  EXPECT_EQ(numText(challanAmount(0.125, 0.01)), "0.00125");
-}
 
 // Every column of both tables: those written here, "." in some, 0 in all that are left.
 TEST_F(Challans, EveryColumnHasItsValue) {

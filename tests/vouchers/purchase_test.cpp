@@ -53,6 +53,8 @@ TEST_F(Purchase, ASupplierGivesTheNumberAndTheDate) {
   EXPECT_EQ(host.focus() + fields({43}), "Text1(43)") << "no series to go on with";
   host.enter();
   EXPECT_EQ(host.lastMessage(), "Blank Bill Number Not Allowed");
+  host.fillEnter("Text1(5)", "I0000001");
+  EXPECT_EQ(fields({9, 11, 12, 10, 19}), "1380||9|9|0") << "the discount is of sales";
   host.press("CMDCANCEL");
   buy("A00011", "7", "50000");
   EXPECT_EQ(closingWords,
@@ -104,6 +106,12 @@ TEST_F(Purchase, NeitherBookSeesTheOther) {
       host.key(key);
     }
   }
+  // Suppliers and cash are offered.
+  host.insideModal = {[&] {
+    EXPECT_EQ(host.at("grdDataGrid").grid.count(), 3U);
+    host.escape();
+  }};
+  host.fillEnter("Text1(4)", "");
 }
 
 TEST_F(Purchase, ModifiedFromTheLedger) {
