@@ -171,6 +171,65 @@ void slotFacts(Facts& facts, Bill& bill, const Slots& slots, const LineFields& f
   addSlots(facts, slots, fields, ordinary, bill.lines);
 }
 
+namespace {
+
+// The fields of the bill's first line, which all its lines repeat.
+struct FirstLine {
+  Facts& facts;
+  std::string row;
+
+  std::string at(std::string_view field) const {
+    const auto column = "$" + sheet3::letters(sheet3::fieldColumn(field)) + "$";
+    return "INDEX(SHEET3!" + column + "1:" + column + "508," + row + ")";
+  }
+  std::string raw(const char* name, std::string_view field) const { return facts.add(name, at(field)); }
+  std::string text(const char* name, std::string_view field) const {
+    return facts.add(name, shown(at(field)));
+  }
+};
+
+void numberFacts(const FirstLine& from, Bill& bill) {
+  bill.number = from.text("Bill number", "SALE.BILL_NO");
+  bill.date = from.raw("Date", "SALE.VOUCH_DT");
+  bill.type = from.text("Bill type", "SALE.BL_TYPE");
+  bill.challan = from.text("Challan", "SALE.CHLN_NO");
+  bill.order = from.text("Order", "SALE.ORDER_NO");
+  bill.transport = from.text("Transport", "SALE.TRANSPORT");
+  bill.lrNumber = from.text("L.R. number", "SALE.GR_NO");
+  bill.lrDate =
+      from.facts.add("L.R. date", "IF(" + bill.lrNumber + "=\"\",\"\"," + from.at("SALE.GR_DATE") + ")");
+  bill.destination = from.text("Destination", "SALE.DESTI");
+  bill.parcels = from.text("Parcels", "SALE.PARCLE");
+  bill.transporterId = from.text("Transporter's GSTIN", "TRANS_GOV_ID");
+  bill.transporterPhone = from.text("Transporter's phone", "TPHONE1");
+  const auto area = from.text("Transporter's area", "TAREA"), city = from.text("Transporter's city", "TCITY");
+  bill.transporterPlace = from.facts.add("Transporter's place", joined(area, ", ", city));
+}
+
+void amountFacts(const FirstLine& from, Bill& bill) {
+  bill.quantity = from.raw("Quantity", "SALE.NO_OF_ITEM");
+  bill.taxable = from.raw("Taxable value", "SALE.ITEM_AMT");
+  bill.cgst = from.raw("CGST", "SALE.TCGSTRT");
+  bill.sgst = from.raw("SGST", "SALE.TSGSTRT");
+  bill.igst = from.raw("IGST", "SALE.TIGSTRT");
+  bill.tax = from.facts.add("Tax", bill.cgst + "+" + bill.sgst + "+" + bill.igst);
+  bill.beforeRounding = from.facts.add("Before rounding", bill.taxable + "+" + bill.tax);
+  const auto listed = from.facts.add("Taxable value of the lines", "SUM(" + ofLines("SALEITM.AMOUNT") + ")");
+  bill.totalLabel = from.facts.add("Total label of a bill",
+                                   "IF(AND(" + bill.unprinted + "=0,ABS(" + listed + "-" + bill.taxable +
+                                       ")>0.004),\"With lines not shown.  Total\"," + bill.totalLabel + ")");
+  bill.roundOff = from.raw("Round off", "SALE.ROUND_OFF");
+  bill.net = from.raw("Bill amount", "SALE.NET_AMT");
+  const auto words = [&](const char* name, int row2, int column) {
+    const auto cell = sheet3::cell(row2, column);
+    return from.facts.add(name, "IF(" + cell + "=\"..\",\"NIL\"," + cell + "&\"\")");
+  };
+  bill.netWords = words("Amount in words", 2, 6);
+  bill.taxWords = words("Tax in words", 2, 10);
+}
+
+}  // namespace
+
 Bill billFacts(Facts& facts, const Slots& slots) {
   Bill bill;
   const int serial = sheet3::fieldColumn("SALEITM.SR_NO");
@@ -179,60 +238,22 @@ Bill billFacts(Facts& facts, const Slots& slots) {
   slotFacts(facts, bill, slots, {}, ordinary, misc);
   const auto row = facts.add("First line", "IF(" + ordinary + ">0,8,508)");
 
-  const auto at = [&](std::string_view field) {
-    const auto column = "$" + sheet3::letters(sheet3::fieldColumn(field)) + "$";
-    return "INDEX(SHEET3!" + column + "1:" + column + "508," + row + ")";
-  };
-  const auto raw = [&](const char* name, std::string_view field) { return facts.add(name, at(field)); };
-  const auto text = [&](const char* name, std::string_view field) {
-    return facts.add(name, shown(at(field)));
-  };
-
+  const FirstLine from{facts, row};
+  const auto at = [&](std::string_view field) { return from.at(field); };
   bill.buyer = partyFacts(facts, at, false);
   const auto consigned = facts.add("Consignee", shown(at("ACCOUNT_1.ACC_NAME")));
   bill.consignee = partyFacts(facts, at, true);
   bill.deliveredTo = facts.add("Delivered to", "IF(" + consigned + "=\"\",\"\"," + consigned + "&\", \"&" +
                                                    bill.consignee.address + ")");
 
-  bill.number = text("Bill number", "SALE.BILL_NO");
-  bill.date = raw("Date", "SALE.VOUCH_DT");
-  bill.type = text("Bill type", "SALE.BL_TYPE");
-  bill.challan = text("Challan", "SALE.CHLN_NO");
-  bill.order = text("Order", "SALE.ORDER_NO");
-  bill.transport = text("Transport", "SALE.TRANSPORT");
-  bill.lrNumber = text("L.R. number", "SALE.GR_NO");
-  bill.lrDate = facts.add("L.R. date", "IF(" + bill.lrNumber + "=\"\",\"\"," + at("SALE.GR_DATE") + ")");
-  bill.destination = text("Destination", "SALE.DESTI");
-  bill.parcels = text("Parcels", "SALE.PARCLE");
-  bill.transporterId = text("Transporter's GSTIN", "TRANS_GOV_ID");
-  bill.transporterPhone = text("Transporter's phone", "TPHONE1");
-  const auto area = text("Transporter's area", "TAREA"), city = text("Transporter's city", "TCITY");
-  bill.transporterPlace = facts.add("Transporter's place", joined(area, ", ", city));
-  bill.freight = text("Freight", "SALE.FREIGHT");
-  const auto days = raw("Credit days", "SALE.CR_DAYS");
+  numberFacts(from, bill);
+  bill.freight = from.text("Freight", "SALE.FREIGHT");
+  const auto days = from.raw("Credit days", "SALE.CR_DAYS");
   bill.dueDate = facts.add("Due date", "IF(" + days + "=0,\"\"," + bill.date + "+" + days + ")");
   bill.placeOfSupply = bill.buyer.state;
-  bill.narration = text("Narration", "SALE.NARRATION");
-  bill.irn = text("IRN", "SALE.IRNNO");
-  bill.quantity = raw("Quantity", "SALE.NO_OF_ITEM");
-  bill.taxable = raw("Taxable value", "SALE.ITEM_AMT");
-  bill.cgst = raw("CGST", "SALE.TCGSTRT");
-  bill.sgst = raw("SGST", "SALE.TSGSTRT");
-  bill.igst = raw("IGST", "SALE.TIGSTRT");
-  bill.tax = facts.add("Tax", bill.cgst + "+" + bill.sgst + "+" + bill.igst);
-  bill.beforeRounding = facts.add("Before rounding", bill.taxable + "+" + bill.tax);
-  const auto listed = facts.add("Taxable value of the lines", "SUM(" + ofLines("SALEITM.AMOUNT") + ")");
-  bill.totalLabel = facts.add("Total label of a bill",
-                              "IF(AND(" + bill.unprinted + "=0,ABS(" + listed + "-" + bill.taxable +
-                                  ")>0.004),\"With lines not shown.  Total\"," + bill.totalLabel + ")");
-  bill.roundOff = raw("Round off", "SALE.ROUND_OFF");
-  bill.net = raw("Bill amount", "SALE.NET_AMT");
-  const auto words = [&](const char* name, int row2, int column) {
-    const auto cell = sheet3::cell(row2, column);
-    return facts.add(name, "IF(" + cell + "=\"..\",\"NIL\"," + cell + "&\"\")");
-  };
-  bill.netWords = words("Amount in words", 2, 6);
-  bill.taxWords = words("Tax in words", 2, 10);
+  bill.narration = from.text("Narration", "SALE.NARRATION");
+  bill.irn = from.text("IRN", "SALE.IRNNO");
+  amountFacts(from, bill);
   return bill;
 }
 

@@ -168,6 +168,51 @@ double fittingScale(const PageSetup& page, const Axis& down, const Axis& across)
   return 0.1;
 }
 
+// One print area, down and across the paper.
+struct Part {
+  Axis down, across;
+};
+
+Part partOf(const Model& model, const SheetModel& sheet, const CellBlock& area) {
+  const PageSetup& page = sheet.page;
+  const auto height = [&](int row) { return rowHeight(sheet, row); };
+  const auto width = [&](int column) { return columnWidth(model, sheet, column); };
+  Axis down{.lines = visible(area.firstRow, area.lastRow, height)};
+  Axis across{.lines = visible(area.firstColumn, area.lastColumn, width)};
+  down.room = std::max(page.height - page.top - page.bottom, 1.0);
+  across.room = std::max(page.width - page.left - page.right, 1.0);
+  if (const auto& titles = sheet.titleRows) {
+    down.titles = visible(titles->firstRow, titles->lastRow, height);
+    down.titlesEnd = titles->lastRow;
+  }
+  if (const auto& titles = sheet.titleColumns) {
+    across.titles = visible(titles->firstColumn, titles->lastColumn, width);
+    across.titlesEnd = titles->lastColumn;
+  }
+  if (!page.fit) {
+    down.breaks = sheet.rowBreaks;
+    across.breaks = sheet.columnBreaks;
+  }
+  return {std::move(down), std::move(across)};
+}
+
+void addPages(const SheetModel& sheet, const Part& part, int& number, SheetLayout& layout) {
+  const PageSetup& page = sheet.page;
+  const auto rows = part.down.groups(layout.scale), columns = part.across.groups(layout.scale);
+  if (rows.size() * columns.size() + layout.pages.size() > kMaxPages) tooLarge(sheet);
+  const size_t outer = page.overThenDown ? rows.size() : columns.size();
+  const size_t inner = page.overThenDown ? columns.size() : rows.size();
+  for (size_t i = 0; i < outer; ++i)
+    for (size_t k = 0; k < inner; ++k) {
+      const Group& row = rows[page.overThenDown ? i : k];
+      const Group& column = columns[page.overThenDown ? k : i];
+      layout.pages.push_back(
+          {.rows = part.down.slices(row, layout.scale, page.top, page.centreDown),
+           .columns = part.across.slices(column, layout.scale, page.left, page.centreAcross),
+           .number = number++});
+    }
+}
+
 }  // namespace
 
 double rowHeight(const SheetModel& sheet, int row) {
@@ -189,57 +234,25 @@ SheetLayout layOut(const Model& model, const SheetModel& sheet) {
   const PageSetup& page = sheet.page;
   SheetLayout layout;
   layout.scale = page.fit ? 1 : page.scale;
-  const CellBlock used = usedBlock(model, sheet);
-  std::vector<CellBlock> areas = sheet.printAreas;
-  if (areas.empty() && used.lastRow > 0 && used.lastColumn > 0) areas.push_back(used);
-
   const auto height = [&](int row) { return rowHeight(sheet, row); };
   const auto width = [&](int column) { return columnWidth(model, sheet, column); };
   for (const Picture& picture : sheet.pictures)
     if (const PlacedPicture found = placed(picture, height, width); found.w > 0 && found.h > 0)
       layout.pictures.push_back(found);
-  std::vector<std::pair<Axis, Axis>> parts;
-  size_t lines = 0;
-  for (const CellBlock& whole : areas) {
-    const CellBlock area = clipped(whole, used);
-    Axis down{.lines = visible(area.firstRow, area.lastRow, height)};
-    Axis across{.lines = visible(area.firstColumn, area.lastColumn, width)};
-    lines += down.lines.size() + across.lines.size();
-    if (lines > kMaxLines) tooLarge(sheet);
-    down.room = std::max(page.height - page.top - page.bottom, 1.0);
-    across.room = std::max(page.width - page.left - page.right, 1.0);
-    if (sheet.titleRows) {
-      down.titles = visible(sheet.titleRows->firstRow, sheet.titleRows->lastRow, height);
-      down.titlesEnd = sheet.titleRows->lastRow;
-    }
-    if (sheet.titleColumns) {
-      across.titles = visible(sheet.titleColumns->firstColumn, sheet.titleColumns->lastColumn, width);
-      across.titlesEnd = sheet.titleColumns->lastColumn;
-    }
-    if (!page.fit) {
-      down.breaks = sheet.rowBreaks;
-      across.breaks = sheet.columnBreaks;
-    } else {
-      layout.scale = std::min(layout.scale, fittingScale(page, down, across));
-    }
-    parts.emplace_back(std::move(down), std::move(across));
-  }
 
-  int number = page.firstPage.value_or(1);
-  for (const auto& [down, across] : parts) {
-    const auto rows = down.groups(layout.scale), columns = across.groups(layout.scale);
-    if (rows.size() * columns.size() + layout.pages.size() > kMaxPages) tooLarge(sheet);
-    const size_t outer = page.overThenDown ? rows.size() : columns.size();
-    const size_t inner = page.overThenDown ? columns.size() : rows.size();
-    for (size_t i = 0; i < outer; ++i)
-      for (size_t k = 0; k < inner; ++k) {
-        const Group& row = rows[page.overThenDown ? i : k];
-        const Group& column = columns[page.overThenDown ? k : i];
-        layout.pages.push_back({.rows = down.slices(row, layout.scale, page.top, page.centreDown),
-                                .columns = across.slices(column, layout.scale, page.left, page.centreAcross),
-                                .number = number++});
-      }
+  const CellBlock used = usedBlock(model, sheet);
+  std::vector<CellBlock> areas = sheet.printAreas;
+  if (areas.empty() && used.lastRow > 0 && used.lastColumn > 0) areas.push_back(used);
+  std::vector<Part> parts;
+  size_t lines = 0;
+  for (const CellBlock& area : areas) {
+    const Part& part = parts.emplace_back(partOf(model, sheet, clipped(area, used)));
+    lines += part.down.lines.size() + part.across.lines.size();
+    if (lines > kMaxLines) tooLarge(sheet);
+    if (page.fit) layout.scale = std::min(layout.scale, fittingScale(page, part.down, part.across));
   }
+  int number = page.firstPage.value_or(1);
+  for (const Part& part : parts) addPages(sheet, part, number, layout);
   return layout;
 }
 
