@@ -7,43 +7,37 @@
 namespace {
 
 // Stands for a screen that opens the dialog and hides behind it.
+constexpr const char* kBehind[] = {"GSTSAPU", "FRMCHLN", "FRMQUOT"};
 template <int N>
 class Behind : public Screen {
  public:
   explicit Behind(Host& theHost) : Screen(theHost, table()) {}
   static const ScreenSpec& table() {
-    static const char* const kNames[] = {"GSTSAPU", "FRMCHLN", "FRMQUOT"};
-    static const ScreenSpec spec{.name = kNames[N], .caption = "BEHIND", .layout = {}, .controls = {}};
+    static const ScreenSpec spec{.name = kBehind[N], .caption = "BEHIND", .layout = {}, .controls = {}};
     return spec;
   }
 };
 
-Screens known() {
-  Screens screens;
-  addDocumentScreens(screens);
-  addMasterScreens(screens);
-  screens.add<Behind<0>>("GSTSAPU");
-  screens.add<Behind<1>>("FRMCHLN");
-  screens.add<Behind<2>>("FRMQUOT");
-  return screens;
-}
-
 class PrintDialog : public InvoiceTest {
  protected:
+  PrintDialog() {
+    addDocumentScreens(screens);
+    addMasterScreens(screens);
+    screens.add<Behind<0>>(kBehind[0]);
+    screens.add<Behind<1>>(kBehind[1]);
+    screens.add<Behind<2>>(kBehind[2]);
+  }
   void show(const std::string& key, const std::string& number = "") {
     session().mreportkey = key;
     host.open("dlg1", {.caller = "", .value = number});
   }
 
-  Screens screens = known();
+  Screens screens;
   PaperHost host{screens};
 };
 
 TEST_F(PrintDialog, IsWhatItsKeySays) {
-  struct Case {
-    const char *key, *caption, *sheet;
-  };
-  constexpr Case kCases[] = {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
       {"GST INVOICE",   "GST SALES INVOICE PRINT", "BILL"    },
       {"Delivery Slip", "Delivery Slip Print",     "D_C"     },
       {"Tax Invoice",   "Tax Invoice Print",       "BILL"    },
@@ -52,7 +46,7 @@ TEST_F(PrintDialog, IsWhatItsKeySays) {
       {"adcard",        "ADDRESS CARD PRINT",      "MAILLABL"},
       {"RCPTADVS",      "Invoice Print",           "before"  },
   };
-  for (const auto& [key, caption, sheet] : kCases) {
+  for (const auto& [key, caption, sheet] : cases) {
     session().mprnsheet = "before";
     session().mprncopies = 4;
     show(key);
@@ -147,14 +141,11 @@ TEST_F(PrintDialog, LooksUpTheOtherDocuments) {
   data().exec(
       "INSERT INTO QUOT (VOUCH_NO, VOUCH_DT, PARTY_CD, NET_AMT, ENTRY_TYP)"
       " VALUES (9, '2026-06-15', 'A00001', 10, 'QUOTATION'), (10, '2026-06-15', 'A00001', 10, 'OTHER')");
-  struct Case {
-    const char *key, *number, *name;
-  };
-  constexpr Case kCases[] = {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
       {"CHLNPRN", "8", "MEHTA BROTHERS"},
       {"QUOTPRN", "9", "RAJESH & SONS" },
   };
-  for (const auto& [key, number, name] : kCases) {
+  for (const auto& [key, number, name] : cases) {
     show(key);
     host.insideModal.push_back([&] {
       ASSERT_EQ(host.at("grdDataGrid").grid.count(), 1u) << key;
@@ -179,15 +170,12 @@ TEST_F(PrintDialog, LooksUpTheOtherDocuments) {
 }
 
 TEST_F(PrintDialog, BringsBackTheScreenItCameFrom) {
-  struct Case {
-    const char *key, *screen, *caption, *entryType;
-  };
-  constexpr Case kCases[] = {
+  const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
       {"GST INVOICE", "GSTSAPU", "BEHIND",                 "SALE"     },
       {"CHLNPRN",     "FRMCHLN", "DELIVERY CHALLAN ENTRY", "CH"       },
       {"QUOTPRN",     "FRMQUOT", "QUOTATION ENTRY",        "QUOTATION"},
   };
-  for (const auto& [key, screen, caption, entryType] : kCases) {
+  for (const auto& [key, screen, caption, entryType] : cases) {
     host.open(screen);
     Screen* const behind = host.find(screen);
     behind->visible = false;

@@ -10,8 +10,8 @@
 
 #include "documents/grid_output.h"
 #include "frame/session.h"
-#include "pdf_file.h"
 #include "platform/qt/paint_qt.h"
+#include "support/pdf_file.h"
 #include "support/temp_folder.h"
 #include "support/test_host.h"
 #include "workbook/recorder.h"
@@ -106,10 +106,6 @@ class GridTest : public testing::Test {
     return folder / "BILLS" / (name + ".pdf");
   }
   void makePdf() { GridToPdf(host, "RPT", grid, out); }
-  size_t filesInBills() const {
-    const auto bills = std::filesystem::directory_iterator(folder / "BILLS");
-    return static_cast<size_t>(std::distance(begin(bills), end(bills)));
-  }
 
   TempFolder folder;
   Screens screens;

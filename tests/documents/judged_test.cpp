@@ -1,4 +1,4 @@
-#include <map>
+#include <fstream>
 #include <sstream>
 
 #include "documents/invoice.h"
@@ -50,11 +50,6 @@ class Judged : public PapersTest {
     return found;
   }
 
-  static std::string bytes(const fs::path& file) {
-    std::ostringstream all;
-    all << std::ifstream(file, std::ios::binary).rdbuf();
-    return all.str();
-  }
   static void replace(std::string& text, const std::string& what, const std::string& with,
                       size_t atLeast = 1) {
     size_t count = 0;
@@ -67,7 +62,7 @@ class Judged : public PapersTest {
   // in bold, the amount in a formula.
   void change() {
     convert("FORMATS/INVGST1.xlsx", "fods", ".");
-    std::string design = bytes(folder / "INVGST1.fods");
+    std::string design = bytesOf(folder / "INVGST1.fods");
     replace(design, "Calibri", "Liberation Serif");
     replace(design, "<text:p>Description of goods</text:p>",
             "<text:p>Particulars <text:span text:style-name=\"Strong\">(goods)</text:span></text:p>");
@@ -91,8 +86,7 @@ class Judged : public PapersTest {
 
   void expectChanges(const fs::path& paper) {
     const std::string text = pdfText(paper);
-    EXPECT_NE(text.find("Particulars (goods)"), std::string::npos) << text;
-    EXPECT_NE(text.find("55,738.00 page 1 of 2"), std::string::npos) << text;
+    expectAll(text, {"Particulars (goods)", "55,738.00 page 1 of 2"});
     EXPECT_EQ(pdfPages(paper), 2);
     EXPECT_NE(outputOf("pdffonts '" + paper.string() + "'").find("LiberationSerif"), std::string::npos);
     EXPECT_NE(outputOf("pdfimages -list '" + paper.string() + "' | tail -n +3"), "");
@@ -132,9 +126,10 @@ TEST_F(Judged, DesignsAsTheyAreSavedAgainAndChanged) {
       EXPECT_EQ(ours, figures(folder / file("again"))) << design;
     }
     EXPECT_EQ(figures(folder / file("again")), figures(folder / "judged" / file("again"))) << design;
-    const std::string paper = (folder / file("again")).string();
-    EXPECT_EQ(outputOf("qpdf --check '" + paper + "' > /dev/null 2>&1; echo $?"), "0\n");
-    EXPECT_EQ(outputOf("pdffonts '" + paper + "' | tail -n +3 | awk '$(NF-4) != \"yes\"'"), "");
+    expectSound(folder / file("again"));
+    EXPECT_EQ(outputOf("pdffonts '" + (folder / file("again")).string() +
+                       "' | tail -n +3 | awk '$(NF-4) != \"yes\"'"),
+              "");
   }
 }
 
@@ -142,36 +137,29 @@ TEST_F(Judged, TheOtherPapers) {
   longQuotation(1, 40);
   challan(1, 40, 30, 5.25);
   longBill(7, 20);
-  session().mprnsheet = "D_C";
-  const struct {
-    const char *name, *copy;
-    std::function<fs::path()> paper;
-    std::function<void()> workbook;
-  } papers[] = {
-      {"quotation", "QUOTITM.xlsx", [&] { return quotationPaper(1); },
-       [&] { RenderQuotation(host, 1, "QUOTATION"); }                                                                        },
-      {"challan8",  "INVGEN.xlsx",  [&] { return challanPaper(1, 8); }, [&] { RenderChallan(host, 1, "CH"); }                },
-      {"challan9",  "INVGEN.xlsx",  [&] { return challanPaper(1, 9); }, [&] { RenderChallan(host, 1, "CH"); }                },
-      {"slip",      "INVGEN.xlsx",  [&] { return slip(7); },            [&] { RenderDeliverySlip(host, 7, "Delivery Slip"); }},
-      {"card",      "voucher.xlsx", [&] { return card("A00001"); },
-       [&] { RenderAddressCard(host, "A00001", "adcrd"); }                                                                   },
+  const std::tuple<std::string, const char*, std::function<void()>> papers[] = {
+      {"quotation", "QUOTITM.xlsx", [&] { quotationPaper(1); } },
+      {"challan8",  "INVGEN.xlsx",  [&] { challanPaper(1, 8); }},
+      {"challan9",  "INVGEN.xlsx",  [&] { challanPaper(1, 9); }},
+      {"slip",      "INVGEN.xlsx",  [&] { slip(7); }           },
+      {"card",      "voucher.xlsx", [&] { card("A00001"); }    },
   };
   fs::create_directories(folder / "filled");
-  for (const auto& paper : papers) {
-    fs::copy_file(paper.paper(), folder / (paper.name + std::string(".pdf")));
-    session().mprnmode.clear();
-    paper.workbook();
-    ASSERT_EQ(host.lastMessage(), "") << paper.name;
-    fs::copy_file(folder / "BILLS" / paper.copy, folder / "filled" / (paper.name + std::string(".xlsx")));
+  for (const auto& [name, copy, make] : papers) {
+    make();
+    fs::rename(session().mpdfpath, folder / (name + ".pdf"));
+    mode = "";
+    make();
+    mode = "PDF";
+    fs::copy_file(folder / "BILLS" / copy, folder / "filled" / (name + ".xlsx"));
   }
   convert("filled/*.xlsx", "pdf", "judged");
-  for (const auto& paper : papers) {
-    const fs::path own = folder / (paper.name + std::string(".pdf"));
-    const fs::path judged = folder / "judged" / own.filename();
+  for (const auto& [name, copy, make] : papers) {
+    const fs::path own = folder / (name + ".pdf"), judged = folder / "judged" / (name + ".pdf");
     EXPECT_GT(figures(own).size(), 20u);
-    EXPECT_EQ(figures(own), figures(judged)) << paper.name;
-    EXPECT_EQ(pdfPages(own), pdfPages(judged)) << paper.name;
-    EXPECT_EQ(outputOf("qpdf --check '" + own.string() + "' > /dev/null 2>&1; echo $?"), "0\n");
+    EXPECT_EQ(figures(own), figures(judged)) << name;
+    EXPECT_EQ(pdfPages(own), pdfPages(judged)) << name;
+    expectSound(own);
   }
 }
 

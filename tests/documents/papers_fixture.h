@@ -1,8 +1,6 @@
 #pragma once
 
-#include <map>
-#include <regex>
-#include <sstream>
+#include <functional>
 
 #include "documents/address_card.h"
 #include "documents/challan.h"
@@ -13,6 +11,8 @@
 // Offers and challans of the company of InvoiceTest, and their papers.
 class PapersTest : public InvoiceTest {
  protected:
+  PapersTest();
+
   struct Offered {
     std::string item, name, quantity, rate, amount;
     double discount, value, rateOfEach, tax;  // of CGST and of SGST
@@ -20,104 +20,22 @@ class PapersTest : public InvoiceTest {
   };
 
   // An offer whose totals are summed from its lines.
-  static void quotation(double number, const std::vector<Offered>& lines) {
-    double total = 0, tax = 0, quantity = 0;
-    int serial = 0;
-    for (const auto& line : lines) {
-      data().exec(
-          "INSERT INTO QUOTITM (VOUCH_NO, VOUCH_DT, SRNO, ITEM_CD, ITEM_NAME, SIZE_CD, QUANTITY, RATE, DISC, "
-          "AMOUNT,"
-          " ITEM_DESC, ENTRY_TYP, CGSTRT, SGSTRT, IGSTRT, CGSTAMT, SGSTAMT, IGSTAMT, ASSIVAL)"
-          " VALUES (?, '2026-06-15', ?, ?, ?, 'PCS', ?, ?, ?, ?, ?, 'QUOTATION', ?, ?, 0, ?, ?, 0, ?)",
-          number, ++serial, line.item, line.name, line.quantity, line.rate, line.discount, line.amount,
-          line.detail, line.rateOfEach, line.rateOfEach, line.tax, line.tax, line.value);
-      total += line.value + 2 * line.tax;
-      tax += line.tax;
-      quantity += std::stod(line.quantity);
-    }
-    data().exec(
-        "INSERT INTO QUOT (VOUCH_NO, VOUCH_DT, PARTY_CD, BL_PARTY_CD, TO_NAME, SUB_DESC, YOUR_REF_NO, DESC1, "
-        "DESC2,"
-        " DESC3, DESC8, ITEM_AMT, TOTQTY, NET_AMT, TCGST, TSGST, TIGST, ENTRY_TYP) VALUES (?, '2026-06-15', "
-        "'A00001',"
-        " 'A00001', 'R PATEL', 'BOTTLES FOR THE CANTEEN', 'MAIL OF 12 JUNE', 'FIRM', '.', '50% ADVANCE', '30 "
-        "DAYS',"
-        " ?, ?, ?, ?, ?, 0, 'QUOTATION')",
-        number, Round(total, 2), quantity, Round(total, 0), Round(tax, 2), Round(tax, 2));
-  }
-
+  static void quotation(double number, const std::vector<Offered>& lines);
   // So many bottles in line i as its number, at 100.
-  static void longQuotation(double number, int lines) {
-    std::vector<Offered> all;
-    for (int i = 1; i <= lines; ++i)
-      all.push_back({"I0000002", "STEEL BOTTLE", std::to_string(i), "100", std::to_string(118 * i), 0,
-                     100.0 * i, 9, 9.0 * i});
-    quotation(number, all);
-  }
+  static void longQuotation(double number, int lines);
+  // So many bottles in line i as its number, at 100.50.
+  static void challan(double number, int lines, double discount = 0, double charges = 0);
 
-  static void challan(double number, int lines, double discount = 0, double charges = 0) {
-    double total = 0;
-    for (int i = 1; i <= lines; ++i) {
-      data().exec(
-          "INSERT INTO CHLNITM (VOUCH_NO, VOUCH_DT, BOOK_CD, SR_NO, ITEM_CD, SIZE_CD, QUANTITY, RATE, "
-          "NET_AMOUNT,"
-          " DESC1, ITEM_DESC) VALUES (?, '2026-06-15', 'CH', ?, 'I0000002', 'PCS', ?, 100.5, ?, '.', '.')",
-          number, i, i, 100.5 * i);
-      total += 100.5 * i;
-    }
-    data().exec(
-        "INSERT INTO CHLN (VOUCH_NO, VOUCH_DT, BOOK_CD, PARTY_CD, CHLN_NO, CHLN_TYP, ORDER_NO, TRANSPORT, "
-        "GR_NO,"
-        " GR_DATE, DESTI, NARRATION, ITEM_AMT, DISC_PERC, DISC_AMT, CHRGS, NET_AMT)"
-        " VALUES (?, '2026-06-15', 'CH', 'A00001', ?, 'DC', 'PO/7', 'MARUTI', '.', '2026-06-16', 'ANAND',"
-        " 'ON APPROVAL', ?, 10, ?, ?, ?)",
-        number, number, total, discount, charges, total - discount + charges);
-  }
-
-  std::filesystem::path made(const std::string& name) {
-    EXPECT_EQ(host.lastMessage(), "") << name;
-    return folder / "BILLS" / name;
-  }
-  std::filesystem::path quotationPaper(double number) {
-    session().mquotformat = 7;
-    session().mprnmode = "PDF";
-    RenderQuotation(host, number, "QUOTATION");
-    return made("MIRAV_QUOT_" + numText(number) + ".pdf");
-  }
-  std::filesystem::path challanPaper(double number, int design) {
-    session().mchlnformat = design;
-    session().mprnmode = "PDF";
-    RenderChallan(host, number, "CH");
-    return made("MIRAV_CH_" + numText(number) + ".pdf");
-  }
-  std::filesystem::path slip(double number) {
-    session().mchlnformat = 8;
-    session().mprnsheet = "D_C";
-    session().mprnmode = "PDF";
-    RenderDeliverySlip(host, number, "Delivery Slip");
-    return made("MIRAV_INV_" + numText(number) + ".pdf");
-  }
-  std::filesystem::path card(const std::string& account) {
-    session().mprnmode = "PDF";
-    RenderAddressCard(host, account, "adcrd");
-    return made("ADCARD.PDF");
-  }
-
-  static void expectAll(const std::string& text, const std::vector<const char*>& said) {
-    for (const char* what : said) EXPECT_NE(text.find(what), std::string::npos) << what << "\n" << text;
-  }
-
-  // Where the words of the first page begin, in points from the left and the top.
-  static std::map<std::string, std::pair<double, double>> wordPlaces(const std::filesystem::path& file) {
-    std::map<std::string, std::pair<double, double>> places;
-    std::istringstream rows(outputOf("pdftotext -f 1 -l 1 -bbox '" + file.string() + "' -"));
-    const std::regex word(R"re(xMin="([-0-9.]+)" yMin="([-0-9.]+)".*>(.+)</word>)re");
-    std::smatch found;
-    for (std::string row; std::getline(rows, row);)
-      if (std::regex_search(row, found, word)) places[found[3]] = {std::stod(found[1]), std::stod(found[2])};
-    return places;
-  }
+  // What each makes: a PDF file, without a mode the filled workbook.
+  std::string mode = "PDF";
+  std::filesystem::path quotationPaper(double number);
+  std::filesystem::path challanPaper(double number, int design);
+  std::filesystem::path slip(double number);
+  std::filesystem::path card(const std::string& account);
 
   Screens screens;
-  PaperHost host{screens};
+  PaperHost host{screens, folder / "printed.pdf"};
+
+ private:
+  std::filesystem::path made(const std::string& name, const std::function<void()>& render);
 };

@@ -1,42 +1,16 @@
 #include "workbook/books.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
 #include <zip.h>
 
 #include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
+
+#include "support/temp_folder.h"
 
 namespace books {
 
-Folder::Folder() {
-  std::string name = (std::filesystem::temp_directory_path() / "workbookXXXXXX").string();
-  if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
-  path_ = name;
-}
-
-Folder::~Folder() { std::filesystem::remove_all(path_); }
-
-std::vector<std::string> Folder::files() const {
-  std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(path_))
-    names.push_back(entry.path().filename().string());
-  return names;
-}
-
-std::string bytesOf(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
-void writeBytes(const std::string& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
 std::string written(const std::function<void(lxw_workbook*)>& fill) {
-  const Folder folder;
+  const TempFolder folder;
   const std::string path = folder / "made.xlsx";
   lxw_workbook* book = workbook_new(path.c_str());
   fill(book);
@@ -45,7 +19,7 @@ std::string written(const std::function<void(lxw_workbook*)>& fill) {
 }
 
 std::string zipped(const Parts& parts) {
-  const Folder folder;
+  const TempFolder folder;
   const std::string path = folder / "made.zip";
   zip_t* archive = zip_open(path.c_str(), ZIP_CREATE, nullptr);
   for (const auto& [name, bytes] : parts)
@@ -73,47 +47,36 @@ Parts unzipped(const std::string& bytes) {
   return parts;
 }
 
-namespace {
-
-constexpr const char* kXml = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n";
-constexpr const char* kMain = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
-constexpr const char* kDocument = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
-constexpr const char* kRelations = "http://schemas.openxmlformats.org/package/2006/relationships";
-
-}  // namespace
-
 Parts withSheet(const std::string& sheetXml, const std::string& workbookXml) {
-  const std::string document = kDocument;
   Parts parts;
   parts["[Content_Types].xml"] =
-      std::string(kXml) +
-      "<Types xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
-      "<Default Extension=\"rels\" ContentType=\"application/vnd.openxmlformats-package.relationships+xml\"/>"
-      "<Override PartName=\"/xl/workbook.xml\" "
-      "ContentType=\"application/vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml\"/>"
-      "<Override PartName=\"/xl/calcChain.xml\" "
-      "ContentType=\"application/vnd.openxmlformats-officedocument.spreadsheetml.calcChain+xml\"/></Types>";
-  parts["_rels/.rels"] = std::string(kXml) + "<Relationships xmlns=\"" + kRelations +
-                         "\"><Relationship Id=\"rId1\" Type=\"" + document +
-                         "/officeDocument\" Target=\"xl/workbook.xml\"/></Relationships>";
+      R"(<Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types">
+<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>
+<Override PartName="/xl/workbook.xml" ContentType="application/vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml"/>
+<Override PartName="/xl/calcChain.xml" ContentType="application/vnd.openxmlformats-officedocument.spreadsheetml.calcChain+xml"/>
+</Types>)";
+  parts["_rels/.rels"] =
+      R"(<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships">
+<Relationship Id="rId1" Type="http://schemas.openxmlformats.org/officeDocument/2006/relationships/officeDocument" Target="xl/workbook.xml"/>
+</Relationships>)";
   parts["xl/_rels/workbook.xml.rels"] =
-      std::string(kXml) + "<Relationships xmlns=\"" + kRelations + "\"><Relationship Id=\"rId1\" Type=\"" +
-      document + "/worksheet\" Target=\"worksheets/sheet1.xml\"/><Relationship Id=\"rId2\" Type=\"" +
-      document + "/calcChain\" Target=\"/xl/calcChain.xml\"/></Relationships>";
-  parts["xl/calcChain.xml"] =
-      std::string(kXml) + "<calcChain xmlns=\"" + kMain + "\"><c r=\"A1\" i=\"1\"/></calcChain>";
-  parts["xl/workbook.xml"] =
-      !workbookXml.empty()
-          ? workbookXml
-          : std::string(kXml) + "<workbook xmlns=\"" + kMain + "\" xmlns:r=\"" + document +
-                "\"><sheets><sheet name=\"S\" sheetId=\"1\" r:id=\"rId1\"/></sheets></workbook>";
+      R"(<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships">
+<Relationship Id="rId1" Type="http://schemas.openxmlformats.org/officeDocument/2006/relationships/worksheet" Target="worksheets/sheet1.xml"/>
+<Relationship Id="rId2" Type="http://schemas.openxmlformats.org/officeDocument/2006/relationships/calcChain" Target="/xl/calcChain.xml"/>
+</Relationships>)";
+  parts["xl/calcChain.xml"] = R"(<calcChain><c r="A1" i="1"/></calcChain>)";
+  parts["xl/workbook.xml"] = R"(<workbook xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main"
+xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships">
+<sheets><sheet name="S" sheetId="1" r:id="rId1"/></sheets></workbook>)";
+  if (!workbookXml.empty()) parts["xl/workbook.xml"] = workbookXml;
   parts["xl/worksheets/sheet1.xml"] = sheetXml;
   return parts;
 }
 
 std::string sheet(const std::string& rows, const std::string& behind) {
-  return std::string(kXml) + "<worksheet xmlns=\"" + kMain + "\"><sheetData>" + rows + "</sheetData>" +
-         behind + "</worksheet>";
+  return "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n<worksheet xmlns=\""
+         "http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><sheetData>" +
+         rows + "</sheetData>" + behind + "</worksheet>";
 }
 
 std::string said(const workbook::Value& value) {
@@ -127,23 +90,6 @@ std::string said(const workbook::Value& value) {
   if (!value.error()) return "";
   static const char* const kErrors[] = {"#NULL!", "#DIV/0!", "#VALUE!", "#REF!", "#NAME?", "#NUM!", "#N/A"};
   return kErrors[static_cast<int>(*value.error())];
-}
-
-bool hasTool(const std::string& name) {
-  int status = 1;
-  run("command -v " + name, &status);
-  return status == 0;
-}
-
-std::string run(const std::string& command, int* status) {
-  std::string out;
-  FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-  if (!pipe) return out;
-  char buffer[4096];
-  for (size_t got; (got = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;) out.append(buffer, got);
-  const int ended = pclose(pipe);
-  if (status) *status = WIFEXITED(ended) ? WEXITSTATUS(ended) : -1;
-  return out;
 }
 
 }  // namespace books

@@ -17,13 +17,17 @@ std::vector<books::Page> drawn(Workbook& book, const std::string& sheet = "Bill"
   return std::move(recorder.pages);
 }
 
-std::vector<books::Page> drawn(const std::function<void(lxw_workbook*, lxw_worksheet*)>& fill) {
-  Workbook book = Workbook::fromBytes(books::written([&](lxw_workbook* made) {
-    lxw_worksheet* sheet = workbook_add_worksheet(made, "Bill");
+// The sheet "Bill" of this making.
+Workbook made(const std::function<void(lxw_worksheet*)>& fill) {
+  return Workbook::fromBytes(books::written([&](lxw_workbook* book) {
+    lxw_worksheet* sheet = workbook_add_worksheet(book, "Bill");
     worksheet_set_paper(sheet, 9);
-    fill(made, sheet);
+    fill(sheet);
   }));
-  book.recalculate();
+}
+
+std::vector<books::Page> drawn(const std::function<void(lxw_worksheet*)>& fill) {
+  Workbook book = made(fill);
   return drawn(book);
 }
 
@@ -53,32 +57,28 @@ using Counts = std::vector<size_t>;
 // A page that is filled exactly ends there: the next one begins with the head. Rounding of
 // less than half a point pushes no row on.
 TEST(Layout, APageEndsWhereTheNextRowWouldNotFit) {
-  struct Case {
-    double space, height;
-    int rows;
-    Counts pages;
+  const std::tuple<double, double, int, Counts> cases[] =
+      {
+          {720,   15,    96,  {48, 48}   },
+          {720,   15,    97,  {48, 48, 1}},
+          {719.6, 15,    48,  {48}       },
+          {719.4, 15,    48,  {47, 1}    },
+          {720,   14.4,  100, {50, 50}   },
+          {720,   409.5, 3,   {1, 1, 1}  },
+          {300,   400,   2,   {1, 1}     }, // taller than the page: alone on one
   };
-  const Case cases[] = {
-      {720,   15,    96,  {48, 48}   },
-      {720,   15,    97,  {48, 48, 1}},
-      {719.6, 15,    48,  {48}       },
-      {719.4, 15,    48,  {47, 1}    },
-      {700,   15,    48,  {46, 2}    },
-      {720,   14.4,  100, {50, 50}   },
-      {720,   409.5, 3,   {1, 1, 1}  },
-      {300,   400,   2,   {1, 1}     }, // taller than the page: alone on one
-  };
-  for (const Case& c : cases)
-    EXPECT_EQ(textsPerPage(drawn([&](lxw_workbook*, lxw_worksheet* sheet) {
-                room(sheet, c.space);
-                rows(sheet, c.rows, c.height);
+  for (const auto& [space, height, count, pages] : cases)
+    EXPECT_EQ(textsPerPage(drawn([&, points = space, each = height, n = count](lxw_worksheet* sheet) {
+                room(sheet, points);
+                rows(sheet, n, each);
               })),
-              c.pages)
-        << c.space << " points, rows of " << c.height;
+              pages)
+        << space << " points, rows of " << height;
 }
 
-TEST(Layout, ScaleAppliesToEverything) {
-  const auto pages = drawn([](lxw_workbook*, lxw_worksheet* sheet) {
+// Fit to width is floored to a whole percent, never enlarges, and passes manual breaks over.
+TEST(Layout, ScaleAndFitApplyToEverything) {
+  const auto pages = drawn([](lxw_worksheet* sheet) {
     room(sheet, 720);
     worksheet_set_print_scale(sheet, 50);
     rows(sheet, 100, 15);
@@ -87,36 +87,28 @@ TEST(Layout, ScaleAppliesToEverything) {
   EXPECT_DOUBLE_EQ(pages[0].texts[0].font.size, 5.5);
   EXPECT_NEAR(pages[0].find("row 3")->box.y, (kA4 - 720) / 2 + 15, 1e-3);
   EXPECT_NEAR(pages[0].texts[0].box.x, 36 + 1.125, 1e-6);
-}
 
-// Fit to width is floored to a whole percent, never enlarges, and passes manual breaks over.
-TEST(Layout, FitToWidth) {
-  const auto fit = [](int columns, int high, int count) {
-    return drawn([=](lxw_workbook*, lxw_worksheet* sheet) {
-      room(sheet, 720);
-      worksheet_fit_to_pages(sheet, 1, static_cast<uint16_t>(high));
-      const lxw_row_t breaks[] = {5, 0};
-      worksheet_set_h_pagebreaks(sheet, const_cast<lxw_row_t*>(breaks));
-      rows(sheet, count, 15);
-      for (int i = 1; i < columns; ++i)
-        worksheet_write_number(sheet, 0, static_cast<lxw_col_t>(i), 1, nullptr);
-    });
+  const std::tuple<int, uint16_t, int, double, Counts> cases[] = {
+      {20, 0, 50, 0.54, {69}   }, // columns of 48 points on 523.3: 54.5%
+      {2,  0, 50, 1,    {49, 2}},
+      {2,  1, 96, 0.5,  {97}   }, // rows of 15 on one page
   };
-  // 20 columns of 48 points on 523.3: 54.5%.
-  const auto wide = fit(20, 0, 50);
-  EXPECT_DOUBLE_EQ(wide[0].texts[0].font.size, 11 * 0.54);
-  EXPECT_EQ(wide.size(), 1u);
-  const auto narrow = fit(2, 0, 50);
-  EXPECT_DOUBLE_EQ(narrow[0].texts[0].font.size, 11);
-  EXPECT_EQ(textsPerPage(narrow), (Counts{49, 2}));
-  // 96 rows of 15 on one page: half.
-  EXPECT_DOUBLE_EQ(fit(2, 1, 96)[0].texts[0].font.size, 5.5);
+  for (const auto& [columns, high, count, scale, texts] : cases) {
+    const auto fit = drawn([n = count, across = columns, down = high](lxw_worksheet* sheet) {
+      room(sheet, 720);
+      worksheet_fit_to_pages(sheet, 1, down);
+      lxw_row_t breaks[] = {5, 0};
+      worksheet_set_h_pagebreaks(sheet, breaks);
+      rows(sheet, n, 15);
+      for (lxw_col_t i = 1; i < across; ++i) worksheet_write_number(sheet, 0, i, 1, nullptr);
+    });
+    EXPECT_EQ(textsPerPage(fit), texts);
+    EXPECT_DOUBLE_EQ(fit[0].texts[0].font.size, 11 * scale);
+  }
 }
 
 TEST(Layout, HiddenRowsAndColumnsTakeNothing) {
-  Workbook book = Workbook::fromBytes(books::written([](lxw_workbook* made) {
-    lxw_worksheet* sheet = workbook_add_worksheet(made, "Bill");
-    worksheet_set_paper(sheet, 9);
+  Workbook book = made([](lxw_worksheet* sheet) {
     room(sheet, 720);
     rows(sheet, 144, 15);
     lxw_row_col_options hidden{};
@@ -124,7 +116,7 @@ TEST(Layout, HiddenRowsAndColumnsTakeNothing) {
     worksheet_set_column_opt(sheet, 1, 1, 20, nullptr, &hidden);
     worksheet_write_string(sheet, 0, 1, "unseen", nullptr);
     worksheet_write_string(sheet, 0, 2, "third", nullptr);
-  }));
+  });
   EXPECT_EQ(drawn(book).size(), 3u);
   book.sheet("bill").hideRows(41, 140);
   const auto pages = drawn(book);
@@ -138,9 +130,7 @@ TEST(Layout, HiddenRowsAndColumnsTakeNothing) {
 }
 
 TEST(Layout, ManualBreaksStandUntilTheyAreReset) {
-  Workbook book = Workbook::fromBytes(books::written([](lxw_workbook* made) {
-    lxw_worksheet* sheet = workbook_add_worksheet(made, "Bill");
-    worksheet_set_paper(sheet, 9);
+  Workbook book = made([](lxw_worksheet* sheet) {
     room(sheet, 720);
     rows(sheet, 40, 15);
     const lxw_row_t down[] = {10, 30, 0};
@@ -148,7 +138,7 @@ TEST(Layout, ManualBreaksStandUntilTheyAreReset) {
     worksheet_set_h_pagebreaks(sheet, const_cast<lxw_row_t*>(down));
     worksheet_set_v_pagebreaks(sheet, const_cast<lxw_col_t*>(across));
     worksheet_write_string(sheet, 35, 3, "right", nullptr);
-  }));
+  });
   EXPECT_EQ(textsPerPage(drawn(book)), (Counts{10, 20, 10, 0, 0, 1}));
   // A break inside hidden rows still ends the page, once.
   book.sheet("Bill").hideRows(8, 12);
@@ -158,7 +148,7 @@ TEST(Layout, ManualBreaksStandUntilTheyAreReset) {
 }
 
 TEST(Layout, TitlesAreasAndCentring) {
-  const auto pages = drawn([](lxw_workbook*, lxw_worksheet* sheet) {
+  const auto pages = drawn([](lxw_worksheet* sheet) {
     room(sheet, 720);
     rows(sheet, 120, 15);
     worksheet_repeat_rows(sheet, 0, 1);
@@ -175,23 +165,26 @@ TEST(Layout, TitlesAreasAndCentring) {
 }
 
 TEST(Layout, PaperSizesAndOrientation) {
-  const auto sized = [](int paper, bool wide) {
-    const auto pages = drawn([=](lxw_workbook*, lxw_worksheet* sheet) {
-      worksheet_set_paper(sheet, static_cast<uint8_t>(paper));
-      if (wide) worksheet_set_landscape(sheet);
+  const std::tuple<uint8_t, bool, long, long> cases[] = {
+      {9,  false, 595, 842 },
+      {9,  true,  842, 595 },
+      {11, false, 420, 595 },
+      {5,  false, 612, 1008},
+      {0,  false, 595, 842 }, // none said: A4
+  };
+  for (const auto& [paper, wide, width, height] : cases) {
+    const auto pages = drawn([kind = paper, turned = wide](lxw_worksheet* sheet) {
+      worksheet_set_paper(sheet, kind);
+      if (turned) worksheet_set_landscape(sheet);
       rows(sheet, 1, 15);
     });
-    return std::pair(std::lround(pages[0].width), std::lround(pages[0].height));
-  };
-  EXPECT_EQ(sized(9, false), std::pair(595L, 842L));
-  EXPECT_EQ(sized(9, true), std::pair(842L, 595L));
-  EXPECT_EQ(sized(11, false), std::pair(420L, 595L));
-  EXPECT_EQ(sized(5, false), std::pair(612L, 1008L));
-  EXPECT_EQ(sized(0, false), std::pair(595L, 842L));  // none said: A4
+    EXPECT_EQ(std::lround(pages[0].width), width) << paper;
+    EXPECT_EQ(std::lround(pages[0].height), height) << paper;
+  }
 }
 
 TEST(Layout, HeaderAndFooter) {
-  const auto pages = drawn([](lxw_workbook*, lxw_worksheet* sheet) {
+  const auto pages = drawn([](lxw_worksheet* sheet) {
     room(sheet, 720);
     rows(sheet, 60, 15);
     worksheet_set_header(sheet, "&LLeft && more&C&\"Arial,Bold\"&14&A&R&D");
@@ -212,15 +205,14 @@ TEST(Layout, HeaderAndFooter) {
 }
 
 TEST(Layout, HugeSheetsAreRefusedNotDrawn) {
-  Workbook tall = Workbook::fromBytes(books::zipped(
-      books::withSheet(books::sheet("<row r=\"1048576\"><c r=\"XFD1048576\"><v>1</v></c></row>"))));
-  EXPECT_THROW(drawn(tall, "S"), workbook::WorkbookError);
-  Workbook thin = Workbook::fromBytes(books::zipped(books::withSheet(books::sheet(
-      "<row r=\"1048576\"><c r=\"XFD1048576\"><v>1</v></c></row>", "<pageSetup scale=\"10\"/>"))));
-  EXPECT_THROW(drawn(thin, "S"), workbook::WorkbookError);
-  Workbook empty = Workbook::fromBytes(books::zipped(books::withSheet(books::sheet(""))));
-  EXPECT_EQ(drawn(empty, "S").size(), 0u);
-  EXPECT_THROW(drawn(empty, "None"), workbook::WorkbookError);
+  const auto sheet = [](const std::string& rows, const std::string& behind = "") {
+    Workbook book = Workbook::fromBytes(books::zipped(books::withSheet(books::sheet(rows, behind))));
+    return drawn(book, "S").size();
+  };
+  const std::string last = "<row r=\"1048576\"><c r=\"XFD1048576\"><v>1</v></c></row>";
+  EXPECT_THROW(sheet(last), workbook::WorkbookError);
+  EXPECT_THROW(sheet(last, "<pageSetup scale=\"10\"/>"), workbook::WorkbookError);
+  EXPECT_EQ(sheet(""), 0u);
 }
 
 }  // namespace

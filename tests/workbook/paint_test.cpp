@@ -1,24 +1,11 @@
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 #include "frame/full_disk.h"
 #include "platform/qt/paint_qt.h"
-#include "workbook/books.h"
+#include "support/pdf_file.h"
 
 namespace {
 
-using paint::HAlign;
-using paint::VAlign;
-
 paint::Text words(std::string_view text, paint::Rect box) {
-  return {.text = text,
-          .box = box,
-          .clip = {},
-          .font = {},
-          .colour = {},
-          .halign = HAlign::Left,
-          .valign = VAlign::Top};
+  return {.text = text, .box = box, .clip = {}, .font = {}, .colour = {}, .valign = paint::VAlign::Top};
 }
 
 void twoPages(paint::Canvas& canvas) {
@@ -35,115 +22,91 @@ void twoPages(paint::Canvas& canvas) {
   canvas.finish();
 }
 
+const auto painter = paint::makePainter;
+
 TEST(Paint, PdfHoldsItsTextFontsAndSizes) {
-  if (!books::hasTool("pdftotext") || !books::hasTool("qpdf"))
-    GTEST_SKIP() << "poppler-utils and qpdf are not installed";
-  const books::Folder folder;
+  const TempFolder folder;
   const std::string path = folder / "MIRAV_INV_1.pdf";
-  const auto painter = paint::makePainter();
-  twoPages(*painter->pdf(path));
-  EXPECT_EQ(folder.files(), std::vector<std::string>{"MIRAV_INV_1.pdf"});
-  int status = 1;
-  books::run("qpdf --check " + path, &status);
-  EXPECT_EQ(status, 0);
-  const std::string text = books::run("pdftotext -layout " + path + " -");
+  twoPages(*painter()->pdf(path));
+  EXPECT_EQ(folder.names(), std::vector<std::string>{"MIRAV_INV_1.pdf"});
+  expectSound(path);
+  const std::string text = pdfText(path);
   EXPECT_NE(text.find("Station office, first affluent \u20B9 1,23,456.50"), std::string::npos) << text;
   EXPECT_NE(text.find("one two"), std::string::npos) << text;
-  const std::string info = books::run("pdfinfo -f 1 -l 2 " + path);
-  EXPECT_NE(info.find("Title:           MIRAV_INV_1"), std::string::npos) << info;
+  EXPECT_EQ(pdfInfo(path, "Title"), "MIRAV_INV_1");
+  const std::string info = outputOf("pdfinfo -f 1 -l 2 " + path);
   EXPECT_NE(info.find("Page    1 size:  595"), std::string::npos) << info;
   EXPECT_NE(info.find("Page    2 size:  842"), std::string::npos) << info;
-  const std::string fonts = books::run("pdffonts " + path);
+  const std::string fonts = outputOf("pdffonts " + path);
   EXPECT_EQ(fonts.find("Identity-H       no"), std::string::npos) << fonts;  // every font is embedded
   EXPECT_NE(fonts.find("Carlito"), std::string::npos) << fonts;
 }
 
 TEST(Paint, APaperStandsOnlyWhenItIsWhole) {
-  const books::Folder folder;
-  const auto painter = paint::makePainter();
-  books::writeBytes(folder / "old.pdf", "old");
+  const TempFolder folder;
+  const std::string path = folder / "old.pdf";
+  std::ofstream(path) << "old";
   {
-    const auto dropped = painter->pdf(folder / "old.pdf");
+    const auto dropped = painter()->pdf(path);
     dropped->page(595, 842);
     dropped->text(words("never finished", {72, 72, 100, 20}));
-    EXPECT_EQ(books::bytesOf(folder / "old.pdf"), "old");
+    EXPECT_EQ(bytesOf(path), "old");
   }
-  EXPECT_EQ(books::bytesOf(folder / "old.pdf"), "old");
-  EXPECT_EQ(folder.files(), std::vector<std::string>{"old.pdf"});
-  twoPages(*painter->pdf(folder / "old.pdf"));
-  EXPECT_EQ(books::bytesOf(folder / "old.pdf").substr(0, 5), "%PDF-");
+  {
+    const FullDisk full;
+    EXPECT_THROW(twoPages(*painter()->pdf(path)), paint::PaintError);
+  }
+  EXPECT_EQ(bytesOf(path), "old");
+  EXPECT_EQ(folder.names(), std::vector<std::string>{"old.pdf"});
+  twoPages(*painter()->pdf(path));
+  EXPECT_EQ(bytesOf(path).substr(0, 5), "%PDF-");
 }
 
 TEST(Paint, WhatCannotBeWrittenIsSaid) {
-  const books::Folder folder;
-  const auto painter = paint::makePainter();
+  const TempFolder folder;
   try {
-    painter->pdf(folder / "none/x.pdf");
+    painter()->pdf(folder / "none/x.pdf");
     FAIL();
   } catch (const paint::PaintError& error) {
     EXPECT_NE(std::string(error.what()).find("none/x.pdf cannot be written: "), std::string::npos)
         << error.what();
   }
-  books::writeBytes(folder / "old.pdf", "old");
-  {
-    const FullDisk full;
-    EXPECT_THROW(twoPages(*painter->pdf(folder / "old.pdf")), paint::PaintError);
-  }
-  EXPECT_EQ(books::bytesOf(folder / "old.pdf"), "old");
-  EXPECT_EQ(folder.files(), std::vector<std::string>{"old.pdf"});
-  EXPECT_THROW(twoPages(*painter->image(folder / "none/x.png", 72)), paint::PaintError);
-  EXPECT_THROW(painter->image(folder / "x.png", 1e6)->page(595, 842), paint::PaintError);
-}
-
-TEST(Paint, NoPrinterIsSaid) {
-  const auto painter = paint::makePainter();
+  EXPECT_THROW(twoPages(*painter()->image(folder / "none/x.png", 72)), paint::PaintError);
+  EXPECT_THROW(painter()->image(folder / "x.png", 1e6)->page(595, 842), paint::PaintError);
   try {
-    painter->printer();
+    painter()->printer();
   } catch (const paint::PaintError& error) {
     EXPECT_STREQ(error.what(), "No Printer Found");
-    return;
   }
-  GTEST_SKIP() << "a printer is installed";
 }
 
-TEST(Paint, PicturesStandInPapers) {
-  if (!books::hasTool("pdfimages")) GTEST_SKIP() << "poppler-utils is not installed";
-  const books::Folder folder;
-  const auto painter = paint::makePainter();
-  twoPages(*painter->image(folder / "page.png", 36));
-  const std::string png = books::bytesOf(folder / "page.png");
-  const auto paper = painter->pdf(folder / "paper.pdf");
+TEST(Paint, PicturesOfEachPageStandInPapers) {
+  const TempFolder folder;
+  twoPages(*painter()->image(folder / "page.png", 36));
+  const auto side = [](const std::string& png, size_t at) {
+    return static_cast<unsigned char>(png.at(at)) * 256 + static_cast<unsigned char>(png.at(at + 1));
+  };
+  const std::string png = bytesOf(folder / "page.png"), second = bytesOf(folder / "page-2.png");
+  EXPECT_EQ(side(png, 18), 298);
+  EXPECT_EQ(side(png, 22), 421);
+  EXPECT_EQ(side(second, 18), 421);
+  EXPECT_EQ(side(second, 22), 298);
+  const auto paper = painter()->pdf(folder / "paper.pdf");
   for (int page = 0; page < 3; ++page) {
     paper->page(595, 842);
     paper->picture({72, 72, 100, 50}, png);
     paper->picture({72, 200, 100, 50}, "no picture at all");
   }
   paper->finish();
-  const std::string images = books::run("pdfimages -list " + (folder / "paper.pdf"));
+  const std::string images = outputOf("pdfimages -list " + (folder / "paper.pdf").string());
   EXPECT_NE(images.find("298   421"), std::string::npos) << images;
   // Once in the file, however many pages show it.
-  EXPECT_LT(books::bytesOf(folder / "paper.pdf").size(), 2 * png.size() + 6000);
-}
-
-TEST(Paint, PicturesOfEachPage) {
-  const books::Folder folder;
-  const auto painter = paint::makePainter();
-  twoPages(*painter->image(folder / "page.png", 96));
-  for (const char* name : {"page.png", "page-2.png"}) {
-    const std::string bytes = books::bytesOf(folder / name);
-    ASSERT_GT(bytes.size(), 24u) << name;
-    const auto side = [&](size_t at) {
-      return static_cast<unsigned char>(bytes[at]) * 256 + static_cast<unsigned char>(bytes[at + 1]);
-    };
-    const bool upright = std::string(name) == "page.png";
-    EXPECT_EQ(side(18), upright ? 794 : 1123) << name;
-    EXPECT_EQ(side(22), upright ? 1123 : 794) << name;
-  }
+  EXPECT_LT(bytesOf(folder / "paper.pdf").size(), 2 * png.size() + 6000);
 }
 
 TEST(Paint, MeasuresAddUp) {
-  const auto painter = paint::makePainter();
-  const auto& metrics = painter->metrics();
+  const auto made = painter();
+  const auto& metrics = made->metrics();
   const paint::Font font{.family = "Calibri", .size = 11};
   paint::Font bold = font, twice = font;
   bold.bold = true;

@@ -9,16 +9,9 @@
 // A canvas that remembers, and metrics whose every character is half its size wide.
 namespace books {
 
-struct DrawnText {
-  std::string text;
-  paint::Rect box, clip;
-  paint::Font font;
-  paint::Colour colour;
-  paint::HAlign halign;
-  paint::VAlign valign;
-  bool wrap;
-  double turn;
-  std::vector<paint::Text::Run> runs;
+struct DrawnText : paint::Text {
+  explicit DrawnText(const paint::Text& drawn) : paint::Text(drawn), text(drawn.text) {}
+  std::string text;  // its own
 };
 
 struct DrawnLine {
@@ -50,10 +43,7 @@ class Recorder : public paint::Canvas {
   std::vector<paint::Rect> shownParts;  // of all pictures
 
   void page(double width, double height) override { pages.push_back({width, height, {}, {}, {}, {}}); }
-  void text(const paint::Text& t) override {
-    pages.back().texts.push_back(
-        {std::string(t.text), t.box, t.clip, t.font, t.colour, t.halign, t.valign, t.wrap, t.turn, t.runs});
-  }
+  void text(const paint::Text& drawn) override { pages.back().texts.emplace_back(drawn); }
   void line(double x1, double y1, double x2, double y2, double width, paint::Colour, paint::Dash) override {
     pages.back().lines.push_back({x1, y1, x2, y2, width});
   }
