@@ -16,7 +16,7 @@ bool isNumber(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-int whole(std::string_view digits) { return static_cast<int>(Val(digits)); }
+int whole(std::string_view digits) { return toInt(Val(digits)); }
 
 std::string twoDigits(int n) { return padLeft(std::to_string(n), 2, '0'); }
 

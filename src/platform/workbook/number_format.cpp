@@ -291,6 +291,11 @@ void NumberFormat::showDigits(const Section& section, const Decimal& number, int
 
 // "# ?/?" : the whole part, then the nearest fraction whose denominator has as many digits.
 void NumberFormat::showFraction(const Section& section, double x, Shown& shown) {
+  constexpr double kWhole = 1e14;  // from here on no fraction is left in 15 digits
+  if (std::fabs(x) >= kWhole) {
+    shown.text += joinedText(x);
+    return;
+  }
   int places = 0;
   bool behind = false, mixed = false, blank = false;
   for (const Token& token : section.tokens) {
