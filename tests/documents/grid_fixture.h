@@ -79,6 +79,11 @@ class GridTest : public testing::Test {
       out.numeric.at(i) = given[i].numeric ? -1 : 0;
     }
   }
+  void column(const char* title, double twips) {
+    columns({
+        Column{title, twips}
+    });
+  }
   // The columns of an account's statement.
   void ledger() {
     columns({

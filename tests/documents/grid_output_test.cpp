@@ -90,9 +90,7 @@ TEST_F(GridTest, BeginsAPageAfterTheLastRowThatFillsOne) {
   };
   for (const auto& [twips, count, pages] : cases) {
     source->rows.clear();
-    columns({
-        {"No.", twips}
-    });
+    column("No.", twips);
     for (int i = 1; i <= count; ++i) row({"row " + std::to_string(i) + "."});
     makePdf();
     expectSound(pdf());
@@ -159,9 +157,7 @@ TEST_F(GridTest, DrawsRowsAndRulesAtTheirPlaces) {
 }
 
 TEST_F(GridTest, HeadsALandscapePageWithTheAddressToo) {
-  columns({
-      {"Name", 12000}
-  });
+  column("Name", 12000);
   makePdf();
   expectAll(bytesOf(pdf()),
             {"/Fnt1 20 Tf\r\n", "559 Td\r\n(SHREE GANESH TRADERS)", "539 Td\r\n(12, ASHRAM ROAD)",
@@ -170,9 +166,7 @@ TEST_F(GridTest, HeadsALandscapePageWithTheAddressToo) {
 }
 
 TEST_F(GridTest, LeavesHeadingLinesOutForSomeKeys) {
-  columns({
-      {"Name", 9000}
-  });
+  column("Name", 9000);
   row({"x"});
   const std::tuple<const char*, bool, const char*> cases[] = {
       {"mcompvldgr",         true,  "/Fnt1 12 Tf\r\n"},
@@ -243,9 +237,7 @@ TEST_F(GridTest, StandsHostileCellsAndWidths) {
 }
 
 TEST_F(GridTest, RefusesWhatIsWiderThanAPage) {
-  columns({
-      {"A", 15001}
-  });
+  column("A", 15001);
   const std::string words =
       "Columns are More than Page Width\r\nPress Excel Button To View In Excel\r\n"
       "Then You Can Resize and Print From Excel";
@@ -259,9 +251,7 @@ TEST_F(GridTest, RefusesWhatIsWiderThanAPage) {
 }
 
 TEST_F(GridTest, SaysWhenLettersCouldNotBeWritten) {
-  columns({
-      {"Name", 3000}
-  });
+  column("Name", 3000);
   row({"RAJESH ₹ Café"});
   makePdf();
   EXPECT_EQ(host.hint(), "");
@@ -355,9 +345,7 @@ TEST_F(GridTest, PrintsUnderTheSessionsHeading) {
 }
 
 TEST_F(GridTest, PrintsWideReportsOnALandscapePage) {
-  columns({
-      {"A", 10801}
-  });
+  column("A", 10801);
   rows(34);
   GridToPrinter(host, grid, out);
   ASSERT_EQ(host.printed.size(), 2u);
@@ -428,9 +416,7 @@ TEST_F(GridWorkbook, HasColumnsThatHoldWhatIsInThem) {
   // A sheet's widths have five pixels of seven more; 17, 13, 60 (as the grid says), and no more than 60.
   expectAll(sheetXml(), {"min=\"1\" max=\"1\" width=\"17.7", "min=\"2\" max=\"2\" width=\"13.7",
                          "min=\"3\" max=\"3\" width=\"60.7", "min=\"4\" max=\"4\" width=\"60.7"});
-  columns({
-      {"A", 10401}
-  });
+  column("A", 10401);
   GridToExcel(host, grid, out);
   EXPECT_TRUE(has(sheetXml(), "orientation=\"landscape\""));
 }
