@@ -359,7 +359,7 @@ Table Evaluator::spread(int rows, int columns, const std::function<Value(int, in
 Table Evaluator::sized(int rows, int columns) {
   const size_t count = static_cast<size_t>(rows) * static_cast<size_t>(columns);
   if (count > kMaxTable) throw Failure{Error::Number};
-  spend(count);
+  spend(2 * count);  // they are made before they are filled
   return {.rows = rows, .columns = columns, .values = std::vector<Value>(count)};
 }
 
