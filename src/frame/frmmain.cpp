@@ -215,7 +215,8 @@ void frmmain::showGlance() {
   show(1, salesBetween(db, first, last), "bill", "bills");
   show(2, receiptsBetween(db, today, today), "receipt", "receipts");
   show(3, receiptsBetween(db, first, last), "receipt", "receipts");
-  show(4, outstanding(db), "party", "parties");
+  const Receivable owed = receivable(db, kDebtorRows, today, s.mstartdt);
+  show(4, owed.all, "party", "parties");
 
   auto bills = std::make_shared<CellRows>();
   for (const LastBill& b : lastBills(db, kBillRows))
@@ -223,7 +224,7 @@ void frmmain::showGlance() {
   at("LastBills").grid.source = bills;
 
   auto debtors = std::make_shared<CellRows>();
-  for (const Debtor& d : largestDebtors(db, kDebtorRows, today, s.mstartdt))
+  for (const Debtor& d : owed.largest)
     debtors->rows.push_back(cells({d.party, counted(d.days, "day", "days"), paise(d.amount)}));
   at("Largest").grid.source = debtors;
 }

@@ -62,10 +62,6 @@ Figure receiptsBetween(Database& db, Date first, Date last) {
                 first, last);
 }
 
-Figure outstanding(Database& db) {
-  return figure(db, "SELECT SUM(CL_BAL), COUNT(*) FROM ACCOUNT WHERE GROUP_CD IN (85, 86) AND CL_BAL > 0");
-}
-
 std::vector<LastBill> lastBills(Database& db, int most) {
   std::vector<LastBill> bills;
   guarded([&] {
@@ -80,18 +76,24 @@ std::vector<LastBill> lastBills(Database& db, int most) {
   return bills;
 }
 
-std::vector<Debtor> largestDebtors(Database& db, int most, Date today, Date periodStart) {
-  std::vector<Row> accounts;
+// The stored balance knows a bill only from the next posting or opening on: this sums the ledger.
+Receivable receivable(Database& db, int most, Date today, Date periodStart) {
+  Receivable owed;
   guarded([&] {
-    accounts = db.all(
-        "SELECT ACC_CD, ACC_NAME, CL_BAL FROM ACCOUNT WHERE GROUP_CD IN (85, 86) AND CL_BAL > 0"
-        " ORDER BY CL_BAL DESC, ACC_NAME LIMIT ?",
-        most);
+    auto accounts = db.query(
+        "SELECT ACC_CD, ACC_NAME, OWES FROM (SELECT ACC_CD, ACC_NAME, ROUND(COALESCE(OP_BAL, 0) + COALESCE("
+        "(SELECT SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT WHEN 'C' THEN -VOUCH_AMT END) FROM ALEDGER"
+        " WHERE PARTY_CD = ACC_CD), 0), 2) AS OWES FROM ACCOUNT WHERE GROUP_CD IN (85, 86))"
+        " WHERE OWES > 0 ORDER BY OWES DESC, ACC_NAME");
+    while (accounts.next()) {
+      const double owes = accounts.number(2);
+      owed.all.amount += owes;
+      if (++owed.all.count <= most)
+        owed.largest.push_back(
+            {accounts.text(1), owes, daysOpen(db, accounts.text(0), owes, today, periodStart)});
+    }
   });
-  std::vector<Debtor> debtors;
-  for (const Row& a : accounts)
-    debtors.push_back({a.text(1), a.number(2), daysOpen(db, a.text(0), a.number(2), today, periodStart)});
-  return debtors;
+  return owed;
 }
 
 std::string counted(int count, const std::string& one, const std::string& many) {
