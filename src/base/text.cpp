@@ -29,10 +29,6 @@ std::string ltrim(std::string_view text) {
   return first == std::string_view::npos ? std::string() : std::string(text.substr(first));
 }
 
-std::string rtrim(std::string_view text) {
-  return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
-}
-
 std::string trim(std::string_view text) { return ltrim(text.substr(0, text.find_last_not_of(' ') + 1)); }
 
 std::string upper(std::string_view text) {

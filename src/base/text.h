@@ -10,7 +10,6 @@
 // Blanks only, as a field's text is trimmed.
 std::string trim(std::string_view text);
 std::string ltrim(std::string_view text);
-std::string rtrim(std::string_view text);
 
 std::string upper(std::string_view text);
 std::string lower(std::string_view text);

@@ -45,7 +45,6 @@ class Rowset {
   int absolutePosition() const { return position_ + 1; }
   void moveTo(int absolutePosition);
   void moveFirst() { moveTo(1); }
-  void moveLast() { moveTo(count()); }
   void moveNext() { moveTo(position_ + 2); }
   void movePrevious() { moveTo(position_); }
 
