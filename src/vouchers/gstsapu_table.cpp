@@ -61,7 +61,7 @@ ScreenSpec tableOf(const Book& book) {
           {.name = "MaskEdBox1", .index = 0,  .kind = Kind::Date, .label = "Date", .at = {.group = "A", .row = 0, .col = 3, .width = 112}, .tab = 9, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},
           {.name = "Text1",      .index = 4,  .label = "Party",     .at = {.group = "A", .row = 1, .col = 1, .width = 92},  .tab = 10, .limit = 6,   .keys = Letters, .hint = "F1 = By Area :: F2 = By City :: Insert = New Party"},
           {.name = "Text2",                                         .at = {.group = "A", .row = 1, .col = 2, .span = 2},    .enabled = false},
-          {.name = "Text1",      .index = 32, .label = "Ship To",   .at = {.group = "A", .row = 2, .col = 1, .width = 92},  .tab = 11, .limit = 6,   .keys = Number, .hint = "F8 = By Gstin"},
+          {.name = "Text1",      .index = 32, .label = "Ship To",   .at = {.group = "A", .row = 2, .col = 1, .width = 92},  .tab = 11, .limit = 6,   .keys = Number, .hint = "F8 = By Gstin :: Tab = Leave Empty"},
           {.name = "Text3",                                         .at = {.group = "A", .row = 2, .col = 2, .span = 2},    .enabled = false},
           {.name = "Text1",      .index = 47, .label = "B.Type",    .at = {.group = "B", .row = 0, .col = 1, .width = 92},  .tab = 12, .limit = 10,  .keys = Letters},
           {.name = "Text1",      .index = 43, .label = "B.No",      .at = {.group = "B", .row = 0, .col = 3},               .tab = 13, .limit = 20,  .keys = Letters},
