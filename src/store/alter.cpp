@@ -67,16 +67,20 @@ std::string inTheFile(const std::string& indexStatement) {
   return indexStatement.substr(0, at) + "main." + indexStatement.substr(at);
 }
 
-void rebuild(Database& db, const std::string& table, const std::vector<NewColumn>& plan) {
-  const WithoutViewChecks unchecked(db);
-  Transaction all(db);
-  std::vector<std::string> indexes;
+std::vector<std::string> indexStatements(Database& db, const std::string& table) {
+  std::vector<std::string> statements;
   for (auto rows = db.query("SELECT sql FROM main.sqlite_master WHERE type = 'index' AND sql IS NOT NULL"
                             " AND tbl_name = ? COLLATE NOCASE",
                             table);
        rows.next();)
-    indexes.push_back(inTheFile(rows.text(0)));
+    statements.push_back(inTheFile(rows.text(0)));
+  return statements;
+}
 
+void rebuild(Database& db, const std::string& table, const std::vector<NewColumn>& plan) {
+  const WithoutViewChecks unchecked(db);
+  Transaction all(db);
+  const auto indexes = indexStatements(db, table);
   std::vector<Column> columns;
   std::string names = "rowid";
   std::string sources = "rowid";
@@ -127,13 +131,19 @@ std::string createTableStatement(std::string_view quotedTable, const std::vector
   return statement + ")";
 }
 
-std::string setAside(Database& db, const std::string& table) {
+SetAside setAside(Database& db, const std::string& table) {
   const WithoutViewChecks unchecked(db);
   const std::string standing = "main." + quotedName(table), old = quotedName(table + aside);
   const auto columns = tableColumns(db, table);
+  SetAside result{.table = "main." + old, .indexes = indexStatements(db, table)};
   db.exec("ALTER TABLE " + standing + " RENAME TO " + old);
   db.exec(createTableStatement(standing, columns));
-  return "main." + old;
+  return result;
+}
+
+void dropSetAside(Database& db, const SetAside& old) {
+  db.exec("DROP TABLE " + old.table);
+  for (const std::string& index : old.indexes) db.exec(index);
 }
 
 void alterColumns(Database& db, const std::string& table, const std::vector<Column>& changed) {

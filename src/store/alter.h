@@ -14,9 +14,14 @@ std::vector<Column> tableColumns(Database& db, std::string_view table);
 
 std::string createTableStatement(std::string_view quotedTable, const std::vector<Column>& columns);
 
-// Puts an empty table of the same columns in a table's place. The old one stands aside with its rows and
-// indexes under the name that comes back, until the caller drops it.
-std::string setAside(Database& db, const std::string& table);
+// Puts an empty table of the same columns in a table's place. The old one stands aside with its rows
+// and indexes until it is dropped, when the new one gets the same indexes.
+struct SetAside {
+  std::string table;
+  std::vector<std::string> indexes;  // the statements that make them
+};
+SetAside setAside(Database& db, const std::string& table);
+void dropSetAside(Database& db, const SetAside& old);
 
 // Gives each named column its new definition. One whose data does not fit, and one that a key
 // does not allow, stays as it is.

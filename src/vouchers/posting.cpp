@@ -214,7 +214,7 @@ void postAll(Database& db, const PostingProgress& progress) {
   };
   const Bulk bulk(db);
   Transaction all(db);
-  std::string old;
+  SetAside old;
   step(" Progress ....", [&] {
     // Indexes are built once over all rows, not row by row. The old rows stand aside, since pages that are
     // written over would have to be copied first.
@@ -229,7 +229,7 @@ void postAll(Database& db, const PostingProgress& progress) {
     dropList(db);
     EnsureIndexes(db);
     RebuildAllBalances(db);
-    db.exec("DROP TABLE " + old);
+    dropSetAside(db, old);
   });
   all.commit();
 }
