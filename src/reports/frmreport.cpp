@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr const char *kMessage = "Mirav Message", *kConfirm = "Mirav Confirmation Message";
+constexpr const char* kConfirm = "Mirav Confirmation Message";
 constexpr size_t kFirstRows = 100;  // more than stand in view
 constexpr size_t kAllRows = static_cast<size_t>(-1);
 constexpr const char* kOff = "Print, Excel and Pdf open after Show";
@@ -170,7 +170,7 @@ Go frmreport::date() {
   if (!typed) return Go::Stay;
   const std::string refusal = outsideMessage(*typed, session().mstartdt, session().menddt, host.today());
   if (!refusal.empty()) {
-    host.message(refusal, kMessage);
+    host.message(refusal, kMessageTitle);
     return Go::Stay;
   }
   if (here().index == 0 && report_ && report_->toDate) set(at("MaskEdBox1", 1), report_->toDate(here().text));
@@ -192,7 +192,7 @@ void frmreport::build() {
   clear();
   showPhone();
   if (!report_) {
-    host.message("No Report", kMessage);
+    host.message("No Report", kMessageTitle);
     return;
   }
   ReportQuery query = queryNow(*period);
@@ -204,7 +204,7 @@ void frmreport::build() {
   if (!plan_.refusal.empty() || !start(asks(ReportQuestion::When::WithRows) ? 1 : kFirstRows)) {
     host.busy(false);
     host.message(plan_.refusal.empty() ? "No Records" : plan_.refusal,
-                 plan_.refusal.empty() ? Host::kTitle : kMessage);
+                 plan_.refusal.empty() ? Host::kTitle : kMessageTitle);
     return;
   }
   publishLayout(session(), plan_.columns);

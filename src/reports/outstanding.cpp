@@ -18,8 +18,7 @@ std::string cleaned(std::string narration) {
   return narration;
 }
 
-std::vector<Row> customersOf(Database& db, const std::string& code, const ReportQuery& q,
-                             Receivables::Order order) {
+std::vector<Row> customersOf(Database& db, const std::string& code, const ReportQuery& q) {
   Condition asked;
   if (!code.empty()) {
     asked.add("ACC_CD = ?", code);
@@ -30,19 +29,18 @@ std::vector<Row> customersOf(Database& db, const std::string& code, const Report
   return db.all(
       "SELECT ACC_CD, OP_BAL, ACC_NAME, AREA, PHONE1, CITY FROM ACCOUNT"
       " WHERE (GROUP_CD = 85 OR GROUP_CD = 86) AND CL_BAL > 0" +
-          (asked.empty() ? "" : " AND " + asked.text()) + " ORDER BY " +
-          (order == Receivables::Order::Name ? "ACC_NAME, AREA, PHONE1, CITY, ACC_CD" : "ACC_CD"),
+          (asked.empty() ? "" : " AND " + asked.text()) + " ORDER BY ACC_NAME, AREA, PHONE1, CITY, ACC_CD",
       asked.values());
 }
 
 }  // namespace
 
-Receivables::Receivables(Database& db, const std::string& code, const ReportQuery& query, Order order)
+Receivables::Receivables(Database& db, const std::string& code, const ReportQuery& query)
     : db_(db),
       start_(query.periodStart),
       to_(query.to.ok() ? query.to : query.periodEnd),
       shownTo_(formatDate(to_, "dd/MMM/yyyy")),
-      customers_(customersOf(db, code, query, order)) {
+      customers_(customersOf(db, code, query)) {
   db_.exec("DELETE FROM CAL");
   // The bills of one party are read by it.
   db_.exec("CREATE INDEX IF NOT EXISTS temp.CAL_PARTY ON CAL (PARTY_CD, VOUCH_DT)");
@@ -136,7 +134,7 @@ void Receivables::open(const Bill& bill, double paid) {
 
 bool ON_AC_RECEIVABLES(Database& db, const std::string& code, const ReportQuery& query) {
   Transaction all(db, Transaction::Writes::WorkTables);
-  Receivables customers(db, code, query, Receivables::Order::Code);
+  Receivables customers(db, code, query);
   while (customers.next()) {
   }
   all.commit();

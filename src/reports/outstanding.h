@@ -26,14 +26,12 @@ inline constexpr std::string_view kOutstanding = "ONACRCV";
 // DatabaseError, and then leaves the table as it was.
 bool ON_AC_RECEIVABLES(Database& db, const std::string& code, const ReportQuery& query);
 
-// The same one customer after the other, so that the first can be shown while the rest is still to be
+// The same one customer after the other by name, so that the first can be shown while the rest is still to be
 // worked out.
 class Receivables {
  public:
-  enum class Order { Code, Name };
-
   // Empties CAL. Raises DatabaseError, as next does.
-  Receivables(Database& db, const std::string& code, const ReportQuery& query, Order order);
+  Receivables(Database& db, const std::string& code, const ReportQuery& query);
 
   bool none() const { return customers_.empty(); }
   // Adds the next customer's open bills to CAL; false after the last one.

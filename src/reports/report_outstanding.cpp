@@ -17,7 +17,7 @@ std::string subtitle(Database& db, const ReportQuery& q) {
 // The parties with open bills, each worked out as it is read.
 class Parties : public ReportReading {
  public:
-  Parties(Database& db, const ReportQuery& q) : customers_(db, "", q, Receivables::Order::Name) {}
+  Parties(Database& db, const ReportQuery& q) : customers_(db, "", q) {}
 
   const ColumnNames& names() const override {
     static const ColumnNames names(
@@ -63,7 +63,7 @@ constexpr const char* kBills =
 
 ReportPlan planOutstanding(Database& db, const ReportQuery& q) {
   ReportPlan plan;
-  if (Receivables(db, "", q, Receivables::Order::Name).none()) {
+  if (Receivables(db, "", q).none()) {
     plan.refusal = "pl select proper code";
     return plan;
   }

@@ -87,13 +87,13 @@ class Year:
         rng = self.rng
         after = (first + datetime.timedelta(32)).replace(day=1)
         days = sorted(rng.sample(range((after - first).days), 9))
-        todo = ["bill"] * 25 + ["purchase"] * 3 + ["receipt"] * 5 + ["payment"] * 2 + ["challan", "quotation"] * 2
-        todo += rng.sample(["mend", "head", "drop", "add"], 3) + rng.choice([["delete"], []]) + [rng.choice(["mend_challan", "mend_quotation", "mend_money"])]
+        entries = ["bill"] * 25 + ["purchase"] * 3 + ["receipt"] * 5 + ["payment"] * 2 + ["challan", "quotation"] * 2
+        entries += rng.sample(["mend", "head", "drop", "add"], 3) + rng.choice([["delete"], []]) + [rng.choice(["mend_challan", "mend_quotation", "mend_money"])]
         for kind in ("challan", "money", "quotation", "last"):
             if rng.random() < 0.25:
-                todo.append("delete_" + kind)
-        rng.shuffle(todo)
-        share = [todo[i::len(days)] for i in range(len(days))]
+                entries.append("delete_" + kind)
+        rng.shuffle(entries)
+        share = [entries[i::len(days)] for i in range(len(days))]
         for day, work in zip(days, share):
             self.today = first + datetime.timedelta(day)
             self.clerk.s("clock %s 10:%02d" % (self.today, day))
