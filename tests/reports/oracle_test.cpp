@@ -51,7 +51,7 @@ class Oracle : public ::testing::Test {
 
  private:
   std::string run(const std::string& task, const std::string& more) {
-    const auto script = std::filesystem::path(MIRAV_TEST_DATA).parent_path() / script_;
+    const auto script = std::filesystem::current_path() / script_;
     const std::string answer = folder_ / "answer";
     const std::string command =
         "python3 -B '" + script.string() + "' " + task + " '" + file_ + "' " + more + " > '" + answer + "'";

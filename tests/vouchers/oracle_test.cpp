@@ -15,7 +15,7 @@ class Oracle : public BillTest {
   }
 
   static std::vector<std::string> steps(const std::string& arguments) {
-    const std::string folder = std::filesystem::path(MIRAV_TEST_DATA).parent_path();
+    const std::string folder = std::filesystem::current_path();
     const std::unique_ptr<FILE, int (*)(FILE*)> pipe(
         popen(("python3 '" + folder + "/oracle.py' " + arguments).c_str(), "r"), &pclose);
     std::string all;
