@@ -36,7 +36,7 @@ void balances(State& state) {
 }
 
 void receiptSaved(State& state) {
-  const MoneyBook& book = moneyBook("RECEIPT");
+  const VoucherKind& kind = receiptKind();
   MoneyVoucher receipt{.number = 0,
                        .date = *parseDate("2026-06-15"),
                        .account = kCashAccount,
@@ -44,8 +44,8 @@ void receiptSaved(State& state) {
                        .amount = 10,
                        .narration = ""};
   each(
-      state, [&] { receipt.number = nextMoneyNumber(books(), book); },
-      [&] { require(saveMoneyVoucher(books(), book, receipt, Saving::Fresh), "the number is taken"); });
+      state, [&] { receipt.number = nextMoneyNumber(books(), kind); },
+      [&] { require(saveMoneyVoucher(books(), kind, receipt, Saving::Fresh), "the number is taken"); });
 }
 
 }  // namespace

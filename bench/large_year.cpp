@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "base/number.h"
+#include "frame/voucher_kinds.h"
 #include "masters/gstin.h"
 #include "store/balances.h"
-#include "vouchers/book.h"
 #include "vouchers/calculation.h"
 #include "vouchers/ledger_rows.h"
 #include "vouchers/numbering.h"
@@ -181,7 +181,7 @@ class Books {
         n, day, kTime, formatDate(day, "dd/MMM/yyyy"), billNumber_, partyCode(party), pick(kAreas, party),
         creditDays, items, sums.quantity, taxes.cgst, taxes.sgst, taxes.igst, total.amount, roundOff, kMobile,
         stem_);
-    postVoucher(db_, {static_cast<double>(n), day, saleBook().code},
+    postVoucher(db_, {static_cast<double>(n), day, saleKind().code},
                 billRows({.party = partyCode(party),
                           .amount = total.amount,
                           .items = items,
@@ -196,7 +196,7 @@ class Books {
   }
 
   void receipt(int n) {
-    storeMoneyVoucher(db_, moneyBook("RECEIPT"),
+    storeMoneyVoucher(db_, receiptKind(),
                       {.number = static_cast<double>(n),
                        .date = dayOf(n, size_.receipts),
                        .account = kCashAccount,

@@ -27,8 +27,8 @@ const char* const kVouchers =
 
 }  // namespace
 
-bwrcpy::bwrcpy(Host& theHost) : ChildScreen(theHost, bwrcpyTable()), book_(moneyBook(session().mentrytype)) {
-  caption = book_.title;
+bwrcpy::bwrcpy(Host& theHost) : ChildScreen(theHost, bwrcpyTable()), kind_(moneyKind(session().mentrytype)) {
+  caption = kind_.words.title;
   wire(*this, {
                   {"cmdAdd",        On::Click,       &bwrcpy::add           },
                   {"cmdEdit",       On::Click,       &bwrcpy::modify        },
@@ -110,7 +110,7 @@ void bwrcpy::video() {
 
 void bwrcpy::begin(const std::string& newMode, const std::string& suffix) {
   mode = newMode;
-  caption = book_.title + suffix;
+  caption = kind_.words.title + suffix;
   escMeans = mode.empty() ? "Esc = Close" : entering() ? "Esc = Cancel and Exit" : "Esc = Cancel";
   loaded_ = 0;
   clearFields();
@@ -124,7 +124,7 @@ void bwrcpy::begin(const std::string& newMode, const std::string& suffix) {
 
 void bwrcpy::add() {
   begin("ADD", " : ADD MODE");
-  put(0, numText(nextMoneyNumber(data(), book_)));
+  put(0, numText(nextMoneyNumber(data(), kind_)));
   placeDefaults();
   focusUnchecked(at("MaskEdBox1", 0));
 }
@@ -173,7 +173,7 @@ void bwrcpy::showList() {
       parseSelect("SELECT RPTPAY.VOUCH_NO, VOUCH_DT, ACC_NAME, AMOUNT, NARRATION FROM RPTPAY LEFT JOIN"
                   " ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD WHERE RPTPAY.BOOK_CD = ?"
                   " ORDER BY RPTPAY.VOUCH_NO DESC",
-                  {book_.code}));
+                  {kind_.code}));
   grid.current = Grid::kNone;
 }
 
@@ -199,13 +199,13 @@ Go bwrcpy::number() {
           .second = "ACC_NAME",
           .more = "ACCOUNT.city, ACCOUNT.area, vouch_dt, AMOUNT, REF_NO, NARRATION, chq_no",
           .widths = {500,   2800, 1200, 1200, 1200, 1000, 1000, 1400, 1000},
-          .values = {book_.code}
+          .values = {kind_.code}
   });
 }
 
 Go bwrcpy::enterNumber() {
   const double n = value(0);
-  const auto found = findMoneyVoucher(data(), book_, n);
+  const auto found = findMoneyVoucher(data(), kind_, n);
   if (mode == "ADD") {
     if (!found) return Go::On;
     notFound("VOUCHER ALREADY EXISTS");
@@ -246,7 +246,7 @@ void bwrcpy::showVoucher(const Row& v) {
 }
 
 void bwrcpy::remove(double number) {
-  deleteMoneyVoucher(data(), book_, number);
+  deleteMoneyVoucher(data(), kind_, number);
   showList();
 }
 
@@ -317,7 +317,7 @@ Go bwrcpy::party() {
   if (trimmed(3).empty())
     return lookUp(host, *this, here(),
                   {.mode = "THREEFLD",
-                   .table = "ACCOUNT WHERE " + book_.others + " ORDER BY ACC_NAME",
+                   .table = kind_.party.offered,
                    .first = "ACC_CD",
                    .second = "acc_name",
                    .more = "AREA, CITY, group_cd, PERSON_NM, FORMAT(cl_bal,'0.00') AS CLBAL"});
@@ -352,7 +352,7 @@ LookupSpec bwrcpy::oldVouchers(const std::string& second, const std::string& mor
           .first = "vouch_no",
           .second = second,
           .more = more,
-          .values = {book_.code}};
+          .values = {kind_.code}};
 }
 
 Go bwrcpy::oldByReference() {
@@ -417,7 +417,7 @@ void bwrcpy::update() {
   }
   host.busy(true);
   const bool saved =
-      saveMoneyVoucher(data(), book_, voucher(), mode == "ADD" ? Saving::Fresh : Saving::Again);
+      saveMoneyVoucher(data(), kind_, voucher(), mode == "ADD" ? Saving::Fresh : Saving::Again);
   host.busy(false);
   if (!saved) {
     host.message("Voucher No. already exists", kMessageTitle);
@@ -425,7 +425,7 @@ void bwrcpy::update() {
     return;
   }
   mode.clear();
-  caption = book_.title;
+  caption = kind_.words.title;
   if (drilledDown_) {
     host.close(*this);
     return;
@@ -437,7 +437,7 @@ void bwrcpy::update() {
 }
 
 std::string bwrcpy::savedWords() const {
-  return std::string(60, ' ') + book_.title + " Saved\n   Entry No   : " + at("txtFields", 0).text +
+  return std::string(60, ' ') + kind_.words.title + " Saved\n   Entry No   : " + at("txtFields", 0).text +
          "\n   Party Name : " + at("txtFields", 9).text + "\n   AMOUNT     : " + at("txtFields", 4).text +
          "\n\n   Press ok to Proceed ";
 }

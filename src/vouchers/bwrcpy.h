@@ -75,7 +75,7 @@ class bwrcpy : public ChildScreen {
   void put(int n, const std::string& text) { set(field(n), text); }
   std::optional<Date> date() const { return parseDate(at("MaskEdBox1", 0).text); }
 
-  const MoneyBook& book_;
+  const VoucherKind& kind_;
   std::string accountBefore_;  // what Cash / Bank held when it was opened
   double loaded_ = 0;          // number of the voucher that is shown for a change
   bool drilledDown_ = false;

@@ -17,7 +17,7 @@ constexpr const char* kLineColumns =
     " MOBNOCO, DATANM, DATASENT";
 // clang-format on
 
-Fields headerRow(const Book& book, const ChallanHeader& c, const SaveStamp& stamp) {
+Fields headerRow(const VoucherKind& kind, const ChallanHeader& c, const SaveStamp& stamp) {
   const Clock time{stamp.now.hour, stamp.now.minute};
   const std::string destination = trim(c.destination);
   // clang-format off
@@ -25,7 +25,7 @@ Fields headerRow(const Book& book, const ChallanHeader& c, const SaveStamp& stam
       {"VOUCH_NO",   c.number},
       {"VOUCH_DT",   c.date},
       {"VOUCH_TIME", time},
-      {"BOOK_CD",    book.code},
+      {"BOOK_CD",    kind.code},
       {"PARTY_CD",   trim(c.party)},
       {"ORDER_NO",   trim(c.orderNumber)},
       {"CHLN_TYP",   trim(c.type)},
@@ -56,95 +56,68 @@ Fields headerRow(const Book& book, const ChallanHeader& c, const SaveStamp& stam
   return row;
 }
 
-std::vector<LedgerRow> ledgerRows(const Book& book, const ChallanHeader& c) {
+std::vector<LedgerRow> ledgerRows(const VoucherKind& kind, const ChallanHeader& c) {
   const std::string party = trim(c.party);
   return {
-      {book.partySide,   party,      book.goods, c.amount, c.challanNumber, c.narration},
-      {book.otherSide(), book.goods, party,      c.amount, c.challanNumber, c.narration},
+      {kind.ledger.partySide,   party,             kind.ledger.goods, c.amount, c.challanNumber, c.narration},
+      {kind.ledger.otherSide(), kind.ledger.goods, party,             c.amount, c.challanNumber, c.narration},
   };
 }
 
 }  // namespace
 
-const Book& challanBook() {
-  static const Book book = {
-      .code = "CH",
-      .keyColumn = "BOOK_CD",
-      .heads = "CHLN",
-      .lines = "CHLNITM",
-      .work = "T_CHLNITM",
-      .serial = "SR_NO",
-      .title = "Sales Challan Entry",
-      .adding = " ADD MODE",
-      .modifying = " Modify MODE",
-      .deleting = " Delete MODE",
-      .printing = "",
-      .escapeAsks = "Do you want to exit",
-      .printKey = "CHLNPRN",
-      .documentKey = "CHLNENTRY",
-      .saveOpens = "Save opens after Desti",
-      .savedHead = "Sales Challan Entry Saved",
-      .parties = "ACCOUNT where group_cd = 85 OR group_cd = 87 OR group_cd = 88 ORDER BY ACC_NAME",
-      .rate = "SALE_RATE1",
-      .discount = "SALE_DISC",
-      .partySide = "D",
-      .goods = "X90002",
-  };
-  return book;
-}
-
-bool saveChallan(Database& db, const Book& book, const ChallanHeader& challan, const SaveStamp& stamp,
+bool saveChallan(Database& db, const VoucherKind& kind, const ChallanHeader& challan, const SaveStamp& stamp,
                  Saving how) {
   Transaction all(db);
-  if (how == Saving::Fresh && isStored(db, book, challan.number)) return false;
-  deleteChallan(db, book, challan.number);
-  insertRow(db, "CHLN", headerRow(book, challan, stamp));
+  if (how == Saving::Fresh && isStored(db, kind, challan.number)) return false;
+  deleteChallan(db, kind, challan.number);
+  insertRow(db, "CHLN", headerRow(kind, challan, stamp));
   db.exec("UPDATE T_CHLNITM SET VOUCH_DT = ?, VOUCH_NO = ?", challan.date, challan.number);
   // A line of no quantity stays behind, though its amount is in the totals.
   const std::string columns = kLineColumns;
   db.exec("INSERT INTO CHLNITM (" + columns + ") SELECT " + columns +
               " FROM T_CHLNITM WHERE VOUCH_NO = ? AND BOOK_CD = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
               " ORDER BY SR_NO",
-          challan.number, book.code, kMiscItem);
-  postVoucher(db, {challan.number, challan.date, book.code}, ledgerRows(book, challan));
+          challan.number, kind.code, kMiscItem);
+  postVoucher(db, {challan.number, challan.date, kind.code}, ledgerRows(kind, challan));
   all.commit();
   return true;
 }
 
-void deleteChallan(Database& db, const Book& book, double number) {
+void deleteChallan(Database& db, const VoucherKind& kind, double number) {
   Transaction both(db);
-  db.exec("DELETE FROM CHLN WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, book.code);
-  db.exec("DELETE FROM CHLNITM WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, book.code);
+  db.exec("DELETE FROM CHLN WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
+  db.exec("DELETE FROM CHLNITM WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
   both.commit();
 }
 
-std::optional<Row> findChallan(Database& db, const Book& book, double number) {
-  return db.first("SELECT * FROM CHLN WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, book.code);
+std::optional<Row> findChallan(Database& db, const VoucherKind& kind, double number) {
+  return db.first("SELECT * FROM CHLN WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
 }
 
-void loadChallanLines(Database& db, const Book& book, double number) {
+void loadChallanLines(Database& db, const VoucherKind& kind, double number) {
   const std::string columns = kLineColumns;
   db.exec("DELETE FROM T_CHLNITM");
   db.exec("INSERT INTO T_CHLNITM (" + columns + ", ITEM_NAME) SELECT " + columns +
               ", (SELECT ITEM_NAME FROM ITEM WHERE ITEM.ITEM_CD = CHLNITM.ITEM_CD)"
               " FROM CHLNITM WHERE BOOK_CD = ? AND VOUCH_NO = ? ORDER BY SR_NO",
-          book.code, number);
+          kind.code, number);
 }
 
-double nextChallanNumber(Database& db, const Book& book, const std::string& type) {
+double nextChallanNumber(Database& db, const VoucherKind& kind, const std::string& type) {
   const auto last =
       db.first("SELECT CHLN_NO FROM CHLN WHERE BOOK_CD = ? AND CHLN_TYP = ? ORDER BY VOUCH_NO DESC LIMIT 1",
-               book.code, type);
+               kind.code, type);
   return last ? Val(last->text(0)) + 1 : 1;
 }
 
-bool isDuplicateChallan(Database& db, const Book& book, const std::string& type, const std::string& number,
-                        std::optional<double> changing) {
+bool isDuplicateChallan(Database& db, const VoucherKind& kind, const std::string& type,
+                        const std::string& number, std::optional<double> changing) {
   // The plus keeps the reader from walking a whole series: few challans share a number.
   return db
       .first(
           "SELECT VOUCH_NO FROM CHLN WHERE CHLN_TYP = ? AND +BOOK_CD = ? AND CHLN_NO IN (?, NUMTEXT(?))"
           " AND VOUCH_NO IS NOT ? LIMIT 1",
-          type, book.code, number, Val(number), changing)
+          type, kind.code, number, Val(number), changing)
       .has_value();
 }

@@ -4,16 +4,14 @@
 #include <string>
 
 #include "base/date.h"
+#include "frame/voucher_kinds.h"
 #include "store/database.h"
-#include "vouchers/book.h"
 #include "vouchers/saving.h"
 
 // Numbering, storing, loading and deleting a delivery challan. A save is one transaction: header,
 // lines out of the work table and the ledger's pair of rows are written afresh as a whole or not at
 // all. A challan stands in its party's ledger like a bill, and a bill made for the same goods posts
 // again: nothing nets the two. No step of the system turns a challan into a bill.
-
-const Book& challanBook();
 
 // The header as the screen holds it; texts are trimmed where the header keeps them.
 struct ChallanHeader {
@@ -28,19 +26,19 @@ struct ChallanHeader {
 };
 
 // False when a fresh challan's number is taken; nothing has changed then. The party is not looked at.
-bool saveChallan(Database& db, const Book& book, const ChallanHeader& challan, const SaveStamp& stamp,
+bool saveChallan(Database& db, const VoucherKind& kind, const ChallanHeader& challan, const SaveStamp& stamp,
                  Saving how);
 // Removes header and lines; the ledger keeps its rows until it is built again.
-void deleteChallan(Database& db, const Book& book, double number);
+void deleteChallan(Database& db, const VoucherKind& kind, double number);
 
-std::optional<Row> findChallan(Database& db, const Book& book, double number);
+std::optional<Row> findChallan(Database& db, const VoucherKind& kind, double number);
 // Puts the stored lines into the emptied work table, with the items' names of today.
-void loadChallanLines(Database& db, const Book& book, double number);
+void loadChallanLines(Database& db, const VoucherKind& kind, double number);
 
 // Each type is a series of its own; it goes on from the challan with the highest voucher number,
 // whatever its challan number. There is no padding.
-double nextChallanNumber(Database& db, const Book& book, const std::string& type);
+double nextChallanNumber(Database& db, const VoucherKind& kind, const std::string& type);
 // A challan of the type has the number, as it is typed or as it would be stored; the voucher that
 // is being changed does not count.
-bool isDuplicateChallan(Database& db, const Book& book, const std::string& type, const std::string& number,
-                        std::optional<double> changing);
+bool isDuplicateChallan(Database& db, const VoucherKind& kind, const std::string& type,
+                        const std::string& number, std::optional<double> changing);

@@ -12,15 +12,15 @@ namespace {
 constexpr const char* kCheck = "Mirav Check";
 constexpr int kHeadFields[] = {0, 4, 15, 23, 24, 29, 19, 20, 21, 1, 3, 11, 18, 26, 28, 2};
 
-std::vector<WorkLines::Shown> shownColumns(const Book& book) {
-  return {{book.serial}, {"ITEM_CD"},  {"ITEM_NAME"}, {"ITEM_DESC"},
-          {"SIZE_CD"},   {"QUANTITY"}, {"RATE"},      {"NET_AMOUNT"}};
+std::vector<WorkLines::Shown> shownColumns(const VoucherKind& kind) {
+  return {{kind.tables.serial}, {"ITEM_CD"},  {"ITEM_NAME"}, {"ITEM_DESC"},
+          {"SIZE_CD"},          {"QUANTITY"}, {"RATE"},      {"NET_AMOUNT"}};
 }
 
 }  // namespace
 
-FRMCHLN::FRMCHLN(Host& theHost, const Book& book)
-    : VoucherScreen(theHost, table(), book, shownColumns(book)) {
+FRMCHLN::FRMCHLN(Host& theHost, const VoucherKind& kind)
+    : VoucherScreen(theHost, table(), kind, shownColumns(kind)) {
   wire(*this, {
                   {"Text1(0)",      KeyCode::Enter,  &FRMCHLN::voucherNumber  },
                   {"MaskEdBox1(0)", KeyCode::Enter,  &FRMCHLN::voucherDate    },
@@ -47,7 +47,7 @@ FRMCHLN::FRMCHLN(Host& theHost, const Book& book)
                   {"Text1(11)",     KeyCode::Enter,  &FRMCHLN::destination    },
                   {"CMDSAVE",       On::Click,       &FRMCHLN::save           },
   });
-  wireLookups(lookups(book));
+  wireLookups(lookups(kind));
 }
 
 std::string FRMCHLN::tutorial() const { return links().challanVideo; }
@@ -55,8 +55,8 @@ std::string FRMCHLN::tutorial() const { return links().challanVideo; }
 // Header
 
 void FRMCHLN::startNew() {
-  put(0, lastVoucher(data(), book_).number + 1);
-  put(2, book_.code);
+  put(0, lastVoucher(data(), kind_).number + 1);
+  put(2, kind_.code);
   putDate(0, host.today());
   focus(at("MaskEdBox1", 0));
 }
@@ -87,7 +87,7 @@ void FRMCHLN::showParty(const AccountFacts& p) {
 
 Go FRMCHLN::challanType() {
   if (trimmed(23).empty()) return helpHere();
-  if (mode == "ADD") put(24, nextChallanNumber(data(), book_, trimmed(23)));
+  if (mode == "ADD") put(24, nextChallanNumber(data(), kind_, trimmed(23)));
   return Go::On;
 }
 
@@ -97,7 +97,7 @@ Go FRMCHLN::challanNumber() {
     return Go::Stay;
   }
   const auto changing = mode == "EDIT" ? std::optional(value(0)) : std::nullopt;
-  if (!isDuplicateChallan(data(), book_, trimmed(23), trimmed(24), changing)) return Go::On;
+  if (!isDuplicateChallan(data(), kind_, trimmed(23), trimmed(24), changing)) return Go::On;
   host.message("Duplicate Challan Number Not Allowed");
   return Go::Stay;
 }
@@ -116,7 +116,7 @@ void FRMCHLN::save() {
     return;
   }
   store([this](const SaveStamp& stamp, Saving how) {
-    return saveChallan(data(), book_, header(), stamp, how);
+    return saveChallan(data(), kind_, header(), stamp, how);
   });
 }
 
@@ -142,7 +142,7 @@ ChallanHeader FRMCHLN::header() const {
 std::string FRMCHLN::closingWords() const {
   return savedText({
       .indent = 50,
-      .head = book_.savedHead,
+      .head = kind_.words.savedHead,
       .facts = {{"Entry No   : ", textOf(0)},
                 {"Party Name : ", at("Text2").text},
                 {"AMOUNT     : ", textOf(28)}},
@@ -152,14 +152,14 @@ std::string FRMCHLN::closingWords() const {
 
 // A number that no challan has changes nothing.
 bool FRMCHLN::load(double number) {
-  const auto challan = findChallan(data(), book_, number);
+  const auto challan = findChallan(data(), kind_, number);
   if (!challan) {
     ShowHint(host, "No Challan Has This Number :: F1 = By Chln No");
     return false;
   }
   clearAll();
   lineGrid().visible = true;
-  loadChallanLines(data(), book_, number);
+  loadChallanLines(data(), kind_, number);
   lines_->requery();
   showHeader(*challan);
   if (const auto account = readAccount(data(), trimmed(4))) showParty(*account);

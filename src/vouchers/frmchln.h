@@ -10,12 +10,12 @@
 // Goods sent out to a party under a delivery challan.
 class FRMCHLN : public VoucherScreen {
  public:
-  explicit FRMCHLN(Host& host, const Book& book = challanBook());
+  explicit FRMCHLN(Host& host, const VoucherKind& kind = challanKind());
 
  protected:
   void startNew() override;
   bool load(double number) override;
-  void remove(double number) override { deleteChallan(data(), book_, number); }
+  void remove(double number) override { deleteChallan(data(), kind_, number); }
   void clearHead() override;
   void clearLine() override;
   void showLine(const Row& line) override;
@@ -28,7 +28,7 @@ class FRMCHLN : public VoucherScreen {
 
  private:
   static const ScreenSpec& table();
-  static std::vector<KeyLookup> lookups(const Book& book);
+  static std::vector<KeyLookup> lookups(const VoucherKind& kind);
 
   // Enter, by field.
   Go voucherNumber();

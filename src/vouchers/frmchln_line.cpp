@@ -33,7 +33,7 @@ Go FRMCHLN::item() {
 
 Go FRMCHLN::unit() {
   if (trimmed(7).empty()) return helpHere();
-  const auto rates = readUnit(data(), book_, trimmed(5), trimmed(7));
+  const auto rates = readUnit(data(), kind_, trimmed(5), trimmed(7));
   if (!rates) {
     host.message("Unit Not Found");
     return Go::Stay;
@@ -69,7 +69,7 @@ Fields FRMCHLN::lineFields() {
       {"SR_NO",      lines_->serial()},
       {"VOUCH_NO",   value(0)},
       {"VOUCH_DT",   date(0)},
-      {"BOOK_CD",    book_.code},
+      {"BOOK_CD",    kind_.code},
       {"DEPT_CD",    "E001"},
       {"ITEM_CD",    trimmed(5)},
       {"ITEM_NAME",  textOf(6)},
@@ -116,6 +116,6 @@ void FRMCHLN::sumLines() {
 
 void FRMCHLN::rateHints() {
   if (backFromRates()) return;
-  showRates(challanRates(data(), book_, {trimmed(4), trimmed(5), trimmed(7)}));
+  showRates(challanRates(data(), kind_, {trimmed(4), trimmed(5), trimmed(7)}));
   if (at("DataGrid2").visible) ShowHint(host, hintFor(here()) + " :: Down = Earlier Challans");
 }

@@ -23,7 +23,7 @@ const std::vector<int> kChallanWidths = {500, 3000, 1500, 1500, 1500, 800, 800, 
 
 }  // namespace
 
-std::vector<FRMCHLN::KeyLookup> FRMCHLN::lookups(const ::Book& book) {
+std::vector<FRMCHLN::KeyLookup> FRMCHLN::lookups(const VoucherKind& kind) {
   using enum KeyLookup::From;
   using enum KeyCode;
   // clang-format off
@@ -31,7 +31,7 @@ std::vector<FRMCHLN::KeyLookup> FRMCHLN::lookups(const ::Book& book) {
       {"Text1(0)",  Enter, {"THREEFLD", kChallans, "CHLN.VOUCH_NO", "ACC_NAME", kOfChallan, kChallanWidths}, {Book}},
       {"Text1(0)",  F1,    {"THREEFLD", kChallans, "CHLN.VOUCH_NO", "CHLN.chln_no", kByNumber}, {Book}},
       {"Text1(0)",  F2,    {"THREEFLD", kChallans, "CHLN.VOUCH_NO", "CHLN.ORDER_NO AS REF_NO", kByReference}, {Book}},
-      {"Text1(4)",  Enter, {"THREEFLD", book.parties, "ACC_CD", "ACC_NAME", "area, city", {1500, 3000, 2000, 2000}}},
+      {"Text1(4)",  Enter, {"THREEFLD", kind.party.offered, "ACC_CD", "ACC_NAME", "area, city", {1500, 3000, 2000, 2000}}},
       {"Text1(23)", Enter, {"ONEFLD",   "CHLN", "CHLN_TYP", "", ""}},
       {"Text1(5)",  Enter, {"SL_ITMCD", kItems, "ITEM_CD", "ITEM_NAME", "dept_name", {1000, 6000, 3000}}},
       {"Text1(10)", F1,    {"ONEFLD",   "CHLNITM", "DESC1", "", ""}},

@@ -15,17 +15,17 @@ constexpr const char* kNobody = ".";  // what accounts without a person keep
 constexpr int kTerms[] = {7, 29, 33, 18, 26, 28, 6, 1};
 constexpr int kHeadFields[] = {0, 4, 35, 2, 3, 11, 21, 45, 42, 43, 44, 27};
 
-std::vector<WorkLines::Shown> shownColumns(const Book& book) {
-  return {{book.serial}, {"ITEM_CD"}, {"ITEM_NAME"}, {"ITEM_DESC"}, {"SIZE_CD"},
-          {"QUANTITY"},  {"RATE"},    {"DISC"},      {"CGSTRT"},    {"CGSTAMT"},
-          {"SGSTRT"},    {"SGSTAMT"}, {"IGSTRT"},    {"IGSTAMT"},   {"AMOUNT"}};
+std::vector<WorkLines::Shown> shownColumns(const VoucherKind& kind) {
+  return {{kind.tables.serial}, {"ITEM_CD"}, {"ITEM_NAME"}, {"ITEM_DESC"}, {"SIZE_CD"},
+          {"QUANTITY"},         {"RATE"},    {"DISC"},      {"CGSTRT"},    {"CGSTAMT"},
+          {"SGSTRT"},           {"SGSTAMT"}, {"IGSTRT"},    {"IGSTAMT"},   {"AMOUNT"}};
 }
 
 }  // namespace
 
 FRMQUOT::FRMQUOT(Host& theHost)
-    : VoucherScreen(theHost, table(), quotationBook(session().mentrytype),
-                    shownColumns(quotationBook(session().mentrytype))) {
+    : VoucherScreen(theHost, table(), quotationKind(session().mentrytype),
+                    shownColumns(quotationKind(session().mentrytype))) {
   wire(*this, {
                   {"Text1(0)",      KeyCode::Enter,  &FRMQUOT::voucherNumber  },
                   {"MaskEdBox1(0)", KeyCode::Enter,  &FRMQUOT::voucherDate    },
@@ -55,12 +55,12 @@ FRMQUOT::FRMQUOT(Host& theHost)
   });
   // Not every company-year keeps narrations.
   const bool narrations = CheckTable("NARRATN");
-  wireLookups(lookups(book_, narrations));
+  wireLookups(lookups(kind_, narrations));
   if (narrations)
     for (const int n : kTerms) text1(n).hint = "F1 = Narrations";
 }
 
-std::string FRMQUOT::tutorial() const { return links().*book_.video; }
+std::string FRMQUOT::tutorial() const { return links().*kind_.video; }
 
 void FRMQUOT::opened(const Entry& entry) {
   passOver(host, [] { repairQuotations(data()); });
@@ -91,7 +91,7 @@ std::string FRMQUOT::hintFor(const Control& control) const {
 // Header
 
 void FRMQUOT::startNew() {
-  put(0, lastVoucher(data(), book_).number + 1);
+  put(0, lastVoucher(data(), kind_).number + 1);
   putDate(0, host.today());
   focus(at("MaskEdBox1", 0));
 }
@@ -114,7 +114,7 @@ Go FRMQUOT::party() {
   party_ = trimmed(4);
   const bool named = !account->person.empty() && account->person != kNobody;
   if (named && (another || trimmed(2).empty())) put(2, account->person);
-  if (mode == "ADD" && (another || trimmed(35).empty())) put(35, nextReference(data(), book_));
+  if (mode == "ADD" && (another || trimmed(35).empty())) put(35, nextReference(data(), kind_));
   return Go::On;
 }
 
@@ -141,7 +141,7 @@ void FRMQUOT::clearHead() {
 
 void FRMQUOT::save() {
   store([this](const SaveStamp& stamp, Saving how) {
-    return saveQuotation(data(), book_, header(), stamp, how);
+    return saveQuotation(data(), kind_, header(), stamp, how);
   });
 }
 
@@ -166,7 +166,7 @@ QuotationHeader FRMQUOT::header() const {
 
 std::string FRMQUOT::closingWords() const {
   return savedText({
-      .head = book_.savedHead,
+      .head = kind_.words.savedHead,
       .facts = {{"Entry No   : ", textOf(0)},
                 {"Party Name : ", at("Text2").text},
                 {"AMOUNT     : ", textOf(27)}},
@@ -175,12 +175,12 @@ std::string FRMQUOT::closingWords() const {
 }
 
 bool FRMQUOT::load(double number) {
-  if (!hasQuotations(data(), book_)) {
+  if (!hasQuotations(data(), kind_)) {
     host.message("No Record To Display");
     cancel();
     return false;
   }
-  const auto offer = findQuotation(data(), book_, number);
+  const auto offer = findQuotation(data(), kind_, number);
   if (!offer) {
     host.message("ENTRY NOT FOUND");
     return false;
@@ -188,7 +188,7 @@ bool FRMQUOT::load(double number) {
   // Of what stood here before nothing may stay: neither a name nor the party's state.
   clearAll();
   lineGrid().visible = true;
-  loadQuotationLines(data(), book_, number);
+  loadQuotationLines(data(), kind_, number);
   lines_->requery();
   showHeader(*offer);
   if (!trimmed(4).empty()) acceptParty();

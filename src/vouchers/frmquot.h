@@ -17,7 +17,7 @@ class FRMQUOT : public VoucherScreen {
  protected:
   void startNew() override;
   bool load(double number) override;
-  void remove(double number) override { deleteQuotation(data(), book_, number); }
+  void remove(double number) override { deleteQuotation(data(), kind_, number); }
   void clearHead() override;
   void clearLine() override;
   void showLine(const Row& line) override;
@@ -31,7 +31,7 @@ class FRMQUOT : public VoucherScreen {
 
  private:
   static const ScreenSpec& table();
-  static std::vector<KeyLookup> lookups(const Book& book, bool narrations);
+  static std::vector<KeyLookup> lookups(const VoucherKind& kind, bool narrations);
 
   // Enter, by field.
   Go voucherNumber();

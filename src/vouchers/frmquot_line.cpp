@@ -66,7 +66,7 @@ Go FRMQUOT::itemName() {
 
 Go FRMQUOT::unit() {
   if (trimmed(10).empty()) return helpHere();
-  const auto rates = readUnit(data(), book_, trimmed(12), trimmed(10));
+  const auto rates = readUnit(data(), kind_, trimmed(12), trimmed(10));
   if (rates && rates->rate > 0) fillRate(rates->rate);
   if (rates && rates->discount > 0 && value(16) == 0) put(16, rates->discount);
   focus(text1(8));
@@ -143,7 +143,7 @@ Fields FRMQUOT::lineFields() {
       {"DTL2",       0},
       {"TCSRT",      0},
       {"TCSAMT",     0},
-      {"ENTRY_TYP",  book_.code},
+      {"ENTRY_TYP",  kind_.code},
       {"MOBNOCO",    s.mmobile},
       {"DATANM",     s.mdataname},
       {"DATASENT",   "N"},
@@ -204,5 +204,5 @@ void FRMQUOT::sumLines() {
 
 // What the party has been billed for the item; an offer itself leaves no such trace.
 void FRMQUOT::earlierSalesKey() {
-  showRates(earlierSales(data(), saleBook(), {trimmed(4), trimmed(12), trimmed(10)}));
+  showRates(earlierSales(data(), saleKind(), {trimmed(4), trimmed(12), trimmed(10)}));
 }

@@ -21,7 +21,7 @@ constexpr const char* kTermFields[] = {"Text1(1)",  "Text1(7)",  "Text1(29)", "T
 
 }  // namespace
 
-std::vector<FRMQUOT::KeyLookup> FRMQUOT::lookups(const ::Book& book, bool narrations) {
+std::vector<FRMQUOT::KeyLookup> FRMQUOT::lookups(const VoucherKind& kind, bool narrations) {
   using enum KeyLookup::From;
   using enum KeyCode;
   // clang-format off
@@ -30,7 +30,7 @@ std::vector<FRMQUOT::KeyLookup> FRMQUOT::lookups(const ::Book& book, bool narrat
       {"Text1(0)",  F1,    {"THREEFLD", kOffers,      "vouch_no",  "area",     kOfPlace}, {Book}},
       {"Text1(0)",  F2,    {"THREEFLD", kOffers,      "vouch_no",  "city",     kOfPlace}, {Book}},
       {"Text1(0)",  F4,    {"THREEFLD", kOffers,      "vouch_no",  "trim(str(NET_AMT)) as netamt", kOfAmount}, {Book}},
-      {"Text1(4)",  Enter, {"THREEFLD", book.parties, "ACC_CD",    "ACC_NAME", kOfParty}},
+      {"Text1(4)",  Enter, {"THREEFLD", kind.party.offered, "ACC_CD",    "ACC_NAME", kOfParty}},
       {"Text1(4)",  F1,    {"THREEFLD", kAccounts,    "acc_cd",    "ACC_NAME", "phone1, AREA, EMAIL"}},
       {"Text1(2)",  F1,    {"ONEFLD",   "QUOT",       "TO_NAME",   "", ""}},
       {"Text1(3)",  F1,    {"ONEFLD",   "QUOT",       "SUB_DESC",  "", ""}},

@@ -18,8 +18,8 @@ constexpr int kHeadFields[] = {0,  4,  32, 47, 43, 62, 16, 29, 55, 42, 27,
                                41, 40, 45, 18, 1,  3,  20, 26, 38, 28, 2};
 
 // clang-format off
-std::vector<WorkLines::Shown> shownColumns(const Book& book) {
-  return {{book.serial}, {"ITEM_CD"}, {"ITEM_NAME"}, {"ITEM_DESC"}, {"SIZE_CD"},
+std::vector<WorkLines::Shown> shownColumns(const VoucherKind& kind) {
+  return {{kind.tables.serial}, {"ITEM_CD"}, {"ITEM_NAME"}, {"ITEM_DESC"}, {"SIZE_CD"},
           {"QUANTITY", "0.000"}, {"RATE"}, {"SALE_DISC"},
           {"CGSTRT"}, {"CGSTAMT"}, {"SGSTRT"}, {"SGSTAMT"}, {"IGSTRT"}, {"IGSTAMT"},
           {"NET_AMOUNT"}};
@@ -28,8 +28,8 @@ std::vector<WorkLines::Shown> shownColumns(const Book& book) {
 
 }  // namespace
 
-GSTSAPU::GSTSAPU(Host& theHost, const Book& book)
-    : VoucherScreen(theHost, table(book), book, shownColumns(book)) {
+GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind)
+    : VoucherScreen(theHost, table(kind), kind, shownColumns(kind)) {
   wire(*this, {
                   {"Text1(0)",      KeyCode::Enter,  &GSTSAPU::voucherNumber   },
                   {"MaskEdBox1(0)", KeyCode::Enter,  &GSTSAPU::voucherDate     },
@@ -74,16 +74,16 @@ GSTSAPU::GSTSAPU(Host& theHost, const Book& book)
                   {"",              KeyCode::F6,     &GSTSAPU::partyRatesKey   },
                   {"",              KeyCode::F7,     &GSTSAPU::purchaseRatesKey},
   });
-  wireLookups(lookups(book));
+  wireLookups(lookups(kind));
 }
 
 // Header fields
 
 void GSTSAPU::startNew() {
-  const double next = lastVoucher(data(), book_).number + 1;
+  const double next = lastVoucher(data(), kind_).number + 1;
   put(0, next);
-  if (book_.numbered) put(62, next);
-  put(2, book_.code);
+  if (kind_.numbering.runsOn) put(62, next);
+  put(2, kind_.code);
   putDate(0, host.today());
   putDate(1, host.today());
   for (const int n : {13, 15, 31}) text1(n).locked = true;
@@ -115,7 +115,7 @@ bool GSTSAPU::acceptParty() {
   takeState(*account);
   at("Label1", 54).text = partyLines(*account);
   if (mode != "ADD") return true;
-  if (book_.dispatched) put(41, cut(account->area, text1(41).limit));
+  if (kind_.dispatched) put(41, cut(account->area, text1(41).limit));
   put(47, "TAX");
   if (account->creditDays) put(27, *account->creditDays);
   if (const auto id = findTransporter(data(), trimmed(42))) put(55, *id);
@@ -138,7 +138,7 @@ bool GSTSAPU::acceptShipTo() {
 
 Go GSTSAPU::billType() {
   if (trimmed(47).empty()) return helpHere();
-  if (mode == "ADD" && book_.numbered) put(43, nextBillNumber(data(), book_, trimmed(47)));
+  if (mode == "ADD" && kind_.numbering.runsOn) put(43, nextBillNumber(data(), kind_, trimmed(47)));
   return Go::On;
 }
 
@@ -147,7 +147,7 @@ Go GSTSAPU::billNumber() {
     host.message("Blank Bill Number Not Allowed");
     return Go::Stay;
   }
-  if (!isDuplicateBill(data(), book_, {trimmed(4), trimmed(47), trimmed(43), value(0)})) return Go::On;
+  if (!isDuplicateBill(data(), kind_, {trimmed(4), trimmed(47), trimmed(43), value(0)})) return Go::On;
   host.message("Duplicate Bill No Not Allowed");
   return Go::Stay;
 }
@@ -186,11 +186,11 @@ void GSTSAPU::save() {
     host.message("Invalid Entry", kCheck);
     return;
   }
-  store([this](const SaveStamp& stamp, Saving how) { return saveBill(data(), book_, header(), stamp, how); });
+  store([this](const SaveStamp& stamp, Saving how) { return saveBill(data(), kind_, header(), stamp, how); });
 }
 
 std::optional<Date> GSTSAPU::partyDate() const {
-  if (book_.billDate.empty()) return std::nullopt;
+  if (kind_.words.billDate.empty()) return std::nullopt;
   return date(2) ? date(2) : date(0);
 }
 
@@ -223,22 +223,22 @@ BillHeader GSTSAPU::header() const {
 
 std::string GSTSAPU::closingWords() const {
   return savedText({
-      .head = book_.savedHead,
+      .head = kind_.words.savedHead,
       .facts = {{"Entry No : ", textOf(0)},
                 {"Party Name : ", at("Text2").text},
                 {"Invoice AMOUNT : ", textOf(28)}},
-      .eWayReminder = book_.dispatched && value(28) > kEWayLimit,
-      .hints = book_.savedHints,
+      .eWayReminder = kind_.dispatched && value(28) > kEWayLimit,
+      .hints = kind_.words.savedHints,
   });
 }
 
 bool GSTSAPU::load(double number) {
-  if (!hasBills(data(), book_)) {
+  if (!hasBills(data(), kind_)) {
     host.message("No Record To Display");
     cancel();
     return false;
   }
-  const auto bill = findBill(data(), book_, number);
+  const auto bill = findBill(data(), kind_, number);
   if (!bill) {
     host.message("ENTRY NOT FOUND");
     return false;
@@ -246,7 +246,7 @@ bool GSTSAPU::load(double number) {
   // Of what stood here before nothing may stay: neither a name nor the party's state.
   clearAll();
   lineGrid().visible = true;
-  loadLines(data(), book_, number);
+  loadLines(data(), kind_, number);
   lines_->requery();
   showHeader(*bill);
   acceptParty();

@@ -11,12 +11,12 @@
 // The bill of one book: a sale, or a purchase as mentrytype asks for it.
 class GSTSAPU : public VoucherScreen {
  public:
-  explicit GSTSAPU(Host& host, const Book& book = billBook(session().mentrytype));
+  explicit GSTSAPU(Host& host, const VoucherKind& kind = billKind(session().mentrytype));
 
  protected:
   void startNew() override;
   bool load(double number) override;
-  void remove(double number) override { deleteBill(data(), book_, number); }
+  void remove(double number) override { deleteBill(data(), kind_, number); }
   void clearHead() override;
   void clearLine() override;
   void showLine(const Row& line) override;
@@ -24,12 +24,12 @@ class GSTSAPU : public VoucherScreen {
   void sumLines() override;
   Control& itemField() override { return text1(5); }
   Control& afterLines() override { return text1(29); }
-  std::string tutorial() const override { return links().*book_.video; }
+  std::string tutorial() const override { return links().*kind_.video; }
   std::string closingWords() const override;
 
  private:
-  static const ScreenSpec& table(const Book& book);
-  static std::vector<KeyLookup> lookups(const Book& book);
+  static const ScreenSpec& table(const VoucherKind& kind);
+  static std::vector<KeyLookup> lookups(const VoucherKind& kind);
 
   // Enter, by field.
   Go voucherNumber();

@@ -48,7 +48,7 @@ void GSTSAPU::fillRates(const std::optional<double>& rateOfTax) {
 // Rate and discount of the unit, where none has been typed; false when the item lacks the unit.
 bool GSTSAPU::fillFromUnit() {
   if (isMisc()) return true;
-  const auto rates = readUnit(data(), book_, trimmed(5), trimmed(7));
+  const auto rates = readUnit(data(), kind_, trimmed(5), trimmed(7));
   if (!rates) return false;
   if (rates->rate > 0 && value(9) == 0) put(9, rates->rate);
   if (rates->discount > 0 && value(11) == 0) put(11, rates->discount);
@@ -148,7 +148,7 @@ Fields GSTSAPU::lineFields() {
       {"VOUCH_NO",   value(0)},
       {"VOUCH_DT",   date(0)},
       {"VOUCH_TIME", Clock{now.hour, now.minute}},
-      {"BOOK_CD",    book_.code},
+      {"BOOK_CD",    kind_.code},
       {"SR_NO",      lines_->serial()},
       {"ITEM_CD",    trimmed(5)},
       {"ITEM_NAME",  trimmed(6)},
@@ -225,11 +225,11 @@ void GSTSAPU::sumLines() {
 // The rate grid
 
 void GSTSAPU::rateHints() {
-  if (!backFromRates()) showRates(latestSales(data(), book_, rateQuery()));
+  if (!backFromRates()) showRates(latestSales(data(), kind_, rateQuery()));
 }
 
-void GSTSAPU::earlierSalesKey() { showRates(earlierSales(data(), book_, rateQuery())); }
+void GSTSAPU::earlierSalesKey() { showRates(earlierSales(data(), kind_, rateQuery())); }
 
-void GSTSAPU::partyRatesKey() { showRates(partyRates(data(), book_, rateQuery())); }
+void GSTSAPU::partyRatesKey() { showRates(partyRates(data(), kind_, rateQuery())); }
 
 void GSTSAPU::purchaseRatesKey() { showRates(purchaseRates(data(), rateQuery())); }

@@ -39,7 +39,7 @@ const std::vector<int> kItemWidths = {1000, 3400, 1500, 750, 750, 750, 750, 750,
 
 }  // namespace
 
-std::vector<GSTSAPU::KeyLookup> GSTSAPU::lookups(const ::Book& book) {
+std::vector<GSTSAPU::KeyLookup> GSTSAPU::lookups(const VoucherKind& kind) {
   using enum KeyLookup::From;
   using enum KeyCode;
   // clang-format off
@@ -54,12 +54,12 @@ std::vector<GSTSAPU::KeyLookup> GSTSAPU::lookups(const ::Book& book) {
       {"Text1(0)",  F9,    {"THREEFLD",  kBills, "SALE.VOUCH_NO", "CNAME", "SALE.BILL_NO, format(SALE.vouch_dt,'dd/MM/yy') AS VDT, SALE.NET_AMT, CMOBNO"}, {Book}},
       {"Text1(0)",  F10,   {"THREEFLD",  kBills, "SALE.VOUCH_NO", "CMOBNO", "SALE.BILL_NO, format(SALE.vouch_dt,'dd/MM/yy') AS VDT, SALE.NET_AMT, CNAME"}, {Book}},
       {"Text1(0)",  F11,   {"THREEFLD",  kBillLines, "SALE.VOUCH_NO", "SALEITM.ITEM_DESC", "ITEM.ITEM_NAME, format(SALE.vouch_dt,'dd/MM/yy') AS VDT, SALE.NET_AMT, GR_NO, DESTI "}, {Book}},
-      {"Text1(4)",  Enter, {"THREEFLD",  book.parties, "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
+      {"Text1(4)",  Enter, {"THREEFLD",  kind.party.offered, "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
       {"Text1(4)",  F1,    {"THREEFLD",  "ACCOUNT ORDER BY ACC_NAME", "ACC_CD", "AREA", "acc_name, CITY"}},
       {"Text1(4)",  F2,    {"THREEFLD",  "ACCOUNT ORDER BY ACC_NAME", "ACC_CD", "city", "acc_name, area"}},
       {"Text1(4)",  F4,    {"THREEFLD",  "ACCOUNT where group_cd > 74 order by acc_name", "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
       {"Text1(4)",  F8,    {"THREEFLD",  "ACCOUNT ORDER BY ACC_NAME", "ACC_CD", "GSTINNO", kOfGstin}},
-      {"Text1(32)", Enter, {"THREEFLD",  book.parties, "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
+      {"Text1(32)", Enter, {"THREEFLD",  kind.party.offered, "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
       {"Text1(32)", F8,    {"THREEFLD",  "ACCOUNT ORDER BY ACC_NAME", "ACC_CD", "GSTINNO", kOfGstin}},
       {"Text1(47)", Enter, {"ONEFLD",    "SALE", "bl_type", "", ""}},
       {"Text1(5)",  Enter, {"SL_ITMCD",  kItems, "ITEM.ITEM_CD", "ITEM_NAME", "DEPT_NAME, size_cd, CL_STK, SALE_RATE1, SALE_RATE2, item.hsncode, item.rateoftax, SALE_DISC, pur_rate ", kItemWidths}},

@@ -7,8 +7,8 @@
 
 namespace {
 
-ScreenSpec tableOf(const Book& book) {
-  const bool ours = book.billDate.empty();
+ScreenSpec tableOf(const VoucherKind& kind) {
+  const bool ours = kind.words.billDate.empty();
   // clang-format off
   static const std::vector<GridColumn> lineColumns = {
       {.title = "Sr",               .width = px(40),  .align = Align::Right},
@@ -66,7 +66,7 @@ ScreenSpec tableOf(const Book& book) {
           {.name = "Text1",      .index = 47, .label = "B.Type",    .at = {.group = "B", .row = 0, .col = 1, .width = 92},  .tab = 12, .limit = 10,  .keys = Letters},
           {.name = "Text1",      .index = 43, .label = "B.No",      .at = {.group = "B", .row = 0, .col = 3},               .tab = 13, .limit = 20,  .keys = Letters},
           // The party's own date follows its number, of which it shares the place in the walk.
-          {.name = "MaskEdBox1", .index = 2,  .kind = Kind::Date, .label = book.billDate, .at = {.group = "B", .row = 1, .col = 3, .width = 112}, .tab = 13, .visible = !ours, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},
+          {.name = "MaskEdBox1", .index = 2,  .kind = Kind::Date, .label = kind.words.billDate, .at = {.group = "B", .row = 1, .col = 3, .width = 112}, .tab = 13, .visible = !ours, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},
           {.name = "Text1",      .index = 62, .label = "Chln No",   .at = {.group = "B", .row = 1, .col = 1, .span = ours ? 3 : 1}, .tab = 14, .limit = 50,  .keys = Number},
           {.name = "Text1",      .index = 16, .label = "Ordr No",   .at = {.group = "B", .row = 2, .col = 1, .span = 3},    .tab = 15, .limit = 50,  .keys = Letters},
           {.name = "Label1",     .index = 54, .kind = Kind::Label,  .at = {.group = "C", .rows = 3}},
@@ -77,7 +77,7 @@ ScreenSpec tableOf(const Book& book) {
           {.name = "Text1",      .index = 46, .label = "Ex Detail",        .at = {.group = "entry", .col = 3},  .tab = 18, .limit = 250, .keys = Letters, .hint = "F1 = Used Before :: F2 = Of This Item"},
           {.name = "Text1",      .index = 7,  .label = "Unit",             .at = {.group = "entry", .col = 4},  .tab = 19, .limit = 20,  .keys = Letters},
           {.name = "Text1",      .index = 8,  .label = "Qty",              .at = {.group = "entry", .col = 5},  .tab = 20, .limit = 15,  .keys = Number,  .align = Right},
-          {.name = "Text1",      .index = 9,  .label = "Rate",             .at = {.group = "entry", .col = 6},  .tab = 21, .limit = 15,  .keys = Number,  .align = Right, .hint = book.rateHint},
+          {.name = "Text1",      .index = 9,  .label = "Rate",             .at = {.group = "entry", .col = 6},  .tab = 21, .limit = 15,  .keys = Number,  .align = Right, .hint = kind.words.rateHint},
           {.name = "Text1",      .index = 11, .label = "D%",               .at = {.group = "entry", .col = 7},  .tab = 22, .limit = 15,  .keys = Number,  .align = Right},
           {.name = "Text1",      .index = 12, .label = "Cgst",             .at = {.group = "entry", .col = 8},  .tab = 23, .limit = 15,  .keys = Number,  .align = Right},
           {.name = "Text1",      .index = 13,                              .at = {.group = "entry", .col = 9},  .tab = 24, .limit = 15,  .keys = Letters, .align = Right},
@@ -126,8 +126,8 @@ ScreenSpec tableOf(const Book& book) {
 
 }  // namespace
 
-const ScreenSpec& GSTSAPU::table(const Book& book) {
+const ScreenSpec& GSTSAPU::table(const VoucherKind& kind) {
   static std::map<std::string, ScreenSpec> made;
-  const auto found = made.find(book.code);
-  return found != made.end() ? found->second : made.emplace(book.code, tableOf(book)).first->second;
+  const auto found = made.find(kind.code);
+  return found != made.end() ? found->second : made.emplace(kind.code, tableOf(kind)).first->second;
 }

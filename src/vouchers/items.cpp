@@ -23,9 +23,9 @@ std::optional<SaleItem> readSaleItem(Database& db, const std::string& item) {
   return found;
 }
 
-std::optional<UnitRates> readUnit(Database& db, const Book& book, const std::string& item,
+std::optional<UnitRates> readUnit(Database& db, const VoucherKind& kind, const std::string& item,
                                   const std::string& unit) {
-  const auto row = db.first("SELECT " + book.rate + ", " + book.discount +
+  const auto row = db.first("SELECT " + kind.party.rate + ", " + kind.party.discount +
                                 " FROM ITEMDTL WHERE SIZE_CD = ? AND ITEM_CD = ? ORDER BY rowid DESC LIMIT 1",
                             unit, item);
   if (!row) return std::nullopt;

@@ -3,8 +3,8 @@
 #include <optional>
 #include <string>
 
+#include "frame/voucher_kinds.h"
 #include "store/database.h"
-#include "vouchers/book.h"
 
 // Items, their units and the transporters, as a line or the foot of a voucher asks for them.
 
@@ -23,7 +23,7 @@ struct UnitRates {
   double rate = 0, discount = 0;
 };
 // Nothing when the item is not kept in that unit.
-std::optional<UnitRates> readUnit(Database& db, const Book& book, const std::string& item,
+std::optional<UnitRates> readUnit(Database& db, const VoucherKind& kind, const std::string& item,
                                   const std::string& unit);
 
 // By name, of which the master keeps less than a bill does.

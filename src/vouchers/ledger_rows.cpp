@@ -20,21 +20,21 @@ void postVoucher(Database& db, const LedgerVoucher& voucher, const std::vector<L
         row.billNumber, cut(row.narration, kNarrationLength), row.creditDays);
 }
 
-std::vector<LedgerRow> billRows(const BillPosting& b, const Book& book) {
-  const std::string &ours = book.partySide, theirs = book.otherSide();
+std::vector<LedgerRow> billRows(const BillPosting& b, const VoucherKind& kind) {
+  const std::string &ours = kind.ledger.partySide, theirs = kind.ledger.otherSide();
   const std::string withLr = b.narration + " " + b.lrNumber;
   const std::optional<std::string> none;
   std::vector<LedgerRow> rows = {
-      {ours,   b.party,    book.goods, b.amount, b.billNumber, withLr,      b.creditDays},
-      {theirs, book.goods, b.party,    b.items,  b.billNumber, withLr,      {}          },
-      {theirs, book.cgst,  b.party,    b.cgst,   none,         b.narration, {}          },
-      {theirs, book.sgst,  b.party,    b.sgst,   none,         b.narration, {}          },
-      {theirs, book.igst,  b.party,    b.igst,   none,         b.narration, {}          },
+      {ours,   b.party,           kind.ledger.goods, b.amount, b.billNumber, withLr,      b.creditDays},
+      {theirs, kind.ledger.goods, b.party,           b.items,  b.billNumber, withLr,      {}          },
+      {theirs, kind.ledger.cgst,  b.party,           b.cgst,   none,         b.narration, {}          },
+      {theirs, kind.ledger.sgst,  b.party,           b.sgst,   none,         b.narration, {}          },
+      {theirs, kind.ledger.igst,  b.party,           b.igst,   none,         b.narration, {}          },
   };
   // A bill that was rounded down is worth more than it asks for.
   if (b.roundOff != 0)
     rows.push_back({b.roundOff < 0 ? ours : theirs,
-                    book.rounds,
+                    kind.ledger.rounds,
                     b.party,
                     std::fabs(b.roundOff),
                     b.billNumber,

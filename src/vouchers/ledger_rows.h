@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "base/date.h"
+#include "frame/voucher_kinds.h"
 #include "store/database.h"
-#include "vouchers/book.h"
 
 // The books of account. One row of ALEDGER stands for each side of each posting: the account
 // in whose ledger it stands, the account against it, and an amount that has no sign of its own
@@ -41,4 +41,4 @@ struct BillPosting {
 };
 
 // Party against goods, goods, the three taxes also when nil, and the round-off unless it is nil.
-std::vector<LedgerRow> billRows(const BillPosting& bill, const Book& book = saleBook());
+std::vector<LedgerRow> billRows(const BillPosting& bill, const VoucherKind& kind = saleKind());

@@ -20,18 +20,19 @@ std::string padded(double number) {
 
 }  // namespace
 
-LastVoucher lastVoucher(Database& db, const Book& book) {
-  const auto last = db.first("SELECT VOUCH_NO, VOUCH_DT FROM " + book.heads + " WHERE " + book.keyColumn +
-                                 " = ? ORDER BY VOUCH_NO DESC LIMIT 1",
-                             book.code);
+LastVoucher lastVoucher(Database& db, const VoucherKind& kind) {
+  const auto last = db.first("SELECT VOUCH_NO, VOUCH_DT FROM " + kind.tables.heads + " WHERE " +
+                                 kind.tables.key + " = ? ORDER BY VOUCH_NO DESC LIMIT 1",
+                             kind.code);
   if (!last) return {};
   return {last->number("VOUCH_NO"), last->date("VOUCH_DT")};
 }
 
-bool isStored(Database& db, const Book& book, double voucher) {
+bool isStored(Database& db, const VoucherKind& kind, double voucher) {
   return db
-      .first("SELECT VOUCH_NO FROM " + book.heads + " WHERE VOUCH_NO = ? AND " + book.keyColumn + " = ?",
-             voucher, book.code)
+      .first(
+          "SELECT VOUCH_NO FROM " + kind.tables.heads + " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?",
+          voucher, kind.code)
       .has_value();
 }
 
@@ -40,19 +41,19 @@ std::string billNumberAfter(const std::string& stored) {
   return padded((number >= 10000 ? number : Val(left(numText(number), 4))) + 1);
 }
 
-std::string nextBillNumber(Database& db, const Book& book, const std::string& billType) {
+std::string nextBillNumber(Database& db, const VoucherKind& kind, const std::string& billType) {
   const auto last =
       db.first("SELECT BILL_NO FROM SALE WHERE BOOK_CD = ? AND BL_TYPE = ? ORDER BY VOUCH_NO DESC LIMIT 1",
-               book.code, billType);
+               kind.code, billType);
   return last ? billNumberAfter(last->text(0)) : padded(1);
 }
 
-bool isDuplicateBill(Database& db, const Book& book, const BillReference& bill) {
+bool isDuplicateBill(Database& db, const VoucherKind& kind, const BillReference& bill) {
   // The plus signs keep the reader from walking a whole series or party: few bills share a number.
   return db
       .first(
           "SELECT VOUCH_NO FROM SALE WHERE BILL_NO = ? AND BL_TYPE = ? AND +BOOK_CD = ? AND VOUCH_NO <> ?"
           " AND (? OR +PARTY_CD = ?) LIMIT 1",
-          bill.number, bill.type, book.code, bill.voucher, book.numbered, bill.party)
+          bill.number, bill.type, kind.code, bill.voucher, kind.numbering.runsOn, bill.party)
       .has_value();
 }

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "base/date.h"
+#include "frame/voucher_kinds.h"
 #include "store/database.h"
-#include "vouchers/book.h"
 
 // Numbers of vouchers and bills. There are no counters: a number follows the voucher with the
 // highest number that is stored, so the number of a deleted last voucher is used again.
@@ -14,12 +14,12 @@ struct LastVoucher {
   double number = 0;
   std::optional<Date> date;  // none in an empty book
 };
-LastVoucher lastVoucher(Database& db, const Book& book);
-bool isStored(Database& db, const Book& book, double voucher);
+LastVoucher lastVoucher(Database& db, const VoucherKind& kind);
+bool isStored(Database& db, const VoucherKind& kind, double voucher);
 
 // Each bill type is a series of its own; it goes on from the bill with the highest voucher
 // number, whatever its bill number. A series with a prefix is not followed: "A12" counts as 0.
-std::string nextBillNumber(Database& db, const Book& book, const std::string& billType);
+std::string nextBillNumber(Database& db, const VoucherKind& kind, const std::string& billType);
 
 // The number after a stored one. Below 10000 only the first four characters count. Padding is
 // that of the series as it has always run: 0009, 0010, 00100, 1000.
@@ -30,4 +30,4 @@ struct BillReference {
   double voucher = 0;
 };
 // Another bill of the type has the number; one of the same party where the book does not number its bills.
-bool isDuplicateBill(Database& db, const Book& book, const BillReference& bill);
+bool isDuplicateBill(Database& db, const VoucherKind& kind, const BillReference& bill);

@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "base/text.h"
+#include "frame/voucher_kinds.h"
 #include "store/alter.h"
 #include "store/balances.h"
 #include "store/keys.h"
-#include "vouchers/book.h"
 #include "vouchers/receipts.h"
 
 namespace {
@@ -72,10 +72,10 @@ const Source& receipts() {
   return source;
 }
 
-Source bills(const Book& book) {
+Source bills(const VoucherKind& kind) {
   return {
-      .table = book.heads,
-      .books = "V." + book.keyColumn + " = '" + book.code + "'",
+      .table = kind.tables.heads,
+      .books = "V." + kind.tables.key + " = '" + kind.code + "'",
       .condition = "V.GSTPOST = 1",
       .columns = {"VOUCH_NO", "VOUCH_DT", "BOOK_CD", "PARTY_CD", "SALE_CD", "NET_AMT", "ITEM_AMT", "TCGSTRT",
                   "TSGSTRT", "TIGSTRT", "ROUND_OFF", "NARRATION", "GR_NO", "DESTI", "BILL_NO", "CR_DAYS"},
@@ -95,7 +95,7 @@ const Source& challans() {
 
 bool anyMissing(Database& db) {
   std::vector<Source> sources = {receipts(), challans()};
-  for (const Book* book : billBooks()) sources.push_back(bills(*book));
+  for (const VoucherKind* kind : kindsPostedFrom("SALE")) sources.push_back(bills(*kind));
   bool found = false;
   for (const Source& source : sources)
     db.attempt([&] {
@@ -111,8 +111,8 @@ void postReceipts(Database& db, Which which) {
       postingStatements({.billNumber = "REF_NO",
                          .subDesc = "'.'",
                          .from = std::string(kList) + " WHERE BOOK_CD = ? COLLATE NOCASE"});
-  for (const MoneyBook& book : moneyBooks())
-    for (size_t i = 0; i < statements.size(); ++i) db.attempt(statements[i], sides(book)[i], book.code);
+  for (const VoucherKind* kind : kindsPostedFrom("RPTPAY"))
+    for (size_t i = 0; i < statements.size(); ++i) db.attempt(statements[i], sides(*kind)[i], kind->code);
 }
 
 // A row of a bill or challan: its side, the rest as expressions over the listed columns.
@@ -133,11 +133,11 @@ void post(Database& db, const Posted& row) {
 }
 
 // The same rows as a save writes, by the same book.
-void postBills(Database& db, const Book& book, Which which) {
-  if (!list(db, bills(book), which)) return;
-  const std::string &ours = book.partySide, theirs = book.otherSide();
-  const std::string cgst = account(book.cgst), sgst = account(book.sgst), igst = account(book.igst),
-                    rounds = account(book.rounds);
+void postBills(Database& db, const VoucherKind& kind, Which which) {
+  if (!list(db, bills(kind), which)) return;
+  const std::string &ours = kind.ledger.partySide, theirs = kind.ledger.otherSide();
+  const std::string cgst = account(kind.ledger.cgst), sgst = account(kind.ledger.sgst),
+                    igst = account(kind.ledger.igst), rounds = account(kind.ledger.rounds);
   // One part that is missing makes the whole narration missing.
   constexpr const char* withLr = "NARRATION || ' ' || GR_NO";
   constexpr const char* withDestination = "NARRATION || ' ' || GR_NO || ' ' || DESTI";
@@ -157,12 +157,12 @@ void postBills(Database& db, const Book& book, Which which) {
 }
 
 void postBills(Database& db, Which which) {
-  for (const Book* book : billBooks()) postBills(db, *book, which);
+  for (const VoucherKind* kind : kindsPostedFrom("SALE")) postBills(db, *kind, which);
 }
 
 void postChallans(Database& db, Which which) {
   if (!list(db, challans(), which)) return;
-  const std::string sales = account(saleBook().goods);
+  const std::string sales = account(saleKind().ledger.goods);
   constexpr const char* narration = "NARRATION || ' ' || GR_NO || ' ' || DESTI";
   // clang-format off
   const Posted rows[] = {

@@ -1,7 +1,5 @@
 #include "vouchers/quotations.h"
 
-#include <map>
-
 #include "base/number.h"
 #include "base/text.h"
 #include "store/row_writer.h"
@@ -9,7 +7,6 @@
 
 namespace {
 
-constexpr const char* kQuotation = "QUOTATION";
 constexpr int kReferenceLength = 4;
 constexpr const char* kTerms[] = {"DESC1", "DESC2", "DESC3", "DESC4", "DESC5", "DESC6", "DESC7", "DESC8"};
 constexpr const char* kNil[] = {
@@ -26,7 +23,7 @@ constexpr const char* kLineColumns =
     " CGSTAMT, SGSTAMT, IGSTAMT, TCSRT, TCSAMT, ASSIVAL";
 // clang-format on
 
-Fields headerRow(const Book& book, const QuotationHeader& q, const SaveStamp& stamp) {
+Fields headerRow(const VoucherKind& kind, const QuotationHeader& q, const SaveStamp& stamp) {
   // clang-format off
   Fields row = {
       {"VOUCH_NO",    q.number},
@@ -43,7 +40,7 @@ Fields headerRow(const Book& book, const QuotationHeader& q, const SaveStamp& st
       {"TIGST",       q.igst},
       {"ITEM_AMT",    q.items},
       {"NET_AMT",     Round(q.amount, 0)},
-      {"ENTRY_TYP",   book.code},
+      {"ENTRY_TYP",   kind.code},
       {"USER_CD",     stamp.user},
       {"ENT_DT",      stamp.now.date},
       {"ENT_TIME",    Clock{stamp.now.hour, stamp.now.minute}},
@@ -59,51 +56,14 @@ Fields headerRow(const Book& book, const QuotationHeader& q, const SaveStamp& st
 
 }  // namespace
 
-const Book& quotationBook(const std::string& type) {
-  static std::map<std::string, Book> kinds;
-  Book& book = kinds[type];
-  if (book.heads.empty())
-    book = {
-        .code = type,
-        .keyColumn = "ENTRY_TYP",
-        .heads = "QUOT",
-        .lines = "QUOTITM",
-        .work = "T_QUOTITM",
-        .serial = "SRNO",
-        .title = type == kQuotation ? "QUOTATION ENTRY " : "PERFOMA INVOICE ",
-        .adding = " : ADD MODE",
-        .modifying = " : EDIT MODE",
-        .deleting = " : DELETE MODE",
-        .printing = "",
-        .escapeAsks = "Do you want to Cancel and Exit",
-        .printKey = "QUOTPRN",
-        .documentKey = "QUOTENT",
-        .saveOpens = "Save opens after Subject To",
-        .savedHead = "Quotation Entry Saved",
-        .savedHints = {"Press Print Btn To Print Quotation",
-                       "Press New Entry Btn To Enter New Quotation Entry"},
-        .video = &Links::quotationVideo,
-        .parties = "ACCOUNT where group_cd in(85,88,86,135) ORDER BY ACC_NAME",
-        .rate = "SALE_RATE1",
-        .discount = "SALE_DISC",
-        .partySide = "",
-        .goods = "",
-        .cgst = "",
-        .sgst = "",
-        .igst = "",
-        .rounds = "",
-    };
-  return book;
-}
-
-bool saveQuotation(Database& db, const Book& book, const QuotationHeader& offer, const SaveStamp& stamp,
-                   Saving how) {
+bool saveQuotation(Database& db, const VoucherKind& kind, const QuotationHeader& offer,
+                   const SaveStamp& stamp, Saving how) {
   Transaction all(db);
   if (how == Saving::Fresh && db.first("SELECT VOUCH_NO FROM QUOT WHERE VOUCH_NO = ?", offer.number))
     return false;
   db.exec("DELETE FROM QUOT WHERE VOUCH_NO = ? AND ENTRY_TYP = 'QUOTATION'", offer.number);
   db.exec("DELETE FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = 'QUOTATION'", offer.number);
-  insertRow(db, "QUOT", headerRow(book, offer, stamp));
+  insertRow(db, "QUOT", headerRow(kind, offer, stamp));
   // Lines typed before number or date were changed belong to the offer all the same.
   db.exec("UPDATE T_QUOTITM SET VOUCH_DT = ?, VOUCH_NO = ?", offer.date, offer.number);
   const std::string columns = kLineColumns;
@@ -115,22 +75,22 @@ bool saveQuotation(Database& db, const Book& book, const QuotationHeader& offer,
   return true;
 }
 
-void deleteQuotation(Database& db, const Book& book, double number) {
+void deleteQuotation(Database& db, const VoucherKind& kind, double number) {
   Transaction both(db);
-  db.exec("DELETE FROM QUOT WHERE VOUCH_NO = ? AND ENTRY_TYP = ?", number, book.code);
-  db.exec("DELETE FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = ?", number, book.code);
+  db.exec("DELETE FROM QUOT WHERE VOUCH_NO = ? AND ENTRY_TYP = ?", number, kind.code);
+  db.exec("DELETE FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = ?", number, kind.code);
   both.commit();
 }
 
-bool hasQuotations(Database& db, const Book& book) {
-  return db.first("SELECT VOUCH_NO FROM QUOT WHERE ENTRY_TYP = ? LIMIT 1", book.code).has_value();
+bool hasQuotations(Database& db, const VoucherKind& kind) {
+  return db.first("SELECT VOUCH_NO FROM QUOT WHERE ENTRY_TYP = ? LIMIT 1", kind.code).has_value();
 }
 
-std::optional<Row> findQuotation(Database& db, const Book& book, double number) {
-  return db.first("SELECT * FROM QUOT WHERE VOUCH_NO = ? AND ENTRY_TYP = ?", number, book.code);
+std::optional<Row> findQuotation(Database& db, const VoucherKind& kind, double number) {
+  return db.first("SELECT * FROM QUOT WHERE VOUCH_NO = ? AND ENTRY_TYP = ?", number, kind.code);
 }
 
-void loadQuotationLines(Database& db, const Book& book, double number) {
+void loadQuotationLines(Database& db, const VoucherKind& kind, double number) {
   const std::string columns = kLineColumns;
   db.exec("DELETE FROM T_QUOTITM");
   db.exec("UPDATE QUOTITM SET ITEM_CD = SUBSTR(ITEM_CD, 1, 20) WHERE VOUCH_NO = ? AND LENGTH(ITEM_CD) > 20",
@@ -138,16 +98,16 @@ void loadQuotationLines(Database& db, const Book& book, double number) {
   db.exec("INSERT INTO T_QUOTITM (" + columns + ", QUANTITY, RATE, AMOUNT, TNO) SELECT " + columns +
               ", VAL(QUANTITY), VAL(RATE), VAL(AMOUNT), VAL(TNO)"
               " FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = ? ORDER BY SRNO",
-          number, book.code);
+          number, kind.code);
 }
 
 std::string referenceAfter(const std::string& stored) {
   return padLeft(numText(Val(right(stored, kReferenceLength)) + 1), kReferenceLength, '0');
 }
 
-std::string nextReference(Database& db, const Book& book) {
+std::string nextReference(Database& db, const VoucherKind& kind) {
   return referenceAfter(
-      db.text("SELECT REF_NO FROM QUOT WHERE ENTRY_TYP = ? ORDER BY VOUCH_NO DESC LIMIT 1", book.code));
+      db.text("SELECT REF_NO FROM QUOT WHERE ENTRY_TYP = ? ORDER BY VOUCH_NO DESC LIMIT 1", kind.code));
 }
 
 void repairQuotations(Database& db) {

@@ -5,15 +5,12 @@
 #include <string>
 
 #include "base/date.h"
+#include "frame/voucher_kinds.h"
 #include "store/database.h"
-#include "vouchers/book.h"
 #include "vouchers/saving.h"
 
 // Storing, loading and deleting an offer. Kinds share the table and are told apart by ENTRY_TYP,
 // which takes `mentrytype`; the number alone is the key. Neither ledger nor stock follows an offer.
-
-// The kind "QUOTATION", or any other as a proforma invoice. The value lives as long as the program.
-const Book& quotationBook(const std::string& type);
 
 // The header as the screen holds it; texts are trimmed where they are kept.
 struct QuotationHeader {
@@ -29,18 +26,18 @@ struct QuotationHeader {
 // One transaction. The stored offer that it takes the place of is looked for among quotations
 // alone, so an offer of another kind is not replaced: saving it again fails on its number and
 // changes nothing. False when a fresh number is taken, by whatever kind.
-bool saveQuotation(Database& db, const Book& book, const QuotationHeader& offer, const SaveStamp& stamp,
-                   Saving how);
-void deleteQuotation(Database& db, const Book& book, double number);
+bool saveQuotation(Database& db, const VoucherKind& kind, const QuotationHeader& offer,
+                   const SaveStamp& stamp, Saving how);
+void deleteQuotation(Database& db, const VoucherKind& kind, double number);
 
-bool hasQuotations(Database& db, const Book& book);
-std::optional<Row> findQuotation(Database& db, const Book& book, double number);
+bool hasQuotations(Database& db, const VoucherKind& kind);
+std::optional<Row> findQuotation(Database& db, const VoucherKind& kind, double number);
 // Puts the stored lines into the emptied work table.
-void loadQuotationLines(Database& db, const Book& book, double number);
+void loadQuotationLines(Database& db, const VoucherKind& kind, double number);
 
 // The reference after that of the offer with the highest number. Only the last four characters
 // of a stored one count, so a prefix is not carried on and 9999 is followed by 10000 and 0001.
-std::string nextReference(Database& db, const Book& book);
+std::string nextReference(Database& db, const VoucherKind& kind);
 std::string referenceAfter(const std::string& stored);
 
 // Fills what older rows lack: category of a line, kind, party of the bill.

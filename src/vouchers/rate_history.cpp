@@ -85,29 +85,31 @@ RateList wholeList(Rows rows, const std::vector<Shown>& shown) {
 struct Road {
   std::string from, which, day;
 };
-Road roadTo(Database& db, const Book& book, const std::string& party) {
+Road roadTo(Database& db, const VoucherKind& kind, const std::string& party) {
   const bool few =
-      db.number("SELECT COUNT(*) FROM (SELECT 1 FROM " + book.heads + " WHERE PARTY_CD = ? LIMIT ?)", party,
-                kFewVouchers) < kFewVouchers;
-  return few ? Road{book.heads + " CROSS JOIN " + book.lines, "PARTY_CD = ? AND +ITEM_CD = ?", book.heads}
-             : Road{book.lines + " CROSS JOIN " + book.heads, "+PARTY_CD = ? AND ITEM_CD = ?", book.lines};
+      db.number("SELECT COUNT(*) FROM (SELECT 1 FROM " + kind.tables.heads + " WHERE PARTY_CD = ? LIMIT ?)",
+                party, kFewVouchers) < kFewVouchers;
+  return few ? Road{kind.tables.heads + " CROSS JOIN " + kind.tables.lines, "PARTY_CD = ? AND +ITEM_CD = ?",
+                    kind.tables.heads}
+             : Road{kind.tables.lines + " CROSS JOIN " + kind.tables.heads, "+PARTY_CD = ? AND ITEM_CD = ?",
+                    kind.tables.lines};
 }
 
-Rows linesTo(Database& db, const Book& book, const RateQuery& of, const std::string& columns) {
-  const std::string &heads = book.heads, &lines = book.lines;
-  const Road road = roadTo(db, book, of.party);
+Rows linesTo(Database& db, const VoucherKind& kind, const RateQuery& of, const std::string& columns) {
+  const std::string &heads = kind.tables.heads, &lines = kind.tables.lines;
+  const Road road = roadTo(db, kind, of.party);
   return db.query("SELECT " + columns + " FROM " + road.from + " WHERE " + road.which +
                       " AND SIZE_CD = ? AND +" + heads + ".BOOK_CD = ? AND " + heads +
                       ".VOUCH_NO = " + lines + ".VOUCH_NO AND " + heads + ".BOOK_CD = " + lines +
                       ".BOOK_CD ORDER BY " + road.day + ".VOUCH_DT DESC",
-                  of.party, of.item, of.unit, book.code);
+                  of.party, of.item, of.unit, kind.code);
 }
 
 }  // namespace
 
-RateList latestSales(Database& db, const Book& book, const RateQuery& of) {
+RateList latestSales(Database& db, const VoucherKind& kind, const RateQuery& of) {
   RateList list = emptyList(kLatestSales);
-  Rows rows = linesTo(db, book, of,
+  Rows rows = linesTo(db, kind, of,
                       "SALEITM.VOUCH_NO, SALEITM.VOUCH_DT, SALEITM.BOOK_CD, SALE.BILL_NO, QUANTITY, RATE,"
                       " SALE_DISC, SALEITM.NET_AMOUNT");
   std::string day;
@@ -119,24 +121,24 @@ RateList latestSales(Database& db, const Book& book, const RateQuery& of) {
   return list;
 }
 
-RateList earlierSales(Database& db, const Book& book, const RateQuery& of) {
+RateList earlierSales(Database& db, const VoucherKind& kind, const RateQuery& of) {
   return wholeList(
-      linesTo(db, book, of, "SALEITM.VOUCH_NO, SALEITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMT"),
+      linesTo(db, kind, of, "SALEITM.VOUCH_NO, SALEITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMT"),
       kEarlierSales);
 }
 
-RateList challanRates(Database& db, const Book& book, const RateQuery& of) {
+RateList challanRates(Database& db, const VoucherKind& kind, const RateQuery& of) {
   return wholeList(
-      linesTo(db, book, of, "CHLNITM.VOUCH_NO, CHLNITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMOUNT"),
+      linesTo(db, kind, of, "CHLNITM.VOUCH_NO, CHLNITM.VOUCH_DT, QUANTITY, RATE, SALE_DISC, NET_AMOUNT"),
       kChallans);
 }
 
 std::vector<GridColumn> challanRateColumns() { return emptyList(kChallans).columns; }
 
-RateList partyRates(Database& db, const Book& book, const RateQuery& of) {
+RateList partyRates(Database& db, const VoucherKind& kind, const RateQuery& of) {
   return wholeList(
       db.query(
-          "SELECT RT_DT, SIZE_CD, " + book.rate + ", " + book.discount +
+          "SELECT RT_DT, SIZE_CD, " + kind.party.rate + ", " + kind.party.discount +
               " FROM PRTYRATE WHERE TRIM(ITEM_CD) = ? AND SIZE_CD = ? AND ACC_CD = ? ORDER BY RT_DT DESC",
           of.item, of.unit, of.party),
       kPartyRates);

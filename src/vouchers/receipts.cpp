@@ -7,21 +7,12 @@
 
 namespace {
 
-// clang-format off
-const MoneyBook kBooks[] = {
-    {.entryType = "RECEIPT", .code = "RC", .title = "RECEIPT ENTRY", .comesIn = true,  .formerCode = "CM", .others = "GROUP_CD = 85 OR GROUP_CD = 135"},
-    {.entryType = "PAYMENT", .code = "PY", .title = "PAYMENT ENTRY", .comesIn = false, .formerCode = "",   .others = "GROUP_CD = 85 OR GROUP_CD = 135"},
-    {.entryType = "INCOME",  .code = "IC", .title = "INCOME ENTRY",  .comesIn = true,  .formerCode = "",   .others = "GROUP_CD < 75"},
-    {.entryType = "EXPENSE", .code = "EP", .title = "EXPENSE ENTRY", .comesIn = false, .formerCode = "",   .others = "GROUP_CD < 75"},
-};
-// clang-format on
-
-Fields rowOf(const MoneyBook& book, const MoneyVoucher& v) {
+Fields rowOf(const VoucherKind& kind, const MoneyVoucher& v) {
   return {
       {"VOUCH_NO",   v.number         },
       {"VOUCH_DT",   v.date           },
       {"REF_NO",     numText(v.number)},
-      {"BOOK_CD",    book.code        },
+      {"BOOK_CD",    kind.code        },
       {"CSHBNK_CD",  trim(v.account)  },
       {"PARTY_CD",   trim(v.party)    },
       {"AMOUNT",     v.amount         },
@@ -39,67 +30,59 @@ void unpost(Database& db, const std::string& bookCode, double number) {
   db.exec("DELETE FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ?", bookCode, number);
 }
 
-void post(Database& db, const MoneyBook& book, double number) {
-  unpost(db, book.code, number);
-  if (!book.formerCode.empty()) unpost(db, book.formerCode, number);
+void post(Database& db, const VoucherKind& kind, double number) {
+  unpost(db, kind.code, number);
+  if (!kind.ledger.formerCode.empty()) unpost(db, kind.ledger.formerCode, number);
   const auto statements =
       postingStatements({.billNumber = "NUMTEXT(VOUCH_NO)",
                          .subDesc = "'0'",
                          .from = "RPTPAY WHERE BOOK_CD = ? AND RPTPAY_DTL = 'A' AND VOUCH_NO = ?"});
-  for (size_t i = 0; i < statements.size(); ++i) db.exec(statements[i], sides(book)[i], book.code, number);
-  db.exec("UPDATE ALEDGER SET BW_AB = 'A' WHERE BOOK_CD = ? AND VOUCH_NO = ?", book.code, number);
+  for (size_t i = 0; i < statements.size(); ++i) db.exec(statements[i], sides(kind)[i], kind.code, number);
+  db.exec("UPDATE ALEDGER SET BW_AB = 'A' WHERE BOOK_CD = ? AND VOUCH_NO = ?", kind.code, number);
 }
 
 }  // namespace
 
-std::span<const MoneyBook> moneyBooks() { return kBooks; }
-
-const MoneyBook& moneyBook(std::string_view entryType) {
-  for (const MoneyBook& book : kBooks)
-    if (book.entryType == entryType) return book;
-  return kBooks[0];
-}
-
-double nextMoneyNumber(Database& db, const MoneyBook& book) {
+double nextMoneyNumber(Database& db, const VoucherKind& kind) {
   return db.number("SELECT VOUCH_NO FROM RPTPAY WHERE BOOK_CD = ? ORDER BY VOUCH_NO DESC LIMIT 1",
-                   book.code) +
+                   kind.code) +
          1;
 }
 
-std::optional<Row> findMoneyVoucher(Database& db, const MoneyBook& book, double number) {
+std::optional<Row> findMoneyVoucher(Database& db, const VoucherKind& kind, double number) {
   return db.first(
       "SELECT RPTPAY.rowid AS ITS_ROW, RPTPAY.* FROM RPTPAY WHERE BOOK_CD = ? AND VOUCH_NO = ?"
       " ORDER BY RPTPAY.rowid LIMIT 1",
-      book.code, number);
+      kind.code, number);
 }
 
-void storeMoneyVoucher(Database& db, const MoneyBook& book, const MoneyVoucher& voucher) {
-  const auto standing = findMoneyVoucher(db, book, voucher.number);
-  const Fields row = rowOf(book, voucher);
+void storeMoneyVoucher(Database& db, const VoucherKind& kind, const MoneyVoucher& voucher) {
+  const auto standing = findMoneyVoucher(db, kind, voucher.number);
+  const Fields row = rowOf(kind, voucher);
   if (standing)
     updateRows(db, "RPTPAY", row, "rowid = ?", {standing->value("ITS_ROW")});
   else
     insertRow(db, "RPTPAY", row);
-  post(db, book, voucher.number);
+  post(db, kind, voucher.number);
 }
 
-bool saveMoneyVoucher(Database& db, const MoneyBook& book, const MoneyVoucher& voucher, Saving how) {
+bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const MoneyVoucher& voucher, Saving how) {
   Transaction all(db);
-  if (how == Saving::Fresh && findMoneyVoucher(db, book, voucher.number)) return false;
+  if (how == Saving::Fresh && findMoneyVoucher(db, kind, voucher.number)) return false;
   // A repair that has its place here: statements print the number as it stands.
   db.exec("UPDATE ACCOUNT SET GSTINNO = '.' WHERE GSTINNO IS NULL");
-  storeMoneyVoucher(db, book, voucher);
+  storeMoneyVoucher(db, kind, voucher);
   RebuildOneBalance(db, trim(voucher.account));
   RebuildOneBalance(db, trim(voucher.party));
   all.commit();
   return true;
 }
 
-void deleteMoneyVoucher(Database& db, const MoneyBook& book, double number) {
+void deleteMoneyVoucher(Database& db, const VoucherKind& kind, double number) {
   Transaction all(db);
-  const auto standing = findMoneyVoucher(db, book, number);
+  const auto standing = findMoneyVoucher(db, kind, number);
   if (!standing) return;
-  unpost(db, book.code, number);
+  unpost(db, kind.code, number);
   db.exec("DELETE FROM RPTPAY WHERE rowid = ?", standing->value("ITS_ROW"));
   RebuildOneBalance(db, standing->text("CSHBNK_CD"));
   RebuildOneBalance(db, standing->text("PARTY_CD"));
@@ -122,6 +105,6 @@ std::array<std::string, 2> postingStatements(const MoneyRows& rows) {
   return {statement("CSHBNK_CD", "PARTY_CD"), statement("PARTY_CD", "CSHBNK_CD")};
 }
 
-std::array<const char*, 2> sides(const MoneyBook& book) {
-  return book.comesIn ? std::array{"D", "C"} : std::array{"C", "D"};
+std::array<std::string, 2> sides(const VoucherKind& kind) {
+  return {kind.ledger.otherSide(), kind.ledger.partySide};
 }

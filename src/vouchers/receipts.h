@@ -2,30 +2,17 @@
 
 #include <array>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
 #include "base/date.h"
+#include "frame/voucher_kinds.h"
 #include "store/database.h"
 #include "vouchers/saving.h"
 
 // Money that comes in or goes out over the cash account or a bank account. A voucher is one row of
 // RPTPAY and two of ALEDGER, one for each of its two accounts; it is always on account, never
 // against single bills. Unlike a bill, it moves the stored balances of both accounts at once.
-
-// What tells one kind of voucher from another; all else is the same for the four.
-struct MoneyBook {
-  std::string entryType;  // mentrytype: how menus and statements ask for it
-  std::string code;       // BOOK_CD
-  std::string title;
-  bool comesIn;            // cash or bank is debited and the other account credited; else turned round
-  std::string formerCode;  // a book whose ledger rows of the same number go at a save
-  std::string others;      // the groups of which the other account is offered
-};
-std::span<const MoneyBook> moneyBooks();
-// Receipts for an entry type that is none of the four.
-const MoneyBook& moneyBook(std::string_view entryType);
 
 struct MoneyVoucher {
   double number = 0;
@@ -37,19 +24,18 @@ struct MoneyVoucher {
 };
 
 // One more than the highest number that is stored; 1 in an empty book.
-double nextMoneyNumber(Database& db, const MoneyBook& book);
-std::optional<Row> findMoneyVoucher(Database& db, const MoneyBook& book, double number);
+double nextMoneyNumber(Database& db, const VoucherKind& kind);
+std::optional<Row> findMoneyVoucher(Database& db, const VoucherKind& kind, double number);
 
 // The row, its ledger rows and the balances of its two accounts, all or nothing. False when a fresh
 // voucher's number is taken; nothing has changed then. A party or account that a modify leaves
 // behind keeps its old balance until the balances are next refreshed.
-bool saveMoneyVoucher(Database& db, const MoneyBook& book, const MoneyVoucher& voucher, Saving how);
+bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const MoneyVoucher& voucher, Saving how);
 // The row and its ledger rows alone, inside the caller's transaction, in the place of a stored one.
-void storeMoneyVoucher(Database& db, const MoneyBook& book, const MoneyVoucher& voucher);
+void storeMoneyVoucher(Database& db, const VoucherKind& kind, const MoneyVoucher& voucher);
 // Takes the row with its ledger rows away, and rebuilds the balances of its two accounts.
-void deleteMoneyVoucher(Database& db, const MoneyBook& book, double number);
+void deleteMoneyVoucher(Database& db, const VoucherKind& kind, double number);
 
-inline constexpr const char* kCashAccount = "X90005";
 // An account that money can come into or go out of: the cash account or one of the bank accounts.
 bool isCashOrBank(Database& db, std::string_view code);
 
@@ -61,4 +47,4 @@ struct MoneyRows {
 };
 std::array<std::string, 2> postingStatements(const MoneyRows& rows);
 // Sides of the two in the same order.
-std::array<const char*, 2> sides(const MoneyBook& book);
+std::array<std::string, 2> sides(const VoucherKind& kind);

@@ -34,7 +34,7 @@ constexpr const char* kLineColumns =
     " MOBNOCO, DATANM, DATASENT";
 // clang-format on
 
-Fields headerRow(Database& db, const Book& book, const BillHeader& b, const SaveStamp& stamp) {
+Fields headerRow(Database& db, const VoucherKind& kind, const BillHeader& b, const SaveStamp& stamp) {
   const Clock time{stamp.now.hour, stamp.now.minute};
   const Date today = stamp.now.date;
   // clang-format off
@@ -47,11 +47,11 @@ Fields headerRow(Database& db, const Book& book, const BillHeader& b, const Save
       {"TIME_GOODS",    time},
       {"BILL_NO",       trim(b.billNumber)},
       {"BL_TYPE",       trim(b.billType)},
-      {"BOOK_CD",       book.code},
+      {"BOOK_CD",       kind.code},
       {"PARTY_CD",      trim(b.party)},
       {"ORDER_NO",      trim(b.orderNumber)},
-      {"SALE_CD",       book.goods},
-      {"DESPATCH_FROM", book.goods},
+      {"SALE_CD",       kind.ledger.goods},
+      {"DESPATCH_FROM", kind.ledger.goods},
       {"ORDER_DT",      formatDate(b.date, "dd/MMM/yyyy")},
       {"CHLN_DT",       b.date},
       {"DT_GOODS",      b.date},
@@ -93,11 +93,12 @@ Fields headerRow(Database& db, const Book& book, const BillHeader& b, const Save
 
 }  // namespace
 
-bool saveBill(Database& db, const Book& book, const BillHeader& bill, const SaveStamp& stamp, Saving how) {
+bool saveBill(Database& db, const VoucherKind& kind, const BillHeader& bill, const SaveStamp& stamp,
+              Saving how) {
   Transaction all(db);
-  if (how == Saving::Fresh && isStored(db, book, bill.number)) return false;
-  deleteBill(db, book, bill.number);
-  insertRow(db, "SALE", headerRow(db, book, bill, stamp));
+  if (how == Saving::Fresh && isStored(db, kind, bill.number)) return false;
+  deleteBill(db, kind, bill.number);
+  insertRow(db, "SALE", headerRow(db, kind, bill, stamp));
   db.exec("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", bill.date, bill.number);
   // A line of no quantity stays behind, though its amounts are in the totals.
   const std::string columns = kLineColumns;
@@ -105,7 +106,7 @@ bool saveBill(Database& db, const Book& book, const BillHeader& bill, const Save
               " FROM T_SLITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
               " ORDER BY VOUCH_NO, BOOK_CD",
           bill.number, kMiscItem);
-  postVoucher(db, {bill.number, bill.date, book.code},
+  postVoucher(db, {bill.number, bill.date, kind.code},
               billRows({.party = trim(bill.party),
                         .amount = bill.amount,
                         .items = bill.items,
@@ -117,32 +118,32 @@ bool saveBill(Database& db, const Book& book, const BillHeader& bill, const Save
                         .narration = bill.narration,
                         .lrNumber = bill.lrNumber,
                         .creditDays = bill.creditDays},
-                       book));
+                       kind));
   all.commit();
   return true;
 }
 
-void deleteBill(Database& db, const Book& book, double number) {
+void deleteBill(Database& db, const VoucherKind& kind, double number) {
   Transaction both(db);
-  db.exec("DELETE FROM SALE WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, book.code);
-  db.exec("DELETE FROM SALEITM WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, book.code);
+  db.exec("DELETE FROM SALE WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
+  db.exec("DELETE FROM SALEITM WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
   both.commit();
 }
 
-bool hasBills(Database& db, const Book& book) {
-  return db.first("SELECT VOUCH_NO FROM SALE WHERE BOOK_CD = ? AND GSTPOST = 1 LIMIT 1", book.code)
+bool hasBills(Database& db, const VoucherKind& kind) {
+  return db.first("SELECT VOUCH_NO FROM SALE WHERE BOOK_CD = ? AND GSTPOST = 1 LIMIT 1", kind.code)
       .has_value();
 }
 
-std::optional<Row> findBill(Database& db, const Book& book, double number) {
-  return db.first("SELECT * FROM SALE WHERE VOUCH_NO = ? AND BOOK_CD = ? AND GSTPOST = 1", number, book.code);
+std::optional<Row> findBill(Database& db, const VoucherKind& kind, double number) {
+  return db.first("SELECT * FROM SALE WHERE VOUCH_NO = ? AND BOOK_CD = ? AND GSTPOST = 1", number, kind.code);
 }
 
-void loadLines(Database& db, const Book& book, double number) {
+void loadLines(Database& db, const VoucherKind& kind, double number) {
   const std::string columns = kLineColumns;
   db.exec("DELETE FROM T_SLITM");
   db.exec("INSERT INTO T_SLITM (" + columns + ", YOUR_REF, GSTPOST, ITEM_NAME) SELECT " + columns +
               ", YOUR_REF, GSTPOST, (SELECT ITEM_NAME FROM ITEM WHERE ITEM.ITEM_CD = SALEITM.ITEM_CD)"
               " FROM SALEITM WHERE BOOK_CD = ? AND VOUCH_NO = ? ORDER BY SR_NO, VOUCH_NO, BOOK_CD",
-          book.code, number);
+          kind.code, number);
 }

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "base/date.h"
+#include "frame/voucher_kinds.h"
 #include "store/database.h"
-#include "vouchers/book.h"
 
 // Storing, loading and deleting a bill. A save is one transaction: the header row, its lines
 // out of the work table and its ledger rows are written afresh as a whole or not at all. Every
@@ -39,14 +39,15 @@ enum class Saving {
 };
 
 // False when a fresh bill's number is taken; nothing has changed then.
-bool saveBill(Database& db, const Book& book, const BillHeader& bill, const SaveStamp& stamp, Saving how);
+bool saveBill(Database& db, const VoucherKind& kind, const BillHeader& bill, const SaveStamp& stamp,
+              Saving how);
 
 // Removes header and lines; the ledger keeps its rows until it is built again.
-void deleteBill(Database& db, const Book& book, double number);
+void deleteBill(Database& db, const VoucherKind& kind, double number);
 
 // Some bill of the book can be shown at all.
-bool hasBills(Database& db, const Book& book);
+bool hasBills(Database& db, const VoucherKind& kind);
 // Header of a bill that was saved; none for a row that other means have put there.
-std::optional<Row> findBill(Database& db, const Book& book, double number);
+std::optional<Row> findBill(Database& db, const VoucherKind& kind, double number);
 // Puts the stored lines into the emptied work table, with the items' names of today.
-void loadLines(Database& db, const Book& book, double number);
+void loadLines(Database& db, const VoucherKind& kind, double number);

@@ -18,12 +18,12 @@ constexpr Bgr kPrintColour = 0xFFD0D0, kNewEntryColour = 0xFFF0F0;
 
 }  // namespace
 
-VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Book& book,
+VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const VoucherKind& kind,
                              std::vector<WorkLines::Shown> shown)
     : ChildScreen(theHost, theSpec),
-      book_(book),
-      lines_(std::make_shared<WorkLines>(data(), book, std::move(shown))) {
-  caption = book.title;
+      kind_(kind),
+      lines_(std::make_shared<WorkLines>(data(), kind, std::move(shown))) {
+  caption = kind.words.title;
   lineGrid().grid.source = lines_;
   wire(*this, {
                   {"cmdadd",     On::Click,       &VoucherScreen::add        },
@@ -98,7 +98,7 @@ Go VoucherScreen::newItem() {
 
 void VoucherScreen::setMode(const std::string& next, const std::string& suffix) {
   mode = next;
-  caption = book_.title + suffix;
+  caption = kind_.words.title + suffix;
   escMeans = entering() ? "Esc = Cancel and Exit" : "Esc = Close";
 }
 
@@ -106,20 +106,20 @@ void VoucherScreen::showButtons(bool atRest) {
   atRest_ = atRest;
   for (const char* name : {"cmdadd", "cmdEDIT", "CMDDELETE", "cmdprint", "cmdclose"})
     at(name).visible = atRest;
-  if (book_.printKey.empty()) at("cmdprint").visible = false;
+  if (kind_.paper.key.empty()) at("cmdprint").visible = false;
   for (const char* name : {"CMDSAVE", "CMDCANCEL"}) at(name).visible = !atRest;
   if (Control* const invites = find("SCR1")) invites->visible = atRest;
-  reason = atRest || at("CMDSAVE").enabled ? "" : book_.saveOpens;
+  reason = atRest || at("CMDSAVE").enabled ? "" : kind_.words.saveOpens;
   showSerial();
 }
 
 void VoucherScreen::allowSave(bool on) {
   at("CMDSAVE").enabled = on;
-  reason = atRest_ || on ? "" : book_.saveOpens;
+  reason = atRest_ || on ? "" : kind_.words.saveOpens;
 }
 
 void VoucherScreen::add() {
-  setMode("ADD", book_.adding);
+  setMode("ADD", kind_.words.adding);
   clearAll();
   lines_->clear();
   lineGrid().visible = false;
@@ -129,7 +129,7 @@ void VoucherScreen::add() {
 }
 
 void VoucherScreen::modify() {
-  setMode("EDIT", book_.modifying);
+  setMode("EDIT", kind_.words.modifying);
   clearAll();
   lines_->clear();
   allowSave(false);
@@ -138,7 +138,7 @@ void VoucherScreen::modify() {
 }
 
 void VoucherScreen::startDelete() {
-  setMode("DEL", book_.deleting);
+  setMode("DEL", kind_.words.deleting);
   clearAll();
   lines_->clear();
   allowSave(false);
@@ -146,14 +146,14 @@ void VoucherScreen::startDelete() {
 }
 
 void VoucherScreen::print() {
-  setMode("PRINT", book_.printing);
+  setMode("PRINT", kind_.words.printing);
   lines_->clear();
   hideForPrint("");
 }
 
 void VoucherScreen::hideForPrint(const std::string& number) {
-  session().mreportkey = book_.printKey;
-  if (!book_.documentKey.empty()) session().mentrytype = book_.documentKey;
+  session().mreportkey = kind_.paper.key;
+  if (!kind_.paper.entryType.empty()) session().mentrytype = kind_.paper.entryType;
   focus(at("cmdadd"));
   visible = false;
   host.open("dlg1", {.caller = spec.name, .value = number});
@@ -161,7 +161,9 @@ void VoucherScreen::hideForPrint(const std::string& number) {
 
 void VoucherScreen::close() { host.close(*this); }
 
-bool VoucherScreen::mayClose() { return atRest_ || !entering() || host.ask(book_.escapeAsks, kConfirm); }
+bool VoucherScreen::mayClose() {
+  return atRest_ || !entering() || host.ask(kind_.words.escapeAsks, kConfirm);
+}
 
 void VoucherScreen::cancel() {
   clearAll();
@@ -177,7 +179,7 @@ void VoucherScreen::video() { openTutorial(host, tutorial()); }
 void VoucherScreen::escape() {
   if (!entering())
     host.close(*this);
-  else if (host.ask(book_.escapeAsks, kConfirm))
+  else if (host.ask(kind_.words.escapeAsks, kConfirm))
     cancel();
 }
 
@@ -190,7 +192,7 @@ void VoucherScreen::clearAll() {
 Go VoucherScreen::number() {
   const double n = value(0);
   if (mode == "ADD") {
-    if (!isStored(data(), book_, n)) return Go::On;
+    if (!isStored(data(), kind_, n)) return Go::On;
     host.message("ITEM ALLREADY EXIST");
     return Go::Stay;
   }
@@ -260,9 +262,9 @@ void VoucherScreen::deleteLine() {
   const std::string item = trim(itemField().text);
   if (item.empty() || !lines_->onRow()) return;
   const Row& line = lines_->row();
-  data().exec(
-      "DELETE FROM " + book_.work + " WHERE VOUCH_NO = ? AND ITEM_CD = ? AND " + book_.serial + " = ?",
-      line.number("VOUCH_NO"), item, line.number(book_.serial));
+  data().exec("DELETE FROM " + kind_.tables.work + " WHERE VOUCH_NO = ? AND ITEM_CD = ? AND " +
+                  kind_.tables.serial + " = ?",
+              line.number("VOUCH_NO"), item, line.number(kind_.tables.serial));
   lines_->requery();
   showCurrentLine();
   textChanged();
@@ -311,7 +313,7 @@ Go VoucherScreen::openLookup(const KeyLookup& by) {
   if (by.onlyEmpty && !here().text.empty()) return Go::Stay;
   LookupSpec lookup = by.lookup;
   for (const KeyLookup::From from : by.binds)
-    lookup.values.emplace_back(from == KeyLookup::From::Book ? book_.code : trim(itemField().text));
+    lookup.values.emplace_back(from == KeyLookup::From::Book ? kind_.code : trim(itemField().text));
   return lookUp(host, *this, here(), lookup);
 }
 
@@ -395,7 +397,7 @@ void VoucherScreen::saved() {
     return;
   }
   // A voucher without a paper has nothing but the next one to go on with.
-  const bool onPaper = !book_.printKey.empty();
+  const bool onPaper = !kind_.paper.key.empty();
   Interaction closing{.text = closingWords(),
                       .ok = onPaper ? "Print" : "New Entry",
                       .cancel = onPaper ? "New Entry" : "",
@@ -405,7 +407,7 @@ void VoucherScreen::saved() {
   const bool prints = interact(host, closing) && onPaper;
   clearAll();
   if (!prints) return;
-  setMode("PRINT", book_.printing);
+  setMode("PRINT", kind_.words.printing);
   hideForPrint(number);
 }
 

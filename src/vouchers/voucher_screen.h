@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "frame/child_screen.h"
+#include "frame/voucher_kinds.h"
 #include "masters/lookup.h"
 #include "vouchers/accounts.h"
-#include "vouchers/book.h"
 #include "vouchers/rate_history.h"
 #include "vouchers/saving.h"
 #include "vouchers/work_lines.h"
@@ -40,7 +40,8 @@ class VoucherScreen : public ChildScreen {
   };
 
  protected:
-  VoucherScreen(Host& host, const ScreenSpec& spec, const Book& book, std::vector<WorkLines::Shown> shown);
+  VoucherScreen(Host& host, const ScreenSpec& spec, const VoucherKind& kind,
+                std::vector<WorkLines::Shown> shown);
 
   // The screen's own part of each step.
   virtual void startNew() = 0;             // Add: numbers and defaults; sets the focus
@@ -120,7 +121,7 @@ class VoucherScreen : public ChildScreen {
   void putDate(int n, std::optional<Date> date);
   Control& lineGrid() { return at("DataGrid1"); }
 
-  const Book& book_;
+  const VoucherKind& kind_;
   std::shared_ptr<WorkLines> lines_;
   std::string phone_;      // the party's
   double partyState_ = 0;  // 0 until a party with a state code has been taken

@@ -5,11 +5,11 @@
 #include "base/pattern.h"
 #include "base/text.h"
 
-WorkLines::WorkLines(Database& db, const Book& book, std::vector<Shown> shown)
+WorkLines::WorkLines(Database& db, const VoucherKind& kind, std::vector<Shown> shown)
     : db_(db),
-      book_(book),
+      kind_(kind),
       shown_(std::move(shown)),
-      rows_(db, {.table = book.work, .order = "VOUCH_NO, " + book.serial}) {}
+      rows_(db, {.table = kind.tables.work, .order = "VOUCH_NO, " + kind.tables.serial}) {}
 
 Cell WorkLines::cell(size_t row, size_t column) const {
   if (row >= count() || column >= shown_.size()) return {};
@@ -19,7 +19,7 @@ Cell WorkLines::cell(size_t row, size_t column) const {
 }
 
 void WorkLines::clear() {
-  db_.exec("DELETE FROM " + book_.work);
+  db_.exec("DELETE FROM " + kind_.tables.work);
   requery();
 }
 
@@ -28,12 +28,12 @@ void WorkLines::previous() {
 }
 
 double WorkLines::serial() {
-  if (onRow()) return rows_.number(book_.serial);
-  return db_.number("SELECT MAX(" + book_.serial + ") FROM " + book_.work) + 1;
+  if (onRow()) return rows_.number(kind_.tables.serial);
+  return db_.number("SELECT MAX(" + kind_.tables.serial + ") FROM " + kind_.tables.work) + 1;
 }
 
 std::vector<std::optional<double>> WorkLines::sums(const std::vector<std::string>& columns) {
-  const auto found = db_.first("SELECT SUM(" + join(columns, "), SUM(") + ") FROM " + book_.work);
+  const auto found = db_.first("SELECT SUM(" + join(columns, "), SUM(") + ") FROM " + kind_.tables.work);
   std::vector<std::optional<double>> sums(columns.size());
   for (size_t i = 0; found && i < sums.size(); ++i)
     if (const int column = static_cast<int>(i); !found->isNull(column)) sums[i] = found->number(column);

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "frame/voucher_kinds.h"
 #include "platform/grid.h"
 #include "store/rowset.h"
-#include "vouchers/book.h"
 
 // The lines of the voucher on screen: a cursor over the work table in the order of voucher
 // number and serial, and what the line grid shows of them. It stands on a row, or past the last
@@ -18,7 +18,7 @@ class WorkLines : public RowSource {
     std::string column;
     std::string pattern = {};
   };
-  WorkLines(Database& db, const Book& book, std::vector<Shown> shown);
+  WorkLines(Database& db, const VoucherKind& kind, std::vector<Shown> shown);
 
   size_t count() const override { return static_cast<size_t>(rows_.count()); }
   Cell cell(size_t row, size_t column) const override;
@@ -44,7 +44,7 @@ class WorkLines : public RowSource {
 
  private:
   Database& db_;
-  const Book& book_;
+  const VoucherKind& kind_;
   std::vector<Shown> shown_;
   mutable Rowset rows_;
 };

@@ -39,21 +39,21 @@ TEST_F(Challans, TheLedgerHasAPairAndTheFullPostingAnother) {
   ChallanHeader c = challan(7);
   c.narration = "N";
   c.destination = "ANAND";
-  ASSERT_TRUE(saveChallan(db(), challanBook(), c, stamp(), Saving::Fresh));
-  EXPECT_FALSE(saveChallan(db(), challanBook(), c, stamp(), Saving::Fresh)) << "its number is taken";
+  ASSERT_TRUE(saveChallan(db(), challanKind(), c, stamp(), Saving::Fresh));
+  EXPECT_FALSE(saveChallan(db(), challanKind(), c, stamp(), Saving::Fresh)) << "its number is taken";
   EXPECT_EQ(ledger(), "D A00001 X90002 105.5 012 N A -/C X90002 A00001 105.5 012 N A -");
   c.amount = 5;
   c.party = "A00002";
-  ASSERT_TRUE(saveChallan(db(), challanBook(), c, stamp(), Saving::Again));
+  ASSERT_TRUE(saveChallan(db(), challanKind(), c, stamp(), Saving::Again));
   EXPECT_EQ(ledger(), "D A00002 X90002 5 012 N A -/C X90002 A00002 5 012 N A -");
   // Neither a bill of the same number nor one for the same goods is touched or nets it.
-  ASSERT_TRUE(saveBill(db(), saleBook(), bill(7), stamp(), Saving::Fresh));
-  ASSERT_TRUE(saveChallan(db(), challanBook(), challan(8, 0), stamp(), Saving::Fresh));
+  ASSERT_TRUE(saveBill(db(), saleKind(), bill(7), stamp(), Saving::Fresh));
+  ASSERT_TRUE(saveChallan(db(), challanKind(), challan(8, 0), stamp(), Saving::Fresh));
   postAll(db());
   const std::string rebuilt = "D A00002 X90002 5  12 N LR'9 ANAND A 0/C X90002 A00002 5  12 N LR'9 ANAND A 0";
   EXPECT_EQ(ledger(), rebuilt) << "and the one of no amount is gone";
   EXPECT_EQ(line("SELECT SUM(VOUCH_AMT) FROM ALEDGER WHERE BOOK_CD = 'SA' AND VOUCH_TYPE = 'D'"), "118");
-  deleteChallan(db(), challanBook(), 7);
+  deleteChallan(db(), challanKind(), 7);
   EXPECT_EQ(line("SELECT COUNT(*) FROM CHLN") + ledger(), "1" + rebuilt);
   postAll(db());
   EXPECT_EQ(ledger(), "");
@@ -62,7 +62,7 @@ TEST_F(Challans, TheLedgerHasAPairAndTheFullPostingAnother) {
 
 TEST_F(Challans, EachTypeIsASeriesOfItsOwn) {
   const auto next = [&](const std::string& type) {
-    return numText(nextChallanNumber(db(), challanBook(), type));
+    return numText(nextChallanNumber(db(), challanKind(), type));
   };
   EXPECT_EQ(next("DC"), "1");
   db().exec(
@@ -86,7 +86,7 @@ TEST_F(Challans, EachTypeIsASeriesOfItsOwn) {
       {"DC",  "77",  std::nullopt, false}, // another book
   };
   for (const Case& c : cases)
-    EXPECT_EQ(isDuplicateChallan(db(), challanBook(), c.type, c.number, c.changing), c.refused) << c.number;
+    EXPECT_EQ(isDuplicateChallan(db(), challanKind(), c.type, c.number, c.changing), c.refused) << c.number;
 }
 
 TEST_F(Challans, EarlierRatesAreOfChallansAlone) {
@@ -103,7 +103,7 @@ TEST_F(Challans, EarlierRatesAreOfChallansAlone) {
   send(10, "CH", "2026-06-01", "A00002");
   send(11, "RT", "2026-06-01", "A00001");
   const auto rows = [&](const std::string& party) {
-    return challanRates(db(), challanBook(), {party, "I0000001", "PCS"}).rows->rows;
+    return challanRates(db(), challanKind(), {party, "I0000001", "PCS"}).rows->rows;
   };
   ASSERT_EQ(rows("A00001").size(), 9U) << "all of them";
   std::string first;

@@ -4,7 +4,7 @@ namespace {
 
 class FrmQuot : public BillTest {
  protected:
-  static const Book& book() { return quotationBook("QUOTATION"); }
+  static const VoucherKind& kind() { return quotationKind(); }
   void openAs(const std::string& type = "QUOTATION") {
     session().mentrytype = type;
     host.open("FRMQUOT", {});
@@ -95,7 +95,7 @@ TEST_F(FrmQuot, NumbersThatStandAndARegistersRow) {
   host.fillEnter("Text1(0)", "1");
   EXPECT_EQ(host.lastMessage() + host.focus(), "No Record To Displaycmdadd");
   offeredLine(db(), "I0000001", 2, 1, 4);
-  saveQuotation(db(), book(), offer(4), stamp(), Saving::Fresh);
+  saveQuotation(db(), kind(), offer(4), stamp(), Saving::Fresh);
   host.press("cmdadd");
   EXPECT_EQ(fields({0}), "5");
   host.fillEnter("Text1(0)", "4");
@@ -137,10 +137,10 @@ TEST_F(FrmQuot, RefusalsAndWhatIsNotRefused) {
 
 TEST_F(FrmQuot, EarlierTextsAndSalesComeByKey) {
   addTransporterRow();
-  saveQuotation(db(), book(), offer(4), stamp(), Saving::Fresh);
+  saveQuotation(db(), kind(), offer(4), stamp(), Saving::Fresh);
   workLine(db(), "I0000001", 2, 1);
   db().exec("UPDATE T_SLITM SET SIZE_CD = 'PCS', RATE = 50");
-  saveBill(db(), saleBook(), bill(8), stamp(), Saving::Fresh);
+  saveBill(db(), saleKind(), bill(8), stamp(), Saving::Fresh);
   const auto tried = [&](const char* field, Key key, const char* chosen) {
     host.fill(field, "");
     bool shown = false;

@@ -63,7 +63,7 @@ TEST_F(ReceiptsTest, AVoucherIsOneRowAndTwoOfTheLedger) {
   db().exec(
       "INSERT INTO ALEDGER (BOOK_CD, VOUCH_NO, PARTY_CD, VOUCH_TYPE, VOUCH_AMT) VALUES"
       " ('CM', 7, 'A00002', 'D', 1), ('CM', 8, 'A00002', 'D', 2), ('PY', 7, 'A00002', 'D', 3)");
-  ASSERT_TRUE(saveMoneyVoucher(db(), moneyBook("RECEIPT"), money(7, 1500.5), Saving::Fresh));
+  ASSERT_TRUE(saveMoneyVoucher(db(), receiptKind(), money(7, 1500.5), Saving::Fresh));
   EXPECT_EQ(
       line("SELECT VOUCH_NO, VOUCH_DT, REF_NO, BOOK_CD, CSHBNK_CD, PARTY_CD, AMOUNT, RPTPAY_DTL, NARRATION,"
            " NARRATION1, NARRATION2, CHQ_NO, CHQ_CLG_DT, VOUCH_TYPE FROM RPTPAY"),
@@ -95,28 +95,28 @@ TEST_F(ReceiptsTest, TheKindsDifferInBookNumberAndSides) {
       {"EXPENSE", "EXPENSE ENTRY", "C X90005 A00001 250, D A00001 X90005 250", "0",   "1000"},
   };
   for (const Case& c : cases) {
-    const MoneyBook& book = moneyBook(c.entryType);
-    EXPECT_EQ(book.title, c.title);
-    EXPECT_EQ(nextMoneyNumber(db(), book), 1) << c.entryType;
-    ASSERT_TRUE(saveMoneyVoucher(db(), book, money(1, 250), Saving::Fresh));
-    EXPECT_EQ(ledger(book.code), c.ledger) << c.entryType;
+    const VoucherKind& kind = moneyKind(c.entryType);
+    EXPECT_EQ(kind.words.title, c.title);
+    EXPECT_EQ(nextMoneyNumber(db(), kind), 1) << c.entryType;
+    ASSERT_TRUE(saveMoneyVoucher(db(), kind, money(1, 250), Saving::Fresh));
+    EXPECT_EQ(ledger(kind.code), c.ledger) << c.entryType;
     EXPECT_EQ(balance("X90005"), c.cash) << c.entryType;
     EXPECT_EQ(balance("A00001"), c.party) << c.entryType;
-    EXPECT_EQ(nextMoneyNumber(db(), book), 2) << c.entryType;
+    EXPECT_EQ(nextMoneyNumber(db(), kind), 2) << c.entryType;
   }
   EXPECT_EQ(stored(), "RC1 250, PY1 250, IC1 250, EP1 250");
 }
 
 TEST_F(ReceiptsTest, AModifyReplacesAndADeletionTakesBack) {
-  const MoneyBook& book = moneyBook("RECEIPT");
-  saveMoneyVoucher(db(), book, money(1, 400), Saving::Fresh);
-  saveMoneyVoucher(db(), book, money(2, 50), Saving::Fresh);
-  EXPECT_FALSE(saveMoneyVoucher(db(), book, money(2, 99), Saving::Fresh));
+  const VoucherKind& kind = receiptKind();
+  saveMoneyVoucher(db(), kind, money(1, 400), Saving::Fresh);
+  saveMoneyVoucher(db(), kind, money(2, 50), Saving::Fresh);
+  EXPECT_FALSE(saveMoneyVoucher(db(), kind, money(2, 99), Saving::Fresh));
   EXPECT_EQ(stored(), "RC1 400, RC2 50");
 
   MoneyVoucher changed = money(1, 300);
   changed.party = "A00002";
-  ASSERT_TRUE(saveMoneyVoucher(db(), book, changed, Saving::Again));
+  ASSERT_TRUE(saveMoneyVoucher(db(), kind, changed, Saving::Again));
   EXPECT_EQ(stored(), "RC1 300, RC2 50");
   EXPECT_EQ(balance("X90005"), "350");
   EXPECT_EQ(balance("A00002"), "-300");
@@ -125,11 +125,11 @@ TEST_F(ReceiptsTest, AModifyReplacesAndADeletionTakesBack) {
   RebuildAllBalances(db());
   EXPECT_EQ(balance("A00001"), "950");
 
-  deleteMoneyVoucher(db(), book, 1);
+  deleteMoneyVoucher(db(), kind, 1);
   EXPECT_EQ(ledger("RC"), "D X90005 A00001 50, C A00001 X90005 50");
   EXPECT_EQ(balance("A00002"), "0");
   EXPECT_EQ(balance("X90005"), "50");
-  deleteMoneyVoucher(db(), book, 9);
+  deleteMoneyVoucher(db(), kind, 9);
   EXPECT_EQ(stored(), "RC2 50");
 }
 
@@ -137,7 +137,7 @@ TEST_F(ReceiptsTest, ASaveThatFailsInTheMiddleLeavesNothing) {
   db().exec(
       "CREATE TRIGGER NO_CREDIT BEFORE INSERT ON ALEDGER WHEN NEW.VOUCH_TYPE = 'C'"
       " BEGIN SELECT RAISE(ABORT, 'no'); END");
-  EXPECT_THROW(saveMoneyVoucher(db(), moneyBook("RECEIPT"), money(1, 5), Saving::Fresh), DatabaseError);
+  EXPECT_THROW(saveMoneyVoucher(db(), receiptKind(), money(1, 5), Saving::Fresh), DatabaseError);
   EXPECT_EQ(line("SELECT (SELECT COUNT(*) FROM RPTPAY), (SELECT COUNT(*) FROM ALEDGER)"), "0|0");
   EXPECT_EQ(balance("A00001"), "38460");
 }
@@ -177,7 +177,7 @@ TEST_F(ReceiptsTest, TheSaveTestsCodesButNotTheAmount) {
 
 // What the fortnight at the counter does not come to.
 TEST_F(ReceiptsTest, NumbersByMode) {
-  saveMoneyVoucher(db(), moneyBook("RECEIPT"), money(4, 75), Saving::Fresh);
+  saveMoneyVoucher(db(), receiptKind(), money(4, 75), Saving::Fresh);
   open();
   host.press("cmdAdd");
   EXPECT_EQ(host.text("txtFields(0)"), "5");
@@ -215,7 +215,7 @@ TEST_F(ReceiptsTest, NumbersByMode) {
 TEST_F(ReceiptsTest, ANumberTakenMeanwhileIsNotWrittenOver) {
   open();
   startReceipt("A00001", "10");
-  saveMoneyVoucher(db(), moneyBook("RECEIPT"), money(1, 75), Saving::Fresh);
+  saveMoneyVoucher(db(), receiptKind(), money(1, 75), Saving::Fresh);
   host.enter();
   EXPECT_EQ(host.messages.back().text, "Voucher No. already exists");
   EXPECT_EQ(host.messages.back().title, "Mirav Message");
@@ -224,8 +224,8 @@ TEST_F(ReceiptsTest, ANumberTakenMeanwhileIsNotWrittenOver) {
 }
 
 TEST_F(ReceiptsTest, LookupsFindOldVouchersAndParties) {
-  saveMoneyVoucher(db(), moneyBook("RECEIPT"), money(4, 75.5), Saving::Fresh);
-  saveMoneyVoucher(db(), moneyBook("PAYMENT"), money(8, 1), Saving::Fresh);
+  saveMoneyVoucher(db(), receiptKind(), money(4, 75.5), Saving::Fresh);
+  saveMoneyVoucher(db(), moneyKind("PAYMENT"), money(8, 1), Saving::Fresh);
   open();
   host.press("cmdEdit");
   for (const auto& [key, second] : {

@@ -27,7 +27,7 @@ class Robust : public BillTest {
       own.exec("DELETE FROM T_SLITM");
       workLine(own, "I0000001", 1, 1);
       saved +=
-          saveBill(own, saleBook(), bill(lastVoucher(own, saleBook()).number + 1), stamp(), Saving::Fresh);
+          saveBill(own, saleKind(), bill(lastVoucher(own, saleKind()).number + 1), stamp(), Saving::Fresh);
     }
     _exit(saved);
   }
@@ -185,17 +185,17 @@ TEST_F(Robust, KilledAtAnyMomentAVoucherIsWholeOrAsItWas) {
   } kinds[] = {
       {[](Database& own, double quantity) {
          for (int k = 1; k <= 3; ++k) workLine(own, "I0000001", quantity, k);
-         saveBill(own, saleBook(), bill(1, 100 * quantity), stamp(), Saving::Again);
+         saveBill(own, saleKind(), bill(1, 100 * quantity), stamp(), Saving::Again);
        }, "SELECT NET_AMT, (SELECT COUNT(*) || '*' || SUM(QUANTITY) FROM SALEITM),"
        " (SELECT SUM(VOUCH_AMT) FROM ALEDGER WHERE BOOK_CD = 'SA' AND PARTY_CD = 'A00001') FROM SALE", "700|3*21.0|700",  "800|3*24.0|800" },
       {[](Database& own, double quantity) {
          for (int k = 1; k <= 3; ++k) goods(own, "I0000001", quantity, k);
-         saveChallan(own, challanBook(), challan(1, 100 * quantity), stamp(), Saving::Again);
+         saveChallan(own, challanKind(), challan(1, 100 * quantity), stamp(), Saving::Again);
        }, "SELECT NET_AMT, (SELECT COUNT(*) || '*' || SUM(QUANTITY) FROM CHLNITM),"
        " (SELECT SUM(VOUCH_AMT) FROM ALEDGER WHERE BOOK_CD = 'CH') FROM CHLN",                         "700|3*21.0|1400", "800|3*24.0|1600"},
       {[](Database& own, double quantity) {
          for (int k = 1; k <= 3; ++k) offeredLine(own, "I0000001", quantity, k);
-         saveQuotation(own, quotationBook("QUOTATION"), offer(1, 100 * quantity), stamp(), Saving::Again);
+         saveQuotation(own, quotationKind(), offer(1, 100 * quantity), stamp(), Saving::Again);
        }, "SELECT NET_AMT, (SELECT COUNT(*) || '*' || SUM(VAL(QUANTITY)) FROM QUOTITM) FROM QUOT",              "700|3*21.0",
        "800|3*24.0"                                                                                                                                                         },
   };

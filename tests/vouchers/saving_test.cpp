@@ -15,7 +15,7 @@ class SavingTest : public BillTest {};
 // Every column of the header: those written here, "." in some, 0 in all that are left.
 TEST_F(SavingTest, EveryHeaderColumnHasItsValue) {
   addTransporterRow();
-  ASSERT_TRUE(saveBill(db(), saleBook(), bill(7), stamp(), Saving::Fresh));
+  ASSERT_TRUE(saveBill(db(), saleKind(), bill(7), stamp(), Saving::Fresh));
   const std::string expected =
       "VOUCH_NO=7 VOUCH_DT=2026-06-15 BL_TYPE=TAX BILL_NO=0001 BOOK_CD=SA BL_TIME=10:30 DT_GOODS=2026-06-15"
       " TIME_GOODS=10:30 GWDN=1 CHLN_NO=12.5 ORDER_NO=PO/7 ORDER_DT=15/Jun/2026 PAY_MODE=. PARTY_CD=A00001"
@@ -39,8 +39,8 @@ TEST_F(SavingTest, LinesWithoutAQuantityStayBehindUnlessTheyAreMisc) {
     workLine(db(), item, quantity, ++serial);
     goods(db(), item, quantity, serial);
   }
-  ASSERT_TRUE(saveBill(db(), saleBook(), bill(7), stamp(), Saving::Fresh));
-  ASSERT_TRUE(saveChallan(db(), challanBook(), challan(7), stamp(), Saving::Fresh));
+  ASSERT_TRUE(saveBill(db(), saleKind(), bill(7), stamp(), Saving::Fresh));
+  ASSERT_TRUE(saveChallan(db(), challanKind(), challan(7), stamp(), Saving::Fresh));
   for (const std::string table : {"SALEITM", "CHLNITM"})
     EXPECT_EQ(line("SELECT GROUP_CONCAT(NUMTEXT(SR_NO) || ':' || ITEM_CD || ':' || NUMTEXT(QUANTITY)),"
                    " MAX(VOUCH_NO), MAX(VOUCH_DT) FROM " +
@@ -58,7 +58,7 @@ TEST_F(SavingTest, LedgerRowsOfABill) {
   up.narration = "N";
   up.lrNumber = "LR";
   up.billNumber = "0001";
-  ASSERT_TRUE(saveBill(db(), saleBook(), up, stamp(), Saving::Fresh));
+  ASSERT_TRUE(saveBill(db(), saleKind(), up, stamp(), Saving::Fresh));
   EXPECT_EQ(
       line(rows),
       "D A00001 X90002 118.4 0001 N LR A 30/C X90002 A00001 100 0001 N LR A -/C X90061 A00001 9 - N A -/"
@@ -67,7 +67,7 @@ TEST_F(SavingTest, LedgerRowsOfABill) {
   db().exec("INSERT INTO ALEDGER (VOUCH_NO, BOOK_CD, VOUCH_AMT) VALUES (7, 'CH', 5), (8, 'SA', 6)");
   BillHeader down = bill(7, 117.5);
   down.narration = std::string(200, 'x');
-  ASSERT_TRUE(saveBill(db(), saleBook(), down, stamp(), Saving::Again));
+  ASSERT_TRUE(saveBill(db(), saleKind(), down, stamp(), Saving::Again));
   EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER WHERE VOUCH_NO = 7 AND BOOK_CD = 'SA'"), "6");
   EXPECT_EQ(line("SELECT VOUCH_TYPE, VOUCH_AMT FROM ALEDGER WHERE PARTY_CD = 'X90015'"), "D|0.5");
   EXPECT_EQ(line("SELECT LENGTH(NARRATION) FROM ALEDGER WHERE PARTY_CD = 'A00001'"), "200");
@@ -78,12 +78,12 @@ TEST_F(SavingTest, LedgerRowsOfABill) {
 
 // A purchase of 118 rounded to 118.4 and to 117.5: the supplier is credited, everything else debited.
 TEST_F(SavingTest, APurchaseTurnsTheSidesRound) {
-  const Book& book = purchaseBook();
-  ASSERT_TRUE(saveBill(db(), saleBook(), bill(7, 118.4), stamp(), Saving::Fresh));
-  ASSERT_TRUE(saveBill(db(), book, bill(7, 118.4), stamp(), Saving::Fresh)) << "numbers are the book's own";
+  const VoucherKind& kind = purchaseKind();
+  ASSERT_TRUE(saveBill(db(), saleKind(), bill(7, 118.4), stamp(), Saving::Fresh));
+  ASSERT_TRUE(saveBill(db(), kind, bill(7, 118.4), stamp(), Saving::Fresh)) << "numbers are the book's own";
   BillHeader down = bill(8, 117.5);
   down.partyDate = parseDate("2026-06-11");
-  ASSERT_TRUE(saveBill(db(), book, down, stamp(), Saving::Fresh));
+  ASSERT_TRUE(saveBill(db(), kind, down, stamp(), Saving::Fresh));
   const std::string taxes = "D X90064 9, D X90065 9, D X90066 0, ";
   EXPECT_EQ(posted("PU", 7), "C A00001 118.4, D X90001 100, " + taxes + "D X90015 0.4");
   EXPECT_EQ(posted("PU", 8), "C A00001 117.5, D X90001 100, " + taxes + "C X90015 0.5");
@@ -92,7 +92,7 @@ TEST_F(SavingTest, APurchaseTurnsTheSidesRound) {
   EXPECT_EQ(unbalanced(db()), "");
   EXPECT_EQ(line("SELECT BOOK_CD, SALE_CD, PRV_BDT, PARTY_CD FROM SALE WHERE VOUCH_NO = 8"),
             "PU|X90001|2026-06-11|A00001");
-  deleteBill(db(), book, 7);
+  deleteBill(db(), kind, 7);
   EXPECT_EQ(line("SELECT COUNT(*), MIN(BOOK_CD || VOUCH_NO), MAX(BOOK_CD || VOUCH_NO) FROM SALE"),
             "2|PU8.0|SA7.0");
 }
@@ -100,7 +100,7 @@ TEST_F(SavingTest, APurchaseTurnsTheSidesRound) {
 TEST_F(SavingTest, WhatDoesNotFitItsColumnStaysAtItsDefault) {
   BillHeader odd = bill(7);
   odd.lrNumber = std::string(21, '9');
-  ASSERT_TRUE(saveBill(db(), saleBook(), odd, stamp(), Saving::Fresh));
+  ASSERT_TRUE(saveBill(db(), saleKind(), odd, stamp(), Saving::Fresh));
   EXPECT_EQ(line("SELECT GR_NO, DESTI, NET_AMT FROM SALE"), "|ANAND|118");
 }
 
@@ -124,20 +124,20 @@ TEST(Numbering, BillNumbersRunOnAsTheSeriesAlwaysDid) {
 }
 
 TEST_F(SavingTest, NumbersFollowTheHighestVoucherOfTheirBookAndType) {
-  EXPECT_EQ(lastVoucher(db(), saleBook()).number, 0);
-  EXPECT_FALSE(lastVoucher(db(), saleBook()).date);
+  EXPECT_EQ(lastVoucher(db(), saleKind()).number, 0);
+  EXPECT_FALSE(lastVoucher(db(), saleKind()).date);
   db().exec(
       "INSERT INTO SALE (VOUCH_NO, VOUCH_DT, BOOK_CD, BL_TYPE, BILL_NO) VALUES (3, '2026-05-01', 'SA', "
       "'TAX', '0500'),"
       " (9, '2026-04-01', 'SA', 'TAX', '0011'), (12, '2026-06-01', 'SA', 'RETAIL', '0900'), (20, "
       "'2026-06-02', 'XX', 'TAX', '7')");
-  EXPECT_EQ(lastVoucher(db(), saleBook()).number, 12);
-  EXPECT_EQ(lastVoucher(db(), saleBook()).date,
+  EXPECT_EQ(lastVoucher(db(), saleKind()).number, 12);
+  EXPECT_EQ(lastVoucher(db(), saleKind()).date,
             (Date{std::chrono::year{2026}, std::chrono::June, std::chrono::day{1}}));
-  EXPECT_EQ(nextBillNumber(db(), saleBook(), "TAX"), "0012")
+  EXPECT_EQ(nextBillNumber(db(), saleKind(), "TAX"), "0012")
       << "after the last voucher, not the highest bill";
-  EXPECT_EQ(nextBillNumber(db(), saleBook(), "retail"), "00901");
-  EXPECT_EQ(nextBillNumber(db(), saleBook(), "CASH"), "0001");
+  EXPECT_EQ(nextBillNumber(db(), saleKind(), "retail"), "00901");
+  EXPECT_EQ(nextBillNumber(db(), saleKind(), "CASH"), "0001");
 }
 
 // A bill's number is taken within its book and type; that of a purchase by the same supplier alone.
@@ -146,12 +146,12 @@ TEST_F(SavingTest, ABillNumberIsTakenOnce) {
       "INSERT INTO SALE (VOUCH_NO, BOOK_CD, BL_TYPE, BILL_NO, PARTY_CD) VALUES (9, 'SA', 'TAX', '11', 'A1'),"
       " (9, 'PU', 'TAX', '11', 'A1'), (4, 'XX', 'TAX', '7', 'A1')");
   struct Case {
-    const Book& book;
+    const VoucherKind& kind;
     BillReference bill;
     bool taken;
   };
-  const Book &sale = saleBook(), &purchase = purchaseBook();
-  for (const auto& [book, bill, taken] : std::vector<Case>{
+  const VoucherKind &sale = saleKind(), &purchase = purchaseKind();
+  for (const auto& [kind, bill, taken] : std::vector<Case>{
            {sale,     {"A2", "TAX", "11", 3},    true },
            {sale,     {"A2", "TAX", "11", 9},    false},
            {sale,     {"A2", "RETAIL", "11", 3}, false},
@@ -160,8 +160,8 @@ TEST_F(SavingTest, ABillNumberIsTakenOnce) {
            {purchase, {"A1", "TAX", "11", 9},    false},
            {purchase, {"A2", "TAX", "11", 3},    false},
   })
-    EXPECT_EQ(isDuplicateBill(db(), book, bill), taken)
-        << book.code << bill.party << bill.type << bill.voucher;
+    EXPECT_EQ(isDuplicateBill(db(), kind, bill), taken)
+        << kind.code << bill.party << bill.type << bill.voucher;
 }
 
 TEST_F(SavingTest, TransportersAreAddedOnce) {
@@ -185,7 +185,7 @@ TEST_F(SavingTest, TheLatestSalesKeepTies) {
         number, day, number);
   };
   const auto rates = [&](const std::string& party) {
-    const RateList list = latestSales(db(), saleBook(), {party, "I0000001", "PCS"});
+    const RateList list = latestSales(db(), saleKind(), {party, "I0000001", "PCS"});
     std::string all;
     for (const auto& row : list.rows->rows) all += row[5].text + " ";
     return all;
@@ -200,6 +200,6 @@ TEST_F(SavingTest, TheLatestSalesKeepTies) {
   for (int i = 0; i < 400; ++i) sell(++number, "A00002", "2026-04-09");
   sell(++number, "A00002", "2026-04-10");
   many.commit();
-  EXPECT_EQ(latestSales(db(), saleBook(), {"A00002", "I0000001", "PCS"}).rows->rows.size(), 401U);
+  EXPECT_EQ(latestSales(db(), saleKind(), {"A00002", "I0000001", "PCS"}).rows->rows.size(), 401U);
   EXPECT_EQ(rates("A00002").substr(0, 4), "409 ");
 }

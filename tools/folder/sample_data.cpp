@@ -5,13 +5,13 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "frame/voucher_kinds.h"
 #include "masters/gstin.h"
 #include "sample_rows.h"
 #include "store/balances.h"
 #include "store/dictionary.h"
 #include "store/row_writer.h"
 #include "store/templates.h"
-#include "vouchers/book.h"
 #include "vouchers/calculation.h"
 #include "vouchers/numbering.h"
 #include "vouchers/receipts.h"
@@ -208,14 +208,14 @@ class Books {
 
   // As the bill screen enters it: lines into the work table, then the save.
   void enter(const SampleBill& bill) {
-    const Book& book = saleBook();
+    const VoucherKind& kind = saleKind();
     const Row party = *db_.first("SELECT * FROM ACCOUNT WHERE ACC_CD = ?", bill.party);
     BillHeader head;
-    head.number = lastVoucher(db_, book).number + 1;
+    head.number = lastVoucher(db_, kind).number + 1;
     head.date = daysAgo(bill.daysAgo);
     head.party = bill.party;
     head.billType = "TAX";
-    head.billNumber = nextBillNumber(db_, book, head.billType);
+    head.billNumber = nextBillNumber(db_, kind, head.billType);
     head.challanNumber = head.number;
     head.narration = bill.narration;
     head.transport = bill.transport;
@@ -238,7 +238,7 @@ class Books {
     const BillTotal total = billTotal(head.items, {head.cgst, head.sgst, head.igst});
     head.amount = total.amount;
     head.roundOff = total.roundOff;
-    saveBill(db_, book, head, {now_, "", kMobile, year_.stem}, Saving::Fresh);
+    saveBill(db_, kind, head, {now_, "", kMobile, year_.stem}, Saving::Fresh);
   }
 
   void enterLine(const BillHeader& head, const SampleLine& line, int serial, double partyState) {
@@ -252,7 +252,7 @@ class Books {
         {"VOUCH_NO",   head.number},
         {"VOUCH_DT",   head.date},
         {"VOUCH_TIME", Clock{now_.hour, now_.minute}},
-        {"BOOK_CD",    saleBook().code},
+        {"BOOK_CD",    saleKind().code},
         {"SR_NO",      serial},
         {"ITEM_CD",    line.item},
         {"ITEM_NAME",  item.text("ITEM_NAME")},
@@ -286,9 +286,9 @@ class Books {
   }
 
   void enter(const SampleReceipt& receipt) {
-    const MoneyBook& book = moneyBook("RECEIPT");
-    storeMoneyVoucher(db_, book,
-                      {.number = nextMoneyNumber(db_, book),
+    const VoucherKind& kind = receiptKind();
+    storeMoneyVoucher(db_, kind,
+                      {.number = nextMoneyNumber(db_, kind),
                        .date = daysAgo(receipt.daysAgo),
                        .account = kCashAccount,
                        .party = receipt.party,

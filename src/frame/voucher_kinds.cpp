@@ -1,0 +1,277 @@
+#include "frame/voucher_kinds.h"
+
+#include <array>
+#include <map>
+
+#include "base/text.h"
+
+// Rows are laid out by hand.
+// clang-format off
+
+namespace {
+
+VoucherKind derived(VoucherKind kind, void (*differences)(VoucherKind&)) {
+  differences(kind);
+  return kind;
+}
+
+const VoucherKind& quotation() {
+  static const VoucherKind kind = {
+      .entryType = "QUOTATION",
+      .code = "QUOTATION",
+      .shortCode = "QT",
+      .screen = "FRMQUOT",
+      .video = &Links::quotationVideo,
+      .words = {.title = "QUOTATION ENTRY ",
+                .adding = " : ADD MODE",
+                .modifying = " : EDIT MODE",
+                .deleting = " : DELETE MODE",
+                .escapeAsks = "Do you want to Cancel and Exit",
+                .saveOpens = "Save opens after Subject To",
+                .savedHead = "Quotation Entry Saved",
+                .savedHints = {"Press Print Btn To Print Quotation",
+                               "Press New Entry Btn To Enter New Quotation Entry"}},
+      .tables = {.heads = "QUOT", .lines = "QUOTITM", .key = "ENTRY_TYP", .work = "T_QUOTITM", .serial = "SRNO"},
+      .numbering = {.number = "REF_NO"},
+      .party = {.offered = "ACCOUNT where group_cd in(85,88,86,135) ORDER BY ACC_NAME",
+                .rate = "SALE_RATE1",
+                .discount = "SALE_DISC"},
+      .paper = {.key = "QUOTPRN",
+                .kind = "QUOTATION",
+                .entryType = "QUOTENT",
+                .dialog = "QUOTATION PRINT",
+                .behind = "QUOTATION ENTRY",
+                .title = "QUOTATION",
+                .design = "QUOTITM",
+                .family = "QUOTATION",
+                .sheet = "QUOT",
+                .lineSheet = "QUOT",
+                .stem = "MIRAV_QUOT_"},
+  };
+  return kind;
+}
+
+const VoucherKind& saleReturn() {
+  static const VoucherKind kind = derived(saleKind(), [](VoucherKind& k) {
+    k.entryType = k.paper.kind = "SALERET";
+    k.code = "SR";
+    k.screen = k.paper.key = "";
+    k.ledger = {};
+    k.returns = {};
+  });
+  return kind;
+}
+
+const VoucherKind& purchaseReturn() {
+  static const VoucherKind kind = derived(purchaseKind(), [](VoucherKind& k) {
+    k.entryType = k.paper.kind = "PURCHRET";
+    k.code = "PR";
+    k.screen = "";
+    k.ledger = {};
+  });
+  return kind;
+}
+
+const VoucherKind& payment() {
+  static const VoucherKind kind = derived(receiptKind(), [](VoucherKind& k) {
+    k.entryType = "PAYMENT";
+    k.code = "PY";
+    k.words.title = "PAYMENT ENTRY";
+    k.ledger.partySide = "D";
+    k.ledger.formerCode = "";
+  });
+  return kind;
+}
+
+const VoucherKind& income() {
+  static const VoucherKind kind = derived(receiptKind(), [](VoucherKind& k) {
+    k.entryType = "INCOME";
+    k.code = "IC";
+    k.words.title = "INCOME ENTRY";
+    k.party.offered = "ACCOUNT WHERE GROUP_CD < 75 ORDER BY ACC_NAME";
+    k.ledger.formerCode = "";
+  });
+  return kind;
+}
+
+const VoucherKind& expense() {
+  static const VoucherKind kind = derived(income(), [](VoucherKind& k) {
+    k.entryType = "EXPENSE";
+    k.code = "EP";
+    k.words.title = "EXPENSE ENTRY";
+    k.ledger.partySide = "D";
+  });
+  return kind;
+}
+
+}  // namespace
+
+const VoucherKind& saleKind() {
+  static const VoucherKind kind = {
+      .entryType = "SALE",
+      .code = "SA",
+      .screen = "GSTSAPU",
+      .video = &Links::saleVideo,
+      .dispatched = true,
+      .words = {.title = "SALES ENTRY",
+                .adding = " :::  ADD MODE",
+                .modifying = "  :::  MODIFY MODE",
+                .deleting = " :::  DELETE MODE",
+                .printing = "  :::  PRINT MODE ",
+                .escapeAsks = "Do you want to Cancel and Exit",
+                .saveOpens = "Save opens after Parcels",
+                .savedHead = "Sale Entry Saved",
+                .savedHints = {"Press Print Btn To Print Sales Invoice",
+                               "Press New Entry Btn To Enter New Bill Entry"},
+                .rateHint = "F4 = Earlier Sales :: F6 = Party Rates :: F7 = Purchase Rates"},
+      .tables = {.heads = "SALE", .lines = "SALEITM", .key = "BOOK_CD", .work = "T_SLITM", .serial = "SR_NO"},
+      .numbering = {.number = "BILL_NO", .series = "BL_TYPE"},
+      .party = {.offered = "ACCOUNT where group_cd = 85 OR group_cd = 87 OR group_cd = 88 order by acc_name",
+                .rate = "SALE_RATE1",
+                .discount = "SALE_DISC"},
+      .ledger = {.partySide = "D",
+                 .goods = "X90002",
+                 .cgst = "X90061",
+                 .sgst = "X90062",
+                 .igst = "X90063",
+                 .rounds = "X90015"},
+      .paper = {.key = "GST INVOICE",
+                .kind = "SALE",
+                .dialog = "GST SALES INVOICE PRINT",
+                .title = "INVOICE",
+                .design = "INVGST",
+                .family = "GST INVOICE",
+                .sheet = "BILL",
+                .lineSheet = "BILL",
+                .stem = "MIRAV_INV_",
+                .taxesByRate = "GSTTOTQRY",
+                .hsn = true},
+      .returns = {.sign = 1},
+  };
+  return kind;
+}
+
+const VoucherKind& purchaseKind() {
+  static const VoucherKind kind = derived(saleKind(), [](VoucherKind& k) {
+    k.entryType = "PURCHASE";
+    k.code = "PU";
+    k.video = &Links::purchaseVideo;
+    k.dispatched = false;
+    k.words.title = "PURCHASE ENTRY";
+    k.words.savedHead = "Purchase Entry Saved";
+    k.words.savedHints = {"Press New Entry Btn To Enter New Bill Entry"};
+    k.words.rateHint = "F4 = Earlier Purchases :: F6 = Party Rates :: F7 = Purchase Rates";
+    k.words.billDate = "B.Dt";
+    k.numbering.runsOn = false;
+    k.party = {.offered = "ACCOUNT where group_cd = 135 OR group_cd = 87 OR group_cd = 88 order by acc_name",
+               .rate = "PUR_RATE",
+               .discount = "0"};  // no master keeps one
+    k.ledger.partySide = "C";
+    k.ledger.goods = "X90001";
+    k.ledger.cgst = "X90064";
+    k.ledger.sgst = "X90065";
+    k.ledger.igst = "X90066";
+    k.paper.key = "";  // the paper is the supplier's
+    k.paper.kind = "PURCH";
+    k.paper.taxesByRate = "GSTTOTQRYPU";  // stands only where a template brought it along
+    k.paper.hsn = false;
+    k.returns = {};
+  });
+  return kind;
+}
+
+const VoucherKind& challanKind() {
+  static const VoucherKind kind = {
+      .entryType = "CH",
+      .code = "CH",
+      .screen = "FRMCHLN",
+      .words = {.title = "Sales Challan Entry",
+                .adding = " ADD MODE",
+                .modifying = " Modify MODE",
+                .deleting = " Delete MODE",
+                .escapeAsks = "Do you want to exit",
+                .saveOpens = "Save opens after Desti",
+                .savedHead = "Sales Challan Entry Saved"},
+      .tables = {.heads = "CHLN", .lines = "CHLNITM", .key = "BOOK_CD", .work = "T_CHLNITM", .serial = "SR_NO"},
+      .numbering = {.number = "CHLN_NO", .series = "CHLN_TYP"},
+      .party = {.offered = "ACCOUNT where group_cd = 85 OR group_cd = 87 OR group_cd = 88 ORDER BY ACC_NAME",
+                .rate = "SALE_RATE1",
+                .discount = "SALE_DISC"},
+      .ledger = {.partySide = "D", .goods = "X90002"},
+      .paper = {.key = "CHLNPRN",
+                .kind = "CH",
+                .entryType = "CHLNENTRY",
+                .dialog = "CHALLAN PRINT",
+                .behind = "DELIVERY CHALLAN ENTRY",
+                .title = "DELIVERY CHALLAN",
+                .design = "INVGEN",
+                .family = "CHALLAN",
+                .sheet = "D_C",
+                .lineSheet = "CHLNSA",
+                .stem = "MIRAV_CH_"},
+  };
+  return kind;
+}
+
+const VoucherKind& quotationKind(const std::string& entryType) {
+  if (entryType == quotation().entryType) return quotation();
+  static std::map<std::string, VoucherKind> proformas;
+  const auto [found, fresh] = proformas.try_emplace(entryType, quotation());
+  VoucherKind& kind = found->second;
+  if (fresh) {
+    kind.entryType = kind.code = entryType;
+    kind.words.title = "PERFOMA INVOICE ";
+  }
+  return kind;
+}
+
+const VoucherKind& receiptKind() {
+  static const VoucherKind kind = {
+      .entryType = "RECEIPT",
+      .code = "RC",
+      .screen = "bwrcpy",
+      .words = {.title = "RECEIPT ENTRY"},
+      .tables = {.heads = "RPTPAY", .key = "BOOK_CD"},
+      .party = {.offered = "ACCOUNT WHERE GROUP_CD = 85 OR GROUP_CD = 135 ORDER BY ACC_NAME"},
+      .ledger = {.partySide = "C", .formerCode = "CM"},
+  };
+  return kind;
+}
+
+// clang-format on
+
+std::span<const VoucherKind* const> voucherKinds() {
+  static const std::array all = {&saleKind(),    &purchaseKind(), &saleReturn(),  &purchaseReturn(),
+                                 &challanKind(), &quotation(),    &receiptKind(), &payment(),
+                                 &income(),      &expense()};
+  return all;
+}
+
+const VoucherKind* kindByEntryType(std::string_view entryType) {
+  for (const VoucherKind* kind : voucherKinds())
+    if (kind->entryType == entryType) return kind;
+  return nullptr;
+}
+
+const VoucherKind* kindByBook(std::string_view book) {
+  for (const VoucherKind* kind : voucherKinds())
+    if (sameText(kind->book(), book)) return kind;
+  return nullptr;
+}
+
+std::vector<const VoucherKind*> kindsPostedFrom(std::string_view heads) {
+  std::vector<const VoucherKind*> kinds;
+  for (const VoucherKind* kind : voucherKinds())
+    if (kind->tables.heads == heads && !kind->ledger.partySide.empty()) kinds.push_back(kind);
+  return kinds;
+}
+
+const VoucherKind& billKind(std::string_view entryType) {
+  const VoucherKind* const kind = kindByEntryType(entryType);
+  return kind && kind->screen == saleKind().screen ? *kind : saleKind();
+}
+
+const VoucherKind& moneyKind(std::string_view entryType) {
+  const VoucherKind* const kind = kindByEntryType(entryType);
+  return kind && kind->screen == receiptKind().screen ? *kind : receiptKind();
+}
