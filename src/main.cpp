@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <clocale>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
 
+#include "base/words.h"
 #include "documents/screens.h"
 #include "frame/screens.h"
 #include "frame/start.h"
@@ -35,6 +37,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   QApplication application(argc, argv);
+  std::setlocale(LC_NUMERIC, "C");  // Qt has taken the person's; figures are written one way
   dress(application);
 
   Screens screens;
@@ -45,8 +48,9 @@ int main(int argc, char** argv) {
   addDocumentScreens(screens);
   setOpeningRoutines();
 
+  const std::filesystem::path folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+  openWords(folder);
   QtHost host(screens);
-  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
-  if (!startUp(host, program.parent_path())) return 1;
+  if (!startUp(host, folder)) return 1;
   return host.run();
 }

@@ -4,7 +4,10 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/text.h"
+#include "base/words.h"
 #include "platform/edit.h"
+#include "platform/shown.h"
 #include "platform/utf8.h"
 
 namespace {
@@ -14,8 +17,9 @@ constexpr int kMostSettlings = 50;
 
 bool isLetterOf(const std::string& caption, char32_t letter) {
   const size_t mark = caption.find('&');
-  if (mark == std::string::npos || mark + 1 >= caption.size()) return false;
-  return static_cast<char32_t>(std::toupper(static_cast<unsigned char>(caption[mark + 1]))) == letter;
+  if (mark == std::string::npos) return false;
+  const std::u32string rest = utf8::decode(upper(caption.substr(mark + 1)));
+  return !rest.empty() && rest.front() == letter;
 }
 
 }  // namespace
@@ -225,7 +229,7 @@ void Desk::plainKey(Screen& screen, Control* control, const Key& key) {
 
 bool Desk::mnemonic(Screen& screen, char32_t letter) {
   for (const auto& c : screen.controls) {
-    if (c->kind != Kind::Button || !c->enabled || !c->visible || !isLetterOf(c->text, letter)) continue;
+    if (c->kind != Kind::Button || !c->enabled || !c->visible || !isLetterOf(shownText(*c), letter)) continue;
     // As a click does: the focus goes to the button first, and the field may refuse.
     if (c->tab > 0 && !moveFocus(screen, *c, true)) return true;
     if (isOpen(screen)) fire(screen, c.get(), On::Click, Go::On);
@@ -463,12 +467,14 @@ void Desk::remove(Screen& screen) {
   if (now && !screen.modal_) run(*now, [&] { now->activated(); });
 }
 
+void Desk::hint(const std::string& text) { hint_ = words(text); }
+
 void Desk::message(const std::string& text, const std::string& title) {
   const Screen* const screen = top();
   if (checking_ && screen && screen->focused_ && screen->focused_->editable())
     screen->focused_->refused = true;
   changed();
-  box(text, title);
+  box(words(text), words(title));
 }
 
 std::optional<std::string> Desk::openModal(const std::string& name, const Entry& entry) {

@@ -51,7 +51,7 @@ class Desk : public Host {
   void close(Screen& screen) override;
   void quit() override { quitting_ = true; }
   Screen* find(const std::string& name) override;
-  void hint(const std::string& text) override { hint_ = text; }
+  void hint(const std::string& text) override;
   std::string hint() const override { return hint_; }
 
  protected:

@@ -48,7 +48,7 @@ class Backups : public FrameTest {
   void restore(const std::optional<std::string>& name, bool yes) {
     host_.inputs = {name};
     host_.answers = {yes};
-    host_.choose("Restore");
+    host_.choose("mnurestore");
     host_.answers.clear();
   }
 
@@ -105,10 +105,10 @@ TEST(BackupNames, AFileBelongsByWhatItWasSavedUnder) {
 
 TEST_F(Backups, StandInTheFolderOfTheSettings) {
   EXPECT_EQ(session().mbackuppath, "D:\\BACKUP");
-  host_.choose("Backup");
+  host_.choose("mnubackup");
   EXPECT_EQ(host_.lastMessage(), "Backup Done\r\n" + (keep_ / "M00125_260615_1030.mdb").string());
   EXPECT_EQ(host_.messages.back().title, kInformation);
-  host_.choose("Backup");
+  host_.choose("mnubackup");
   EXPECT_EQ(names(keep_),
             "M00125_260615_1030.mdb M00125_260615_1030_2.mdb M00125_260615_1030_2_comp.mdb "
             "M00125_260615_1030_comp.mdb ");
@@ -122,9 +122,9 @@ TEST_F(Backups, StandInTheFolderOfTheSettings) {
 }
 
 TEST_F(Backups, RestoreOffersTheNewestAndKeepsWhatItReplaces) {
-  host_.choose("Backup");
+  host_.choose("mnubackup");
   host_.clock.hour = 11;
-  host_.choose("Backup");
+  host_.choose("mnubackup");
   bill(2, *parseDate("2026-06-15"));
   data().exec("UPDATE COMP_DET SET ADDRS = 'NEW ROAD'");
   data().exec("UPDATE SPSFILE SET VOUCH_DT = '2027-03-31' WHERE VOUCH_NO = 212");
@@ -194,7 +194,7 @@ TEST_F(Backups, RestoreRefusesWhatIsNotOfThisYear) {
 
 // Books that can no longer be opened are brought back before they are.
 TEST_F(Backups, AreOfferedForBooksThatAreDamagedOrLost) {
-  host_.choose("Backup");
+  host_.choose("mnubackup");
   const fs::path books = folder_ / "M00125.mdb";
   const std::function<void()> spoils[] = {
       [&] { fs::resize_file(books, 5000); },
@@ -223,7 +223,7 @@ TEST_F(Backups, AreOfferedForBooksThatAreDamagedOrLost) {
 }
 
 TEST_F(Backups, AFailureIsToldAndNothingIsLost) {
-  host_.choose("Backup");
+  host_.choose("mnubackup");
   bill(2, *parseDate("2026-06-15"));
   const auto kept = names(keep_), mine = names(folder_.path());
   const auto restoreFails = [&](const std::string& words) {
@@ -235,7 +235,7 @@ TEST_F(Backups, AFailureIsToldAndNothingIsLost) {
   };
   {
     const FullDisk full;
-    host_.choose("Backup");
+    host_.choose("mnubackup");
     EXPECT_EQ(host_.lastMessage().substr(0, 17), "Backup Not Done\r\n");
     restoreFails("cannot be read or written: the disk reports an error");
   }
@@ -253,7 +253,7 @@ TEST_F(Backups, AFailureIsToldAndNothingIsLost) {
 
   session().mbackuppath = (folder_ / "FILE").string();
   std::ofstream(folder_ / "FILE") << "x";
-  host_.choose("Backup");
+  host_.choose("mnubackup");
   EXPECT_EQ(host_.lastMessage(),
             "Backup Not Done\r\n" + (folder_ / "FILE").string() + " is a file and no folder.");
 }
@@ -290,7 +290,7 @@ TEST_F(FrameTest, ARestoreThatIsKilledLeavesTheOldOrTheNewBooks) {
 
 TEST_F(Backups, OfTheExitAreMadeOnlyWhenTheSettingsSaySo) {
   host_.answers = {true};
-  host_.choose("EXIT");
+  host_.choose("mnuexit");
   EXPECT_TRUE(host_.quitting());
   EXPECT_FALSE(fs::exists(keep_));
 }
@@ -299,7 +299,7 @@ TEST_F(Backups, AFailureAtTheExitIsToldAndTheProgramEnds) {
   session().mbackupflag = true;
   session().mbackuppath = "/nowhere/at/all";
   host_.answers = {true};
-  host_.choose("EXIT");
+  host_.choose("mnuexit");
   EXPECT_EQ(host_.lastMessage(), "Backup Not Done\r\n/nowhere/at/all was not found.");
   EXPECT_TRUE(host_.quitting());
 }
@@ -312,9 +312,9 @@ TEST_F(Backups, OfTheExitAreSilentAndTheLastTenStay) {
   for (const char* name : {"M00125_260511_1830_exit_comp", "M00125_260401_1030", "M00124_260401_1030_exit"})
     add(name);
   host_.answers = {false, true};
-  host_.choose("EXIT");
+  host_.choose("mnuexit");
   EXPECT_EQ(backupsOf(keep_, "M00125").size(), 11u) << "none for a No";
-  host_.choose("EXIT");
+  host_.choose("mnuexit");
   EXPECT_TRUE(host_.quitting());
   EXPECT_TRUE(host_.messages.empty());
   const auto left = backupsOf(keep_, "M00125");

@@ -22,7 +22,7 @@ class Categories : public FrameTest {
 
 TEST_F(Categories, AreListedAsTextUnderTheirTitle) {
   EXPECT_FALSE(fs::exists(folder_ / "FORMATS"));
-  EXPECT_TRUE(host_.choose("Category List"));
+  EXPECT_TRUE(host_.choose("dept"));
   EXPECT_EQ(host_.viewed, std::vector<std::string>{list().string()});
   EXPECT_EQ(session().mreportkey, "dept");
   EXPECT_EQ(host_.hint(), "Not built yet") << "and the report screen is asked for";
@@ -48,21 +48,21 @@ TEST_F(Categories, AreListedAsTextUnderTheirTitle) {
 }
 
 TEST_F(Categories, AWorkbookThatIsHeldOpenStays) {
-  host_.choose("Category List");
+  host_.choose("dept");
   const auto before = fs::last_write_time(list());
   {
     const HeldOpen held(list());
-    host_.choose("Category List");
+    host_.choose("dept");
     EXPECT_EQ(host_.lastMessage(), "Excel File Is Already Open\r\nClose It First");
     EXPECT_EQ(host_.viewed.size(), 1u);
     EXPECT_EQ(fs::last_write_time(list()), before);
   }
   host_.processes = {"excel.exe"};
-  host_.choose("Category List");
+  host_.choose("dept");
   EXPECT_EQ(host_.viewed.size(), 2u);
   EXPECT_EQ(host_.processes.size(), 1u) << "ended only when the session says so";
   session().mexcelkill = true;
-  host_.choose("Category List");
+  host_.choose("dept");
   EXPECT_TRUE(host_.processes.empty());
 }
 
@@ -70,7 +70,7 @@ TEST_F(Categories, AFailureIsToldAndLeavesNothing) {
   fs::create_directory(folder_ / "FORMATS");
   {
     const FullDisk full;
-    host_.choose("Category List");
+    host_.choose("dept");
   }
   EXPECT_EQ(
       host_.messages.back().title + ": " + host_.lastMessage(),

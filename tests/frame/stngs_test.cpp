@@ -7,7 +7,7 @@ class Details : public FrameTest {
   Details() {
     openShell();
     session().mentrytype.clear();
-    host_.choose("Company Details Set");
+    host_.choose("acc_set");
   }
   Row row() { return *data().first("SELECT * FROM COMP_DET"); }
 };

@@ -11,7 +11,7 @@ TEST_F(FrameTest, TheUpdateBacksUpFirstAndSaysWhatCameOfIt) {
   data().exec("INSERT INTO ITEMDTL (ITEM_CD, SIZE_CD) VALUES ('MISC', 'BOX')");
   data().exec("CREATE TABLE main.OLD_LIST (NOTE TEXT)");
   data().exec("UPDATE ACCOUNT SET PERSON_NM = NULL");
-  ASSERT_TRUE(host_.choose("Database Check"));
+  ASSERT_TRUE(host_.choose("struct"));
   ASSERT_EQ(host_.onTop(), "struct");
   host_.messages.clear();
   host_.enter();
@@ -30,7 +30,7 @@ TEST_F(FrameTest, WithoutABackupThereIsNoUpdate) {
   openShell();
   data().exec("CREATE TABLE main.OLD_LIST (NOTE TEXT)");
   std::ofstream(folder_ / "BACKUP") << "no folder";
-  ASSERT_TRUE(host_.choose("Database Check"));
+  ASSERT_TRUE(host_.choose("struct"));
   host_.messages.clear();
   host_.enter();
   ASSERT_EQ(host_.messages.size(), 1u);

@@ -87,15 +87,16 @@ class TestHost : public Desk {
     fill(field, typed);
     enter();
   }
-  // A menu entry of the shell by its caption without &; false when it or its menu is off.
-  bool choose(const std::string& caption) {
+  // A menu entry of the shell by its key, or its control where it has none; false when it or its
+  // menu is off.
+  bool choose(const std::string& key) {
     if (!shell()) return false;
     for (const MenuEntry& menu : shell()->menus) {
-      if (plain(menu.caption) == caption && menu.entries.empty()) return this->menu(menu);
+      if (menu.entries.empty() && menu.control == key) return this->menu(menu);
       for (const MenuEntry& entry : menu.entries)
-        if (plain(entry.caption) == caption) return menu.enabled && this->menu(entry);
+        if ((entry.key.empty() ? entry.control : entry.key) == key) return menu.enabled && this->menu(entry);
     }
-    ADD_FAILURE() << "no menu entry " << caption;
+    ADD_FAILURE() << "no menu entry " << key;
     return false;
   }
   void ticks(int n) {
@@ -162,14 +163,5 @@ class TestHost : public Desk {
   void changed() override {}
 
  private:
-  static std::string plain(const std::string& caption) {
-    std::string text;
-    for (const char ch : caption)
-      if (ch != '&') text += ch;
-    const size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-  }
-
   std::string clip_;
 };

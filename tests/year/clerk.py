@@ -71,7 +71,7 @@ class Clerk(Shop):
 
     def bill(self, b, today, refused=None):
         s = self.s
-        self.add("GST Sales Entry" if b.book == "SA" else "Purchase", b)
+        self.add("SALE" if b.book == "SA" else "PURCHASE", b)
         if refused:
             s.fill("MaskEdBox1(0)", refused.strftime("%d%m%Y"), "Enter")
             s('expect message "Pl. Enter Date Between 01/Apr/2023 and 31/Mar/2034"', "expect focus MaskEdBox1(0)")
@@ -108,10 +108,10 @@ class Clerk(Shop):
         s('expect Label1 contains "   Invoice AMOUNT : %s\\n"' % number(b.net))
         if b.book == "SA" and b.net > 50000:
             s('expect Label1 contains "Value Of Bill Exceeds Rs. 50000/-"')
-        s('press "New Entry"')
+        s("press CancelButton" if b.book == "SA" else "press OKButton")  # a new entry
 
     def open_bill(self, b, party=None):
-        self.open("GST Sales Entry" if b.book == "SA" else "Purchase", b)
+        self.open("SALE" if b.book == "SA" else "PURCHASE", b)
         self.s.expect("Text2", (party or b.party).name)
 
     def mend_line(self, b, index):
@@ -156,9 +156,9 @@ class Clerk(Shop):
         self.s.keys("Alt+D")
         self.s.type(str(voucher.number))
         self.s("answer Yes", "key Enter", 'expect message "ARE YOU SURE"')
-        if menu == "Receipts":
+        if menu == "RECEIPT":
             self.s("key Esc")
-        if menu == "Delivery Challan":  # Escape leaves its screen with the mode
+        if menu == "CH":  # Escape leaves its screen with the mode
             self.s("key Esc", "expect screen frmmain")
             self.desk = None
 
@@ -166,7 +166,7 @@ class Clerk(Shop):
 
     def challan(self, c):
         s = self.s
-        self.add("Delivery Challan", c)
+        self.add("CH", c)
         s.keys("Enter")
         s.type(c.party.code.lower(), "Enter Enter")
         s.type(c.type.lower(), "Enter")
@@ -188,17 +188,17 @@ class Clerk(Shop):
         s.fill("Text1(21)", number(c.charges), "Enter")
         s.expect("Text1(20)", number(c.off))
         s.expect("Text1(28)", number(c.net))
-        s("focus Text1(11)", "key Enter", "key Enter", 'press "New Entry"')
+        s("focus Text1(11)", "key Enter", "key Enter", "press CancelButton")
 
     def mend_challan(self, c):
-        self.open("Delivery Challan", c)
+        self.open("CH", c)
         self.s("focus Text1(8)")
         self.s.fill("Text1(8)", number(c.lines[0].quantity), "Enter Enter Enter")
         self.save_challan(c)
 
     def quotation(self, q):
         s = self.s
-        self.add("Quotation", q)
+        self.add("QUOTATION", q)
         s.keys("Enter")
         s.type(q.party.code.lower(), "Enter")
         s.keys("Enter Enter Enter Enter")
@@ -213,17 +213,17 @@ class Clerk(Shop):
 
     def save_quotation(self, q):
         self.s.expect("Text1(27)", number(q.net))
-        self.s("focus Text1(6)", "key Enter", "key Enter", 'press "New Entry"')
+        self.s("focus Text1(6)", "key Enter", "key Enter", "press CancelButton")
 
     def mend_quotation(self, q):
-        self.open("Quotation", q)
+        self.open("QUOTATION", q)
         self.s("focus Text1(8)")
         self.s.fill("Text1(8)", number(q.lines[0].quantity), "Enter Enter Enter Enter")
         self.save_quotation(q)
 
     def money(self, m, today):
         s = self.s
-        self.add("Receipts" if m.book == "RC" else "Payments", m, "txtFields(0)")
+        self.add("RECEIPT" if m.book == "RC" else "PAYMENT", m, "txtFields(0)")
         if m.day != today:
             s.fill("MaskEdBox1(0)", m.day.strftime("%d%m%Y"))
         if m.place == CASH:
@@ -247,7 +247,7 @@ class Clerk(Shop):
 
     def mend_money(self, m):
         s = self.s
-        self.open("Receipts" if m.book == "RC" else "Payments", m)
+        self.open("RECEIPT" if m.book == "RC" else "PAYMENT", m)
         s.fill("MaskEdBox1(0)", m.day.strftime("%d%m%Y"), "Enter")
         s.fill("txtFields(4)", number(m.amount))
         s("key Enter", "key Enter", "key Enter", "key Enter")

@@ -30,7 +30,7 @@ class Reports:
         """Shows a report and goes over all its cells; none where there are no rows."""
         s = self.s
         s.note(menu)
-        s('menu "%s"' % menu)
+        s("menu " + menu)
         for control, text in fields:
             s.fill(control, text)
         for index, day in ((0, start), (1, end)):
@@ -85,19 +85,19 @@ class Reports:
 
     def sales(self):
         s, everything = self.s, self.bills()
-        self.show("Sales Bill Register", self.bill_register(everything))
+        self.show("SALEBILLSUMMARY", self.bill_register(everything))
         october = datetime.date(2026, 10, 1), datetime.date(2026, 10, 30)
-        self.show("Sales Bill Register", self.bill_register(self.bills(*october)), *october)
+        self.show("SALEBILLSUMMARY", self.bill_register(self.bills(*october)), *october)
         party = everything[-1].party
-        self.show("Sales Bill Register", self.bill_register(self.bills(keep=lambda p: p is party)), fields=[("Text1(0)", party.code)])
+        self.show("SALEBILLSUMMARY", self.bill_register(self.bills(keep=lambda p: p is party)), fields=[("Text1(0)", party.code)])
         area = next(p.area for p in self.books.parties if p.group == DEBTORS and p.area)
-        self.show("Sales Bill Register", self.bill_register(self.bills(keep=lambda p: p.area == area)), fields=[("Text1(1)", area.lower())])
-        self.show("Sale Bill Detailed Register", self.detailed_register(everything))
+        self.show("SALEBILLSUMMARY", self.bill_register(self.bills(keep=lambda p: p.area == area)), fields=[("Text1(1)", area.lower())])
+        self.show("slblreg", self.detailed_register(everything))
         for month in range(12):
             start = datetime.date(2026 + (month + 3) // 12, (month + 3) % 12 + 1, 1)
             end = start.replace(day=28 if start.month == 2 else calendar.monthrange(start.year, start.month)[1])
-            self.show("GSTR-1 RD Sales Register", self.gst(True, start, end), start)
-            self.show("GSTR-1 URD Sales Register", self.gst(False, start, end), start)
+            self.show("GSTR1-RD", self.gst(True, start, end), start)
+            self.show("GSTR1-URD", self.gst(False, start, end), start)
 
     # Offers, challans, receipts
 
@@ -111,8 +111,8 @@ class Reports:
                 rows.append([str(q.number), q.day.strftime(DETAIL), "%s %s" % (line.item.name, line.unit), money(line.quantity), money(line.net),
                              *map(money, line.amounts), money(line.net)])
         last = total([r[:3] + [money(float(r[3]))] + r[4:] for r in mains], range(3, 9), 9)[-1:]
-        self.show("Quotation Register", mains + last)
-        self.show("Quotation Detail Register", rows + last)
+        self.show("QUOTREG", mains + last)
+        self.show("QUOTREGDTL", rows + last)
 
     def challans(self):
         mains, rows = [], []
@@ -124,16 +124,16 @@ class Reports:
                 rows.append([str(c.number), c.day.strftime(DETAIL), "%s %s" % (line.item.name, line.unit), money(line.quantity),
                              money(line.rate * line.quantity), number(line.rate), "0", None])
         last = total([r[:3] + [money(float(x)) for x in r[3:]] for r in mains], range(3, 8), 8)[-1:]
-        self.show("Challan Register", mains + last)
-        self.show("Challan Detail Register", rows + last)
+        self.show("CHLNRPT", mains + last)
+        self.show("CHLNRPTDTL", rows + last)
 
     def receipts(self):
         found = sorted(self.books.money["RC"].values(), key=lambda m: (m.day, m.number))
         rows = lambda kept: total([[str(m.number), m.day.strftime(FAST), "%s %s" % (m.party.name, m.party.area), money(m.amount), None]
                                    for m in kept], [3], 5)
-        self.show("Receipt Register", rows(found))
+        self.show("recipt", rows(found))
         party = found[0].party
-        self.show("Receipt Register", rows([m for m in found if m.party is party]), fields=[("Text1(0)", party.code)])
+        self.show("recipt", rows([m for m in found if m.party is party]), fields=[("Text1(0)", party.code)])
 
     # What is owed
 
@@ -161,26 +161,26 @@ class Reports:
                 mains.append([p.name, p.area, *sums, p.phone])
                 rows += [mains[-1]] + bills
         last = total(mains, (2, 3, 4), 6)[-1:]
-        self.show("Outstanding LIst", mains + last, None, end, answer="No")
-        self.show("Outstanding LIst", rows + last, None, end, answer="Yes")
+        self.show("ONACRCV", mains + last, None, end, answer="No")
+        self.show("ONACRCV", rows + last, None, end, answer="Yes")
 
     def closing(self, end):
         rows = []
         for p in sorted((p for p in self.books.parties if p.group == DEBTORS), key=named):
             balance = self.books.balance(p.code, self.ledger, end)
             rows.append([p.code, p.name, money(max(balance, Decimal(0))), money(max(-balance, Decimal(0))), p.area, p.phone])
-        self.show("Closing Balance List", total(rows, (2, 3), 6), None, end)
+        self.show("accmastclbl", total(rows, (2, 3), 6), None, end)
 
     # Lists of masters
 
     def lists(self):
         books = self.books
-        self.show("Party List Print", [[p.code, p.name, "%s %s" % p.address, p.area, p.city, p.phone, p.gstin, p.gstin[2:12] if len(p.gstin) == 15 else None]
+        self.show("accmastADD", [[p.code, p.name, "%s %s" % p.address, p.area, p.city, p.phone, p.gstin, p.gstin[2:12] if len(p.gstin) == 15 else None]
                                        for p in sorted((p for p in books.parties if p.group == DEBTORS), key=named)])
-        self.show("Category List", [[c.code, c.name, c.hsn, c.description, money(c.tax)] for c in sorted(books.categories, key=lambda c: c.name)])
+        self.show("dept", [[c.code, c.name, c.hsn, c.description, money(c.tax)] for c in sorted(books.categories, key=lambda c: c.name)])
         names = {c.code: c.name for c in books.categories}
         sizes = sorted(((i, u) for i in books.items + [books.misc] for u in i.units), key=lambda x: (x[0].name, x[1].name))
-        self.show("Product List Print", [[i.code, i.name, names[i.category], u.name, i.hsn, money(i.tax), money(u.sale), money(u.discount)]
+        self.show("priclstprn", [[i.code, i.name, names[i.category], u.name, i.hsn, money(i.tax), money(u.sale), money(u.discount)]
                                          for i, u in sizes], answer="No")
 
     # The books by statements of their own

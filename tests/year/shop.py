@@ -1,6 +1,5 @@
 """The shopkeeper's hands before and around the vouchers: company, masters, update, posting."""
 from rules import number
-from script import quoted
 
 
 class Shop:
@@ -13,12 +12,12 @@ class Shop:
         if self.desk == menu:
             return False
         self.leave()
-        self.s("menu " + quoted(menu))
+        self.s("menu " + menu)
         self.desk = menu
         return True
 
     def leave(self):
-        if self.desk in ("Receipts", "Payments"):
+        if self.desk in ("RECEIPT", "PAYMENT"):
             self.s("press cmdClose")
         elif self.desk:
             self.s("press cmdclose")
@@ -31,7 +30,7 @@ class Shop:
         self.s.type(name.lower(), "Enter")
         self.s.type("2026")
         self.s("answer Yes", "key Enter", "tick 4", 'expect message "Are You Sure"', 'expect message "company created"')
-        self.s('menu "Company Details Set"')
+        self.s("menu acc_set")
         self.s.fill("txtFields(2)", name.lower())
         self.s.fill("txtFields(7)", "24")
         self.s.fill("txtFields(1)", "24AAKFS4821M1ZW")
@@ -48,7 +47,7 @@ class Shop:
             s.sql("SELECT ROUND(CL_BAL, 2) FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(self.books.standing_balance(code))))
 
     def categories(self, categories):
-        self.s('menu "Category Master"', "key Alt+A")
+        self.s("menu category", "key Alt+A")
         for c in categories:
             self.s.expect("txtFields(0)", c.code)
             self.s.type(c.name.lower(), "Enter Enter")
@@ -57,7 +56,7 @@ class Shop:
         self.s("key Alt+C", "key Esc", "expect screen frmmain")
 
     def items(self, items):
-        self.s('menu "Item Master"')
+        self.s("menu item")
         for item in items:
             self.s.expect("Text1(0)", item.code)
             for text in (item.name.lower(), item.category.lower(), item.units[0].name.lower(), number(item.tax), item.hsn):
@@ -76,7 +75,7 @@ class Shop:
 
     def parties(self, parties):
         """A registered one by its number, which gives the state; "." by a number that is refused; "X" without asking."""
-        self.s('menu "Account Master"', "key Alt+A")
+        self.s("menu account", "key Alt+A")
         for p in parties:
             self.s.expect("txtFields(0)", p.code)
             self.s.type(p.name.lower(), "Enter")
@@ -102,7 +101,7 @@ class Shop:
     def register(self, p):
         """A party gets its number: all its bills of the year are those of a registered one."""
         s = self.s
-        s('menu "Account Master"', "key Alt+M")
+        s("menu account", "key Alt+M")
         s.type(p.code.lower(), "Enter")
         s.expect("txtFields(1)", p.name)
         s.fill("txtFields(44)", p.gstin, "Enter")
@@ -111,10 +110,10 @@ class Shop:
     def update(self):
         self.leave()
         s = self.s
-        s('menu "Database Check"', "press cmdupdate")
+        s("menu struct", "press cmdupdate")
         s('expect message contains "Backup Done"', 'expect message "PRIMARY KEY NOT SET FOR ITEMDTL  TABLE"', 'expect message "SUCCESS"')
         s("expect screen frmmain")
 
     def post(self):
         self.leave()
-        self.s('menu "Posting"', "key Enter", 'expect message "POSTING IS COMPLETE"', "expect screen frmmain")
+        self.s("menu posting", "key Enter", 'expect message "POSTING IS COMPLETE"', "expect screen frmmain")

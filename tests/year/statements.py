@@ -58,7 +58,7 @@ def running(r, code, start, end, narrated):
 def show(r, code, start, end, narrated=False):
     s = r.s
     s.note("Ledger of %s" % code)
-    s('menu "Partty Ledger"')
+    s("menu LEDGERS")
     s.type(code.lower(), "Enter")
     s.fill("MaskEdBox1(0)", start.strftime("%d%m%Y"), "Enter")
     s.fill("MaskEdBox1(1)", end.strftime("%d%m%Y"))

@@ -207,12 +207,12 @@ class Year:
     def delete(self):
         if b := self.some_bill():
             del self.books.bills["SA"][b.number]
-            self.clerk.delete("GST Sales Entry", b)
+            self.clerk.delete("SALE", b)
 
     def delete_last(self):
         bills = self.books.bills["SA"]
         if bills:
-            self.clerk.delete("GST Sales Entry", bills.pop(max(bills)))
+            self.clerk.delete("SALE", bills.pop(max(bills)))
 
     def plain_lines(self, party, most):
         lines = []
@@ -243,7 +243,7 @@ class Year:
             self.clerk.mend_challan(c)
 
     def delete_challan(self):
-        self.delete_some("Delivery Challan", self.books.challans)
+        self.delete_some("CH", self.books.challans)
 
     def delete_some(self, menu, vouchers):
         if vouchers:
@@ -261,7 +261,7 @@ class Year:
             self.clerk.mend_quotation(self.mended(self.books.quotations))
 
     def delete_quotation(self):
-        self.delete_some("Quotation", self.books.quotations)
+        self.delete_some("QUOTATION", self.books.quotations)
 
     def receipt(self, book="RC"):
         rng, books = self.rng, self.books
@@ -286,5 +286,5 @@ class Year:
         if self.books.money["RC"]:
             m = self.books.money["RC"].pop(self.rng.choice(list(self.books.money["RC"])))
             del self.books.standing["RC", m.number]
-            self.clerk.delete("Receipts", m)
+            self.clerk.delete("RECEIPT", m)
             self.clerk.balances(m)

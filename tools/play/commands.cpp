@@ -2,8 +2,16 @@
 #include <iostream>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/session.h"
+#include "platform/shown.h"
 #include "player.h"
+
+namespace {
+
+std::string bare(const std::string& caption) { return trim(replaceAll(caption, "&", "")); }
+
+}  // namespace
 
 const Word& wordAt(const std::vector<Word>& words, size_t i) {
   if (i >= words.size()) throw Stop{"expected a word more, saw the end of the line"};
@@ -37,6 +45,7 @@ const std::map<std::string, Player::Command>& Player::commands() {
       {"clock",    &Player::clock      },
       {"online",   &Player::online     },
       {"running",  &Player::running    },
+      {"language", &Player::language   },
       {"twips",    &Player::twips      },
       {"tick",     &Player::tick       },
       {"menu",     &Player::menu       },
@@ -76,6 +85,9 @@ void Player::running(const Words& w) {
   for (const Word& name : w) machine_.running.push_back(name.text);
 }
 
+// The words from here on; figures and dates do not change.
+void Player::language(const Words& w) { openWords(folder_, wordAt(w, 0).text); }
+
 void Player::twips(const Words& w) {
   const double t = wholeAt(w, 0);
   machine_.display = {1366 * t, 768 * t, t, t};
@@ -96,7 +108,8 @@ void Player::menu(const Words& w) {
       [&](const std::vector<MenuEntry>& entries, bool on) -> const MenuEntry* {
     for (const MenuEntry& e : entries) {
       const bool enabled = on && e.enabled;
-      if (e.entries.empty() && sameText(trim(replaceAll(e.caption, "&", "")), wanted)) {
+      const bool named = sameText(e.key.empty() ? e.control : e.key, wanted);
+      if (e.entries.empty() && (named || sameText(bare(words(e.caption)), wanted))) {
         off = !enabled;
         return &e;
       }
@@ -105,7 +118,7 @@ void Player::menu(const Words& w) {
     return nullptr;
   };
   const MenuEntry* const entry = search(shell->menus, true);
-  if (!entry) fail("a menu entry \"" + wanted + "\"", "none of that caption");
+  if (!entry) fail("a menu entry \"" + wanted + "\"", "none of that key or caption");
   const MenuEntry copy = *entry;
   if (off || !desk_.menu(copy)) fail("the menu entry \"" + wanted + "\" enabled", "disabled");
 }
@@ -127,8 +140,7 @@ void Player::press(const Words& w) {
   const Word& wanted = wordAt(w, 0);
   Control* button = top().find(wanted.text);
   for (const auto& c : top().controls)
-    if (!button && c->kind == Kind::Button && c->visible &&
-        sameText(trim(replaceAll(c->text, "&", "")), trim(replaceAll(wanted.text, "&", ""))))
+    if (!button && c->kind == Kind::Button && c->visible && sameText(bare(shownText(*c)), bare(wanted.text)))
       button = c.get();
   if (!button) fail("a button " + wanted.text, "none on " + top().spec.name);
   if (!button->visible) fail("the button " + wanted.text + " visible", "hidden");

@@ -2,7 +2,9 @@
 #include <utility>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "output_of.h"
+#include "platform/shown.h"
 #include "player.h"
 
 namespace {
@@ -68,15 +70,15 @@ void Player::match(const std::string& what, const std::string& saw, const Words&
 
 void Player::expectControl(const Words& w) {
   const Control& c = control(w[0].text);
-  match(c.fullName(), c.text, w, 1);
+  match(c.fullName(), shownText(c), w, 1);
 }
 
 void Player::expectLabel(const Words& w) {
   const Control& c = control(wordAt(w, 0).text);
-  match("label of " + c.fullName(), c.label, w, 1);
+  match("label of " + c.fullName(), words(c.label), w, 1);
 }
 
-void Player::expectCaption(const Words& w) { match("caption", top().caption, w, 0); }
+void Player::expectCaption(const Words& w) { match("caption", words(top().caption), w, 0); }
 
 void Player::expectHint(const Words& w) { match("hint", desk_.hint(), w, 0); }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/words.h"
 #include "platform/desk.h"
 #include "platform/paint.h"
 #include "platform/qt/paint_qt.h"
@@ -72,12 +73,12 @@ class Played : public Base {
 
   bool ask(const std::string& text, const std::string& title) override {
     this->changed();
-    return machine_.ask(text, title);
+    return machine_.ask(words(text), words(title));
   }
   std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                    const std::string&) override {
     this->changed();
-    return machine_.input(prompt, title);
+    return machine_.input(words(prompt), words(title));
   }
   Moment now() const override { return machine_.now(); }
   ScreenSize display() const override { return machine_.display; }

@@ -1,6 +1,7 @@
 #include <QApplication>
 
 #include <CLI/CLI.hpp>
+#include <clocale>
 #include <filesystem>
 #include <iostream>
 
@@ -79,6 +80,7 @@ int main(int argc, char** argv) {
   std::unique_ptr<QApplication> application;
   if (window) {
     application = std::make_unique<QApplication>(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
     dress(*application);
   }
 

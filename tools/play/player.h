@@ -35,6 +35,7 @@ class Player {
   void clock(const Words&);
   void online(const Words&);
   void running(const Words&);
+  void language(const Words&);
   void twips(const Words&);
   void tick(const Words&);
   void menu(const Words&);

@@ -1,6 +1,8 @@
 #include <iostream>
 
 #include "base/text.h"
+#include "base/words.h"
+#include "platform/shown.h"
 #include "player.h"
 
 namespace {
@@ -10,7 +12,7 @@ void printGrid(const Control& c) {
   if (c.grid.current != Grid::kNone) std::cout << ", cursor on " << c.grid.current;
   std::cout << "\n";
   std::vector<std::string> titles;
-  for (const GridColumn& column : c.grid.columns) titles.push_back(column.title);
+  for (const GridColumn& column : c.grid.columns) titles.push_back(words(column.title));
   std::cout << "    | " << join(titles, " | ") << "\n";
   constexpr size_t kMost = 30;
   for (size_t row = 0; row < c.grid.count() && row < kMost; ++row) {
@@ -25,7 +27,7 @@ void printGrid(const Control& c) {
 }  // namespace
 
 void printScreen(const Desk& desk, const Screen& screen) {
-  std::cout << screen.spec.name << " \"" << screen.caption << "\"";
+  std::cout << screen.spec.name << " \"" << words(screen.caption) << "\"";
   if (!screen.mode.empty()) std::cout << " mode " << screen.mode;
   std::cout << "\n";
   for (const auto& c : screen.controls) {
@@ -35,8 +37,8 @@ void printScreen(const Desk& desk, const Screen& screen) {
       continue;
     }
     std::cout << (c.get() == screen.focused() ? "* " : "  ") << c->fullName();
-    if (c->editable() && !c->label.empty()) std::cout << " (" << c->label << ")";
-    std::cout << ": \"" << replaceAll(c->text, "\n", "\\n") << "\"";
+    if (c->editable() && !c->label.empty()) std::cout << " (" << words(c->label) << ")";
+    std::cout << ": \"" << replaceAll(shownText(*c), "\n", "\\n") << "\"";
     if (!c->enabled) std::cout << " off";
     if (c->locked) std::cout << " locked";
     std::cout << "\n";

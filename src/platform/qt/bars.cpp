@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "base/words.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/palette.h"
 
@@ -15,7 +16,7 @@ class ToolButton : public QAbstractButton {
  public:
   ToolButton(const ToolEntry& tool, const Look*& look, QWidget* parent)
       : QAbstractButton(parent), icon_(tool.icon), look_(look) {
-    setText(QString::fromStdString(layout::plainCaption(tool.caption)));
+    setText(QString::fromStdString(layout::plainCaption(words(tool.caption))));
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
   }
@@ -77,7 +78,7 @@ void MenuBar::build(QWidget& owner, QMenu* menu, const std::vector<MenuEntry>& e
                     std::vector<size_t> path) {
   for (size_t i = 0; i < entries.size(); ++i) {
     const MenuEntry& entry = entries[i];
-    const QString caption = QString::fromStdString(entry.caption);
+    const QString caption = QString::fromStdString(words(entry.caption));
     path.push_back(i);
     if (entry.caption == "-") {
       owner.addAction(new QAction(&owner));
@@ -207,14 +208,14 @@ void StatusBar::paintEvent(QPaintEvent*) {
     painter.fillRect(QRect(x, look_->px(4), 1, height() - look_->px(8)), QColor(palette::kBarLine));
   };
   if (panels_.size() > 2 && !panels_[2].empty()) {
-    const QString text = QString::fromStdString(panels_[2]);
+    const QString text = QString::fromStdString(words(panels_[2]));
     draw::line(painter, room, text, Qt::AlignRight);
     room.setRight(room.right() - plain.horizontalAdvance(text) - inset);
     line(room.right());
     room.setRight(room.right() - inset);
   }
   if (!panels_.empty() && !panels_[0].empty()) {
-    const QString text = QString::fromStdString(panels_[0]);
+    const QString text = QString::fromStdString(words(panels_[0]));
     draw::line(painter, room, text, Qt::AlignLeft);
     room.setLeft(room.left() + plain.horizontalAdvance(text) + inset);
     line(room.left());

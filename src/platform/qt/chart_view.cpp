@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "base/pattern.h"
+#include "base/words.h"
 #include "platform/qt/palette.h"
 
 namespace {
@@ -60,11 +61,11 @@ void ChartView::paintEvent(QPaintEvent*) {
 void ChartView::paintHead(QPainter& painter, QRect head) const {
   painter.setFont(look_->font(Look::Face::Strong));
   painter.setPen(QColor(palette::kInk));
-  draw::line(painter, head, QString::fromStdString(chart_.title), Qt::AlignLeft);
+  draw::line(painter, head, QString::fromStdString(words(chart_.title)), Qt::AlignLeft);
   painter.setFont(look_->font(Look::Face::Plain));
   const int side = look_->px(12), gap = look_->px(6);
   for (size_t i = chart_.legend.size(); i-- > 0;) {
-    const QString name = QString::fromStdString(chart_.legend[i]);
+    const QString name = QString::fromStdString(words(chart_.legend[i]));
     const int width = painter.fontMetrics().horizontalAdvance(name);
     painter.setPen(QColor(palette::kQuiet));
     draw::line(painter, {head.right() - width, head.y(), width + 1, head.height()}, name, Qt::AlignRight);

@@ -7,6 +7,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "base/words.h"
 #include "platform/qt/palette.h"
 #include "platform/utf8.h"
 
@@ -31,7 +32,7 @@ FieldView::FieldView(Screen& screen, Control& control, Hands& hands, QWidget* pa
   setAcceptDrops(false);
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_InputMethodEnabled);
-  setAccessibleName(QString::fromStdString(layout::plainCaption(control.label)));
+  setAccessibleName(QString::fromStdString(layout::plainCaption(words(control.label))));
 }
 
 FieldView::State FieldView::stateNow(const Situation& s) const {
@@ -47,7 +48,7 @@ FieldView::State FieldView::stateNow(const Situation& s) const {
 void FieldView::sync(const Situation& situation) {
   situation_ = situation;
   Shown now{.text = control_.text,
-            .placeholder = spot_.frame == Frame::Heads ? control_.label : std::string(),
+            .placeholder = spot_.frame == Frame::Heads ? words(control_.label) : std::string(),
             .state = stateNow(situation),
             .back = control_.back,
             .caret = control_.caret,
@@ -146,7 +147,7 @@ void FieldView::paintEvent(QPaintEvent*) {
   QFont font = look_->font(face());
   if (control_.style == Style::Amount) {
     area.adjust(look_->px(7), 0, -look_->px(5), 0);
-    const QString label = QString::fromStdString(control_.label);
+    const QString label = QString::fromStdString(words(control_.label));
     painter.setFont(look_->font(Look::Face::Strong));
     painter.setPen(QColor(palette::kAccent));
     draw::line(painter, area, label, Qt::AlignLeft);

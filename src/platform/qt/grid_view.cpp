@@ -8,6 +8,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "base/words.h"
 #include "platform/qt/palette.h"
 
 namespace {
@@ -61,7 +62,8 @@ void paintHeading(QPainter& painter, const QRect& box, const std::vector<GridCol
       painter.fillRect(QRect(cell.x(), cell.y() + 3, 1, cell.height() - 7), QColor(palette::kGridHeadMark));
     painter.setPen(QColor(palette::kInk));
     if (cell.width() > 2 * inset)
-      draw::line(painter, cell.adjusted(inset, 0, -inset, -1), QString::fromStdString(columns[i].title),
+      draw::line(painter, cell.adjusted(inset, 0, -inset, -1),
+                 QString::fromStdString(words(columns[i].title)),
                  spans ? Qt::AlignHCenter : ofColumn(columns[i]));
     i = to;
   }

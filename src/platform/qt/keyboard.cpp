@@ -53,8 +53,9 @@ Key keyOf(const QKeyEvent& event) {
     if (row.qt == Qt::Key_Backtab) key.shift = true;
     return key;
   }
-  // Letters and digits held with Ctrl or Alt; Qt names them by their upper-case sign.
-  if ((key.ctrl || key.alt) && event.key() > Qt::Key_Space && event.key() <= Qt::Key_AsciiTilde) {
+  // Letters and digits held with Ctrl or Alt; Qt names them by their upper-case sign, and its own keys
+  // begin behind all signs.
+  if ((key.ctrl || key.alt) && event.key() > Qt::Key_Space && event.key() < Qt::Key_Escape) {
     key.code = KeyCode::Char;
     key.ch = static_cast<char32_t>(event.key());
     return key;

@@ -4,7 +4,9 @@
 #include <cmath>
 #include <utility>
 
+#include "base/words.h"
 #include "platform/qt/layout_measure.h"
+#include "platform/shown.h"
 
 namespace layout {
 namespace {
@@ -255,7 +257,7 @@ class Engine {
       return;
     }
     // No cell before it: the label takes its width from the field.
-    const int w = m_.width(c.label, Style::Quiet) + m_.px(2);
+    const int w = m_.width(words(c.label), Style::Quiet) + m_.px(2);
     spot.label = {spot.box.x, spot.box.y, w, spot.box.h};
     spot.box.x += w + m_.px(kColumnGap);
     spot.box.w -= w + m_.px(kColumnGap);
@@ -266,7 +268,7 @@ class Engine {
     const auto widthOf = [&](const Control& c) {
       return c.kind == Kind::Button ? sizes_.buttonWidth(c)
              : c.spec->at.width > 0 ? m_.px(c.spec->at.width)
-                                    : m_.width(plainCaption(c.text), c.style) + m_.px(26);
+                                    : m_.width(plainCaption(shownText(c)), c.style) + m_.px(26);
     };
     int left = box.x, right = box.right();
     for (const size_t i : members) {

@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "base/text.h"
+#include "base/words.h"
+#include "platform/shown.h"
 
 namespace layout {
 
@@ -88,7 +90,7 @@ std::vector<int> columnEdges(const std::vector<GridColumn>& columns, int width, 
       if (l.unit == Length::Unit::Px) l.unit = Length::Unit::Part;
   for (size_t i = 0; i < columns.size(); ++i) {
     const bool fits = lengths[i].unit == Length::Unit::Fit;
-    fixed.push_back(fits ? measure.width(columns[i].title, Style::Key) + 2 * measure.px(kCellInset)
+    fixed.push_back(fits ? measure.width(words(columns[i].title), Style::Key) + 2 * measure.px(kCellInset)
                     : lengths[i].unit == Length::Unit::Px ? measure.px(lengths[i].n)
                                                           : 0);
   }
@@ -231,10 +233,10 @@ int Sizes::fitColumn(const Group& g, int column) const {
   for (const size_t i : members(g)) {
     const Control& c = *screen_.controls[i];
     const Place& at = c.spec->at;
-    if (labelled(c) && at.col == column + 1) most = std::max(most, m_.width(c.label, Style::Quiet));
+    if (labelled(c) && at.col == column + 1) most = std::max(most, m_.width(words(c.label), Style::Quiet));
     if (at.col != column || at.span != 1) continue;
-    if (c.kind == Kind::Label) most = std::max(most, m_.width(c.text, c.style));
-    if (c.kind == Kind::Check) most = std::max(most, m_.width(c.text, Style::Normal) + m_.px(26));
+    if (c.kind == Kind::Label) most = std::max(most, m_.width(shownText(c), c.style));
+    if (c.kind == Kind::Check) most = std::max(most, m_.width(shownText(c), Style::Normal) + m_.px(26));
     if (c.kind == Kind::Button) most = std::max(most, buttonWidth(c));
   }
   return most + m_.px(2);
@@ -244,7 +246,7 @@ int Sizes::buttonWidth(const Control& c) const {
   const double own = c.spec->at.width;
   if (own > 0) return m_.px(own);
   return std::max(m_.px(kButtonWidth),
-                  m_.width(plainCaption(c.text), Style::Head == c.style ? c.style : Style::Key) +
+                  m_.width(plainCaption(shownText(c)), Style::Head == c.style ? c.style : Style::Key) +
                       2 * m_.px(kButtonInset));
 }
 

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QScreen>
 
+#include "base/words.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/palette.h"
 
@@ -18,7 +19,7 @@ constexpr int kLeastWidth = 1366, kLeastHeight = 690;
 MainWindow::MainWindow(Screen& screen, Hands& hands, WindowEvents& events)
     : screen_(screen), events_(events), look_(&Look::at(1)) {
   setWindowIcon(icons::program());
-  setWindowTitle(QString::fromStdString(screen.caption));
+  setWindowTitle(QString::fromStdString(words(screen.caption)));
   menuBar_ = new MenuBar([this](const std::vector<size_t>& path) { events_.menuChosen(path); }, this);
   toolBar_ = new ToolBar([this](size_t index) { events_.toolChosen(index); }, this);
   statusBar_ = new StatusBar(this);
@@ -74,7 +75,7 @@ void MainWindow::placeParts() {
 }
 
 void MainWindow::syncBars(const std::string& hint) {
-  setWindowTitle(QString::fromStdString(screen_.caption));
+  setWindowTitle(QString::fromStdString(words(screen_.caption)));
   if (menuBar_->isHidden() != screen_.menus.empty() || toolBar_->isHidden() != screen_.tools.empty())
     placeParts();
   menuBar_->sync(screen_.menus);

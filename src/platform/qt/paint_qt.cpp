@@ -12,6 +12,7 @@
 #include <cmath>
 #include <vector>
 
+#include "base/words.h"
 #include "platform/qt/paint_canvas.h"
 
 namespace paint {
@@ -20,8 +21,11 @@ namespace {
 constexpr int kPdfDots = 1200;
 constexpr double kMaxImage = 20000;  // pixels a side
 
-std::string sentence(const QString& path, const QString& reason) {
-  return (path + QStringLiteral(" cannot be written: ") + reason + QStringLiteral(".")).toStdString();
+std::string sentence(const QString& path, const std::string& reason) {
+  return words("{file} cannot be written: {reason}.", {
+                                                          {"file",   path.toStdString()},
+                                                          {"reason", reason            }
+  });
 }
 
 // The whole or nothing: beside the target first, then renamed. What Qt's own writers make of
@@ -29,7 +33,7 @@ std::string sentence(const QString& path, const QString& reason) {
 void writeWhole(QSaveFile& file, const QByteArray& bytes) {
   const bool open = file.isOpen() || file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
   if (open && file.write(bytes) == bytes.size() && file.commit()) return;
-  const std::string text = sentence(file.fileName(), file.errorString());
+  const std::string text = sentence(file.fileName(), file.errorString().toStdString());
   file.cancelWriting();
   throw PaintError(text);
 }
@@ -43,7 +47,7 @@ class PdfCanvas final : public QtCanvas {
   PdfCanvas(std::shared_ptr<TextSetter> setter, const std::string& path)
       : QtCanvas(std::move(setter)), file_(QString::fromStdString(path)) {
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-      throw PaintError(sentence(file_.fileName(), file_.errorString()));
+      throw PaintError(sentence(file_.fileName(), file_.errorString().toStdString()));
     buffer_.open(QIODevice::WriteOnly);
     writer_ = std::make_unique<QPdfWriter>(&buffer_);
     writer_->setResolution(kPdfDots);
@@ -60,7 +64,7 @@ class PdfCanvas final : public QtCanvas {
     writer_->setPageSize(pageSize(width, height));
     writer_->setPageMargins(QMarginsF());
     const bool begun = painter_.isActive() ? writer_->newPage() : painter_.begin(writer_.get());
-    if (!begun) throw PaintError(sentence(file_.fileName(), QStringLiteral("the page cannot be drawn")));
+    if (!begun) throw PaintError(sentence(file_.fileName(), words("the page cannot be drawn")));
     settle(kPdfDots / 72.0);
   }
 
@@ -90,7 +94,9 @@ class ImageCanvas final : public QtCanvas {
     if (painter_.isActive()) painter_.end();
     const double w = std::ceil(width * dots_), h = std::ceil(height * dots_);
     if (!(w >= 1 && h >= 1 && w <= kMaxImage && h <= kMaxImage))
-      throw PaintError("The picture " + path_.toStdString() + " would be too large.");
+      throw PaintError(words("The picture {file} would be too large.", {
+                                                                           {"file", path_.toStdString()}
+      }));
     pages_.emplace_back(static_cast<int>(w), static_cast<int>(h), QImage::Format_RGB32);
     pages_.back().setDotsPerMeterX(static_cast<int>(std::lround(dots_ * 72 / 0.0254)));
     pages_.back().setDotsPerMeterY(static_cast<int>(std::lround(dots_ * 72 / 0.0254)));
@@ -146,13 +152,20 @@ class PrinterCanvas final : public QtCanvas {
     printer_.setPageSize(pageSize(wide ? height : width, wide ? width : height));
     printer_.setPageOrientation(wide ? QPageLayout::Landscape : QPageLayout::Portrait);
     const bool begun = painter_.isActive() ? printer_.newPage() : painter_.begin(&printer_);
-    if (!begun) throw PaintError("The printer " + printer_.printerName().toStdString() + " cannot be used.");
+    if (!begun)
+      throw PaintError(words("The printer {printer} cannot be used.",
+                             {
+                                 {"printer", printer_.printerName().toStdString()}
+      }));
     settle(printer_.resolution() / 72.0);
   }
 
   void finish() override {
     if (painter_.isActive() && (!painter_.end() || printer_.printerState() == QPrinter::Error))
-      throw PaintError("The printer " + printer_.printerName().toStdString() + " did not take the job.");
+      throw PaintError(words("The printer {printer} did not take the job.",
+                             {
+                                 {"printer", printer_.printerName().toStdString()}
+      }));
   }
 
  private:
@@ -185,7 +198,7 @@ class QtPainter final : public Painter {
   }
   std::unique_ptr<Canvas> printer() override {
     const QPrinterInfo info = QPrinterInfo::defaultPrinter();
-    if (info.isNull()) throw PaintError("No Printer Found");
+    if (info.isNull()) throw PaintError(english("No Printer Found"));
     return std::make_unique<PrinterCanvas>(setter_, info);
   }
 

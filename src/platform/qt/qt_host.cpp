@@ -13,6 +13,7 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "base/words.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/machine.h"
 #include "platform/qt/paint_qt.h"
@@ -278,13 +279,13 @@ void QtHost::box(const std::string& text, const std::string& title) {
 }
 
 bool QtHost::ask(const std::string& text, const std::string& title) {
-  return answered({.kind = BoxPanel::Kind::Question, .text = text, .title = title})->yes();
+  return answered({.kind = BoxPanel::Kind::Question, .text = words(text), .title = words(title)})->yes();
 }
 
 std::optional<std::string> QtHost::input(const std::string& prompt, const std::string& title,
                                          const std::string& initial) {
-  const auto panel =
-      answered({.kind = BoxPanel::Kind::Input, .text = prompt, .title = title, .initial = initial});
+  const auto panel = answered(
+      {.kind = BoxPanel::Kind::Input, .text = words(prompt), .title = words(title), .initial = initial});
   return panel->yes() ? std::optional(panel->value()) : std::nullopt;
 }
 
@@ -316,15 +317,21 @@ bool QtHost::running(const std::string& process) const { return machine::running
 void QtHost::endProcess(const std::string& process) { machine::endProcess(process); }
 
 void QtHost::launch(const std::string& program, const std::vector<std::string>& arguments) {
-  QStringList words;
-  for (const std::string& a : arguments) words << QString::fromStdString(a);
-  if (!QProcess::startDetached(QString::fromStdString(program), words))
-    message(program + " could not be started", kMessageTitle);
+  QStringList given;
+  for (const std::string& a : arguments) given << QString::fromStdString(a);
+  if (!QProcess::startDetached(QString::fromStdString(program), given))
+    message(words("{program} could not be started",
+                  {
+                      {"program", program}
+    }),
+            kMessageTitle);
 }
 
 void QtHost::openLink(const std::string& url) {
   if (!withoutDesktop() && !QDesktopServices::openUrl(QUrl(QString::fromStdString(url))))
-    hint("No Program Opens " + url);
+    hint(words("No Program Opens {link}", {
+                                              {"link", url}
+    }));
 }
 
 void QtHost::view(const std::string& file) {
@@ -332,7 +339,9 @@ void QtHost::view(const std::string& file) {
   if (withoutDesktop()) return;
   // Where the desktop takes the file and shows nothing, the person still knows where it lies.
   const bool opened = QDesktopServices::openUrl(QUrl::fromLocalFile(path));
-  hint((opened ? "Opening " : "No Program Shows ") + file);
+  hint(words(opened ? english("Opening {file}") : english("No Program Shows {file}"), {
+                                                                                          {"file", file}
+  }));
 }
 
 paint::Painter& QtHost::painter() {

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/palette.h"
 
@@ -28,7 +29,7 @@ constexpr StripRow kStrips[] = {
 
 ScreenView::ScreenView(Screen& screen, Hands& hands, QWidget* parent) : QWidget(parent), screen_(screen) {
   setFocusPolicy(Qt::NoFocus);
-  setAccessibleName(QString::fromStdString(screen.caption));
+  setAccessibleName(QString::fromStdString(words(screen.caption)));
   for (const auto& control : screen.controls) views_.push_back(makeView(screen, *control, hands, *this));
   pair_ = std::ranges::any_of(
       screen.controls, [](const auto& c) { return c->kind == Kind::Button && c->style == Style::Secondary; });
@@ -86,7 +87,7 @@ void ScreenView::sync(const Look& look, bool top, const QRect& dialog) {
                      .pair = pair_ && c.style != Style::Normal,
                      .focusColour = screen_.spec.focusColour});
   }
-  Shown shown{screen_.caption, screen_.mode, screen_.escMeans, screen_.reason};
+  Shown shown{words(screen_.caption), screen_.mode, words(screen_.escMeans), words(screen_.reason)};
   if (shown != shown_) {
     if (shown.reason != shown_.reason) update(draw::rect(plan_.reason));
     update(draw::rect(plan_.strip));
@@ -189,7 +190,7 @@ void ScreenView::paintLabels(QPainter& painter, const QRect& clip) const {
     const QRect box = draw::rect(plan_.spots[i].label);
     if (!c.visible || box.isEmpty() || !box.intersects(clip)) continue;
     // A label wider than its cell may reach to the left.
-    const QString text = QString::fromStdString(layout::plainCaption(c.label)).trimmed();
+    const QString text = QString::fromStdString(layout::plainCaption(words(c.label))).trimmed();
     painter.drawText(
         box, static_cast<int>(Qt::AlignRight | Qt::AlignVCenter) | Qt::TextSingleLine | Qt::TextDontClip,
         text);

@@ -9,10 +9,11 @@
 #include "platform/qt/field_view.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/palette.h"
+#include "platform/shown.h"
 
 namespace {
 
-QString shownText(const std::string& text) { return QString::fromStdString(text); }
+QString toQt(const std::string& text) { return QString::fromStdString(text); }
 
 // A caption's & marks a letter only in buttons; "&&" is one &.
 QString plain(const std::string& text) { return QString::fromStdString(layout::plainCaption(text)); }
@@ -58,7 +59,7 @@ ButtonView::ButtonView(Screen& screen, Control& control, Hands& hands, QWidget* 
 }
 
 void ButtonView::sync(const Situation& situation) {
-  Shown now{.text = control_.text,
+  Shown now{.text = shownText(control_),
             .enabled = control_.enabled,
             .focus = situation.focus || situation.caller,
             .pair = situation.pair,
@@ -90,7 +91,7 @@ void ButtonView::paintEvent(QPaintEvent*) {
   draw::box(painter, rect(), fill, line, width, look_->px(3));
   painter.setPen(ink);
   painter.setFont(look_->font(strong ? Look::Face::Strong : Look::Face::Plain));
-  draw::line(painter, rect(), shownText(shown_.text), Qt::AlignHCenter, true);
+  draw::line(painter, rect(), toQt(shown_.text), Qt::AlignHCenter, true);
 }
 
 // Check box
@@ -99,7 +100,7 @@ CheckView::CheckView(Screen& screen, Control& control, Hands& hands, QWidget* pa
     : WidgetView(screen, control, hands, parent) {
   setCheckable(true);
   setFocusPolicy(Qt::NoFocus);
-  setText(plain(control.text));
+  setText(plain(shownText(control)));
   QObject::connect(this, &QAbstractButton::clicked, this, [this] {
     setChecked(shown_.on);  // only the record says so
     hands_.pressed(screen_, control_);
@@ -107,7 +108,7 @@ CheckView::CheckView(Screen& screen, Control& control, Hands& hands, QWidget* pa
 }
 
 void CheckView::sync(const Situation& situation) {
-  Shown now{.text = control_.text,
+  Shown now{.text = shownText(control_),
             .enabled = control_.enabled,
             .focus = situation.focus,
             .on = control_.value != 0};
@@ -137,8 +138,7 @@ void CheckView::paintEvent(QPaintEvent*) {
   }
   painter.setPen(QColor(shown_.enabled ? kInk : kOffText));
   painter.setFont(look_->font(shown_.focus ? Look::Face::Strong : Look::Face::Plain));
-  draw::line(painter, rect().adjusted(side + look_->px(8), 0, 0, 0), shownText(shown_.text), Qt::AlignLeft,
-             true);
+  draw::line(painter, rect().adjusted(side + look_->px(8), 0, 0, 0), toQt(shown_.text), Qt::AlignLeft, true);
 }
 
 // Label
@@ -149,12 +149,13 @@ LabelView::LabelView(Screen& screen, Control& control, Hands& hands, QWidget* pa
 }
 
 void LabelView::sync(const Situation&) {
-  Shown now{.text = control_.text, .style = control_.style, .back = control_.back, .align = control_.align};
+  Shown now{
+      .text = shownText(control_), .style = control_.style, .back = control_.back, .align = control_.align};
   if (control_.money)
     now.text = control_.style == Style::Figure ? groupedFigures(now.text) : groupedMoney(now.text);
   if (now == shown_) return;
   shown_ = std::move(now);
-  setText(shownText(shown_.text));
+  setText(toQt(shown_.text));
   update();
 }
 
@@ -187,7 +188,7 @@ void LabelView::paintEvent(QPaintEvent*) {
   if (!look_ || shown_.text.empty()) return;
   QPainter painter(this);
   if (shown_.back != kWhite) painter.fillRect(rect(), palette::fromBgr(shown_.back));
-  const QStringList lines = shownText(shown_.text).remove('\r').split('\n');
+  const QStringList lines = toQt(shown_.text).remove('\r').split('\n');
   if (shown_.style == Style::Warn)
     paintWarning(painter, lines);
   else
@@ -248,7 +249,7 @@ void LabelView::paintLines(QPainter& painter, const QStringList& lines) const {
     if (!match.hasMatch()) continue;
     row.setLeft(row.left() + painter.fontMetrics().horizontalAdvance(match.captured(1)));
     painter.setFont(look_->font(Look::Face::Strong));
-    draw::line(painter, row, shownText(groupedMoney(match.captured(2).toStdString())), Qt::AlignLeft);
+    draw::line(painter, row, toQt(groupedMoney(match.captured(2).toStdString())), Qt::AlignLeft);
   }
 }
 
