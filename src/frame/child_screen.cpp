@@ -30,6 +30,48 @@ std::string ChildScreen::hintFor(const Control& control) const {
   return trim(control.text).empty() ? "Press Enter For Help" : "Press Enter To Proceed";
 }
 
+// Fields and columns
+
+void ChildScreen::showFields(const Row& row, Part part) {
+  for (const auto& c : controls) {
+    const ControlSpec& f = *c->spec;
+    if (f.column.empty() || c->ofLine() != (part == Part::Line)) continue;
+    if (f.holds == Holds::Figure)
+      put(f.field, row.number(f.column));
+    else if (f.holds == Holds::Date)
+      put(f.field, row.date(f.column));
+    else
+      put(f.field, row.text(f.column));
+  }
+}
+
+Fields ChildScreen::writtenFields(Part part) const {
+  const auto valueOf = [this](const ControlSpec& f) -> Value {
+    switch (f.holds) {
+      case Holds::Figure:
+        return value(f.field);
+      case Holds::Date:
+        return date(f.field);
+      case Holds::Typed:
+        return text(f.field);
+      case Holds::Text:
+        break;
+    }
+    return trimmed(f.field);
+  };
+  Fields row;
+  for (const auto& c : controls)
+    if (!c->spec->column.empty() && c->ofLine() == (part == Part::Line))
+      row.push_back({c->spec->column, valueOf(*c->spec)});
+  return row;
+}
+
+void ChildScreen::emptyFields(Part part) {
+  for (const auto& c : controls)
+    if (c->editable() && c->ofLine() == (part == Part::Line))
+      set(*c, c->kind == Kind::Date ? kEmptyDate : std::string_view());
+}
+
 Go ChildScreen::dateKey(const Key& key) {
   Control& box = here();
   const auto standing = parseDate(box.text);

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "frame/field_names.h"
 #include "frame/routines.h"
 #include "platform/host.h"
+#include "store/database.h"
+#include "store/row_writer.h"
 
 // What every screen inside the shell does: it counts itself in mactiveforms, hides the
 // shell's picture and locks the menus while it is open, brings them back when it was the
@@ -19,6 +22,13 @@ class ChildScreen : public Screen {
   // Words of the control's own from its table, else by whether it is filled; nothing for
   // buttons and grids, which leave the line as it is.
   virtual std::string hintFor(const Control& control) const;
+
+  // The screen's fields and the columns that its table gives them; those of the entry row are the
+  // line, all others the head.
+  enum class Part { Head, Line };
+  void showFields(const Row& row, Part part);
+  Fields writtenFields(Part part) const;
+  void emptyFields(Part part);  // those without a column too
 
   // Date keys of a date box: F1 period start, F2 today, F3 period end, Down/Up a day
   // earlier/later, Page Down/Page Up a month earlier/later.

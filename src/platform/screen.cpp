@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <cctype>
+#include <set>
 #include <stdexcept>
 #include <utility>
 
+#include "base/number.h"
+#include "base/text.h"
 #include "platform/utf8.h"
 
 namespace {
@@ -12,6 +15,13 @@ namespace {
 bool same(std::string_view a, std::string_view b) {
   return std::ranges::equal(
       a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
+}
+
+void requireOneOfEach(const ScreenSpec& spec) {
+  std::set<std::string_view> names;
+  for (const ControlSpec& row : spec.controls)
+    if (!row.field.text.empty() && !names.insert(row.field.text).second)
+      throw std::logic_error(spec.name + " has two fields " + std::string(row.field.text));
 }
 
 std::unique_ptr<Control> made(const ControlSpec& s) {
@@ -42,6 +52,7 @@ std::unique_ptr<Control> made(const ControlSpec& s) {
 
 Screen::Screen(Host& theHost, const ScreenSpec& theSpec)
     : spec(theSpec), caption(theSpec.caption), host(theHost) {
+  requireOneOfEach(spec);
   for (const ControlSpec& row : spec.controls) {
     controls.push_back(made(row));
     if (row.tab > 0) walk_.push_back(controls.back().get());
@@ -62,19 +73,42 @@ Control& Screen::at(std::string_view family, int index) {
   return const_cast<Control&>(std::as_const(*this).at(family, index));
 }
 
-Control* Screen::find(std::string_view fullName) {
+const Control& Screen::at(FieldName field) const {
+  for (const auto& c : controls)
+    if (c->spec->field == field) return *c;
+  throw std::out_of_range(spec.name + " has no field " + std::string(field.text));
+}
+
+Control& Screen::at(FieldName field) { return const_cast<Control&>(std::as_const(*this).at(field)); }
+
+Control* Screen::find(std::string_view name) {
   int index = -1;
-  const size_t open = fullName.find('(');
+  std::string_view family = name;
+  const size_t open = name.find('(');
   if (open != std::string_view::npos) {
-    const std::string digits(fullName.substr(open + 1, fullName.find(')') - open - 1));
+    const std::string digits(name.substr(open + 1, name.find(')') - open - 1));
     if (digits.empty() || !std::ranges::all_of(digits, [](unsigned char ch) { return std::isdigit(ch); }))
       return nullptr;
     index = std::stoi(digits);
-    fullName = fullName.substr(0, open);
+    family = name.substr(0, open);
   }
   for (const auto& c : controls)
-    if (c->index == index && same(c->family, fullName)) return c.get();
+    if (c->index == index && same(c->family, family)) return c.get();
+  for (const auto& c : controls)
+    if (!name.empty() && same(c->spec->field.text, name)) return c.get();
   return nullptr;
+}
+
+std::string Screen::trimmed(FieldName field) const { return trim(text(field)); }
+
+double Screen::value(FieldName field) const { return Val(text(field)); }
+
+std::optional<Date> Screen::date(FieldName field) const { return parseDate(text(field)); }
+
+void Screen::put(FieldName field, double figure) { put(field, numText(figure)); }
+
+void Screen::put(FieldName field, std::optional<Date> date) {
+  put(field, date ? formatDate(*date, "dd/MM/yyyy") : std::string(kEmptyDate));
 }
 
 void Screen::set(Control& control, std::string_view text) {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/date.h"
 #include "platform/chart.h"
 #include "platform/grid.h"
 #include "platform/keys.h"
@@ -33,10 +34,32 @@ enum class Style {
   Secondary
 };
 
-// One row of a screen's table: what the control is and where it stands.
+// What a field is called, the same on every screen that has it: handlers and scripts find its
+// control by this name (frame/field_names.h has them all). Empty for a control without one.
+struct FieldName {
+  std::string_view text;
+  bool operator==(const FieldName&) const = default;
+};
+
+// In which form a field's value goes to its column.
+enum class Holds {
+  Text,    // without blanks around it
+  Typed,   // the text as it was typed
+  Figure,  // a number, 0 for none
+  Date,    // none for an empty box
+};
+
+// The group in which the line of a list is typed: a field in it belongs to the line, any other to
+// the head.
+inline constexpr std::string_view kEntryGroup = "entry";
+
+// One row of a screen's table: what the control is, what it holds and where it stands.
 struct ControlSpec {
   std::string name;
   int index = -1;  // -1: the name stands alone
+  FieldName field = {};
+  std::string_view column = {};  // of the row that it shows and is stored in
+  Holds holds = Holds::Text;
   Kind kind = Kind::Text;
   std::string label = {};  // beside a field; the caption of a button or a label's text
   Place at = {};
@@ -85,6 +108,7 @@ struct Control {
     return enabled && visible && kind != Kind::Label && kind != Kind::Progress && kind != Kind::Picture &&
            kind != Kind::Chart;
   }
+  bool ofLine() const { return spec->at.group == kEntryGroup; }
   std::string fullName() const { return index < 0 ? family : family + "(" + std::to_string(index) + ")"; }
 };
 
@@ -171,7 +195,9 @@ class Screen {
   // Without regard to case; raises std::out_of_range for a control that the table lacks.
   Control& at(std::string_view family, int index = -1);
   const Control& at(std::string_view family, int index = -1) const;
-  Control* find(std::string_view fullName);  // "Text1(4)"
+  Control& at(FieldName field);
+  const Control& at(FieldName field) const;
+  Control* find(std::string_view name);  // "Text1(4)", or the name of a field
 
   Control* focused() const { return focused_; }
   // Takes effect after the handler: Leave of the old control, Focus of the new one.
@@ -214,17 +240,35 @@ class Screen {
   Host& host;
   // The control on which the running event happened.
   Control& here() const { return *here_; }
+  bool isHere(FieldName field) const { return here_->spec->field == field; }
 
+  // What stands in a field; a figure is the number at the start of its text.
+  const std::string& text(FieldName field) const { return at(field).text; }
+  std::string trimmed(FieldName field) const;
+  double value(FieldName field) const;
+  std::optional<Date> date(FieldName field) const;
+  void put(FieldName field, std::string_view text) { set(at(field), text); }
+  void put(FieldName field, double figure);
+  void put(FieldName field, std::optional<Date> date);
+
+  // Where a rule holds: a field, a control by full name or family, or "" for the whole screen.
+  struct Where {
+    std::string control;
+    FieldName field = {};
+    Where(const char* name) : control(name) {}             // NOLINT
+    Where(std::string name) : control(std::move(name)) {}  // NOLINT
+    Where(FieldName name) : field(name) {}                 // NOLINT
+  };
   template <class S>
   struct Rule {
-    std::string control;
+    Where where;
     Trigger trigger;
     std::function<Go(S&)> run;
-    Rule(std::string name, Trigger when, Go (S::*handler)())
-        : control(std::move(name)), trigger(when), run([handler](S& s) { return (s.*handler)(); }) {}
+    Rule(Where place, Trigger when, Go (S::*handler)())
+        : where(std::move(place)), trigger(when), run([handler](S& s) { return (s.*handler)(); }) {}
     // A handler without an answer: Enter moves on, other keys end here, nothing is refused.
-    Rule(std::string name, Trigger when, void (S::*handler)())
-        : control(std::move(name)), trigger(when), run([handler, when](S& s) {
+    Rule(Where place, Trigger when, void (S::*handler)())
+        : where(std::move(place)), trigger(when), run([handler, when](S& s) {
             (s.*handler)();
             return when.on || when.key.code == KeyCode::Enter ? Go::On : Go::Stay;
           }) {}
@@ -232,7 +276,10 @@ class Screen {
   template <class S>
   void wire(S& self, const std::vector<Rule<S>>& rules) {
     for (const auto& r : rules)
-      bound_.push_back({r.control, r.trigger, [&self, run = r.run] { return run(self); }});
+      bound_.push_back({nameOf(r.where), r.trigger, [&self, run = r.run] { return run(self); }});
+  }
+  std::string nameOf(const Where& where) const {
+    return where.field == FieldName{} ? where.control : at(where.field).fullName();
   }
 
  private:

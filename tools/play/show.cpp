@@ -37,6 +37,7 @@ void printScreen(const Desk& desk, const Screen& screen) {
       continue;
     }
     std::cout << (c.get() == screen.focused() ? "* " : "  ") << c->fullName();
+    if (!c->spec->field.text.empty()) std::cout << " " << c->spec->field.text;
     if (c->editable() && !c->label.empty()) std::cout << " (" << words(c->label) << ")";
     std::cout << ": \"" << replaceAll(shownText(*c), "\n", "\\n") << "\"";
     if (!c->enabled) std::cout << " off";

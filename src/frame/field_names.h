@@ -1,0 +1,134 @@
+#pragma once
+
+#include "platform/screen.h"
+
+// What fields are called, on all screens and in scripts. The same thing bears the same name
+// wherever it stands; a screen's table of controls says which control it is there, what its label
+// says and in which column it is kept.
+
+// clang-format off
+namespace fields {
+
+// Head of a voucher
+inline constexpr FieldName kNumber{"number"};
+inline constexpr FieldName kDate{"date"};
+inline constexpr FieldName kBook{"book"};
+inline constexpr FieldName kParty{"party"};
+inline constexpr FieldName kPartyName{"party_name"};
+inline constexpr FieldName kPartyFacts{"party_facts"};      // address, balance, phone
+inline constexpr FieldName kPartyBalance{"party_balance"};
+inline constexpr FieldName kShipTo{"ship_to"};
+inline constexpr FieldName kShipToName{"ship_to_name"};
+inline constexpr FieldName kBillType{"bill_type"};
+inline constexpr FieldName kBillNumber{"bill_no"};
+inline constexpr FieldName kPartyDate{"party_date"};        // that the party gave its bill
+inline constexpr FieldName kChallanType{"challan_type"};
+inline constexpr FieldName kChallanNumber{"challan_no"};
+inline constexpr FieldName kOrderNumber{"order_no"};
+inline constexpr FieldName kReference{"reference"};
+inline constexpr FieldName kYourReference{"your_reference"};
+inline constexpr FieldName kAttention{"attention"};
+inline constexpr FieldName kSubject{"subject"};
+inline constexpr FieldName kAccount{"account"};             // cash or bank
+inline constexpr FieldName kAccountName{"account_name"};
+inline constexpr FieldName kAccountBalance{"account_balance"};
+
+// Line of a voucher
+inline constexpr FieldName kLineNumber{"line_no"};
+inline constexpr FieldName kItem{"item"};
+inline constexpr FieldName kItemName{"item_name"};
+inline constexpr FieldName kDetail{"detail"};
+inline constexpr FieldName kUnit{"unit"};
+inline constexpr FieldName kQuantity{"quantity"};
+inline constexpr FieldName kRate{"rate"};
+inline constexpr FieldName kDiscount{"discount"};           // percent
+inline constexpr FieldName kCgstRate{"cgst_rate"};
+inline constexpr FieldName kCgstAmount{"cgst_amount"};
+inline constexpr FieldName kSgstRate{"sgst_rate"};
+inline constexpr FieldName kSgstAmount{"sgst_amount"};
+inline constexpr FieldName kIgstRate{"igst_rate"};
+inline constexpr FieldName kIgstAmount{"igst_amount"};
+inline constexpr FieldName kAmount{"amount"};               // of the line, or of money that is paid
+inline constexpr FieldName kAssessable{"assessable"};       // value of the line before tax
+inline constexpr FieldName kLines{"lines"};                 // the grid of them
+inline constexpr FieldName kEarlierRates{"earlier_rates"};  // the grid over them
+
+// Foot of a voucher
+inline constexpr FieldName kNarration{"narration"};
+inline constexpr FieldName kTransportId{"transport_id"};
+inline constexpr FieldName kTransport{"transport"};
+inline constexpr FieldName kCreditDays{"cr_days"};
+inline constexpr FieldName kDestination{"destination"};
+inline constexpr FieldName kLrNumber{"lr_no"};
+inline constexpr FieldName kLrDate{"lr_date"};
+inline constexpr FieldName kParcels{"parcels"};
+inline constexpr FieldName kDiscountPercent{"discount_percent"};  // of the whole
+inline constexpr FieldName kDiscountAmount{"discount_amount"};
+inline constexpr FieldName kCharges{"charges"};
+inline constexpr FieldName kValidity{"validity"};
+inline constexpr FieldName kRateTerms{"rate_terms"};
+inline constexpr FieldName kPaymentTerms{"payment_terms"};
+inline constexpr FieldName kTaxTerms{"tax_terms"};
+inline constexpr FieldName kDeliveryTerms{"delivery_terms"};
+inline constexpr FieldName kPackingTerms{"packing_terms"};
+inline constexpr FieldName kInstallationTerms{"installation_terms"};
+inline constexpr FieldName kSubjectTo{"subject_to"};
+
+// Totals of a voucher
+inline constexpr FieldName kItemsAmount{"items_amount"};
+inline constexpr FieldName kTotalQuantity{"total_quantity"};
+inline constexpr FieldName kCgstTotal{"cgst_total"};
+inline constexpr FieldName kSgstTotal{"sgst_total"};
+inline constexpr FieldName kIgstTotal{"igst_total"};
+inline constexpr FieldName kRoundOff{"round_off"};
+inline constexpr FieldName kNetAmount{"net_amount"};
+
+// Masters
+inline constexpr FieldName kCode{"code"};
+inline constexpr FieldName kName{"name"};
+inline constexpr FieldName kGroup{"group"};
+inline constexpr FieldName kGroupName{"group_name"};
+inline constexpr FieldName kOpeningBalance{"opening_balance"};
+inline constexpr FieldName kAddress1{"address1"};
+inline constexpr FieldName kAddress2{"address2"};
+inline constexpr FieldName kCity{"city"};
+inline constexpr FieldName kPinCode{"pin_code"};
+inline constexpr FieldName kArea{"area"};
+inline constexpr FieldName kPhone{"phone"};
+inline constexpr FieldName kPerson{"person"};
+inline constexpr FieldName kEmail{"email"};
+inline constexpr FieldName kPan{"pan"};
+inline constexpr FieldName kGstin{"gstin"};
+inline constexpr FieldName kStateCode{"state_code"};
+inline constexpr FieldName kShortName{"short_name"};
+inline constexpr FieldName kLongName{"long_name"};
+inline constexpr FieldName kCategory{"category"};
+inline constexpr FieldName kCategoryName{"category_name"};
+inline constexpr FieldName kUnitName{"unit_name"};          // the item's own unit
+inline constexpr FieldName kTaxRate{"tax_rate"};
+inline constexpr FieldName kHsn{"hsn"};
+inline constexpr FieldName kRowCode{"row_code"};            // item of a detail row
+inline constexpr FieldName kPurchaseRate{"purchase_rate"};
+inline constexpr FieldName kSaleRate{"sale_rate"};
+inline constexpr FieldName kMrp{"mrp"};
+inline constexpr FieldName kOpeningStock{"opening_stock"};
+inline constexpr FieldName kDescription{"description"};
+inline constexpr FieldName kUser{"user"};                   // who changed the row last
+
+// Company
+inline constexpr FieldName kCompany{"company"};
+inline constexpr FieldName kAddress{"address"};
+inline constexpr FieldName kState{"state"};
+inline constexpr FieldName kPhone2{"phone2"};
+inline constexpr FieldName kBank{"bank"};
+inline constexpr FieldName kBranch{"branch"};
+inline constexpr FieldName kAccountNumber{"account_no"};
+inline constexpr FieldName kIfsc{"ifsc"};
+
+// Filters of reports
+inline constexpr FieldName kFrom{"from"};
+inline constexpr FieldName kTo{"to"};
+inline constexpr FieldName kSalesman{"salesman"};
+
+}  // namespace fields
+// clang-format on
