@@ -288,22 +288,6 @@ TEST_F(FrameTest, ARestoreThatIsKilledLeavesTheOldOrTheNewBooks) {
   }
 }
 
-TEST_F(Backups, OfTheExitAreMadeOnlyWhenTheSettingsSaySo) {
-  host_.answers = {true};
-  host_.choose("mnuexit");
-  EXPECT_TRUE(host_.quitting());
-  EXPECT_FALSE(fs::exists(keep_));
-}
-
-TEST_F(Backups, AFailureAtTheExitIsToldAndTheProgramEnds) {
-  session().mbackupflag = true;
-  session().mbackuppath = "/nowhere/at/all";
-  host_.answers = {true};
-  host_.choose("mnuexit");
-  EXPECT_EQ(host_.lastMessage(), "Backup Not Done\r\n/nowhere/at/all was not found.");
-  EXPECT_TRUE(host_.quitting());
-}
-
 TEST_F(Backups, OfTheExitAreSilentAndTheLastTenStay) {
   session().mbackupflag = true;
   fs::create_directory(keep_);

@@ -1,9 +1,8 @@
 #include "frame/category_list.h"
 
 #include "frame_fixture.h"
-#include "full_disk.h"
 #include "held_open.h"
-#include "platform/workbook/create.h"
+#include "platform/workbook/workbook.h"
 
 namespace {
 
@@ -64,47 +63,6 @@ TEST_F(Categories, AWorkbookThatIsHeldOpenStays) {
   session().mexcelkill = true;
   host_.choose("dept");
   EXPECT_TRUE(host_.processes.empty());
-}
-
-TEST_F(Categories, AFailureIsToldAndLeavesNothing) {
-  fs::create_directory(folder_ / "FORMATS");
-  {
-    const FullDisk full;
-    host_.choose("dept");
-  }
-  EXPECT_EQ(
-      host_.messages.back().title + ": " + host_.lastMessage(),
-      "Mirav Message: The workbook list.xlsx cannot be written to " + list().string() + ": File too large.");
-  EXPECT_TRUE(fs::is_empty(folder_ / "FORMATS"));
-  EXPECT_TRUE(host_.viewed.empty());
-}
-
-TEST(Lists, HoldNumbersTruthsAndHostileTexts) {
-  const TempFolder folder;
-  const fs::path file = folder / "list.xlsx";
-  const std::string longText(40'000, 'x');
-  // clang-format off
-  const std::vector<std::vector<workbook::Value>> rows = {
-      {"A", 12.5},
-      {longText, true},
-      {"broken \xFF text\x07", "."},
-      {"short"},
-  };
-  // clang-format on
-  size_t given = 0;
-  workbook::List list{.sheet = "RATES"};
-  list.columns.push_back({.heading = "ITEM", .width = 30});
-  list.columns.push_back({.heading = "RATE", .format = "0.00"});
-  list.next = [&](auto& row) { return given < rows.size() && (row = rows[given++], true); };
-  workbook::createList(file.string(), list);
-  auto book = workbook::Workbook::load(file.string());
-  auto& sheet = book.sheet("RATES");
-  EXPECT_EQ(*sheet.value(1, 2).text(), "RATE");
-  EXPECT_EQ(sheet.shown(2, 2), "12.50");
-  EXPECT_EQ(sheet.value(3, 1).text()->size(), 32767u);
-  EXPECT_TRUE(*sheet.value(3, 2).truth());
-  EXPECT_EQ(*sheet.value(4, 1).text(), "broken \xEF\xBF\xBD text\x07");
-  EXPECT_TRUE(sheet.value(5, 2).empty());
 }
 
 }  // namespace

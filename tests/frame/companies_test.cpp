@@ -40,14 +40,6 @@ class Companies : public FrameTest {
   Database catalogue_;
 };
 
-TEST_F(Companies, AreListedByCodeWithTheLatestYearFirstAndFoundByAnyPartOfTheName) {
-  EXPECT_EQ(rows(), "M001 SHREE TRADERS 2025-2026;M001 SHREE TRADERS 2024-2025;M002 LIGHT HOUSE 2025-2026;");
-  EXPECT_EQ(companyYears(catalogue_, "TRAD").size(), 2u);
-  EXPECT_EQ(companyYears(catalogue_, "light").size(), 1u);
-  EXPECT_EQ(companyYears(catalogue_, "%").size(), 0u);
-  EXPECT_EQ(companyYears(catalogue_, "_").size(), 0u);
-}
-
 TEST_F(Companies, GetTheCodeAfterThatOfTheLastRow) {
   struct {
     const char *last, *next;
@@ -92,13 +84,6 @@ TEST_F(Companies, AreCreatedInYearsThatDependOnTheDoor) {
   }
 }
 
-TEST_F(Companies, AreNotCreatedWithoutANameOrTwice) {
-  EXPECT_EQ(refusal({"M003", "  ", "2025"}, CreateBy::Enter),
-            "Company Name Can Not Be Blank\r\nType Company Name and Press Enter");
-  EXPECT_EQ(refusal({"M003", "light house", "2025"}, CreateBy::Enter), "year and company Already Exists");
-  EXPECT_EQ(refusal({"M002", "LIGHT HOUSE", "2026"}, CreateBy::Enter), "");
-}
-
 TEST_F(Companies, LeaveNeitherRowNorFileBehindWhenOneOfThemCannotBeMade) {
   const std::string before = rows();
   const auto fails = [&](const std::string& name, CreateBy by) {
@@ -138,27 +123,6 @@ TEST_F(Companies, AreNotCreatedTwiceByTwoPrograms) {
   EXPECT_EQ(books.number("SELECT COUNT(*) FROM SALE"), 1);
 }
 
-// What a crash left of a creation is replaced; books that no row names are kept beside.
-TEST_F(Companies, TakeThePlaceOfAFileWithoutARow) {
-  const CompanyYear wanted{"M003", "NEW", "2026", {}};
-  copyDatabase(folder_ / "SMPL.MDB", folder_ / "M00326.mdb");
-  EXPECT_EQ(refusal(wanted, CreateBy::Enter), "");
-  createCompanyYear(catalogue_, folder_.path(), wanted, CreateBy::Enter, "");
-  EXPECT_EQ(files(), "M00326.mdb ");
-
-  catalogue_.exec("DELETE FROM compny WHERE COMP_ID = 'M003'");
-  Database books;
-  books.open(folder_ / "M00326.mdb");
-  books.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD) VALUES (1, 'SA')");
-  books.close();
-  createCompanyYear(catalogue_, folder_.path(), wanted, CreateBy::Button, "");
-  EXPECT_EQ(files(), "M00326.mdb M00326_old1.mdb ");
-  books.open(folder_ / "M00326.mdb");
-  EXPECT_EQ(books.number("SELECT COUNT(*) FROM SALE"), 0);
-  books.open(folder_ / "M00326_old1.mdb");
-  EXPECT_EQ(books.number("SELECT COUNT(*) FROM SALE"), 1);
-}
-
 TEST_F(Companies, AreWholeOrNotThereWhereverTheirCreationIsKilled) {
   constexpr int kMoments = 30;
   catalogue_.close();
@@ -189,13 +153,6 @@ TEST_F(Companies, AreWholeOrNotThereWhereverTheirCreationIsKilled) {
     ASSERT_EQ(year.text("PRAGMA integrity_check"), "ok") << call;
     catalogue_.close();
   }
-}
-
-TEST_F(Companies, AreRenamedInOneYearAlone) {
-  renameCompany(catalogue_, "SHREE TRADERS", "shree & sons", "SHREE TRADERS", "2025");
-  EXPECT_EQ(rows(), "M001 SHREE & SONS 2025-2026;M001 SHREE TRADERS 2024-2025;M002 LIGHT HOUSE 2025-2026;");
-  // The second statement looks for the name that the field still shows.
-  EXPECT_EQ(catalogue_.text("SELECT DATASENT FROM compny WHERE COMP_NAME = 'SHREE & SONS'"), "Y");
 }
 
 TEST_F(Companies, AreDeletedWithFileAndJournalOrWithoutThem) {

@@ -15,29 +15,6 @@
 #include "support/temp_folder.h"
 #include "support/test_host.h"
 
-// Stands for the lookup: keeps what it was asked and answers with the given value.
-class FakeLookup : public Screen {
- public:
-  explicit FakeLookup(Host& theHost) : Screen(theHost, look()) { result = answer; }
-  void opened(const Entry&) override {
-    const Session& s = session();
-    asked = s.mhlpmode + "|" + s.mhlpfld1 + "|" + s.mhlpfld2 + "|" + s.mhlptable;
-    values = s.mhlpvalues;
-    host.close(*this);
-  }
-
-  static inline std::optional<std::string> answer;
-  static inline std::string asked;
-  static inline std::vector<Value> values;
-
- private:
-  static const ScreenSpec& look() {
-    static const ScreenSpec s{
-        .name = "FRMHLP", .caption = "Help", .window = Window::Dialog, .layout = {}, .controls = {}};
-    return s;
-  }
-};
-
 // A screen inside the shell that does nothing but stand there.
 class FakeChild : public ChildScreen {
  public:
@@ -78,15 +55,12 @@ class FrameTest : public ::testing::Test {
 
   FrameTest() : host_(known()) {
     for (const char* file : kFiles) std::filesystem::copy_file(pristine() / file, folder_ / file);
-    FakeLookup::answer.reset();
-    FakeLookup::asked.clear();
   }
 
   static const Screens& known() {
     static const Screens screens = [] {
       Screens s;
       addFrameScreens(s);
-      s.add<FakeLookup>("FRMHLP");
       s.add<FakeChild>("GSTSAPU");
       return s;
     }();

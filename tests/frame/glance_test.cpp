@@ -80,16 +80,6 @@ TEST_F(Glance, OutstandingIsWhatCustomersOwe) {
   EXPECT_EQ(owed.all.count, 2);
 }
 
-TEST_F(Glance, LastBillsComeHighestFirst) {
-  account("A00001", 85, 0);
-  for (int n = 1; n <= 5; ++n) bill(n, "15/06/2026", n == 4 ? "A00099" : "A00001", n * 10);
-  const auto bills = lastBills(db_, 3);
-  ASSERT_EQ(bills.size(), 3u);
-  EXPECT_EQ(bills[0].number + bills[0].party + bills[0].city, "B5NAME A00001ANAND");
-  EXPECT_EQ(bills[1].party, "");
-  EXPECT_EQ(bills[2].amount, 30);
-}
-
 // Receipts count against the oldest bills, so the newest ones make up what is open.
 TEST_F(Glance, TheOldestUnpaidBillGivesTheAge) {
   const Date today = on("30/06/2026"), start = on("01/04/2026");

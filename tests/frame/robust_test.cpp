@@ -1,11 +1,9 @@
 #include <fstream>
 
-#include "base/text.h"
 #include "frame/companies.h"
 #include "frame/routines.h"
 #include "frame_fixture.h"
 #include "full_disk.h"
-#include "killed.h"
 #include "store/balances.h"
 #include "store/dictionary.h"
 
@@ -154,70 +152,6 @@ TEST_F(Folder, AFullDiskLetsTheBooksBeRead) {
   EXPECT_EQ(data().number("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = 'X90005'"), 250);
 }
 
-TEST_F(Folder, AFullDiskLetsNoHalfCompanyStand) {
-  startUp(host_, folder_.path());
-  host_.press("mnunewcomp");
-  host_.type("RAM STORES");
-  host_.enter();
-  host_.answers = {true, true};
-  {
-    const FullDisk full;
-    host_.type("2026");
-    host_.enter();
-    EXPECT_EQ(host_.lastMessage().substr(0, 36), "M00326.mdb cannot be read or written");
-    EXPECT_EQ(host_.onTop(), "FRMCOMP");
-    EXPECT_FALSE(fs::exists(folder_ / "M00326.mdb"));
-    EXPECT_FALSE(fs::exists(folder_ / "M00326.mdb.new"));
-    EXPECT_EQ(companyYears(catalogue()).size(), 3u);
-  }
-  host_.enter();  // the same again, with room
-  EXPECT_EQ(session().mdbfile, "M00326.mdb");
-  EXPECT_EQ(host_.onTop(), "frmStartup");
-}
-
-TEST_F(Folder, WithoutTheRightToWriteTheBooksCanBeRead) {
-  if (geteuid() == 0) GTEST_SKIP() << "nothing is write-protected for root";
-  fs::create_directory(folder_ / "BILLS");
-  for (const char* file : kFiles) fs::permissions(folder_ / file, fs::perms::owner_read);
-  fs::permissions(folder_.path(), fs::perms::owner_read | fs::perms::owner_exec);
-  openShell();
-  EXPECT_EQ(host_.onTop(), "frmmain");
-  EXPECT_EQ(host_.lastMessage(), "M00125.mdb can only be read: the file or its folder is write-protected.");
-  host_.choose("dept");
-  EXPECT_NE(host_.lastMessage().find("cannot be written"), std::string::npos);
-  fs::permissions(folder_.path(), fs::perms::owner_all);
-}
-
-TEST_F(Folder, NamesAreKeptAsTheyAreTyped) {
-  startUp(host_, folder_.path());
-  std::string gujarati, long100(100, 'N');
-  for (int i = 0; i < 33; ++i) gujarati += "ગુ ";
-  const std::string names[] = {"RAM'S \"BEST\" STORES",   "50% OFF_SHOP", "શ્રી ગણેશ સ્ટોર્સ", gujarati, long100,
-                               "'; DROP TABLE compny; --"};
-  int year = 2025;
-  for (const std::string& name : names) {
-    host_.press("mnunewcomp");
-    host_.fill("Text2", name);
-    host_.answers = {true};
-    host_.fill("Text3", std::to_string(++year));
-    host_.press("cmdok");
-    ASSERT_EQ(host_.lastMessage(), "company created") << name;
-    const auto row = catalogue().first("SELECT * FROM compny WHERE COMP_NAME = ?", trim(name));
-    ASSERT_TRUE(row) << name;
-    EXPECT_EQ(row->text("FROMYR"), std::to_string(year)) << name;
-  }
-  host_.fill("Text2", long100 + "X");
-  EXPECT_EQ(host_.text("Text2"), long100) << "the field takes no more than its column";
-
-  host_.inputs = {"o'brien " + std::string(120, 'y')};
-  host_.answers = {true};
-  host_.go("lst");
-  host_.type("50%");
-  host_.press("Cmdmodify");
-  EXPECT_EQ(catalogue().text("SELECT COMP_NAME FROM compny WHERE COMP_ID = 'M004'"),
-            "O'BRIEN " + std::string(92, 'Y'));
-}
-
 // Both programs see the catalogue; who is first in a company-year clears its marks, who comes
 // second does not, and what is open in one is deleted by neither.
 TEST_F(Folder, TwoProgramsShareIt) {
@@ -259,59 +193,6 @@ TEST_F(Folder, TwoProgramsShareIt) {
   other.close();
   host_.press("cmddelcomp");
   EXPECT_EQ(host_.lastMessage(), "Company Delete Process Done");
-}
-
-// The opening puts back what a year lacks of its seeds; the creation of a company has a test of its own.
-TEST_F(Folder, AYearStandsWhateverMomentItsOpeningIsKilledAt) {
-  constexpr int kMoments = 20;
-  const auto lose = [&] {
-    Database year;
-    year.open(folder_ / "M00125.mdb");
-    year.exec("DELETE FROM SPSFILE WHERE VOUCH_NO IN (152, 212, 371)");
-    year.exec("DELETE FROM ACCOUNT WHERE ACC_CD IN ('X90061', 'X90005')");
-    year.exec("DELETE FROM GRP WHERE GROUP_CD > 30");
-    year.exec("DELETE FROM DISCHTAX");
-  };
-  const auto openIt = [&] {
-    TestHost host(known());
-    startUp(host, folder_.path());
-    host.enter();
-    host.ticks(4);
-    session() = Session{};
-  };
-  Database year;
-  year.open(folder_ / "M00125.mdb");
-  year.exec("INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, OP_BAL) VALUES ('A00001', 'RAM', 250)");
-  year.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD) VALUES (1, 'SA'), (2, 'SA')");
-  year.close();
-  lose();
-  const Killed whole = killedAt(0, openIt);
-  if (!whole.possible) GTEST_SKIP() << "processes may not be watched here";
-  ASSERT_TRUE(whole.ended);
-
-  for (int moment = 1; moment <= kMoments; ++moment) {
-    lose();
-    const int call = whole.calls * moment / kMoments;
-    killedAt(call, openIt);
-    for (const char* file : {"comp.mdb", "M00125.mdb"}) {
-      year.open(folder_ / file);
-      ASSERT_EQ(year.text("PRAGMA integrity_check"), "ok") << call << file;
-      year.close();
-    }
-    // At the next start books and seeds are there.
-    TestHost host(known());
-    ASSERT_TRUE(startUp(host, folder_.path())) << call;
-    host.enter();
-    host.ticks(4);
-    ASSERT_EQ(host.onTop() + host.lastMessage(), "frmmain") << call;
-    ASSERT_TRUE(session().mfirstuser) << call;
-    ASSERT_EQ(data().number("SELECT COUNT(*) FROM SALE"), 2) << call;
-    ASSERT_EQ(data().number("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = 'A00001'"), 250) << call;
-    ASSERT_EQ(data().number("SELECT COUNT(*) FROM GRP"), 39) << call;
-    ASSERT_EQ(data().number("SELECT COUNT(*) FROM SPSFILE"), 24) << call;
-    ASSERT_EQ(data().number("SELECT COUNT(*) FROM ACCOUNT"), 14) << call;
-    session() = Session{};
-  }
 }
 
 }  // namespace

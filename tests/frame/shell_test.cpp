@@ -1,5 +1,4 @@
 #include "frame/frmstartup.h"
-#include "frame/links.h"
 #include "frame/routines.h"
 #include "frame_fixture.h"
 
@@ -20,27 +19,6 @@ TEST_F(FrameTest, StartMakesWhatTheFolderLacks) {
   EXPECT_EQ(made.text("SELECT ITEM_NAME FROM ITEM"), "MISC");
   EXPECT_TRUE(session().mfirstuser);
   EXPECT_EQ(session().mcolor1, 0xFAFAF0);
-}
-
-TEST_F(FrameTest, ScreenFactorsFollowTheTwips) {
-  struct {
-    double t, x, y;
-  } const cases[] = {
-      {15, 1024 / 800.0,       768 / 600.0      },
-      {12, 1024 * 0.8 / 800.0, 768 * 0.8 / 600.0},
-      {10, 1024 / 1.5 / 800.0, 768 / 1.5 / 600.0},
-      {20, 0,                  0                },
-  };
-  for (const auto& c : cases) {
-    // The screen's size in twips is that of 1024 x 768 pixels.
-    host_.screenSize = {1024 * c.t, 768 * c.t, c.t, c.t};
-    Session s;
-    s.mbasewidth = 800;
-    s.mbaseheight = 600;
-    setScreenFactors(s, host_.screenSize);
-    EXPECT_NEAR(s.mxscale, c.x, 1e-9) << c.t;
-    EXPECT_NEAR(s.myscale, c.y, 1e-9) << c.t;
-  }
 }
 
 TEST_F(FrameTest, TheSplashCountsToFourAndOpensTheShell) {
@@ -100,33 +78,6 @@ TEST_F(FrameTest, TheShellReadsPeriodAndDetailsBeforeItShows) {
             "'15/May/2026' : Press ::  Page Down ::  Button Get Previous Month Date");
 }
 
-TEST_F(Shell, EntriesFillTheSession) {
-  struct {
-    const char *key, *entrytype, *reportkey, *mastkey;
-  } const cases[] = {
-      {"category",  "kept",        "kept",      "catg"},
-      {"CH",        "CH",          "kept",      "kept"},
-      {"adcard",    "",            "adcard",    "kept"},
-      {"GSTR1-URD", "",            "GSTR1-URD", "kept"},
-      {"LEDGERS",   "",            "LEDGERS",   "kept"},
-      {"posting",   "kept",        "kept",      "kept"},
-      {"formats",   "HIDELINEEXL", "kept",      "kept"},
-  };
-  for (const auto& c : cases) {
-    Session& s = session();
-    s.mentrytype = s.mreportkey = s.mmastkey = "kept";
-    EXPECT_TRUE(host_.choose(c.key));
-    EXPECT_EQ(s.mentrytype, c.entrytype) << c.key;
-    EXPECT_EQ(s.mreportkey, c.reportkey) << c.key;
-    EXPECT_EQ(s.mmastkey, c.mastkey) << c.key;
-    EXPECT_EQ(host_.hint(), "Not built yet") << c.key;
-  }
-  const size_t open = host_.open().size();
-  EXPECT_TRUE(host_.choose("yearend"));
-  EXPECT_EQ(host_.hint(), "Nothing To Do At Year End :: The Next Year Is Made In Company Selection");
-  EXPECT_EQ(host_.open().size(), open);
-}
-
 TEST_F(Shell, AChildLocksTheMenusAndHidesThePicture) {
   EXPECT_EQ(host_.hint(), "Press Alt Btn To Activate Menus");
   EXPECT_TRUE(host_.choose("SALE"));
@@ -160,40 +111,6 @@ TEST_F(Shell, ShortcutsOpenTheEntriesOfTheirMeaning) {
   EXPECT_EQ(session().mreportkey, "LEDGERS");
   host_.key(Key::Ctrl('U'));
   EXPECT_EQ(host_.onTop() + session().mentrytype, "GSTSAPUPURCHASE");
-}
-
-TEST_F(Shell, LinksOpenWhenThereIsOneAndTheMachineIsOnline) {
-  host_.choose("software");
-  EXPECT_TRUE(host_.opened.empty());
-  EXPECT_EQ(host_.hint(), "No Page Has Been Set For This");
-  links().softwareUpdate = "https://example.org/update";
-  host_.isOnline = false;
-  host_.choose("software");
-  EXPECT_FALSE(session().monline);
-  EXPECT_EQ(host_.hint(), "Opens When This Computer Is Online");
-  host_.isOnline = true;
-  host_.choose("software");
-  links() = {};
-  EXPECT_EQ(host_.opened, std::vector<std::string>{"https://example.org/update"});
-}
-
-TEST_F(Shell, TipsStepWhileThePictureShows) {
-  host_.tick();
-  EXPECT_EQ(host_.hint(), "PRESS ALT BUTTON TO ACTIVATE MENU");
-  host_.ticks(12);
-  EXPECT_EQ(host_.hint(), "STAY CONNECTED STAY UPDATED");
-  host_.tick();
-  EXPECT_EQ(host_.hint(), "Press Alt Button To Activate Menu");
-  host_.tick();
-  EXPECT_EQ(host_.hint(), "TAKE BACKUP REGULERLY");
-  host_.key(Key::Ctrl('G'));
-  ShowHint(host_, "");
-  EXPECT_EQ(host_.hint(), "Type The Date");
-  host_.enter();
-  EXPECT_EQ(host_.hint(), "Press Enter For Help");
-  host_.type("x");
-  host_.keys({KeyCode::Enter, KeyCode::Enter});
-  EXPECT_EQ(host_.hint(), "Press Enter To Proceed");
 }
 
 TEST_F(Shell, DateKeysStepFromAValidDate) {
@@ -255,6 +172,29 @@ TEST_F(Shell, CodesFollowTheLargestOfTheirForm) {
   EXPECT_EQ(accountCode(7) + accountCode(99999) + accountCode(100000), "A00007A99999A100000");
   EXPECT_EQ(itemCode(42) + itemCode(1234567), "I0000042I1234567");
   EXPECT_EQ(categoryCode(3) + categoryCode(120), "E003E120");
+}
+
+TEST_F(FrameTest, AStepThatFailsIsToldWhenItMustBe) {
+  using Kind = DatabaseError::Kind;
+  struct {
+    Kind kind;
+    bool told;
+  } const cases[] = {
+      {Kind::other,      false},
+      {Kind::constraint, false},
+      {Kind::locked,     true },
+      {Kind::full,       true },
+      {Kind::readOnly,   true },
+      {Kind::damaged,    true },
+      {Kind::io,         true },
+  };
+  for (const auto& c : cases) {
+    host_.messages.clear();
+    passOver(host_, [&] { throw DatabaseError(c.kind, "M00125.mdb", "detail"); });
+    EXPECT_EQ(host_.messages.size(), c.told ? 1u : 0u) << static_cast<int>(c.kind);
+  }
+  passOver(host_, [] { throw std::runtime_error("not of the store"); });
+  EXPECT_EQ(host_.lastMessage(), "not of the store");
 }
 
 }  // namespace

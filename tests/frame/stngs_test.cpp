@@ -40,27 +40,4 @@ TEST_F(Details, SaveAddsTheRowAndTheNameGoesToAllYears) {
   EXPECT_EQ(catalogue().text("SELECT COMP_NAME FROM compny WHERE COMP_ID = 'M002'"), "LIGHT HOUSE");
 }
 
-TEST_F(Details, SaveChangesTheOneRow) {
-  data().exec("INSERT INTO COMP_DET (COMPNM, CITY, PH1) VALUES ('OLD NAME', 'ANAND', '12345')");
-  host_.press("cmdcomp");
-  EXPECT_EQ(host_.text("txtFields(2)") + host_.text("txtFields(21)"), "OLD NAMEANAND");
-  host_.fill("txtFields(10)", "67890");
-  host_.press("cmdsave");
-  EXPECT_EQ(data().number("SELECT COUNT(*) FROM COMP_DET"), 1);
-  EXPECT_EQ(row().text("COMPNM") + row().text("CITY") + row().text("PH1"), "OLD NAMEANAND67890");
-}
-
-TEST_F(Details, LeavingSavesNothing) {
-  host_.fill("txtFields(2)", "NEW NAME");
-  host_.answers = {false, true};
-  host_.escape();
-  EXPECT_EQ(host_.questions.back().text + "|" + host_.questions.back().title,
-            "Do you want to exit|Mirav Confirmation Message");
-  EXPECT_EQ(host_.onTop(), "stngs");
-  host_.escape();
-  EXPECT_EQ(host_.onTop(), "frmmain");
-  EXPECT_FALSE(data().first("SELECT 1 FROM COMP_DET"));
-  EXPECT_EQ(session().mcompname, "SHREE TRADERS");
-}
-
 }  // namespace

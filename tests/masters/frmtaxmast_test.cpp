@@ -136,22 +136,6 @@ TEST_F(SmallMasterTest, EachKeepsItsRowsAndItsGuard) {
   }
 }
 
-TEST_F(SmallMasterTest, AGroupStandsUnderAnother) {
-  open("tax");
-  host.press("cmdAdd");
-  host.press("cmdCancel");
-  host.key(KeyCode::F5);
-  EXPECT_EQ(host.screen().caption, "Group Master");
-  EXPECT_EQ(session().mactiveforms, 1);
-  host.press("cmdAdd");
-  host.fill("txtFields(0)", "86");
-  host.fill("txtFields(1)", "OTHERS");
-  host.fillEnter("txtFields(2)", "86");
-  EXPECT_EQ(host.lastMessage(), "Wrong Selection");
-  host.press("cmdUpdate");
-  EXPECT_EQ(row("SELECT GROUP_NAME FROM GRP WHERE GROUP_CD = 86"), "none");
-}
-
 TEST_F(SmallMasterTest, TextsThatAreTheirOwnKeyAreRenamed) {
   data().exec("CREATE TABLE NARRATN (narr_name TEXT(200) COLLATE NOCASE)");
   data().exec("INSERT INTO NARRATN VALUES (' BEING GOODS SOLD '), ('BEING CASH PAID')");

@@ -1,6 +1,5 @@
 #include "masters/items.h"
 
-#include "frame/full_disk.h"
 #include "masters_fixture.h"
 #include "store/keys.h"
 
@@ -175,33 +174,6 @@ TEST_F(ItemTest, ARowGivenAnotherCodeJoinsThatItem) {
   EXPECT_EQ(row("SELECT GROUP_CONCAT(ITEM_CD || SALE_RATE1) FROM (SELECT * FROM PRTYRATE ORDER BY RT_DT)"),
             "I000000555.0,I000000555.0,I000000566.0");
   EXPECT_EQ(row("SELECT ITEM_CD FROM SALEITM"), "I0000005");
-}
-
-TEST_F(ItemTest, AFullDiskStoresNothingOfAnItem) {
-  item("I0000005", "BULB", {"PCS"});
-  edit("I0000005");
-  host.fill("Text1(1)", "LAMP");
-  detail("BOX", "950", "10");
-  {
-    const FullDisk full;
-    host.press("cmdUpdate");
-  }
-  EXPECT_NE(host.lastMessage().find("cannot be read or written"), std::string::npos);
-  EXPECT_EQ(row("SELECT ITEM_NAME FROM ITEM WHERE ITEM_CD = 'I0000005'"), "BULB");
-  EXPECT_EQ(rows("I0000005"), "PCS,100,0,10,7,");
-  EXPECT_EQ(host.at("DataGrid1").grid.count(), 2u);
-  host.press("cmdUpdate");
-  EXPECT_EQ(rows("I0000005"), "PCS,100,0,10,7, BOX,950,10,0,0,");
-}
-
-TEST_F(ItemTest, AnItemDeletedInTheMeantimeIsNotSaved) {
-  item("I0000005", "BULB", {"PCS"});
-  edit("I0000005");
-  deleteItem(data(), "I0000005");
-  loadItemDetails(data(), "I0000005");
-  host.press("cmdUpdate");
-  EXPECT_EQ(host.lastMessage(), "Entry Not Saved\r\nNO RECORD FOUND");
-  EXPECT_EQ(rows("I0000005"), "");
 }
 
 }  // namespace

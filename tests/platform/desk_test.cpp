@@ -232,6 +232,8 @@ TEST_F(DeskTest, TypingPassesFiltersLimitsAndMasks) {
   desk.keys({KeyCode::Backspace, KeyCode::Backspace});
   desk.type("31x");
   EXPECT_EQ(date, "15/06/2031");
+  for (int i = 0; i < 5; ++i) desk.key(KeyCode::Backspace);
+  EXPECT_EQ(date, "15/0_/____") << "the slash takes no key";
   desk.key(Key::Ctrl('A'));
   desk.type("0");
   EXPECT_EQ(date, "0_/__/____");

@@ -1,9 +1,5 @@
 #include "store/database.h"
 
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <fstream>
 
 #include "failure.h"
@@ -45,15 +41,6 @@ TEST_F(DatabaseTest, WholeNumbersStandInTextColumnsWithoutAPoint) {
   EXPECT_EQ(row->number("q"), 7.5) << "a DOUBLE column divides as a double";
   EXPECT_EQ(row->text("c"), "2026-06-15");
   EXPECT_EQ(row->date("c"), Date(2026y / 6 / 15));
-}
-
-TEST_F(DatabaseTest, StatementsRunInsideOneAnotherWithTheSameText) {
-  db.exec("CREATE TABLE t(n DOUBLE)");
-  for (int n = 1; n <= 3; ++n) db.exec("INSERT INTO t VALUES (?)", n);
-  int pairs = 0;
-  for (auto outer = db.query("SELECT n FROM t"); outer.next();)
-    for (auto inner = db.query("SELECT n FROM t"); inner.next();) ++pairs;
-  EXPECT_EQ(pairs, 9);
 }
 
 TEST_F(DatabaseTest, AStatementKnowsAColumnAddedAfterItsFirstUse) {
@@ -124,33 +111,6 @@ TEST_F(DatabaseTest, TransactionsNestAndRollBackByThemselves) {
   EXPECT_EQ(db.text("SELECT GROUP_CONCAT(a) FROM t"), "outer,kept");
 }
 
-TEST_F(DatabaseTest, AProgramKilledInATransactionLeavesNothingOfIt) {
-  db.exec("CREATE TABLE t(a TEXT)");
-  db.exec("INSERT INTO t VALUES ('before')");
-  const auto file = db.file();
-  db.close();
-
-  const pid_t child = fork();
-  if (child == 0) {
-    Database killed;
-    killed.open(file);
-    killed.exec("PRAGMA cache_size = 1");  // spill into the file
-    const Transaction save(killed);
-    killed.exec("DELETE FROM t");
-    for (int i = 0; i < 2000; ++i) killed.exec("INSERT INTO t VALUES (?)", std::string(500, 'x'));
-    kill(getpid(), SIGKILL);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  ASSERT_TRUE(WIFSIGNALED(status));
-  ASSERT_TRUE(std::filesystem::exists(LockFile::pathFor(file)));
-
-  db.open(file);
-  EXPECT_EQ(db.text("SELECT GROUP_CONCAT(a) FROM t"), "before");
-  EXPECT_EQ(db.text("PRAGMA integrity_check"), "ok");
-  EXPECT_TRUE(db.firstUser()) << "the lock file of the crash is stale";
-}
-
 TEST_F(DatabaseTest, OpeningTellsWhatIsWrongWithTheFile) {
   Database other;
   const Failure missing = failureOf([&] { other.open(folder / "M00225.mdb"); });
@@ -203,12 +163,6 @@ TEST_F(DatabaseTest, LockFileTellsTheFirstUser) {
   db.open(folder / "M00124.mdb");
   EXPECT_TRUE(db.firstUser());
   EXPECT_EQ(LockFile::pathFor("/x/comp.mdb"), "/x/COMP.LDB");
-}
-
-TEST_F(DatabaseTest, SettingsOfTheConnection) {
-  EXPECT_EQ(db.number("PRAGMA synchronous"), 2);
-  EXPECT_GE(db.number("PRAGMA busy_timeout"), 2000);
-  EXPECT_EQ(db.number("SELECT 'ABC' LIKE 'aB%'"), 1);
 }
 
 TEST_F(DatabaseTest, Functions) {

@@ -200,11 +200,3 @@ TEST_F(DictionaryTest, AWalkOverAWorkTableChangesTheFilesOwn) {
   EXPECT_EQ(db.number("SELECT COUNT(*) FROM main.sqlite_master WHERE name = 'CAL_MINE'"), 1);
   EXPECT_EQ(db.number("SELECT COUNT(*) FROM temp.sqlite_master WHERE name = 'CAL_MINE'"), 0);
 }
-
-TEST_F(DictionaryTest, KeysRefuseWhatStandsTwice) {
-  EXPECT_FALSE(db.attempt("INSERT INTO GRP (GROUP_CD) VALUES (85)"));
-  db.exec("INSERT INTO ITEMDTL (ITEM_CD, SIZE_CD) VALUES ('X', 'PCS'), ('X', 'BOX')");
-  dropKeys(db);
-  for (const auto& key : tableKeys()) EXPECT_EQ(addKey(db, key).done, key.table != "ITEMDTL") << key.table;
-  EXPECT_FALSE(addKey(db, tableKeys().front())) << "it stands already";
-}

@@ -84,18 +84,6 @@ TEST_F(RowsTest, AWriterLeavesAColumnThatTheValueDoesNotFitAtItsDefault) {
                DatabaseError);
 }
 
-TEST_F(RowsTest, AWriterFollowsTheTableAsItStands) {
-  db.exec("DROP TABLE TRANSMAST");
-  db.exec("CREATE TABLE TRANSMAST (TRANS_ID DOUBLE, TRANSNAME TEXT(5))");
-  insertRow(db, "TRANSMAST",
-            Fields{
-                {"TRANS_ID",  1       },
-                {"TRANSNAME", "LONGER"},
-                {"TADD1",     "."     }
-  });
-  EXPECT_TRUE(db.first("SELECT TRANSNAME FROM TRANSMAST")->isNull(0));
-}
-
 TEST_F(RowsTest, ACursorWalksTheLinesOfABill) {
   Rowset lines(db, {.table = "T_SLITM", .order = "VOUCH_NO, SR_NO"});
   EXPECT_TRUE(lines.bof());

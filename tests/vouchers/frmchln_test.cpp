@@ -6,62 +6,6 @@ class Frmchln : public BillTest {};
 
 }  // namespace
 
-// What tests/scenarios/challan.keys, which plays the whole of a challan, does not tell.
-TEST_F(Frmchln, EmptyFiguresTypesAndTheMessage) {
-  startChallan("A00003");
-  EXPECT_EQ(host.messages.size(), 0U) << "state codes play no part";
-  EXPECT_EQ(host.text("Label1(54)"), "14 STATION ROAD NEAR BUS STAND \nBal : 38460\n9800000023");
-  host.fillEnter("MaskEdBox1(0)", "31102030");
-  EXPECT_EQ(host.focus(), "Text1(4)") << "any valid date is accepted";
-  host.fillEnter("Text1(5)", "I0000001");
-  EXPECT_EQ(fields({6, 7, 9}) + host.focus(), "CEILING FAN|PCS|Text1(10)") << "the rate waits for the unit";
-  host.keys({KeyCode::Enter, KeyCode::Enter});
-  EXPECT_EQ(host.text("Text1(9)"), "1640");
-  host.fill("Text1(9)", "");
-  host.enter();
-  EXPECT_EQ(fields({9, 14}) + host.focus(), "0|0Text1(14)") << "an empty rate is none";
-  host.type("5");
-  EXPECT_EQ(host.text("Text1(14)"), "0") << "locked";
-  host.fillEnter("Text1(8)", "3");
-  host.fillEnter("Text1(9)", "334.9999996667");
-  host.enter();
-  EXPECT_EQ(fields({18, 26, 28}), "1004.9999990001|3|1004.9999990001");
-  host.fillEnter("Text1(19)", "10");
-  EXPECT_EQ(fields({20, 28}), "100|1004.9999990001") << "the total waits for the amount";
-  host.keys({KeyCode::Enter, KeyCode::Enter});
-  saveGoods("OKButton");
-  EXPECT_NE(closingWords.find("   AMOUNT     : 904.9999990001\n\n\n   Press Print Btn"), std::string::npos);
-  EXPECT_EQ(host.onTop() + StandIn::last.value + session().mreportkey + session().mentrytype,
-            "dlg11CHLNPRNCHLNENTRY");
-  startChallan();
-  host.press("CMDCANCEL");
-  host.fillEnter("Text1(0)", "1");
-  EXPECT_EQ(host.text("Text1(28)") + host.screen().mode, "904.9999990001") << "at rest it is only shown";
-}
-
-TEST_F(Frmchln, WalkingOverwritingAndDeletingLines) {
-  startChallan();
-  typeGoods("I0000002", "1", "10");
-  typeGoods("I0000003", "2", "20");
-  typeGoods("I0000002", "3", "30");
-  EXPECT_EQ(host.text("Text1(18)"), "140");
-  host.keys({KeyCode::Up, KeyCode::Up, KeyCode::Up, KeyCode::Up});
-  EXPECT_EQ(host.text("Label1(0)") + fields({5, 8, 9, 14}), "1I0000002|1|10|10") << "stays on the first";
-  host.go("Text1(7)");
-  host.key(KeyCode::Down);
-  EXPECT_EQ(fields({5, 7, 14}) + host.focus(), "I0000003|PCS|40Text1(7)");
-  host.fillEnter("Text1(8)", "5");
-  host.keys({KeyCode::Enter, KeyCode::Enter});
-  EXPECT_EQ(fields({5, 18}) + host.text("Label1(0)"), "I0000002|2003") << "and the next line comes up";
-  host.keys({KeyCode::Up, KeyCode::F10});
-  EXPECT_EQ(line("SELECT COUNT(*), SUM(SR_NO) FROM T_CHLNITM"), "2|4");
-  host.keys({KeyCode::Down, KeyCode::Down});
-  typeGoods("I0000003", "1", "1");
-  EXPECT_EQ(fields({18, 26}), "101|5");
-  saveGoods();
-  EXPECT_EQ(line("SELECT GROUP_CONCAT(NUMTEXT(SR_NO)) FROM CHLNITM"), "1,3,4") << "no serial twice";
-}
-
 TEST_F(Frmchln, RefusalsKeepTheFocusAndTheText) {
   db().exec("INSERT INTO CHLN (VOUCH_NO, BOOK_CD, CHLN_TYP, CHLN_NO) VALUES (7, 'CH', 'DC', '7')");
   startChallan();
@@ -134,17 +78,4 @@ TEST_F(Frmchln, ModifyShowsTheChallanAndRewritesIt) {
   EXPECT_EQ(line("SELECT VOUCH_DT, NET_AMT, (SELECT GROUP_CONCAT(DISTINCT VOUCH_DT) FROM CHLNITM WHERE"
                  " VOUCH_NO = 1), (SELECT GROUP_CONCAT(VOUCH_DT) FROM ALEDGER) FROM CHLN WHERE VOUCH_NO = 1"),
             "2026-06-20|180|2026-06-20|2026-06-20,2026-06-20");
-}
-
-TEST_F(Frmchln, AFreeNameIsTypedForMiscAlone) {
-  startChallan();
-  host.fillEnter("Text1(5)", "I0000001");
-  host.fillEnter("Text1(5)", "MISC");
-  EXPECT_EQ(host.text("Text1(6)") + host.focus(), "MISCText1(10)") << "no name of another item";
-  host.fillEnter("Text1(6)", "Old motor");
-  host.fillEnter("Text1(5)", "MISC");
-  EXPECT_EQ(fields({6, 10}), "OLD MOTOR|OLD MOTOR") << "a name already typed is kept";
-  host.fillEnter("Text1(5)", "I0000001");
-  EXPECT_EQ(host.text("Text1(6)"), "CEILING FAN");
-  EXPECT_FALSE(host.at("Text1(6)").enabled);
 }

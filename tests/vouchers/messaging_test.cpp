@@ -43,6 +43,8 @@ TEST_F(Messaging, TheWindowAnswersAndOffersTheHandOff) {
     EXPECT_EQ(host.focus(), "Text1");
     host.press("cmdwapp");
     EXPECT_EQ(host.lastMessage(), "Invalid Phone Number");
+    sendWhatsApp(host, "98000000234", "eleven");
+    EXPECT_EQ(host.messages.size(), 2U);
     host.go("Text1");
     host.type("Dear Sir");
     host.enter();

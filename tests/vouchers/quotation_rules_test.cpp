@@ -1,5 +1,4 @@
 #include "vouchers/bill_fixture.h"
-#include "vouchers/quotation_lines.h"
 
 namespace {
 
@@ -9,34 +8,6 @@ class QuotationTest : public BillTest {
 };
 
 }  // namespace
-
-// Worked by hand: each tax of the unrounded value, the amount of everything before rounding.
-TEST(QuotedLineTest, OnlyWhatIsShownIsRounded) {
-  struct Case {
-    const char* what;
-    double quantity, rate, discount;
-    Taxes rates, taxes;
-    double assess, amount;
-  };
-  const std::vector<Case> cases = {
-      {"99.99 - 9.999 = 89.991",       3,     33.33,   10,   {9, 9, 0},    {8.1, 8.1, 0},       89.99,        106.19       },
-      {"1499.625 - 187.453125",        1.5,   999.75,  12.5, {0, 0, 18},   {0, 0, 236.19},      1312.17,      1548.36      },
-      {"half a paisa to the even one", 2,     0.0625,  0,    {20, 20, 0},  {0.02, 0.02, 0},     0.12,         0.16         },
-      {"rates that follow no split",   10,    100,     0,    {9, 2.5, 18}, {90, 25, 180},       1000,         1295         },
-      {"more than all",                10,    100,     150,  {9, 9, 0},    {-45, -45, 0},       -500,         -590         },
-      {"a hundred crore",              99999, 9999.99, 0,    {0, 0, 18},   {0, 0, 179998020.0}, 999989000.01, 1179987020.01},
-  };
-  for (const Case& c : cases) {
-    const QuotedLine line = quotedLine(c.quantity, c.rate, c.discount, c.rates);
-    EXPECT_DOUBLE_EQ(line.assess, c.assess) << c.what;
-    EXPECT_DOUBLE_EQ(line.taxes.cgst, c.taxes.cgst) << c.what;
-    EXPECT_DOUBLE_EQ(line.taxes.sgst, c.taxes.sgst) << c.what;
-    EXPECT_DOUBLE_EQ(line.taxes.igst, c.taxes.igst) << c.what;
-    EXPECT_DOUBLE_EQ(line.amount, c.amount) << c.what;
-  }
-  EXPECT_EQ(quotedTotal(1000.5), 1000);
-  EXPECT_EQ(quotedTotal(1001.5), 1002);
-}
 
 TEST(ReferenceTest, TheLastFourCharactersGoOn) {
   const std::vector<std::pair<const char*, const char*>> cases = {

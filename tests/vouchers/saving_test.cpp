@@ -1,8 +1,6 @@
 #include "vouchers/saving.h"
 
 #include "vouchers/bill_fixture.h"
-#include "vouchers/items.h"
-#include "vouchers/ledger_rows.h"
 #include "vouchers/numbering.h"
 #include "vouchers/rate_history.h"
 
@@ -48,34 +46,6 @@ TEST_F(SavingTest, LinesWithoutAQuantityStayBehindUnlessTheyAreMisc) {
               "1:I0000001:2,3:misc:0,4:I0000001:-1|7|2026-06-15");
 }
 
-TEST_F(SavingTest, LedgerRowsOfABill) {
-  const std::string rows =
-      "SELECT GROUP_CONCAT(VOUCH_TYPE || ' ' || PARTY_CD || ' ' || PARTY_TCD || ' ' || NUMTEXT(VOUCH_AMT) ||"
-      " ' ' || IFNULL(PARTY_BL, '-') || ' ' || NARRATION || ' ' || BW_AB || ' ' || IFNULL(SUB_DESC, '-'), "
-      "'/')"
-      " FROM (SELECT * FROM ALEDGER ORDER BY rowid)";
-  BillHeader up = bill(7, 118.4);
-  up.narration = "N";
-  up.lrNumber = "LR";
-  up.billNumber = "0001";
-  ASSERT_TRUE(saveBill(db(), saleKind(), up, stamp(), Saving::Fresh));
-  EXPECT_EQ(
-      line(rows),
-      "D A00001 X90002 118.4 0001 N LR A 30/C X90002 A00001 100 0001 N LR A -/C X90061 A00001 9 - N A -/"
-      "C X90062 A00001 9 - N A -/C X90063 A00001 0 - N A -/C X90015 A00001 0.4 0001 N A -");
-  // A modify takes the place of what stood; nothing else of the ledger is touched.
-  db().exec("INSERT INTO ALEDGER (VOUCH_NO, BOOK_CD, VOUCH_AMT) VALUES (7, 'CH', 5), (8, 'SA', 6)");
-  BillHeader down = bill(7, 117.5);
-  down.narration = std::string(200, 'x');
-  ASSERT_TRUE(saveBill(db(), saleKind(), down, stamp(), Saving::Again));
-  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER WHERE VOUCH_NO = 7 AND BOOK_CD = 'SA'"), "6");
-  EXPECT_EQ(line("SELECT VOUCH_TYPE, VOUCH_AMT FROM ALEDGER WHERE PARTY_CD = 'X90015'"), "D|0.5");
-  EXPECT_EQ(line("SELECT LENGTH(NARRATION) FROM ALEDGER WHERE PARTY_CD = 'A00001'"), "200");
-  EXPECT_EQ(line("SELECT COUNT(*), SUM(VOUCH_AMT) FROM ALEDGER WHERE BOOK_CD = 'CH' OR VOUCH_NO = 8"),
-            "2|11");
-  EXPECT_EQ(line("SELECT COUNT(*) FROM SALE"), "1");
-}
-
 // A purchase of 118 rounded to 118.4 and to 117.5: the supplier is credited, everything else debited.
 TEST_F(SavingTest, APurchaseTurnsTheSidesRound) {
   const VoucherKind& kind = purchaseKind();
@@ -95,13 +65,6 @@ TEST_F(SavingTest, APurchaseTurnsTheSidesRound) {
   deleteBill(db(), kind, 7);
   EXPECT_EQ(line("SELECT COUNT(*), MIN(BOOK_CD || VOUCH_NO), MAX(BOOK_CD || VOUCH_NO) FROM SALE"),
             "2|PU8.0|SA7.0");
-}
-
-TEST_F(SavingTest, WhatDoesNotFitItsColumnStaysAtItsDefault) {
-  BillHeader odd = bill(7);
-  odd.lrNumber = std::string(21, '9');
-  ASSERT_TRUE(saveBill(db(), saleKind(), odd, stamp(), Saving::Fresh));
-  EXPECT_EQ(line("SELECT GR_NO, DESTI, NET_AMT FROM SALE"), "|ANAND|118");
 }
 
 TEST(Numbering, BillNumbersRunOnAsTheSeriesAlwaysDid) {
@@ -162,16 +125,6 @@ TEST_F(SavingTest, ABillNumberIsTakenOnce) {
   })
     EXPECT_EQ(isDuplicateBill(db(), kind, bill), taken)
         << kind.code << bill.party << bill.type << bill.voucher;
-}
-
-TEST_F(SavingTest, TransportersAreAddedOnce) {
-  EXPECT_EQ(addTransporter(db(), "MARUTI"), 2);
-  EXPECT_EQ(line("SELECT GROUP_CONCAT(NUMTEXT(TRANS_ID) || TRANSNAME || TADD1) FROM TRANSMAST"),
-            "1LOCAL.,2MARUTI.");
-  EXPECT_EQ(findTransporter(db(), "maruti"), 2);
-  const std::string longName(70, 'X');
-  EXPECT_EQ(addTransporter(db(), longName), 3);
-  EXPECT_EQ(findTransporter(db(), longName), 3);
 }
 
 // The six latest and their ties, by either road through the tables.
