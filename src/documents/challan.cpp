@@ -2,7 +2,6 @@
 
 #include <stdexcept>
 
-#include "base/number.h"
 #include "documents/company_cells.h"
 #include "documents/paper.h"
 #include "frame/session.h"
@@ -15,7 +14,7 @@ FilledSheet challanSheet(Database& db, const std::string& name, double number, c
   if (!head) return sheet;
   auto& cells = sheet.cells;
   cells.set(1, 3, name);
-  cells.set(2, 1, "DELIVERY CHALLAN");
+  cells.set(2, 1, challanKind().paper.title);
   cells.block(db.query("SELECT * FROM COMP_DET LIMIT 1"), 3, 4);
   cells.words(1, 10, *head, "NET_AMT");
   sheet.lines = cells.block(db.query(kLines, number, kind), 6, 8);
@@ -29,15 +28,6 @@ void RenderChallan(Host& host, double number, const std::string& kind) {
     companyDetails(data());
     const FilledSheet sheet = challanSheet(data(), s.mcompname, number, kind);
     if (sheet.lines == 0) throw std::runtime_error("Wrong Selection");
-    makePaper(host,
-              {
-                  .design = formatsFolder() / ("INVGEN" + numText(s.mchlnformat) + ".xlsx"),
-                  .copy = billsFolder() / "INVGEN.xlsx",
-                  .pdf = billsFolder() / ("MIRAV_CH_" + numText(number) + ".pdf"),
-                  .sheet = "D_C",
-                  .family = "CHALLAN",
-                  .number = s.mchlnformat,
-              },
-              sheet);
+    makePaper(host, voucherPaper(challanKind(), number, s.mchlnformat), sheet);
   });
 }

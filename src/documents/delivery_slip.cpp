@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int kRateColumn = 120;
+const std::string& kCode = saleKind().code;
 
 void companyCells(DataSheet& sheet, const Row& company) {
   struct Cell {
@@ -49,22 +50,22 @@ std::string title(const std::string& billType) {
 void summaries(DataSheet& sheet, Database& db, double number) {
   sheet.block(db.query("SELECT ITEM_NAME, SUM(QUANTITY) AS QTY1, [SALEITM.RATE] AS RT, SUM(AMOUNT) AS AMT,"
                        " SUM(NET_AMOUNT) AS NAMT, ITEM_SNAME, HSNCODE, RATEOFTAX FROM BLPRN"
-                       " WHERE VOUCH_NO = ? AND BOOK_CD = 'SA' AND DEPT_NAME <> 'MISC'"
+                       " WHERE VOUCH_NO = ? AND BOOK_CD = ? AND DEPT_NAME <> 'MISC'"
                        " GROUP BY ITEM_NAME, [SALEITM.RATE], ITEM_SNAME, HSNCODE, RATEOFTAX"
                        " ORDER BY ITEM_NAME, [SALEITM.RATE], ITEM_SNAME, HSNCODE, RATEOFTAX",
-                       number),
+                       number, kCode),
               300, 302);
   sheet.block(db.query("SELECT HSNCODE, SUM(QUANTITY) AS QTY1, AVG([SALEITM.RATE]) AS RT, SUM(AMOUNT) AS AMT,"
                        " SUM(NET_AMOUNT) AS NAMT FROM BLPRN"
-                       " WHERE VOUCH_NO = ? AND BOOK_CD = 'SA' AND DEPT_NAME <> 'MISC'"
+                       " WHERE VOUCH_NO = ? AND BOOK_CD = ? AND DEPT_NAME <> 'MISC'"
                        " GROUP BY HSNCODE ORDER BY HSNCODE",
-                       number),
+                       number, kCode),
               500, 502);
   sheet.block(db.query("SELECT RATEOFTAX / 2 AS CGSTRT, RATEOFTAX / 2 AS SGSTRT,"
                        " SUM(NET_AMOUNT - AMOUNT) / 2 AS CGSTTAX, SUM(NET_AMOUNT - AMOUNT) / 2 AS SGSTTAX,"
                        " SUM(AMOUNT) AS GSTVAL, RATEOFTAX FROM BLPRN"
-                       " WHERE VOUCH_NO = ? AND BOOK_CD = 'SA' GROUP BY RATEOFTAX ORDER BY RATEOFTAX",
-                       number),
+                       " WHERE VOUCH_NO = ? AND BOOK_CD = ? GROUP BY RATEOFTAX ORDER BY RATEOFTAX",
+                       number, kCode),
               1, 3, kRateColumn);
 }
 
@@ -75,9 +76,9 @@ FilledSheet deliverySlipSheet(Database& db, const std::string& name, const Row& 
       "SELECT BLPRN.*, TRANSMAST.TADD1, TRANSMAST.TADD2, TRANSMAST.TAREA, TRANSMAST.TCITY,"
       " TRANSMAST.TPHONE1, TRANSMAST.TPHONE2"
       " FROM BLPRN LEFT JOIN TRANSMAST ON BLPRN.TRANS_CD = TRANSMAST.TRANS_ID"
-      " WHERE VOUCH_NO = ? AND BOOK_CD = 'SA' ORDER BY VOUCH_NO, SR_NO";
+      " WHERE VOUCH_NO = ? AND BOOK_CD = ? ORDER BY VOUCH_NO, SR_NO";
   FilledSheet sheet;
-  const auto head = db.first(kLines, number);
+  const auto head = db.first(kLines, number, kCode);
   if (!head) return sheet;
   auto& cells = sheet.cells;
   cells.set(1, 3, name);
@@ -86,7 +87,7 @@ FilledSheet deliverySlipSheet(Database& db, const std::string& name, const Row& 
   if (!head->text("NET_AMT").empty() && !head->text("CASH_AMT").empty())
     cells.set(2, 7, AmountInWords(head->number("NET_AMT") - head->number("CASH_AMT")));
   companyCells(cells, company);
-  sheet.lines = cells.block(db.query(kLines, number), 6, 8);
+  sheet.lines = cells.block(db.query(kLines, number, kCode), 6, 8);
   summaries(cells, db, number);
   return sheet;
 }
@@ -99,16 +100,12 @@ void RenderDeliverySlip(Host& host, double number, const std::string& key) {
     const FilledSheet sheet = deliverySlipSheet(data(), s.mcompname, company, number);
     if (sheet.lines == 0) throw std::runtime_error("Wrong Selection");
     const bool bill = key == "Delivery Slip" || key == "Tax Invoice";
-    makePaper(host,
-              {
-                  .design = formatsFolder() / "INVGEN.xlsx",
-                  .copy = billsFolder() / "INVGEN.xlsx",
-                  .pdf = billsFolder() / ((bill ? "MIRAV_INV_" : "MIRAV_CH_") + numText(number) + ".pdf"),
-                  .sheet = s.mprnsheet,
-                  .family = "CHALLAN",
-                  .number = s.mchlnformat,
-                  .kept = SlotsKept::Lines,
-              },
-              sheet);
+    // A design of its own, beside those of the challan.
+    Paper paper = voucherPaper(challanKind(), number, s.mchlnformat);
+    paper.design = formatsFolder() / paper.copy.filename();
+    if (bill) paper.pdf = billsFolder() / (saleKind().paper.stem + numText(number) + ".pdf");
+    paper.sheet = s.mprnsheet;
+    paper.kept = SlotsKept::Lines;
+    makePaper(host, paper, sheet);
   });
 }

@@ -8,6 +8,7 @@
 #include "documents/renderers.h"
 #include "frame/routines.h"
 #include "frame/session.h"
+#include "frame/voucher_kinds.h"
 #include "masters/lookup.h"
 
 // What the dialog is for one print key.
@@ -59,38 +60,41 @@ const LookupSpec kBills{
     .mode = "THREEFLD",
     .table =
         "(SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD) LEFT JOIN ACCOUNT AS ACC1 ON "
-        "SALE.SALE_CD = ACC1.ACC_CD WHERE SALE.book_cd = 'SA' AND GSTPOST =1 ORDER BY VOUCH_DT DESC, "
+        "SALE.SALE_CD = ACC1.ACC_CD WHERE SALE.book_cd = ? AND GSTPOST =1 ORDER BY VOUCH_DT DESC, "
         "BILL_NO DESC, VOUCH_NO desc",
     .first = "VOUCH_NO",
     .second = "ACCOUNT.ACC_NAME",
     .more =
         "ACCOUNT.area, ACCOUNT.city, BILL_NO, format(vouch_dt, 'dd/MM/yyyy') AS VDT, ACC1.ACC_NAME, "
         "bl_type, NARRATION, NET_AMT ",
-    .widths = {700, 2400, 1200, 1200, 1000, 1000, 1000, 500, 1400, 900},
+    .widths = {700,   2400, 1200, 1200, 1000, 1000, 1000, 500, 1400, 900},
+    .values = {saleKind().code},
     .secondOnly = true,
 };
 
 const LookupSpec kChallans{
     .mode = "THREEFLD",
     .table =
-        "CHLN LEFT JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD WHERE CHLN.book_cd = 'CH' ORDER BY "
+        "CHLN LEFT JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD WHERE CHLN.book_cd = ? ORDER BY "
         "VOUCH_DT DESC, VOUCH_NO desc",
     .first = "VOUCH_NO",
     .second = "ACCOUNT.ACC_NAME",
     .more = "ACCOUNT.area, ACCOUNT.city, CHLN_NO, format(vouch_dt, 'dd/MM/yyyy') AS VDT, CHLN_TYP, NET_AMT ",
-    .widths = {700, 2400, 1200, 1200, 1000, 1000, 1200, 0, 0, 0},
+    .widths = {700,   2400, 1200, 1200, 1000, 1000, 1200, 0, 0, 0},
+    .values = {challanKind().code},
     .secondOnly = true,
 };
 
 const LookupSpec kQuotations{
     .mode = "THREEFLD",
     .table =
-        "QUOT LEFT JOIN ACCOUNT ON QUOT.PARTY_CD = ACCOUNT.ACC_CD WHERE QUOT.ENTRY_TYP = 'QUOTATION' "
+        "QUOT LEFT JOIN ACCOUNT ON QUOT.PARTY_CD = ACCOUNT.ACC_CD WHERE QUOT.ENTRY_TYP = ? "
         "ORDER BY VOUCH_DT DESC, VOUCH_NO desc",
     .first = "VOUCH_NO",
     .second = "ACCOUNT.ACC_NAME",
     .more = "ACCOUNT.area, ACCOUNT.city, format(vouch_dt, 'dd/MM/yyyy') AS VDT, NET_AMT ",
-    .widths = {700, 2400, 1200, 1200, 1000, 1000, 0, 0},
+    .widths = {700,   2400, 1200, 1200, 1000, 1000, 0, 0},
+    .values = {quotationKind().code},
     .secondOnly = true,
 };
 
@@ -104,14 +108,26 @@ const LookupSpec kAccounts{
     .secondOnly = true,
 };
 
+PrintKey of(const VoucherKind& kind, const LookupSpec& numbers, bool locksShell) {
+  const auto& paper = kind.paper;
+  return {.key = paper.key,
+          .caption = paper.dialog,
+          .sheet = paper.lineSheet,
+          .numbers = numbers,
+          .locksShell = locksShell,
+          .entryType = paper.entryType.empty() ? "" : kind.entryType,
+          .screen = kind.screen,
+          .screenCaption = paper.behind};
+}
+
 // clang-format off
 const std::array kKeys = {
-    PrintKey{.key = "GST INVOICE",   .caption = "GST SALES INVOICE PRINT", .sheet = "BILL",     .numbers = kBills,      .screen = "GSTSAPU"},
-    PrintKey{.key = "Delivery Slip", .caption = "Delivery Slip Print",     .sheet = "D_C"},
-    PrintKey{.key = "Tax Invoice",   .caption = "Tax Invoice Print",       .sheet = "BILL"},
-    PrintKey{.key = "CHLNPRN",       .caption = "CHALLAN PRINT",           .sheet = "CHLNSA",   .numbers = kChallans,   .entryType = "CH", .screen = "FRMCHLN", .screenCaption = "DELIVERY CHALLAN ENTRY"},
-    PrintKey{.key = "QUOTPRN",       .caption = "QUOTATION PRINT",         .sheet = "QUOT",     .numbers = kQuotations, .locksShell = true, .entryType = "QUOTATION", .screen = "FRMQUOT", .screenCaption = "QUOTATION ENTRY"},
-    PrintKey{.key = "adcard",        .caption = "ADDRESS CARD PRINT",      .sheet = "MAILLABL", .numbers = kAccounts,   .locksShell = true},
+    of(saleKind(),      kBills,      false),
+    of(challanKind(),   kChallans,   false),
+    of(quotationKind(), kQuotations, true),
+    PrintKey{.key = "Delivery Slip", .caption = "Delivery Slip Print", .sheet = "D_C"},
+    PrintKey{.key = "Tax Invoice",   .caption = "Tax Invoice Print",   .sheet = "BILL"},
+    PrintKey{.key = "adcard",        .caption = "ADDRESS CARD PRINT",  .sheet = "MAILLABL", .numbers = kAccounts, .locksShell = true},
 };
 // clang-format on
 
@@ -193,7 +209,7 @@ Go dlg1::numberEnter() {
 // By bill number. The table is what the lookup by Enter has left, so before one there is none.
 Go dlg1::billLookup() {
   session().mprnmode.clear();
-  if (key_->key != "GST INVOICE") return Go::Stay;
+  if (key_->key != saleKind().paper.key) return Go::Stay;
   if (session().mhlptable != kBills.table) {
     ShowHint(host, "Nothing To Look Up Yet: Press Enter In The Empty Field First");
     return Go::Stay;
@@ -208,6 +224,7 @@ Go dlg1::billLookup() {
           .more = "ACCOUNT.ACC_NAME, ACCOUNT.area, ACCOUNT.city, format(vouch_dt, 'dd/MM/yyyy') AS VDT, "
                   "ACC1.ACC_NAME",
           .widths = {1000, 1000, 2500, 1400, 1400, 1200, 2000, 1500, 0, 0},
+          .values = kBills.values,
           .secondOnly = true,
   });
 }

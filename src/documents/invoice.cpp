@@ -2,7 +2,6 @@
 
 #include <stdexcept>
 
-#include "base/number.h"
 #include "documents/company_cells.h"
 #include "documents/invoice_sheet.h"
 #include "documents/paper.h"
@@ -10,22 +9,15 @@
 
 void RenderGstInvoice(Host& host, double number, const std::string& kind) {
   Session& s = session();
-  if (s.mprnsheet.empty()) s.mprnsheet = "BILL";
+  if (s.mprnsheet.empty()) s.mprnsheet = saleKind().paper.lineSheet;
   s.mpdfpath.clear();
   tellFailures(host, [&] {
     const Row company = companyDetails(data());
     const FilledSheet sheet = invoiceSheet(data(), s.mcompname, company, number, kind);
     if (sheet.lines == 0) throw std::runtime_error("Wrong Selection");
-    makePaper(host,
-              {
-                  .design = formatsFolder() / ("INVGST" + numText(s.mbillformat) + ".xlsx"),
-                  .copy = formatsFolder() / "INVGST.xlsx",
-                  .pdf = billsFolder() / ("MIRAV_INV_" + numText(number) + ".pdf"),
-                  .sheet = "BILL",
-                  .family = "GST INVOICE",
-                  .number = s.mbillformat,
-                  .kept = SlotsKept::LinesOfLargePages,
-              },
-              sheet);
+    Paper paper = voucherPaper(saleKind(), number, s.mbillformat);
+    paper.copy = formatsFolder() / paper.copy.filename();
+    paper.kept = SlotsKept::LinesOfLargePages;
+    makePaper(host, paper, sheet);
   });
 }

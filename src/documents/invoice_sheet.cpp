@@ -1,8 +1,11 @@
 #include "documents/invoice_sheet.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "documents/company_cells.h"
 #include "documents/words.h"
+#include "frame/voucher_kinds.h"
 
 namespace {
 
@@ -15,7 +18,7 @@ constexpr int kRateNames = 1, kRates = 3;
 
 void companyCells(DataSheet& sheet, const std::string& name, const Row& company) {
   sheet.set(1, 3, name);
-  sheet.set(2, 1, "INVOICE");
+  sheet.set(2, 1, saleKind().paper.title);
   companyAddress(sheet, company);
   companyPairs(sheet, company);
 }
@@ -34,12 +37,12 @@ void itemCells(DataSheet& sheet, Database& db, double number) {
   sheet.block(
       db.query("SELECT ITEM_NAME, SUM(QUANTITY) AS QTY1, RATE, SUM(AMOUNT) AS AMT, SUM(NET_AMOUNT) AS NAMT,"
                " ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC, SALE_DISC1, DISC3, DISC4"
-               " FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = 'SA' AND DEPT_NAME <> 'MISC'"
+               " FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ? AND DEPT_NAME <> 'MISC'"
                " GROUP BY ITEM_NAME, RATE, ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC,"
                " SALE_DISC1, DISC3, DISC4"
                " ORDER BY ITEM_NAME, RATE, ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC,"
                " SALE_DISC1, DISC3, DISC4",
-               number),
+               number, saleKind().code),
       kItemNames, kItems);
 }
 
@@ -47,10 +50,10 @@ void hsnCells(DataSheet& sheet, Database& db, double number) {
   auto found = db.query(
       "SELECT HSNCODE, CGSTRT, SUM(CGSTAMT) AS CAMT, SGSTRT, SUM(SGSTAMT) AS SAMT, IGSTRT,"
       " SUM(IGSTAMT) AS IAMT, SUM(AMOUNT) AS ITMATM, SUM(NET_AMOUNT) AS NAMT, SUM(QUANTITY) AS NQTY, SIZE_CD"
-      " FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = 'SA'"
+      " FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ?"
       " GROUP BY HSNCODE, CGSTRT, SGSTRT, IGSTRT, SIZE_CD"
       " ORDER BY HSNCODE, CGSTRT, SGSTRT, IGSTRT, SIZE_CD",
-      number);
+      number, saleKind().code);
   double tax = 0;
   int row = kHsn;
   for (; found.next(); ++row) {
@@ -61,21 +64,13 @@ void hsnCells(DataSheet& sheet, Database& db, double number) {
   if (row > kHsn) sheet.set(kHsnNames - 1, 1, AmountInWords(tax));
 }
 
-void rateCells(DataSheet& sheet, Database& db, double number, const std::string& kind) {
-  struct Book {
-    const char *kind, *statement;
-  };
-  // The purchase query stands only where a template brought it along.
-  constexpr Book kBooks[] = {
-      {"SALE",     "SELECT GSTTOTQRY.* FROM GSTTOTQRY WHERE VOUCH_NO = ? AND BOOK_CD = 'SA'"    },
-      {"SALERET",  "SELECT GSTTOTQRY.* FROM GSTTOTQRY WHERE VOUCH_NO = ? AND BOOK_CD = 'SR'"    },
-      {"PURCH",    "SELECT GSTTOTQRYPU.* FROM GSTTOTQRYPU WHERE VOUCH_NO = ? AND BOOK_CD = 'PU'"},
-      {"PURCHRET", "SELECT GSTTOTQRYPU.* FROM GSTTOTQRYPU WHERE VOUCH_NO = ? AND BOOK_CD = 'PR'"},
-  };
-  for (const auto& book : kBooks)
-    if (kind == book.kind)
-      sheet.block(db.query(std::string(book.statement) + " ORDER BY CGSTRT, SGSTRT, IGSTRT", number),
-                  kRateNames, kRates, kRateColumn);
+void rateCells(DataSheet& sheet, Database& db, double number, const VoucherKind& kind) {
+  const std::string& view = kind.paper.taxesByRate;
+  if (view.empty()) return;
+  sheet.block(db.query("SELECT " + view + ".* FROM " + view +
+                           " WHERE VOUCH_NO = ? AND BOOK_CD = ? ORDER BY CGSTRT, SGSTRT, IGSTRT",
+                       number, kind.code),
+              kRateNames, kRates, kRateColumn);
 }
 
 }  // namespace
@@ -86,19 +81,21 @@ FilledSheet invoiceSheet(Database& db, const std::string& name, const Row& compa
       "SELECT GSTBLPRN.*, TRANSMAST.TADD1, TRANSMAST.TADD2, TRANSMAST.TAREA, TRANSMAST.TCITY,"
       " TRANSMAST.TPHONE1, TRANSMAST.TPHONE2"
       " FROM GSTBLPRN LEFT JOIN TRANSMAST ON GSTBLPRN.TRANS_CD = TRANSMAST.TRANS_ID"
-      " WHERE [SALE.BOOK_CD] = 'SA' AND [SALE.VOUCH_NO] = ? ORDER BY SR_NO";
+      " WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ? ORDER BY SR_NO";
   FilledSheet sheet;
-  const auto head = db.first(kBill, number);
+  const auto head = db.first(kBill, number, saleKind().code);
   if (!head) return sheet;
   auto& cells = sheet.cells;
   companyCells(cells, name, company);
   wordCells(cells, *head);
   accountCells(cells, db, head->text("SALE_CD"));
   itemCells(cells, db, number);
-  if (kind == "SALE" || kind == "SALERET") hsnCells(cells, db, number);
+  const auto kinds = voucherKinds();
+  const auto asked = std::ranges::find(kinds, kind, [](const VoucherKind* k) { return k->paper.kind; });
+  if (asked != kinds.end() && (*asked)->paper.hsn) hsnCells(cells, db, number);
 
   int ordinary = 0, misc = 0;
-  auto lines = db.query(kBill, number);
+  auto lines = db.query(kBill, number, saleKind().code);
   for (; lines.next(); ++sheet.lines) {
     if (sheet.lines == 0) cells.names(kLineNames, 1, lines.names());
     // A line of an item without a category is in neither block: Null is not equal and not unequal.
@@ -108,6 +105,6 @@ FilledSheet invoiceSheet(Database& db, const std::string& name, const Row& compa
     else
       cells.values(kLines + ordinary++, 1, lines);
   }
-  rateCells(cells, db, number, kind);
+  if (asked != kinds.end()) rateCells(cells, db, number, **asked);
   return sheet;
 }

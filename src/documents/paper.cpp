@@ -7,6 +7,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/number.h"
 #include "documents/line_settings.h"
 #include "frame/routines.h"
 #include "frame/session.h"
@@ -99,6 +100,18 @@ std::string said(const fs::filesystem_error& error) {
 fs::path formatsFolder() { return fs::path(session().mapppath) / "FORMATS"; }
 
 fs::path billsFolder() { return fs::path(session().mapppath) / "BILLS"; }
+
+Paper voucherPaper(const VoucherKind& kind, double voucher, int design) {
+  const auto& paper = kind.paper;
+  return {
+      .design = formatsFolder() / (paper.design + numText(design) + ".xlsx"),
+      .copy = billsFolder() / (paper.design + ".xlsx"),
+      .pdf = billsFolder() / (paper.stem + numText(voucher) + ".pdf"),
+      .sheet = paper.sheet,
+      .family = paper.family,
+      .number = design,
+  };
+}
 
 void makePaper(Host& host, const Paper& paper, const FilledSheet& filled) {
   if (session().mexcelkill) EndProcess(host, "excel.exe");

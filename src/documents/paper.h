@@ -6,6 +6,7 @@
 
 #include "documents/data_sheet.h"
 #include "documents/page_model.h"
+#include "frame/voucher_kinds.h"
 #include "platform/host.h"
 
 // What all documents made from a design do alike: a working copy of the design is filled and
@@ -27,6 +28,9 @@ struct Paper {
   int number = 0;
   SlotsKept kept = SlotsKept::All;
 };
+
+// That of a voucher: the design of its kind with that number, copied into BILLS.
+Paper voucherPaper(const VoucherKind& kind, double voucher, int design);
 
 // By mprnmode: "PDF" makes the file and shows it, "PRN" prints, empty saves the filled copy
 // and shows it. Formulas of the design that could not be calculated are named in a message, once

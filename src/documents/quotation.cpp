@@ -2,7 +2,6 @@
 
 #include <stdexcept>
 
-#include "base/number.h"
 #include "documents/company_cells.h"
 #include "documents/paper.h"
 #include "documents/words.h"
@@ -18,7 +17,7 @@ FilledSheet quotationSheet(Database& db, const std::string& name, const Row& com
   if (!head) return sheet;
   auto& cells = sheet.cells;
   cells.set(1, 3, name);
-  cells.set(2, 1, "QUOTATION");
+  cells.set(2, 1, quotationKind().paper.title);
   cells.set(2, 6, AmountInWords(head->number("NET_AMT")));
   companyAddress(cells, company);
   companyRegistrations(cells, company);
@@ -33,22 +32,13 @@ FilledSheet quotationSheet(Database& db, const std::string& name, const Row& com
 
 void RenderQuotation(Host& host, double number, const std::string& kind) {
   Session& s = session();
-  s.mprnsheet = "QUOT";
+  s.mprnsheet = quotationKind().paper.lineSheet;
   s.mpdfpath.clear();
   tellFailures(host, [&] {
     const Row company = companyDetails(data());
     const FilledSheet sheet = quotationSheet(data(), s.mcompname, company, number, kind);
     if (sheet.lines == 0) throw std::runtime_error("Wrong Selection");
-    makePaper(host,
-              {
-                  .design = formatsFolder() / ("QUOTITM" + numText(s.mquotformat) + ".xlsx"),
-                  .copy = billsFolder() / "QUOTITM.xlsx",
-                  .pdf = billsFolder() / ("MIRAV_QUOT_" + numText(number) + ".pdf"),
-                  .sheet = "QUOT",
-                  .family = "QUOTATION",
-                  .number = s.mquotformat,
-              },
-              sheet);
+    makePaper(host, voucherPaper(quotationKind(), number, s.mquotformat), sheet);
     if (s.mprnmode == "PDF") s.mprnmode.clear();
   });
 }

@@ -9,6 +9,7 @@
 #include "documents/delivery_slip.h"
 #include "documents/invoice.h"
 #include "documents/quotation.h"
+#include "frame/voucher_kinds.h"
 
 namespace {
 
@@ -18,11 +19,15 @@ void byNumber(Host& host, const std::string& document, const std::string& kind) 
   Render(host, Val(document), kind);
 }
 
-constexpr std::array kRenderers = {
-    Renderer{"GST INVOICE",   "SALE",          &byNumber<RenderGstInvoice>  },
+Renderer of(const VoucherKind& kind, void (*make)(Host&, const std::string&, const std::string&)) {
+  return {kind.paper.key, kind.paper.kind, make};
+}
+
+const std::array kRenderers = {
+    of(saleKind(), &byNumber<RenderGstInvoice>),
+    of(challanKind(), &byNumber<RenderChallan>),
+    of(quotationKind(), &byNumber<RenderQuotation>),
     Renderer{"Delivery Slip", "Delivery Slip", &byNumber<RenderDeliverySlip>},
-    Renderer{"CHLNPRN",       "CH",            &byNumber<RenderChallan>     },
-    Renderer{"QUOTPRN",       "QUOTATION",     &byNumber<RenderQuotation>   },
     Renderer{"adcard",        "adcrd",         &RenderAddressCard           },
 };
 

@@ -7,8 +7,8 @@
 // The documents that the print dialog makes, by print key: from what stands in its number
 // field, with the kind that goes with the key.
 struct Renderer {
-  const char* key;
-  const char* kind;
+  std::string key;
+  std::string kind;
   void (*make)(Host& host, const std::string& document, const std::string& kind);
 };
 
