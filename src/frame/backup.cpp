@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/text.h"
+#include "frame/voucher_kinds.h"
 #include "store/backup.h"
 #include "store/dictionary.h"
 #include "store/lock_file.h"
@@ -149,7 +150,8 @@ BackupFacts factsOf(const fs::path& file) {
     return 0;
   });
   db.attempt([&] {
-    if (const auto row = db.first("SELECT COUNT(*), MAX(VOUCH_DT) FROM SALE WHERE BOOK_CD = 'SA'")) {
+    if (const auto row =
+            db.first("SELECT COUNT(*), MAX(VOUCH_DT) FROM SALE WHERE BOOK_CD = ?", saleKind().code)) {
       facts.bills = static_cast<int>(row->number(0));
       facts.last = row->date(1);
     }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <functional>
 
+#include "frame/voucher_kinds.h"
+
 namespace {
 
 // A plus sign keeps the planner from the index of the books, in which one book is everything.
@@ -51,15 +53,15 @@ int daysOpen(Database& db, const std::string& account, double balance, Date toda
 Figure salesBetween(Database& db, Date first, Date last) {
   return figure(db,
                 "SELECT SUM(NET_AMT), COUNT(*) FROM SALE"
-                " WHERE VOUCH_DT BETWEEN ? AND ? AND +BOOK_CD = 'SA'",
-                first, last);
+                " WHERE VOUCH_DT BETWEEN ? AND ? AND +BOOK_CD = ?",
+                first, last, saleKind().code);
 }
 
 Figure receiptsBetween(Database& db, Date first, Date last) {
   return figure(db,
                 "SELECT SUM(AMOUNT), COUNT(*) FROM RPTPAY"
-                " WHERE VOUCH_DT BETWEEN ? AND ? AND +BOOK_CD = 'RC'",
-                first, last);
+                " WHERE VOUCH_DT BETWEEN ? AND ? AND +BOOK_CD = ?",
+                first, last, receiptKind().code);
 }
 
 std::vector<LastBill> lastBills(Database& db, int most) {
@@ -68,8 +70,8 @@ std::vector<LastBill> lastBills(Database& db, int most) {
     auto rows = db.query(
         "SELECT BILL_NO, VOUCH_DT, ACC_NAME, CITY, NET_AMT"
         " FROM SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD"
-        " WHERE BOOK_CD = 'SA' ORDER BY VOUCH_NO DESC LIMIT ?",
-        most);
+        " WHERE BOOK_CD = ? ORDER BY VOUCH_NO DESC LIMIT ?",
+        saleKind().code, most);
     while (rows.next())
       bills.push_back({rows.text(0), rows.text(2), rows.text(3), rows.date(1), rows.number(4)});
   });

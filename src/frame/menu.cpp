@@ -5,6 +5,7 @@
 #include "frame/category_list.h"
 #include "frame/routines.h"
 #include "frame/session.h"
+#include "frame/voucher_kinds.h"
 
 namespace {
 
@@ -23,18 +24,18 @@ constexpr TopMenu kTop[] = {
     {"mnuexit",  "&EXIT"},
 };
 
-// Reports empty mentrytype before anything else.
+// Reports empty mentrytype before anything else. The key of a voucher's entry is its kind's entry type.
 constexpr Command kCommands[] = {
     {.menu = "mnumstr",  .caption = "&Account Master",              .control = "mnumast",       .index = 1, .key = "account",    .screen = "frmacc",   .tool = "accmstr"},
     {.menu = "mnumstr",  .caption = "&Category Master",             .control = "mnumast",       .index = 3, .key = "category",   .mastkey = "catg", .screen = "frmtaxmast"},
     {.menu = "mnumstr",  .caption = "&Item Master",                 .control = "mnumast",       .index = 4, .key = "item",       .screen = "FRMITEM1", .tool = "itemmstr"},
 
-    {.menu = "mnutrns",  .caption = "GST Sales Entry",              .control = "mnutrans",      .key = "SALE",       .entrytype = "SALE",      .screen = "GSTSAPU", .tool = "sales"},
-    {.menu = "mnutrns",  .caption = "Quotation",                    .control = "mnutrans",      .key = "QUOTATION",  .entrytype = "QUOTATION", .screen = "FRMQUOT", .tool = "quotbtn"},
-    {.menu = "mnutrns",  .caption = "Delivery Challan",             .control = "mnutrans",      .key = "CH",         .entrytype = "CH",        .screen = "FRMCHLN", .tool = "delislip"},
-    {.menu = "mnutrns",  .caption = "Receipts",                     .control = "mnutrans",      .key = "RECEIPT",    .entrytype = "RECEIPT",   .screen = "bwrcpy"},
-    {.menu = "mnutrns",  .caption = "Purchase",                     .control = "mnutrans",      .key = "PURCHASE",   .entrytype = "PURCHASE",  .screen = "GSTSAPU"},
-    {.menu = "mnutrns",  .caption = "Payments",                     .control = "mnutrans",      .key = "PAYMENT",    .entrytype = "PAYMENT",   .screen = "bwrcpy"},
+    {.menu = "mnutrns",  .caption = "GST Sales Entry",              .control = "mnutrans",      .key = "SALE",       .tool = "sales"},
+    {.menu = "mnutrns",  .caption = "Quotation",                    .control = "mnutrans",      .key = "QUOTATION",  .tool = "quotbtn"},
+    {.menu = "mnutrns",  .caption = "Delivery Challan",             .control = "mnutrans",      .key = "CH",         .tool = "delislip"},
+    {.menu = "mnutrns",  .caption = "Receipts",                     .control = "mnutrans",      .key = "RECEIPT"},
+    {.menu = "mnutrns",  .caption = "Purchase",                     .control = "mnutrans",      .key = "PURCHASE"},
+    {.menu = "mnutrns",  .caption = "Payments",                     .control = "mnutrans",      .key = "PAYMENT"},
 
     {.menu = "mnulists", .caption = "Party List Print",             .control = "MNULIST",       .key = "accmastADD",  .entrytype = "", .reportkey = "accmastADD",  .screen = "frmreport"},
     {.menu = "mnulists", .caption = "Address Card Print",           .control = "MNULIST",       .key = "adcard",      .entrytype = "", .reportkey = "adcard",      .screen = "dlg1", .tool = "adrscrd"},
@@ -137,6 +138,10 @@ void carryOut(Host& host, const Command& command) {
   if (command.mastkey) s.mmastkey = command.mastkey;
   if (command.first) command.first(host);
   if (command.screen) host.open(command.screen);
+  if (const VoucherKind* const kind = kindByEntryType(command.key)) {
+    s.mentrytype = kind->entryType;
+    host.open(kind->screen);
+  }
   if (*command.hint) ShowHint(host, command.hint);
   if (command.link) openTutorial(host, links().*command.link);
 }

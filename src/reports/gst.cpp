@@ -22,6 +22,7 @@ enum Column : int {
   kDate,
   kBill,
   kParty,
+  kBook,
   kVoucher,
   kRoundOff,
   kAmount,
@@ -38,16 +39,24 @@ enum Column : int {
 // In the order of an index, so that a period costs its own bills alone and nothing is sorted; the
 // lines of a bill are put together here, by their few numbers.
 Rows selectLines(Database& db, const GstQuery& q) {
+  std::vector<Value> values;
+  std::vector<std::string> books;
+  for (const VoucherKind* kind : voucherKinds())
+    if (kind->returns.sign != 0) {
+      values.emplace_back(kind->code);
+      books.emplace_back("?");
+    }
   std::string sql =
-      "SELECT SALE.VOUCH_DT, SALE.BILL_NO, ACCOUNT.rowid, SALE.VOUCH_NO, ROUND_OFF, NET_AMT,"
+      "SELECT SALE.VOUCH_DT, SALE.BILL_NO, ACCOUNT.rowid, SALE.BOOK_CD, SALE.VOUCH_NO, ROUND_OFF, NET_AMT,"
       " IGSTRT, CGSTRT, SGSTRT, AMOUNT, IGSTAMT, CGSTAMT, SGSTAMT, NET_AMOUNT"
       " FROM SALE CROSS JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD"
       " LEFT JOIN SALEITM ON SALE.BOOK_CD = SALEITM.BOOK_CD AND SALE.VOUCH_NO = SALEITM.VOUCH_NO"
-      " WHERE SALE.BOOK_CD = 'SA' AND SALE.GSTPOST = 1 AND SALE.VOUCH_DT >= ? AND SALE.VOUCH_DT <= ?";
+      " WHERE SALE.BOOK_CD IN (" +
+      join(books, ", ") + ") AND SALE.GSTPOST = 1 AND SALE.VOUCH_DT >= ? AND SALE.VOUCH_DT <= ?";
   // A null has no length and so is in neither statement.
   sql +=
       q.dealers == Dealers::Registered ? " AND LEN(ACCOUNT.GSTINNO) > 1" : " AND LEN(ACCOUNT.GSTINNO) <= 1";
-  std::vector<Value> values = {q.from, q.to};
+  values.insert(values.end(), {q.from, q.to});
   if (!q.party.empty()) {
     sql += " AND SALE.PARTY_CD = ?";
     values.emplace_back(q.party);
@@ -69,14 +78,19 @@ void readHead(const Rows& line, GstRow& row) {
 
 void readLine(const Rows& line, GstRow& row) {
   row.rates = {number(line, kIgstRate), number(line, kCgstRate), number(line, kSgstRate)};
-  row.sums = {number(line, kTaxable), number(line, kIgst), number(line, kCgst), number(line, kSgst),
-              number(line, kNet)};
+  const auto sum = [&](int column) {
+    auto figure = number(line, column);
+    if (figure) *figure *= row.kind->returns.sign;
+    return figure;
+  };
+  row.sums = {sum(kTaxable), sum(kIgst), sum(kCgst), sum(kSgst), sum(kNet)};
 }
 
 std::weak_ordering compareText(const std::string& a, const std::string& b) { return upper(a) <=> upper(b); }
 
 // Rows of one date and bill number, in the order of the grouping.
 std::partial_ordering compare(const GstRow& a, const GstRow& b) {
+  if (a.kind != b.kind) return compareText(a.kind->code, b.kind->code);
   const GstParty &p = *a.party, &q = *b.party;
   std::partial_ordering order = std::partial_ordering::equivalent;
   if (&p != &q && (order = compareText(p.gstin, q.gstin)) != 0) return order;
@@ -118,9 +132,11 @@ bool GstStatement::next() {
 void GstStatement::readBills() {
   rows_.clear();
   for (; more_; more_ = lines_.next()) {
+    const VoucherKind* const kind = kindByBook(lines_.text(kBook));
     const double voucher = lines_.number(kVoucher);
     // The lines of a bill share its head.
-    GstRow row = rows_.empty() || rows_.back().voucher != voucher ? GstRow{.voucher = voucher} : rows_.back();
+    const bool same = !rows_.empty() && rows_.back().kind == kind && rows_.back().voucher == voucher;
+    GstRow row = same ? rows_.back() : GstRow{.kind = kind, .voucher = voucher};
     if (row.party == nullptr) readHead(lines_, row);
     if (!rows_.empty() && (row.date != rows_[0].date || !sameText(row.bill, rows_[0].bill))) return;
     row.party = party(lines_.value(kParty).whole());

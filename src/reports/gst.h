@@ -9,11 +9,12 @@
 #include <vector>
 
 #include "base/date.h"
+#include "frame/voucher_kinds.h"
 #include "store/database.h"
 
-// The statements of outward supplies for the GSTR-1 return, from saved sale bills (book SA, marked
-// as posted to GST). A dealer is registered when its GSTIN is longer than one character; one whose
-// GSTIN was never filled (null) is in neither statement.
+// The statements of outward supplies for the GSTR-1 return, from saved vouchers of the kinds that count
+// in it, each with its kind's sign, that are marked as posted to GST. A dealer is registered when its GSTIN
+// is longer than one character; one whose GSTIN was never filled (null) is in neither statement.
 //
 // A row stands for a bill at one combination of rates: a bill with lines at 5% and 12% has two rows.
 // Bills that agree in number, date, party and amounts are one. Rows come by date and bill number,
@@ -49,6 +50,7 @@ struct GstRow {
   const GstParty* party = nullptr;
   GstRates rates;
   GstSums sums;
+  const VoucherKind* kind = nullptr;
   double voucher = 0;  // VOUCH_NO of the bill, of several the first
   std::optional<double> roundOff, amount;
 };

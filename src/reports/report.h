@@ -69,6 +69,8 @@ class Condition {
   bool empty() const { return text_.empty(); }
   const std::string& text() const { return text_; }
   const std::vector<Value>& values() const { return values_; }
+  // Of a statement that asks for something else first.
+  std::vector<Value> valuesAfter(const std::string& first) const;
   // With the values in it, as mfilter has it: "vouch_dt >= #01/Apr/2026# and area = 'ANAND'".
   const std::string& shown() const { return shown_; }
 
@@ -96,8 +98,8 @@ struct ReportDetails {
   std::string count;              // column of the main result: how many detail rows the row has
 };
 
-// Where the voucher that a row stands for is told: columns of the result. Books are "SA", "CH",
-// "RC" and "PY"; a quotation counts as book "QT".
+// Where the voucher that a row stands for is told: columns of the result. Books are those of the kinds of
+// voucher: "SA", "CH", "RC", "QT".
 struct ReportVoucher {
   std::string book, number;
 };

@@ -28,3 +28,9 @@ void Condition::add(std::string_view part, Value value, std::string_view literal
   shown_ += replaceAll(part, "?", literal);
   values_.push_back(std::move(value));
 }
+
+std::vector<Value> Condition::valuesAfter(const std::string& first) const {
+  std::vector<Value> values = {first};
+  values.insert(values.end(), values_.begin(), values_.end());
+  return values;
+}

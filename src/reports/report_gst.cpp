@@ -74,7 +74,7 @@ class GstReading : public ReportReading {
       case kNet:
         return money(row.sums.net);
       case kBook:
-        return "SA";
+        return row.kind->code;
       case kPartyCode:
         return row.party->code;
       case kVoucher:

@@ -1,4 +1,5 @@
 #include "base/number.h"
+#include "frame/voucher_kinds.h"
 #include "reports/reports.h"
 
 // The registers of quotations, challans and receipts. Those of quotations and challans list every
@@ -16,13 +17,14 @@ Condition dates(const ReportQuery& q) {
 
 ReportPlan planQuotations(Database&, const ReportQuery& q) {
   ReportPlan plan{.filter = dates(q).shown(), .note = kAllVouchers};
-  plan.rows.text =
+  plan.rows = {
       "SELECT QUOT.VOUCH_NO, QUOT.VOUCH_DT, ACC_NAME, TOTQTY,"
       " FORMAT(ITEM_AMT + CHRG_AMT - DISC_AMT, '0.00') AS IAMT, FORMAT(TCGST, '0.00') AS CGST,"
       " FORMAT(TSGST, '0.00') AS SGST, FORMAT(TIGST, '0.00') AS IGST, FORMAT(NET_AMT, '0.00') AS N_AMT,"
-      " PARTY_CD, 'QT' AS BOOK,"
+      " PARTY_CD, ? AS BOOK,"
       " (SELECT COUNT(*) FROM QUOTITM WHERE QUOTITM.VOUCH_NO = QUOT.VOUCH_NO) AS LINES"
-      " FROM QUOT LEFT JOIN ACCOUNT ON QUOT.PARTY_CD = ACCOUNT.ACC_CD ORDER BY QUOT.VOUCH_NO";
+      " FROM QUOT LEFT JOIN ACCOUNT ON QUOT.PARTY_CD = ACCOUNT.ACC_CD ORDER BY QUOT.VOUCH_NO",
+      {quotationKind().book()}};
   // clang-format off
   plan.columns = {
       {.heading = "No",           .twips = 600},
@@ -101,9 +103,9 @@ ReportPlan planReceipts(Database&, const ReportQuery& q) {
       "SELECT VOUCH_NO, VOUCH_DT, ACCOUNT.ACC_NAME || ' ' || ACCOUNT.AREA AS acname,"
       " FORMAT(AMOUNT, '0.00') AS AMT, NARRATION, PARTY_CD, CSHBNK_CD, ACCOUNT.AREA, ACCOUNT.CITY,"
       " ACCOUNT.ANOTHER_CD, ACCOUNT.GROUP_CD, BOOK_CD"
-      " FROM RPTPAY INNER JOIN ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD WHERE BOOK_CD = 'RC' AND " +
+      " FROM RPTPAY INNER JOIN ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD WHERE BOOK_CD = ? AND " +
           c.text() + " ORDER BY VOUCH_DT, VOUCH_NO, REF_NO, RPTPAY.rowid",
-      c.values()};
+      c.valuesAfter(receiptKind().code)};
   // clang-format off
   plan.columns = {
       {.heading = "No.",     .twips = 600},

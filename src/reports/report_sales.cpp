@@ -1,3 +1,4 @@
+#include "frame/voucher_kinds.h"
 #include "reports/charts.h"
 #include "reports/reports.h"
 
@@ -25,16 +26,16 @@ std::string partyName(Database& db, const std::string& code) {
 // TCGSTRT, TSGSTRT and TIGSTRT hold the bill's tax, not rates.
 ReportPlan planBills(Database& db, const ReportQuery& q) {
   const Condition c = filterOf(q);
-  ReportPlan plan{.filter = c.shown() + " and SALE.BOOK_CD = 'SA'"};
+  ReportPlan plan{.filter = c.shown() + " and SALE.BOOK_CD = '" + saleKind().code + "'"};
   if (!q[kParty].empty()) plan.caption = "Sales Bill Summary For : " + partyName(db, q[kParty]);
   plan.rows = {
       "SELECT BILL_NO, SALE.VOUCH_DT, ACC_NAME, AREA, GSTINNO, FORMAT(ITEM_AMT, '0.00'),"
       " FORMAT(TCGSTRT, '0.00'), FORMAT(TSGSTRT, '0.00'), FORMAT(TIGSTRT, '0.00'),"
       " FORMAT(ROUND_OFF, '0.00'), FORMAT(SALE.NET_AMT, '0.00') AS AMOUNT, PARTY_CD, ACCOUNT.CITY,"
       " BL_TYPE, SALE_CD, SALE.DATASENT, SALE.BOOK_CD, SALE.VOUCH_NO"
-      " FROM SALE INNER JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE +SALE.BOOK_CD = 'SA' AND " +
+      " FROM SALE INNER JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE +SALE.BOOK_CD = ? AND " +
           c.text() + " ORDER BY SALE.VOUCH_DT, SALE.VOUCH_NO",
-      c.values()};
+      c.valuesAfter(saleKind().code)};
   // clang-format off
   plan.columns = {
       {.heading = "No",      .twips = 700},
@@ -69,9 +70,9 @@ ReportPlan planBillDetails(Database&, const ReportQuery& q) {
       " NARRATION, SALE.DATASENT,"
       " (SELECT COUNT(*) FROM SALEITM INNER JOIN ITEM ON SALEITM.ITEM_CD = ITEM.ITEM_CD"
       " WHERE SALEITM.VOUCH_NO = SALE.VOUCH_NO AND SALEITM.BOOK_CD = SALE.BOOK_CD) AS LINES"
-      " FROM SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE +SALE.BOOK_CD = 'SA' AND " +
+      " FROM SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE +SALE.BOOK_CD = ? AND " +
           c.text() + " ORDER BY SALE.VOUCH_DT, SALE.VOUCH_NO",
-      c.values()};
+      c.valuesAfter(saleKind().code)};
   plan.details = {
       .rows = {"SELECT '' AS one1, ITEM.HSNCODE AS two2,"
                " CASE WHEN SALEITM.DESC1 <> '0' THEN SALEITM.DESC1 ELSE '' END AS three3, ITEM_NAME AS ITMNM,"

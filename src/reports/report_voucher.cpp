@@ -1,38 +1,26 @@
 #include "reports/report_voucher.h"
 
 #include "base/number.h"
-#include "base/text.h"
 #include "frame/menu.h"
 #include "frame/session.h"
+#include "frame/voucher_kinds.h"
 
 namespace {
 
-struct BookCommand {
-  const char *book, *command;
-};
-constexpr BookCommand kBooks[] = {
-    {"SA", "SALE"     },
-    {"CH", "CH"       },
-    {"RC", "RECEIPT"  },
-    {"PY", "PAYMENT"  },
-    {"PU", "PURCHASE" },
-    {"QT", "QUOTATION"},
-};
-
-const Command* commandOfBook(const std::string& book) {
-  for (const BookCommand& b : kBooks)
-    if (sameText(b.book, book)) return commandByKey(b.command);
-  return nullptr;
+// What the menu does not offer opens from nowhere.
+const VoucherKind* openable(const std::string& book) {
+  const VoucherKind* const kind = kindByBook(book);
+  return kind && commandByKey(kind->entryType) ? kind : nullptr;
 }
 
 }  // namespace
 
-bool canOpen(const VoucherKey& voucher) { return commandOfBook(voucher.book) != nullptr; }
+bool canOpen(const VoucherKey& voucher) { return openable(voucher.book) != nullptr; }
 
 bool openVoucher(Host& host, const Screen& caller, const VoucherKey& voucher) {
-  const Command* const command = commandOfBook(voucher.book);
-  if (!command) return false;
-  session().mentrytype = command->entrytype;
-  host.open(command->screen, {.caller = caller.spec.name, .value = numText(voucher.number)});
+  const VoucherKind* const kind = openable(voucher.book);
+  if (!kind) return false;
+  session().mentrytype = kind->entryType;
+  host.open(kind->screen, {.caller = caller.spec.name, .value = numText(voucher.number)});
   return true;
 }

@@ -1,15 +1,14 @@
-#include <algorithm>
 #include <cmath>
 
 #include "base/number.h"
 #include "base/text.h"
+#include "frame/voucher_kinds.h"
 #include "reports/ledger_reading.h"
 
 namespace {
 
 constexpr double kLastIncomeGroup = 74;  // above it stand the groups of the balance sheet
-constexpr const char* kBillBooks[] = {"SA", "SR", "PU", "PR"};
-constexpr int kSeparators = 7;  // "  - " and the like: nothing beside the two separators
+constexpr int kSeparators = 7;           // "  - " and the like: nothing beside the two separators
 
 enum Column : size_t { Number, Day, Reference, Book, Particulars, Debit, Credit, Balance, Side };
 
@@ -103,7 +102,8 @@ class RunningStatement {
 
   // Transport, its receipt and the parcels of a bill; nothing when one of them was never filled.
   std::string billDetails(const VoucherKey& v) {
-    if (std::ranges::none_of(kBillBooks, [&](const char* book) { return sameText(v.book, book); })) return {};
+    const VoucherKind* const kind = kindByBook(v.book);
+    if (!kind || kind->tables.heads != saleKind().tables.heads) return {};
     return db_.text(
         "SELECT TRANSPORT || ' - ' || GR_NO || ' - ' || PARCLE FROM SALE WHERE VOUCH_NO = ? AND BOOK_CD = ?",
         v.number, v.book);
