@@ -5,6 +5,7 @@
 #include "frame/session.h"
 #include "frame/start.h"
 #include "platform/qt/paint_qt.h"
+#include "program/all_screens.h"
 
 namespace {
 

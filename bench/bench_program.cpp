@@ -3,12 +3,6 @@
 #include <iostream>
 #include <stdexcept>
 
-#include "documents/screens.h"
-#include "frame/screens.h"
-#include "masters/screens.h"
-#include "reports/screens.h"
-#include "vouchers/screens.h"
-
 namespace {
 
 std::filesystem::path programFolder;
@@ -16,20 +10,6 @@ std::filesystem::path programFolder;
 }  // namespace
 
 const std::filesystem::path& folder() { return programFolder; }
-
-const Screens& allScreens() {
-  static const Screens screens = [] {
-    Screens s;
-    addFrameScreens(s);
-    addMasterScreens(s);
-    addVoucherScreens(s);
-    addReportScreens(s);
-    addDocumentScreens(s);
-    setOpeningRoutines();
-    return s;
-  }();
-  return screens;
-}
 
 void require(bool holds, const std::string& what) {
   if (!holds) throw std::runtime_error(what);

@@ -6,13 +6,10 @@
 #include <functional>
 #include <string>
 
-#include "platform/screen.h"
-
 // What the programs that measure share: each is started as PROGRAM FOLDER [--benchmark_...] on a
 // program folder whose company-year is large.
 
 const std::filesystem::path& folder();
-const Screens& allScreens();
 
 // Ends the measurement that runs with an error.
 void require(bool holds, const std::string& what);

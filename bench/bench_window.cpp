@@ -10,6 +10,7 @@
 #include "platform/edit.h"
 #include "platform/qt/look.h"
 #include "platform/qt/qt_host.h"
+#include "program/all_screens.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
-# One folder of src is one target. A target sees only the headers of the layers
-# that it links, so an include against the direction of the house does not build.
+# One folder of src is one target. Headers are named from src ("store/database.h"), and a target may name
+# those of the layers that it links: cmake/includes.cmake reads its sources before they are compiled, and
+# an include against the direction of the house stops the build.
 
 add_library(mirav_warnings INTERFACE)
 target_compile_options(mirav_warnings INTERFACE
@@ -25,36 +26,72 @@ function(mirav_precompile group target)
   endif()
 endfunction()
 
-# mirav_layer(<target> <folder of src> LINK <targets>...)
-function(mirav_layer target folder)
-  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.cpp)
-  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.h)
-  add_library(${target} STATIC ${sources} ${headers})
-  set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX)
+# mirav_link(<target> [FOLDER <own folder of src>] [LINK <targets>...] [USES <targets>...])
+#
+# Links the target, and has its includes checked. What links it sees the layers under LINK, too, but not
+# those under USES.
+function(mirav_link target)
+  cmake_parse_arguments(ARG "" "FOLDER" "LINK;USES" ${ARGN})
+  target_include_directories(${target} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(${target} PUBLIC ${ARG_LINK} PRIVATE ${ARG_USES} mirav_warnings)
 
-  set(view ${CMAKE_BINARY_DIR}/layers/${target})
-  get_filename_component(parent ${folder} DIRECTORY)
-  file(MAKE_DIRECTORY ${view}/${parent})
-  file(CREATE_LINK ${CMAKE_SOURCE_DIR}/src/${folder} ${view}/${folder} SYMBOLIC)
-  target_include_directories(${target} PUBLIC ${view})
-  target_link_libraries(${target} PUBLIC ${ARG_LINK} PRIVATE mirav_warnings)
+  set(passes_on ${ARG_FOLDER})
+  foreach(linked ${ARG_LINK})
+    get_target_property(folders ${linked} MIRAV_SEEN)
+    if(folders)
+      list(APPEND passes_on ${folders})
+    endif()
+  endforeach()
+  list(REMOVE_DUPLICATES passes_on)
+  set_target_properties(${target} PROPERTIES MIRAV_SEEN "${passes_on}")
+  set(sees ${passes_on})
+  foreach(linked ${ARG_USES})
+    get_target_property(folders ${linked} MIRAV_SEEN)
+    list(APPEND sees ${folders})
+  endforeach()
+
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources INCLUDE REGEX "\\.(cpp|h)$")
+  list(TRANSFORM sources PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ REGEX "^[^/]")
+  set(checked ${CMAKE_BINARY_DIR}/includes/${target})
+  add_custom_command(OUTPUT ${checked}
+    COMMAND ${CMAKE_COMMAND} "-DSOURCES=${sources}" "-DSEES=${sees}" -DWHO=${target} -DDONE=${checked}
+            -P ${CMAKE_SOURCE_DIR}/cmake/includes.cmake
+    DEPENDS ${sources} ${CMAKE_SOURCE_DIR}/cmake/includes.cmake
+    COMMENT "Reading the includes of ${target}" VERBATIM)
+  # A target of its own waits for no library, so that folders are compiled side by side.
+  add_custom_target(${target}_includes DEPENDS ${checked})
+  add_dependencies(${target} ${target}_includes)
+endfunction()
+
+# mirav_layer(<target> <folder of src> [LINK <targets>...] [USES <targets>...])
+function(mirav_layer target folder)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.cpp ${CMAKE_SOURCE_DIR}/src/${folder}/*.h)
+  add_library(${target} STATIC ${sources})
+  set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX)
+  mirav_link(${target} FOLDER ${folder} ${ARGN})
   if(NOT target STREQUAL qt_host)  # its settings are the toolkit's
     mirav_precompile(layers ${target})
   endif()
 endfunction()
 
+# mirav_program(<target> <sources>... LINK <targets>...)
+function(mirav_program target)
+  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  add_executable(${target} ${ARG_UNPARSED_ARGUMENTS})
+  mirav_link(${target} LINK ${ARG_LINK})
+endfunction()
+
 # mirav_tests(<folder of tests> LINK <targets>...): one GTest binary per folder
 function(mirav_tests folder)
   cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${folder}/*.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${folder}/*.cpp ${CMAKE_SOURCE_DIR}/tests/${folder}/*.h)
   if(NOT sources)
     return()
   endif()
   string(REPLACE "/" "_" name test_${folder})
-  add_executable(${name} ${sources})
+  mirav_program(${name} ${sources} LINK ${ARG_LINK} GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
-  target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest_main mirav_warnings)
   if(NOT qt_host IN_LIST ARG_LINK)
     mirav_precompile(tests ${name} <gtest/gtest.h>)
   endif()
@@ -62,4 +99,3 @@ function(mirav_tests folder)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST WORKING_DIRECTORY ${CMAKE_SOURCE_DIR}/tests/${folder}
                        PROPERTIES TIMEOUT 120)
 endfunction()
-include(GoogleTest)

@@ -10,18 +10,13 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "documents/screens.h"
 #include "formats/designs.h"
-#include "frame/screens.h"
 #include "frame/session.h"
 #include "frame/start.h"
 #include "fuzz/scratch.h"
-#include "masters/screens.h"
 #include "platform/paint.h"
 #include "platform/qt/paint_qt.h"
-#include "reports/screens.h"
 #include "tools/folder/sample_data.h"
-#include "vouchers/screens.h"
 #include "workbook/recorder.h"
 
 namespace fs = std::filesystem;
@@ -119,20 +114,6 @@ const fs::path& freshFolder() {
       fs::create_hard_link(entry.path(), to);  // the program replaces such a file, it writes into none
   }
   return folder;
-}
-
-const Screens& allScreens() {
-  static const Screens screens = [] {
-    Screens s;
-    addFrameScreens(s);
-    addMasterScreens(s);
-    addReportScreens(s);
-    addVoucherScreens(s);
-    addDocumentScreens(s);
-    setOpeningRoutines();
-    return s;
-  }();
-  return screens;
 }
 
 bool Person::ask(const std::string& text, const std::string&) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/desk.h"
+#include "program/all_screens.h"
 
 // The whole program without windows, in a folder in memory that is as new for each run. What the
 // process writes stays in there: the system refuses it anything else but the folders that the
@@ -16,8 +17,6 @@ void confine(int argc, char** argv);
 // The folder with the sample company, made anew.
 const std::filesystem::path& freshFolder();
 inline constexpr const char* kYearFile = "M00126.mdb";
-
-const Screens& allScreens();
 
 // A person who says Yes and No in turn, and types the same into every input box.
 class Person : public Desk {

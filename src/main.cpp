@@ -8,14 +8,10 @@
 #include <iostream>
 
 #include "base/words.h"
-#include "documents/screens.h"
-#include "frame/screens.h"
 #include "frame/start.h"
-#include "masters/screens.h"
 #include "platform/qt/look.h"
 #include "platform/qt/qt_host.h"
-#include "reports/screens.h"
-#include "vouchers/screens.h"
+#include "program/all_screens.h"
 
 namespace {
 
@@ -40,17 +36,9 @@ int main(int argc, char** argv) {
   std::setlocale(LC_NUMERIC, "C");  // Qt has taken the person's; figures are written one way
   dress(application);
 
-  Screens screens;
-  addFrameScreens(screens);
-  addMasterScreens(screens);
-  addReportScreens(screens);
-  addVoucherScreens(screens);
-  addDocumentScreens(screens);
-  setOpeningRoutines();
-
   const std::filesystem::path folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
   openWords(folder);
-  QtHost host(screens);
+  QtHost host(allScreens());
   if (!startUp(host, folder)) return 1;
   return host.run();
 }

@@ -7,38 +7,21 @@
 #include <vector>
 
 #include "base/text.h"
-#include "documents/screens.h"
 #include "frame/menu.h"
-#include "frame/screens.h"
 #include "frame/session.h"
 #include "frame/start.h"
-#include "masters/screens.h"
-#include "reports/screens.h"
+#include "program/all_screens.h"
 #include "store/templates.h"
 #include "support/temp_folder.h"
 #include "support/test_host.h"
-#include "vouchers/screens.h"
 
 namespace {
-
-const Screens& wholeProgram() {
-  static const Screens screens = [] {
-    Screens s;
-    addFrameScreens(s);
-    addMasterScreens(s);
-    addReportScreens(s);
-    addVoucherScreens(s);
-    addDocumentScreens(s);
-    return s;
-  }();
-  return screens;
-}
 
 // A person who opens everything: says Yes to questions (or No), nothing to input boxes, and
 // leaves each lookup by Escape.
 class Visitor : public TestHost {
  public:
-  Visitor() : TestHost(wholeProgram()) {}
+  Visitor() : TestHost(allScreens()) {}
 
   bool says = true;
   std::vector<std::string> lookups;

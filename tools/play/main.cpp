@@ -5,28 +5,13 @@
 #include <filesystem>
 #include <iostream>
 
-#include "documents/screens.h"
-#include "frame/screens.h"
 #include "frame/start.h"
-#include "masters/screens.h"
 #include "platform/qt/look.h"
 #include "platform/qt/qt_host.h"
 #include "player.h"
-#include "reports/screens.h"
-#include "vouchers/screens.h"
+#include "program/all_screens.h"
 
 namespace {
-
-Screens allScreens() {
-  Screens screens;
-  addFrameScreens(screens);
-  addMasterScreens(screens);
-  addReportScreens(screens);
-  addVoucherScreens(screens);
-  addDocumentScreens(screens);
-  setOpeningRoutines();
-  return screens;
-}
 
 // Starts the program anew and plays one script on it; returns the checks that passed.
 template <class DeskType>
@@ -40,8 +25,7 @@ int playOn(DeskType& desk, Machine& machine, const Fingers& fingers, const std::
 
 int playBare(const std::string& folder, const Script& script) {
   Machine machine;
-  const Screens screens = allScreens();
-  Played<Bare> desk(machine, screens);
+  Played<Bare> desk(machine, allScreens());
   const Fingers fingers{
       [&desk](const Key& key) { desk.key(key); }, [&desk](const std::string& text) { desk.type(text); }, {}};
   return playOn(desk, machine, fingers, folder, script);
@@ -49,8 +33,7 @@ int playBare(const std::string& folder, const Script& script) {
 
 int playInWindow(const std::string& folder, const Script& script) {
   Machine machine;
-  const Screens screens = allScreens();
-  Played<QtHost> desk(machine, screens);
+  Played<QtHost> desk(machine, allScreens());
   const Fingers fingers{[&desk](const Key& key) {
                           desk.realKey(key);
                           desk.settle();
