@@ -1,5 +1,5 @@
+#include "formats/bill_design.h"
 #include "formats/designs.h"
-#include "formats/invoice_design.h"
 #include "formats/styles.h"
 
 // Design 2: goods on the road. Consignee, transport and discounts, and three copies of every
@@ -17,51 +17,41 @@ const Form kForm{
     .slot = 18,
 };
 constexpr int kCopies = 3;
-constexpr Columns kAll{'A', 'M'}, kLeft{'A', 'I'}, kRight{'J', 'M'}, kLabel{'A', 'D'}, kCopy{'A', 'D'};
+constexpr Columns kAll{'A', 'M'}, kCopy{'A', 'D'};
 constexpr int kWidth = kAll.right - kAll.left + 1;
-const DesignTable kTable{
-    .form = kForm, .all = kAll,
-    .widths = {{'A', 18}, {'B', 60}, {'C', 60}, {'D', 42}, {'E', 38.25}, {'F', 27}, {'G', 45}, {'H', 22.5},
-               {'I', 42}, {'J', 57}, {'K', 22.5}, {'L', 48}, {'M', 54}},
-    .palette = {.accent = 0x1F3A6E, .tint = 0xE9EEF7},
-    .letters = 27,
-};
-constexpr HsnColumns kHsn{.code = {'A', 'B'}, .taxable = {'C', 'C'}, .rate = {'D', 'D'}, .cgst = {'E', 'F'},
-                          .sgst = {'G', 'G'}, .igst = {'H', 'I'}};
-const PageSums kPageSums{
-    .page = {'A', 'A'}, .lines = {'B', 'B'},
-    .columns = {{{'C', 'C'}, "Taxable value", 'J'}, {{'D', 'F'}, "GST", 'L'}, {{'G', 'I'}, "Total", 'M'}},
+const BillTable kTable{
+    .design = {
+        .form = kForm, .all = kAll,
+        .widths = {{'A', 18}, {'B', 60}, {'C', 60}, {'D', 42}, {'E', 38.25}, {'F', 27}, {'G', 45}, {'H', 22.5},
+                   {'I', 42}, {'J', 57}, {'K', 22.5}, {'L', 48}, {'M', 54}},
+        .palette = {.accent = 0x1F3A6E, .tint = 0xE9EEF7},
+        .letters = 27,
+    },
+    .lines = {{BillColumn::DiscountRate, "%", "Discount"}, {BillColumn::Discount, "Amount", "Discount"}, {BillColumn::Taxable, "Taxable value"},
+              {BillColumn::TaxRate, "%", "GST"}, {BillColumn::Tax, "Amount", "GST"}, {BillColumn::Net, "Total"}},
+    .head = {.mark = kCopy, .title = {'E', 'I'}, .page = {'J', 'M'}, .buyer = {'A', 'D'}, .consignee = {'E', 'I'},
+             .billTo = "Billed To", .shipTo = "Shipped To"},
+    .foot = {
+        .pages = {.page = {'A', 'A'}, .lines = {'B', 'B'},
+                  .columns = {{{'C', 'C'}, "Taxable value", 'J'}, {{'D', 'F'}, "GST", 'L'}, {{'G', 'I'}, "Total", 'M'}}},
+        .hsn = {.code = {'A', 'B'}, .taxable = {'C', 'C'}, .rate = {'D', 'D'}, .cgst = {'E', 'F'},
+                .sgst = {'G', 'G'}, .igst = {'H', 'I'}},
+        .totalLabel = {'J', 'K'}, .total = {'L', 'M'},
+        .notes = {'A', 'E'}, .receiver = {'F', 'I'},
+        .signature = {'J', 'M'},
+    },
 };
 
 const FactColumns kCarrier{{{'A', 'B'}, {'C', 'D'}}}, kConsignment{{{'E', 'F'}, {'G', 'I'}}}, kRoad{{{'J', 'J'}, {'K', 'M'}}};
 const FactColumns kFacts{{{'J', 'J'}, {'K', 'M'}}};
-
-using Kind = LineColumn::Kind;
-
-std::vector<LineColumn> lineColumns(const Bill& bill) {
-  return {
-      {.kind = Kind::Serial,      .columns = {'A', 'A'}, .title = "Sr"},
-      {.kind = Kind::Description, .columns = {'B', 'C'}, .title = "Description of goods"},
-      {.kind = Kind::Text,        .columns = {'D', 'D'}, .title = "HSN/SAC", .field = "ITEM.HSNCODE"},
-      {.kind = Kind::Plain,       .columns = {'E', 'E'}, .title = "Qty",     .field = "SALEITM.QUANTITY", .total = bill.quantity, .summed = true},
-      {.kind = Kind::Text,        .columns = {'F', 'F'}, .title = "Unit",    .field = "SALEITM.SIZE_CD"},
-      {.kind = Kind::Rate,        .columns = {'G', 'G'}, .title = "Rate",    .field = "SALEITM.RATE"},
-      {.kind = Kind::Plain,       .columns = {'H', 'H'}, .title = "%",      .group = "Discount", .field = "SALEITM.SALE_DISC"},
-      {.kind = Kind::Money,       .columns = {'I', 'I'}, .title = "Amount", .group = "Discount", .figure = figures::discount, .summed = true},
-      {.kind = Kind::Money,       .columns = {'J', 'J'}, .title = "Taxable value", .field = "SALEITM.AMOUNT", .total = bill.taxable, .summed = true},
-      {.kind = Kind::Plain,       .columns = {'K', 'K'}, .title = "%",      .group = "GST", .figure = figures::taxRate},
-      {.kind = Kind::Money,       .columns = {'L', 'L'}, .title = "Amount", .group = "GST", .figure = figures::tax, .total = bill.tax, .summed = true},
-      {.kind = Kind::Money,       .columns = {'M', 'M'}, .title = "Total",  .figure = figures::net, .total = bill.beforeRounding, .summed = true},
-  };
-}
 // clang-format on
 
-class Design : public InvoiceDesign {
+class Design : public BillDesign {
  public:
-  explicit Design(Book& book) : InvoiceDesign(book, kTable) { columns_ = lineColumns(bill_); }
+  explicit Design(Book& book) : BillDesign(book, kTable) {}
 
   void write() override {
-    InvoiceDesign::write();
+    BillDesign::write();
     for (int copy = 1; copy < kCopies; ++copy) sheet_.repeat(copy * kWidth);
     constexpr const char* kMarks[kCopies] = {kOriginal, kDuplicate, kTriplicate};
     for (int copy = 1; copy < kCopies; ++copy)
@@ -76,15 +66,10 @@ class Design : public InvoiceDesign {
     return all;
   }
 
-  void head(int row, int page) override {
-    titleBar(sheet_, row, kCopy, {'E', 'I'}, kRight, "TAX INVOICE", page, bill_.pages);
-    companyHead(sheet_, row + 1, kAll, company_);
-    partyBlock(sheet_, row + 5, {'A', 'D'}, "Billed To", bill_.buyer);
-    partyBlock(sheet_, row + 5, {'E', 'I'}, "Shipped To", bill_.consignee);
-    factsBlock(sheet_, row + 5, kFacts, inRows(withMainFacts(others_), 1));
-    transport(row + 13);
-    remarksRow(sheet_, row + 18, kAll, bill_);
-    tableHead(sheet_, row + 19, columns_);
+  void particulars(int row, int) override {
+    factsBlock(sheet_, row, kFacts, inRows(withMainFacts(order_), 1));
+    transport(row + 8);
+    remarksRow(sheet_, row + 13, kAll, bill_);
   }
 
   // With room to write by hand what is known only when the goods leave.
@@ -108,34 +93,7 @@ class Design : public InvoiceDesign {
                 {{.label = "Freight", .value = bill_.freight}}});
   }
 
-  void pageFoot(int row, int page) override {
-    sums(row, kLabel, quoted("Carried forward"), sumsUpTo(kForm, page));
-    pageSummary(sheet_, row + 1, kPageSums, kForm, bill_);
-    sheet_.blank(at(row + 6, kLeft, 4), {.edges = sides(Edge::Thin)});
-    continued(sheet_, at(row + 1, kRight, 9), page, bill_);
-    notes(sheet_, row + 10, {'A', 'E'}, {'F', 'I'}, bankLine(company_), company_, 3);
-    signature(sheet_, row + 10, kRight, company_, 2);
-  }
-
-  void closing(int row) override {
-    sums(row, kLabel, bill_.totalLabel, billSums(kForm));
-    hsnSummary(sheet_, row + 1, 5, kHsn, bill_);
-    totalsBox(sheet_, row + 1, {'J', 'K'}, {'L', 'M'}, totals_, bill_);
-    wordsRow(sheet_, row + 8, kAll, "Rupees", bill_.netWords);
-    wordsRow(sheet_, row + 9, kAll, "Tax", bill_.taxWords);
-    notes(sheet_, row + 10, {'A', 'E'}, {'F', 'I'}, bankLine(company_), company_, 3);
-    signature(sheet_, row + 10, kRight, company_, 2);
-  }
-
-  const std::vector<Fact> others_ = closedFacts(facts_,
-                                                {
-                                                    {quoted("Order No"),   bill_.order           },
-                                                    {quoted("Challan No"), bill_.challan         },
-                                                    {quoted("Due Date"),   dayText(bill_.dueDate)},
-                                                    {quoted("Bill Type"),  bill_.type            }
-  },
-                                                4);
-  const std::vector<Facts::Named> totals_ = totalLines(facts_, bill_, 5);
+  const std::vector<Fact> order_ = orderFacts();
 };
 
 }  // namespace

@@ -1,5 +1,5 @@
+#include "formats/bill_design.h"
 #include "formats/designs.h"
-#include "formats/invoice_design.h"
 #include "formats/logo.h"
 #include "formats/styles.h"
 
@@ -16,62 +16,43 @@ const Form kForm{
     .foot = {14.25, 11.25, 11.25, 11.25, 11.25, 11.25, 12, 17.25, 13.5, 13.5, 12, 12, 12, 12},
     .slot = 17.25,
 };
-constexpr Columns kAll{'A', 'L'}, kLeft{'A', 'I'}, kRight{'J', 'L'}, kLabel{'A', 'D'}, kName{'C', 'L'}, kBank{'A', 'C'};
+constexpr Columns kAll{'A', 'L'}, kName{'C', 'L'}, kBank{'A', 'C'};
 constexpr double kLogoSide = 63;
-const DesignTable kTable{
-    .form = kForm, .all = kAll,
-    .widths = {{'A', 20.25}, {'B', 60}, {'C', 69}, {'D', 46.5}, {'E', 42}, {'F', 28.5}, {'G', 51}, {'H', 24},
-               {'I', 62.25}, {'J', 24}, {'K', 48}, {'L', 61.5}},
-    .palette = {.accent = 0x7A2E3B, .tint = 0xF8EFEF},
-    .table = {.beside = Edge::None},
-    .letters = 30,
-};
-constexpr HsnColumns kHsn{.code = {'D', 'D'}, .taxable = {'E', 'F'}, .rate = {'G', 'G'}, .tax = {'H', 'I'}};
-const PageSums kPageSums{
-    .page = {'A', 'A'}, .lines = {'B', 'B'},
-    .columns = {{{'C', 'C'}, "Taxable value", 'I'}, {{'D', 'F'}, "GST", 'K'}, {{'G', 'I'}, "Amount", 'L'}},
+const BillTable kTable{
+    .design = {
+        .form = kForm, .all = kAll,
+        .widths = {{'A', 20.25}, {'B', 60}, {'C', 69}, {'D', 46.5}, {'E', 42}, {'F', 28.5}, {'G', 51}, {'H', 24},
+                   {'I', 62.25}, {'J', 24}, {'K', 48}, {'L', 61.5}},
+        .palette = {.accent = 0x7A2E3B, .tint = 0xF8EFEF},
+        .table = {.beside = Edge::None},
+        .letters = 30,
+    },
+    .lines = {{BillColumn::DiscountRate, "Disc %"}, {BillColumn::Taxable, "Taxable value"}, {BillColumn::TaxRate, "GST %"},
+              {BillColumn::Tax, "GST"}, {BillColumn::Net, "Amount"}},
+    .head = {.mark = {'A', 'C'}, .title = {'D', 'H'}, .page = {'I', 'L'}, .titleSize = 13, .rows = 7,
+             .buyer = {'A', 'C'}, .consignee = {'D', 'G'}},
+    .foot = {
+        .pages = {.page = {'A', 'A'}, .lines = {'B', 'B'},
+                  .columns = {{{'C', 'C'}, "Taxable value", 'I'}, {{'D', 'F'}, "GST", 'K'}, {{'G', 'I'}, "Amount", 'L'}}},
+        .hsn = {.code = {'D', 'D'}, .taxable = {'E', 'F'}, .rate = {'G', 'G'}, .tax = {'H', 'I'}},
+        .totalLabel = {'J', 'K'}, .total = {'L', 'L'}, .narrowTotals = true,
+        .notes = {'A', 'E'}, .receiver = {'F', 'I'}, .bankLine = false,
+        .signature = {'J', 'L'},
+        .rupeesSize = 9,
+    },
 };
 
 const FactColumns kFacts{{{'H', 'I'}, {'J', 'L'}}};
 const FactColumns kMoreFacts{{{'A', 'B'}, {'C', 'C'}}, {{'D', 'E'}, {'F', 'G'}}, {{'H', 'I'}, {'J', 'L'}}};
 const FactColumns kBankFacts{{{'A', 'B'}, {'C', 'C'}}};
-
-using Kind = LineColumn::Kind;
-
-std::vector<LineColumn> lineColumns(const Bill& bill) {
-  return {
-      {.kind = Kind::Serial,      .columns = {'A', 'A'}, .title = "Sr"},
-      {.kind = Kind::Description, .columns = {'B', 'C'}, .title = "Description of goods"},
-      {.kind = Kind::Text,        .columns = {'D', 'D'}, .title = "HSN/SAC", .field = "ITEM.HSNCODE"},
-      {.kind = Kind::Plain,       .columns = {'E', 'E'}, .title = "Qty",     .field = "SALEITM.QUANTITY", .total = bill.quantity, .summed = true},
-      {.kind = Kind::Text,        .columns = {'F', 'F'}, .title = "Unit",    .field = "SALEITM.SIZE_CD"},
-      {.kind = Kind::Rate,        .columns = {'G', 'G'}, .title = "Rate",    .field = "SALEITM.RATE"},
-      {.kind = Kind::Plain,       .columns = {'H', 'H'}, .title = "Disc %",  .field = "SALEITM.SALE_DISC"},
-      {.kind = Kind::Money,       .columns = {'I', 'I'}, .title = "Taxable value", .field = "SALEITM.AMOUNT", .total = bill.taxable, .summed = true},
-      {.kind = Kind::Plain,       .columns = {'J', 'J'}, .title = "GST %",   .figure = figures::taxRate},
-      {.kind = Kind::Money,       .columns = {'K', 'K'}, .title = "GST",     .figure = figures::tax, .total = bill.tax, .summed = true},
-      {.kind = Kind::Money,       .columns = {'L', 'L'}, .title = "Amount",  .figure = figures::net, .total = bill.beforeRounding, .summed = true},
-  };
-}
 // clang-format on
 
-class Design : public InvoiceDesign {
+class Design : public BillDesign {
  public:
-  explicit Design(Book& book) : InvoiceDesign(book, kTable) { columns_ = lineColumns(bill_); }
+  explicit Design(Book& book) : BillDesign(book, kTable) {}
 
  private:
-  void head(int row, int page) override {
-    letterhead(row);
-    titleBar(sheet_, row + 6, {'A', 'C'}, {'D', 'H'}, {'I', 'L'}, "TAX INVOICE", page, bill_.pages, 13);
-    partyBlock(sheet_, row + 7, {'A', 'C'}, "Bill To", bill_.buyer);
-    partyBlock(sheet_, row + 7, {'D', 'G'}, "Ship To", bill_.consignee);
-    factsBlock(sheet_, row + 7, kFacts, inRows(withMainFacts({others_.begin(), others_.begin() + 4}), 1));
-    factsBlock(sheet_, row + 15, kMoreFacts, inRows({others_.begin() + 4, others_.end()}, 3));
-    remarksRow(sheet_, row + 18, kAll, bill_);
-    tableHead(sheet_, row + 19, columns_, kTable.table);
-  }
-
-  void letterhead(int row) {
+  void top(int row, int page) override {
     const Style line{.size = 9, .shrink = true};
     sheet_.picture({row, 'A'}, logo(), kLogoSide, 6, 6);
     sheet_.formula(at(row, kName), {.size = 24, .bold = true, .colour = kAccent, .shrink = true},
@@ -82,35 +63,19 @@ class Design : public InvoiceDesign {
     sheet_.formula(at(row + 4, kName), {.size = 9, .bold = true, .shrink = true},
                    taxNumbers(company_, "     "));
     sheet_.blank(at(row + 5, kAll), {.fill = kAccent});
+    titles(row + 6, page);
   }
 
-  void pageFoot(int row, int page) override {
-    sums(row, kLabel, quoted("Carried forward"), sumsUpTo(kForm, page));
-    pageSummary(sheet_, row + 1, kPageSums, kForm, bill_);
-    sheet_.blank(at(row + 6, kLeft, 4), {.edges = sides(Edge::Thin)});
-    continued(sheet_, at(row + 1, kRight, 9), page, bill_);
-    end(row + 10);
+  void particulars(int row, int) override {
+    factsBlock(sheet_, row, kFacts, inRows(withMainFacts({others_.begin(), others_.begin() + 4}), 1));
+    factsBlock(sheet_, row + 8, kMoreFacts, inRows({others_.begin() + 4, others_.end()}, 3));
+    remarksRow(sheet_, row + 11, kAll, bill_);
   }
 
-  void closing(int row) override {
-    sums(row, kLabel, bill_.totalLabel, billSums(kForm));
-    bank(row + 1);
-    hsnSummary(sheet_, row + 1, 5, kHsn, bill_);
-    narrowTotalsBox(sheet_, row + 1, {'J', 'K'}, {'L', 'L'}, totals_, bill_);
-    wordsRow(sheet_, row + 8, kAll, "Rupees", bill_.netWords, 9);
-    wordsRow(sheet_, row + 9, kAll, "Tax", bill_.taxWords);
-    end(row + 10);
-  }
-
-  void bank(int row) {
+  void besideHsn(int row) override {
     sheet_.text(at(row, kBank), {.size = 7.5, .bold = true, .colour = kAccent, .indent = 1, .edges = kLid},
                 "Payment To");
     factsBlock(sheet_, row + 1, kBankFacts, inRows(bank_, 1));
-  }
-
-  void end(int row) {
-    notes(sheet_, row, {'A', 'E'}, {'F', 'I'}, "", company_, 3);
-    signature(sheet_, row, kRight, company_, 2);
   }
 
   const std::vector<Fact> others_ = closedFacts(facts_,
@@ -138,7 +103,6 @@ class Design : public InvoiceDesign {
                                                   {quoted("Due Date"),   dayText(bill_.dueDate)}
   },
                                               6);
-  const std::vector<Facts::Named> totals_ = totalLines(facts_, bill_, 5);
 };
 
 }  // namespace
