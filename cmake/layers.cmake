@@ -33,7 +33,7 @@ endfunction()
 function(mirav_link target)
   cmake_parse_arguments(ARG "" "FOLDER" "LINK;USES" ${ARGN})
   target_include_directories(${target} PUBLIC ${CMAKE_SOURCE_DIR}/src)
-  target_link_libraries(${target} PUBLIC ${ARG_LINK} PRIVATE ${ARG_USES} mirav_warnings)
+  target_link_libraries(${target} PUBLIC ${ARG_LINK} PRIVATE ${ARG_USES} mirav_warnings mirav_hardening)
 
   set(passes_on ${ARG_FOLDER})
   foreach(linked ${ARG_LINK})
