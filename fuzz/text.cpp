@@ -87,7 +87,6 @@ void texts(const std::string& pattern, const std::string& text) {
   pdf::textString(text);
   pdf::nameText(text);
   promise(pdf::ascii85(text).ends_with("~>"));
-  savedMessage(text);
   whatsAppHandOff("/folder", pattern, text);
   gstinHint(text);
   gstinParts(text);

@@ -158,7 +158,6 @@ dlg1::dlg1(Host& theHost) : Screen(theHost, ::spec()), key_(&printKey(session().
 
 void dlg1::opened(const Entry& entry) {
   Session& s = session();
-  s.mprncopies = 1;
   if (!key_->caption.empty()) caption = key_->caption;
   if (!key_->sheet.empty()) s.mprnsheet = key_->sheet;
   if (key_->locksShell) {

@@ -1,6 +1,6 @@
 #include "documents/messaging.h"
 
-#include <cctype>
+#include <algorithm>
 
 #include "base/text.h"
 #include "frame/session.h"
@@ -9,7 +9,6 @@ namespace {
 
 constexpr const char* kSupportProgram = "WhatsappSupport.exe";
 constexpr int kPhoneLength = 10;
-constexpr std::string_view kReminder = "___E_Way_Reminder___";
 
 // One line, and nothing in it that ends a quoted argument.
 std::string harmless(const std::string& text) {
@@ -33,30 +32,24 @@ Interaction& comingInteraction() {
 bool interact(Host& host, Interaction& what) {
   comingInteraction() = what;
   session().mmsgok = false;
-  host.openModal("mymsgfrm", {.caller = {}, .value = what.text});
+  host.openModal("mymsgfrm", {.caller = {}, .value = {}});
   if (session().mmsgok) what.typed = comingInteraction().typed;
   comingInteraction() = {};
   return session().mmsgok;
 }
 
-SavedMessage savedMessage(std::string_view text) {
-  SavedMessage message;
-  bool reminding = false;
-  for (const std::string& raw : split(replaceAll(text, "\r\n", "\n"), "\n")) {
-    const std::string line = trim(raw);
-    const size_t colon = line.find(" :");
-    if (line.empty())
-      reminding = reminding && message.reminder.size() < 3;
-    else if (message.head.empty())
-      message.head = line;
-    else if (line == kReminder || reminding)
-      message.reminder.push_back(line), reminding = true;
-    else if (colon != std::string::npos && message.hints.empty())
-      message.facts.push_back({trim(line.substr(0, colon)) + " :", trim(line.substr(colon + 2))});
-    else
-      message.hints.push_back(line);
-  }
-  return message;
+std::string textOf(const SavedMessage& message) {
+  const std::string blanks(static_cast<size_t>(message.indent), ' ');
+  int longest = 0;
+  for (const auto& fact : message.facts) longest = std::max(longest, message.aligned ? length(fact.name) : 0);
+  std::string text = blanks + message.head + "\n";
+  for (const auto& [name, value] : message.facts)
+    text += "   " + name + std::string(static_cast<size_t>(std::max(0, longest - length(name))), ' ') +
+            " : " + value + "\n";
+  if (message.eWayReminder)
+    text += "\n" + blanks + kEWayReminder[0] + "\n   " + kEWayReminder[1] + " \n   " + kEWayReminder[2];
+  text += std::string(static_cast<size_t>(message.gap), '\n') + "   " + join(message.hints, "\n   ");
+  return text;
 }
 
 HandOff whatsAppHandOff(const std::string& folder, const std::string& phone, const std::string& text) {

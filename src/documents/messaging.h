@@ -2,15 +2,37 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/host.h"
 
 // The small message window `mymsgfrm`: a confirm box, and the closing message after a save.
 
+// What was saved and how to go on.
+struct SavedMessage {
+  struct Fact {
+    std::string name, value;  // "Entry No", "148"
+  };
+  std::string head;
+  std::vector<Fact> facts;
+  bool eWayReminder = false;
+  std::vector<std::string> hints;
+
+  // Of its text: blanks before the head, names filled up to one length, lines before the hints.
+  int indent = 60;
+  bool aligned = true;
+  int gap = 2;
+};
+// As the one text that Label1 has.
+std::string textOf(const SavedMessage& message);
+
+// The e-way reminder, line by line.
+inline constexpr const char* kEWayReminder[] = {"___E_Way_Reminder___", "Value Of Bill Exceeds Rs. 50000/-",
+                                                "E-Way Bill To Be Generated For Dispatch Of This Bill"};
+
 struct Interaction {
-  std::string text;                            // a saved-message reads as head, facts, reminder and hints
+  std::string text = {};                       // of a confirm box
+  std::optional<SavedMessage> saved = {};      // in its place
   std::string ok = "&OK", cancel = "&Cancel";  // a button without a caption is not there
   Bgr okColour = kWhite, cancelColour = kWhite;
   bool asks = false;       // shows the box to type in
@@ -23,17 +45,6 @@ struct Interaction {
 bool interact(Host& host, Interaction& what);
 // What the window that is opening is to show.
 Interaction& comingInteraction();
-
-// A saved-message taken apart: its first line, its "name : value" lines, the reminder and the rest.
-struct SavedMessage {
-  struct Fact {
-    std::string name, value;
-  };
-  std::string head;
-  std::vector<Fact> facts;
-  std::vector<std::string> reminder, hints;
-};
-SavedMessage savedMessage(std::string_view text);
 
 // The hand-off to the program that sends WhatsApp messages: its whole interface is the command
 // line. The text is made one line without quotes, so that it stays one argument.

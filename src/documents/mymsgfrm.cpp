@@ -1,6 +1,6 @@
 #include "documents/mymsgfrm.h"
 
-#include "documents/messaging.h"
+#include "base/text.h"
 #include "frame/routines.h"
 #include "frame/session.h"
 
@@ -65,10 +65,11 @@ mymsgfrm::mymsgfrm(Host& theHost) : Screen(theHost, windowTable(comingInteractio
   });
 }
 
-void mymsgfrm::opened(const Entry& entry) {
+void mymsgfrm::opened(const Entry&) {
   const Interaction& what = comingInteraction();
   session().mmsgok = false;
-  at("Label1").text = what.text.empty() ? entry.value : what.text;
+  const SavedMessage saved = what.saved ? *what.saved : SavedMessage{.head = what.text};
+  at("Label1").text = what.saved ? textOf(saved) : what.text;
   phone_ = what.phone;
   at("OKButton").text = what.ok;
   at("OKButton").back = what.okColour;
@@ -80,7 +81,7 @@ void mymsgfrm::opened(const Entry& entry) {
   at("cmdwapp").visible = what.whatsApp;
   at("Text1").visible = what.asks;
   set(at("Text1"), what.typed);
-  showSaved();
+  showMessage(saved);
   focus(what.asks ? at("Text1") : at("OKButton"));
 }
 
@@ -90,22 +91,20 @@ void mymsgfrm::showLine(const char* name, int index, const std::string& text) {
   label.visible = !text.empty();
 }
 
-void mymsgfrm::showSaved() {
-  const SavedMessage message = savedMessage(at("Label1").text);
+void mymsgfrm::showMessage(const SavedMessage& message) {
   at("lblhead").text = message.head;
   for (int i = 0; i < kFacts; ++i) {
     const auto n = static_cast<size_t>(i);
-    showLine("lblname", i, n < message.facts.size() ? message.facts[n].name : "");
+    showLine("lblname", i, n < message.facts.size() ? message.facts[n].name + " :" : "");
     showLine("lblvalue", i, n < message.facts.size() ? message.facts[n].value : "");
   }
-  std::string reminder;
-  for (const std::string& line : message.reminder) reminder += (reminder.empty() ? "" : "\n") + line;
-  showLine("lblreminder", -1, reminder);
+  const std::vector<std::string> reminder(std::begin(kEWayReminder), std::end(kEWayReminder));
+  showLine("lblreminder", -1, message.eWayReminder ? join(reminder, "\n") : "");
   for (int i = 0; i < kHints; ++i) {
     const auto n = static_cast<size_t>(i);
     showLine("lblhint", i, n < message.hints.size() ? message.hints[n] : "");
   }
-  const double middle = !reminder.empty()                              ? kReminder
+  const double middle = message.eWayReminder                           ? kReminder
                         : at("Text1").visible || at("cmdwapp").visible ? kTyping
                                                                        : 0;
   height = kHeight - kReminder + middle;

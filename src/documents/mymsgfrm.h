@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "documents/messaging.h"
 #include "platform/host.h"
 
 // "Mirav Interaction": see documents/messaging.h. Opened modally; its result is "OK" or nothing.
@@ -17,7 +18,7 @@ class mymsgfrm : public Screen {
   void cancel();
   void whatsApp();
   Go okKey() { return ok(), Go::Stay; }
-  void showSaved();
+  void showMessage(const SavedMessage& message);
   void showLine(const char* name, int index, const std::string& text);
 
   std::string phone_;

@@ -43,8 +43,8 @@ void copyDesign(const Paper& paper) {
 
 void hideUnused(workbook::Sheet& sheet, const Paper& paper, int lines) {
   if (paper.family.empty()) return;
-  LoadLineSettings(paper.family, session().mprnsheet, paper.number);
-  const RowRange rows = rowsToHide(loadedPageModel(), lines, paper.kept);
+  const PageModel model = LoadLineSettings(data(), paper.family, paper.number);
+  const RowRange rows = rowsToHide(model, lines, paper.kept);
   if (rows.any()) sheet.hideRows(rows.first, rows.last);
   sheet.resetPageBreaks();
 }

@@ -4,7 +4,6 @@
 
 #include "base/number.h"
 #include "base/text.h"
-#include "documents/messaging.h"
 #include "frame/links.h"
 #include "frame/session.h"
 #include "masters/page_rows.h"
@@ -431,15 +430,20 @@ void bwrcpy::update() {
     return;
   }
   Interaction closing{
-      .text = savedWords(), .cancel = "", .okColour = kOkColour, .cancelColour = kSecondColour};
+      .saved = closingMessage(), .cancel = "", .okColour = kOkColour, .cancelColour = kSecondColour};
   interact(host, closing);
   rest();
 }
 
-std::string bwrcpy::savedWords() const {
-  return std::string(60, ' ') + kind_.words.title + " Saved\n   Entry No   : " + at("txtFields", 0).text +
-         "\n   Party Name : " + at("txtFields", 9).text + "\n   AMOUNT     : " + at("txtFields", 4).text +
-         "\n\n   Press ok to Proceed ";
+SavedMessage bwrcpy::closingMessage() const {
+  return {
+      .head = kind_.words.title + " Saved",
+      .facts = {{"Entry No", at("txtFields", 0).text},
+                {"Party Name", at("txtFields", 9).text},
+                {"AMOUNT", at("txtFields", 4).text}},
+      .hints = {"Press ok to Proceed "  },
+      .gap = 1,
+  };
 }
 
 // Texts

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "documents/messaging.h"
 #include "frame/child_screen.h"
 #include "masters/lookup.h"
 #include "vouchers/receipts.h"
@@ -66,7 +67,7 @@ class bwrcpy : public ChildScreen {
   void showList();
   bool entering() const { return mode == "ADD" || mode == "EDIT"; }
   MoneyVoucher voucher() const;
-  std::string savedWords() const;
+  SavedMessage closingMessage() const;
   LookupSpec oldVouchers(const std::string& second, const std::string& more) const;
 
   Control& field(int n) { return at("txtFields", n); }

@@ -139,15 +139,13 @@ ChallanHeader FRMCHLN::header() const {
           .amount = value(28)};
 }
 
-std::string FRMCHLN::closingWords() const {
-  return savedText({
-      .indent = 50,
+SavedMessage FRMCHLN::closingMessage() const {
+  return {
       .head = kind_.words.savedHead,
-      .facts = {{"Entry No   : ", textOf(0)},
-                {"Party Name : ", at("Text2").text},
-                {"AMOUNT     : ", textOf(28)}},
-      .hints = {"Press Print Btn To Print Challan",                            "Press New Entry Btn To Enter New Bill Entry"},
-  });
+      .facts = {{"Entry No", textOf(0)}, {"Party Name", at("Text2").text}, {"AMOUNT", textOf(28)}},
+      .hints = {"Press Print Btn To Print Challan",                       "Press New Entry Btn To Enter New Bill Entry"                     },
+      .indent = 50,
+  };
 }
 
 // A number that no challan has changes nothing.

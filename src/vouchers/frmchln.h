@@ -24,7 +24,7 @@ class FRMCHLN : public VoucherScreen {
   Control& itemField() override { return text1(5); }
   Control& afterLines() override { return text1(29); }
   std::string tutorial() const override;
-  std::string closingWords() const override;
+  SavedMessage closingMessage() const override;
 
  private:
   static const ScreenSpec& table();

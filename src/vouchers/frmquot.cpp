@@ -164,14 +164,12 @@ QuotationHeader FRMQUOT::header() const {
   return offer;
 }
 
-std::string FRMQUOT::closingWords() const {
-  return savedText({
+SavedMessage FRMQUOT::closingMessage() const {
+  return {
       .head = kind_.words.savedHead,
-      .facts = {{"Entry No   : ", textOf(0)},
-                {"Party Name : ", at("Text2").text},
-                {"AMOUNT     : ", textOf(27)}},
-      .hints = {"Press Print Btn To Print Quotation",                            "Press New Entry Btn To Enter New Quotation Entry"},
-  });
+      .facts = {{"Entry No", textOf(0)}, {"Party Name", at("Text2").text}, {"AMOUNT", textOf(27)}},
+      .hints = {"Press Print Btn To Print Quotation",                       "Press New Entry Btn To Enter New Quotation Entry"                   },
+  };
 }
 
 bool FRMQUOT::load(double number) {

@@ -26,7 +26,7 @@ class FRMQUOT : public VoucherScreen {
   Control& itemField() override { return text1(12); }
   Control& afterLines() override { return text1(1); }
   std::string tutorial() const override;
-  std::string closingWords() const override;
+  SavedMessage closingMessage() const override;
   std::string hintFor(const Control& control) const override;
 
  private:

@@ -221,15 +221,14 @@ BillHeader GSTSAPU::header() const {
           .amount = value(28)};
 }
 
-std::string GSTSAPU::closingWords() const {
-  return savedText({
+SavedMessage GSTSAPU::closingMessage() const {
+  return {
       .head = kind_.words.savedHead,
-      .facts = {{"Entry No : ", textOf(0)},
-                {"Party Name : ", at("Text2").text},
-                {"Invoice AMOUNT : ", textOf(28)}},
+      .facts = {{"Entry No", textOf(0)}, {"Party Name", at("Text2").text}, {"Invoice AMOUNT", textOf(28)}},
       .eWayReminder = kind_.dispatched && value(28) > kEWayLimit,
       .hints = kind_.words.savedHints,
-  });
+      .aligned = false,
+  };
 }
 
 bool GSTSAPU::load(double number) {

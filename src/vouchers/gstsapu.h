@@ -25,7 +25,7 @@ class GSTSAPU : public VoucherScreen {
   Control& itemField() override { return text1(5); }
   Control& afterLines() override { return text1(29); }
   std::string tutorial() const override { return links().*kind_.video; }
-  std::string closingWords() const override;
+  SavedMessage closingMessage() const override;
 
  private:
   static const ScreenSpec& table(const VoucherKind& kind);

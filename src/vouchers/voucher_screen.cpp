@@ -398,7 +398,7 @@ void VoucherScreen::saved() {
   }
   // A voucher without a paper has nothing but the next one to go on with.
   const bool onPaper = !kind_.paper.key.empty();
-  Interaction closing{.text = closingWords(),
+  Interaction closing{.saved = closingMessage(),
                       .ok = onPaper ? "Print" : "New Entry",
                       .cancel = onPaper ? "New Entry" : "",
                       .okColour = onPaper ? kPrintColour : kNewEntryColour,
@@ -409,20 +409,6 @@ void VoucherScreen::saved() {
   if (!prints) return;
   setMode("PRINT", kind_.words.printing);
   hideForPrint(number);
-}
-
-std::string savedText(const SavedWords& words) {
-  const std::string blanks(static_cast<size_t>(words.indent), ' ');
-  std::string text = blanks + words.head + "\n";
-  for (const auto& [name, value] : words.facts) text += "   " + name + value + "\n";
-  if (words.eWayReminder)
-    text += "\n" + blanks +
-            "___E_Way_Reminder___\n   Value Of Bill Exceeds Rs. 50000/- \n"
-            "   E-Way Bill To Be Generated For Dispatch Of This Bill";
-  text += "\n\n";
-  for (const std::string& hint : words.hints)
-    text += (&hint == &words.hints.front() ? "   " : "\n   ") + hint;
-  return text;
 }
 
 // Fields

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "documents/messaging.h"
 #include "frame/child_screen.h"
 #include "frame/voucher_kinds.h"
 #include "masters/lookup.h"
@@ -106,7 +107,7 @@ class VoucherScreen : public ChildScreen {
   // What Save does once the fields are in order: outside ADD and EDIT it is Cancel; `write` is false
   // when a fresh voucher's number has been taken meanwhile.
   void store(const std::function<bool(const SaveStamp&, Saving)>& write);
-  virtual std::string closingWords() const = 0;  // of the message after a save
+  virtual SavedMessage closingMessage() const = 0;  // after a save
   void hideForPrint(const std::string& number);
 
   std::string hintFor(const Control& control) const override;
@@ -145,13 +146,3 @@ class VoucherScreen : public ChildScreen {
   const std::string* newCode_ = nullptr;
   std::string codeBefore_;
 };
-
-// The closing message of a save, in the form that the message window takes apart.
-struct SavedWords {
-  int indent = 60;
-  std::string head;
-  std::vector<std::pair<std::string, std::string>> facts;  // "Entry No : ", "148"
-  bool eWayReminder = false;
-  std::vector<std::string> hints;
-};
-std::string savedText(const SavedWords& words);

@@ -48,11 +48,9 @@ TEST_F(PrintDialog, IsWhatItsKeySays) {
   };
   for (const auto& [key, caption, sheet] : cases) {
     session().mprnsheet = "before";
-    session().mprncopies = 4;
     show(key);
     EXPECT_EQ(host.screen().caption, caption);
     EXPECT_EQ(session().mprnsheet, sheet) << key;
-    EXPECT_EQ(session().mprncopies, 1) << key;
     EXPECT_EQ(host.focus(), "Text4") << key;
     EXPECT_EQ(host.hint(), "Press Enter For Help") << key;
     host.escape();

@@ -169,14 +169,9 @@ TEST_F(Invoice, SaysWhatIsMissing) {
 }
 
 TEST_F(Invoice, ReadsTheRowCountsOfADesign) {
-  LoadLineSettings("GST INVOICE", "BILL", 1);
-  const auto model = loadedPageModel();
-  const auto& [head, foot, slots, slot, pages] = model;
-  EXPECT_EQ(std::tuple(head, foot, slots, slot, pages), std::tuple(16, 12, 24, 1, 3));
-  LoadLineSettings("QUOTATION", "QUOT", 1);  // no such row
-  EXPECT_EQ(loadedPageModel().slots, 1);
-  EXPECT_EQ(session().mhdlines, 1);
-  EXPECT_EQ(session().mprncopies, 1);
+  const auto& [head, foot, slots, slot, pages, copies] = LoadLineSettings(data(), "GST INVOICE", 1);
+  EXPECT_EQ(std::tuple(head, foot, slots, slot, pages, copies), std::tuple(16, 12, 24, 1, 3, 1));
+  EXPECT_EQ(LoadLineSettings(data(), "QUOTATION", 1).slots, 1) << "no such row";
 }
 
 }  // namespace

@@ -8,22 +8,6 @@ class Messaging : public BillTest {};
 
 }  // namespace
 
-TEST(SavedMessage, IsTakenApartForTheWindow) {
-  const SavedMessage m = savedMessage(
-      "          Sale Entry Saved\r\n   Entry No : 148\r\n   Party Name : A : B & CO\r\n   Invoice AMOUNT : "
-      "53472\r\n"
-      "\r\n      ___E_Way_Reminder___\r\n   Value Of Bill Exceeds Rs. 50000/- \r\n   E-Way Bill To Be "
-      "Generated\r\n\r\n"
-      "   Press Print Btn\r\n   Press New Entry Btn");
-  EXPECT_EQ(m.head, "Sale Entry Saved");
-  ASSERT_EQ(m.facts.size(), 3U);
-  EXPECT_EQ(m.facts[1].name, "Party Name :");
-  EXPECT_EQ(m.facts[1].value, "A : B & CO");
-  EXPECT_EQ(m.reminder.size(), 3U);
-  EXPECT_EQ(m.hints, (std::vector<std::string>{"Press Print Btn", "Press New Entry Btn"}));
-  EXPECT_TRUE(savedMessage("  Saved\n   Entry No   : 1\n\n\n   Press Print").reminder.empty());
-}
-
 TEST(HandOff, NothingBreaksOutOfTheThirdArgument) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"Hello",                 "9800000023 Hello"                },
@@ -34,6 +18,28 @@ TEST(HandOff, NothingBreaksOutOfTheThirdArgument) {
   for (const auto& [text, third] : cases)
     EXPECT_EQ(whatsAppHandOff("/opt/mirav", "9800000023", text).arguments,
               (std::vector<std::string>{"TEXT", "1", third}));
+}
+
+TEST_F(Messaging, TheWindowLaysOutWhatWasSaved) {
+  Interaction closing{
+      .saved = SavedMessage{.head = "Saved",
+                            .facts = {{"Entry No", "148"}, {"Party Name", "A : B\n& CO"}},
+                            .hints = {"Press Ok"}}
+  };
+  host.insideModal = {[&] {
+    EXPECT_EQ(host.text("lblhead") + host.text("lblname(1)") + host.text("lblvalue(1)"),
+              "SavedParty Name :A : B\n& CO");
+    EXPECT_EQ(host.text("lblhint(0)"), "Press Ok");
+    EXPECT_FALSE(host.at("lblreminder").visible || host.at("lblvalue(2)").visible);
+    host.press("OKButton");
+  }};
+  EXPECT_TRUE(interact(host, closing));
+  closing.saved->eWayReminder = true;
+  host.insideModal = {[&] {
+    EXPECT_TRUE(host.at("lblreminder").visible);
+    host.escape();
+  }};
+  EXPECT_FALSE(interact(host, closing));
 }
 
 TEST_F(Messaging, TheWindowAnswersAndOffersTheHandOff) {
