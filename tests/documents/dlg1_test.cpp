@@ -36,28 +36,6 @@ class PrintDialog : public InvoiceTest {
   PaperHost host{screens};
 };
 
-TEST_F(PrintDialog, IsWhatItsKeySays) {
-  const std::tuple<const char*, const char*, const char*> cases[] = {
-      {"GST INVOICE",   "GST SALES INVOICE PRINT", "BILL"    },
-      {"Delivery Slip", "Delivery Slip Print",     "D_C"     },
-      {"Tax Invoice",   "Tax Invoice Print",       "BILL"    },
-      {"CHLNPRN",       "CHALLAN PRINT",           "CHLNSA"  },
-      {"QUOTPRN",       "QUOTATION PRINT",         "QUOT"    },
-      {"adcard",        "ADDRESS CARD PRINT",      "MAILLABL"},
-      {"RCPTADVS",      "Invoice Print",           "before"  },
-  };
-  for (const auto& [key, caption, sheet] : cases) {
-    session().mprnsheet = "before";
-    show(key);
-    EXPECT_EQ(host.screen().caption, caption);
-    EXPECT_EQ(session().mprnsheet, sheet) << key;
-    EXPECT_EQ(host.focus(), "Text4") << key;
-    EXPECT_EQ(host.hint(), "Press Enter For Help") << key;
-    host.escape();
-    EXPECT_NE(host.onTop(), "dlg1") << key;
-  }
-}
-
 TEST_F(PrintDialog, MakesThePdfOfTheNumberItWasOpenedWith) {
   longBill(3, 2);
   show("GST INVOICE", "3");
@@ -132,41 +110,6 @@ TEST_F(PrintDialog, LooksUpBillsByEnterAndByNumber) {
   EXPECT_EQ(host.text("Text4"), "3");
 }
 
-TEST_F(PrintDialog, LooksUpTheOtherDocuments) {
-  data().exec(
-      "INSERT INTO CHLN (VOUCH_NO, VOUCH_DT, BOOK_CD, PARTY_CD, CHLN_NO, NET_AMT)"
-      " VALUES (8, '2026-06-15', 'CH', 'A00002', '8', 10)");
-  data().exec(
-      "INSERT INTO QUOT (VOUCH_NO, VOUCH_DT, PARTY_CD, NET_AMT, ENTRY_TYP)"
-      " VALUES (9, '2026-06-15', 'A00001', 10, 'QUOTATION'), (10, '2026-06-15', 'A00001', 10, 'OTHER')");
-  const std::tuple<const char*, const char*, const char*> cases[] = {
-      {"CHLNPRN", "8", "MEHTA BROTHERS"},
-      {"QUOTPRN", "9", "RAJESH & SONS" },
-  };
-  for (const auto& [key, number, name] : cases) {
-    show(key);
-    host.insideModal.push_back([&] {
-      ASSERT_EQ(host.at("grdDataGrid").grid.count(), 1u) << key;
-      EXPECT_EQ(host.cell("grdDataGrid", 0, 1), name);
-      host.enter();
-    });
-    host.enter();
-    EXPECT_EQ(host.text("Text4"), number);
-    host.escape();
-  }
-  show("adcard");
-  host.insideModal.push_back([&] {
-    host.type("MEHTA");
-    host.enter();
-  });
-  host.enter();
-  EXPECT_EQ(host.text("Text4"), "A00002");
-  host.escape();
-  show("RCPTADVS");
-  host.enter();
-  EXPECT_EQ(host.hint(), "Nothing To Look Up: Type The Number");
-}
-
 TEST_F(PrintDialog, BringsBackTheScreenItCameFrom) {
   const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
       {"GST INVOICE", "GSTSAPU", "BEHIND",                 "SALE"     },
@@ -186,19 +129,6 @@ TEST_F(PrintDialog, BringsBackTheScreenItCameFrom) {
     EXPECT_EQ(session().mentrytype, entryType);
     EXPECT_EQ(session().mprnmode, "");
     EXPECT_EQ(session().mreportkey, "");
-  }
-}
-
-TEST_F(PrintDialog, DoesNothingForAKeyWithoutADocument) {
-  for (const char* key : {"RCPTADVS", "Tax Invoice"}) {
-    show(key, "1");
-    host.press("cmdpdf");
-    host.press("cmdprn");
-    EXPECT_EQ(host.hint(), "There Is No Print Of This Document") << key;
-    EXPECT_TRUE(host.messages.empty()) << key;
-    EXPECT_TRUE(host.viewed.empty()) << key;
-    EXPECT_EQ(host.onTop(), "dlg1") << key;
-    host.escape();
   }
 }
 

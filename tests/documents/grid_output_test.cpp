@@ -43,19 +43,6 @@ TEST(GridLayouts, TurnTheSheetByTheSumOfTheWidths) {
   EXPECT_FALSE(gridLayout(wide, Printer));
 }
 
-TEST(GridLayouts, CentreTheTable) {
-  GridOutput out;
-  out.widths = {500, 0, 1001};
-  out.numeric = {0, 0, -1};
-  const auto layout = gridLayout(out, GridPaperKind::Pdf);
-  EXPECT_DOUBLE_EQ(layout->left, 259.98);  // (595 - 75.05) / 2, the half to even
-  ASSERT_EQ(layout->columns.size(), 2u);
-  EXPECT_EQ(layout->columns[1].column, 2u);
-  EXPECT_DOUBLE_EQ(layout->columns[1].left, 284.98);
-  EXPECT_TRUE(layout->columns[1].numeric);
-  EXPECT_DOUBLE_EQ(layout->right, 259.98 + 75.05);
-}
-
 TEST(GridLayouts, CutWordsByTheirColumn) {
   using enum GridPaperKind;
   constexpr std::tuple<const char*, double, GridPaperKind, const char*, bool> kCases[] = {
@@ -154,56 +141,6 @@ TEST_F(GridTest, DrawsRowsAndRulesAtTheirPlaces) {
                 "15 Td\r\n(Pg. 1) Tj",
                 "/Ftrs Do\r\n0.01 w",
             });
-}
-
-TEST_F(GridTest, HeadsALandscapePageWithTheAddressToo) {
-  column("Name", 12000);
-  makePdf();
-  expectAll(bytesOf(pdf()),
-            {"/Fnt1 20 Tf\r\n", "559 Td\r\n(SHREE GANESH TRADERS)", "539 Td\r\n(12, ASHRAM ROAD)",
-             "524 Td\r\n(ACCOUNT", "509 Td\r\n(From", "120 504 m\r\n721 504 l"});
-  EXPECT_EQ(pdfInfo(pdf(), "Page size"), "842 x 595.2 pts (A4)");
-}
-
-TEST_F(GridTest, LeavesHeadingLinesOutForSomeKeys) {
-  column("Name", 9000);
-  row({"x"});
-  const std::tuple<const char*, bool, const char*> cases[] = {
-      {"mcompvldgr",         true,  "/Fnt1 12 Tf\r\n"},
-      {"mcompvldgr_fullpg",  true,  "/Fnt1 12 Tf\r\n"},
-      {"PRTYSTMNTVERTI_ITM", false, "/Fnt1 9 Tf\r\n" },
-  };
-  for (const auto& [key, whole, font] : cases) {
-    out.key = key;
-    makePdf();
-    const std::string bytes = bytesOf(pdf());
-    EXPECT_FALSE(has(bytes, "(SHREE GANESH TRADERS)")) << key;
-    EXPECT_EQ(has(bytes, "(From"), whole) << key;
-    const size_t caption = bytes.find("806 Td\r\n(ACCOUNT");
-    ASSERT_NE(caption, std::string::npos) << key;
-    EXPECT_TRUE(has(bytes.substr(caption - 30, 30), font)) << key;
-    EXPECT_EQ(has(bytes.substr(bytes.find("/Ftrs Do")), " l\r\nS"), whole) << key;  // rules
-  }
-}
-
-// Every word of the row lies within the edges of its column, however wide its letters are.
-TEST_F(GridTest, KeepsColumnsApart) {
-  ledger();
-  const std::string wide(40, 'W');
-  row({"12345678", "WWWWWWWW", wide, "WWWW", wide, "123456789012345.00", "99999999999.99", "1.00", "WWW"});
-  makePdf();
-  const auto layout = gridLayout(out, GridPaperKind::Pdf);
-  size_t column = 0;
-  for (const PdfWord& word : pdfWords(pdf())) {
-    if (!word.text.starts_with("WW") && !word.text.starts_with("123") && !word.text.ends_with("99") &&
-        word.text != "1.00")
-      continue;
-    ASSERT_LT(column, layout->columns.size()) << word.text;
-    EXPECT_GT(word.left, layout->columns[column].left) << word.text;
-    EXPECT_LT(word.right, layout->columns[column].right() + 0.1) << word.text;
-    ++column;
-  }
-  EXPECT_EQ(column, 9u);
 }
 
 TEST_F(GridTest, StandsHostileCellsAndWidths) {
@@ -344,21 +281,6 @@ TEST_F(GridTest, PrintsUnderTheSessionsHeading) {
   EXPECT_EQ(session().mlinecount, 8);
 }
 
-TEST_F(GridTest, PrintsWideReportsOnALandscapePage) {
-  column("A", 10801);
-  rows(34);
-  GridToPrinter(host, grid, out);
-  ASSERT_EQ(host.printed.size(), 2u);
-  EXPECT_GT(host.printed[0].width, host.printed[0].height);
-  for (const books::Page& page : host.printed)
-    for (const auto& text : page.texts) EXPECT_LT(text.box.y + text.box.h, page.height - 30);
-
-  host.hasPrinter = false;
-  GridToPrinter(host, grid, out);
-  EXPECT_EQ(host.lastMessage(), "No Printer Found");
-  EXPECT_EQ(host.messages.back().title, "Mirav Message");
-}
-
 // Workbook
 
 class GridWorkbook : public GridTest {
@@ -402,23 +324,6 @@ TEST_F(GridWorkbook, HasTitlesHeadingsAndValuesOfTheirKind) {
   expectAll(xml, {"topLeftCell=\"A5\" activePane=\"bottomLeft\" state=\"frozen\"", "fitToPage=\"1\"",
                   "paperSize=\"9\"", "fitToHeight=\"0\"", "orientation=\"portrait\"",
                   "&amp;RPage &amp;P of &amp;N", "<col min=\"4\" max=\"4\" width=\"28.7"});
-}
-
-TEST_F(GridWorkbook, HasColumnsThatHoldWhatIsInThem) {
-  columns({
-      {"Gstin", 500},
-      {"N.Amt", 500, true},
-      {"Party",       6000   },
-      {"Name",       500 }
-  });
-  row({"24ABCPT0167K1ZL", "-1234567.5", "A", std::string(500, 'x')});
-  GridToExcel(host, grid, out);
-  // A sheet's widths have five pixels of seven more; 17, 13, 60 (as the grid says), and no more than 60.
-  expectAll(sheetXml(), {"min=\"1\" max=\"1\" width=\"17.7", "min=\"2\" max=\"2\" width=\"13.7",
-                         "min=\"3\" max=\"3\" width=\"60.7", "min=\"4\" max=\"4\" width=\"60.7"});
-  column("A", 10401);
-  GridToExcel(host, grid, out);
-  EXPECT_TRUE(has(sheetXml(), "orientation=\"landscape\""));
 }
 
 TEST_F(GridWorkbook, TellsWhyItIsNotMade) {

@@ -101,28 +101,6 @@ TEST_F(Invoice, LeavesACopyAloneThatIsOpen) {
   EXPECT_TRUE(fs::exists(pdf("1")));
 }
 
-TEST_F(Invoice, TellsOfAFolderOrDiskThatTakesNothing) {
-  longBill(1, 1);
-  render(1);
-  const auto copy = fs::file_size(folder / "FORMATS" / "INVGST.xlsx");
-  for (const char* mode : {"PDF", ""}) {
-    host.messages.clear();
-    const FullDisk full;
-    render(1, mode);
-    EXPECT_TRUE(has(host.lastMessage(), "cannot be written")) << mode << host.lastMessage();
-    EXPECT_FALSE(host.isBusy);
-  }
-  EXPECT_EQ(fs::file_size(folder / "FORMATS" / "INVGST.xlsx"), copy);
-  for (const char* place : {"FORMATS", "BILLS"})
-    for (const std::string& name : folder.names(place)) EXPECT_FALSE(has(name, "~")) << name;
-  // The folder of the papers is no folder.
-  fs::remove_all(folder / "BILLS");
-  std::ofstream(folder / "BILLS") << "a file";
-  render(1);
-  EXPECT_TRUE(has(host.lastMessage(), "BILLS")) << host.lastMessage();
-  EXPECT_EQ(host.viewed.size(), 1u);
-}
-
 // A design's faults are told once, not with every paper of a day.
 TEST_F(Invoice, NamesTheCellsThatADesignCannotCalculate) {
   longBill(1, 1);
@@ -166,12 +144,6 @@ TEST_F(Invoice, SaysWhatIsMissing) {
   EXPECT_EQ(host.lastMessage(), "Company Details Not Filled Pl. Check");
   EXPECT_FALSE(fs::exists(pdf("1")));
   EXPECT_FALSE(host.isBusy);
-}
-
-TEST_F(Invoice, ReadsTheRowCountsOfADesign) {
-  const auto& [head, foot, slots, slot, pages, copies] = LoadLineSettings(data(), "GST INVOICE", 1);
-  EXPECT_EQ(std::tuple(head, foot, slots, slot, pages, copies), std::tuple(16, 12, 24, 1, 3, 1));
-  EXPECT_EQ(LoadLineSettings(data(), "QUOTATION", 1).slots, 1) << "no such row";
 }
 
 }  // namespace

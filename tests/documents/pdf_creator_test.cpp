@@ -1,7 +1,6 @@
 #include "documents/pdf/pdf_creator.h"
 
 #include <functional>
-#include <locale>
 #include <system_error>
 
 #include "base/text.h"
@@ -103,39 +102,6 @@ TEST_F(PdfWriter, WritesItsObjectsInOrderAndWording) {
   EXPECT_TRUE(has(pdfText(file()), "(c) a\\b"));
 }
 
-TEST_F(PdfWriter, FindsEveryObjectOfSeveralPages) {
-  drawn([](clsPDFCreator& pdf) {
-    for (int page = 0; page < 3; ++page) {
-      pdf.DrawText(50, 50, "પાનું " + std::to_string(page), "Fnt1", 9);
-      pdf.EndPage();
-      pdf.BeginPage();
-    }
-  });
-  expectTable(bytesOf(file()), 18);
-  EXPECT_EQ(pdfInfo(file(), "Pages"), "4");
-}
-
-TEST_F(PdfWriter, LeavesOutFontsAndPicturesThatThereAreNot) {
-  clsPDFCreator pdf(folder.path());
-  pdf.PaperWidth(100);
-  EXPECT_EQ(pdf.PaperSize(), 255);
-  pdf.PaperHeight(50);
-  pdf.InitPDFFile();  // under a name of its own
-  pdf.BeginPage();
-  pdf.DrawText(10, 10, "X", "None", 9);  // in a font that was not loaded
-  EXPECT_EQ(pdf.Length("X", "None", 9), 0);
-  pdf.EndPage();
-  pdf.ClosePDFFile();
-  const fs::path made = pdf.filePath();
-  EXPECT_EQ(made.parent_path(), folder.path());
-  EXPECT_TRUE(made.filename().string().starts_with("~"));
-  EXPECT_EQ(made.extension(), ".pdf");
-  expectSound(made);
-  expectAll(bytesOf(made),
-            {"/None 9 Tf\r\n", "<<\r/ProcSet [/PDF /Text ]\r>>", "/Title (\\(Mirav Reports\\))"});
-  EXPECT_EQ(pdfInfo(made, "Page size"), "100 x 50 pts");
-}
-
 TEST_F(PdfWriter, DrawsByOperators) {
   using Pdf = clsPDFCreator;
   EXPECT_EQ(drawn([](Pdf& p) {
@@ -204,52 +170,6 @@ TEST_F(PdfWriter, AlignsByTheWidthsOfItsFont) {
             "BT\n/Fnt1 10 Tf\n86.11 50 Td\n(AB) Tj\nET\nBT\n/Fnt1 10 Tf\n93.055 50 Td\n(AB) Tj\nET\n");
 }
 
-TEST_F(PdfWriter, MeasuresInEveryUnitFromTheMargin) {
-  const char* const operators[] = {"11 12 m\n", "144 216 m\n", "56.6929 85.0394 m\n", "5.6693 8.5039 m\n"};
-  for (int unit = 0; unit < 4; ++unit)
-    EXPECT_EQ(drawn([&](clsPDFCreator& pdf) {
-                pdf.ScaleMODE(unit);
-                pdf.Margin(unit == 0 ? 10 : 1);
-                pdf.MoveTo(1, 2);
-              }),
-              operators[unit]);
-}
-
-TEST_F(PdfWriter, ChoosesTheMetricsByFamilyAndStyle) {
-  struct Case {
-    const char* family;
-    int style;
-    const char *base, *descriptor;
-  };
-  constexpr Case kCases[] = {
-      {"Times New Roman", 0, "TimesNewRoman",
-       "/Flags 34 /FontBBox [-250 -216 1200 1000] \r/MissingWidth 333 /StemV 73 \r/StemH 73 /ItalicAngle 0 "
-       "/CapHeight 891 /XHeight 446 \r/Ascent 891 /Descent -216 /Leading 149 \r/MaxWidth 1000 /AvgWidth 401"          },
-      {"courier NEW",     1, "CourierNew,Bold",
-       "/Flags 16418 /FontBBox [-250 -300 720 1000] \r/MissingWidth 600 /StemV 191 "                                  },
-      {"Symbol",          2, "Symbol,Italic",
-       "/Flags 70 /FontBBox [-250 -220 1246 1005] \r/MissingWidth 332 /StemV 109 "                                    },
-      {"Arial",           3, "Calibri,BoldItalic", "/Flags 16480 /FontBBox [-250 -221 1190 1000] \r/MissingWidth 272 "},
-  };
-  for (const auto& [family, style, base, descriptor] : kCases) {
-    clsPDFCreator pdf;
-    pdf.InitPDFFile(file());
-    pdf.LoadFont("F2", family, style);
-    pdf.BeginPage();
-    pdf.EndPage();
-    pdf.ClosePDFFile();
-    expectSound(file());
-    expectAll(bytesOf(file()), {std::string("/FontName /") + base + "\r" + descriptor,
-                                std::string("/BaseFont /") + base + "\r/FirstChar 32\r/LastChar 255\r"});
-  }
-  write([](clsPDFCreator& pdf) { EXPECT_THROW(pdf.LoadFont("F3", "Symbol", 0), std::logic_error); });
-  clsPDFCreator pdf;
-  pdf.InitPDFFile(file());
-  EXPECT_THROW(pdf.LoadFont("F", "Calibri", 4), std::out_of_range);
-  EXPECT_THROW(pdf.PaperSize(6), std::out_of_range);
-  EXPECT_THROW(pdf.ScaleMODE(-1), std::out_of_range);
-}
-
 // The published widths are those of the metric twins that every Debian has, as Qt measures them.
 TEST(PdfFonts, HaveTheWidthsOfTheirTwins) {
   std::vector<std::pair<int, std::string>> letters;
@@ -302,17 +222,6 @@ TEST(PdfText, IsPutIntoTheEncodingOfTheFonts) {
   }
 }
 
-TEST_F(PdfWriter, ShowsTextsThatTheFontsLackInOtherWords) {
-  write(
-      [](clsPDFCreator& pdf) {
-        pdf.DrawText(50, 700, "₹500 – José, ગુજ - )(\\\n", "Fnt1", 9);
-        EXPECT_EQ(pdf.lostLetters(), 3u);
-      },
-      "વેચાણ 😀 Śrī");
-  EXPECT_TRUE(has(pdfText(file()), "Rs500 – José, ??? - )(\\")) << pdfText(file());
-  EXPECT_EQ(pdfInfo(file(), "Title"), "વેચાણ 😀 Śrī");
-}
-
 TEST(Ascii85, FollowsThePublishedEncoding) {
   const std::pair<std::string, const char*> cases[] = {
       {"Man ",        "9jqo^~>"},
@@ -323,25 +232,6 @@ TEST(Ascii85, FollowsThePublishedEncoding) {
       {"",        "~>"            },
   };
   for (const auto& [bytes, encoded] : cases) EXPECT_EQ(pdf::ascii85(bytes), encoded);
-}
-
-TEST_F(PdfWriter, RefusesMoreThanItsNumbersReachAndLeavesNothing) {
-  clsPDFCreator pdf;
-  pdf.PaperSize(0);
-  pdf.InitPDFFile(file());
-  for (int page = 0; page < 10'921; ++page) {  // 4 + 3 * 10,921 = 32,767
-    pdf.BeginPage();
-    pdf.EndPage();
-  }
-  try {
-    pdf.BeginPage();
-    FAIL();
-  } catch (const std::runtime_error& error) {
-    EXPECT_STREQ(error.what(), "page.pdf cannot be written: it has more than 32767 parts, about 10922 pages");
-  }
-  pdf.ClosePDFFile();  // what there is makes a file
-  expectSound(file());
-  EXPECT_EQ(pdfInfo(file(), "Pages"), "10921");
 }
 
 TEST_F(PdfWriter, StandsWholeOrNotAtAll) {
@@ -376,17 +266,5 @@ struct Comma : std::numpunct<char> {
   char do_thousands_sep() const override { return '.'; }
   std::string do_grouping() const override { return "\3"; }
 };
-
-TEST_F(PdfWriter, WritesAFullStopUnderADecimalComma) {
-  const std::locale before = std::locale::global(std::locale(std::locale::classic(), new Comma));
-  const std::string operators = drawn([](clsPDFCreator& pdf) {
-    pdf.SetLineWidth(12345.5);
-    pdf.DrawText(1.25, 2, "1,5", "Fnt1", 9.5);
-  });
-  std::locale::global(before);
-  EXPECT_EQ(operators, "12345.5 w\nBT\n/Fnt1 9.5 Tf\n1.25 2 Td\n(1,5) Tj\nET\n");
-  EXPECT_THROW(drawn([](clsPDFCreator& pdf) { pdf.SetLineWidth(std::numeric_limits<double>::quiet_NaN()); }),
-               std::invalid_argument);
-}
 
 }  // namespace

@@ -86,27 +86,6 @@ TEST_F(PdfPictures, ComeFromEveryKindOfBmpFile) {
             std::string::npos);
 }
 
-TEST_F(PdfPictures, ComeFromPixels) {
-  clsPDFCreator pdf;
-  pdf.PaperSize(0);
-  pdf.InitPDFFile((folder / "x.pdf").string());
-  pdf.LoadImgFromArray("Photo", 2, 1, std::string(6, '\x20'));
-  pdf.LoadImgFromArray("Grey",
-                       {.width = 9, .height = 2, .bits = 1, .grey = true, .pixels = std::string(4, 'x')});
-  EXPECT_THROW(pdf.LoadImgFromArray("Short", 2, 1, "x"), std::runtime_error);
-  EXPECT_THROW(pdf.LoadImgFromArray("None", 0, 0, ""), std::runtime_error);
-  pdf.BeginPage();
-  pdf.DrawImg("Photo", 10.5, 700, 20, 30);
-  pdf.DrawImg("Grey", 50, 700, 20, 30);
-  pdf.EndPage();
-  pdf.ClosePDFFile();
-  expectSound(folder / "x.pdf");
-  const std::string bytes = bytesOf(folder / "x.pdf");
-  EXPECT_NE(bytes.find("/BitsPerComponent 8\r/ColorSpace /DeviceRGB\r"), std::string::npos);
-  EXPECT_NE(bytes.find("/BitsPerComponent 1\r/ColorSpace /DeviceGray\r"), std::string::npos);
-  EXPECT_NE(bytes.find("q\r\n20 0 0 -30 10.5 700 cm\r\n/Photo Do\r\nQ\r\n"), std::string::npos);
-}
-
 TEST_F(PdfPictures, OfBrokenFilesAreRefusedInWords) {
   const std::string good = bmp(2, 2, 24, "", {kBlue + kWhite, kRed + kGreen});
   const auto changed = [&](size_t at, const std::string& by) {

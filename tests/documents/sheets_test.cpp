@@ -102,31 +102,6 @@ TEST_F(Sheets, OfABill) {
 }
 // clang-format on
 
-TEST_F(Sheets, OfOtherKindsMissingBillsAndBillsOfOtherLinesOnly) {
-  mixedBill();
-  const auto saleReturn = invoice(7, "SALERET");
-  EXPECT_TRUE(saleReturn.cells.at(2002, 8).number());  // the HSN summary stays
-  EXPECT_TRUE(saleReturn.cells.at(1, 120).empty());    // its own book holds nothing
-  EXPECT_THROW(invoice(7, "PURCH"), DatabaseError);    // the purchase query stands nowhere
-  EXPECT_EQ(invoice(8).lines, 0);
-  EXPECT_TRUE(invoice(8).cells.cells().empty());
-
-  bill(9, {
-              {"MISC", 1, 50, 0, 50, 0, 0, 0, 0, "FREIGHT"},
-              {"MISC", 0, 0,  0, 20, 0, 0, 0, 0, "LABOUR" }
-  });
-  const auto others = invoice(9);
-  EXPECT_EQ(others.lines, 2);
-  expectRows(
-      others.cells,
-      {
-          {8,   1,  200, ""          },
-          {508, 41, 41,  "41 FREIGHT"},
-          {509, 41, 41,  "41 LABOUR" },
-          {300, 1,  200, ""          }
-  });
-}
-
 TEST_F(Sheets, LeaveOutTotalsThatAreNullOrMinusOne) {
   mixedBill();
   const std::pair<const char*, const char*> foreign[] = {
@@ -147,60 +122,6 @@ TEST_F(Sheets, LeaveOutTotalsThatAreNullOrMinusOne) {
 }
 
 // clang-format off
-// Two lines, one of them an item by its name alone.
-TEST_F(Sheets, OfAQuotation) {
-  quotation(5, {
-                   {"I0000002", "STEEL BOTTLE", "2", "100", "236", 0, 200, 9, 18},
-                   {"MISC",     "PACKING",      "1", "100", "118", 0, 100, 9, 9 },
-  });
-  const auto made = quotationSheet(data(), kCompany, company(), 5, "QUOTATION");
-  EXPECT_EQ(made.lines, 2);
-  expectRows(made.cells, {
-      {1, 1, 200, "3 SHREE GANESH TRADERS"},
-      {2, 1, 200, "1 QUOTATION | 6 THREE HUNDRED FIFTY FOUR ONLY"},
-      kCompanyRows[0],
-      kCompanyRows[1],
-      {6, 1, 4, "1 QUOT.VOUCH_DT | 2 QUOT.VOUCH_NO | 3 party_cd | 4 to_name"},
-      {7, 1, 200, ""},
-      {8, 1, 31, "1 46188 | 2 5 | 3 A00001 | 4 R PATEL | 5 BOTTLES FOR THE CANTEEN | 6 MAIL OF 12 JUNE | 7 FIRM | 8 . |"
-                 " 9 50% ADVANCE | 14 30 DAYS | 15 46188 | 16 5 | 17 I0000002 | 18 STEEL BOTTLE | 20 PCS | 21 2 |"
-                 " 22 100 | 23 236 | 24 I0000002 | 25 STEEL BOTTLE | 26 E010 | 27 GENERAL | 28 A00001 |"
-                 " 29 RAJESH & SONS | 30 R PATEL | 31 PLOT 14"},
-      {8, 76, 76, "76 RAJESH & SONS"},
-      {9, 17, 28, "17 MISC | 18 PACKING | 20 PCS | 21 1 | 22 100 | 23 118 | 28 A00001"},
-      {10, 1, 200, ""},
-      {1000, 1, 200, "1 CGSTRT | 2 SGSTRT | 3 IGSTRT | 4 CGSTTAX | 5 SGSTTAX | 6 IGSTTAX | 7 GSTVAL | 8 VOUCH_NO |"
-                     " 9 ENTRY_TYP"},
-      {1001, 1, 200, ""},
-      {1002, 1, 200, "1 9 | 2 9 | 3 0 | 4 27 | 5 27 | 6 0 | 7 354 | 8 5 | 9 QUOTATION"},
-      {1003, 1, 200, ""},
-  });
-  EXPECT_EQ(quotationSheet(data(), "", company(), 5, "PROFORMA").lines, 0);
-}
-
-TEST_F(Sheets, OfAChallan) {
-  challan(3, 2, 30);
-  const auto made = challanSheet(data(), kCompany, 3, "CH");
-  EXPECT_EQ(made.lines, 2);
-  expectRows(made.cells, {
-      {1, 1, 200, "3 SHREE GANESH TRADERS | 10 TWO HUNDRED SEVENTY ONE AND FIFTY PAISE ONLY"},
-      {2, 1, 200, "1 DELIVERY CHALLAN"},
-      {3, 1, 17, "1 ADDRS | 2 ph1 | 3 ph2 | 4 AD1 | 5 AD2 | 6 AREA | 7 CITY | 8 C_BANK_NAME | 9 C_BRNCH | 10 C_IFSC |"
-                 " 11 C_AC_NO | 12 C_EMAIL | 13 C_PASS | 14 C_SMTP | 15 C_PORT | 16 TERMS | 17 GSTINNO"},
-      {4, 1, 17, "1 12, ASHRAM ROAD | 2 079-26580001 | 3 9825012345 | 4 . | 5 . | 6 . | 7 AHMEDABAD |"
-                 " 8 STATE BANK OF INDIA | 9 NAVRANGPURA | 11 30012345678 | 12 ganesh@example.com | 15 0 | 16 0 |"
-                 " 17 24ABCDE1234F1Z5"},
-      {6, 1, 2, "1 VOUCH_DT | 2 VOUCH_NO"},
-      {7, 1, 200, ""},
-      {8, 1, 16, "1 46188 | 2 3 | 3 CH | 4 ON APPROVAL | 5 MARUTI | 6 0 | 7 0 | 8 0 | 9 0 | 10 I0000002 | 11 PCS |"
-                 " 12 1 | 13 100.5 | 14 100.5 | 15 A00001 | 16 RAJESH & SONS"},
-      {9, 12, 14, "12 2 | 13 100.5 | 14 201"},
-      {9, 55, 55, "55 ."},
-      {10, 1, 200, ""},
-  });
-  EXPECT_EQ(challanSheet(data(), "", 3, "SA").lines, 0);
-}
-
 TEST_F(Sheets, OfADeliverySlip) {
   bill(7, {
               {"I0000002", 5, 100, 0, 500, 9, 0, 45,  0},
@@ -238,23 +159,6 @@ TEST_F(Sheets, OfADeliverySlip) {
   }
 }
 
-TEST_F(Sheets, OfAnAddressCard) {
-  const auto made = addressCardSheet(data(), kCompany, company(), "A00001");
-  expectRows(made.cells, {
-      {1, 1, 200, "1 RAJESH & SONS | 5 Company | 6 ADDress | 7 Phone1 | 8 Phone2 | 15 STATE | 16 STATECD | 17 GSTINNO |"
-                  " 18 EMAIL | 19 BANK NAME | 20 BRANCH | 21 IFSC | 22 AC_NO | 23 Ex Detail"},
-      {2, 1, 200, "1 PLOT 14 | 5 SHREE GANESH TRADERS | 6 12, ASHRAM ROAD | 7 079-26580001 | 8 9825012345 | 15 GUJARAT |"
-                  " 16 24 | 17 24ABCDE1234F1Z5 | 18 ganesh@example.com | 19 STATE BANK OF INDIA | 20 NAVRANGPURA |"
-                  " 22 30012345678"},
-      {3, 1, 200, "1 . | 5 ADD1 | 6 ADD2 | 7 GSTINNO | 8 PANNO | 9 STATE CODE | 10 PHONE NO"},
-      {4, 1, 200, "5 PLOT 14 | 6 . | 7 24AAACR5055K1Z7 | 8 9898055555"},
-  });
-  const char* const below[] = {"UDHNA", "SURAT", "394210", "9898055555", "", "", "", "SHREE GANESH TRADERS",
-                               ".",     ".",     ".",      "AHMEDABAD"};
-  for (int row = 5; row <= 16; ++row)
-    EXPECT_EQ(made.cells.at(row, 1), *below[row - 5] ? workbook::Value(below[row - 5]) : workbook::Value()) << row;
-  EXPECT_EQ(addressCardSheet(data(), "", company(), "A09999").lines, 0);
-}
 // clang-format on
 
 TEST_F(Sheets, NameTheFieldsThatDesignsRead) {

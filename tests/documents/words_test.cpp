@@ -36,21 +36,4 @@ TEST(AmountInWords, KeepsTheOddResults) {
   for (const auto& [amount, words] : kCases) EXPECT_EQ(AmountInWords(amount), words) << amount;
 }
 
-TEST(NumberWords, KnowsOneToNinetyNineOnly) {
-  constexpr Words kCases[] = {
-      {0,     ""           },
-      {-1,    ""           },
-      {100,   ""           },
-      {7.5,   ""           },
-      {1e300, ""           },
-      {14,    "FOURTEEN"   },
-      {20,    "TWENTY"     },
-      {40,    "FOURTY"     },
-      {58,    "FIFTY EIGHT"},
-      {70,    "SEVENTY"    },
-      {99,    "NINTY NINE" },
-  };
-  for (const auto& [number, words] : kCases) EXPECT_EQ(NumberWords(number), words) << number;
-}
-
 }  // namespace

@@ -10,7 +10,6 @@
 #include "frame/routines.h"
 #include "frame_fixture.h"
 #include "full_disk.h"
-#include "killed.h"
 #include "store/row_writer.h"
 
 namespace {
@@ -256,36 +255,6 @@ TEST_F(Backups, AFailureIsToldAndNothingIsLost) {
   host_.choose("mnubackup");
   EXPECT_EQ(host_.lastMessage(),
             "Backup Not Done\r\n" + (folder_ / "FILE").string() + " is a file and no folder.");
-}
-
-TEST_F(FrameTest, ARestoreThatIsKilledLeavesTheOldOrTheNewBooks) {
-  constexpr int kMoments = 25;
-  const fs::path books = folder_ / "M00125.mdb", backup = folder_ / "backup.mdb";
-  fs::copy_file(books, backup);
-  const fs::path entered = folder_ / "entered.mdb";
-  fs::copy_file(books, entered);
-  Database db;
-  db.open(entered);
-  db.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD) VALUES (1, 'SA')");
-  db.close();
-
-  int calls = 0;
-  for (int moment = 0; moment <= kMoments; ++moment) {
-    fs::copy_file(entered, books, fs::copy_options::overwrite_existing);
-    const std::string stamp = "260615_10" + std::to_string(10 + moment);
-    const Killed killed = killedAt(calls * moment / kMoments, [&] { restoreBackup(backup, books, stamp); });
-    if (!killed.possible) GTEST_SKIP() << "processes may not be watched here";
-    if (moment == 0) calls = killed.calls;
-    db.open(books);
-    ASSERT_EQ(db.text("PRAGMA integrity_check"), "ok") << moment;
-    const double bills = db.number("SELECT COUNT(*) FROM SALE");
-    db.close();
-    ASSERT_EQ(killed.ended ? bills : 0, 0) << moment;
-    if (bills == 1) continue;
-    db.open(folder_ / ("M00125_" + stamp + "_replaced.mdb"));
-    ASSERT_EQ(db.number("SELECT COUNT(*) FROM SALE"), 1) << moment;
-    db.close();
-  }
 }
 
 TEST_F(Backups, OfTheExitAreSilentAndTheLastTenStay) {

@@ -3,8 +3,6 @@
 #include "frame/companies.h"
 #include "frame/routines.h"
 #include "frame_fixture.h"
-#include "full_disk.h"
-#include "store/balances.h"
 #include "store/dictionary.h"
 
 // What a folder may do to the program, and the program to the folder.
@@ -128,28 +126,6 @@ TEST_F(Folder, ALockedYearIsSaidAndOpensWhenItIsFree) {
   other.exec("ROLLBACK");
   host_.enter();
   EXPECT_EQ(host_.onTop(), "frmStartup");
-}
-
-TEST_F(Folder, AFullDiskLetsTheBooksBeRead) {
-  startUp(host_, folder_.path());
-  Database year;
-  year.open(folder_ / "M00225.mdb");
-  year.exec("UPDATE ACCOUNT SET OP_BAL = 250 WHERE ACC_CD = 'X90005'");
-  year.exec("UPDATE SPSFILE SET VOUCH_FLAG = '1' WHERE VOUCH_NO = 221");
-  year.close();
-  {
-    const FullDisk full;
-    host_.rowTo(host_.at("lst"), 2);
-    host_.enter();
-    host_.ticks(4);
-    EXPECT_EQ(host_.onTop(), "frmmain");
-    ASSERT_FALSE(host_.messages.empty());
-    EXPECT_NE(host_.lastMessage().find("M00225.mdb cannot be read or written"), std::string::npos);
-    EXPECT_EQ(data().number("SELECT OP_BAL FROM ACCOUNT WHERE ACC_CD = 'X90005'"), 250);
-    EXPECT_EQ(data().number("SELECT COUNT(*) FROM GRP"), 39) << "nothing of a step that failed";
-  }
-  RebuildAllBalances(data());
-  EXPECT_EQ(data().number("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = 'X90005'"), 250);
 }
 
 // Both programs see the catalogue; who is first in a company-year clears its marks, who comes

@@ -78,29 +78,6 @@ TEST_F(FrameTest, TheShellReadsPeriodAndDetailsBeforeItShows) {
             "'15/May/2026' : Press ::  Page Down ::  Button Get Previous Month Date");
 }
 
-TEST_F(Shell, AChildLocksTheMenusAndHidesThePicture) {
-  EXPECT_EQ(host_.hint(), "Press Alt Btn To Activate Menus");
-  EXPECT_TRUE(host_.choose("SALE"));
-  EXPECT_EQ(session().mentrytype, "SALE");
-  EXPECT_EQ(host_.onTop(), "GSTSAPU");
-  EXPECT_EQ(session().mactiveforms, 1);
-  EXPECT_FALSE(host_.shell()->at("Frame1").visible);
-  for (const MenuEntry& menu : host_.shell()->menus) EXPECT_FALSE(menu.enabled) << menu.caption;
-  for (const ToolEntry& tool : host_.shell()->tools) EXPECT_FALSE(tool.enabled) << tool.key;
-  EXPECT_FALSE(host_.choose("item"));
-
-  SetMenus(host_, false, true);
-  std::string on;
-  for (const MenuEntry& menu : host_.shell()->menus) on += menu.enabled ? menu.control + " " : "";
-  EXPECT_EQ(on, "mnumstr mnuutils ");
-
-  host_.escape();
-  EXPECT_EQ(session().mactiveforms, 0);
-  EXPECT_TRUE(host_.shell()->at("Frame1").visible);
-  for (const MenuEntry& menu : host_.shell()->menus) EXPECT_TRUE(menu.enabled) << menu.caption;
-  EXPECT_EQ(host_.hint(), "Press Alt Btn To Activate Menus");
-}
-
 TEST_F(Shell, ShortcutsOpenTheEntriesOfTheirMeaning) {
   host_.key(Key::Ctrl('S'));
   EXPECT_EQ(host_.hint() + host_.onTop(), "There Are No Stock Reports :: Ctrl+I = Item Masterfrmmain");

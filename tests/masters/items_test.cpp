@@ -55,21 +55,6 @@ class ItemTest : public MastersTest {
   }
 };
 
-TEST_F(ItemTest, AnItemMayHaveSeveralRows) {
-  head("FAN");
-  detail("PCS", "100", "5");
-  detail("BOX", "950", "10");
-  host.fillEnter("Text1(6)", "box");
-  EXPECT_EQ(host.lastMessage(), "Duplicate Item Not Allowed");
-  EXPECT_EQ(host.focus(), "Text1(6)");
-  host.go("Text1(13)");
-  host.enter();
-  EXPECT_EQ(host.lastMessage(), "Duplicate Values Found Entry Terminated");
-  EXPECT_EQ(host.focus(), "cmdUpdate");
-  host.enter();
-  EXPECT_EQ(rows("I0000001"), "PCS,100,5,0,0, BOX,950,10,0,0,");
-}
-
 TEST_F(ItemTest, AnUpdatedDatabaseKeepsOneUnitForAnItem) {
   addKey(data(), {"ITEMDTL", "ITEM_CD"});
   head("FAN");
@@ -150,30 +135,6 @@ TEST_F(ItemTest, ARenamedUnitGoesThroughAllTables) {
   EXPECT_EQ(row("SELECT COUNT(*) FROM SALEITM WHERE SIZE_CD = 'BOX'"), "1");
   EXPECT_EQ(row("SELECT GROUP_CONCAT(ITEM_CD || SIZE_CD || RAW_CD || RAW_SIZE) FROM ITEMLINK"),
             "I0000005NOSI2B,I3CI0000005NOS");
-}
-
-TEST_F(ItemTest, ARowGivenAnotherCodeJoinsThatItem) {
-  item("I0000005", "BULB", {"PCS"});
-  item("I0000006", "BULB LED", {"PCS", "BOX"});
-  data().exec("UPDATE ITEMDTL SET SALE_RATE1 = 55 WHERE ITEM_CD = 'I0000005'");
-  data().exec(
-      "INSERT INTO SALEITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD, SIZE_CD) VALUES (1, 'SA', 1, 'I0000006', "
-      "'PCS')");
-  data().exec(
-      "INSERT INTO PRTYRATE (RT_DT, ACC_CD, ITEM_CD, SIZE_CD, SALE_RATE1) VALUES"
-      " ('2026-04-01', 'A00001', 'I0000005', 'PCS', 55), ('2026-05-01', 'A00001', 'I0000005', 'PCS', 55),"
-      " ('2026-04-01', 'A00001', 'I0000006', 'PCS', 66), ('2026-06-01', 'A00001', 'I0000006', 'PCS', 66)");
-  edit("I0000006");
-  pick(0);
-  host.fill("Text1(14)", "I0000005");
-  host.go("Text1(13)");
-  host.enter();
-  host.press("cmdUpdate");
-  EXPECT_EQ(rows("I0000005"), "PCS,55,0,20,14,") << "with the stock of both";
-  EXPECT_EQ(rows("I0000006"), "BOX,100,0,10,7,");
-  EXPECT_EQ(row("SELECT GROUP_CONCAT(ITEM_CD || SALE_RATE1) FROM (SELECT * FROM PRTYRATE ORDER BY RT_DT)"),
-            "I000000555.0,I000000555.0,I000000566.0");
-  EXPECT_EQ(row("SELECT ITEM_CD FROM SALEITM"), "I0000005");
 }
 
 }  // namespace

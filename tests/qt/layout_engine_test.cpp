@@ -157,111 +157,6 @@ TEST_F(LayoutEngine, EntryFieldsStandOverTheirColumns) {
   EXPECT_TRUE(spot("Item").label.empty()) << "the heading row names it";
 }
 
-TEST_F(LayoutEngine, RateHistoryStandsUnderItsColumns) {
-  draw(billTable(), 1366, 644);
-  auto rows = std::make_shared<CellRows>();
-  rows->rows.resize(3);
-  screen_->at("Rates").grid.source = rows;
-  for (const double scale : {1.0, 1.25}) {
-    arrange(static_cast<int>(1366 * scale), static_cast<int>(644 * scale), scale);
-    const layout::Spot &over = spot("Rates"), &under = spot("Lines");
-    for (int i = 0; i < 2; ++i) {
-      const auto own = static_cast<size_t>(1 + i), its = static_cast<size_t>(3 + i);
-      EXPECT_EQ(over.box.x + over.edges[own], under.box.x + under.edges[its]) << scale;
-    }
-    EXPECT_EQ(over.box.y, under.box.y);
-    EXPECT_EQ(over.box.h, 4 * under.rowHeight + 2 * measured(scale).px(2)) << "as high as its rows";
-  }
-}
-
-TEST_F(LayoutEngine, SpareRoomGoesToNamesAndGridAndEverythingGrowsWithTheScale) {
-  draw(billTable(), 1366, 644);
-  const int width = box("Name").w, height = box("Lines").h, party = box("Party").w;
-  arrange(1566, 744);
-  EXPECT_EQ(box("Name").w, width + 200);
-  EXPECT_EQ(box("Lines").h, height + 100);
-  EXPECT_EQ(box("Party").w, party);
-  arrange(1920, 900, 1.25);
-  EXPECT_EQ(plan_.strip.h, 38);
-  EXPECT_EQ(box("Party").h, 38);
-  EXPECT_EQ(box("Party").w, 115);
-  EXPECT_EQ(spot("Lines").rowHeight, 31);
-  EXPECT_EQ(box("Save").h, 40);
-}
-
-TEST_F(LayoutEngine, HiddenButtonsLeaveNoGapAndHiddenFieldsKeepTheirPlace) {
-  draw(billTable(), 1366, 644);
-  expectRect(box("Save"), {8, 605, 96, 32});
-  EXPECT_EQ(box("Cancel").x, 8 + 96 + 8);
-  EXPECT_EQ(box("Wide").w, 18 * 8 + 32) << "text and an inset of 16 on both sides";
-  EXPECT_EQ(box("Video").right(), 1358);
-  EXPECT_EQ(plan_.reason.x, box("Wide").right() + 14);
-
-  const Rect bill = box("BillNo");
-  screen_->at("Save").visible = screen_->at("No").visible = screen_->at("Type").visible = false;
-  arrange(1366, 644);
-  EXPECT_EQ(box("Cancel").x, 8);
-  expectRect(box("BillNo"), bill);
-  EXPECT_EQ(box("Party").y, 79);
-}
-
-TEST_F(LayoutEngine, RowsOfALowGroupMoveTogetherAndFactsKeepThePitch) {
-  std::vector<ControlSpec> rows;
-  for (int i = 0; i < 4; ++i)
-    rows.push_back({
-        .name = "F", .index = i, .at = {.group = "g", .row = i}
-    });
-  draw(tableOf(
-           {
-               {px(120), {{.name = "g", .columns = {part(1)}, .pitch = 39}}}
-  },
-           rows),
-       800, 400);
-  int above = 0;
-  for (const layout::Spot& f : plan_.spots) {
-    EXPECT_GE(f.box.y, above) << "rows do not lie over each other";
-    EXPECT_LE(f.box.bottom(), group("g").bottom());
-    above = f.box.bottom();
-  }
-  // A line of facts under a filter.
-  rows.resize(2);
-  rows[1].name = "Address";
-  rows[1].kind = Kind::Label;
-  draw(tableOf(
-           {
-               {px(74), {{.name = "g", .columns = {part(1)}}}}
-  },
-           rows),
-       800, 400);
-  EXPECT_EQ(box("F").h, 30);
-  EXPECT_EQ(box("Address").y, box("F").y + 35);
-  EXPECT_LE(box("Address").bottom(), group("g").bottom());
-}
-
-TEST_F(LayoutEngine, FormsWithRoomHaveWiderInsetsAndGaps) {
-  std::vector<ControlSpec> rows;
-  for (int i = 0; i < 4; ++i)
-    rows.push_back({
-        .name = "F", .index = i, .label = "L", .at = {.group = "a", .row = i, .col = 1}
-    });
-  rows.push_back({
-      .name = "G", .label = "L", .at = {.group = "b", .row = 2, .col = 1}
-  });
-  const std::vector<Length> columns{px(116), part(1)};
-  draw(tableOf(
-           {
-               {fit(),   {{.name = "a", .columns = columns, .pitch = 39}}},
-               {fit(),   {{.name = "b", .columns = columns, .pitch = 39}}},
-               {part(1), {{.name = "rest", .frame = Frame::Plain}}       },
-               {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}  }
-  },
-           rows),
-       1366, 644);
-  expectRect(group("a"), {8, 36, 1350, 169});
-  expectRect(group("b"), {8, 215, 1350, 130});
-  expectRect(box("F"), {147, 47, 1196, 30});
-}
-
 TEST_F(LayoutEngine, ColumnsShareWhatThereIs) {
   // clang-format off
   const std::tuple<std::vector<Length>, int, std::vector<int>> rows[] = {
@@ -303,23 +198,6 @@ TEST_F(LayoutEngine, DialogsFloatWhereTheyAreAnchored) {
   // buttons.
   const int inside = (8 + 30 + 5 + 30 + 8) + 6 + 34;
   EXPECT_EQ(placed(400, 0, Anchor::Centre).h, 2 * 2 + 28 + 2 * 6 + inside);
-}
-
-TEST_F(LayoutEngine, AChartThatIsPutAwayLeavesItsRoomToTheGrid) {
-  draw(tableOf(
-           {
-               {part(1), {{.name = "grid", .frame = Frame::Plain}}     },
-               {px(100), {{.name = "chart", .frame = Frame::Plain}}    },
-               {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}}
-  },
-           {{.name = "Grid", .kind = Kind::Grid, .at = {.group = "grid"}},
-            {.name = "Chart", .kind = Kind::Chart, .at = {.group = "chart"}, .visible = false}}),
-       1366, 644);
-  const Rect alone = box("Grid");
-  screen_->at("Chart").visible = true;
-  arrange(1366, 644);
-  EXPECT_EQ(box("Grid").h, alone.h - 100 - 6);
-  expectRect(box("Chart"), {alone.x, alone.bottom() - 100, alone.w, 100});
 }
 
 }  // namespace

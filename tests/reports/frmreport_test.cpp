@@ -51,40 +51,6 @@ class Reports : public ReportScreens {
 
 // Opening
 
-TEST_F(Reports, OpenWithTheirOwnCaptionsAndFields) {
-  const std::map<std::string, std::pair<std::string, std::string>> expected = {
-      {"accmastADD",      {"Party List PRINT", "012"}                                   },
-      {"dept",            {"Category List Print", ""}                                   },
-      {"priclstprn",      {"Price List PRINT", "345"}                                   },
-      {"accmastclbl",     {"Closing Balance List Print", "0124"}                        },
-      {"GSTR1-RD",        {"GST-1 RD Sales Register : Gstin No : 24AAKFS4821M1ZW", "0"} },
-      {"GSTR1-URD",       {"GST-1 URD Sales Register : Gstin No : 24AAKFS4821M1ZW", "0"}},
-      {"SALEBILLSUMMARY", {"SALE Bill Register", "012"}                                 },
-      {"slblreg",         {"SALE Bill Detailed Register", "012"}                        },
-      {"QUOTREG",         {"Reports", ""}                                               },
-      {"QUOTREGDTL",      {"Reports", ""}                                               },
-      {"CHLNRPT",         {"Challan Register", "012"}                                   },
-      {"CHLNRPTDTL",      {"Reports", ""}                                               },
-      {"recipt",          {"Receipt Register", "01245"}                                 },
-      {"ONACRCV",         {"Outstandings Receivables", "0124"}                          },
-      {"tax",             {"Reports", ""}                                               },
-  };
-  for (const auto& [key, want] : expected) {
-    open(key);
-    std::string enabled;
-    for (int i = 0; i < 6; ++i)
-      if (host.at("Text1(" + std::to_string(i) + ")").enabled) enabled += std::to_string(i);
-    EXPECT_EQ(host.screen().caption + " " + enabled, want.first + " " + want.second) << key;
-    EXPECT_EQ(host.at("Text1(5)").label, key == "priclstprn" ? "For Size" : "For Salesman");
-    EXPECT_EQ(dates(), "01/04/2026 15/06/2026");
-    EXPECT_EQ(host.focus(), enabled.empty() ? "MaskEdBox1(0)" : "Text1(" + enabled.substr(0, 1) + ")");
-    EXPECT_FALSE(host.at("cmdprint").enabled || host.at("cmdPrtToXl").enabled || host.at("Cmdpdf").enabled);
-  }
-  host.clock.date = *parseDate("2027-08-01");
-  open("dept");
-  EXPECT_EQ(dates(), "01/04/2026 31/03/2027");
-}
-
 // Filters
 
 TEST_F(Reports, LookTheirFiltersUp) {
@@ -116,52 +82,6 @@ TEST_F(Reports, LookTheirFiltersUp) {
     EXPECT_EQ(asked + host.text(c.field), std::string(c.asked) + c.chosen) << c.key;
     EXPECT_NE(host.focus(), c.field) << "Enter's work is done with the value";
   }
-}
-
-TEST_F(Reports, LookItemsOfTheCategoryUp) {
-  data().exec("INSERT INTO ITEM (ITEM_CD, ITEM_NAME, DEPT_CD) VALUES ('I0000008', 'A FAN', 'E001')");
-  const auto chosen = [&](const std::string& category) {
-    open("priclstprn");
-    host.fill("Text1(4)", category);
-    host.go("Text1(3)");
-    host.insideModal.push_back([&] { host.enter(); });
-    host.key(KeyCode::F1);
-    return host.text("Text1(3)");
-  };
-  EXPECT_EQ(chosen("") + chosen("e009"), "I0000008I0000009");
-  host.go("Text1(5)");
-  host.key(KeyCode::F1);
-  EXPECT_EQ(host.focus(), "Text1(5)");
-}
-
-TEST_F(Reports, StepThroughDates) {
-  open("SALEBILLSUMMARY");
-  host.go("MaskEdBox1(1)");
-  const auto after = [&](const Key& key) {
-    host.key(key);
-    return host.text("MaskEdBox1(1)");
-  };
-  EXPECT_EQ(after(KeyCode::F1), "01/04/2026");
-  EXPECT_EQ(after(KeyCode::Down), "31/03/2026");
-  EXPECT_EQ(after(KeyCode::PgDn), "28/02/2026");
-  EXPECT_EQ(after(KeyCode::Up), "01/03/2026");
-  EXPECT_EQ(after(KeyCode::PgUp), "01/04/2026");
-  EXPECT_EQ(after(KeyCode::F3), "31/03/2027");
-  EXPECT_EQ(after(KeyCode::F2), "15/06/2026");
-  EXPECT_EQ(after(KeyCode::F4), "01/04/2026");
-  host.fillEnter("MaskEdBox1(0)", "31032026");
-  EXPECT_EQ(replaceAll(host.lastMessage(), "\r", ""),
-            "Ener Date Between 01/Apr/2026 and 31/Mar/2027\nPress : F1 for : 01/Apr/2026\n"
-            "Press : F2 for : 15/Jun/2026\nPress : F3 for : 31/Mar/2027");
-  EXPECT_EQ(host.messages.back().title + host.focus(), "Mirav MessageMaskEdBox1(0)");
-  host.fillEnter("MaskEdBox1(0)", "31032027");
-  EXPECT_EQ(host.focus() + " " + dates(), "MaskEdBox1(1) 31/03/2027 01/04/2026");
-  host.enter();
-  EXPECT_EQ(host.focus(), "cmdshowrpt");
-  host.fill("MaskEdBox1(1)", "31022027");
-  host.press("cmdshowrpt");
-  EXPECT_EQ(said() + host.focus(), "Mirav Information|the date keysMaskEdBox1(1)");
-  EXPECT_EQ(rows(), 0U);
 }
 
 TEST_F(Reports, BringTheMonthsEndAlongInGstStatementsOnly) {
@@ -351,37 +271,7 @@ TEST_F(Reports, KeepTheAnswerWhenComingBack) {
   EXPECT_EQ(host.lastMessage(), "No Records");
 }
 
-TEST_F(Reports, RefreshWhenTheSessionSaysSo) {
-  show("SALEBILLSUMMARY");
-  data().exec("UPDATE SALE SET NET_AMT = 119 WHERE VOUCH_NO = 1");
-  host.open("frmreport");  // on top again
-  EXPECT_EQ(host.cell("Grid1", 0, 10), "118.50");
-  EXPECT_FALSE(host.at("Cmdpdf").enabled) << "becoming active turns the outputs off";
-  session().mreportrefresh = true;
-  host.open("frmreport");
-  EXPECT_EQ(host.cell("Grid1", 0, 10), "119.00");
-  EXPECT_TRUE(host.at("Cmdpdf").enabled);
-  EXPECT_FALSE(session().mreportrefresh);
-}
-
 // Leaving
-
-TEST_F(Reports, AskBeforeEscapeLeaves) {
-  open("dept");
-  host.answers.assign({false, true});
-  host.escape();
-  EXPECT_EQ(host.questions.back().title + host.lastQuestion() + host.onTop(),
-            "Mirav Confirmation MessageExitfrmreport");
-  host.escape();
-  EXPECT_EQ(host.top(), nullptr);
-  open("accmastclbl");
-  host.escape();
-  EXPECT_EQ(host.onTop(), "frmreport");
-  session().msql = "x";
-  host.press("cmdclose");
-  EXPECT_EQ(host.top(), nullptr);
-  EXPECT_EQ(session().msql + std::to_string(session().mactiveforms), "0");
-}
 
 // Speed
 

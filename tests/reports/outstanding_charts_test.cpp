@@ -17,33 +17,7 @@ class ReportPictures : public ReportScreens {
         " VALUES ('SA', 'D', ?, ?, '01', ?)",
         code, date, amount);
   }
-  // Fills a filter field, shows the parties alone and tells the caption.
-  std::string captionWith(const char* field, const char* value) {
-    host.fill(field, value);
-    host.answers.assign(1, false);
-    host.press("cmdshowrpt");
-    return host.screen().caption;
-  }
 };
-
-TEST_F(ReportPictures, OutstandingIsToldForWhomItIs) {
-  open("ONACRCV");
-  host.press("cmdshowrpt");
-  EXPECT_EQ(said(), "Mirav Message|pl select proper code");
-  party("A00001", "O'NEIL", "ANAND");
-  host.press("cmdshowrpt");
-  EXPECT_EQ(host.lastMessage(), "No Records");
-  EXPECT_FALSE(host.at("Grid1").visible || host.at("cmdprint").enabled);
-  bill("A00001", "2026-06-15", 100);
-  EXPECT_EQ(captionWith("Text1(0)", "a00001"), "Outstanding Receivables For : O'NEIL");
-  EXPECT_EQ(captionWith("Text1(1)", "anand"), "OutStanding Receivables For : anand");
-  EXPECT_EQ(captionWith("Text1(2)", "GUJARAT"), "OutStanding Receivables  For : GUJARAT");
-  EXPECT_EQ(captionWith("Text1(4)", "85"), "OutStanding Receivables  For : GUJARAT");
-  EXPECT_EQ(host.at("Grid1").grid.count(), 2U);
-  host.fill("Text1(4)", "86");
-  host.press("cmdshowrpt");
-  EXPECT_EQ(host.lastMessage(), "pl select proper code");
-}
 
 TEST_F(ReportPictures, OutstandingIsDrawnByAge) {
   for (int n = 1; n <= 12; ++n) {
@@ -78,25 +52,6 @@ TEST_F(ReportPictures, OutstandingIsDrawnByAge) {
   host.fill("Text1(0)", "A00099");
   host.press("cmdshowrpt");
   EXPECT_FALSE(host.at("Chart1").visible);
-  host.key(KeyCode::F9);
-  EXPECT_FALSE(host.at("Chart1").visible);
-}
-
-TEST_F(ReportPictures, SalesAreDrawnByDay) {
-  party("A00001", "PATEL", "ANAND");
-  data().exec(
-      "INSERT INTO SALE (VOUCH_NO, BOOK_CD, VOUCH_DT, PARTY_CD, NET_AMT) VALUES (1, 'SA', '2026-06-01', "
-      "'A00001', 5),"
-      " (2, 'SA', '2026-06-01', 'A00001', 7.25), (3, 'SA', '2026-06-04', 'A00001', 1)");
-  open("SALEBILLSUMMARY");
-  host.press("cmdshowrpt");
-  EXPECT_NE(host.hint().find("F9 = Picture"), std::string::npos);
-  host.key(KeyCode::F9);
-  EXPECT_EQ(host.text("Chart1"), "Sale Bills A Day\n01/Jun: 12.25\n02/Jun: 0.00\n03/Jun: 0.00\n04/Jun: 1.00");
-  host.key(KeyCode::F9);
-  EXPECT_FALSE(host.at("Chart1").visible);
-  open("GSTR1-RD");
-  host.press("cmdshowrpt");
   host.key(KeyCode::F9);
   EXPECT_FALSE(host.at("Chart1").visible);
 }

@@ -102,34 +102,4 @@ TEST_F(Outstanding, WaitsForNobodyWhoSaves) {
   EXPECT_EQ(closingBalances(db).size(), 1U);
 }
 
-TEST_F(Outstanding, TextsOfBillsBreakNothing) {
-  enter({
-      {"D", "2026-06-01", "",                                                    10},
-      {"D", "2026-06-02", "O'NEIL",                                              20},
-      {"D", "2026-06-03", "12345678901234567890123456789012345678901234567890X", 30}
-  });
-  db.exec("UPDATE ALEDGER SET NARRATION = 'O''NEIL, (50%) @ DOOR'");
-  EXPECT_EQ(
-      open(),
-      ". 10 0 10 29\nO'NEIL 20 0 20 28\n12345678901234567890123456789012345678901234567890 30 0 30 27\n");
-  EXPECT_EQ(db.text("SELECT NARRATION FROM CAL"), "ONEIL 50  DOOR");
-}
-
-TEST_F(Outstanding, ACodeLeavesTheFieldsAside) {
-  account("A00002", 86, 1, 0);
-  for (const char* code : {"A00001", "A00002"})
-    enter(
-        {
-            {"D", "2026-06-01", code, 10}
-    },
-        code);
-  query.fields = {"a00002", "anand", "GUJARAT", "", "86 "};
-  EXPECT_EQ(open(), "A00002 10 0 10 29\n");
-  EXPECT_TRUE(run("2026-06-30", "A00001"));
-  EXPECT_EQ(db.text("SELECT PARTY_CD FROM CAL"), "A00001");
-  query.fields[kSalesman] = "S009";
-  EXPECT_FALSE(run("2026-06-30"));
-  EXPECT_EQ(db.number("SELECT COUNT(*) FROM CAL"), 0);
-}
-
 }  // namespace

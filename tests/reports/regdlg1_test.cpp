@@ -63,21 +63,6 @@ TEST_F(Ledgers, KeepTheRefreshForTheNextVoucher) {
   EXPECT_FALSE(session().mreportrefresh);
 }
 
-TEST_F(Ledgers, TellTheSharedLettersApart) {
-  session().mreportkey = "LEDGERS";
-  host.open("regdlg1", {.caller = "frmacc", .value = "a00001"});
-  for (const char letter : {'S', 'P'}) host.key(Key::Alt(letter));
-  EXPECT_EQ(host.onTop() + host.focus(), "regdlg1MaskEdBox1(0)") << "Show and Print are off";
-  host.keys({KeyCode::Enter, KeyCode::Enter});
-  host.answers.push_back(true);
-  host.key(Key::Alt('S'));
-  EXPECT_EQ(host.focus(), "Grid1");
-  host.go("cmdsale(0)");
-  host.key(Key::Alt('P'));
-  EXPECT_TRUE(session().mreportrefresh);
-  EXPECT_FALSE(host.at("Frame1").visible);
-}
-
 TEST_F(Ledgers, HandTheGridOver) {
   show("LEDGERS", true);
   Session& s = session();
@@ -98,15 +83,6 @@ TEST_F(Ledgers, HandTheGridOver) {
   EXPECT_EQ(s.mstamp, "260615_1030");
   EXPECT_EQ(host.viewed, (std::vector<std::string>{(folder / "report.xlsx").string(),
                                                    (folder / "BILLS" / "RPT260615_1030.pdf").string()}));
-}
-
-TEST_F(Ledgers, HandAnEmptyGridOverBeforeOneIsShown) {
-  session().mreportkey = "TLEDGERS";
-  host.open("regdlg1");
-  host.press("cmdpdf");
-  host.press("cmdexcel");
-  EXPECT_EQ(host.viewed.size(), 2U);
-  EXPECT_TRUE(host.messages.empty());
 }
 
 }  // namespace

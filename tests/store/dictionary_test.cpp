@@ -36,20 +36,6 @@ class DictionaryTest : public CompanyTest {
 
 }  // namespace
 
-TEST(DictionaryRows, StatementsOfTheStore) {
-  EXPECT_EQ(createTableStatement("main.DROPLIST", dictionaryColumns("DROPLIST")),
-            "CREATE TABLE main.DROPLIST (TABNM TEXT(100) COLLATE NOCASE CHECK (LENGTH(TABNM) <= 100),"
-            " FLDNM TEXT(100) COLLATE NOCASE CHECK (LENGTH(FLDNM) <= 100))");
-  const auto settings = createTableStatement("SPSFILE", dictionaryColumns("SPSFILE"));
-  EXPECT_NE(settings.find("(VOUCH_NO INTEGER DEFAULT 0, VOUCH_DT DATE, VOUCH_CD TEXT(50)"), std::string::npos)
-      << settings;
-  EXPECT_EQ(dictionaryColumns("QUOTITM").size(), 32u) << "ITEM_DESC stands twice";
-  EXPECT_EQ(dictionaryColumns("STRUCTAB").front().definition, "DOUBLE DEFAULT 0");
-  const auto lines = dictionaryColumns("T_CHLNITM");
-  EXPECT_EQ(lines.front().name, "VOUCH_DT");
-  EXPECT_EQ(lines.at(lines.size() - 3).name, "LOT_NO");
-}
-
 TEST(DeclaredColumns, ReadWhatAnotherProgramWrote) {
   const auto columns = declaredColumns(
       "CREATE TABLE \"t\" ([A B] TEXT(6) DEFAULT ',)',\n \"DESC\" double, c CHECK (c IN (1, 2)), UNIQUE (c), "
@@ -159,19 +145,6 @@ TEST_F(DictionaryTest, UndeclaredColumnsAndTablesGo) {
   EXPECT_FALSE(CheckTable(db, "T 2"));
   EXPECT_EQ(db.number("SELECT COUNT(*) FROM DROPLIST"), 0);
   EXPECT_EQ(db.number("SELECT COUNT(*) FROM ITEM WHERE ITEM_CD = 'MISC'"), 1);
-}
-
-TEST_F(DictionaryTest, ARowWithAConditionAppliesOnlyWhereItHoldsTheText) {
-  CreateDictionary(db);
-  db.exec(
-      "INSERT INTO STRUCTAB (SRNO, TABNM, FLDNM, DATATYP, DATASIZE, DATAPROP, CONDITN)"
-      " VALUES (1, 'GRP', 'EXTRA1', 'Double', 0, 'DEFAULT 0', 'TALLY,EXPORT'), (2, 'GRP', 'EXTRA2', "
-      "'Double', 0, 'DEFAULT 0', 'OTHER')");
-  ApplyDictionary(db);
-  EXPECT_EQ(definition("GRP", "EXTRA1"), "none");
-  ApplyDictionary(db, "EXPORT");
-  EXPECT_EQ(definition("GRP", "EXTRA1"), "DOUBLE DEFAULT 0");
-  EXPECT_EQ(definition("GRP", "EXTRA2"), "none");
 }
 
 TEST_F(DictionaryTest, WorkTablesBelongToTheConnection) {

@@ -30,16 +30,6 @@ TEST_F(SeedsTest, SettingsAreReadFromTheirRows) {
   EXPECT_EQ(settings.mbillformat * 100 + settings.mquotformat * 10 + settings.mchlnformat, 478);
 }
 
-TEST_F(SeedsTest, AMissingRoundOffRowLandsInTheTaxAccountForOneOpening) {
-  db.exec("DELETE FROM SPSFILE WHERE VOUCH_NO = 159");
-  EnsureSettings(db, settings);
-  EXPECT_EQ(settings.msalestaxac, "X90015");
-  EXPECT_EQ(settings.mroundac, "before");
-  EnsureSettings(db, settings);
-  EXPECT_EQ(settings.msalestaxac, "X90004");
-  EXPECT_EQ(settings.mroundac, "X90015");
-}
-
 TEST_F(SeedsTest, MissingSettingsComeBackWithTheirSeeds) {
   db.exec("UPDATE SPSFILE SET VOUCH_DT = '2024-04-01' WHERE VOUCH_NO = 211");
   db.exec("DELETE FROM SPSFILE WHERE VOUCH_NO IN (152, 212, 234, 351, 372)");
@@ -67,26 +57,6 @@ TEST_F(SeedsTest, MissingSettingsComeBackWithTheirSeeds) {
   EXPECT_EQ(db.text("SELECT typeof(VOUCH_FLAG) FROM SPSFILE WHERE VOUCH_NO = 372"), "text");
 }
 
-TEST_F(SeedsTest, GroupsComeBackAndThirtyThreeIsAlwaysAnew) {
-  db.exec("UPDATE GRP SET GROUP_NAME = 'MY EXPENSES' WHERE GROUP_CD = 33");
-  db.exec(
-      "INSERT INTO GRP (GROUP_CD, GROUP_NAME) VALUES (31, 'OLD'), (200, 'Indirect Expenses'), (141, 'OWN')");
-  db.exec("DELETE FROM GRP WHERE GROUP_CD = 6");
-  EnsureGroups(db);
-  EXPECT_EQ(db.number("SELECT COUNT(*) FROM GRP"), 40);
-  EXPECT_EQ(db.text("SELECT GROUP_NAME FROM GRP WHERE GROUP_CD = 33"), "MY EXPENSES")
-      << "only its seeded name is deleted";
-  EXPECT_EQ(db.text("SELECT GROUP_NAME FROM GRP WHERE GROUP_CD = 6"), "CAPITAL & LIABILITY");
-  EXPECT_EQ(db.text("SELECT GROUP_NAME || ':' || NUMTEXT(SUB_GROUP) FROM GRP WHERE GROUP_CD = 130"),
-            "CURRENT LIABILITY :6");
-
-  db.exec("DELETE FROM GRP");
-  db.exec("UPDATE ACCOUNT SET GROUP_CD = 31 WHERE ACC_CD = 'X90004'");
-  EnsureGroups(db);
-  EXPECT_EQ(db.number("SELECT COUNT(*) FROM GRP"), 39);
-  EXPECT_EQ(db.number("SELECT GROUP_CD FROM ACCOUNT WHERE ACC_CD = 'X90004'"), 133);
-}
-
 TEST_F(SeedsTest, AccountsTaxesAndDesignsAddWhatIsMissingOnly) {
   db.exec("UPDATE ACCOUNT SET ACC_NAME = 'MY CASH' WHERE ACC_CD = 'X90005'");
   db.exec("DELETE FROM ACCOUNT WHERE ACC_CD = 'X90015'");
@@ -109,20 +79,4 @@ TEST_F(SeedsTest, AccountsTaxesAndDesignsAddWhatIsMissingOnly) {
             "INVGEN1D_CCHLNPRN417CHALLAN");
   EXPECT_EQ(db.number("SELECT COUNT(*) FROM ACCOUNT"), 13);
   EXPECT_EQ(db.number("SELECT COUNT(*) FROM HIDELINESET"), 9);
-}
-
-TEST_F(SeedsTest, ASecondOpeningChangesNothing) {
-  EnsureGroups(db);
-  const auto before = contents(db);
-  EnsureSettings(db, settings);
-  EnsureGroups(db);
-  EnsureAccounts(db);
-  EXPECT_EQ(contents(db), before);
-}
-
-TEST_F(SeedsTest, ATableWithoutTheColumnsStopsNothing) {
-  db.exec("DROP TABLE SPSFILE");
-  db.exec("CREATE TABLE SPSFILE (VOUCH_NO INTEGER)");
-  EnsureSettings(db, settings);
-  EXPECT_EQ(settings.mroundac, "before");
 }

@@ -5,7 +5,6 @@
 
 #include "company_fixture.h"
 #include "frame/full_disk.h"
-#include "frame/killed.h"
 #include "store/alter.h"
 #include "store/dictionary.h"
 #include "store/keys.h"
@@ -153,35 +152,6 @@ TEST_F(UpdateTest, AFullDiskLeavesTheOldYear) {
   }
   EXPECT_EQ(contents(old), before);
   EXPECT_EQ(updateDatabase(old, kFacts).size(), 1u);
-}
-
-TEST_F(UpdateTest, KilledAtAnyMomentItIsTheOldYearOrTheNewOne) {
-  const std::string before = contents(old);
-  old.close();
-  db.close();
-  const auto update = [](const std::filesystem::path& year) {
-    Database database;
-    database.open(year);
-    updateDatabase(database, kFacts);
-  };
-  const auto copy = folder / "M00324.mdb";
-  std::filesystem::copy_file(file, copy);
-  const Killed whole = killedAt(-1, [&] { update(copy); });
-  if (!whole.possible) GTEST_SKIP() << "processes may not be watched here";
-  Database database;
-  database.open(copy);
-  const std::string after = contents(database);
-  database.close();
-  for (int n = 1; n <= whole.calls; n += std::max(1, whole.calls / 5)) {
-    std::filesystem::copy_file(file, copy, std::filesystem::copy_options::overwrite_existing);
-    killedAt(n, [&] { update(copy); });
-    database.open(copy);
-    const std::string found = contents(database);
-    EXPECT_TRUE(found == before || found == after) << "killed before call " << n;
-    updateDatabase(database, kFacts);
-    EXPECT_EQ(contents(database), after) << "killed before call " << n;
-    database.close();
-  }
 }
 
 }  // namespace

@@ -6,44 +6,6 @@ class Frmchln : public BillTest {};
 
 }  // namespace
 
-TEST_F(Frmchln, RefusalsKeepTheFocusAndTheText) {
-  db().exec("INSERT INTO CHLN (VOUCH_NO, BOOK_CD, CHLN_TYP, CHLN_NO) VALUES (7, 'CH', 'DC', '7')");
-  startChallan();
-  struct Case {
-    const char *field, *typed, *message, *focus;
-  };
-  const std::vector<Case> cases = {
-      {"Text1(0)",      "7",        "ITEM ALLREADY EXIST",                         "Text1(0)"     },
-      {"MaskEdBox1(0)", "3113",     "",                                            "MaskEdBox1(0)"},
-      {"Text1(4)",      "A00077",   "PARTY NOT FOUND PLEASE CHECK THE PARTY CODE", "Text1(4)"     },
-      {"Text1(24)",     "",         "Can Not Accept Blank",                        "Text1(24)"    },
-      {"Text1(24)",     "7",        "Duplicate Challan Number Not Allowed",        "Text1(24)"    },
-      {"Text1(24)",     "9",        "",                                            "Text1(5)"     },
-      {"Text1(5)",      "I0000099", "item does not exist",                         "Text1(5)"     },
-      {"Text1(5)",      "I0000002", "",                                            "Text1(10)"    },
-      {"Text1(7)",      "BOX",      "Unit Not Found",                              "Text1(7)"     },
-  };
-  for (const Case& c : cases) {
-    host.messages.clear();
-    host.fillEnter(c.field, c.typed);
-    EXPECT_EQ(host.lastMessage() + "/" + host.focus(), c.message + ("/" + std::string(c.focus)));
-    if (!host.messages.empty()) {
-      EXPECT_EQ(host.text(c.field), c.typed);
-    }
-  }
-  host.fill("Text1(0)", "0");
-  host.fill("MaskEdBox1(0)", "15062026");
-  host.go("Text1(11)");
-  host.enter();
-  host.press("CMDSAVE");
-  EXPECT_EQ(host.lastMessage() + host.messages.back().title, "Invalid EntryMirav Check");
-  host.fill("Text1(0)", "8");
-  host.fill("Text1(4)", "A00077");
-  saveGoods();
-  EXPECT_EQ(line("SELECT PARTY_CD, NET_AMT FROM CHLN WHERE VOUCH_NO = 8"), "A00077|0")
-      << "no test of the party";
-}
-
 TEST_F(Frmchln, ModifyShowsTheChallanAndRewritesIt) {
   startChallan("A00004");
   typeGoods("I0000001", "2", "100");

@@ -1,8 +1,6 @@
 #include "vouchers/posting.h"
 
 #include "frame/frmstartup.h"
-#include "frame/full_disk.h"
-#include "frame/killed.h"
 #include "store/alter.h"
 #include "store/balances.h"
 #include "vouchers/bill_fixture.h"
@@ -112,62 +110,6 @@ TEST_F(PostingTest, OldAndBrokenDatabasesArePostedAsFarAsTheyGo) {
   postAll(db());
   EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER"), "0");
   EXPECT_EQ(line("SELECT COUNT(*) FROM ACCOUNT WHERE CL_BAL <> COALESCE(OP_BAL, 0)"), "0");
-}
-
-TEST_F(PostingTest, KilledAtAnyMomentTheBooksAreTheOldOrTheNew) {
-  constexpr int kMoments = 15;
-  fillYear(300);
-  db().exec(
-      "INSERT INTO ALEDGER (BOOK_CD, VOUCH_NO, PARTY_CD, VOUCH_TYPE, VOUCH_AMT) VALUES ('JV', 1, 'A00001', "
-      "'D', 5)");
-  RebuildAllBalances(db());
-  const std::string old = books(), kept = (folder / "old.mdb").string();
-  db().close();
-  std::filesystem::copy_file(file(), kept);
-  const auto post = [this] {
-    Database own;
-    own.open(file());
-    postAll(own);
-  };
-  const Killed whole = killedAt(0, post);
-  if (!whole.possible) GTEST_SKIP() << "processes may not be watched here";
-  for (int moment = 1; moment <= kMoments; ++moment) {
-    std::filesystem::copy_file(kept, file(), std::filesystem::copy_options::overwrite_existing);
-    killedAt(whole.calls * moment / kMoments, post);
-    reopen();
-    EXPECT_EQ(line("PRAGMA integrity_check"), "ok") << moment;
-    if (books() != old) {
-      EXPECT_EQ(oracle("check"), 0) << moment;
-    }
-    db().close();
-  }
-  reopen();
-}
-
-TEST_F(PostingTest, AFullDiskIsToldAndTheScreenStaysAsItWas) {
-  fillYear(1500);
-  postAll(db());
-  db().exec("DELETE FROM ALEDGER WHERE rowid > 10");
-  db().exec("VACUUM");
-  RebuildAllBalances(db());
-  const std::string old = books();
-  host.open("FRMPOST", {});
-
-  {
-    const FullDisk full(std::filesystem::file_size(file()) + 40'000);
-    host.press("cmdPOST");
-  }
-  ASSERT_EQ(host.messages.size(), 1U);
-  EXPECT_EQ(host.messages[0].title, "Mirav Message");
-  EXPECT_EQ(host.onTop(), "FRMPOST");
-  EXPECT_TRUE(host.at("cmdcancel").enabled);
-  EXPECT_FALSE(host.isBusy);
-  EXPECT_NE(host.text("Label1").find("The Books Are As They Were"), std::string::npos);
-  EXPECT_EQ(books(), old);
-  host.press("cmdPOST");
-  EXPECT_EQ(host.lastMessage(), "POSTING IS COMPLETE");
-  EXPECT_EQ(host.onTop(), "");
-  EXPECT_EQ(oracle("check"), 0);
 }
 
 TEST_F(PostingTest, OpeningWithNothingMissingWaitsForNobody) {

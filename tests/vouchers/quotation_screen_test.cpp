@@ -13,24 +13,6 @@ class FrmQuot : public BillTest {
 
 }  // namespace
 
-TEST_F(FrmQuot, TaxesFollowTheirRatesAlone) {
-  startOffer("A00003");
-  EXPECT_EQ(host.lastMessage(), "STATE CODE NOT SPECIFIED IN PARTY");
-  typeOffered("I0000002", "10", "100", "0");
-  EXPECT_EQ(line("SELECT CGSTRT, SGSTRT, IGSTRT, CGSTAMT, SGSTAMT, IGSTAMT, AMOUNT FROM T_QUOTITM"),
-            "0|0|18|0|0|180|1180");
-  host.fillEnter("Text1(12)", "I0000004");
-  EXPECT_EQ(host.lastMessage() + fields({36, 38, 40}), "SPECIFY RATE OF TAX IN ITEM||");
-  host.fillEnter("Text1(8)", "7abc");
-  host.fillEnter("Text1(16)", "150");
-  host.fillEnter("Text1(38)", "10");
-  EXPECT_EQ(host.focus() + "/" + fields({8, 9, 39, 14}), "Text1(39)/7|10|-3.5|-38.5");
-  host.fillEnter("Text1(39)", "99");
-  EXPECT_EQ(fields({39, 14}), "-3.5|-38.5") << "a typed amount does not stay";
-  host.fillEnter("Text1(41)", "99");
-  EXPECT_EQ(host.focus() + "/" + fields({41, 14}), "Text1(14)/0|-38.5");
-}
-
 TEST_F(FrmQuot, ALineThatIsDroppedLeavesTheTotals) {
   startOffer();
   typeOffered("I0000002", "1", "10", "0");

@@ -107,28 +107,6 @@ TEST(Layout, ScaleAndFitApplyToEverything) {
   }
 }
 
-TEST(Layout, HiddenRowsAndColumnsTakeNothing) {
-  Workbook book = made([](lxw_worksheet* sheet) {
-    room(sheet, 720);
-    rows(sheet, 144, 15);
-    lxw_row_col_options hidden{};
-    hidden.hidden = 1;
-    worksheet_set_column_opt(sheet, 1, 1, 20, nullptr, &hidden);
-    worksheet_write_string(sheet, 0, 1, "unseen", nullptr);
-    worksheet_write_string(sheet, 0, 2, "third", nullptr);
-  });
-  EXPECT_EQ(drawn(book).size(), 3u);
-  book.sheet("bill").hideRows(41, 140);
-  const auto pages = drawn(book);
-  ASSERT_EQ(pages.size(), 1u);
-  EXPECT_EQ(pages[0].find("row 41"), nullptr);
-  EXPECT_EQ(pages[0].find("unseen"), nullptr);
-  EXPECT_NEAR(pages[0].find("row 141")->box.y, pages[0].find("row 40")->box.y + 15, 1e-6);
-  EXPECT_NEAR(pages[0].find("third")->box.x, 36 + 48 + 2.25, 1e-6);
-  book.sheet("Bill").hideRows(10, 5);
-  EXPECT_EQ(drawn(book)[0].texts.size(), 45u);
-}
-
 TEST(Layout, ManualBreaksStandUntilTheyAreReset) {
   Workbook book = made([](lxw_worksheet* sheet) {
     room(sheet, 720);
@@ -162,25 +140,6 @@ TEST(Layout, TitlesAreasAndCentring) {
   EXPECT_NEAR(pages[2].find("row 95")->box.y, pages[2].texts[0].box.y + 30, 1e-6);
   EXPECT_EQ(pages[0].find("outside"), nullptr);
   EXPECT_NEAR(pages[0].texts[0].box.x, (595.276 - 96) / 2 + 2.25, 1e-3);
-}
-
-TEST(Layout, PaperSizesAndOrientation) {
-  const std::tuple<uint8_t, bool, long, long> cases[] = {
-      {9,  false, 595, 842 },
-      {9,  true,  842, 595 },
-      {11, false, 420, 595 },
-      {5,  false, 612, 1008},
-      {0,  false, 595, 842 }, // none said: A4
-  };
-  for (const auto& [paper, wide, width, height] : cases) {
-    const auto pages = drawn([kind = paper, turned = wide](lxw_worksheet* sheet) {
-      worksheet_set_paper(sheet, kind);
-      if (turned) worksheet_set_landscape(sheet);
-      rows(sheet, 1, 15);
-    });
-    EXPECT_EQ(std::lround(pages[0].width), width) << paper;
-    EXPECT_EQ(std::lround(pages[0].height), height) << paper;
-  }
 }
 
 TEST(Layout, HeaderAndFooter) {

@@ -80,46 +80,4 @@ TEST(Paint, WhatCannotBeWrittenIsSaid) {
   }
 }
 
-TEST(Paint, PicturesOfEachPageStandInPapers) {
-  const TempFolder folder;
-  twoPages(*painter()->image(folder / "page.png", 36));
-  const auto side = [](const std::string& png, size_t at) {
-    return static_cast<unsigned char>(png.at(at)) * 256 + static_cast<unsigned char>(png.at(at + 1));
-  };
-  const std::string png = bytesOf(folder / "page.png"), second = bytesOf(folder / "page-2.png");
-  EXPECT_EQ(side(png, 18), 298);
-  EXPECT_EQ(side(png, 22), 421);
-  EXPECT_EQ(side(second, 18), 421);
-  EXPECT_EQ(side(second, 22), 298);
-  const auto paper = painter()->pdf(folder / "paper.pdf");
-  for (int page = 0; page < 3; ++page) {
-    paper->page(595, 842);
-    paper->picture({72, 72, 100, 50}, png);
-    paper->picture({72, 200, 100, 50}, "no picture at all");
-  }
-  paper->finish();
-  const std::string images = outputOf("pdfimages -list " + (folder / "paper.pdf").string());
-  EXPECT_NE(images.find("298   421"), std::string::npos) << images;
-  // Once in the file, however many pages show it.
-  EXPECT_LT(bytesOf(folder / "paper.pdf").size(), 2 * png.size() + 6000);
-}
-
-TEST(Paint, MeasuresAddUp) {
-  const auto made = painter();
-  const auto& metrics = made->metrics();
-  const paint::Font font{.family = "Calibri", .size = 11};
-  paint::Font bold = font, twice = font;
-  bold.bold = true;
-  twice.size = 22;
-  // A digit of the design's font is 7 pixels wide at 96 dots per inch, less rounding.
-  EXPECT_NEAR(metrics.width("0000000000", font), 55.8, 1.0);
-  EXPECT_NEAR(metrics.width("Total", twice), 2 * metrics.width("Total", font), 0.1);
-  EXPECT_GT(metrics.width("Total", bold), metrics.width("Total", font));
-  EXPECT_NEAR(metrics.lineHeight(font), 13.4, 0.5);
-  const double one = metrics.lineHeight(font);
-  EXPECT_NEAR(metrics.wrappedHeight("a", font, 100), one, 0.01);
-  EXPECT_NEAR(metrics.wrappedHeight("a\nb\nc", font, 100), 3 * one, 0.01);
-  EXPECT_NEAR(metrics.wrappedHeight("aaaa aaaa", font, metrics.width("aaaa ", font)), 2 * one, 0.01);
-}
-
 }  // namespace

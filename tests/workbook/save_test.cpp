@@ -178,40 +178,4 @@ TEST(Save, WhatIsNotUnderstoodStays) {
   }
 }
 
-// Also its names in a workbook part with prefixes of its own.
-TEST(Save, PrefixedPartsKeepTheirPrefix) {
-  Workbook book = Workbook::fromBytes(books::zipped(books::withSheet(
-      R"(<x:worksheet xmlns:x="http://schemas.openxmlformats.org/spreadsheetml/2006/main"><x:sheetData>)"
-      R"(<x:row r="2"><x:c r="B2"><x:v>5</x:v></x:c></x:row></x:sheetData></x:worksheet>)",
-      R"(<x:workbook xmlns:x="http://schemas.openxmlformats.org/spreadsheetml/2006/main")"
-      R"( xmlns:rel="http://schemas.openxmlformats.org/officeDocument/2006/relationships">)"
-      R"(<x:sheets><x:sheet name="Bill &amp; Co" sheetId="3" rel:id="rId1"/></x:sheets></x:workbook>)")));
-  EXPECT_EQ(book.sheetNames(), std::vector<std::string>{"Bill & Co"});
-  EXPECT_TRUE(book.hasSheet("BILL & CO"));
-  auto& bill = book.sheet("bill & co");
-  EXPECT_EQ(books::said(bill.value(2, 2)), "5");
-  bill.set(2, 3, "text");
-  bill.set(3, 1, 8);
-  const auto after = saved(book);
-  const std::string& sheet = after.at("xl/worksheets/sheet1.xml");
-  EXPECT_FALSE(has(sheet, "<row") || has(sheet, "<c ")) << sheet;
-  EXPECT_EQ(sheet.find("<?xml", 1), std::string::npos);
-  EXPECT_TRUE(has(sheet, "<x:is><x:t xml:space=\"preserve\">text</x:t></x:is>")) << sheet;
-  expectWellFormed(after);
-  EXPECT_EQ(books::said(reloaded(book).sheet("Bill & Co").value(3, 1)), "8");
-}
-
-// When the cell that carries a shared formula is overwritten, its followers keep theirs.
-TEST(Save, SharedFormulaOutlivesItsFirstCell) {
-  Workbook book = withCells(
-      R"(<row><c><v>2</v></c><c><f t="shared" ref="B1:B2" si="0">SUM(A1:$A$9)&amp;"A1"</f></c></row>)"
-      R"(<row><c><v>3</v></c><c><f t="shared" si="0"/></c></row>)");
-  book.sheet("S").set(1, 2, "gone");
-  Workbook again = reloaded(book);
-  again.recalculate();
-  EXPECT_EQ(books::said(again.sheet("S").value(2, 2)), "3A1");
-  again.sheet("S").set(2, 1, 4);
-  EXPECT_EQ(books::said(again.sheet("S").value(2, 2)), "4A1");
-}
-
 }  // namespace
