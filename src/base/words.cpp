@@ -1,7 +1,6 @@
 #include "base/words.h"
 
 #include <libintl.h>
-#include <algorithm>
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
@@ -23,15 +22,16 @@ std::string askedFor() {
 }
 
 // Nothing where the pattern names a place that there is not.
-std::optional<std::string> filled(std::string_view pattern, std::initializer_list<Given> places) {
+std::optional<std::string> filled(std::string_view pattern, std::initializer_list<std::string_view> given) {
   std::string out;
   for (size_t at = 0; at < pattern.size();) {
     const size_t from = pattern.find('{', at), to = pattern.find('}', from);
     if (to == std::string_view::npos) return out.append(pattern.substr(at));
-    const auto* const place =
-        std::ranges::find(places, pattern.substr(from + 1, to - from - 1), &Given::name);
-    if (place == places.end()) return std::nullopt;
-    out.append(pattern.substr(at, from - at)).append(place->value);
+    const std::string_view name = pattern.substr(from + 1, to - from - 1);
+    const auto* place = given.begin();
+    while (place != given.end() && *place != name) place += 2;
+    if (place == given.end()) return std::nullopt;
+    out.append(pattern.substr(at, from - at)).append(place[1]);
     at = to + 1;
   }
   return out;
@@ -63,9 +63,9 @@ std::string words(std::string_view english) {
   return found == key.c_str() ? text : std::string(found);
 }
 
-std::string words(std::string_view pattern, std::initializer_list<Given> places) {
-  const auto plain = filled(pattern, places);
+std::string filledWords(std::string_view pattern, std::initializer_list<std::string_view> namesAndValues) {
+  const auto plain = filled(pattern, namesAndValues);
   if (!plain) throw std::logic_error("a place has no value: " + std::string(pattern));
   if (!opened) return *plain;
-  return filled(words(pattern), places).value_or(*plain);
+  return filled(words(pattern), namesAndValues).value_or(*plain);
 }

@@ -20,14 +20,16 @@ void openWords(const std::string& folder, const std::string& language = {});
 
 std::string words(std::string_view english);
 
-struct Given {
-  std::string_view name;
-  std::string value;  // data, or words that have been looked up
-};
-// A text with figures or names in it: "Entry No {number} Saved" with {"number", "148"}. The pattern
-// is looked up whole, so that a translation may order its places anew; one that asks for a place
-// that the English pattern lacks counts as missing.
-std::string words(std::string_view pattern, std::initializer_list<Given> places);
+// A text with figures or names in it: words("Entry No {number} Saved", "number", "148"), names and
+// values in turn; a value is data, or words that have been looked up. The pattern is looked up whole,
+// so that a translation may order its places anew; one that asks for a place that the English pattern
+// lacks counts as missing.
+std::string filledWords(std::string_view pattern, std::initializer_list<std::string_view> namesAndValues);
+template <class Value, class... More>
+std::string words(std::string_view pattern, std::string_view name, const Value& value, const More&... more) {
+  static_assert(sizeof...(More) % 2 == 0, "a name goes with each value");
+  return filledWords(pattern, {name, std::string_view(value), std::string_view(more)...});
+}
 
 // Marks a text in a table or constant that is looked up later, for those who collect the texts.
 constexpr const char* english(const char* text) { return text; }

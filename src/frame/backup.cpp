@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/voucher_kinds.h"
 #include "store/backup.h"
 #include "store/dictionary.h"
@@ -72,7 +73,8 @@ void ensureFolder(const fs::path& folder) {
   std::error_code error, ignored;
   if (fs::is_directory(folder, ignored)) return;
   if (fileExists(folder))
-    throw DatabaseError(DatabaseError::Kind::other, {}, folder.string() + " is a file and no folder.");
+    throw DatabaseError(DatabaseError::Kind::other, {},
+                        words("{file} is a file and no folder.", "file", folder.string()));
   fs::create_directory(folder, error);
   if (error) throw DatabaseError(fileError(folder, error).kind(), folder.string(), error.message());
 }

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/backup.h"
 #include "frame/companies.h"
 #include "frame/routines.h"
@@ -13,8 +14,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* kDone = "Mirav Information";
-constexpr const char* kConfirm = "Mirav Confirmation Message";
+constexpr const char* kDone = english("Mirav Information");
+constexpr const char* kConfirm = english("Mirav Confirmation Message");
 constexpr size_t kKeptOfExit = 10;
 
 fs::path folder() { return backupFolder(session().mbackuppath, session().mapppath); }
@@ -25,7 +26,7 @@ fs::path backUp(Host& host, BackupKind kind) {
   const std::string failure = failureOf(host, [&] {
     copy = makeBackup(data(), catalogue(), folder(), session().mdataname, MakeStamp(host), kind);
   });
-  if (!failure.empty()) host.message("Backup Not Done\r\n" + failure, kMessageTitle);
+  if (!failure.empty()) host.message(words("Backup Not Done\r\n{why}", "why", words(failure)), kMessageTitle);
   return copy;
 }
 
@@ -39,9 +40,11 @@ fs::path named(const std::string& typed) {
 }
 
 std::string factsText(const BackupFacts& facts) {
-  std::string text = facts.company.empty() ? "Without Company Details" : facts.company;
-  text += " :: " + std::to_string(facts.bills) + (facts.bills == 1 ? " Bill" : " Bills");
-  if (facts.last) text += " :: Last Of " + formatDate(*facts.last, "dd/MMM/yyyy");
+  const std::string company = facts.company.empty() ? words("Without Company Details") : facts.company;
+  std::string text =
+      words(facts.bills == 1 ? english("{company} :: {count} Bill") : english("{company} :: {count} Bills"),
+            "company", company, "count", std::to_string(facts.bills));
+  if (facts.last) text += words(" :: Last Of {date}", "date", formatDate(*facts.last, "dd/MMM/yyyy"));
   return text;
 }
 
@@ -49,18 +52,20 @@ std::string factsText(const BackupFacts& facts) {
 bool agreed(Host& host, const fs::path& file, const std::string& standing) {
   const Session& s = session();
   if (!fileExists(file)) {
-    host.message("Backup Not Found\r\n" + file.string(), kMessageTitle);
+    host.message(words("Backup Not Found\r\n{file}", "file", file.string()), kMessageTitle);
     return false;
   }
   const BackupFacts facts = factsOf(file);
   const std::string name = file.filename().string();
   if (!belongsTo(facts, file, s.mdataname, standing)) {
-    host.message(name + " Is Not A Backup Of " + s.mdataname + "\r\n" + factsText(facts), kMessageTitle);
+    host.message(words("{file} Is Not A Backup Of {books}\r\n{facts}", "file", name, "books", s.mdataname,
+                       "facts", factsText(facts)),
+                 kMessageTitle);
     return false;
   }
-  return host.ask(
-      "Do You Want To Restore " + name + "\r\n" + factsText(facts) + "\r\nIn Place Of " + s.mdbfile,
-      kConfirm);
+  return host.ask(words("Do You Want To Restore {file}\r\n{facts}\r\nIn Place Of {books}", "file", name,
+                        "facts", factsText(facts), "books", s.mdbfile),
+                  kConfirm);
 }
 
 // The backup that a person chooses for the session's company-year; `standing` is what its books
@@ -68,26 +73,29 @@ bool agreed(Host& host, const fs::path& file, const std::string& standing) {
 std::optional<fs::path> chosen(Host& host, const std::string& standing) {
   const Session& s = session();
   const auto backups = backupsOf(folder(), s.mdataname);
-  const auto given = host.input("Type Name Of Backup To Restore \r\nIn Place Of " + s.mdbfile, kConfirm,
-                                backups.empty() ? "" : backups.back());
+  const auto given =
+      host.input(words("Type Name Of Backup To Restore \r\nIn Place Of {books}", "books", s.mdbfile),
+                 kConfirm, backups.empty() ? "" : backups.back());
   if (!given || trim(*given).empty()) return {};
   const fs::path file = named(trim(*given));
   if (!agreed(host, file, standing)) return {};
   return file;
 }
 
-struct Words {
-  std::string text, title;
+struct Told {
+  bool done;
+  std::string text;
 };
 
 // The company-year's file is closed meanwhile.
-Words exchange(Host& host, const fs::path& file) {
+Told exchange(Host& host, const fs::path& file) {
   fs::path kept;
   const std::string failure =
       failureOf(host, [&] { kept = restoreBackup(file, session().mdbpath, MakeStamp(host)); });
-  if (!failure.empty()) return {"Restore Not Done\r\n" + failure, kMessageTitle};
-  if (kept.empty()) return {"Restore Done", kDone};
-  return {"Restore Done\r\nThe Replaced Books Are Kept In " + kept.filename().string(), kDone};
+  if (!failure.empty()) return {false, words("Restore Not Done\r\n{why}", "why", words(failure))};
+  if (kept.empty()) return {true, english("Restore Done")};
+  return {true,
+          words("Restore Done\r\nThe Replaced Books Are Kept In {file}", "file", kept.filename().string())};
 }
 
 }  // namespace
@@ -95,7 +103,7 @@ Words exchange(Host& host, const fs::path& file) {
 bool backUpNow(Host& host) {
   const fs::path copy = backUp(host, BackupKind::Asked);
   if (copy.empty()) return false;
-  host.message("Backup Done\r\n" + copy.string(), kDone);
+  host.message(words("Backup Done\r\n{file}", "file", copy.string()), kDone);
   return true;
 }
 
@@ -110,10 +118,10 @@ bool restoreNow(Host& host) {
     const auto file = chosen(host, savedUnder(data()));
     if (!file) return false;
     s.cndata.reset();
-    const Words words = exchange(host, *file);
+    const Told told = exchange(host, *file);
     if (!openCompanyYear({s.mcompid, s.mcompname, s.mfromyr, s.mtoyr}).empty())
       throw DatabaseError(DatabaseError::Kind::missing, s.mdbfile, {});
-    host.message(words.text, words.title);
+    host.message(told.text, told.done ? kDone : kMessageTitle);
     return true;
   } catch (const std::exception& error) {
     host.message(error.what(), kMessageTitle);
@@ -128,9 +136,9 @@ bool offerRestore(Host& host) {
     if (backupsOf(folder(), session().mdataname).empty()) return false;
     const auto file = chosen(host, {});
     if (!file) return false;
-    const Words words = exchange(host, *file);
-    host.message(words.text, words.title);
-    return words.title == kDone;
+    const Told told = exchange(host, *file);
+    host.message(told.text, told.done ? kDone : kMessageTitle);
+    return told.done;
   } catch (const std::exception& error) {
     host.message(error.what(), kMessageTitle);
   }

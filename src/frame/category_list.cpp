@@ -2,6 +2,7 @@
 
 #include <system_error>
 
+#include "base/words.h"
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "platform/workbook/create.h"
@@ -9,9 +10,10 @@
 namespace fs = std::filesystem;
 
 fs::path writeCategoryList(Database& db, const fs::path& program) {
-  workbook::List list{.titles = {"Category Listing"}};
+  workbook::List list{.titles = {words("Category Listing")}};
   auto rows = db.query("select dept_cd as CODE, dept_name as NAME from deptment");
-  for (int i = 0; i < rows.count(); ++i) list.columns.push_back({.heading = rows.names().at(i)});
+  for (const char* heading : {english("CODE"), english("NAME")})
+    list.columns.push_back({.heading = words(heading)});
   list.next = [&](std::vector<workbook::Value>& row) {
     if (!rows.next()) return false;
     row = {rows.text(0), rows.text(1)};

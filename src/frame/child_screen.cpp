@@ -1,6 +1,7 @@
 #include "frame/child_screen.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/session.h"
 
 void ChildScreen::opened(const Entry&) {
@@ -20,14 +21,14 @@ void ChildScreen::closed() {
 }
 
 void ChildScreen::focusMoved(Control& control) {
-  const std::string words = hintFor(control);
-  if (!words.empty()) ShowHint(host, words);
+  const std::string hint = hintFor(control);
+  if (!hint.empty()) ShowHint(host, hint);
 }
 
 std::string ChildScreen::hintFor(const Control& control) const {
   if (!control.hint.empty()) return control.hint;
   if (!control.editable()) return {};
-  return trim(control.text).empty() ? "Press Enter For Help" : "Press Enter To Proceed";
+  return trim(control.text).empty() ? english("Press Enter For Help") : english("Press Enter To Proceed");
 }
 
 // Fields and columns
@@ -110,5 +111,5 @@ std::string periodRefusal(Date date) {
   const std::string first = formatDate(session().mstartdt, "dd/MMM/yyyy");
   const std::string last = formatDate(session().menddt, "dd/MMM/yyyy");
   if (typed >= first && typed <= last) return {};
-  return "Pl. Enter Date Between " + first + " and " + last;
+  return words("Pl. Enter Date Between {first} and {last}", "first", first, "last", last);
 }

@@ -8,6 +8,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/session.h"
 #include "store/dictionary.h"
 #include "store/lock_file.h"
@@ -18,7 +19,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* kTaken = "year and company Already Exists";
+constexpr const char* kTaken = english("year and company Already Exists");
 
 CompanyYear read(const Rows& row) {
   return {row.text("COMP_ID"), row.text("COMP_NAME"), row.text("FROMYR"), row.text("TOYR")};
@@ -118,12 +119,13 @@ std::string yearRefusal(const std::string& year, CreateBy by) {
   const bool whole = y == std::floor(y);
   if (by == CreateBy::Enter) {
     if (whole && y >= 2020 && y < 2035) return {};
-    return "Year Entered is not Valid\r\n"
-           "Please Enter Year in 4 Digit Format E.G. 2024\r\n"
-           "You Can Enter Year Between 2020 and 2034";
+    return english(
+        "Year Entered is not Valid\r\n"
+        "Please Enter Year in 4 Digit Format E.G. 2024\r\n"
+        "You Can Enter Year Between 2020 and 2034");
   }
-  if (trim(year).empty()) return "Enter Valid Year";
-  return whole && y >= 2000 && y <= 2050 ? "" : "Year Entered is not Valid";
+  if (trim(year).empty()) return english("Enter Valid Year");
+  return whole && y >= 2000 && y <= 2050 ? "" : english("Year Entered is not Valid");
 }
 
 }  // namespace
@@ -166,15 +168,16 @@ std::optional<std::string> nextCompanyCode(Database& catalogue) {
 
 std::string creationRefusal(Database& catalogue, const fs::path& folder, const CompanyYear& typed,
                             CreateBy by) {
-  if (trim(typed.name).empty()) return "Company Name Can Not Be Blank\r\nType Company Name and Press Enter";
-  if (std::string words = yearRefusal(typed.from, by); !words.empty()) return words;
+  if (trim(typed.name).empty())
+    return english("Company Name Can Not Be Blank\r\nType Company Name and Press Enter");
+  if (std::string refusal = yearRefusal(typed.from, by); !refusal.empty()) return refusal;
   const CompanyYear wanted = asStored(typed);
   // A year that was renamed is no duplicate by its name, but its books must not be written over.
   if (catalogue.first("SELECT 1 FROM compny WHERE COMP_NAME = ? AND FROMYR = ?", wanted.name, wanted.from) ||
       companyYear(catalogue, wanted.code, wanted.from))
     return kTaken;
   if (!fileExists(templateFile(folder, by)))
-    return "Template " + templateFile(folder, by).filename().string() + " Not Found";
+    return words("Template {file} Not Found", "file", templateFile(folder, by).filename().string());
   return {};
 }
 
@@ -245,7 +248,7 @@ std::string openCompanyYear(const CompanyYear& which) {
   s.mdbpath = (fs::path(s.mapppath) / s.mdbfile).string();
   s.mfromyr = trim(which.from);
   s.mtoyr = trim(which.to);
-  if (!fileExists(s.mdbpath)) return "Company Data Not Found";
+  if (!fileExists(s.mdbpath)) return english("Company Data Not Found");
 
   auto opened = std::make_unique<Database>();
   opened->open(s.mdbpath);

@@ -1,6 +1,7 @@
 #include "frame/company_details.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "store/dictionary.h"
 
 namespace {
@@ -96,12 +97,12 @@ void saveCompanyDetails(Session& s, Fields fields) {
 }
 
 std::string shellCaption(const Session& s) {
-  return s.mcompname + " : " + s.myrpair + "  :  M - " + s.mversion +
-         " Accounting Period : " + formatDate(s.mstartdt, "dd/MMM/yyyy") + " TO " +
-         formatDate(s.menddt, "dd/MMM/yyyy");
+  return words("{company} : {years}  :  M - {version} Accounting Period : {first} TO {last}", "company",
+               s.mcompname, "years", s.myrpair, "version", s.mversion, "first",
+               formatDate(s.mstartdt, "dd/MMM/yyyy"), "last", formatDate(s.menddt, "dd/MMM/yyyy"));
 }
 
 std::string periodPanel(const Session& s) {
-  return s.mcompname + " : FROM " + formatDate(s.mstartdt, "dd/MM/yy") + " TO " +
-         formatDate(s.menddt, "dd/MM/yy");
+  return words("{company} : FROM {first} TO {last}", "company", s.mcompname, "first",
+               formatDate(s.mstartdt, "dd/MM/yy"), "last", formatDate(s.menddt, "dd/MM/yy"));
 }

@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/backup_menu.h"
 #include "frame/links.h"
 #include "frame/routines.h"
@@ -10,8 +11,8 @@
 
 namespace {
 
-constexpr const char* kConfirm = "Mirav Confirmation Message";
-constexpr const char* kKeys = "Up / Down = Scroll  ::  Enter = Select  ::  Esc = Exit";
+constexpr const char* kConfirm = english("Mirav Confirmation Message");
+constexpr const char* kKeys = english("Up / Down = Scroll  ::  Enter = Select  ::  Esc = Exit");
 
 // clang-format off
 const ScreenSpec& spec() {
@@ -156,7 +157,7 @@ Go FRMCOMP::searchBack() {
 
 void FRMCOMP::search(const std::string& text) {
   set(at("Text5"), text);
-  host.hint(text.empty() ? kKeys : "Search = " + text + "  ::  Backspace = Take Back");
+  host.hint(text.empty() ? kKeys : words("Search = {text}  ::  Backspace = Take Back", "text", text));
   fill();
 }
 
@@ -320,7 +321,8 @@ void FRMCOMP::modify() {
       "Change",
       kConfirm);
   if (!given || trim(*given).empty()) return;
-  if (!host.ask("Do You Want to change " + old + "   To   " + *given, Host::kTitle)) return;
+  if (!host.ask(words("Do You Want to change {old}   To   {new}", "old", old, "new", *given), Host::kTitle))
+    return;
   renameCompany(catalogue(), old, trim(*given), shown, trim(at("Text3").text));
   fill(row);
 }
@@ -328,7 +330,8 @@ void FRMCOMP::modify() {
 void FRMCOMP::remove() {
   const CompanyYear which{trim(at("Text1").text), {}, trim(at("Text3").text), trim(at("Text4").text)};
   if (which.code.empty() || which.from.empty()) return;
-  if (!host.ask("Do You Want to Delete " + which.code + " " + which.from + " " + which.to + " ",
+  if (!host.ask(words("Do You Want to Delete {code} {from} {to} ", "code", which.code, "from", which.from,
+                      "to", which.to),
                 Host::kTitle))
     return;
   if (rows_.size() < 2) {

@@ -7,6 +7,7 @@
 #include "base/number.h"
 #include "base/pattern.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/backup_menu.h"
 #include "frame/company_details.h"
 #include "frame/frmstartup.h"
@@ -107,9 +108,10 @@ std::vector<Cell> cells(const std::vector<std::string>& texts) {
 }
 
 std::string weekday(Date date) {
-  constexpr std::array<const char*, 7> names = {"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                                "Thursday", "Friday", "Saturday"};
-  return names[std::chrono::weekday{std::chrono::sys_days{date}}.c_encoding()];
+  constexpr std::array<const char*, 7> names = {english("Sunday"),    english("Monday"),   english("Tuesday"),
+                                                english("Wednesday"), english("Thursday"), english("Friday"),
+                                                english("Saturday")};
+  return words(names[std::chrono::weekday{std::chrono::sys_days{date}}.c_encoding()]);
 }
 
 Date firstOfMonth(Date date) { return {date.year(), date.month(), std::chrono::day{1}}; }
@@ -170,22 +172,22 @@ void frmmain::buildDateHelp() {
   const Date today = host.today();
   struct Line {
     Date date;
-    const char* words;
+    const char* key;
   };
   // clang-format off
   const Line lines[] = {
-      {today,                     "Press ::  F2 ::  Button To Get Current Date "},
-      {session().mstartdt,        "Press ::  F1 ::  Button To Get First Date of Accounting Period "},
-      {session().menddt,          "Press ::  F3 ::  Button To Last Date of Accounting Period "},
-      {addDays(today, 1),         "Press ::  Up Arrow ::  Button Get Next Date"},
-      {addDays(today, -1),        "Press ::  Down Arrow ::  Button Get Previous Date"},
-      {addMonths(today, 1),       "Press ::  Page Up ::  Button Get Next Month Date"},
-      {addMonths(today, -1),      "Press ::  Page Down ::  Button Get Previous Month Date"},
+      {today,                     english("Press ::  F2 ::  Button To Get Current Date ")},
+      {session().mstartdt,        english("Press ::  F1 ::  Button To Get First Date of Accounting Period ")},
+      {session().menddt,          english("Press ::  F3 ::  Button To Last Date of Accounting Period ")},
+      {addDays(today, 1),         english("Press ::  Up Arrow ::  Button Get Next Date")},
+      {addDays(today, -1),        english("Press ::  Down Arrow ::  Button Get Previous Date")},
+      {addMonths(today, 1),       english("Press ::  Page Up ::  Button Get Next Month Date")},
+      {addMonths(today, -1),      english("Press ::  Page Down ::  Button Get Previous Month Date")},
   };
   // clang-format on
   std::vector<std::string> help;
   for (const Line& line : lines)
-    help.push_back("'" + formatDate(line.date, "dd/MMM/yyyy") + "' : " + line.words);
+    help.push_back("'" + formatDate(line.date, "dd/MMM/yyyy") + "' : " + words(line.key));
   session().mhelpline = join(help, "\r\n");
 }
 
@@ -201,9 +203,10 @@ void frmmain::showGlance() {
   const Date today = host.today(), first = firstOfMonth(today), last = lastOfMonth(today);
 
   set(at("Company"), s.mcompname);
-  set(at("Period"), "Accounting Period " + formatDate(s.mstartdt, "dd/MMM/yyyy") + " to " +
-                        formatDate(s.menddt, "dd/MMM/yyyy") +
-                        (length(s.mgstinno) > 1 ? "  ·  GSTIN " + s.mgstinno : ""));
+  const bool registered = length(s.mgstinno) > 1;
+  set(at("Period"), words("Accounting Period {first} to {last}{more}", "first",
+                          formatDate(s.mstartdt, "dd/MMM/yyyy"), "last", formatDate(s.menddt, "dd/MMM/yyyy"),
+                          "more", registered ? words("  ·  GSTIN {gstin}", "gstin", s.mgstinno) : ""));
   set(at("Today"), formatDate(today, "dd/MMM/yyyy"));
   set(at("Weekday"), weekday(today));
 
@@ -211,12 +214,12 @@ void frmmain::showGlance() {
     set(at("Figure", card), rupees(figure.amount));
     set(at("Count", card), counted(figure.count, one, many));
   };
-  show(0, salesBetween(db, today, today), "bill", "bills");
-  show(1, salesBetween(db, first, last), "bill", "bills");
-  show(2, receiptsBetween(db, today, today), "receipt", "receipts");
-  show(3, receiptsBetween(db, first, last), "receipt", "receipts");
+  show(0, salesBetween(db, today, today), english("{count} bill"), english("{count} bills"));
+  show(1, salesBetween(db, first, last), english("{count} bill"), english("{count} bills"));
+  show(2, receiptsBetween(db, today, today), english("{count} receipt"), english("{count} receipts"));
+  show(3, receiptsBetween(db, first, last), english("{count} receipt"), english("{count} receipts"));
   const Receivable owed = receivable(db, kDebtorRows, today, s.mstartdt);
-  show(4, owed.all, "party", "parties");
+  show(4, owed.all, english("{count} party"), english("{count} parties"));
 
   auto bills = std::make_shared<CellRows>();
   for (const LastBill& b : lastBills(db, kBillRows))
@@ -225,7 +228,8 @@ void frmmain::showGlance() {
 
   auto debtors = std::make_shared<CellRows>();
   for (const Debtor& d : owed.largest)
-    debtors->rows.push_back(cells({d.party, counted(d.days, "day", "days"), paise(d.amount)}));
+    debtors->rows.push_back(
+        cells({d.party, counted(d.days, english("{count} day"), english("{count} days")), paise(d.amount)}));
   at("Largest").grid.source = debtors;
 }
 

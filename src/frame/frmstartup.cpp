@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "base/words.h"
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "store/balances.h"
@@ -10,10 +11,10 @@ namespace {
 
 constexpr int kSteps = 4;
 constexpr std::array<const char*, kSteps> kWords = {
-    "Initializing.....",
-    "Loading components.....",
-    "Integrating Database....",
-    "Please wait...",
+    english("Initializing....."),
+    english("Loading components....."),
+    english("Integrating Database...."),
+    english("Please wait..."),
 };
 
 // clang-format off
@@ -65,7 +66,7 @@ void frmStartup::tick() {
   bar.value += 1;
   host.busy(true);
   const auto step = static_cast<size_t>(bar.value);
-  set(at("Label1"), kWords.at(step - 1));
+  set(at("Label1"), words(kWords.at(step - 1)));
   if (step == kSteps) open();
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "base/words.h"
 #include "frame/voucher_kinds.h"
 
 namespace {
@@ -98,6 +99,6 @@ Receivable receivable(Database& db, int most, Date today, Date periodStart) {
   return owed;
 }
 
-std::string counted(int count, const std::string& one, const std::string& many) {
-  return std::to_string(count) + " " + (count == 1 ? one : many);
+std::string counted(int count, std::string_view one, std::string_view many) {
+  return words(count == 1 ? one : many, "count", std::to_string(count));
 }

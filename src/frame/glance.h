@@ -39,5 +39,5 @@ struct Receivable {
 };
 Receivable receivable(Database& db, int most, Date today, Date periodStart);
 
-// "4 bills", "1 bill".
-std::string counted(int count, const std::string& one, const std::string& many);
+// "4 bills" by "{count} bills", "1 bill" by "{count} bill".
+std::string counted(int count, std::string_view one, std::string_view many);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/words.h"
 #include "frame/category_list.h"
 #include "frame/routines.h"
 #include "frame/session.h"
@@ -16,12 +17,12 @@ struct TopMenu {
 
 // clang-format off
 constexpr TopMenu kTop[] = {
-    {"mnumstr",  "&MASTERS"},
-    {"mnutrns",  "E&NTRY"},
-    {"mnulists", " &LISTS "},
-    {"mnurpts",  " &REPORTS "},
-    {"mnuutils", " &UTILITIES "},
-    {"mnuexit",  "&EXIT"},
+    {"mnumstr",  english("&MASTERS")},
+    {"mnutrns",  english("E&NTRY")},
+    {"mnulists", english(" &LISTS ")},
+    {"mnurpts",  english(" &REPORTS ")},
+    {"mnuutils", english(" &UTILITIES ")},
+    {"mnuexit",  english("&EXIT")},
 };
 
 // Reports empty mentrytype before anything else. The key of a voucher's entry is its kind's entry type.
@@ -79,15 +80,15 @@ struct Tool {
 };
 
 constexpr Tool kTools[] = {
-    {"accmstr",    "Account",         "person"},
-    {"itemmstr",   "Item",            "box"},
-    {"sales",      "Sales",           "bill"},
-    {"quotbtn",    "Quotation",       "sheet"},
-    {"delislip",   "Challan",         "van"},
-    {"salereg",    "Bill Register",   "table"},
-    {"saledtlreg", "Detail Register", "lines"},
-    {"adrscrd",    "Address Card",    "card"},
-    {"vidlist1",   "Videos",          "play"},
+    {"accmstr",    english("Account"),         "person"},
+    {"itemmstr",   english("Item"),            "box"},
+    {"sales",      english("Sales"),           "bill"},
+    {"quotbtn",    english("Quotation"),       "sheet"},
+    {"delislip",   english("Challan"),         "van"},
+    {"salereg",    english("Bill Register"),   "table"},
+    {"saledtlreg", english("Detail Register"), "lines"},
+    {"adrscrd",    english("Address Card"),    "card"},
+    {"vidlist1",   english("Videos"),          "play"},
 };
 // clang-format on
 

@@ -1,5 +1,7 @@
 #include "frame/progress_dialog.h"
 
+#include "base/words.h"
+
 Layout progressLayout(double width, double height) {
   // clang-format off
   return {.bands = {
@@ -35,7 +37,7 @@ void ProgressDialog::run(const std::function<void()>& work) {
     work();
   } catch (...) {
     enableButtons(true);
-    tell(at("Label1").text + words_.undone);
+    tell(at("Label1").text + ::words(words_.undone));
     throw;
   }
 }

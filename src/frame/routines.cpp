@@ -6,25 +6,26 @@
 
 #include "base/pattern.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/session.h"
 #include "store/dictionary.h"
 
 namespace {
 
 constexpr std::array<std::string_view, 13> kTips = {
-    "PRESS ALT BUTTON TO ACTIVATE MENU",
-    "TAKE BACKUP REGULERLY",
-    "GET NEW UPDATE REGULARLY",
-    "USE SHORTCUT CTRL+L TO VIEW LEDGER",
-    "FOR NEW UPDATE DETAILS : GO TO UTILITIES - WHATSNEW ",
-    "USE SHORTCUT CTRL+S FOR STOCK LEDGER",
-    "USE SHORTCUT CTRL+F3 FOR STOCK SUMMARY",
-    "USE SHORTCUT CTRL+M FOR ACCOUNT MASTER",
-    "USE SHORTCUT CTRL+ I FOR ITEM MASTER",
-    "USE SHORTCUT CTRL+ G FOR GST SALES",
-    "USE SHORTCUT CTRL+ U FOR GST PURCHASE",
-    "FOR SET A/C PERIOD CTRL+F2",
-    "STAY CONNECTED STAY UPDATED",
+    english("PRESS ALT BUTTON TO ACTIVATE MENU"),
+    english("TAKE BACKUP REGULERLY"),
+    english("GET NEW UPDATE REGULARLY"),
+    english("USE SHORTCUT CTRL+L TO VIEW LEDGER"),
+    english("FOR NEW UPDATE DETAILS : GO TO UTILITIES - WHATSNEW "),
+    english("USE SHORTCUT CTRL+S FOR STOCK LEDGER"),
+    english("USE SHORTCUT CTRL+F3 FOR STOCK SUMMARY"),
+    english("USE SHORTCUT CTRL+M FOR ACCOUNT MASTER"),
+    english("USE SHORTCUT CTRL+ I FOR ITEM MASTER"),
+    english("USE SHORTCUT CTRL+ G FOR GST SALES"),
+    english("USE SHORTCUT CTRL+ U FOR GST PURCHASE"),
+    english("FOR SET A/C PERIOD CTRL+F2"),
+    english("STAY CONNECTED STAY UPDATED"),
 };
 
 std::string nextTip() {
@@ -32,7 +33,7 @@ std::string nextTip() {
   const auto step = static_cast<size_t>(s.mhintcount);
   if (step >= kTips.size()) {
     s.mhintcount = 1;
-    return "Press Alt Button To Activate Menu";
+    return english("Press Alt Button To Activate Menu");
   }
   s.mhintcount += 1;
   return std::string(kTips[step]);

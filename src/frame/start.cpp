@@ -3,6 +3,7 @@
 #include <system_error>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "store/dictionary.h"
 #include "store/safe_file.h"
 #include "store/templates.h"
@@ -20,7 +21,7 @@ std::string withoutSeparator(const fs::path& folder) {
 // Why the catalogue cannot be used; empty when it stands open.
 std::string openCatalogue(Session& s) {
   const fs::path file = fs::path(s.mapppath) / "comp.mdb";
-  if (!fileExists(file)) return "No Database Found";
+  if (!fileExists(file)) return english("No Database Found");
   s.cncomp = std::make_unique<Database>();
   try {
     s.cncomp->open(file);

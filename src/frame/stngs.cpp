@@ -1,6 +1,7 @@
 #include "frame/stngs.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/company_details.h"
 #include "frame/session.h"
 
@@ -91,7 +92,7 @@ void stngs::opened(const Entry& entry) {
 }
 
 std::string stngs::hintFor(const Control& control) const {
-  return control.editable() ? "Press Enter To Proceed" : "";
+  return control.editable() ? english("Press Enter To Proceed") : "";
 }
 
 void stngs::load() {

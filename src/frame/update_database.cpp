@@ -1,5 +1,6 @@
 #include "frame/update_database.h"
 
+#include "base/words.h"
 #include "frame/backup_menu.h"
 #include "frame/session.h"
 #include "store/update.h"
@@ -46,7 +47,7 @@ void UpdateDatabase::update() {
   std::vector<std::string> withoutKey;
   run([&] { withoutKey = work(); });
   for (const std::string& table : withoutKey)
-    host.message("PRIMARY KEY NOT SET FOR " + table + "  TABLE", kMessageTitle);
+    host.message(words("PRIMARY KEY NOT SET FOR {table}  TABLE", "table", table), kMessageTitle);
   tell("");
   host.message("SUCCESS", kMessageTitle);
   close();
@@ -65,6 +66,6 @@ std::vector<std::string> UpdateDatabase::work() {
       .dataname = s.mdataname,
       .repair = {.periodStart = s.mstartdt, .timeOfDay = formatTime(now, "HH:MM")},
   };
-  return updateDatabase(data(), facts,
-                        [this](std::string_view words) { tell("Updating " + std::string(words)); });
+  return updateDatabase(
+      data(), facts, [this](std::string_view what) { tell(words("Updating {what}", "what", words(what))); });
 }

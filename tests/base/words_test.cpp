@@ -50,35 +50,17 @@ TEST_F(WordsTest, AreLookedUpByTheirEnglishText) {
 
 TEST_F(WordsTest, PutTheirPlacesInAnyOrder) {
   open("hi:gu");
-  EXPECT_EQ(words("Entry No {number} Of {party} Saved",
-                  {
-                      {"number", "148"     },
-                      {"party",  "{number}"}
-  }),
+  EXPECT_EQ(words("Entry No {number} Of {party} Saved", "number", "148", "party", "{number}"),
             "{number} : નોંધ 148 સાચવી");
-  EXPECT_EQ(words("{count} Bills",
-                  {
-                      {"count", "2"}
-  }),
-            "2 Bills")
-      << "the translation names no such place";
-  EXPECT_THROW(words("{count} Bills",
-                     {
-                         {"number", "2"}
-  }),
-               std::logic_error);
+  EXPECT_EQ(words("{count} Bills", "count", "2"), "2 Bills") << "the translation names no such place";
+  EXPECT_THROW(words("{count} Bills", "number", "2"), std::logic_error);
 }
 
 TEST_F(WordsTest, StayEnglishWithoutACatalogue) {
   for (const char* language : {"hi", "C", "en_IN.UTF-8"}) {
     open(language);
     EXPECT_EQ(words("&Save"), "&Save") << language;
-    EXPECT_EQ(words("{a} to {b}",
-                    {
-                        {"b", "x"},
-                        {"a", "y"}
-    }),
-              "y to x");
+    EXPECT_EQ(words("{a} to {b}", "b", "x", "a", "y"), "y to x");
   }
 }
 

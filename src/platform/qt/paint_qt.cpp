@@ -22,10 +22,7 @@ constexpr int kPdfDots = 1200;
 constexpr double kMaxImage = 20000;  // pixels a side
 
 std::string sentence(const QString& path, const std::string& reason) {
-  return words("{file} cannot be written: {reason}.", {
-                                                          {"file",   path.toStdString()},
-                                                          {"reason", reason            }
-  });
+  return words("{file} cannot be written: {reason}.", "file", path.toStdString(), "reason", reason);
 }
 
 // The whole or nothing: beside the target first, then renamed. What Qt's own writers make of
@@ -94,9 +91,7 @@ class ImageCanvas final : public QtCanvas {
     if (painter_.isActive()) painter_.end();
     const double w = std::ceil(width * dots_), h = std::ceil(height * dots_);
     if (!(w >= 1 && h >= 1 && w <= kMaxImage && h <= kMaxImage))
-      throw PaintError(words("The picture {file} would be too large.", {
-                                                                           {"file", path_.toStdString()}
-      }));
+      throw PaintError(words("The picture {file} would be too large.", "file", path_.toStdString()));
     pages_.emplace_back(static_cast<int>(w), static_cast<int>(h), QImage::Format_RGB32);
     pages_.back().setDotsPerMeterX(static_cast<int>(std::lround(dots_ * 72 / 0.0254)));
     pages_.back().setDotsPerMeterY(static_cast<int>(std::lround(dots_ * 72 / 0.0254)));
@@ -153,19 +148,15 @@ class PrinterCanvas final : public QtCanvas {
     printer_.setPageOrientation(wide ? QPageLayout::Landscape : QPageLayout::Portrait);
     const bool begun = painter_.isActive() ? printer_.newPage() : painter_.begin(&printer_);
     if (!begun)
-      throw PaintError(words("The printer {printer} cannot be used.",
-                             {
-                                 {"printer", printer_.printerName().toStdString()}
-      }));
+      throw PaintError(
+          words("The printer {printer} cannot be used.", "printer", printer_.printerName().toStdString()));
     settle(printer_.resolution() / 72.0);
   }
 
   void finish() override {
     if (painter_.isActive() && (!painter_.end() || printer_.printerState() == QPrinter::Error))
-      throw PaintError(words("The printer {printer} did not take the job.",
-                             {
-                                 {"printer", printer_.printerName().toStdString()}
-      }));
+      throw PaintError(words("The printer {printer} did not take the job.", "printer",
+                             printer_.printerName().toStdString()));
   }
 
  private:

@@ -320,18 +320,12 @@ void QtHost::launch(const std::string& program, const std::vector<std::string>& 
   QStringList given;
   for (const std::string& a : arguments) given << QString::fromStdString(a);
   if (!QProcess::startDetached(QString::fromStdString(program), given))
-    message(words("{program} could not be started",
-                  {
-                      {"program", program}
-    }),
-            kMessageTitle);
+    message(words("{program} could not be started", "program", program), kMessageTitle);
 }
 
 void QtHost::openLink(const std::string& url) {
   if (!withoutDesktop() && !QDesktopServices::openUrl(QUrl(QString::fromStdString(url))))
-    hint(words("No Program Opens {link}", {
-                                              {"link", url}
-    }));
+    hint(words("No Program Opens {link}", "link", url));
 }
 
 void QtHost::view(const std::string& file) {
@@ -339,9 +333,7 @@ void QtHost::view(const std::string& file) {
   if (withoutDesktop()) return;
   // Where the desktop takes the file and shows nothing, the person still knows where it lies.
   const bool opened = QDesktopServices::openUrl(QUrl::fromLocalFile(path));
-  hint(words(opened ? english("Opening {file}") : english("No Program Shows {file}"), {
-                                                                                          {"file", file}
-  }));
+  hint(words(opened ? english("Opening {file}") : english("No Program Shows {file}"), "file", file));
 }
 
 paint::Painter& QtHost::painter() {
