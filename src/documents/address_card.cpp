@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "base/words.h"
 #include "documents/company_cells.h"
 #include "documents/paper.h"
 #include "frame/session.h"
@@ -70,7 +71,7 @@ void addressCells(DataSheet& sheet, const std::string& name, const Row& company,
   for (const auto& [row, column, field] : kTo) sheet.field(row, column, account, field);
   sheet.set(12, 1, name);
   for (const auto& [row, column, field] : kFrom) sheet.field(row, column, company, field);
-  sheet.set(18, 1, "ADDRESS CARD");
+  sheet.set(18, 1, words("ADDRESS CARD"));
 }
 
 }  // namespace
@@ -91,7 +92,7 @@ void RenderAddressCard(Host& host, const std::string& account, const std::string
   Session& s = session();
   s.mpdfpath.clear();
   tellFailures(host, [&] {
-    const Row company = companyDetails(data(), "Company Details Missing");
+    const Row company = companyDetails(data(), english("Company Details Missing"));
     const FilledSheet sheet = addressCardSheet(data(), s.mcompname, company, account);
     if (sheet.lines == 0) throw std::runtime_error("No Records");
     makePaper(host,

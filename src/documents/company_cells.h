@@ -1,11 +1,13 @@
 #pragma once
 
+#include "base/words.h"
 #include "documents/data_sheet.h"
 
 // What the data sheets of the documents say of the company alike.
 
 // The row of COMP_DET. Raises std::runtime_error with the words for the user when there is none.
-Row companyDetails(Database& db, const std::string& missing = "Company Details Not Filled Pl. Check");
+Row companyDetails(Database& db,
+                   const std::string& missing = english("Company Details Not Filled Pl. Check"));
 
 // Address and telephones: R3C1, R3C3, R3C5.
 void companyAddress(DataSheet& sheet, const Row& company);

@@ -4,6 +4,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "documents/company_cells.h"
 #include "documents/paper.h"
 #include "documents/words.h"
@@ -42,8 +43,8 @@ void companyCells(DataSheet& sheet, const Row& company) {
 }
 
 std::string title(const std::string& billType) {
-  if (sameText(billType, "TAX")) return "TAX INVOICE";
-  return startsWithNoCase(billType, "JOB") ? "Jobwork Invoice" : "Delivery Slip";
+  if (sameText(billType, "TAX")) return words("TAX INVOICE");
+  return startsWithNoCase(billType, "JOB") ? words("Jobwork Invoice") : words("Delivery Slip");
 }
 
 // Items, HSN codes without the category MISC, and the tax by rate, halved between the two heads.

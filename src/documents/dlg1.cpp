@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "documents/renderers.h"
 #include "frame/routines.h"
 #include "frame/session.h"
@@ -190,7 +191,7 @@ char32_t dlg1::filter(const Control& control, char32_t key) {
   return Screen::filter(control, key);
 }
 
-void dlg1::numberFocus() { ShowHint(host, std::exchange(answer_, "Press Enter For Help")); }
+void dlg1::numberFocus() { ShowHint(host, std::exchange(answer_, english("Press Enter For Help"))); }
 
 Go dlg1::numberEnter() {
   session().mprnmode.clear();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/words.h"
 #include "platform/host.h"
 
 struct PrintKey;
@@ -24,5 +25,6 @@ class dlg1 : public Screen {
   void leave();
 
   const PrintKey* key_;
-  std::string answer_ = "Press Enter For Help";  // what the hint line says when the number has the focus
+  std::string answer_ =
+      english("Press Enter For Help");  // what the hint line says when the number has the focus
 };

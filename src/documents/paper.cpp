@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/number.h"
+#include "base/words.h"
 #include "documents/line_settings.h"
 #include "frame/routines.h"
 #include "frame/session.h"
@@ -19,8 +20,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* kMissing = "Format File Is Missing Or Deleted Pl Contact Vendor";
-constexpr const char* kOpenElsewhere = "Excel File Is Already Open\nClose It First";
+constexpr const char* kMissing = english("Format File Is Missing Or Deleted Pl Contact Vendor");
+constexpr const char* kOpenElsewhere = english("Excel File Is Already Open\nClose It First");
 constexpr size_t kMostWarnings = 5;
 
 // The unfilled copy of the design, whole or not at all.
@@ -80,7 +81,7 @@ void tellWarnings(Host& host, const fs::path& design, const std::vector<std::str
   static std::string told;
   std::string text;
   if (!warnings.empty())
-    text = "The print design " + design.filename().string() + " could not be used whole:";
+    text = words("The print design {file} could not be used whole:", "file", design.filename().string());
   for (size_t i = 0; i < std::min(warnings.size(), kMostWarnings); ++i) text += "\n" + warnings[i];
   if (warnings.size() > kMostWarnings) text += "\n...";
   if (!text.empty() && text != told) host.message(text, kMessageTitle);
@@ -92,7 +93,8 @@ std::string said(const fs::filesystem_error& error) {
   const fs::path& path = error.path2().empty() ? error.path1() : error.path2();
   const bool writable = access(path.parent_path().c_str(), W_OK) == 0;
   if (error.code() == std::errc::permission_denied && writable) return kOpenElsewhere;
-  return path.string() + " cannot be written: " + error.code().message() + ".";
+  return words("{file} cannot be written: {reason}.", "file", path.string(), "reason",
+               error.code().message());
 }
 
 }  // namespace

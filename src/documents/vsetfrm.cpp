@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "base/number.h"
+#include "base/words.h"
 #include "frame/session.h"
 
 namespace {
@@ -18,9 +19,9 @@ struct Choice {
   int Session::*design;
 };
 constexpr std::array kChoices = {
-    Choice{9,  1, 6, "Please select Design Number 1 to 6 only", 371, &Session::mbillformat},
-    Choice{10, 7, 7, "Please select Design Number 7 only",      372, &Session::mquotformat},
-    Choice{11, 8, 9, "Please select Design Number 8 or 9 only", 373, &Session::mchlnformat},
+    Choice{9,  1, 6, english("Please select Design Number 1 to 6 only"), 371, &Session::mbillformat},
+    Choice{10, 7, 7, english("Please select Design Number 7 only"),      372, &Session::mquotformat},
+    Choice{11, 8, 9, english("Please select Design Number 8 or 9 only"), 373, &Session::mchlnformat},
 };
 
 constexpr std::array kPictures = {"INVGST1", "INVGST2",  "INVGST3", "INVGST4", "INVGST5",
@@ -122,12 +123,12 @@ VSETFRM::VSETFRM(Host& theHost) : ChildScreen(theHost, ::spec()) {
 void VSETFRM::opened(const Entry& entry) {
   ChildScreen::opened(entry);
   for (const Choice& choice : kChoices) set(at("txtFields", choice.index), numText(session().*choice.design));
-  at("lblnone").text = "The Design Shows Here";
+  at("lblnone").text = words("The Design Shows Here");
   focus(at("txtFields", 9));
 }
 
 std::string VSETFRM::hintFor(const Control& control) const {
-  return control.family == "VIEWDSGN" ? "Press Enter To View Design" : ChildScreen::hintFor(control);
+  return control.family == "VIEWDSGN" ? english("Press Enter To View Design") : ChildScreen::hintFor(control);
 }
 
 // Whether the number in the field is none of its designs; told, and the field then holds 1.
@@ -162,7 +163,7 @@ void VSETFRM::view() {
                     (std::string(kPictures[static_cast<size_t>(number) - 1]) + ".JPG");
   const bool stands = std::filesystem::exists(file);
   at("Image1").picture = stands ? file.string() : "";
-  at("lblnone").text = stands ? "" : "No Picture Of This Design";
+  at("lblnone").text = stands ? "" : words("No Picture Of This Design");
 }
 
 void VSETFRM::setDesigns() {

@@ -48,7 +48,7 @@ bool EntryScreen::mayClose() {
 std::string EntryScreen::hintFor(const Control& control) const {
   const bool mayStayEmpty = entering() && sameText(control.family, pattern_.fields) &&
                             std::ranges::find(pattern_.optional, control.index) != pattern_.optional.end();
-  if (mayStayEmpty && trim(control.text).empty()) return "Press Enter For Help :: Tab = Leave Empty";
+  if (mayStayEmpty && trim(control.text).empty()) return english("Press Enter For Help :: Tab = Leave Empty");
   return ChildScreen::hintFor(control);
 }
 
@@ -74,9 +74,9 @@ void EntryScreen::begin(const std::string& newMode, const std::string& newCaptio
 }
 
 std::string EntryScreen::keysOfMode() const {
-  const std::string keys = mode.empty() ? pattern_.idleKeys : mode == "ADD" ? "" : pattern_.searches;
-  return keys + (keys.empty() ? "" : "  ::  ") + (mode.empty() ? "Ctrl+P = View  ::  " : "") +
-         (entering() ? "Esc = Cancel and Exit" : "Esc = Close");
+  const std::string keys = words(mode.empty() ? pattern_.idleKeys : mode == "ADD" ? "" : pattern_.searches);
+  return keys + (keys.empty() ? "" : "  ::  ") + (mode.empty() ? words("Ctrl+P = View  ::  ") : "") +
+         words(entering() ? english("Esc = Cancel and Exit") : english("Esc = Close"));
 }
 
 void EntryScreen::add() {
@@ -185,7 +185,7 @@ void EntryScreen::update() {
   if (!entering()) return;
   reason.clear();
   if (Control* missing = missingField()) {
-    if (!missing->label.empty()) reason = trim(missing->label) + " Is Missing";
+    if (!missing->label.empty()) reason = words("{field} Is Missing", "field", trim(words(missing->label)));
     // The focus stays in its field; from the button it goes to where it is needed.
     if (focused() == &at("cmdUpdate")) focus(*missing);
     return say("Pl. fill Complete data");
@@ -203,7 +203,8 @@ void EntryScreen::update() {
   }
   const Control& key = field(pattern_.key);
   if (key.limit > 0 && length(code()) > key.limit) {
-    say("Entry Not Saved\r\n" + trim(key.label) + " Takes " + std::to_string(key.limit) + " Characters");
+    say(words("Entry Not Saved\r\n{field} Takes {count} Characters", "field", trim(words(key.label)), "count",
+              std::to_string(key.limit)));
     return;
   }
   if (!maySave() || !inTransaction(&EntryScreen::store)) return;
@@ -227,11 +228,11 @@ bool EntryScreen::inTransaction(bool (EntryScreen::*work)()) {
     if (done)
       transaction.commit();
     else
-      say("Entry Not Saved\r\n" + missingCodeWords());
+      say(words("Entry Not Saved\r\n{why}", "why", words(missingCodeWords())));
     return done;
   } catch (const DatabaseError& error) {
     if (!error.mayBePassedOver()) throw;
-    say("Entry Not Saved\r\n" + std::string(error.what()));
+    say(words("Entry Not Saved\r\n{why}", "why", words(error.what())));
     return false;
   }
 }

@@ -5,14 +5,15 @@
 #include <string_view>
 #include <vector>
 
+#include "base/words.h"
 #include "frame/child_screen.h"
 #include "masters/lookup.h"
 #include "masters/select_text.h"
 #include "store/database.h"
 #include "store/row_writer.h"
 
-inline constexpr const char* kQuestionTitle = "Mirav Confirmation Message";
-inline constexpr const char* kIncompleteWords = "Please Fill Complete Data or Press Enter for Help";
+inline constexpr const char* kQuestionTitle = english("Mirav Confirmation Message");
+inline constexpr const char* kIncompleteWords = english("Please Fill Complete Data or Press Enter for Help");
 
 // What an entry screen is made of beside its fields.
 struct EntryPattern {

@@ -100,16 +100,16 @@ const ScreenSpec& accountTable() {
 // clang-format on
 
 EntryPattern accountPattern() {
-  const std::string stem = "ACCOUNT MASTER";
+  const std::string stem = words("ACCOUNT MASTER");
   return {
       .fields = "txtFields",
       .key = kCode,
       .first = kName,
       .idle = stem,
-      .add = stem + " : ADD MODE",
-      .edit = stem + " : EDIT MODE",
-      .del = stem + " : DELETE MODE",
-      .view = stem + " : VIEW MODE",
+      .add = words("{master} : ADD MODE", "master", stem),
+      .edit = words("{master} : EDIT MODE", "master", stem),
+      .del = words("{master} : DELETE MODE", "master", stem),
+      .view = words("{master} : VIEW MODE", "master", stem),
       .searches = "F1 = Area  ::  F2 = City  ::  F3 = Person  ::  F4 = Name  ::  F5 = Phone",
       .names = "SELECT ACC_NAME FROM ACCOUNT order by acc_name",
       .namesGrid = "DataGrid1",
@@ -201,7 +201,7 @@ LookupSpec frmacc::codeLookup() const {
 }
 
 std::string frmacc::missingCodeWords() const {
-  return mode == "EDIT" ? "PARTY DOES NOT EXISTS" : "PARTY DOES NOT EXIST";
+  return mode == "EDIT" ? english("PARTY DOES NOT EXISTS") : english("PARTY DOES NOT EXIST");
 }
 
 Control* frmacc::missingField() {

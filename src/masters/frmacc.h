@@ -14,7 +14,7 @@ class frmacc : public EntryScreen {
   bool exists(const std::string& code) override;
   LookupSpec codeLookup() const override;
   std::string missingCodeWords() const override;
-  std::string existingCodeWords() const override { return "PARTY ALREADY EXISTS"; }
+  std::string existingCodeWords() const override { return english("PARTY ALREADY EXISTS"); }
   Control* missingField() override;
   bool maySave() override;
   bool store() override;

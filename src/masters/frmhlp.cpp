@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "masters/column_titles.h"
@@ -127,8 +128,8 @@ std::shared_ptr<PageRows> LookupPlan::found(size_t column, const std::string& ty
 }
 
 FRMHLP::FRMHLP(Host& theHost) : Screen(theHost, table) {
-  escMeans = at("Text2").visible ? "Right = Next Search  ::  " : "";
-  escMeans += "Up / Down = Scroll  ::  Esc = Close";
+  if (at("Text2").visible) escMeans = words("Right = Next Search  ::  ");
+  escMeans += words("Up / Down = Scroll  ::  Esc = Close");
   wire<FRMHLP>(*this, {
                           {"Text1",       On::Change,      &FRMHLP::searchFirst },
                           {"Text2",       On::Change,      &FRMHLP::searchSecond},

@@ -111,16 +111,16 @@ const ScreenSpec& itemTable() {
 // clang-format on
 
 EntryPattern itemPattern() {
-  const std::string stem = "Item Master ";
+  const std::string stem = words("Item Master ");
   return {
       .fields = "Text1",
       .key = kCode,
       .first = kName,
       .idle = stem,
-      .add = stem + ": ADD MODE",
-      .edit = stem + ": EDIT MODE",
-      .del = stem + ": DELETE MODE",
-      .view = stem + ": VIEW MODE",
+      .add = words("{master}: ADD MODE", "master", stem),
+      .edit = words("{master}: EDIT MODE", "master", stem),
+      .del = words("{master}: DELETE MODE", "master", stem),
+      .view = words("{master}: VIEW MODE", "master", stem),
       .viewMode = "VIEW",
       .idleHint = "Press Enter To Add New Record",
       .searches = "F1 = Short Name  ::  F3 = Rate",

@@ -20,8 +20,8 @@ class FRMITEM1 : public EntryScreen {
   bool load(const std::string& code) override;
   bool exists(const std::string& code) override;
   LookupSpec codeLookup() const override;
-  std::string missingCodeWords() const override { return "NO RECORD FOUND"; }
-  std::string existingCodeWords() const override { return "ITEM ALLREADY EXIST"; }
+  std::string missingCodeWords() const override { return english("NO RECORD FOUND"); }
+  std::string existingCodeWords() const override { return english("ITEM ALLREADY EXIST"); }
   Control* missingField() override;
   bool maySave() override;
   bool store() override;

@@ -90,17 +90,18 @@ constexpr Other kOthers[] = {
 };
 
 EntryPattern smallPattern(const SmallMaster& m) {
-  const std::string stem(m.stem);
+  const std::string stem = words(m.stem);
   return {
       .fields = "txtFields",
       .key = 0,
       .first = isGenerated(m) ? 1 : 0,
       .idle = stem,
-      .add = stem + " : ADD MODE",
-      .edit = stem + " EDIT MODE",
-      .del = stem + " Delete MODE",
-      .view = stem + " View MODE",
-      .idleKeys = m.inCatalogue ? "" : "F2 = Category  ::  F3 = Tax  ::  F4 = Transport  ::  F5 = Group",
+      .add = words("{master} : ADD MODE", "master", stem),
+      .edit = words("{master} EDIT MODE", "master", stem),
+      .del = words("{master} Delete MODE", "master", stem),
+      .view = words("{master} View MODE", "master", stem),
+      .idleKeys =
+          m.inCatalogue ? "" : english("F2 = Category  ::  F3 = Tax  ::  F4 = Transport  ::  F5 = Group"),
       .names = std::string(m.list),
       .namesGrid = "DataGrid1",
       .name = m.name,
@@ -172,7 +173,7 @@ bool frmtaxmast::exists(const std::string& code) {
 }
 
 std::string frmtaxmast::missingCodeWords() const {
-  return mode == "EDIT" ? "CODE DOES NOT EXIST" : "Record Not Found";
+  return mode == "EDIT" ? english("CODE DOES NOT EXIST") : english("Record Not Found");
 }
 
 Control* frmtaxmast::missingField() {
@@ -276,9 +277,10 @@ bool frmtaxmast::mayDelete(const std::string& code) {
     return false;
   }
   const int sales = master_.key == "TRANS" ? salesOfTransport(data(), code) : 0;
-  return sales == 0 || host.ask("This Transport Id is Used In " + std::to_string(sales) +
-                                    " & Sales Entries\r\nDo You Still Want To DELETE",
-                                kQuestionTitle);
+  return sales == 0 ||
+         host.ask(words("This Transport Id is Used In {count} & Sales Entries\r\nDo You Still Want To DELETE",
+                        "count", std::to_string(sales)),
+                  kQuestionTitle);
 }
 
 void frmtaxmast::erase(const std::string& code) { deleteSmallRow(master_, database(), code); }

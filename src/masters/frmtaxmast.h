@@ -20,7 +20,7 @@ class frmtaxmast : public EntryScreen {
   LookupSpec codeLookup() const override { return master_.lookup; }
   std::string missingCodeWords() const override;
   std::string existingCodeWords() const override { return std::string(master_.duplicate); }
-  std::string blankCodeWords() const override { return "Blank Not Allowed"; }
+  std::string blankCodeWords() const override { return english("Blank Not Allowed"); }
   Control* missingField() override;
   bool maySave() override;
   bool store() override;

@@ -1,6 +1,7 @@
 #include "masters/gstin.h"
 
 #include "base/text.h"
+#include "base/words.h"
 
 namespace {
 
@@ -59,9 +60,9 @@ GstinFault gstinFault(std::string_view gstin) {
 std::string gstinHint(std::string_view gstin) {
   switch (gstinFault(gstin)) {
     case GstinFault::Pattern:
-      return "Gstin No. Has An Unusual Form :: Re-Check It With The Party";
+      return english("Gstin No. Has An Unusual Form :: Re-Check It With The Party");
     case GstinFault::CheckDigit:
-      return "Gstin No. Does Not Match Its Last Character :: Re-Check It With The Party";
+      return english("Gstin No. Does Not Match Its Last Character :: Re-Check It With The Party");
     case GstinFault::None:
       break;
   }

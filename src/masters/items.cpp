@@ -3,6 +3,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "store/keys.h"
 
 namespace {
@@ -68,9 +69,9 @@ void refuseSecondUnit(Database& db) {
       " GROUP BY ITEM_CD HAVING COUNT(*) > 1)");
   if (!several) return;
   throw DatabaseError(DatabaseError::Kind::constraint, {},
-                      several->text(0) +
-                          " Can Have Only One Unit In This Company\r\n"
-                          "Press F10 On The Row Of The Other Unit And Save Again");
+                      words("{item} Can Have Only One Unit In This Company\r\n"
+                            "Press F10 On The Row Of The Other Unit And Save Again",
+                            "item", several->text(0)));
 }
 
 // A row renamed to a pair that another item has already joins that row, with its stock.

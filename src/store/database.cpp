@@ -9,6 +9,7 @@
 #include <unordered_map>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "store/dictionary.h"
 #include "store/functions.h"
 #include "store/lock_file.h"
@@ -51,23 +52,26 @@ Kind kindOf(int code) {
 std::string sentence(Kind kind, const std::string& file, const std::string& detail) {
   switch (kind) {
     case Kind::locked:
-      return file + " is in use by another program. Nothing was stored. Try again in a moment.";
+      return words("{file} is in use by another program. Nothing was stored. Try again in a moment.", "file",
+                   file);
     case Kind::full:
-      return "The disk is full. Nothing was stored in " + file + ". Free some space and try again.";
+      return words("The disk is full. Nothing was stored in {file}. Free some space and try again.", "file",
+                   file);
     case Kind::readOnly:
-      return file + " can only be read: the file or its folder is write-protected.";
+      return words("{file} can only be read: the file or its folder is write-protected.", "file", file);
     case Kind::missing:
-      return file + " was not found.";
+      return words("{file} was not found.", "file", file);
     case Kind::cannotOpen:
-      return file + " cannot be opened or written. Check the rights of its folder.";
+      return words("{file} cannot be opened or written. Check the rights of its folder.", "file", file);
     case Kind::notDatabase:
-      return file + " is not a database of this program.";
+      return words("{file} is not a database of this program.", "file", file);
     case Kind::damaged:
-      return file + " is damaged. Restore it from a backup.";
+      return words("{file} is damaged. Restore it from a backup.", "file", file);
     case Kind::io:
-      return file + " cannot be read or written: the disk reports an error (" + detail + ").";
+      return words("{file} cannot be read or written: the disk reports an error ({detail}).", "file", file,
+                   "detail", detail);
     case Kind::memory:
-      return "There is not enough memory to go on.";
+      return words("There is not enough memory to go on.");
     case Kind::constraint:
     case Kind::other:
       break;

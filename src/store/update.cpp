@@ -1,5 +1,6 @@
 #include "store/update.h"
 
+#include "base/words.h"
 #include "store/dictionary.h"
 #include "store/keys.h"
 #include "store/seeds.h"
@@ -46,12 +47,12 @@ std::vector<std::string> updateDatabase(Database& db, const UpdateFacts& facts,
     work();
   };
   Transaction all(db);
-  step("Tables And Columns", [&] { walk(db); });
-  step("Print Designs", [&] { EnsureDesigns(db); });
-  step("Data", [&] { repairRows(db, facts.repair); });
-  step("Company", [&] { writeCompany(db, facts); });
-  step("Keys", [&] { withoutKey = remakeKeys(db); });
-  step("Writing To The Disk", [&] { all.commit(); });
+  step(english("Tables And Columns"), [&] { walk(db); });
+  step(english("Print Designs"), [&] { EnsureDesigns(db); });
+  step(english("Data"), [&] { repairRows(db, facts.repair); });
+  step(english("Company"), [&] { writeCompany(db, facts); });
+  step(english("Keys"), [&] { withoutKey = remakeKeys(db); });
+  step(english("Writing To The Disk"), [&] { all.commit(); });
   RemakeWorkTables(db);
   return withoutKey;
 }

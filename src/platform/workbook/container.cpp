@@ -10,6 +10,7 @@
 #include <new>
 #include <system_error>
 
+#include "base/words.h"
 #include "platform/whole_file.h"
 #include "platform/workbook/xml.h"
 
@@ -78,16 +79,20 @@ Container Container::open(const std::string& path) {
   const std::string name = std::filesystem::path(path).filename().string();
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) {
-    if (errno == ENOENT || errno == ENOTDIR) throw WorkbookError("The file " + path + " is missing.");
-    throw WorkbookError("The file " + path + " cannot be read: " + std::strerror(errno) + ".");
+    if (errno == ENOENT || errno == ENOTDIR)
+      throw WorkbookError(words("The file {file} is missing.", "file", path));
+    throw WorkbookError(
+        words("The file {file} cannot be read: {reason}.", "file", path, "reason", std::strerror(errno)));
   }
-  if (!S_ISREG(status.st_mode)) throw WorkbookError("The file " + path + " is not a workbook.");
+  if (!S_ISREG(status.st_mode))
+    throw WorkbookError(words("The file {file} {fault}", "file", path, "fault", words("is not a workbook.")));
   if (static_cast<uint64_t>(status.st_size) > kMaxFile)
-    throw WorkbookError("The file " + name + " is too large.");
+    throw WorkbookError(words("The file {file} {fault}", "file", name, "fault", words("is too large.")));
   const File file(std::fopen(path.c_str(), "rb"));
   std::string bytes(static_cast<size_t>(status.st_size), '\0');
   if (!file || std::fread(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
-    throw WorkbookError("The file " + path + " cannot be read: " + std::strerror(errno) + ".");
+    throw WorkbookError(
+        words("The file {file} cannot be read: {reason}.", "file", path, "reason", std::strerror(errno)));
   return Container(std::move(bytes), name);
 }
 
@@ -98,8 +103,8 @@ Container::Container(std::string bytes, std::string name)
   if (bytes_->size() > kMaxFile) refuse("is too large.");
   if (!bytes_->starts_with("PK"))
     refuse(bytes_->starts_with("\xD0\xCF\x11\xE0")
-               ? "is not an .xlsx workbook: it is of the older .xls kind or protected by a password."
-               : "is not a workbook.");
+               ? english("is not an .xlsx workbook: it is of the older .xls kind or protected by a password.")
+               : english("is not a workbook."));
   zip_error_t error;
   zip_error_init(&error);
   zip_source_t* source = zip_source_buffer_create(bytes_->data(), bytes_->size(), 0, &error);
@@ -118,7 +123,9 @@ Container::Container(std::string bytes, std::string name)
 }
 
 void Container::refuse(std::string_view what) const {
-  throw WorkbookError("The file " + (name_.empty() ? "" : name_ + " ") + std::string(what));
+  const std::string fault = words(what);
+  throw WorkbookError(name_.empty() ? words("The file {fault}", "fault", fault)
+                                    : words("The file {file} {fault}", "file", name_, "fault", fault));
 }
 
 bool Container::has(std::string_view part) const { return parts_.contains(partKey(part)); }

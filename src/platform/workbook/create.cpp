@@ -12,6 +12,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/words.h"
 #include "platform/utf8.h"
 #include "platform/whole_file.h"
 #include "platform/workbook/held.h"
@@ -53,9 +54,9 @@ class ListWriter {
 
   // Empty when the file was written.
   std::string write() {
-    if (!sheet_) return "it cannot be made";
+    if (!sheet_) return words("it cannot be made");
     head();
-    if (!rows()) return "it has more rows than a sheet holds";
+    if (!rows()) return words("it has more rows than a sheet holds");
     widths();
     page();
     errno = 0;
@@ -165,7 +166,7 @@ class ListWriter {
 }  // namespace
 
 void createList(const std::string& path, const List& list) {
-  if (heldElsewhere(path)) throw WorkbookHeld("Excel File Is Already Open\r\nClose It First");
+  if (heldElsewhere(path)) throw WorkbookHeld(english("Excel File Is Already Open\r\nClose It First"));
   std::string failure;
   try {
     WholeFile file(path);
@@ -174,8 +175,9 @@ void createList(const std::string& path, const List& list) {
   } catch (const std::system_error& error) {
     failure = error.code().message();
   }
-  throw WorkbookError("The workbook " + std::filesystem::path(path).filename().string() +
-                      " cannot be written to " + path + ": " + failure + ".");
+  throw WorkbookError(words("The workbook {workbook} cannot be written to {file}: {reason}.", "workbook",
+                            std::filesystem::path(path).filename().string(), "file", path, "reason",
+                            failure));
 }
 
 }  // namespace workbook

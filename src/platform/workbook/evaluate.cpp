@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "platform/workbook/functions.h"
 
 namespace workbook {
@@ -259,7 +260,7 @@ void Evaluator::run(int formula) {
   }
   if (cell.circular) {
     result = Error::Reference;
-    warn(formula, "the formula refers to itself");
+    warn(formula, words("the formula refers to itself"));
   }
   model_.sheets[static_cast<size_t>(cell.sheet)].cell(cell.row, cell.column)->value = std::move(result);
   cell.state = FormulaCell::State::Done;
@@ -306,7 +307,8 @@ Operand Evaluator::evaluate(const Expression& expression, const Home& home, bool
     case Expression::Kind::Name:
       return named(expression, home, arrays);
     case Expression::Kind::Unknown:
-      if (!running_.empty()) warn(running_.back(), "the function " + expression.name() + " is not known");
+      if (!running_.empty())
+        warn(running_.back(), words("the function {name} is not known", "name", expression.name()));
       return Value(Error::Name);
     case Expression::Kind::Array: {
       Table table;
@@ -424,7 +426,8 @@ Operand Evaluator::named(const Expression& expression, const Home& home, bool ar
     if (sameText(name.name, expression.name()) && (name.sheet == scope || (name.sheet < 0 && !found)))
       found = &name;
   if (!found) {
-    if (!running_.empty()) warn(running_.back(), "the name " + expression.name() + " is not known");
+    if (!running_.empty())
+      warn(running_.back(), words("the name {name} is not known", "name", expression.name()));
     return Value(Error::Name);
   }
   if (!found->expression) {

@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "platform/workbook/functions.h"
 
 namespace workbook {
@@ -329,7 +330,7 @@ class Parser {
     }
     const int count = static_cast<int>(result.arguments.size());
     if (result.function && (count < result.function->least || count > result.function->most))
-      throw FormulaError("gives " + std::string(name) + " a wrong number of arguments");
+      throw FormulaError(words("gives {function} a wrong number of arguments", "function", name));
     return result;
   }
 

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <functional>
 
+#include "base/words.h"
+
 namespace workbook {
 namespace {
 
@@ -93,7 +95,7 @@ struct Axis {
 };
 
 [[noreturn]] void tooLarge(const SheetModel& sheet) {
-  throw WorkbookError("The sheet " + sheet.name + " would need more than 2,000 pages.");
+  throw WorkbookError(words("The sheet {sheet} would need more than 2,000 pages.", "sheet", sheet.name));
 }
 
 // The cells that print something: contents, fills and borders.

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "platform/workbook/evaluate.h"
 #include "platform/workbook/model.h"
 #include "platform/workbook/xml.h"
@@ -109,7 +110,7 @@ std::unique_ptr<Model> loadModel(Container container) {
   if (!xml::is(root, "workbook")) model->container.refuse("is not a workbook.");
   if (xml::flag(xml::child(root, "workbookPr"), "date1904"))
     model->loadWarnings.push_back(
-        "The workbook counts its dates from 1904: they are shown four years early.");
+        words("The workbook counts its dates from 1904: they are shown four years early."));
   for (const xml::Node node : xml::children(xml::child(root, "sheets"), "sheet")) {
     SheetModel sheet;
     sheet.name = xml::text(node, "name");

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/words.h"
 #include "platform/workbook/model.h"
 #include "platform/workbook/xml.h"
 
@@ -64,8 +65,9 @@ void loadPictures(Model& model, SheetModel& sheet, const std::string& part) {
     auto& bytes = files[relation->target];
     if (!bytes) bytes = std::make_shared<const std::string>(model.container.read(relation->target));
     if (!drawable(*bytes)) {
-      model.loadWarnings.push_back("Sheet " + sheet.name + ": " + relation->target +
-                                   " is neither PNG, JPEG, GIF nor BMP and is left out.");
+      model.loadWarnings.push_back(
+          words("Sheet {sheet}: {part} is neither PNG, JPEG, GIF nor BMP and is left out.", "sheet",
+                sheet.name, "part", relation->target));
       continue;
     }
     Picture result{.from = anchor(xml::child(node, "from")),
@@ -89,7 +91,9 @@ void loadPictures(Model& model, SheetModel& sheet, const std::string& part) {
     sheet.pictures.push_back(std::move(result));
     if (sheet.pictures.size() > kMaxPictures) model.container.refuse("is too large.");
   }
-  if (others) model.loadWarnings.push_back("Sheet " + sheet.name + ": drawn shapes and charts are left out.");
+  if (others)
+    model.loadWarnings.push_back(
+        words("Sheet {sheet}: drawn shapes and charts are left out.", "sheet", sheet.name));
 }
 
 }  // namespace workbook

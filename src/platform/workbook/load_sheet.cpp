@@ -4,6 +4,7 @@
 
 #include "base/date.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "platform/utf8.h"
 #include "platform/workbook/decimal.h"
 #include "platform/workbook/model.h"
@@ -186,12 +187,12 @@ class SheetReader {
     FormulaCell formula{
         .sheet = number_, .row = row, .column = cell.column, .expression = nullptr, .stored = cell.value};
     const auto warn = [&](const std::string& text) {
-      model_.loadWarnings.push_back(model_.place(number_, row, cell.column) + ": " + text +
-                                    "; its stored value is kept");
+      model_.loadWarnings.push_back(words("{cell}: {fault}; its stored value is kept", "cell",
+                                          model_.place(number_, row, cell.column), "fault", text));
     };
     const std::string_view text = node.text().get();
     if (type == "dataTable") {
-      warn("tables of variants are passed over");
+      warn(words("tables of variants are passed over"));
     } else if (type == "shared" && text.empty()) {
       const auto master = shared_.find(std::string(xml::text(node, "si")));
       if (master != shared_.end()) formula.expression = master->second;
@@ -199,7 +200,7 @@ class SheetReader {
       try {
         formula.expression = std::make_shared<const Expression>(parseFormula(text, row, cell.column, model_));
       } catch (const FormulaError& error) {
-        warn(std::string("the formula ") + error.what());
+        warn(words("the formula {fault}", "fault", words(error.what())));
       }
       if (type == "shared") shared_[std::string(xml::text(node, "si"))] = formula.expression;
     }

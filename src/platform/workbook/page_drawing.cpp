@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/words.h"
 #include "platform/utf8.h"
 #include "platform/workbook/evaluate.h"
 
@@ -85,7 +86,7 @@ PageDrawing::PageDrawing(const Model& model, const SheetModel& sheet, const Shee
 }
 
 void PageDrawing::tooMuch() const {
-  throw WorkbookError("The sheet " + sheet_.name + " has too much on one page.");
+  throw WorkbookError(words("The sheet {sheet} has too much on one page.", "sheet", sheet_.name));
 }
 
 void PageDrawing::draw() {

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "platform/workbook/evaluate.h"
 #include "platform/workbook/model.h"
 
@@ -41,8 +42,8 @@ void Sheet::clearContents() {
 
 void Sheet::set(int row, int column, const Value& value) {
   if (row < 1 || row > kMaxRow || column < 1 || column > kMaxColumn)
-    throw WorkbookError("Row " + std::to_string(row) + ", column " + std::to_string(column) +
-                        " is outside the sheet " + name() + ".");
+    throw WorkbookError(words("Row {row}, column {column} is outside the sheet {sheet}.", "row",
+                              std::to_string(row), "column", std::to_string(column), "sheet", name()));
   SheetModel& sheet = at(*model_, index_);
   const uint32_t style = sheet.styleAt(row, column);
   Cell& cell = sheet.rows[row].at(column);
@@ -109,7 +110,7 @@ bool Workbook::hasSheet(std::string_view name) const { return model_->sheet(name
 
 Sheet& Workbook::sheet(std::string_view name) {
   const int index = model_->sheet(name);
-  if (index < 0) model_->container.refuse("has no sheet " + std::string(name) + ".");
+  if (index < 0) model_->container.refuse(words("has no sheet {sheet}.", "sheet", name));
   return sheets_[static_cast<size_t>(index)];
 }
 
