@@ -59,7 +59,7 @@ std::string tooWideWords(GridPaperKind kind) {
   std::string text = words(
       "Columns are More than Page Width\r\nPress Excel Button To View In Excel\r\n"
       "Then You Can Resize and Print From Excel");
-  if (kind == GridPaperKind::Pdf) text += words("\r\nIf You Continue You Shall Get Page Size Column Data ");
+  if (kind == GridPaperKind::Pdf) text += "\r\n" + words("If You Continue You Shall Get Page Size Column Data ");
   return text;
 }
 

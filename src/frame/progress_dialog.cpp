@@ -37,7 +37,7 @@ void ProgressDialog::run(const std::function<void()>& work) {
     work();
   } catch (...) {
     enableButtons(true);
-    tell(at("Label1").text + ::words(words_.undone));
+    tell(at("Label1").text + "\n" + ::words(words_.undone));
     throw;
   }
 }

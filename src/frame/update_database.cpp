@@ -33,7 +33,7 @@ UpdateDatabase::UpdateDatabase(Host& theHost)
     : ProgressDialog(theHost, updateTable(),
                      {.start = "cmdupdate",
                       .cancel = "Cmdclose",
-                      .undone = "\nThe Update Was Not Done :: The Books Are As They Were"}) {
+                      .undone = "The Update Was Not Done :: The Books Are As They Were"}) {
   wire<UpdateDatabase>(*this, {
                                   {"cmdupdate", On::Click,    &UpdateDatabase::update},
                                   {"Cmdclose",  On::Click,    &UpdateDatabase::close },

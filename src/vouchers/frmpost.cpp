@@ -31,7 +31,7 @@ FRMPOST::FRMPOST(Host& theHost)
     : ProgressDialog(theHost, postingTable(),
                      {.start = "cmdPOST",
                       .cancel = "cmdcancel",
-                      .undone = "\n Posting Was Not Done :: The Books Are As They Were"}) {
+                      .undone = " Posting Was Not Done :: The Books Are As They Were"}) {
   wire(*this, {
                   {"cmdPOST",   On::Click,    &FRMPOST::post },
                   {"cmdcancel", On::Click,    &FRMPOST::close},
