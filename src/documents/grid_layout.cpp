@@ -7,7 +7,6 @@
 #include "base/date.h"
 #include "base/number.h"
 #include "base/text.h"
-#include "base/words.h"
 
 namespace {
 
@@ -56,11 +55,11 @@ std::optional<GridLayout> gridLayout(const GridOutput& out, GridPaperKind kind) 
 }
 
 std::string tooWideWords(GridPaperKind kind) {
-  std::string text = words(
+  std::string words =
       "Columns are More than Page Width\r\nPress Excel Button To View In Excel\r\n"
-      "Then You Can Resize and Print From Excel");
-  if (kind == GridPaperKind::Pdf) text += "\r\n" + words("If You Continue You Shall Get Page Size Column Data ");
-  return text;
+      "Then You Can Resize and Print From Excel";
+  if (kind == GridPaperKind::Pdf) words += "\r\nIf You Continue You Shall Get Page Size Column Data ";
+  return words;
 }
 
 GridWords gridWords(std::string text, double twips, GridPaperKind kind) {

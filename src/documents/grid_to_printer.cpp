@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "base/words.h"
 #include "documents/grid_walk.h"
 #include "documents/paper.h"
 #include "frame/session.h"
@@ -59,8 +58,8 @@ class PrintedGrid : public GridPaper {
       draw(*line, font, layout_.middle - room / 2, y, room, paint::HAlign::Centre);
       y -= kStep;
     }
-    draw(words("Page No.: {page}", "page", std::to_string(number)), {.family = kFamily, .size = kSize},
-         layout_.right - room, y, room, paint::HAlign::Right);
+    draw("Page No.: " + std::to_string(number), {.family = kFamily, .size = kSize}, layout_.right - room, y,
+         room, paint::HAlign::Right);
     return y - kStep;
   }
 

@@ -4,7 +4,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "base/text.h"
 #include "base/words.h"
 #include "platform/edit.h"
 #include "platform/shown.h"
@@ -14,13 +13,6 @@ namespace {
 
 // Handlers that send the focus round in circles are a fault of a screen; this ends them.
 constexpr int kMostSettlings = 50;
-
-bool isLetterOf(const std::string& caption, char32_t letter) {
-  const size_t mark = caption.find('&');
-  if (mark == std::string::npos) return false;
-  const std::u32string rest = utf8::decode(upper(caption.substr(mark + 1)));
-  return !rest.empty() && rest.front() == letter;
-}
 
 }  // namespace
 
@@ -229,7 +221,7 @@ void Desk::plainKey(Screen& screen, Control* control, const Key& key) {
 
 bool Desk::mnemonic(Screen& screen, char32_t letter) {
   for (const auto& c : screen.controls) {
-    if (c->kind != Kind::Button || !c->enabled || !c->visible || !isLetterOf(shownText(*c), letter)) continue;
+    if (c->kind != Kind::Button || !c->enabled || !c->visible || !isLetterOf(*c, letter)) continue;
     // As a click does: the focus goes to the button first, and the field may refuse.
     if (c->tab > 0 && !moveFocus(screen, *c, true)) return true;
     if (isOpen(screen)) fire(screen, c.get(), On::Click, Go::On);

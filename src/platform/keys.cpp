@@ -1,9 +1,10 @@
 #include "platform/keys.h"
 
-#include <algorithm>
 #include <array>
-#include <cctype>
 #include <utility>
+
+#include "base/text.h"
+#include "platform/utf8.h"
 
 namespace {
 
@@ -26,11 +27,6 @@ constexpr std::array<std::pair<std::string_view, KeyCode>, 27> kNames{
      }
 };
 
-bool same(std::string_view a, std::string_view b) {
-  return std::ranges::equal(
-      a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
-}
-
 // Signs that names, addresses and bill numbers are made of.
 constexpr std::u32string_view kTextSigns = U" .+()-/&',:;#%@*=_\"\\";
 
@@ -41,24 +37,25 @@ std::optional<Key> keyByName(std::string_view name) {
   for (size_t plus = name.find('+'); plus != std::string_view::npos && plus + 1 < name.size();
        plus = name.find('+')) {
     const std::string_view held = name.substr(0, plus);
-    if (same(held, "Ctrl"))
+    if (sameText(held, "Ctrl"))
       key.ctrl = true;
-    else if (same(held, "Alt"))
+    else if (sameText(held, "Alt"))
       key.alt = true;
-    else if (same(held, "Shift"))
+    else if (sameText(held, "Shift"))
       key.shift = true;
     else
       return std::nullopt;
     name.remove_prefix(plus + 1);
   }
   for (const auto& [known, code] : kNames) {
-    if (!same(name, known)) continue;
+    if (!sameText(name, known)) continue;
     key.code = code;
     return key;
   }
-  if (name.size() != 1) return std::nullopt;
+  const std::u32string letter = utf8::decode(upper(name));
+  if (letter.size() != 1) return std::nullopt;
   key.code = KeyCode::Char;
-  key.ch = static_cast<char32_t>(std::toupper(static_cast<unsigned char>(name[0])));
+  key.ch = letter.front();
   return key;
 }
 
@@ -67,7 +64,7 @@ std::string nameOf(const Key& key) {
   if (key.ctrl) name += "Ctrl+";
   if (key.alt) name += "Alt+";
   if (key.shift) name += "Shift+";
-  if (key.code == KeyCode::Char) return name + static_cast<char>(key.ch);
+  if (key.code == KeyCode::Char) return name + utf8::encode(key.ch);
   for (const auto& [known, code] : kNames)
     if (code == key.code) return name + std::string(known);
   return name;

@@ -1,7 +1,6 @@
 #include "platform/screen.h"
 
 #include <algorithm>
-#include <cctype>
 #include <set>
 #include <stdexcept>
 #include <utility>
@@ -11,11 +10,6 @@
 #include "platform/utf8.h"
 
 namespace {
-
-bool same(std::string_view a, std::string_view b) {
-  return std::ranges::equal(
-      a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
-}
 
 void requireOneOfEach(const ScreenSpec& spec) {
   std::set<std::string_view> names;
@@ -64,7 +58,7 @@ Screen::~Screen() = default;
 
 const Control& Screen::at(std::string_view family, int index) const {
   for (const auto& c : controls)
-    if (c->index == index && same(c->family, family)) return *c;
+    if (c->index == index && sameText(c->family, family)) return *c;
   throw std::out_of_range(spec.name + " has no control " + std::string(family) + "(" + std::to_string(index) +
                           ")");
 }
@@ -93,9 +87,9 @@ Control* Screen::find(std::string_view name) {
     family = name.substr(0, open);
   }
   for (const auto& c : controls)
-    if (c->index == index && same(c->family, family)) return c.get();
+    if (c->index == index && sameText(c->family, family)) return c.get();
   for (const auto& c : controls)
-    if (!name.empty() && same(c->spec->field.text, name)) return c.get();
+    if (!name.empty() && sameText(c->spec->field.text, name)) return c.get();
   return nullptr;
 }
 
@@ -124,9 +118,9 @@ const Screen::Bound* Screen::rule(const Control* control, const Trigger& trigger
     size_t rank = 0;
     if (b.control.empty() && !trigger.on)
       rank = 1;
-    else if (control && same(b.control, control->family))
+    else if (control && sameText(b.control, control->family))
       rank = control->index < 0 ? 3 : 2;
-    else if (control && control->index >= 0 && same(b.control, control->fullName()))
+    else if (control && control->index >= 0 && sameText(b.control, control->fullName()))
       rank = 3;
     if (rank > bestRank) best = &b, bestRank = rank;
   }

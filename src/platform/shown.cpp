@@ -1,6 +1,8 @@
 #include "platform/shown.h"
 
+#include "base/text.h"
 #include "base/words.h"
+#include "platform/utf8.h"
 
 std::string shownText(const Control& control) {
   switch (control.kind) {
@@ -12,4 +14,12 @@ std::string shownText(const Control& control) {
     default:
       return control.text;
   }
+}
+
+bool isLetterOf(const Control& button, char32_t letter) {
+  const std::string caption = shownText(button);
+  const size_t mark = caption.find('&');
+  if (mark == std::string::npos) return false;
+  const std::u32string rest = utf8::decode(upper(caption.substr(mark + 1)));
+  return !rest.empty() && rest.front() == letter;
 }

@@ -9,3 +9,6 @@
 // cell is data, or words that it has looked up itself. Labels beside fields, captions, titles of
 // columns, hints, panels and all else that a screen says are words: hosts pass them through words().
 std::string shownText(const Control& control);
+
+// Whether the letter, in upper case, is the one behind & in a button's caption as it is shown.
+bool isLetterOf(const Control& button, char32_t letter);

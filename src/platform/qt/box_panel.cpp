@@ -3,10 +3,12 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "base/words.h"
 #include "platform/edit.h"
 #include "platform/host.h"
 #include "platform/qt/palette.h"
 #include "platform/qt/small_views.h"
+#include "platform/shown.h"
 
 namespace {
 
@@ -23,14 +25,9 @@ ScreenSpec specOf(BoxPanel::Kind kind) {
     spec.controls.push_back({.name = name, .kind = ::Kind::Button, .label = caption, .tab = 1});
   };
   const bool question = kind == BoxPanel::Kind::Question;
-  button("yes", question ? "&Yes" : "&Ok");
-  if (kind != BoxPanel::Kind::Message) button("no", question ? "&No" : "&Cancel");
+  button("yes", question ? english("&Yes") : english("&Ok"));
+  if (kind != BoxPanel::Kind::Message) button("no", question ? english("&No") : english("&Cancel"));
   return spec;
-}
-
-bool isLetterOf(const Control& button, char32_t letter) {
-  const size_t mark = button.text.find('&');
-  return mark != std::string::npos && static_cast<char32_t>(button.text[mark + 1]) == letter;
 }
 
 }  // namespace
