@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "base/words.h"
 #include "documents/company_cells.h"
 #include "documents/paper.h"
 #include "frame/session.h"
@@ -14,7 +15,7 @@ FilledSheet challanSheet(Database& db, const std::string& name, double number, c
   if (!head) return sheet;
   auto& cells = sheet.cells;
   cells.set(1, 3, name);
-  cells.set(2, 1, challanKind().paper.title);
+  cells.set(2, 1, words(challanKind().paper.title));
   cells.block(db.query("SELECT * FROM COMP_DET LIMIT 1"), 3, 4);
   cells.words(1, 10, *head, "NET_AMT");
   sheet.lines = cells.block(db.query(kLines, number, kind), 6, 8);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "documents/company_cells.h"
 #include "documents/words.h"
 #include "frame/voucher_kinds.h"
@@ -18,7 +19,7 @@ constexpr int kRateNames = 1, kRates = 3;
 
 void companyCells(DataSheet& sheet, const std::string& name, const Row& company) {
   sheet.set(1, 3, name);
-  sheet.set(2, 1, saleKind().paper.title);
+  sheet.set(2, 1, words(saleKind().paper.title));
   companyAddress(sheet, company);
   companyPairs(sheet, company);
 }

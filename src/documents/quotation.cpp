@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "base/words.h"
 #include "documents/company_cells.h"
 #include "documents/paper.h"
 #include "documents/words.h"
@@ -17,7 +18,7 @@ FilledSheet quotationSheet(Database& db, const std::string& name, const Row& com
   if (!head) return sheet;
   auto& cells = sheet.cells;
   cells.set(1, 3, name);
-  cells.set(2, 1, quotationKind().paper.title);
+  cells.set(2, 1, words(quotationKind().paper.title));
   cells.set(2, 6, AmountInWords(head->number("NET_AMT")));
   companyAddress(cells, company);
   companyRegistrations(cells, company);

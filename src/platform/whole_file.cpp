@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "base/words.h"
+
 namespace {
 
 constexpr size_t kBuffer = 1 << 16;
@@ -27,8 +29,9 @@ WholeFile::~WholeFile() {
 }
 
 void WholeFile::fail(int error) const {
-  throw std::system_error(error, std::generic_category(),
-                          std::filesystem::path(path_).filename().string() + " cannot be written");
+  throw std::system_error(
+      error, std::generic_category(),
+      words("{file} cannot be written", "file", std::filesystem::path(path_).filename().string()));
 }
 
 void WholeFile::write(std::string_view bytes) {

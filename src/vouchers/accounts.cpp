@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "masters/accounts.h"
 
 namespace {
@@ -30,6 +31,7 @@ std::optional<AccountFacts> readAccount(Database& db, const std::string& code) {
 
 std::string partyLines(const AccountFacts& p) {
   const std::string state = p.stateCode ? numText(*p.stateCode) : "";
-  return p.address1 + " " + p.address2 + " " + p.area + "\nBal : " + numText(p.balance) +
-         "\nStatecd : " + state + " Gstin No. " + p.gstin + "\n" + p.phone;
+  return words("{address}\nBal : {balance}\nStatecd : {state} Gstin No. {gstin}\n{phone}", "address",
+               p.address1 + " " + p.address2 + " " + p.area, "balance", numText(p.balance), "state", state,
+               "gstin", p.gstin, "phone", p.phone);
 }

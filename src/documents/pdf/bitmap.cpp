@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "base/words.h"
+
 namespace pdf {
 namespace {
 
@@ -35,7 +37,8 @@ class BmpReader {
 
  private:
   [[noreturn]] void refuse(const std::string& why) const {
-    throw std::runtime_error("The picture " + name_ + " cannot be used: " + why + ".");
+    throw std::runtime_error(
+        words("The picture {picture} cannot be used: {reason}.", "picture", name_, "reason", words(why)));
   }
 
   uint32_t number(size_t at, size_t size) const {
@@ -54,7 +57,7 @@ class BmpReader {
     if (width <= 0 || width > kMostPixels || height == 0 || height > kMostPixels || height < -kMostPixels)
       refuse("its size makes no sense");
     if (bits_ != 1 && bits_ != 4 && bits_ != 8 && bits_ != kTrueColour)
-      refuse("pixels of " + std::to_string(bits_) + " bits are not known");
+      refuse(words("pixels of {count} bits are not known", "count", std::to_string(bits_)));
     if (number(30, 4) != 0) refuse("it is packed");
     picture_.width = width;
     picture_.height = std::abs(height);
@@ -96,7 +99,9 @@ size_t pixelBytes(const Bitmap& bitmap) {
 
 Bitmap readBmp(const std::filesystem::path& file) {
   std::ifstream in(file, std::ios::binary);
-  if (!in) throw std::runtime_error("The picture " + file.filename().string() + " cannot be read.");
+  if (!in)
+    throw std::runtime_error(
+        words("The picture {picture} cannot be read.", "picture", file.filename().string()));
   return BmpReader(file.filename().string(), {std::istreambuf_iterator<char>(in), {}}).read();
 }
 

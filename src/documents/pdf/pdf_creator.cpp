@@ -10,6 +10,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "documents/pdf/ascii85.h"
 #include "documents/pdf/pdf_text.h"
 
@@ -176,9 +177,10 @@ void clsPDFCreator::out(std::string_view text) { file().write(text); }
 int clsPDFCreator::fresh(int more) {
   if (streamLength_ != 0) throw std::logic_error("a page or form of the PDF file is open");
   if (objects_ + 1 + more > kMostObjects)
-    throw std::runtime_error(std::filesystem::path(path_).filename().string() +
-                             " cannot be written: it has more than " + std::to_string(kMostObjects) +
-                             " parts, about " + std::to_string(kMostObjects / 3) + " pages");
+    throw std::runtime_error(
+        words("{file} cannot be written: it has more than {parts} parts, about {pages} pages", "file",
+              std::filesystem::path(path_).filename().string(), "parts", std::to_string(kMostObjects),
+              "pages", std::to_string(kMostObjects / 3)));
   const int first = objects_ + 1;
   objects_ = static_cast<int16_t>(objects_ + 1 + more);
   places_.resize(static_cast<size_t>(objects_) + 1);
@@ -273,7 +275,7 @@ void clsPDFCreator::bytesObject(int number, const std::string& dictionary, std::
 
 void clsPDFCreator::LoadImgFromArray(std::string_view name, const pdf::Bitmap& bitmap) {
   if (bitmap.pixels.empty() || bitmap.pixels.size() != pdf::pixelBytes(bitmap))
-    throw std::runtime_error("The picture " + std::string(name) + " has not the pixels of its size.");
+    throw std::runtime_error(words("The picture {picture} has not the pixels of its size.", "picture", name));
   const bool paletted = !bitmap.colours.empty();
   const int image = fresh(paletted ? 2 : 1);
   const auto encoded = [&](const std::string& bytes) { return ascii85_ ? pdf::ascii85(bytes) : bytes; };
