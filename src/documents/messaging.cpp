@@ -38,6 +38,13 @@ bool interact(Host& host, Interaction& what) {
   return session().mmsgok;
 }
 
+SavedMessage inWords(SavedMessage message) {
+  message.head = words(message.head);
+  for (auto& fact : message.facts) fact.name = words(fact.name);
+  for (std::string& hint : message.hints) hint = words(hint);
+  return message;
+}
+
 std::string textOf(const SavedMessage& message) {
   const std::string blanks(static_cast<size_t>(message.indent), ' ');
   int longest = 0;
@@ -47,7 +54,8 @@ std::string textOf(const SavedMessage& message) {
     text += "   " + name + std::string(static_cast<size_t>(std::max(0, longest - length(name))), ' ') +
             " : " + value + "\n";
   if (message.eWayReminder)
-    text += "\n" + blanks + kEWayReminder[0] + "\n   " + kEWayReminder[1] + " \n   " + kEWayReminder[2];
+    text += "\n" + blanks + words(kEWayReminder[0]) + "\n   " + words(kEWayReminder[1]) + " \n   " +
+            words(kEWayReminder[2]);
   text += std::string(static_cast<size_t>(message.gap), '\n') + "   " + join(message.hints, "\n   ");
   return text;
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/words.h"
 #include "platform/host.h"
 
 // The small message window `mymsgfrm`: a confirm box, and the closing message after a save.
@@ -23,17 +24,20 @@ struct SavedMessage {
   bool aligned = true;
   int gap = 2;
 };
+// Its words looked up: all but the values.
+SavedMessage inWords(SavedMessage message);
 // As the one text that Label1 has.
 std::string textOf(const SavedMessage& message);
 
 // The e-way reminder, line by line.
-inline constexpr const char* kEWayReminder[] = {"___E_Way_Reminder___", "Value Of Bill Exceeds Rs. 50000/-",
-                                                "E-Way Bill To Be Generated For Dispatch Of This Bill"};
+inline constexpr const char* kEWayReminder[] = {
+    english("___E_Way_Reminder___"), english("Value Of Bill Exceeds Rs. 50000/-"),
+    english("E-Way Bill To Be Generated For Dispatch Of This Bill")};
 
 struct Interaction {
-  std::string text = {};                       // of a confirm box
-  std::optional<SavedMessage> saved = {};      // in its place
-  std::string ok = "&OK", cancel = "&Cancel";  // a button without a caption is not there
+  std::string text = {};                                         // of a confirm box
+  std::optional<SavedMessage> saved = {};                        // in its place
+  std::string ok = english("&OK"), cancel = english("&Cancel");  // a button without a caption is not there
   Bgr okColour = kWhite, cancelColour = kWhite;
   bool asks = false;       // shows the box to type in
   std::string typed = {};  // what stands in it; after OK what was typed

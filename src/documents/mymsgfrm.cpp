@@ -1,6 +1,7 @@
 #include "documents/mymsgfrm.h"
 
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/routines.h"
 #include "frame/session.h"
 
@@ -68,8 +69,8 @@ mymsgfrm::mymsgfrm(Host& theHost) : Screen(theHost, windowTable(comingInteractio
 void mymsgfrm::opened(const Entry&) {
   const Interaction& what = comingInteraction();
   session().mmsgok = false;
-  const SavedMessage saved = what.saved ? *what.saved : SavedMessage{.head = what.text};
-  at("Label1").text = what.saved ? textOf(saved) : what.text;
+  const SavedMessage saved = inWords(what.saved ? *what.saved : SavedMessage{.head = what.text});
+  at("Label1").text = what.saved ? textOf(saved) : saved.head;
   phone_ = what.phone;
   at("OKButton").text = what.ok;
   at("OKButton").back = what.okColour;
@@ -98,7 +99,8 @@ void mymsgfrm::showMessage(const SavedMessage& message) {
     showLine("lblname", i, n < message.facts.size() ? message.facts[n].name + " :" : "");
     showLine("lblvalue", i, n < message.facts.size() ? message.facts[n].value : "");
   }
-  const std::vector<std::string> reminder(std::begin(kEWayReminder), std::end(kEWayReminder));
+  std::vector<std::string> reminder;
+  for (const char* line : kEWayReminder) reminder.push_back(words(line));
   showLine("lblreminder", -1, message.eWayReminder ? join(reminder, "\n") : "");
   for (int i = 0; i < kHints; ++i) {
     const auto n = static_cast<size_t>(i);
@@ -113,7 +115,8 @@ void mymsgfrm::showMessage(const SavedMessage& message) {
 void mymsgfrm::focusMoved(Control& control) {
   if (control.kind != Kind::Button) return;
   const bool pair = at("CancelButton").visible;
-  ShowHint(host, std::string("Enter = Chosen Button") + (pair ? " :: Left / Right = Other Button" : ""));
+  ShowHint(host, pair ? english("Enter = Chosen Button :: Left / Right = Other Button")
+                      : english("Enter = Chosen Button"));
 }
 
 void mymsgfrm::ok() {
