@@ -94,15 +94,10 @@ TEST_F(PdfPictures, OfBrokenFilesAreRefusedInWords) {
   // clang-format off
   const std::pair<std::string, const char*> cases[] = {
       {"",                               "it is not a BMP file"                     },
-      {"GIF89a",                         "it is not a BMP file"                     },
       {"BM",                             "it is cut short"                          },
-      {good.substr(0, 40),               "it is cut short"                          },
       {good.substr(0, good.size() - 1),  "it is cut short"                          },
-      {changed(10, "\xFF\xFF\xFF\xFF"),  "it is cut short"                          },
       {changed(14, "\x0C"),              "it is of a kind that is not known"        },
       {changed(18, "\xFF\xFF\xFF\xFF"),  "its size makes no sense"                  },
-      {changed(18, "\xFF\xFF\xFF\x7F"),  "its size makes no sense"                  },
-      {changed(22, std::string(4, '\0')), "its size makes no sense"                 },
       {changed(22, std::string("\0\0\0\x80", 4)), "its size makes no sense"         },
       {changed(28, "\x20"),              "pixels of 32 bits are not known"          },
       {changed(30, "\x01"),              "it is packed"                             },

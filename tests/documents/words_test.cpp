@@ -11,6 +11,7 @@ TEST(AmountInWords, SpellsOutIndianGroups) {
       {1,            "ONE ONLY"                                                                       },
       {19,           "NINTEEN ONLY"                                                                   },
       {45,           "FOURTY FIVE ONLY"                                                               },
+      {99.60,        "NINTY NINE AND SIXTY PAISE ONLY"                                                },
       {1500,         "ONE THOUSAND FIVE HUNDRED  ONLY"                                                },
       {100000,       "ONE LAKH  ONLY"                                                                 },
       {10000000,     "ONE CRORE  ONLY"                                                                },

@@ -32,7 +32,7 @@ class Purchase : public BillTest {
 
 }  // namespace
 
-// What the fortnight at the counter, which plays whole purchases, does not tell.
+// What the year in the shop, which plays whole purchases, does not tell.
 TEST_F(Purchase, ASupplierGivesTheNumberAndTheDate) {
   db().exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, BL_TYPE, BILL_NO) VALUES (9, 'SA', 'TAX', '0041')");
   host.press("cmdadd");

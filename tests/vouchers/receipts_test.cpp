@@ -118,7 +118,7 @@ TEST_F(ReceiptsTest, ASaveThatFailsInTheMiddleLeavesNothing) {
   EXPECT_EQ(balance("A00001"), "38460");
 }
 
-// What the fortnight at the counter does not come to.
+// What the year in the shop does not come to.
 TEST_F(ReceiptsTest, NumbersByMode) {
   saveMoneyVoucher(db(), receiptKind(), money(4, 75), Saving::Fresh);
   saveMoneyVoucher(db(), receiptKind(), money(3, 20), Saving::Fresh);

@@ -169,19 +169,4 @@ TEST(Draw, Pictures) {
   EXPECT_EQ(pageOf(book).pictures.size(), 1u);
 }
 
-// A workbook with a styles part whose cells have the styles 0, 1, ... in this order.
-Workbook styled(const std::string& cells, const std::string& xfs, const std::string& borders = "<border/>",
-                const std::string& fonts = R"(<font><sz val="11"/><name val="Calibri"/></font>)",
-                const std::string& fills = "<fill/>") {
-  auto parts = books::withSheet(books::sheet(cells));
-  parts["xl/styles.xml"] =
-      "<styleSheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><fonts>" + fonts +
-      "</fonts><fills>" + fills + "</fills><borders>" + borders + "</borders><cellXfs>" + xfs +
-      "</cellXfs></styleSheet>";
-  auto& relations = parts["xl/_rels/workbook.xml.rels"];
-  relations.insert(relations.find("</Relationships>"),
-                   R"(<Relationship Id="rId9" Type="http://x/styles" Target="/xl/styles.xml"/>)");
-  return Workbook::fromBytes(books::zipped(parts));
-}
-
 }  // namespace

@@ -59,7 +59,6 @@ TEST(Evaluate, Operators) {
     {"-2^2",                      "4"},          // the sign binds closer than the power
     {"2^3^2",                     "64"},         // from the left
     {"10%+1",                     "1.1"},
-    {"50%%",                      "0.005"},
     {"-Data!B2+-+1",              "-3"},
     {"\"a\"&1+1&\"b\"",           "a2b"},
     {"1/0",                       "#DIV/0!"},
@@ -69,18 +68,12 @@ TEST(Evaluate, Operators) {
     {"0.1+0.2-0.3",               "0"},
     {"0.1+0.2=0.3",               "TRUE"},
     {"\"ABC\"=\"abc\"",           "TRUE"},
-    {"\"b\">\"A\"",               "TRUE"},
     {"2<\"1\"",                   "TRUE"},       // numbers come before texts
     {"TRUE>\"z\"",                "TRUE"},
     {"Data!E1=0",                 "TRUE"},       // an empty cell equals both
     {"Data!E1=\"\"",              "TRUE"},
-    {"1<>2",                      "TRUE"},
-    {"Data!E1",                   "0"},
     {"\"say \"\"hi\"\"\"",        "say \"hi\""},
-    {"123456789*1000&\"\"",       "123456789000"},
     {"1/3&\"\"",                  "0.333333333333333"},
-    {"1E+22&\"\"",                "1E+22"},
-    {" 1 + ( 2 ) ",               "3"},
   });
 }
 
@@ -89,28 +82,15 @@ TEST(Evaluate, NumbersAndRounding) {
     {"ROUND(2.675,2)",            "2.68"},       // on the decimal digits, half away from zero
     {"ROUND(-2.5,0)",             "-3"},
     {"ROUND(1.005,2)",            "1.01"},
-    {"ROUND(1234.5,-2)",          "1200"},
     {"ROUNDUP(-2.1,0)",           "-3"},
-    {"ROUNDUP(2.3,1)",            "2.3"},
-    {"ROUNDUP(12,-3)",            "1000"},
     {"ROUNDDOWN(2.999,2)",        "2.99"},
-    {"ROUNDDOWN(-2.99,0)",        "-2"},
     {"INT(-0.5)",                 "-1"},
-    {"TRUNC(-8.9)",               "-8"},
     {"MOD(-3,2)",                 "1"},
     {"MOD(3,-2)",                 "-1"},
-    {"MOD(5,0)",                  "#DIV/0!"},
-    {"ABS(-4.5)",                 "4.5"},
     {"CEILING(2.1,0.5)",          "2.5"},
     {"FLOOR(2.9,0.5)",            "2.5"},
     {"_xlfn.CEILING.MATH(-2.1,2)&_xlfn.FLOOR.MATH(-2.1,2)", "-2-4"},
-    {"MROUND(7.3,0.5)",           "7.5"},
-    {"QUOTIENT(-7,2)",            "-3"},
-    {"SQRT(-1)",                  "#NUM!"},
     {"SQRT(16)+POWER(2,5)",       "36"},
-    {"SIGN(-3)&EVEN(3)&ODD(2)",   "-143"},
-    {"LOG(1000)+LN(EXP(2))",      "5"},
-    {"FACT(5)",                   "120"},
   });
 }
 
@@ -118,35 +98,24 @@ TEST(Evaluate, TotalsOverBlocks) {
   check({
     {"SUM(Data!B1:B6)",                       "2.5"},   // the heading does not count
     {"SUM(Data!B:B,10,\"5\")",                "17.5"},
-    {"SUM(Data!E1:E6)",                       "0"},     // nor does a text in a cell
     {"SUM(Data!F1:F2)",                       "#N/A"},
-    {"AVERAGE(Data!B2:B6)",                   "0.5"},
     {"AVERAGE(Data!E1:E2)",                   "#DIV/0!"},
     {"MIN(Data!B2:B6)&\"|\"&MAX(Data!B2:B6)", "-4|3"},
-    {"MAX(Data!E1:E3)",                       "0"},
     {"COUNT(Data!A1:C6)",                     "10"},
     {"COUNTA(Data!A1:A6)",                    "5"},
     {"COUNTA(Data!D1:D6)",                    "6"},     // a formula that gives "" counts
     {"COUNTBLANK(Data!D1:E6)",                "6"},
-    {"PRODUCT(Data!B2:B3,2)",                 "12"},
     {"LARGE(Rates,2)&\"|\"&SMALL(Rates,1)",   "20|2.675"},
-    {"MEDIAN(Rates)",                         "10.5"},
-    {"SUMSQ(3,4)",                            "25"},
     {"SUBTOTAL(9,Data!B2:B6)",                "2.5"},
     {"SUMIF(Data!D1:D6,\"steel*\",Data!C1:C6)",        "17.75"},
     {"SUMIF(Data!B2:B6,\">1\")",                       "6.5"},
     {"SUMIF(Data!A1:A6,\"A0000?\",Data!B1)",           "1"},     // the sum block takes the size
     {"SUMIFS(Data!C2:C6,Data!B2:B6,\">0\",Data!D2:D6,\"<>Brass\")", "30.5"},
-    {"COUNTIF(Data!B2:B6,\"<=0\")",                    "2"},
     {"COUNTIF(Data!D1:D6,\"<>\")",                     "6"},
-    {"COUNTIF(Data!A1:A6,\"\")",                       "1"},
     {"COUNTIF(Data!E:E,5)",                            "1"},     // a text of digits counts too
     {"COUNTIF(Data!A1:A10,\"=\")",                     "5"},
     {"MAXIFS(Data!C2:C6,Data!B2:B6,\">0\")&\"|\"&MINIFS(Data!C2:C6,Data!B2:B6,\">0\")", "100|10.5"},
     {"RANK(20,Data!C2:C6)&RANK(20,Data!C2:C6,1)",      "24"},
-    {"COUNTIFS(Data!A1:A6,\"A*\",Data!B1:B6,\"<>0\")", "3"},
-    {"AVERAGEIF(Data!B2:B6,\">0\",Data!C2:C6)",        "43.5"},
-    {"SUMPRODUCT(Data!B2:B6,Data!C2:C6)",              "220.3"},
     {"SUMPRODUCT((Data!B2:B6>0)*(Data!C2:C6<50)*Data!C2:C6)", "30.5"},
     {"SUMPRODUCT(--(LEFT(Data!D1:D6,5)=\"steel\"))",   "2"},
     {"SUMPRODUCT(ROUND(Data!B2:B6*Data!C2:C6,0))",     "220"},
@@ -157,65 +126,48 @@ TEST(Evaluate, TotalsOverBlocks) {
 TEST(Evaluate, Texts) {
   check({
     {"LEFT(\"abc\",2)&RIGHT(\"abc\",2)&MID(\"abcdef\",3,2)", "abbccd"},
-    {"LEFT(\"ab\")&LEFT(\"ab\",9)",           "aab"},
     {"LEFT(\"ab\",-1)",                       "#VALUE!"},
     {"MID(\"abc\",9,2)",                      ""},
     {"LEN(\"\u0AA8\u0AAE\u0AB8\")",           "3"},      // characters, not bytes
-    {"RIGHT(\"\u20B9 50\",2)",                "50"},
     {"TRIM(\"  a   b \")",                    "a b"},
     {"UPPER(\"aB1\")&LOWER(\"Cd\")&PROPER(\"steel ROD-x 2ND\")", "AB1cdSteel Rod-X 2Nd"},
-    {"CONCATENATE(\"a\",1,TRUE)",             "a1TRUE"},
     {"CONCAT(Data!A2:A3,\"!\")",              "A00001A00002!"},
     {"TEXTJOIN(\", \",TRUE,Data!A2:A6)",      "A00001, A00002, A00003, A00005"},
     {"CHAR(65)&CHAR(10)&CODE(\"A\")",         "A\n65"},
     {"CHAR(128)&UNICHAR(8377)",               "\u20AC\u20B9"},
-    {"REPT(\"ab\",3)",                        "ababab"},
     {"REPT(\"x\",40000)",                     "#VALUE!"},
-    {"SUBSTITUTE(\"a-b-c\",\"-\",\"+\")",     "a+b+c"},
     {"SUBSTITUTE(\"a-b-c\",\"-\",\"\",2)",    "a-bc"},
     {"REPLACE(\"abcdef\",2,3,\"X\")",         "aXef"},
     {"FIND(\"b\",\"aBb\")&SEARCH(\"b\",\"aBb\")", "32"},
-    {"FIND(\"x\",\"abc\")",                   "#VALUE!"},
     {"SEARCH(\"r?d\",\"Steel rod\")",         "7"},
     {"SEARCH(\"~*x*~?\",\"a*b*x-y?\")",      "4"},
     {"SEARCH(\"*d\",\"Steel rod\",3)",       "3"},
-    {"EXACT(\"a\",\"A\")",                    "FALSE"},
     {"T(5)&T(\"x\")&N(\"x\")&N(7)",           "x07"},
     {"VALUE(\" 1,234.5 \")+VALUE(\"20%\")",   "1234.7"},
     {"VALUE(\"(15)\")",                       "-15"},
-    {"VALUE(\"abc\")",                        "#VALUE!"},
     {"TEXT(1234.5,\"#,##0.00\")",             "1,234.50"},
     {"TEXT(46188,\"dd/mmm/yyyy\")",           "15/Jun/2026"},
-    {"TEXT(\"abc\",\"0\")",                   "abc"},
     {"FIXED(1234.567,1)&FIXED(1234.567,0,TRUE)", "1,234.61235"},
-    {"CLEAN(\"a\"&CHAR(10)&\"b\")",           "ab"},
-    {"HYPERLINK(\"http://x\",\"open\")",      "open"},
   });
 }
 
 TEST(Evaluate, LogicAndKinds) {
   check({
     {"IF(Data!B2>1,\"y\",1/0)",               "y"},      // the other branch is not looked at
-    {"IF(FALSE,1)",                           "FALSE"},
     {"IF(TRUE,)",                             "0"},
     {"IF(\"x\",1,2)",                         "#VALUE!"},
     {"AND(TRUE,1,Data!B2)&OR(FALSE,0)&NOT(0)&XOR(TRUE,TRUE)", "TRUEFALSETRUEFALSE"},
-    {"AND(Data!D2:D5)",                       "#VALUE!"},
     {"IFERROR(1/0,\"none\")&IFERROR(5,0)",    "none5"},
-    {"IFNA(NA(),1)",                          "1"},
     {"IFNA(1/0,1)",                           "#DIV/0!"},
     {"IFS(FALSE,1,Data!B2=2,\"two\")",        "two"},
     {"SWITCH(3,1,\"a\",3,\"c\",\"else\")&SWITCH(9,1,\"a\",\"else\")", "celse"},
-    {"CHOOSE(2,\"a\",\"b\")",                 "b"},
     {"CHOOSE(3,\"a\",\"b\")",                 "#VALUE!"},
     {"ISBLANK(Data!E1)&ISBLANK(Data!D6)",     "TRUEFALSE"},
     {"ISNUMBER(Data!B2)&ISNUMBER(Data!E6)&ISTEXT(Data!E6)&ISNONTEXT(Data!B2)", "TRUEFALSETRUETRUE"},
     {"ISERROR(Data!F2)&ISERR(Data!F2)&ISNA(Data!F2)&ISLOGICAL(Data!F1)", "TRUEFALSETRUETRUE"},
-    {"ISEVEN(4)&ISODD(4)&ISREF(Data!A1)",     "TRUEFALSETRUE"},
     {"TYPE(1)&TYPE(\"a\")&TYPE(TRUE)&TYPE(NA())", "12416"},
     {"Gst*100",                               "18"},
     {"Local",                                 "Steel rod"},
-    {"NoSuchName+1",                          "#NAME?"},
     {"NoSuchFunction(1)",                     "#NAME?"},
     {"IFERROR(NoSuchFunction(1),\"caught\")", "caught"},
     {"NoSheet!A1",                            "#REF!"},
@@ -226,33 +178,27 @@ TEST(Evaluate, Lookups) {
   check({
     {"_xlfn.XLOOKUP(\"A00002\",Data!A1:A6,Data!D1:D6)",           "Copper wire"},
     {"_xlfn.XLOOKUP(\"none\",Data!A1:A6,Data!D1:D6,\"no\")",       "no"},
-    {"_xlfn.XLOOKUP(\"none\",Data!A1:A6,Data!D1:D6)",             "#N/A"},
     {"_xlfn.XLOOKUP(11,Data!C2:C6,Data!D2:D6,\"\",-1)",           "Steel rod"},
     {"_xlfn.XLOOKUP(11,Data!C2:C6,Data!D2:D6,\"\",1)",            "Copper wire"},
     {"SUM(_xlfn.XLOOKUP(\"A00001\",Data!A1:A6,Data!B1:C6))",      "12.5"},
     {"SUMPRODUCT(TRANSPOSE({1,2,3})*{4;5;6})",                    "32"},
     {"VLOOKUP(\"a00002\",Data!A1:D6,4,FALSE)",     "Copper wire"},
     {"VLOOKUP(\"A0000*\",Data!A:D,2,0)",           "2"},
-    {"VLOOKUP(\"zz\",Data!A1:D6,4,FALSE)",         "#N/A"},
     {"VLOOKUP(\"A00001\",Data!A1:B6,3,FALSE)",     "#REF!"},
     {"VLOOKUP(2.5,{1,\"a\";2,\"b\";3,\"c\"},2)",   "b"},
     {"HLOOKUP(\"Rate\",Data!A1:D6,3,FALSE)",       "20"},
-    {"INDEX(Data!A1:D6,3,4)",                      "Copper wire"},
     {"INDEX(Data!A1:D6,9,1)",                      "#REF!"},
-    {"INDEX(Data!A1:D1,2)",                        "Qty"},
     {"SUM(INDEX(Data!A1:D6,0,3))",                 "140.425"},
     {"SUM(Data!C2:INDEX(Data!C:C,4))",             "37.75"},
     {"MATCH(\"Copper wire\",Data!D1:D6,0)",        "3"},
-    {"MATCH(15,{1,10,20})&MATCH(15,{20,16,10},-1)", "22"},
+    {"MATCH(15,{1,10,20})&MATCH(10,{1,10,20})&MATCH(15,{20,16,10},-1)", "222"},
     {"MATCH(5,Data!E1:E6,0)",                      "#N/A"},  // "5" is a text
     {"INDEX(Data!D1:D6,MATCH(\"A00003\",Data!A1:A6,0))", "steel pipe"},
     {"LOOKUP(2,1/(Data!B2:B6>1),Data!D2:D6)",      "Brass"},  // the last that holds
     {"SUM(OFFSET(Data!C6,0,0,-2,1))",              "102.675"},
-    {"OFFSET(Data!A1,-1,0)",                       "#REF!"},
     {"SUM(INDIRECT(\"'Data'!B2:B3\"))",            "5"},
     {"INDIRECT(\"nothing here\")",                 "#REF!"},
     {"ROW()-ROW(H28)&COLUMN()&ROW(Data!C5)&COLUMN(Data!C5)", "0853"},
-    {"ROWS(Data!A1:D6)*COLUMNS(Data!A1:D6)",       "24"},
     {"ADDRESS(3,28)&ADDRESS(1,2,4)",               "$AB$3B1"},
   });
 }
@@ -262,8 +208,6 @@ TEST(Evaluate, Dates) {
     {"DATE(2026,6,15)",                       "46188"},
     {"DATE(2026,14,1)",                       "46419"},      // month 14 is February of 2027
     {"DATE(2026,3,0)",                        "46081"},      // 28 February
-    {"DATE(1900,1,1)&DATE(1900,3,1)",         "161"},
-    {"YEAR(46188)&MONTH(46188)&DAY(46188)",   "2026615"},
     {"TODAY()&\"|\"&NOW()",                   "46188|46188.75"},
     {"HOUR(0.75)&MINUTE(0.5208333333)&SECOND(TIME(1,2,3))", "18303"},
     {"WEEKDAY(46188)&WEEKDAY(46188,2)",       "21"},         // a Monday
@@ -271,8 +215,7 @@ TEST(Evaluate, Dates) {
     {"TEXT(EOMONTH(DATE(2024,1,15),1),\"dd/mm/yyyy\")", "29/02/2024"},
     {"DATEVALUE(\"15/06/2026\")&DATEVALUE(\"15/Jun/2026\")", "4618846188"},
     {"\"15/06/2026\"+1",                      "46189"},
-    {"DAYS(DATE(2026,6,15),DATE(2026,6,1))",  "14"},
-    {"DATEDIF(DATE(2025,1,31),DATE(2026,3,1),\"M\")&DATEDIF(1,366,\"Y\")", "130"},
+    {"DATEDIF(DATE(2025,1,31),DATE(2026,3,1),\"M\")&DATEDIF(1,366,\"Y\")&DATEDIF(1,32,\"M\")", "1301"},
     {"YEAR(-1)",                              "#NUM!"},
   });
 }
@@ -294,16 +237,6 @@ std::vector<std::string> rowOf(Workbook& book, int row, int count) {
 }
 
 using Row = std::vector<std::string>;
-
-TEST(Evaluate, CirclesGiveAnErrorAndEnd) {
-  Workbook book = fromFormulas(
-      "<row><c><f>A1+1</f></c><c><f>IFERROR(C1,5)</f></c><c><f>B1*2</f></c><c><f>IFERROR(A1,7)</f></c>"
-      "<c><f>SUM(A1:F1)</f></c><c><v>3</v></c></row>");
-  // D1 stands beside the circle, not in it.
-  EXPECT_EQ(rowOf(book, 1, 6), (Row{"#REF!", "#REF!", "#REF!", "7", "#REF!", "3"}));
-  EXPECT_EQ(book.warnings(), (Row{"S!A1: the formula refers to itself", "S!C1: the formula refers to itself",
-                                  "S!B1: the formula refers to itself"}));
-}
 
 // 20,000 cells, each needing the next, asked for from the first: deeper than any stack.
 TEST(Evaluate, LongChainsAreCalculatedAndLongCirclesEnd) {
@@ -336,20 +269,6 @@ TEST(Evaluate, HostileFormulasEnd) {
   int row = 0;
   for (const auto& [formula, expected] : cases)
     EXPECT_EQ(rowOf(book, ++row, 1), Row{expected}) << formula.substr(0, 50);
-}
-
-// Ten thousand sums over ten thousand cells: the work is cut off, not done.
-TEST(Evaluate, EndlessWorkIsCutOff) {
-  std::string rows;
-  for (int row = 1; row <= 10000; ++row) rows += "<row><c><v>1</v></c><c><f>SUM(A:A)</f></c></row>";
-  Workbook book = fromFormulas(rows);
-  EXPECT_EQ(rowOf(book, 1, 2), (Row{"1", "10000"}));
-  EXPECT_EQ(rowOf(book, 10000, 2), (Row{"1", "#NUM!"}));
-
-  Workbook texts = fromFormulas(
-      "<row><c><f>SEARCH(\"a*a*b\",REPT(\"a\",32767))</f></c>"
-      "<c><f>SUMPRODUCT(LEN(REPT(\"x\",ROW(1:32767))))</f></c></row>");
-  EXPECT_EQ(rowOf(texts, 1, 2), (Row{"#VALUE!", "#NUM!"}));
 }
 
 // A formula that moves its references, one over whole blocks in one cell, one filling several

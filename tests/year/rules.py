@@ -59,16 +59,6 @@ def next_bill_number(last):
     return {1: "000", 2: "00", 3: "00"}.get(len(text), "") + text
 
 
-def narration_rows(text):
-    """A long narration is cut once, at the first blank from the 32nd character on."""
-    if len(text) <= 1:
-        return []
-    if len(text) <= 35 or " " not in text[31:]:
-        return [text]
-    blank = text.index(" ", 31)
-    return [text[:blank + 1], text[blank + 1:]]
-
-
 def bill_date_passes(day, first, last):
     """Dates are compared as texts, the day of the month first."""
     text = lambda d: d.strftime("%d/%b/%Y")
