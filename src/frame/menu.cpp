@@ -132,17 +132,19 @@ std::vector<ToolEntry> toolBar() {
   return tools;
 }
 
+std::string screenOf(const Command& command) {
+  const VoucherKind* const kind = kindByEntryType(command.key);
+  return kind ? kind->screen : command.screen;
+}
+
 void carryOut(Host& host, const Command& command) {
   Session& s = session();
   if (command.entrytype) s.mentrytype = command.entrytype;
   if (command.reportkey) s.mreportkey = command.reportkey;
   if (command.mastkey) s.mmastkey = command.mastkey;
   if (command.first) command.first(host);
-  if (command.screen) host.open(command.screen);
-  if (const VoucherKind* const kind = kindByEntryType(command.key)) {
-    s.mentrytype = kind->entryType;
-    host.open(kind->screen);
-  }
+  if (const VoucherKind* const kind = kindByEntryType(command.key)) s.mentrytype = kind->entryType;
+  if (const std::string screen = screenOf(command); !screen.empty()) host.open(screen);
   if (*command.hint) ShowHint(host, command.hint);
   if (command.link) openTutorial(host, links().*command.link);
 }

@@ -18,7 +18,7 @@ struct Command {
   const char* reportkey = nullptr;  // mreportkey
   const char* mastkey = nullptr;    // mmastkey
   void (*first)(Host&) = nullptr;   // done before the screen is opened
-  const char* screen = nullptr;     // null: opens none
+  const char* screen = "";          // empty: opens none, or a voucher's, which its kind names
   std::string Links::*link = nullptr;
   const char* hint = "";  // what the hint line says of an entry that does nothing
   const char* tool = "";  // button of the tool bar that repeats it
@@ -28,6 +28,9 @@ std::span<const Command> commands();
 const Command* commandOf(const MenuEntry& entry);
 const Command* commandOf(const ToolEntry& tool);
 const Command* commandByKey(const std::string& key);
+
+// What the entry opens; empty: nothing.
+std::string screenOf(const Command& command);
 
 std::vector<MenuEntry> menuTree();
 std::vector<ToolEntry> toolBar();

@@ -99,7 +99,7 @@ class EveryEntry : public ::testing::Test {
 
   void open(const Command& command) {
     EXPECT_TRUE(host_.choose(command.key)) << command.caption;
-    EXPECT_TRUE(sameText(host_.onTop(), command.screen)) << command.caption << " opens " << host_.onTop();
+    EXPECT_TRUE(sameText(host_.onTop(), screenOf(command))) << command.caption << " opens " << host_.onTop();
   }
 
   // To where fields are open: "cmdAdd" for a new row or voucher, "cmdEdit" for one that stands.
@@ -121,7 +121,7 @@ class EveryEntry : public ::testing::Test {
 
 TEST_F(EveryEntry, OpensItsScreenAndCloses) {
   for (const Command& command : commands()) {
-    if (!command.screen) continue;
+    if (screenOf(command).empty()) continue;
     open(command);
     expectNoFault(command.caption);
     backToTheShell(command.caption);
@@ -135,7 +135,8 @@ TEST_F(EveryEntry, OfTheToolBarAnswers) {
     const std::string before = seen(host_);
     EXPECT_TRUE(host_.tool(tool)) << tool.key;
     EXPECT_NE(seen(host_), before) << tool.key;
-    EXPECT_TRUE(sameText(host_.onTop(), command->screen ? command->screen : "frmmain")) << tool.key;
+    const std::string screen = screenOf(*command);
+    EXPECT_TRUE(sameText(host_.onTop(), screen.empty() ? "frmmain" : screen)) << tool.key;
     backToTheShell(tool.key);
   }
 }
@@ -152,7 +153,7 @@ TEST_F(EveryEntry, WithoutAScreenSaysSo) {
 TEST_F(EveryEntry, HasNoButtonWithoutAnAnswer) {
   const auto isButton = [](const Control& c) { return c.kind == Kind::Button; };
   for (const Command& command : commands()) {
-    if (!command.screen) continue;
+    if (screenOf(command).empty()) continue;
     for (const char* mode : {"", "cmdAdd", "cmdEdit"}) {
       open(command);
       go(mode);
@@ -183,14 +184,14 @@ TEST_F(EveryEntry, LooksUpInAnEmptyCompany) {
                               KeyCode::F8,    KeyCode::F11, KeyCode::F12};
   std::set<std::string> looked;
   for (const Command& command : commands()) {
-    if (!command.screen) continue;
+    if (screenOf(command).empty()) continue;
     for (const char* mode : {"cmdAdd", "cmdEdit"}) {
       open(command);
       go(mode);
       for (const std::string& field : names(isField))
         for (const KeyCode code : keys) {
           host_.says = false;
-          if (!sameText(host_.onTop(), command.screen)) break;
+          if (!sameText(host_.onTop(), screenOf(command))) break;
           Control& here = host_.at(field);
           if (!here.enabled || !here.visible || !host_.focusOn(here)) continue;
           const size_t before = host_.lookups.size();
