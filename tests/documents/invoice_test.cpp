@@ -3,8 +3,6 @@
 #include <unistd.h>
 #include <xlsxwriter.h>
 
-#include "documents/line_settings.h"
-#include "frame/full_disk.h"
 #include "invoice_fixture.h"
 #include "platform/workbook/workbook.h"
 
@@ -55,17 +53,6 @@ TEST_F(Invoice, AddsUpHsnCodesThatHaveNoRow) {
   EXPECT_TRUE(has(text, "540.00"));
   EXPECT_EQ(count(text, "85003"), 2u);  // its line and its own row
   EXPECT_EQ(count(text, "85004"), 1u);  // its line alone
-}
-
-TEST_F(Invoice, PrintsOnThePrinterAndLeavesNoFile) {
-  longBill(1, 2);
-  render(1);
-  host.viewed.clear();
-  render(1, "PRN");  // what was made of the bill before goes
-  EXPECT_EQ(host.lastMessage(), "");
-  EXPECT_TRUE(has(pdfText(folder / "printed.pdf"), "STEEL BOTTLE"));
-  EXPECT_FALSE(fs::exists(pdf("1")));
-  EXPECT_TRUE(host.viewed.empty());
 }
 
 TEST_F(Invoice, OpensTheFilledWorkbook) {

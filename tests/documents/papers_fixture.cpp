@@ -75,8 +75,3 @@ std::filesystem::path PapersTest::slip(double number) {
   session().mprnsheet = "D_C";
   return made("MIRAV_INV_" + numText(number), [&] { RenderDeliverySlip(host, number, "Delivery Slip"); });
 }
-
-std::filesystem::path PapersTest::card(const std::string& account) {
-  made("ADCARD", [&] { RenderAddressCard(host, account, "adcrd"); });
-  return folder / "BILLS" / "ADCARD.PDF";
-}

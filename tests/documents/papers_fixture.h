@@ -2,7 +2,6 @@
 
 #include <functional>
 
-#include "documents/address_card.h"
 #include "documents/challan.h"
 #include "documents/delivery_slip.h"
 #include "documents/quotation.h"
@@ -31,7 +30,6 @@ class PapersTest : public InvoiceTest {
   std::filesystem::path quotationPaper(double number);
   std::filesystem::path challanPaper(double number, int design);
   std::filesystem::path slip(double number);
-  std::filesystem::path card(const std::string& account);
 
   Screens screens;
   PaperHost host{screens, folder / "printed.pdf"};

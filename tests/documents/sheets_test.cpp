@@ -102,6 +102,13 @@ TEST_F(Sheets, OfABill) {
 }
 // clang-format on
 
+TEST_F(Sheets, SayTheTaxOfOtherStatesInWords) {
+  bill(8, {
+              {"I0000002", 1, 100, 0, 100, 0, 18, 0, 18}
+  });
+  EXPECT_EQ(rowText(invoice(8).cells, 1999), "1 EIGHTEEN ONLY");
+}
+
 TEST_F(Sheets, LeaveOutTotalsThatAreNullOrMinusOne) {
   mixedBill();
   const std::pair<const char*, const char*> foreign[] = {
@@ -152,7 +159,7 @@ TEST_F(Sheets, OfADeliverySlip) {
       {502, 1, 200, "1 73239390 | 2 6 | 3 75 | 4 550 | 5 649"},
       {503, 1, 200, ""},
   });
-  for (const auto& [type, title] : {std::pair("JOBWORK", "Jobwork Invoice"), std::pair("RETAIL", "Delivery Slip")}) {
+  for (const auto& [type, title] : {std::pair("JOB", "Jobwork Invoice"), std::pair("RETAIL", "Delivery Slip")}) {
     data().exec("UPDATE SALE SET BL_TYPE = ?, CASH_AMT = NULL", type);
     EXPECT_EQ(rowText(sheet().cells, 2, 1, 1), std::string("1 ") + title);
     EXPECT_TRUE(sheet().cells.at(2, 7).empty());

@@ -142,8 +142,8 @@ TEST_F(Shell, CodesFollowTheLargestOfTheirForm) {
   EXPECT_EQ(session().mnextcode, 21);
   EXPECT_EQ(NextItemCode(), 1);
   data().exec(
-      "INSERT INTO ITEM (ITEM_CD, ITEM_NAME) VALUES ('I0000041', 'A'), ('I00099', 'SHORT'), ('I1000000', "
-      "'ONE')");
+      "INSERT INTO ITEM (ITEM_CD, ITEM_NAME) VALUES ('I0000041', 'A'), ('I00099', 'SHORT'), ('I000000099', "
+      "'LONG'), ('I1000000', 'ONE')");
   EXPECT_EQ(NextItemCode(), 42);
   EXPECT_EQ(NextCategoryCode(), 2);  // E001 comes with the template
   EXPECT_EQ(accountCode(7) + accountCode(99999) + accountCode(100000), "A00007A99999A100000");

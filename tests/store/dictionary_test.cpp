@@ -99,16 +99,6 @@ TEST_F(DictionaryTest, AlteringAColumnKeepsDataOrderKeysIndexesAndViews) {
   EXPECT_TRUE(db.attempt("SELECT * FROM GSTBLPRN"));
 }
 
-TEST_F(DictionaryTest, NumbersAndDatesMoveIntoTextAsTheyShow) {
-  shape("QUOTITM", "QUANTITY", "DOUBLE DEFAULT 0");
-  shape("SALE", "ORDER_DT", "DATE");
-  db.exec("INSERT INTO QUOTITM (VOUCH_NO, SRNO, QUANTITY) VALUES (1, 1, 30), (1, 2, 2.5)");
-  db.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, ORDER_DT) VALUES (1, 'SA', '2026-06-15')");
-  walk();
-  EXPECT_EQ(db.text("SELECT GROUP_CONCAT(QUANTITY) FROM QUOTITM"), "30,2.5");
-  EXPECT_EQ(db.text("SELECT ORDER_DT FROM SALE"), "15/Jun/2026");
-}
-
 TEST_F(DictionaryTest, AColumnWhoseDataDoesNotFitKeepsItsShapeAndTheOthersDoNot) {
   shape("SALE", "BOOK_CD", "TEXT(10)");
   shape("SALE", "PARCLE", "TEXT(10)");
