@@ -11,8 +11,8 @@
 #include "documents/pdf/pdf_text.h"
 #include "documents/pdf/win_ansi.h"
 #include "documents/words.h"
+#include "frame/select.h"
 #include "masters/gstin.h"
-#include "masters/select_text.h"
 #include "platform/edit.h"
 #include "platform/keys.h"
 #include "platform/utf8.h"
@@ -93,13 +93,8 @@ void texts(const std::string& pattern, const std::string& text) {
 }
 
 void statements(const std::string& text) {
-  const Select select = parseSelect(text);
   declaredColumns(text);
   quotedName(text);
-  if (select.columns.empty()) return;
-  for (const auto make : {selectText, countText, pageText, firstColumnText}) make(select);
-  firstOrder(select);
-  selectText(filtered(select, "A LIKE ?", {Value("1")}));
   anywhere(text);
 }
 

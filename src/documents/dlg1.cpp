@@ -2,22 +2,23 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "base/text.h"
 #include "base/words.h"
 #include "documents/renderers.h"
+#include "frame/lookup.h"
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "frame/voucher_kinds.h"
-#include "masters/lookup.h"
 
 // What the dialog is for one print key.
 struct PrintKey {
   std::string key = {}, caption = {};
-  std::string sheet = {};   // mprnsheet; empty leaves it as it is
-  LookupSpec numbers = {};  // opened by Enter in the empty field; none without a table
-  bool locksShell = false;  // hides the shell's picture and locks the menus
+  std::string sheet = {};              // mprnsheet; empty leaves it as it is
+  std::optional<Lookup> numbers = {};  // opened by Enter in the empty field
+  bool locksShell = false;             // hides the shell's picture and locks the menus
   // The screen that comes back when the dialog closes.
   std::string entryType = {}, screen = {}, screenCaption = {};
 };
@@ -57,66 +58,91 @@ const ScreenSpec& spec() {
   return s;
 }
 
-const LookupSpec kBills{
-    .mode = "THREEFLD",
-    .table =
-        "(SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD) LEFT JOIN ACCOUNT AS ACC1 ON "
-        "SALE.SALE_CD = ACC1.ACC_CD WHERE SALE.book_cd = ? AND GSTPOST =1 ORDER BY VOUCH_DT DESC, "
-        "BILL_NO DESC, VOUCH_NO desc",
-    .first = "VOUCH_NO",
-    .second = "ACCOUNT.ACC_NAME",
-    .more =
-        "ACCOUNT.area, ACCOUNT.city, BILL_NO, format(vouch_dt, 'dd/MM/yyyy') AS VDT, ACC1.ACC_NAME, "
-        "bl_type, NARRATION, NET_AMT ",
-    .widths = {700,   2400, 1200, 1200, 1000, 1000, 1000, 500, 1400, 900},
-    .values = {saleKind().code},
-    .secondOnly = true,
+const SelectColumn kDay{"format(vouch_dt, 'dd/MM/yyyy')", 1000, "VDT"};
+
+Lookup bills(SelectColumns columns) {
+  return {
+      .rows = {.columns = std::move(columns),
+               .from = "(SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD) LEFT JOIN ACCOUNT AS ACC1"
+                       " ON SALE.SALE_CD = ACC1.ACC_CD", .where = "SALE.book_cd = ? AND GSTPOST =1",
+               .order = {down("VOUCH_DT"), down("BILL_NO"), down("VOUCH_NO")},
+               .values = {saleKind().code}},
+      .secondOnly = true
+  };
+}
+
+const Lookup kBills = bills({
+    {"VOUCH_NO",      700 },
+    ofAccount("ACC_NAME", "SALE.PARTY_CD", 2400),
+    {"ACCOUNT.area",  1200},
+    {"ACCOUNT.city",  1200},
+    {"BILL_NO",       1000},
+    kDay,
+    {"ACC1.ACC_NAME", 1000},
+    {"bl_type",       500 },
+    {"NARRATION",     1400},
+    {"NET_AMT",       900 }
+});
+
+const Lookup kBillsByNumber = bills({
+    {"VOUCH_NO",         1000},
+    {"BILL_NO",          1000},
+    {"ACCOUNT.ACC_NAME", 2500},
+    {"ACCOUNT.area",     1400},
+    {"ACCOUNT.city",     1400},
+    {kDay.expression,    1200, kDay.name},
+    {"ACC1.ACC_NAME",                  2000       }
+});
+
+const Lookup kChallans{
+    .rows = {.columns = {{"VOUCH_NO", 700},
+                         ofAccount("ACC_NAME", "CHLN.PARTY_CD", 2400),
+                         {"ACCOUNT.area", 1200},
+                         {"ACCOUNT.city", 1200},
+                         {"CHLN_NO", 1000},
+                         kDay,
+                         {"CHLN_TYP", 1200},
+                         {"NET_AMT"}},
+             .from = "CHLN LEFT JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD",
+             .where = "CHLN.book_cd = ?",
+             .order = {down("VOUCH_DT"), down("VOUCH_NO")},
+             .values = {challanKind().code}},
+    .secondOnly = true
 };
 
-const LookupSpec kChallans{
-    .mode = "THREEFLD",
-    .table =
-        "CHLN LEFT JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD WHERE CHLN.book_cd = ? ORDER BY "
-        "VOUCH_DT DESC, VOUCH_NO desc",
-    .first = "VOUCH_NO",
-    .second = "ACCOUNT.ACC_NAME",
-    .more = "ACCOUNT.area, ACCOUNT.city, CHLN_NO, format(vouch_dt, 'dd/MM/yyyy') AS VDT, CHLN_TYP, NET_AMT ",
-    .widths = {700,   2400, 1200, 1200, 1000, 1000, 1200, 0, 0, 0},
-    .values = {challanKind().code},
-    .secondOnly = true,
+const Lookup kQuotations{
+    .rows = {.columns = {{"VOUCH_NO", 700},
+                         ofAccount("ACC_NAME", "QUOT.PARTY_CD", 2400),
+                         {"ACCOUNT.area", 1200},
+                         {"ACCOUNT.city", 1200},
+                         kDay,
+                         {"NET_AMT", 1000}},
+             .from = "QUOT LEFT JOIN ACCOUNT ON QUOT.PARTY_CD = ACCOUNT.ACC_CD",
+             .where = "QUOT.ENTRY_TYP = ?",
+             .order = {down("VOUCH_DT"), down("VOUCH_NO")},
+             .values = {quotationKind().code}},
+    .secondOnly = true
 };
 
-const LookupSpec kQuotations{
-    .mode = "THREEFLD",
-    .table =
-        "QUOT LEFT JOIN ACCOUNT ON QUOT.PARTY_CD = ACCOUNT.ACC_CD WHERE QUOT.ENTRY_TYP = ? "
-        "ORDER BY VOUCH_DT DESC, VOUCH_NO desc",
-    .first = "VOUCH_NO",
-    .second = "ACCOUNT.ACC_NAME",
-    .more = "ACCOUNT.area, ACCOUNT.city, format(vouch_dt, 'dd/MM/yyyy') AS VDT, NET_AMT ",
-    .widths = {700,   2400, 1200, 1200, 1000, 1000, 0, 0},
-    .values = {quotationKind().code},
-    .secondOnly = true,
-};
+Lookup accountsByCode() {
+  Lookup lookup = accounts({
+      {"ACC_CD",   1000},
+      {"ACC_NAME", 2800},
+      {"area",     1200},
+      {"city",     1200}
+  });
+  lookup.secondOnly = true;
+  return lookup;
+}
 
-const LookupSpec kAccounts{
-    .mode = "THREEFLD",
-    .table = "ACCOUNT ORDER BY ACC_NAME ",
-    .first = "ACC_CD",
-    .second = "ACC_NAME",
-    .more = "area, city ",
-    .widths = {1000, 2800, 1200, 1200},
-    .secondOnly = true,
-};
-
-PrintKey of(const VoucherKind& kind, const LookupSpec& numbers, bool locksShell) {
+PrintKey of(const VoucherKind& kind, const Lookup& numbers, bool locksShell) {
   const auto& paper = kind.paper;
   return {.key = paper.key,
           .caption = paper.dialog,
           .sheet = paper.lineSheet,
           .numbers = numbers,
           .locksShell = locksShell,
-          .entryType = paper.entryType.empty() ? "" : kind.entryType,
+          .entryType = kind.entryType,
           .screen = kind.screen,
           .screenCaption = paper.behind};
 }
@@ -128,7 +154,7 @@ const std::array kKeys = {
     of(quotationKind(), kQuotations, true),
     PrintKey{.key = "Delivery Slip", .caption = "Delivery Slip Print", .sheet = "D_C"},
     PrintKey{.key = "Tax Invoice",   .caption = "Tax Invoice Print",   .sheet = "BILL"},
-    PrintKey{.key = "adcard",        .caption = "ADDRESS CARD PRINT",  .sheet = "MAILLABL", .numbers = kAccounts, .locksShell = true},
+    PrintKey{.key = "adcard",        .caption = "ADDRESS CARD PRINT",  .sheet = "MAILLABL", .numbers = accountsByCode(), .locksShell = true},
 };
 // clang-format on
 
@@ -143,7 +169,8 @@ const PrintKey& printKey(const std::string& key) {
 
 }  // namespace
 
-dlg1::dlg1(Host& theHost) : Screen(theHost, ::spec()), key_(&printKey(session().mreportkey)) {
+dlg1::dlg1(Host& theHost, const Opening& opening)
+    : Screen(theHost, ::spec()), key_(&printKey(opening.reportKey)) {
   escMeans = "Esc = Close";
   wire<dlg1>(*this, {
                         {"Text4",        On::Focus,      &dlg1::numberFocus},
@@ -157,7 +184,7 @@ dlg1::dlg1(Host& theHost) : Screen(theHost, ::spec()), key_(&printKey(session().
   });
 }
 
-void dlg1::opened(const Entry& entry) {
+void dlg1::opened(const Opening& opening) {
   Session& s = session();
   if (!key_->caption.empty()) caption = key_->caption;
   if (!key_->sheet.empty()) s.mprnsheet = key_->sheet;
@@ -165,24 +192,22 @@ void dlg1::opened(const Entry& entry) {
     showPicture(host, false);
     SetMenus(host, false, false);
   }
-  set(at("Text4"), entry.value);
-  focus(at(trim(entry.value).empty() ? "Text4" : "cmdpdf"));
+  set(at("Text4"), opening.value);
+  focus(at(trim(opening.value).empty() ? "Text4" : "cmdpdf"));
   ShowHint(host, "Press Enter To Proceed");
 }
 
 void dlg1::closed() {
-  Session& s = session();
-  s.mprnmode.clear();
-  if (!key_->entryType.empty()) s.mentrytype = key_->entryType;
+  session().mprnmode.clear();
   if (!key_->screen.empty()) {
-    host.open(key_->screen);
+    // As it stands behind the dialog, or a new one.
+    host.open(key_->screen, host.find(key_->screen) ? Opening() : Opening{.entryType = key_->entryType});
     Screen* const screen = host.find(key_->screen);
     if (screen && !key_->screenCaption.empty()) screen->caption = key_->screenCaption;
   } else if (key_->locksShell) {
     showPicture(host, true);
     SetMenus(host, true, true);
   }
-  s.mreportkey.clear();
 }
 
 // Each key in the number field takes back what a button had chosen.
@@ -196,7 +221,7 @@ void dlg1::numberFocus() { ShowHint(host, std::exchange(answer_, english("Press 
 Go dlg1::numberEnter() {
   session().mprnmode.clear();
   if (trim(here().text).empty()) {
-    if (!key_->numbers.table.empty()) return lookUp(host, *this, here(), key_->numbers);
+    if (key_->numbers) return lookUp(host, *this, here(), *key_->numbers);
     ShowHint(host, "Nothing To Look Up: Type The Number");
     return Go::Stay;
   }
@@ -210,23 +235,11 @@ Go dlg1::numberEnter() {
 Go dlg1::billLookup() {
   session().mprnmode.clear();
   if (key_->key != saleKind().paper.key) return Go::Stay;
-  if (session().mhlptable != kBills.table) {
+  if (session().mhlptable != tableText(kBills.rows)) {
     ShowHint(host, "Nothing To Look Up Yet: Press Enter In The Empty Field First");
     return Go::Stay;
   }
-  return lookUp(
-      host, *this, here(),
-      {
-          .mode = "THREEFLD",
-          .table = kBills.table,
-          .first = "VOUCH_NO",
-          .second = "BILL_NO",
-          .more = "ACCOUNT.ACC_NAME, ACCOUNT.area, ACCOUNT.city, format(vouch_dt, 'dd/MM/yyyy') AS VDT, "
-                  "ACC1.ACC_NAME",
-          .widths = {1000, 1000, 2500, 1400, 1400, 1200, 2000, 1500, 0, 0},
-          .values = kBills.values,
-          .secondOnly = true,
-  });
+  return lookUp(host, *this, here(), kBillsByNumber);
 }
 
 // The workbook itself, unless a button has chosen otherwise.

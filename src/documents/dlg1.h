@@ -5,12 +5,12 @@
 
 struct PrintKey;
 
-// The print dialog of all documents. `mreportkey` says which; opened with a number it is
+// The print dialog of all documents. The report key says which; opened with a number it is
 // ready to make that document, else the number is typed or looked up.
 class dlg1 : public Screen {
  public:
-  explicit dlg1(Host& host);
-  void opened(const Entry& entry) override;
+  dlg1(Host& host, const Opening& opening);
+  void opened(const Opening& opening) override;
   void closed() override;
   char32_t filter(const Control& control, char32_t key) override;
 

@@ -24,18 +24,10 @@ std::string harmless(const std::string& text) {
 
 }  // namespace
 
-Interaction& comingInteraction() {
-  static Interaction coming;
-  return coming;
-}
-
 bool interact(Host& host, Interaction& what) {
-  comingInteraction() = what;
-  session().mmsgok = false;
-  host.openModal("mymsgfrm", {.caller = {}, .value = {}});
-  if (session().mmsgok) what.typed = comingInteraction().typed;
-  comingInteraction() = {};
-  return session().mmsgok;
+  const auto typed = host.openModal("mymsgfrm", {.more = what});
+  if (typed) what.typed = *typed;
+  return typed.has_value();
 }
 
 SavedMessage inWords(SavedMessage message) {

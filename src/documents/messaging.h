@@ -45,10 +45,8 @@ struct Interaction {
   std::string phone = {};
 };
 
-// Shows the window and waits. True for OK; `mmsgok` holds the same afterwards.
+// Shows the window and waits. True for OK.
 bool interact(Host& host, Interaction& what);
-// What the window that is opening is to show.
-Interaction& comingInteraction();
 
 // The hand-off to the program that sends WhatsApp messages: its whole interface is the command
 // line. The text is made one line without quotes, so that it stays one argument.

@@ -3,7 +3,6 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "frame/routines.h"
-#include "frame/session.h"
 
 namespace {
 
@@ -56,7 +55,8 @@ const ScreenSpec& windowTable(const Interaction& what) {
 
 }  // namespace
 
-mymsgfrm::mymsgfrm(Host& theHost) : Screen(theHost, windowTable(comingInteraction())) {
+mymsgfrm::mymsgfrm(Host& theHost, const Opening& opening)
+    : Screen(theHost, windowTable(std::any_cast<const Interaction&>(opening.more))) {
   wire(*this, {
                   {"OKButton",     On::Click,      &mymsgfrm::ok      },
                   {"CancelButton", On::Click,      &mymsgfrm::cancel  },
@@ -66,9 +66,8 @@ mymsgfrm::mymsgfrm(Host& theHost) : Screen(theHost, windowTable(comingInteractio
   });
 }
 
-void mymsgfrm::opened(const Entry&) {
-  const Interaction& what = comingInteraction();
-  session().mmsgok = false;
+void mymsgfrm::opened(const Opening& opening) {
+  const auto& what = std::any_cast<const Interaction&>(opening.more);
   const SavedMessage saved = inWords(what.saved ? *what.saved : SavedMessage{.head = what.text});
   at("Label1").text = what.saved ? textOf(saved) : saved.head;
   phone_ = what.phone;
@@ -120,16 +119,11 @@ void mymsgfrm::focusMoved(Control& control) {
 }
 
 void mymsgfrm::ok() {
-  session().mmsgok = true;
-  comingInteraction().typed = at("Text1").text;
-  result = "OK";
+  result = at("Text1").text;
   host.close(*this);
 }
 
-void mymsgfrm::cancel() {
-  session().mmsgok = false;
-  host.close(*this);
-}
+void mymsgfrm::cancel() { host.close(*this); }
 
 void mymsgfrm::whatsApp() {
   const std::string typed = at("Text1").text;

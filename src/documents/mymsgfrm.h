@@ -5,12 +5,13 @@
 #include "documents/messaging.h"
 #include "platform/host.h"
 
-// "Mirav Interaction": see documents/messaging.h. Opened modally; its result is "OK" or nothing.
+// "Mirav Interaction": see documents/messaging.h. Opened modally with an
+// Interaction; its result is what was typed, and nothing without OK.
 class mymsgfrm : public Screen {
  public:
-  explicit mymsgfrm(Host& host);
+  mymsgfrm(Host& host, const Opening& opening);
 
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
   void focusMoved(Control& control) override;
 
  private:

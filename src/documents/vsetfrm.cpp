@@ -120,8 +120,8 @@ VSETFRM::VSETFRM(Host& theHost) : ChildScreen(theHost, ::spec()) {
   });
 }
 
-void VSETFRM::opened(const Entry& entry) {
-  ChildScreen::opened(entry);
+void VSETFRM::opened(const Opening& opening) {
+  ChildScreen::opened(opening);
   for (const Choice& choice : kChoices) set(at("txtFields", choice.index), numText(session().*choice.design));
   at("lblnone").text = words("The Design Shows Here");
   focus(at("txtFields", 9));

@@ -7,7 +7,7 @@
 class VSETFRM : public ChildScreen {
  public:
   explicit VSETFRM(Host& host);
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
 
  protected:
   std::string hintFor(const Control& control) const override;

@@ -4,12 +4,10 @@
 #include "base/words.h"
 #include "frame/session.h"
 
-void ChildScreen::opened(const Entry&) {
-  Session& s = session();
-  s.mactiveforms += 1;
+void ChildScreen::opened(const Opening&) {
+  session().mactiveforms += 1;
   showPicture(host, false);
   SetMenus(host, false, false);
-  ResizeControls(s.mxscale, s.myscale);
 }
 
 void ChildScreen::closed() {

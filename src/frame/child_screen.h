@@ -14,7 +14,7 @@
 class ChildScreen : public Screen {
  public:
   using Screen::Screen;
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
   void closed() override;
   void focusMoved(Control& control) override;
 

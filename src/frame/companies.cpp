@@ -262,7 +262,6 @@ std::string openCompanyYear(const CompanyYear& which) {
   s.mcompid = which.code;
   s.myr2 = right(which.from, 2);
   s.myrpair = s.myr2 + right(which.to, 2);
-  s.mfromyrval = Val(which.from);
   // Constants until the settings give the true period.
   s.mstartdt = Date{std::chrono::year{2023}, std::chrono::April, std::chrono::day{1}};
   s.menddt = Date{std::chrono::year{2034}, std::chrono::March, std::chrono::day{31}};

@@ -11,39 +11,12 @@ struct Member {
   std::string Session::*member;
 };
 
-// clang-format off
 constexpr Member kMembers[] = {
-    {"ADDRS",       &Session::mcad1},
-    {"TINNO",       &Session::mtinno},      // this and the next, EX_DTL, EX_REG_NO, RANG, DIVI and
-    {"CSTNO",       &Session::mcstno},      // COMISNRT are absent on an updated database
-    {"PH1",         &Session::mph1},
-    {"PH2",         &Session::mph2},
-    {"EX_DTL",      &Session::mexdtl},
-    {"AD1",         &Session::mad1},
-    {"AD2",         &Session::mad2},
-    {"AREA",        &Session::marea},
-    {"CITY",        &Session::mcity},
-    {"PLA_NO",      &Session::mplano},
-    {"EX_REG_NO",   &Session::mexregno},
-    {"RANG",        &Session::mrang},
-    {"DIVI",        &Session::mdivi},
-    {"COMISNRT",    &Session::mcomisnrt},
-    {"C_BANK_NAME", &Session::mcbankname},
-    {"C_BRNCH",     &Session::mcbrnch},
-    {"C_IFSC",      &Session::mcifsc},
-    {"C_AC_NO",     &Session::mcacno},
-    {"C_EMAIL",     &Session::mcemail},
-    {"C_PASS",      &Session::mcpass},
-    {"C_SMTP",      &Session::mcsmtp},
-    {"C_PORT",      &Session::mcport},
-    {"TERMS",       &Session::mterms},
-    {"GSTINNO",     &Session::mgstinno},
-    {"STATE",       &Session::mstate},
-    {"STATECD",     &Session::mstatecd},
-    {"CPIN",        &Session::mcpin},
-    {"MOBNOCO",     &Session::mmobile},
+    {"ADDRS",   &Session::mcad1   },
+    {"GSTINNO", &Session::mgstinno},
+    {"STATECD", &Session::mstatecd},
+    {"MOBNOCO", &Session::mmobile },
 };
-// clang-format on
 
 std::string textOf(const Fields& fields, std::string_view column) {
   for (const Field& f : fields)

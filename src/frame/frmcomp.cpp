@@ -5,6 +5,7 @@
 #include "base/words.h"
 #include "frame/backup_menu.h"
 #include "frame/links.h"
+#include "frame/lookup.h"
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "platform/utf8.h"
@@ -83,9 +84,8 @@ FRMCOMP::FRMCOMP(Host& h) : Screen(h, ::spec()) {
   });
 }
 
-void FRMCOMP::opened(const Entry&) {
-  ResizeControls(session().mxscale, session().myscale);
-  anchor = CenterScreen(*this);
+void FRMCOMP::opened(const Opening&) {
+  anchor = Anchor::Centre;
   host.hint(kKeys);
   fill();
 }
@@ -163,31 +163,19 @@ void FRMCOMP::search(const std::string& text) {
 
 // The fields
 
-Go FRMCOMP::lookUp(Control& field, const std::string& first, const std::string& second,
-                   const std::string& table, std::vector<Value> values) {
-  Session& s = session();
-  s.mhlpmode = "twofld";
-  s.mhlpfld1 = first;
-  s.mhlpfld2 = second;
-  s.mhlpflds.clear();
-  s.mhlptable = table;
-  s.mhlpvalues = std::move(values);
-  s.mhlpwidth = {1500, 3000};
-  const auto chosen = host.openModal("FRMHLP", {.caller = spec.name});
-  if (chosen && !chosen->empty()) {
-    set(field, *chosen);
-    enterAgain(field);
-  }
-  return Go::Stay;
-}
-
 Go FRMCOMP::code() {
   Control& field = at("Text1");
   const std::string typed = trim(field.text);
   if (typed.empty()) {
     const bool manager = session().musertype == "M";
-    return lookUp(field, "distinct(comp_id)", "comp_name",
-                  manager ? "compny WHERE COMP_ID = 'M001'" : "compny", {});
+    return lookUp(host, *this, field,
+                  {
+                      .rows = {.columns = {{"comp_id", 1500}, {"comp_name", 3000}},
+                               .from = "compny",
+                               .where = manager ? "COMP_ID = 'M001'" : "",
+                               .distinct = true},
+                      .inCatalogue = true
+    });
   }
   const auto years = yearsOf(catalogue(), typed);
   if (years.empty()) {
@@ -219,7 +207,15 @@ Go FRMCOMP::year() {
   Control& field = at("Text3");
   const std::string code = trim(at("Text1").text), typed = trim(field.text);
   if (typed.empty())
-    return lookUp(field, "FROMYR", "TOYR", "compny WHERE COMP_ID = ? ORDER BY FROMYR DESC", {Value(code)});
+    return lookUp(host, *this, field,
+                  {
+                      .rows = {.columns = {{"FROMYR", 1500}, {"TOYR", 3000}},
+                               .from = "compny",
+                               .where = "COMP_ID = ?",
+                               .order = {down("FROMYR")},
+                               .values = {code}},
+                      .inCatalogue = true
+    });
   if (newcomp_) {
     if (create(CreateBy::Enter)) {
       at("cmdok").enabled = true;

@@ -12,7 +12,7 @@
 class FRMCOMP : public Screen {
  public:
   explicit FRMCOMP(Host& host);
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
   void closed() override;
   void typed(Control& list, char32_t ch) override;
 
@@ -36,8 +36,6 @@ class FRMCOMP : public Screen {
   void remove();
   void video();
 
-  Go lookUp(Control& field, const std::string& first, const std::string& second, const std::string& table,
-            std::vector<Value> values);
   void openTyped();
   bool create(CreateBy by);
 

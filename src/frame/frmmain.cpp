@@ -136,16 +136,12 @@ frmmain::frmmain(Host& h) : Screen(h, ::spec()) {
   });
 }
 
-void frmmain::opened(const Entry&) {
-  ResizeControls(session().mxscale, session().myscale);
-  readCompany();
-}
+void frmmain::opened(const Opening&) { readCompany(); }
 
 // What the shell takes from the company-year that has just been opened.
 void frmmain::readCompany() {
   Session& s = session();
   seed();
-  s.mdesignson = true;
   panels[0] = periodPanel(s);
   panels[2] = formatDate(host.today(), "dd/MMM/yyyy");
   caption = shellCaption(s);

@@ -8,7 +8,7 @@
 class frmmain : public Screen {
  public:
   explicit frmmain(Host& host);
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
   void activated() override;
   bool mayClose() override;
   void closed() override;

@@ -55,9 +55,8 @@ frmStartup::frmStartup(Host& h) : Screen(h, ::spec()) {
   at("Bar").maximum = kSteps;
 }
 
-void frmStartup::opened(const Entry&) {
-  ResizeControls(session().mxscale, session().myscale);
-  anchor = CenterScreen(*this);
+void frmStartup::opened(const Opening&) {
+  anchor = Anchor::Centre;
   host.hint("");
 }
 

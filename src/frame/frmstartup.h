@@ -16,7 +16,7 @@ void runOpeningRoutines(Host& host);
 class frmStartup : public Screen {
  public:
   explicit frmStartup(Host& host);
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
   void tick() override;
 
  private:

@@ -25,10 +25,10 @@ constexpr TopMenu kTop[] = {
     {"mnuexit",  english("&EXIT")},
 };
 
-// Reports empty mentrytype before anything else. The key of a voucher's entry is its kind's entry type.
+// The key of a voucher's entry is its kind's entry type.
 constexpr Command kCommands[] = {
     {.menu = "mnumstr",  .caption = "&Account Master",              .control = "mnumast",       .index = 1, .key = "account",    .screen = "frmacc",   .tool = "accmstr"},
-    {.menu = "mnumstr",  .caption = "&Category Master",             .control = "mnumast",       .index = 3, .key = "category",   .mastkey = "catg", .screen = "frmtaxmast"},
+    {.menu = "mnumstr",  .caption = "&Category Master",             .control = "mnumast",       .index = 3, .key = "category",   .masterKey = "catg", .screen = "frmtaxmast"},
     {.menu = "mnumstr",  .caption = "&Item Master",                 .control = "mnumast",       .index = 4, .key = "item",       .screen = "FRMITEM1", .tool = "itemmstr"},
 
     {.menu = "mnutrns",  .caption = "GST Sales Entry",              .control = "mnutrans",      .key = "SALE",       .tool = "sales"},
@@ -38,28 +38,28 @@ constexpr Command kCommands[] = {
     {.menu = "mnutrns",  .caption = "Purchase",                     .control = "mnutrans",      .key = "PURCHASE"},
     {.menu = "mnutrns",  .caption = "Payments",                     .control = "mnutrans",      .key = "PAYMENT"},
 
-    {.menu = "mnulists", .caption = "Party List Print",             .control = "MNULIST",       .key = "accmastADD",  .entrytype = "", .reportkey = "accmastADD",  .screen = "frmreport"},
-    {.menu = "mnulists", .caption = "Address Card Print",           .control = "MNULIST",       .key = "adcard",      .entrytype = "", .reportkey = "adcard",      .screen = "dlg1", .tool = "adrscrd"},
-    {.menu = "mnulists", .caption = "Category List",                .control = "MNULIST",       .key = "dept",        .entrytype = "", .reportkey = "dept",        .first = showCategoryList, .screen = "frmreport"},
-    {.menu = "mnulists", .caption = "Product List Print",           .control = "MNULIST",       .key = "priclstprn",  .entrytype = "", .reportkey = "priclstprn",  .screen = "frmreport"},
-    {.menu = "mnulists", .caption = "Closing Balance List",         .control = "MNULIST",       .key = "accmastclbl", .entrytype = "", .reportkey = "accmastclbl", .screen = "frmreport"},
+    {.menu = "mnulists", .caption = "Party List Print",             .control = "MNULIST",       .key = "accmastADD",  .reportKey = "accmastADD",  .screen = "frmreport"},
+    {.menu = "mnulists", .caption = "Address Card Print",           .control = "MNULIST",       .key = "adcard",      .reportKey = "adcard",      .screen = "dlg1", .tool = "adrscrd"},
+    {.menu = "mnulists", .caption = "Category List",                .control = "MNULIST",       .key = "dept",        .reportKey = "dept",        .first = showCategoryList, .screen = "frmreport"},
+    {.menu = "mnulists", .caption = "Product List Print",           .control = "MNULIST",       .key = "priclstprn",  .reportKey = "priclstprn",  .screen = "frmreport"},
+    {.menu = "mnulists", .caption = "Closing Balance List",         .control = "MNULIST",       .key = "accmastclbl", .reportKey = "accmastclbl", .screen = "frmreport"},
 
-    {.menu = "mnurpts",  .caption = "GSTR-1 RD Sales Register",     .control = "GSTLIST",       .key = "GSTR1-RD",        .entrytype = "", .reportkey = "GSTR1-RD",        .screen = "frmreport"},
-    {.menu = "mnurpts",  .caption = "GSTR-1 URD Sales Register",    .control = "GSTLIST",       .key = "GSTR1-URD",       .entrytype = "", .reportkey = "GSTR1-URD",       .screen = "frmreport"},
-    {.menu = "mnurpts",  .caption = "Sales Bill Register",          .control = "SALERPT", .index = 0, .key = "SALEBILLSUMMARY", .entrytype = "", .reportkey = "SALEBILLSUMMARY", .screen = "frmreport", .tool = "salereg"},
-    {.menu = "mnurpts",  .caption = "Sale Bill Detailed Register",  .control = "SALERPT", .index = 1, .key = "slblreg",         .entrytype = "", .reportkey = "slblreg",         .screen = "frmreport", .tool = "saledtlreg"},
-    {.menu = "mnurpts",  .caption = "Quotation Register",           .control = "SALERPT", .index = 2, .key = "QUOTREG",         .entrytype = "", .reportkey = "QUOTREG",         .screen = "frmreport"},
-    {.menu = "mnurpts",  .caption = "Quotation Detail Register",    .control = "SALERPT", .index = 3, .key = "QUOTREGDTL",      .entrytype = "", .reportkey = "QUOTREGDTL",      .screen = "frmreport"},
-    {.menu = "mnurpts",  .caption = "Challan Register",             .control = "SALERPT", .index = 4, .key = "CHLNRPT",         .entrytype = "", .reportkey = "CHLNRPT",         .screen = "frmreport"},
-    {.menu = "mnurpts",  .caption = "Challan Detail Register",      .control = "SALERPT", .index = 5, .key = "CHLNRPTDTL",      .entrytype = "", .reportkey = "CHLNRPTDTL",      .screen = "frmreport"},
-    {.menu = "mnurpts",  .caption = "Receipt Register",             .control = "SALERPT",       .key = "recipt",          .entrytype = "", .reportkey = "recipt",          .screen = "frmreport"},
-    {.menu = "mnurpts",  .caption = "Partty Ledger",                .control = "SALERPT",       .key = "LEDGERS",         .entrytype = "", .reportkey = "LEDGERS",         .screen = "regdlg1"},
-    {.menu = "mnurpts",  .caption = "T-Ledger",                     .control = "SALERPT",       .key = "TLEDGERS",        .entrytype = "", .reportkey = "TLEDGERS",        .screen = "regdlg1"},
-    {.menu = "mnurpts",  .caption = "Outstanding LIst",             .control = "SALERPT",       .key = "ONACRCV",         .entrytype = "", .reportkey = "ONACRCV",         .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "GSTR-1 RD Sales Register",     .control = "GSTLIST",       .key = "GSTR1-RD",        .reportKey = "GSTR1-RD",        .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "GSTR-1 URD Sales Register",    .control = "GSTLIST",       .key = "GSTR1-URD",       .reportKey = "GSTR1-URD",       .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Sales Bill Register",          .control = "SALERPT", .index = 0, .key = "SALEBILLSUMMARY", .reportKey = "SALEBILLSUMMARY", .screen = "frmreport", .tool = "salereg"},
+    {.menu = "mnurpts",  .caption = "Sale Bill Detailed Register",  .control = "SALERPT", .index = 1, .key = "slblreg",         .reportKey = "slblreg",         .screen = "frmreport", .tool = "saledtlreg"},
+    {.menu = "mnurpts",  .caption = "Quotation Register",           .control = "SALERPT", .index = 2, .key = "QUOTREG",         .reportKey = "QUOTREG",         .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Quotation Detail Register",    .control = "SALERPT", .index = 3, .key = "QUOTREGDTL",      .reportKey = "QUOTREGDTL",      .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Challan Register",             .control = "SALERPT", .index = 4, .key = "CHLNRPT",         .reportKey = "CHLNRPT",         .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Challan Detail Register",      .control = "SALERPT", .index = 5, .key = "CHLNRPTDTL",      .reportKey = "CHLNRPTDTL",      .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Receipt Register",             .control = "SALERPT",       .key = "recipt",          .reportKey = "recipt",          .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Partty Ledger",                .control = "SALERPT",       .key = "LEDGERS",         .reportKey = "LEDGERS",         .screen = "regdlg1"},
+    {.menu = "mnurpts",  .caption = "T-Ledger",                     .control = "SALERPT",       .key = "TLEDGERS",        .reportKey = "TLEDGERS",        .screen = "regdlg1"},
+    {.menu = "mnurpts",  .caption = "Outstanding LIst",             .control = "SALERPT",       .key = "ONACRCV",         .reportKey = "ONACRCV",         .screen = "frmreport"},
 
     {.menu = "mnuutils", .caption = "Posting",                      .control = "UTIL1", .index = 0,     .key = "posting",  .screen = "FRMPOST"},
-    {.menu = "mnuutils", .caption = "Company Details Set",          .control = "UTIL1", .index = 1,     .key = "acc_set",  .entrytype = "acc_set",     .screen = "stngs"},
-    {.menu = "mnuutils", .caption = "Voucher Format Set",           .control = "UTIL1", .index = 6,     .key = "formats",  .entrytype = "HIDELINEEXL", .screen = "VSETFRM"},
+    {.menu = "mnuutils", .caption = "Company Details Set",          .control = "UTIL1", .index = 1,     .key = "acc_set",  .screen = "stngs"},
+    {.menu = "mnuutils", .caption = "Voucher Format Set",           .control = "UTIL1", .index = 6,     .key = "formats",  .screen = "VSETFRM"},
     {.menu = "mnuutils", .caption = "Year End",                     .control = "mnuyrend",              .key = "yearend",  .hint = "Nothing To Do At Year End :: The Next Year Is Made In Company Selection"},
     {.menu = "mnuutils", .caption = "Video Training",               .control = "mnuvideotrning",        .key = "training", .link = &Links::videoTraining},
     {.menu = "mnuutils", .caption = "Training Book Pdf",            .control = "mnutrngbkpdf",          .key = "book",     .link = &Links::trainingBook},
@@ -138,13 +138,12 @@ std::string screenOf(const Command& command) {
 }
 
 void carryOut(Host& host, const Command& command) {
-  Session& s = session();
-  if (command.entrytype) s.mentrytype = command.entrytype;
-  if (command.reportkey) s.mreportkey = command.reportkey;
-  if (command.mastkey) s.mmastkey = command.mastkey;
   if (command.first) command.first(host);
-  if (const VoucherKind* const kind = kindByEntryType(command.key)) s.mentrytype = kind->entryType;
-  if (const std::string screen = screenOf(command); !screen.empty()) host.open(screen);
+  const VoucherKind* const kind = kindByEntryType(command.key);
+  if (const std::string screen = screenOf(command); !screen.empty())
+    host.open(screen, {.entryType = kind ? kind->entryType : "",
+                       .reportKey = command.reportKey,
+                       .masterKey = command.masterKey});
   if (*command.hint) ShowHint(host, command.hint);
   if (command.link) openTutorial(host, links().*command.link);
 }

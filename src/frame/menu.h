@@ -7,18 +7,17 @@
 #include "frame/links.h"
 #include "platform/host.h"
 
-// The shell's menu tree and tool bar: what each entry puts into the session and opens.
+// The shell's menu tree and tool bar: what each entry opens.
 struct Command {
   const char* menu = "";  // control of the top menu it stands in
   const char* caption = "";
   const char* control = "";
   int index = -1;
-  const char* key = "";             // its own, told apart from all others
-  const char* entrytype = nullptr;  // mentrytype; null leaves it
-  const char* reportkey = nullptr;  // mreportkey
-  const char* mastkey = nullptr;    // mmastkey
-  void (*first)(Host&) = nullptr;   // done before the screen is opened
-  const char* screen = "";          // empty: opens none, or a voucher's, which its kind names
+  const char* key = "";        // its own, told apart from all others
+  const char* reportKey = "";  // with which the screen is opened, as is the next
+  const char* masterKey = "";
+  void (*first)(Host&) = nullptr;  // done before the screen is opened
+  const char* screen = "";         // empty: opens none, or a voucher's, which its kind names
   std::string Links::*link = nullptr;
   const char* hint = "";  // what the hint line says of an entry that does nothing
   const char* tool = "";  // button of the tool bar that repeats it
@@ -35,5 +34,5 @@ std::string screenOf(const Command& command);
 std::vector<MenuEntry> menuTree();
 std::vector<ToolEntry> toolBar();
 
-// Fills the session as the entry says and opens its screen or its link.
+// Opens the screen of the entry or its link.
 void carryOut(Host& host, const Command& command);

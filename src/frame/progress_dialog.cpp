@@ -18,8 +18,8 @@ ProgressDialog::ProgressDialog(Host& theHost, const ScreenSpec& table, const Wor
   escMeans = "Esc = Close";
 }
 
-void ProgressDialog::opened(const Entry& entry) {
-  ChildScreen::opened(entry);
+void ProgressDialog::opened(const Opening& opening) {
+  ChildScreen::opened(opening);
   focus(at(words_.start));
 }
 

@@ -16,7 +16,7 @@ class ProgressDialog : public ChildScreen {
     const char* undone;  // stands in `Label1` after a failure
   };
 
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
 
  protected:
   ProgressDialog(Host& host, const ScreenSpec& spec, const Words& words);

@@ -41,7 +41,7 @@ std::string nextTip() {
 
 Screen* shellOf(Host& host) { return host.find("frmmain"); }
 
-double keepNext(double largest) { return session().mnextcode = std::max(largest, 0.0) + 1; }
+double next(double largest) { return std::max(largest, 0.0) + 1; }
 
 }  // namespace
 
@@ -109,33 +109,21 @@ bool CheckTable(const std::string& name) {
 
 std::string MakeStamp(Host& host) { return session().mstamp = MakeStamp(host.now()); }
 
-Anchor CenterScreen(const Screen& form) {
-  if (form.spec.name != "FRMHLP") return Anchor::Centre;
-  for (const char* mode : {"pendordhlpgst", "PENDCHLNSL", "SL_ITMCD"})
-    if (session().mhlpmode == mode) return Anchor::Bottom;
-  return Anchor::Top;
-}
-
 void EndProcess(Host& host, const std::string& name) { host.endProcess(lower(trim(name))); }
 
-void ResizeControls(double xscale, double yscale) {
-  session().mfontfactor = (xscale + yscale) / 2;
-  session().mresizeflag = true;
-}
-
 double NextAccountCode() {
-  return keepNext(
+  return next(
       data().number("SELECT MAX(VAL(SUBSTR(ACC_CD, 2))) FROM ACCOUNT WHERE ACC_CD >= 'A' AND ACC_CD < 'B'"));
 }
 
 double NextItemCode() {
-  return keepNext(
+  return next(
       data().number("SELECT MAX(VAL(SUBSTR(ITEM_CD, 2))) FROM ITEM"
                     " WHERE ITEM_CD >= 'I0' AND ITEM_CD < 'I1' AND LENGTH(ITEM_CD) = 8"));
 }
 
 double NextCategoryCode() {
-  return keepNext(data().number(
+  return next(data().number(
       "SELECT MAX(VAL(SUBSTR(DEPT_CD, 2))) FROM DEPTMENT WHERE DEPT_CD >= 'E' AND DEPT_CD < 'F'"));
 }
 

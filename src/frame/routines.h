@@ -25,15 +25,10 @@ std::string failureOf(Host& host, const std::function<void()>& work);
 // Whether the open company-year has a table of that name; false while none is open.
 bool CheckTable(const std::string& name);
 std::string MakeStamp(Host& host);  // "YYMMDD_HHMM" of now, kept in mstamp
-// Where a dialog stands: the lookup under the lines that it is called from, or at the top; any
-// other in the middle of the shell, or of the screen when there is none.
-Anchor CenterScreen(const Screen& form);
 // Ends every running process of that name, whatever its letter case.
 void EndProcess(Host& host, const std::string& name);
-// A host scales what it draws; what is left of the scaling is its bookkeeping.
-void ResizeControls(double xscale, double yscale);
 
-// The next number of a code, by one statement; kept in mnextcode.
+// The next number of a code, by one statement.
 double NextAccountCode();
 double NextItemCode();
 double NextCategoryCode();

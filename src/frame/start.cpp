@@ -65,7 +65,6 @@ bool startUp(Host& host, const fs::path& folder) {
   s.mbaseheight = 600;
   s.mversion = "1.01";
   setScreenFactors(s, host.display());
-  s.mdbtype = "ACCESS";
   if (const std::string failure = openCatalogue(s); !failure.empty()) {
     host.message(failure, kMessageTitle);
     host.quit();
@@ -80,13 +79,6 @@ bool startUp(Host& host, const fs::path& folder) {
 
   s.mcolor1 = 16448240;  // FAFAF0
   s.mcolor2 = 16769248;  // FFE0E0
-  s.mcolor3 = 14737663;  // E0E0FF
-  s.mcolor4 = 16711680;  // FF0000
-  s.mcolor5 = 12632064;  // C0C000
   s.mcolor6 = 14741759;  // E0F0FF
-
-  // Every date is read and written as dd/MMM/yyyy by the program itself, so the user's own
-  // short date format is left alone.
-  s.mdatefmtset = false;
   return true;
 }

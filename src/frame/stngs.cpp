@@ -85,8 +85,8 @@ stngs::stngs(Host& h) : ChildScreen(h, ::spec()) {
   });
 }
 
-void stngs::opened(const Entry& entry) {
-  ChildScreen::opened(entry);
+void stngs::opened(const Opening& opening) {
+  ChildScreen::opened(opening);
   load();
   focus(at("txtFields", 2));
 }

@@ -6,7 +6,7 @@
 class stngs : public ChildScreen {
  public:
   explicit stngs(Host& host);
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
 
  protected:
   std::string hintFor(const Control& control) const override;

@@ -33,12 +33,11 @@ const VoucherKind& quotation() {
                                "Press New Entry Btn To Enter New Quotation Entry"}},
       .tables = {.heads = "QUOT", .lines = "QUOTITM", .key = "ENTRY_TYP", .work = "T_QUOTITM", .serial = "SRNO"},
       .numbering = {.number = "REF_NO"},
-      .party = {.offered = "ACCOUNT where group_cd in(85,88,86,135) ORDER BY ACC_NAME",
+      .party = {.offered = "group_cd in(85,88,86,135)",
                 .rate = "SALE_RATE1",
                 .discount = "SALE_DISC"},
       .paper = {.key = "QUOTPRN",
                 .kind = "QUOTATION",
-                .entryType = "QUOTENT",
                 .dialog = "QUOTATION PRINT",
                 .behind = "QUOTATION ENTRY",
                 .title = "QUOTATION",
@@ -88,7 +87,7 @@ const VoucherKind& income() {
     k.entryType = "INCOME";
     k.code = "IC";
     k.words.title = "INCOME ENTRY";
-    k.party.offered = "ACCOUNT WHERE GROUP_CD < 75 ORDER BY ACC_NAME";
+    k.party.offered = "GROUP_CD < 75";
     k.ledger.formerCode = "";
   });
   return kind;
@@ -126,7 +125,7 @@ const VoucherKind& saleKind() {
                 .rateHint = "F4 = Earlier Sales :: F6 = Party Rates :: F7 = Purchase Rates"},
       .tables = {.heads = "SALE", .lines = "SALEITM", .key = "BOOK_CD", .work = "T_SLITM", .serial = "SR_NO"},
       .numbering = {.number = "BILL_NO", .series = "BL_TYPE"},
-      .party = {.offered = "ACCOUNT where group_cd = 85 OR group_cd = 87 OR group_cd = 88 order by acc_name",
+      .party = {.offered = "group_cd = 85 OR group_cd = 87 OR group_cd = 88",
                 .rate = "SALE_RATE1",
                 .discount = "SALE_DISC"},
       .ledger = {.partySide = "D",
@@ -163,7 +162,7 @@ const VoucherKind& purchaseKind() {
     k.words.rateHint = "F4 = Earlier Purchases :: F6 = Party Rates :: F7 = Purchase Rates";
     k.words.billDate = "B.Dt";
     k.numbering.runsOn = false;
-    k.party = {.offered = "ACCOUNT where group_cd = 135 OR group_cd = 87 OR group_cd = 88 order by acc_name",
+    k.party = {.offered = "group_cd = 135 OR group_cd = 87 OR group_cd = 88",
                .rate = "PUR_RATE",
                .discount = "0"};  // no master keeps one
     k.ledger.partySide = "C";
@@ -194,13 +193,12 @@ const VoucherKind& challanKind() {
                 .savedHead = "Sales Challan Entry Saved"},
       .tables = {.heads = "CHLN", .lines = "CHLNITM", .key = "BOOK_CD", .work = "T_CHLNITM", .serial = "SR_NO"},
       .numbering = {.number = "CHLN_NO", .series = "CHLN_TYP"},
-      .party = {.offered = "ACCOUNT where group_cd = 85 OR group_cd = 87 OR group_cd = 88 ORDER BY ACC_NAME",
+      .party = {.offered = "group_cd = 85 OR group_cd = 87 OR group_cd = 88",
                 .rate = "SALE_RATE1",
                 .discount = "SALE_DISC"},
       .ledger = {.partySide = "D", .goods = "X90002"},
       .paper = {.key = "CHLNPRN",
                 .kind = "CH",
-                .entryType = "CHLNENTRY",
                 .dialog = "CHALLAN PRINT",
                 .behind = "DELIVERY CHALLAN ENTRY",
                 .title = "DELIVERY CHALLAN",
@@ -232,7 +230,7 @@ const VoucherKind& receiptKind() {
       .screen = "bwrcpy",
       .words = {.title = "RECEIPT ENTRY"},
       .tables = {.heads = "RPTPAY", .key = "BOOK_CD"},
-      .party = {.offered = "ACCOUNT WHERE GROUP_CD = 85 OR GROUP_CD = 135 ORDER BY ACC_NAME"},
+      .party = {.offered = "GROUP_CD = 85 OR GROUP_CD = 135"},
       .ledger = {.partySide = "C", .formerCode = "CM"},
   };
   return kind;

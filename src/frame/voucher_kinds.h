@@ -12,7 +12,7 @@
 // a sale with another code, other words and accounts, and its sides turned round. What a kind has no
 // part in stays empty: an offer has no ledger, a receipt neither lines nor paper.
 struct VoucherKind {
-  std::string entryType;  // mentrytype: how the menu and the screens ask for it
+  std::string entryType;  // how the menu and the screens ask for it
   std::string code;       // what the key column of its rows holds: "SA", "CH", "QUOTATION"
   std::string shortCode;  // its book in registers, where that is another
   std::string screen;     // that enters it; empty: older books hold such vouchers, nothing makes them
@@ -44,7 +44,7 @@ struct VoucherKind {
 
   // The other side, and what stands for it until the operator says otherwise.
   struct Party {
-    std::string offered;         // lookup of the parties
+    std::string offered;         // condition of the accounts that are offered
     std::string rate, discount;  // columns of ITEMDTL and PRTYRATE, or expressions over them
   } party;
 
@@ -57,9 +57,8 @@ struct VoucherKind {
   } ledger;
 
   struct Paper {
-    std::string key;        // mreportkey of its document; empty: none is offered
-    std::string kind;       // what the renderer is told
-    std::string entryType;  // mentrytype while the print dialog is up; empty: it stays
+    std::string key;   // report key of its document; empty: none is offered
+    std::string kind;  // what the renderer is told
     std::string dialog,
         behind;         // captions of that dialog, and of the screen that comes back; empty: as it was
     std::string title;  // on the sheet

@@ -32,9 +32,9 @@ EntryScreen::EntryScreen(Host& theHost, const ScreenSpec& theSpec, EntryPattern 
 
 Database& EntryScreen::database() const { return data(); }
 
-void EntryScreen::opened(const Entry& entry) {
-  ChildScreen::opened(entry);
-  caller_ = entry.caller;
+void EntryScreen::opened(const Opening& opening) {
+  ChildScreen::opened(opening);
+  caller_ = opening.caller;
   cancel();
   ShowHint(host, pattern_.idleHint);
   if (!caller_.empty()) add();
@@ -129,8 +129,7 @@ void EntryScreen::showButtons() {
 // The list of names in use
 
 void EntryScreen::showNames(const std::string& typed) {
-  if (pattern_.names.empty()) return;
-  Select select = parseSelect(pattern_.names);
+  Select select = pattern_.names;
   if (!trim(typed).empty())
     select = filtered(select, likeText(select.columns.back().expression), {anywhere(typed)});
   Grid& grid = at(pattern_.namesGrid).grid;

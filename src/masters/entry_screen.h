@@ -7,8 +7,7 @@
 
 #include "base/words.h"
 #include "frame/child_screen.h"
-#include "masters/lookup.h"
-#include "masters/select_text.h"
+#include "frame/lookup.h"
 #include "store/database.h"
 #include "store/row_writer.h"
 
@@ -29,7 +28,8 @@ struct EntryPattern {
   std::string deleteQuestion = "ARE YOU SURE";
 
   // The list of what is in use already, searched by its last column while a name is typed.
-  std::string names, namesGrid;
+  Select names;
+  std::string namesGrid;
   int name = 1;
 
   // Fields whose Enter opens a lookup while they are empty, but which may stay so.
@@ -51,13 +51,13 @@ struct FieldColumn {
 // the other fields off. A save is one transaction; when it fails nothing is stored, the reason is
 // shown and the screen stays as it is.
 //
-// Opened with a caller (Entry::caller) it begins in ADD, and after the save it closes: the new
+// Opened with a caller (Opening::caller) it begins in ADD, and after the save it closes: the new
 // code is in mlastacc or mlastitem, and for openModal it is the screen's result.
 class EntryScreen : public ChildScreen {
  public:
   EntryScreen(Host& host, const ScreenSpec& spec, EntryPattern pattern);
 
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
   bool mayClose() override;
 
  protected:
@@ -69,7 +69,7 @@ class EntryScreen : public ChildScreen {
   virtual void newEntry() {}                       // ADD: defaults into the emptied fields
   virtual bool load(const std::string& code) = 0;  // shows the row; false when there is none
   virtual bool exists(const std::string& code) = 0;
-  virtual LookupSpec codeLookup() const = 0;
+  virtual Lookup codeLookup() const = 0;
   virtual std::string missingCodeWords() const = 0;  // by mode
   virtual std::string existingCodeWords() const = 0;
   virtual std::string blankCodeWords() const { return kIncompleteWords; }

@@ -111,10 +111,11 @@ EntryPattern accountPattern() {
       .del = words("{master} : DELETE MODE", "master", stem),
       .view = words("{master} : VIEW MODE", "master", stem),
       .searches = "F1 = Area  ::  F2 = City  ::  F3 = Person  ::  F4 = Name  ::  F5 = Phone",
-      .names = "SELECT ACC_NAME FROM ACCOUNT order by acc_name",
+      .names = accounts({{"ACC_NAME"}}
+        ).rows,
       .namesGrid = "DataGrid1",
       .name = kName,
-      .optional = {kCity, kPinCode, kArea},
+      .optional = { kCity, kPinCode, kArea},
       .video = links().accountVideo,
   };
 }
@@ -123,15 +124,14 @@ EntryPattern accountPattern() {
 // databases had, is in none of them; its key lists by name.
 struct Search {
   KeyCode key;
-  const char *second, *more, *order;
+  const char *second, *third, *fourth, *fifth, *order;
 };
-constexpr const char* kBalance = "FORMAT(cl_bal,'0.00') AS CLBAL";
 constexpr Search kSearches[] = {
-    {KeyCode::F1, "AREA",      "acc_NAME, CITY, ",            "AREA"     },
-    {KeyCode::F2, "city",      "acc_NAME, area, person_nm, ", "CITY"     },
-    {KeyCode::F3, "person_nm", "acc_NAME, area, CITY, ",      "person_nm"},
-    {KeyCode::F4, "acc_NAME",  "area, CITY, person_nm, ",     "ACC_NAME" },
-    {KeyCode::F5, "PHONE1",    "acc_NAME, area, CITY, ",      "person_nm"},
+    {KeyCode::F1, "AREA",      "acc_NAME", "CITY", nullptr,     "AREA"     },
+    {KeyCode::F2, "city",      "acc_NAME", "area", "person_nm", "CITY"     },
+    {KeyCode::F3, "person_nm", "acc_NAME", "area", "CITY",      "person_nm"},
+    {KeyCode::F4, "acc_NAME",  "area",     "CITY", "person_nm", "ACC_NAME" },
+    {KeyCode::F5, "PHONE1",    "acc_NAME", "area", "CITY",      "person_nm"},
 };
 
 }  // namespace
@@ -140,11 +140,11 @@ template <size_t N>
 Go frmacc::search() {
   const Search& by = kSearches[N];
   if (mode.empty() || mode == "ADD") return Go::On;
-  const std::string found = lookUpValue(host, {.mode = "THREEFLD",
-                                               .table = std::string("ACCOUNT ORDER BY ") + by.order,
-                                               .first = "ACC_CD",
-                                               .second = by.second,
-                                               .more = std::string(by.more) + kBalance});
+  Lookup lookup = accounts({{"ACC_CD"}, {by.second}, {by.third}, {by.fourth}});
+  if (by.fifth) lookup.rows.columns.push_back({by.fifth});
+  lookup.rows.columns.push_back(balanceColumn());
+  lookup.rows.order = {by.order};
+  const std::string found = lookUpValue(host, lookup);
   if (found.empty()) return Go::Stay;
   set(field(kCode), found);
   focus(field(kCode));
@@ -192,12 +192,8 @@ bool frmacc::load(const std::string& code) {
 
 bool frmacc::exists(const std::string& code) { return findAccount(data(), code).has_value(); }
 
-LookupSpec frmacc::codeLookup() const {
-  return {.mode = "THREEFLD",
-          .table = "ACCOUNT ORDER BY ACC_NAME",
-          .first = "ACC_CD",
-          .second = "acc_NAME",
-          .more = std::string("AREA, CITY, PERSON_NM, ") + kBalance};
+Lookup frmacc::codeLookup() const {
+  return accounts({{"ACC_CD"}, {"acc_NAME"}, {"AREA"}, {"CITY"}, {"PERSON_NM"}, balanceColumn()});
 }
 
 std::string frmacc::missingCodeWords() const {
@@ -238,10 +234,12 @@ Go frmacc::groupEntered() {
   if (!trim(field(kGroup).text).empty()) return groupIsKnown();
   showGroupName();
   return lookUp(host, *this, field(kGroup),
-                {.mode = "twofld",
-                 .table = "GRP where group_cd > 6 ORDER BY GROUP_NAME",
-                 .first = "GROUP_CD",
-                 .second = "GROUP_NAME"});
+                {
+                    .rows = {.columns = {{"GROUP_CD"}, {"GROUP_NAME"}},
+                             .from = "GRP",
+                             .where = "group_cd > 6",
+                             .order = {"GROUP_NAME"}}
+  });
 }
 
 Go frmacc::groupLeft() {
@@ -262,13 +260,12 @@ Go frmacc::openingEntered() {
   return Go::Stay;
 }
 
-Go frmacc::cityEntered() { return valuesInUse("acmstrcity", "city"); }
-Go frmacc::pinCodeEntered() { return valuesInUse("acmstrarea", "pincode"); }
-Go frmacc::areaEntered() { return valuesInUse("acmstrarea", "area"); }
+Go frmacc::cityEntered() { return valuesInUse("city"); }
+Go frmacc::pinCodeEntered() { return valuesInUse("pincode"); }
+Go frmacc::areaEntered() { return valuesInUse("area"); }
 
-Go frmacc::valuesInUse(const char* lookup, const char* column) {
-  if (!here().text.empty()) return Go::On;
-  return lookUp(host, *this, here(), {.mode = lookup, .table = "ACCOUNT", .first = column});
+Go frmacc::valuesInUse(const char* column) {
+  return here().text.empty() ? lookUp(host, *this, here(), valuesOf("ACCOUNT", column)) : Go::On;
 }
 
 Go frmacc::gstinEntered() {

@@ -12,7 +12,7 @@ class frmacc : public EntryScreen {
   void newEntry() override;
   bool load(const std::string& code) override;
   bool exists(const std::string& code) override;
-  LookupSpec codeLookup() const override;
+  Lookup codeLookup() const override;
   std::string missingCodeWords() const override;
   std::string existingCodeWords() const override { return english("PARTY ALREADY EXISTS"); }
   Control* missingField() override;
@@ -34,7 +34,7 @@ class frmacc : public EntryScreen {
   Go cityEntered();
   Go pinCodeEntered();
   Go areaEntered();
-  Go valuesInUse(const char* mode, const char* column);
+  Go valuesInUse(const char* column);
   Go gstinEntered();
   Go stateEntered();
   template <size_t N>

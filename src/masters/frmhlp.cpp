@@ -8,7 +8,6 @@
 #include "frame/session.h"
 #include "masters/column_titles.h"
 #include "masters/lookup_search.h"
-#include "masters/lookup_statement.h"
 #include "platform/utf8.h"
 
 namespace {
@@ -21,39 +20,23 @@ constexpr int kCountAfterMs = 500;
 // Documented widths are twips of a screen of 800 pixels.
 constexpr double kPixelsPerTwip = 1366.0 / 800 / 15;
 
-constexpr Bgr kListColour = 0xE0F0FF, kGraphColour = 0xE0FFFF;
+constexpr Bgr kListColour = 0xE0F0FF;
 
 // The signs of names that a search may hold beside letters, digits and blanks.
 constexpr std::u32string_view kSigns = U"():>=,&%*-./?[]{}'+";
 
-LookupText asked() {
-  const Session& s = session();
-  return {.mode = s.mhlpmode,
-          .table = s.mhlptable,
-          .first = s.mhlpfld1,
-          .second = s.mhlpfld2,
-          .more = s.mhlpflds};
-}
-
-// While no company-year is open (company selection) everything is in the catalogue.
-Database& databaseFor(LookupShape shape) {
-  const Session& s = session();
-  return isOnCatalogue(shape) || !s.cndata || !s.cndata->isOpen() ? catalogue() : data();
-}
-
 // The code on whose row a list of items or accounts opens.
 std::string lastWorkedWith(const Select& select) {
-  if (select.columns.empty()) return {};
-  const std::string& first = select.columns[0].name;
+  const std::string first = nameOf(select.columns.front());
   if (sameText(first, "ITEM_CD")) return session().mlastitem;
   return sameText(first, "ACC_CD") ? session().mlastacc : std::string();
 }
 
-std::vector<GridColumn> gridColumns(const PageRows& rows) {
+std::vector<GridColumn> gridColumns(const PageRows& rows, const Select& select) {
   std::vector<GridColumn> columns;
   for (size_t i = 0; i < rows.columns().size(); ++i) {
     const ColumnTitle t = columnTitle(rows.columns()[i].name);
-    const int twips = i < session().mhlpwidth.size() ? session().mhlpwidth[i] : 0;
+    const int twips = select.columns[i].width;
     const double title = 9 * length(t.title) + 18;
     const double width = std::max(twips > 0 ? twips * kPixelsPerTwip : t.width, title);
     columns.push_back({.title = t.title, .width = part(width), .align = t.align, .money = t.money});
@@ -61,24 +44,23 @@ std::vector<GridColumn> gridColumns(const PageRows& rows) {
   return columns;
 }
 
-ScreenSpec screenTable(const PageRows& rows) {
+ScreenSpec screenTable(const PageRows& rows, const Lookup& lookup) {
   ScreenSpec table;
   table.name = "FRMHLP";
   table.caption = "Help";
   table.window = Window::Dialog;
   table.focusColour = 0xFFC0FF;
-  std::vector<GridColumn> columns = gridColumns(rows);
+  std::vector<GridColumn> columns = gridColumns(rows, lookup.rows);
   double width = kLane + kFrame;
   for (const GridColumn& c : columns) width += c.width.n;
 
-  const bool below = standsBelow(session().mhlpmode);
   table.layout = {
       .bands = {{.height = px(kHeads),
                  .groups = {{.name = "heads", .frame = Frame::Heads, .columnsOf = "grdDataGrid"}}},
                 {.groups = {{.name = "list", .frame = Frame::Plain}}}},
       .width = std::clamp(width, kNarrowest, kWidest),
-      .height = kStrip + kHeads + kRow * (below ? kRowsBelow : kRowsAbove) + kFrame,
-      .anchor = below ? Anchor::Bottom : Anchor::Top,
+      .height = kStrip + kHeads + kRow * (lookup.below ? kRowsBelow : kRowsAbove) + kFrame,
+      .anchor = lookup.below ? Anchor::Bottom : Anchor::Top,
       .margin = 0,
   };
 
@@ -94,40 +76,28 @@ ScreenSpec screenTable(const PageRows& rows) {
 
 }  // namespace
 
-LookupPlan::LookupPlan() {
-  const Session& s = session();
-  const LookupShape shape = lookupShape(s.mhlpmode, s.mentrytype);
-  database = &databaseFor(shape);
-
-  const std::string own = ownVoucherFilter(s.mhlpmode);
-  const size_t ownValues = static_cast<size_t>(std::ranges::count(own, '?'));
-  const size_t tableValues = s.mhlpvalues.size() - std::min(s.mhlpvalues.size(), ownValues);
-  const auto split = s.mhlpvalues.begin() + static_cast<std::ptrdiff_t>(tableValues);
-
-  all = parseSelect(lookupStatement(shape, asked()), {s.mhlpvalues.begin(), split});
-  start = own.empty() ? all : filtered(all, own, {split, s.mhlpvalues.end()});
-  steps = valueSteps(*database, start);
-  rows = std::make_shared<PageRows>(*database, steps.value_or(start), PageRows::Counting::Ahead,
-                                    lastWorkedWith(start));
-  few_ = rows->counted();
-  table = screenTable(*rows);
-}
+LookupPlan::LookupPlan(const Lookup& theLookup)
+    : lookup(theLookup),
+      database(lookup.inCatalogue ? catalogue() : data()),
+      steps(valueSteps(database, lookup)),
+      rows(std::make_shared<PageRows>(database, steps.value_or(lookup.rows), PageRows::Counting::Ahead,
+                                      lastWorkedWith(lookup.rows))),
+      table(screenTable(*rows, lookup)),
+      few_(rows->counted()) {}
 
 std::shared_ptr<PageRows> LookupPlan::found(size_t column, const std::string& typed) const {
   const auto some = [this](const Select& select) {
-    return std::make_shared<PageRows>(*database, select, PageRows::Counting::Ahead);
+    return std::make_shared<PageRows>(database, select, PageRows::Counting::Ahead);
   };
-  if (typed.empty()) return some(steps.value_or(start));
-  const PageRows::ResultColumn& shown = rows->columns().at(column);
-  const bool named =
-      column < all.columns.size() && all.columns[column].name != "*" && all.columns[0].name != "*";
-  const std::string expression = named ? all.columns[column].expression : "[" + shown.name + "]";
+  if (typed.empty()) return some(steps.value_or(lookup.rows));
   // Many different values are searched in the rows themselves, in one pass over the index.
-  const Select& from = steps && few_ ? *steps : searchesInsideFilter(session().mhlpmode) ? start : all;
-  return some(filtered(from, typedCondition(from, expression, shown.type), {anywhere(typed)}));
+  const Select& from = steps && few_ ? *steps : lookup.rows;
+  const std::string condition = typedCondition(from.columns[column], rows->columns()[column].type);
+  return some(filtered(from, condition, {anywhere(typed)}));
 }
 
-FRMHLP::FRMHLP(Host& theHost) : Screen(theHost, table) {
+FRMHLP::FRMHLP(Host& theHost, const Opening& opening)
+    : LookupPlan(std::any_cast<const Lookup&>(opening.more)), Screen(theHost, table) {
   if (at("Text2").visible) escMeans = words("Right = Next Search  ::  ");
   escMeans += words("Up / Down = Scroll  ::  Esc = Close");
   wire<FRMHLP>(*this, {
@@ -146,28 +116,13 @@ FRMHLP::FRMHLP(Host& theHost) : Screen(theHost, table) {
   });
 }
 
-void FRMHLP::opened(const Entry& entry) {
-  Session& s = session();
-  if (s.mhlpmode == "SHOWVIDEO") {
-    s.mactiveforms += 1;
-    showPicture(host, false);
-  }
-  at("grdDataGrid").back = s.mreportkey == "GRAPHS" ? kGraphColour : kListColour;
+void FRMHLP::opened(const Opening&) {
+  at("grdDataGrid").back = kListColour;
   show(rows);
   if (rows->counted() && rows->count() == 0) escMeans = "Nothing To Choose Yet  ::  Esc = Close";
-  at("Text1").visible = entry.value != "second";
+  at("Text1").visible = !lookup.secondOnly;
   focus(searchField());
   host.hint("Type To Find and Enter To Proceed");
-}
-
-void FRMHLP::closed() {
-  Session& s = session();
-  if (s.mhlpmode == "SHOWVIDEO") {
-    if (s.mactiveforms > 0) s.mactiveforms -= 1;
-    if (s.mactiveforms == 0) showPicture(host, true);
-  }
-  s.mhlpwidth.fill(0);
-  s.mhlpclosed = true;
 }
 
 void FRMHLP::show(std::shared_ptr<PageRows> list) {

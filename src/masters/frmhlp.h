@@ -4,36 +4,35 @@
 #include <optional>
 #include <string>
 
+#include "frame/lookup.h"
 #include "masters/page_rows.h"
 #include "platform/host.h"
 
-// What the session asks of a lookup, worked out before the screen stands: its rows, and a
-// screen table whose columns, width and place depend on the caller.
+// What a lookup's value comes to, worked out before the screen stands: its rows, and a screen table
+// whose columns, width and place depend on it.
 struct LookupPlan {
-  LookupPlan();
+  explicit LookupPlan(const Lookup& lookup);
   // The rows of a search in one of the first columns; all of them for an empty text.
   std::shared_ptr<PageRows> found(size_t column, const std::string& typed) const;
 
-  Database* database = nullptr;
-  Select all, start;            // without and with the filter that keeps out the voucher in hand
-  std::optional<Select> steps;  // the same as `start` where values can be read in steps
+  const Lookup lookup;
+  Database& database;
+  std::optional<Select> steps;  // the same rows where values can be read in steps
   std::shared_ptr<PageRows> rows;
   ScreenSpec table;
 
  private:
-  bool few_ = false;  // all rows have been counted on opening
+  bool few_;  // all rows have been counted on opening
 };
 
-// The lookup: a list over the statement that the session's mhlp members describe, with a search
-// field over each of its first two columns. Its result is the text of the first column of the
-// row under the cursor, nothing after Escape. Opened with the value "second" it has no search
-// field over the first column.
+// The lookup: a list of the rows of a Lookup, which it is opened with, with a search field over each
+// of its first two columns. Its result is the text of the first column of the row under the cursor,
+// nothing after Escape.
 class FRMHLP : private LookupPlan, public Screen {
  public:
-  explicit FRMHLP(Host& host);
+  FRMHLP(Host& host, const Opening& opening);
 
-  void opened(const Entry& entry) override;
-  void closed() override;
+  void opened(const Opening& opening) override;
   char32_t filter(const Control& control, char32_t key) override;
   void typed(Control& control, char32_t key) override;
   // The rest of the rows is counted once the list has been looked at for a moment.

@@ -47,10 +47,6 @@ const std::vector<FieldColumn>& holdings() {
 }
 
 // No table keeps a least stock, so there is no field for one.
-constexpr const char* kRowsSelect =
-    "select ITEM_CD, SIZE_CD, PUR_RATE, SALE_RATE1, SALE_RATE2, OP_STK, SALE_DISC, DESC1, CL_STK "
-    "from TEMP_ITMDTL";
-
 // clang-format off
 const ScreenSpec& itemTable() {
   static const std::vector<Length> cells{px(116), px(92), part(1.1), px(112), px(92), px(36), part(1)};
@@ -125,7 +121,7 @@ EntryPattern itemPattern() {
       .idleHint = "Press Enter To Add New Record",
       .searches = "F1 = Short Name  ::  F3 = Rate",
       .deleteQuestion = "ARE YOU SURE YOU WANT TO DELETE CURRENT RECORD",
-      .names = "SELECT ITEM_NAME FROM ITEM order by item_name",
+      .names = {.columns = {{"ITEM_NAME"}}, .from = "ITEM", .order = {"item_name"}},
       .namesGrid = "DataGrid2",
       .name = kName,
       .video = links().itemVideo,
@@ -154,8 +150,8 @@ FRMITEM1::FRMITEM1(Host& theHost) : EntryScreen(theHost, itemTable(), itemPatter
   });
 }
 
-void FRMITEM1::opened(const Entry& entry) {
-  EntryScreen::opened(entry);
+void FRMITEM1::opened(const Opening& opening) {
+  EntryScreen::opened(opening);
   if (mode.empty()) add();
 }
 
@@ -197,39 +193,47 @@ void FRMITEM1::showCategory() {
 
 namespace {
 
-constexpr const char* kWithCategory =
-    "item left join deptment on item.dept_cd = deptment.dept_cd order by ITEM_NAME";
+constexpr const char* kWithCategory = "item left join deptment on item.dept_cd = deptment.dept_cd";
 
 }  // namespace
 
-LookupSpec FRMITEM1::codeLookup() const {
-  return {.mode = "THREEFLD",
-          .table = kWithCategory,
-          .first = "ITEM_CD",
-          .second = "ITEM_NAME",
-          .more = "dept_name AS CATEGORY, ITEM_SNAME AS SUB_CATG, ITEM_LNAME AS MATERIAL"};
+Lookup FRMITEM1::codeLookup() const {
+  return {
+      .rows = {.columns = {{"ITEM_CD"},
+                           {"ITEM_NAME"},
+                           {"dept_name", 0, "CATEGORY"},
+                           {"ITEM_SNAME", 0, "SUB_CATG"},
+                           {"ITEM_LNAME", 0, "MATERIAL"}},
+               .from = kWithCategory,
+               .order = {"ITEM_NAME"}}
+  };
 }
 
 Go FRMITEM1::rateSearch() {
-  return searchInto({.mode = "THREEFLD",
-                     .table =
-                         "(item left join deptment on item.dept_cd = deptment.dept_cd) LEFT JOIN ITEMDTL ON "
-                         "ITEM.ITEM_CD = ITEMDTL.ITEM_CD order by ITEM_NAME",
-                     .first = "ITEM.ITEM_CD",
-                     .second = "STR(SALE_RATE1) AS SRATE1",
-                     .more = "SALE_RATE2, PUR_RATE, ITEM_NAME, dept_name, itemdtl.cl_stk"});
+  return searchInto({
+      .rows = {
+               .columns = {{"ITEM.ITEM_CD"},
+                      {"STR(SALE_RATE1)", 0, "SRATE1"},
+                      {"SALE_RATE2"},
+                      {"PUR_RATE"},
+                      {"ITEM_NAME"},
+                      {"dept_name"},
+                      {"itemdtl.cl_stk"}},
+               .from = std::string("(") + kWithCategory + ") LEFT JOIN ITEMDTL ON ITEM.ITEM_CD = ITEMDTL.ITEM_CD",
+               .order = {"ITEM_NAME"}}
+  });
 }
 
 Go FRMITEM1::shortNameSearch() {
-  return searchInto({.mode = "THREEFLD",
-                     .table = kWithCategory,
-                     .first = "ITEM_CD",
-                     .second = "ITEM_SNAME",
-                     .more = "ITEM_NAME, dept_name"});
+  return searchInto({
+      .rows = {.columns = {{"ITEM_CD"}, {"ITEM_SNAME"}, {"ITEM_NAME"}, {"dept_name"}},
+               .from = kWithCategory,
+               .order = {"ITEM_NAME"}}
+  });
 }
 
-Go FRMITEM1::searchInto(const LookupSpec& spec) {
-  return mode == "ADD" ? Go::Stay : lookUp(host, *this, field(kCode), spec);
+Go FRMITEM1::searchInto(const Lookup& lookup) {
+  return mode == "ADD" ? Go::Stay : lookUp(host, *this, field(kCode), lookup);
 }
 
 // Head
@@ -249,7 +253,9 @@ Go FRMITEM1::categoryEntered() {
   showCategory();
   return lookUp(
       host, *this, field(kCategory),
-      {.mode = "twofld", .table = "DEPTMENT order by dept_name", .first = "DEPT_CD", .second = "DEPT_NAME"});
+      {
+          .rows = {.columns = {{"DEPT_CD"}, {"DEPT_NAME"}}, .from = "DEPTMENT", .order = {"dept_name"}}
+  });
 }
 
 Go FRMITEM1::categoryIsKnown() {
@@ -262,7 +268,7 @@ Go FRMITEM1::hsnEntered() { return valuesInUse("HSNCODE", "item"); }
 
 Go FRMITEM1::valuesInUse(const char* column, const char* table) {
   if (!trim(here().text).empty()) return Go::On;
-  return lookUp(host, *this, here(), {.mode = "ONEFLD", .table = table, .first = column});
+  return lookUp(host, *this, here(), valuesOf(table, column));
 }
 
 // Detail rows
@@ -331,7 +337,18 @@ void FRMITEM1::clearDetail() {
 
 void FRMITEM1::showRows() {
   Control& list = at("DataGrid1");
-  list.grid.source = std::make_shared<PageRows>(data(), parseSelect(kRowsSelect));
+  list.grid.source = std::make_shared<PageRows>(data(), Select{
+                                                            .columns = {{"ITEM_CD"},
+                                                                        {"SIZE_CD"},
+                                                                        {"PUR_RATE"},
+                                                                        {"SALE_RATE1"},
+                                                                        {"SALE_RATE2"},
+                                                                        {"OP_STK"},
+                                                                        {"SALE_DISC"},
+                                                                        {"DESC1"},
+                                                                        {"CL_STK"}},
+                                                            .from = "TEMP_ITMDTL"
+  });
   list.grid.current = Grid::kNone;
   list.enabled = entering() && list.grid.count() > 0;
 }

@@ -12,14 +12,14 @@
 class FRMITEM1 : public EntryScreen {
  public:
   explicit FRMITEM1(Host& host);
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
   void closed() override;
 
  protected:
   std::string nextCode() override;
   bool load(const std::string& code) override;
   bool exists(const std::string& code) override;
-  LookupSpec codeLookup() const override;
+  Lookup codeLookup() const override;
   std::string missingCodeWords() const override { return english("NO RECORD FOUND"); }
   std::string existingCodeWords() const override { return english("ITEM ALLREADY EXIST"); }
   Control* missingField() override;
@@ -33,7 +33,7 @@ class FRMITEM1 : public EntryScreen {
  private:
   Go rateSearch();
   Go shortNameSearch();
-  Go searchInto(const LookupSpec& spec);
+  Go searchInto(const Lookup& lookup);
   Go nameEntered();
   Go nameIsFree();
   Go categoryEntered();

@@ -56,8 +56,8 @@ ScreenSpec screenTable(const SmallMaster& m) {
     ++index;
   }
   ControlSpec list{.name = "DataGrid1", .kind = Kind::Grid, .at = {.group = "names"}};
-  for (const SelectColumn& c : parseSelect(m.list).columns) {
-    const ColumnTitle t = columnTitle(c.name);
+  for (const SelectColumn& c : m.list.columns) {
+    const ColumnTitle t = columnTitle(nameOf(c));
     list.columns.push_back(
         {.title = t.title, .width = t.width > 100 ? part(1) : px(t.width), .align = t.align});
   }
@@ -102,7 +102,7 @@ EntryPattern smallPattern(const SmallMaster& m) {
       .view = words("{master} View MODE", "master", stem),
       .idleKeys =
           m.inCatalogue ? "" : english("F2 = Category  ::  F3 = Tax  ::  F4 = Transport  ::  F5 = Group"),
-      .names = std::string(m.list),
+      .names = m.list,
       .namesGrid = "DataGrid1",
       .name = m.name,
       .video = links().smallMasterVideo,
@@ -114,14 +114,11 @@ EntryPattern smallPattern(const SmallMaster& m) {
 template <size_t N>
 Go frmtaxmast::change() {
   if (!mode.empty() || master_.inCatalogue) return Go::On;
-  session().mmastkey = kOthers[N].master;
-  host.close(*this);
-  host.open("frmtaxmast");
+  host.open("frmtaxmast", {.masterKey = kOthers[N].master});
   return Go::Stay;
 }
 
-frmtaxmast::frmtaxmast(Host& theHost)
-    : frmtaxmast(theHost, smallMaster(session().mmastkey, session().mentrytype)) {}
+frmtaxmast::frmtaxmast(Host& theHost, const Opening& opening) : frmtaxmast(theHost, smallMaster(opening)) {}
 
 frmtaxmast::frmtaxmast(Host& theHost, const SmallMaster& master)
     : EntryScreen(theHost, tableFor(master), smallPattern(master)), master_(master) {
@@ -136,9 +133,9 @@ frmtaxmast::frmtaxmast(Host& theHost, const SmallMaster& master)
 
 Database& frmtaxmast::database() const { return master_.inCatalogue ? catalogue() : data(); }
 
-void frmtaxmast::opened(const Entry& entry) {
+void frmtaxmast::opened(const Opening& opening) {
   if (master_.key == "TRANS") ensureLocalTransport(data());
-  EntryScreen::opened(entry);
+  EntryScreen::opened(opening);
 }
 
 char32_t frmtaxmast::filter(const Control& control, char32_t key) {
@@ -200,11 +197,7 @@ Go frmtaxmast::accountEntered(int index) {
   const std::string code = trim(field(index).text);
   if (code.empty())
     return lookUp(host, *this, field(index),
-                  {.mode = "THREEFLD",
-                   .table = "ACCOUNT ORDER BY ACC_NAME",
-                   .first = "ACC_CD",
-                   .second = "acc_NAME",
-                   .more = "AREA, CITY, PERSON_NM, FORMAT(cl_bal,'0.00') AS CLBAL"});
+                  accounts({{"ACC_CD"}, {"acc_NAME"}, {"AREA"}, {"CITY"}, {"PERSON_NM"}, balanceColumn()}));
   const auto account = findAccount(data(), code);
   if (!account) return refuse("Please Select Proper ACCOUNT Code");
   if (index + 1 < count() && fieldOf(index + 1).kind == SmallKind::AccountName)
@@ -217,7 +210,9 @@ Go frmtaxmast::groupEntered(int index) {
   if (code.empty())
     return lookUp(
         host, *this, field(index),
-        {.mode = "twofld", .table = "GRP ORDER BY GROUP_NAME", .first = "GROUP_CD", .second = "GROUP_NAME"});
+        {
+            .rows = {.columns = {{"GROUP_CD"}, {"GROUP_NAME"}}, .from = "GRP", .order = {"GROUP_NAME"}}
+    });
   showGroupName();
   return mayStandUnder(code) ? Go::On : refuse("Wrong Selection");
 }

@@ -3,12 +3,12 @@
 #include "masters/entry_screen.h"
 #include "masters/small_masters.h"
 
-// One screen for all small code tables; mmastkey (for users mentrytype) says which one it is
-// when it opens. While no mode is on, function keys change to another table.
+// One screen for all small code tables; the master key (for users the entry type) says which one
+// it is when it opens. While no mode is on, function keys change to another table.
 class frmtaxmast : public EntryScreen {
  public:
-  explicit frmtaxmast(Host& host);
-  void opened(const Entry& entry) override;
+  frmtaxmast(Host& host, const Opening& opening);
+  void opened(const Opening& opening) override;
   char32_t filter(const Control& control, char32_t key) override;
 
  protected:
@@ -17,7 +17,7 @@ class frmtaxmast : public EntryScreen {
   void newEntry() override;
   bool load(const std::string& code) override;
   bool exists(const std::string& code) override;
-  LookupSpec codeLookup() const override { return master_.lookup; }
+  Lookup codeLookup() const override { return master_.lookup; }
   std::string missingCodeWords() const override;
   std::string existingCodeWords() const override { return std::string(master_.duplicate); }
   std::string blankCodeWords() const override { return english("Blank Not Allowed"); }

@@ -69,20 +69,17 @@ void PageRows::countTo(size_t most) {
 // the rows of equal value are looked through.
 void PageRows::beginWith(const std::string& code) {
   constexpr size_t kLookThrough = 256;
-  const OrderTerm order = firstOrder(select_);
-  const bool plain =
-      !select_.distinct && select_.group.empty() && !order.expression.empty() && !order.descending;
+  const OrderTerm* const order = firstOrder(select_);
+  const bool plain = !select_.distinct && order && !order->descending;
 
   Select wanted = filtered(select_, select_.columns[0].expression + " = ?", {code});
   wanted.order.clear();
-  wanted.columns = {
-      {plain ? order.expression : "1", "wanted"}
-  };
+  wanted.columns = {{plain ? order->expression : "1"}};
   const auto found = database_.first(selectText(wanted) + " LIMIT 1", wanted.values);
   if (!found) return;
   if (plain && !found->isNull(0)) {
     const Select before =
-        filtered(select_, order.expression + " < ? OR " + order.expression + " IS NULL", {found->value(0)});
+        filtered(select_, order->expression + " < ? OR " + order->expression + " IS NULL", {found->value(0)});
     markRow_ = static_cast<size_t>(database_.number(countText(before), before.values));
     mark_ = found->value(0);
     for (begin_ = markRow_; begin_ < markRow_ + kLookThrough; ++begin_) {
@@ -118,7 +115,7 @@ const PageRows::Page& PageRows::page(size_t number) const {
   const size_t first = firstRow(number), length = firstRow(number + 1) - first;
   const bool marked = mark_ && first >= markRow_;
   const Select from =
-      marked ? filtered(select_, firstOrder(select_).expression + " >= ?", {*mark_}) : select_;
+      marked ? filtered(select_, firstOrder(select_)->expression + " >= ?", {*mark_}) : select_;
   auto values = from.values;
   values.insert(values.end(), {Value(length), Value(first - (marked ? markRow_ : 0))});
   for (auto rows = database_.query(pageText(from), values); rows.next();) {

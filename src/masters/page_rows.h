@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "masters/select_text.h"
+#include "frame/select.h"
 #include "platform/grid.h"
 #include "store/database.h"
 

@@ -21,8 +21,8 @@ const std::vector<SmallMaster>& masters() {
            {.column = "RATEOFCESS",  .label = "Cess",        .limit = 15,  .kind = Number, .hint = "Type Cess Rate Of Category"},
            {.column = "NOCOUNT_STK", .label = "No Stock",    .limit = 1,   .kind = YesNo,  .hint = "Type Y For No Stock Count"},
        },
-       .list = "SELECT DEPT_CD, DEPT_NAME FROM DEPTMENT order by dept_name",
-       .lookup = {.mode = "THREEFLD", .table = "deptment order by dept_name", .first = "dept_cd", .second = "dept_name", .more = "ITEMDESC, HSNCODE, RATEOFTAX, RATEOFCESS"},
+       .list = {.columns = {{"DEPT_CD"}, {"DEPT_NAME"}}, .from = "DEPTMENT", .order = {"dept_name"}},
+       .lookup = {.rows = {.columns = {{"dept_cd"}, {"dept_name"}, {"ITEMDESC"}, {"HSNCODE"}, {"RATEOFTAX"}, {"RATEOFCESS"}}, .from = "deptment", .order = {"dept_name"}}},
        .guards = {{.statement = "SELECT ITEM_CD FROM ITEM WHERE DEPT_CD = ?", .words = "THERE ARE ITEMS LINKED TO THIS CATEGORY"}}},
 
       {.key = "tax", .stem = "Tax Master", .table = "DISCHTAX", .code = SmallCode::NextNumber, .numericCode = true,
@@ -34,8 +34,8 @@ const std::vector<SmallMaster>& masters() {
            {.column = "tax_acc",    .label = "A/c Code", .limit = 6,  .kind = Account},
            {.column = "tax_acnm",   .label = "A/c Name", .limit = 60, .kind = AccountName},
        },
-       .list = "SELECT CODE, NAME FROM DISCHTAX order by code",
-       .lookup = {.mode = "THREEFLD", .table = "DISCHTAX order by code", .first = "CODE", .second = "NAME", .more = "RATE, TAX_ACC, FORM_PRINT"},
+       .list = {.columns = {{"CODE"}, {"NAME"}}, .from = "DISCHTAX", .order = {"code"}},
+       .lookup = {.rows = {.columns = {{"CODE"}, {"NAME"}, {"RATE"}, {"TAX_ACC"}, {"FORM_PRINT"}}, .from = "DISCHTAX", .order = {"code"}}},
        .guards = {{.statement = "SELECT VOUCH_NO FROM SALE WHERE TAX_CD1 = ?", .words = "There is Sale Entry For This Tax Code\r\nCan Not Delete"},
                   {.statement = "SELECT 1 FROM PURCH WHERE CHRG_PERC1 = ?1 OR EXCISE_PER = ?1 OR ATAX_PERC = ?1", .words = "There is Purchase Entry For This Tax Code\r\nCan Not Delete"}}},
 
@@ -51,8 +51,8 @@ const std::vector<SmallMaster>& masters() {
            {.column = "TPHONE2",      .label = "Phone 2",   .limit = 50, .hint = "Type Phone No Of Transport"},
            {.column = "TRANS_GOV_ID", .label = "Gov. Id",   .limit = 50, .hint = "Type Government Id Of Transport"},
        },
-       .list = "SELECT TRANS_ID, TRANSNAME FROM TRANSMAST order by TRANSNAME",
-       .lookup = {.mode = "THREEFLD", .table = "TRANSMAST order by TRANSNAME", .first = "TRANS_ID", .second = "TRANSNAME", .more = "trans_gov_id"}},
+       .list = {.columns = {{"TRANS_ID"}, {"TRANSNAME"}}, .from = "TRANSMAST", .order = {"TRANSNAME"}},
+       .lookup = {.rows = {.columns = {{"TRANS_ID"}, {"TRANSNAME"}, {"trans_gov_id"}}, .from = "TRANSMAST", .order = {"TRANSNAME"}}}},
 
       {.key = "GWDN", .stem = "Godown Master", .table = "GWDN",
        .fields = {
@@ -60,8 +60,8 @@ const std::vector<SmallMaster>& masters() {
            {.column = "GWDN_NAME", .label = "Name", .limit = 50, .required = true, .hint = "Type Name Of Godown"},
        },
        .duplicate = "Duplicate Godown Can Not Be Added",
-       .list = "SELECT GWDN_CD, GWDN_NAME FROM GWDN order by GWDN_NAME",
-       .lookup = {.mode = "TWOFLD", .table = "GWDN order by GWDN_NAME", .first = "GWDN_CD", .second = "GWDN_NAME"},
+       .list = {.columns = {{"GWDN_CD"}, {"GWDN_NAME"}}, .from = "GWDN", .order = {"GWDN_NAME"}},
+       .lookup = {.rows = {.columns = {{"GWDN_CD"}, {"GWDN_NAME"}}, .from = "GWDN", .order = {"GWDN_NAME"}}},
        .guards = {{.statement = "SELECT 1 FROM SLEDGER WHERE GWDN_CD = ?", .words = "There Is a Stock Entry For This Godown in Stock Ledger\r\nCan Not Delete"}}},
 
       {.key = "sman", .stem = "Salesman Master", .table = "sman",
@@ -71,15 +71,15 @@ const std::vector<SmallMaster>& masters() {
            {.column = "Sarea",     .label = "Area", .limit = 50,  .hint = "Type Area Of Salesman"},
            {.column = "Scity",     .label = "City", .limit = 50,  .hint = "Type City Of Salesman"},
        },
-       .list = "SELECT sman_cd, sman_name FROM sman order by sman_name",
-       .lookup = {.mode = "twofld", .table = "sman order by sman_name", .first = "sman_cd", .second = "sman_name"},
+       .list = {.columns = {{"sman_cd"}, {"sman_name"}}, .from = "sman", .order = {"sman_name"}},
+       .lookup = {.rows = {.columns = {{"sman_cd"}, {"sman_name"}}, .from = "sman", .order = {"sman_name"}}},
        .guards = {{.statement = "SELECT ACC_CD FROM ACCOUNT WHERE ANOTHER_CD = ?", .words = "This Salesman is used in some Account Master Entries \r\nCan not Delete", .title = "Mirav Information"}}},
 
       {.key = "narr", .stem = "Narration Master", .table = "NARRATN", .code = SmallCode::ItsText,
        .fields = {{.column = "narr_name", .label = "Narration", .limit = 200, .required = true, .hint = "Type Narration"}},
        .name = 0,
-       .list = "SELECT narr_name FROM NARRATN order by narr_name",
-       .lookup = {.mode = "ONEFLD", .table = "NARRATN", .first = "narr_name"}},
+       .list = {.columns = {{"narr_name"}}, .from = "NARRATN", .order = {"narr_name"}},
+       .lookup = valuesOf("NARRATN", "narr_name")},
 
       {.key = "RCTYPENT", .stem = "Receipt Type Master", .table = "RCTYP", .code = SmallCode::ItsText,
        .fields = {
@@ -88,8 +88,8 @@ const std::vector<SmallMaster>& masters() {
            {.column = "CHRGYN",  .label = "Charge",       .limit = 1,  .kind = YesNo, .hint = "Type Y Or N"},
        },
        .name = 0,
-       .list = "SELECT RTYP FROM RCTYP order by RTYP",
-       .lookup = {.mode = "THREEFLD", .table = "RCTYP left join account on RCTYP.RTYPACC = account.acc_cd order by RTYP", .first = "RTYP", .second = "acc_name", .more = "RTYPACC, CHRGYN"}},
+       .list = {.columns = {{"RTYP"}}, .from = "RCTYP", .order = {"RTYP"}},
+       .lookup = {.rows = {.columns = {{"RTYP"}, {"acc_name"}, {"RTYPACC"}, {"CHRGYN"}}, .from = "RCTYP left join account on RCTYP.RTYPACC = account.acc_cd", .order = {"RTYP"}}}},
 
       {.key = "grpmst", .stem = "Group Master", .table = "GRP", .numericCode = true,
        .fields = {
@@ -97,16 +97,16 @@ const std::vector<SmallMaster>& masters() {
            {.column = "GROUP_NAME", .label = "Group Name", .limit = 50, .required = true, .hint = "Type Name Of Group"},
            {.column = "SUB_GROUP",  .label = "Under Group", .limit = 6, .kind = Group, .required = true},
        },
-       .list = "SELECT GROUP_CD, GROUP_NAME FROM GRP order by group_name",
-       .lookup = {.mode = "twofld", .table = "grp where grp.group_cd > 6 order by group_name", .first = "GROUP_CD", .second = "GROUP_NAME"},
+       .list = {.columns = {{"GROUP_CD"}, {"GROUP_NAME"}}, .from = "GRP", .order = {"group_name"}},
+       .lookup = {.rows = {.columns = {{"GROUP_CD"}, {"GROUP_NAME"}}, .from = "grp", .where = "grp.group_cd > 6", .order = {"group_name"}}},
        .guards = {{.statement = "SELECT ACC_CD FROM ACCOUNT WHERE GROUP_CD = ?", .words = "THERE ARE ACCOUNTS LINKED TO THIS GROUP"},
                   {.statement = "SELECT GROUP_CD FROM GRP WHERE SUB_GROUP = ?", .words = "THERE ARE GROUPS LINKED TO THIS GROUP"}}},
 
       {.key = "USERFORM", .stem = "User Master", .table = "USER1", .code = SmallCode::ItsText, .inCatalogue = true,
        .fields = {{.column = "user_name", .label = "User Name", .limit = 20, .required = true, .hint = "Type Name Of User"}},
        .name = 0,
-       .list = "SELECT USER_NAME FROM USER1 ORDER BY USER_NAME",
-       .lookup = {.mode = "userhlp", .table = "user1", .first = "user_name"}},
+       .list = {.columns = {{"USER_NAME"}}, .from = "USER1", .order = {"USER_NAME"}},
+       .lookup = {.rows = {.columns = {{"USER_NAME"}, {"LOGGEDON"}}, .from = "USER1", .order = {"USER_NAME"}}, .inCatalogue = true}},
   };
   return table;
 }
@@ -122,8 +122,8 @@ std::string keyCondition(const SmallMaster& m) {
 
 }  // namespace
 
-const SmallMaster& smallMaster(std::string_view masterKey, std::string_view entryType) {
-  const std::string_view wanted = entryType == "USERFORM" ? entryType : masterKey;
+const SmallMaster& smallMaster(const Opening& opening) {
+  const std::string& wanted = opening.entryType == "USERFORM" ? opening.entryType : opening.masterKey;
   for (const SmallMaster& m : masters())
     if (m.key == wanted) return m;
   return masters().front();

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "masters/lookup.h"
+#include "frame/lookup.h"
 #include "store/database.h"
 #include "store/row_writer.h"
 
@@ -40,7 +40,7 @@ struct SmallGuard {
 };
 
 struct SmallMaster {
-  std::string_view key;   // mmastkey; "USERFORM" is told by mentrytype
+  std::string_view key;   // master key; "USERFORM" is an entry type
   std::string_view stem;  // of the captions
   std::string_view table;
   SmallCode code = SmallCode::Typed;
@@ -49,13 +49,13 @@ struct SmallMaster {
   std::vector<SmallField> fields = {};  // the code first
   int name = 1;                         // the field in which a new row must differ from all others
   std::string_view duplicate = "Duplicate Not Allowed";
-  std::string_view list;  // rows shown beside, searched by the last column
-  LookupSpec lookup = {};
+  Select list = {};  // rows shown beside, searched by the last column
+  Lookup lookup = {};
   std::vector<SmallGuard> guards = {};
 };
 
-// The master that the session asks for; categories when the key is unknown.
-const SmallMaster& smallMaster(std::string_view masterKey, std::string_view entryType);
+// The master that is asked for; categories when the key is unknown.
+const SmallMaster& smallMaster(const Opening& opening);
 
 // The code as its column compares it: a number where codes are numbers.
 Value smallCode(const SmallMaster& master, std::string_view code);

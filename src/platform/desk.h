@@ -14,7 +14,7 @@
 // old control may refuse (Validate), is left (Leave), then the new one gets Focus. Boxes
 // and modal screens nest; all other screens open after the handler, so a day's work
 // stacks nothing. A handler that ends in an exception ends in a message box with its
-// words; the screen stays as it is.
+// words; the screen stays as it is, and one that could not be made is not opened.
 class Desk : public Host {
  public:
   explicit Desk(const Screens& screens) : known_(screens) {}
@@ -46,8 +46,8 @@ class Desk : public Host {
 
   // Host
   void message(const std::string& text, const std::string& title = kTitle) override;
-  std::optional<std::string> openModal(const std::string& name, const Entry& entry = {}) override;
-  void open(const std::string& name, const Entry& entry = {}) override;
+  std::optional<std::string> openModal(const std::string& name, const Opening& opening = {}) override;
+  void open(const std::string& name, const Opening& opening = {}) override;
   void close(Screen& screen) override;
   void quit() override { quitting_ = true; }
   Screen* find(const std::string& name) override;
@@ -67,7 +67,7 @@ class Desk : public Host {
  private:
   struct Request {
     std::string name;
-    Entry entry;
+    Opening opening;
     Screen* closing = nullptr;
   };
 
@@ -84,8 +84,12 @@ class Desk : public Host {
   bool editKey(Screen& screen, Control& control, const Key& key);
   void edited(Screen& screen, Control& control);
   void step(Screen& screen, int direction, bool validate);
-  void show(std::unique_ptr<Screen> screen, const Entry& entry);
+  std::unique_ptr<Screen> make(const std::string& name, const Opening& opening);
+  void show(std::unique_ptr<Screen> screen);
+  void raise(Screen& standing, const Request& wanted);
   void remove(Screen& screen);
+  void dismiss(Screen& screen);
+  void activateTop();
   void take(std::vector<Request>& requests);
   void request(Request request);
 

@@ -32,11 +32,12 @@ class Host {
   virtual std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                            const std::string& initial = "") = 0;
   // A screen that answers: returns its result when it has closed, nothing after Escape.
-  virtual std::optional<std::string> openModal(const std::string& name, const Entry& entry = {}) = 0;
+  virtual std::optional<std::string> openModal(const std::string& name, const Opening& opening = {}) = 0;
 
   // These take effect after the running handler. Opening a screen that stands already
-  // shows it and brings it to the top. An unknown name says so in the hint line.
-  virtual void open(const std::string& name, const Entry& entry = {}) = 0;
+  // brings it to the top; asked for something else than it shows (another kind, report or master, or
+  // a value), it gives way to a new one if it may close. An unknown name says so in the hint line.
+  virtual void open(const std::string& name, const Opening& opening = {}) = 0;
   virtual void close(Screen& screen) = 0;
   virtual void quit() = 0;
   virtual Screen* find(const std::string& name) = 0;  // an open screen, or null

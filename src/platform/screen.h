@@ -1,11 +1,13 @@
 #pragma once
 
+#include <any>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "base/date.h"
@@ -163,10 +165,14 @@ struct Trigger {
   Trigger(KeyCode code) : key(code) {}  // NOLINT
 };
 
-// With what a screen is opened: by whom, and a value (a voucher number, a code).
-struct Entry {
-  std::string caller = {};
-  std::string value = {};
+// With what a screen is opened.
+struct Opening {
+  std::string caller = {};     // the screen that asks for it
+  std::string entryType = {};  // kind of voucher ("SALE", "QUOTATION"), or of another screen ("USERFORM")
+  std::string reportKey = {};  // the report or document asked for ("LEDGERS", "GST INVOICE")
+  std::string masterKey = {};  // the small master asked for ("catg", "TRANS")
+  std::string value = {};      // what is shown first: a voucher number, a code
+  std::any more = {};          // a record of the screen's own, whose type both sides know
 };
 
 class Screen {
@@ -216,7 +222,7 @@ class Screen {
   static void set(Control& control, std::string_view text);
 
   // Events of the whole screen.
-  virtual void opened(const Entry&) {}      // once, before it is first shown
+  virtual void opened(const Opening&) {}    // once, before it is first shown
   virtual void activated() {}               // on top again after another screen, and on first show
   virtual bool mayClose() { return true; }  // the window's close button and Host::close
   virtual void closed() {}
@@ -290,19 +296,28 @@ class Screen {
   Control* pendingEnter_ = nullptr;
   Control* here_ = nullptr;
   bool closing_ = false, modal_ = false, unchecked_ = false;
+  Opening opening_;
   std::vector<Control*> walk_;  // focusable kinds in tab order
 };
 
 // The screens that a program knows, by name.
 class Screens {
  public:
+  // A screen whose table depends on its opening takes that beside the host.
   template <class S>
   void add(const std::string& name) {
-    makers_[name] = [](Host& host) { return std::make_unique<S>(host); };
+    makers_[name] = [](Host& host, const Opening& opening) -> std::unique_ptr<Screen> {
+      if constexpr (std::is_constructible_v<S, Host&, const Opening&>)
+        return std::make_unique<S>(host, opening);
+      else
+        return std::make_unique<S>(host);
+    };
   }
   bool knows(const std::string& name) const { return makers_.contains(name); }
-  std::unique_ptr<Screen> make(const std::string& name, Host& host) const { return makers_.at(name)(host); }
+  std::unique_ptr<Screen> make(const std::string& name, Host& host, const Opening& opening) const {
+    return makers_.at(name)(host, opening);
+  }
 
  private:
-  std::map<std::string, std::function<std::unique_ptr<Screen>(Host&)>> makers_;
+  std::map<std::string, std::function<std::unique_ptr<Screen>(Host&, const Opening&)>> makers_;
 };

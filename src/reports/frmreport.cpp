@@ -4,7 +4,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
-#include "masters/lookup.h"
+#include "frame/lookup.h"
 #include "reports/report_layout.h"
 #include "reports/report_output.h"
 #include "reports/report_voucher.h"
@@ -26,51 +26,37 @@ std::string outsideMessage(Date date, Date first, Date last, Date today) {
          "\r\nPress : F3 for : " + shown(last);
 }
 
-LookupSpec itemLookup(const std::string& category) {
-  LookupSpec spec{
-      .mode = "THREEFLD",
-      .table =
+Lookup itemLookup(const std::string& category) {
+  Select rows{
+      .columns = {{"ITEM.ITEM_CD", 1500}, {"ITEM_NAME", 3600}, {"DEPT_NAME", 3000}, {"ITEMDTL.CL_STK", 1200}},
+      .from =
           "(ITEM LEFT JOIN DEPTMENT ON ITEM.DEPT_CD = DEPTMENT.DEPT_CD)"
           " LEFT JOIN ITEMDTL ON ITEM.ITEM_CD = ITEMDTL.ITEM_CD",
-      .first = "ITEM.ITEM_CD",
-      .second = "ITEM_NAME",
-      .more = "DEPT_NAME, ITEMDTL.CL_STK",
-      .widths = {1500, 3600, 3000, 1200},
+      .order = {"ITEM_NAME"  }
   };
-  if (!category.empty()) {
-    spec.table += " WHERE ITEM.DEPT_CD = ?";
-    spec.values = {category};
-  }
-  spec.table += " ORDER BY ITEM_NAME";
-  return spec;
+  return {.rows = category.empty() ? rows : filtered(rows, "ITEM.DEPT_CD = ?", {category})};
 }
 
 // What F1 lists for a field; nothing for one without a list.
-std::optional<LookupSpec> lookupOf(int field, bool groups, const std::string& category) {
+std::optional<Lookup> lookupOf(int field, bool groups, const std::string& category) {
   switch (field) {
     case kParty:
-      return LookupSpec{
-          .mode = "THREEFLD",
-          .table = "ACCOUNT ORDER BY ACC_NAME",
-          .first = "ACC_CD",
-          .second = "ACC_NAME",
-          .more = "AREA, CITY, FORMAT(CL_BAL, '0.00') AS CLBAL",
-          .widths = {1000, 5000, 1500, 1500, 1200}
-      };
+      return accounts({
+          {"ACC_CD",   1000},
+          {"ACC_NAME", 5000},
+          {"AREA",     1500},
+          {"CITY",     1500},
+          balanceColumn(1200)
+      });
     case kCity:
-      return LookupSpec{.mode = "ONEFLD", .table = "ACCOUNT", .first = "AREA", .widths = {2500}};
+      return valuesOf("ACCOUNT", "AREA", 2500);
     case kState:
-      return LookupSpec{.mode = "ONEFLD", .table = "ACCOUNT", .first = "CITY", .widths = {2500}};
+      return valuesOf("ACCOUNT", "CITY", 2500);
     case kItem:
       return itemLookup(category);
     case kCategory:
-      return LookupSpec{
-          .mode = "TWOFLD",
-          .table = groups ? "GRP ORDER BY GROUP_NAME" : "DEPTMENT ORDER BY DEPT_NAME",
-          .first = groups ? "GROUP_CD" : "DEPT_CD",
-          .second = groups ? "GROUP_NAME" : "DEPT_NAME",
-          .widths = {1500, 3000}
-      };
+      return groups ? Lookup{.rows = {.columns = {{"GROUP_CD", 1500}, {"GROUP_NAME", 3000}}, .from = "GRP", .order = {"GROUP_NAME"}}}
+                    : Lookup{.rows = {.columns = {{"DEPT_CD", 1500}, {"DEPT_NAME", 3000}}, .from = "DEPTMENT", .order = {"DEPT_NAME"}}};
     default:
       return {};
   }
@@ -106,10 +92,10 @@ frmreport::frmreport(Host& theHost) : PeriodScreen(theHost, table()) {
 
 // Opening, coming back and going
 
-void frmreport::opened(const Entry& entry) {
-  ChildScreen::opened(entry);
+void frmreport::opened(const Opening& opening) {
+  ChildScreen::opened(opening);
   const Session& s = session();
-  key_ = s.mreportkey;
+  key_ = opening.reportKey;
   report_ = reportByKey(key_);
   publishLayout(session(), {});
   const Date last = host.today() > s.menddt ? s.menddt : host.today();
@@ -123,11 +109,9 @@ void frmreport::opened(const Entry& entry) {
   if (!report_->salesmanLabel.empty()) at("Text1", kSalesman).label = report_->salesmanLabel;
 }
 
-// A report from which a voucher was opened is read anew and stands on that voucher again. Other
-// screens may have left their own report key.
+// A report from which a voucher was opened is read anew and stands on that voucher again.
 void frmreport::activated() {
   Session& s = session();
-  s.mreportkey = key_;
   outputs(false);
   const auto place = std::exchange(drilledInto_, std::nullopt);
   if (!place && !s.mreportrefresh) return;
@@ -141,7 +125,6 @@ void frmreport::activated() {
 
 void frmreport::closed() {
   shown_.reset();
-  session().msql.clear();
   ChildScreen::closed();
 }
 
@@ -200,7 +183,6 @@ void frmreport::build() {
   host.busy(true);
   plan_ = report_->plan(data(), query);
   caption = plan_.caption.empty() ? openingCaption() : plan_.caption;
-  session().mfilter = plan_.filter;
   if (!plan_.refusal.empty() || !start(asks(ReportQuestion::When::WithRows) ? 1 : kFirstRows)) {
     host.busy(false);
     host.message(plan_.refusal.empty() ? "No Records" : plan_.refusal,
@@ -221,7 +203,6 @@ void frmreport::clear() {
   at("Grid1").visible = at("Chart1").visible = false;
   set(at("Label1", 7), "");
   set(at("Label1", 8), "");
-  session().mfilter.clear();
   publishLayout(session(), {});
 }
 

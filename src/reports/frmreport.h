@@ -9,14 +9,14 @@
 #include "reports/period_screen.h"
 #include "reports/report_rows.h"
 
-// The report screen: the report of the session's mreportkey at its opening, over a period and
+// The report screen: the report of its opening's key, over a period and
 // filtered by the fields that it enables. What a report shows is told by its piece in `reports`.
 class frmreport : public PeriodScreen {
  public:
   explicit frmreport(Host& host);
   static const ScreenSpec& table();
 
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
   void activated() override;
   void closed() override;
 

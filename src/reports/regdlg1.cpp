@@ -5,8 +5,8 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "frame/lookup.h"
 #include "frame/menu.h"
-#include "masters/lookup.h"
 #include "reports/report_voucher.h"
 
 // A statement in the grid.
@@ -93,25 +93,23 @@ regdlg1::regdlg1(Host& theHost) : PeriodScreen(theHost, table()) {
 
 // Opening, coming back and going
 
-void regdlg1::opened(const Entry& entry) {
-  ChildScreen::opened(entry);
+void regdlg1::opened(const Opening& opening) {
+  ChildScreen::opened(opening);
   const Session& s = session();
-  key_ = s.mreportkey;
+  key_ = opening.reportKey;
   at("Grid1").grid.columns = isT() ? kTwoSided : kRunning;
   publishColumns(session(), key_);
   const Date last = host.today() < s.menddt ? host.today() : s.menddt;
   set(at("MaskEdBox1", 0), formatDate(s.mstartdt, "dd/MM/yyyy"));
   set(at("MaskEdBox1", 1), formatDate(last, "dd/MM/yyyy"));
-  if (entry.value.empty()) return;
-  set(at("Text1"), entry.value);
+  if (opening.value.empty()) return;
+  set(at("Text1"), opening.value);
   if (acceptAccount()) focus(at("MaskEdBox1", 0));
 }
 
-// A voucher that was entered or changed meanwhile shows at once. Other screens may have left
-// their own report key.
+// A voucher that was entered or changed meanwhile shows at once.
 void regdlg1::activated() {
   Session& s = session();
-  s.mreportkey = key_;
   if (!std::exchange(standing_, true)) return;
   if (s.mreportrefresh && !at("Text1").text.empty()) {
     show();
@@ -123,7 +121,6 @@ void regdlg1::activated() {
 }
 
 void regdlg1::closed() {
-  session().msql.clear();
   session().mreportrefresh = false;
   ChildScreen::closed();
 }
@@ -147,15 +144,15 @@ std::string regdlg1::hintFor(const Control& control) const {
 Go regdlg1::account() {
   if (key_ != kLedgers && key_ != kTLedgers) return Go::On;
   if (trim(at("Text1").text).empty())
-    return lookUp(host, *this, at("Text1"),
-                  {
-                      .mode = "THREEFLD",
-                      .table = "ACCOUNT ORDER BY ACC_NAME",
-                      .first = "ACC_CD",
-                      .second = "ACC_NAME",
-                      .more = "AREA, CITY, FORMAT(CL_BAL, '0.00') AS CLBAL",
-                      .widths = {1000, 4500, 1500, 1500, 1500, 1500},
-    });
+    return lookUp(
+        host, *this, at("Text1"),
+        accounts({
+            {"ACC_CD",   1000},
+            {"ACC_NAME", 4500},
+            {"AREA",     1500},
+            {"CITY",     1500},
+            balanceColumn(1500)
+    }));
   if (!acceptAccount()) return Go::Stay;
   focus(at("MaskEdBox1", 0));
   return Go::Stay;

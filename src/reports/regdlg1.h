@@ -9,14 +9,14 @@
 #include "reports/period_screen.h"
 #include "reports/statement.h"
 
-// The account ledgers: the running statement or the T ledger of an account, by the session's
-// mreportkey at its opening. Opened with a value it takes that as the account's code.
+// The account ledgers: the running statement or the T ledger of an account, by the report
+// key of its opening. Opened with a value it takes that as the account's code.
 class regdlg1 : public PeriodScreen {
  public:
   explicit regdlg1(Host& host);
   static const ScreenSpec& table();
 
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
   void activated() override;
   void closed() override;
 

@@ -2,7 +2,6 @@
 
 #include "base/number.h"
 #include "frame/menu.h"
-#include "frame/session.h"
 #include "frame/voucher_kinds.h"
 
 namespace {
@@ -20,7 +19,7 @@ bool canOpen(const VoucherKey& voucher) { return openable(voucher.book) != nullp
 bool openVoucher(Host& host, const Screen& caller, const VoucherKey& voucher) {
   const VoucherKind* const kind = openable(voucher.book);
   if (!kind) return false;
-  session().mentrytype = kind->entryType;
-  host.open(kind->screen, {.caller = caller.spec.name, .value = numText(voucher.number)});
+  host.open(kind->screen,
+            {.caller = caller.spec.name, .entryType = kind->entryType, .value = numText(voucher.number)});
   return true;
 }

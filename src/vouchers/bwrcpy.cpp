@@ -20,13 +20,13 @@ constexpr Bgr kOkColour = 0xFFF0F0, kSecondColour = 0xFFD0D0;
 constexpr int kFields[] = {0, 2, 10, 6, 3, 9, 5, 4, 7};
 constexpr int kEntered[] = {0, 3, 4, 7};
 
-const char* const kVouchers =
-    "RPTPAY INNER JOIN ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD  where book_cd = ? order by "
-    "RPTPAY.VOUCH_DT desc, RPTPAY.vouch_no desc";
+const std::vector<OrderTerm> kNewest{down("RPTPAY.VOUCH_DT"), down("RPTPAY.vouch_no")};
+const SelectColumn kDay{"format(vouch_dt,'dd/MM/yyyy')"};
 
 }  // namespace
 
-bwrcpy::bwrcpy(Host& theHost) : ChildScreen(theHost, bwrcpyTable()), kind_(moneyKind(session().mentrytype)) {
+bwrcpy::bwrcpy(Host& theHost, const Opening& opening)
+    : ChildScreen(theHost, bwrcpyTable()), kind_(moneyKind(opening.entryType)) {
   caption = kind_.words.title;
   wire(*this, {
                   {"cmdAdd",        On::Click,       &bwrcpy::add           },
@@ -66,13 +66,13 @@ bwrcpy::bwrcpy(Host& theHost) : ChildScreen(theHost, bwrcpyTable()), kind_(money
 
 // Opening and closing
 
-void bwrcpy::opened(const Entry& entry) {
-  ChildScreen::opened(entry);
+void bwrcpy::opened(const Opening& opening) {
+  ChildScreen::opened(opening);
   rest();
-  drilledDown_ = !entry.value.empty();
+  drilledDown_ = !opening.value.empty();
   if (!drilledDown_) return;
   modify();
-  put(0, entry.value);
+  put(0, opening.value);
   if (enterNumber() == Go::Stay) return;
   focus(at("MaskEdBox1", 0));
 }
@@ -93,10 +93,7 @@ void bwrcpy::escape() {
   }
 }
 
-void bwrcpy::print() {
-  session().mreportkey = "RCPTADVS";
-  host.open("dlg1", {.caller = spec.name, .value = {}});
-}
+void bwrcpy::print() { host.open("dlg1", {.caller = spec.name, .reportKey = "RCPTADVS"}); }
 
 void bwrcpy::video() {
   const bool onAccount =
@@ -168,11 +165,13 @@ void bwrcpy::placeDefaults() {
 void bwrcpy::showList() {
   Grid& grid = at("DataGrid1").grid;
   grid.source = std::make_shared<PageRows>(
-      data(),
-      parseSelect("SELECT RPTPAY.VOUCH_NO, VOUCH_DT, ACC_NAME, AMOUNT, NARRATION FROM RPTPAY LEFT JOIN"
-                  " ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD WHERE RPTPAY.BOOK_CD = ?"
-                  " ORDER BY RPTPAY.VOUCH_NO DESC",
-                  {kind_.code}));
+      data(), Select{
+                  .columns = {{"RPTPAY.VOUCH_NO"}, {"VOUCH_DT"}, {"ACC_NAME"}, {"AMOUNT"}, {"NARRATION"}},
+                  .from = "RPTPAY LEFT JOIN ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD",
+                  .where = "RPTPAY.BOOK_CD = ?",
+                  .order = {down("RPTPAY.VOUCH_NO")      },
+                  .values = {kind_.code     },
+  });
   grid.current = Grid::kNone;
 }
 
@@ -188,17 +187,21 @@ void bwrcpy::openRow() {
 
 Go bwrcpy::number() {
   if (!trimmed(0).empty()) return enterNumber();
-  return lookUp(
-      host, *this, here(),
-      {
-          .mode = "THREEFLD",
-          .table = "RPTPAY, ACCOUNT where book_cd = ? AND RPTPAY.PARTY_CD = ACCOUNT.ACC_CD order by "
-                   "RPTPAY.VOUCH_DT desc, RPTPAY.vouch_no desc",
-          .first = "vouch_no",
-          .second = "ACC_NAME",
-          .more = "ACCOUNT.city, ACCOUNT.area, vouch_dt, AMOUNT, REF_NO, NARRATION, chq_no",
-          .widths = {500,   2800, 1200, 1200, 1200, 1000, 1000, 1400, 1000},
-          .values = {kind_.code}
+  return lookUp(host, *this, here(),
+                {
+                    .rows = {.columns = {{"vouch_no", 500},
+                                         {"ACC_NAME", 2800},
+                                         {"ACCOUNT.city", 1200},
+                                         {"ACCOUNT.area", 1200},
+                                         {"vouch_dt", 1200},
+                                         {"AMOUNT", 1000},
+                                         {"REF_NO", 1000},
+                                         {"NARRATION", 1400},
+                                         {"chq_no", 1000}},
+                             .from = "RPTPAY, ACCOUNT",
+                             .where = "book_cd = ? AND RPTPAY.PARTY_CD = ACCOUNT.ACC_CD",
+                             .order = kNewest,
+                             .values = {kind_.code}}
   });
 }
 
@@ -293,11 +296,8 @@ void bwrcpy::leaveAccount() {
 Go bwrcpy::account() {
   if (trimmed(2).empty())
     return lookUp(host, *this, here(),
-                  {.mode = "THREEFLD",
-                   .table = "ACCOUNT WHERE GROUP_CD = 87 OR GROUP_CD = 88 ORDER BY ACC_NAME",
-                   .first = "ACC_CD",
-                   .second = "acc_name",
-                   .more = "AREA, CITY, group_cd, FORMAT(cl_bal,'0.00') AS CLBAL"});
+                  accounts({{"ACC_CD"}, {"acc_name"}, {"AREA"}, {"CITY"}, {"group_cd"}, balanceColumn()},
+                           "GROUP_CD = 87 OR GROUP_CD = 88"));
   if (!showAccount(2, 10, 6)) {
     host.message("PARTY DOES NOT EXIST");
     return Go::Stay;
@@ -314,12 +314,10 @@ Go bwrcpy::account() {
 
 Go bwrcpy::party() {
   if (trimmed(3).empty())
-    return lookUp(host, *this, here(),
-                  {.mode = "THREEFLD",
-                   .table = kind_.party.offered,
-                   .first = "ACC_CD",
-                   .second = "acc_name",
-                   .more = "AREA, CITY, group_cd, PERSON_NM, FORMAT(cl_bal,'0.00') AS CLBAL"});
+    return lookUp(
+        host, *this, here(),
+        accounts({{"ACC_CD"}, {"acc_name"}, {"AREA"}, {"CITY"}, {"group_cd"}, {"PERSON_NM"}, balanceColumn()},
+                 kind_.party.offered));
   if (!showAccount(3, 9, 5)) {
     host.message("PARTY DOES NOT EXIST");
     return Go::Stay;
@@ -345,51 +343,50 @@ Go bwrcpy::remarks() {
 
 // Lookups by key
 
-LookupSpec bwrcpy::oldVouchers(const std::string& second, const std::string& more) const {
-  return {.mode = "THREEFLD",
-          .table = kVouchers,
-          .first = "vouch_no",
-          .second = second,
-          .more = more,
-          .values = {kind_.code}};
+Lookup bwrcpy::oldVouchers(const SelectColumn& second, const SelectColumns& more) const {
+  return {
+      .rows = {.columns = joined({{"vouch_no"}, second}, more),
+               .from = "RPTPAY INNER JOIN ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD",
+               .where = "book_cd = ?",
+               .order = kNewest,
+               .values = {kind_.code}}
+  };
 }
 
 Go bwrcpy::oldByReference() {
-  return lookUp(host, *this, here(),
-                oldVouchers("Ref_no",
-                            "ACCOUNT.acc_name, ACCOUNT.city, format(vouch_dt,'dd/MM/yyyy'), AMOUNT,"
-                            " NARRATION"));
+  return lookUp(
+      host, *this, here(),
+      oldVouchers({"Ref_no"}, {{"ACCOUNT.acc_name"}, {"ACCOUNT.city"}, kDay, {"AMOUNT"}, {"NARRATION"}}));
 }
 
 Go bwrcpy::oldByCheque() {
-  return lookUp(host, *this, here(),
-                oldVouchers("chq_no",
-                            "ACCOUNT.acc_name, ACCOUNT.city, format(vouch_dt,'dd/MM/yyyy'), AMOUNT,"
-                            " NARRATION"));
+  return lookUp(
+      host, *this, here(),
+      oldVouchers({"chq_no"}, {{"ACCOUNT.acc_name"}, {"ACCOUNT.city"}, kDay, {"AMOUNT"}, {"NARRATION"}}));
 }
 
 Go bwrcpy::oldByAmount() {
   return lookUp(host, *this, here(),
-                oldVouchers("TRIM(str(AMOUNT)) as amt",
-                            "ACCOUNT.acc_name, CHQ_NO, ACCOUNT.city,"
-                            " format(vouch_dt,'dd/MM/yyyy') as dt, NARRATION"));
+                oldVouchers(amountText("AMOUNT", "amt"), {
+                                                             {"ACCOUNT.acc_name"},
+                                                             {"CHQ_NO"          },
+                                                             {"ACCOUNT.city"    },
+                                                             {kDay.expression,    0, "dt"},
+                                                             {"NARRATION"             }
+  }));
 }
 
 Go bwrcpy::partyByCity() {
   return lookUp(host, *this, here(),
-                {
-                    .mode = "THREEFLD",
-                    .table = "ACCOUNT ORDER BY ACC_NAME",
-                    .first = "ACC_CD",
-                    .second = "city",
-                    .more = "acc_name, area",
-                    .widths = {600, 4000, 4000, 2000, 2000, 2000}
-  });
+                accounts({
+                    {"ACC_CD",   600 },
+                    {"city",     4000},
+                    {"acc_name", 4000},
+                    {"area",     2000}
+  }));
 }
 
-Go bwrcpy::earlierRemarks() {
-  return lookUp(host, *this, here(), {.mode = "ONEFLD", .table = "RPTPAY", .first = "NARRATION"});
-}
+Go bwrcpy::earlierRemarks() { return lookUp(host, *this, here(), valuesOf("RPTPAY", "NARRATION")); }
 
 // Saving
 

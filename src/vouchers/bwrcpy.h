@@ -5,15 +5,15 @@
 
 #include "documents/messaging.h"
 #include "frame/child_screen.h"
-#include "masters/lookup.h"
+#include "frame/lookup.h"
 #include "vouchers/receipts.h"
 
-// Receipts, payments, incomes and expenses: `mentrytype` says which. Opened with a value it shows
+// Receipts, payments, incomes and expenses: the entry type says which. Opened with a value it shows
 // that voucher for a change and closes after it.
 class bwrcpy : public ChildScreen {
  public:
-  explicit bwrcpy(Host& host);
-  void opened(const Entry& entry) override;
+  bwrcpy(Host& host, const Opening& opening);
+  void opened(const Opening& opening) override;
   void activated() override;
   bool mayClose() override;
 
@@ -68,7 +68,7 @@ class bwrcpy : public ChildScreen {
   bool entering() const { return mode == "ADD" || mode == "EDIT"; }
   MoneyVoucher voucher() const;
   SavedMessage closingMessage() const;
-  LookupSpec oldVouchers(const std::string& second, const std::string& more) const;
+  Lookup oldVouchers(const SelectColumn& second, const SelectColumns& more) const;
 
   Control& field(int n) { return at("txtFields", n); }
   std::string trimmed(int n) const;

@@ -2,24 +2,41 @@
 
 namespace {
 
-// Where the lookups read.
-constexpr const char* kChallans =
-    "CHLN INNER JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD where CHLN.BOOK_CD = ? order by vouch_no desc";
-constexpr const char* kItems = "ITEM inner join deptment on item.dept_cd = deptment.dept_cd order by ITEM_cd";
-constexpr const char* kUnits = "ITEMDTL where item_cd = ? ORDER BY ITEM_CD, SIZE_CD";
-constexpr const char* kNamedUnits =
-    "ITEMDTL INNER JOIN ITEM ON ITEMDTL.ITEM_CD = ITEM.ITEM_CD where ITEMDTL.item_cd = ?"
-    " ORDER BY ITEMDTL.ITEM_CD, SIZE_CD";
+Lookup challans(SelectColumns columns) {
+  return {
+      .rows = {.columns = std::move(columns),
+               .from = "CHLN INNER JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD",
+               .where = "CHLN.BOOK_CD = ?",
+               .order = {down("vouch_no")}}
+  };
+}
 
-// Columns behind the first two.
-constexpr const char* kOfChallan =
-    "CHLN.vouch_dt, ACCOUNT.CITY,ACCOUNT.AREA, CHLN.CHLN_TYP, CHLN.chln_no, CHLN.ORDER_NO AS REF_NO";
-constexpr const char* kByNumber =
-    "ACC_NAME, CHLN.vouch_dt, ACCOUNT.CITY,ACCOUNT.AREA, CHLN.CHLN_TYP, CHLN.ORDER_NO AS REF_NO";
-constexpr const char* kByReference =
-    "ACC_NAME, CHLN.vouch_dt, ACCOUNT.CITY,ACCOUNT.AREA, CHLN.CHLN_TYP, CHLN.chln_no";
+Lookup units(SelectColumns columns) {
+  return {
+      .rows = {.columns = std::move(columns),
+               .from = "ITEMDTL",
+               .where = "item_cd = ?",
+               .order = {"ITEM_CD", "SIZE_CD"}}
+  };
+}
 
-const std::vector<int> kChallanWidths = {500, 3000, 1500, 1500, 1500, 800, 800, 1000};
+Lookup namedUnits(SelectColumns columns) {
+  return {
+      .rows = {.columns = std::move(columns),
+               .from = "ITEMDTL INNER JOIN ITEM ON ITEMDTL.ITEM_CD = ITEM.ITEM_CD",
+               .where = "ITEMDTL.item_cd = ?",
+               .order = {"ITEMDTL.ITEM_CD", "SIZE_CD"}}
+  };
+}
+
+Lookup items() {
+  return {
+      .rows = {.columns = {{"ITEM_CD", 1000}, {"ITEM_NAME", 6000}, {"dept_name", 3000}},
+               .from = "ITEM inner join deptment on item.dept_cd = deptment.dept_cd",
+               .order = {"ITEM_cd"}},
+      .below = true
+  };
+}
 
 }  // namespace
 
@@ -28,15 +45,15 @@ std::vector<FRMCHLN::KeyLookup> FRMCHLN::lookups(const VoucherKind& kind) {
   using enum KeyCode;
   // clang-format off
   return {
-      {"Text1(0)",  Enter, {"THREEFLD", kChallans, "CHLN.VOUCH_NO", "ACC_NAME", kOfChallan, kChallanWidths}, {Book}},
-      {"Text1(0)",  F1,    {"THREEFLD", kChallans, "CHLN.VOUCH_NO", "CHLN.chln_no", kByNumber}, {Book}},
-      {"Text1(0)",  F2,    {"THREEFLD", kChallans, "CHLN.VOUCH_NO", "CHLN.ORDER_NO AS REF_NO", kByReference}, {Book}},
-      {"Text1(4)",  Enter, {"THREEFLD", kind.party.offered, "ACC_CD", "ACC_NAME", "area, city", {1500, 3000, 2000, 2000}}},
-      {"Text1(23)", Enter, {"ONEFLD",   "CHLN", "CHLN_TYP", "", ""}},
-      {"Text1(5)",  Enter, {"SL_ITMCD", kItems, "ITEM_CD", "ITEM_NAME", "dept_name", {1000, 6000, 3000}}},
-      {"Text1(10)", F1,    {"ONEFLD",   "CHLNITM", "DESC1", "", ""}},
-      {"Text1(7)",  Enter, {"twofld",   kUnits, "SIZE_CD", "cl_stk, SALE_rate1, pur_rate, desc1 as exp_dt, ITEM_CD"}, {Item}},
-      {"Text1(7)",  F1,    {"twofld",   kNamedUnits, "SIZE_CD", "ITEM_NAME, cl_stk, SALE_rate1, pur_rate, desc1 as exp_dt, ITEMDTL.ITEM_CD"}, {Item}},
+      {"Text1(0)",  Enter, challans({{"CHLN.VOUCH_NO", 500}, {"ACC_NAME", 3000}, {"CHLN.vouch_dt", 1500}, {"ACCOUNT.CITY", 1500}, {"ACCOUNT.AREA", 1500}, {"CHLN.CHLN_TYP", 800}, {"CHLN.chln_no", 800}, {"CHLN.ORDER_NO", 1000, "REF_NO"}}), {Book}},
+      {"Text1(0)",  F1,    challans({{"CHLN.VOUCH_NO"}, {"CHLN.chln_no"}, {"ACC_NAME"}, {"CHLN.vouch_dt"}, {"ACCOUNT.CITY"}, {"ACCOUNT.AREA"}, {"CHLN.CHLN_TYP"}, {"CHLN.ORDER_NO", 0, "REF_NO"}}), {Book}},
+      {"Text1(0)",  F2,    challans({{"CHLN.VOUCH_NO"}, {"CHLN.ORDER_NO", 0, "REF_NO"}, {"ACC_NAME"}, {"CHLN.vouch_dt"}, {"ACCOUNT.CITY"}, {"ACCOUNT.AREA"}, {"CHLN.CHLN_TYP"}, {"CHLN.chln_no"}}), {Book}},
+      {"Text1(4)",  Enter, accounts({{"ACC_CD", 1500}, {"ACC_NAME", 3000}, {"area", 2000}, {"city", 2000}}, kind.party.offered)},
+      {"Text1(23)", Enter, valuesOf("CHLN", "CHLN_TYP")},
+      {"Text1(5)",  Enter, items()},
+      {"Text1(10)", F1,    valuesOf("CHLNITM", "DESC1")},
+      {"Text1(7)",  Enter, units({{"SIZE_CD"}, {"cl_stk"}, {"SALE_rate1"}, {"pur_rate"}, {"desc1", 0, "exp_dt"}, {"ITEM_CD"}}), {Item}},
+      {"Text1(7)",  F1,    namedUnits({{"SIZE_CD"}, {"ITEM_NAME"}, {"cl_stk"}, {"SALE_rate1"}, {"pur_rate"}, {"desc1", 0, "exp_dt"}, {"ITEMDTL.ITEM_CD"}}), {Item}},
   };
   // clang-format on
 }

@@ -23,9 +23,9 @@ std::vector<WorkLines::Shown> shownColumns(const VoucherKind& kind) {
 
 }  // namespace
 
-FRMQUOT::FRMQUOT(Host& theHost)
-    : VoucherScreen(theHost, table(), quotationKind(session().mentrytype),
-                    shownColumns(quotationKind(session().mentrytype))) {
+FRMQUOT::FRMQUOT(Host& theHost, const Opening& opening)
+    : VoucherScreen(theHost, table(), quotationKind(opening.entryType),
+                    shownColumns(quotationKind(opening.entryType))) {
   wire(*this, {
                   {"Text1(0)",      KeyCode::Enter,  &FRMQUOT::voucherNumber  },
                   {"MaskEdBox1(0)", KeyCode::Enter,  &FRMQUOT::voucherDate    },
@@ -62,9 +62,9 @@ FRMQUOT::FRMQUOT(Host& theHost)
 
 std::string FRMQUOT::tutorial() const { return links().*kind_.video; }
 
-void FRMQUOT::opened(const Entry& entry) {
+void FRMQUOT::opened(const Opening& opening) {
   passOver(host, [] { repairQuotations(data()); });
-  VoucherScreen::opened(entry);
+  VoucherScreen::opened(opening);
 }
 
 // Some fields have words of their own, which the keys follow.

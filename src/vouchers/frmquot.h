@@ -8,11 +8,11 @@
 #include "vouchers/quotations.h"
 #include "vouchers/voucher_screen.h"
 
-// Offers to a party: the kind that `mentrytype` names.
+// Offers to a party: of the kind that the entry type names.
 class FRMQUOT : public VoucherScreen {
  public:
-  explicit FRMQUOT(Host& host);
-  void opened(const Entry& entry) override;
+  FRMQUOT(Host& host, const Opening& opening);
+  void opened(const Opening& opening) override;
 
  protected:
   void startNew() override;

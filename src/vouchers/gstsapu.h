@@ -8,10 +8,10 @@
 #include "vouchers/saving.h"
 #include "vouchers/voucher_screen.h"
 
-// The bill of one book: a sale, or a purchase as mentrytype asks for it.
+// The bill of one book: a sale, or a purchase when that is the entry type.
 class GSTSAPU : public VoucherScreen {
  public:
-  explicit GSTSAPU(Host& host, const VoucherKind& kind = billKind(session().mentrytype));
+  GSTSAPU(Host& host, const Opening& opening) : GSTSAPU(host, billKind(opening.entryType)) {}
 
  protected:
   void startNew() override;
@@ -28,6 +28,7 @@ class GSTSAPU : public VoucherScreen {
   SavedMessage closingMessage() const override;
 
  private:
+  GSTSAPU(Host& host, const VoucherKind& kind);
   static const ScreenSpec& table(const VoucherKind& kind);
   static std::vector<KeyLookup> lookups(const VoucherKind& kind);
 

@@ -2,77 +2,182 @@
 
 namespace {
 
-// Where the lookups read. A comma join keeps the bills whose accounts both stand.
-constexpr const char* kBills =
-    "SALE, ACCOUNT, ACCOUNT AS ACCOUNT_1 where SALE.PARTY_CD = ACCOUNT.ACC_CD"
-    " AND SALE.SALE_CD = ACCOUNT_1.ACC_CD AND book_cd = ?"
-    " order by VOUCH_DT DESC, bill_no desc, vouch_no desc";
-constexpr const char* kPostedBills =
-    "(SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD) LEFT JOIN ACCOUNT AS ACCOUNT_1"
-    " ON SALE.SALE_CD = ACCOUNT_1.ACC_CD WHERE book_cd = ? AND GSTPOST = 1"
-    " order by VOUCH_DT DESC, bill_no desc, vouch_no desc";
-constexpr const char* kBillLines =
-    "SALE, SALEITM, ITEM where SALE.VOUCH_NO = SALEITM.VOUCH_NO AND SALE.BOOK_CD = SALEITM.BOOK_CD"
-    " AND SALEITM.ITEM_CD = ITEM.ITEM_CD AND SALE.book_cd = ?"
-    " order by SALE.VOUCH_DT DESC, bill_no desc, SALE.vouch_no desc";
-constexpr const char* kItems =
-    "(ITEM left join itemdtl on item.item_cd = itemdtl.item_cd)"
-    " left join DEPTMENT on ITEM.DEPT_CD = DEPTMENT.DEPT_CD order by ITEM_NAME";
-constexpr const char* kItemUnits =
-    "ITEM, ITEMDTL, DEPTMENT WHERE ITEM.DEPT_CD = DEPTMENT.DEPT_CD"
-    " AND ITEM.ITEM_CD = ITEMDTL.ITEM_CD order by ITEM_NAME";
+const SelectColumn kDay{"format(SALE.vouch_dt,'dd/MM/yy')", 0, "VDT"};
+const std::vector<OrderTerm> kNewest{down("VOUCH_DT"), down("bill_no"), down("vouch_no")};
 
-// Columns behind the first two.
-constexpr const char* kOfBill =
-    "ACCOUNT.ACC_NAME, SALE.bl_type, format(SALE.vouch_dt,'dd/MM/yy') AS VDT, SALE.NET_AMT, ACCOUNT.AREA,"
-    " ACCOUNT_1.ACC_NAME";
-constexpr const char* kOfPosted =
-    "BILL_NO, vouch_dt, NET_AMT, ACCOUNT.AREA, ACCOUNT_1.ACC_NAME, BL_TYPE, NARRATION";
-constexpr const char* kOfParty = "area, city, pincode, GROUP_CD, PERSON_NM, FORMAT(cl_bal,'0.00') AS CLBAL";
-constexpr const char* kOfGstin = "ACC_NAME, area, city, pincode, GROUP_CD, FORMAT(cl_bal,'0.00') AS CLBAL";
-// No table keeps a least stock; the column stands for it.
-constexpr const char* kOfItem = "DEPT_NAME, CL_STK, SALE_RATE1, SALE_rate2, desc1, 0 AS min_stk";
+// A comma join keeps the bills whose accounts both stand.
+Lookup bills(const SelectColumn& second, const SelectColumns& more) {
+  return {
+      .rows = {.columns = joined({{"SALE.VOUCH_NO"}, second}, more),
+               .from = "SALE, ACCOUNT, ACCOUNT AS ACCOUNT_1",
+               .where = "SALE.PARTY_CD = ACCOUNT.ACC_CD AND SALE.SALE_CD = ACCOUNT_1.ACC_CD AND book_cd = ?",
+               .order = kNewest}
+  };
+}
 
-const std::vector<int> kPostedWidths = {650, 2600, 800, 1050, 1000, 1200, 1100, 600, 2300};
-const std::vector<int> kPartyWidths = {1000, 3500, 1500, 1500, 1000, 500, 1500, 1000};
-const std::vector<int> kItemWidths = {1000, 3400, 1500, 750, 750, 750, 750, 750, 750, 750, 750};
+Lookup postedBills() {
+  return {
+      .rows = {.columns = {{"VOUCH_NO", 650},
+                           ofAccount("ACC_NAME", "SALE.PARTY_CD", 2600),
+                           {"BILL_NO", 800},
+                           {"vouch_dt", 1050},
+                           {"NET_AMT", 1000},
+                           {"ACCOUNT.AREA", 1200},
+                           {"ACCOUNT_1.ACC_NAME", 1100},
+                           {"BL_TYPE", 600},
+                           {"NARRATION", 2300}},
+               .from = "(SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD) LEFT JOIN ACCOUNT AS"
+                       " ACCOUNT_1 ON SALE.SALE_CD = ACCOUNT_1.ACC_CD", .where = "book_cd = ? AND GSTPOST = 1",
+               .order = kNewest}
+  };
+}
+
+Lookup billLines() {
+  return {
+      .rows = {.columns = {{"SALE.VOUCH_NO"},
+                           {"SALEITM.ITEM_DESC"},
+                           {"ITEM.ITEM_NAME"},
+                           kDay,
+                           {"SALE.NET_AMT"},
+                           {"GR_NO"},
+                           {"DESTI"}},
+               .from = "SALE, SALEITM, ITEM",
+               .where = "SALE.VOUCH_NO = SALEITM.VOUCH_NO AND SALE.BOOK_CD = SALEITM.BOOK_CD"
+                        " AND SALEITM.ITEM_CD = ITEM.ITEM_CD AND SALE.book_cd = ?", .order = {down("SALE.VOUCH_DT"), down("bill_no"), down("SALE.vouch_no")}}
+  };
+}
+
+Lookup parties(const std::string& where) {
+  return accounts(
+      {
+          {"ACC_CD",    1000},
+          {"ACC_NAME",  3500},
+          {"area",      1500},
+          {"city",      1500},
+          {"pincode",   1000},
+          {"GROUP_CD",  500 },
+          {"PERSON_NM", 1500},
+          balanceColumn(1000)
+  },
+      where);
+}
+
+Lookup partiesByGstin() {
+  return accounts({{"ACC_CD"},
+                   {"GSTINNO"},
+                   {"ACC_NAME"},
+                   {"area"},
+                   {"city"},
+                   {"pincode"},
+                   {"GROUP_CD"},
+                   balanceColumn()});
+}
+
+Lookup items() {
+  return {
+      .rows = {.columns = {{"ITEM.ITEM_CD", 1000},
+                           {"ITEM_NAME", 3400},
+                           {"DEPT_NAME", 1500},
+                           {"size_cd", 750},
+                           {"CL_STK", 750},
+                           {"SALE_RATE1", 750},
+                           {"SALE_RATE2", 750},
+                           {"item.hsncode", 750},
+                           {"item.rateoftax", 750},
+                           {"SALE_DISC", 750},
+                           {"pur_rate"}},
+               .from = "(ITEM left join itemdtl on item.item_cd = itemdtl.item_cd)"
+                       " left join DEPTMENT on ITEM.DEPT_CD = DEPTMENT.DEPT_CD", .order = {"ITEM_NAME"}},
+      .below = true
+  };
+}
+
+// No table keeps a least stock; the last column stands for it.
+Lookup itemUnits() {
+  return {
+      .rows = {.columns = {{"item.item_cd"},
+                           {"item.item_name"},
+                           {"DEPT_NAME"},
+                           {"CL_STK"},
+                           {"SALE_RATE1"},
+                           {"SALE_rate2"},
+                           {"desc1"},
+                           {"0", 0, "min_stk"}},
+               .from = "ITEM, ITEMDTL, DEPTMENT",
+               .where = "ITEM.DEPT_CD = DEPTMENT.DEPT_CD AND ITEM.ITEM_CD = ITEMDTL.ITEM_CD",
+               .order = {"ITEM_NAME"}}
+  };
+}
+
+// The plus keeps the search in the index of the item.
+Lookup soldUnderOtherNames() {
+  return {
+      .rows = {.columns = {{"ITEM_DESC"}, {"VOUCH_DT"}, {"RATE"}, {"QUANTITY"}, {"SALE_DISC"}},
+               .from = "SALEITM",
+               .where = "item_cd = ? AND +book_cd = ?",
+               .order = {down("SALEITM.VOUCH_DT")}}
+  };
+}
+
+Lookup units() {
+  return {
+      .rows = {.columns = {{"SIZE_CD", 800},
+                           {"CL_STK", 1000},
+                           {"SALE_RATE1", 1000},
+                           {"SALE_RATE2", 1000},
+                           {"pur_rate", 1200},
+                           {"desc1", 1000}},
+               .from = "ITEMDTL",
+               .where = "item_cd = ?"}
+  };
+}
+
+Lookup transporters() {
+  return {
+      .rows = {.columns = {{"transname"}, {"trans_id"}, {"trans_gov_id"}},
+               .from = "transmast",
+               .order = {"TRANSNAME"}}
+  };
+}
 
 }  // namespace
 
 std::vector<GSTSAPU::KeyLookup> GSTSAPU::lookups(const VoucherKind& kind) {
   using enum KeyLookup::From;
   using enum KeyCode;
+  const SelectColumns ofBill{{"ACCOUNT.ACC_NAME"}, {"SALE.bl_type"}, kDay,
+                             {"SALE.NET_AMT"},     {"ACCOUNT.AREA"}, {"ACCOUNT_1.ACC_NAME"}};
   // clang-format off
   return {
-      {"Text1(0)",  Enter, {"THREEFLD",  kPostedBills, "VOUCH_NO", "ACCOUNT.ACC_NAME", kOfPosted, kPostedWidths}, {Book}},
-      {"Text1(0)",  F1,    {"THREEFLD",  kBills, "SALE.VOUCH_NO", "SALE.BILL_NO", kOfBill}, {Book}},
-      {"Text1(0)",  F2,    {"THREEFLD",  kBills, "SALE.VOUCH_NO", "SALE.GR_NO", kOfBill}, {Book}},
-      {"Text1(0)",  F3,    {"THREEFLD",  kBills, "SALE.VOUCH_NO", "SALE.transport", kOfBill}, {Book}},
-      {"Text1(0)",  F4,    {"THREEFLD",  kBills, "VOUCH_NO", "TRIM(str(NET_AMT)) AS NAMT", "ACCOUNT.ACC_NAME, format(vouch_dt,'dd/MM/yy') AS VDT, bill_no, ACCOUNT.AREA, ACCOUNT.CITY"}, {Book}},
-      {"Text1(0)",  F5,    {"THREEFLD",  kBills, "VOUCH_NO", "format(VOUCH_DT,'dd/MMM/yyyy') AS DT1", "ACCOUNT.ACC_NAME, NET_AMT, bill_no, ACCOUNT.AREA, ACCOUNT.CITY"}, {Book}},
-      {"Text1(0)",  F8,    {"THREEFLD",  kBills, "VOUCH_NO", "ACCOUNT.GSTINNO", "BILL_NO, vouch_dt, NET_AMT, ACCOUNT.AREA, ACCOUNT.ACC_NAME, BL_TYPE"}, {Book}},
-      {"Text1(0)",  F9,    {"THREEFLD",  kBills, "SALE.VOUCH_NO", "CNAME", "SALE.BILL_NO, format(SALE.vouch_dt,'dd/MM/yy') AS VDT, SALE.NET_AMT, CMOBNO"}, {Book}},
-      {"Text1(0)",  F10,   {"THREEFLD",  kBills, "SALE.VOUCH_NO", "CMOBNO", "SALE.BILL_NO, format(SALE.vouch_dt,'dd/MM/yy') AS VDT, SALE.NET_AMT, CNAME"}, {Book}},
-      {"Text1(0)",  F11,   {"THREEFLD",  kBillLines, "SALE.VOUCH_NO", "SALEITM.ITEM_DESC", "ITEM.ITEM_NAME, format(SALE.vouch_dt,'dd/MM/yy') AS VDT, SALE.NET_AMT, GR_NO, DESTI "}, {Book}},
-      {"Text1(4)",  Enter, {"THREEFLD",  kind.party.offered, "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
-      {"Text1(4)",  F1,    {"THREEFLD",  "ACCOUNT ORDER BY ACC_NAME", "ACC_CD", "AREA", "acc_name, CITY"}},
-      {"Text1(4)",  F2,    {"THREEFLD",  "ACCOUNT ORDER BY ACC_NAME", "ACC_CD", "city", "acc_name, area"}},
-      {"Text1(4)",  F4,    {"THREEFLD",  "ACCOUNT where group_cd > 74 order by acc_name", "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
-      {"Text1(4)",  F8,    {"THREEFLD",  "ACCOUNT ORDER BY ACC_NAME", "ACC_CD", "GSTINNO", kOfGstin}},
-      {"Text1(32)", Enter, {"THREEFLD",  kind.party.offered, "ACC_CD", "ACC_NAME", kOfParty, kPartyWidths}},
-      {"Text1(32)", F8,    {"THREEFLD",  "ACCOUNT ORDER BY ACC_NAME", "ACC_CD", "GSTINNO", kOfGstin}},
-      {"Text1(47)", Enter, {"ONEFLD",    "SALE", "bl_type", "", ""}},
-      {"Text1(5)",  Enter, {"SL_ITMCD",  kItems, "ITEM.ITEM_CD", "ITEM_NAME", "DEPT_NAME, size_cd, CL_STK, SALE_RATE1, SALE_RATE2, item.hsncode, item.rateoftax, SALE_DISC, pur_rate ", kItemWidths}},
-      {"Text1(5)",  F1,    {"THREEFLD",  kItemUnits, "item.item_cd", "item.item_name", kOfItem}, {}, true},
-      {"Text1(5)",  F2,    {"THREEFLD",  kItemUnits, "item.item_cd", "item.item_name", kOfItem}},
-      {"Text1(6)",  Enter, {"ONEFLD",    "SALEITM", "ITEM_DESC", "", ""}},
-      {"Text1(46)", F1,    {"ONEFLD",    "SALEITM", "item_desc", "", ""}},
-      {"Text1(46)", F2,    {"THREEFLD",  "SALEITM where item_cd = ? AND +book_cd = ? ORDER BY SALEITM.VOUCH_DT DESC", "ITEM_DESC", "VOUCH_DT", "RATE, QUANTITY, SALE_DISC"}, {Item, Book}},
-      {"Text1(7)",  Enter, {"THREEFLD",  "ITEMDTL where item_cd = ?", "SIZE_CD", "CL_STK", "SALE_RATE1, SALE_RATE2, pur_rate, desc1", {800, 1000, 1000, 1000, 1200, 1000}}, {Item}},
-      {"Text1(29)", F1,    {"ONEFLD",    "SALE", "NARRATION", "", ""}},
-      {"Text1(42)", Enter, {"twofld",    "transmast ORDER BY TRANSNAME", "transname", "trans_id, trans_gov_id", ""}},
-      {"Text1(41)", Enter, {"ONEFLD",    "SALE", "DESTI", "", ""}},
-      {"Text1(40)", F1,    {"ONEFLD",    "SALE", "GR_NO", "", ""}},
+      {"Text1(0)",  Enter, postedBills(), {Book}},
+      {"Text1(0)",  F1,    bills({"SALE.BILL_NO"}, ofBill), {Book}},
+      {"Text1(0)",  F2,    bills({"SALE.GR_NO"}, ofBill), {Book}},
+      {"Text1(0)",  F3,    bills({"SALE.transport"}, ofBill), {Book}},
+      {"Text1(0)",  F4,    bills(amountText("NET_AMT", "NAMT"), {{"ACCOUNT.ACC_NAME"}, kDay, {"bill_no"}, {"ACCOUNT.AREA"}, {"ACCOUNT.CITY"}}), {Book}},
+      {"Text1(0)",  F5,    bills({"format(VOUCH_DT,'dd/MMM/yyyy')", 0, "DT1"}, {{"ACCOUNT.ACC_NAME"}, {"NET_AMT"}, {"bill_no"}, {"ACCOUNT.AREA"}, {"ACCOUNT.CITY"}}), {Book}},
+      {"Text1(0)",  F8,    bills(ofAccount("GSTINNO", "SALE.PARTY_CD"), {{"BILL_NO"}, {"vouch_dt"}, {"NET_AMT"}, {"ACCOUNT.AREA"}, {"ACCOUNT.ACC_NAME"}, {"BL_TYPE"}}), {Book}},
+      {"Text1(0)",  F9,    bills({"CNAME"}, {{"SALE.BILL_NO"}, kDay, {"SALE.NET_AMT"}, {"CMOBNO"}}), {Book}},
+      {"Text1(0)",  F10,   bills({"CMOBNO"}, {{"SALE.BILL_NO"}, kDay, {"SALE.NET_AMT"}, {"CNAME"}}), {Book}},
+      {"Text1(0)",  F11,   billLines(), {Book}},
+      {"Text1(4)",  Enter, parties(kind.party.offered)},
+      {"Text1(4)",  F1,    accounts({{"ACC_CD"}, {"AREA"}, {"acc_name"}, {"CITY"}})},
+      {"Text1(4)",  F2,    accounts({{"ACC_CD"}, {"city"}, {"acc_name"}, {"area"}})},
+      {"Text1(4)",  F4,    parties("group_cd > 74")},
+      {"Text1(4)",  F8,    partiesByGstin()},
+      {"Text1(32)", Enter, parties(kind.party.offered)},
+      {"Text1(32)", F8,    partiesByGstin()},
+      {"Text1(47)", Enter, valuesOf("SALE", "bl_type")},
+      {"Text1(5)",  Enter, items()},
+      {"Text1(5)",  F1,    itemUnits(), {}, true},
+      {"Text1(5)",  F2,    itemUnits()},
+      {"Text1(6)",  Enter, valuesOf("SALEITM", "ITEM_DESC")},
+      {"Text1(46)", F1,    valuesOf("SALEITM", "item_desc")},
+      {"Text1(46)", F2,    soldUnderOtherNames(), {Item, Book}},
+      {"Text1(7)",  Enter, units(), {Item}},
+      {"Text1(29)", F1,    valuesOf("SALE", "NARRATION")},
+      {"Text1(42)", Enter, transporters()},
+      {"Text1(41)", Enter, valuesOf("SALE", "DESTI")},
+      {"Text1(40)", F1,    valuesOf("SALE", "GR_NO")},
   };
   // clang-format on
 }

@@ -10,7 +10,7 @@
 #include "vouchers/saving.h"
 
 // Storing, loading and deleting an offer. Kinds share the table and are told apart by ENTRY_TYP,
-// which takes `mentrytype`; the number alone is the key. Neither ledger nor stock follows an offer.
+// which takes the entry type; the number alone is the key. Neither ledger nor stock follows an offer.
 
 // The header as the screen holds it; texts are trimmed where they are kept.
 struct QuotationHeader {

@@ -54,17 +54,17 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Vou
 
 // Opening, and coming back
 
-void VoucherScreen::opened(const Entry& entry) {
-  ChildScreen::opened(entry);
+void VoucherScreen::opened(const Opening& opening) {
+  ChildScreen::opened(opening);
   setMode("", "");
   lines_->clear();
   putDate(0, host.today());
   showButtons(true);
   focus(at("cmdadd"));
-  drilledDown_ = !entry.value.empty();
+  drilledDown_ = !opening.value.empty();
   if (!drilledDown_) return;
   modify();
-  put(0, entry.value);
+  put(0, opening.value);
   if (number() == Go::On) focus(at("MaskEdBox1", 0));
 }
 
@@ -81,7 +81,7 @@ void VoucherScreen::awaitMaster(Control& field, const std::string& master, std::
   awaiting_ = &field;
   newCode_ = &last;
   codeBefore_ = last;
-  host.open(master, {.caller = spec.name, .value = {}});
+  host.open(master, {.caller = spec.name});
 }
 
 Go VoucherScreen::newParty() {
@@ -152,11 +152,9 @@ void VoucherScreen::print() {
 }
 
 void VoucherScreen::hideForPrint(const std::string& number) {
-  session().mreportkey = kind_.paper.key;
-  if (!kind_.paper.entryType.empty()) session().mentrytype = kind_.paper.entryType;
   focus(at("cmdadd"));
   visible = false;
-  host.open("dlg1", {.caller = spec.name, .value = number});
+  host.open("dlg1", {.caller = spec.name, .reportKey = kind_.paper.key, .value = number});
 }
 
 void VoucherScreen::close() { host.close(*this); }
@@ -311,9 +309,9 @@ void VoucherScreen::wireLookups(std::vector<KeyLookup> table) {
 
 Go VoucherScreen::openLookup(const KeyLookup& by) {
   if (by.onlyEmpty && !here().text.empty()) return Go::Stay;
-  LookupSpec lookup = by.lookup;
+  Lookup lookup = by.lookup;
   for (const KeyLookup::From from : by.binds)
-    lookup.values.emplace_back(from == KeyLookup::From::Book ? kind_.code : trim(itemField().text));
+    lookup.rows.values.emplace_back(from == KeyLookup::From::Book ? kind_.code : trim(itemField().text));
   return lookUp(host, *this, here(), lookup);
 }
 

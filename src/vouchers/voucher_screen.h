@@ -9,8 +9,8 @@
 
 #include "documents/messaging.h"
 #include "frame/child_screen.h"
+#include "frame/lookup.h"
 #include "frame/voucher_kinds.h"
-#include "masters/lookup.h"
 #include "vouchers/accounts.h"
 #include "vouchers/rate_history.h"
 #include "vouchers/saving.h"
@@ -25,7 +25,7 @@
 // CMDDELETE, cmdprint, cmdclose, CMDSAVE, CMDCANCEL, Cmdvideo.
 class VoucherScreen : public ChildScreen {
  public:
-  void opened(const Entry& entry) override;
+  void opened(const Opening& opening) override;
   void activated() override;
   void focusMoved(Control& control) override;
   bool mayClose() override;  // asks over an open voucher, as Escape does
@@ -34,7 +34,7 @@ class VoucherScreen : public ChildScreen {
   struct KeyLookup {
     std::string field;
     Key key;
-    LookupSpec lookup;
+    Lookup lookup;
     enum class From { Book, Item };
     std::vector<From> binds = {};  // values of the lookup's "?" in order
     bool onlyEmpty = false;

@@ -23,7 +23,6 @@ TEST_F(Categories, AreListedAsTextUnderTheirTitle) {
   EXPECT_FALSE(fs::exists(folder_ / "FORMATS"));
   EXPECT_TRUE(host_.choose("dept"));
   EXPECT_EQ(host_.viewed, std::vector<std::string>{list().string()});
-  EXPECT_EQ(session().mreportkey, "dept");
   EXPECT_EQ(host_.hint(), "Not built yet") << "and the report screen is asked for";
 
   auto book = workbook::Workbook::load(list().string());

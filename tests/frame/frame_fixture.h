@@ -30,7 +30,12 @@ class FakeChild : public ChildScreen {
                                {"",           KeyCode::Esc,  &FakeChild::leave   },
     });
   }
+  void opened(const Opening& opening) override {
+    ChildScreen::opened(opening);
+    asked = opening;
+  }
   void leave() { host.close(*this); }
+  static inline Opening asked;
 
  private:
   static const ScreenSpec& look() {

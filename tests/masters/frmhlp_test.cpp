@@ -17,16 +17,17 @@ class LookupTest : public MastersTest {
     Caller::asked = parties();
     host.start("GSTSAPU");
   }
-  static LookupSpec parties() {
-    return {
-        .mode = "THREEFLD",
-        .table = "ACCOUNT where group_cd = ? OR group_cd = 87 order by acc_name",
-        .first = "ACC_CD",
-        .second = "ACC_NAME",
-        .more = "city, FORMAT(cl_bal,'0.00') AS CLBAL",
-        .widths = {1000, 3500},
-        .values = {85   }
-    };
+  static Lookup parties() {
+    Lookup lookup = accounts(
+        {
+            {"ACC_CD", 1000},
+            {"ACC_NAME",        3500},
+            {"city"},
+            balanceColumn()
+    },
+        "group_cd = ? OR group_cd = 87");
+    lookup.rows.values = {85};
+    return lookup;
   }
   // Enter in the empty code field, then the steps inside the lookup.
   void lookUpWith(const std::function<void()>& steps) {
@@ -55,8 +56,6 @@ TEST_F(LookupTest, ShowsTheStatementUnderReadableTitles) {
   });
   EXPECT_EQ(host.text("Text1(0)"), "");
   EXPECT_EQ(Caller::entered, 0);
-  EXPECT_TRUE(session().mhlpclosed);
-  EXPECT_EQ(session().mhlpwidth[1], 0);
 }
 
 TEST_F(LookupTest, SearchesInEitherOfTheFirstTwoColumns) {
@@ -109,14 +108,9 @@ TEST_F(LookupTest, OpensOnTheRowLastWorkedWith) {
 }
 
 TEST_F(LookupTest, AnEmptyListGivesNothing) {
-  const LookupSpec specs[] = {
-      {.mode = "twofld",     .table = "",    .first = "ACC_CD",   .second = "ACC_NAME"},
-      {.mode = "twofld",                    .table = "ACCOUNT",                   .first = "ACC_CD", .second = "PRTYTYP"},
-      {.mode = "nothing", .table = "ACCOUNT",               .first = "ACC_CD",                  .second = "CITY"},
-      {.mode = "ONEFLD",   .table = "ACCOUNT where 1 = 0",.first = "AREA"},
-  };
-  for (const LookupSpec& spec : specs) {
-    Caller::asked = spec;
+  const Lookup lookups[] = {accounts({{"ACC_CD"}, {"PRTYTYP"}}), accounts({{"AREA"}}, "1 = 0")};
+  for (const Lookup& lookup : lookups) {
+    Caller::asked = lookup;
     lookUpWith([&] {
       EXPECT_EQ(host.at("grdDataGrid").grid.count(), 0u);
       host.keys({KeyCode::Down, KeyCode::Enter});
@@ -132,7 +126,8 @@ TEST_F(LookupTest, NumbersAndDatesAreSearchedAsTheyShow) {
     data().exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, VOUCH_DT) VALUES (?, 'SA', ?)", n,
                 "2025-07-" + std::to_string(n - 130));
   Caller::asked = {
-      .mode = "twofld", .table = "SALE order by VOUCH_NO", .first = "VOUCH_NO", .second = "VOUCH_DT"};
+      .rows = {.columns = {{"VOUCH_NO"}, {"VOUCH_DT"}}, .from = "SALE", .order = {"VOUCH_NO"}}
+  };
   lookUpWith([&] {
     const auto count = [&] { return host.at("grdDataGrid").grid.count(); };
     EXPECT_EQ(host.cell("grdDataGrid", 1, 1), "18/Jul/2025");
@@ -148,49 +143,14 @@ TEST_F(LookupTest, NumbersAndDatesAreSearchedAsTheyShow) {
   EXPECT_EQ(host.text("Text1(0)"), "148");
 }
 
-TEST_F(LookupTest, TheVoucherInHandIsNotOffered) {
-  for (const char* book : {"SA", "RC"})
-    for (int n = 1; n <= 2; ++n)
-      data().exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, BILL_NO) VALUES (?, ?, ?)", n, book,
-                  std::string("B") + std::to_string(n));
-  struct {
-    const char *mode, *typed;
-    size_t shown;
-  } const cases[] = {
-      {"BW_VOUCH_VW", "",   3},
-      {"BW_VOUCH_VW", "B1", 1},
-      {"BWRCPY",      "",   3},
-      {"BWRCPY",      "B1", 2}, // here a search takes the filter's place
-      {"BWRCPYNEW",   "",   4},
-  };
-  for (const auto& c : cases) {
-    Caller::asked = {.mode = c.mode,
-                     .table = "SALE order by VOUCH_NO, BOOK_CD",
-                     .first = "BILL_NO",
-                     .second = "BOOK_CD",
-                     .more = "VOUCH_NO",
-                     .voucher = 1,
-                     .book = "SA"};
-    lookUpWith([&] {
-      host.type(c.typed);
-      EXPECT_EQ(host.at("grdDataGrid").grid.count(), c.shown) << c.mode << c.typed;
-      host.escape();
-    });
-  }
-}
-
-TEST_F(LookupTest, UsersComeFromTheCatalogue) {
-  catalogue().exec("INSERT INTO USER1 (USER_NAME) VALUES ('RAMESH')");
-  Caller::asked = {.mode = "userhlp", .table = "user1", .first = "user_name"};
-  lookUpWith([&] { host.enter(); });
-  EXPECT_EQ(host.text("Text1(0)"), "RAMESH");
-
-  // Before a company-year is open the catalogue answers every mode.
-  session().cndata.reset();
+TEST_F(LookupTest, CompaniesComeFromTheCatalogue) {
   for (const char* year : {"2024", "2025"})
     catalogue().exec("INSERT INTO compny (COMP_ID, COMP_NAME, FROMYR) VALUES ('M001', 'SHREE TRADERS', ?)",
                      year);
-  Caller::asked = {.mode = "twofld", .table = "compny", .first = "distinct(comp_id)", .second = "comp_name"};
+  Caller::asked = {
+      .rows = {.columns = {{"comp_id"}, {"comp_name"}}, .from = "compny", .distinct = true},
+      .inCatalogue = true
+  };
   lookUpWith([&] {
     EXPECT_EQ(host.at("grdDataGrid").grid.count(), 1u);
     host.type("M0");
@@ -223,7 +183,7 @@ TEST_F(LookupTest, ValuesReadInStepsAreTheDistinctOnes) {
     data().exec("INSERT INTO SALEITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_DESC) VALUES (1, 'SA', ?, ?)", ++number,
                 text);
   data().exec("INSERT INTO SALEITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_DESC) VALUES (2, 'SA', 1, NULL)");
-  const Select plain = parseSelect("select DISTINCT[ITEM_DESC] from SALEITM WHERE LEN(ITEM_DESC)>0");
+  const Lookup plain = valuesOf("SALEITM", "ITEM_DESC");
   const auto steps = valueSteps(data(), plain);
   ASSERT_TRUE(steps);
   const auto texts = [](const Select& select) {
@@ -233,26 +193,31 @@ TEST_F(LookupTest, ValuesReadInStepsAreTheDistinctOnes) {
     return all;
   };
   EXPECT_EQ(texts(*steps), " |BULB|FAN|FAN 2|O'BRIEN|પંખો|");
-  EXPECT_EQ(texts(*steps), texts(plain));
+  EXPECT_EQ(texts(*steps), texts(plain.rows));
   // Without an index a step would read the whole table.
-  EXPECT_FALSE(valueSteps(data(), parseSelect("select DISTINCT[AREA] from ACCOUNT WHERE LEN(AREA)>0")));
-  EXPECT_FALSE(valueSteps(data(), parseSelect("select DISTINCT[ITEM_DESC] from SALEITM WHERE LEN(DESC1)>0")));
+  EXPECT_FALSE(valueSteps(data(), valuesOf("ACCOUNT", "AREA")));
 }
 
 // A search among 100,000 bills is quick only while it reads one index in its own order.
 TEST_F(LookupTest, BillsAreSearchedInOneIndex) {
-  const Select bills = parseSelect(
-      "select SALE.VOUCH_NO, ACCOUNT.ACC_NAME, SALE.BL_TYPE from SALE, ACCOUNT where SALE.PARTY_CD = "
-      "ACCOUNT.ACC_CD AND "
-      "book_cd = 'SA' order by VOUCH_DT DESC, bill_no desc, vouch_no desc");
-  for (const char* column :
-       {"ACCOUNT.ACC_NAME", "SALE.GR_NO", "CNAME", "CMOBNO", "transport", "SALE.BILL_NO"}) {
-    const Select found = filtered(bills, typedCondition(bills, column, "TEXT(50)"), {anywhere("X")});
+  const Select bills{
+      .columns = {{"SALE.VOUCH_NO"}, {"ACCOUNT.ACC_NAME"}, {"SALE.BL_TYPE"}},
+      .from = "SALE, ACCOUNT",
+      .where = "SALE.PARTY_CD = ACCOUNT.ACC_CD AND book_cd = 'SA'",
+      .order = {down("VOUCH_DT"),  down("bill_no"),      down("vouch_no")}
+  };
+  for (const SelectColumn& column : SelectColumns{ofAccount("ACC_NAME", "SALE.PARTY_CD"),
+                                                  {"SALE.GR_NO"},
+                                                  {"CNAME"},
+                                                  {"CMOBNO"},
+                                                  {"transport"},
+                                                  {"SALE.BILL_NO"}}) {
+    const Select found = filtered(bills, typedCondition(column, "TEXT(50)"), {anywhere("X")});
     std::string plan;
     for (auto r = data().query("EXPLAIN QUERY PLAN " + selectText(found), found.values); r.next();)
       plan += r.text("detail") + "\n";
-    EXPECT_NE(plan.find("INDEX SALE_LOOKUP (BOOK_CD=?)"), std::string::npos) << column << plan;
-    EXPECT_EQ(plan.find("TEMP B-TREE"), std::string::npos) << column << plan;
+    EXPECT_NE(plan.find("INDEX SALE_LOOKUP (BOOK_CD=?)"), std::string::npos) << column.expression << plan;
+    EXPECT_EQ(plan.find("TEMP B-TREE"), std::string::npos) << column.expression << plan;
   }
 }
 
@@ -266,23 +231,59 @@ TEST_F(LookupTest, BeginsOnARowWhateverTheOrder) {
   }
   all.commit();
   // Names are all different, areas are two and some are missing, one order is the other way round.
-  for (const char* order : {"acc_name", "AREA", "AREA, acc_name", "acc_name desc", "2", "CITYNAME", ""})
+  for (const std::vector<OrderTerm>& order : std::vector<std::vector<OrderTerm>>{
+           {"acc_name"  },
+           {"AREA"      },
+           {"AREA",       "acc_name"},
+           {down("acc_name")           },
+           {            }
+  }) {
+    const Select select{
+        .columns = {{"ACC_CD"}, {"ACC_NAME"}, {"CITY"}},
+        .from = "ACCOUNT",
+        .where = "ACC_CD > ?",
+        .order = order,
+        .values = {"B" }
+    };
     for (const char* code : {"b1000", "B1003", "B1333", "B1599", "B9999"}) {
-      const std::string sql =
-          std::string("select ACC_CD, ACC_NAME, CITY AS CITYNAME from ACCOUNT where ACC_CD > ?") +
-          (*order ? " order by " : "") + order;
-      PageRows rows(data(), parseSelect(sql, {"B"}), PageRows::Counting::Ahead, code);
+      SCOPED_TRACE(selectText(select) + code);
+      PageRows rows(data(), select, PageRows::Counting::Ahead, code);
       rows.countAll();
       ASSERT_EQ(rows.count(), 600u);
       if (std::string(code) == "B9999")
-        EXPECT_EQ(rows.begin(), 0u) << order;
+        EXPECT_EQ(rows.begin(), 0u);
       else
-        EXPECT_EQ(rows.text(rows.begin(), 0), upper(code)) << order;
+        EXPECT_EQ(rows.text(rows.begin(), 0), upper(code));
       // Pages behind the row read the same as those of a source that begins at the top.
-      const PageRows whole(data(), parseSelect(sql, {"B"}));
-      for (const size_t i : {0u, 63u, 299u, 300u, 599u})
-        EXPECT_EQ(rows.text(i, 0), whole.text(i, 0)) << order << i;
+      const PageRows whole(data(), select);
+      for (const size_t i : {0u, 63u, 299u, 300u, 599u}) EXPECT_EQ(rows.text(i, 0), whole.text(i, 0)) << i;
     }
+  }
+}
+
+// The texts of a value.
+TEST(Select, HasItsTexts) {
+  Select parties{
+      .columns = {{"ACC_CD"},                             {"ACCOUNT.ACC_NAME", 900}, {"FORMAT(cl_bal,'0.00')", 0, "CLBAL"}},
+      .from = "ACCOUNT",
+      .where = "GROUP_CD = ? OR GROUP_CD = 87",
+      .order = {"ACC_NAME", down("AREA")},
+      .values = {85                            }
+  };
+  parties = filtered(parties, likeText("ACC_NAME"), {anywhere("10%_\\")});
+  const std::string body =
+      " FROM ACCOUNT WHERE (GROUP_CD = ? OR GROUP_CD = 87) AND (ACC_NAME LIKE ? ESCAPE '\\')";
+  const std::string order = " ORDER BY ACC_NAME, AREA DESC";
+  EXPECT_EQ(pageText(parties), "SELECT ACC_CD, ACCOUNT.ACC_NAME, FORMAT(cl_bal,'0.00') AS [CLBAL]" + body +
+                                   order + " LIMIT ? OFFSET ?");
+  EXPECT_EQ(countText(parties), "SELECT COUNT(*)" + body);
+  EXPECT_EQ(firstColumnText(parties), "SELECT ACC_CD" + body + order);
+  EXPECT_EQ(parties.values.back().text(), "%10\\%\\_\\\\%");
+  const Select units = valuesOf("item", "UOM").rows;
+  EXPECT_EQ(selectText(units), "SELECT DISTINCT UOM FROM item WHERE LEN(UOM)>0 ORDER BY 1");
+  EXPECT_EQ(countText(units), "SELECT COUNT(*) FROM (SELECT DISTINCT UOM FROM item WHERE LEN(UOM)>0)");
+  EXPECT_EQ(typedCondition(ofAccount("ACC_NAME", "SALE.PARTY_CD"), "TEXT(100)"),
+            "+SALE.PARTY_CD IN (SELECT ACC_CD FROM ACCOUNT WHERE ACC_NAME LIKE ? ESCAPE '\\')");
 }
 
 }  // namespace

@@ -5,11 +5,10 @@ namespace {
 
 class SmallMasterTest : public MastersTest {
  protected:
-  void open(const std::string& key) {
-    session().mmastkey = key == "USERFORM" ? "" : key;
-    session().mentrytype = key == "USERFORM" ? key : "";
-    host.start("frmtaxmast");
+  static Opening opening(const std::string& key) {
+    return key == "USERFORM" ? Opening{.entryType = key} : Opening{.masterKey = key};
   }
+  void open(const std::string& key) { host.open("frmtaxmast", opening(key)); }
   void remove(const std::string& code, std::deque<bool> answers) {
     host.press("cmdDelete");
     host.answers = std::move(answers);
@@ -88,7 +87,7 @@ TEST_F(SmallMasterTest, EachKeepsItsRowsAndItsGuard) {
     for (size_t i = 0; i < m.fields.size(); ++i)
       if (!m.fields[i].empty()) host.fillEnter(field(i), m.fields[i]);
     host.press("cmdUpdate");
-    const SmallMaster& master = smallMaster(session().mmastkey, session().mentrytype);
+    const SmallMaster& master = smallMaster(opening(m.key));
     const auto stored = [&] {
       const auto found = findSmallRow(master, db, m.code);
       std::string text = found ? found->text(0) : "none";

@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <string>
 
+#include "frame/lookup.h"
 #include "frame/session.h"
-#include "masters/lookup.h"
 #include "masters/screens.h"
 #include "store/dictionary.h"
 #include "store/templates.h"
@@ -27,7 +27,7 @@ class Caller : public Screen {
     return Go::On;
   }
 
-  static inline LookupSpec asked;
+  static inline Lookup asked;
   static inline int entered = 0;
 
  private:

@@ -105,8 +105,11 @@ class Help : public Screen {
 
 class Other : public Screen {
  public:
-  explicit Other(Host& theHost) : Screen(theHost, table()) {}
-  void opened(const Entry&) override { happened.push_back("other opened"); }
+  Other(Host& theHost, const Opening& opening) : Screen(theHost, table()) {
+    if (opening.entryType == "BROKEN") throw std::runtime_error("no such table");
+  }
+  void opened(const Opening& opening) override { happened.push_back("other opened" + opening.value); }
+  bool mayClose() override { return host.ask("Give Up", "Check"); }
   static const ScreenSpec& table() {
     static const ScreenSpec spec{.name = "OTHER", .layout = {}, .controls = {}};
     return spec;
@@ -201,7 +204,17 @@ TEST_F(DeskTest, OtherScreensOpenAfterTheHandlerAndTheOneBelowIsActivatedAgain) 
   desk.press("CMDSAVE");
   EXPECT_EQ(happened, (Events{"validate", "leave Text1(0)", "saved", "handler ends", "other opened"}));
   EXPECT_EQ(desk.onTop(), "OTHER");
+  // It comes to the top as it stands, or gives way to a new one where it is asked for something else.
+  desk.open("BILL");
   happened.clear();
+  desk.open("OTHER");
+  desk.answers = {false, true};
+  desk.open("OTHER", {.value = " 1"});
+  EXPECT_EQ(desk.onTop() + std::to_string(desk.open().size()), "OTHER2");
+  desk.open("OTHER", {.value = " 2"});
+  EXPECT_EQ(happened, (Events{"other opened 2"}));
+  happened.clear();
+  desk.answers = {true};
   desk.closeTop();
   EXPECT_EQ(happened, Events{"activated"});
   desk.start("NOWHERE");
@@ -209,6 +222,13 @@ TEST_F(DeskTest, OtherScreensOpenAfterTheHandlerAndTheOneBelowIsActivatedAgain) 
   EXPECT_FALSE(desk.quitting());
   desk.press("CMDCANCEL");
   EXPECT_TRUE(desk.quitting());
+}
+
+TEST_F(DeskTest, AScreenThatCannotBeMadeIsNotOpened) {
+  desk.open("OTHER", {.entryType = "BROKEN"});
+  EXPECT_EQ(desk.onTop() + desk.lastMessage(), "BILLno such table");
+  EXPECT_EQ(desk.openModal("OTHER", {.entryType = "BROKEN"}), std::nullopt);
+  EXPECT_EQ(desk.messages.size(), 2u);
 }
 
 TEST_F(DeskTest, TypingPassesFiltersLimitsAndMasks) {

@@ -17,8 +17,7 @@ class Ledgers : public ReportScreens {
 
   // To a shown statement; the answer is to "Without NARRATION".
   void show(const std::string& key, bool without) {
-    session().mreportkey = key;
-    host.open("regdlg1", {.caller = "frmacc", .value = "a00001"});
+    host.open("regdlg1", {.reportKey = key, .value = "a00001"});
     host.keys({KeyCode::Enter, KeyCode::Enter});
     host.answers.push_back(without);
     host.enter();
@@ -26,8 +25,7 @@ class Ledgers : public ReportScreens {
 };
 
 TEST_F(Ledgers, RefuseWhatIsNoAccountAndNoDate) {
-  session().mreportkey = "LEDGERS";
-  host.open("regdlg1", {});
+  host.open("regdlg1", {.reportKey = "LEDGERS"});
   host.fillEnter("Text1", "A00099");
   EXPECT_EQ(host.lastMessage() + host.text("Text1") + host.focus(), "PARTY DOES NOT EXISTText1");
   host.fillEnter("MaskEdBox1(1)", "31022026");
@@ -38,10 +36,8 @@ TEST_F(Ledgers, RefuseWhatIsNoAccountAndNoDate) {
 
 TEST_F(Ledgers, OpenTheVoucherBehindARow) {
   show("LEDGERS", false);
-  session().mreportkey = "GST INVOICE";
   data().exec("UPDATE ALEDGER SET VOUCH_AMT = 300 WHERE VOUCH_NO = 3");
   EXPECT_EQ(drill<0>(1), "SALE regdlg1 3");
-  EXPECT_EQ(session().mreportkey, "LEDGERS");
   EXPECT_EQ(host.cell("Grid1", 0, 5) + host.cell("Grid1", 1, 4), "300.00BY ROAD");
   EXPECT_EQ(host.at("Grid1").grid.current, 0U);
   EXPECT_EQ(drill<0>(2) + drill<0>(5), "");

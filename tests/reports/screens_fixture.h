@@ -11,8 +11,8 @@ template <int N>
 class Voucher : public Screen {
  public:
   explicit Voucher(Host& theHost) : Screen(theHost, look()) {}
-  void opened(const Entry& entry) override {
-    last = session().mentrytype + " " + entry.caller + " " + entry.value;
+  void opened(const Opening& opening) override {
+    last = opening.entryType + " " + opening.caller + " " + opening.value;
   }
   static constexpr const char* kNames[] = {"GSTSAPU", "FRMQUOT", "FRMCHLN", "bwrcpy"};
   static inline std::string last;
@@ -56,8 +56,7 @@ class ReportScreens : public CompanyTest {
 
   void open(const std::string& key) {
     while (host.top()) host.closeTop();
-    session().mreportkey = key;
-    host.open("frmreport");
+    host.open("frmreport", {.reportKey = key});
   }
   // Enter on a row; what happens in the voucher, of whose opening this tells; back to the report.
   template <int N>

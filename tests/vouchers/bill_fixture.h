@@ -24,8 +24,8 @@
 class StandIn : public Screen {
  public:
   explicit StandIn(Host& theHost) : Screen(theHost, look()) {}
-  void opened(const Entry& entry) override { last = entry; }
-  static inline Entry last;
+  void opened(const Opening& opening) override { last = opening; }
+  static inline Opening last;
 
  private:
   static const ScreenSpec& look() {
@@ -58,7 +58,7 @@ class BillTest : public ::testing::Test {
     s.mstatecd = "24";
     s.mstartdt = Date{std::chrono::year{2026}, std::chrono::April, std::chrono::day{1}};
     s.menddt = Date{std::chrono::year{2027}, std::chrono::March, std::chrono::day{31}};
-    s.mlastacc = s.mlastitem = s.mreportkey = s.mentrytype = "";
+    s.mlastacc = s.mlastitem = "";
   }
   ~BillTest() override { session().cndata.reset(); }
 
@@ -221,10 +221,10 @@ class BillTest : public ::testing::Test {
         number, serial, serial, serial, item, quantity, 33.25 * quantity);
   }
 
-  void open() { host.open("GSTSAPU", {}); }
+  void open() { host.open("GSTSAPU", {.entryType = billType}); }
   // From Add to the first item field.
   void startBill(const std::string& party = "A00001") {
-    startVoucher("GSTSAPU", session().mentrytype, party);
+    startVoucher("GSTSAPU", billType, party);
     host.go("Text1(47)");
     host.keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
   }
@@ -284,6 +284,7 @@ class BillTest : public ::testing::Test {
     return text.substr(1);
   }
 
+  std::string billType;  // the kind that the bill screen opens with
   std::string closingWords;
   TempFolder folder;
   TestHost host;
@@ -291,10 +292,7 @@ class BillTest : public ::testing::Test {
  private:
   // To the field after the party; a screen that stands open is gone on with.
   void startVoucher(const std::string& screen, const std::string& entryType, const std::string& party) {
-    if (host.onTop() != screen) {
-      session().mentrytype = entryType;
-      host.open(screen, {});
-    }
+    if (host.onTop() != screen) host.open(screen, {.entryType = entryType});
     host.press("cmdadd");
     host.enter();  // the date
     host.fillEnter("Text1(4)", party);

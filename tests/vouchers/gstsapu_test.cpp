@@ -35,7 +35,7 @@ TEST_F(Gstsapu, TotalsTheMessageAndTheModes) {
                               "   E-Way Bill To Be Generated For Dispatch Of This Bill\n\n"
                               "   Press Print Btn To Print Sales Invoice\n"
                               "   Press New Entry Btn To Enter New Bill Entry");
-  EXPECT_EQ(host.onTop() + StandIn::last.value + session().mreportkey, "dlg11GST INVOICE");
+  EXPECT_EQ(host.onTop() + StandIn::last.value + StandIn::last.reportKey, "dlg11GST INVOICE");
   EXPECT_EQ(host.find("GSTSAPU")->mode, "PRINT");
 }
 

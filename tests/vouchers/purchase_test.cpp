@@ -10,7 +10,7 @@ class Purchase : public BillTest {
         "INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, STATECD, AREA, CREDIT_DAY) VALUES"
         " ('A00011', 'VIDYUT CABLES', 135, 24, 'MAKARPURA', 45), ('A00012', 'PUNE MOTORS', 135, 27, '', 0)");
     db().exec("UPDATE ITEMDTL SET PUR_RATE = 1380 WHERE ITEM_CD = 'I0000001'");
-    session().mentrytype = "PURCHASE";
+    billType = "PURCHASE";
     open();
   }
   // From Add to the first item; the supplier's date stays the voucher's.

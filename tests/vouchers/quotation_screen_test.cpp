@@ -5,10 +5,7 @@ namespace {
 class FrmQuot : public BillTest {
  protected:
   static const VoucherKind& kind() { return quotationKind(); }
-  void openAs(const std::string& type = "QUOTATION") {
-    session().mentrytype = type;
-    host.open("FRMQUOT", {});
-  }
+  void openAs(const std::string& type = "QUOTATION") { host.open("FRMQUOT", {.entryType = type}); }
 };
 
 }  // namespace
@@ -39,8 +36,7 @@ TEST_F(FrmQuot, NumbersThatStandAndARegistersRow) {
   host.press("CMDCANCEL");
   // Back after the save without a word.
   host.closeTop();
-  session().mentrytype = "QUOTATION";
-  host.open("FRMQUOT", {.caller = "frmreport", .value = "4"});
+  host.open("FRMQUOT", {.caller = "frmreport", .entryType = "QUOTATION", .value = "4"});
   EXPECT_EQ(host.screen().mode + host.text("Text2") + fields({35, 2, 3, 11, 1, 7, 6}),
             "EDITPATEL TRADING COQ/0012|O'NEIL|પંખા|MAIL|T8|T1|T7");
   EXPECT_EQ(fields({21, 27, 42, 43, 44, 45, 12}), "106.19|106|8.1|8.1|0|3|I0000001");

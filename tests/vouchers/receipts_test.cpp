@@ -12,7 +12,6 @@ class ReceiptsTest : public BillTest {
   ReceiptsTest() {
     db().exec("UPDATE ACCOUNT SET OP_BAL = 1000, CL_BAL = 38460 WHERE ACC_CD = 'A00001'");
     addAccount("B00001", "NAVRANG BANK", 87);
-    session().mentrytype = "RECEIPT";
   }
   void addAccount(const char* code, const char* name, int group) {
     db().exec("INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, OP_BAL, CL_BAL) VALUES (?, ?, ?, 0, 0)", code,
@@ -37,7 +36,7 @@ class ReceiptsTest : public BillTest {
   }
 
   // On the screen.
-  void open(const Entry& entry = {}) { host.open("bwrcpy", entry); }
+  void open() { host.open("bwrcpy", {.entryType = "RECEIPT"}); }
   void startReceipt(const std::string& party, const std::string& amount) {
     host.press("cmdAdd");
     host.enter();

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "frame/select.h"
+#include "platform/host.h"
+
+// What a lookup offers, as a value with which FRMHLP is opened. The first column is chosen; a typed
+// text is searched in the first or the second.
+struct Lookup {
+  Select rows = {};
+  bool values = false;      // distinct ones of one column, read from value to value where that is quicker
+  bool secondOnly = false;  // the search field over the first column is hidden
+  bool below = false;       // stands at the lower edge, so that the lines of a voucher stay in view
+  bool inCatalogue = false;
+};
+
+// The distinct filled values of a column.
+Lookup valuesOf(const std::string& table, const std::string& column, int width = 0);
+
+// A column of the account that the row names in `by` ("SALE.PARTY_CD"): a typed text is searched
+// among the accounts, once, and not for each row that is joined to one.
+SelectColumn ofAccount(const std::string& column, const std::string& by, int width = 0);
+// An amount as a text that is searched as it shows.
+SelectColumn amountText(const std::string& amount, const std::string& name);
+// The balance of an account.
+SelectColumn balanceColumn(int width = 0);
+// Accounts by name, all of them or those for which the condition holds.
+Lookup accounts(SelectColumns columns, const std::string& where = {});
+
+// The chosen first column replaces the field's text as it is, and the field's Enter logic runs once
+// after the handler; after Escape or an empty choice nothing happens. Always returns Go::Stay, so
+// that a handler ends with it.
+Go lookUp(Host& host, Screen& caller, Control& field, const Lookup& lookup);
+
+// The chosen value alone, empty after Escape.
+std::string lookUpValue(Host& host, const Lookup& lookup);
