@@ -36,7 +36,7 @@ BenchDesk& challanDesk() {
 
 BenchDesk& atRest() {
   BenchDesk& d = challanDesk();
-  d.choose("Delivery Challan");
+  d.choose("CH");
   require(d.onTop() == "FRMCHLN", "the challan screen does not open");
   return d;
 }

@@ -60,7 +60,7 @@ void BenchDesk::toShell() {
 
 void BenchDesk::startBill(const std::string& party) {
   toShell();
-  choose("GST Sales Entry");
+  choose("SALE");
   press("cmdadd");
   enter();
   fillEnter("Text1(4)", party);

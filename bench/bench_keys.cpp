@@ -22,13 +22,13 @@ void startToShell(State& state) {
 void billScreen(State& state) {
   BenchDesk& d = desk();
   each(
-      state, [&] { d.toShell(); }, [&] { d.choose("GST Sales Entry"); });
+      state, [&] { d.toShell(); }, [&] { d.choose("SALE"); });
   require(d.onTop() == "GSTSAPU", "the bill screen does not open");
 }
 
 void add(State& state) {
   BenchDesk& d = desk();
-  d.choose("GST Sales Entry");
+  d.choose("SALE");
   const auto rest = [&] {
     d.answers.assign(1, true);
     if (d.focus() != "cmdadd") d.escape();
@@ -82,7 +82,7 @@ void storedLine(State& state) {
 
 void loadedBill(State& state) {
   BenchDesk& d = desk();
-  d.choose("GST Sales Entry");
+  d.choose("SALE");
   d.press("cmdEDIT");
   each(
       state, [&] { d.fill("Text1(0)", "50000"); }, [&] { d.enter(); });
@@ -102,7 +102,7 @@ void typeNewBill(BenchDesk& d) {
 
 void changeBill(BenchDesk& d) {
   d.toShell();
-  d.choose("GST Sales Entry");
+  d.choose("SALE");
   d.press("cmdEDIT");
   d.fillEnter("Text1(0)", "70000");
   d.go("Text1(5)");
@@ -165,12 +165,12 @@ void paged(State& state, const Lookup& lookup) {
 }
 
 void toNumber(BenchDesk& d) {
-  d.choose("GST Sales Entry");
+  d.choose("SALE");
   d.press("cmdEDIT");
 }
 
 void toParty(BenchDesk& d) {
-  d.choose("GST Sales Entry");
+  d.choose("SALE");
   d.press("cmdadd");
   d.enter();
 }

@@ -37,7 +37,7 @@ void report(State& state, const Shown& report) {
 // From one end of a register with all its lines to the other, page by page.
 void scroll(State& state) {
   BenchDesk& d = desk();
-  d.choose("Sale Bill Detailed Register");
+  d.choose("slblreg");
   d.press("cmdshowrpt");
   each(
       state, [] {}, [&] { d.key(KeyCode::PgDn); });
