@@ -133,31 +133,30 @@ void cairo(const std::string& file, int pages) {
 #endif
 
 // Rows that are made as they are asked for, as a statement's are.
-class ManyRows : public RowSource {
+class ManyRows : public TypedRows {
  public:
   explicit ManyRows(size_t count) : count_(count) {}
   size_t count() const override { return count_; }
   Cell cell(size_t row, size_t column) const override {
     return {.text = cells()[row % kRows * kColumns + column]};
   }
+  ColumnType type(size_t, size_t column) const override {
+    return column == 1 ? ColumnType::Date : column >= 5 && column <= 7 ? ColumnType::Money : ColumnType::Text;
+  }
 
  private:
   size_t count_;
 };
 
-Grid grid(size_t rows) {
-  Grid made;
-  for (const char* title :
-       {"V.No.", "Date", "Ref No.", "Bk.", "Particulars", "Debit", "Credit", "Balance", "Crdr"})
-    made.columns.push_back({.title = title});
-  made.source = std::make_shared<ManyRows>(rows);
-  return made;
-}
-
-GridOutput output() {
+GridOutput ledger(size_t rows) {
+  constexpr const char* kHeadings[kColumns] = {"V.No.", "Date",   "Ref No.", "Bk.", "Particulars",
+                                               "Debit", "Credit", "Balance", "Crdr"};
   GridOutput out{.caption = "ACCOUNT Statement", .period = "From : 01/Apr/2026 To : 31/Mar/2027"};
-  for (size_t i = 0; i < kColumns; ++i) out.widths[i] = kWidths[i] * 20;
-  out.numeric[5] = out.numeric[6] = out.numeric[7] = -1;
+  out.rows = std::make_shared<ManyRows>(rows);
+  for (size_t i = 0; i < kColumns; ++i) {
+    const ColumnType type = out.rows->type(0, i);
+    out.columns.push_back({kHeadings[i], kWidths[i] * 20, type, type == ColumnType::Money});
+  }
   return out;
 }
 
@@ -265,24 +264,24 @@ int main() {
   session().mcompname = "SHREE GANESH TRADERS";
   const Screens none;
   TestHost host(none);
-  const Grid ledger = grid(kPages * kRows - 1), sheet = grid(kSheetRows);
+  const GridOutput pages = ledger(kPages * kRows - 1), sheet = ledger(kSheetRows);
 
   // Before anything else fills the memory.
   memory(
-      "Memory of a PDF file, pages", [&](int pages) { ours(folder + "/ours.pdf", pages); }, 100, kManyPages);
+      "Memory of a PDF file, pages", [&](int count) { ours(folder + "/ours.pdf", count); }, 100, kManyPages);
   memory(
-      "Memory of a workbook, rows",
-      [&](int rows) { GridToExcel(host, grid(static_cast<size_t>(rows)), output()); }, 1000, kSheetRows);
+      "Memory of a workbook, rows", [&](int rows) { GridToExcel(host, ledger(static_cast<size_t>(rows))); },
+      1000, kSheetRows);
 
   writers(folder);
   compare("The same as a report, with its heading on every page", "page", kPages,
           {
-              {"GridToPdf", [&] { GridToPdf(host, "RPT", ledger, output()); }}
+              {"GridToPdf", [&] { GridToPdf(host, "RPT", pages); }}
   });
   compare("A workbook of 100,000 rows by 9 columns", "row", kSheetRows,
           {
               {"a bare loop of libxlsxwriter", [&] { bareWorkbook(folder + "/bare.xlsx"); }},
-              {"GridToExcel",                  [&] { GridToExcel(host, sheet, output()); } }
+              {"GridToExcel",                  [&] { GridToExcel(host, sheet); }           }
   });
   if (!host.messages.empty()) std::printf("ERROR: %s\n", host.lastMessage().c_str());
   return 0;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
+#include <span>
 
 #include "base/date.h"
 #include "base/number.h"
@@ -34,7 +34,9 @@ bool isControl(char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7
 }  // namespace
 
 std::optional<GridLayout> gridLayout(const GridOutput& out, GridPaperKind kind) {
-  const double sum = std::accumulate(out.widths.begin(), out.widths.end(), 0.0);
+  const std::span columns(out.columns.data(), std::min(out.columns.size(), kPaperColumns));
+  double sum = 0;
+  for (const TypedColumn& column : columns) sum += column.twips;
   if (sum > kWidest) return {};
   GridLayout layout;
   layout.landscape = sum > (kind == GridPaperKind::Pdf ? kPdfLimits : kPrinterLimits).portrait;
@@ -45,10 +47,10 @@ std::optional<GridLayout> gridLayout(const GridOutput& out, GridPaperKind kind) 
   layout.rows = rowsOnPage(out.key, layout.landscape, kind);
   layout.ruled = out.key != kUnruled;
   layout.left = layout.right = Round((layout.pageWidth - sum / kTwips) / 2, 2);
-  for (size_t i = 0; i < out.widths.size(); ++i) {
-    if (out.widths[i] <= 0) continue;
-    const double width = out.widths[i] / kTwips;
-    layout.columns.push_back({i, layout.right, width, out.widths[i], out.numeric[i] != 0});
+  for (size_t i = 0; i < columns.size(); ++i) {
+    if (columns[i].twips <= 0) continue;
+    const double width = columns[i].twips / kTwips;
+    layout.columns.push_back({i, layout.right, width, columns[i].twips, columns[i].right});
     layout.right += width;
   }
   return layout;
@@ -62,12 +64,13 @@ std::string tooWideWords(GridPaperKind kind) {
   return words;
 }
 
-GridWords gridWords(std::string text, double twips, GridPaperKind kind) {
+GridWords gridWords(std::string text, ColumnType type, double twips, GridPaperKind kind) {
   constexpr double kTwipsOfLetter = 140, kTwipsOfNarrowLetter = 80;
   std::ranges::replace_if(text, isControl, ' ');
   if (length(text) < twips / kTwipsOfLetter) return {text, false};
-  const bool mayBeDate = kind == GridPaperKind::Printer || Val(text) == 0;
-  if (const auto date = mayBeDate ? parseDate(text) : std::nullopt)
-    return {formatDate(*date, "dd/MM/yy"), kind == GridPaperKind::Pdf};
+  if (isFigure(type)) return {text, true};
+  const bool shortens = type == ColumnType::Date && kind == GridPaperKind::Printer;
+  if (const auto date = shortens ? parseDate(text) : std::nullopt)
+    return {formatDate(*date, "dd/MM/yy"), false};
   return {left(text, static_cast<int>(std::nearbyint(twips / kTwipsOfNarrowLetter))), true};
 }

@@ -12,11 +12,11 @@
 enum class GridPaperKind { Pdf, Printer };
 
 struct GridPlace {
-  size_t column = 0;  // of the grid
+  size_t column = 0;  // of the output
   double left = 0;    // points
   double width = 0;
   double twips = 0;
-  bool numeric = false;
+  bool toRight = false;  // its cells stand there
   double right() const { return left + width; }
 };
 
@@ -31,16 +31,16 @@ struct GridLayout {
   std::vector<GridPlace> columns;
 };
 
-// Nothing when the columns are wider than a page.
+// Nothing when the first kPaperColumns columns are wider than a page.
 std::optional<GridLayout> gridLayout(const GridOutput& out, GridPaperKind kind);
 
 // What is told then.
 std::string tooWideWords(GridPaperKind kind);
 
-// The text of a cell that holds words: too long for its column it is cut, and `narrow` says that
-// it is to be written narrower or smaller. A control character is a blank.
+// The text of a cell that stands to the left: too long for its column it is cut (a figure never is),
+// and `narrow` says that it is to be written narrower or smaller. A control character is a blank.
 struct GridWords {
   std::string text;
   bool narrow = false;
 };
-GridWords gridWords(std::string text, double twips, GridPaperKind kind);
+GridWords gridWords(std::string text, ColumnType type, double twips, GridPaperKind kind);

@@ -1,39 +1,46 @@
 #pragma once
 
-#include <array>
+#include <memory>
 #include <string>
+#include <vector>
 
-#include "platform/grid.h"
+#include "documents/typed_rows.h"
 #include "platform/host.h"
 
-// A report that stands in a grid goes to a PDF file, to the printer or into a workbook. The
-// outcome is shown; whatever goes wrong is told in a message and the report stays on the screen.
+// A report goes to a PDF file, to the printer or into another file. The outcome is shown; whatever
+// goes wrong is told in a message and the report stays on the screen.
 
-inline constexpr size_t kReportColumns = 15;
-
-// What goes out beside the grid. Column i of the arrays is column i of the grid.
 struct GridOutput {
   std::string caption, period;
-  std::array<double, kReportColumns> widths{};  // twips; 0 is no column
-  std::array<int, kReportColumns> numeric{};    // -1: figures, right-aligned
-  std::string key{};                            // the report's, for those laid out in their own way
+  std::vector<TypedColumn> columns = {};
+  std::shared_ptr<const TypedRows> rows = {};  // null: none yet
+  std::string key = {};                        // the report's, for those laid out in their own way
+
+  size_t count() const { return rows ? rows->count() : 0; }
 };
+
+// Paper holds so many columns; those beyond go to the screen and into files only.
+inline constexpr size_t kPaperColumns = 15;
 
 // Makes BILLS/<name>.pdf in place of an old one and shows it. Its fonts have no letters of the
 // Indian scripts: those stand as "?", which the hint line then says.
-void GridToPdf(Host& host, const std::string& name, const Grid& grid, const GridOutput& out);
+void GridToPdf(Host& host, const std::string& name, const GridOutput& out);
 
-// On the default printer, under the session's heading lines mpageheader1 to mpageheader3. The
-// preview is the same paper as a PDF file, BILLS/PREVIEW.pdf, shown.
+// On the default printer. The preview is the same paper as a PDF file, BILLS/PREVIEW.pdf, shown.
 enum class PrintTo { Printer, Preview };
-void GridToPrinter(Host& host, const Grid& grid, const GridOutput& out, PrintTo to = PrintTo::Printer);
+void GridToPrinter(Host& host, const GridOutput& out, PrintTo to = PrintTo::Printer);
 
 // Makes report.xlsx in the program's folder and shows it.
-void GridToExcel(Host& host, const Grid& grid, const GridOutput& out);
+void GridToExcel(Host& host, const GridOutput& out);
 
-// Where the buttons of a screen with a report send it; a PDF file is named "RPT" and mstamp.
-enum class OutputTarget { Printer, Preview, Excel, Pdf };
-constexpr bool onPaper(OutputTarget target) {
-  return target == OutputTarget::Printer || target == OutputTarget::Preview;
-}
-void sendGrid(Host& host, OutputTarget target, const Grid& grid, const GridOutput& out);
+// Makes BILLS/<name>.csv and shows it: the headings and all rows by RFC 4180 in UTF-8, dates as
+// yyyy-MM-dd, figures without groups.
+void GridToCsv(Host& host, const std::string& name, const GridOutput& out);
+
+// Where the buttons of a screen with a report send it. A file of its own is named "RPT" and mstamp.
+struct GridTarget {
+  const char* name;
+  bool onPaper;  // printed, under dates as dd/MM/yyyy
+  void (*send)(Host& host, const GridOutput& out);
+};
+extern const GridTarget kToPrinter, kToPreview, kToPdf, kToWorkbook, kToCsv;

@@ -1,6 +1,6 @@
-#include "base/date.h"
-#include "base/number.h"
-#include "base/text.h"
+#include <filesystem>
+#include <utility>
+
 #include "documents/grid_output.h"
 #include "documents/paper.h"
 #include "frame/routines.h"
@@ -10,56 +10,53 @@
 namespace {
 
 constexpr double kTwipsOfCharacter = 100, kPortraitTwips = 10400;
-constexpr const char* kMoney = "0.00";
-constexpr const char* kText = "@";
-constexpr const char* kDate = "dd/mm/yy";
 
-// How a column of the grid stands in the sheet.
-struct Kept {
-  size_t column;
-  enum class Kind { Text, Money, Date } kind;
-};
-
-Kept::Kind kindOf(const std::string& title, bool numeric) {
-  if (numeric) return Kept::Kind::Money;
-  return lower(title).find("date") != std::string::npos ? Kept::Kind::Date : Kept::Kind::Text;
+const char* formatOf(ColumnType type) {
+  switch (type) {
+    case ColumnType::Text:
+      return "@";
+    case ColumnType::Date:
+      return "dd/mm/yy";
+    case ColumnType::Count:
+      return "0";
+    case ColumnType::Money:
+    case ColumnType::Rate:
+    case ColumnType::Quantity:
+      break;
+  }
+  return "0.00";
 }
 
-const char* formatOf(Kept::Kind kind) {
-  return kind == Kept::Kind::Money ? kMoney : kind == Kept::Kind::Date ? kDate : kText;
+workbook::Value valueOf(TypedValue value) {
+  if (const Date* date = std::get_if<Date>(&value)) return workbook::Value::date(*date);
+  if (const double* number = std::get_if<double>(&value)) return *number;
+  std::string& text = std::get<std::string>(value);
+  return text.empty() ? workbook::Value() : workbook::Value(std::move(text));
 }
 
-// Figures and dates as such; whatever else stands in their columns is text.
-workbook::Value valueOf(std::string text, Kept::Kind kind) {
-  if (text.empty()) return {};
-  if (kind == Kept::Kind::Money && isNumberText(text)) return Val(text);
-  if (const auto date = kind == Kept::Kind::Date ? parseDate(text) : std::nullopt)
-    return workbook::Value::date(*date);
-  return text;
-}
-
-void writeWorkbook(const std::string& path, const Grid& grid, const GridOutput& out) {
+void writeWorkbook(const std::string& path, const GridOutput& out) {
   workbook::List list{
       .titles = {session().mcompname, out.caption, out.period},
         .sheet = "REPORT"
   };
-  std::vector<Kept> kept;
+  std::vector<size_t> kept;
   double sum = 0;
-  for (size_t i = 0; i < std::min(grid.columns.size(), out.widths.size()); ++i) {
-    if (out.widths[i] <= 0) continue;
-    const Kept::Kind kind = kindOf(grid.columns[i].title, out.numeric[i] != 0);
-    kept.push_back({i, kind});
-    list.columns.push_back({.heading = grid.columns[i].title,
-                            .width = out.widths[i] / kTwipsOfCharacter,
-                            .format = formatOf(kind)});
-    sum += out.widths[i];
+  for (size_t i = 0; i < out.columns.size(); ++i) {
+    const TypedColumn& column = out.columns[i];
+    if (column.twips <= 0) continue;
+    kept.push_back(i);
+    list.columns.push_back({.heading = column.heading,
+                            .width = column.twips / kTwipsOfCharacter,
+                            .format = formatOf(column.type)});
+    sum += column.twips;
   }
   list.landscape = sum > kPortraitTwips;
   size_t next = 0;
-  list.next = [&](std::vector<workbook::Value>& row) {
-    if (next == grid.count()) return false;
+  list.next = [&](std::vector<workbook::ListCell>& row) {
+    if (next == out.count()) return false;
     row.clear();
-    for (const Kept& k : kept) row.push_back(valueOf(grid.cell(next, k.column).text, k.kind));
+    for (const size_t i : kept)
+      row.push_back({valueOf(out.rows->value(next, i)), formatOf(out.rows->type(next, i))});
     ++next;
     return true;
   };
@@ -68,13 +65,13 @@ void writeWorkbook(const std::string& path, const Grid& grid, const GridOutput& 
 
 }  // namespace
 
-void GridToExcel(Host& host, const Grid& grid, const GridOutput& out) {
+void GridToExcel(Host& host, const GridOutput& out) {
   const std::string path = (std::filesystem::path(session().mapppath) / "report.xlsx").string();
   if (session().mexcelkill) EndProcess(host, "excel.exe");
   bool held = false;
   tellFailures(host, [&] {
     try {
-      writeWorkbook(path, grid, out);
+      writeWorkbook(path, out);
     } catch (const workbook::WorkbookHeld&) {
       held = true;
       return;

@@ -49,8 +49,7 @@ std::vector<HeadingLine> headingLines(const GridOutput& out, bool landscape) {
 
 class PdfGrid : public GridPaper {
  public:
-  PdfGrid(clsPDFCreator& pdf, const Grid& grid, const GridLayout& layout, const GridOutput& out)
-      : pdf_(pdf), layout_(layout) {
+  PdfGrid(clsPDFCreator& pdf, const GridLayout& layout, const GridOutput& out) : pdf_(pdf), layout_(layout) {
     pdf_.StartObject(kRepeated);
     pdf_.SetTextHorizontalScaling(kFull);
     titles_ = layout.top;
@@ -59,7 +58,7 @@ class PdfGrid : public GridPaper {
       titles_ -= line.drop;
     }
     pdf_.SetLineWidth(kRule);
-    layTitles(grid, layout, *this, titles_);
+    layTitles(out, layout, *this, titles_);
     pdf_.EndObject();
   }
 
@@ -112,7 +111,7 @@ class PdfGrid : public GridPaper {
 };
 
 // Returns how many letters the fonts lacked.
-size_t writePdf(const fs::path& file, const Grid& grid, const GridLayout& layout, const GridOutput& out) {
+size_t writePdf(const fs::path& file, const GridLayout& layout, const GridOutput& out) {
   constexpr int kPoints = 0, kUpright = 0, kWide = 4;
   clsPDFCreator pdf(session().mapppath);
   pdf.Title("Mirav Reports");
@@ -122,8 +121,8 @@ size_t writePdf(const fs::path& file, const Grid& grid, const GridLayout& layout
   pdf.PaperSize(layout.landscape ? kWide : kUpright);
   pdf.InitPDFFile(file.string());
   pdf.LoadFont(kFont, "Times New Roman", 0);
-  PdfGrid paper(pdf, grid, layout, out);
-  layGrid(grid, layout, paper);
+  PdfGrid paper(pdf, layout, out);
+  layGrid(out, layout, paper);
   pdf.ClosePDFFile();
   return pdf.lostLetters();
 }
@@ -134,11 +133,11 @@ bool refused(const std::error_code& code) {
 }
 
 // An old file that may not be replaced counts as held.
-size_t replacePdf(const fs::path& file, const Grid& grid, const GridLayout& layout, const GridOutput& out) {
+size_t replacePdf(const fs::path& file, const GridLayout& layout, const GridOutput& out) {
   if (lockedElsewhere(file.string())) throw std::runtime_error(kHeld);
   try {
     fs::create_directories(file.parent_path());
-    return writePdf(file, grid, layout, out);
+    return writePdf(file, layout, out);
   } catch (const std::system_error& error) {
     std::error_code ignored;
     throw std::runtime_error(refused(error.code()) && fs::exists(file, ignored) ? kHeld : error.what());
@@ -147,12 +146,12 @@ size_t replacePdf(const fs::path& file, const Grid& grid, const GridLayout& layo
 
 }  // namespace
 
-void GridToPdf(Host& host, const std::string& name, const Grid& grid, const GridOutput& out) {
+void GridToPdf(Host& host, const std::string& name, const GridOutput& out) {
   const auto layout = gridLayout(out, GridPaperKind::Pdf);
   if (!layout) return host.message(tooWideWords(GridPaperKind::Pdf), kMessageTitle);
   tellFailures(host, [&] {
     const fs::path file = billsFolder() / (name + ".pdf");
-    const size_t lost = replacePdf(file, grid, *layout, out);
+    const size_t lost = replacePdf(file, *layout, out);
     host.view(file.string());
     if (lost > 0) ShowHint(host, "Letters That The Pdf Has No Font For Stand As ? :: Print Shows Them");
   });

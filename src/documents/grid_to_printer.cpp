@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "documents/grid_walk.h"
 #include "documents/paper.h"
@@ -8,7 +9,6 @@
 namespace {
 
 constexpr const char* kFamily = "Calibri";
-constexpr const char* kRegionalFamily = "Gujrati Mirav-1";
 constexpr double kSize = 10, kSmallSize = 8, kHeadingSize = 12;
 constexpr double kDescent = 0.25;  // of the size
 constexpr double kLower = 1.5;     // the larger letters stand in the middle between their rules
@@ -17,9 +17,9 @@ constexpr paint::Rect kA4{0, 0, 595.276, 841.89};
 
 class PrintedGrid : public GridPaper {
  public:
-  PrintedGrid(paint::Canvas& canvas, const paint::Metrics& metrics, const Grid& grid,
+  PrintedGrid(paint::Canvas& canvas, const paint::Metrics& metrics, const GridOutput& out,
               const GridLayout& layout)
-      : canvas_(canvas), metrics_(metrics), grid_(grid), layout_(layout) {}
+      : canvas_(canvas), metrics_(metrics), out_(out), layout_(layout) {}
 
   GridPaperKind kind() const override { return GridPaperKind::Printer; }
 
@@ -29,15 +29,14 @@ class PrintedGrid : public GridPaper {
     else
       canvas_.page(kA4.w, kA4.h);
     const double titles = GridPageHeading(number);
-    layTitles(grid_, layout_, *this, titles);
+    layTitles(out_, layout_, *this, titles);
     return titles;
   }
 
   void endPage() override {}
 
   void text(const GridText& t) override {
-    paint::Font font{.family = kFamily, .size = t.narrow ? kSmallSize : kSize, .bold = t.bold};
-    if (t.column < kReportColumns && session().mcolfont[t.column] != 0) font.family = kRegionalFamily;
+    const paint::Font font{.family = kFamily, .size = t.narrow ? kSmallSize : kSize, .bold = t.bold};
     draw(t.text, font, t.right ? t.x - t.room : t.x, t.y - kLower, t.room,
          t.right ? paint::HAlign::Right : paint::HAlign::Left);
   }
@@ -50,11 +49,10 @@ class PrintedGrid : public GridPaper {
   // The lines above the table. Returns the line of the titles.
   double GridPageHeading(int number) {
     constexpr double kStep = 16, kEdges = 50;
-    const Session& s = session();
     const paint::Font font{.family = kFamily, .size = kHeadingSize, .bold = true};
     const double room = layout_.pageWidth - kEdges;
     double y = layout_.top;
-    for (const std::string* line : {&s.mpageheader1, &s.mpageheader2, &s.mpageheader3}) {
+    for (const std::string* line : {&std::as_const(session().mcompname), &out_.caption, &out_.period}) {
       draw(*line, font, layout_.middle - room / 2, y, room, paint::HAlign::Centre);
       y -= kStep;
     }
@@ -76,13 +74,13 @@ class PrintedGrid : public GridPaper {
 
   paint::Canvas& canvas_;
   const paint::Metrics& metrics_;
-  const Grid& grid_;
+  const GridOutput& out_;
   const GridLayout& layout_;
 };
 
 }  // namespace
 
-void GridToPrinter(Host& host, const Grid& grid, const GridOutput& out, PrintTo to) {
+void GridToPrinter(Host& host, const GridOutput& out, PrintTo to) {
   const auto layout = gridLayout(out, GridPaperKind::Printer);
   if (!layout) return host.message(tooWideWords(GridPaperKind::Printer), kMessageTitle);
   tellFailures(host, [&] {
@@ -90,8 +88,8 @@ void GridToPrinter(Host& host, const Grid& grid, const GridOutput& out, PrintTo 
     paint::Painter& painter = host.painter();
     if (to == PrintTo::Preview) std::filesystem::create_directories(billsFolder());
     const auto canvas = to == PrintTo::Preview ? painter.pdf(preview) : painter.printer();
-    PrintedGrid paper(*canvas, painter.metrics(), grid, *layout);
-    layGrid(grid, *layout, paper);
+    PrintedGrid paper(*canvas, painter.metrics(), out, *layout);
+    layGrid(out, *layout, paper);
     canvas->finish();
     if (to == PrintTo::Preview) host.view(preview);
   });

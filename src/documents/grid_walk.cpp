@@ -1,7 +1,9 @@
 #include "documents/grid_walk.h"
 
+#include <utility>
+
 #include "base/number.h"
-#include "frame/session.h"
+#include "base/pattern.h"
 
 namespace {
 
@@ -19,25 +21,21 @@ void rules(const GridLayout& layout, GridPaper& paper, double bottom, double top
 }
 
 GridText inColumn(const GridPlace& place, double y) {
-  if (place.numeric)
-    return {.x = place.right() - kFigureEnd,
-            .y = y,
-            .room = place.width - kFigureEnd - kGap,
-            .right = true,
-            .column = place.column};
-  return {.x = place.left + kIndent, .y = y, .room = place.width - kIndent - kGap, .column = place.column};
+  if (place.toRight)
+    return {.x = place.right() - kFigureEnd, .y = y, .room = place.width - kFigureEnd - kGap, .right = true};
+  return {.x = place.left + kIndent, .y = y, .room = place.width - kIndent - kGap};
 }
 
-void row(const Grid& grid, const GridLayout& layout, GridPaper& paper, size_t number, double y) {
-  const bool bold = grid.cell(number, 0).text.starts_with('*');
+void row(const TypedRows& rows, const GridLayout& layout, GridPaper& paper, size_t number, double y) {
+  const bool bold = rows.cell(number, 0).text.starts_with('*');
   for (const GridPlace& place : layout.columns) {
     GridText text = inColumn(place, y);
-    std::string words = grid.cell(number, place.column).text;
-    if (words.empty()) continue;
-    if (place.numeric) {
-      text.text = std::move(words);
-    } else {
-      GridWords shown = gridWords(std::move(words), place.twips, paper.kind());
+    text.text = rows.cell(number, place.column).text;
+    if (text.text.empty()) continue;
+    const ColumnType type = rows.type(number, place.column);
+    if (type == ColumnType::Money && isNumberText(text.text)) text.text = indianGroups(text.text);
+    if (!place.toRight) {
+      GridWords shown = gridWords(std::move(text.text), type, place.twips, paper.kind());
       text.text = std::move(shown.text);
       text.narrow = shown.narrow;
     }
@@ -48,33 +46,29 @@ void row(const Grid& grid, const GridLayout& layout, GridPaper& paper, size_t nu
 
 }  // namespace
 
-void layTitles(const Grid& grid, const GridLayout& layout, GridPaper& paper, double y) {
+void layTitles(const GridOutput& out, const GridLayout& layout, GridPaper& paper, double y) {
   paper.rule(layout.left - 1, y + kTitleTop, layout.right, y + kTitleTop);
   rules(layout, paper, y - kTitleBottom, y + kTitleTop);
   for (const GridPlace& place : layout.columns) {
-    if (place.column >= grid.columns.size()) continue;
     GridText text = inColumn(place, y);
-    text.text = grid.columns[place.column].title;
+    text.text = out.columns[place.column].heading;
     paper.text(text);
   }
 }
 
-void layGrid(const Grid& grid, const GridLayout& layout, GridPaper& paper) {
-  Session& s = session();
-  int page = 0;
+void layGrid(const GridOutput& out, const GridLayout& layout, GridPaper& paper) {
+  int page = 0, lines = 0;  // on it
   double y = 0;
   const auto newPage = [&] {
-    s.mpageno = numText(++page);
-    s.mlinecount = 1;
-    y = paper.startPage(page) - kFirst;
+    lines = 0;
+    y = paper.startPage(++page) - kFirst;
   };
   newPage();
-  for (size_t i = 0; i < grid.count(); ++i) {
-    row(grid, layout, paper, i, y);
+  for (size_t i = 0; i < out.count(); ++i) {
+    row(*out.rows, layout, paper, i, y);
     y -= kPitch;
     if (layout.ruled) rules(layout, paper, y + kRuleAbove, y + kEdgeTop);
-    s.mlinecount += 1;
-    if (s.mlinecount <= layout.rows) continue;
+    if (++lines < layout.rows) continue;
     paper.endPage();
     newPage();
   }

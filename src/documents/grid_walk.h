@@ -14,7 +14,6 @@ struct GridText {
   bool right = false;   // x is its right end
   bool narrow = false;  // was too long for its column
   bool bold = false;
-  size_t column = 0;  // of the grid
 };
 
 class GridPaper {
@@ -30,8 +29,7 @@ class GridPaper {
 };
 
 // The row of the columns' titles between two rules.
-void layTitles(const Grid& grid, const GridLayout& layout, GridPaper& paper, double y);
+void layTitles(const GridOutput& out, const GridLayout& layout, GridPaper& paper, double y);
 
-// All pages. A page that its last row fills is followed by another. The session has the running
-// mlinecount and mpageno.
-void layGrid(const Grid& grid, const GridLayout& layout, GridPaper& paper);
+// All pages. A page that its last row fills is followed by another.
+void layGrid(const GridOutput& out, const GridLayout& layout, GridPaper& paper);

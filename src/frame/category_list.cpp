@@ -14,9 +14,9 @@ fs::path writeCategoryList(Database& db, const fs::path& program) {
   auto rows = db.query("select dept_cd as CODE, dept_name as NAME from deptment");
   for (const char* heading : {english("CODE"), english("NAME")})
     list.columns.push_back({.heading = words(heading)});
-  list.next = [&](std::vector<workbook::Value>& row) {
+  list.next = [&](std::vector<workbook::ListCell>& row) {
     if (!rows.next()) return false;
-    row = {rows.text(0), rows.text(1)};
+    row = {{rows.text(0)}, {rows.text(1)}};
     return true;
   };
 

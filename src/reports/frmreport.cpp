@@ -5,8 +5,8 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "frame/lookup.h"
+#include "frame/session.h"
 #include "reports/report_layout.h"
-#include "reports/report_output.h"
 #include "reports/report_voucher.h"
 #include "reports/reports.h"
 
@@ -82,6 +82,7 @@ frmreport::frmreport(Host& theHost) : PeriodScreen(theHost, table()) {
                              {"cmdprint",   On::Click,       &frmreport::print   },
                              {"cmdprint",   KeyCode::F2,     &frmreport::preview },
                              {"cmdPrtToXl", On::Click,       &frmreport::excel   },
+                             {"cmdPrtToXl", KeyCode::F2,     &frmreport::nextFile},
                              {"Cmdpdf",     On::Click,       &frmreport::pdf     },
                              {"cmdclose",   On::Click,       &frmreport::close   },
                              {"Cmdvideo",   On::Click,       &frmreport::video   },
@@ -97,7 +98,6 @@ void frmreport::opened(const Opening& opening) {
   const Session& s = session();
   key_ = opening.reportKey;
   report_ = reportByKey(key_);
-  publishLayout(session(), {});
   const Date last = host.today() > s.menddt ? s.menddt : host.today();
   set(at("MaskEdBox1", 0), formatDate(s.mstartdt, "dd/MM/yyyy"));
   set(at("MaskEdBox1", 1), formatDate(last, "dd/MM/yyyy"));
@@ -189,7 +189,6 @@ void frmreport::build() {
                  plan_.refusal.empty() ? Host::kTitle : kMessageTitle);
     return;
   }
-  publishLayout(session(), plan_.columns);
   if (asks(ReportQuestion::When::WithRows)) chooseFill();
   fill();
 }
@@ -203,7 +202,6 @@ void frmreport::clear() {
   at("Grid1").visible = at("Chart1").visible = false;
   set(at("Label1", 7), "");
   set(at("Label1", 8), "");
-  publishLayout(session(), {});
 }
 
 void frmreport::showPhone() {
@@ -267,7 +265,6 @@ void frmreport::fill() {
     clear();
     throw;
   }
-  session().mcoltotal = shown_->totals();
   const ReportLayout layout = layoutOf(*shown_);
   grid.grid.columns = layout.columns;
   shown_->totalSize = layout.totalSize;
@@ -291,6 +288,8 @@ std::optional<VoucherKey> frmreport::currentVoucher() const {
 }
 
 std::string frmreport::hintFor(const Control& control) const {
+  if (control.family == "cmdPrtToXl" && report_ && report_->exports.size() > 1)
+    return std::string("Press Enter To View In Excel :: F2 = ") + report_->exports[1]->name;
   if (control.kind != Kind::Grid) return ChildScreen::hintFor(control);
   const auto voucher = currentVoucher();
   std::string hint = voucher ? "Press Enter To Open " + voucher->book + " " + numText(voucher->number)
@@ -325,11 +324,22 @@ void frmreport::openRow() {
 
 // Output
 
-void frmreport::handOver(OutputTarget target) {
+void frmreport::exportTo(size_t file) {
+  if (report_ && file < report_->exports.size()) handOver(*report_->exports[file]);
+}
+
+void frmreport::handOver(const GridTarget& target) {
   const auto period = checkedPeriod();
-  if (!period) return;
-  sendGrid(host, target, at("Grid1").grid,
-           reportOutput(session(), key_, target, caption, period->from, period->to));
+  if (!period || !shown_) return;
+  const auto between = [&](const char* from, const char* to, const char* pattern) {
+    return from + formatDate(period->from, pattern) + to + formatDate(period->to, pattern);
+  };
+  target.send(host, {.caption = caption,
+                     .period = target.onPaper ? between("FROM ", " TO ", "dd/MM/yyyy")
+                                              : between("From : ", " To : ", "dd/MMM/yyyy"),
+                     .columns = shown_->outputColumns(),
+                     .rows = shown_,
+                     .key = key_});
 }
 
 void frmreport::video() { openTutorial(host, links().*(report_ ? report_->video : &Links::reportVideo)); }

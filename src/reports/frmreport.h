@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "reports/ledger_output.h"
+#include "reports/ledger_columns.h"
 #include "reports/period_screen.h"
 #include "reports/report_rows.h"
 
@@ -46,11 +46,13 @@ class frmreport : public PeriodScreen {
   void drawPicture();
   std::optional<VoucherKey> currentVoucher() const;
 
-  void print() { handOver(OutputTarget::Printer); }
-  void preview() { handOver(OutputTarget::Preview); }
-  void excel() { handOver(OutputTarget::Excel); }
-  void pdf() { handOver(OutputTarget::Pdf); }
-  void handOver(OutputTarget target);
+  void print() { handOver(kToPrinter); }
+  void preview() { handOver(kToPreview); }
+  void pdf() { handOver(kToPdf); }
+  void excel() { exportTo(0); }
+  void nextFile() { exportTo(1); }
+  void exportTo(size_t file);
+  void handOver(const GridTarget& target);
   void video();
   void escape();
   void close() { host.close(*this); }

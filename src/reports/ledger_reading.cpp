@@ -15,8 +15,8 @@ double groupOf(Database& db, const std::string& account) {
   return db.number("SELECT GROUP_CD FROM ACCOUNT WHERE ACC_CD = ?", account);
 }
 
-Opening readOpening(Database& db, const StatementQuery& q, const std::optional<Date>& since) {
-  Opening opening;
+OpeningBalance readOpening(Database& db, const StatementQuery& q, const std::optional<Date>& since) {
+  OpeningBalance opening;
   const double stored = db.number("SELECT OP_BAL FROM ACCOUNT WHERE ACC_CD = ?", q.account);
   (stored < 0 ? opening.credit : opening.debit) = stored < 0 ? -stored : stored;
   auto rows = db.query(
@@ -74,6 +74,14 @@ std::string money(double amount) { return Format(amount, "0.00"); }
 
 std::string shownNumber(const VoucherKey& voucher) { return numText(voucher.number); }
 
-Cell narrationCell(const std::string& text) {
-  return {.text = text, .fontSize = kNarrationSize, .align = Align::Left};
+void writeNarrationText(Cell& cell, const std::string& text) {
+  cell.text = text;
+  cell.fontSize = kNarrationSize;
+  cell.align = Align::Left;
+}
+
+StatementRow emptyRow(std::string_view key) {
+  StatementRow row;
+  for (const LedgerColumn& column : ledgerColumns(key)) row.cells.emplace_back().type = column.type;
+  return row;
 }

@@ -2,8 +2,10 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "reports/ledger_columns.h"
 #include "reports/statement.h"
 
 // What both forms of a statement read, and how they write a narration.
@@ -17,12 +19,12 @@ struct LedgerEntry {
 };
 
 // Everything before the period: the opening balance and the ledger rows, each on its side.
-struct Opening {
+struct OpeningBalance {
   double debit = 0, credit = 0;
 };
 
 // With `since`, rows before that date do not count.
-Opening readOpening(Database& db, const StatementQuery& query, const std::optional<Date>& since);
+OpeningBalance readOpening(Database& db, const StatementQuery& query, const std::optional<Date>& since);
 double groupOf(Database& db, const std::string& account);
 
 // The entries of the period by date, a date's debits before its credits, and number.
@@ -35,4 +37,7 @@ std::vector<std::string> narrationLines(const std::string& narration);
 
 std::string money(double amount);  // "0.00"
 std::string shownNumber(const VoucherKey& voucher);
-Cell narrationCell(const std::string& text);
+void writeNarrationText(Cell& cell, const std::string& text);
+
+// A row whose cells are of the ledger's types.
+StatementRow emptyRow(std::string_view key);

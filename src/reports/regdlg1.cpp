@@ -7,15 +7,19 @@
 #include "base/text.h"
 #include "frame/lookup.h"
 #include "frame/menu.h"
+#include "frame/session.h"
 #include "reports/report_voucher.h"
 
 // A statement in the grid.
-class StatementRows : public RowSource {
+class StatementRows : public TypedRows {
  public:
   explicit StatementRows(std::vector<StatementRow> statement) : rows(std::move(statement)) {}
   size_t count() const override { return rows.size(); }
   Cell cell(size_t row, size_t column) const override {
-    return column < rows[row].cells.size() ? rows[row].cells[column] : Cell{};
+    return column < rows[row].cells.size() ? Cell(rows[row].cells[column]) : Cell{};
+  }
+  ColumnType type(size_t row, size_t column) const override {
+    return column < rows[row].cells.size() ? rows[row].cells[column].type : ColumnType::Text;
   }
   const std::vector<StatementRow> rows;
 };
@@ -25,35 +29,9 @@ namespace {
 constexpr const char* kConfirm = "Mirav Confirmation Message";
 constexpr int kShortcuts = 8;
 
-// clang-format off
-const std::vector<GridColumn> kRunning = {
-    {.title = "V.No.",       .width = px(62),  .align = Align::Right},
-    {.title = "Date",        .width = px(96)},
-    {.title = "Ref No.",     .width = px(110)},
-    {.title = "Bk.",         .width = px(50)},
-    {.title = "Particulars", .width = part(1)},
-    {.title = "Debit",       .width = px(124), .align = Align::Right, .money = true},
-    {.title = "Credit",      .width = px(124), .align = Align::Right, .money = true},
-    {.title = "Balance",     .width = px(124), .align = Align::Right, .money = true},
-    {.title = "Crdr",        .width = px(56)},
-};
-const std::vector<GridColumn> kTwoSided = {
-    {.title = "NO.",         .width = px(62),  .align = Align::Right},
-    {.title = "",            .width = px(44)},
-    {.title = "DATE",        .width = px(88)},
-    {.title = "PARTICULARS", .width = part(1)},
-    {.title = "Cr",          .width = px(116), .align = Align::Right, .money = true},
-    {.title = "NO.",         .width = px(62),  .align = Align::Right},
-    {.title = "",            .width = px(44)},
-    {.title = "DATE",        .width = px(88)},
-    {.title = "PARTICULARS", .width = part(1)},
-    {.title = "Dr",          .width = px(116), .align = Align::Right, .money = true},
-};
-
 // The entry of the shell's menu behind a shortcut where there is one.
 constexpr const char* kShortcutCommands[kShortcuts] = {"SALE", "CH"};
 constexpr int kExitShortcut = 7;
-// clang-format on
 
 }  // namespace
 
@@ -84,6 +62,7 @@ regdlg1::regdlg1(Host& theHost) : PeriodScreen(theHost, table()) {
                            {"cmdprint",   On::Click,       &regdlg1::print      },
                            {"cmdprint",   KeyCode::F2,     &regdlg1::preview    },
                            {"cmdexcel",   On::Click,       &regdlg1::excel      },
+                           {"cmdexcel",   KeyCode::F2,     &regdlg1::csv        },
                            {"cmdpdf",     On::Click,       &regdlg1::pdf        },
                            {"cmdclose",   On::Click,       &regdlg1::close      },
                            {"Cmdvideo",   On::Click,       &regdlg1::video      },
@@ -97,8 +76,7 @@ void regdlg1::opened(const Opening& opening) {
   ChildScreen::opened(opening);
   const Session& s = session();
   key_ = opening.reportKey;
-  at("Grid1").grid.columns = isT() ? kTwoSided : kRunning;
-  publishColumns(session(), key_);
+  at("Grid1").grid.columns = screenColumns(key_);
   const Date last = host.today() < s.menddt ? host.today() : s.menddt;
   set(at("MaskEdBox1", 0), formatDate(s.mstartdt, "dd/MM/yyyy"));
   set(at("MaskEdBox1", 1), formatDate(last, "dd/MM/yyyy"));
@@ -205,7 +183,6 @@ void regdlg1::showStatement() {
   const auto period = checkedPeriod();
   if (!period) return;
   Session& s = session();
-  publishColumns(s, key_);
   const StatementQuery query{
       .account = trim(at("Text1").text),
       .from = period->from,
@@ -271,14 +248,13 @@ void regdlg1::enter(int pressed) {
 
 // Output
 
-void regdlg1::handOver(OutputTarget target) {
+void regdlg1::handOver(const GridTarget& target) {
   const auto period = checkedPeriod();
   if (!period) return;
   set(at("Label10"), "");
-  const bool asks = !isT() && target != OutputTarget::Excel;
+  const bool asks = !isT() && (target.onPaper || &target == &kToPdf);
   const bool without = asks && host.ask("Without Voucher No.", kConfirm);
-  sendGrid(host, target, at("Grid1").grid,
-           ledgerOutput(session(), key_, target, caption, period->from, period->to, without));
+  target.send(host, ledgerOutput(key_, shown_, target, {caption, period->from, period->to}, without));
 }
 
 void regdlg1::video() { openTutorial(host, isT() ? links().tLedgerVideo : links().ledgerVideo); }

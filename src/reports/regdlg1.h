@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "reports/ledger_output.h"
+#include "reports/ledger_columns.h"
 #include "reports/period_screen.h"
 #include "reports/statement.h"
 
@@ -46,11 +46,12 @@ class regdlg1 : public PeriodScreen {
   Go showLetter() { return at("cmdshow").enabled ? Go::On : Go::Stay; }
   Go printLetter() { return at("cmdprint").enabled ? Go::On : Go::Stay; }
 
-  void print() { handOver(OutputTarget::Printer); }
-  void preview() { handOver(OutputTarget::Preview); }
-  void excel() { handOver(OutputTarget::Excel); }
-  void pdf() { handOver(OutputTarget::Pdf); }
-  void handOver(OutputTarget target);
+  void print() { handOver(kToPrinter); }
+  void preview() { handOver(kToPreview); }
+  void excel() { handOver(kToWorkbook); }
+  void csv() { handOver(kToCsv); }
+  void pdf() { handOver(kToPdf); }
+  void handOver(const GridTarget& target);
   void video();
   void escape();
   void close() { host.close(*this); }

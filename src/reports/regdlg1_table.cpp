@@ -37,7 +37,7 @@ const ScreenSpec& regdlg1::table() {
           {.name = "Grid1",      .kind = Kind::Grid, .at = {.group = "grid"}, .tab = 5, .visible = false},
 
           {.name = "cmdprint",   .kind = Kind::Button, .label = "&Print", .at = {.group = "buttons"}, .tab = 14, .enabled = false, .hint = "Press Enter To Print :: F2 = Preview"},
-          {.name = "cmdexcel",   .kind = Kind::Button, .label = "&Excel", .at = {.group = "buttons"}, .tab = 15},
+          {.name = "cmdexcel",   .kind = Kind::Button, .label = "&Excel", .at = {.group = "buttons"}, .tab = 15, .hint = "Press Enter To View In Excel :: F2 = Csv File"},
           {.name = "cmdpdf",     .kind = Kind::Button, .label = "P&df",   .at = {.group = "buttons"}, .tab = 16},
           {.name = "cmdmail",    .kind = Kind::Button, .label = "&Mail",  .at = {.group = "buttons"}, .visible = false},
           {.name = "Cmdwapp",    .kind = Kind::Button, .label = "&W-App", .at = {.group = "buttons"}, .visible = false},

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "base/date.h"
+#include "documents/grid_output.h"
 #include "frame/links.h"
 #include "platform/chart.h"
-#include "platform/grid.h"
 #include "store/database.h"
 
 // One report of the report screen: what stands in the screen before it is shown, and a plan of what
@@ -51,9 +51,8 @@ class ReportReading {
  public:
   virtual ~ReportReading() = default;
   virtual const ColumnNames& names() const = 0;
-  virtual bool isDate(int column) const = 0;  // texts are yyyy-MM-dd
   virtual bool next() = 0;
-  virtual std::string text(int column) const = 0;
+  virtual std::string text(int column) const = 0;  // dates as yyyy-MM-dd
 };
 
 // The condition of a report: its parts are joined by AND, each with one "?" for its value.
@@ -82,12 +81,13 @@ class Condition {
 
 // Column i shows column i of the result; columns of the result beyond the layout are only read.
 struct ReportColumn {
-  std::string heading;       // empty: the result's own name
-  double twips = 0;          // 0: not shown
-  bool money = false;        // mcolnum: "0.00" and summed in the total row
-  bool detailMoney = false;  // mcolsub: "0.00" in detail rows
-  bool figure = false;       // a number that is not summed: stands to the right on the screen
-  double pixels = 0;         // least width on the screen, where the twips would cut its texts
+  std::string heading;  // empty: the result's own name
+  double twips = 0;     // 0: not shown
+  ColumnType type = ColumnType::Text;
+  bool summed = false;  // in the total row; main rows over details have it as "0.00"
+  // What detail rows have here, figures then as "0.00". None: the same, as it comes.
+  std::optional<ColumnType> detail = {};
+  double pixels = 0;  // least width on the screen, where the twips would cut its texts
 };
 
 // Detail rows under a main row. They are read when they come into view, so their count must be
@@ -111,8 +111,8 @@ struct ReportPlan {
   std::vector<ReportColumn> columns;
   Statement rows;
   std::function<std::unique_ptr<ReportReading>(Database&)> reading;  // in place of `rows`
-  // With details the rows are written one by one: money as "0.00", dates as dd/MM/yyyy, a blank row
-  // under a row without details. Without, fields stand as they come, dates as dd/MMM/yyyy.
+  // With details dates stand as dd/MM/yyyy, and a blank row under a row without details. Without,
+  // fields stand as they come, dates as dd/MMM/yyyy.
   std::optional<ReportDetails> details;
   std::optional<ReportVoucher> voucher;        // of the main row, and so of its details
   std::optional<ReportVoucher> detailVoucher;  // of a detail row of its own: columns of the details
@@ -138,6 +138,8 @@ struct Report {
   std::string (*toDate)(std::string_view from) = nullptr;
   std::optional<ReportQuestion> question = {};
   std::string Links::*video = &Links::reportVideo;
+  // Files that the shown rows go into: the first by the Excel button, the second by F2 on it.
+  std::vector<const GridTarget*> exports = {&kToWorkbook, &kToCsv};
   // Drawn beside the shown rows on F9.
   Chart (*chart)(Database& db, const RowSource& rows) = nullptr;
   // Raises DatabaseError.

@@ -41,7 +41,6 @@ class GstReading : public ReportReading {
   GstReading(Database& db, const GstQuery& query) : statement_(db, query) {}
 
   const ColumnNames& names() const override { return names_; }
-  bool isDate(int column) const override { return column == kDate; }
   bool next() override { return statement_.next(); }
 
   std::string text(int column) const override {
@@ -97,21 +96,21 @@ ReportPlan planOf(Dealers dealers, const ReportQuery& q) {
   // clang-format off
   plan.columns = {
       {.heading = "Inv No.",     .twips = 800},
-      {.heading = "Date",        .twips = 1200},
+      {.heading = "Date",        .twips = 1200, .type = ColumnType::Date},
       {.heading = "Party Name",  .twips = 2700},
       {.heading = "GSTIN No",    .twips = 1400, .pixels = 158},
       {.heading = "State",       .twips = 1400},
-      {.heading = "Taxable Val", .twips = 1100, .money = true},
-      {.heading = "I-Rt",        .twips = 600,  .figure = true},
-      {.heading = "I-Amt",       .twips = 1000, .money = true},
-      {.heading = "C-Rt",        .twips = 600,  .figure = true},
-      {.heading = "C-Amt",       .twips = 1000, .money = true},
-      {.heading = "S-Rt",        .twips = 600,  .figure = true},
-      {.heading = "S-Amt",       .twips = 1000, .money = true},
-      {.heading = "Inv Val",     .twips = 1200, .money = true},
+      {.heading = "Taxable Val", .twips = 1100, .type = ColumnType::Money, .summed = true},
+      {.heading = "I-Rt",        .twips = 600,  .type = ColumnType::Rate},
+      {.heading = "I-Amt",       .twips = 1000, .type = ColumnType::Money, .summed = true},
+      {.heading = "C-Rt",        .twips = 600,  .type = ColumnType::Rate},
+      {.heading = "C-Amt",       .twips = 1000, .type = ColumnType::Money, .summed = true},
+      {.heading = "S-Rt",        .twips = 600,  .type = ColumnType::Rate},
+      {.heading = "S-Amt",       .twips = 1000, .type = ColumnType::Money, .summed = true},
+      {.heading = "Inv Val",     .twips = 1200, .type = ColumnType::Money, .summed = true},
       // The bill that was returned: for statements of returns.
       {.heading = "O.B.No",      .twips = 0},
-      {.heading = "O.B.Dt",      .twips = 0},
+      {.heading = "O.B.Dt",      .twips = 0, .type = ColumnType::Date},
   };
   // clang-format on
   plan.voucher = {.book = "BOOK_CD", .number = "VOUCH_NO"};

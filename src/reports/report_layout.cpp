@@ -15,9 +15,9 @@ constexpr double kName = 180;           // pixels that such a text should have
 constexpr double kLetter = 8.8, kDigit = 8.5, kSign = 4, kInsets = 16;
 constexpr double kPlainSize = 11, kSmallSize = 9;  // points
 
-bool isFigure(const ReportColumn& column) { return column.money || column.detailMoney || column.figure; }
+bool ofFigures(const ReportColumn& column) { return isFigure(column.type); }
 
-bool stretches(const ReportColumn& column) { return !isFigure(column) && column.twips >= kStretches; }
+bool stretches(const ReportColumn& column) { return !ofFigures(column) && column.twips >= kStretches; }
 
 // A total as the painter groups it.
 double widthOf(const std::string& total, double size) {
@@ -58,8 +58,8 @@ ReportLayout layoutOf(const ReportRows& rows) {
     layout.columns.push_back({
         .title = c.heading,
         .width = stretches(c) ? part(c.twips) : px(widths[i]),
-        .align = isFigure(c) ? Align::Right : Align::Left,
-        .money = isFigure(c),
+        .align = ofFigures(c) ? Align::Right : Align::Left,
+        .money = ofFigures(c),
     });
   }
   return layout;

@@ -52,7 +52,7 @@ ReportPlan planCategories(Database&, const ReportQuery&) {
       {.heading = "Name",        .twips = 2500},
       {.heading = "HSN",         .twips = 1400},
       {.heading = "Description", .twips = 2500},
-      {.heading = "Tax Rt",      .twips = 1000, .figure = true},
+      {.heading = "Tax Rt",      .twips = 1000, .type = ColumnType::Rate},
       {.heading = "Cess"},
       {.heading = "Stk-Cnt"},
   };
@@ -80,9 +80,9 @@ void planContinuous(ReportPlan& plan, const ReportQuery& q) {
       {.heading = "Catg",   .twips = 1700},
       {.heading = "Unit",   .twips = 900},
       {.heading = "Hsn",    .twips = 1000},
-      {.heading = "Tax-Rt", .twips = 800,  .figure = true},
-      {.heading = "S-Rate", .twips = 1000, .figure = true},
-      {.heading = "Disc",   .twips = 800,  .figure = true},
+      {.heading = "Tax-Rt", .twips = 800,  .type = ColumnType::Rate},
+      {.heading = "S-Rate", .twips = 1000, .type = ColumnType::Money},
+      {.heading = "Disc",   .twips = 800,  .type = ColumnType::Rate},
   };
   // clang-format on
 }
@@ -111,8 +111,8 @@ void planByCategory(ReportPlan& plan, const ReportQuery& q) {
       {.heading = "Code",        .twips = 1000},
       {.heading = "Unit",        .twips = 1000},
       {.heading = "HSN",         .twips = 1000},
-      {.heading = "Rate",        .twips = 1000, .figure = true},
-      {.heading = "Disc",        .twips = 1000, .figure = true},
+      {.heading = "Rate",        .twips = 1000, .type = ColumnType::Money},
+      {.heading = "Disc",        .twips = 1000, .type = ColumnType::Rate},
   };
   // clang-format on
 }
@@ -142,8 +142,8 @@ ReportPlan planClosingBalances(Database& db, const ReportQuery& q) {
   plan.columns = {
       {.heading = "Code",   .twips = 1100},
       {.heading = "Name",   .twips = 3000},
-      {.heading = "Dr",     .twips = 1200, .money = true},
-      {.heading = "Cr",     .twips = 1200, .money = true},
+      {.heading = "Dr",     .twips = 1200, .type = ColumnType::Money, .summed = true},
+      {.heading = "Cr",     .twips = 1200, .type = ColumnType::Money, .summed = true},
       {.heading = "City",   .twips = 1500},
       {.heading = "Phone1", .twips = 1400},
   };

@@ -24,7 +24,6 @@ class Parties : public ReportReading {
         {"ACC_NAME", "AREA", "Bills", "Paid", "Balance", "PHONE1", "CITY", "ACC_CD", "OPEN_BILLS"});
     return names;
   }
-  bool isDate(int) const override { return false; }
 
   bool next() override {
     while (customers_.next())
@@ -71,15 +70,15 @@ ReportPlan planOutstanding(Database& db, const ReportQuery& q) {
   plan.reading = [q](Database& itsDb) { return std::make_unique<Parties>(itsDb, q); };
   plan.details = ReportDetails{.rows = {kBills}, .keys = {"ACC_CD"}, .count = "OPEN_BILLS"};
   plan.detailVoucher = {.book = "BOOK_CD", .number = "VOUCH_NO"};
-  // The main row's area stands under B.No., its phone under Days / Mob.
+  // The main row's area stands under B.No., its phone under Days / Mob; bills have their date under Party.
   // clang-format off
   plan.columns = {
-      {.heading = "Party",      .twips = 2400},
+      {.heading = "Party",      .twips = 2400, .detail = ColumnType::Date},
       {.heading = "B.No.",      .twips = 900,  .pixels = 200},
-      {.heading = "Bills",      .twips = 1200, .money = true, .detailMoney = true},
-      {.heading = "Paid",       .twips = 1200, .money = true, .detailMoney = true},
-      {.heading = "Balance",    .twips = 1200, .money = true, .detailMoney = true},
-      {.heading = "Days / Mob", .twips = 1400},
+      {.heading = "Bills",      .twips = 1200, .type = ColumnType::Money, .summed = true, .detail = ColumnType::Money},
+      {.heading = "Paid",       .twips = 1200, .type = ColumnType::Money, .summed = true, .detail = ColumnType::Money},
+      {.heading = "Balance",    .twips = 1200, .type = ColumnType::Money, .summed = true, .detail = ColumnType::Money},
+      {.heading = "Days / Mob", .twips = 1400, .detail = ColumnType::Count},
   };
   // clang-format on
   return plan;

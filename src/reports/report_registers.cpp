@@ -27,15 +27,15 @@ ReportPlan planQuotations(Database&, const ReportQuery& q) {
       {quotationKind().book()}};
   // clang-format off
   plan.columns = {
-      {.heading = "No",           .twips = 600},
-      {.heading = "Date",         .twips = 1200},
+      {.heading = "No",           .twips = 600,  .type = ColumnType::Count},
+      {.heading = "Date",         .twips = 1200, .type = ColumnType::Date},
       {.heading = "Party / Item", .twips = 2400},
-      {.heading = "Qty",          .twips = 900,  .money = true, .detailMoney = true},
-      {.heading = "I-Amt",        .twips = 900,  .money = true, .detailMoney = true},
-      {.heading = "C/I GST",      .twips = 1000, .money = true, .detailMoney = true},
-      {.heading = "SGST",         .twips = 1000, .money = true, .detailMoney = true},
-      {.heading = "IGST",         .twips = 1000, .money = true, .detailMoney = true},
-      {.heading = "N-AMT",        .twips = 1200, .money = true, .detailMoney = true},
+      {.heading = "Qty",          .twips = 900,  .type = ColumnType::Quantity, .summed = true, .detail = ColumnType::Quantity},
+      {.heading = "I-Amt",        .twips = 900,  .type = ColumnType::Money, .summed = true, .detail = ColumnType::Money},
+      {.heading = "C/I GST",      .twips = 1000, .type = ColumnType::Money, .summed = true, .detail = ColumnType::Money},
+      {.heading = "SGST",         .twips = 1000, .type = ColumnType::Money, .summed = true, .detail = ColumnType::Money},
+      {.heading = "IGST",         .twips = 1000, .type = ColumnType::Money, .summed = true, .detail = ColumnType::Money},
+      {.heading = "N-AMT",        .twips = 1200, .type = ColumnType::Money, .summed = true, .detail = ColumnType::Money},
   };
   // clang-format on
   plan.voucher = {.book = "BOOK", .number = "VOUCH_NO"};
@@ -67,14 +67,14 @@ ReportPlan planChallans(Database&, const ReportQuery& q) {
       " FROM CHLN LEFT JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD ORDER BY CHLN.VOUCH_NO, CHLN.BOOK_CD";
   // clang-format off
   plan.columns = {
-      {.heading = "No",           .twips = 600},
-      {.heading = "Date",         .twips = 1200},
+      {.heading = "No",           .twips = 600,  .type = ColumnType::Count},
+      {.heading = "Date",         .twips = 1200, .type = ColumnType::Date},
       {.heading = "Party / Item", .twips = 2600},
-      {.heading = "Qty",          .twips = 900,  .money = true, .detailMoney = true},
-      {.heading = "Amt",          .twips = 900,  .money = true},
-      {.heading = "C/I GST",      .twips = 900,  .money = true},
-      {.heading = "SGST",         .twips = 900,  .money = true},
-      {.heading = "N-Amt",        .twips = 1200, .money = true},
+      {.heading = "Qty",          .twips = 900,  .type = ColumnType::Quantity, .summed = true, .detail = ColumnType::Quantity},
+      {.heading = "Amt",          .twips = 900,  .type = ColumnType::Money, .summed = true},
+      {.heading = "C/I GST",      .twips = 900,  .type = ColumnType::Money, .summed = true},
+      {.heading = "SGST",         .twips = 900,  .type = ColumnType::Money, .summed = true},
+      {.heading = "N-Amt",        .twips = 1200, .type = ColumnType::Money, .summed = true},
   };
   // clang-format on
   plan.voucher = {.book = "BOOK_CD", .number = "VOUCH_NO"};
@@ -108,10 +108,10 @@ ReportPlan planReceipts(Database&, const ReportQuery& q) {
       c.valuesAfter(receiptKind().code)};
   // clang-format off
   plan.columns = {
-      {.heading = "No.",     .twips = 600},
-      {.heading = "Date",    .twips = 1200},
+      {.heading = "No.",     .twips = 600,  .type = ColumnType::Count},
+      {.heading = "Date",    .twips = 1200, .type = ColumnType::Date},
       {.heading = "Party",   .twips = 2600},
-      {.heading = "Amount",  .twips = 1200, .money = true},
+      {.heading = "Amount",  .twips = 1200, .type = ColumnType::Money, .summed = true},
       {.heading = "Remarks", .twips = 1500},
   };
   // clang-format on

@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr size_t kMostColumns = 15;
 constexpr size_t kRecent = 64;  // main rows whose details are kept: more than stand in view
 constexpr const char *kShortDate = "dd/MMM/yyyy", *kDetailDate = "dd/MM/yyyy";
 constexpr const char* kMoney = "0.00";
@@ -16,7 +15,7 @@ constexpr size_t kExactDigits = 15;
 
 // Up to the last one that has a width.
 size_t shownColumns(const std::vector<ReportColumn>& columns) {
-  size_t count = std::min(columns.size(), kMostColumns);
+  size_t count = columns.size();
   while (count > 0 && columns[count - 1].twips <= 0) --count;
   return count;
 }
@@ -39,14 +38,18 @@ std::string asMoney(const std::string& text) {
   return text.empty() || isMoney(text) ? text : Format(Val(text), kMoney);
 }
 
-bool isDateColumn(const Rows& rows, int column) { return rows.declaredType(column) == "DATE"; }
+ColumnType detailType(const ReportColumn& column) { return column.detail.value_or(column.type); }
+
+std::string detailShown(const ReportColumn& column, const std::string& text) {
+  if (detailType(column) == ColumnType::Date) return asDate(text, kDetailDate);
+  return column.detail && isFigure(*column.detail) ? asMoney(text) : text;
+}
 
 class StatementReading : public ReportReading {
  public:
   StatementReading(Database& db, const Statement& statement)
       : rows_(db.query(statement.text, statement.values)) {}
   const ColumnNames& names() const override { return rows_.names(); }
-  bool isDate(int column) const override { return isDateColumn(rows_, column); }
   bool next() override { return rows_.next(); }
   std::string text(int column) const override { return rows_.text(column); }
 
@@ -65,14 +68,14 @@ ReportRows::ReportRows(Database& db, const ReportPlan& plan, Colours colours)
       plan_(plan),
       colours_(colours),
       reading_(readingOf(db, plan)),
-      columns_(plan.columns.begin(), plan.columns.begin() + shownColumns(plan.columns)) {
+      columns_(plan.columns.begin(), plan.columns.begin() + shownColumns(plan.columns)),
+      totals_(columns_.size()) {
   const ColumnNames& names = reading_->names();
   for (size_t i = 0; i < columns_.size(); ++i) {
     const int column = static_cast<int>(i);
     kept_.push_back(column);
-    isDate_.push_back(reading_->isDate(column));
     if (columns_[i].heading.empty()) columns_[i].heading = names.at(column);
-    summed_ = summed_ || columns_[i].money;
+    summed_ = summed_ || columns_[i].summed;
   }
   if (plan_.details)
     for (const std::string& key : plan_.details->keys) keyPlaces_.push_back(placeOf(key));
@@ -87,7 +90,7 @@ ReportRows::ReportRows(Database& db, const ReportPlan& plan, Colours colours)
 size_t ReportRows::placeOf(const std::string& column) {
   const int index = reading_->names().index(column);
   for (size_t at = 0; at < kept_.size(); ++at) {
-    const bool changed = at < columns_.size() && (columns_[at].money || isDate_[at]);
+    const bool changed = at < columns_.size() && (columns_[at].summed || isDate(at));
     if (kept_[at] == index && !changed) return at;
   }
   kept_.push_back(index);
@@ -123,8 +126,8 @@ void ReportRows::keep(const ReportReading& rows) {
 
 void ReportRows::keepCell(const ReportReading& rows, size_t column) {
   std::string shown = rows.text(static_cast<int>(column));
-  if (isDate_[column]) shown = dateShown(shown);
-  if (columns_[column].money) {
+  if (isDate(column)) shown = dateShown(shown);
+  if (columns_[column].summed) {
     if (plan_.details) shown = asMoney(shown);
     if (!shown.empty()) totals_[column] = Round(totals_[column] + Val(shown), 2);
   }
@@ -144,15 +147,11 @@ ReportRows::Details ReportRows::readDetails(size_t main) const {
   std::vector<Value> values = plan_.details->rows.values;
   for (std::string& key : keysOf(main)) values.emplace_back(std::move(key));
   auto rows = db_.query(plan_.details->rows.text, values);
-  std::vector<bool> isDate;
-  for (int i = 0; i < rows.count() && isDate.size() < columns_.size(); ++i)
-    isDate.push_back(isDateColumn(rows, i));
+  const size_t columns = std::min(static_cast<size_t>(rows.count()), columns_.size());
   while (rows.next()) {
     std::vector<std::string>& cells = found.rows.emplace_back();
-    for (size_t i = 0; i < isDate.size(); ++i) {
-      const std::string text = rows.text(static_cast<int>(i));
-      cells.push_back(columns_[i].detailMoney ? asMoney(text) : isDate[i] ? asDate(text, kDetailDate) : text);
-    }
+    for (size_t i = 0; i < columns; ++i)
+      cells.push_back(detailShown(columns_[i], rows.text(static_cast<int>(i))));
     auto& voucher = found.vouchers.emplace_back();
     if (const auto& told = plan_.detailVoucher)
       voucher = VoucherKey{.book = rows.text(told->book), .number = rows.number(told->number)};
@@ -202,8 +201,21 @@ Cell ReportRows::cell(size_t row, size_t column) const {
   return {.text = column < cells.size() ? cells[column] : "", .back = colours_.detail};
 }
 
+ColumnType ReportRows::type(size_t row, size_t column) const {
+  if (column >= columns_.size()) return ColumnType::Text;
+  const bool detail = row < size_ && spot(row).detail > 0;
+  return detail ? detailType(columns_[column]) : columns_[column].type;
+}
+
+std::vector<TypedColumn> ReportRows::outputColumns() const {
+  std::vector<TypedColumn> columns;
+  for (const ReportColumn& c : columns_)
+    columns.push_back({.heading = c.heading, .twips = c.twips, .type = c.type, .right = c.summed});
+  return columns;
+}
+
 std::string ReportRows::total(size_t column) const {
-  return columns_[column].money ? Format(totals_[column], kMoney) : std::string();
+  return columns_[column].summed ? Format(totals_[column], kMoney) : std::string();
 }
 
 // What stands behind a row

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <deque>
 #include <memory>
@@ -9,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/grid.h"
+#include "documents/typed_rows.h"
 #include "reports/report.h"
 #include "reports/statement.h"
 
@@ -17,7 +16,7 @@
 // been read and a column is summed, the total row. Main rows are kept in one compact text, details
 // are read as they come into view, so that a register of 100,000 bills with all their lines opens
 // at once. What cannot be read any more stays blank.
-class ReportRows : public RowSource {
+class ReportRows : public TypedRows {
  public:
   struct Colours {
     Bgr total = kNoColour, detail = kNoColour;
@@ -31,13 +30,14 @@ class ReportRows : public RowSource {
 
   size_t count() const override { return size_ + (totalled_ ? 1 : 0); }
   Cell cell(size_t row, size_t column) const override;
+  ColumnType type(size_t row, size_t column) const override;
 
   double totalSize = 0;  // points of the total row; 0 is the grid's own
 
   // The shown columns with the result's own names where the plan has no heading.
   const std::vector<ReportColumn>& columns() const { return columns_; }
-  // The sums of the money columns, rounded to paise at each row.
-  const std::array<double, 15>& totals() const { return totals_; }
+  // The same for paper and files: summed columns stand to the right.
+  std::vector<TypedColumn> outputColumns() const;
   std::string total(size_t column) const;  // as the total row shows it; empty when it is not summed
 
   std::optional<VoucherKey> voucher(size_t row) const;
@@ -72,6 +72,7 @@ class ReportRows : public RowSource {
   std::vector<std::string> keysOf(size_t main) const;
   const Details& details(size_t main) const;
   Details readDetails(size_t main) const;
+  bool isDate(size_t column) const { return columns_[column].type == ColumnType::Date; }
   size_t firstRow(size_t main) const { return plan_.details ? starts_[main] : main; }
   size_t mains() const { return ends_.size() / kept_.size(); }
 
@@ -80,14 +81,13 @@ class ReportRows : public RowSource {
   const Colours colours_;
   std::unique_ptr<ReportReading> reading_;
   std::vector<ReportColumn> columns_;
-  std::vector<int> kept_;     // columns of the result: those shown, then those that only tell
-  std::vector<bool> isDate_;  // of the shown columns
+  std::vector<int> kept_;  // columns of the result: those shown, then those that only tell
   // Places in kept_.
   std::vector<size_t> keyPlaces_;
   size_t bookPlace_ = 0, numberPlace_ = 0;
   int countColumn_ = 0;
   bool summed_ = false, totalled_ = false;
-  std::array<double, 15> totals_{};
+  std::vector<double> totals_;  // of the summed columns, rounded to paise at each row
   struct {
     std::string stored, shown;
   } lastDate_;

@@ -39,16 +39,16 @@ ReportPlan planBills(Database& db, const ReportQuery& q) {
   // clang-format off
   plan.columns = {
       {.heading = "No",      .twips = 700},
-      {.heading = "Date",    .twips = 1200},
+      {.heading = "Date",    .twips = 1200, .type = ColumnType::Date},
       {.heading = "Party",   .twips = 3000},
       {.heading = "City",    .twips = 1300},
       {.heading = "Gstin",   .twips = 1300, .pixels = kGstin},
-      {.heading = "Assival", .twips = 1200, .money = true},
-      {.heading = "Cgst",    .twips = 1000, .money = true},
-      {.heading = "Sgst",    .twips = 1000, .money = true},
-      {.heading = "Igst",    .twips = 1000, .money = true},
-      {.heading = "R.Off",   .twips = 900,  .money = true},
-      {.heading = "N.Amt",   .twips = 1200, .money = true},
+      {.heading = "Assival", .twips = 1200, .type = ColumnType::Money, .summed = true},
+      {.heading = "Cgst",    .twips = 1000, .type = ColumnType::Money, .summed = true},
+      {.heading = "Sgst",    .twips = 1000, .type = ColumnType::Money, .summed = true},
+      {.heading = "Igst",    .twips = 1000, .type = ColumnType::Money, .summed = true},
+      {.heading = "R.Off",   .twips = 900,  .type = ColumnType::Money, .summed = true},
+      {.heading = "N.Amt",   .twips = 1200, .type = ColumnType::Money, .summed = true},
   };
   // clang-format on
   plan.voucher = {.book = "BOOK_CD", .number = "VOUCH_NO"};
@@ -85,15 +85,15 @@ ReportPlan planBillDetails(Database&, const ReportQuery& q) {
   };
   // clang-format off
   plan.columns = {
-      {.heading = "No.",       .twips = 700},
-      {.heading = "Date",      .twips = 1100},
+      {.heading = "No.",       .twips = 700,  .type = ColumnType::Count},
+      {.heading = "Date",      .twips = 1100, .type = ColumnType::Date, .detail = ColumnType::Text},
       {.heading = "B.No",      .twips = 800},
       {.heading = "Party",     .twips = 2400},
       {.heading = "Type",      .twips = 1200, .pixels = kPlace},
-      {.heading = "Qty",       .twips = 800,  .money = true},
-      {.heading = "Rate/Tax",  .twips = 1100, .money = true, .detailMoney = true},
-      {.heading = "Chrg/Disc", .twips = 800,  .money = true, .detailMoney = true},
-      {.heading = "AMOUNT",    .twips = 1200, .money = true, .detailMoney = true},
+      {.heading = "Qty",       .twips = 800,  .type = ColumnType::Quantity, .summed = true},
+      {.heading = "Rate/Tax",  .twips = 1100, .type = ColumnType::Money, .summed = true, .detail = ColumnType::Money},
+      {.heading = "Chrg/Disc", .twips = 800,  .type = ColumnType::Money, .summed = true, .detail = ColumnType::Rate},
+      {.heading = "AMOUNT",    .twips = 1200, .type = ColumnType::Money, .summed = true, .detail = ColumnType::Money},
   };
   // clang-format on
   plan.voucher = {.book = "BOOK_CD", .number = "vno"};

@@ -32,7 +32,7 @@ class RunningStatement {
 
  private:
   StatementRow& nextRow(Bgr colour) {
-    rows_.emplace_back().cells.resize(kRunningColumns);
+    rows_.push_back(emptyRow(kLedgers));
     for (Cell& cell : rows_.back().cells) cell.back = colour;
     return rows_.back();
   }
@@ -49,7 +49,8 @@ class RunningStatement {
 
   void writeOpening() {
     const bool limited = groupOf(db_, q_.account) > kLastIncomeGroup;
-    const Opening before = readOpening(db_, q_, limited ? std::optional<Date>(q_.periodStart) : std::nullopt);
+    const OpeningBalance before =
+        readOpening(db_, q_, limited ? std::optional<Date>(q_.periodStart) : std::nullopt);
     const double net = Round(before.debit - before.credit, 2);
     if (net == 0) return;
     StatementRow& row = plainRow();
@@ -96,7 +97,7 @@ class RunningStatement {
   void writeRemark(const LedgerEntry& e, const std::string& text) {
     StatementRow& row = plainRow();
     row.voucher = e.voucher;
-    row.cells[Particulars] = narrationCell(text);
+    writeNarrationText(row.cells[Particulars], text);
     row.cells[Particulars].back = kWhite;
   }
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/date.h"
-#include "platform/grid.h"
+#include "documents/typed_rows.h"
 #include "store/database.h"
 
 // The statement of one account over a period, worked out from ACCOUNT.OP_BAL and ALEDGER each
@@ -27,8 +27,12 @@ struct VoucherKey {
   bool operator==(const VoucherKey&) const = default;
 };
 
+struct StatementCell : Cell {
+  ColumnType type = ColumnType::Text;
+};
+
 struct StatementRow {
-  std::vector<Cell> cells;
+  std::vector<StatementCell> cells;
   // What the row stands for; in a T ledger that of its debit side.
   std::optional<VoucherKey> voucher;
   std::optional<VoucherKey> creditVoucher;  // of a T ledger's credit side
@@ -41,8 +45,6 @@ struct StatementQuery {
   bool narration = true;
   Bgr bodyColour = 0xFAFAF0, totalColour = 0xFFE0E0;
 };
-
-inline constexpr size_t kRunningColumns = 9, kTColumns = 10;
 
 std::vector<StatementRow> runningStatement(Database& db, const StatementQuery& query);
 std::vector<StatementRow> tLedger(Database& db, const StatementQuery& query);

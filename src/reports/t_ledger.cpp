@@ -30,17 +30,17 @@ class TLedger {
 
  private:
   StatementRow& rowAt(size_t row) {
-    while (rows_.size() <= row) rows_.emplace_back().cells.resize(kTColumns);
+    while (rows_.size() <= row) rows_.push_back(emptyRow(kTLedgers));
     return rows_[row];
   }
-  Cell& cellAt(size_t row, Side side, Column column) {
+  StatementCell& cellAt(size_t row, Side side, Column column) {
     return rowAt(row).cells[static_cast<size_t>(side) + column];
   }
 
   // The first row is the opening's. Equal sides open the credit side with 0.00, over which its
   // first entry is then written.
   void writeOpening() {
-    const Opening before = readOpening(db_, q_, std::nullopt);
+    const OpeningBalance before = readOpening(db_, q_, std::nullopt);
     const double net = Round(before.debit - before.credit, 2);
     const Side side = net > 0 ? Side::Debit : Side::Credit;
     debit_ = openingDebit_ = net > 0 ? net : 0;
@@ -70,14 +70,16 @@ class TLedger {
 
   size_t writeRemarks(Side side, const LedgerEntry& e, size_t row) {
     if (!e.cheque.empty() || !e.bill.empty()) {
-      cellAt(row, side, Day).text = e.bill;
+      StatementCell& bill = cellAt(row, side, Day);
+      bill.text = e.bill;
+      bill.type = ColumnType::Text;
       if (!e.cheque.empty())
         cellAt(row, side, Particulars).text = "Ch.No.: " + e.cheque + " - " + e.narration1;
       ++row;
     }
     if (!e.narration.empty())
       for (const std::string& line : narrationLines(e.narration))
-        cellAt(row++, side, Particulars) = narrationCell(line);
+        writeNarrationText(cellAt(row++, side, Particulars), line);
     return row;
   }
 

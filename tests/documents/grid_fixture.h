@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -49,7 +50,23 @@ class PrintingHost : public TestHost {
   Printer painter_{*this};
 };
 
-// A program folder with BILLS, a company, and a grid to fill.
+// Cells of their column's type, but for others.
+struct TypedCells : TypedRows {
+  explicit TypedCells(const std::vector<TypedColumn>& of) : columns(of) {}
+  size_t count() const override { return rows.size(); }
+  Cell cell(size_t row, size_t column) const override {
+    return column < rows[row].size() ? rows[row][column] : Cell{};
+  }
+  ColumnType type(size_t row, size_t column) const override {
+    const auto other = others.find({row, column});
+    return other == others.end() ? columns.at(column).type : other->second;
+  }
+  const std::vector<TypedColumn>& columns;
+  std::vector<std::vector<Cell>> rows;
+  std::map<std::pair<size_t, size_t>, ColumnType> others;
+};
+
+// A program folder with BILLS, a company, and a report to fill.
 class GridTest : public testing::Test {
  protected:
   GridTest() {
@@ -59,44 +76,32 @@ class GridTest : public testing::Test {
     s.mcompname = "SHREE GANESH TRADERS";
     s.mcad1 = "12, ASHRAM ROAD";
     std::filesystem::create_directory(folder / "BILLS");
-    source = std::make_shared<CellRows>();
-    grid.source = source;
+    source = std::make_shared<TypedCells>(out.columns);
+    out.rows = source;
   }
   ~GridTest() override { session() = Session(); }
 
-  struct Column {
-    const char* title;
-    double twips;
-    bool numeric = false;
-  };
-  void columns(const std::vector<Column>& given) {
-    grid.columns.clear();
-    out.widths.fill(0);
-    out.numeric.fill(0);
-    for (size_t i = 0; i < given.size(); ++i) {
-      grid.columns.push_back({.title = given[i].title});
-      out.widths.at(i) = given[i].twips;
-      out.numeric.at(i) = given[i].numeric ? -1 : 0;
-    }
+  static TypedColumn money(const char* heading, double twips) {
+    return {.heading = heading, .twips = twips, .type = ColumnType::Money, .right = true};
   }
-  void column(const char* title, double twips) {
-    columns({
-        Column{title, twips}
-    });
+  void column(const char* heading, double twips) {
+    out.columns = {
+        {heading, twips}
+    };
   }
   // The columns of an account's statement.
   void ledger() {
-    columns({
-        {"V.No.",       500 },
-        {"Date",        1200},
-        {"Ref No.",     1300},
-        {"Bk.",         500 },
-        {"Particulars", 2800},
-        {"Debit",       1200, true},
-        {"Credit",             1200,          true},
-        {"Balance",         1200,    true},
-        {"Crdr", 450},
-    });
+    out.columns = {
+        {"V.No.",           500, ColumnType::Count},
+        {"Date",                 1200,               ColumnType::Date},
+        {"Ref No.", 1300},
+        {"Bk.",             500                          },
+        {"Particulars",  2800},
+        money("Debit", 1200),
+        money("Credit", 1200),
+        money("Balance", 1200),
+        {"Crdr",            450                                    },
+    };
   }
   void row(const std::vector<std::string>& texts) {
     std::vector<Cell> cells;
@@ -110,13 +115,12 @@ class GridTest : public testing::Test {
   std::filesystem::path pdf(const std::string& name = "RPT") const {
     return folder / "BILLS" / (name + ".pdf");
   }
-  void makePdf() { GridToPdf(host, "RPT", grid, out); }
+  void makePdf() { GridToPdf(host, "RPT", out); }
 
   TempFolder folder;
   Screens screens;
   PrintingHost host{screens};
-  Grid grid;
-  std::shared_ptr<CellRows> source;
+  std::shared_ptr<TypedCells> source;
   GridOutput out{.caption = "ACCOUNT Statement For : RAJESH & SONS",
                  .period = "From : 01/Apr/2026 To : 31/Mar/2027"};
 };

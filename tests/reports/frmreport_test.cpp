@@ -1,6 +1,6 @@
+#include <fstream>
 #include <map>
 
-#include "reports/report_output.h"
 #include "reports/reports.h"
 #include "screens_fixture.h"
 
@@ -152,23 +152,21 @@ TEST_F(Reports, SayThatTheyIgnoreTheirFilters) {
   }
 }
 
-TEST_F(Reports, PublishTheirLayout) {
+TEST_F(Reports, GoIntoAFileAsDatesAndPlainFigures) {
+  data().exec("UPDATE ACCOUNT SET ACC_NAME = 'PATEL, \"A\"' WHERE ACC_CD = 'A00001'");
   show("slblreg");
-  const Session& s = session();
-  EXPECT_EQ(s.mcolwidth, (std::array<double, 15>{700, 1100, 800, 2400, 1200, 800, 1100, 800, 1200}));
-  EXPECT_EQ(s.mcolnum, (std::array<int, 15>{0, 0, 0, 0, 0, -1, -1, -1, -1}));
-  EXPECT_EQ(s.mcolsub, (std::array<int, 15>{0, 0, 0, 0, 0, 0, -1, -1, -1}));
-  EXPECT_EQ(s.mcolcount, 9);
-  EXPECT_EQ(s.mcoltotal[8], 354.5);
-  show("dept");  // headings without a width count among the captions only
-  EXPECT_EQ(s.mcolcount, 5);
-  EXPECT_EQ(s.mhdrcaps.size(), 20U);
-  EXPECT_EQ(s.mhdrcaps[6], "Stk-Cnt");
-  EXPECT_EQ(host.screen().caption, "DEPARTMENT MASTER");
-  GridOutput out = reportOutput(session(), "dept", OutputTarget::Excel, "X", s.mstartdt, s.menddt);
-  EXPECT_EQ(out.period, "From : 01/Apr/2026 To : 31/Mar/2027");
-  reportOutput(session(), "dept", OutputTarget::Printer, "X", s.mstartdt, s.menddt);
-  EXPECT_EQ(s.mpageheader1 + s.mpageheader2 + s.mpageheader3, "SHREE TRADERSXFROM 01/04/2026 TO 31/03/2027");
+  host.go("cmdPrtToXl");
+  EXPECT_EQ(host.hint(), "Press Enter To View In Excel :: F2 = Csv File");
+  host.key(KeyCode::F2);
+  const auto file = folder / "BILLS" / "RPT260615_1030.csv";
+  ASSERT_EQ(host.viewed, std::vector<std::string>{file.string()});
+  const std::string wanted =
+      "No.,Date,B.No,Party,Type,Qty,Rate/Tax,Chrg/Disc,AMOUNT\r\n"
+      "1,2026-04-05,01,\"PATEL, \"\"A\"\"\",ANAND,1,100.50,18.00,118.50\r\n"
+      ",9405,,LAMP,,1,100.50,0,100.50\r\n"
+      "2,2026-06-01,02,MEHTA,O'NEIL,2,200.00";
+  std::ifstream in(file, std::ios::binary);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}).substr(0, wanted.size()), wanted);
 }
 
 // Vouchers behind the rows

@@ -107,25 +107,28 @@ class ListWriter {
     worksheet_repeat_rows(sheet_, headingRow(), headingRow());
   }
 
+  // One of a kind: the library looks a second one up anew for each cell.
+  lxw_format* formatOf(std::string_view format) {
+    if (format.empty()) return nullptr;
+    const auto known = formats_.find(format);
+    if (known != formats_.end()) return known->second;
+    lxw_format* const made = formats_.emplace(format, workbook_add_format(book_)).first->second;
+    format_set_num_format(made, std::string(format).c_str());
+    if (!format.starts_with('0')) format_set_align(made, LXW_ALIGN_LEFT);
+    return made;
+  }
+
   bool rows() {
-    // One of a kind: the library looks a second one up anew for each cell.
-    std::map<std::string, lxw_format*> made{
-        {"", nullptr}
-    };
     std::vector<lxw_format*> formats;
-    for (const ListColumn& column : list_.columns) {
-      const auto [format, fresh] = made.try_emplace(column.format);
-      if (fresh) {
-        format->second = workbook_add_format(book_);
-        format_set_num_format(format->second, column.format.c_str());
-        if (!column.format.starts_with('0')) format_set_align(format->second, LXW_ALIGN_LEFT);
-      }
-      formats.push_back(format->second);
-    }
-    std::vector<Value> row;
+    for (const ListColumn& column : list_.columns) formats.push_back(formatOf(column.format));
+    std::vector<ListCell> row;
     for (lxw_row_t number = headingRow() + 1; list_.next && list_.next(row); ++number) {
       if (number >= kMostRows) return false;
-      for (size_t c = 0; c < std::min(row.size(), formats.size()); ++c) put(number, c, row[c], formats[c]);
+      for (size_t c = 0; c < std::min(row.size(), formats.size()); ++c) {
+        const std::string_view own = row[c].format;
+        put(number, c, row[c].value,
+            own.empty() || own == list_.columns[c].format ? formats[c] : formatOf(own));
+      }
     }
     return true;
   }
@@ -159,6 +162,7 @@ class ListWriter {
   const List& list_;
   std::vector<size_t> longest_;  // text of each column, in characters
   std::vector<double> largest_;  // number of each column
+  std::map<std::string, lxw_format*, std::less<>> formats_;
   lxw_workbook* book_ = nullptr;
   lxw_worksheet* sheet_ = nullptr;
 };

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/workbook/workbook.h"
@@ -21,13 +22,18 @@ struct ListColumn {
   std::string format = {};  // "0.00" stands right with its heading; "@" text and "dd/mm/yy" left
 };
 
+struct ListCell {
+  Value value;
+  std::string_view format = {};  // its own, where it is not of the column's kind
+};
+
 struct List {
   std::vector<std::string> titles = {};  // over the headings, the first one large
   std::string sheet = "LIST";
   std::vector<ListColumn> columns = {};
   bool landscape = false;
   // Puts the next row's values in place of what stands in the row; false when there is none.
-  std::function<bool(std::vector<Value>& row)> next = {};
+  std::function<bool(std::vector<ListCell>& row)> next = {};
 };
 
 // Another program has the file open.
