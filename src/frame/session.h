@@ -1,9 +1,7 @@
 #pragma once
 
-#include <array>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "base/date.h"
 #include "store/database.h"
@@ -42,18 +40,8 @@ struct Session : Settings {
   // The lookup.
   std::string mhlptable;  // what the last lookup read: its tables, conditions and order
 
-  // Reports.
-  std::array<double, 15> mcolwidth{}, mcoltotal{};
-  std::array<int, 15> mcolnum{}, mcolsub{}, mcolfont{};
-  int mcolcount = 0;
-  std::vector<std::string> mhdrcaps;
-  std::string mpageheader1, mpageheader2, mpageheader3, mpageno;
-  double mlinecount = 0;
-
   // Documents.
   std::string mprnmode, mprnsheet, mpdfpath, mstamp;
-  double mhdlines = 0, mftlines = 0, mitmlines = 0, mblpgs = 0;
-  int minvlines = 0, mprncopies = 0;
   bool mexcelkill = false;
 };
 
