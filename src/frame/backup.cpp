@@ -130,10 +130,7 @@ void keepLatest(const fs::path& folder, const std::string& dataname, size_t kept
 std::string savedUnder(Database& db) {
   for (const char* sql : {"SELECT DATANM FROM COMP_DET", "SELECT DATANM FROM COMPNY"}) {
     std::string name;
-    db.attempt([&] {
-      name = trim(db.text(sql));
-      return 0;
-    });
+    db.passOver(kOlderBooks, [&] { name = trim(db.text(sql)); });
     if (length(name) > 1) return name;
   }
   return {};
@@ -147,17 +144,13 @@ BackupFacts factsOf(const fs::path& file) {
   if (const std::string found = db.text("PRAGMA main.integrity_check"); found != "ok")
     throw DatabaseError(Kind::damaged, file.filename().string(), found);
   BackupFacts facts{.dataname = savedUnder(db)};
-  db.attempt([&] {
-    facts.company = db.text("SELECT COMPNM FROM COMP_DET");
-    return 0;
-  });
-  db.attempt([&] {
+  db.passOver(kOlderBooks, [&] { facts.company = db.text("SELECT COMPNM FROM COMP_DET"); });
+  db.passOver(kOlderBooks, [&] {
     if (const auto row =
             db.first("SELECT COUNT(*), MAX(VOUCH_DT) FROM SALE WHERE BOOK_CD = ?", saleKind().code)) {
       facts.bills = static_cast<int>(row->number(0));
       facts.last = row->date(1);
     }
-    return 0;
   });
   return facts;
 }

@@ -124,7 +124,7 @@ bool restoreNow(Host& host) {
     host.message(told.text, told.done ? kDone : kMessageTitle);
     return true;
   } catch (const std::exception& error) {
-    host.message(error.what(), kMessageTitle);
+    tellFailure(host, error);
   }
   // Without books there is nothing to go on with.
   if (!s.cndata) host.quit();
@@ -140,7 +140,7 @@ bool offerRestore(Host& host) {
     host.message(told.text, told.done ? kDone : kMessageTitle);
     return told.done;
   } catch (const std::exception& error) {
-    host.message(error.what(), kMessageTitle);
+    tellFailure(host, error);
   }
   return false;
 }

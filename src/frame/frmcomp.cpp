@@ -96,7 +96,8 @@ void FRMCOMP::closed() {
   // keeps anybody from leaving.
   try {
     catalogue().exec("UPDATE USER1 SET LOGGEDON = 'N' WHERE USER_NAME = ?", session().musername);
-  } catch (const DatabaseError&) {
+  } catch (const DatabaseError& error) {
+    logFailure("passed over: the mark decides nothing", error);
   }
 }
 
@@ -255,6 +256,7 @@ void FRMCOMP::openTyped() {
   } catch (const DatabaseError& error) {
     using Kind = DatabaseError::Kind;
     if (error.kind() != Kind::damaged && error.kind() != Kind::notDatabase) throw;
+    logFailure(kTold, error);
     refusal = error.what();
   }
   if (!refusal.empty()) {

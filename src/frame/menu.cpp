@@ -65,6 +65,7 @@ constexpr Command kCommands[] = {
     {.menu = "mnuutils", .caption = "Training Book Pdf",            .control = "mnutrngbkpdf",          .key = "book",     .link = &Links::trainingBook},
     {.menu = "mnuutils", .caption = "Update Software",              .control = "mnupdtsoft",            .key = "software", .link = &Links::softwareUpdate},
     {.menu = "mnuutils", .caption = "Database Check",               .control = "mnupdtstrct",           .key = "struct",   .screen = "struct"},
+    {.menu = "mnuutils", .caption = "Error Log",                    .control = "mnulog",                .key = "log",      .first = showLog},
     // The shell's own work, as is the exit.
     {.menu = "mnuutils", .caption = "&Backup",                      .control = "mnubackup"},
     {.menu = "mnuutils", .caption = "&Restore",                     .control = "mnurestore"},

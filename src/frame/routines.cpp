@@ -4,11 +4,13 @@
 #include <array>
 #include <string_view>
 
+#include "base/log.h"
 #include "base/pattern.h"
 #include "base/text.h"
 #include "base/words.h"
 #include "frame/session.h"
 #include "store/dictionary.h"
+#include "store/safe_file.h"
 
 namespace {
 
@@ -86,10 +88,26 @@ void passOver(Host& host, const std::function<void()>& step) {
   try {
     step();
   } catch (const DatabaseError& error) {
-    if (!error.mayBePassedOver()) host.message(error.what(), kMessageTitle);
+    if (error.mayBePassedOver())
+      logFailure("passed over: the next step runs all the same", error);
+    else
+      tellFailure(host, error);
   } catch (const std::exception& error) {
-    host.message(error.what(), kMessageTitle);
+    tellFailure(host, error);
   }
+}
+
+void tellFailure(Host& host, const std::exception& error) {
+  logFailure(kTold, error);
+  host.message(error.what(), kMessageTitle);
+}
+
+void showLog(Host& host) {
+  const auto file = logFile(session().mapppath);
+  if (fileExists(file))
+    host.view(file.string());
+  else
+    ShowHint(host, "Nothing Has Failed :: There Is No Error Log Yet");
 }
 
 std::string failureOf(Host& host, const std::function<void()>& work) {
@@ -98,6 +116,7 @@ std::string failureOf(Host& host, const std::function<void()>& work) {
     work();
     return {};
   } catch (const std::exception& error) {
+    logFailure(kTold, error);
     return error.what();
   }
 }

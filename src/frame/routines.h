@@ -20,6 +20,10 @@ void openTutorial(Host& host, const std::string& link);
 // Runs a step whose failure must not keep the next one from running. What the user has to
 // know of (a lock, a full disk, a broken file) is told in a box, the rest is passed over.
 void passOver(Host& host, const std::function<void()>& step);
+// In a box, and in the log.
+void tellFailure(Host& host, const std::exception& error);
+// mirav.log in the system's viewer.
+void showLog(Host& host);
 // Runs a long piece of work under the busy pointer. The words of its failure; empty when it went through.
 std::string failureOf(Host& host, const std::function<void()>& work);
 // Whether the open company-year has a table of that name; false while none is open.

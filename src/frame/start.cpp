@@ -28,6 +28,7 @@ std::string openCatalogue(Session& s) {
     if (!CheckTable(*s.cncomp, "compny"))
       throw DatabaseError(DatabaseError::Kind::notDatabase, "comp.mdb", {});
   } catch (const DatabaseError& error) {
+    logFailure(kTold, error);
     s.cncomp.reset();
     return error.what();
   }
@@ -41,7 +42,8 @@ void remakeTemplates(const fs::path& folder) {
   try {
     for (const char* name : {"SMPL.MDB", "BLNK.MDB"})
       if (!fileExists(folder / name)) makeCompanyDatabase(folder / name);
-  } catch (const DatabaseError&) {
+  } catch (const DatabaseError& error) {
+    logFailure("passed over: missed when a company is created", error);
   }
 }
 
@@ -61,6 +63,7 @@ bool startUp(Host& host, const fs::path& folder) {
   session() = Session{};
   Session& s = session();
   s.mapppath = withoutSeparator(folder);
+  keepLog(s.mapppath);
   s.mbasewidth = 800;
   s.mbaseheight = 600;
   s.mversion = "1.01";

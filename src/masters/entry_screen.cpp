@@ -231,6 +231,7 @@ bool EntryScreen::inTransaction(bool (EntryScreen::*work)()) {
     return done;
   } catch (const DatabaseError& error) {
     if (!error.mayBePassedOver()) throw;
+    logFailure(kTold, error);
     say(words("Entry Not Saved\r\n{why}", "why", words(error.what())));
     return false;
   }

@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "base/words.h"
+#include "store/dictionary.h"
 #include "store/keys.h"
 
 namespace {
@@ -183,11 +184,13 @@ bool changeItem(Database& db, std::string_view code, const Fields& head,
 void RenameItem(Database& db, const Renaming& renaming) {
   for (const Naming& n : kNamings) {
     const std::string code(n.code), size(n.size);
-    db.attempt("UPDATE OR IGNORE " + std::string(n.table) + " SET " + code + " = ?, " + size + " = ? WHERE " +
-                   code + " = ? AND " + size + " = ?",
-               renaming.to.code, renaming.to.size, renaming.from.code, renaming.from.size);
+    if (!CheckTable(db, n.table)) continue;
+    db.passOver(kOtherTrades,
+                "UPDATE OR IGNORE " + std::string(n.table) + " SET " + code + " = ?, " + size +
+                    " = ? WHERE " + code + " = ? AND " + size + " = ?",
+                renaming.to.code, renaming.to.size, renaming.from.code, renaming.from.size);
   }
-  db.attempt("DELETE FROM PRTYRATE WHERE ITEM_CD = ? AND SIZE_CD = ?", renaming.from.code,
+  db.passOver(kOlderBooks, "DELETE FROM PRTYRATE WHERE ITEM_CD = ? AND SIZE_CD = ?", renaming.from.code,
              renaming.from.size);
 }
 

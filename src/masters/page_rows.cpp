@@ -22,14 +22,13 @@ PageRows::PageRows(Database& database, Select select, Counting counting, const s
     : database_(database), select_(std::move(select)) {
   if (select_.columns.empty()) return;
   // A column that no longer exists, a table that is gone: the list stays empty.
-  database_.attempt([&] {
+  database_.passOver(kOtherTrades, [&] {
     readColumns();
     if (!beginOn.empty()) beginWith(beginOn);
     if (counting == Counting::Whole)
       countAll();
     else
       reach(begin_);
-    return 0;
   });
 }
 
@@ -141,8 +140,8 @@ Cell PageRows::cell(size_t row, size_t column) const {
     cell.text = text(row, column);
     // The sign's place in front of STR's numbers.
     if (column < columns_.size() && columns_[column].type.empty()) cell.text = ltrim(cell.text);
-  } catch (const DatabaseError&) {
-    // The next handler that reads the row tells the reason.
+  } catch (const std::exception& error) {
+    logFailure("passed over: the next handler that reads the row tells it", error);
   }
   return cell;
 }

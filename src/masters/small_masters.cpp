@@ -149,10 +149,9 @@ std::string nextSmallCode(const SmallMaster& master, Database& db) {
 
 std::optional<Row> findSmallRow(const SmallMaster& master, Database& db, std::string_view code) {
   std::optional<Row> row;
-  db.attempt([&] {
+  db.passOver(kOtherTrades, [&] {
     row = db.first("SELECT * FROM " + std::string(master.table) + " WHERE " + keyCondition(master),
                    smallCode(master, code));
-    return 0;
   });
   return row;
 }
@@ -162,20 +161,15 @@ bool smallNameInUse(const SmallMaster& master, Database& db, std::string_view na
   const std::string statement =
       "SELECT 1 FROM " + std::string(master.table) + " WHERE TRIM(" + column + ") = ? COLLATE NOCASE";
   bool found = false;
-  db.attempt([&] {
-    found = db.first(statement, name).has_value();
-    return 0;
-  });
+  db.passOver(kOtherTrades, [&] { found = db.first(statement, name).has_value(); });
   return found;
 }
 
 const SmallGuard* smallRefusal(const SmallMaster& master, Database& db, std::string_view code) {
   for (const SmallGuard& guard : master.guards) {
     bool found = false;
-    db.attempt([&] {
-      found = db.first(guard.statement, smallCode(master, code)).has_value();
-      return 0;
-    });
+    db.passOver(kOtherTrades,
+                [&] { found = db.first(guard.statement, smallCode(master, code)).has_value(); });
     if (found) return &guard;
   }
   return nullptr;
@@ -191,7 +185,7 @@ bool changeSmallRow(const SmallMaster& master, Database& db, std::string_view co
 
 void deleteSmallRow(const SmallMaster& master, Database& db, std::string_view code) {
   if (master.key == "USERFORM")
-    db.attempt("DELETE FROM urights WHERE username = ? COLLATE NOCASE", trim(code));
+    db.passOver(kOtherTrades, "DELETE FROM urights WHERE username = ? COLLATE NOCASE", trim(code));
   db.exec("DELETE FROM " + std::string(master.table) + " WHERE " + keyCondition(master),
           smallCode(master, code));
 }

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/log.h"
 #include "base/words.h"
 #include "platform/edit.h"
 #include "platform/shown.h"
@@ -57,11 +58,13 @@ bool Desk::run(Screen& screen, const std::function<void()>& handler) {
   const bool outerChecked = std::exchange(enterChecked_, false),
              outerChecking = std::exchange(checking_, false);
   std::string failure;
+  const LogScreen here(screen.spec.name);
   try {
     handler();
     if (isOpen(screen)) settle(screen);
   } catch (const std::exception& error) {
     failure = error.what();
+    logFailure(kTold, error);
     screen.pendingFocus_ = screen.pendingEnter_ = nullptr;
   } catch (...) {
     pending_.pop_back();

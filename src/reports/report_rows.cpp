@@ -164,7 +164,8 @@ const ReportRows::Details& ReportRows::details(size_t main) const {
   if (known != recent_.end()) return *known;
   try {
     recent_.push_front(readDetails(main));
-  } catch (const DatabaseError&) {
+  } catch (const std::exception& error) {
+    logFailure("passed over: the lines stay empty, as does what is drawn", error);
     recent_.push_front({.main = main, .rows = {}, .vouchers = {}});
   }
   if (recent_.size() > kRecent) recent_.pop_back();

@@ -7,6 +7,9 @@
 
 namespace {
 
+// The data of old books, or a key, may forbid the new shape.
+constexpr Because kKeepsItsShape{"the column keeps its shape", true};
+
 constexpr const char *building = "_being_altered", *aside = "_set_aside";
 
 struct NewColumn {
@@ -110,7 +113,7 @@ bool tryChanges(Database& db, const std::string& table, const std::vector<Column
     next.column.definition = change->definition;
   }
   return db
-      .attempt([&] {
+      .attempt(kKeepsItsShape, [&] {
         rebuild(db, table, plan);
         return 0;
       })
@@ -159,8 +162,5 @@ void dropColumn(Database& db, const std::string& table, const std::string& colum
   auto plan = asTheyStand(tableColumns(db, table));
   std::erase_if(plan, [&](const NewColumn& next) { return sameText(next.column.name, column); });
   if (plan.empty()) return;
-  db.attempt([&] {
-    rebuild(db, table, plan);
-    return 0;
-  });
+  db.passOver(kKeepsItsShape, [&] { rebuild(db, table, plan); });
 }

@@ -14,6 +14,7 @@
 #include "store/functions.h"
 #include "store/lock_file.h"
 #include "store/safe_file.h"
+#include "store/shape.h"
 
 namespace {
 
@@ -73,6 +74,7 @@ std::string sentence(Kind kind, const std::string& file, const std::string& deta
     case Kind::memory:
       return words("There is not enough memory to go on.");
     case Kind::constraint:
+    case Kind::shape:
     case Kind::other:
       break;
   }
@@ -113,7 +115,7 @@ int ColumnNames::find(std::string_view name) const {
 
 int ColumnNames::index(std::string_view name) const {
   const int at = find(name);
-  if (at < 0) throw DatabaseError(Kind::other, {}, "The result has no column " + std::string(name));
+  if (at < 0) throw StatementError("The result has no column " + std::string(name));
   return at;
 }
 
@@ -144,13 +146,16 @@ struct Database::Handle {
 Database::Database() = default;
 Database::~Database() { close(); }
 
-// Every failure of the engine passes here and takes its statement along.
+// Every failure of the engine passes here and takes its statement along. Codes below 0 are of the calls
+// that were made, such as one for a column that there is not.
 template <typename Work>
 auto Database::checked(std::string_view sql, Work work) -> decltype(work()) {
   try {
     return work();
   } catch (const SQLite::Exception& error) {
-    throw DatabaseError(kindOf(error.getErrorCode()), shownName(file_), error.what(), std::string(sql),
+    const int code = error.getErrorCode();
+    if (code < 0 || code == SQLITE_MISUSE || code == SQLITE_RANGE) throw StatementError(error.what(), sql);
+    throw DatabaseError(kindOf(code), shownName(file_), error.what(), std::string(sql),
                         error.getExtendedErrorCode());
   }
 }
@@ -214,7 +219,7 @@ void Database::forgetStatements() noexcept {
 }
 
 std::unique_ptr<PreparedStatement> Database::take(std::string_view sql) {
-  if (!handle_) throw DatabaseError(Kind::other, {}, "No database is open", std::string(sql));
+  if (!handle_) throw StatementError("No database is open", sql);
   if (const auto found = handle_->bySql.find(sql); found != handle_->bySql.end()) {
     const auto at = found->second;
     auto statement = std::move(*at);
@@ -222,7 +227,22 @@ std::unique_ptr<PreparedStatement> Database::take(std::string_view sql) {
     handle_->idle.erase(at);
     return statement;
   }
-  return checked(sql, [&] { return std::make_unique<PreparedStatement>(handle_->sqlite, sql); });
+  try {
+    return checked(sql, [&] { return std::make_unique<PreparedStatement>(handle_->sqlite, sql); });
+  } catch (const DatabaseError& error) {
+    if (error.kind() != Kind::other) throw;
+    if (!fitsDeclaredShape(sql)) throw StatementError(error.what(), sql);
+    throw DatabaseError(Kind::shape, {}, error.what(), std::string(sql), error.code());
+  }
+}
+
+bool Database::understands(std::string_view sql) const {
+  try {
+    SQLite::Statement(handle_->sqlite, std::string(sql));
+    return true;
+  } catch (const SQLite::Exception&) {
+    return false;
+  }
 }
 
 void Database::giveBack(std::unique_ptr<PreparedStatement> statement) noexcept {
@@ -244,9 +264,9 @@ void Database::giveBack(std::unique_ptr<PreparedStatement> statement) noexcept {
 
 Rows Database::query(std::string_view sql, const std::vector<Value>& values) {
   auto statement = take(sql);
+  if (static_cast<int>(values.size()) != statement->statement.getBindParameterCount())
+    throw StatementError("The statement takes another count of values", sql);
   checked(sql, [&] {
-    if (static_cast<int>(values.size()) != statement->statement.getBindParameterCount())
-      throw DatabaseError(Kind::other, {}, "The statement takes another count of values", std::string(sql));
     for (size_t i = 0; i < values.size(); ++i)
       bindValue(statement->statement, static_cast<int>(i) + 1, values[i]);
   });
@@ -272,17 +292,31 @@ std::optional<Row> Database::first(std::string_view sql, const std::vector<Value
   return rows.row();
 }
 
-Outcome Database::attempt(const std::function<int()>& work) {
+Outcome Database::attempt(const Because& because, const std::function<int()>& work) {
+  const auto passed = [&](const std::exception& error) -> Outcome {
+    logFailure("passed over: " + std::string(because.reason), error);
+    return {.error = error.what()};
+  };
   try {
     return {.done = true, .changed = work()};
   } catch (const DatabaseError& error) {
     if (!error.mayBePassedOver()) throw;
-    return {.error = error.what()};
+    return passed(error);
+  } catch (const StatementError& error) {
+    if (!because.strangersShape) throw;
+    return passed(error);
   }
 }
 
+void Database::passOver(const Because& because, const std::function<void()>& work) {
+  (void)attempt(because, [&] {
+    work();
+    return 0;
+  });
+}
+
 void Database::copyPages(const std::filesystem::path& to) {
-  if (!handle_) throw DatabaseError(Kind::other, {}, "No database is open");
+  if (!handle_) throw StatementError("No database is open");
   try {
     SQLite::Database copy(to.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, lockWaitMs);
     const int result = SQLite::Backup(copy, handle_->sqlite).executeStep();

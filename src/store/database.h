@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/log.h"
 #include "store/column.h"
 #include "store/value.h"
 
@@ -20,9 +21,10 @@
 //   while (rows.next()) list.add(rows.text("ACC_CD"), rows.text(1));
 //
 // Prepared statements are kept by their text, so a statement asked again is not parsed again.
-// Failures are DatabaseError. A lock of another program is waited for about three seconds.
+// Failures are DatabaseError, our own mistakes StatementError. A lock of another program is waited for
+// about three seconds.
 
-class DatabaseError : public std::runtime_error {
+class DatabaseError : public std::runtime_error, public WithStatement {
  public:
   enum class Kind {
     locked,
@@ -35,6 +37,7 @@ class DatabaseError : public std::runtime_error {
     io,
     memory,
     constraint,
+    shape,  // the file lacks a table or column that this program declares
     other
   };
 
@@ -43,15 +46,29 @@ class DatabaseError : public std::runtime_error {
 
   // what() is the sentence for the user.
   Kind kind() const { return kind_; }
-  const std::string& statement() const { return statement_; }
+  const std::string& statement() const override { return statement_; }
   int code() const { return code_; }
   // False for what must reach the user in any case: lock, full disk, I/O, memory, broken file.
-  bool mayBePassedOver() const { return kind_ == Kind::constraint || kind_ == Kind::other; }
+  bool mayBePassedOver() const {
+    return kind_ == Kind::constraint || kind_ == Kind::shape || kind_ == Kind::other;
+  }
 
  private:
   Kind kind_;
   std::string statement_;
   int code_;
+};
+
+// A mistake of this program: a statement that is wrong over the declared shape too, another count of
+// values than it takes, a column that a result does not have, no open database. Never passed over.
+class StatementError : public std::logic_error, public WithStatement {
+ public:
+  explicit StatementError(const std::string& what, std::string_view statement = {})
+      : std::logic_error(what), statement_(statement) {}
+  const std::string& statement() const override { return statement_; }
+
+ private:
+  std::string statement_;
 };
 
 // Column names of a result, found without regard to case; of a repeated name the first counts.
@@ -61,7 +78,7 @@ class ColumnNames {
   int count() const { return static_cast<int>(names_.size()); }
   const std::string& at(int column) const { return names_.at(static_cast<size_t>(column)); }
   bool has(std::string_view name) const { return find(name) >= 0; }
-  // Throws DatabaseError for an unknown name.
+  // Throws StatementError for an unknown name.
   int index(std::string_view name) const;
 
  private:
@@ -146,12 +163,22 @@ class Rows {
 };
 
 // What came of a statement whose failure is passed over.
-struct Outcome {
+struct [[nodiscard]] Outcome {
   bool done = false;
   int changed = 0;
   std::string error{};
   explicit operator bool() const { return done; }
 };
+
+// Why a failure does no harm; it goes into the log with it.
+struct Because {
+  std::string_view reason;
+  // The statement is made from tables as they stand, of whatever origin: that the engine does not
+  // understand it tells nothing of this program.
+  bool strangersShape = false;
+};
+inline constexpr Because kOlderBooks{"an update has yet to add what older books lack"};
+inline constexpr Because kOtherTrades{"a table of another trade, or one of older books, that may be missing"};
 
 enum class Access { readWrite, readOnly, create };
 
@@ -209,19 +236,27 @@ class Database {
     return row ? row->text(0) : std::string();
   }
 
-  // For the places where an error is passed over. A lock, a full disk, an I/O error, lack of
-  // memory and a broken or read-only file are thrown all the same.
+  // For the places where a failure is passed over; the log keeps it. A lock, a full disk, an I/O error,
+  // lack of memory and a broken or read-only file are thrown all the same, and so are our own mistakes.
   template <typename... Args>
-  Outcome attempt(std::string_view sql, const Args&... args) {
-    return attempt(std::function<int()>([&] { return exec(sql, args...); }));
+  Outcome attempt(const Because& because, std::string_view sql, const Args&... args) {
+    return attempt(because, std::function<int()>([&] { return exec(sql, args...); }));
   }
-  Outcome attempt(const std::function<int()>& work);
+  Outcome attempt(const Because& because, const std::function<int()>& work);
+  // Where what came of it changes nothing.
+  template <typename... Args>
+  void passOver(const Because& because, std::string_view sql, const Args&... args) {
+    passOver(because, std::function<void()>([&] { exec(sql, args...); }));
+  }
+  void passOver(const Because& because, const std::function<void()>& work);
 
   // The table as it stands, work tables as they stand here; empty when there is none.
   const std::vector<Column>& columns(std::string_view table);
   void forgetStatements() noexcept;
 
   bool inTransaction() const;
+  // Whether the engine can make something of the statement here.
+  bool understands(std::string_view sql) const;
 
   // Copies the file page by page into a new one while it stays open and others may read it.
   void copyPages(const std::filesystem::path& to);

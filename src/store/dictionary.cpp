@@ -45,10 +45,12 @@ void place(std::vector<Column>& columns, Column column) {
     *same = std::move(column);
 }
 
+constexpr Because kWalkGoesOn{"the walk leaves what it cannot make, and goes on", true};
+
 void applyTable(Database& db, const std::string& table, const std::vector<Column>& wanted) {
   if (wanted.empty()) return;
   if (!CheckTable(db, table)) {
-    db.attempt(createTableStatement("main." + quotedName(table), wanted));
+    db.passOver(kWalkGoesOn, createTableStatement("main." + quotedName(table), wanted));
     return;
   }
   const auto standing = tableColumns(db, table);
@@ -57,8 +59,8 @@ void applyTable(Database& db, const std::string& table, const std::vector<Column
     const auto same = std::find_if(standing.begin(), standing.end(),
                                    [&](const Column& c) { return sameText(c.name, column.name); });
     if (same == standing.end())
-      db.attempt("ALTER TABLE main." + quotedName(table) + " ADD COLUMN " + quotedName(column.name) + " " +
-                 column.definition);
+      db.passOver(kWalkGoesOn, "ALTER TABLE main." + quotedName(table) + " ADD COLUMN " +
+                                   quotedName(column.name) + " " + column.definition);
     else if (same->definition != column.definition)
       changed.push_back(column);
   }
@@ -111,22 +113,23 @@ bool isCompanyYear(Database& db) {
 void CreateDictionary(Database& db) {
   Transaction all(db);
   applyTable(db, "STRUCTAB", dictionaryColumns("STRUCTAB"));
-  db.attempt("DELETE FROM main.STRUCTAB");
+  db.passOver(kWalkGoesOn, "DELETE FROM main.STRUCTAB");
   all.commit();
 }
 
 void CreateDropList(Database& db) {
   Transaction all(db);
   applyTable(db, "DROPLIST", dictionaryColumns("DROPLIST"));
-  db.attempt("DELETE FROM main.DROPLIST");
+  db.passOver(kWalkGoesOn, "DELETE FROM main.DROPLIST");
   all.commit();
 }
 
 void SeedDictionary(Database& db) {
   Transaction all(db);
-  db.attempt("DELETE FROM main.STRUCTAB");
+  db.passOver(kWalkGoesOn, "DELETE FROM main.STRUCTAB");
   for (const auto& row : dictionaryRows())
-    db.attempt(
+    db.passOver(
+        kWalkGoesOn,
         "INSERT INTO main.STRUCTAB (SRNO, TABNM, FLDNM, DATATYP, DATASIZE, DATAPROP, CONDITN)"
         " VALUES (?, ?, ?, ?, ?, ?, '')",
         row.srno, row.table, row.field, row.type, row.size, row.property);
@@ -154,42 +157,41 @@ void ApplyDictionary(Database& db, std::string_view condition) {
 
 void DropUndeclared(Database& db) {
   Transaction all(db);
-  db.attempt("DELETE FROM main.DROPLIST");
+  db.passOver(kWalkGoesOn, "DELETE FROM main.DROPLIST");
   std::vector<std::string> tables;
   for (auto rows = db.query("SELECT DISTINCT TABNM FROM main.STRUCTAB ORDER BY TABNM"); rows.next();)
     tables.push_back(rows.text(0));
   for (const auto& table : tables)
     for (const auto& column : tableColumns(db, table))
       if (!db.first("SELECT 1 FROM main.STRUCTAB WHERE TABNM = ? AND FLDNM = ?", table, column.name))
-        db.attempt("INSERT INTO main.DROPLIST (TABNM, FLDNM) VALUES (?, ?)", table, column.name);
+        db.passOver(kWalkGoesOn, "INSERT INTO main.DROPLIST (TABNM, FLDNM) VALUES (?, ?)", table, column.name);
 
-  db.attempt([&] {
+  db.passOver(kWalkGoesOn, [&] {
     for (const auto& row :
          db.all("SELECT TABNM, FLDNM FROM main.DROPLIST WHERE FLDNM <> 'TABLENAME' ORDER BY TABNM, FLDNM")) {
       const std::string field = row.text("FLDNM");
       if (!sameText(field, "DESC") && field.find(' ') == std::string::npos)
         dropColumn(db, row.text("TABNM"), field);
     }
-    return 0;
   });
-  db.attempt("DELETE FROM main.DROPLIST");
+  db.passOver(kWalkGoesOn, "DELETE FROM main.DROPLIST");
   DropUndeclaredTables(db);
   all.commit();
 }
 
 void DropUndeclaredTables(Database& db) {
   Transaction all(db);
-  db.attempt(
+  db.passOver(
+      kWalkGoesOn,
       "INSERT INTO main.DROPLIST (TABNM, FLDNM) SELECT name, 'TABLENAME' FROM main.sqlite_master"
       " WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'"
       " AND UPPER(name) NOT IN ('DROPLIST', 'STRUCTAB')"
       " AND name COLLATE NOCASE NOT IN (SELECT TABNM FROM main.STRUCTAB WHERE TABNM IS NOT NULL)");
-  db.attempt([&] {
+  db.passOver(kWalkGoesOn, [&] {
     for (const auto& row : db.all("SELECT TABNM FROM main.DROPLIST WHERE FLDNM = 'TABLENAME' ORDER BY TABNM"))
-      db.attempt("DROP TABLE main." + quotedName(row.text("TABNM")));
-    return 0;
+      db.passOver(kWalkGoesOn, "DROP TABLE main." + quotedName(row.text("TABNM")));
   });
-  db.attempt("DELETE FROM main.DROPLIST");
+  db.passOver(kWalkGoesOn, "DELETE FROM main.DROPLIST");
   all.commit();
 }
 

@@ -64,12 +64,14 @@ std::span<const TableKey> tableKeys() { return keys; }
 std::string keyName(std::string_view table) { return std::string(table) + "_KEY"; }
 
 void dropKeys(Database& db) {
-  for (const auto& key : keys) db.attempt("DROP INDEX IF EXISTS main." + keyName(key.table));
+  constexpr Because why{"a key that cannot go is told when it is made anew"};
+  for (const auto& key : keys) db.passOver(why, "DROP INDEX IF EXISTS main." + keyName(key.table));
 }
 
 Outcome addKey(Database& db, const TableKey& key) {
-  return db.attempt("CREATE UNIQUE INDEX main." + keyName(key.table) + " ON " + std::string(key.table) +
-                    " (" + std::string(key.columns) + ")");
+  return db.attempt({"the table is named as without key"}, "CREATE UNIQUE INDEX main." + keyName(key.table) +
+                                                               " ON " + std::string(key.table) + " (" +
+                                                               std::string(key.columns) + ")");
 }
 
 void EnsureIndexes(Database& db) {
@@ -77,7 +79,7 @@ void EnsureIndexes(Database& db) {
     if (db.first("SELECT 1 FROM main.sqlite_master WHERE type = 'index' AND name = ? COLLATE NOCASE",
                  index.name))
       continue;
-    db.attempt("CREATE INDEX main." + std::string(index.name) + " ON " + std::string(index.table) + " (" +
-               std::string(index.columns) + ")");
+    db.passOver(kOlderBooks, "CREATE INDEX main." + std::string(index.name) + " ON " +
+                                 std::string(index.table) + " (" + std::string(index.columns) + ")");
   }
 }

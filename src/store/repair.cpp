@@ -177,13 +177,14 @@ Outcome fill(Database& db, const std::string& table, std::span<const Filling> fi
     values.insert(values.end(), next.values.begin(), next.values.end());
   }
   const std::string statement = "UPDATE main." + table + " SET " + sets + " WHERE " + where;
-  return db.attempt([&] { return db.exec(statement, values); });
+  constexpr Because why{"fields that cannot be filled together are filled one by one, as far as they can"};
+  return db.attempt(why, [&] { return db.exec(statement, values); });
 }
 
 void fillBlanks(Database& db, const std::string& table, const RepairFacts& facts) {
   const auto fields = needed(db, table, fillings(db, table, facts));
   if (fields.empty() || fill(db, table, fields)) return;
-  for (const Filling& one : fields) fill(db, table, {&one, 1});
+  for (const Filling& one : fields) (void)fill(db, table, {&one, 1});  // a blank is no harm
 }
 
 std::vector<std::string> repairedTables() {
@@ -199,16 +200,18 @@ void repairRows(Database& db, const RepairFacts& facts) {
   for (const std::string& table : repairedTables()) {
     if (!CheckTable(db, table)) continue;
     for (const Invalid& rows : kInvalid)
-      if (table == rows.table) db.attempt("DELETE FROM main." + table + " WHERE " + rows.condition);
+      if (table == rows.table) db.passOver(kOlderBooks, "DELETE FROM main." + table + " WHERE " + rows.condition);
     fillBlanks(db, table, facts);
   }
 }
 
 void removeDoubles(Database& db) {
-  db.attempt(
+  db.passOver(
+      kOlderBooks,
       "DELETE FROM main.PRTYRATE WHERE (RT_DT, ITEM_CD, SIZE_CD, ACC_CD) IN (SELECT RT_DT, ITEM_CD, SIZE_CD,"
       " ACC_CD FROM main.PRTYRATE GROUP BY RT_DT, ITEM_CD, SIZE_CD, ACC_CD HAVING COUNT(*) > 1)");
-  db.attempt(
+  db.passOver(
+      kOlderBooks,
       "DELETE FROM main.SPSFILE WHERE VOUCH_NO IN (SELECT VOUCH_NO FROM main.SPSFILE GROUP BY VOUCH_NO"
       " HAVING COUNT(*) > 1)");
 }

@@ -132,12 +132,9 @@ std::optional<Row> settingOrAdd(Database& db, const SettingRow& seed, Date date)
   return row;
 }
 
-void passOver(Database& db, const std::function<void()>& work) {
-  db.attempt([&] {
-    work();
-    return 0;
-  });
-}
+constexpr Because kSeeds{"a seed that cannot be stored is tried again at the next opening"};
+
+void passOver(Database& db, const std::function<void()>& work) { db.passOver(kSeeds, work); }
 
 void ensurePeriod(Database& db, Settings& settings) {
   passOver(db, [&] {
@@ -167,7 +164,8 @@ bool stands(Database& db, std::string_view question, const Value& key) {
 }
 
 void addDesign(Database& db, const Design& design) {
-  db.attempt(
+  db.passOver(
+      kSeeds,
       "INSERT INTO HIDELINESET (SRNO, PRNNAME, FILENM, SHEETNM, QUERYNM, HDLINES, FTLINES, INVLINES, "
       "ITMLINES, BLPGS,"
       " BTNNM, PRNCPY) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
@@ -219,8 +217,8 @@ void EnsureAccounts(Database& db) {
 
 void EnsureGroups(Database& db) {
   Transaction all(db);
-  db.attempt("DELETE FROM GRP WHERE GROUP_NAME = 'INDIRECT EXPENSES'");
-  db.attempt("DELETE FROM GRP WHERE GROUP_CD = 31");
+  db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_NAME = 'INDIRECT EXPENSES'");
+  db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_CD = 31");
   const bool fresh = db.number("SELECT COUNT(*) FROM GRP") == 0;
   for (const auto& group : groups)
     passOver(db, [&] {
@@ -229,8 +227,8 @@ void EnsureGroups(Database& db) {
               group.parent);
     });
   if (fresh) {
-    db.attempt("DELETE FROM GRP WHERE GROUP_CD = 141");
-    db.attempt("UPDATE ACCOUNT SET GROUP_CD = 133 WHERE GROUP_CD = 31");
+    db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_CD = 141");
+    db.passOver(kSeeds, "UPDATE ACCOUNT SET GROUP_CD = 133 WHERE GROUP_CD = 31");
   }
   all.commit();
 }

@@ -84,7 +84,7 @@ void fillCompanyDatabase(Database& db) {
   ApplyDictionary(db);
   // ITEMDTL goes without its key: an item may have several sizes.
   for (const auto& key : tableKeys())
-    if (key.table != "ITEMDTL") addKey(db, key);
+    if (key.table != "ITEMDTL") (void)addKey(db, key);  // empty tables hold no key twice
   EnsureIndexes(db);
   RemakeViews(db);
 
@@ -117,13 +117,17 @@ void makeTemplates(const fs::path& folder) {
   copyDatabase(folder / "SMPL.MDB", folder / "BLNK.MDB");
 }
 
+void makeUserTable(Database& db) {
+  db.exec(
+      "CREATE TABLE USER1 (USER_NAME TEXT(20) COLLATE NOCASE CHECK (LENGTH(USER_NAME) <= 20),"
+      " LOGGEDON TEXT(2) COLLATE NOCASE CHECK (LENGTH(LOGGEDON) <= 2))");
+}
+
 void makeCatalogue(const fs::path& file) {
   makeDatabase(file, [](Database& db) {
     Transaction all(db);
     db.exec(createTableStatement("compny", dictionaryColumns("COMPNY")));
-    db.exec(
-        "CREATE TABLE USER1 (USER_NAME TEXT(20) COLLATE NOCASE CHECK (LENGTH(USER_NAME) <= 20),"
-        " LOGGEDON TEXT(2) COLLATE NOCASE CHECK (LENGTH(LOGGEDON) <= 2))");
+    makeUserTable(db);
     all.commit();
   });
 }

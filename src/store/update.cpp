@@ -20,8 +20,10 @@ void walk(Database& db) {
 }
 
 void writeCompany(Database& db, const UpdateFacts& f) {
-  db.attempt("DELETE FROM main.COMPNY");
-  db.attempt(
+  constexpr Because why{"the company's own row repeats what the catalogue says"};
+  db.passOver(why, "DELETE FROM main.COMPNY");
+  db.passOver(
+      why,
       "INSERT INTO main.COMPNY (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
       " VALUES (?, ?, ?, ?, ?, ?, 'N')",
       f.companyCode, f.companyName, f.fromYear, f.toYear, f.mobile, f.dataname);

@@ -218,12 +218,11 @@ void DropViews(Database& db) {
 }
 
 void RemakeViews(Database& db) {
-  db.attempt([&] {
+  db.passOver(kOlderBooks, [&] {
     Transaction all(db);
     DropViews(db);
     for (const auto& query : savedQueries())
       db.exec("CREATE VIEW main." + quotedName(query.name) + " AS " + query.select);
     all.commit();
-    return 0;
   });
 }

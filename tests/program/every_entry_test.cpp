@@ -142,7 +142,7 @@ TEST_F(EveryEntry, OfTheToolBarAnswers) {
 }
 
 TEST_F(EveryEntry, WithoutAScreenSaysSo) {
-  for (const char* entry : {"yearend", "training", "book", "software"}) {
+  for (const char* entry : {"yearend", "training", "book", "software", "log"}) {
     host_.hint("");
     EXPECT_TRUE(host_.choose(entry)) << entry;
     EXPECT_NE(host_.hint(), "") << entry;

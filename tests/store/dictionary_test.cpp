@@ -59,8 +59,8 @@ TEST_F(DictionaryTest, TextRulesHoldInEveryTable) {
   EXPECT_EQ(db.text("SELECT GROUP_CONCAT(ACC_NAME) FROM (SELECT ACC_NAME FROM ACCOUNT WHERE ACC_CD LIKE 'a%' "
                     "ORDER BY ACC_NAME)"),
             "alpha,Beta,Zenith");
-  EXPECT_FALSE(db.attempt("UPDATE ACCOUNT SET ACC_CD = 'A000001' WHERE ACC_CD = 'A00001'"));
-  EXPECT_TRUE(db.attempt("UPDATE ACCOUNT SET ACC_CD = 'ગુજરાત' WHERE ACC_CD = 'A00001'")) << "six code points";
+  EXPECT_FALSE(db.attempt({"a test"}, "UPDATE ACCOUNT SET ACC_CD = 'A000001' WHERE ACC_CD = 'A00001'"));
+  EXPECT_TRUE(db.attempt({"a test"}, "UPDATE ACCOUNT SET ACC_CD = 'ગુજરાત' WHERE ACC_CD = 'A00001'")) << "six code points";
   const auto row = db.first("SELECT OP_BAL, ENT_DT, EMAIL FROM ACCOUNT WHERE ACC_CD = 'A00002'");
   EXPECT_EQ(row->text("OP_BAL"), "0");
   EXPECT_TRUE(row->isNull("ENT_DT"));
@@ -94,9 +94,9 @@ TEST_F(DictionaryTest, AlteringAColumnKeepsDataOrderKeysIndexesAndViews) {
   EXPECT_EQ(db.text("SELECT typeof(STATECD) || STATECD FROM ACCOUNT WHERE rowid = 90"), "real24.0");
   EXPECT_TRUE(db.first("SELECT STATECD FROM ACCOUNT WHERE rowid = 80")->isNull(0));
   EXPECT_EQ(db.text(ofIndexes), indexes);
-  EXPECT_FALSE(db.attempt("INSERT INTO ACCOUNT (ACC_CD) VALUES ('a')"))
+  EXPECT_FALSE(db.attempt({"a test"}, "INSERT INTO ACCOUNT (ACC_CD) VALUES ('a')"))
       << "the key holds, without regard to case";
-  EXPECT_TRUE(db.attempt("SELECT * FROM GSTBLPRN"));
+  EXPECT_TRUE(db.attempt({"a test"}, "SELECT * FROM GSTBLPRN"));
 }
 
 TEST_F(DictionaryTest, AColumnWhoseDataDoesNotFitKeepsItsShapeAndTheOthersDoNot) {

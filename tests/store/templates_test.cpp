@@ -28,7 +28,7 @@ TEST_F(CompanyTest, BothTemplatesAreMadeAndNothingStaysBeside) {
   makeCatalogue(folder / "comp.mdb");
   Database catalogue;
   catalogue.open(folder / "comp.mdb");
-  EXPECT_TRUE(catalogue.attempt("UPDATE USER1 SET LOGGEDON = 'N' WHERE USER_NAME = ''"));
+  EXPECT_TRUE(catalogue.attempt({"a test"}, "UPDATE USER1 SET LOGGEDON = 'N' WHERE USER_NAME = ''"));
   EXPECT_EQ(catalogue.exec("INSERT INTO compny (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
                            " VALUES ('M001', 'O''BRIEN', '2024', '2025', '', 'M00124', 'N')"),
             1);

@@ -13,6 +13,7 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "base/log.h"
 #include "base/words.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/machine.h"
@@ -46,6 +47,7 @@ void QtHost::guarded(const std::function<void()>& event) {
   try {
     event();
   } catch (const std::exception& error) {
+    logFailure(kTold, error);
     busy(false);
     message(error.what(), kMessageTitle);
   }
