@@ -1,6 +1,7 @@
 #include "vouchers/posting.h"
 
 #include <algorithm>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -8,92 +9,131 @@
 #include "frame/voucher_kinds.h"
 #include "store/alter.h"
 #include "store/balances.h"
+#include "store/dictionary.h"
 #include "store/keys.h"
 #include "vouchers/receipts.h"
 
 namespace {
 
 enum class Which { All, Missing };
+using Kinds = std::vector<const VoucherKind*>;
+
+// One run over the vouchers. Full posting stops where a statement fails; an opening goes on to the next.
+struct Run {
+  Database& db;
+  Which which;
+  std::vector<Expected> expected{};  // of full posting
+};
 
 // The vouchers that a routine posts. They are listed once, before its first row is written, with the
 // few columns that are posted, so that the wide table is read a single time and a voucher does not
 // count as posted after the first of its rows.
 struct Source {
-  std::string table;
-  std::string books;      // condition on the key of the ledger rows
-  std::string condition;  // a further one, which a listing without it need not look up
+  Kinds kinds;            // of one table
+  std::string condition;  // beside that on the key, which a listing without it need not look up
   std::vector<std::string> columns;
+
+  const std::string& table() const { return kinds.front()->tables.heads; }
+  std::string books() const {
+    std::string codes;
+    for (const VoucherKind* kind : kinds) codes += (codes.empty() ? "'" : ", '") + kind->code + "'";
+    return "V." + kinds.front()->tables.key + " IN (" + codes + ")";
+  }
 };
 
-// Columns that a table has yet to get are not in the list either, so that the engine knows them nowhere.
-constexpr Because kLedgerGoesOn{"the other rows of the ledger are written all the same", true};
-
-// Lists what to post; no longer there after dropList.
+// Lists what to post; no longer there after dropList. What a table has yet to get is not in the list
+// either, so that the engine knows the column nowhere.
 constexpr const char* kList = "temp.TO_POST";
+constexpr Because kOpeningGoesOn{.reason = "an opening posts what it can", .strangersShape = true};
+
+template <typename... Args>
+bool carryOut(const Run& run, const Kinds& kinds, const std::string& sql, const Args&... args) {
+  if (run.which == Which::Missing) return run.db.attempt(kOpeningGoesOn, sql, args...).done;
+  try {
+    run.db.exec(sql, args...);
+    return true;
+  } catch (const DatabaseError& error) {
+    if (!error.mayBePassedOver()) throw;
+    logFailure("full posting is taken back", error);
+    throw NotPosted(kinds);
+  }
+}
 
 // One step in the index of each table for a voucher. IS, since two numbers that are missing are the same.
 std::string unposted(const Source& source) {
-  return "SELECT V.rowid AS ITS_ROW FROM main." + source.table + " AS V WHERE " + source.books +
+  return "SELECT V.rowid AS ITS_ROW FROM main." + source.table() + " AS V WHERE " + source.books() +
          " AND NOT EXISTS (SELECT 1 FROM ALEDGER AS L WHERE L.BOOK_CD = V.BOOK_CD AND L.VOUCH_NO IS "
          "V.VOUCH_NO)";
 }
 
 // A column that the table has yet to get fails the statements that need it, not the listing.
-std::string columnsOf(Database& db, const Source& source) {
-  const auto& there = db.columns(source.table);
+std::string columnsOf(const Run& run, const Source& source) {
+  const auto& there = run.db.columns(source.table());
   std::string columns;
   for (const std::string& wanted : source.columns)
-    if (std::ranges::any_of(there, [&](const Column& c) { return sameText(c.name, wanted); }))
+    if (std::ranges::any_of(there, [&](const Column& c) { return sameText(c.name, wanted); })) {
       columns += (columns.empty() ? "V." : ", V.") + wanted;
+    } else if (run.which == Which::All) {
+      logFailure("full posting is taken back", source.table() + " has no column " + wanted);
+      throw NotPosted(source.kinds);
+    }
   return columns;
 }
 
 void dropList(Database& db) { db.exec(std::string("DROP TABLE IF EXISTS ") + kList); }
 
-// False when the vouchers cannot be read.
-bool list(Database& db, const Source& source, Which which) {
-  dropList(db);
-  const std::string columns = columnsOf(db, source), table = "main." + source.table + " AS V";
-  const std::string from =
-      which == Which::All ? "SELECT " + columns + " FROM " + table + " WHERE " + source.books + " AND "
-                          : "WITH UNPOSTED AS MATERIALIZED (" + unposted(source) + ") SELECT " + columns +
-                                " FROM UNPOSTED CROSS JOIN " + table + " ON V.rowid = ITS_ROW WHERE ";
-  return db
-      .attempt(kLedgerGoesOn, std::string("CREATE TABLE ") + kList + " AS " + from + source.condition +
-               " ORDER BY V.BOOK_CD, V.VOUCH_NO, V.rowid")
-      .done;
+bool holdsRows(Database& db, const Source& source) {
+  return CheckTable(db, source.table()) && db.first("SELECT 1 FROM main." + source.table() + " LIMIT 1");
 }
 
-const Source& receipts() {
-  static const Source source{
-      .table = "RPTPAY",
-      .books = "V.BOOK_CD IN ('RC', 'PY', 'IC', 'EP')",
+// False when there is nothing to post, or the vouchers cannot be read.
+bool list(const Run& run, const Source& source) {
+  dropList(run.db);
+  if (!holdsRows(run.db, source)) return false;
+  const std::string columns = columnsOf(run, source), table = "main." + source.table() + " AS V";
+  const std::string from =
+      run.which == Which::All ? "SELECT " + columns + " FROM " + table + " WHERE " + source.books() + " AND "
+                              : "WITH UNPOSTED AS MATERIALIZED (" + unposted(source) + ") SELECT " + columns +
+                                    " FROM UNPOSTED CROSS JOIN " + table + " ON V.rowid = ITS_ROW WHERE ";
+  return carryOut(run, source.kinds,
+                  std::string("CREATE TABLE ") + kList + " AS " + from + source.condition +
+                      " ORDER BY V.BOOK_CD, V.VOUCH_NO, V.rowid");
+}
+
+// The listed vouchers of a kind that get rows.
+void expect(Run& run, const VoucherKind& kind, const std::string& rows) {
+  if (run.which == Which::Missing) return;
+  run.expected.push_back(
+      {&kind, run.db.number(std::string("SELECT COUNT(*) FROM (SELECT DISTINCT VOUCH_NO FROM ") + kList +
+                                " WHERE BOOK_CD = ? COLLATE NOCASE AND (" + rows + "))",
+                            kind.code)});
+}
+
+Source receipts() {
+  return {
+      .kinds = kindsPostedFrom("RPTPAY"),
       .condition = "V.AMOUNT IS NOT 0",
       .columns = {"VOUCH_NO", "VOUCH_DT", "BOOK_CD", "CSHBNK_CD", "PARTY_CD", "AMOUNT", "NARRATION",
                   "RPTPAY_DTL", "REF_NO", "NARRATION1", "CHQ_NO", "CHQ_CLG_DT"},
   };
-  return source;
 }
 
 Source bills(const VoucherKind& kind) {
   return {
-      .table = kind.tables.heads,
-      .books = "V." + kind.tables.key + " = '" + kind.code + "'",
+      .kinds = {&kind     },
       .condition = "V.GSTPOST = 1",
-      .columns = {"VOUCH_NO", "VOUCH_DT", "BOOK_CD", "PARTY_CD", "SALE_CD", "NET_AMT", "ITEM_AMT", "TCGSTRT",
-                  "TSGSTRT", "TIGSTRT", "ROUND_OFF", "NARRATION", "GR_NO", "DESTI", "BILL_NO", "CR_DAYS"},
+      .columns = { "VOUCH_NO", "VOUCH_DT", "BOOK_CD", "PARTY_CD", "SALE_CD", "NET_AMT", "ITEM_AMT", "TCGSTRT",
+                "TSGSTRT", "TIGSTRT", "ROUND_OFF", "NARRATION", "GR_NO", "DESTI", "BILL_NO", "CR_DAYS"},
   };
 }
 
-const Source& challans() {
-  static const Source source{
-      .table = "CHLN",
-      .books = "V.BOOK_CD = 'CH'",
+Source challans() {
+  return {
+      .kinds = kindsPostedFrom("CHLN"),
       .condition = "V.NET_AMT IS NOT 0",
       .columns = {"VOUCH_NO", "VOUCH_DT", "BOOK_CD", "PARTY_CD", "NET_AMT", "CHLN_NO", "NARRATION", "GR_NO",
                   "DESTI"},
   };
-  return source;
 }
 
 bool anyMissing(Database& db) {
@@ -101,21 +141,24 @@ bool anyMissing(Database& db) {
   for (const VoucherKind* kind : kindsPostedFrom("SALE")) sources.push_back(bills(*kind));
   bool found = false;
   for (const Source& source : sources)
-    db.passOver(kLedgerGoesOn, [&] {
-      found = found || db.first(unposted(source) + " AND " + source.condition + " LIMIT 1");
-    });
+    if (!found && holdsRows(db, source))
+      db.passOver(kOpeningGoesOn, [&] {
+        found = db.first(unposted(source) + " AND " + source.condition + " LIMIT 1").has_value();
+      });
   return found;
 }
 
-void postReceipts(Database& db, Which which) {
-  if (!list(db, receipts(), which)) return;
+void postReceipts(Run& run) {
+  if (!list(run, receipts())) return;
   const auto statements =
       postingStatements({.billNumber = "REF_NO",
                          .subDesc = "'.'",
                          .from = std::string(kList) + " WHERE BOOK_CD = ? COLLATE NOCASE"});
-  for (const VoucherKind* kind : kindsPostedFrom("RPTPAY"))
+  for (const VoucherKind* kind : kindsPostedFrom("RPTPAY")) {
+    expect(run, *kind, "TRUE");
     for (size_t i = 0; i < statements.size(); ++i)
-      db.passOver(kLedgerGoesOn, statements[i], sides(*kind)[i], kind->code);
+      carryOut(run, {kind}, statements[i], sides(*kind)[i], kind->code);
+  }
 }
 
 // A row of a bill or challan: its side, the rest as expressions over the listed columns.
@@ -126,19 +169,23 @@ struct Posted {
 
 std::string account(const std::string& code) { return "'" + code + "'"; }
 
-void post(Database& db, const Posted& row) {
-  db.passOver(
-      kLedgerGoesOn,
-      "INSERT INTO ALEDGER (VOUCH_NO, VOUCH_DT, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
-      " NARRATION, BW_AB, PARTY_BL, SUB_DESC) SELECT VOUCH_NO, VOUCH_DT, BOOK_CD, ?, " +
-          row.account + ", " + row.against + ", " + row.amount + ", SUBSTR(" + row.narration +
-          ", 1, 200), 'A', " + row.billNumber + ", " + row.subDesc + " FROM " + kList + " WHERE " + row.when,
-      row.side);
+void post(Run& run, const VoucherKind& kind, std::span<const Posted> rows) {
+  std::string any;
+  for (const Posted& row : rows) any += (any.empty() ? "" : " OR ") + std::string(row.when);
+  expect(run, kind, any);
+  for (const Posted& row : rows)
+    carryOut(run, {&kind},
+             "INSERT INTO ALEDGER (VOUCH_NO, VOUCH_DT, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
+             " NARRATION, BW_AB, PARTY_BL, SUB_DESC) SELECT VOUCH_NO, VOUCH_DT, BOOK_CD, ?, " +
+                 row.account + ", " + row.against + ", " + row.amount + ", SUBSTR(" + row.narration +
+                 ", 1, 200), 'A', " + row.billNumber + ", " + row.subDesc + " FROM " + kList + " WHERE " +
+                 row.when,
+             row.side);
 }
 
-// The same rows as a save writes, by the same book.
-void postBills(Database& db, const VoucherKind& kind, Which which) {
-  if (!list(db, bills(kind), which)) return;
+// The same rows as a save writes, by the same kind.
+void postBills(Run& run, const VoucherKind& kind) {
+  if (!list(run, bills(kind))) return;
   const std::string &ours = kind.ledger.partySide, theirs = kind.ledger.otherSide();
   const std::string cgst = account(kind.ledger.cgst), sgst = account(kind.ledger.sgst),
                     igst = account(kind.ledger.igst), rounds = account(kind.ledger.rounds);
@@ -146,26 +193,27 @@ void postBills(Database& db, const VoucherKind& kind, Which which) {
   constexpr const char* withLr = "NARRATION || ' ' || GR_NO";
   constexpr const char* withDestination = "NARRATION || ' ' || GR_NO || ' ' || DESTI";
   constexpr const char* days = "NUMTEXT(CR_DAYS)";
+  // A tax below 0 belongs to a bill of negative amount, which would not balance without it.
   // clang-format off
   const Posted rows[] = {
       {ours,   "PARTY_CD", "SALE_CD",  "NET_AMT",        withDestination, "BILL_NO", days,   "NET_AMT IS NOT 0"},
       {theirs, "SALE_CD",  "PARTY_CD", "ITEM_AMT",       withLr,          "BILL_NO", days,   "ITEM_AMT IS NOT 0"},
-      {theirs, cgst,       "PARTY_CD", "TCGSTRT",        "NARRATION",     "NULL",    "NULL", "TCGSTRT > 0"},
-      {theirs, sgst,       "PARTY_CD", "TSGSTRT",        "NARRATION",     "NULL",    "NULL", "TSGSTRT > 0"},
-      {theirs, igst,       "PARTY_CD", "TIGSTRT",        "NARRATION",     "NULL",    "NULL", "TIGSTRT > 0"},
+      {theirs, cgst,       "PARTY_CD", "TCGSTRT",        "NARRATION",     "NULL",    "NULL", "TCGSTRT <> 0"},
+      {theirs, sgst,       "PARTY_CD", "TSGSTRT",        "NARRATION",     "NULL",    "NULL", "TSGSTRT <> 0"},
+      {theirs, igst,       "PARTY_CD", "TIGSTRT",        "NARRATION",     "NULL",    "NULL", "TIGSTRT <> 0"},
       {ours,   rounds,     "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION",     "BILL_NO", "NULL", "ROUND_OFF < 0"},
       {theirs, rounds,     "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION",     "BILL_NO", "NULL", "ROUND_OFF > 0"},
   };
   // clang-format on
-  for (const Posted& row : rows) post(db, row);
+  post(run, kind, rows);
 }
 
-void postBills(Database& db, Which which) {
-  for (const VoucherKind* kind : kindsPostedFrom("SALE")) postBills(db, *kind, which);
+void postBills(Run& run) {
+  for (const VoucherKind* kind : kindsPostedFrom("SALE")) postBills(run, *kind);
 }
 
-void postChallans(Database& db, Which which) {
-  if (!list(db, challans(), which)) return;
+void postChallans(Run& run) {
+  if (!list(run, challans())) return;
   const std::string sales = account(saleKind().ledger.goods);
   constexpr const char* narration = "NARRATION || ' ' || GR_NO || ' ' || DESTI";
   // clang-format off
@@ -174,7 +222,7 @@ void postChallans(Database& db, Which which) {
       {"C", sales,      "PARTY_CD", "NET_AMT", narration, "STR(CHLN_NO)", "'0'", "TRUE"},
   };
   // clang-format on
-  for (const Posted& row : rows) post(db, row);
+  for (const VoucherKind* kind : kindsPostedFrom("CHLN")) post(run, *kind, rows);
 }
 
 // How the engine works while the whole ledger is written: it does not blank the pages that it is about
@@ -210,7 +258,7 @@ class Bulk {
 
 }  // namespace
 
-void postAll(Database& db, const PostingProgress& progress) {
+std::vector<Unbalanced> postAll(Database& db, const PostingProgress& progress) {
   const auto step = [&](const char* words, const std::function<void()>& work) {
     if (progress) progress(words);
     work();
@@ -218,6 +266,8 @@ void postAll(Database& db, const PostingProgress& progress) {
   };
   const Bulk bulk(db);
   Transaction all(db);
+  Run run{db, Which::All};
+  std::vector<Unbalanced> unbalanced;
   SetAside old;
   step(" Progress ....", [&] {
     // Indexes are built once over all rows, not row by row. The old rows stand aside, since pages that are
@@ -226,24 +276,27 @@ void postAll(Database& db, const PostingProgress& progress) {
       db.exec(std::string("DROP INDEX IF EXISTS main.") + index);
     old = setAside(db, "ALEDGER");
   });
-  step("\n Receipt Payment Posting ....", [&] { postReceipts(db, Which::All); });
-  step("\n Sales Posting ....", [&] { postBills(db, Which::All); });
-  step("\n Challan Posting ....", [&] { postChallans(db, Which::All); });
+  step("\n Receipt Payment Posting ....", [&] { postReceipts(run); });
+  step("\n Sales Posting ....", [&] { postBills(run); });
+  step("\n Challan Posting ....", [&] { postChallans(run); });
   step("\n Updating Closing Balanes .....", [&] {
     dropList(db);
     EnsureIndexes(db);
+    unbalanced = checkLedger(db, run.expected);
     RebuildAllBalances(db);
     dropSetAside(db, old);
   });
   all.commit();
+  return unbalanced;
 }
 
 void postMissing(Database& db) {
   if (!anyMissing(db)) return;  // the usual case, which waits for no other program
   Transaction all(db);
-  postReceipts(db, Which::Missing);
-  postBills(db, Which::Missing);
-  postChallans(db, Which::Missing);
+  Run run{db, Which::Missing};
+  postReceipts(run);
+  postBills(run);
+  postChallans(run);
   dropList(db);
   all.commit();
 }

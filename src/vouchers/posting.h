@@ -2,8 +2,10 @@
 
 #include <functional>
 #include <string_view>
+#include <vector>
 
 #include "store/database.h"
+#include "vouchers/posting_check.h"
 
 // The ledger ALEDGER is derived from the vouchers: receipts and payments, bills of sale and
 // purchase, challans. What a save has posted can be thrown away and made again here, one statement for
@@ -11,16 +13,16 @@
 // bill's party row carries the destination, its goods row the credit days; taxes of nil and other rows
 // of amount 0 are not written); both forms are valid.
 //
-// A statement that fails is passed over and the next one runs, so that a table that an update has
-// yet to bring up to date costs its own rows alone. What must reach the user (a lock, a full disk, a
-// broken file) is raised, and nothing has changed then.
-
 // Throws the whole ledger away and posts every voucher, then rebuilds the balance of every account:
-// all or nothing, also when the program or the machine stops in the middle. `progress` is told each
-// step as it begins and ends, in the words that are shown for it.
+// all or nothing, also when the program or the machine stops in the middle. A kind of which a voucher
+// would be left without its rows raises NotPosted, and nothing has changed then. Returns the vouchers
+// that are posted as they are and cannot balance. `progress` is told each step as it begins and ends,
+// in the words that are shown for it.
 using PostingProgress = std::function<void(std::string_view words)>;
-void postAll(Database& db, const PostingProgress& progress = {});
+std::vector<Unbalanced> postAll(Database& db, const PostingProgress& progress = {});
 
 // Posts what has no ledger row of its own yet, and changes nothing else: run twice it does nothing
-// the second time, and rows of vouchers that were deleted stay. All or nothing.
+// the second time, and rows of vouchers that were deleted stay. A statement that fails is passed over and
+// the next one runs, so that a table that an update has yet to bring up to date costs its own rows alone;
+// the log keeps it. What must reach the user (a lock, a full disk, a broken file) is raised.
 void postMissing(Database& db);

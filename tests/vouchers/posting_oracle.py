@@ -105,7 +105,7 @@ def expected(db):
         yield from entry(v, ours, party, goods, v["NET_AMT"], NARRATION=joined(note, v["GR_NO"], v["DESTI"]), **with_days)
         yield from entry(v, theirs, goods, party, v["ITEM_AMT"], NARRATION=joined(note, v["GR_NO"]), **with_days)
         for account, tax in zip(accounts, TAXES):
-            if v[tax] is not None and v[tax] > 0:
+            if v[tax] is not None and v[tax] != 0:
                 yield from entry(v, theirs, account, party, v[tax], NARRATION=note)
         if v["ROUND_OFF"] != 0:
             side = ours if v["ROUND_OFF"] < 0 else theirs
