@@ -143,7 +143,7 @@ BackupFacts factsOf(const fs::path& file) {
   if (!isCompanyYear(db)) throw DatabaseError(Kind::notDatabase, file.filename().string(), {});
   if (const std::string found = db.text("PRAGMA main.integrity_check"); found != "ok")
     throw DatabaseError(Kind::damaged, file.filename().string(), found);
-  BackupFacts facts{.dataname = savedUnder(db)};
+  BackupFacts facts{.dataname = savedUnder(db), .newer = shapeVersion(db) > kShapeVersion};
   db.passOver(kOlderBooks, [&] { facts.company = db.text("SELECT COMPNM FROM COMP_DET"); });
   db.passOver(kOlderBooks, [&] {
     if (const auto row =

@@ -38,6 +38,7 @@ struct BackupFacts {
   std::string dataname{};  // savedUnder
   int bills = 0;
   std::optional<Date> last{};  // date of the latest bill
+  bool newer = false;          // shaped by a newer program
 };
 
 // Raises DatabaseError for a file that is missing, damaged or no company-year.

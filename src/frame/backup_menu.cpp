@@ -45,6 +45,7 @@ std::string factsText(const BackupFacts& facts) {
       words(facts.bills == 1 ? english("{company} :: {count} Bill") : english("{company} :: {count} Bills"),
             "company", company, "count", std::to_string(facts.bills));
   if (facts.last) text += words(" :: Last Of {date}", "date", formatDate(*facts.last, "dd/MMM/yyyy"));
+  if (facts.newer) text += "\r\n" + words("It Was Made By A Newer Program");
   return text;
 }
 

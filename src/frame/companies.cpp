@@ -97,7 +97,8 @@ void clearMarks(Database& year) {
   using Kind = DatabaseError::Kind;
   try {
     for (const int mark : {221, 222, 223, 224, 225, 226})
-      year.passOver({"the mark decides nothing"}, "UPDATE SPSFILE SET VOUCH_FLAG = 0 WHERE VOUCH_NO = ?", mark);
+      year.passOver({"the mark decides nothing"},
+                    "UPDATE SPSFILE SET VOUCH_FLAG = 0 WHERE VOUCH_NO = ? AND VOUCH_FLAG IS NOT 0", mark);
   } catch (const DatabaseError& error) {
     if (error.kind() != Kind::full && error.kind() != Kind::readOnly && error.kind() != Kind::io) throw;
     logFailure("passed over: the books can be read", error);

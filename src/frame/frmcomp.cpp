@@ -9,11 +9,16 @@
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "platform/utf8.h"
+#include "store/dictionary.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 
 constexpr const char* kConfirm = english("Mirav Confirmation Message");
 constexpr const char* kKeys = english("Up / Down = Scroll  ::  Enter = Select  ::  Esc = Exit");
+constexpr const char* kNewer =
+    english("These Books Were Made By A Newer Program\r\nDo You Want To Open Them With This One");
 
 // clang-format off
 const ScreenSpec& spec() {
@@ -250,6 +255,8 @@ void FRMCOMP::ok() {
 
 void FRMCOMP::openTyped() {
   const CompanyYear which{at("Text1").text, at("Text2").text, trim(at("Text3").text), trim(at("Text4").text)};
+  const fs::path file = fs::path(session().mapppath) / (dataStem(which.code, which.from) + ".mdb");
+  if (shapeVersion(file) > kShapeVersion && !host.ask(kNewer, kConfirm)) return;
   std::string refusal;
   try {
     refusal = openCompanyYear(which);

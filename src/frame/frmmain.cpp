@@ -231,6 +231,7 @@ void frmmain::showGlance() {
 
 bool frmmain::mayClose() {
   if (!host.ask("Are You Sure You Want To Exit", "Mirav Confirmation")) return false;
+  settleAtEnd(host);
   backUpAtExit(host);
   return true;
 }

@@ -6,6 +6,7 @@
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "store/balances.h"
+#include "store/settled.h"
 
 namespace {
 
@@ -45,9 +46,35 @@ std::vector<std::function<void()>>& openingRoutines() {
   return routines;
 }
 
+namespace {
+
+// `done` runs a step and says whether it went through.
+void settle(const std::function<bool(const std::function<void()>& step)>& done) {
+  if (isSettled(data())) return;
+  Settling settling(data());
+  bool all = true;
+  for (const auto& routine : openingRoutines()) all = done(routine) && all;
+  all = done([] { RebuildAllBalances(data()); }) && all;
+  if (all) done([&] { settling.done(); });
+}
+
+}  // namespace
+
 void runOpeningRoutines(Host& host) {
-  for (const auto& routine : openingRoutines()) passOver(host, routine);
-  passOver(host, [] { RebuildAllBalances(data()); });
+  settle([&](const std::function<void()>& step) { return passOver(host, step); });
+}
+
+void settleAtEnd(Host& host) {
+  const Busy busy(host);
+  settle([](const std::function<void()>& step) {
+    try {
+      step();
+      return true;
+    } catch (const std::exception& error) {
+      logFailure("passed over: the next opening does it", error);
+      return false;
+    }
+  });
 }
 
 frmStartup::frmStartup(Host& h) : Screen(h, ::spec()) {

@@ -9,8 +9,11 @@
 // receipts and payments, of sales and of challans, in that order. The routines stand in a
 // higher layer, so the program hands them in before it starts.
 std::vector<std::function<void()>>& openingRoutines();
-// Runs them and rebuilds the balances; a routine that fails does not keep the next from running.
+// Runs them and rebuilds the balances, unless the books stand so since they were last settled; a routine
+// that fails does not keep the next from running.
 void runOpeningRoutines(Host& host);
+// The same at a clean end, so that the next opening has nothing to do. A failure is left to that.
+void settleAtEnd(Host& host);
 
 // The splash between the choice of a company-year and the shell.
 class frmStartup : public Screen {

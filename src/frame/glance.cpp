@@ -5,10 +5,9 @@
 
 #include "base/words.h"
 #include "frame/voucher_kinds.h"
+#include "store/settled.h"
 
 namespace {
-
-// A plus sign keeps the planner from the index of the books, in which one book is everything.
 
 // The shell must stand on a database that an update has not completed yet.
 void guarded(const std::function<void()>& read) {
@@ -52,13 +51,15 @@ int daysOpen(Database& db, const std::string& account, double balance, Date toda
 
 }  // namespace
 
+// From the lookup's index alone, which holds the amounts.
 Figure salesBetween(Database& db, Date first, Date last) {
   return figure(db,
                 "SELECT SUM(NET_AMT), COUNT(*) FROM SALE"
-                " WHERE VOUCH_DT BETWEEN ? AND ? AND +BOOK_CD = ?",
+                " WHERE VOUCH_DT BETWEEN ? AND ? AND BOOK_CD = ?",
                 first, last, saleKind().code);
 }
 
+// A plus sign keeps the planner from the index of the books, in which one book is everything.
 Figure receiptsBetween(Database& db, Date first, Date last) {
   return figure(db,
                 "SELECT SUM(AMOUNT), COUNT(*) FROM RPTPAY"
@@ -80,15 +81,21 @@ std::vector<LastBill> lastBills(Database& db, int most) {
   return bills;
 }
 
-// The stored balance knows a bill only from the next posting or opening on: this sums the ledger.
+// The stored balance knows a bill only from the next posting or opening on. Until books are settled this
+// sums the ledger.
 Receivable receivable(Database& db, int most, Date today, Date periodStart) {
+  constexpr const char* stored = "CL_BAL";
+  constexpr const char* summed =
+      "COALESCE(OP_BAL, 0) + COALESCE((SELECT SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT"
+      " WHEN 'C' THEN -VOUCH_AMT END) FROM ALEDGER WHERE PARTY_CD = ACC_CD), 0)";
   Receivable owed;
   guarded([&] {
-    auto accounts = db.query(
-        "SELECT ACC_CD, ACC_NAME, OWES FROM (SELECT ACC_CD, ACC_NAME, ROUND(COALESCE(OP_BAL, 0) + COALESCE("
-        "(SELECT SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT WHEN 'C' THEN -VOUCH_AMT END) FROM ALEDGER"
-        " WHERE PARTY_CD = ACC_CD), 0), 2) AS OWES FROM ACCOUNT WHERE GROUP_CD IN (85, 86))"
-        " WHERE OWES > 0 ORDER BY OWES DESC, ACC_NAME");
+    // Materialized, since the sum is asked for three times.
+    auto accounts = db.query("WITH OWING AS MATERIALIZED (SELECT ACC_CD, ACC_NAME, ROUND(" +
+                             std::string(isSettled(db) ? stored : summed) +
+                             ", 2) AS OWES FROM ACCOUNT WHERE GROUP_CD IN (85, 86))"
+                             " SELECT ACC_CD, ACC_NAME, OWES FROM OWING WHERE OWES > 0"
+                             " ORDER BY OWES DESC, ACC_NAME");
     while (accounts.next()) {
       const double owes = accounts.number(2);
       owed.all.amount += owes;

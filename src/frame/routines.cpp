@@ -84,9 +84,10 @@ void openTutorial(Host& host, const std::string& link) {
     host.openLink(link);
 }
 
-void passOver(Host& host, const std::function<void()>& step) {
+bool passOver(Host& host, const std::function<void()>& step) {
   try {
     step();
+    return true;
   } catch (const DatabaseError& error) {
     if (error.mayBePassedOver())
       logFailure("passed over: the next step runs all the same", error);
@@ -95,6 +96,7 @@ void passOver(Host& host, const std::function<void()>& step) {
   } catch (const std::exception& error) {
     tellFailure(host, error);
   }
+  return false;
 }
 
 void tellFailure(Host& host, const std::exception& error) {

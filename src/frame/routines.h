@@ -19,7 +19,8 @@ void CheckOnline(Host& host);  // sets monline
 void openTutorial(Host& host, const std::string& link);
 // Runs a step whose failure must not keep the next one from running. What the user has to
 // know of (a lock, a full disk, a broken file) is told in a box, the rest is passed over.
-void passOver(Host& host, const std::function<void()>& step);
+// Whether it went through.
+bool passOver(Host& host, const std::function<void()>& step);
 // In a box, and in the log.
 void tellFailure(Host& host, const std::exception& error);
 // mirav.log in the system's viewer.

@@ -3,6 +3,7 @@
 #include "base/words.h"
 #include "frame/backup_menu.h"
 #include "frame/session.h"
+#include "store/dictionary.h"
 #include "store/update.h"
 
 namespace {
@@ -43,6 +44,11 @@ UpdateDatabase::UpdateDatabase(Host& theHost)
 
 // What the update drops is gone, so it waits until the backup stands.
 void UpdateDatabase::update() {
+  if (shapeVersion(data()) > kShapeVersion) {
+    host.message(english("These Books Were Made By A Newer Program :: Their Shape Stays As It Is"),
+                 kMessageTitle);
+    return;
+  }
   if (!backUpNow(host)) return;
   std::vector<std::string> withoutKey;
   run([&] { withoutKey = work(); });

@@ -191,7 +191,7 @@ void RenameItem(Database& db, const Renaming& renaming) {
                 renaming.to.code, renaming.to.size, renaming.from.code, renaming.from.size);
   }
   db.passOver(kOlderBooks, "DELETE FROM PRTYRATE WHERE ITEM_CD = ? AND SIZE_CD = ?", renaming.from.code,
-             renaming.from.size);
+              renaming.from.size);
 }
 
 bool itemHasSales(Database& db, std::string_view code) {

@@ -8,7 +8,7 @@
 namespace {
 
 // The data of old books, or a key, may forbid the new shape.
-constexpr Because kKeepsItsShape{"the column keeps its shape", true};
+constexpr Because kKeepsItsShape{.reason = "the column keeps its shape", .strangersShape = true};
 
 constexpr const char *building = "_being_altered", *aside = "_set_aside";
 
@@ -113,10 +113,11 @@ bool tryChanges(Database& db, const std::string& table, const std::vector<Column
     next.column.definition = change->definition;
   }
   return db
-      .attempt(kKeepsItsShape, [&] {
-        rebuild(db, table, plan);
-        return 0;
-      })
+      .attempt(kKeepsItsShape,
+               [&] {
+                 rebuild(db, table, plan);
+                 return 0;
+               })
       .done;
 }
 

@@ -5,32 +5,28 @@
 void RebuildAllBalances(Database& db) {
   Transaction all(db);
   db.passOver(kOlderBooks, "DELETE FROM T_ACLST");
-  db.passOver(
-      kOlderBooks,
-      "INSERT INTO T_ACLST (ACC_CD, ACC_NAME, GROUP_CD, OP_BAL, CL_BAL)"
-      " SELECT ACC_CD, ACC_NAME, GROUP_CD, OP_BAL, CL_BAL FROM ACCOUNT");
+  db.passOver(kOlderBooks,
+              "INSERT INTO T_ACLST (ACC_CD, ACC_NAME, GROUP_CD, OP_BAL, CL_BAL)"
+              " SELECT ACC_CD, ACC_NAME, GROUP_CD, OP_BAL, CL_BAL FROM ACCOUNT");
   // Summed before the join and by party alone: one walk through the ledger's index, in its order.
-  db.passOver(
-      kOlderBooks,
-      "WITH SUMS AS MATERIALIZED (SELECT PARTY_CD,"
-      " SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'C') AS CR,"
-      " SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D') AS DR FROM ALEDGER GROUP BY PARTY_CD),"
-      " SIDES AS (SELECT PARTY_CD, CR, 0 AS DR FROM SUMS WHERE CR IS NOT NULL"
-      " UNION ALL SELECT PARTY_CD, 0, DR FROM SUMS WHERE DR IS NOT NULL)"
-      " INSERT INTO T_ACLST (GROUP_CD, ACC_CD, ACC_NAME, OP_BAL, CL_BAL, TOT_CR, TOT_DR)"
-      " SELECT GROUP_CD, ACC_CD, ACC_NAME, OP_BAL, 0, CR, DR"
-      " FROM SIDES JOIN ACCOUNT ON SIDES.PARTY_CD = ACCOUNT.ACC_CD");
+  db.passOver(kOlderBooks,
+              "WITH SUMS AS MATERIALIZED (SELECT PARTY_CD,"
+              " SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'C') AS CR,"
+              " SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D') AS DR FROM ALEDGER GROUP BY PARTY_CD),"
+              " SIDES AS (SELECT PARTY_CD, CR, 0 AS DR FROM SUMS WHERE CR IS NOT NULL"
+              " UNION ALL SELECT PARTY_CD, 0, DR FROM SUMS WHERE DR IS NOT NULL)"
+              " INSERT INTO T_ACLST (GROUP_CD, ACC_CD, ACC_NAME, OP_BAL, CL_BAL, TOT_CR, TOT_DR)"
+              " SELECT GROUP_CD, ACC_CD, ACC_NAME, OP_BAL, 0, CR, DR"
+              " FROM SIDES JOIN ACCOUNT ON SIDES.PARTY_CD = ACCOUNT.ACC_CD");
   db.passOver(kOlderBooks, "UPDATE ACCOUNT SET CL_BAL = 0");
   // A missing opening balance is nothing, as it is to one account's rebuild.
   db.passOver(kOlderBooks, "UPDATE ACCOUNT SET CL_BAL = COALESCE(OP_BAL, 0)");
-  db.passOver(
-      kOlderBooks,
-      "UPDATE ACCOUNT SET CL_BAL = ACCOUNT.CL_BAL + T_ACLST.TOT_DR FROM T_ACLST"
-      " WHERE ACCOUNT.ACC_CD = T_ACLST.ACC_CD AND T_ACLST.TOT_DR <> 0");
-  db.passOver(
-      kOlderBooks,
-      "UPDATE ACCOUNT SET CL_BAL = ACCOUNT.CL_BAL - T_ACLST.TOT_CR FROM T_ACLST"
-      " WHERE ACCOUNT.ACC_CD = T_ACLST.ACC_CD AND T_ACLST.TOT_CR <> 0");
+  db.passOver(kOlderBooks,
+              "UPDATE ACCOUNT SET CL_BAL = ACCOUNT.CL_BAL + T_ACLST.TOT_DR FROM T_ACLST"
+              " WHERE ACCOUNT.ACC_CD = T_ACLST.ACC_CD AND T_ACLST.TOT_DR <> 0");
+  db.passOver(kOlderBooks,
+              "UPDATE ACCOUNT SET CL_BAL = ACCOUNT.CL_BAL - T_ACLST.TOT_CR FROM T_ACLST"
+              " WHERE ACCOUNT.ACC_CD = T_ACLST.ACC_CD AND T_ACLST.TOT_CR <> 0");
   all.commit();
 }
 

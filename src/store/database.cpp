@@ -236,6 +236,19 @@ std::unique_ptr<PreparedStatement> Database::take(std::string_view sql) {
   }
 }
 
+// Read through the engine's own handle: closing another one would give up its locks.
+std::optional<std::int64_t> Database::changeCount() const {
+  constexpr int kPlace = 24;  // of four bytes, by the file format
+  sqlite3_file* own = nullptr;
+  sqlite3_file_control(handle_->sqlite.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &own);
+  std::array<unsigned char, 4> bytes{};
+  if (!own || !own->pMethods || own->pMethods->xRead(own, bytes.data(), bytes.size(), kPlace) != SQLITE_OK)
+    return {};
+  std::int64_t count = 0;
+  for (const unsigned char byte : bytes) count = count << 8 | byte;
+  return count;
+}
+
 bool Database::understands(std::string_view sql) const {
   try {
     SQLite::Statement(handle_->sqlite, std::string(sql));

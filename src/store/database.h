@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -255,6 +256,9 @@ class Database {
   void forgetStatements() noexcept;
 
   bool inTransaction() const;
+  // How often the file was changed, by whichever program; none in memory. Stands still inside a
+  // transaction that has read, and grows by one with each that has written.
+  std::optional<std::int64_t> changeCount() const;
   // Whether the engine can make something of the statement here.
   bool understands(std::string_view sql) const;
 

@@ -2,11 +2,15 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <set>
+#include <stdexcept>
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "store/alter.h"
+#include "store/safe_file.h"
 
 namespace {
 
@@ -45,7 +49,8 @@ void place(std::vector<Column>& columns, Column column) {
     *same = std::move(column);
 }
 
-constexpr Because kWalkGoesOn{"the walk leaves what it cannot make, and goes on", true};
+constexpr Because kWalkGoesOn{.reason = "the walk leaves what it cannot make, and goes on",
+                              .strangersShape = true};
 
 void applyTable(Database& db, const std::string& table, const std::vector<Column>& wanted) {
   if (wanted.empty()) return;
@@ -71,21 +76,61 @@ std::string keyOf(std::string_view table, std::string_view field) {
   return upper(table) + "." + upper(field);
 }
 
+bool isDeclaredTable(const std::string& table) {
+  const auto tables = declaredTables();
+  return std::ranges::any_of(tables, [&](const std::string& one) { return sameText(one, table); });
+}
+
+// Whether STRUCTAB holds the compiled rows, each once, and no other.
+bool holdsTheRows(Database& db) {
+  std::multiset<std::string> compiled, stored;
+  const auto written = [](auto... parts) { return join({Value(parts).text()...}, "|"); };
+  for (const auto& row : dictionaryRows())
+    compiled.insert(written(row.srno, row.table, row.field, row.type, row.size, row.property));
+  for (auto rows = db.query("SELECT SRNO, TABNM, FLDNM, DATATYP, DATASIZE, DATAPROP FROM main.STRUCTAB");
+       rows.next();)
+    stored.insert(
+        written(rows.text(0), rows.text(1), rows.text(2), rows.text(3), rows.text(4), rows.text(5)));
+  return compiled == stored;
+}
+
+// Into DROPLIST: columns of declared tables, and tables (as TABLENAME), that no row declares.
+void listUndeclared(Database& db) {
+  const auto list = [&](const std::string& table, const std::string& field) {
+    db.passOver(kWalkGoesOn, "INSERT INTO main.DROPLIST (TABNM, FLDNM) VALUES (?, ?)", table, field);
+  };
+  for (const auto& table : declaredTables())
+    for (const auto& column : tableColumns(db, table))
+      if (!isDeclared(table, column.name)) list(table, column.name);
+  for (const auto& row : db.all("SELECT name FROM main.sqlite_master WHERE type = 'table'"
+                                " AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'"))
+    if (!isDeclaredTable(row.text(0))) list(row.text(0), "TABLENAME");
+}
+
 }  // namespace
 
 bool isDeclared(std::string_view table, std::string_view field) {
   static const std::set<std::string> all = [] {
     std::set<std::string> keys;
-    for (const auto& row : dictionaryRows()) keys.insert(keyOf(row.table, row.field));
+    for (const auto& rows : {dictionaryRows(), ownRows()})
+      for (const auto& row : rows) keys.insert(keyOf(row.table, row.field));
     return keys;
   }();
   return all.contains(keyOf(table, field));
 }
 
+std::vector<std::string> declaredTables() {
+  std::set<std::string> tables;
+  for (const auto& rows : {dictionaryRows(), ownRows()})
+    for (const auto& row : rows) tables.insert(row.table);
+  return {tables.begin(), tables.end()};
+}
+
 std::vector<Column> dictionaryColumns(std::string_view table) {
   std::vector<DictionaryRow> rows;
-  std::copy_if(dictionaryRows().begin(), dictionaryRows().end(), std::back_inserter(rows),
-               [&](const DictionaryRow& row) { return sameText(row.table, table); });
+  for (const auto& all : {dictionaryRows(), ownRows()})
+    std::copy_if(all.begin(), all.end(), std::back_inserter(rows),
+                 [&](const DictionaryRow& row) { return sameText(row.table, table); });
   std::stable_sort(rows.begin(), rows.end(), [](const auto& a, const auto& b) { return a.srno < b.srno; });
   std::vector<Column> columns;
   for (const auto& row : rows) place(columns, columnOf(row.field, row.type, row.size, row.property));
@@ -128,11 +173,10 @@ void SeedDictionary(Database& db) {
   Transaction all(db);
   db.passOver(kWalkGoesOn, "DELETE FROM main.STRUCTAB");
   for (const auto& row : dictionaryRows())
-    db.passOver(
-        kWalkGoesOn,
-        "INSERT INTO main.STRUCTAB (SRNO, TABNM, FLDNM, DATATYP, DATASIZE, DATAPROP, CONDITN)"
-        " VALUES (?, ?, ?, ?, ?, ?, '')",
-        row.srno, row.table, row.field, row.type, row.size, row.property);
+    db.passOver(kWalkGoesOn,
+                "INSERT INTO main.STRUCTAB (SRNO, TABNM, FLDNM, DATATYP, DATASIZE, DATAPROP, CONDITN)"
+                " VALUES (?, ?, ?, ?, ?, ?, '')",
+                row.srno, row.table, row.field, row.type, row.size, row.property);
   all.commit();
 }
 
@@ -152,48 +196,48 @@ void ApplyDictionary(Database& db, std::string_view condition) {
     }
     applyTable(db, table, wanted);
   }
+  for (const auto& row : ownRows()) applyTable(db, row.table, dictionaryColumns(row.table));
   all.commit();
 }
 
 void DropUndeclared(Database& db) {
   Transaction all(db);
+  if (!holdsTheRows(db))
+    throw std::runtime_error(
+        words("The Dictionary Could Not Be Written :: Nothing Was Changed\r\n"
+              "Something Forbids The Rows Of STRUCTAB In {file}",
+              "file", shownName(db.file())));
   db.passOver(kWalkGoesOn, "DELETE FROM main.DROPLIST");
-  std::vector<std::string> tables;
-  for (auto rows = db.query("SELECT DISTINCT TABNM FROM main.STRUCTAB ORDER BY TABNM"); rows.next();)
-    tables.push_back(rows.text(0));
-  for (const auto& table : tables)
-    for (const auto& column : tableColumns(db, table))
-      if (!db.first("SELECT 1 FROM main.STRUCTAB WHERE TABNM = ? AND FLDNM = ?", table, column.name))
-        db.passOver(kWalkGoesOn, "INSERT INTO main.DROPLIST (TABNM, FLDNM) VALUES (?, ?)", table, column.name);
-
-  db.passOver(kWalkGoesOn, [&] {
-    for (const auto& row :
-         db.all("SELECT TABNM, FLDNM FROM main.DROPLIST WHERE FLDNM <> 'TABLENAME' ORDER BY TABNM, FLDNM")) {
-      const std::string field = row.text("FLDNM");
-      if (!sameText(field, "DESC") && field.find(' ') == std::string::npos)
-        dropColumn(db, row.text("TABNM"), field);
-    }
-  });
-  db.passOver(kWalkGoesOn, "DELETE FROM main.DROPLIST");
-  DropUndeclaredTables(db);
-  all.commit();
-}
-
-void DropUndeclaredTables(Database& db) {
-  Transaction all(db);
-  db.passOver(
-      kWalkGoesOn,
-      "INSERT INTO main.DROPLIST (TABNM, FLDNM) SELECT name, 'TABLENAME' FROM main.sqlite_master"
-      " WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'"
-      " AND UPPER(name) NOT IN ('DROPLIST', 'STRUCTAB')"
-      " AND name COLLATE NOCASE NOT IN (SELECT TABNM FROM main.STRUCTAB WHERE TABNM IS NOT NULL)");
-  db.passOver(kWalkGoesOn, [&] {
-    for (const auto& row : db.all("SELECT TABNM FROM main.DROPLIST WHERE FLDNM = 'TABLENAME' ORDER BY TABNM"))
+  listUndeclared(db);
+  for (const auto& row :
+       db.all("SELECT TABNM, FLDNM FROM main.DROPLIST WHERE FLDNM <> 'TABLENAME' ORDER BY TABNM, FLDNM")) {
+    const std::string table = row.text("TABNM"), field = row.text("FLDNM");
+    if (!isDeclared(table, field) && !sameText(field, "DESC") && field.find(' ') == std::string::npos)
+      dropColumn(db, table, field);
+  }
+  for (const auto& row : db.all("SELECT TABNM FROM main.DROPLIST WHERE FLDNM = 'TABLENAME' ORDER BY TABNM"))
+    if (!isDeclaredTable(row.text("TABNM")))
       db.passOver(kWalkGoesOn, "DROP TABLE main." + quotedName(row.text("TABNM")));
-  });
   db.passOver(kWalkGoesOn, "DELETE FROM main.DROPLIST");
   all.commit();
 }
+
+int shapeVersion(Database& db) { return toInt(db.number("PRAGMA main.user_version")); }
+
+int shapeVersion(const std::filesystem::path& file) {
+  if (!fileExists(file)) return 0;
+  // Where the file format keeps it; a file that is no database tells so when it is opened.
+  constexpr std::string_view kDatabase = "SQLite format 3";
+  constexpr size_t kPlace = 60;
+  std::array<char, 64> head{};
+  std::ifstream(file, std::ios::binary).read(head.data(), head.size());
+  if (std::string_view(head.data(), kDatabase.size()) != kDatabase) return 0;
+  int version = 0;
+  for (size_t i = kPlace; i < head.size(); ++i) version = version << 8 | static_cast<unsigned char>(head[i]);
+  return version;
+}
+
+void stampShape(Database& db) { db.exec("PRAGMA main.user_version = " + std::to_string(kShapeVersion)); }
 
 std::span<const std::string_view> workTables() { return works; }
 

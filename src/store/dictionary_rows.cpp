@@ -654,8 +654,14 @@ constexpr DictionaryRow rows[] = {
     {5612, "T_FINALNEW",  "TR_BALDR",      "Double",    0, "DEFAULT 0"       },
     {5613, "T_FINALNEW",  "TR_BALCR",      "Double",    0, "DEFAULT 0"       },
 };
+
+constexpr DictionaryRow own[] = {
+    {1, "SETTLED", "STATE", "Text", 250, "", 101},
+};
 // clang-format on
 
 }  // namespace
 
 std::span<const DictionaryRow> dictionaryRows() { return rows; }
+
+std::span<const DictionaryRow> ownRows() { return own; }

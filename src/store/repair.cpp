@@ -200,7 +200,8 @@ void repairRows(Database& db, const RepairFacts& facts) {
   for (const std::string& table : repairedTables()) {
     if (!CheckTable(db, table)) continue;
     for (const Invalid& rows : kInvalid)
-      if (table == rows.table) db.passOver(kOlderBooks, "DELETE FROM main." + table + " WHERE " + rows.condition);
+      if (table == rows.table)
+        db.passOver(kOlderBooks, "DELETE FROM main." + table + " WHERE " + rows.condition);
     fillBlanks(db, table, facts);
   }
 }

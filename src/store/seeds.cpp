@@ -164,13 +164,12 @@ bool stands(Database& db, std::string_view question, const Value& key) {
 }
 
 void addDesign(Database& db, const Design& design) {
-  db.passOver(
-      kSeeds,
-      "INSERT INTO HIDELINESET (SRNO, PRNNAME, FILENM, SHEETNM, QUERYNM, HDLINES, FTLINES, INVLINES, "
-      "ITMLINES, BLPGS,"
-      " BTNNM, PRNCPY) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
-      design.number, design.name, design.file, design.sheet, design.query, design.head, design.foot,
-      design.slots, design.perItem, design.pages, design.button, design.copies);
+  db.passOver(kSeeds,
+              "INSERT INTO HIDELINESET (SRNO, PRNNAME, FILENM, SHEETNM, QUERYNM, HDLINES, FTLINES, INVLINES, "
+              "ITMLINES, BLPGS,"
+              " BTNNM, PRNCPY) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
+              design.number, design.name, design.file, design.sheet, design.query, design.head, design.foot,
+              design.slots, design.perItem, design.pages, design.button, design.copies);
 }
 
 }  // namespace
@@ -217,9 +216,12 @@ void EnsureAccounts(Database& db) {
 
 void EnsureGroups(Database& db) {
   Transaction all(db);
-  db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_NAME = 'INDIRECT EXPENSES'");
+  // It is always made anew; where it stands as it is made, the file is spared the change.
+  db.passOver(kSeeds,
+              "DELETE FROM GRP WHERE GROUP_NAME = 'INDIRECT EXPENSES' AND (GROUP_CD IS NOT 33"
+              " OR SUB_GROUP IS NOT 3 OR GROUP_NAME <> 'INDIRECT EXPENSES' COLLATE BINARY)");
   db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_CD = 31");
-  const bool fresh = db.number("SELECT COUNT(*) FROM GRP") == 0;
+  const bool fresh = db.number("SELECT COUNT(*) FROM GRP WHERE GROUP_NAME IS NOT 'INDIRECT EXPENSES'") == 0;
   for (const auto& group : groups)
     passOver(db, [&] {
       if (stands(db, "SELECT 1 FROM GRP WHERE GROUP_CD = ?", group.code)) return;

@@ -1,7 +1,5 @@
 #include "store/shape.h"
 
-#include <set>
-
 #include "store/alter.h"
 #include "store/dictionary.h"
 #include "store/templates.h"
@@ -14,30 +12,28 @@ struct Foreign {
   const char *table, *columns;
 };
 constexpr Foreign kForeign[] = {
-    {"NARRATN",      "NARR_NAME"                           },
-    {"GWDN",         "GWDN_CD, GWDN_NAME"                  },
-    {"SMAN",         "SMAN_CD, SMAN_NAME, SAREA, SCITY"    },
-    {"RCTYP",        "RTYP, RTYPACC, CHRGYN"               },
-    {"URIGHTS",      "USERNAME"                            },
-    {"PURCH",        "CHRG_PERC1, EXCISE_PER, ATAX_PERC"   },
-    {"SLEDGER",      "GWDN_CD, ITEM_CD, SIZE_CD"           },
-    {"STKIOITM",     "ITEM_CD, SIZE_CD"                    },
-    {"WASTEITM",     "ITEM_CD, SIZE_CD"                    },
-    {"ITEMLINK",     "ITEM_CD, SIZE_CD, RAW_CD, RAW_SIZE"  },
-    {"JOBCARDITM",   "ITEM_CD, SIZE_CD"                    },
-    {"ORDERITM",     "ITEM_CD, SIZE_CD"                    },
-    {"PRODINOT",     "ITEM_CD, SIZE_CD"                    },
-    {"PRODITM",      "ITEM_CD, SIZE_CD"                    },
-    {"PRODSTKIOITM", "ITEM_CD, SIZE_CD"                    },
-    {"PURCHITM",     "ITEM_CD, SIZE_CD"                    },
+    {"NARRATN",      "NARR_NAME"                         },
+    {"GWDN",         "GWDN_CD, GWDN_NAME"                },
+    {"SMAN",         "SMAN_CD, SMAN_NAME, SAREA, SCITY"  },
+    {"RCTYP",        "RTYP, RTYPACC, CHRGYN"             },
+    {"URIGHTS",      "USERNAME"                          },
+    {"PURCH",        "CHRG_PERC1, EXCISE_PER, ATAX_PERC" },
+    {"SLEDGER",      "GWDN_CD, ITEM_CD, SIZE_CD"         },
+    {"STKIOITM",     "ITEM_CD, SIZE_CD"                  },
+    {"WASTEITM",     "ITEM_CD, SIZE_CD"                  },
+    {"ITEMLINK",     "ITEM_CD, SIZE_CD, RAW_CD, RAW_SIZE"},
+    {"JOBCARDITM",   "ITEM_CD, SIZE_CD"                  },
+    {"ORDERITM",     "ITEM_CD, SIZE_CD"                  },
+    {"PRODINOT",     "ITEM_CD, SIZE_CD"                  },
+    {"PRODITM",      "ITEM_CD, SIZE_CD"                  },
+    {"PRODSTKIOITM", "ITEM_CD, SIZE_CD"                  },
+    {"PURCHITM",     "ITEM_CD, SIZE_CD"                  },
 };
 
 void build(Database& db) {
   db.open(":memory:", Access::create);
-  std::set<std::string> made;
-  for (const DictionaryRow& row : dictionaryRows())
-    if (made.insert(row.table).second)
-      db.exec(createTableStatement("main." + quotedName(row.table), dictionaryColumns(row.table)));
+  for (const std::string& table : declaredTables())
+    db.exec(createTableStatement("main." + quotedName(table), dictionaryColumns(table)));
   for (const Foreign& other : kForeign)
     db.exec("CREATE TABLE main." + std::string(other.table) + " (" + other.columns + ")");
   makeUserTable(db);

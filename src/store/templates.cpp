@@ -96,6 +96,7 @@ void fillCompanyDatabase(Database& db) {
   EnsureDesigns(db);
   addTemplateRows(db);
   addFreeTextItem(db);
+  stampShape(db);
   all.commit();
 }
 

@@ -1,15 +1,29 @@
 #include "store/update.h"
 
+#include <map>
+#include <stdexcept>
+
 #include "base/words.h"
 #include "store/dictionary.h"
 #include "store/keys.h"
+#include "store/safe_file.h"
 #include "store/seeds.h"
 #include "store/views.h"
 
 namespace {
 
-// Views name the tables that the walk is about to alter, so they stand aside meanwhile.
+std::map<std::string, double> rowCounts(Database& db) {
+  std::map<std::string, double> counts;
+  for (const std::string& table : declaredTables())
+    if (CheckTable(db, table) && table != "STRUCTAB" && table != "DROPLIST")
+      counts[table] = db.number("SELECT COUNT(*) FROM main." + quotedName(table));
+  return counts;
+}
+
+// Views name the tables that the walk is about to alter, so they stand aside meanwhile. It changes what
+// rows hold, never how many there are.
 void walk(Database& db) {
+  const auto before = rowCounts(db);
   DropViews(db);
   CreateDictionary(db);
   if (!CheckTable(db, "DROPLIST")) CreateDropList(db);
@@ -17,16 +31,20 @@ void walk(Database& db) {
   ApplyDictionary(db);
   DropUndeclared(db);
   RemakeViews(db);
+  auto after = rowCounts(db);
+  for (const auto& [table, rows] : before)
+    if (after[table] != rows)
+      throw std::runtime_error(
+          words("{table} Would Have Other Rows Than Before :: Nothing Was Changed", "table", table));
 }
 
 void writeCompany(Database& db, const UpdateFacts& f) {
   constexpr Because why{"the company's own row repeats what the catalogue says"};
   db.passOver(why, "DELETE FROM main.COMPNY");
-  db.passOver(
-      why,
-      "INSERT INTO main.COMPNY (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
-      " VALUES (?, ?, ?, ?, ?, ?, 'N')",
-      f.companyCode, f.companyName, f.fromYear, f.toYear, f.mobile, f.dataname);
+  db.passOver(why,
+              "INSERT INTO main.COMPNY (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
+              " VALUES (?, ?, ?, ?, ?, ?, 'N')",
+              f.companyCode, f.companyName, f.fromYear, f.toYear, f.mobile, f.dataname);
 }
 
 std::vector<std::string> remakeKeys(Database& db) {
@@ -43,6 +61,9 @@ std::vector<std::string> remakeKeys(Database& db) {
 
 std::vector<std::string> updateDatabase(Database& db, const UpdateFacts& facts,
                                         const UpdateProgress& progress) {
+  if (shapeVersion(db) > kShapeVersion)
+    throw std::runtime_error(words("{file} Was Shaped By A Newer Program :: Update This Program First",
+                                   "file", shownName(db.file())));
   std::vector<std::string> withoutKey;
   const auto step = [&](const char* words, const std::function<void()>& work) {
     if (progress) progress(words);
@@ -54,6 +75,7 @@ std::vector<std::string> updateDatabase(Database& db, const UpdateFacts& facts,
   step(english("Data"), [&] { repairRows(db, facts.repair); });
   step(english("Company"), [&] { writeCompany(db, facts); });
   step(english("Keys"), [&] { withoutKey = remakeKeys(db); });
+  stampShape(db);
   step(english("Writing To The Disk"), [&] { all.commit(); });
   RemakeWorkTables(db);
   return withoutKey;

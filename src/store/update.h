@@ -10,8 +10,9 @@
 // Brings an open company-year to the shape that this program must find, and mends its data: the
 // dictionary is walked, what it does not declare is dropped, saved queries and print designs are
 // remade, rows are repaired, the company's own row is written and the keys are made anew. A second
-// update changes nothing. All or nothing: a failure that must reach the user is a DatabaseError and
-// leaves the database as it was; a statement that merely fails is passed over.
+// update changes nothing. All or nothing: a failure that must reach the user is raised and leaves the
+// database as it was, and so is a dictionary that cannot be written, a walk that would lose rows, and a
+// database of a newer program; a statement that merely fails is passed over.
 
 struct UpdateFacts {
   std::string companyCode, companyName, fromYear, toYear, mobile, dataname;

@@ -1,3 +1,5 @@
+#include <fstream>
+
 #include "frame/frmstartup.h"
 #include "frame/routines.h"
 #include "frame_fixture.h"
@@ -46,6 +48,39 @@ TEST_F(FrameTest, TheSplashCountsToFourAndOpensTheShell) {
   ASSERT_EQ(host_.messages.size(), 1u);
   EXPECT_EQ(host_.lastMessage(), DatabaseError(DatabaseError::Kind::full, "M00125.mdb", "").what());
   EXPECT_EQ(data().number("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = 'X90005'"), 250);
+}
+
+TEST_F(FrameTest, AnOpeningAfterACleanEndDoesNothingAndWritesNothing) {
+  const auto bytes = [&] {
+    std::ifstream in(folder_ / "M00125.mdb", std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+  };
+  int ran = 0;
+  openingRoutines() = {[&] { ++ran; }};
+  const auto day = [&](const char* work) {
+    TestHost host(known());
+    startUp(host, folder_.path());
+    host.enter();
+    host.ticks(4);
+    if (*work) data().exec(work);
+    host.answers = {true};
+    host.closeTop();
+    EXPECT_TRUE(host.messages.empty()) << host.lastMessage();
+    session() = Session{};
+    return bytes();
+  };
+  const std::string settled = day("UPDATE ACCOUNT SET OP_BAL = 250 WHERE ACC_CD = 'X90005'");
+  EXPECT_EQ(ran, 2) << "at the opening and at the end";
+  EXPECT_EQ(day(""), settled);
+  EXPECT_EQ(ran, 2);
+  Database year;
+  year.open(folder_ / "M00125.mdb");
+  EXPECT_EQ(year.number("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = 'X90005'"), 250);
+  year.exec("UPDATE ACCOUNT SET CL_BAL = 7");
+  year.close();
+  day("");
+  EXPECT_EQ(ran, 3) << "another program has written";
+  openingRoutines().clear();
 }
 
 TEST_F(FrameTest, TheShellReadsPeriodAndDetailsBeforeItShows) {

@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "frame_fixture.h"
+#include "store/dictionary.h"
 
 namespace fs = std::filesystem;
 
@@ -37,4 +38,27 @@ TEST_F(FrameTest, WithoutABackupThereIsNoUpdate) {
   EXPECT_EQ(host_.messages[0].text.substr(0, 15), "Backup Not Done");
   EXPECT_EQ(host_.onTop(), "struct");
   EXPECT_FALSE(data().columns("OLD_LIST").empty());
+  // What was told can be looked up.
+  host_.escape();
+  ASSERT_TRUE(host_.choose("log"));
+  EXPECT_EQ(host_.viewed, std::vector<std::string>{(folder_ / "mirav.log").string()});
+}
+
+TEST_F(FrameTest, BooksOfANewerProgramAreOpenedOnlyWhenAskedForAndNeverShapedAnew) {
+  Database year;
+  year.open(folder_ / "M00225.mdb");
+  year.exec("PRAGMA user_version = " + std::to_string(kShapeVersion + 1));
+  year.close();
+  startUp(host_, folder_.path());
+  host_.fillEnter("Text1", "M002");
+  host_.answers = {false, true};
+  host_.fillEnter("Text3", "2025");
+  EXPECT_EQ(host_.onTop(), "FRMCOMP");
+  host_.fillEnter("Text3", "2025");
+  ASSERT_EQ(host_.onTop(), "frmStartup");
+  host_.ticks(4);
+  host_.choose("struct");
+  host_.enter();
+  EXPECT_EQ(host_.lastMessage(), "These Books Were Made By A Newer Program :: Their Shape Stays As It Is");
+  EXPECT_EQ(data().number("PRAGMA user_version"), kShapeVersion + 1);
 }

@@ -108,7 +108,9 @@ TEST_F(LookupTest, OpensOnTheRowLastWorkedWith) {
 }
 
 TEST_F(LookupTest, AnEmptyListGivesNothing) {
-  const Lookup lookups[] = {accounts({{"ACC_CD"}, {"PRTYTYP"}}), accounts({{"AREA"}}, "1 = 0")};
+  const Lookup lookups[] = {
+      {.rows = {.columns = {{"narr_name"}}, .from = "NARRATN"}},  // a table that is not there
+      accounts({{"AREA"}}, "1 = 0")};
   for (const Lookup& lookup : lookups) {
     Caller::asked = lookup;
     lookUpWith([&] {

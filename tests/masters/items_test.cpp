@@ -56,7 +56,7 @@ class ItemTest : public MastersTest {
 };
 
 TEST_F(ItemTest, AnUpdatedDatabaseKeepsOneUnitForAnItem) {
-  addKey(data(), {"ITEMDTL", "ITEM_CD"});
+  ASSERT_TRUE(addKey(data(), {"ITEMDTL", "ITEM_CD"}));
   head("FAN");
   detail("PCS", "100", "5");
   detail("BOX", "950", "10");

@@ -63,7 +63,8 @@ TEST_F(DatabaseTest, DoubleQuotesNameColumnsOnly) {
 // mistake, and nothing passes it over.
 TEST_F(DatabaseTest, OurOwnMistakesAreNeverPassedOver) {
   constexpr Because why{"a test"};
-  for (const char* mistake : {"SELEC 1", "DELETE FROM missing", "UPDATE SALE SET NET_AMOUNTS = 1", "SELECT ?"})
+  for (const char* mistake :
+       {"SELEC 1", "DELETE FROM missing", "UPDATE SALE SET NET_AMOUNTS = 1", "SELECT ?"})
     EXPECT_THROW(db.passOver(why, mistake), StatementError) << mistake;
   EXPECT_THROW(db.passOver(why, "SELECT ?", 1, 2), StatementError);
   EXPECT_THROW(db.passOver(why, [&] { db.first("SELECT 1 AS A")->text("B"); }), StatementError);
@@ -119,7 +120,8 @@ TEST_F(DatabaseTest, AttemptPassesOverFailuresOfTheStatementAlone) {
   }
   db.text("PRAGMA max_page_count = 3");
   const std::string big(100'000, 'x');
-  EXPECT_EQ(failureOf([&] { db.passOver({"a test"}, "INSERT INTO t (b) VALUES (?)", big); }).kind, Kind::full);
+  EXPECT_EQ(failureOf([&] { db.passOver({"a test"}, "INSERT INTO t (b) VALUES (?)", big); }).kind,
+            Kind::full);
   EXPECT_EQ(db.number("SELECT COUNT(*) FROM t"), 1);
 }
 

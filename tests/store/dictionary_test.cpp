@@ -60,7 +60,8 @@ TEST_F(DictionaryTest, TextRulesHoldInEveryTable) {
                     "ORDER BY ACC_NAME)"),
             "alpha,Beta,Zenith");
   EXPECT_FALSE(db.attempt({"a test"}, "UPDATE ACCOUNT SET ACC_CD = 'A000001' WHERE ACC_CD = 'A00001'"));
-  EXPECT_TRUE(db.attempt({"a test"}, "UPDATE ACCOUNT SET ACC_CD = 'ગુજરાત' WHERE ACC_CD = 'A00001'")) << "six code points";
+  EXPECT_TRUE(db.attempt({"a test"}, "UPDATE ACCOUNT SET ACC_CD = 'ગુજરાત' WHERE ACC_CD = 'A00001'"))
+      << "six code points";
   const auto row = db.first("SELECT OP_BAL, ENT_DT, EMAIL FROM ACCOUNT WHERE ACC_CD = 'A00002'");
   EXPECT_EQ(row->text("OP_BAL"), "0");
   EXPECT_TRUE(row->isNull("ENT_DT"));

@@ -144,6 +144,35 @@ TEST_F(UpdateTest, ASecondUpdateChangesNothing) {
   EXPECT_EQ(db.number("SELECT TAX_CD FROM ITEM"), 7);
 }
 
+TEST_F(UpdateTest, NothingIsDroppedOnADictionaryThatCouldNotBeWritten) {
+  db.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, NET_AMT) VALUES (1, 'SA', 118)");
+  db.exec("DELETE FROM STRUCTAB");
+  db.exec("CREATE UNIQUE INDEX main.ONE ON STRUCTAB (TABNM)");
+  const std::string before = contents(db);
+  EXPECT_THROW(updateDatabase(db, kFacts), std::runtime_error);
+  EXPECT_EQ(contents(db), before);
+  db.exec("DROP INDEX main.ONE");
+  updateDatabase(db, kFacts);
+  EXPECT_EQ(db.number("SELECT NET_AMT FROM SALE"), 118);
+}
+
+TEST_F(UpdateTest, AWalkThatLosesRowsAndANewerDatabaseAreLeftAsTheyWere) {
+  EXPECT_EQ(shapeVersion(file), 0);
+  updateDatabase(old, kFacts);
+  EXPECT_EQ(shapeVersion(file), kShapeVersion);
+  old.exec("CREATE TRIGGER main.EATS AFTER DELETE ON DROPLIST BEGIN DELETE FROM SALE; END");
+  old.exec("INSERT INTO DROPLIST (TABNM, FLDNM) VALUES ('SALE', 'NET_AMT')");
+  std::string before = contents(old);
+  EXPECT_THROW(updateDatabase(old, kFacts), std::runtime_error);
+  EXPECT_EQ(contents(old), before);
+
+  old.exec("DROP TRIGGER main.EATS");
+  old.exec("PRAGMA main.user_version = " + std::to_string(kShapeVersion + 1));
+  before = contents(old);
+  EXPECT_THROW(updateDatabase(old, kFacts), std::runtime_error);
+  EXPECT_EQ(contents(old), before);
+}
+
 TEST_F(UpdateTest, AFullDiskLeavesTheOldYear) {
   const std::string before = contents(old);
   {
