@@ -446,12 +446,14 @@ void Desk::take(std::vector<Request>& requests) {
 // Nothing when the screen could not be made, which the person has then been told.
 std::unique_ptr<Screen> Desk::make(const std::string& name, const Opening& opening) {
   std::string failure;
+  const LogScreen here(name);
   try {
     std::unique_ptr<Screen> made = known_.make(name, *this, opening);
     made->opening_ = opening;
     return made;
   } catch (const std::exception& error) {
     failure = error.what();
+    logFailure(kTold, error);
   }
   busy(false);
   message(failure, kMessageTitle);
