@@ -1,7 +1,8 @@
 #include "masters/column_titles.h"
 
 #include <array>
-#include <cctype>
+#include <string>
+#include <vector>
 
 #include "base/text.h"
 
@@ -111,14 +112,9 @@ constexpr std::array kKnown{
 std::string_view bare(std::string_view column) { return column.substr(column.rfind('.') + 1); }
 
 std::string inWords(std::string_view column) {
-  std::string words;
-  bool start = true;
-  for (const char c : column) {
-    const auto letter = static_cast<unsigned char>(c);
-    words += c == '_' ? ' ' : static_cast<char>(start ? std::toupper(letter) : std::tolower(letter));
-    start = c == '_';
-  }
-  return trim(words);
+  std::vector<std::string> parts = split(column, "_");
+  for (std::string& part : parts) part = upper(left(part, 1)) + lower(mid(part, 2));
+  return trim(join(parts, " "));
 }
 
 }  // namespace
