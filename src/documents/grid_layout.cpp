@@ -7,6 +7,7 @@
 #include "base/date.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 
 namespace {
 
@@ -57,11 +58,12 @@ std::optional<GridLayout> gridLayout(const GridOutput& out, GridPaperKind kind) 
 }
 
 std::string tooWideWords(GridPaperKind kind) {
-  std::string words =
+  std::string text = words(
       "Columns are More than Page Width\r\nPress Excel Button To View In Excel\r\n"
-      "Then You Can Resize and Print From Excel";
-  if (kind == GridPaperKind::Pdf) words += "\r\nIf You Continue You Shall Get Page Size Column Data ";
-  return words;
+      "Then You Can Resize and Print From Excel");
+  if (kind == GridPaperKind::Pdf)
+    text += "\r\n" + words("If You Continue You Shall Get Page Size Column Data ");
+  return text;
 }
 
 GridWords gridWords(std::string text, ColumnType type, double twips, GridPaperKind kind) {

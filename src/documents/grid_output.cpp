@@ -1,5 +1,6 @@
 #include "documents/grid_output.h"
 
+#include "base/words.h"
 #include "frame/routines.h"
 
 namespace {
@@ -13,8 +14,8 @@ void csv(Host& host, const GridOutput& out) { GridToCsv(host, fileName(host), ou
 
 }  // namespace
 
-const GridTarget kToPrinter = {.name = "Print", .onPaper = true, .send = print};
-const GridTarget kToPreview = {.name = "Preview", .onPaper = true, .send = preview};
-const GridTarget kToPdf = {.name = "Pdf", .onPaper = false, .send = pdf};
-const GridTarget kToWorkbook = {.name = "Excel", .onPaper = false, .send = GridToExcel};
-const GridTarget kToCsv = {.name = "Csv File", .onPaper = false, .send = csv};
+const GridTarget kToPrinter = {.name = english("Print"), .onPaper = true, .send = print};
+const GridTarget kToPreview = {.name = english("Preview"), .onPaper = true, .send = preview};
+const GridTarget kToPdf = {.name = english("Pdf"), .onPaper = false, .send = pdf};
+const GridTarget kToWorkbook = {.name = english("Excel"), .onPaper = false, .send = GridToExcel};
+const GridTarget kToCsv = {.name = english("Csv File"), .onPaper = false, .send = csv};

@@ -1,6 +1,7 @@
 #include <cmath>
 #include <system_error>
 
+#include "base/words.h"
 #include "documents/grid_walk.h"
 #include "documents/paper.h"
 #include "documents/pdf/pdf_creator.h"
@@ -15,7 +16,7 @@ constexpr const char* kFont = "Fnt1";
 constexpr const char* kRepeated = "Ftrs";
 constexpr double kSize = 9, kRule = 0.01;
 constexpr double kFull = 100, kNarrow = 70;  // of the letters' width
-constexpr const char* kHeld = "File Is Already Open\r\nClose It First";
+constexpr const char* kHeld = english("File Is Already Open\r\nClose It First");
 
 struct HeadingLine {
   std::string text;
@@ -67,8 +68,8 @@ class PdfGrid : public GridPaper {
   double startPage(int number) override {
     constexpr double kNumberLine = 15;
     pdf_.BeginPage();
-    pdf_.DrawText(layout_.landscape ? 820 : 575, kNumberLine, "Pg. " + std::to_string(number), kFont, kSize,
-                  clsPDFCreator::kRight);
+    pdf_.DrawText(layout_.landscape ? 820 : 575, kNumberLine,
+                  words("Pg. {page}", "page", std::to_string(number)), kFont, kSize, clsPDFCreator::kRight);
     pdf_.DrawObject(kRepeated);
     pdf_.SetLineWidth(kRule);
     return titles_;

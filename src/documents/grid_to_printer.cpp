@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/words.h"
 #include "documents/grid_walk.h"
 #include "documents/paper.h"
 #include "frame/session.h"
@@ -56,8 +57,8 @@ class PrintedGrid : public GridPaper {
       draw(*line, font, layout_.middle - room / 2, y, room, paint::HAlign::Centre);
       y -= kStep;
     }
-    draw("Page No.: " + std::to_string(number), {.family = kFamily, .size = kSize}, layout_.right - room, y,
-         room, paint::HAlign::Right);
+    draw(words("Page No.: {page}", "page", std::to_string(number)), {.family = kFamily, .size = kSize},
+         layout_.right - room, y, room, paint::HAlign::Right);
     return y - kStep;
   }
 

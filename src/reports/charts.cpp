@@ -3,6 +3,7 @@
 #include <map>
 
 #include "base/number.h"
+#include "base/words.h"
 
 namespace {
 
@@ -32,7 +33,7 @@ Chart amountsByDay(const RowSource& rows, size_t dateColumn, size_t amountColumn
 Chart largestOutstanding(Database& db) {
   Chart chart{
       .title = "Largest Outstandings By Age In Days",
-      .legend = {"0-30",          "31-60", "61-90", "Over 90"},
+      .legend = {"0-30",          "31-60", "61-90", english("Over 90")},
       .bars = {},
       .lying = true
   };

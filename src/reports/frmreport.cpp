@@ -4,6 +4,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/lookup.h"
 #include "frame/session.h"
 #include "reports/report_layout.h"
@@ -12,18 +13,19 @@
 
 namespace {
 
-constexpr const char* kConfirm = "Mirav Confirmation Message";
+constexpr const char* kConfirm = english("Mirav Confirmation Message");
 constexpr size_t kFirstRows = 100;  // more than stand in view
 constexpr size_t kAllRows = static_cast<size_t>(-1);
-constexpr const char* kOff = "Print, Excel and Pdf open after Show";
+constexpr const char* kOff = english("Print, Excel and Pdf open after Show");
 
 // Empty for a date of the accounting period.
 std::string outsideMessage(Date date, Date first, Date last, Date today) {
   if (date >= first && date <= last) return {};
   const auto shown = [](Date day) { return formatDate(day, "dd/MMM/yyyy"); };
-  return "Ener Date Between " + shown(first) + " and " + shown(last) +
-         "\r\nPress : F1 for : " + shown(first) + "\r\nPress : F2 for : " + shown(today) +
-         "\r\nPress : F3 for : " + shown(last);
+  return words(
+      "Ener Date Between {first} and {last}\r\nPress : F1 for : {first}\r\nPress : F2 for : {today}\r\nPress "
+      ": F3 for : {last}",
+      "first", shown(first), "last", shown(last), "today", shown(today));
 }
 
 Lookup itemLookup(const std::string& category) {
@@ -102,7 +104,7 @@ void frmreport::opened(const Opening& opening) {
   set(at("MaskEdBox1", 0), formatDate(s.mstartdt, "dd/MM/yyyy"));
   set(at("MaskEdBox1", 1), formatDate(last, "dd/MM/yyyy"));
   caption = openingCaption();
-  escMeans = escapes() ? "Esc = Exit" : "Alt+C = Close";
+  escMeans = escapes() ? english("Esc = Exit") : english("Alt+C = Close");
   reason = kOff;
   if (!report_) return;
   for (const ReportField field : report_->fields) at("Text1", field).enabled = true;
@@ -130,7 +132,7 @@ void frmreport::closed() {
 
 std::string frmreport::openingCaption() const {
   if (!report_) return spec.caption;
-  return report_->caption + (report_->captionWithGstin ? session().mgstinno : "");
+  return words(report_->caption) + (report_->captionWithGstin ? session().mgstinno : "");
 }
 
 bool frmreport::escapes() const { return key_ != kLedgers && !(report_ && report_->ignoresEscape); }
@@ -185,7 +187,7 @@ void frmreport::build() {
   caption = plan_.caption.empty() ? openingCaption() : plan_.caption;
   if (!plan_.refusal.empty() || !start(asks(ReportQuestion::When::WithRows) ? 1 : kFirstRows)) {
     host.busy(false);
-    host.message(plan_.refusal.empty() ? "No Records" : plan_.refusal,
+    host.message(plan_.refusal.empty() ? english("No Records") : plan_.refusal,
                  plan_.refusal.empty() ? Host::kTitle : kMessageTitle);
     return;
   }
@@ -289,14 +291,16 @@ std::optional<VoucherKey> frmreport::currentVoucher() const {
 
 std::string frmreport::hintFor(const Control& control) const {
   if (control.family == "cmdPrtToXl" && report_ && report_->exports.size() > 1)
-    return std::string("Press Enter To View In Excel :: F2 = ") + report_->exports[1]->name;
+    return words("Press Enter To View In Excel :: F2 = {file}", "file", words(report_->exports[1]->name));
   if (control.kind != Kind::Grid) return ChildScreen::hintFor(control);
   const auto voucher = currentVoucher();
-  std::string hint = voucher ? "Press Enter To Open " + voucher->book + " " + numText(voucher->number)
-                             : "Up / Down = Scroll";
-  const std::string keys = report_ && report_->chart ? "F9 = Picture" : "Page Up / Page Down = Page";
-  hint += " :: " + (plan_.note.empty() ? keys : plan_.note);
-  return hint + " :: Alt+D = Pdf :: Alt+C = Close";
+  const std::string row = voucher ? words("Press Enter To Open {book} {number}", "book", voucher->book,
+                                          "number", numText(voucher->number))
+                                  : words("Up / Down = Scroll");
+  const std::string keys =
+      report_ && report_->chart ? english("F9 = Picture") : english("Page Up / Page Down = Page");
+  return row + " :: " + words(plan_.note.empty() ? keys : plan_.note) +
+         " :: " + words("Alt+D = Pdf :: Alt+C = Close");
 }
 
 void frmreport::picture() {
@@ -331,12 +335,12 @@ void frmreport::exportTo(size_t file) {
 void frmreport::handOver(const GridTarget& target) {
   const auto period = checkedPeriod();
   if (!period || !shown_) return;
-  const auto between = [&](const char* from, const char* to, const char* pattern) {
-    return from + formatDate(period->from, pattern) + to + formatDate(period->to, pattern);
+  const auto between = [&](const char* text, const char* pattern) {
+    return words(text, "from", formatDate(period->from, pattern), "to", formatDate(period->to, pattern));
   };
-  target.send(host, {.caption = caption,
-                     .period = target.onPaper ? between("FROM ", " TO ", "dd/MM/yyyy")
-                                              : between("From : ", " To : ", "dd/MMM/yyyy"),
+  target.send(host, {.caption = words(caption),
+                     .period = target.onPaper ? between(english("FROM {from} TO {to}"), "dd/MM/yyyy")
+                                              : between(english("From : {from} To : {to}"), "dd/MMM/yyyy"),
                      .columns = shown_->outputColumns(),
                      .rows = shown_,
                      .key = key_});

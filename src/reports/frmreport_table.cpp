@@ -1,3 +1,4 @@
+#include "base/words.h"
 #include "reports/frmreport.h"
 
 // From top to bottom: filters three by two with the dates and Show under them, and beside them what
@@ -5,10 +6,10 @@
 
 const ScreenSpec& frmreport::table() {
   // clang-format off
-  constexpr const char* kFromHint = "Press Enter To Proceed :: F1 = First Date :: F2 = Today :: F3 = Last Date";
-  constexpr const char* kToHint = "Press Enter To Proceed :: F1 = First Date :: F2 = Today :: F3 = Last Date :: F4 = From Date";
+  constexpr const char* kFromHint = english("Press Enter To Proceed :: F1 = First Date :: F2 = Today :: F3 = Last Date");
+  constexpr const char* kToHint = english("Press Enter To Proceed :: F1 = First Date :: F2 = Today :: F3 = Last Date :: F4 = From Date");
   constexpr const char* kKeys =
-      "  Alt+P To PRINT Report \n  Alt+C To Close Report\n  Alt+E To VIEW In Excel\n  Alt+D To VIEW In Pdf";
+      english("  Alt+P To PRINT Report \n  Alt+C To Close Report\n  Alt+E To VIEW In Excel\n  Alt+D To VIEW In Pdf");
   static const ScreenSpec spec = {
       .name = "frmreport",
       .caption = "Reports",

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "base/words.h"
+
 namespace {
 
 // clang-format off
@@ -53,14 +55,17 @@ GridOutput ledgerOutput(std::string_view key, std::shared_ptr<const TypedRows> r
                         const LedgerHeading& heading, bool withoutVoucherNo) {
   const char* const pattern = target.onPaper ? "dd/MM/yyyy" : "dd/MMM/yyyy";
   GridOutput out{
-      .caption = heading.caption,
-      .period = "From : " + formatDate(heading.from, pattern) + " To : " + formatDate(heading.to, pattern),
+      .caption = words(heading.caption),
+      .period = words("From : {from} To : {to}", "from", formatDate(heading.from, pattern), "to",
+                      formatDate(heading.to, pattern)),
       .rows = std::move(rows),
       .key = std::string(key),
   };
   for (const LedgerColumn& c : ledgerColumns(key))
-    out.columns.push_back(
-        {.heading = c.heading, .twips = c.twips, .type = c.type, .right = c.type == ColumnType::Money});
+    out.columns.push_back({.heading = words(c.heading),
+                           .twips = c.twips,
+                           .type = c.type,
+                           .right = c.type == ColumnType::Money});
   if (withoutVoucherNo) out.columns[kParticulars].twips += std::exchange(out.columns[kVoucherNo].twips, 0);
   return out;
 }

@@ -5,6 +5,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/lookup.h"
 #include "frame/menu.h"
 #include "frame/session.h"
@@ -26,7 +27,7 @@ class StatementRows : public TypedRows {
 
 namespace {
 
-constexpr const char* kConfirm = "Mirav Confirmation Message";
+constexpr const char* kConfirm = english("Mirav Confirmation Message");
 constexpr int kShortcuts = 8;
 
 // The entry of the shell's menu behind a shortcut where there is one.
@@ -111,10 +112,11 @@ std::string regdlg1::hintFor(const Control& control) const {
   if (control.kind != Kind::Grid) return ChildScreen::hintFor(control);
   const auto voucher = currentVoucher();
   if (!voucher || !canOpen(*voucher))
-    return "Up / Down = Scroll :: Page Up / Page Down = Page :: Alt+D = Pdf :: Alt+C = Close";
-  const std::string sides = isT() ? "Left / Right = Side" : "Up / Down = Scroll";
-  return "Press Enter To Open " + voucher->book + " " + numText(voucher->number) + " :: " + sides +
-         " :: Alt+D = Pdf :: Alt+C = Close";
+    return english("Up / Down = Scroll :: Page Up / Page Down = Page :: Alt+D = Pdf :: Alt+C = Close");
+  const std::string sides = words(isT() ? english("Left / Right = Side") : english("Up / Down = Scroll"));
+  return words("Press Enter To Open {book} {number}", "book", voucher->book, "number",
+               numText(voucher->number)) +
+         " :: " + sides + " :: " + words("Alt+D = Pdf :: Alt+C = Close");
 }
 
 // Filters
@@ -156,7 +158,7 @@ bool regdlg1::acceptAccount() {
   set(at("Label7"), longer("EMAIL"));
   set(at("Label9"), longer("PHONE1"));
   set(at("Label10"), "");
-  caption = "ACCOUNT Statement For " + found->text("ACC_NAME");
+  caption = words("ACCOUNT Statement For {party}", "party", found->text("ACC_NAME"));
   return true;
 }
 
@@ -195,7 +197,9 @@ void regdlg1::showStatement() {
   host.busy(true);
   shown_ = std::make_shared<StatementRows>(isT() ? tLedger(data(), query) : runningStatement(data(), query));
   host.busy(false);
-  caption = "ACCOUNT Statement For : " + at("Text2").text + (isT() ? " - " + at("lbldate", 1).text : "");
+  caption = isT() ? words("ACCOUNT Statement For : {party} - {address}", "party", at("Text2").text, "address",
+                          at("lbldate", 1).text)
+                  : words("ACCOUNT Statement For : {party}", "party", at("Text2").text);
   at("Grid1").grid.source = shown_;
   at("Grid1").visible = true;
   at("cmdprint").enabled = at("cmdshow").enabled = true;

@@ -1,15 +1,16 @@
+#include "base/words.h"
 #include "reports/regdlg1.h"
 
 // From top to bottom: account, period and Show with the address under them; the statement with
 // the shortcuts to vouchers beside it; the outputs.
 
 namespace {
-constexpr const char* kNoEntry = "No Entry Stands Behind This :: Enter Hides These Buttons";
+constexpr const char* kNoEntry = english("No Entry Stands Behind This :: Enter Hides These Buttons");
 }
 
 const ScreenSpec& regdlg1::table() {
   // clang-format off
-  constexpr const char* kDateHint = "Press Enter To Proceed :: F1 = First Date :: F2 = Today :: F3 = Last Date";
+  constexpr const char* kDateHint = english("Press Enter To Proceed :: F1 = First Date :: F2 = Today :: F3 = Last Date");
   static const ScreenSpec spec = {
       .name = "regdlg1",
       .caption = "Account Ledgers",

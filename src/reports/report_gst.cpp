@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/pattern.h"
+#include "base/words.h"
 #include "reports/gst.h"
 #include "reports/reports.h"
 
@@ -91,7 +92,8 @@ ReportPlan planOf(Dealers dealers, const ReportQuery& q) {
   Condition filter;
   filter.add("vouch_dt >= ?", q.from).add("vouch_dt <= ?", q.to).addFilled("party_cd = ?", q[kParty]);
   const GstQuery query{.dealers = dealers, .from = q.from, .to = q.to, .party = q[kParty]};
-  ReportPlan plan{.caption = "GSTR-1 : Company GSTIN No. : " + q.gstin, .filter = filter.shown()};
+  ReportPlan plan{.caption = words("GSTR-1 : Company GSTIN No. : {gstin}", "gstin", q.gstin),
+                  .filter = filter.shown()};
   plan.reading = [query](Database& db) { return std::make_unique<GstReading>(db, query); };
   // clang-format off
   plan.columns = {

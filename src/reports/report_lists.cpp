@@ -1,4 +1,5 @@
 #include "base/number.h"
+#include "base/words.h"
 #include "reports/balances.h"
 #include "reports/reports.h"
 
@@ -120,7 +121,8 @@ void planByCategory(ReportPlan& plan, const ReportQuery& q) {
 ReportPlan planPrices(Database& db, const ReportQuery& q) {
   ReportPlan plan{.note = "For Size Changes Nothing Here"};
   const std::string category = categoryName(db, q[kCategory]);
-  if (!category.empty()) plan.caption = priceList().caption + " For : " + category;
+  if (!category.empty())
+    plan.caption = words("{list} For : {category}", "list", words(priceList().caption), "category", category);
   q.yes ? planByCategory(plan, q) : planContinuous(plan, q);
   return plan;
 }
@@ -130,7 +132,7 @@ ReportPlan planClosingBalances(Database& db, const ReportQuery& q) {
   BuildFinalTable(db, q.from, q.to, kClosingBalanceList);
   Condition c;
   c.add("group_cd = ?", 85).addFilled("area = ?", q[kCity]).addFilled("city = ?", q[kState]);
-  ReportPlan plan{.caption = "Closing Balance Statement For : Customers",
+  ReportPlan plan{.caption = words("Closing Balance Statement For : Customers"),
                   .filter = c.shown(),
                   .note = "Party And Category Change Nothing Here"};
   for (const ReportField field : {kCity, kState})
@@ -179,8 +181,8 @@ const Report& priceList() {
       .key = "priclstprn",
       .caption = "Price List PRINT",
       .fields = {kItem,      kCategory, kSalesman},
-      .salesmanLabel = "For Size",
-      .question = ReportQuestion{.text = "Continious Print = No\r\nCategory Wise Print = Yes"},
+      .salesmanLabel = english("For Size"),
+      .question = ReportQuestion{.text = english("Continious Print = No\r\nCategory Wise Print = Yes")},
       .video = &Links::priceListVideo,
       .plan = planPrices,
   };

@@ -1,4 +1,5 @@
 #include "base/pattern.h"
+#include "base/words.h"
 #include "reports/charts.h"
 #include "reports/outstanding.h"
 #include "reports/reports.h"
@@ -8,10 +9,10 @@
 namespace {
 
 std::string subtitle(Database& db, const ReportQuery& q) {
-  if (!q[kState].empty()) return "OutStanding Receivables  For : " + q[kState];
-  if (!q[kCity].empty()) return "OutStanding Receivables For : " + q[kCity];
+  if (!q[kState].empty()) return words("OutStanding Receivables  For : {place}", "place", q[kState]);
+  if (!q[kCity].empty()) return words("OutStanding Receivables For : {place}", "place", q[kCity]);
   const auto party = db.first("SELECT ACC_NAME FROM ACCOUNT WHERE ACC_CD = ?", q[kParty]);
-  return party ? "Outstanding Receivables For : " + party->text(0) : "";
+  return party ? words("Outstanding Receivables For : {party}", "party", party->text(0)) : "";
 }
 
 // The parties with open bills, each worked out as it is read.
@@ -63,7 +64,7 @@ constexpr const char* kBills =
 ReportPlan planOutstanding(Database& db, const ReportQuery& q) {
   ReportPlan plan;
   if (Receivables(db, "", q).none()) {
-    plan.refusal = "pl select proper code";
+    plan.refusal = english("pl select proper code");
     return plan;
   }
   plan.caption = subtitle(db, q);
@@ -88,7 +89,7 @@ Chart chartOutstanding(Database& db, const RowSource&) { return largestOutstandi
 
 const ReportQuestion kFills{
     .when = ReportQuestion::When::WithRows,
-    .text = "Party Summary Only = No\nRegular Report WIth Bill Detail = Yes",
+    .text = english("Party Summary Only = No\nRegular Report WIth Bill Detail = Yes"),
 };
 
 }  // namespace

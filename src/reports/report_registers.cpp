@@ -1,4 +1,5 @@
 #include "base/number.h"
+#include "base/words.h"
 #include "frame/voucher_kinds.h"
 #include "reports/reports.h"
 
@@ -7,7 +8,7 @@
 
 namespace {
 
-constexpr const char* kAllVouchers = "Lists All Vouchers Whatever Dates And Filters Say";
+constexpr const char* kAllVouchers = english("Lists All Vouchers Whatever Dates And Filters Say");
 
 Condition dates(const ReportQuery& q) {
   Condition c;

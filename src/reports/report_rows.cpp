@@ -5,6 +5,7 @@
 
 #include "base/number.h"
 #include "base/pattern.h"
+#include "base/words.h"
 
 namespace {
 
@@ -190,7 +191,7 @@ std::string_view ReportRows::kept(size_t main, size_t at) const {
 Cell ReportRows::cell(size_t row, size_t column) const {
   if (row >= count() || column >= columns_.size()) return {};
   if (row == size_)
-    return {.text = column == 0 ? "Total :" : total(column),
+    return {.text = column == 0 ? words("Total :") : total(column),
             .back = colours_.total,
             .fontSize = totalSize,
             .bold = true};
@@ -211,7 +212,7 @@ ColumnType ReportRows::type(size_t row, size_t column) const {
 std::vector<TypedColumn> ReportRows::outputColumns() const {
   std::vector<TypedColumn> columns;
   for (const ReportColumn& c : columns_)
-    columns.push_back({.heading = c.heading, .twips = c.twips, .type = c.type, .right = c.summed});
+    columns.push_back({.heading = words(c.heading), .twips = c.twips, .type = c.type, .right = c.summed});
   return columns;
 }
 

@@ -1,3 +1,4 @@
+#include "base/words.h"
 #include "frame/voucher_kinds.h"
 #include "reports/charts.h"
 #include "reports/reports.h"
@@ -27,7 +28,8 @@ std::string partyName(Database& db, const std::string& code) {
 ReportPlan planBills(Database& db, const ReportQuery& q) {
   const Condition c = filterOf(q);
   ReportPlan plan{.filter = c.shown() + " and SALE.BOOK_CD = '" + saleKind().code + "'"};
-  if (!q[kParty].empty()) plan.caption = "Sales Bill Summary For : " + partyName(db, q[kParty]);
+  if (!q[kParty].empty())
+    plan.caption = words("Sales Bill Summary For : {party}", "party", partyName(db, q[kParty]));
   plan.rows = {
       "SELECT BILL_NO, SALE.VOUCH_DT, ACC_NAME, AREA, GSTINNO, FORMAT(ITEM_AMT, '0.00'),"
       " FORMAT(TCGSTRT, '0.00'), FORMAT(TSGSTRT, '0.00'), FORMAT(TIGSTRT, '0.00'),"
@@ -55,7 +57,9 @@ ReportPlan planBills(Database& db, const ReportQuery& q) {
   return plan;
 }
 
-Chart chartBills(Database&, const RowSource& rows) { return amountsByDay(rows, 1, 10, "Sale Bills A Day"); }
+Chart chartBills(Database&, const RowSource& rows) {
+  return amountsByDay(rows, 1, 10, english("Sale Bills A Day"));
+}
 
 // A main row's area stands under Type, as its bill's lines have their description there.
 ReportPlan planBillDetails(Database&, const ReportQuery& q) {

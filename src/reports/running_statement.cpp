@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/voucher_kinds.h"
 #include "reports/ledger_reading.h"
 
@@ -54,18 +55,18 @@ class RunningStatement {
     const double net = Round(before.debit - before.credit, 2);
     if (net == 0) return;
     StatementRow& row = plainRow();
-    put(row, Particulars, "OPENING BALANCE");
+    put(row, Particulars, words("OPENING BALANCE"));
     if (before.debit - std::fabs(before.credit) < 0) {
       openingCredit_ = net;
       credit_ = -net;
       put(row, Credit, money(credit_));
       put(row, Balance, money(credit_));
-      put(row, Side, "Cr");
+      put(row, Side, words("Cr"));
     } else {
       openingDebit_ = debit_ = net;
       put(row, Debit, money(debit_));
       put(row, Balance, money(debit_));
-      put(row, Side, "Dr");
+      put(row, Side, words("Dr"));
     }
   }
 
@@ -84,7 +85,7 @@ class RunningStatement {
     ++(e.debit != 0 ? debits_ : credits_);
     put(row, Balance,
         money(inCredit() ? -Round(debit_ - credit_, 2) : Round(debit_ - std::fabs(credit_), 2)));
-    put(row, Side, inCredit() ? "Cr" : "Dr");
+    put(row, Side, inCredit() ? words("Cr") : words("Dr"));
   }
 
   void writeNarration(const LedgerEntry& e) {
@@ -119,7 +120,8 @@ class RunningStatement {
   void writeTransactions() {
     StatementRow& row = boldRow(nextRow(q_.totalColour));
     put(row, Particulars,
-        "Transactions : Dr : " + std::to_string(debits_) + "  Cr : " + std::to_string(credits_));
+        words("Transactions : Dr : {debits}  Cr : {credits}", "debits", std::to_string(debits_), "credits",
+              std::to_string(credits_)));
     put(row, Debit, money(Round(debit_ - openingDebit_, 2)));
     put(row, Credit, money(Round(credit_ + openingCredit_, 2)));
   }
@@ -128,11 +130,11 @@ class RunningStatement {
   void writeClosing() {
     StatementRow& row = boldRow(plainRow());
     if (inCredit()) {
-      put(row, Particulars, "**Closing Balance Cr.");
+      put(row, Particulars, words("**Closing Balance Cr."));
       put(row, Debit, money(-Round(debit_ - credit_, 2)));
       debit_ = credit_ = -credit_;
     } else {
-      put(row, Particulars, "**Closing Balance Dr.");
+      put(row, Particulars, words("**Closing Balance Dr."));
       put(row, Credit, money(Round(debit_ - credit_, 2)));
       credit_ = debit_;
     }
@@ -140,7 +142,7 @@ class RunningStatement {
 
   void writeTotal() {
     StatementRow& row = boldRow(nextRow(q_.totalColour));
-    put(row, Particulars, "***TOTAL AMOUNT");
+    put(row, Particulars, words("***TOTAL AMOUNT"));
     put(row, Debit, money(std::fabs(Round(debit_, 2))));
     put(row, Credit, money(std::fabs(Round(credit_, 2))));
   }

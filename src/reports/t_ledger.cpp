@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "reports/ledger_reading.h"
 
 namespace {
@@ -45,7 +46,7 @@ class TLedger {
     const Side side = net > 0 ? Side::Debit : Side::Credit;
     debit_ = openingDebit_ = net > 0 ? net : 0;
     credit_ = openingCredit_ = net > 0 ? 0 : -net;
-    cellAt(0, side, Particulars).text = "OPENING BALANCE";
+    cellAt(0, side, Particulars).text = words("OPENING BALANCE");
     cellAt(0, side, Amount).text = money(net > 0 ? net : -net);
   }
 
@@ -74,7 +75,8 @@ class TLedger {
       bill.text = e.bill;
       bill.type = ColumnType::Text;
       if (!e.cheque.empty())
-        cellAt(row, side, Particulars).text = "Ch.No.: " + e.cheque + " - " + e.narration1;
+        cellAt(row, side, Particulars).text =
+            words("Ch.No.: {cheque} - {narration}", "cheque", e.cheque, "narration", e.narration1);
       ++row;
     }
     if (!e.narration.empty())
@@ -100,26 +102,28 @@ class TLedger {
   void writeTransactions(size_t row, const std::vector<LedgerEntry>& entries) {
     const auto debits = std::ranges::count_if(entries, [](const LedgerEntry& e) { return e.debit != 0; });
     const auto credits = static_cast<std::ptrdiff_t>(entries.size()) - debits;
-    write(row, Side::Debit, "Transaction Total   Dr : " + std::to_string(debits), debit_ - openingDebit_);
-    write(row, Side::Credit, "Transaction Total   Cr : " + std::to_string(credits), credit_ - openingCredit_);
+    write(row, Side::Debit, words("Transaction Total   Dr : {count}", "count", std::to_string(debits)),
+          debit_ - openingDebit_);
+    write(row, Side::Credit, words("Transaction Total   Cr : {count}", "count", std::to_string(credits)),
+          credit_ - openingCredit_);
   }
 
   // On the short side, so that the two agree; on both when they already do.
   void writeClosing(size_t row) {
     const double net = Round(debit_ - credit_, 2);
-    if (net >= 0) write(row, Side::Credit, "**Closing Bal. Dr.", net);
-    if (net <= 0) write(row, Side::Debit, "**Closing Bal. Cr.", -net);
+    if (net >= 0) write(row, Side::Credit, words("**Closing Bal. Dr."), net);
+    if (net <= 0) write(row, Side::Debit, words("**Closing Bal. Cr."), -net);
     debit_ = credit_ = std::max(debit_, credit_);
   }
 
   void writeTotal(size_t row) {
-    write(row, Side::Credit, "Total ", credit_);
-    write(row, Side::Debit, "Total ", debit_);
+    write(row, Side::Credit, words("Total "), credit_);
+    write(row, Side::Debit, words("Total "), debit_);
     for (Cell& cell : rowAt(row).cells) cell.back = q_.totalColour;
   }
 
-  void write(size_t row, Side side, const std::string& words, double amount) {
-    cellAt(row, side, Particulars).text = words;
+  void write(size_t row, Side side, const std::string& particulars, double amount) {
+    cellAt(row, side, Particulars).text = particulars;
     cellAt(row, side, Amount).text = money(amount);
     for (Cell& cell : rowAt(row).cells) cell.bold = true;
   }
