@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/voucher_kinds.h"
 #include "store/alter.h"
 #include "store/balances.h"
@@ -259,27 +260,27 @@ class Bulk {
 }  // namespace
 
 std::vector<Unbalanced> postAll(Database& db, const PostingProgress& progress) {
-  const auto step = [&](const char* words, const std::function<void()>& work) {
-    if (progress) progress(words);
+  auto step = [&, line = 0](const char* text, const std::function<void()>& work) mutable {
+    if (progress) progress((line++ == 0 ? "" : "\n") + words(text));
     work();
-    if (progress) progress("       Done ");
+    if (progress) progress(words("       Done "));
   };
   const Bulk bulk(db);
   Transaction all(db);
   Run run{db, Which::All};
   std::vector<Unbalanced> unbalanced;
   SetAside old;
-  step(" Progress ....", [&] {
+  step(english(" Progress ...."), [&] {
     // Indexes are built once over all rows, not row by row. The old rows stand aside, since pages that are
     // written over would have to be copied first.
     for (const char* index : {"ALEDGER_PARTY", "ALEDGER_VOUCHER"})
       db.exec(std::string("DROP INDEX IF EXISTS main.") + index);
     old = setAside(db, "ALEDGER");
   });
-  step("\n Receipt Payment Posting ....", [&] { postReceipts(run); });
-  step("\n Sales Posting ....", [&] { postBills(run); });
-  step("\n Challan Posting ....", [&] { postChallans(run); });
-  step("\n Updating Closing Balanes .....", [&] {
+  step(english(" Receipt Payment Posting ...."), [&] { postReceipts(run); });
+  step(english(" Sales Posting ...."), [&] { postBills(run); });
+  step(english(" Challan Posting ...."), [&] { postChallans(run); });
+  step(english(" Updating Closing Balanes ....."), [&] {
     dropList(db);
     EnsureIndexes(db);
     unbalanced = checkLedger(db, run.expected);
