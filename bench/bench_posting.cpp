@@ -37,14 +37,16 @@ void balances(State& state) {
 
 void receiptSaved(State& state) {
   const VoucherKind& kind = receiptKind();
-  MoneyVoucher receipt{.number = 0,
-                       .date = *parseDate("2026-06-15"),
-                       .account = kCashAccount,
-                       .party = "A00007",
-                       .amount = 10,
-                       .narration = ""};
+  Fields receipt{
+      {"VOUCH_NO",  0                       },
+      {"VOUCH_DT",  *parseDate("2026-06-15")},
+      {"CSHBNK_CD", kCashAccount            },
+      {"PARTY_CD",  "A00007"                },
+      {"AMOUNT",    10                      },
+      {"NARRATION", ""                      }
+  };
   each(
-      state, [&] { receipt.number = nextMoneyNumber(books(), kind); },
+      state, [&] { setValue(receipt, "VOUCH_NO", nextMoneyNumber(books(), kind)); },
       [&] { require(saveMoneyVoucher(books(), kind, receipt, Saving::Fresh), "the number is taken"); });
 }
 

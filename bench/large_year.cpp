@@ -197,12 +197,14 @@ class Books {
 
   void receipt(int n) {
     storeMoneyVoucher(db_, receiptKind(),
-                      {.number = static_cast<double>(n),
-                       .date = dayOf(n, size_.receipts),
-                       .account = kCashAccount,
-                       .party = partyCode(partyOf(n, size_.parties)),
-                       .amount = 100.0 + static_cast<int>(n * 37L % 50'000),
-                       .narration = ""});
+                      {
+                          {"VOUCH_NO",                                  static_cast<double>(n)     },
+                          {"VOUCH_DT",                                  dayOf(n,                     size_.receipts)},
+                          {"CSHBNK_CD",                                           kCashAccount                                                           },
+                          {"PARTY_CD",                                           partyCode(partyOf(n,  size_.parties))},
+                          {"AMOUNT",                            100.0 + static_cast<int>(n * 37L % 50'000)                                                     },
+                          {"NARRATION",""}
+    });
   }
 
   Database& db_;

@@ -8,46 +8,29 @@
 #include "base/words.h"
 #include "frame/session.h"
 
+using namespace fields;
+
 namespace {
 
 // The kinds of documents, their field, which designs each can have, and where the choice is kept.
 struct Choice {
-  int index;
+  FieldName field;
   double from, to;
   const char* refusal;
   int setting;  // SPSFILE.VOUCH_NO
   int Session::*design;
 };
 constexpr std::array kChoices = {
-    Choice{9,  1, 6, english("Please select Design Number 1 to 6 only"), 371, &Session::mbillformat},
-    Choice{10, 7, 7, english("Please select Design Number 7 only"),      372, &Session::mquotformat},
-    Choice{11, 8, 9, english("Please select Design Number 8 or 9 only"), 373, &Session::mchlnformat},
+    Choice{kBillDesign,      1, 6, english("Please select Design Number 1 to 6 only"), 371, &Session::mbillformat},
+    Choice{kQuotationDesign, 7, 7, english("Please select Design Number 7 only"),      372, &Session::mquotformat},
+    Choice{kChallanDesign,   8, 9, english("Please select Design Number 8 or 9 only"), 373,
+           &Session::mchlnformat                                                                                 },
 };
 
 constexpr std::array kPictures = {"INVGST1", "INVGST2",  "INVGST3", "INVGST4", "INVGST5",
                                   "INVGST6", "QUOTITM7", "INVGEN8", "INVGEN9"};
 
-struct Shown {
-  int index;
-  const char* column;
-};
-
 // clang-format off
-constexpr Shown kShown[] = {
-    {0,  "SRNO"},
-    {1,  "PRNNAME"},
-    {2,  "FILENM"},
-    {18, "SHEETNM"},
-    {3,  "QUERYNM"},
-    {21, "HDLINES"},
-    {5,  "FTLINES"},
-    {6,  "INVLINES"},
-    {7,  "ITMLINES"},
-    {8,  "BLPGS"},
-    {4,  "PRNCPY"},
-    {20, "BTNNM"},
-};
-
 const ScreenSpec& spec() {
   static const ScreenSpec s{
       .name = "VSETFRM",
@@ -68,9 +51,9 @@ const ScreenSpec& spec() {
       }},
       .controls = {
           {.name = "Label1",      .index = 0,  .kind = Kind::Label,  .label = "Default Designs For Print Format", .at = {.group = "choiceHead"}, .style = Style::Section},
-          {.name = "txtFields",   .index = 9,  .label = "GST Invoice", .at = {.group = "choice", .col = 1}, .tab = 1, .keys = KeyClass::Number, .selectAll = true, .hint = "1 To 6 = Design Of GST Invoices"},
-          {.name = "txtFields",   .index = 10, .label = "Quotation",   .at = {.group = "choice", .col = 3}, .tab = 2, .keys = KeyClass::Number, .selectAll = true, .hint = "7 = Design Of Quotations"},
-          {.name = "txtFields",   .index = 11, .label = "Challan",     .at = {.group = "choice", .col = 5}, .tab = 3, .keys = KeyClass::Number, .selectAll = true, .hint = "8 Or 9 = Design Of Challans"},
+          {.name = "txtFields",   .index = 9,  .field = kBillDesign,      .label = "GST Invoice", .at = {.group = "choice", .col = 1}, .tab = 1, .keys = KeyClass::Number, .selectAll = true, .hint = "1 To 6 = Design Of GST Invoices"},
+          {.name = "txtFields",   .index = 10, .field = kQuotationDesign, .label = "Quotation",   .at = {.group = "choice", .col = 3}, .tab = 2, .keys = KeyClass::Number, .selectAll = true, .hint = "7 = Design Of Quotations"},
+          {.name = "txtFields",   .index = 11, .field = kChallanDesign,   .label = "Challan",     .at = {.group = "choice", .col = 5}, .tab = 3, .keys = KeyClass::Number, .selectAll = true, .hint = "8 Or 9 = Design Of Challans"},
 
           {.name = "Label1",      .index = 1,  .kind = Kind::Label,  .label = "Click Button to View Design", .at = {.group = "viewHead"}, .style = Style::Section},
           {.name = "VIEWDSGN",    .index = 1,  .kind = Kind::Button, .label = "GST Inv 1",   .at = {.group = "view", .row = 0, .col = 0}, .tab = 5},
@@ -83,18 +66,18 @@ const ScreenSpec& spec() {
           {.name = "VIEWDSGN",    .index = 8,  .kind = Kind::Button, .label = "Challan 8",   .at = {.group = "view", .row = 2, .col = 1}, .tab = 12},
           {.name = "VIEWDSGN",    .index = 9,  .kind = Kind::Button, .label = "Challan 9",   .at = {.group = "view", .row = 2, .col = 2}, .tab = 13},
 
-          {.name = "txtFields",   .index = 0,  .label = "Design No",  .at = {.group = "facts", .row = 0, .col = 1}, .enabled = false},
-          {.name = "txtFields",   .index = 1,  .label = "Print Name", .at = {.group = "facts", .row = 0, .col = 3}, .enabled = false},
-          {.name = "txtFields",   .index = 2,  .label = "File Name",  .at = {.group = "facts", .row = 1, .col = 1}, .enabled = false},
-          {.name = "txtFields",   .index = 18, .label = "Sht Nm",     .at = {.group = "facts", .row = 1, .col = 3}, .enabled = false},
-          {.name = "txtFields",   .index = 3,  .label = "Qry name",   .at = {.group = "facts", .row = 2, .col = 1}, .enabled = false},
-          {.name = "txtFields",   .index = 20, .label = "Btn Name",   .at = {.group = "facts", .row = 2, .col = 3}, .enabled = false},
-          {.name = "txtFields",   .index = 21, .label = "Hd Lines",   .at = {.group = "facts", .row = 3, .col = 1}, .enabled = false},
-          {.name = "txtFields",   .index = 5,  .label = "Ft lines",   .at = {.group = "facts", .row = 3, .col = 3}, .enabled = false},
-          {.name = "txtFields",   .index = 6,  .label = "Inv LInes",  .at = {.group = "facts", .row = 4, .col = 1}, .enabled = false},
-          {.name = "txtFields",   .index = 7,  .label = "Itm Lines",  .at = {.group = "facts", .row = 4, .col = 3}, .enabled = false},
-          {.name = "txtFields",   .index = 8,  .label = "Bl Pgs",     .at = {.group = "facts", .row = 5, .col = 1}, .enabled = false},
-          {.name = "txtFields",   .index = 4,  .label = "Prn Copies", .at = {.group = "facts", .row = 5, .col = 3}, .enabled = false},
+          {.name = "txtFields",   .index = 0,  .field = kDesignNumber,    .column = "SRNO",      .label = "Design No",  .at = {.group = "facts", .row = 0, .col = 1}, .enabled = false},
+          {.name = "txtFields",   .index = 1,  .field = kDesignName,      .column = "PRNNAME",   .label = "Print Name", .at = {.group = "facts", .row = 0, .col = 3}, .enabled = false},
+          {.name = "txtFields",   .index = 2,  .field = kFileName,        .column = "FILENM",    .label = "File Name",  .at = {.group = "facts", .row = 1, .col = 1}, .enabled = false},
+          {.name = "txtFields",   .index = 18, .field = kSheetName,       .column = "SHEETNM",   .label = "Sht Nm",     .at = {.group = "facts", .row = 1, .col = 3}, .enabled = false},
+          {.name = "txtFields",   .index = 3,  .field = kQueryName,       .column = "QUERYNM",   .label = "Qry name",   .at = {.group = "facts", .row = 2, .col = 1}, .enabled = false},
+          {.name = "txtFields",   .index = 20, .field = kButtonName,      .column = "BTNNM",     .label = "Btn Name",   .at = {.group = "facts", .row = 2, .col = 3}, .enabled = false},
+          {.name = "txtFields",   .index = 21, .field = kHeadLines,       .column = "HDLINES",   .label = "Hd Lines",   .at = {.group = "facts", .row = 3, .col = 1}, .enabled = false},
+          {.name = "txtFields",   .index = 5,  .field = kFootLines,       .column = "FTLINES",   .label = "Ft lines",   .at = {.group = "facts", .row = 3, .col = 3}, .enabled = false},
+          {.name = "txtFields",   .index = 6,  .field = kInvoiceLines,    .column = "INVLINES",  .label = "Inv LInes",  .at = {.group = "facts", .row = 4, .col = 1}, .enabled = false},
+          {.name = "txtFields",   .index = 7,  .field = kItemLines,       .column = "ITMLINES",  .label = "Itm Lines",  .at = {.group = "facts", .row = 4, .col = 3}, .enabled = false},
+          {.name = "txtFields",   .index = 8,  .field = kPages,           .column = "BLPGS",     .label = "Bl Pgs",     .at = {.group = "facts", .row = 5, .col = 1}, .enabled = false},
+          {.name = "txtFields",   .index = 4,  .field = kCopies,          .column = "PRNCPY",    .label = "Prn Copies", .at = {.group = "facts", .row = 5, .col = 3}, .enabled = false},
 
           {.name = "Image1",      .kind = Kind::Picture, .at = {.group = "Frame1", .rows = 20}},
           {.name = "lblnone",     .kind = Kind::Label, .at = {.group = "Frame1"}, .align = Align::Centre, .style = Style::Quiet},
@@ -122,9 +105,9 @@ VSETFRM::VSETFRM(Host& theHost) : ChildScreen(theHost, ::spec()) {
 
 void VSETFRM::opened(const Opening& opening) {
   ChildScreen::opened(opening);
-  for (const Choice& choice : kChoices) set(at("txtFields", choice.index), numText(session().*choice.design));
+  for (const Choice& choice : kChoices) put(choice.field, session().*choice.design);
   at("lblnone").text = words("The Design Shows Here");
-  focus(at("txtFields", 9));
+  focus(at(kBillDesign));
 }
 
 std::string VSETFRM::hintFor(const Control& control) const {
@@ -132,18 +115,17 @@ std::string VSETFRM::hintFor(const Control& control) const {
 }
 
 // Whether the number in the field is none of its designs; told, and the field then holds 1.
-bool VSETFRM::refused(int index) {
-  const auto* const choice = std::ranges::find(kChoices, index, &Choice::index);
-  Control& field = at("txtFields", index);
-  const double design = Val(field.text);
+bool VSETFRM::refused(FieldName field) {
+  const auto* const choice = std::ranges::find(kChoices, field, &Choice::field);
+  const double design = value(field);
   if (design >= choice->from && design <= choice->to) return false;
   host.message(choice->refusal);
-  set(field, "1");
+  put(field, "1");
   return true;
 }
 
 void VSETFRM::checkTyped() {
-  if (!here().text.empty()) refused(here().index);
+  if (!here().text.empty()) refused(here().spec->field);
 }
 
 void VSETFRM::view() {
@@ -157,8 +139,9 @@ void VSETFRM::view() {
     host.message("ENTRY NOT FOUND");
     return;
   }
-  for (const Shown& shown : kShown)
-    if (!row->text(shown.column).empty()) set(at("txtFields", shown.index), row->text(shown.column));
+  for (const auto& c : controls)
+    if (const auto column = c->spec->column; !column.empty() && !row->text(column).empty())
+      set(*c, row->text(column));
   const auto file = std::filesystem::path(session().mapppath) / "pics" /
                     (std::string(kPictures[static_cast<size_t>(number) - 1]) + ".JPG");
   const bool stands = std::filesystem::exists(file);
@@ -168,12 +151,11 @@ void VSETFRM::view() {
 
 void VSETFRM::setDesigns() {
   for (const Choice& choice : kChoices)
-    if (refused(choice.index)) {
-      focus(at("txtFields", choice.index));
+    if (refused(choice.field)) {
+      focus(at(choice.field));
       return;
     }
-  for (const Choice& choice : kChoices)
-    session().*choice.design = static_cast<int>(Val(at("txtFields", choice.index).text));
+  for (const Choice& choice : kChoices) session().*choice.design = static_cast<int>(value(choice.field));
   for (const Choice& choice : kChoices)
     data().exec("UPDATE SPSFILE SET VOUCH_QTY = ? WHERE VOUCH_NO = ?", session().*choice.design,
                 choice.setting);

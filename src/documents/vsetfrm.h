@@ -18,5 +18,5 @@ class VSETFRM : public ChildScreen {
   void setDesigns();
   void leave();
   void askToLeave();
-  bool refused(int index);
+  bool refused(FieldName field);
 };

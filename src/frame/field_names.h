@@ -113,6 +113,13 @@ inline constexpr FieldName kSaleRate{"sale_rate"};
 inline constexpr FieldName kMrp{"mrp"};
 inline constexpr FieldName kOpeningStock{"opening_stock"};
 inline constexpr FieldName kDescription{"description"};
+inline constexpr FieldName kGrouping{"grouping"};
+inline constexpr FieldName kCessRate{"cess_rate"};
+inline constexpr FieldName kNoStock{"no_stock"};
+inline constexpr FieldName kOnPaper{"on_paper"};
+inline constexpr FieldName kGovernmentId{"government_id"};
+inline constexpr FieldName kReceiptType{"receipt_type"};
+inline constexpr FieldName kCharge{"charge"};
 inline constexpr FieldName kUser{"user"};                   // who changed the row last
 
 // Company
@@ -124,6 +131,23 @@ inline constexpr FieldName kBank{"bank"};
 inline constexpr FieldName kBranch{"branch"};
 inline constexpr FieldName kAccountNumber{"account_no"};
 inline constexpr FieldName kIfsc{"ifsc"};
+
+// Choice of designs
+inline constexpr FieldName kBillDesign{"bill_design"};
+inline constexpr FieldName kQuotationDesign{"quotation_design"};
+inline constexpr FieldName kChallanDesign{"challan_design"};
+inline constexpr FieldName kDesignNumber{"design_no"};
+inline constexpr FieldName kDesignName{"design_name"};
+inline constexpr FieldName kFileName{"file_name"};
+inline constexpr FieldName kSheetName{"sheet_name"};
+inline constexpr FieldName kQueryName{"query_name"};
+inline constexpr FieldName kButtonName{"button_name"};
+inline constexpr FieldName kHeadLines{"head_lines"};
+inline constexpr FieldName kFootLines{"foot_lines"};
+inline constexpr FieldName kInvoiceLines{"invoice_lines"};
+inline constexpr FieldName kItemLines{"item_lines"};
+inline constexpr FieldName kPages{"pages"};
+inline constexpr FieldName kCopies{"copies"};
 
 // Filters of reports
 inline constexpr FieldName kFrom{"from"};

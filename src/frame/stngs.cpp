@@ -5,32 +5,11 @@
 #include "frame/company_details.h"
 #include "frame/session.h"
 
+using namespace fields;
+
 namespace {
 
-struct Holding {
-  int index;
-  const char* column;
-};
-
 // clang-format off
-constexpr Holding kHoldings[] = {
-    {0,  "PLA_NO"},
-    {1,  "GSTINNO"},
-    {2,  "COMPNM"},
-    {3,  "C_BRNCH"},
-    {4,  "C_BANK_NAME"},
-    {5,  "ADDRS"},
-    {6,  "C_IFSC"},
-    {7,  "STATECD"},
-    {8,  "C_AC_NO"},
-    {9,  "STATE"},
-    {10, "PH1"},
-    {11, "PH2"},
-    {12, "C_EMAIL"},
-    {14, "CPIN"},
-    {21, "CITY"},
-};
-
 const ScreenSpec& spec() {
   static const ScreenSpec s{
       .name = "stngs",
@@ -45,24 +24,24 @@ const ScreenSpec& spec() {
           {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
       }},
       .controls = {
-          {.name = "txtFields", .index = 2,  .label = "Company Name",     .at = {.group = "address", .row = 0, .col = 1, .span = 3}, .tab = 1,  .limit = 100, .keys = KeyClass::Text},
-          {.name = "txtFields", .index = 5,  .label = "Address ",         .at = {.group = "address", .row = 1, .col = 1, .span = 3}, .tab = 2,  .limit = 250, .keys = KeyClass::Text},
-          {.name = "txtFields", .index = 21, .label = "Place",            .at = {.group = "address", .row = 2, .col = 1},            .tab = 3,  .limit = 50,  .keys = KeyClass::Text},
-          {.name = "txtFields", .index = 14, .label = "Pin Code",         .at = {.group = "address", .row = 2, .col = 3, .width = 132}, .tab = 4,  .limit = 50,  .keys = KeyClass::Text},
-          {.name = "txtFields", .index = 9,  .label = "State",            .at = {.group = "address", .row = 3, .col = 1},            .tab = 5,  .limit = 250, .keys = KeyClass::Text},
-          {.name = "txtFields", .index = 7,  .label = "State Code",       .at = {.group = "address", .row = 3, .col = 3, .width = 92}, .tab = 6, .limit = 250, .keys = KeyClass::Number},
+          {.name = "txtFields", .index = 2,  .field = kCompany,       .column = "COMPNM",      .label = "Company Name",     .at = {.group = "address", .row = 0, .col = 1, .span = 3}, .tab = 1,  .limit = 100, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 5,  .field = kAddress,       .column = "ADDRS",       .label = "Address ",         .at = {.group = "address", .row = 1, .col = 1, .span = 3}, .tab = 2,  .limit = 250, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 21, .field = kCity,          .column = "CITY",        .label = "Place",            .at = {.group = "address", .row = 2, .col = 1},            .tab = 3,  .limit = 50,  .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 14, .field = kPinCode,       .column = "CPIN",        .label = "Pin Code",         .at = {.group = "address", .row = 2, .col = 3, .width = 132}, .tab = 4,  .limit = 50,  .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 9,  .field = kState,         .column = "STATE",       .label = "State",            .at = {.group = "address", .row = 3, .col = 1},            .tab = 5,  .limit = 250, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 7,  .field = kStateCode,     .column = "STATECD",     .label = "State Code",       .at = {.group = "address", .row = 3, .col = 3, .width = 92}, .tab = 6, .limit = 250, .keys = KeyClass::Number},
 
-          {.name = "txtFields", .index = 1,  .label = "Company GSTIN No", .at = {.group = "tax", .row = 0, .col = 1},                .tab = 7,  .limit = 250, .keys = KeyClass::Text},
-          {.name = "txtFields", .index = 0,  .label = "Pan No ",          .at = {.group = "tax", .row = 0, .col = 3},                .tab = 8,  .limit = 50,  .keys = KeyClass::Text},
-          {.name = "txtFields", .index = 10, .label = "Phone 1",          .at = {.group = "tax", .row = 1, .col = 1},                .tab = 9,  .limit = 50,  .keys = KeyClass::Text},
-          {.name = "txtFields", .index = 11, .label = "Phone 2",          .at = {.group = "tax", .row = 1, .col = 3},                .tab = 10, .limit = 50,  .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 1,  .field = kGstin,         .column = "GSTINNO",     .label = "Company GSTIN No", .at = {.group = "tax", .row = 0, .col = 1},                .tab = 7,  .limit = 250, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 0,  .field = kPan,           .column = "PLA_NO",      .label = "Pan No ",          .at = {.group = "tax", .row = 0, .col = 3},                .tab = 8,  .limit = 50,  .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 10, .field = kPhone,         .column = "PH1",         .label = "Phone 1",          .at = {.group = "tax", .row = 1, .col = 1},                .tab = 9,  .limit = 50,  .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 11, .field = kPhone2,        .column = "PH2",         .label = "Phone 2",          .at = {.group = "tax", .row = 1, .col = 3},                .tab = 10, .limit = 50,  .keys = KeyClass::Text},
           // An address for mail keeps its case and its signs.
-          {.name = "txtFields", .index = 12, .label = "Email Address",    .at = {.group = "tax", .row = 2, .col = 1},                .tab = 11, .limit = 150, .keys = KeyClass::Any},
+          {.name = "txtFields", .index = 12, .field = kEmail,         .column = "C_EMAIL",     .label = "Email Address",    .at = {.group = "tax", .row = 2, .col = 1},                .tab = 11, .limit = 150, .keys = KeyClass::Any},
 
-          {.name = "txtFields", .index = 4,  .label = "Bank Name",        .at = {.group = "bank", .row = 0, .col = 1},               .tab = 12, .limit = 150, .keys = KeyClass::Text},
-          {.name = "txtFields", .index = 3,  .label = "Branch",           .at = {.group = "bank", .row = 0, .col = 3},               .tab = 13, .limit = 150, .keys = KeyClass::Text},
-          {.name = "txtFields", .index = 8,  .label = "A/c No",           .at = {.group = "bank", .row = 1, .col = 1},               .tab = 14, .limit = 150, .keys = KeyClass::Text},
-          {.name = "txtFields", .index = 6,  .label = "IFSC Code",        .at = {.group = "bank", .row = 1, .col = 3},               .tab = 15, .limit = 150, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 4,  .field = kBank,          .column = "C_BANK_NAME", .label = "Bank Name",        .at = {.group = "bank", .row = 0, .col = 1},               .tab = 12, .limit = 150, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 3,  .field = kBranch,        .column = "C_BRNCH",     .label = "Branch",           .at = {.group = "bank", .row = 0, .col = 3},               .tab = 13, .limit = 150, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 8,  .field = kAccountNumber, .column = "C_AC_NO",     .label = "A/c No",           .at = {.group = "bank", .row = 1, .col = 1},               .tab = 14, .limit = 150, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 6,  .field = kIfsc,          .column = "C_IFSC",      .label = "IFSC Code",        .at = {.group = "bank", .row = 1, .col = 3},               .tab = 15, .limit = 150, .keys = KeyClass::Text},
 
           {.name = "cmdsave",   .kind = Kind::Button, .label = "&Save and Close",     .at = {.group = "buttons"}, .tab = 16, .style = Style::Primary},
           {.name = "cmdclose",  .kind = Kind::Button, .label = "&Close Without Save", .at = {.group = "buttons"}, .tab = 17},
@@ -88,7 +67,7 @@ stngs::stngs(Host& h) : ChildScreen(h, ::spec()) {
 void stngs::opened(const Opening& opening) {
   ChildScreen::opened(opening);
   load();
-  focus(at("txtFields", 2));
+  focus(at(kCompany));
 }
 
 std::string stngs::hintFor(const Control& control) const {
@@ -98,8 +77,9 @@ std::string stngs::hintFor(const Control& control) const {
 void stngs::load() {
   std::optional<Row> row;
   if (CheckTable("COMP_DET")) row = data().first("SELECT COMP_DET.* FROM COMP_DET");
-  for (const Holding& h : kHoldings)
-    set(at("txtFields", h.index), row && row->has(h.column) ? row->text(h.column) : "");
+  for (const auto& c : controls)
+    if (const auto column = c->spec->column; !column.empty())
+      set(*c, row && row->has(column) ? row->text(column) : "");
 }
 
 void stngs::loadAgain() {
@@ -108,15 +88,13 @@ void stngs::loadAgain() {
 }
 
 void stngs::save() {
-  if (trim(at("txtFields", 2).text).empty()) {
+  if (trimmed(kCompany).empty()) {
     host.message("Blank Name Not Allowed For Company");
-    focus(at("txtFields", 2));
+    focus(at(kCompany));
     return;
   }
-  Fields typed;
-  for (const Holding& h : kHoldings) typed.push_back({h.column, trim(at("txtFields", h.index).text)});
   Session& s = session();
-  saveCompanyDetails(s, std::move(typed));
+  saveCompanyDetails(s, writtenFields(Part::Head));
   if (Screen* const shell = host.find("frmmain")) {
     shell->caption = shellCaption(s);
     shell->panels[0] = periodPanel(s);

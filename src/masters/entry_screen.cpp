@@ -13,7 +13,7 @@ EntryScreen::EntryScreen(Host& theHost, const ScreenSpec& theSpec, EntryPattern 
   // Enter and Tab walk to these two, but a press leaves the focus where it is, unchecked: what is
   // missing is told by the save itself, and giving up needs no filled field.
   for (const char* button : {"cmdUpdate", "cmdCancel"}) at(button).tab = 0;
-  const std::string key = field(pattern_.key).fullName(), name = field(pattern_.name).fullName();
+  const std::string key = at(pattern_.key).fullName(), name = at(pattern_.name).fullName();
   wire<EntryScreen>(*this, {
                                {"cmdAdd",    On::Click,      &EntryScreen::add       },
                                {"cmdEdit",   On::Click,      &EntryScreen::edit      },
@@ -46,13 +46,13 @@ bool EntryScreen::mayClose() {
 }
 
 std::string EntryScreen::hintFor(const Control& control) const {
-  const bool mayStayEmpty = entering() && sameText(control.family, pattern_.fields) &&
-                            std::ranges::find(pattern_.optional, control.index) != pattern_.optional.end();
+  const bool mayStayEmpty =
+      entering() && std::ranges::find(pattern_.optional, control.spec->field) != pattern_.optional.end();
   if (mayStayEmpty && trim(control.text).empty()) return english("Press Enter For Help :: Tab = Leave Empty");
   return ChildScreen::hintFor(control);
 }
 
-std::string EntryScreen::code() const { return trim(field(pattern_.key).text); }
+std::string EntryScreen::code() const { return trimmed(pattern_.key); }
 
 Go EntryScreen::refuse(const std::string& text) {
   say(text);
@@ -81,14 +81,14 @@ std::string EntryScreen::keysOfMode() const {
 
 void EntryScreen::add() {
   begin("ADD", pattern_.add);
-  set(field(pattern_.key), nextCode());
+  put(pattern_.key, nextCode());
   newEntry();
-  focusUnchecked(field(pattern_.first));
+  focusUnchecked(at(pattern_.first));
 }
 
 void EntryScreen::choose(const std::string& newMode, const std::string& newCaption) {
   begin(newMode, newCaption);
-  focusUnchecked(field(pattern_.key));
+  focusUnchecked(at(pattern_.key));
 }
 
 void EntryScreen::edit() {
@@ -106,7 +106,7 @@ void EntryScreen::cancel() {
 
 void EntryScreen::clearFields() {
   for (const auto& c : controls)
-    if (sameText(c->family, pattern_.fields)) set(*c, "");
+    if (c->editable()) set(*c, "");
   if (Control* user = find("usrlbl")) set(*user, "");
   emptied();
 }
@@ -114,8 +114,8 @@ void EntryScreen::clearFields() {
 // A field whose table row is off stays off in every mode.
 void EntryScreen::enableFields() {
   for (const auto& c : controls) {
-    if (!sameText(c->family, pattern_.fields)) continue;
-    const bool open = mode == "ADD" || mode == "EDIT" || (!mode.empty() && c->index == pattern_.key);
+    if (!c->editable()) continue;
+    const bool open = mode == "ADD" || mode == "EDIT" || (!mode.empty() && c->spec->field == pattern_.key);
     c->enabled = open && c->spec->enabled;
   }
 }
@@ -141,7 +141,7 @@ void EntryScreen::showNames(const std::string& typed) {
 
 Go EntryScreen::keyEntered() {
   if (mode == "ADD") return keyIsFree();
-  if (code().empty()) return lookUp(host, *this, field(pattern_.key), codeLookup());
+  if (code().empty()) return lookUp(host, *this, at(pattern_.key), codeLookup());
   return keyIsChosen();
 }
 
@@ -192,7 +192,7 @@ void EntryScreen::update() {
   if (mode == "ADD" && exists(code())) {
     say(existingCodeWords());
     // Another program has taken the code in the meantime.
-    if (!field(pattern_.key).enabled) set(field(pattern_.key), nextCode());
+    if (!at(pattern_.key).enabled) put(pattern_.key, nextCode());
     return;
   }
   // The code was changed after its row was shown: that row is read before anything is written.
@@ -200,7 +200,7 @@ void EntryScreen::update() {
     keyIsChosen();
     return;
   }
-  const Control& key = field(pattern_.key);
+  const Control& key = at(pattern_.key);
   if (key.limit > 0 && length(code()) > key.limit) {
     say(words("Entry Not Saved\r\n{field} Takes {count} Characters", "field", trim(words(key.label)), "count",
               std::to_string(key.limit)));
@@ -239,20 +239,13 @@ bool EntryScreen::inTransaction(bool (EntryScreen::*work)()) {
 
 // Fields and columns
 
-void EntryScreen::fill(const Row& row, const std::vector<FieldColumn>& columns) {
-  for (const FieldColumn& c : columns)
-    if (row.has(c.column)) set(field(c.index), row.text(c.column));
+void EntryScreen::fill(const Row& row) {
+  for (const auto& c : controls) {
+    const std::string_view column = c->spec->column;
+    if (!column.empty() && !c->ofLine() && row.has(column)) set(*c, row.text(column));
+  }
   Control* const user = find("usrlbl");
   if (user && row.has("USER_CD")) set(*user, row.text("USER_CD"));
-}
-
-Fields EntryScreen::written(const std::vector<FieldColumn>& columns) const {
-  Fields fields;
-  for (const FieldColumn& c : columns) {
-    const std::string& text = field(c.index).text;
-    fields.push_back({c.column, c.number ? Value(Val(text)) : Value(text)});
-  }
-  return fields;
 }
 
 Fields EntryScreen::sendMarks() {

@@ -16,9 +16,8 @@ inline constexpr const char* kIncompleteWords = english("Please Fill Complete Da
 
 // What an entry screen is made of beside its fields.
 struct EntryPattern {
-  std::string fields;  // family of its fields: "txtFields"
-  int key = 0;         // the field that holds the code
-  int first = 1;       // where ADD begins
+  FieldName key = fields::kCode;    // the field that holds the code
+  FieldName first = fields::kName;  // where ADD begins
 
   std::string idle, add, edit, del, view;  // captions by mode
   std::string viewMode = "PRINT";          // how the mode that only shows is called
@@ -30,18 +29,11 @@ struct EntryPattern {
   // The list of what is in use already, searched by its last column while a name is typed.
   Select names;
   std::string namesGrid;
-  int name = 1;
+  FieldName name = fields::kName;
 
   // Fields whose Enter opens a lookup while they are empty, but which may stay so.
-  std::vector<int> optional = {};
+  std::vector<FieldName> optional = {};
   std::string video;  // tutorial link
-};
-
-// A field of the screen and the column that it holds.
-struct FieldColumn {
-  int index;
-  std::string_view column;
-  bool number = false;
 };
 
 // The way in which all master screens work. `mode` is "", "ADD", "EDIT", "DEL" or the view mode;
@@ -86,8 +78,6 @@ class EntryScreen : public ChildScreen {
 
   // For its handlers.
   bool entering() const { return mode == "ADD" || mode == "EDIT"; }
-  Control& field(int index) { return at(pattern_.fields, index); }
-  const Control& field(int index) const { return at(pattern_.fields, index); }
   std::string code() const;
   // The code whose row is shown in a mode other than ADD; empty before.
   const std::string& loaded() const { return loaded_; }
@@ -106,8 +96,8 @@ class EntryScreen : public ChildScreen {
   Go keyEntered();
   Go keyLeft();
 
-  void fill(const Row& row, const std::vector<FieldColumn>& columns);
-  Fields written(const std::vector<FieldColumn>& columns) const;
+  // Texts as they are stored, into the fields of the head; a column that the row lacks is passed by.
+  void fill(const Row& row);
   // USER_CD, ENT_DT, ENT_TIME and the marks that go with every stored row.
   Fields stamps() const;
   static Fields sendMarks();
@@ -115,7 +105,7 @@ class EntryScreen : public ChildScreen {
  private:
   void close() { host.close(*this); }
   void video() { openTutorial(host, pattern_.video); }
-  void nameTyped() { showNames(field(pattern_.name).text); }
+  void nameTyped() { showNames(text(pattern_.name)); }
   void viewKey();
 
   void begin(const std::string& newMode, const std::string& newCaption);

@@ -7,52 +7,13 @@
 #include "masters/accounts.h"
 #include "masters/gstin.h"
 
+using namespace fields;
+
 namespace {
 
-enum : int {
-  kCode = 0,
-  kName = 1,
-  kGroup = 2,
-  kOpening = 3,
-  kCreditDays = 4,
-  kAddress1 = 5,
-  kAddress2 = 6,
-  kCity = 7,
-  kPinCode = 8,
-  kArea = 9,
-  kPhone = 10,
-  kPerson = 15,
-  kEmail = 22,
-  kPan = 27,
-  kGstin = 44,
-  kState = 45,
-};
-
 // clang-format off
-// The PAN has its place in BANK_NAME.
-const std::vector<FieldColumn>& holdings() {
-  static const std::vector<FieldColumn> columns{
-      {kCode,       "ACC_CD"          },
-      {kName,       "ACC_NAME"        },
-      {kGroup,      "GROUP_CD",   true},
-      {kOpening,    "OP_BAL",     true},
-      {kCreditDays, "CREDIT_DAY", true},
-      {kAddress1,   "ADD1"            },
-      {kAddress2,   "ADD2"            },
-      {kCity,       "CITY"            },
-      {kPinCode,    "PINCODE"         },
-      {kArea,       "AREA"            },
-      {kPhone,      "PHONE1"          },
-      {kPerson,     "PERSON_NM"       },
-      {kEmail,      "EMAIL"           },
-      {kPan,        "BANK_NAME"       },
-      {kGstin,      "GSTINNO"         },
-      {kState,      "STATECD",    true},
-  };
-  return columns;
-}
-
 const ScreenSpec& accountTable() {
+  using enum Holds;
   static const std::vector<Length> cells{px(116), px(92), part(1.1), px(112), px(92), px(36), part(1)};
   static const ScreenSpec s{
       .name = "frmacc",
@@ -70,27 +31,27 @@ const ScreenSpec& accountTable() {
           entryButtonBand(),
       }},
       .controls = withButtons({
-          {.name = "txtFields", .index = kCode,       .label = "A/c Code",       .at = {.group = "identity", .row = 0, .col = 1},              .tab = 1,  .limit = 6,   .keys = KeyClass::Text},
-          {.name = "usrlbl",    .kind = Kind::Label,                             .at = {.group = "identity", .row = 0, .col = 4, .span = 3},   .style = Style::Quiet},
-          {.name = "txtFields", .index = kName,       .label = "Name",           .at = {.group = "identity", .row = 1, .col = 1, .span = 6},   .tab = 2,  .limit = 100, .keys = KeyClass::Text, .hint = "Type Name Of Party"},
-          {.name = "txtFields", .index = kGroup,      .label = "Group Code",     .at = {.group = "identity", .row = 2, .col = 1},              .tab = 3,  .limit = 10,  .keys = KeyClass::Number, .align = Align::Right, .selectAll = true},
-          {.name = "lblGroup",  .kind = Kind::Label,                             .at = {.group = "identity", .row = 2, .col = 2, .span = 5},   .style = Style::Quiet},
-          {.name = "txtFields", .index = kOpening,    .label = "Op. Bal ",       .at = {.group = "identity", .row = 3, .col = 1, .span = 2, .width = 160}, .tab = 4, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .money = true, .hint = "Type Opening Balance :: Minus = Credit Balance"},
-          {.name = "txtFields", .index = kCreditDays, .label = "Credit Days",    .at = {.group = "identity", .row = 3, .col = 4},              .tab = 5,  .limit = 5,   .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Credit Days Of Party"},
+          {.name = "txtFields", .index = 0,  .field = kCode,           .column = "ACC_CD",     .holds = Typed,  .label = "A/c Code",       .at = {.group = "identity", .row = 0, .col = 1},              .tab = 1,  .limit = 6,   .keys = KeyClass::Text},
+          {.name = "usrlbl",    .field = kUser, .kind = Kind::Label,                             .at = {.group = "identity", .row = 0, .col = 4, .span = 3},   .style = Style::Quiet},
+          {.name = "txtFields", .index = 1,  .field = kName,           .column = "ACC_NAME",   .holds = Typed,  .label = "Name",           .at = {.group = "identity", .row = 1, .col = 1, .span = 6},   .tab = 2,  .limit = 100, .keys = KeyClass::Text, .hint = "Type Name Of Party"},
+          {.name = "txtFields", .index = 2,  .field = kGroup,          .column = "GROUP_CD",   .holds = Figure, .label = "Group Code",     .at = {.group = "identity", .row = 2, .col = 1},              .tab = 3,  .limit = 10,  .keys = KeyClass::Number, .align = Align::Right, .selectAll = true},
+          {.name = "lblGroup",  .field = kGroupName, .kind = Kind::Label,                             .at = {.group = "identity", .row = 2, .col = 2, .span = 5},   .style = Style::Quiet},
+          {.name = "txtFields", .index = 3,  .field = kOpeningBalance, .column = "OP_BAL",     .holds = Figure, .label = "Op. Bal ",       .at = {.group = "identity", .row = 3, .col = 1, .span = 2, .width = 160}, .tab = 4, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .money = true, .hint = "Type Opening Balance :: Minus = Credit Balance"},
+          {.name = "txtFields", .index = 4,  .field = kCreditDays,     .column = "CREDIT_DAY", .holds = Figure, .label = "Credit Days",    .at = {.group = "identity", .row = 3, .col = 4},              .tab = 5,  .limit = 5,   .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Credit Days Of Party"},
 
-          {.name = "txtFields", .index = kAddress1,   .label = "Address Line 1", .at = {.group = "address", .row = 0, .col = 1, .span = 6},    .tab = 6,  .limit = 100, .keys = KeyClass::Text, .hint = "Type Address Of Party"},
-          {.name = "txtFields", .index = kAddress2,   .label = "Address Line 2", .at = {.group = "address", .row = 1, .col = 1, .span = 6},    .tab = 7,  .limit = 100, .keys = KeyClass::Text, .hint = "Type Address Of Party"},
-          {.name = "txtFields", .index = kCity,       .label = "City",           .at = {.group = "address", .row = 2, .col = 1, .span = 2},    .tab = 8,  .limit = 100, .keys = KeyClass::Text},
-          {.name = "txtFields", .index = kPinCode,    .label = "Pin Code",       .at = {.group = "address", .row = 2, .col = 4},               .tab = 9,  .limit = 100, .keys = KeyClass::Text},
-          {.name = "txtFields", .index = kArea,       .label = "Area",           .at = {.group = "address", .row = 2, .col = 6},               .tab = 10, .limit = 100, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 5,  .field = kAddress1,       .column = "ADD1",       .holds = Typed,  .label = "Address Line 1", .at = {.group = "address", .row = 0, .col = 1, .span = 6},    .tab = 6,  .limit = 100, .keys = KeyClass::Text, .hint = "Type Address Of Party"},
+          {.name = "txtFields", .index = 6,  .field = kAddress2,       .column = "ADD2",       .holds = Typed,  .label = "Address Line 2", .at = {.group = "address", .row = 1, .col = 1, .span = 6},    .tab = 7,  .limit = 100, .keys = KeyClass::Text, .hint = "Type Address Of Party"},
+          {.name = "txtFields", .index = 7,  .field = kCity,           .column = "CITY",       .holds = Typed,  .label = "City",           .at = {.group = "address", .row = 2, .col = 1, .span = 2},    .tab = 8,  .limit = 100, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 8,  .field = kPinCode,        .column = "PINCODE",    .holds = Typed,  .label = "Pin Code",       .at = {.group = "address", .row = 2, .col = 4},               .tab = 9,  .limit = 100, .keys = KeyClass::Text},
+          {.name = "txtFields", .index = 9,  .field = kArea,           .column = "AREA",       .holds = Typed,  .label = "Area",           .at = {.group = "address", .row = 2, .col = 6},               .tab = 10, .limit = 100, .keys = KeyClass::Text},
 
-          {.name = "txtFields", .index = kPhone,      .label = "Phone No",       .at = {.group = "contact", .row = 0, .col = 1, .span = 2},    .tab = 11, .limit = 100, .keys = KeyClass::Text, .hint = "Type Phone No Of Party"},
-          {.name = "txtFields", .index = kPerson,     .label = "Contac Person",  .at = {.group = "contact", .row = 0, .col = 4, .span = 3},    .tab = 12, .limit = 100, .keys = KeyClass::Text, .hint = "Type Name Of Person"},
+          {.name = "txtFields", .index = 10, .field = kPhone,          .column = "PHONE1",     .holds = Typed,  .label = "Phone No",       .at = {.group = "contact", .row = 0, .col = 1, .span = 2},    .tab = 11, .limit = 100, .keys = KeyClass::Text, .hint = "Type Phone No Of Party"},
+          {.name = "txtFields", .index = 15, .field = kPerson,         .column = "PERSON_NM",  .holds = Typed,  .label = "Contac Person",  .at = {.group = "contact", .row = 0, .col = 4, .span = 3},    .tab = 12, .limit = 100, .keys = KeyClass::Text, .hint = "Type Name Of Person"},
           // An address for mail keeps its case and its signs.
-          {.name = "txtFields", .index = kEmail,      .label = "Email",          .at = {.group = "contact", .row = 1, .col = 1, .span = 6},    .tab = 13, .limit = 60,  .keys = KeyClass::Any, .hint = "Type Email Of Party"},
-          {.name = "txtFields", .index = kPan,        .label = "PAN No. ",       .at = {.group = "contact", .row = 2, .col = 1, .span = 2},    .tab = 14, .limit = 100, .keys = KeyClass::Text, .hint = "Type Pan No. :: Gstin No. Fills It"},
-          {.name = "txtFields", .index = kGstin,      .label = "GSTIN No.",      .at = {.group = "contact", .row = 2, .col = 4, .span = 3},    .tab = 15, .limit = 20,  .keys = KeyClass::Text, .hint = "Type Gstin No. Of 15 Letters And Digits"},
-          {.name = "txtFields", .index = kState,      .label = "StateCode",      .at = {.group = "contact", .row = 3, .col = 1},               .tab = 16, .limit = 2,   .keys = KeyClass::Number, .align = Align::Right, .hint = "Type State Code :: For Gujarat It Is 24"},
+          {.name = "txtFields", .index = 22, .field = kEmail,          .column = "EMAIL",      .holds = Typed,  .label = "Email",          .at = {.group = "contact", .row = 1, .col = 1, .span = 6},    .tab = 13, .limit = 60,  .keys = KeyClass::Any, .hint = "Type Email Of Party"},
+          {.name = "txtFields", .index = 27, .field = kPan,            .column = "BANK_NAME",  .holds = Typed,  .label = "PAN No. ",       .at = {.group = "contact", .row = 2, .col = 1, .span = 2},    .tab = 14, .limit = 100, .keys = KeyClass::Text, .hint = "Type Pan No. :: Gstin No. Fills It"},
+          {.name = "txtFields", .index = 44, .field = kGstin,          .column = "GSTINNO",    .holds = Typed,  .label = "GSTIN No.",      .at = {.group = "contact", .row = 2, .col = 4, .span = 3},    .tab = 15, .limit = 20,  .keys = KeyClass::Text, .hint = "Type Gstin No. Of 15 Letters And Digits"},
+          {.name = "txtFields", .index = 45, .field = kStateCode,      .column = "STATECD",    .holds = Figure, .label = "StateCode",      .at = {.group = "contact", .row = 3, .col = 1},               .tab = 16, .limit = 2,   .keys = KeyClass::Number, .align = Align::Right, .hint = "Type State Code :: For Gujarat It Is 24"},
 
           {.name = "DataGrid1", .kind = Kind::Grid, .at = {.group = "names"}, .columns = {{.title = "Names already in use"}}},
       }),
@@ -102,7 +63,6 @@ const ScreenSpec& accountTable() {
 EntryPattern accountPattern() {
   const std::string stem = words("ACCOUNT MASTER");
   return {
-      .fields = "txtFields",
       .key = kCode,
       .first = kName,
       .idle = stem,
@@ -146,25 +106,25 @@ Go frmacc::search() {
   lookup.rows.order = {by.order};
   const std::string found = lookUpValue(host, lookup);
   if (found.empty()) return Go::Stay;
-  set(field(kCode), found);
-  focus(field(kCode));
-  enterAgain(field(kCode));
+  put(kCode, found);
+  focus(at(kCode));
+  enterAgain(at(kCode));
   return Go::Stay;
 }
 
 frmacc::frmacc(Host& theHost) : EntryScreen(theHost, accountTable(), accountPattern()) {
   wire<frmacc>(*this, {
-                          {"txtFields(1)",  KeyCode::Enter, &frmacc::nameEntered   },
-                          {"txtFields(1)",  On::Validate,   &frmacc::nameLeft      },
-                          {"txtFields(2)",  KeyCode::Enter, &frmacc::groupEntered  },
-                          {"txtFields(2)",  On::Validate,   &frmacc::groupLeft     },
-                          {"txtFields(3)",  KeyCode::Enter, &frmacc::openingEntered},
-                          {"txtFields(7)",  KeyCode::Enter, &frmacc::cityEntered   },
-                          {"txtFields(8)",  KeyCode::Enter, &frmacc::pinCodeEntered},
-                          {"txtFields(9)",  KeyCode::Enter, &frmacc::areaEntered   },
-                          {"txtFields(44)", KeyCode::Enter, &frmacc::gstinEntered  },
-                          {"txtFields(45)", KeyCode::Enter, &frmacc::stateEntered  },
-                          {"txtFields(45)", On::Validate,   &frmacc::stateEntered  },
+                          {kName,           KeyCode::Enter, &frmacc::nameEntered   },
+                          {kName,           On::Validate,   &frmacc::nameLeft      },
+                          {kGroup,          KeyCode::Enter, &frmacc::groupEntered  },
+                          {kGroup,          On::Validate,   &frmacc::groupLeft     },
+                          {kOpeningBalance, KeyCode::Enter, &frmacc::openingEntered},
+                          {kCity,           KeyCode::Enter, &frmacc::cityEntered   },
+                          {kPinCode,        KeyCode::Enter, &frmacc::pinCodeEntered},
+                          {kArea,           KeyCode::Enter, &frmacc::areaEntered   },
+                          {kGstin,          KeyCode::Enter, &frmacc::gstinEntered  },
+                          {kStateCode,      KeyCode::Enter, &frmacc::stateEntered  },
+                          {kStateCode,      On::Validate,   &frmacc::stateEntered  },
                           {"",              KeyCode::F1,    &frmacc::search<0>     },
                           {"",              KeyCode::F2,    &frmacc::search<1>     },
                           {"",              KeyCode::F3,    &frmacc::search<2>     },
@@ -177,15 +137,15 @@ std::string frmacc::nextCode() { return accountCode(NextAccountCode()); }
 
 // The code is made by the system; it is open only where one has to be chosen.
 void frmacc::newEntry() {
-  field(kCode).enabled = false;
-  set(field(kGroup), groupCode(data(), kDebtorGroup));
+  at(kCode).enabled = false;
+  put(kGroup, groupCode(data(), kDebtorGroup));
   showGroupName();
 }
 
 bool frmacc::load(const std::string& code) {
   const auto row = findAccount(data(), code);
   if (!row) return false;
-  fill(*row, holdings());
+  fill(*row);
   showGroupName();
   return true;
 }
@@ -201,39 +161,39 @@ std::string frmacc::missingCodeWords() const {
 }
 
 Control* frmacc::missingField() {
-  for (const int index : {kCode, kName, kGroup})
-    if (trim(field(index).text).empty()) return &field(index);
+  for (const FieldName required : {kCode, kName, kGroup})
+    if (trimmed(required).empty()) return &at(required);
   return nullptr;
 }
 
-void frmacc::emptied() { set(at("lblGroup"), ""); }
+void frmacc::emptied() { put(kGroupName, ""); }
 
 void frmacc::showGroupName() {
-  const std::string& typed = field(kGroup).text;
-  set(at("lblGroup"), trim(typed).empty() ? "" : groupName(data(), Val(typed)).value_or(""));
+  const std::string& typed = text(kGroup);
+  put(kGroupName, trim(typed).empty() ? "" : groupName(data(), Val(typed)).value_or(""));
 }
 
 // Fields
 
 Go frmacc::nameEntered() {
-  return trim(field(kName).text).empty() ? refuse("YOU MUST HAVE TO ENTER PARTY NAME") : nameIsFree();
+  return trimmed(kName).empty() ? refuse("YOU MUST HAVE TO ENTER PARTY NAME") : nameIsFree();
 }
 
 Go frmacc::nameLeft() {
   if (!entering()) return Go::On;
-  return trim(field(kName).text).empty() ? refuse(kIncompleteWords) : nameIsFree();
+  return trimmed(kName).empty() ? refuse(kIncompleteWords) : nameIsFree();
 }
 
 Go frmacc::nameIsFree() {
-  if (mode != "ADD" || !accountNameInUse(data(), trim(field(kName).text))) return Go::On;
+  if (mode != "ADD" || !accountNameInUse(data(), trimmed(kName))) return Go::On;
   return refuse("Duplicate Party Name Not Allowed\r\nMake Spelling Difference with '.' or something Else");
 }
 
 // The six roots of the tree are not offered.
 Go frmacc::groupEntered() {
-  if (!trim(field(kGroup).text).empty()) return groupIsKnown();
+  if (!trimmed(kGroup).empty()) return groupIsKnown();
   showGroupName();
-  return lookUp(host, *this, field(kGroup),
+  return lookUp(host, *this, at(kGroup),
                 {
                     .rows = {.columns = {{"GROUP_CD"}, {"GROUP_NAME"}},
                              .from = "GRP",
@@ -244,12 +204,12 @@ Go frmacc::groupEntered() {
 
 Go frmacc::groupLeft() {
   if (!entering()) return Go::On;
-  return trim(field(kGroup).text).empty() ? refuse(kIncompleteWords) : groupIsKnown();
+  return trimmed(kGroup).empty() ? refuse(kIncompleteWords) : groupIsKnown();
 }
 
 Go frmacc::groupIsKnown() {
   showGroupName();
-  return groupName(data(), Val(field(kGroup).text)) ? Go::On : refuse("group not found");
+  return groupName(data(), value(kGroup)) ? Go::On : refuse("group not found");
 }
 
 // Name, group and balance are enough for an account.
@@ -270,22 +230,22 @@ Go frmacc::valuesInUse(const char* column) {
 
 Go frmacc::gstinEntered() {
   if (!entering()) return Go::On;
-  const std::string gstin = trim(field(kGstin).text);
+  const std::string gstin = trimmed(kGstin);
   if (!isGstinLength(gstin)) {
     say("INVALID GSTIN NO \r\nRE-CHECK GSTIN NO \r\nSOFTWARE WILL PROCEED WITHOUT GSTIN NO ");
-    set(field(kGstin), ".");
+    put(kGstin, ".");
     reason.clear();
     return Go::On;
   }
   const GstinParts parts = gstinParts(gstin);
-  set(field(kPan), parts.pan);
-  set(field(kState), parts.stateCode);
+  put(kPan, parts.pan);
+  put(kStateCode, parts.stateCode);
   reason = gstinHint(gstin);
   return Go::On;
 }
 
 Go frmacc::stateEntered() {
-  if (!entering() || !trim(field(kState).text).empty()) return Go::On;
+  if (!entering() || !trimmed(kStateCode).empty()) return Go::On;
   return refuse("Please Fill Proper State Code\r\nFor Gujarat it is 24");
 }
 
@@ -294,9 +254,9 @@ Go frmacc::stateEntered() {
 bool frmacc::maySave() { return nameIsFree() == Go::On && groupIsKnown() == Go::On; }
 
 bool frmacc::store() {
-  set(field(kCode), code());
-  set(field(kName), trim(field(kName).text));
-  Fields fields = written(holdings());
+  put(kCode, code());
+  put(kName, trimmed(kName));
+  Fields fields = writtenFields(Part::Head);
   for (Field& f : stamps()) fields.push_back(std::move(f));
   if (mode == "EDIT") return changeAccount(data(), loaded(), std::move(fields));
   addAccount(data(), std::move(fields));

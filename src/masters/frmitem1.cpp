@@ -8,47 +8,14 @@
 #include "frame/session.h"
 #include "masters/page_rows.h"
 
+using namespace fields;
+
 namespace {
-
-enum : int {
-  kCode = 0,
-  kName = 1,
-  kShortName = 2,
-  kLongName = 3,
-  kCategory = 4,
-  kUnit = 5,
-  kSize = 6,
-  kPurchaseRate = 7,
-  kSaleRate = 8,
-  kMrp = 9,
-  kOpeningStock = 11,
-  kDiscount = 12,
-  kDescription = 13,
-  kRowCode = 14,
-  kTaxRate = 21,
-  kHsn = 22,
-};
-
-constexpr int kDetailFields[] = {kSize,         kPurchaseRate, kSaleRate,    kMrp,
-                                 kOpeningStock, kDiscount,     kDescription, kRowCode};
-
-const std::vector<FieldColumn>& holdings() {
-  static const std::vector<FieldColumn> columns{
-      {kCode,      "ITEM_CD"   },
-      {kName,      "ITEM_NAME" },
-      {kShortName, "ITEM_SNAME"},
-      {kLongName,  "ITEM_LNAME"},
-      {kCategory,  "DEPT_CD"   },
-      {kUnit,      "UOM"       },
-      {kTaxRate,   "RATEOFTAX",  true},
-      {kHsn,          "HSNCODE"                  },
-  };
-  return columns;
-}
 
 // No table keeps a least stock, so there is no field for one.
 // clang-format off
 const ScreenSpec& itemTable() {
+  using enum Holds;
   static const std::vector<Length> cells{px(116), px(92), part(1.1), px(112), px(92), px(36), part(1)};
   static const ScreenSpec s{
       .name = "FRMITEM1",
@@ -67,26 +34,26 @@ const ScreenSpec& itemTable() {
           entryButtonBand(),
       }},
       .controls = withButtons({
-          {.name = "Text1", .index = kCode,      .label = "Item Code",  .at = {.group = "item", .row = 0, .col = 1, .span = 2, .width = 120}, .tab = 1, .limit = 20, .keys = KeyClass::Text},
-          {.name = "usrlbl", .kind = Kind::Label,                       .at = {.group = "item", .row = 0, .col = 4, .span = 3}, .style = Style::Quiet},
-          {.name = "Text1", .index = kName,      .label = "Name",       .at = {.group = "item", .row = 1, .col = 1, .span = 6}, .tab = 2, .limit = 100, .keys = KeyClass::Text, .hint = "Type Item Name And Press Enter"},
-          {.name = "Text1", .index = kCategory,  .label = "Category",   .at = {.group = "item", .row = 2, .col = 1}, .tab = 3, .limit = 4, .keys = KeyClass::Text, .hint = "Press Enter To Select Category Or Ctrl + D To Add Category"},
-          {.name = "lblCategory", .kind = Kind::Label,                  .at = {.group = "item", .row = 2, .col = 2}, .style = Style::Quiet},
-          {.name = "Text1", .index = kUnit,      .label = "Unit Name",  .at = {.group = "item", .row = 2, .col = 4, .span = 3}, .tab = 4, .limit = 20, .keys = KeyClass::Text, .hint = "Type Unit For Item Ex - Kg, Nos, Ltr, Mtr Etc."},
-          {.name = "Text1", .index = kTaxRate,   .label = "Gst %",      .at = {.group = "item", .row = 3, .col = 1}, .tab = 5, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Gst Rate For Item"},
-          {.name = "Text1", .index = kHsn,       .label = "Hsn Code",   .at = {.group = "item", .row = 3, .col = 4, .span = 3}, .tab = 6, .limit = 250, .keys = KeyClass::Text, .hint = "Type Item Hsn Code"},
-          {.name = "Text1", .index = kShortName, .label = "Short Name", .at = {.group = "item", .row = 4, .col = 1, .span = 2}, .tab = 7, .limit = 100, .keys = KeyClass::Text, .hint = "Type Description And Press Enter"},
-          {.name = "Text1", .index = kLongName,  .label = "Long Name",  .at = {.group = "item", .row = 4, .col = 4, .span = 3}, .tab = 8, .limit = 100, .keys = KeyClass::Text, .hint = "Type Description And Press Enter"},
+          {.name = "Text1", .index = 0,  .field = kCode,         .column = "ITEM_CD",     .holds = Typed,  .label = "Item Code",  .at = {.group = "item", .row = 0, .col = 1, .span = 2, .width = 120}, .tab = 1, .limit = 20, .keys = KeyClass::Text},
+          {.name = "usrlbl", .field = kUser, .kind = Kind::Label,                       .at = {.group = "item", .row = 0, .col = 4, .span = 3}, .style = Style::Quiet},
+          {.name = "Text1", .index = 1,  .field = kName,         .column = "ITEM_NAME",   .holds = Typed,  .label = "Name",       .at = {.group = "item", .row = 1, .col = 1, .span = 6}, .tab = 2, .limit = 100, .keys = KeyClass::Text, .hint = "Type Item Name And Press Enter"},
+          {.name = "Text1", .index = 4,  .field = kCategory,     .column = "DEPT_CD",     .holds = Typed,  .label = "Category",   .at = {.group = "item", .row = 2, .col = 1}, .tab = 3, .limit = 4, .keys = KeyClass::Text, .hint = "Press Enter To Select Category Or Ctrl + D To Add Category"},
+          {.name = "lblCategory", .field = kCategoryName, .kind = Kind::Label,                  .at = {.group = "item", .row = 2, .col = 2}, .style = Style::Quiet},
+          {.name = "Text1", .index = 5,  .field = kUnitName,     .column = "UOM",         .holds = Typed,  .label = "Unit Name",  .at = {.group = "item", .row = 2, .col = 4, .span = 3}, .tab = 4, .limit = 20, .keys = KeyClass::Text, .hint = "Type Unit For Item Ex - Kg, Nos, Ltr, Mtr Etc."},
+          {.name = "Text1", .index = 21, .field = kTaxRate,      .column = "RATEOFTAX",   .holds = Figure, .label = "Gst %",      .at = {.group = "item", .row = 3, .col = 1}, .tab = 5, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Gst Rate For Item"},
+          {.name = "Text1", .index = 22, .field = kHsn,          .column = "HSNCODE",     .holds = Typed,  .label = "Hsn Code",   .at = {.group = "item", .row = 3, .col = 4, .span = 3}, .tab = 6, .limit = 250, .keys = KeyClass::Text, .hint = "Type Item Hsn Code"},
+          {.name = "Text1", .index = 2,  .field = kShortName,    .column = "ITEM_SNAME",  .holds = Typed,  .label = "Short Name", .at = {.group = "item", .row = 4, .col = 1, .span = 2}, .tab = 7, .limit = 100, .keys = KeyClass::Text, .hint = "Type Description And Press Enter"},
+          {.name = "Text1", .index = 3,  .field = kLongName,     .column = "ITEM_LNAME",  .holds = Typed,  .label = "Long Name",  .at = {.group = "item", .row = 4, .col = 4, .span = 3}, .tab = 8, .limit = 100, .keys = KeyClass::Text, .hint = "Type Description And Press Enter"},
 
           // The code of a row is open only while a stored row is being changed.
-          {.name = "Text1", .index = kRowCode,      .label = "Item Code",   .at = {.group = "entry", .col = 0}, .tab = 10, .limit = 20, .keys = KeyClass::Text, .enabled = false, .hint = "Another Code :: Row Goes To That Item"},
-          {.name = "Text1", .index = kSize,         .label = "Unit",        .at = {.group = "entry", .col = 1}, .tab = 11, .limit = 20, .keys = KeyClass::Text, .hint = "Press Enter For Help :: Down = Rows :: Page Down = Save"},
-          {.name = "Text1", .index = kPurchaseRate, .label = "P. Rate",     .at = {.group = "entry", .col = 2}, .tab = 12, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Purchase Rate"},
-          {.name = "Text1", .index = kSaleRate,     .label = "Sale Rate",   .at = {.group = "entry", .col = 3}, .tab = 13, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Sales Rate"},
-          {.name = "Text1", .index = kMrp,          .label = "Mrp",         .at = {.group = "entry", .col = 4}, .tab = 14, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Mrp"},
-          {.name = "Text1", .index = kOpeningStock, .label = "Op. Stock",   .at = {.group = "entry", .col = 5}, .tab = 16, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Opening Stock"},
-          {.name = "Text1", .index = kDiscount,     .label = "Discount",    .at = {.group = "entry", .col = 6}, .tab = 17, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Sale Discount"},
-          {.name = "Text1", .index = kDescription,  .label = "Description", .at = {.group = "entry", .col = 7}, .tab = 18, .limit = 20, .keys = KeyClass::Text, .hint = "Type Description And Press Enter"},
+          {.name = "Text1", .index = 14, .field = kRowCode,      .label = "Item Code",   .at = {.group = "entry", .col = 0}, .tab = 10, .limit = 20, .keys = KeyClass::Text, .enabled = false, .hint = "Another Code :: Row Goes To That Item"},
+          {.name = "Text1", .index = 6,  .field = kUnit,         .label = "Unit",        .at = {.group = "entry", .col = 1}, .tab = 11, .limit = 20, .keys = KeyClass::Text, .hint = "Press Enter For Help :: Down = Rows :: Page Down = Save"},
+          {.name = "Text1", .index = 7,  .field = kPurchaseRate, .label = "P. Rate",     .at = {.group = "entry", .col = 2}, .tab = 12, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Purchase Rate"},
+          {.name = "Text1", .index = 8,  .field = kSaleRate,     .label = "Sale Rate",   .at = {.group = "entry", .col = 3}, .tab = 13, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Sales Rate"},
+          {.name = "Text1", .index = 9,  .field = kMrp,          .label = "Mrp",         .at = {.group = "entry", .col = 4}, .tab = 14, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Mrp"},
+          {.name = "Text1", .index = 11, .field = kOpeningStock, .label = "Op. Stock",   .at = {.group = "entry", .col = 5}, .tab = 16, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Item Opening Stock"},
+          {.name = "Text1", .index = 12, .field = kDiscount,     .label = "Discount",    .at = {.group = "entry", .col = 6}, .tab = 17, .limit = 15, .keys = KeyClass::Number, .align = Align::Right, .hint = "Type Sale Discount"},
+          {.name = "Text1", .index = 13, .field = kDescription,  .label = "Description", .at = {.group = "entry", .col = 7}, .tab = 18, .limit = 20, .keys = KeyClass::Text, .hint = "Type Description And Press Enter"},
           {.name = "lblKeys", .kind = Kind::Label,  .label = "Enter On A Row = Change  ::  F10 = Remove Row  ::  Page Down = Save", .at = {.group = "keys", .col = 0, .span = 8}, .style = Style::Quiet},
           {.name = "DataGrid1", .kind = Kind::Grid, .at = {.group = "rows"}, .tab = 20, .enabled = false, .hint = "Press Enter To Change Row :: F10 = Remove Row", .columns = {
               {.title = "Item Code",   .width = px(92)},
@@ -109,7 +76,6 @@ const ScreenSpec& itemTable() {
 EntryPattern itemPattern() {
   const std::string stem = words("Item Master ");
   return {
-      .fields = "Text1",
       .key = kCode,
       .first = kName,
       .idle = stem,
@@ -133,20 +99,20 @@ EntryPattern itemPattern() {
 FRMITEM1::FRMITEM1(Host& theHost) : EntryScreen(theHost, itemTable(), itemPattern()) {
   at("DataGrid1").grid.heading = false;
   wire<FRMITEM1>(*this, {
-                            {"Text1(0)",  KeyCode::F3,     &FRMITEM1::rateSearch     },
-                            {"Text1(0)",  KeyCode::F1,     &FRMITEM1::shortNameSearch},
-                            {"Text1(1)",  KeyCode::Enter,  &FRMITEM1::nameEntered    },
-                            {"Text1(4)",  KeyCode::Enter,  &FRMITEM1::categoryEntered},
-                            {"Text1(5)",  KeyCode::Enter,  &FRMITEM1::unitEntered    },
-                            {"Text1(22)", KeyCode::Enter,  &FRMITEM1::hsnEntered     },
-                            {"Text1(6)",  On::Focus,       &FRMITEM1::sizeFocused    },
-                            {"Text1(6)",  KeyCode::Enter,  &FRMITEM1::sizeEntered    },
-                            {"Text1(6)",  KeyCode::Down,   &FRMITEM1::toRows         },
-                            {"Text1(13)", KeyCode::Enter,  &FRMITEM1::detailEnded    },
-                            {"",          KeyCode::PgDn,   &FRMITEM1::endDetails     },
-                            {"DataGrid1", On::DoubleClick, &FRMITEM1::pickRow        },
-                            {"DataGrid1", KeyCode::Enter,  &FRMITEM1::pickRow        },
-                            {"DataGrid1", KeyCode::F10,    &FRMITEM1::removeRow      },
+                            {kCode,        KeyCode::F3,     &FRMITEM1::rateSearch     },
+                            {kCode,        KeyCode::F1,     &FRMITEM1::shortNameSearch},
+                            {kName,        KeyCode::Enter,  &FRMITEM1::nameEntered    },
+                            {kCategory,    KeyCode::Enter,  &FRMITEM1::categoryEntered},
+                            {kUnitName,    KeyCode::Enter,  &FRMITEM1::unitEntered    },
+                            {kHsn,         KeyCode::Enter,  &FRMITEM1::hsnEntered     },
+                            {kUnit,        On::Focus,       &FRMITEM1::sizeFocused    },
+                            {kUnit,        KeyCode::Enter,  &FRMITEM1::sizeEntered    },
+                            {kUnit,        KeyCode::Down,   &FRMITEM1::toRows         },
+                            {kDescription, KeyCode::Enter,  &FRMITEM1::detailEnded    },
+                            {"",           KeyCode::PgDn,   &FRMITEM1::endDetails     },
+                            {"DataGrid1",  On::DoubleClick, &FRMITEM1::pickRow        },
+                            {"DataGrid1",  KeyCode::Enter,  &FRMITEM1::pickRow        },
+                            {"DataGrid1",  KeyCode::F10,    &FRMITEM1::removeRow      },
   });
 }
 
@@ -167,7 +133,7 @@ bool FRMITEM1::load(const std::string& code) {
   if (!row) return false;
   clearDetail();
   renamings_.clear();
-  fill(*row, holdings());
+  fill(*row);
   showCategory();
   const bool details = loadItemDetails(data(), code);
   showRows();
@@ -181,13 +147,11 @@ void FRMITEM1::emptied() {
   clearItemDetails(data());
   clearDetail();
   renamings_.clear();
-  set(at("lblCategory"), "");
+  put(kCategoryName, "");
   showRows();
 }
 
-void FRMITEM1::showCategory() {
-  set(at("lblCategory"), categoryName(data(), trim(field(kCategory).text)).value_or(""));
-}
+void FRMITEM1::showCategory() { put(kCategoryName, categoryName(data(), trimmed(kCategory)).value_or("")); }
 
 // Code
 
@@ -233,26 +197,26 @@ Go FRMITEM1::shortNameSearch() {
 }
 
 Go FRMITEM1::searchInto(const Lookup& lookup) {
-  return mode == "ADD" ? Go::Stay : lookUp(host, *this, field(kCode), lookup);
+  return mode == "ADD" ? Go::Stay : lookUp(host, *this, at(kCode), lookup);
 }
 
 // Head
 
 Go FRMITEM1::nameEntered() {
-  const std::string name = trim(field(kName).text);
+  const std::string name = trimmed(kName);
   return name.empty() ? valuesInUse("ITEM_NAME", "item") : nameIsFree();
 }
 
 Go FRMITEM1::nameIsFree() {
-  const bool taken = mode == "ADD" && itemNameInUse(data(), trim(field(kName).text));
+  const bool taken = mode == "ADD" && itemNameInUse(data(), trimmed(kName));
   return taken ? refuse("Duplicate Item Not Allowed") : Go::On;
 }
 
 Go FRMITEM1::categoryEntered() {
-  if (!trim(field(kCategory).text).empty()) return categoryIsKnown();
+  if (!trimmed(kCategory).empty()) return categoryIsKnown();
   showCategory();
   return lookUp(
-      host, *this, field(kCategory),
+      host, *this, at(kCategory),
       {
           .rows = {.columns = {{"DEPT_CD"}, {"DEPT_NAME"}}, .from = "DEPTMENT", .order = {"dept_name"}}
   });
@@ -260,7 +224,7 @@ Go FRMITEM1::categoryEntered() {
 
 Go FRMITEM1::categoryIsKnown() {
   showCategory();
-  return categoryName(data(), trim(field(kCategory).text)) ? Go::On : refuse("Category Not Found");
+  return categoryName(data(), trimmed(kCategory)) ? Go::On : refuse("Category Not Found");
 }
 
 Go FRMITEM1::unitEntered() { return valuesInUse("UOM", "item"); }
@@ -275,12 +239,11 @@ Go FRMITEM1::valuesInUse(const char* column, const char* table) {
 
 // The first row of an item is usually in its own unit.
 void FRMITEM1::sizeFocused() {
-  if (trim(field(kSize).text).empty() && !picked_ && countItemDetails(data()) == 0)
-    set(field(kSize), trim(field(kUnit).text));
+  if (trimmed(kUnit).empty() && !picked_ && countItemDetails(data()) == 0) put(kUnit, trimmed(kUnitName));
 }
 
 Go FRMITEM1::sizeEntered() {
-  const std::string size = trim(field(kSize).text);
+  const std::string size = trimmed(kUnit);
   if (size.empty()) return valuesInUse("SIZE_CD", "itemDTL");
   const bool own = picked_ && sameText(picked_->size, size);
   return !own && itemSizeInWork(data(), size) ? refuse("Duplicate Item Not Allowed") : Go::On;
@@ -289,7 +252,7 @@ Go FRMITEM1::sizeEntered() {
 Go FRMITEM1::detailEnded() {
   const ItemDetail detail = typedDetail();
   if (detail.key.size.empty()) {
-    focus(field(kSize));
+    focus(at(kUnit));
     return Go::Stay;
   }
   const bool own = picked_ && *picked_ == detail.key;
@@ -300,20 +263,20 @@ Go FRMITEM1::detailEnded() {
     return Go::Stay;
   }
   keepDetail(detail);
-  focus(field(kSize));
+  focus(at(kUnit));
   return Go::Stay;
 }
 
 ItemDetail FRMITEM1::typedDetail() const {
-  const std::string rowCode = trim(field(kRowCode).text);
+  const std::string rowCode = trimmed(kRowCode);
   return {
-      .key = {picked_ && !rowCode.empty() ? rowCode : code(), trim(field(kSize).text)},
-      .purchaseRate = Val(field(kPurchaseRate).text),
-      .saleRate = Val(field(kSaleRate).text),
-      .mrp = Val(field(kMrp).text),
-      .discount = Val(field(kDiscount).text),
-      .openingStock = Val(field(kOpeningStock).text),
-      .description = field(kDescription).text
+      .key = {picked_ && !rowCode.empty() ? rowCode : code(), trimmed(kUnit)},
+      .purchaseRate = value(kPurchaseRate),
+      .saleRate = value(kSaleRate),
+      .mrp = value(kMrp),
+      .discount = value(kDiscount),
+      .openingStock = value(kOpeningStock),
+      .description = text(kDescription)
   };
 }
 
@@ -330,8 +293,8 @@ void FRMITEM1::keepDetail(const ItemDetail& detail) {
 }
 
 void FRMITEM1::clearDetail() {
-  for (const int index : kDetailFields) set(field(index), "");
-  field(kRowCode).enabled = false;
+  emptyFields(Part::Line);
+  at(kRowCode).enabled = false;
   picked_.reset();
 }
 
@@ -372,16 +335,16 @@ Go FRMITEM1::pickRow() {
   const auto detail = key && entering() ? findItemDetail(data(), *key) : std::nullopt;
   if (!detail) return Go::Stay;
   picked_ = detail->key;
-  set(field(kRowCode), detail->key.code);
-  set(field(kSize), detail->key.size);
-  set(field(kPurchaseRate), numText(detail->purchaseRate));
-  set(field(kSaleRate), numText(detail->saleRate));
-  set(field(kMrp), numText(detail->mrp));
-  set(field(kOpeningStock), numText(detail->openingStock));
-  set(field(kDiscount), numText(detail->discount));
-  set(field(kDescription), detail->description);
-  field(kRowCode).enabled = mode == "EDIT";
-  focus(field(kSize));
+  put(kRowCode, detail->key.code);
+  put(kUnit, detail->key.size);
+  put(kPurchaseRate, detail->purchaseRate);
+  put(kSaleRate, detail->saleRate);
+  put(kMrp, detail->mrp);
+  put(kOpeningStock, detail->openingStock);
+  put(kDiscount, detail->discount);
+  put(kDescription, detail->description);
+  at(kRowCode).enabled = mode == "EDIT";
+  focus(at(kUnit));
   return Go::Stay;
 }
 
@@ -392,14 +355,14 @@ void FRMITEM1::removeRow() {
   std::erase_if(renamings_, [&](const Renaming& r) { return r.to == *key; });
   if (picked_ == key) clearDetail();
   showRows();
-  focus(field(kSize));
+  focus(at(kUnit));
 }
 
 // Saving and deleting
 
 Control* FRMITEM1::missingField() {
-  for (const int index : {kCode, kName, kCategory, kUnit})
-    if (trim(field(index).text).empty()) return &field(index);
+  for (const FieldName required : {kCode, kName, kCategory, kUnitName})
+    if (trimmed(required).empty()) return &at(required);
   return nullptr;
 }
 
@@ -416,14 +379,14 @@ bool FRMITEM1::maySave() {
     say("Duplicate Item Not Allowed");
     return false;
   }
-  if (!typed && !picked_ && countItemDetails(data()) == 0) detail.key.size = trim(field(kUnit).text);
+  if (!typed && !picked_ && countItemDetails(data()) == 0) detail.key.size = trimmed(kUnitName);
   if (!detail.key.size.empty()) keepDetail(detail);
   return true;
 }
 
 bool FRMITEM1::store() {
-  for (const int index : {kCode, kName}) set(field(index), trim(field(index).text));
-  Fields head = written(holdings());
+  for (const FieldName name : {kCode, kName}) put(name, trimmed(name));
+  Fields head = writtenFields(Part::Head);
   for (Field& f : head)
     if (f.column == "ITEM_LNAME" && trim(f.value.text()).empty()) f.value = ".";
   for (Field& f : stamps()) head.push_back(std::move(f));

@@ -36,6 +36,9 @@ ScreenSpec screenTable(const SmallMaster& m) {
     controls.push_back({
         .name = "txtFields",
         .index = index,
+        .field = f.field,
+        .column = f.column,
+        .holds = isNumber(f.kind) || (index == 0 && m.numericCode) ? Holds::Figure : Holds::Typed,
         .label = std::string(f.label),
         .at = {.group = "fields", .row = index, .col = 1, .span = narrow ? 1 : 2},
         .tab = index + 1,
@@ -49,6 +52,7 @@ ScreenSpec screenTable(const SmallMaster& m) {
     if (f.kind == SmallKind::Group)
       controls.push_back({
           .name = "lblGroup",
+          .field = fields::kGroupName,
           .kind = Kind::Label,
           .at = {.group = "fields", .row = index, .col = 2},
           .style = Style::Quiet
@@ -92,9 +96,8 @@ constexpr Other kOthers[] = {
 EntryPattern smallPattern(const SmallMaster& m) {
   const std::string stem = words(m.stem);
   return {
-      .fields = "txtFields",
-      .key = 0,
-      .first = isGenerated(m) ? 1 : 0,
+      .key = m.fields[0].field,
+      .first = m.fields[isGenerated(m) ? 1 : 0].field,
       .idle = stem,
       .add = words("{master} : ADD MODE", "master", stem),
       .edit = words("{master} EDIT MODE", "master", stem),
@@ -104,7 +107,7 @@ EntryPattern smallPattern(const SmallMaster& m) {
           m.inCatalogue ? "" : english("F2 = Category  ::  F3 = Tax  ::  F4 = Transport  ::  F5 = Group"),
       .names = m.list,
       .namesGrid = "DataGrid1",
-      .name = m.name,
+      .name = m.fields[static_cast<size_t>(m.name)].field,
       .video = links().smallMasterVideo,
   };
 }
@@ -144,15 +147,8 @@ char32_t frmtaxmast::filter(const Control& control, char32_t key) {
   return yesNo && ch != U'Y' && ch != U'N' ? 0 : ch;
 }
 
-std::vector<FieldColumn> frmtaxmast::holdings() const {
-  std::vector<FieldColumn> columns;
-  for (int i = 0; i < count(); ++i)
-    columns.push_back({i, fieldOf(i).column, isNumber(fieldOf(i).kind) || (i == 0 && master_.numericCode)});
-  return columns;
-}
-
 void frmtaxmast::newEntry() {
-  if (isGenerated(master_)) field(0).enabled = false;
+  if (isGenerated(master_)) at(fields::kCode).enabled = false;
   for (int i = 0; i < count(); ++i)
     if (fieldOf(i).kind == SmallKind::YesNo) set(field(i), "N");
 }
@@ -160,7 +156,7 @@ void frmtaxmast::newEntry() {
 bool frmtaxmast::load(const std::string& code) {
   const auto row = findSmallRow(master_, database(), code);
   if (!row) return false;
-  fill(*row, holdings());
+  fill(*row);
   showGroupName();
   return true;
 }
@@ -225,7 +221,8 @@ bool frmtaxmast::mayStandUnder(const std::string& group) const {
 void frmtaxmast::showGroupName() {
   for (int i = 0; i < count(); ++i)
     if (fieldOf(i).kind == SmallKind::Group)
-      set(at("lblGroup"), field(i).text.empty() ? "" : groupName(data(), Val(field(i).text)).value_or(""));
+      put(fields::kGroupName,
+          field(i).text.empty() ? "" : groupName(data(), Val(field(i).text)).value_or(""));
 }
 
 void frmtaxmast::emptied() { showGroupName(); }
@@ -258,7 +255,7 @@ bool frmtaxmast::maySave() {
 }
 
 bool frmtaxmast::store() {
-  Fields fields = written(holdings());
+  Fields fields = writtenFields(Part::Head);
   for (Field& f : stamps()) fields.push_back(std::move(f));
   if (mode == "EDIT") return changeSmallRow(master_, database(), loaded(), fields);
   insertRow(database(), master_.table, fields);

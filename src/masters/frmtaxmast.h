@@ -40,8 +40,8 @@ class frmtaxmast : public EntryScreen {
   Go groupEntered(int index);
   bool mayStandUnder(const std::string& group) const;
   void showGroupName();
-  std::vector<FieldColumn> holdings() const;
   int count() const { return static_cast<int>(master_.fields.size()); }
+  Control& field(int index) { return at(fieldOf(index).field); }
   const SmallField& fieldOf(int index) const { return master_.fields[static_cast<size_t>(index)]; }
 
   const SmallMaster& master_;

@@ -4,6 +4,8 @@
 #include "base/text.h"
 #include "frame/routines.h"
 
+using namespace fields;
+
 namespace {
 
 // clang-format off
@@ -12,14 +14,14 @@ const std::vector<SmallMaster>& masters() {
   static const std::vector<SmallMaster> table{
       {.key = "catg", .stem = "Category Master", .table = "DEPTMENT", .code = SmallCode::NextCategory,
        .fields = {
-           {.column = "DEPT_CD",     .label = "Code",        .limit = 4},
-           {.column = "DEPT_NAME",   .label = "Description", .limit = 50,  .required = true, .hint = "Type Name Of Category"},
-           {.column = "GROUPING",    .label = "Grouping",    .limit = 1,   .kind = YesNo,  .hint = "Type Y Or N"},
-           {.column = "HSNCODE",     .label = "Hsncode",     .limit = 250, .hint = "Type Hsn Code Of Category"},
-           {.column = "ITEMDESC",    .label = "Item Description", .limit = 250, .hint = "Type Description Of Items"},
-           {.column = "RATEOFTAX",   .label = "Tax Rate",    .limit = 15,  .kind = Number, .hint = "Type Gst Rate Of Category"},
-           {.column = "RATEOFCESS",  .label = "Cess",        .limit = 15,  .kind = Number, .hint = "Type Cess Rate Of Category"},
-           {.column = "NOCOUNT_STK", .label = "No Stock",    .limit = 1,   .kind = YesNo,  .hint = "Type Y For No Stock Count"},
+           {.field = kCode,         .column = "DEPT_CD",     .label = "Code",        .limit = 4},
+           {.field = kName,         .column = "DEPT_NAME",   .label = "Description", .limit = 50,  .required = true, .hint = "Type Name Of Category"},
+           {.field = kGrouping,     .column = "GROUPING",    .label = "Grouping",    .limit = 1,   .kind = YesNo,  .hint = "Type Y Or N"},
+           {.field = kHsn,          .column = "HSNCODE",     .label = "Hsncode",     .limit = 250, .hint = "Type Hsn Code Of Category"},
+           {.field = kDescription,  .column = "ITEMDESC",    .label = "Item Description", .limit = 250, .hint = "Type Description Of Items"},
+           {.field = kTaxRate,      .column = "RATEOFTAX",   .label = "Tax Rate",    .limit = 15,  .kind = Number, .hint = "Type Gst Rate Of Category"},
+           {.field = kCessRate,     .column = "RATEOFCESS",  .label = "Cess",        .limit = 15,  .kind = Number, .hint = "Type Cess Rate Of Category"},
+           {.field = kNoStock,      .column = "NOCOUNT_STK", .label = "No Stock",    .limit = 1,   .kind = YesNo,  .hint = "Type Y For No Stock Count"},
        },
        .list = {.columns = {{"DEPT_CD"}, {"DEPT_NAME"}}, .from = "DEPTMENT", .order = {"dept_name"}},
        .lookup = {.rows = {.columns = {{"dept_cd"}, {"dept_name"}, {"ITEMDESC"}, {"HSNCODE"}, {"RATEOFTAX"}, {"RATEOFCESS"}}, .from = "deptment", .order = {"dept_name"}}},
@@ -27,12 +29,12 @@ const std::vector<SmallMaster>& masters() {
 
       {.key = "tax", .stem = "Tax Master", .table = "DISCHTAX", .code = SmallCode::NextNumber, .numericCode = true,
        .fields = {
-           {.column = "CODE",       .label = "Code",     .limit = 6,  .kind = Number},
-           {.column = "NAME",       .label = "Name",     .limit = 60, .required = true, .hint = "Type Name Of Tax"},
-           {.column = "RATE",       .label = "Rate",     .limit = 15, .kind = Number, .hint = "Type Rate Of Tax"},
-           {.column = "FORM_PRINT", .label = "Print",    .limit = 1,  .kind = YesNo, .hint = "Type Y Or N"},
-           {.column = "tax_acc",    .label = "A/c Code", .limit = 6,  .kind = Account},
-           {.column = "tax_acnm",   .label = "A/c Name", .limit = 60, .kind = AccountName},
+           {.field = kCode,         .column = "CODE",       .label = "Code",     .limit = 6,  .kind = Number},
+           {.field = kName,         .column = "NAME",       .label = "Name",     .limit = 60, .required = true, .hint = "Type Name Of Tax"},
+           {.field = kTaxRate,      .column = "RATE",       .label = "Rate",     .limit = 15, .kind = Number, .hint = "Type Rate Of Tax"},
+           {.field = kOnPaper,      .column = "FORM_PRINT", .label = "Print",    .limit = 1,  .kind = YesNo, .hint = "Type Y Or N"},
+           {.field = kAccount,      .column = "tax_acc",    .label = "A/c Code", .limit = 6,  .kind = Account},
+           {.field = kAccountName,  .column = "tax_acnm",   .label = "A/c Name", .limit = 60, .kind = AccountName},
        },
        .list = {.columns = {{"CODE"}, {"NAME"}}, .from = "DISCHTAX", .order = {"code"}},
        .lookup = {.rows = {.columns = {{"CODE"}, {"NAME"}, {"RATE"}, {"TAX_ACC"}, {"FORM_PRINT"}}, .from = "DISCHTAX", .order = {"code"}}},
@@ -41,23 +43,23 @@ const std::vector<SmallMaster>& masters() {
 
       {.key = "TRANS", .stem = "Transport Master", .table = "TRANSMAST", .code = SmallCode::NextNumber, .numericCode = true,
        .fields = {
-           {.column = "TRANS_ID",     .label = "Id",        .limit = 6,  .kind = Number},
-           {.column = "TRANSNAME",    .label = "Name",      .limit = 50, .required = true, .hint = "Type Name Of Transport"},
-           {.column = "TADD1",        .label = "Address 1", .limit = 50, .hint = "Type Address Of Transport"},
-           {.column = "TADD2",        .label = "Address 2", .limit = 50, .hint = "Type Address Of Transport"},
-           {.column = "TAREA",        .label = "Area",      .limit = 50, .hint = "Type Area Of Transport"},
-           {.column = "TCITY",        .label = "City",      .limit = 50, .hint = "Type City Of Transport"},
-           {.column = "TPHONE1",      .label = "Phone 1",   .limit = 50, .hint = "Type Phone No Of Transport"},
-           {.column = "TPHONE2",      .label = "Phone 2",   .limit = 50, .hint = "Type Phone No Of Transport"},
-           {.column = "TRANS_GOV_ID", .label = "Gov. Id",   .limit = 50, .hint = "Type Government Id Of Transport"},
+           {.field = kCode,         .column = "TRANS_ID",     .label = "Id",        .limit = 6,  .kind = Number},
+           {.field = kName,         .column = "TRANSNAME",    .label = "Name",      .limit = 50, .required = true, .hint = "Type Name Of Transport"},
+           {.field = kAddress1,     .column = "TADD1",        .label = "Address 1", .limit = 50, .hint = "Type Address Of Transport"},
+           {.field = kAddress2,     .column = "TADD2",        .label = "Address 2", .limit = 50, .hint = "Type Address Of Transport"},
+           {.field = kArea,         .column = "TAREA",        .label = "Area",      .limit = 50, .hint = "Type Area Of Transport"},
+           {.field = kCity,         .column = "TCITY",        .label = "City",      .limit = 50, .hint = "Type City Of Transport"},
+           {.field = kPhone,        .column = "TPHONE1",      .label = "Phone 1",   .limit = 50, .hint = "Type Phone No Of Transport"},
+           {.field = kPhone2,       .column = "TPHONE2",      .label = "Phone 2",   .limit = 50, .hint = "Type Phone No Of Transport"},
+           {.field = kGovernmentId, .column = "TRANS_GOV_ID", .label = "Gov. Id",   .limit = 50, .hint = "Type Government Id Of Transport"},
        },
        .list = {.columns = {{"TRANS_ID"}, {"TRANSNAME"}}, .from = "TRANSMAST", .order = {"TRANSNAME"}},
        .lookup = {.rows = {.columns = {{"TRANS_ID"}, {"TRANSNAME"}, {"trans_gov_id"}}, .from = "TRANSMAST", .order = {"TRANSNAME"}}}},
 
       {.key = "GWDN", .stem = "Godown Master", .table = "GWDN",
        .fields = {
-           {.column = "GWDN_CD",   .label = "Code", .limit = 6,  .required = true, .hint = "Type Code Of Godown"},
-           {.column = "GWDN_NAME", .label = "Name", .limit = 50, .required = true, .hint = "Type Name Of Godown"},
+           {.field = kCode,         .column = "GWDN_CD",   .label = "Code", .limit = 6,  .required = true, .hint = "Type Code Of Godown"},
+           {.field = kName,         .column = "GWDN_NAME", .label = "Name", .limit = 50, .required = true, .hint = "Type Name Of Godown"},
        },
        .duplicate = "Duplicate Godown Can Not Be Added",
        .list = {.columns = {{"GWDN_CD"}, {"GWDN_NAME"}}, .from = "GWDN", .order = {"GWDN_NAME"}},
@@ -66,26 +68,26 @@ const std::vector<SmallMaster>& masters() {
 
       {.key = "sman", .stem = "Salesman Master", .table = "sman",
        .fields = {
-           {.column = "sman_cd",   .label = "Code", .limit = 6,   .required = true, .hint = "Type Code Of Salesman"},
-           {.column = "sman_name", .label = "Name", .limit = 50,  .required = true, .hint = "Type Name Of Salesman"},
-           {.column = "Sarea",     .label = "Area", .limit = 50,  .hint = "Type Area Of Salesman"},
-           {.column = "Scity",     .label = "City", .limit = 50,  .hint = "Type City Of Salesman"},
+           {.field = kCode,         .column = "sman_cd",   .label = "Code", .limit = 6,   .required = true, .hint = "Type Code Of Salesman"},
+           {.field = kName,         .column = "sman_name", .label = "Name", .limit = 50,  .required = true, .hint = "Type Name Of Salesman"},
+           {.field = kArea,         .column = "Sarea",     .label = "Area", .limit = 50,  .hint = "Type Area Of Salesman"},
+           {.field = kCity,         .column = "Scity",     .label = "City", .limit = 50,  .hint = "Type City Of Salesman"},
        },
        .list = {.columns = {{"sman_cd"}, {"sman_name"}}, .from = "sman", .order = {"sman_name"}},
        .lookup = {.rows = {.columns = {{"sman_cd"}, {"sman_name"}}, .from = "sman", .order = {"sman_name"}}},
        .guards = {{.statement = "SELECT ACC_CD FROM ACCOUNT WHERE ANOTHER_CD = ?", .words = "This Salesman is used in some Account Master Entries \r\nCan not Delete", .title = "Mirav Information"}}},
 
       {.key = "narr", .stem = "Narration Master", .table = "NARRATN", .code = SmallCode::ItsText,
-       .fields = {{.column = "narr_name", .label = "Narration", .limit = 200, .required = true, .hint = "Type Narration"}},
+       .fields = {{.field = kNarration,    .column = "narr_name", .label = "Narration", .limit = 200, .required = true, .hint = "Type Narration"}},
        .name = 0,
        .list = {.columns = {{"narr_name"}}, .from = "NARRATN", .order = {"narr_name"}},
        .lookup = valuesOf("NARRATN", "narr_name")},
 
       {.key = "RCTYPENT", .stem = "Receipt Type Master", .table = "RCTYP", .code = SmallCode::ItsText,
        .fields = {
-           {.column = "RTYP",    .label = "Receipt Type", .limit = 50, .required = true, .hint = "Type Receipt Type"},
-           {.column = "RTYPACC", .label = "A/c Code",     .limit = 6,  .kind = Account},
-           {.column = "CHRGYN",  .label = "Charge",       .limit = 1,  .kind = YesNo, .hint = "Type Y Or N"},
+           {.field = kReceiptType,  .column = "RTYP",    .label = "Receipt Type", .limit = 50, .required = true, .hint = "Type Receipt Type"},
+           {.field = kAccount,      .column = "RTYPACC", .label = "A/c Code",     .limit = 6,  .kind = Account},
+           {.field = kCharge,       .column = "CHRGYN",  .label = "Charge",       .limit = 1,  .kind = YesNo, .hint = "Type Y Or N"},
        },
        .name = 0,
        .list = {.columns = {{"RTYP"}}, .from = "RCTYP", .order = {"RTYP"}},
@@ -93,9 +95,9 @@ const std::vector<SmallMaster>& masters() {
 
       {.key = "grpmst", .stem = "Group Master", .table = "GRP", .numericCode = true,
        .fields = {
-           {.column = "GROUP_CD",   .label = "Group Code", .limit = 6,  .kind = Number, .required = true, .hint = "Type Code Of Group"},
-           {.column = "GROUP_NAME", .label = "Group Name", .limit = 50, .required = true, .hint = "Type Name Of Group"},
-           {.column = "SUB_GROUP",  .label = "Under Group", .limit = 6, .kind = Group, .required = true},
+           {.field = kCode,         .column = "GROUP_CD",   .label = "Group Code", .limit = 6,  .kind = Number, .required = true, .hint = "Type Code Of Group"},
+           {.field = kName,         .column = "GROUP_NAME", .label = "Group Name", .limit = 50, .required = true, .hint = "Type Name Of Group"},
+           {.field = kGroup,        .column = "SUB_GROUP",  .label = "Under Group", .limit = 6, .kind = Group, .required = true},
        },
        .list = {.columns = {{"GROUP_CD"}, {"GROUP_NAME"}}, .from = "GRP", .order = {"group_name"}},
        .lookup = {.rows = {.columns = {{"GROUP_CD"}, {"GROUP_NAME"}}, .from = "grp", .where = "grp.group_cd > 6", .order = {"group_name"}}},
@@ -103,7 +105,7 @@ const std::vector<SmallMaster>& masters() {
                   {.statement = "SELECT GROUP_CD FROM GRP WHERE SUB_GROUP = ?", .words = "THERE ARE GROUPS LINKED TO THIS GROUP"}}},
 
       {.key = "USERFORM", .stem = "User Master", .table = "USER1", .code = SmallCode::ItsText, .inCatalogue = true,
-       .fields = {{.column = "user_name", .label = "User Name", .limit = 20, .required = true, .hint = "Type Name Of User"}},
+       .fields = {{.field = kUser,         .column = "user_name", .label = "User Name", .limit = 20, .required = true, .hint = "Type Name Of User"}},
        .name = 0,
        .list = {.columns = {{"USER_NAME"}}, .from = "USER1", .order = {"USER_NAME"}},
        .lookup = {.rows = {.columns = {{"USER_NAME"}, {"LOGGEDON"}}, .from = "USER1", .order = {"USER_NAME"}}, .inCatalogue = true}},

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/field_names.h"
 #include "frame/lookup.h"
 #include "store/database.h"
 #include "store/row_writer.h"
@@ -23,6 +24,7 @@ enum class SmallKind {
 };
 
 struct SmallField {
+  FieldName field;
   std::string_view column, label;
   int limit = 0;
   SmallKind kind = SmallKind::Text;

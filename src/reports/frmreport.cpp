@@ -40,28 +40,22 @@ Lookup itemLookup(const std::string& category) {
 }
 
 // What F1 lists for a field; nothing for one without a list.
-std::optional<Lookup> lookupOf(int field, bool groups, const std::string& category) {
-  switch (field) {
-    case kParty:
-      return accounts({
-          {"ACC_CD",   1000},
-          {"ACC_NAME", 5000},
-          {"AREA",     1500},
-          {"CITY",     1500},
-          balanceColumn(1200)
-      });
-    case kCity:
-      return valuesOf("ACCOUNT", "AREA", 2500);
-    case kState:
-      return valuesOf("ACCOUNT", "CITY", 2500);
-    case kItem:
-      return itemLookup(category);
-    case kCategory:
-      return groups ? Lookup{.rows = {.columns = {{"GROUP_CD", 1500}, {"GROUP_NAME", 3000}}, .from = "GRP", .order = {"GROUP_NAME"}}}
+std::optional<Lookup> lookupOf(ReportField field, bool groups, const std::string& category) {
+  if (field == kParty)
+    return accounts({
+        {"ACC_CD",   1000},
+        {"ACC_NAME", 5000},
+        {"AREA",     1500},
+        {"CITY",     1500},
+        balanceColumn(1200)
+    });
+  if (field == kCity) return valuesOf("ACCOUNT", "AREA", 2500);
+  if (field == kState) return valuesOf("ACCOUNT", "CITY", 2500);
+  if (field == kItem) return itemLookup(category);
+  if (field == kCategory)
+    return groups ? Lookup{.rows = {.columns = {{"GROUP_CD", 1500}, {"GROUP_NAME", 3000}}, .from = "GRP", .order = {"GROUP_NAME"}}}
                     : Lookup{.rows = {.columns = {{"DEPT_CD", 1500}, {"DEPT_NAME", 3000}}, .from = "DEPTMENT", .order = {"DEPT_NAME"}}};
-    default:
-      return {};
-  }
+  return {};
 }
 
 }  // namespace
@@ -101,14 +95,14 @@ void frmreport::opened(const Opening& opening) {
   key_ = opening.reportKey;
   report_ = reportByKey(key_);
   const Date last = host.today() > s.menddt ? s.menddt : host.today();
-  set(at("MaskEdBox1", 0), formatDate(s.mstartdt, "dd/MM/yyyy"));
-  set(at("MaskEdBox1", 1), formatDate(last, "dd/MM/yyyy"));
+  put(fields::kFrom, s.mstartdt);
+  put(fields::kTo, last);
   caption = openingCaption();
   escMeans = escapes() ? english("Esc = Exit") : english("Alt+C = Close");
   reason = kOff;
   if (!report_) return;
-  for (const ReportField field : report_->fields) at("Text1", field).enabled = true;
-  if (!report_->salesmanLabel.empty()) at("Text1", kSalesman).label = report_->salesmanLabel;
+  for (const ReportField field : report_->fields) at(field).enabled = true;
+  if (!report_->salesmanLabel.empty()) at(kSalesman).label = report_->salesmanLabel;
 }
 
 // A report from which a voucher was opened is read anew and stands on that voucher again.
@@ -144,25 +138,25 @@ void frmreport::escape() {
 // Filters
 
 Go frmreport::lookup() {
-  const std::string category = trim(at("Text1", kCategory).text);
-  const auto list = lookupOf(here().index, report_ && report_->groups, category);
+  const std::string category = trimmed(kCategory);
+  const auto list = lookupOf(here().spec->field, report_ && report_->groups, category);
   return list ? lookUp(host, *this, here(), *list) : Go::Stay;
 }
 
 // Only Enter knows the period; Show takes any date.
 Go frmreport::date() {
-  const auto typed = checkedDate(here().index);
+  const auto typed = checkedDate(here().spec->field);
   if (!typed) return Go::Stay;
   const std::string refusal = outsideMessage(*typed, session().mstartdt, session().menddt, host.today());
   if (!refusal.empty()) {
     host.message(refusal, kMessageTitle);
     return Go::Stay;
   }
-  if (here().index == 0 && report_ && report_->toDate) set(at("MaskEdBox1", 1), report_->toDate(here().text));
+  if (isHere(fields::kFrom) && report_ && report_->toDate) put(fields::kTo, report_->toDate(here().text));
   return Go::On;
 }
 
-void frmreport::dateF4() { set(at("MaskEdBox1", 1), at("MaskEdBox1", 0).text); }
+void frmreport::dateF4() { put(fields::kTo, text(fields::kFrom)); }
 
 // The report
 
@@ -202,13 +196,12 @@ void frmreport::clear() {
   at("Grid1").grid.source.reset();
   at("Grid1").grid.moveTo(0);
   at("Grid1").visible = at("Chart1").visible = false;
-  set(at("Label1", 7), "");
-  set(at("Label1", 8), "");
+  put(fields::kPhone, "");
 }
 
 void frmreport::showPhone() {
-  const std::string code = trim(at("Text1", kParty).text);
-  if (!code.empty()) set(at("Label1", 7), data().text("SELECT PHONE1 FROM ACCOUNT WHERE ACC_CD = ?", code));
+  const std::string code = trimmed(kParty);
+  if (!code.empty()) put(fields::kPhone, data().text("SELECT PHONE1 FROM ACCOUNT WHERE ACC_CD = ?", code));
 }
 
 ReportQuery frmreport::queryNow(const Period& period) const {
@@ -218,7 +211,7 @@ ReportQuery frmreport::queryNow(const Period& period) const {
                     .periodStart = s.mstartdt,
                     .periodEnd = s.menddt,
                     .gstin = s.mgstinno};
-  for (const ReportField field : report_->fields) query.fields[field] = trim(at("Text1", field).text);
+  for (const ReportField field : report_->fields) query.fields[field.text] = trimmed(field);
   return query;
 }
 

@@ -2,17 +2,17 @@
 
 #include "frame/session.h"
 
-std::optional<Date> PeriodScreen::checkedDate(int box) {
-  const auto typed = parseDate(at("MaskEdBox1", box).text);
+std::optional<Date> PeriodScreen::checkedDate(FieldName box) {
+  const auto typed = date(box);
   if (typed) return typed;
   host.message(session().mhelpline, "Mirav Information");
-  focus(at("MaskEdBox1", box));
+  focus(at(box));
   return {};
 }
 
 std::optional<PeriodScreen::Period> PeriodScreen::checkedPeriod() {
-  const auto from = checkedDate(0);
-  const auto to = from ? checkedDate(1) : std::nullopt;
+  const auto from = checkedDate(fields::kFrom);
+  const auto to = from ? checkedDate(fields::kTo) : std::nullopt;
   if (!to) return {};
   return Period{*from, *to};
 }

@@ -5,7 +5,7 @@
 #include "base/date.h"
 #include "frame/child_screen.h"
 
-// A screen over a period: its first and last date stand in MaskEdBox1(0) and MaskEdBox1(1).
+// A screen over a period: its first and last date stand in the fields from and to.
 class PeriodScreen : public ChildScreen {
  protected:
   using ChildScreen::ChildScreen;
@@ -14,6 +14,6 @@ class PeriodScreen : public ChildScreen {
     Date from, to;
   };
   // Nothing for a box without a date, which is told of and takes the focus.
-  std::optional<Date> checkedDate(int box);
+  std::optional<Date> checkedDate(FieldName box);
   std::optional<Period> checkedPeriod();
 };

@@ -25,6 +25,8 @@ class StatementRows : public TypedRows {
   const std::vector<StatementRow> rows;
 };
 
+using namespace fields;
+
 namespace {
 
 constexpr const char* kConfirm = english("Mirav Confirmation Message");
@@ -79,18 +81,18 @@ void regdlg1::opened(const Opening& opening) {
   key_ = opening.reportKey;
   at("Grid1").grid.columns = screenColumns(key_);
   const Date last = host.today() < s.menddt ? host.today() : s.menddt;
-  set(at("MaskEdBox1", 0), formatDate(s.mstartdt, "dd/MM/yyyy"));
-  set(at("MaskEdBox1", 1), formatDate(last, "dd/MM/yyyy"));
+  put(kFrom, s.mstartdt);
+  put(kTo, last);
   if (opening.value.empty()) return;
-  set(at("Text1"), opening.value);
-  if (acceptAccount()) focus(at("MaskEdBox1", 0));
+  put(kParty, opening.value);
+  if (acceptAccount()) focus(at(kFrom));
 }
 
 // A voucher that was entered or changed meanwhile shows at once.
 void regdlg1::activated() {
   Session& s = session();
   if (!std::exchange(standing_, true)) return;
-  if (s.mreportrefresh && !at("Text1").text.empty()) {
+  if (s.mreportrefresh && !text(kParty).empty()) {
     show();
     s.mreportrefresh = false;
   } else if (drilledInto_) {
@@ -123,9 +125,9 @@ std::string regdlg1::hintFor(const Control& control) const {
 
 Go regdlg1::account() {
   if (key_ != kLedgers && key_ != kTLedgers) return Go::On;
-  if (trim(at("Text1").text).empty())
+  if (trimmed(kParty).empty())
     return lookUp(
-        host, *this, at("Text1"),
+        host, *this, at(kParty),
         accounts({
             {"ACC_CD",   1000},
             {"ACC_NAME", 4500},
@@ -134,42 +136,41 @@ Go regdlg1::account() {
             balanceColumn(1500)
     }));
   if (!acceptAccount()) return Go::Stay;
-  focus(at("MaskEdBox1", 0));
+  focus(at(kFrom));
   return Go::Stay;
 }
 
 bool regdlg1::acceptAccount() {
   const auto found = data().first(
       "SELECT ACC_NAME, CL_BAL, AREA, CITY, EMAIL, PHONE1, ADD1, ADD2 FROM ACCOUNT WHERE ACC_CD = ?",
-      trim(at("Text1").text));
+      trimmed(kParty));
   if (!found) {
     host.message("PARTY DOES NOT EXIST");
-    set(at("Text1"), "");
-    focus(at("Text1"));
+    put(kParty, "");
+    focus(at(kParty));
     return false;
   }
   const auto longer = [&](const char* column) {
     const std::string text = found->text(column);
     return length(text) > 1 ? text : std::string();
   };
-  set(at("Text2"), found->text("ACC_NAME"));
-  set(at("lbldate", 1),
+  put(kPartyName, found->text("ACC_NAME"));
+  put(kAddress,
       join({found->text("ADD1"), found->text("ADD2"), found->text("AREA"), found->text("CITY")}, " "));
-  set(at("Label7"), longer("EMAIL"));
-  set(at("Label9"), longer("PHONE1"));
+  put(kEmail, longer("EMAIL"));
+  put(kPhone, longer("PHONE1"));
   set(at("Label10"), "");
   caption = words("ACCOUNT Statement For {party}", "party", found->text("ACC_NAME"));
   return true;
 }
 
 Go regdlg1::date() {
-  const int n = here().index;
-  if (!checkedDate(n)) return Go::Stay;
-  if (n == 1) {
+  if (!checkedDate(here().spec->field)) return Go::Stay;
+  if (isHere(kTo)) {
     at("cmdshow").enabled = true;
     if (!at("cmdprint").enabled) reason = "Print opens after Show";
   }
-  focus(n == 0 ? at("MaskEdBox1", 1) : at("cmdshow"));
+  focus(isHere(kFrom) ? at(kTo) : at("cmdshow"));
   return Go::Stay;
 }
 
@@ -186,7 +187,7 @@ void regdlg1::showStatement() {
   if (!period) return;
   Session& s = session();
   const StatementQuery query{
-      .account = trim(at("Text1").text),
+      .account = trimmed(kParty),
       .from = period->from,
       .to = period->to,
       .periodStart = s.mstartdt,
@@ -197,9 +198,9 @@ void regdlg1::showStatement() {
   host.busy(true);
   shown_ = std::make_shared<StatementRows>(isT() ? tLedger(data(), query) : runningStatement(data(), query));
   host.busy(false);
-  caption = isT() ? words("ACCOUNT Statement For : {party} - {address}", "party", at("Text2").text, "address",
-                          at("lbldate", 1).text)
-                  : words("ACCOUNT Statement For : {party}", "party", at("Text2").text);
+  caption = isT() ? words("ACCOUNT Statement For : {party} - {address}", "party", text(kPartyName), "address",
+                          text(kAddress))
+                  : words("ACCOUNT Statement For : {party}", "party", text(kPartyName));
   at("Grid1").grid.source = shown_;
   at("Grid1").visible = true;
   at("cmdprint").enabled = at("cmdshow").enabled = true;

@@ -24,15 +24,15 @@ const ScreenSpec& regdlg1::table() {
           {px(34),  {{.name = "buttons",  .frame = Frame::Buttons}}},
       }},
       .controls = {
-          {.name = "Text1",                   .label = "CODE",    .at = {.group = "line", .col = 1}, .tab = 1, .limit = 6, .keys = KeyClass::Text},
-          {.name = "Text2",                   .label = "NAME",    .at = {.group = "line", .col = 3}, .enabled = false},
-          {.name = "MaskEdBox1", .index = 0,  .kind = Kind::Date, .label = "From Dt", .at = {.group = "line", .col = 5}, .tab = 2, .hint = kDateHint},
-          {.name = "MaskEdBox1", .index = 1,  .kind = Kind::Date, .label = "TO",      .at = {.group = "line", .col = 7}, .tab = 3, .hint = kDateHint},
+          {.name = "Text1",      .field = fields::kParty, .label = "CODE",    .at = {.group = "line", .col = 1}, .tab = 1, .limit = 6, .keys = KeyClass::Text},
+          {.name = "Text2",      .field = fields::kPartyName, .label = "NAME",    .at = {.group = "line", .col = 3}, .enabled = false},
+          {.name = "MaskEdBox1", .index = 0, .field = fields::kFrom, .kind = Kind::Date, .label = "From Dt", .at = {.group = "line", .col = 5}, .tab = 2, .hint = kDateHint},
+          {.name = "MaskEdBox1", .index = 1, .field = fields::kTo, .kind = Kind::Date, .label = "TO",      .at = {.group = "line", .col = 7}, .tab = 3, .hint = kDateHint},
           {.name = "cmdshow",    .kind = Kind::Button, .label = "&Show", .at = {.group = "line", .col = 8}, .tab = 4, .enabled = false, .hint = "Press Enter To See The Statement"},
 
-          {.name = "lbldate",    .index = 1,  .kind = Kind::Label, .at = {.group = "facts", .col = 1}, .style = Style::Quiet},
-          {.name = "Label7",                  .kind = Kind::Label, .at = {.group = "facts", .col = 3}, .style = Style::Quiet},
-          {.name = "Label9",                  .kind = Kind::Label, .at = {.group = "facts", .col = 5}, .style = Style::Quiet},
+          {.name = "lbldate",    .index = 1, .field = fields::kAddress, .kind = Kind::Label, .at = {.group = "facts", .col = 1}, .style = Style::Quiet},
+          {.name = "Label7",     .field = fields::kEmail, .kind = Kind::Label, .at = {.group = "facts", .col = 3}, .style = Style::Quiet},
+          {.name = "Label9",     .field = fields::kPhone, .kind = Kind::Label, .at = {.group = "facts", .col = 5}, .style = Style::Quiet},
           {.name = "Label10",                 .kind = Kind::Label, .at = {.group = "facts", .col = 6}, .style = Style::Quiet},
 
           {.name = "Grid1",      .kind = Kind::Grid, .at = {.group = "grid"}, .tab = 5, .visible = false},

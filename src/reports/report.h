@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,6 +10,7 @@
 
 #include "base/date.h"
 #include "documents/grid_output.h"
+#include "frame/field_names.h"
 #include "frame/links.h"
 #include "platform/chart.h"
 #include "store/database.h"
@@ -25,18 +26,23 @@
 //
 // Each report is a piece of its own in report_*.cpp and stands in the list of reports.cpp.
 
-// The filter fields: Text1 by its index.
-enum ReportField : int { kParty, kCity, kState, kItem, kCategory, kSalesman, kReportFields };
+// The filter fields.
+using ReportField = FieldName;
+using fields::kParty, fields::kCity, fields::kState, fields::kItem, fields::kCategory, fields::kSalesman;
 
 // What the person asked for. A field that is off is empty.
 struct ReportQuery {
-  std::array<std::string, kReportFields> fields;  // as typed, without blanks around
+  std::map<std::string_view, std::string> fields;  // by name, as typed, without blanks around
   Date from{}, to{};
   Date periodStart{}, periodEnd{};
   std::string gstin;  // of the company
   bool yes = false;   // the answer to a question that is asked first
 
-  const std::string& operator[](ReportField field) const { return fields[field]; }
+  const std::string& operator[](ReportField field) const {
+    static const std::string none;
+    const auto found = fields.find(field.text);
+    return found == fields.end() ? none : found->second;
+  }
 };
 
 // A text in the store's own SQL with the values bound to its "?" in order.

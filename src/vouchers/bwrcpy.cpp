@@ -10,6 +10,8 @@
 #include "vouchers/accounts.h"
 #include "vouchers/bwrcpy_table.h"
 
+using namespace fields;
+
 namespace {
 
 constexpr const char* kConfirm = "Mirav Confirmation Message";
@@ -17,8 +19,9 @@ constexpr const char* kCheck = "Mirav Check";
 constexpr const char* kRestHint = "Press Add Button to Enter New Voucher";
 constexpr Bgr kOkColour = 0xFFF0F0, kSecondColour = 0xFFD0D0;
 
-constexpr int kFields[] = {0, 2, 10, 6, 3, 9, 5, 4, 7};
-constexpr int kEntered[] = {0, 3, 4, 7};
+constexpr FieldName kEntered[] = {kNumber, kParty, kAmount, kNarration};
+constexpr bwrcpy::Side kCashSide{kAccount, kAccountName, kAccountBalance};
+constexpr bwrcpy::Side kOtherSide{kParty, kPartyName, kPartyBalance};
 
 const std::vector<OrderTerm> kNewest{down("RPTPAY.VOUCH_DT"), down("RPTPAY.vouch_no")};
 const SelectColumn kDay{"format(vouch_dt,'dd/MM/yyyy')"};
@@ -29,38 +32,38 @@ bwrcpy::bwrcpy(Host& theHost, const Opening& opening)
     : ChildScreen(theHost, bwrcpyTable()), kind_(moneyKind(opening.entryType)) {
   caption = kind_.words.title;
   wire(*this, {
-                  {"cmdAdd",        On::Click,       &bwrcpy::add           },
-                  {"cmdEdit",       On::Click,       &bwrcpy::modify        },
-                  {"cmdDelete",     On::Click,       &bwrcpy::startDelete   },
-                  {"Cmdprint",      On::Click,       &bwrcpy::print         },
-                  {"cmdClose",      On::Click,       &bwrcpy::close         },
-                  {"cmdUpdate",     On::Click,       &bwrcpy::update        },
-                  {"cmdUpdate",     On::Leave,       &bwrcpy::lockUpdate    },
-                  {"cmdCancel",     On::Click,       &bwrcpy::cancel        },
-                  {"Cmdvideo",      On::Click,       &bwrcpy::video         },
-                  {"",              KeyCode::Esc,    &bwrcpy::escape        },
-                  {"",              KeyCode::F5,     &bwrcpy::chooseAccount },
-                  {"",              Key::Ctrl('P'),  &bwrcpy::view          },
-                  {"txtFields(0)",  KeyCode::Enter,  &bwrcpy::number        },
-                  {"txtFields(0)",  KeyCode::F1,     &bwrcpy::oldByReference},
-                  {"txtFields(0)",  KeyCode::F3,     &bwrcpy::oldByCheque   },
-                  {"txtFields(0)",  KeyCode::F4,     &bwrcpy::oldByAmount   },
-                  {"MaskEdBox1(0)", KeyCode::Enter,  &bwrcpy::voucherDate   },
-                  {"MaskEdBox1",    KeyCode::F1,     &bwrcpy::dateF1        },
-                  {"MaskEdBox1",    KeyCode::F2,     &bwrcpy::dateF2        },
-                  {"MaskEdBox1",    KeyCode::F3,     &bwrcpy::dateF3        },
-                  {"MaskEdBox1",    KeyCode::Up,     &bwrcpy::dateUp        },
-                  {"MaskEdBox1",    KeyCode::Down,   &bwrcpy::dateDown      },
-                  {"MaskEdBox1",    KeyCode::PgUp,   &bwrcpy::datePgUp      },
-                  {"MaskEdBox1",    KeyCode::PgDn,   &bwrcpy::datePgDn      },
-                  {"txtFields(2)",  KeyCode::Enter,  &bwrcpy::account       },
-                  {"txtFields(2)",  On::Leave,       &bwrcpy::leaveAccount  },
-                  {"txtFields(3)",  KeyCode::Enter,  &bwrcpy::party         },
-                  {"txtFields(3)",  KeyCode::F2,     &bwrcpy::partyByCity   },
-                  {"txtFields(4)",  KeyCode::Enter,  &bwrcpy::amount        },
-                  {"txtFields(7)",  KeyCode::Enter,  &bwrcpy::remarks       },
-                  {"txtFields(7)",  KeyCode::F1,     &bwrcpy::earlierRemarks},
-                  {"DataGrid1",     On::DoubleClick, &bwrcpy::openRow       },
+                  {"cmdAdd",     On::Click,       &bwrcpy::add           },
+                  {"cmdEdit",    On::Click,       &bwrcpy::modify        },
+                  {"cmdDelete",  On::Click,       &bwrcpy::startDelete   },
+                  {"Cmdprint",   On::Click,       &bwrcpy::print         },
+                  {"cmdClose",   On::Click,       &bwrcpy::close         },
+                  {"cmdUpdate",  On::Click,       &bwrcpy::update        },
+                  {"cmdUpdate",  On::Leave,       &bwrcpy::lockUpdate    },
+                  {"cmdCancel",  On::Click,       &bwrcpy::cancel        },
+                  {"Cmdvideo",   On::Click,       &bwrcpy::video         },
+                  {"",           KeyCode::Esc,    &bwrcpy::escape        },
+                  {"",           KeyCode::F5,     &bwrcpy::chooseAccount },
+                  {"",           Key::Ctrl('P'),  &bwrcpy::view          },
+                  {kNumber,      KeyCode::Enter,  &bwrcpy::number        },
+                  {kNumber,      KeyCode::F1,     &bwrcpy::oldByReference},
+                  {kNumber,      KeyCode::F3,     &bwrcpy::oldByCheque   },
+                  {kNumber,      KeyCode::F4,     &bwrcpy::oldByAmount   },
+                  {kDate,        KeyCode::Enter,  &bwrcpy::voucherDate   },
+                  {"MaskEdBox1", KeyCode::F1,     &bwrcpy::dateF1        },
+                  {"MaskEdBox1", KeyCode::F2,     &bwrcpy::dateF2        },
+                  {"MaskEdBox1", KeyCode::F3,     &bwrcpy::dateF3        },
+                  {"MaskEdBox1", KeyCode::Up,     &bwrcpy::dateUp        },
+                  {"MaskEdBox1", KeyCode::Down,   &bwrcpy::dateDown      },
+                  {"MaskEdBox1", KeyCode::PgUp,   &bwrcpy::datePgUp      },
+                  {"MaskEdBox1", KeyCode::PgDn,   &bwrcpy::datePgDn      },
+                  {kAccount,     KeyCode::Enter,  &bwrcpy::account       },
+                  {kAccount,     On::Leave,       &bwrcpy::leaveAccount  },
+                  {kParty,       KeyCode::Enter,  &bwrcpy::party         },
+                  {kParty,       KeyCode::F2,     &bwrcpy::partyByCity   },
+                  {kAmount,      KeyCode::Enter,  &bwrcpy::amount        },
+                  {kNarration,   KeyCode::Enter,  &bwrcpy::remarks       },
+                  {kNarration,   KeyCode::F1,     &bwrcpy::earlierRemarks},
+                  {"DataGrid1",  On::DoubleClick, &bwrcpy::openRow       },
   });
 }
 
@@ -72,9 +75,9 @@ void bwrcpy::opened(const Opening& opening) {
   drilledDown_ = !opening.value.empty();
   if (!drilledDown_) return;
   modify();
-  put(0, opening.value);
+  put(kNumber, opening.value);
   if (enterNumber() == Go::Stay) return;
-  focus(at("MaskEdBox1", 0));
+  focus(at(kDate));
 }
 
 void bwrcpy::activated() {
@@ -110,19 +113,20 @@ void bwrcpy::begin(const std::string& newMode, const std::string& suffix) {
   escMeans = mode.empty() ? "Esc = Close" : entering() ? "Esc = Cancel and Exit" : "Esc = Cancel";
   loaded_ = 0;
   clearFields();
-  field(2).enabled = false;
-  for (const int n : kEntered) field(n).enabled = entering() || (!mode.empty() && n == 0);
-  at("MaskEdBox1", 0).enabled = entering();
+  at(kAccount).enabled = false;
+  for (const FieldName entered : kEntered)
+    at(entered).enabled = entering() || (!mode.empty() && entered == kNumber);
+  at(kDate).enabled = entering();
   allowUpdate(false);
   showButtons();
-  if (!mode.empty()) focusUnchecked(field(0));
+  if (!mode.empty()) focusUnchecked(at(kNumber));
 }
 
 void bwrcpy::add() {
   begin("ADD", " : ADD MODE");
-  put(0, numText(nextMoneyNumber(data(), kind_)));
+  put(kNumber, nextMoneyNumber(data(), kind_));
   placeDefaults();
-  focusUnchecked(at("MaskEdBox1", 0));
+  focusUnchecked(at(kDate));
 }
 
 void bwrcpy::view() {
@@ -151,15 +155,12 @@ void bwrcpy::allowUpdate(bool on) {
   reason = on || !entering() ? "" : "Update opens after Remarks";
 }
 
-void bwrcpy::clearFields() {
-  for (const int n : kFields) put(n, "");
-  set(at("MaskEdBox1", 0), kEmptyDate);
-}
+void bwrcpy::clearFields() { emptyFields(Part::Head); }
 
 void bwrcpy::placeDefaults() {
-  set(at("MaskEdBox1", 0), formatDate(host.today(), "dd/MM/yyyy"));
-  put(2, kCashAccount);
-  showAccount(2, 10, 6);
+  put(kDate, host.today());
+  put(kAccount, kCashAccount);
+  showAccount(kCashSide);
 }
 
 void bwrcpy::showList() {
@@ -179,14 +180,14 @@ void bwrcpy::openRow() {
   const Grid& grid = at("DataGrid1").grid;
   if (!mode.empty() || grid.current >= grid.count()) return;
   view();
-  put(0, grid.cell(grid.current, 0).text);
+  put(kNumber, grid.cell(grid.current, 0).text);
   enterNumber();
 }
 
 // The number
 
 Go bwrcpy::number() {
-  if (!trimmed(0).empty()) return enterNumber();
+  if (!trimmed(kNumber).empty()) return enterNumber();
   return lookUp(host, *this, here(),
                 {
                     .rows = {.columns = {{"vouch_no", 500},
@@ -206,7 +207,7 @@ Go bwrcpy::number() {
 }
 
 Go bwrcpy::enterNumber() {
-  const double n = value(0);
+  const double n = value(kNumber);
   const auto found = findMoneyVoucher(data(), kind_, n);
   if (mode == "ADD") {
     if (!found) return Go::On;
@@ -219,7 +220,7 @@ Go bwrcpy::enterNumber() {
                     : mode == "DEL" ? "PARTY DOES NOT EXIST"
                                     : "VOUCHER DOES NOT EXIST");
   showVoucher(*found);
-  if (mode == "EDIT") focus(at("MaskEdBox1", 0));
+  if (mode == "EDIT") focus(at(kDate));
   if (mode == "DEL") {
     if (host.ask("ARE YOU SURE", kConfirm)) remove(n);
     clearFields();
@@ -235,15 +236,9 @@ Go bwrcpy::notFound(const std::string& words) {
 }
 
 void bwrcpy::showVoucher(const Row& v) {
-  put(0, numText(v.number("VOUCH_NO")));
-  const auto day = v.date("VOUCH_DT");
-  set(at("MaskEdBox1", 0), day ? formatDate(*day, "dd/MM/yyyy") : std::string(kEmptyDate));
-  put(2, v.text("CSHBNK_CD"));
-  put(3, v.text("PARTY_CD"));
-  put(4, numText(v.number("AMOUNT")));
-  put(7, v.text("NARRATION"));
-  showAccount(2, 10, 6);
-  showAccount(3, 9, 5);
+  showFields(v, Part::Head);
+  showAccount(kCashSide);
+  showAccount(kOtherSide);
   loaded_ = v.number("VOUCH_NO");
 }
 
@@ -255,7 +250,7 @@ void bwrcpy::remove(double number) {
 // Fields
 
 Go bwrcpy::voucherDate() {
-  const auto typed = date();
+  const auto typed = date(kDate);
   if (!typed) return Go::Stay;
   const std::string refusal = periodRefusal(*typed);
   if (refusal.empty()) return Go::On;
@@ -263,73 +258,73 @@ Go bwrcpy::voucherDate() {
   return Go::Stay;
 }
 
-bool bwrcpy::showAccount(int code, int name, int balance) {
-  const auto account = readAccount(data(), trimmed(code));
-  put(name, account ? account->name : "");
-  put(balance, account ? numText(account->balance) : "");
+bool bwrcpy::showAccount(const Side& side) {
+  const auto account = readAccount(data(), trimmed(side.code));
+  put(side.name, account ? account->name : "");
+  put(side.balance, account ? numText(account->balance) : "");
   return account && !trim(account->name).empty();
 }
 
-bool bwrcpy::sameCodes() const { return sameText(trimmed(2), trimmed(3)); }
+bool bwrcpy::sameCodes() const { return sameText(trimmed(kAccount), trimmed(kParty)); }
 
-Go bwrcpy::refuseSame(int code, int name, int balance) {
+Go bwrcpy::refuseSame(const Side& side) {
   host.message(" BOTH THE CODE CAN NOT BE SAME");
-  for (const int n : {code, name, balance}) put(n, "");
+  for (const FieldName field : {side.code, side.name, side.balance}) put(field, "");
   return Go::Stay;
 }
 
 // The account is off until it is asked for, since nearly all money goes over the cash account.
 void bwrcpy::chooseAccount() {
   if (!entering()) return;
-  accountBefore_ = trimmed(2);
-  field(2).enabled = true;
-  focus(field(2));
+  accountBefore_ = trimmed(kAccount);
+  at(kAccount).enabled = true;
+  focus(at(kAccount));
 }
 
 // Whichever way the focus goes, only a cash or bank account stays behind.
 void bwrcpy::leaveAccount() {
-  field(2).enabled = false;
-  if (!isCashOrBank(data(), trimmed(2))) put(2, accountBefore_);
-  showAccount(2, 10, 6);
+  at(kAccount).enabled = false;
+  if (!isCashOrBank(data(), trimmed(kAccount))) put(kAccount, accountBefore_);
+  showAccount(kCashSide);
 }
 
 Go bwrcpy::account() {
-  if (trimmed(2).empty())
+  if (trimmed(kAccount).empty())
     return lookUp(host, *this, here(),
                   accounts({{"ACC_CD"}, {"acc_name"}, {"AREA"}, {"CITY"}, {"group_cd"}, balanceColumn()},
                            "GROUP_CD = 87 OR GROUP_CD = 88"));
-  if (!showAccount(2, 10, 6)) {
+  if (!showAccount(kCashSide)) {
     host.message("PARTY DOES NOT EXIST");
     return Go::Stay;
   }
-  if (!isCashOrBank(data(), trimmed(2))) {
+  if (!isCashOrBank(data(), trimmed(kAccount))) {
     host.message("Cash / Bank Takes A Cash Or Bank Account\nEmpty It And Press Enter For Help",
                  kMessageTitle);
     return Go::Stay;
   }
-  if (sameCodes()) return refuseSame(2, 10, 6);
-  focus(field(3));
+  if (sameCodes()) return refuseSame(kCashSide);
+  focus(at(kParty));
   return Go::Stay;
 }
 
 Go bwrcpy::party() {
-  if (trimmed(3).empty())
+  if (trimmed(kParty).empty())
     return lookUp(
         host, *this, here(),
         accounts({{"ACC_CD"}, {"acc_name"}, {"AREA"}, {"CITY"}, {"group_cd"}, {"PERSON_NM"}, balanceColumn()},
                  kind_.party.offered));
-  if (!showAccount(3, 9, 5)) {
+  if (!showAccount(kOtherSide)) {
     host.message("PARTY DOES NOT EXIST");
     return Go::Stay;
   }
-  if (sameCodes()) return refuseSame(3, 9, 5);
-  session().mlastacc = trimmed(3);
-  focus(field(4));
+  if (sameCodes()) return refuseSame(kOtherSide);
+  session().mlastacc = trimmed(kParty);
+  focus(at(kAmount));
   return Go::Stay;
 }
 
 Go bwrcpy::amount() {
-  if (value(4) > 0) return Go::On;
+  if (value(kAmount) > 0) return Go::On;
   host.message("CAN NOT ACCEPT");
   return Go::Stay;
 }
@@ -390,30 +385,22 @@ Go bwrcpy::earlierRemarks() { return lookUp(host, *this, here(), valuesOf("RPTPA
 
 // Saving
 
-MoneyVoucher bwrcpy::voucher() const {
-  return {.number = value(0),
-          .date = *date(),
-          .account = trimmed(2),
-          .party = trimmed(3),
-          .amount = value(4),
-          .narration = trimmed(7)};
-}
-
 void bwrcpy::update() {
   if (!entering()) return;
-  const bool complete = value(0) != 0 && !trimmed(2).empty() && !trimmed(3).empty() && date();
-  if (!complete || !showAccount(2, 10, 6) || !showAccount(3, 9, 5)) {
+  const bool complete =
+      value(kNumber) != 0 && !trimmed(kAccount).empty() && !trimmed(kParty).empty() && date(kDate);
+  if (!complete || !showAccount(kCashSide) || !showAccount(kOtherSide)) {
     host.message("Invalid Entry", kCheck);
     return;
   }
   // The number was changed after its voucher was shown: that one is shown before anything is written.
-  if (mode == "EDIT" && value(0) != loaded_) {
+  if (mode == "EDIT" && value(kNumber) != loaded_) {
     enterNumber();
     return;
   }
   host.busy(true);
-  const bool saved =
-      saveMoneyVoucher(data(), kind_, voucher(), mode == "ADD" ? Saving::Fresh : Saving::Again);
+  const bool saved = saveMoneyVoucher(data(), kind_, writtenFields(Part::Head),
+                                      mode == "ADD" ? Saving::Fresh : Saving::Again);
   host.busy(false);
   if (!saved) {
     host.message("Voucher No. already exists", kMessageTitle);
@@ -435,24 +422,18 @@ void bwrcpy::update() {
 SavedMessage bwrcpy::closingMessage() const {
   return {
       .head = kind_.words.title + " Saved",
-      .facts = {{"Entry No", at("txtFields", 0).text},
-                {"Party Name", at("txtFields", 9).text},
-                {"AMOUNT", at("txtFields", 4).text}},
-      .hints = {"Press ok to Proceed "  },
+      .facts = {{"Entry No", text(kNumber)}, {"Party Name", text(kPartyName)}, {"AMOUNT", text(kAmount)}},
+      .hints = {"Press ok to Proceed " },
       .gap = 1,
   };
 }
 
-// Texts
-
-std::string bwrcpy::trimmed(int n) const { return trim(at("txtFields", n).text); }
-
-double bwrcpy::value(int n) const { return Val(at("txtFields", n).text); }
+// Hints
 
 // What Enter does, then the keys that the table names for the field.
 std::string bwrcpy::hintFor(const Control& control) const {
-  if (!control.editable() || control.index == 4) return ChildScreen::hintFor(control);
-  const bool isNumber = control.family == "txtFields" && control.index == 0;
+  if (!control.editable() || control.spec->field == kAmount) return ChildScreen::hintFor(control);
+  const bool isNumber = control.spec->field == kNumber;
   const std::string enter = isNumber                     ? "Press Enter For Help Find Old Entries"
                             : trim(control.text).empty() ? "Press Enter For Help"
                                                          : "Press Enter To Proceed";

@@ -17,6 +17,11 @@ class bwrcpy : public ChildScreen {
   void activated() override;
   bool mayClose() override;
 
+  // An account by its code, with what is shown of it.
+  struct Side {
+    FieldName code, name, balance;
+  };
+
  protected:
   std::string hintFor(const Control& control) const override;
 
@@ -57,24 +62,17 @@ class bwrcpy : public ChildScreen {
   void showVoucher(const Row& voucher);
   void remove(double number);
   // Shows an account's name and balance beside its code; false when there is none with a name.
-  bool showAccount(int code, int name, int balance);
+  bool showAccount(const Side& side);
   bool sameCodes() const;
-  Go refuseSame(int code, int name, int balance);
+  Go refuseSame(const Side& side);
   void clearFields();
   void placeDefaults();
   void showButtons();
   void allowUpdate(bool on);
   void showList();
   bool entering() const { return mode == "ADD" || mode == "EDIT"; }
-  MoneyVoucher voucher() const;
   SavedMessage closingMessage() const;
   Lookup oldVouchers(const SelectColumn& second, const SelectColumns& more) const;
-
-  Control& field(int n) { return at("txtFields", n); }
-  std::string trimmed(int n) const;
-  double value(int n) const;
-  void put(int n, const std::string& text) { set(field(n), text); }
-  std::optional<Date> date() const { return parseDate(at("MaskEdBox1", 0).text); }
 
   const VoucherKind& kind_;
   std::string accountBefore_;  // what Cash / Bank held when it was opened

@@ -1,5 +1,9 @@
 #include "vouchers/bwrcpy_table.h"
 
+#include "frame/field_names.h"
+
+using namespace fields;
+
 // Left the voucher from top to bottom: its number, its two accounts, what is paid. Right the
 // vouchers of the book, the latest first.
 
@@ -12,6 +16,7 @@ const ScreenSpec& bwrcpyTable() {
       {.title = "Amount",  .width = px(112), .align = Align::Right, .money = true},
       {.title = "Remarks", .width = part(1)},
   };
+  using enum Holds;
   constexpr auto Number = KeyClass::Number, Letters = KeyClass::Text;
   constexpr auto Right = Align::Right;
 
@@ -30,16 +35,16 @@ const ScreenSpec& bwrcpyTable() {
           {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
       }},
       .controls = {
-          {.name = "txtFields",  .index = 0,  .label = "NO",          .at = {.group = "A", .row = 0, .col = 1},            .tab = 1, .limit = 8,   .keys = Number,  .enabled = false, .align = Right, .hint = "F1 = By Ref No :: F3 = By Cheque No :: F4 = By Amount"},
-          {.name = "MaskEdBox1", .index = 0,  .kind = Kind::Date, .label = "Date", .at = {.group = "A", .row = 0, .col = 3}, .tab = 2,                          .enabled = false, .selectAll = true, .hint = "F1 = First Date :: F3 = Last Date :: F5 = Cash / Bank"},
-          {.name = "txtFields",  .index = 2,  .label = "Cash / Bank", .at = {.group = "B", .row = 0, .col = 1},            .tab = 3, .limit = 6,   .keys = Letters, .enabled = false, .selectAll = true},
-          {.name = "txtFields",  .index = 10,                         .at = {.group = "B", .row = 0, .col = 2},                                              .enabled = false},
-          {.name = "txtFields",  .index = 6,  .label = "Balance",     .at = {.group = "B", .row = 0, .col = 4},                                              .enabled = false, .align = Right, .money = true},
-          {.name = "txtFields",  .index = 3,  .label = "Party",       .at = {.group = "B", .row = 1, .col = 1},            .tab = 4, .limit = 6,   .keys = Letters, .enabled = false, .hint = "F2 = By City :: F5 = Cash / Bank"},
-          {.name = "txtFields",  .index = 9,                          .at = {.group = "B", .row = 1, .col = 2},                                              .enabled = false},
-          {.name = "txtFields",  .index = 5,  .label = "Balance",     .at = {.group = "B", .row = 1, .col = 4},                                              .enabled = false, .align = Right, .money = true},
-          {.name = "txtFields",  .index = 4,  .label = "Amount",      .at = {.group = "C", .row = 0, .col = 1},            .tab = 5, .limit = 15,  .keys = Number,  .enabled = false, .align = Right, .hint = "Enter AMOUNT In Figures"},
-          {.name = "txtFields",  .index = 7,  .label = "Remarks",     .at = {.group = "C", .row = 1, .col = 1, .span = 2}, .tab = 6, .limit = 200, .keys = Letters, .enabled = false, .hint = "F1 = Used Before"},
+          {.name = "txtFields",  .index = 0,  .field = kNumber,         .column = "VOUCH_NO",   .holds = Figure, .label = "NO",          .at = {.group = "A", .row = 0, .col = 1},            .tab = 1, .limit = 8,   .keys = Number,  .enabled = false, .align = Right, .hint = "F1 = By Ref No :: F3 = By Cheque No :: F4 = By Amount"},
+          {.name = "MaskEdBox1", .index = 0,  .field = kDate,           .column = "VOUCH_DT",   .holds = Date,   .kind = Kind::Date, .label = "Date", .at = {.group = "A", .row = 0, .col = 3}, .tab = 2,                          .enabled = false, .selectAll = true, .hint = "F1 = First Date :: F3 = Last Date :: F5 = Cash / Bank"},
+          {.name = "txtFields",  .index = 2,  .field = kAccount,        .column = "CSHBNK_CD",                   .label = "Cash / Bank", .at = {.group = "B", .row = 0, .col = 1},            .tab = 3, .limit = 6,   .keys = Letters, .enabled = false, .selectAll = true},
+          {.name = "txtFields",  .index = 10, .field = kAccountName,                                             .at = {.group = "B", .row = 0, .col = 2},                                              .enabled = false},
+          {.name = "txtFields",  .index = 6,  .field = kAccountBalance,                                          .label = "Balance",     .at = {.group = "B", .row = 0, .col = 4},                                              .enabled = false, .align = Right, .money = true},
+          {.name = "txtFields",  .index = 3,  .field = kParty,          .column = "PARTY_CD",                    .label = "Party",       .at = {.group = "B", .row = 1, .col = 1},            .tab = 4, .limit = 6,   .keys = Letters, .enabled = false, .hint = "F2 = By City :: F5 = Cash / Bank"},
+          {.name = "txtFields",  .index = 9,  .field = kPartyName,                                               .at = {.group = "B", .row = 1, .col = 2},                                              .enabled = false},
+          {.name = "txtFields",  .index = 5,  .field = kPartyBalance,                                            .label = "Balance",     .at = {.group = "B", .row = 1, .col = 4},                                              .enabled = false, .align = Right, .money = true},
+          {.name = "txtFields",  .index = 4,  .field = kAmount,         .column = "AMOUNT",     .holds = Figure, .label = "Amount",      .at = {.group = "C", .row = 0, .col = 1},            .tab = 5, .limit = 15,  .keys = Number,  .enabled = false, .align = Right, .hint = "Enter AMOUNT In Figures"},
+          {.name = "txtFields",  .index = 7,  .field = kNarration,      .column = "NARRATION",                   .label = "Remarks",     .at = {.group = "C", .row = 1, .col = 1, .span = 2}, .tab = 6, .limit = 200, .keys = Letters, .enabled = false, .hint = "F1 = Used Before"},
           {.name = "SCR1",                    .kind = Kind::Label, .label = "Press Add Button to Enter New Voucher", .at = {.group = "A", .row = 0, .col = 4}, .style = Style::Quiet},
           {.name = "DataGrid1",               .kind = Kind::Grid,  .at = {.group = "list"}, .columns = listColumns},
 

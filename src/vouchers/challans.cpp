@@ -17,30 +17,16 @@ constexpr const char* kLineColumns =
     " MOBNOCO, DATANM, DATASENT";
 // clang-format on
 
-Fields headerRow(const VoucherKind& kind, const ChallanHeader& c, const SaveStamp& stamp) {
+Fields headRow(const VoucherKind& kind, const Fields& challan, const SaveStamp& stamp) {
   const Clock time{stamp.now.hour, stamp.now.minute};
-  const std::string destination = trim(c.destination);
+  Fields row = trimmedTexts(challan);
+  setValue(row, "CHLN_NO", valueOf(row, "CHLN_NO").number());
+  if (valueOf(row, "DESTI").text().empty()) setValue(row, "DESTI", ".");
   // clang-format off
-  Fields row = {
-      {"VOUCH_NO",   c.number},
-      {"VOUCH_DT",   c.date},
+  for (Field& f : Fields{
       {"VOUCH_TIME", time},
       {"BOOK_CD",    kind.code},
-      {"PARTY_CD",   trim(c.party)},
-      {"ORDER_NO",   trim(c.orderNumber)},
-      {"CHLN_TYP",   trim(c.type)},
-      {"CHLN_NO",    Val(c.challanNumber)},
-      {"NARRATION",  trim(c.narration)},
-      {"ITEM_AMT",   c.items},
-      {"NO_OF_ITEM", c.quantity},
-      {"DISC_PERC",  c.discountPercent},
-      {"DISC_AMT",   c.discount},
-      {"CHRGS",      c.charges},
-      {"NET_AMT",    c.amount},
-      {"TRANSPORT",  trim(c.transport)},
-      {"GR_NO",      trim(c.lrNumber)},
-      {"GR_DATE",    c.date},
-      {"DESTI",      destination.empty() ? "." : destination},
+      {"GR_DATE",    valueOf(challan, "VOUCH_DT")},
       {"SMAN_CD",    "S001"},
       {"USER_CD",    stamp.user},
       {"ENT_DT",     stamp.now.date},
@@ -48,7 +34,7 @@ Fields headerRow(const VoucherKind& kind, const ChallanHeader& c, const SaveStam
       {"MOBNOCO",    stamp.mobile},
       {"DATANM",     stamp.dataName},
       {"DATASENT",   "N"},
-  };
+  }) row.push_back(std::move(f));
   // clang-format on
   for (const char* column : {"VEHI_NO", "NARRATION1", "FREIGHT"}) row.push_back({column, "."});
   for (const char* column : {"TAX_CD1", "TAX_AMT1", "TAX_CD2", "TAX_AMT2", "GWDN"})
@@ -56,30 +42,35 @@ Fields headerRow(const VoucherKind& kind, const ChallanHeader& c, const SaveStam
   return row;
 }
 
-std::vector<LedgerRow> ledgerRows(const VoucherKind& kind, const ChallanHeader& c) {
-  const std::string party = trim(c.party);
+std::vector<LedgerRow> ledgerRows(const VoucherKind& kind, const Fields& challan) {
+  const std::string party = trim(valueOf(challan, "PARTY_CD").text());
+  const double amount = valueOf(challan, "NET_AMT").number();
+  const std::string number = valueOf(challan, "CHLN_NO").text();
+  const std::string narration = valueOf(challan, "NARRATION").text();
   return {
-      {kind.ledger.partySide,   party,             kind.ledger.goods, c.amount, c.challanNumber, c.narration},
-      {kind.ledger.otherSide(), kind.ledger.goods, party,             c.amount, c.challanNumber, c.narration},
+      {kind.ledger.partySide,   party,             kind.ledger.goods, amount, number, narration},
+      {kind.ledger.otherSide(), kind.ledger.goods, party,             amount, number, narration},
   };
 }
 
 }  // namespace
 
-bool saveChallan(Database& db, const VoucherKind& kind, const ChallanHeader& challan, const SaveStamp& stamp,
+bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, const SaveStamp& stamp,
                  Saving how) {
+  const double number = valueOf(challan, "VOUCH_NO").number();
+  const Date date = valueOf(challan, "VOUCH_DT").date().value();
   Transaction all(db);
-  if (how == Saving::Fresh && isStored(db, kind, challan.number)) return false;
-  deleteChallan(db, kind, challan.number);
-  insertRow(db, "CHLN", headerRow(kind, challan, stamp));
-  db.exec("UPDATE T_CHLNITM SET VOUCH_DT = ?, VOUCH_NO = ?", challan.date, challan.number);
+  if (how == Saving::Fresh && isStored(db, kind, number)) return false;
+  deleteChallan(db, kind, number);
+  insertRow(db, "CHLN", headRow(kind, challan, stamp));
+  db.exec("UPDATE T_CHLNITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
   // A line of no quantity stays behind, though its amount is in the totals.
   const std::string columns = kLineColumns;
   db.exec("INSERT INTO CHLNITM (" + columns + ") SELECT " + columns +
               " FROM T_CHLNITM WHERE VOUCH_NO = ? AND BOOK_CD = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
               " ORDER BY SR_NO",
-          challan.number, kind.code, kMiscItem);
-  postVoucher(db, {challan.number, challan.date, kind.code}, ledgerRows(kind, challan));
+          number, kind.code, kMiscItem);
+  postVoucher(db, {number, date, kind.code}, ledgerRows(kind, challan));
   all.commit();
   return true;
 }

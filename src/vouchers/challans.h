@@ -13,20 +13,9 @@
 // all. A challan stands in its party's ledger like a bill, and a bill made for the same goods posts
 // again: nothing nets the two. No step of the system turns a challan into a bill.
 
-// The header as the screen holds it; texts are trimmed where the header keeps them.
-struct ChallanHeader {
-  double number = 0;
-  Date date{};
-  std::string party, orderNumber, type;
-  std::string challanNumber;  // the ledger takes it as it was typed, the header its number
-  std::string narration;
-  double discountPercent = 0, discount = 0, charges = 0;
-  std::string transport, lrNumber, destination;
-  double items = 0, quantity = 0, amount = 0;
-};
-
 // False when a fresh challan's number is taken; nothing has changed then. The party is not looked at.
-bool saveChallan(Database& db, const VoucherKind& kind, const ChallanHeader& challan, const SaveStamp& stamp,
+// The ledger takes the challan's number as it was typed, the head its figure.
+bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, const SaveStamp& stamp,
                  Saving how);
 // Removes header and lines; the ledger keeps its rows until it is built again.
 void deleteChallan(Database& db, const VoucherKind& kind, double number);

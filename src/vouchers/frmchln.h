@@ -17,12 +17,8 @@ class FRMCHLN : public VoucherScreen {
   bool load(double number) override;
   void remove(double number) override { deleteChallan(data(), kind_, number); }
   void clearHead() override;
-  void clearLine() override;
-  void showLine(const Row& line) override;
   Fields lineFields() override;
   void sumLines() override;
-  Control& itemField() override { return text1(5); }
-  Control& afterLines() override { return text1(29); }
   std::string tutorial() const override;
   SavedMessage closingMessage() const override;
 
@@ -32,12 +28,11 @@ class FRMCHLN : public VoucherScreen {
 
   // Enter, by field.
   Go voucherNumber();
-  Go voucherDate() { return date(0) ? Go::On : Go::Stay; }
+  Go voucherDate() { return date(fields::kDate) ? Go::On : Go::Stay; }
   Go party();
   Go challanType();
   Go challanNumber();
   Go item();
-  void nameLeft() { keepFreeName(6, 10); }
   Go unit();
   void quantity();
   void rate();
@@ -49,6 +44,4 @@ class FRMCHLN : public VoucherScreen {
 
   void showParty(const AccountFacts& party);
   void rateHints();
-  ChallanHeader header() const;
-  void showHeader(const Row& challan);
 };

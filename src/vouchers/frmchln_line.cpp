@@ -7,14 +7,10 @@
 
 // The line being typed: from its item to the work table and back.
 
-namespace {
-
-constexpr int kLineFields[] = {5, 6, 10, 7, 8, 9, 14};
-
-}  // namespace
+using namespace fields;
 
 Go FRMCHLN::item() {
-  const std::string code = trimmed(5);
+  const std::string code = trimmed(kItem);
   if (code.empty()) return helpHere();
   if (endsLines()) return Go::Stay;
   const auto found = readSaleItem(data(), code);
@@ -23,66 +19,47 @@ Go FRMCHLN::item() {
     return Go::Stay;
   }
   // A name can have been typed only where the line was the free one already.
-  const bool typedName = isMisc() && text1(6).enabled && !trimmed(6).empty();
-  if (!typedName) put(6, found->name);
-  text1(6).enabled = isMisc();
-  put(7, found->unit);
-  focus(text1(10));
+  const bool typedName = isMisc() && at(kItemName).enabled && !trimmed(kItemName).empty();
+  if (!typedName) put(kItemName, found->name);
+  at(kItemName).enabled = isMisc();
+  put(kUnit, found->unit);
+  focus(at(kDetail));
   return Go::Stay;
 }
 
 Go FRMCHLN::unit() {
-  if (trimmed(7).empty()) return helpHere();
-  const auto rates = readUnit(data(), kind_, trimmed(5), trimmed(7));
+  if (trimmed(kUnit).empty()) return helpHere();
+  const auto rates = readUnit(data(), kind_, trimmed(kItem), trimmed(kUnit));
   if (!rates) {
     host.message("Unit Not Found");
     return Go::Stay;
   }
-  if (value(9) == 0 && rates->rate != 0) put(9, rates->rate);
+  if (value(kRate) == 0 && rates->rate != 0) put(kRate, rates->rate);
   return Go::On;
 }
 
 void FRMCHLN::quantity() {
-  if (trimmed(8).empty()) put(8, "1");
+  if (trimmed(kQuantity).empty()) put(kQuantity, "1");
 }
 
 void FRMCHLN::rate() {
-  if (trimmed(9).empty()) put(9, "0");
-  put(14, challanAmount(value(8), value(9)));
+  if (trimmed(kRate).empty()) put(kRate, "0");
+  put(kAmount, challanAmount(value(kQuantity), value(kRate)));
 }
 
 Go FRMCHLN::amount() {
   if (!entering()) return Go::On;
-  if (trimmed(5).empty() || trimmed(7).empty()) {
-    focus(text1(5));
+  if (trimmed(kItem).empty() || trimmed(kUnit).empty()) {
+    focus(at(kItem));
     return Go::Stay;
   }
-  session().mlastitem = trimmed(5);
+  session().mlastitem = trimmed(kItem);
   storeLine();
   return Go::Stay;
 }
 
 Fields FRMCHLN::lineFields() {
-  const Session& s = session();
-  // clang-format off
-  Fields line = {
-      {"SR_NO",      lines_->serial()},
-      {"VOUCH_NO",   value(0)},
-      {"VOUCH_DT",   date(0)},
-      {"BOOK_CD",    kind_.code},
-      {"DEPT_CD",    "E001"},
-      {"ITEM_CD",    trimmed(5)},
-      {"ITEM_NAME",  textOf(6)},
-      {"ITEM_DESC",  trimmed(10)},
-      {"SIZE_CD",    trimmed(7)},
-      {"QUANTITY",   value(8)},
-      {"RATE",       value(9)},
-      {"NET_AMOUNT", value(14)},
-      {"MOBNOCO",    s.mmobile},
-      {"DATANM",     s.mdataname},
-      {"DATASENT",   "N"},
-  };
-  // clang-format on
+  Fields line = VoucherScreen::lineFields();
   for (const char* column : {"ITEM_SNAME", "DESC1", "QUALITY"}) line.push_back({column, "."});
   for (const char* column :
        {"SALE_DISC", "AMOUNT", "NOS", "BOXNO", "BOXWT", "TCNO", "ORDER_NO", "LOT_NO", "DANIER"})
@@ -90,32 +67,16 @@ Fields FRMCHLN::lineFields() {
   return line;
 }
 
-void FRMCHLN::showLine(const Row& line) {
-  put(5, line.text("ITEM_CD"));
-  put(6, line.text("ITEM_NAME"));
-  text1(6).enabled = isMisc();
-  put(10, line.text("ITEM_DESC"));
-  put(7, line.text("SIZE_CD"));
-  put(8, line.number("QUANTITY"));
-  put(9, line.number("RATE"));
-  put(14, line.number("NET_AMOUNT"));
-}
-
-void FRMCHLN::clearLine() {
-  for (const int n : kLineFields) put(n, "");
-  text1(6).enabled = false;
-}
-
 // Discount and charges come in again when they are entered.
 void FRMCHLN::sumLines() {
   const auto sums = lines_->sums({"QUANTITY", "NET_AMOUNT"});
-  put(26, sums[0].value_or(0));
-  put(18, sums[1].value_or(0));
-  put(28, textOf(18));
+  put(kTotalQuantity, sums[0].value_or(0));
+  put(kItemsAmount, sums[1].value_or(0));
+  put(kNetAmount, text(kItemsAmount));
 }
 
 void FRMCHLN::rateHints() {
   if (backFromRates()) return;
-  showRates(challanRates(data(), kind_, {trimmed(4), trimmed(5), trimmed(7)}));
-  if (at("DataGrid2").visible) ShowHint(host, hintFor(here()) + " :: Down = Earlier Challans");
+  showRates(challanRates(data(), kind_, {trimmed(kParty), trimmed(kItem), trimmed(kUnit)}));
+  if (at(kEarlierRates).visible) ShowHint(host, hintFor(here()) + " :: Down = Earlier Challans");
 }

@@ -8,6 +8,11 @@
 #include "vouchers/quotations.h"
 #include "vouchers/voucher_screen.h"
 
+// What is offered on: the narrations of the company-year help with these.
+inline constexpr FieldName kTerms[] = {
+    fields::kValidity,      fields::kRateTerms,    fields::kPaymentTerms,      fields::kTaxTerms,
+    fields::kDeliveryTerms, fields::kPackingTerms, fields::kInstallationTerms, fields::kSubjectTo};
+
 // Offers to a party: of the kind that the entry type names.
 class FRMQUOT : public VoucherScreen {
  public:
@@ -19,12 +24,9 @@ class FRMQUOT : public VoucherScreen {
   bool load(double number) override;
   void remove(double number) override { deleteQuotation(data(), kind_, number); }
   void clearHead() override;
-  void clearLine() override;
-  void showLine(const Row& line) override;
   Fields lineFields() override;
   void sumLines() override;
-  Control& itemField() override { return text1(12); }
-  Control& afterLines() override { return text1(1); }
+  FieldName afterLines() const override { return fields::kValidity; }
   std::string tutorial() const override;
   SavedMessage closingMessage() const override;
   std::string hintFor(const Control& control) const override;
@@ -35,7 +37,7 @@ class FRMQUOT : public VoucherScreen {
 
   // Enter, by field.
   Go voucherNumber();
-  Go voucherDate() { return date(0) ? Go::On : Go::Stay; }
+  Go voucherDate() { return date(fields::kDate) ? Go::On : Go::Stay; }
   Go party();
   Go item();
   Go itemName();
@@ -53,8 +55,6 @@ class FRMQUOT : public VoucherScreen {
   void fillFromUnit();
   void valueLine();
   void dropLine();
-  QuotationHeader header() const;
-  void showHeader(const Row& offer);
   void earlierSalesKey();
 
   std::string party_;  // the one accepted last

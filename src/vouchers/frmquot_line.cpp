@@ -6,34 +6,35 @@
 
 // The line being typed: from its item to the work table and back.
 
+using namespace fields;
+
 namespace {
 
-constexpr int kTotals[] = {21, 45, 42, 43, 44};
-constexpr int kLineFields[] = {12, 5, 15, 10, 8, 9, 16, 36, 37, 38, 39, 40, 41, 14, 47};
+constexpr FieldName kTotals[] = {kItemsAmount, kTotalQuantity, kCgstTotal, kSgstTotal, kIgstTotal};
 
 }  // namespace
 
 Go FRMQUOT::item() {
-  const std::string code = trimmed(12);
+  const std::string code = trimmed(kItem);
   if (code.empty()) return helpHere();
   if (endsLines()) return Go::Stay;
-  text1(5).enabled = isMisc();
+  at(kItemName).enabled = isMisc();
   if (isMisc()) {
-    focus(text1(5));
+    focus(at(kItemName));
     return Go::Stay;
   }
   const auto found = readQuotedItem(data(), code);
   if (!found) {
     host.message("Check Item Code");
-    put(12, "");
+    put(kItem, "");
     textChanged();
     return Go::Stay;
   }
-  put(5, found->name);
+  put(kItemName, found->name);
   fillRate(found->rate);
-  put(10, found->unit);
+  put(kUnit, found->unit);
   fillRates(found->rateOfTax);
-  focus(text1(15));
+  focus(at(kDetail));
   return Go::Stay;
 }
 
@@ -43,33 +44,33 @@ void FRMQUOT::fillRates(const std::optional<double>& rateOfTax) {
     host.message("SPECIFY RATE OF TAX IN ITEM");
     return;
   }
-  put(36, texts->cgst);
-  put(38, texts->sgst);
-  put(40, texts->igst);
+  put(kCgstRate, texts->cgst);
+  put(kSgstRate, texts->sgst);
+  put(kIgstRate, texts->igst);
 }
 
 // A rate that has been typed stays.
 void FRMQUOT::fillRate(double rate) {
-  if (value(9) == 0) put(9, rate);
+  if (value(kRate) == 0) put(kRate, rate);
 }
 
 // A name that the item master knows brings its rate and unit; any other is as good.
 Go FRMQUOT::itemName() {
-  const std::string name = trimmed(5);
+  const std::string name = trimmed(kItemName);
   if (name.empty()) return helpHere();
   const auto found = readQuotedItemByName(data(), name);
   if (!found) return Go::On;
   fillRate(found->rate);
-  put(10, found->unit);
+  put(kUnit, found->unit);
   return Go::On;
 }
 
 Go FRMQUOT::unit() {
-  if (trimmed(10).empty()) return helpHere();
-  const auto rates = readUnit(data(), kind_, trimmed(12), trimmed(10));
+  if (trimmed(kUnit).empty()) return helpHere();
+  const auto rates = readUnit(data(), kind_, trimmed(kItem), trimmed(kUnit));
   if (rates && rates->rate > 0) fillRate(rates->rate);
-  if (rates && rates->discount > 0 && value(16) == 0) put(16, rates->discount);
-  focus(text1(8));
+  if (rates && rates->discount > 0 && value(kDiscount) == 0) put(kDiscount, rates->discount);
+  focus(at(kQuantity));
   return Go::Stay;
 }
 
@@ -80,109 +81,44 @@ void FRMQUOT::figure() {
 
 Go FRMQUOT::discount() {
   figure();
-  focus(text1(14));
+  focus(at(kAmount));
   return Go::Stay;
 }
 
 // Amounts of tax follow their rates, also where another has been typed.
 void FRMQUOT::valueLine() {
-  const QuotedLine line = quotedLine(value(8), value(9), value(16), {value(36), value(38), value(40)});
-  put(37, line.taxes.cgst);
-  put(39, line.taxes.sgst);
-  put(41, line.taxes.igst);
-  put(47, line.assess);
-  put(14, line.amount);
+  const QuotedLine line = quotedLine(value(kQuantity), value(kRate), value(kDiscount),
+                                     {value(kCgstRate), value(kSgstRate), value(kIgstRate)});
+  put(kCgstAmount, line.taxes.cgst);
+  put(kSgstAmount, line.taxes.sgst);
+  put(kIgstAmount, line.taxes.igst);
+  put(kAssessable, line.assess);
+  put(kAmount, line.amount);
 }
 
 Go FRMQUOT::lastTax() {
   valueLine();
-  focus(text1(14));
+  focus(at(kAmount));
   return Go::Stay;
 }
 
 Go FRMQUOT::amount() {
   if (!entering()) return Go::On;
-  if (trimmed(12).empty()) {
-    focus(text1(12));
+  if (trimmed(kItem).empty()) {
+    focus(at(kItem));
     return Go::Stay;
   }
-  session().mlastitem = trimmed(12);
+  session().mlastitem = trimmed(kItem);
   storeLine();
   return Go::Stay;
 }
 
 Fields FRMQUOT::lineFields() {
-  const Session& s = session();
-  const double serial = lines_->serial();
-  // clang-format off
-  return {
-      {"SRNO",       serial},
-      {"TNO",        serial},
-      {"T_NO",       serial},
-      {"VOUCH_NO",   value(0)},
-      {"VOUCH_DT",   date(0)},
-      {"ITEM_CD",    trimmed(12)},
-      {"SIZE_CD",    trimmed(10)},
-      {"ITEM_NAME",  trimmed(5)},
-      {"ITEM_SNAME", trimmed(5)},
-      {"ITEM_DESC",  trimmed(15)},
-      {"DEPT_CD",    "E001"},
-      {"QUANTITY",   value(8)},
-      {"RATE",       value(9)},
-      {"DISC",       value(16)},
-      {"AMOUNT",     value(14)},
-      {"CGSTRT",     value(36)},
-      {"SGSTRT",     value(38)},
-      {"IGSTRT",     value(40)},
-      {"CGSTAMT",    value(37)},
-      {"SGSTAMT",    value(39)},
-      {"IGSTAMT",    value(41)},
-      {"ASSIVAL",    value(47)},
-      {"DISC2",      0},
-      {"DTL1",       0},
-      {"DTL2",       0},
-      {"TCSRT",      0},
-      {"TCSAMT",     0},
-      {"ENTRY_TYP",  kind_.code},
-      {"MOBNOCO",    s.mmobile},
-      {"DATANM",     s.mdataname},
-      {"DATASENT",   "N"},
-  };
-  // clang-format on
-}
-
-void FRMQUOT::showLine(const Row& line) {
-  struct Shown {
-    int field;
-    const char* column;
-  };
-  constexpr Shown kTexts[] = {
-      {12, "ITEM_CD"  },
-      {5,  "ITEM_NAME"},
-      {15, "ITEM_DESC"},
-      {10, "SIZE_CD"  },
-  };
-  constexpr Shown kFigures[] = {
-      {8,  "QUANTITY"},
-      {9,  "RATE"    },
-      {16, "DISC"    },
-      {36, "CGSTRT"  },
-      {37, "CGSTAMT" },
-      {38, "SGSTRT"  },
-      {39, "SGSTAMT" },
-      {40, "IGSTRT"  },
-      {41, "IGSTAMT" },
-      {14, "AMOUNT"  },
-      {47, "ASSIVAL" },
-  };
-  for (const auto& [field, column] : kTexts) put(field, line.text(column));
-  for (const auto& [field, column] : kFigures) put(field, line.number(column));
-  text1(5).enabled = isMisc();
-}
-
-void FRMQUOT::clearLine() {
-  for (const int n : kLineFields) put(n, "");
-  text1(5).enabled = false;
+  Fields line = VoucherScreen::lineFields();
+  for (const char* column : {"TNO", "T_NO"}) line.push_back({column, lines_->serial()});
+  line.push_back({"ITEM_SNAME", trimmed(kItemName)});
+  for (const char* column : {"DISC2", "DTL1", "DTL2", "TCSRT", "TCSAMT"}) line.push_back({column, 0});
+  return line;
 }
 
 // What is offered no more is not in the totals either.
@@ -190,7 +126,7 @@ void FRMQUOT::dropLine() {
   const size_t before = lines_->count();
   deleteLine();
   if (lines_->count() == before) return;
-  for (const int n : kTotals) put(n, "");
+  for (const FieldName total : kTotals) put(total, "");
   sumLines();
 }
 
@@ -199,10 +135,10 @@ void FRMQUOT::sumLines() {
   const auto sums = lines_->sums({"AMOUNT", "QUANTITY", "CGSTAMT", "SGSTAMT", "IGSTAMT"});
   for (size_t i = 0; i < sums.size(); ++i)
     if (sums[i]) put(kTotals[i], *sums[i]);
-  put(27, quotedTotal(value(21)));
+  put(kNetAmount, quotedTotal(value(kItemsAmount)));
 }
 
 // What the party has been billed for the item; an offer itself leaves no such trace.
 void FRMQUOT::earlierSalesKey() {
-  showRates(earlierSales(data(), saleKind(), {trimmed(4), trimmed(12), trimmed(10)}));
+  showRates(earlierSales(data(), saleKind(), {trimmed(kParty), trimmed(kItem), trimmed(kUnit)}));
 }

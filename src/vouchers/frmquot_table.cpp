@@ -1,4 +1,7 @@
 #include "vouchers/frmquot.h"
+#include "vouchers/voucher_table.h"
+
+using namespace fields;
 
 // Rows of the screen from top to bottom: voucher and party, whom it is for and what about;
 // headings, entry row, keys and grid of the lines; terms, in pairs, and totals; buttons.
@@ -32,78 +35,62 @@ const ScreenSpec& FRMQUOT::table() {
   };
   constexpr auto Number = KeyClass::Number, Letters = KeyClass::Text;
   constexpr auto Right = Align::Right;
+  constexpr auto Figure = Holds::Figure;
 
   static const ScreenSpec spec = {
       .name = "FRMQUOT",
       .caption = "QUOTATION ENTRY ",
       .focusColour = 0xFFC0FF,
-      .layout = {.bands = {
+      .layout = voucherLayout(
           {px(116), {{.name = "A", .width = part(1), .columns = {fit(), px(92), px(46), part(1)}},
                      {.name = "B", .width = part(1), .columns = {fit(), part(1)}}}},
-          {px(25),  {{.name = "heads",   .frame = Frame::Heads, .columnsOf = "DataGrid1"}}},
-          {px(34),  {{.name = "entry",   .frame = Frame::Entry, .columnsOf = "DataGrid1"}}},
-          {px(24),  {{.name = "keys",    .frame = Frame::Keys,  .columnsOf = "DataGrid1"}}},
-          {part(1), {{.name = "lines",   .frame = Frame::Plain}}},
           {px(150), {{.name = "D", .width = part(1), .columns = {fit(), part(1), fit(), part(1)}},
-                     {.name = "E", .width = px(420), .columns = {fit(), px(122), fit(), part(1)}}}},
-          {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
-      }},
-      .controls = {
-          {.name = "Text1",      .index = 0,  .label = "Vouch No :",  .at = {.group = "A", .row = 0, .col = 1, .width = 92},  .tab = 8,  .limit = 8,   .keys = Number, .align = Right, .hint = "F1 = By Area :: F2 = By City :: F4 = By Amount"},
-          {.name = "MaskEdBox1", .index = 0,  .kind = Kind::Date, .label = "Date :", .at = {.group = "A", .row = 0, .col = 3, .width = 112}, .tab = 9, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},
-          {.name = "Text1",      .index = 4,  .label = "Party :",     .at = {.group = "A", .row = 1, .col = 1, .width = 92},  .tab = 10, .limit = 6,   .keys = Letters, .hint = "F1 = All Accounts :: Insert = New Party"},
-          {.name = "Text2",                                           .at = {.group = "A", .row = 1, .col = 2, .span = 2},    .enabled = false},
-          {.name = "Text1",      .index = 35, .label = "Ref No :",    .at = {.group = "A", .row = 2, .col = 1, .span = 3, .width = 250}, .tab = 12, .limit = 20,  .keys = Letters},
-          {.name = "Text1",      .index = 2,  .label = "Kind Attn :", .at = {.group = "B", .row = 0, .col = 1},               .tab = 13, .limit = 150, .keys = Letters, .hint = "F1 = Used Before"},
-          {.name = "Text1",      .index = 3,  .label = "Subject :",   .at = {.group = "B", .row = 1, .col = 1},               .tab = 14, .limit = 150, .keys = Letters, .hint = "F1 = Used Before"},
-          {.name = "Text1",      .index = 11, .label = "Your Ref:",   .at = {.group = "B", .row = 2, .col = 1},               .tab = 15, .limit = 150, .keys = Letters},
+                     {.name = "E", .width = px(420), .columns = {fit(), px(122), fit(), part(1)}}}}),
+      .controls = joined({{
+          {.name = "Text1",      .index = 0,  .field = kNumber,            .column = "VOUCH_NO",    .holds = Figure,      .label = "Vouch No :",  .at = {.group = "A", .row = 0, .col = 1, .width = 92},  .tab = 8,  .limit = 8,   .keys = Number, .align = Right, .hint = "F1 = By Area :: F2 = By City :: F4 = By Amount"},
+          {.name = "MaskEdBox1", .index = 0,  .field = kDate,              .column = "VOUCH_DT",    .holds = Holds::Date, .kind = Kind::Date, .label = "Date :", .at = {.group = "A", .row = 0, .col = 3, .width = 112}, .tab = 9, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},
+          {.name = "Text1",      .index = 4,  .field = kParty,             .column = "PARTY_CD",                          .label = "Party :",     .at = {.group = "A", .row = 1, .col = 1, .width = 92},  .tab = 10, .limit = 6,   .keys = Letters, .hint = "F1 = All Accounts :: Insert = New Party"},
+          {.name = "Text2", .field = kPartyName, .at = {.group = "A", .row = 1, .col = 2, .span = 2},    .enabled = false},
+          {.name = "Text1",      .index = 35, .field = kReference,         .column = "REF_NO",                            .label = "Ref No :",    .at = {.group = "A", .row = 2, .col = 1, .span = 3, .width = 250}, .tab = 12, .limit = 20,  .keys = Letters},
+          {.name = "Text1",      .index = 2,  .field = kAttention,         .column = "TO_NAME",                           .label = "Kind Attn :", .at = {.group = "B", .row = 0, .col = 1},               .tab = 13, .limit = 150, .keys = Letters, .hint = "F1 = Used Before"},
+          {.name = "Text1",      .index = 3,  .field = kSubject,           .column = "SUB_DESC",                          .label = "Subject :",   .at = {.group = "B", .row = 1, .col = 1},               .tab = 14, .limit = 150, .keys = Letters, .hint = "F1 = Used Before"},
+          {.name = "Text1",      .index = 11, .field = kYourReference,     .column = "YOUR_REF_NO",                       .label = "Your Ref:",   .at = {.group = "B", .row = 2, .col = 1},               .tab = 15, .limit = 150, .keys = Letters},
 
-          {.name = "Label1",     .index = 0,  .kind = Kind::Label,    .at = {.group = "entry", .col = 0}, .align = Right, .style = Style::Key},
-          {.name = "Text1",      .index = 12, .label = "Code",        .at = {.group = "entry", .col = 1},  .tab = 20, .limit = 20,  .keys = Letters},
-          {.name = "Text1",      .index = 5,  .label = "Item Name",   .at = {.group = "entry", .col = 2},  .tab = 21, .limit = 100, .keys = Letters, .enabled = false},
-          {.name = "Text1",      .index = 15, .label = "Detail",      .at = {.group = "entry", .col = 3},  .tab = 22, .limit = 250, .keys = Letters, .hint = "F1 = Used Before :: F2 = Of This Item"},
-          {.name = "Text1",      .index = 10, .label = "Unit",        .at = {.group = "entry", .col = 4},  .tab = 23, .limit = 10,  .keys = Letters},
-          {.name = "Text1",      .index = 8,  .label = "Qty",         .at = {.group = "entry", .col = 5},  .tab = 24, .limit = 15,  .keys = Number, .align = Right},
-          {.name = "Text1",      .index = 9,  .label = "Rate",        .at = {.group = "entry", .col = 6},  .tab = 25, .limit = 15,  .keys = Number, .align = Right, .hint = "F4 = Earlier Sales"},
-          {.name = "Text1",      .index = 16, .label = "Disc",        .at = {.group = "entry", .col = 7},  .tab = 26, .limit = 8,   .keys = Number, .align = Right},
-          {.name = "Text1",      .index = 36, .label = "Cgst",        .at = {.group = "entry", .col = 8},  .tab = 27, .limit = 15,  .keys = Number, .align = Right},
-          {.name = "Text1",      .index = 37,                         .at = {.group = "entry", .col = 9},  .tab = 28, .limit = 15,  .keys = Number, .align = Right},
-          {.name = "Text1",      .index = 38, .label = "Sgst",        .at = {.group = "entry", .col = 10}, .tab = 29, .limit = 15,  .keys = Number, .align = Right},
-          {.name = "Text1",      .index = 39,                         .at = {.group = "entry", .col = 11}, .tab = 30, .limit = 15,  .keys = Number, .align = Right},
-          {.name = "Text1",      .index = 40, .label = "Igst",        .at = {.group = "entry", .col = 12}, .tab = 31, .limit = 15,  .keys = Number, .align = Right},
-          {.name = "Text1",      .index = 41,                         .at = {.group = "entry", .col = 13}, .tab = 32, .limit = 15,  .keys = Number, .align = Right},
-          {.name = "Text1",      .index = 14, .label = "Amt",         .at = {.group = "entry", .col = 14}, .tab = 33, .limit = 8,   .keys = Number, .align = Right},
-          {.name = "Text1",      .index = 47,                                                                         .limit = 20, .enabled = false, .visible = false},
+          lineNumber(),
+          {.name = "Text1",      .index = 12, .field = kItem,              .column = "ITEM_CD",                           .label = "Code",        .at = {.group = "entry", .col = 1},  .tab = 20, .limit = 20,  .keys = Letters},
+          {.name = "Text1",      .index = 5,  .field = kItemName,          .column = "ITEM_NAME",                         .label = "Item Name",   .at = {.group = "entry", .col = 2},  .tab = 21, .limit = 100, .keys = Letters, .enabled = false},
+          {.name = "Text1",      .index = 15, .field = kDetail,            .column = "ITEM_DESC",                         .label = "Detail",      .at = {.group = "entry", .col = 3},  .tab = 22, .limit = 250, .keys = Letters, .hint = "F1 = Used Before :: F2 = Of This Item"},
+          {.name = "Text1",      .index = 10, .field = kUnit,              .column = "SIZE_CD",                           .label = "Unit",        .at = {.group = "entry", .col = 4},  .tab = 23, .limit = 10,  .keys = Letters},
+          {.name = "Text1",      .index = 8,  .field = kQuantity,          .column = "QUANTITY",    .holds = Figure,      .label = "Qty",         .at = {.group = "entry", .col = 5},  .tab = 24, .limit = 15,  .keys = Number, .align = Right},
+          {.name = "Text1",      .index = 9,  .field = kRate,              .column = "RATE",        .holds = Figure,      .label = "Rate",        .at = {.group = "entry", .col = 6},  .tab = 25, .limit = 15,  .keys = Number, .align = Right, .hint = "F4 = Earlier Sales"},
+          {.name = "Text1",      .index = 16, .field = kDiscount,          .column = "DISC",        .holds = Figure,      .label = "Disc",        .at = {.group = "entry", .col = 7},  .tab = 26, .limit = 8,   .keys = Number, .align = Right},
+          {.name = "Text1",      .index = 36, .field = kCgstRate,          .column = "CGSTRT",      .holds = Figure,      .label = "Cgst",        .at = {.group = "entry", .col = 8},  .tab = 27, .limit = 15,  .keys = Number, .align = Right},
+          {.name = "Text1",      .index = 37, .field = kCgstAmount,        .column = "CGSTAMT",     .holds = Figure,      .at = {.group = "entry", .col = 9},  .tab = 28, .limit = 15,  .keys = Number, .align = Right},
+          {.name = "Text1",      .index = 38, .field = kSgstRate,          .column = "SGSTRT",      .holds = Figure,      .label = "Sgst",        .at = {.group = "entry", .col = 10}, .tab = 29, .limit = 15,  .keys = Number, .align = Right},
+          {.name = "Text1",      .index = 39, .field = kSgstAmount,        .column = "SGSTAMT",     .holds = Figure,      .at = {.group = "entry", .col = 11}, .tab = 30, .limit = 15,  .keys = Number, .align = Right},
+          {.name = "Text1",      .index = 40, .field = kIgstRate,          .column = "IGSTRT",      .holds = Figure,      .label = "Igst",        .at = {.group = "entry", .col = 12}, .tab = 31, .limit = 15,  .keys = Number, .align = Right},
+          {.name = "Text1",      .index = 41, .field = kIgstAmount,        .column = "IGSTAMT",     .holds = Figure,      .at = {.group = "entry", .col = 13}, .tab = 32, .limit = 15,  .keys = Number, .align = Right},
+          {.name = "Text1",      .index = 14, .field = kAmount,            .column = "AMOUNT",      .holds = Figure,      .label = "Amt",         .at = {.group = "entry", .col = 14}, .tab = 33, .limit = 8,   .keys = Number, .align = Right},
+          {.name = "Text1",      .index = 47, .field = kAssessable,        .column = "ASSIVAL",     .holds = Figure, .at = {.group = "entry"}, .limit = 20, .enabled = false, .visible = false},
 
-          {.name = "lblkeys",                 .kind = Kind::Label, .label = "Up / Down = Line  ::  F10 = Delete Line  ::  00 or Page Down = End Lines", .at = {.group = "keys", .col = 0, .span = 10}, .style = Style::Quiet},
-          {.name = "DataGrid1",               .kind = Kind::Grid,  .at = {.group = "lines"}, .hint = "Enter = Change This Line", .columns = lineColumns},
-          {.name = "DataGrid2",               .kind = Kind::Grid,  .visible = false, .hint = "Enter = Back To The Rate", .columns = rateColumns, .over = "DataGrid1", .overOwn = 2, .overIts = 5, .overWidth = 632},
+          lineKeys(10),
+      }, lineGrids(lineColumns, rateColumns, 2, 632), {
+          {.name = "Text1",      .index = 1,  .field = kValidity,          .column = "DESC8",                             .label = "Validity. :",  .at = {.group = "D", .row = 0, .col = 1}, .tab = 35, .limit = 150, .keys = Letters},
+          {.name = "Text1",      .index = 7,  .field = kRateTerms,         .column = "DESC1",                             .label = "Rate Specs :", .at = {.group = "D", .row = 0, .col = 3}, .tab = 36, .limit = 150, .keys = Letters},
+          {.name = "Text1",      .index = 29, .field = kPaymentTerms,      .column = "DESC2",                             .label = "Pay Terms :",  .at = {.group = "D", .row = 1, .col = 1}, .tab = 37, .limit = 150, .keys = Letters},
+          {.name = "Text1",      .index = 33, .field = kTaxTerms,          .column = "DESC3",                             .label = "Taxes :",      .at = {.group = "D", .row = 1, .col = 3}, .tab = 38, .limit = 150, .keys = Letters},
+          {.name = "Text1",      .index = 18, .field = kDeliveryTerms,     .column = "DESC4",                             .label = "Deli Terms",   .at = {.group = "D", .row = 2, .col = 1}, .tab = 39, .limit = 150, .keys = Letters},
+          {.name = "Text1",      .index = 26, .field = kPackingTerms,      .column = "DESC5",                             .label = "Pckng-Fwd",    .at = {.group = "D", .row = 2, .col = 3}, .tab = 40, .limit = 150, .keys = Letters},
+          {.name = "Text1",      .index = 28, .field = kInstallationTerms, .column = "DESC6",                             .label = "Instl Chrg",   .at = {.group = "D", .row = 3, .col = 1}, .tab = 41, .limit = 150, .keys = Letters},
+          {.name = "Text1",      .index = 6,  .field = kSubjectTo,         .column = "DESC7",                             .label = "Subject To :", .at = {.group = "D", .row = 3, .col = 3}, .tab = 42, .limit = 150, .keys = Letters},
 
-          {.name = "Text1",      .index = 1,  .label = "Validity. :",  .at = {.group = "D", .row = 0, .col = 1}, .tab = 35, .limit = 150, .keys = Letters},
-          {.name = "Text1",      .index = 7,  .label = "Rate Specs :", .at = {.group = "D", .row = 0, .col = 3}, .tab = 36, .limit = 150, .keys = Letters},
-          {.name = "Text1",      .index = 29, .label = "Pay Terms :",  .at = {.group = "D", .row = 1, .col = 1}, .tab = 37, .limit = 150, .keys = Letters},
-          {.name = "Text1",      .index = 33, .label = "Taxes :",      .at = {.group = "D", .row = 1, .col = 3}, .tab = 38, .limit = 150, .keys = Letters},
-          {.name = "Text1",      .index = 18, .label = "Deli Terms",   .at = {.group = "D", .row = 2, .col = 1}, .tab = 39, .limit = 150, .keys = Letters},
-          {.name = "Text1",      .index = 26, .label = "Pckng-Fwd",    .at = {.group = "D", .row = 2, .col = 3}, .tab = 40, .limit = 150, .keys = Letters},
-          {.name = "Text1",      .index = 28, .label = "Instl Chrg",   .at = {.group = "D", .row = 3, .col = 1}, .tab = 41, .limit = 150, .keys = Letters},
-          {.name = "Text1",      .index = 6,  .label = "Subject To :", .at = {.group = "D", .row = 3, .col = 3}, .tab = 42, .limit = 150, .keys = Letters},
-
-          {.name = "Text1",      .index = 42, .label = "Cgst",         .at = {.group = "E", .row = 0, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},
-          {.name = "Text1",      .index = 43, .label = "Sgst",         .at = {.group = "E", .row = 1, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},
-          {.name = "Text1",      .index = 44, .label = "IGST",         .at = {.group = "E", .row = 2, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},
-          {.name = "Text1",      .index = 45, .label = "T-Qty",        .at = {.group = "E", .row = 0, .col = 3}, .limit = 20, .enabled = false, .align = Right, .style = Style::Primary},
-          {.name = "Text1",      .index = 21, .label = "Total",        .at = {.group = "E", .row = 1, .col = 3}, .limit = 20, .enabled = false, .align = Right, .money = true},
-          {.name = "Text1",      .index = 27, .label = "G.Total",      .at = {.group = "E", .row = 2, .col = 2, .span = 2, .rows = 2}, .limit = 20, .enabled = false, .align = Right, .money = true, .style = Style::Amount},
-
-          {.name = "CMDSAVE",    .kind = Kind::Button, .label = "&Save",   .at = {.group = "buttons"}, .tab = 43, .enabled = false, .visible = false, .hint = "Press Enter To Save"},
-          {.name = "CMDCANCEL",  .kind = Kind::Button, .label = "&Cancel", .at = {.group = "buttons"}, .tab = 44, .visible = false},
-          {.name = "cmdadd",     .kind = Kind::Button, .label = "&Add",    .at = {.group = "buttons"}, .tab = 45, .hint = "Press Add Button For New Entry"},
-          {.name = "cmdEDIT",    .kind = Kind::Button, .label = "&Modify", .at = {.group = "buttons"}, .tab = 46},
-          {.name = "CMDDELETE",  .kind = Kind::Button, .label = "&Delete", .at = {.group = "buttons"}, .tab = 47},
-          {.name = "cmdprint",   .kind = Kind::Button, .label = "&Print",  .at = {.group = "buttons"}, .tab = 48},
-          {.name = "cmdclose",   .kind = Kind::Button, .label = "&Close",  .at = {.group = "buttons"}, .tab = 49},
-          {.name = "Cmdvideo",   .kind = Kind::Button, .label = "&Video",  .at = {.group = "buttons", .right = true}, .tab = 50},
-      },
+          {.name = "Text1",      .index = 42, .field = kCgstTotal,         .column = "TCGST",       .holds = Figure,      .label = "Cgst",         .at = {.group = "E", .row = 0, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},
+          {.name = "Text1",      .index = 43, .field = kSgstTotal,         .column = "TSGST",       .holds = Figure,      .label = "Sgst",         .at = {.group = "E", .row = 1, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},
+          {.name = "Text1",      .index = 44, .field = kIgstTotal,         .column = "TIGST",       .holds = Figure,      .label = "IGST",         .at = {.group = "E", .row = 2, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},
+          {.name = "Text1",      .index = 45, .field = kTotalQuantity,     .column = "TOTQTY",      .holds = Figure,      .label = "T-Qty",        .at = {.group = "E", .row = 0, .col = 3}, .limit = 20, .enabled = false, .align = Right, .style = Style::Primary},
+          {.name = "Text1",      .index = 21, .field = kItemsAmount,       .column = "ITEM_AMT",    .holds = Figure,      .label = "Total",        .at = {.group = "E", .row = 1, .col = 3}, .limit = 20, .enabled = false, .align = Right, .money = true},
+          {.name = "Text1",      .index = 27, .field = kNetAmount,         .column = "NET_AMT",     .holds = Figure,      .label = "G.Total",      .at = {.group = "E", .row = 2, .col = 2, .span = 2, .rows = 2}, .limit = 20, .enabled = false, .align = Right, .money = true, .style = Style::Amount},
+      }, voucherButtons(43)}),
   };
   // clang-format on
   return spec;

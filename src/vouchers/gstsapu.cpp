@@ -8,14 +8,12 @@
 #include "vouchers/items.h"
 #include "vouchers/numbering.h"
 
+using namespace fields;
+
 namespace {
 
 constexpr const char* kCheck = "Mirav Check";
 constexpr double kEWayLimit = 50000;
-
-// Fields of the header and of what is only shown.
-constexpr int kHeadFields[] = {0,  4,  32, 47, 43, 62, 16, 29, 55, 42, 27,
-                               41, 40, 45, 18, 1,  3,  20, 26, 38, 28, 2};
 
 // clang-format off
 std::vector<WorkLines::Shown> shownColumns(const VoucherKind& kind) {
@@ -31,48 +29,48 @@ std::vector<WorkLines::Shown> shownColumns(const VoucherKind& kind) {
 GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind)
     : VoucherScreen(theHost, table(kind), kind, shownColumns(kind)) {
   wire(*this, {
-                  {"Text1(0)",      KeyCode::Enter,  &GSTSAPU::voucherNumber   },
-                  {"MaskEdBox1(0)", KeyCode::Enter,  &GSTSAPU::voucherDate     },
-                  {"Text1(4)",      KeyCode::Enter,  &GSTSAPU::party           },
-                  {"Text1(32)",     KeyCode::Enter,  &GSTSAPU::shipTo          },
-                  {"Text1(47)",     KeyCode::Enter,  &GSTSAPU::billType        },
-                  {"Text1(43)",     KeyCode::Enter,  &GSTSAPU::billNumber      },
-                  {"MaskEdBox1(2)", On::Focus,       &GSTSAPU::fillPartyDate   },
-                  {"Text1(5)",      KeyCode::Enter,  &GSTSAPU::item            },
-                  {"Text1(5)",      KeyCode::Insert, &GSTSAPU::newItem         },
-                  {"Text1(5)",      KeyCode::Down,   &GSTSAPU::lineDown        },
-                  {"Text1(5)",      KeyCode::Up,     &GSTSAPU::lineUp          },
-                  {"Text1(5)",      KeyCode::PgDn,   &GSTSAPU::endLines        },
-                  {"Text1(5)",      KeyCode::F10,    &GSTSAPU::deleteLine      },
-                  {"Text1(6)",      KeyCode::Enter,  &GSTSAPU::itemName        },
-                  {"Text1(6)",      On::Leave,       &GSTSAPU::nameLeft        },
-                  {"Text1(7)",      KeyCode::Enter,  &GSTSAPU::unit            },
-                  {"Text1(8)",      KeyCode::Enter,  &GSTSAPU::quantity        },
-                  {"Text1(9)",      KeyCode::Enter,  &GSTSAPU::rate            },
-                  {"Text1(9)",      On::Focus,       &GSTSAPU::rateHints       },
-                  {"Text1(9)",      KeyCode::F4,     &GSTSAPU::earlierSalesKey },
-                  {"Text1(11)",     KeyCode::Enter,  &GSTSAPU::discount        },
-                  {"Text1(12)",     KeyCode::Enter,  &GSTSAPU::taxRate         },
-                  {"Text1(10)",     KeyCode::Enter,  &GSTSAPU::taxRate         },
-                  {"Text1(19)",     KeyCode::Enter,  &GSTSAPU::taxRate         },
-                  {"Text1(13)",     KeyCode::Enter,  &GSTSAPU::taxAmount       },
-                  {"Text1(15)",     KeyCode::Enter,  &GSTSAPU::taxAmount       },
-                  {"Text1(31)",     KeyCode::Enter,  &GSTSAPU::taxAmount       },
-                  {"Text1(12)",     On::Leave,       &GSTSAPU::unlock          },
-                  {"Text1(10)",     On::Leave,       &GSTSAPU::unlock          },
-                  {"Text1(19)",     On::Leave,       &GSTSAPU::unlock          },
-                  {"Text1(13)",     On::Leave,       &GSTSAPU::unlock          },
-                  {"Text1(15)",     On::Leave,       &GSTSAPU::unlock          },
-                  {"Text1(31)",     On::Leave,       &GSTSAPU::unlock          },
-                  {"Text1(14)",     KeyCode::Enter,  &GSTSAPU::amount          },
-                  {"Text1(14)",     On::Leave,       &GSTSAPU::lock            },
-                  {"Text1(55)",     KeyCode::Enter,  &GSTSAPU::transportId     },
-                  {"Text1(42)",     KeyCode::Enter,  &GSTSAPU::transport       },
-                  {"Text1(41)",     KeyCode::Enter,  &GSTSAPU::destination     },
-                  {"Text1(45)",     KeyCode::Enter,  &GSTSAPU::parcels         },
-                  {"CMDSAVE",       On::Click,       &GSTSAPU::save            },
-                  {"",              KeyCode::F6,     &GSTSAPU::partyRatesKey   },
-                  {"",              KeyCode::F7,     &GSTSAPU::purchaseRatesKey},
+                  {kNumber,      KeyCode::Enter,  &GSTSAPU::voucherNumber   },
+                  {kDate,        KeyCode::Enter,  &GSTSAPU::voucherDate     },
+                  {kParty,       KeyCode::Enter,  &GSTSAPU::party           },
+                  {kShipTo,      KeyCode::Enter,  &GSTSAPU::shipTo          },
+                  {kBillType,    KeyCode::Enter,  &GSTSAPU::billType        },
+                  {kBillNumber,  KeyCode::Enter,  &GSTSAPU::billNumber      },
+                  {kPartyDate,   On::Focus,       &GSTSAPU::fillPartyDate   },
+                  {kItem,        KeyCode::Enter,  &GSTSAPU::item            },
+                  {kItem,        KeyCode::Insert, &GSTSAPU::newItem         },
+                  {kItem,        KeyCode::Down,   &GSTSAPU::lineDown        },
+                  {kItem,        KeyCode::Up,     &GSTSAPU::lineUp          },
+                  {kItem,        KeyCode::PgDn,   &GSTSAPU::endLines        },
+                  {kItem,        KeyCode::F10,    &GSTSAPU::deleteLine      },
+                  {kItemName,    KeyCode::Enter,  &GSTSAPU::itemName        },
+                  {kItemName,    On::Leave,       &GSTSAPU::keepFreeName    },
+                  {kUnit,        KeyCode::Enter,  &GSTSAPU::unit            },
+                  {kQuantity,    KeyCode::Enter,  &GSTSAPU::quantity        },
+                  {kRate,        KeyCode::Enter,  &GSTSAPU::rate            },
+                  {kRate,        On::Focus,       &GSTSAPU::rateHints       },
+                  {kRate,        KeyCode::F4,     &GSTSAPU::earlierSalesKey },
+                  {kDiscount,    KeyCode::Enter,  &GSTSAPU::discount        },
+                  {kCgstRate,    KeyCode::Enter,  &GSTSAPU::taxRate         },
+                  {kSgstRate,    KeyCode::Enter,  &GSTSAPU::taxRate         },
+                  {kIgstRate,    KeyCode::Enter,  &GSTSAPU::taxRate         },
+                  {kCgstAmount,  KeyCode::Enter,  &GSTSAPU::taxAmount       },
+                  {kSgstAmount,  KeyCode::Enter,  &GSTSAPU::taxAmount       },
+                  {kIgstAmount,  KeyCode::Enter,  &GSTSAPU::taxAmount       },
+                  {kCgstRate,    On::Leave,       &GSTSAPU::unlock          },
+                  {kSgstRate,    On::Leave,       &GSTSAPU::unlock          },
+                  {kIgstRate,    On::Leave,       &GSTSAPU::unlock          },
+                  {kCgstAmount,  On::Leave,       &GSTSAPU::unlock          },
+                  {kSgstAmount,  On::Leave,       &GSTSAPU::unlock          },
+                  {kIgstAmount,  On::Leave,       &GSTSAPU::unlock          },
+                  {kAmount,      KeyCode::Enter,  &GSTSAPU::amount          },
+                  {kAmount,      On::Leave,       &GSTSAPU::lock            },
+                  {kTransportId, KeyCode::Enter,  &GSTSAPU::transportId     },
+                  {kTransport,   KeyCode::Enter,  &GSTSAPU::transport       },
+                  {kDestination, KeyCode::Enter,  &GSTSAPU::destination     },
+                  {kParcels,     KeyCode::Enter,  &GSTSAPU::parcels         },
+                  {"CMDSAVE",    On::Click,       &GSTSAPU::save            },
+                  {"",           KeyCode::F6,     &GSTSAPU::partyRatesKey   },
+                  {"",           KeyCode::F7,     &GSTSAPU::purchaseRatesKey},
   });
   wireLookups(lookups(kind));
 }
@@ -81,20 +79,20 @@ GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind)
 
 void GSTSAPU::startNew() {
   const double next = lastVoucher(data(), kind_).number + 1;
-  put(0, next);
-  if (kind_.numbering.runsOn) put(62, next);
-  put(2, kind_.code);
-  putDate(0, host.today());
-  putDate(1, host.today());
-  for (const int n : {13, 15, 31}) text1(n).locked = true;
-  focus(at("MaskEdBox1", 0));
+  put(kNumber, next);
+  if (kind_.numbering.runsOn) put(kChallanNumber, next);
+  put(kBook, kind_.code);
+  put(kDate, host.today());
+  put(kLrDate, host.today());
+  for (const FieldName amount : {kCgstAmount, kSgstAmount, kIgstAmount}) at(amount).locked = true;
+  focus(at(kDate));
 }
 
-Go GSTSAPU::voucherNumber() { return trimmed(0).empty() ? helpHere() : number(); }
+Go GSTSAPU::voucherNumber() { return trimmed(kNumber).empty() ? helpHere() : number(); }
 
 // A text that is no date goes nowhere.
 Go GSTSAPU::voucherDate() {
-  const auto typedDate = date(0);
+  const auto typedDate = date(kDate);
   if (!typedDate) return Go::Stay;
   const std::string refusal = periodRefusal(*typedDate);
   if (refusal.empty()) return Go::On;
@@ -103,129 +101,111 @@ Go GSTSAPU::voucherDate() {
 }
 
 Go GSTSAPU::party() {
-  if (trimmed(4).empty()) return helpHere();
+  if (trimmed(kParty).empty()) return helpHere();
   return acceptParty() ? Go::On : Go::Stay;
 }
 
 bool GSTSAPU::acceptParty() {
-  const auto account = findAccount(4, "Text2");
+  const auto account = findAccount(kParty, kPartyName);
   if (!account) return false;
-  session().mlastacc = trimmed(4);
+  session().mlastacc = trimmed(kParty);
   phone_ = account->phone;
   takeState(*account);
-  at("Label1", 54).text = partyLines(*account);
+  at(kPartyFacts).text = partyLines(*account);
   if (mode != "ADD") return true;
-  if (kind_.dispatched) put(41, cut(account->area, text1(41).limit));
-  put(47, "TAX");
-  if (account->creditDays) put(27, *account->creditDays);
-  if (const auto id = findTransporter(data(), trimmed(42))) put(55, *id);
+  if (kind_.dispatched) put(kDestination, cut(account->area, at(kDestination).limit));
+  put(kBillType, "TAX");
+  if (account->creditDays) put(kCreditDays, *account->creditDays);
+  if (const auto id = findTransporter(data(), trimmed(kTransport))) put(kTransportId, *id);
   return true;
 }
 
 Go GSTSAPU::shipTo() {
-  if (trimmed(32).empty()) return helpHere();
+  if (trimmed(kShipTo).empty()) return helpHere();
   if (acceptShipTo()) return Go::On;
   textChanged();
   return Go::Stay;
 }
 
 bool GSTSAPU::acceptShipTo() {
-  if (findAccount(32, "Text3")) return true;
-  put(32, "");
-  set(at("Text3"), "");
+  if (findAccount(kShipTo, kShipToName)) return true;
+  put(kShipTo, "");
+  put(kShipToName, "");
   return false;
 }
 
 Go GSTSAPU::billType() {
-  if (trimmed(47).empty()) return helpHere();
-  if (mode == "ADD" && kind_.numbering.runsOn) put(43, nextBillNumber(data(), kind_, trimmed(47)));
+  if (trimmed(kBillType).empty()) return helpHere();
+  if (mode == "ADD" && kind_.numbering.runsOn)
+    put(kBillNumber, nextBillNumber(data(), kind_, trimmed(kBillType)));
   return Go::On;
 }
 
 Go GSTSAPU::billNumber() {
-  if (trimmed(43).empty()) {
+  if (trimmed(kBillNumber).empty()) {
     host.message("Blank Bill Number Not Allowed");
     return Go::Stay;
   }
-  if (!isDuplicateBill(data(), kind_, {trimmed(4), trimmed(47), trimmed(43), value(0)})) return Go::On;
+  if (!isDuplicateBill(data(), kind_,
+                       {trimmed(kParty), trimmed(kBillType), trimmed(kBillNumber), value(kNumber)}))
+    return Go::On;
   host.message("Duplicate Bill No Not Allowed");
   return Go::Stay;
 }
 
 // The party's own date starts from that of the voucher.
 void GSTSAPU::fillPartyDate() {
-  if (date(2)) return;
-  putDate(2, date(0));
+  if (date(kPartyDate)) return;
+  put(kPartyDate, date(kDate));
   edit::selectAll(here());
 }
 
 // Foot
 
 Go GSTSAPU::transport() {
-  const std::string name = trimmed(42);
+  const std::string name = trimmed(kTransport);
   if (name.empty()) return helpHere();
   const auto id = findTransporter(data(), name);
-  put(55, id ? *id : addTransporter(data(), name));
+  put(kTransportId, id ? *id : addTransporter(data(), name));
   return Go::On;
 }
 
 Go GSTSAPU::transportId() {
-  const auto name = transporterName(data(), value(55));
-  if (name) put(42, *name);
+  const auto name = transporterName(data(), value(kTransportId));
+  if (name) put(kTransport, *name);
   if (!name) host.message("Trnasport Name Not ADDed In Transport Master");
   return name ? Go::On : Go::Stay;
 }
 
-Go GSTSAPU::destination() { return trimmed(41).empty() ? helpHere() : Go::On; }
+Go GSTSAPU::destination() { return trimmed(kDestination).empty() ? helpHere() : Go::On; }
 
 // Saving and loading
 
 void GSTSAPU::save() {
-  const bool complete = value(0) != 0 && !trimmed(2).empty() && !trimmed(4).empty() && date(0);
-  if (!complete || !readAccount(data(), trimmed(4))) {
+  const bool complete =
+      value(kNumber) != 0 && !trimmed(kBook).empty() && !trimmed(kParty).empty() && date(kDate);
+  if (!complete || !readAccount(data(), trimmed(kParty))) {
     host.message("Invalid Entry", kCheck);
     return;
   }
-  store([this](const SaveStamp& stamp, Saving how) { return saveBill(data(), kind_, header(), stamp, how); });
+  store([this](const SaveStamp& stamp, Saving how) { return saveBill(data(), kind_, head(), stamp, how); });
 }
 
-std::optional<Date> GSTSAPU::partyDate() const {
-  if (kind_.words.billDate.empty()) return std::nullopt;
-  return date(2) ? date(2) : date(0);
-}
-
-BillHeader GSTSAPU::header() const {
-  return {.number = value(0),
-          .date = *date(0),
-          .party = textOf(4),
-          .shipTo = textOf(32),
-          .billType = textOf(47),
-          .billNumber = textOf(43),
-          .orderNumber = textOf(16),
-          .challanNumber = value(62),
-          .narration = textOf(29),
-          .transportId = value(55),
-          .transport = textOf(42),
-          .destination = textOf(41),
-          .lrNumber = textOf(40),
-          .parcels = textOf(45),
-          .creditDays = value(27),
-          .lrDate = date(1),
-          .partyDate = partyDate(),
-          .items = value(18),
-          .quantity = value(26),
-          .cgst = value(1),
-          .sgst = value(3),
-          .igst = value(20),
-          .roundOff = value(38),
-          .amount = value(28)};
+// A bill of the party has the date that was typed for it, else the voucher's own; ours have none.
+Fields GSTSAPU::head() const {
+  Fields row = writtenFields(Part::Head);
+  const auto given = date(kPartyDate) ? date(kPartyDate) : date(kDate);
+  setValue(row, "PRV_BDT", kind_.words.billDate.empty() ? Value() : Value(given));
+  return row;
 }
 
 SavedMessage GSTSAPU::closingMessage() const {
   return {
       .head = kind_.words.savedHead,
-      .facts = {{"Entry No", textOf(0)}, {"Party Name", at("Text2").text}, {"Invoice AMOUNT", textOf(28)}},
-      .eWayReminder = kind_.dispatched && value(28) > kEWayLimit,
+      .facts = {{"Entry No", text(kNumber)},
+                {"Party Name", text(kPartyName)},
+                {"Invoice AMOUNT", text(kNetAmount)}},
+      .eWayReminder = kind_.dispatched && value(kNetAmount) > kEWayLimit,
       .hints = kind_.words.savedHints,
       .aligned = false,
   };
@@ -244,60 +224,19 @@ bool GSTSAPU::load(double number) {
   }
   // Of what stood here before nothing may stay: neither a name nor the party's state.
   clearAll();
-  lineGrid().visible = true;
+  at(kLines).visible = true;
   loadLines(data(), kind_, number);
   lines_->requery();
-  showHeader(*bill);
+  showFields(*bill, Part::Head);
+  put(kBook, kind_.code);
+  put(kChallanNumber, "");  // a modify stores it as 0
   acceptParty();
-  if (!trimmed(32).empty()) acceptShipTo();
+  if (!trimmed(kShipTo).empty()) acceptShipTo();
   showCurrentLine();
   return true;
 }
 
-void GSTSAPU::showHeader(const Row& bill) {
-  struct Shown {
-    int field;
-    const char* column;
-  };
-  // The challan number is not among these: a modify stores it as 0.
-  constexpr Shown kTexts[] = {
-      {43, "BILL_NO"  },
-      {47, "BL_TYPE"  },
-      {2,  "BOOK_CD"  },
-      {4,  "PARTY_CD" },
-      {32, "CASH_CD"  },
-      {16, "ORDER_NO" },
-      {29, "NARRATION"},
-      {40, "GR_NO"    },
-      {41, "DESTI"    },
-      {42, "TRANSPORT"},
-      {45, "PARCLE"   }
-  };
-  constexpr Shown kFigures[] = {
-      {0,  "VOUCH_NO"  },
-      {18, "ITEM_AMT"  },
-      {26, "NO_OF_ITEM"},
-      {27, "CR_DAYS"   },
-      {28, "NET_AMT"   },
-      {38, "ROUND_OFF" },
-      {1,  "TCGSTRT"   },
-      {3,  "TSGSTRT"   },
-      {20, "TIGSTRT"   },
-      {55, "TRANS_CD"  }
-  };
-  for (const auto& [field, column] : kTexts) put(field, bill.text(column));
-  for (const auto& [field, column] : kFigures) put(field, bill.number(column));
-  putDate(0, bill.date("VOUCH_DT"));
-  putDate(1, bill.date("GR_DATE"));
-  putDate(2, bill.date("PRV_BDT"));
-}
-
 void GSTSAPU::clearHead() {
-  for (const int n : kHeadFields) put(n, "");
-  set(at("Text2"), "");
-  set(at("Text3"), "");
-  at("Label1", 54).text.clear();
-  phone_.clear();
-  for (const int n : {0, 1, 2}) putDate(n, std::nullopt);
-  partyState_ = 0;
+  VoucherScreen::clearHead();
+  put(kPartyFacts, "");
 }

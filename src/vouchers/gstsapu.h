@@ -22,8 +22,6 @@ class GSTSAPU : public VoucherScreen {
   void showLine(const Row& line) override;
   Fields lineFields() override;
   void sumLines() override;
-  Control& itemField() override { return text1(5); }
-  Control& afterLines() override { return text1(29); }
   std::string tutorial() const override { return links().*kind_.video; }
   SavedMessage closingMessage() const override;
 
@@ -42,7 +40,6 @@ class GSTSAPU : public VoucherScreen {
   void fillPartyDate();
   Go item();
   Go itemName();
-  void nameLeft() { keepFreeName(6, 46); }
   Go unit();
   void quantity();
   void rate();
@@ -63,10 +60,8 @@ class GSTSAPU : public VoucherScreen {
   void valueLine();
   void showAssess();
   void showNet();
-  Taxes typedTaxes() const { return {value(13), value(15), value(31)}; }
-  std::optional<Date> partyDate() const;
-  BillHeader header() const;
-  void showHeader(const Row& bill);
+  Taxes typedTaxes() const;
+  Fields head() const;
 
   void unlock() { here().locked = false; }
   void lock() { here().locked = true; }
@@ -76,7 +71,7 @@ class GSTSAPU : public VoucherScreen {
   void earlierSalesKey();
   void partyRatesKey();
   void purchaseRatesKey();
-  RateQuery rateQuery() const { return {trimmed(4), trimmed(5), trimmed(7)}; }
+  RateQuery rateQuery() const;
 
   LineValue line_;
 };

@@ -7,30 +7,26 @@
 
 // The line being typed: from its item to the work table and back.
 
-namespace {
-
-constexpr int kLineFields[] = {5, 6, 46, 7, 8, 9, 11, 12, 13, 10, 15, 19, 31, 14};
-
-}  // namespace
+using namespace fields;
 
 Go GSTSAPU::item() {
-  const std::string code = trimmed(5);
+  const std::string code = trimmed(kItem);
   if (code.empty()) return helpHere();
   if (endsLines()) return Go::Stay;
-  text1(6).enabled = isMisc();
+  at(kItemName).enabled = isMisc();
   const auto found = readSaleItem(data(), code);
   if (!found) {
     host.message("Check Item Code");
-    put(5, "");
+    put(kItem, "");
     textChanged();
-    text1(6).enabled = false;
+    at(kItemName).enabled = false;
     return Go::Stay;
   }
-  if (!isMisc()) put(6, found->name);
+  if (!isMisc()) put(kItemName, found->name);
   fillRates(found->rateOfTax);
-  put(7, found->unit);
+  put(kUnit, found->unit);
   if (!fillFromUnit()) host.message("Check Unit For This Item in Item Master");
-  focus(text1(46));
+  focus(at(kDetail));
   return Go::Stay;
 }
 
@@ -40,70 +36,70 @@ void GSTSAPU::fillRates(const std::optional<double>& rateOfTax) {
     host.message("SPECIFY RATE OF TAX IN ITEM");
     return;
   }
-  put(12, texts->cgst);
-  put(10, texts->sgst);
-  put(19, texts->igst);
+  put(kCgstRate, texts->cgst);
+  put(kSgstRate, texts->sgst);
+  put(kIgstRate, texts->igst);
 }
 
 // Rate and discount of the unit, where none has been typed; false when the item lacks the unit.
 bool GSTSAPU::fillFromUnit() {
   if (isMisc()) return true;
-  const auto rates = readUnit(data(), kind_, trimmed(5), trimmed(7));
+  const auto rates = readUnit(data(), kind_, trimmed(kItem), trimmed(kUnit));
   if (!rates) return false;
-  if (rates->rate > 0 && value(9) == 0) put(9, rates->rate);
-  if (rates->discount > 0 && value(11) == 0) put(11, rates->discount);
+  if (rates->rate > 0 && value(kRate) == 0) put(kRate, rates->rate);
+  if (rates->discount > 0 && value(kDiscount) == 0) put(kDiscount, rates->discount);
   return true;
 }
 
-Go GSTSAPU::itemName() { return trimmed(6).empty() ? helpHere() : Go::On; }
+Go GSTSAPU::itemName() { return trimmed(kItemName).empty() ? helpHere() : Go::On; }
 
 Go GSTSAPU::unit() {
-  if (trimmed(7).empty()) return helpHere();
+  if (trimmed(kUnit).empty()) return helpHere();
   if (fillFromUnit()) return Go::On;
   host.message("Check unit for this item");
   return Go::Stay;
 }
 
-void GSTSAPU::quantity() { put(8, quantityText(textOf(8))); }
+void GSTSAPU::quantity() { put(kQuantity, quantityText(text(kQuantity))); }
 
 void GSTSAPU::rate() {
-  put(9, value(9));
+  put(kRate, value(kRate));
   valueLine();
 }
 
 Go GSTSAPU::discount() {
-  put(11, value(11));
-  if (discountRefused(value(11))) {
+  put(kDiscount, value(kDiscount));
+  if (discountRefused(value(kDiscount))) {
     host.message("Discount can not be greater than 100%");
-    put(11, "");
+    put(kDiscount, "");
     return Go::Stay;
   }
   valueLine();
-  line_.tax({value(12), value(10), value(19)});
-  put(13, line_.amounts.cgst);
-  put(15, line_.amounts.sgst);
-  put(31, line_.amounts.igst);
+  line_.tax({value(kCgstRate), value(kSgstRate), value(kIgstRate)});
+  put(kCgstAmount, line_.amounts.cgst);
+  put(kSgstAmount, line_.amounts.sgst);
+  put(kIgstAmount, line_.amounts.igst);
   showNet();
-  focus(text1(14));
+  focus(at(kAmount));
   return Go::Stay;
 }
 
 // A rate typed by hand gives its amount, on the value last worked out.
 Go GSTSAPU::taxRate() {
   struct Pair {
-    int rate, amount;
+    FieldName rate, amount;
     double Taxes::*tax;
   };
   for (const Pair p : {
-           Pair{12, 13, &Taxes::cgst},
-           {10, 15, &Taxes::sgst},
-           {19, 31, &Taxes::igst}
+           Pair{kCgstRate, kCgstAmount, &Taxes::cgst},
+           {kSgstRate, kSgstAmount, &Taxes::sgst},
+           {kIgstRate, kIgstAmount, &Taxes::igst}
   }) {
-    if (here().index != p.rate) continue;
+    if (!isHere(p.rate)) continue;
     line_.rates.*p.tax = value(p.rate);
     line_.amounts.*p.tax = line_.taxAt(value(p.rate));
     put(p.amount, line_.amounts.*p.tax);
-    focus(text1(p.amount));
+    focus(at(p.amount));
   }
   return Go::Stay;
 }
@@ -113,67 +109,48 @@ Go GSTSAPU::taxAmount() {
   valueLine();
   line_.take(typedTaxes());
   showNet();
-  focus(text1(here().index == 13 ? 10 : here().index == 15 ? 19 : 14));
+  focus(at(isHere(kCgstAmount) ? kSgstRate : isHere(kSgstAmount) ? kIgstRate : kAmount));
   return Go::Stay;
 }
 
+Taxes GSTSAPU::typedTaxes() const { return {value(kCgstAmount), value(kSgstAmount), value(kIgstAmount)}; }
+
 void GSTSAPU::valueLine() {
-  line_.value(value(8), value(9), value(11));
+  line_.value(value(kQuantity), value(kRate), value(kDiscount));
   showAssess();
   showNet();
-  const BillTotal preview = billPreview(value(18), {value(1), value(3), value(20)});
-  put(38, preview.roundOff);
-  put(28, preview.amount);
+  const BillTotal preview =
+      billPreview(value(kItemsAmount), {value(kCgstTotal), value(kSgstTotal), value(kIgstTotal)});
+  put(kRoundOff, preview.roundOff);
+  put(kNetAmount, preview.amount);
 }
 
-void GSTSAPU::showAssess() { at("Label1", 31).text = Format(line_.assess, "0.00"); }
+void GSTSAPU::showAssess() { at(kAssessable).text = Format(line_.assess, "0.00"); }
 
-void GSTSAPU::showNet() { put(14, line_.shownNet()); }
+void GSTSAPU::showNet() { put(kAmount, line_.shownNet()); }
 
 Go GSTSAPU::amount() {
-  if (trimmed(5).empty() || trimmed(7).empty()) {
-    focus(text1(5));
+  if (trimmed(kItem).empty() || trimmed(kUnit).empty()) {
+    focus(at(kItem));
     return Go::Stay;
   }
-  session().mlastitem = trimmed(5);
+  session().mlastitem = trimmed(kItem);
   storeLine();
   return Go::Stay;
 }
 
 Fields GSTSAPU::lineFields() {
-  const Session& s = session();
   const Moment now = host.now();
+  Fields line = VoucherScreen::lineFields();
   // clang-format off
-  Fields line = {
-      {"VOUCH_NO",   value(0)},
-      {"VOUCH_DT",   date(0)},
+  for (Field& f : Fields{
       {"VOUCH_TIME", Clock{now.hour, now.minute}},
-      {"BOOK_CD",    kind_.code},
-      {"SR_NO",      lines_->serial()},
-      {"ITEM_CD",    trimmed(5)},
-      {"ITEM_NAME",  trimmed(6)},
-      {"SIZE_CD",    textOf(7)},
-      {"QUANTITY",   value(8)},
-      {"RATE",       value(9)},
-      {"SALE_DISC",  value(11)},
-      {"AMOUNT",     storedAmount(value(8), value(9), value(11))},
-      {"NET_AMOUNT", value(14)},
-      {"ORDER_NO",   value(16)},
-      {"ITEM_DESC",  trimmed(46)},
-      {"CHLN_DT",    date(0)},
+      {"AMOUNT",     storedAmount(value(kQuantity), value(kRate), value(kDiscount))},
+      {"ORDER_NO",   value(kOrderNumber)},
+      {"CHLN_DT",    date(kDate)},
       {"BLTYPE",     "TAX"},
-      {"CGSTRT",     value(12)},
-      {"SGSTRT",     value(10)},
-      {"IGSTRT",     value(19)},
-      {"CGSTAMT",    value(13)},
-      {"SGSTAMT",    value(15)},
-      {"IGSTAMT",    value(31)},
       {"GSTPOST",    1},
-      {"DEPT_CD",    "E001"},
-      {"MOBNOCO",    s.mmobile},
-      {"DATANM",     s.mdataname},
-      {"DATASENT",   "N"},
-  };
+  }) line.push_back(std::move(f));
   // clang-format on
   for (const char* column : {"ITEM_SNAME", "MFG_DT", "EXP_DT", "YOUR_REF", "CUR_NM"})
     line.push_back({column, "."});
@@ -184,29 +161,15 @@ Fields GSTSAPU::lineFields() {
 }
 
 void GSTSAPU::showLine(const Row& line) {
-  put(5, line.text("ITEM_CD"));
-  put(6, line.text("ITEM_NAME"));
-  text1(6).enabled = isMisc();
-  put(46, line.text("ITEM_DESC"));
-  put(7, line.text("SIZE_CD"));
-  put(8, quantityText(line.text("QUANTITY")));
-  put(9, line.number("RATE"));
-  put(11, line.number("SALE_DISC"));
-  put(12, line.number("CGSTRT"));
-  put(13, line.number("CGSTAMT"));
-  put(10, line.number("SGSTRT"));
-  put(15, line.number("SGSTAMT"));
-  put(19, line.number("IGSTRT"));
-  put(31, line.number("IGSTAMT"));
-  put(14, line.number("NET_AMOUNT"));
+  VoucherScreen::showLine(line);
+  put(kQuantity, quantityText(line.text("QUANTITY")));
   // What a tax rate typed over is worked out on; the taxes themselves are figured anew.
-  line_.value(value(8), value(9), value(11));
+  line_.value(value(kQuantity), value(kRate), value(kDiscount));
   showAssess();
 }
 
 void GSTSAPU::clearLine() {
-  for (const int n : kLineFields) put(n, "");
-  text1(6).enabled = false;
+  VoucherScreen::clearLine();
   line_ = {};
   showAssess();
 }
@@ -214,15 +177,18 @@ void GSTSAPU::clearLine() {
 // A column that sums to nothing leaves its field as it is.
 void GSTSAPU::sumLines() {
   const auto sums = lines_->sums({"AMOUNT", "QUANTITY", "CGSTAMT", "SGSTAMT", "IGSTAMT"});
-  constexpr int kTotals[] = {18, 26, 1, 3, 20};
+  constexpr FieldName kTotals[] = {kItemsAmount, kTotalQuantity, kCgstTotal, kSgstTotal, kIgstTotal};
   for (size_t i = 0; i < sums.size(); ++i)
     if (sums[i]) put(kTotals[i], Round(*sums[i], 2));
-  const BillTotal total = billTotal(value(18), {value(1), value(3), value(20)});
-  put(28, total.amount);
-  put(38, total.roundOff);
+  const BillTotal total =
+      billTotal(value(kItemsAmount), {value(kCgstTotal), value(kSgstTotal), value(kIgstTotal)});
+  put(kNetAmount, total.amount);
+  put(kRoundOff, total.roundOff);
 }
 
 // The rate grid
+
+RateQuery GSTSAPU::rateQuery() const { return {trimmed(kParty), trimmed(kItem), trimmed(kUnit)}; }
 
 void GSTSAPU::rateHints() {
   if (!backFromRates()) showRates(latestSales(data(), kind_, rateQuery()));

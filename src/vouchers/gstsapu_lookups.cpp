@@ -1,5 +1,7 @@
 #include "vouchers/gstsapu.h"
 
+using namespace fields;
+
 namespace {
 
 const SelectColumn kDay{"format(SALE.vouch_dt,'dd/MM/yy')", 0, "VDT"};
@@ -149,35 +151,35 @@ std::vector<GSTSAPU::KeyLookup> GSTSAPU::lookups(const VoucherKind& kind) {
                              {"SALE.NET_AMT"},     {"ACCOUNT.AREA"}, {"ACCOUNT_1.ACC_NAME"}};
   // clang-format off
   return {
-      {"Text1(0)",  Enter, postedBills(), {Book}},
-      {"Text1(0)",  F1,    bills({"SALE.BILL_NO"}, ofBill), {Book}},
-      {"Text1(0)",  F2,    bills({"SALE.GR_NO"}, ofBill), {Book}},
-      {"Text1(0)",  F3,    bills({"SALE.transport"}, ofBill), {Book}},
-      {"Text1(0)",  F4,    bills(amountText("NET_AMT", "NAMT"), {{"ACCOUNT.ACC_NAME"}, kDay, {"bill_no"}, {"ACCOUNT.AREA"}, {"ACCOUNT.CITY"}}), {Book}},
-      {"Text1(0)",  F5,    bills({"format(VOUCH_DT,'dd/MMM/yyyy')", 0, "DT1"}, {{"ACCOUNT.ACC_NAME"}, {"NET_AMT"}, {"bill_no"}, {"ACCOUNT.AREA"}, {"ACCOUNT.CITY"}}), {Book}},
-      {"Text1(0)",  F8,    bills(ofAccount("GSTINNO", "SALE.PARTY_CD"), {{"BILL_NO"}, {"vouch_dt"}, {"NET_AMT"}, {"ACCOUNT.AREA"}, {"ACCOUNT.ACC_NAME"}, {"BL_TYPE"}}), {Book}},
-      {"Text1(0)",  F9,    bills({"CNAME"}, {{"SALE.BILL_NO"}, kDay, {"SALE.NET_AMT"}, {"CMOBNO"}}), {Book}},
-      {"Text1(0)",  F10,   bills({"CMOBNO"}, {{"SALE.BILL_NO"}, kDay, {"SALE.NET_AMT"}, {"CNAME"}}), {Book}},
-      {"Text1(0)",  F11,   billLines(), {Book}},
-      {"Text1(4)",  Enter, parties(kind.party.offered)},
-      {"Text1(4)",  F1,    accounts({{"ACC_CD"}, {"AREA"}, {"acc_name"}, {"CITY"}})},
-      {"Text1(4)",  F2,    accounts({{"ACC_CD"}, {"city"}, {"acc_name"}, {"area"}})},
-      {"Text1(4)",  F4,    parties("group_cd > 74")},
-      {"Text1(4)",  F8,    partiesByGstin()},
-      {"Text1(32)", Enter, parties(kind.party.offered)},
-      {"Text1(32)", F8,    partiesByGstin()},
-      {"Text1(47)", Enter, valuesOf("SALE", "bl_type")},
-      {"Text1(5)",  Enter, items()},
-      {"Text1(5)",  F1,    itemUnits(), {}, true},
-      {"Text1(5)",  F2,    itemUnits()},
-      {"Text1(6)",  Enter, valuesOf("SALEITM", "ITEM_DESC")},
-      {"Text1(46)", F1,    valuesOf("SALEITM", "item_desc")},
-      {"Text1(46)", F2,    soldUnderOtherNames(), {Item, Book}},
-      {"Text1(7)",  Enter, units(), {Item}},
-      {"Text1(29)", F1,    valuesOf("SALE", "NARRATION")},
-      {"Text1(42)", Enter, transporters()},
-      {"Text1(41)", Enter, valuesOf("SALE", "DESTI")},
-      {"Text1(40)", F1,    valuesOf("SALE", "GR_NO")},
+      {kNumber,  Enter, postedBills(), {Book}},
+      {kNumber,  F1,    bills({"SALE.BILL_NO"}, ofBill), {Book}},
+      {kNumber,  F2,    bills({"SALE.GR_NO"}, ofBill), {Book}},
+      {kNumber,  F3,    bills({"SALE.transport"}, ofBill), {Book}},
+      {kNumber,  F4,    bills(amountText("NET_AMT", "NAMT"), {{"ACCOUNT.ACC_NAME"}, kDay, {"bill_no"}, {"ACCOUNT.AREA"}, {"ACCOUNT.CITY"}}), {Book}},
+      {kNumber,  F5,    bills({"format(VOUCH_DT,'dd/MMM/yyyy')", 0, "DT1"}, {{"ACCOUNT.ACC_NAME"}, {"NET_AMT"}, {"bill_no"}, {"ACCOUNT.AREA"}, {"ACCOUNT.CITY"}}), {Book}},
+      {kNumber,  F8,    bills(ofAccount("GSTINNO", "SALE.PARTY_CD"), {{"BILL_NO"}, {"vouch_dt"}, {"NET_AMT"}, {"ACCOUNT.AREA"}, {"ACCOUNT.ACC_NAME"}, {"BL_TYPE"}}), {Book}},
+      {kNumber,  F9,    bills({"CNAME"}, {{"SALE.BILL_NO"}, kDay, {"SALE.NET_AMT"}, {"CMOBNO"}}), {Book}},
+      {kNumber,  F10,   bills({"CMOBNO"}, {{"SALE.BILL_NO"}, kDay, {"SALE.NET_AMT"}, {"CNAME"}}), {Book}},
+      {kNumber,  F11,   billLines(), {Book}},
+      {kParty,  Enter, parties(kind.party.offered)},
+      {kParty,  F1,    accounts({{"ACC_CD"}, {"AREA"}, {"acc_name"}, {"CITY"}})},
+      {kParty,  F2,    accounts({{"ACC_CD"}, {"city"}, {"acc_name"}, {"area"}})},
+      {kParty,  F4,    parties("group_cd > 74")},
+      {kParty,  F8,    partiesByGstin()},
+      {kShipTo, Enter, parties(kind.party.offered)},
+      {kShipTo, F8,    partiesByGstin()},
+      {kBillType, Enter, valuesOf("SALE", "bl_type")},
+      {kItem,  Enter, items()},
+      {kItem,  F1,    itemUnits(), {}, true},
+      {kItem,  F2,    itemUnits()},
+      {kItemName,  Enter, valuesOf("SALEITM", "ITEM_DESC")},
+      {kDetail, F1,    valuesOf("SALEITM", "item_desc")},
+      {kDetail, F2,    soldUnderOtherNames(), {Item, Book}},
+      {kUnit,  Enter, units(), {Item}},
+      {kNarration, F1,    valuesOf("SALE", "NARRATION")},
+      {kTransport, Enter, transporters()},
+      {kDestination, Enter, valuesOf("SALE", "DESTI")},
+      {kLrNumber, F1,    valuesOf("SALE", "GR_NO")},
   };
   // clang-format on
 }

@@ -8,7 +8,6 @@
 namespace {
 
 constexpr int kReferenceLength = 4;
-constexpr const char* kTerms[] = {"DESC1", "DESC2", "DESC3", "DESC4", "DESC5", "DESC6", "DESC7", "DESC8"};
 constexpr const char* kNil[] = {
     "DISC_PERC", "DISC_AMT", "CHRG_AMT", "CHRG_PERC", "TAX_PERC", "TAX_AMT",
     "ATAX_PERC", "ATAX_AMT", "TCSTRT",   "TCSTAMT",   "PI_CH_NO",
@@ -23,23 +22,12 @@ constexpr const char* kLineColumns =
     " CGSTAMT, SGSTAMT, IGSTAMT, TCSRT, TCSAMT, ASSIVAL";
 // clang-format on
 
-Fields headerRow(const VoucherKind& kind, const QuotationHeader& q, const SaveStamp& stamp) {
+Fields headRow(const VoucherKind& kind, const Fields& offer, const SaveStamp& stamp) {
+  Fields row = trimmedTexts(offer);
+  setValue(row, "NET_AMT", Round(valueOf(row, "NET_AMT").number(), 0));
   // clang-format off
-  Fields row = {
-      {"VOUCH_NO",    q.number},
-      {"VOUCH_DT",    q.date},
-      {"PARTY_CD",    trim(q.party)},
-      {"BL_PARTY_CD", trim(q.party)},
-      {"REF_NO",      trim(q.reference)},
-      {"TO_NAME",     trim(q.attention)},
-      {"SUB_DESC",    trim(q.subject)},
-      {"YOUR_REF_NO", trim(q.yourReference)},
-      {"TOTQTY",      q.quantity},
-      {"TCGST",       q.cgst},
-      {"TSGST",       q.sgst},
-      {"TIGST",       q.igst},
-      {"ITEM_AMT",    q.items},
-      {"NET_AMT",     Round(q.amount, 0)},
+  for (Field& f : Fields{
+      {"BL_PARTY_CD", valueOf(row, "PARTY_CD")},
       {"ENTRY_TYP",   kind.code},
       {"USER_CD",     stamp.user},
       {"ENT_DT",      stamp.now.date},
@@ -47,30 +35,29 @@ Fields headerRow(const VoucherKind& kind, const QuotationHeader& q, const SaveSt
       {"MOBNOCO",     stamp.mobile},
       {"DATANM",      stamp.dataName},
       {"DATASENT",    "N"},
-  };
+  }) row.push_back(std::move(f));
   // clang-format on
-  for (size_t i = 0; i < q.terms.size(); ++i) row.push_back({kTerms[i], trim(q.terms[i])});
   for (const char* column : kNil) row.push_back({column, 0});
   return row;
 }
 
 }  // namespace
 
-bool saveQuotation(Database& db, const VoucherKind& kind, const QuotationHeader& offer,
-                   const SaveStamp& stamp, Saving how) {
+bool saveQuotation(Database& db, const VoucherKind& kind, const Fields& offer, const SaveStamp& stamp,
+                   Saving how) {
+  const Value number = valueOf(offer, "VOUCH_NO");
   Transaction all(db);
-  if (how == Saving::Fresh && db.first("SELECT VOUCH_NO FROM QUOT WHERE VOUCH_NO = ?", offer.number))
-    return false;
-  db.exec("DELETE FROM QUOT WHERE VOUCH_NO = ? AND ENTRY_TYP = 'QUOTATION'", offer.number);
-  db.exec("DELETE FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = 'QUOTATION'", offer.number);
-  insertRow(db, "QUOT", headerRow(kind, offer, stamp));
+  if (how == Saving::Fresh && db.first("SELECT VOUCH_NO FROM QUOT WHERE VOUCH_NO = ?", number)) return false;
+  db.exec("DELETE FROM QUOT WHERE VOUCH_NO = ? AND ENTRY_TYP = 'QUOTATION'", number);
+  db.exec("DELETE FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = 'QUOTATION'", number);
+  insertRow(db, "QUOT", headRow(kind, offer, stamp));
   // Lines typed before number or date were changed belong to the offer all the same.
-  db.exec("UPDATE T_QUOTITM SET VOUCH_DT = ?, VOUCH_NO = ?", offer.date, offer.number);
+  db.exec("UPDATE T_QUOTITM SET VOUCH_DT = ?, VOUCH_NO = ?", valueOf(offer, "VOUCH_DT"), number);
   const std::string columns = kLineColumns;
   db.exec("INSERT INTO QUOTITM (" + columns + ", QUANTITY, RATE, AMOUNT, TNO) SELECT " + columns +
               ", NUMTEXT(QUANTITY), NUMTEXT(RATE), NUMTEXT(AMOUNT), NUMTEXT(TNO)"
               " FROM T_QUOTITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)",
-          offer.number, kMiscItem);
+          number, kMiscItem);
   all.commit();
   return true;
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
 
@@ -12,22 +11,11 @@
 // Storing, loading and deleting an offer. Kinds share the table and are told apart by ENTRY_TYP,
 // which takes the entry type; the number alone is the key. Neither ledger nor stock follows an offer.
 
-// The header as the screen holds it; texts are trimmed where they are kept.
-struct QuotationHeader {
-  double number = 0;
-  std::optional<Date> date;
-  std::string party, reference, attention, subject, yourReference;
-  std::array<std::string, 8> terms;  // DESC1 to DESC8
-  double quantity = 0, cgst = 0, sgst = 0, igst = 0;
-  double items = 0;   // of the lines, taxes included
-  double amount = 0;  // the same in whole rupees
-};
-
 // One transaction. The stored offer that it takes the place of is looked for among quotations
 // alone, so an offer of another kind is not replaced: saving it again fails on its number and
 // changes nothing. False when a fresh number is taken, by whatever kind.
-bool saveQuotation(Database& db, const VoucherKind& kind, const QuotationHeader& offer,
-                   const SaveStamp& stamp, Saving how);
+bool saveQuotation(Database& db, const VoucherKind& kind, const Fields& offer, const SaveStamp& stamp,
+                   Saving how);
 void deleteQuotation(Database& db, const VoucherKind& kind, double number);
 
 bool hasQuotations(Database& db, const VoucherKind& kind);

@@ -1,29 +1,27 @@
 #include "vouchers/receipts.h"
 
-#include "base/number.h"
+#include <utility>
+
 #include "base/text.h"
 #include "store/balances.h"
 #include "store/row_writer.h"
 
 namespace {
 
-Fields rowOf(const VoucherKind& kind, const MoneyVoucher& v) {
-  return {
-      {"VOUCH_NO",   v.number         },
-      {"VOUCH_DT",   v.date           },
-      {"REF_NO",     numText(v.number)},
-      {"BOOK_CD",    kind.code        },
-      {"CSHBNK_CD",  trim(v.account)  },
-      {"PARTY_CD",   trim(v.party)    },
-      {"AMOUNT",     v.amount         },
-      {"NARRATION",  trim(v.narration)},
-      {"VOUCH_TYPE", "."              },
-      {"CHQ_NO",     "."              },
-      {"NARRATION1", "."              },
-      {"NARRATION2", "."              },
-      {"CHQ_CLG_DT", v.date           },
-      {"RPTPAY_DTL", "A"              },
-  };
+Fields rowOf(const VoucherKind& kind, const Fields& voucher) {
+  Fields row = trimmedTexts(voucher);
+  for (Field& f : Fields{
+           {"REF_NO",     valueOf(voucher, "VOUCH_NO").text()},
+           {"BOOK_CD",            kind.code                  },
+           {"VOUCH_TYPE",            "."},
+           {"CHQ_NO",            "."                      },
+           {"NARRATION1",            "."},
+           {"NARRATION2",            "."                      },
+           {"CHQ_CLG_DT",            valueOf(voucher,"VOUCH_DT")},
+           {"RPTPAY_DTL", "A"                      }
+  })
+    row.push_back(std::move(f));
+  return row;
 }
 
 void unpost(Database& db, const std::string& bookCode, double number) {
@@ -56,24 +54,25 @@ std::optional<Row> findMoneyVoucher(Database& db, const VoucherKind& kind, doubl
       kind.code, number);
 }
 
-void storeMoneyVoucher(Database& db, const VoucherKind& kind, const MoneyVoucher& voucher) {
-  const auto standing = findMoneyVoucher(db, kind, voucher.number);
+void storeMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher) {
+  const double number = valueOf(voucher, "VOUCH_NO").number();
+  const auto standing = findMoneyVoucher(db, kind, number);
   const Fields row = rowOf(kind, voucher);
   if (standing)
     updateRows(db, "RPTPAY", row, "rowid = ?", {standing->value("ITS_ROW")});
   else
     insertRow(db, "RPTPAY", row);
-  post(db, kind, voucher.number);
+  post(db, kind, number);
 }
 
-bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const MoneyVoucher& voucher, Saving how) {
+bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher, Saving how) {
   Transaction all(db);
-  if (how == Saving::Fresh && findMoneyVoucher(db, kind, voucher.number)) return false;
+  if (how == Saving::Fresh && findMoneyVoucher(db, kind, valueOf(voucher, "VOUCH_NO").number())) return false;
   // A repair that has its place here: statements print the number as it stands.
   db.exec("UPDATE ACCOUNT SET GSTINNO = '.' WHERE GSTINNO IS NULL");
   storeMoneyVoucher(db, kind, voucher);
-  RebuildOneBalance(db, trim(voucher.account));
-  RebuildOneBalance(db, trim(voucher.party));
+  RebuildOneBalance(db, trim(valueOf(voucher, "CSHBNK_CD").text()));
+  RebuildOneBalance(db, trim(valueOf(voucher, "PARTY_CD").text()));
   all.commit();
   return true;
 }

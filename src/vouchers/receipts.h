@@ -14,15 +14,6 @@
 // RPTPAY and two of ALEDGER, one for each of its two accounts; it is always on account, never
 // against single bills. Unlike a bill, it moves the stored balances of both accounts at once.
 
-struct MoneyVoucher {
-  double number = 0;
-  Date date{};
-  std::string account;  // cash or bank
-  std::string party;
-  double amount = 0;
-  std::string narration;
-};
-
 // One more than the highest number that is stored; 1 in an empty book.
 double nextMoneyNumber(Database& db, const VoucherKind& kind);
 std::optional<Row> findMoneyVoucher(Database& db, const VoucherKind& kind, double number);
@@ -30,9 +21,9 @@ std::optional<Row> findMoneyVoucher(Database& db, const VoucherKind& kind, doubl
 // The row, its ledger rows and the balances of its two accounts, all or nothing. False when a fresh
 // voucher's number is taken; nothing has changed then. A party or account that a modify leaves
 // behind keeps its old balance until the balances are next refreshed.
-bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const MoneyVoucher& voucher, Saving how);
+bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher, Saving how);
 // The row and its ledger rows alone, inside the caller's transaction, in the place of a stored one.
-void storeMoneyVoucher(Database& db, const VoucherKind& kind, const MoneyVoucher& voucher);
+void storeMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher);
 // Takes the row with its ledger rows away, and rebuilds the balances of its two accounts.
 void deleteMoneyVoucher(Database& db, const VoucherKind& kind, double number);
 

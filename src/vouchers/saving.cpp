@@ -1,7 +1,9 @@
 #include "vouchers/saving.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "base/text.h"
-#include "store/row_writer.h"
 #include "vouchers/items.h"
 #include "vouchers/ledger_rows.h"
 #include "vouchers/numbering.h"
@@ -34,47 +36,30 @@ constexpr const char* kLineColumns =
     " MOBNOCO, DATANM, DATASENT";
 // clang-format on
 
-Fields headerRow(Database& db, const VoucherKind& kind, const BillHeader& b, const SaveStamp& stamp) {
+Fields headRow(Database& db, const VoucherKind& kind, const Fields& bill, const SaveStamp& stamp) {
   const Clock time{stamp.now.hour, stamp.now.minute};
-  const Date today = stamp.now.date;
+  const Value today = stamp.now.date, date = valueOf(bill, "VOUCH_DT");
+  const auto given = [&](const char* column, const Value& otherwise) {
+    const Value value = valueOf(bill, column);
+    return value.isNull() ? otherwise : value;
+  };
+  Fields row = trimmedTexts(bill);
+  setValue(row, "PRV_BDT", given("PRV_BDT", today));
+  setValue(row, "GR_DATE", given("GR_DATE", date));
   // clang-format off
-  Fields row = {
-      {"VOUCH_NO",      b.number},
-      {"VOUCH_DT",      b.date},
+  for (Field& f : Fields{
       {"VOUCH_TIME",    time},
       {"ENT_TIME",      time},
       {"BL_TIME",       time},
       {"TIME_GOODS",    time},
-      {"BILL_NO",       trim(b.billNumber)},
-      {"BL_TYPE",       trim(b.billType)},
       {"BOOK_CD",       kind.code},
-      {"PARTY_CD",      trim(b.party)},
-      {"ORDER_NO",      trim(b.orderNumber)},
       {"SALE_CD",       kind.ledger.goods},
       {"DESPATCH_FROM", kind.ledger.goods},
-      {"ORDER_DT",      formatDate(b.date, "dd/MMM/yyyy")},
-      {"CHLN_DT",       b.date},
-      {"DT_GOODS",      b.date},
-      {"ACK_DT",        b.date},
-      {"PRV_BDT",       b.partyDate.value_or(today)},
+      {"ORDER_DT",      formatDate(date.date().value(), "dd/MMM/yyyy")},
+      {"CHLN_DT",       date},
+      {"DT_GOODS",      date},
+      {"ACK_DT",        date},
       {"ENT_DT",        today},
-      {"ITEM_AMT",      b.items},
-      {"NO_OF_ITEM",    b.quantity},
-      {"CR_DAYS",       b.creditDays},
-      {"NET_AMT",       b.amount},
-      {"ROUND_OFF",     b.roundOff},
-      {"TCGSTRT",       b.cgst},
-      {"TSGSTRT",       b.sgst},
-      {"TIGSTRT",       b.igst},
-      {"NARRATION",     trim(b.narration)},
-      {"CASH_CD",       trim(b.shipTo)},
-      {"DESTI",         trim(b.destination)},
-      {"GR_NO",         trim(b.lrNumber)},
-      {"TRANSPORT",     trim(b.transport)},
-      {"PARCLE",        trim(b.parcels)},
-      {"GR_DATE",       b.lrDate.value_or(b.date)},
-      {"CHLN_NO",       b.challanNumber},
-      {"TRANS_CD",      b.transportId},
       {"GSTPOST",       1},
       {"GWDN",          1},
       {"SMAN_CD",       "S001"},
@@ -82,42 +67,64 @@ Fields headerRow(Database& db, const VoucherKind& kind, const BillHeader& b, con
       {"MOBNOCO",       stamp.mobile},
       {"DATANM",        stamp.dataName},
       {"DATASENT",      "N"},
-  };
+  }) row.push_back(std::move(f));
   // clang-format on
   for (const char* column : kDots) row.push_back({column, "."});
   for (const char* column : kNil) row.push_back({column, 0});
-  const std::string govId = transporterGovId(db, trim(b.transport));
+  const std::string govId = transporterGovId(db, valueOf(row, "TRANSPORT").text());
   if (!govId.empty()) row.push_back({"TRANS_GOV_ID", govId});
   return row;
 }
 
 }  // namespace
 
-bool saveBill(Database& db, const VoucherKind& kind, const BillHeader& bill, const SaveStamp& stamp,
-              Saving how) {
+Value valueOf(const Fields& row, std::string_view column) {
+  const auto found = std::ranges::find(row, column, &Field::column);
+  return found == row.end() ? Value() : found->value;
+}
+
+void setValue(Fields& row, std::string_view column, Value value) {
+  const auto found = std::ranges::find(row, column, &Field::column);
+  if (found == row.end())
+    row.push_back({column, std::move(value)});
+  else
+    found->value = std::move(value);
+}
+
+Fields trimmedTexts(Fields row) {
+  for (Field& f : row)
+    if (f.value.isText()) f.value = trim(f.value.text());
+  return row;
+}
+
+bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const SaveStamp& stamp, Saving how) {
+  const auto figure = [&](const char* column) { return valueOf(bill, column).number(); };
+  const auto text = [&](const char* column) { return valueOf(bill, column).text(); };
+  const double number = figure("VOUCH_NO");
+  const Date date = valueOf(bill, "VOUCH_DT").date().value();
   Transaction all(db);
-  if (how == Saving::Fresh && isStored(db, kind, bill.number)) return false;
-  deleteBill(db, kind, bill.number);
-  insertRow(db, "SALE", headerRow(db, kind, bill, stamp));
-  db.exec("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", bill.date, bill.number);
+  if (how == Saving::Fresh && isStored(db, kind, number)) return false;
+  deleteBill(db, kind, number);
+  insertRow(db, "SALE", headRow(db, kind, bill, stamp));
+  db.exec("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
   // A line of no quantity stays behind, though its amounts are in the totals.
   const std::string columns = kLineColumns;
   db.exec("INSERT INTO SALEITM (" + columns + ") SELECT " + columns +
               " FROM T_SLITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
               " ORDER BY VOUCH_NO, BOOK_CD",
-          bill.number, kMiscItem);
-  postVoucher(db, {bill.number, bill.date, kind.code},
-              billRows({.party = trim(bill.party),
-                        .amount = bill.amount,
-                        .items = bill.items,
-                        .cgst = bill.cgst,
-                        .sgst = bill.sgst,
-                        .igst = bill.igst,
-                        .roundOff = bill.roundOff,
-                        .billNumber = bill.billNumber,
-                        .narration = bill.narration,
-                        .lrNumber = bill.lrNumber,
-                        .creditDays = bill.creditDays},
+          number, kMiscItem);
+  postVoucher(db, {number, date, kind.code},
+              billRows({.party = trim(text("PARTY_CD")),
+                        .amount = figure("NET_AMT"),
+                        .items = figure("ITEM_AMT"),
+                        .cgst = figure("TCGSTRT"),
+                        .sgst = figure("TSGSTRT"),
+                        .igst = figure("TIGSTRT"),
+                        .roundOff = figure("ROUND_OFF"),
+                        .billNumber = text("BILL_NO"),
+                        .narration = text("NARRATION"),
+                        .lrNumber = text("GR_NO"),
+                        .creditDays = figure("CR_DAYS")},
                        kind));
   all.commit();
   return true;

@@ -6,26 +6,20 @@
 #include "base/date.h"
 #include "frame/voucher_kinds.h"
 #include "store/database.h"
+#include "store/row_writer.h"
 
 // Storing, loading and deleting a bill. A save is one transaction: the header row, its lines
 // out of the work table and its ledger rows are written afresh as a whole or not at all. Every
 // header column that the screen has no field for takes its constant again, so a modify resets
 // what it does not show. Balances and stock do not follow a bill.
 
-// The header as the screen holds it; texts are trimmed where the header keeps them.
-struct BillHeader {
-  double number = 0;
-  Date date{};
-  std::string party, shipTo, billType, billNumber, orderNumber;
-  double challanNumber = 0;
-  std::string narration;
-  double transportId = 0;
-  std::string transport, destination, lrNumber, parcels;
-  double creditDays = 0;
-  std::optional<Date> lrDate;       // none: the bill's date
-  std::optional<Date> partyDate{};  // that the party gave its bill; none: the day of the save
-  double items = 0, quantity = 0, cgst = 0, sgst = 0, igst = 0, roundOff = 0, amount = 0;
-};
+// The head of a voucher comes as its screen holds it: each column with its value, texts as typed. They
+// are trimmed where the head keeps them; the ledger takes them as they are.
+//
+// What a row says of a column; Null where it says nothing.
+Value valueOf(const Fields& row, std::string_view column);
+void setValue(Fields& row, std::string_view column, Value value);
+Fields trimmedTexts(Fields row);
 
 // By whom and when: every save leaves this mark.
 struct SaveStamp {
@@ -38,9 +32,9 @@ enum class Saving {
   Again,  // takes the place of the stored bill
 };
 
-// False when a fresh bill's number is taken; nothing has changed then.
-bool saveBill(Database& db, const VoucherKind& kind, const BillHeader& bill, const SaveStamp& stamp,
-              Saving how);
+// False when a fresh bill's number is taken; nothing has changed then. Without a date of the lorry
+// receipt (GR_DATE) it has the bill's, without one of the party (PRV_BDT) the day of the save.
+bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const SaveStamp& stamp, Saving how);
 
 // Removes header and lines; the ledger keeps its rows until it is built again.
 void deleteBill(Database& db, const VoucherKind& kind, double number);

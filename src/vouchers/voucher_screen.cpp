@@ -9,6 +9,8 @@
 #include "vouchers/items.h"
 #include "vouchers/numbering.h"
 
+using namespace fields;
+
 namespace {
 
 constexpr const char* kRestHint = "Press Add Button For New Entry";
@@ -24,31 +26,31 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Vou
       kind_(kind),
       lines_(std::make_shared<WorkLines>(data(), kind, std::move(shown))) {
   caption = kind.words.title;
-  lineGrid().grid.source = lines_;
+  at(kLines).grid.source = lines_;
   wire(*this, {
-                  {"cmdadd",     On::Click,       &VoucherScreen::add        },
-                  {"cmdEDIT",    On::Click,       &VoucherScreen::modify     },
-                  {"CMDDELETE",  On::Click,       &VoucherScreen::startDelete},
-                  {"cmdprint",   On::Click,       &VoucherScreen::print      },
-                  {"cmdclose",   On::Click,       &VoucherScreen::close      },
-                  {"CMDCANCEL",  On::Click,       &VoucherScreen::cancel     },
-                  {"Cmdvideo",   On::Click,       &VoucherScreen::video      },
-                  {"",           KeyCode::Esc,    &VoucherScreen::escape     },
-                  {"MaskEdBox1", KeyCode::F1,     &VoucherScreen::dateF1     },
-                  {"MaskEdBox1", KeyCode::F2,     &VoucherScreen::dateF2     },
-                  {"MaskEdBox1", KeyCode::F3,     &VoucherScreen::dateF3     },
-                  {"MaskEdBox1", KeyCode::Up,     &VoucherScreen::dateUp     },
-                  {"MaskEdBox1", KeyCode::Down,   &VoucherScreen::dateDown   },
-                  {"MaskEdBox1", KeyCode::PgUp,   &VoucherScreen::datePgUp   },
-                  {"MaskEdBox1", KeyCode::PgDn,   &VoucherScreen::datePgDn   },
-                  {"Text1(4)",   KeyCode::Insert, &VoucherScreen::newParty   },
-                  {"Text1",      On::Change,      &VoucherScreen::textChanged},
-                  {"DataGrid1",  On::Focus,       &VoucherScreen::rowChosen  },
-                  {"DataGrid1",  On::Row,         &VoucherScreen::rowChosen  },
-                  {"DataGrid1",  On::DoubleClick, &VoucherScreen::leaveRows  },
-                  {"Text1(9)",   KeyCode::Down,   &VoucherScreen::intoRates  },
-                  {"DataGrid2",  KeyCode::Enter,  &VoucherScreen::leaveRates },
-                  {"DataGrid2",  KeyCode::Esc,    &VoucherScreen::leaveRates },
+                  {"cmdadd",      On::Click,       &VoucherScreen::add        },
+                  {"cmdEDIT",     On::Click,       &VoucherScreen::modify     },
+                  {"CMDDELETE",   On::Click,       &VoucherScreen::startDelete},
+                  {"cmdprint",    On::Click,       &VoucherScreen::print      },
+                  {"cmdclose",    On::Click,       &VoucherScreen::close      },
+                  {"CMDCANCEL",   On::Click,       &VoucherScreen::cancel     },
+                  {"Cmdvideo",    On::Click,       &VoucherScreen::video      },
+                  {"",            KeyCode::Esc,    &VoucherScreen::escape     },
+                  {"MaskEdBox1",  KeyCode::F1,     &VoucherScreen::dateF1     },
+                  {"MaskEdBox1",  KeyCode::F2,     &VoucherScreen::dateF2     },
+                  {"MaskEdBox1",  KeyCode::F3,     &VoucherScreen::dateF3     },
+                  {"MaskEdBox1",  KeyCode::Up,     &VoucherScreen::dateUp     },
+                  {"MaskEdBox1",  KeyCode::Down,   &VoucherScreen::dateDown   },
+                  {"MaskEdBox1",  KeyCode::PgUp,   &VoucherScreen::datePgUp   },
+                  {"MaskEdBox1",  KeyCode::PgDn,   &VoucherScreen::datePgDn   },
+                  {kParty,        KeyCode::Insert, &VoucherScreen::newParty   },
+                  {"Text1",       On::Change,      &VoucherScreen::textChanged},
+                  {kLines,        On::Focus,       &VoucherScreen::rowChosen  },
+                  {kLines,        On::Row,         &VoucherScreen::rowChosen  },
+                  {kLines,        On::DoubleClick, &VoucherScreen::leaveRows  },
+                  {kRate,         KeyCode::Down,   &VoucherScreen::intoRates  },
+                  {kEarlierRates, KeyCode::Enter,  &VoucherScreen::leaveRates },
+                  {kEarlierRates, KeyCode::Esc,    &VoucherScreen::leaveRates },
   });
 }
 
@@ -58,14 +60,14 @@ void VoucherScreen::opened(const Opening& opening) {
   ChildScreen::opened(opening);
   setMode("", "");
   lines_->clear();
-  putDate(0, host.today());
+  put(kDate, host.today());
   showButtons(true);
   focus(at("cmdadd"));
   drilledDown_ = !opening.value.empty();
   if (!drilledDown_) return;
   modify();
-  put(0, opening.value);
-  if (number() == Go::On) focus(at("MaskEdBox1", 0));
+  put(kNumber, opening.value);
+  if (number() == Go::On) focus(at(kDate));
 }
 
 void VoucherScreen::activated() {
@@ -122,7 +124,7 @@ void VoucherScreen::add() {
   setMode("ADD", kind_.words.adding);
   clearAll();
   lines_->clear();
-  lineGrid().visible = false;
+  at(kLines).visible = false;
   allowSave(false);
   showButtons(false);
   startNew();
@@ -134,7 +136,7 @@ void VoucherScreen::modify() {
   lines_->clear();
   allowSave(false);
   showButtons(false);
-  focus(text1(0));
+  focus(at(kNumber));
 }
 
 void VoucherScreen::startDelete() {
@@ -142,7 +144,7 @@ void VoucherScreen::startDelete() {
   clearAll();
   lines_->clear();
   allowSave(false);
-  focus(text1(0));
+  focus(at(kNumber));
 }
 
 void VoucherScreen::print() {
@@ -166,7 +168,7 @@ bool VoucherScreen::mayClose() {
 void VoucherScreen::cancel() {
   clearAll();
   setMode("", "");
-  lineGrid().visible = false;
+  at(kLines).visible = false;
   showButtons(true);
   focus(at("cmdadd"));
   if (drilledDown_) host.close(*this);
@@ -186,9 +188,15 @@ void VoucherScreen::clearAll() {
   clearLine();
 }
 
+void VoucherScreen::clearHead() {
+  emptyFields(Part::Head);
+  phone_.clear();
+  partyState_ = 0;
+}
+
 // A filled number: ADD takes one that is free, EDIT shows the voucher, DEL asks and deletes it.
 Go VoucherScreen::number() {
-  const double n = value(0);
+  const double n = value(kNumber);
   if (mode == "ADD") {
     if (!isStored(data(), kind_, n)) return Go::On;
     host.message("ITEM ALLREADY EXIST");
@@ -206,22 +214,50 @@ Go VoucherScreen::number() {
 
 // Lines
 
-void VoucherScreen::showSerial() { at("Label1", 0).text = atRest_ ? "" : numText(lines_->serial()); }
+void VoucherScreen::showSerial() { at(kLineNumber).text = atRest_ ? "" : numText(lines_->serial()); }
+
+void VoucherScreen::clearLine() {
+  emptyFields(Part::Line);
+  at(kItemName).enabled = false;
+}
+
+void VoucherScreen::showLine(const Row& line) {
+  showFields(line, Part::Line);
+  at(kItemName).enabled = isMisc();
+}
+
+Fields VoucherScreen::lineFields() {
+  const Session& s = session();
+  Fields line = writtenFields(Part::Line);
+  // clang-format off
+  for (Field& f : Fields{
+      {"VOUCH_NO",      value(kNumber)},
+      {"VOUCH_DT",      date(kDate)},
+      {kind_.tables.key, kind_.code},
+      {kind_.tables.serial,    lines_->serial()},
+      {"DEPT_CD",       "E001"},
+      {"MOBNOCO",       s.mmobile},
+      {"DATANM",        s.mdataname},
+      {"DATASENT",      "N"},
+  }) line.push_back(std::move(f));
+  // clang-format on
+  return line;
+}
 
 void VoucherScreen::showCurrentLine() {
   clearLine();
   if (lines_->onRow()) showLine(lines_->row());
-  lineGrid().grid.current = lines_->position();
+  at(kLines).grid.current = lines_->position();
   showSerial();
 }
 
 void VoucherScreen::storeLine() {
   lines_->store(lineFields());
-  lineGrid().visible = true;
+  at(kLines).visible = true;
   lines_->next();
   sumLines();
   showCurrentLine();
-  focus(itemField());
+  focus(at(kItem));
 }
 
 void VoucherScreen::lineDown() {
@@ -236,28 +272,28 @@ void VoucherScreen::lineUp() {
   textChanged();
 }
 
-void VoucherScreen::endLines() { focus(afterLines()); }
+void VoucherScreen::endLines() { focus(at(afterLines())); }
 
-bool VoucherScreen::isMisc() { return sameText(trim(itemField().text), kMiscItem); }
+bool VoucherScreen::isMisc() { return sameText(trimmed(kItem), kMiscItem); }
 
 bool VoucherScreen::endsLines() {
-  if (trim(itemField().text) != kNoMoreLines) return false;
-  set(itemField(), "");
+  if (trimmed(kItem) != kNoMoreLines) return false;
+  put(kItem, "");
   endLines();
   return true;
 }
 
-void VoucherScreen::keepFreeName(int nameField, int detailField) {
-  const std::string name = trimmed(nameField);
-  if (!isMisc() || name.empty() || !trimmed(detailField).empty()) return;
+void VoucherScreen::keepFreeName() {
+  const std::string name = trimmed(kItemName);
+  if (!isMisc() || name.empty() || !trimmed(kDetail).empty()) return;
   const auto misc = readSaleItem(data(), kMiscItem);
-  if (!misc || misc->name != name) put(detailField, cut(name, text1(detailField).limit));
+  if (!misc || misc->name != name) put(kDetail, cut(name, at(kDetail).limit));
 }
 
 // Only while its item still stands in the field. The serials of the lines that remain do not
 // close up, and the totals wait for the next line that is stored.
 void VoucherScreen::deleteLine() {
-  const std::string item = trim(itemField().text);
+  const std::string item = trimmed(kItem);
   if (item.empty() || !lines_->onRow()) return;
   const Row& line = lines_->row();
   data().exec("DELETE FROM " + kind_.tables.work + " WHERE VOUCH_NO = ? AND ITEM_CD = ? AND " +
@@ -269,19 +305,19 @@ void VoucherScreen::deleteLine() {
 }
 
 void VoucherScreen::rowChosen() {
-  lines_->moveTo(lineGrid().grid.current);
+  lines_->moveTo(at(kLines).grid.current);
   showCurrentLine();
 }
 
-void VoucherScreen::leaveRows() { focus(itemField()); }
+void VoucherScreen::leaveRows() { focus(at(kItem)); }
 
 // Accounts
 
-std::optional<AccountFacts> VoucherScreen::findAccount(int codeField, const std::string& nameField,
+std::optional<AccountFacts> VoucherScreen::findAccount(FieldName code, FieldName name,
                                                        const std::string& title) {
-  const auto account = readAccount(data(), trimmed(codeField));
+  const auto account = readAccount(data(), trimmed(code));
   if (account)
-    set(at(nameField), account->name);
+    put(name, account->name);
   else
     host.message("PARTY NOT FOUND PLEASE CHECK THE PARTY CODE", title);
   return account;
@@ -311,13 +347,13 @@ Go VoucherScreen::openLookup(const KeyLookup& by) {
   if (by.onlyEmpty && !here().text.empty()) return Go::Stay;
   Lookup lookup = by.lookup;
   for (const KeyLookup::From from : by.binds)
-    lookup.rows.values.emplace_back(from == KeyLookup::From::Book ? kind_.code : trim(itemField().text));
+    lookup.rows.values.emplace_back(from == KeyLookup::From::Book ? kind_.code : trimmed(kItem));
   return lookUp(host, *this, here(), lookup);
 }
 
 const VoucherScreen::KeyLookup* VoucherScreen::enterLookup(const Control& field) const {
   const auto found = std::ranges::find_if(lookups_, [&](const KeyLookup& by) {
-    return by.key == Key(KeyCode::Enter) && by.field == field.fullName();
+    return by.key == Key(KeyCode::Enter) && by.field == field.spec->field;
   });
   return found == lookups_.end() ? nullptr : &*found;
 }
@@ -330,7 +366,7 @@ Go VoucherScreen::helpHere() {
 // The rate grid
 
 void VoucherScreen::showRates(const RateList& list) {
-  Control& grid = at("DataGrid2");
+  Control& grid = at(kEarlierRates);
   grid.grid.columns = list.columns;
   grid.grid.source = list.rows;
   grid.grid.current = Grid::kNone;
@@ -342,21 +378,21 @@ void VoucherScreen::showRates(const RateList& list) {
 }
 
 Go VoucherScreen::intoRates() {
-  if (!at("DataGrid2").visible) return Go::On;
-  focus(at("DataGrid2"));
+  if (!at(kEarlierRates).visible) return Go::On;
+  focus(at(kEarlierRates));
   return Go::Stay;
 }
 
 void VoucherScreen::leaveRates() {
-  at("DataGrid2").visible = false;
+  at(kEarlierRates).visible = false;
   backFromRates_ = true;
-  focus(text1(9));
+  focus(at(kRate));
 }
 
 // The rates stay up while their field, or they, have the focus.
 void VoucherScreen::focusMoved(Control& control) {
   ChildScreen::focusMoved(control);
-  Control& grid = at("DataGrid2");
+  Control& grid = at(kEarlierRates);
   if (&control != ratesFor_ && &control != &grid) grid.visible = false;
 }
 
@@ -386,8 +422,8 @@ void VoucherScreen::store(const std::function<bool(const SaveStamp&, Saving)>& w
 }
 
 void VoucherScreen::saved() {
-  const std::string number = textOf(0);
-  lineGrid().visible = false;
+  const std::string number = text(kNumber);
+  at(kLines).visible = false;
   showButtons(true);
   focus(at("cmdadd"));
   if (drilledDown_) {
@@ -409,17 +445,7 @@ void VoucherScreen::saved() {
   hideForPrint(number);
 }
 
-// Fields
-
-std::string VoucherScreen::trimmed(int n) const { return trim(textOf(n)); }
-
-double VoucherScreen::value(int n) const { return Val(textOf(n)); }
-
-void VoucherScreen::put(int n, double figure) { put(n, numText(figure)); }
-
-void VoucherScreen::putDate(int n, std::optional<Date> date) {
-  set(at("MaskEdBox1", n), date ? formatDate(*date, "dd/MM/yyyy") : std::string(kEmptyDate));
-}
+// Hints
 
 // Enter does something else in the field of the event since it was filled or emptied.
 void VoucherScreen::textChanged() { ShowHint(host, hintFor(here())); }

@@ -20,9 +20,8 @@
 // the work table and the walk through them, the date keys, the masters behind Insert, and the
 // message window after a save. It knows its book; arithmetic and columns are the screen's own.
 //
-// It relies on these controls: Text1(0) number, Text1(4) party, Text1(9) rate, MaskEdBox1, Label1(0)
-// serial of the line, DataGrid1 lines, DataGrid2 rates over them, and the buttons cmdadd, cmdEDIT,
-// CMDDELETE, cmdprint, cmdclose, CMDSAVE, CMDCANCEL, Cmdvideo.
+// It relies on the fields number, date, party, party_name, item, item_name, unit, rate and line_no, and
+// on the grids and buttons of `voucher_table`.
 class VoucherScreen : public ChildScreen {
  public:
   void opened(const Opening& opening) override;
@@ -32,7 +31,7 @@ class VoucherScreen : public ChildScreen {
 
   // One lookup that a key opens in a field; with Enter only while the field is empty.
   struct KeyLookup {
-    std::string field;
+    FieldName field;
     Key key;
     Lookup lookup;
     enum class From { Book, Item };
@@ -48,14 +47,15 @@ class VoucherScreen : public ChildScreen {
   virtual void startNew() = 0;             // Add: numbers and defaults; sets the focus
   virtual bool load(double number) = 0;    // shows a stored voucher; false after its message
   virtual void remove(double number) = 0;  // deletes a stored voucher
-  virtual void clearHead() = 0;
-  virtual void clearLine() = 0;
-  virtual void showLine(const Row& line) = 0;
-  virtual Fields lineFields() = 0;  // the line as it is stored
-  virtual void sumLines() = 0;      // totals over the work table
-  virtual Control& itemField() = 0;
-  virtual Control& afterLines() = 0;  // where line entry ends to
+  virtual void sumLines() = 0;             // totals over the work table
+  virtual FieldName afterLines() const { return fields::kNarration; }  // where line entry ends to
   virtual std::string tutorial() const = 0;
+
+  // As the screen's table says; a screen that keeps more than its fields adds to them.
+  virtual void clearHead();
+  virtual void clearLine();
+  virtual void showLine(const Row& line);
+  virtual Fields lineFields();  // the line as it is stored
 
   // Handlers.
   void add();
@@ -72,7 +72,7 @@ class VoucherScreen : public ChildScreen {
   bool isMisc();     // the line's item is the one that stands for anything
   bool endsLines();  // what stands for an item ends the lines
   // Where a stored line has no column for its free name: it is kept, and printed, as the line's detail.
-  void keepFreeName(int nameField, int detailField);
+  void keepFreeName();
   void lineDown();
   void lineUp();
   void endLines();
@@ -85,7 +85,7 @@ class VoucherScreen : public ChildScreen {
   void leaveRates();
 
   // The account whose code stands in the field, its name shown; says so when there is none.
-  std::optional<AccountFacts> findAccount(int codeField, const std::string& nameField,
+  std::optional<AccountFacts> findAccount(FieldName code, FieldName name,
                                           const std::string& title = Host::kTitle);
   // Keeps the party's state code for the tax split; without one the state stays as it was.
   void takeState(const AccountFacts& party);
@@ -111,16 +111,6 @@ class VoucherScreen : public ChildScreen {
   void hideForPrint(const std::string& number);
 
   std::string hintFor(const Control& control) const override;
-
-  Control& text1(int n) { return at("Text1", n); }
-  std::string textOf(int n) const { return at("Text1", n).text; }
-  std::string trimmed(int n) const;
-  double value(int n) const;
-  void put(int n, const std::string& text) { set(at("Text1", n), text); }
-  void put(int n, double figure);
-  std::optional<Date> date(int n) const { return parseDate(at("MaskEdBox1", n).text); }
-  void putDate(int n, std::optional<Date> date);
-  Control& lineGrid() { return at("DataGrid1"); }
 
   const VoucherKind& kind_;
   std::shared_ptr<WorkLines> lines_;

@@ -12,14 +12,14 @@ class Details : public FrameTest {
 };
 
 TEST_F(Details, SaveAddsTheRowAndTheNameGoesToAllYears) {
-  EXPECT_EQ(host_.focus() + host_.text("txtFields(2)"), "txtFields(2)");
-  host_.fillEnter("txtFields(2)", "new name");
-  EXPECT_EQ(host_.focus(), "txtFields(5)");
-  host_.fill("txtFields(21)", "x");
-  host_.fill("txtFields(7)", "24");
-  host_.fill("txtFields(1)", "24abcde1234f1z5");
-  host_.fill("txtFields(12)", "shop@example.org");
-  host_.fill("txtFields(0)", "ABCDE1234F");
+  EXPECT_EQ(host_.focus() + host_.text("company"), "company");
+  host_.fillEnter("company", "new name");
+  EXPECT_EQ(host_.focus(), "address");
+  host_.fill("city", "x");
+  host_.fill("state_code", "24");
+  host_.fill("gstin", "24abcde1234f1z5");
+  host_.fill("email", "shop@example.org");
+  host_.fill("pan", "ABCDE1234F");
   host_.press("cmdsave");
 
   EXPECT_EQ(host_.onTop(), "frmmain");

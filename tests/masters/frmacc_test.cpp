@@ -33,14 +33,14 @@ TEST_F(AccountTest, WhatIsIncompleteIsNotSaved) {
   };
   for (const Case& c : cases) {
     host.press("cmdAdd");
-    Screen::set(host.at("txtFields(1)"), c.name);
-    Screen::set(host.at("txtFields(2)"), c.group);
+    Screen::set(host.at("name"), c.name);
+    Screen::set(host.at("group"), c.group);
     const size_t before = host.messages.size();
     host.key(Key::Alt('U'));
     ASSERT_EQ(host.messages.size(), before + 1);
     EXPECT_EQ(host.lastMessage(), c.message);
     EXPECT_EQ(host.screen().reason, c.reason);
-    EXPECT_EQ(host.focus(), "txtFields(1)");
+    EXPECT_EQ(host.focus(), "name");
     host.press("cmdCancel");
   }
   EXPECT_EQ(row("SELECT COUNT(*) FROM ACCOUNT WHERE ACC_CD LIKE 'A%'"), "2");
@@ -57,7 +57,7 @@ TEST_F(AccountTest, WhatAnotherProgramDidIsNotWrittenOver) {
   EXPECT_EQ(row("SELECT ACC_NAME FROM ACCOUNT WHERE ACC_CD = 'A00009'"), "NEW PARTY");
   host.press("cmdCancel");
   host.press("cmdEdit");
-  host.fillEnter("txtFields(0)", "A00007");
+  host.fillEnter("code", "A00007");
   data().exec("DELETE FROM ACCOUNT WHERE ACC_CD = 'A00007'");
   host.press("cmdUpdate");
   EXPECT_EQ(host.lastMessage(), "Entry Not Saved\r\nPARTY DOES NOT EXISTS");
@@ -67,18 +67,18 @@ TEST_F(AccountTest, WhatAnotherProgramDidIsNotWrittenOver) {
 
 TEST_F(AccountTest, EditReadsTheRowAndChangesIt) {
   host.press("cmdEdit");
-  host.fillEnter("txtFields(0)", "A00099");
+  host.fillEnter("code", "A00099");
   EXPECT_EQ(host.lastMessage(), "PARTY DOES NOT EXISTS");
-  EXPECT_EQ(host.focus(), "txtFields(0)");
+  EXPECT_EQ(host.focus(), "code");
   session().mlastacc = "A00007";
   host.insideModal.push_back([&] { host.enter(); });
-  host.fillEnter("txtFields(0)", "");
-  EXPECT_EQ(host.text("txtFields(0)"), "A00007");
-  EXPECT_EQ(host.text("txtFields(1)"), "AMBICA CEMENT");
-  EXPECT_EQ(host.focus(), "txtFields(1)");
-  host.fill("txtFields(1)", "PATEL TRADING");  // a name in use, which only ADD tests
+  host.fillEnter("code", "");
+  EXPECT_EQ(host.text("code"), "A00007");
+  EXPECT_EQ(host.text("name"), "AMBICA CEMENT");
+  EXPECT_EQ(host.focus(), "name");
+  host.fill("name", "PATEL TRADING");  // a name in use, which only ADD tests
   host.enter();
-  host.fill("txtFields(7)", "NADIAD");
+  host.fill("city", "NADIAD");
   host.press("cmdUpdate");
   EXPECT_EQ(stored("A00007"), "PATEL TRADING|85|0|0|0|NADIAD|||0");
   EXPECT_EQ(row("SELECT COUNT(*) FROM ACCOUNT WHERE ACC_NAME = 'PATEL TRADING'"), "2");
@@ -87,11 +87,11 @@ TEST_F(AccountTest, EditReadsTheRowAndChangesIt) {
   // Another code typed over a row that is shown is read before anything is written.
   host.press("cmdCancel");
   host.press("cmdEdit");
-  host.fillEnter("txtFields(0)", "A00007");
-  host.fill("txtFields(7)", "SURAT");
-  host.fill("txtFields(0)", "A00003");
+  host.fillEnter("code", "A00007");
+  host.fill("city", "SURAT");
+  host.fill("code", "A00003");
   host.key(Key::Alt('U'));
-  EXPECT_EQ(host.text("txtFields(7)"), "ANAND");
+  EXPECT_EQ(host.text("city"), "ANAND");
   EXPECT_EQ(row("SELECT CITY FROM ACCOUNT WHERE ACC_CD = 'A00003'"), "ANAND");
 }
 

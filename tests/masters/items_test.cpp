@@ -30,23 +30,23 @@ class ItemTest : public MastersTest {
     return text;
   }
   void head(const std::string& name) {
-    host.fill("Text1(1)", name);
-    host.fill("Text1(4)", "E001");
-    host.fill("Text1(5)", "PCS");
-    host.fill("Text1(21)", "18");
-    host.fill("Text1(22)", "8414");
+    host.fill("name", name);
+    host.fill("category", "E001");
+    host.fill("unit_name", "PCS");
+    host.fill("tax_rate", "18");
+    host.fill("hsn", "8414");
   }
   void detail(const std::string& size, const std::string& rate, const std::string& discount) {
-    host.fill("Text1(6)", size);
-    host.fill("Text1(8)", rate);
-    host.fill("Text1(12)", discount);
-    host.go("Text1(13)");
+    host.fill("unit", size);
+    host.fill("sale_rate", rate);
+    host.fill("discount", discount);
+    host.go("description");
     host.enter();
   }
   void edit(const std::string& code) {
     host.press("cmdCancel");
     host.press("cmdEdit");
-    host.fillEnter("Text1(0)", code);
+    host.fillEnter("code", code);
   }
   // Brings a row of the list into the entry row.
   void pick(size_t n) {
@@ -75,20 +75,20 @@ TEST_F(ItemTest, AnUpdatedDatabaseKeepsOneUnitForAnItem) {
 
 TEST_F(ItemTest, CodesOfTheUsersOwnDoNotCount) {
   item("I0000005", "BULB", {"PCS"});
-  host.fill("Text1(1)", "FAN");
-  host.fill("Text1(4)", "E001");
-  host.fill("Text1(0)", "");
+  host.fill("name", "FAN");
+  host.fill("category", "E001");
+  host.fill("code", "");
   host.paste("i0000005");
   host.key(KeyCode::Tab);
   EXPECT_EQ(host.lastMessage(), "ITEM ALLREADY EXIST") << "whatever its case";
-  host.fill("Text1(0)", "FAN-1");
+  host.fill("code", "FAN-1");
   host.press("cmdUpdate");
   EXPECT_EQ(host.lastMessage(), "Pl. fill Complete data");
   EXPECT_EQ(host.screen().reason, "Unit Name Is Missing");
-  host.fill("Text1(5)", "PCS");
+  host.fill("unit_name", "PCS");
   host.press("cmdUpdate");
   EXPECT_EQ(row("SELECT ITEM_NAME FROM ITEM WHERE ITEM_CD = 'FAN-1'"), "FAN");
-  EXPECT_EQ(host.text("Text1(0)"), "I0000006");
+  EXPECT_EQ(host.text("code"), "I0000006");
 }
 
 TEST_F(ItemTest, EditKeepsWhatItDoesNotShow) {
@@ -97,12 +97,12 @@ TEST_F(ItemTest, EditKeepsWhatItDoesNotShow) {
       "UPDATE ITEMDTL SET DESC1 = 'A DESCRIPTION OF MORE THAN TWENTY LETTERS' WHERE ITEM_CD = 'I0000005'");
   data().exec("UPDATE ITEM SET RATEOFCESS = 3, ITEM_SNAME = 'BLB' WHERE ITEM_CD = 'I0000005'");
   edit("I0000005");
-  EXPECT_EQ(host.text("Text1(2)"), "BLB");
-  host.fill("Text1(21)", "12");
+  EXPECT_EQ(host.text("short_name"), "BLB");
+  host.fill("tax_rate", "12");
   pick(0);
-  EXPECT_EQ(host.focus(), "Text1(6)");
-  host.fill("Text1(8)", "120");
-  host.fill("Text1(11)", "15");  // five more than before
+  EXPECT_EQ(host.focus(), "unit");
+  host.fill("sale_rate", "120");
+  host.fill("opening_stock", "15");  // five more than before
   host.press("cmdUpdate");
   EXPECT_EQ(rows("I0000005"), "PCS,120,0,15,12,A DESCRIPTION OF MORE THAN TWENTY LETTERS");
   EXPECT_EQ(row("SELECT RATEOFTAX, RATEOFCESS, ITEM_SNAME FROM ITEM WHERE ITEM_CD = 'I0000005'"), "12|3|BLB");
@@ -122,11 +122,11 @@ TEST_F(ItemTest, ARenamedUnitGoesThroughAllTables) {
   data().exec("INSERT INTO ITEMLINK VALUES ('I0000005', 'PCS', 'I2', 'B'), ('I3', 'C', 'I0000005', 'PCS')");
   edit("I0000005");
   pick(0);
-  host.fill("Text1(6)", "NOS");
+  host.fill("unit", "NOS");
   host.press("cmdUpdate");
   EXPECT_EQ(host.lastMessage(), "Batch or Unit Can Not Be Changed")
       << "the row has not been taken into the list";
-  host.go("Text1(13)");
+  host.go("description");
   host.enter();
   host.press("cmdUpdate");
   EXPECT_EQ(rows("I0000005"), "NOS,100,0,10,7, BOX,100,0,10,7,");

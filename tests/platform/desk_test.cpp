@@ -4,6 +4,8 @@
 
 namespace {
 
+constexpr FieldName kParty{"party"};
+
 // A small bill: two fields that check on Enter and on leaving, one that is off, a date, a list, buttons.
 const ScreenSpec& billSpec() {
   // clang-format off
@@ -11,7 +13,7 @@ const ScreenSpec& billSpec() {
       .name = "BILL", .caption = "BILL", .focusColour = 0xFFC0FF, .layout = {},
       .controls = {
           {.name = "Text1", .index = 0, .tab = 1, .limit = 3, .keys = KeyClass::Number},
-          {.name = "Text1", .index = 1, .tab = 2, .limit = 6, .keys = KeyClass::Text},
+          {.name = "Text1", .index = 1, .field = kParty, .tab = 2, .limit = 6, .keys = KeyClass::Text},
           {.name = "Text1", .index = 2, .tab = 3, .enabled = false},
           {.name = "MaskEdBox1", .index = 0, .kind = Kind::Date, .tab = 4},
           {.name = "lst", .kind = Kind::Grid, .columns = {{"Name"}}},
@@ -36,7 +38,7 @@ class Bill : public Screen {
                           {"Text1",     On::Leave,      &Bill::left      },
                           {"Text1",     On::Focus,      &Bill::entered   },
                           {"Text1",     On::Change,     &Bill::changed   },
-                          {"Text1(1)",  KeyCode::Enter, &Bill::party     },
+                          {kParty,      KeyCode::Enter, &Bill::party     },
                           {"Text1(1)",  KeyCode::F1,    &Bill::find      },
                           {"Text1(1)",  KeyCode::F2,    &Bill::fail      },
                           {"lst",       On::Row,        &Bill::moved     },
@@ -48,7 +50,7 @@ class Bill : public Screen {
 
   Go number() {
     happened.push_back("number");
-    if (here().text == "9") focus(at("Text1", 1));
+    if (here().text == "9") focus(at(kParty));
     if (here().text == "0") host.message("Not 0");
     return here().text == "9" || here().text == "0" ? Go::Stay : Go::On;
   }
@@ -143,19 +145,19 @@ TEST_F(DeskTest, EnterChecksOnceAndMovesOnPastFieldsThatAreOff) {
   desk.enter();
   EXPECT_EQ(desk.focus(), "MaskEdBox1(0)");
   desk.key(Key::Shift(KeyCode::Tab));
-  EXPECT_EQ(desk.focus(), "Text1(1)");
+  EXPECT_EQ(desk.focus(), "party");
   EXPECT_EQ(field(1).text, "AB");
   // A control that is switched off loses the focus to the next.
   desk.go("Text1(0)");
   field(0).enabled = false;
   desk.key(KeyCode::F5);
-  EXPECT_EQ(desk.focus(), "Text1(1)");
+  EXPECT_EQ(desk.focus(), "party");
 }
 
 TEST_F(DeskTest, AHandlerMovesTheFocusAfterItHasReturnedAndARefusalKeepsIt) {
   desk.type("9");
   desk.enter();
-  EXPECT_EQ(desk.focus(), "Text1(1)");
+  EXPECT_EQ(desk.focus(), "party");
   desk.key(Key::Shift(KeyCode::Tab));
   desk.key(Key::Ctrl('A'));
   desk.type("0");
@@ -196,7 +198,15 @@ TEST_F(DeskTest, TheLookupFillsTheFieldAndEnterRunsOnce) {
   desk.key(KeyCode::F2);
   EXPECT_EQ(desk.lastMessage(), "disk is full");
   EXPECT_EQ(field(1).text, "A00001");
-  EXPECT_EQ(desk.focus(), "Text1(1)");
+  EXPECT_EQ(desk.focus(), "party");
+}
+
+TEST_F(DeskTest, AFieldIsFoundByItsNameWhichIsItsAlone) {
+  EXPECT_EQ(desk.screen().find("Party"), &field(1));
+  EXPECT_EQ(desk.screen().find(""), nullptr);
+  ScreenSpec twice = billSpec();
+  twice.controls[0].field = kParty;
+  EXPECT_THROW(Screen(desk, twice), std::logic_error);
 }
 
 TEST_F(DeskTest, OtherScreensOpenAfterTheHandlerAndTheOneBelowIsActivatedAgain) {

@@ -25,7 +25,7 @@ class Reports : public ReportScreens {
       cells.push_back(host.cell("Grid1", n, i));
     return join(cells, "|");
   }
-  std::string dates() const { return host.text("MaskEdBox1(0)") + " " + host.text("MaskEdBox1(1)"); }
+  std::string dates() const { return host.text("from") + " " + host.text("to"); }
 
   static constexpr const char* kRows[] = {
       "ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, AREA, CITY, PHONE1) VALUES"
@@ -58,13 +58,13 @@ TEST_F(Reports, LookTheirFiltersUp) {
   data().exec("DELETE FROM GRP WHERE GROUP_CD <> 85");
   // Key, field, the value of the lookup's first row.
   constexpr const char* kCases[][3] = {
-      {"recipt",      "Text1(0)", "A00002" },
-      {"recipt",      "Text1(1)", "ANAND"  },
-      {"recipt",      "Text1(2)", "GUJARAT"},
-      {"recipt",      "Text1(4)", "85"     },
-      {"accmastclbl", "Text1(4)", "85"     },
-      {"priclstprn",  "Text1(4)", "E009"   },
-      {"ONACRCV",     "Text1(4)", "E009"   },
+      {"recipt",      "party",    "A00002" },
+      {"recipt",      "city",     "ANAND"  },
+      {"recipt",      "state",    "GUJARAT"},
+      {"recipt",      "category", "85"     },
+      {"accmastclbl", "category", "85"     },
+      {"priclstprn",  "category", "E009"   },
+      {"ONACRCV",     "category", "E009"   },
   };
   for (const auto& [key, field, chosen] : kCases) {
     open(key);
@@ -79,12 +79,12 @@ TEST_F(Reports, LookTheirFiltersUp) {
 TEST_F(Reports, BringTheMonthsEndAlongInGstStatementsOnly) {
   for (const char* key : {"GSTR1-RD", "GSTR1-URD", "slblreg"}) {
     open(key);
-    host.fillEnter("MaskEdBox1(0)", "10022027");
+    host.fillEnter("from", "10022027");
     const bool gst = std::string(key) != "slblreg";
     EXPECT_EQ(dates(), gst ? "10/02/2027 28/02/2027" : "10/02/2027 15/06/2026") << key;
-    host.fillEnter("MaskEdBox1(1)", "20022027");
+    host.fillEnter("to", "20022027");
     EXPECT_EQ(dates(), "10/02/2027 20/02/2027") << "only the From date brings it";
-    host.fillEnter("MaskEdBox1(0)", "01032026");  // outside the period: the To date stays
+    host.fillEnter("from", "01032026");  // outside the period: the To date stays
     EXPECT_EQ(dates(), "01/03/2026 20/02/2027") << key;
     host.press("cmdshowrpt");  // which does not ask for it
     EXPECT_EQ(host.screen().caption,
@@ -96,10 +96,10 @@ TEST_F(Reports, BringTheMonthsEndAlongInGstStatementsOnly) {
 
 TEST_F(Reports, ShowABillALineWithTheirSum) {
   open("SALEBILLSUMMARY");
-  host.fill("Text1(0)", "a00001");
+  host.fill("party", "a00001");
   host.press("cmdshowrpt");
   EXPECT_EQ(host.screen().caption, "Sales Bill Summary For : PATEL");
-  EXPECT_EQ(host.text("Label1(7)"), "98250");
+  EXPECT_EQ(host.text("phone"), "98250");
   EXPECT_EQ(row(0), "01|05/Apr/2026|PATEL|ANAND||100.50|0.00|0.00|0.00|0.00|118.50");
   EXPECT_EQ(row(1), "Total :|||||100.50|0.00|0.00|0.00|0.00|118.50");
   const Cell total = host.at("Grid1").grid.cell(1, 5);
@@ -108,17 +108,17 @@ TEST_F(Reports, ShowABillALineWithTheirSum) {
   EXPECT_EQ(host.at("Grid1").grid.current, 0U);
   EXPECT_TRUE(host.at("cmdprint").enabled && host.at("cmdPrtToXl").enabled && host.at("Cmdpdf").enabled);
   EXPECT_FALSE(host.isBusy);
-  host.fill("Text1(0)", "");
+  host.fill("party", "");
   host.press("cmdshowrpt");
-  EXPECT_EQ(host.screen().caption + host.text("Label1(7)"), "SALE Bill Register");
+  EXPECT_EQ(host.screen().caption + host.text("phone"), "SALE Bill Register");
   EXPECT_EQ(rows(), 3U);
 }
 
 TEST_F(Reports, SayWhenThereIsNothing) {
   open("SALEBILLSUMMARY");
   host.press("cmdshowrpt");
-  host.fill("MaskEdBox1(0)", "01012020");
-  host.fill("MaskEdBox1(1)", "01012019");  // no check of their order
+  host.fill("from", "01012020");
+  host.fill("to", "01012019");  // no check of their order
   host.press("cmdshowrpt");
   EXPECT_EQ(said(), "Mirav|No Records");
   EXPECT_EQ(rows(), 0U);
@@ -129,7 +129,7 @@ TEST_F(Reports, SayWhenThereIsNothing) {
 
 TEST_F(Reports, AskHowPricesAreListed) {
   open("priclstprn");
-  host.fill("Text1(4)", "E009");
+  host.fill("category", "E009");
   host.answers.assign({false, true});
   host.press("cmdshowrpt");
   EXPECT_EQ(host.questions.back().title, "Mirav Confirmation");
@@ -144,8 +144,8 @@ TEST_F(Reports, AskHowPricesAreListed) {
 TEST_F(Reports, SayThatTheyIgnoreTheirFilters) {
   for (const char* key : {"QUOTREG", "QUOTREGDTL", "CHLNRPT", "CHLNRPTDTL"}) {
     open(key);
-    host.fill("MaskEdBox1(1)", "01042026");
-    if (host.at("Text1(0)").enabled) host.fill("Text1(0)", "A00002");
+    host.fill("to", "01042026");
+    if (host.at("party").enabled) host.fill("party", "A00002");
     host.press("cmdshowrpt");
     EXPECT_GE(rows(), 2U) << key;
     EXPECT_NE(host.hint().find("All Vouchers"), std::string::npos) << host.hint();

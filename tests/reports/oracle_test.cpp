@@ -154,8 +154,11 @@ class ReportsAtRandom : public Oracle {
                       .periodStart = kStart,
                       .periodEnd = kEnd,
                       .yes = asked[8] == "Yes"};
-    for (const ReportField field : report.fields)
-      if (field != kSalesman) query.fields[field] = asked[3 + field];
+    size_t next = 3;
+    for (const ReportField field : {kParty, kCity, kState, kItem, kCategory}) {
+      const std::string& text = asked[next++];
+      if (std::ranges::find(report.fields, field) != report.fields.end()) query.fields[field.text] = text;
+    }
     ReportPlan plan = report.plan(db, query);
     if (!plan.refusal.empty()) return {plan.refusal + "|0"};
     if (report.question && report.question->when == ReportQuestion::When::WithRows && !query.yes)

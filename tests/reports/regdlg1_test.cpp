@@ -26,11 +26,11 @@ class Ledgers : public ReportScreens {
 
 TEST_F(Ledgers, RefuseWhatIsNoAccountAndNoDate) {
   host.open("regdlg1", {.reportKey = "LEDGERS"});
-  host.fillEnter("Text1", "A00099");
-  EXPECT_EQ(host.lastMessage() + host.text("Text1") + host.focus(), "PARTY DOES NOT EXISTText1");
-  host.fillEnter("MaskEdBox1(1)", "31022026");
+  host.fillEnter("party", "A00099");
+  EXPECT_EQ(host.lastMessage() + host.text("party") + host.focus(), "PARTY DOES NOT EXISTparty");
+  host.fillEnter("to", "31022026");
   EXPECT_EQ(said(), "Mirav Information|the date keys");
-  EXPECT_EQ(host.focus(), "MaskEdBox1(1)");
+  EXPECT_EQ(host.focus(), "to");
   EXPECT_FALSE(host.at("cmdshow").enabled);
 }
 

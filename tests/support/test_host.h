@@ -47,7 +47,7 @@ class TestHost : public Desk {
   std::string lastMessage() const { return messages.empty() ? "" : messages.back().text; }
   std::string lastQuestion() const { return questions.empty() ? "" : questions.back().text; }
 
-  // The screen on top, its name and its controls by full name ("Text1(4)").
+  // The screen on top, its name and its controls by full name ("Text1(4)") or field ("party").
   Screen& screen() const {
     if (!top()) throw std::logic_error("no screen is open");
     return *top();
@@ -59,7 +59,13 @@ class TestHost : public Desk {
     return *found;
   }
   const std::string& text(const std::string& name) const { return at(name).text; }
-  std::string focus() const { return screen().focused() ? screen().focused()->fullName() : ""; }
+  // The field that has it by its name, another control by its full name.
+  std::string focus() const {
+    const Control* const c = screen().focused();
+    if (!c) return "";
+    const std::string_view field = c->spec->field.text;
+    return field.empty() ? c->fullName() : std::string(field);
+  }
   std::string cell(const std::string& grid, size_t row, size_t column) const {
     return at(grid).grid.cell(row, column).text;
   }

@@ -11,7 +11,7 @@ class Challans : public BillTest {};
 // Every column of both tables: those written here, "." in some, 0 in all that are left.
 TEST_F(Challans, EveryColumnHasItsValue) {
   startChallan("A00004");
-  host.fill("Text1(10)", "");
+  host.fill("detail", "");
   typeGoods("I0000001", "2", "50.25");
   saveGoods();
   EXPECT_EQ(written("CHLN"),

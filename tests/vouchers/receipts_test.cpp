@@ -17,13 +17,15 @@ class ReceiptsTest : public BillTest {
     db().exec("INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, OP_BAL, CL_BAL) VALUES (?, ?, ?, 0, 0)", code,
               name, group);
   }
-  static MoneyVoucher money(double number, double amount) {
-    return {.number = number,
-            .date = kDay,
-            .account = kCashAccount,
-            .party = "A00001",
-            .amount = amount,
-            .narration = " O'NEIL, ભાગ 1 "};
+  static Fields money(double number, double amount) {
+    return {
+        {"VOUCH_NO",  number                 },
+        {"VOUCH_DT",  kDay                   },
+        {"CSHBNK_CD", kCashAccount           },
+        {"PARTY_CD",  "A00001"               },
+        {"AMOUNT",    amount                 },
+        {"NARRATION", " O'NEIL, ભાગ 1 "}
+    };
   }
   std::string balance(const std::string& code) {
     return line("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = '" + code + "'");
@@ -40,8 +42,8 @@ class ReceiptsTest : public BillTest {
   void startReceipt(const std::string& party, const std::string& amount) {
     host.press("cmdAdd");
     host.enter();
-    host.fillEnter("txtFields(3)", party);
-    host.fillEnter("txtFields(4)", amount);
+    host.fillEnter("party", party);
+    host.fillEnter("amount", amount);
     host.enter();
   }
   void save() {
@@ -89,8 +91,8 @@ TEST_F(ReceiptsTest, AModifyReplacesAndADeletionTakesBack) {
   EXPECT_FALSE(saveMoneyVoucher(db(), kind, money(2, 99), Saving::Fresh));
   EXPECT_EQ(stored(), "RC1 400, RC2 50");
 
-  MoneyVoucher changed = money(1, 300);
-  changed.party = "A00002";
+  Fields changed = money(1, 300);
+  setValue(changed, "PARTY_CD", "A00002");
   ASSERT_TRUE(saveMoneyVoucher(db(), kind, changed, Saving::Again));
   EXPECT_EQ(stored(), "RC1 300, RC2 50");
   EXPECT_EQ(balance("X90005"), "350");
@@ -123,19 +125,19 @@ TEST_F(ReceiptsTest, NumbersByMode) {
   saveMoneyVoucher(db(), receiptKind(), money(3, 20), Saving::Fresh);
   open();
   host.press("cmdAdd");
-  EXPECT_EQ(host.text("txtFields(0)"), "5") << "after the highest, not the last";
-  host.fillEnter("txtFields(0)", "4");
-  EXPECT_EQ(host.lastMessage() + host.text("txtFields(0)"), "VOUCHER ALREADY EXISTS");
-  host.fillEnter("txtFields(0)", "9");
-  EXPECT_EQ(host.focus(), "MaskEdBox1(0)");
+  EXPECT_EQ(host.text("number"), "5") << "after the highest, not the last";
+  host.fillEnter("number", "4");
+  EXPECT_EQ(host.lastMessage() + host.text("number"), "VOUCHER ALREADY EXISTS");
+  host.fillEnter("number", "9");
+  EXPECT_EQ(host.focus(), "date");
   host.answers = {true};
   host.escape();
 
   // Another number typed over the one that is shown must not be written under.
   host.press("cmdEdit");
-  host.fillEnter("txtFields(0)", "4");
-  host.fill("txtFields(0)", "6");
-  host.go("txtFields(7)");
+  host.fillEnter("number", "4");
+  host.fill("number", "6");
+  host.go("narration");
   host.enter();
   host.enter();
   EXPECT_EQ(host.lastMessage(), "VOUCHER DOES NOT EXISTS");
@@ -143,15 +145,15 @@ TEST_F(ReceiptsTest, NumbersByMode) {
   host.press("cmdCancel");
 
   host.key(Key::Ctrl('P'));
-  host.fillEnter("txtFields(0)", "1");
+  host.fillEnter("number", "1");
   EXPECT_EQ(host.lastMessage(), "VOUCHER DOES NOT EXIST");
-  host.fillEnter("txtFields(0)", "4");
-  EXPECT_EQ(host.screen().mode + host.text("txtFields(4)"), "VIEW75");
-  EXPECT_FALSE(host.at("txtFields(4)").enabled);
+  host.fillEnter("number", "4");
+  EXPECT_EQ(host.screen().mode + host.text("amount"), "VIEW75");
+  EXPECT_FALSE(host.at("amount").enabled);
   host.escape();
 
   host.press("cmdDelete");
-  host.fillEnter("txtFields(0)", "1");
+  host.fillEnter("number", "1");
   EXPECT_EQ(host.lastMessage(), "PARTY DOES NOT EXIST");
 }
 

@@ -45,16 +45,16 @@ TEST_F(Robust, WhatIsDeletedUnderABillIsToldOrKept) {
   typeLine("I0000001", "2", "100", "0");
   db().exec("DELETE FROM ACCOUNT WHERE ACC_CD = 'A00001'");
   db().exec("DELETE FROM ITEM WHERE ITEM_CD = 'I0000001'");
-  host.fillEnter("Text1(45)", "1");
+  host.fillEnter("parcels", "1");
   host.press("CMDSAVE");
   EXPECT_EQ(host.lastMessage(), "Invalid Entry");
-  EXPECT_EQ(host.text("Text1(28)") + host.screen().mode, "236ADD") << "nothing of the bill is lost";
-  host.fill("Text1(4)", "A00002");
+  EXPECT_EQ(host.text("net_amount") + host.screen().mode, "236ADD") << "nothing of the bill is lost";
+  host.fill("party", "A00002");
   save();
   EXPECT_EQ(line("SELECT PARTY_CD, NET_AMT FROM SALE"), "A00002|236");
   host.press("cmdEDIT");
-  host.fillEnter("Text1(0)", "1");
-  EXPECT_EQ(fields({5, 6, 14}), "I0000001||236");
+  host.fillEnter("number", "1");
+  EXPECT_EQ(shown("item item_name amount"), "I0000001||236");
 }
 
 TEST_F(Robust, TwoProgramsNeverShareANumber) {
@@ -76,11 +76,11 @@ TEST_F(Robust, AFullDiskKeepsTheVoucherOnTheScreen) {
     std::string head, lines;  // tables
   } kinds[] = {
       {[this] { startChallan(); }, [this](const std::string& n) { typeGoods("I0000001", n, "100"); },
-       "Text1(11)", "CHLN", "CHLNITM"},
-      {[this] { startOffer(); },   [this](const std::string& n) { typeOffered("I0000001", n, "100", "0"); },
-       "Text1(6)",  "QUOT", "QUOTITM"},
+       "destination", "CHLN", "CHLNITM"},
+      {[this] { startOffer(); },   [this](const std::string& n) { typeLine("I0000001", n, "100", "0"); },
+       "subject_to",  "QUOT", "QUOTITM"},
       {[this] { startBill(); },    [this](const std::string& n) { typeLine("I0000001", n, "100", "0"); },
-       "Text1(45)", "SALE", "SALEITM"},
+       "parcels",     "SALE", "SALEITM"},
   };
   for (const auto& kind : kinds) {
     SCOPED_TRACE(kind.head);
@@ -119,41 +119,40 @@ TEST_F(Robust, AFullDiskKeepsTheVoucherOnTheScreen) {
 TEST_F(Robust, FieldsFilledToTheirLimitComeBack) {
   const struct {
     std::function<void()> start, save;
-    int item;
-    std::vector<int> ofLine, ofHead;
+    std::string ofLine, ofHead;
   } kinds[] = {
-      {[this] { startBill(); },    [this] { save(); },      5, {46, 7},     {47, 43, 16, 29, 41, 40, 42}},
-      {[this] { startChallan(); }, [this] { saveGoods(); }, 5, {10},        {15, 23, 29, 1, 3, 11}      },
-      {[this] { startOffer(); },
-       [this] { saveOffer(); },
-       12,                                                     {5, 15, 10},
-       {35, 2, 3, 11, 1, 7, 29, 33, 18, 26, 28, 6}                                                      },
+      {[this] { startBill(); },    [this] { save(); },      "detail unit",
+       "bill_type bill_no order_no narration destination lr_no transport"},
+      {[this] { startChallan(); }, [this] { saveGoods(); }, "detail",
+       "order_no challan_type narration transport lr_no destination"     },
+      {[this] { startOffer(); },   [this] { saveOffer(); }, "item_name detail unit",
+       "reference attention subject your_reference validity rate_terms payment_terms tax_terms delivery_terms"
+       " packing_terms installation_terms subject_to"                    },
   };
   for (const auto& kind : kinds) {
-    const auto named = [](int field) { return "Text1(" + std::to_string(field) + ")"; };
-    std::map<int, std::string> typed;
-    const auto fill = [&](int field) {
+    std::map<std::string, std::string> typed;
+    const auto fill = [&](const std::string& field) {
       std::string text;
       while (utf8::length(text) < 300) text += "O'N \"ગુજરાતી\" %_\\; ";
-      host.fill(named(field), text);
-      EXPECT_EQ(host.text(named(field)), cut(text, host.at(named(field)).limit));
-      typed[field] = trim(host.text(named(field)));
+      host.fill(field, text);
+      EXPECT_EQ(host.text(field), cut(text, host.at(field).limit));
+      typed[field] = trim(host.text(field));
     };
     kind.start();
     SCOPED_TRACE(host.screen().spec.name);
-    host.fillEnter(named(kind.item), kind.ofLine.size() > 1 ? "MISC" : "I0000001");
-    for (const int field : kind.ofLine) fill(field);
-    host.fill("Text1(8)", "999999999.999");
-    host.fillEnter("Text1(9)", "1");
-    host.go("Text1(14)");
+    host.fillEnter("item", kind.ofLine != "detail" ? "MISC" : "I0000001");
+    for (const std::string& field : split(kind.ofLine, " ")) fill(field);
+    host.fill("quantity", "999999999.999");
+    host.fillEnter("rate", "1");
+    host.go("amount");
     host.enter();
-    for (const int field : kind.ofHead) fill(field);
+    for (const std::string& field : split(kind.ofHead, " ")) fill(field);
     host.enter();
     kind.save();
     host.press("cmdEDIT");
-    host.fillEnter("Text1(0)", "1");
-    for (const auto& [field, text] : typed) EXPECT_EQ(trim(host.text(named(field))), text) << field;
-    EXPECT_EQ(host.text("Text1(8)"), "999999999.999");
+    host.fillEnter("number", "1");
+    for (const auto& [field, text] : typed) EXPECT_EQ(trim(host.text(field)), text) << field;
+    EXPECT_EQ(host.text("quantity"), "999999999.999");
     host.press("CMDCANCEL");
     host.closeTop();
   }

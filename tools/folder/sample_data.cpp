@@ -22,6 +22,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kCode = "M001";
+constexpr const char* kBillType = "TAX";
 constexpr const char* kMobile = "9090909090";
 
 struct Year {
@@ -210,38 +211,48 @@ class Books {
   void enter(const SampleBill& bill) {
     const VoucherKind& kind = saleKind();
     const Row party = *db_.first("SELECT * FROM ACCOUNT WHERE ACC_CD = ?", bill.party);
-    BillHeader head;
-    head.number = lastVoucher(db_, kind).number + 1;
-    head.date = daysAgo(bill.daysAgo);
-    head.party = bill.party;
-    head.billType = "TAX";
-    head.billNumber = nextBillNumber(db_, kind, head.billType);
-    head.challanNumber = head.number;
-    head.narration = bill.narration;
-    head.transport = bill.transport;
-    head.transportId = db_.number("SELECT TRANS_ID FROM TRANSMAST WHERE TRANSNAME = ?", bill.transport);
-    head.destination = party.text("AREA");
-    head.creditDays = party.number("CREDIT_DAY");
+    const double number = lastVoucher(db_, kind).number + 1;
+    const Date date = daysAgo(bill.daysAgo);
 
     db_.exec("DELETE FROM T_SLITM");
     int serial = 0;
     for (const SampleLine& line : bill.lines)
-      if (line.item) enterLine(head, line, ++serial, party.number("STATECD"));
+      if (line.item) enterLine(number, date, line, ++serial, party.number("STATECD"));
 
     const Row sums = *db_.first(
         "SELECT SUM(AMOUNT), SUM(QUANTITY), SUM(CGSTAMT), SUM(SGSTAMT), SUM(IGSTAMT) FROM T_SLITM");
-    head.items = Round(sums.number(0), 2);
-    head.quantity = Round(sums.number(1), 2);
-    head.cgst = Round(sums.number(2), 2);
-    head.sgst = Round(sums.number(3), 2);
-    head.igst = Round(sums.number(4), 2);
-    const BillTotal total = billTotal(head.items, {head.cgst, head.sgst, head.igst});
-    head.amount = total.amount;
-    head.roundOff = total.roundOff;
+    const auto sum = [&](int column) { return Round(sums.number(column), 2); };
+    const BillTotal total = billTotal(sum(0), {sum(2), sum(3), sum(4)});
+    // clang-format off
+    const Fields head = {
+        {"VOUCH_NO",   number},
+        {"VOUCH_DT",   date},
+        {"PARTY_CD",   bill.party},
+        {"CASH_CD",    ""},
+        {"BL_TYPE",    kBillType},
+        {"BILL_NO",    nextBillNumber(db_, kind, kBillType)},
+        {"ORDER_NO",   ""},
+        {"CHLN_NO",    number},
+        {"NARRATION",  bill.narration},
+        {"TRANS_CD",   db_.number("SELECT TRANS_ID FROM TRANSMAST WHERE TRANSNAME = ?", bill.transport)},
+        {"TRANSPORT",  bill.transport},
+        {"DESTI",      party.text("AREA")},
+        {"GR_NO",      ""},
+        {"PARCLE",     ""},
+        {"CR_DAYS",    party.number("CREDIT_DAY")},
+        {"ITEM_AMT",   sum(0)},
+        {"NO_OF_ITEM", sum(1)},
+        {"TCGSTRT",    sum(2)},
+        {"TSGSTRT",    sum(3)},
+        {"TIGSTRT",    sum(4)},
+        {"ROUND_OFF",  total.roundOff},
+        {"NET_AMT",    total.amount},
+    };
+    // clang-format on
     saveBill(db_, kind, head, {now_, "", kMobile, year_.stem}, Saving::Fresh);
   }
 
-  void enterLine(const BillHeader& head, const SampleLine& line, int serial, double partyState) {
+  void enterLine(double number, Date date, const SampleLine& line, int serial, double partyState) {
     const Row item = *db_.first("SELECT ITEM_NAME, RATEOFTAX FROM ITEM WHERE ITEM_CD = ?", line.item);
     const TaxTexts split = *splitTax(Val(kCompany.stateCode), partyState, item.number("RATEOFTAX"));
     LineValue value;
@@ -249,8 +260,8 @@ class Books {
     value.tax({Val(split.cgst), Val(split.sgst), Val(split.igst)});
     // clang-format off
     Fields row = marked({
-        {"VOUCH_NO",   head.number},
-        {"VOUCH_DT",   head.date},
+        {"VOUCH_NO",   number},
+        {"VOUCH_DT",   date},
         {"VOUCH_TIME", Clock{now_.hour, now_.minute}},
         {"BOOK_CD",    saleKind().code},
         {"SR_NO",      serial},
@@ -264,8 +275,8 @@ class Books {
         {"NET_AMOUNT", value.shownNet()},
         {"ORDER_NO",   0},
         {"ITEM_DESC",  ""},
-        {"CHLN_DT",    head.date},
-        {"BLTYPE",     head.billType},
+        {"CHLN_DT",    date},
+        {"BLTYPE",     kBillType},
         {"CGSTRT",     value.rates.cgst},
         {"SGSTRT",     value.rates.sgst},
         {"IGSTRT",     value.rates.igst},
@@ -288,12 +299,14 @@ class Books {
   void enter(const SampleReceipt& receipt) {
     const VoucherKind& kind = receiptKind();
     storeMoneyVoucher(db_, kind,
-                      {.number = nextMoneyNumber(db_, kind),
-                       .date = daysAgo(receipt.daysAgo),
-                       .account = kCashAccount,
-                       .party = receipt.party,
-                       .amount = receipt.amount,
-                       .narration = receipt.narration});
+                      {
+                          {"VOUCH_NO", nextMoneyNumber(db_, kind)},
+                          {"VOUCH_DT",          daysAgo(receipt.daysAgo)                   },
+                          {"CSHBNK_CD",          kCashAccount},
+                          {"PARTY_CD",          receipt.party                    },
+                          {"AMOUNT",          receipt.amount },
+                          {"NARRATION",          receipt.narration                 }
+    });
   }
 
   Database& db_;
