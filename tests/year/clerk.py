@@ -7,10 +7,10 @@ MISC_WORK = "FITTING AT SITE"
 
 
 class Clerk(Shop):
-    def add(self, menu, voucher, number="Text1(0)"):
+    def add(self, menu, voucher):
         self.at(menu)
         self.s.keys("Alt+A")
-        self.s.expect(number, str(voucher.number))
+        self.s.expect("number", str(voucher.number))
 
     def open(self, menu, voucher):
         self.at(menu)
@@ -31,59 +31,59 @@ class Clerk(Shop):
         s = self.s
         s.type(line.item.code.lower(), "Enter")
         if line.item.code == "MISC":
-            s.fill("Text1(6)", MISC_WORK.lower(), "Enter")
+            s.fill("item_name", MISC_WORK.lower(), "Enter")
             if line.detail != MISC_WORK:  # its name is kept as the detail where nothing else is typed
-                s.fill("Text1(46)", line.detail.lower())
+                s.fill("detail", line.detail.lower())
             s.keys("Enter")
-            s.fill("Text1(7)", line.unit, "Enter")
+            s.fill("unit", line.unit, "Enter")
         else:
             if line.detail:
                 s.type(line.detail.lower())
             s.keys("Enter")
             if line.unit != line.item.units[0].name:
-                s.fill("Text1(7)", line.unit)
+                s.fill("unit", line.unit)
             s.keys("Enter")
         s.type(number(line.quantity), "Enter")
         rate, discount = self.offered(line, party)
-        s.expect("Text1(9)", number(rate) if rate else "")
-        s.expect("Text1(11)", number(discount) if discount else "")
+        s.expect("rate", number(rate) if rate else "")
+        s.expect("discount", number(discount) if discount else "")
         if line.rate != rate:
-            s.fill("Text1(9)", number(line.rate))
+            s.fill("rate", number(line.rate))
         s.keys("Enter")
         if line.discount != discount:
-            s.fill("Text1(11)", number(line.discount))
+            s.fill("discount", number(line.discount))
         s.keys("Enter")
         self.taxes(line, party)
-        s.expect("Text1(14)", number(line.net))
+        s.expect("amount", number(line.net))
         s.keys("Enter")
 
     def taxes(self, line, party):
         """Rates other than the item's, and an amount of IGST, are typed over what the line has worked out."""
         s, usual = self.s, self.books.taxes(line.item, party)
         if line.taxes[0] != usual[0]:
-            s.fill("Text1(12)", number(line.taxes[0]), "Enter Enter")
-            s("focus Text1(14)")
+            s.fill("cgst_rate", number(line.taxes[0]), "Enter Enter")
+            s("focus amount")
         if line.taxes[2] != usual[2]:
-            s.fill("Text1(19)", number(line.taxes[2]), "Enter Enter")
+            s.fill("igst_rate", number(line.taxes[2]), "Enter Enter")
         if line.typed is not None:
-            s("focus Text1(31)", "focus Text1(19)")
-            s.fill("Text1(31)", number(line.typed), "Enter")
+            s("focus igst_amount", "focus igst_rate")
+            s.fill("igst_amount", number(line.typed), "Enter")
 
     def bill(self, b, today, refused=None):
         s = self.s
         self.add("SALE" if b.book == "SA" else "PURCHASE", b)
         if refused:
-            s.fill("MaskEdBox1(0)", refused.strftime("%d%m%Y"), "Enter")
-            s('expect message "Pl. Enter Date Between 01/Apr/2023 and 31/Mar/2034"', "expect focus MaskEdBox1(0)")
+            s.fill("date", refused.strftime("%d%m%Y"), "Enter")
+            s('expect message "Pl. Enter Date Between 01/Apr/2023 and 31/Mar/2034"', "expect focus date")
         if refused or b.day != today:
-            s.fill("MaskEdBox1(0)", b.day.strftime("%d%m%Y"))
+            s.fill("date", b.day.strftime("%d%m%Y"))
         s.keys("Enter")
         s.type(b.party.code.lower(), "Enter Tab")
         if b.type != "TAX":
-            s.fill("Text1(47)", b.type.lower())
+            s.fill("bill_type", b.type.lower())
         s.keys("Enter")
         if b.book == "SA":
-            s.expect("Text1(43)", b.bill_number)
+            s.expect("bill_no", b.bill_number)
             s.keys("Enter Enter Enter")
         else:
             s.type(b.bill_number.lower(), "Enter Enter Enter Enter")
@@ -92,19 +92,19 @@ class Clerk(Shop):
         s.keys("PgDn")
         if b.narration:
             s.type(b.narration.lower())
-        for control, text in ((42, b.transport), (40, b.lorry), (45, b.parcels)):
+        for field, text in (("transport", b.transport), ("lr_no", b.lorry), ("parcels", b.parcels)):
             if text:
-                s.fill("Text1(%d)" % control, text.lower())
-                if control == 42:
+                s.fill(field, text.lower())
+                if field == "transport":
                     s.keys("Enter")
         self.save(b)
 
     def save(self, b):
         s = self.s
-        s.expect("Text1(18)", number(b.value))
-        s.expect("Text1(38)", number(b.rounding))
-        s.expect("Text1(28)", number(b.net))
-        s("focus Text1(45)", "key Enter", "key Enter")
+        s.expect("items_amount", number(b.value))
+        s.expect("round_off", number(b.rounding))
+        s.expect("net_amount", number(b.net))
+        s("focus parcels", "key Enter", "key Enter")
         s('expect Label1 contains "   Invoice AMOUNT : %s\\n"' % number(b.net))
         if b.book == "SA" and b.net > 50000:
             s('expect Label1 contains "Value Of Bill Exceeds Rs. 50000/-"')
@@ -112,16 +112,16 @@ class Clerk(Shop):
 
     def open_bill(self, b, party=None):
         self.open("SALE" if b.book == "SA" else "PURCHASE", b)
-        self.s.expect("Text2", (party or b.party).name)
+        self.s.expect("party_name", (party or b.party).name)
 
     def mend_line(self, b, index):
         """A quantity, rate or discount typed over; the rest of the line runs through again."""
         s, line = self.s, b.lines[index]
         self.open_bill(b)
-        s("focus Text1(5)", *["key Down"] * index)
-        for control, figure in ((8, line.quantity), (9, line.rate), (11, line.discount)):
-            s.fill("Text1(%d)" % control, number(figure), "Enter")
-        s.expect("Text1(14)", number(line.net))
+        s("focus item", *["key Down"] * index)
+        for field, figure in (("quantity", line.quantity), ("rate", line.rate), ("discount", line.discount)):
+            s.fill(field, number(figure), "Enter")
+        s.expect("amount", number(line.net))
         s.keys("Enter")
         self.save(b)
 
@@ -129,26 +129,26 @@ class Clerk(Shop):
         """F10 takes the line away; the totals follow when the first line is stored again."""
         s = self.s
         self.open_bill(b)
-        s("focus Text1(5)", *["key Down"] * index, "key F10", "focus Text1(5)", *["key Up"] * (len(b.lines) + 1))
-        s.expect("Text1(5)", b.lines[0].item.code)
-        s("focus Text1(9)", "key Enter Enter Enter", "expect rows DataGrid1 %d" % len(b.lines))
+        s("focus item", *["key Down"] * index, "key F10", "focus item", *["key Up"] * (len(b.lines) + 1))
+        s.expect("item", b.lines[0].item.code)
+        s("focus rate", "key Enter Enter Enter", "expect rows lines %d" % len(b.lines))
         self.save(b)
 
     def add_line(self, b):
         s = self.s
         self.open_bill(b)
-        s("focus Text1(5)", *["key Down"] * (len(b.lines) - 1))
-        s.expect("Text1(5)", "")
+        s("focus item", *["key Down"] * (len(b.lines) - 1))
+        s.expect("item", "")
         self.line(b.lines[-1], b.party)
         self.save(b)
 
     def mend_head(self, b, was, party):
         s = self.s
         self.open_bill(b, was)
-        s.fill("MaskEdBox1(0)", b.day.strftime("%d%m%Y"), "Enter")
+        s.fill("date", b.day.strftime("%d%m%Y"), "Enter")
         if party:
-            s.fill("Text1(4)", party.code.lower(), "Enter")
-        s.fill("Text1(29)", b.narration.lower())
+            s.fill("party", party.code.lower(), "Enter")
+        s.fill("narration", b.narration.lower())
         self.save(b)
 
     def delete(self, menu, voucher):
@@ -170,30 +170,30 @@ class Clerk(Shop):
         s.keys("Enter")
         s.type(c.party.code.lower(), "Enter Enter")
         s.type(c.type.lower(), "Enter")
-        s.expect("Text1(24)", str(c.challan_number))
+        s.expect("challan_no", str(c.challan_number))
         s.keys("Enter")
         for line in c.lines:
             s.type(line.item.code.lower(), "Enter Enter Enter")
-            s.fill("Text1(8)", number(line.quantity), "Enter")
-            s.fill("Text1(9)", number(line.rate), "Enter Enter")
+            s.fill("quantity", number(line.quantity), "Enter")
+            s.fill("rate", number(line.rate), "Enter Enter")
         self.save_challan(c)
 
     def save_challan(self, c):
         s = self.s
         s.keys("PgDn")
         if c.narration:
-            s.fill("Text1(29)", c.narration.lower())
-        s("focus Text1(19)")
-        s.fill("Text1(19)", number(c.discount), "Enter Enter")
-        s.fill("Text1(21)", number(c.charges), "Enter")
-        s.expect("Text1(20)", number(c.off))
-        s.expect("Text1(28)", number(c.net))
-        s("focus Text1(11)", "key Enter", "key Enter", "press CancelButton")
+            s.fill("narration", c.narration.lower())
+        s("focus discount_percent")
+        s.fill("discount_percent", number(c.discount), "Enter Enter")
+        s.fill("charges", number(c.charges), "Enter")
+        s.expect("discount_amount", number(c.off))
+        s.expect("net_amount", number(c.net))
+        s("focus destination", "key Enter", "key Enter", "press CancelButton")
 
     def mend_challan(self, c):
         self.open("CH", c)
-        self.s("focus Text1(8)")
-        self.s.fill("Text1(8)", number(c.lines[0].quantity), "Enter Enter Enter")
+        self.s("focus quantity")
+        self.s.fill("quantity", number(c.lines[0].quantity), "Enter Enter Enter")
         self.save_challan(c)
 
     def quotation(self, q):
@@ -204,33 +204,33 @@ class Clerk(Shop):
         s.keys("Enter Enter Enter Enter")
         for line in q.lines:
             s.type(line.item.code.lower(), "Enter Enter Enter")
-            s.fill("Text1(8)", number(line.quantity), "Enter")
-            s.fill("Text1(9)", number(line.rate), "Enter")
-            s.fill("Text1(16)", number(line.discount), "Enter")
-            s.expect("Text1(14)", number(line.net))
+            s.fill("quantity", number(line.quantity), "Enter")
+            s.fill("rate", number(line.rate), "Enter")
+            s.fill("discount", number(line.discount), "Enter")
+            s.expect("amount", number(line.net))
             s.keys("Enter")
         self.save_quotation(q)
 
     def save_quotation(self, q):
-        self.s.expect("Text1(27)", number(q.net))
-        self.s("focus Text1(6)", "key Enter", "key Enter", "press CancelButton")
+        self.s.expect("net_amount", number(q.net))
+        self.s("focus subject_to", "key Enter", "key Enter", "press CancelButton")
 
     def mend_quotation(self, q):
         self.open("QUOTATION", q)
-        self.s("focus Text1(8)")
-        self.s.fill("Text1(8)", number(q.lines[0].quantity), "Enter Enter Enter Enter")
+        self.s("focus quantity")
+        self.s.fill("quantity", number(q.lines[0].quantity), "Enter Enter Enter Enter")
         self.save_quotation(q)
 
     def money(self, m, today):
         s = self.s
-        self.add("RECEIPT" if m.book == "RC" else "PAYMENT", m, "txtFields(0)")
+        self.add("RECEIPT" if m.book == "RC" else "PAYMENT", m)
         if m.day != today:
-            s.fill("MaskEdBox1(0)", m.day.strftime("%d%m%Y"))
+            s.fill("date", m.day.strftime("%d%m%Y"))
         if m.place == CASH:
             s.keys("Enter")
         else:
             s.keys("F5")
-            s.fill("txtFields(2)", m.place.lower(), "Enter")
+            s.fill("account", m.place.lower(), "Enter")
         s.type(m.party.code.lower(), "Enter")
         s.type(number(m.amount), "Enter")
         if m.narration:
@@ -248,7 +248,7 @@ class Clerk(Shop):
     def mend_money(self, m):
         s = self.s
         self.open("RECEIPT" if m.book == "RC" else "PAYMENT", m)
-        s.fill("MaskEdBox1(0)", m.day.strftime("%d%m%Y"), "Enter")
-        s.fill("txtFields(4)", number(m.amount))
+        s.fill("date", m.day.strftime("%d%m%Y"), "Enter")
+        s.fill("amount", number(m.amount))
         s("key Enter", "key Enter", "key Enter", "key Enter")
         self.balances(m)

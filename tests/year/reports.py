@@ -38,11 +38,11 @@ class Reports:
         s = self.s
         s.note(menu)
         s("menu " + menu)
-        for control, text in fields:
-            s.fill(control, text)
-        for index, day in ((0, start), (1, end)):
+        for field, text in fields:
+            s.fill(field, text)
+        for field, day in (("from", start), ("to", end)):
             if day:
-                s.fill("MaskEdBox1(%d)" % index, day.strftime("%d%m%Y"), "Enter")
+                s.fill(field, day.strftime("%d%m%Y"), "Enter")
         if answer:
             s("answer " + answer)
         s.keys("Alt+S")
@@ -96,9 +96,9 @@ class Reports:
         october = datetime.date(2026, 10, 1), datetime.date(2026, 10, 30)
         self.show("SALEBILLSUMMARY", self.bill_register(self.bills(*october)), *october)
         party = everything[-1].party
-        self.show("SALEBILLSUMMARY", self.bill_register(self.bills(keep=lambda p: p is party)), fields=[("Text1(0)", party.code)])
+        self.show("SALEBILLSUMMARY", self.bill_register(self.bills(keep=lambda p: p is party)), fields=[("party", party.code)])
         area = next(p.area for p in self.books.parties if p.group == DEBTORS and p.area)
-        self.show("SALEBILLSUMMARY", self.bill_register(self.bills(keep=lambda p: p.area == area)), fields=[("Text1(1)", area.lower())])
+        self.show("SALEBILLSUMMARY", self.bill_register(self.bills(keep=lambda p: p.area == area)), fields=[("city", area.lower())])
         self.show("slblreg", self.detailed_register(everything))
         for month in range(12):
             start = datetime.date(2026 + (month + 3) // 12, (month + 3) % 12 + 1, 1)
@@ -140,7 +140,7 @@ class Reports:
                                    for m in kept], [3], 5)
         self.show("recipt", rows(found))
         party = found[0].party
-        self.show("recipt", rows([m for m in found if m.party is party]), fields=[("Text1(0)", party.code)])
+        self.show("recipt", rows([m for m in found if m.party is party]), fields=[("party", party.code)])
 
     # What is owed
 

@@ -31,9 +31,9 @@ class Shop:
         self.s.type("2026")
         self.s("answer Yes", "key Enter", "tick 4", 'expect message "Are You Sure"', 'expect message "company created"')
         self.s("menu acc_set")
-        self.s.fill("txtFields(2)", name.lower())
-        self.s.fill("txtFields(7)", "24")
-        self.s.fill("txtFields(1)", "24AAKFS4821M1ZW")
+        self.s.fill("company", name.lower())
+        self.s.fill("state_code", "24")
+        self.s.fill("gstin", "24AAKFS4821M1ZW")
         self.s("press cmdsave", "expect screen frmmain")
 
     def start_again(self, name, today):
@@ -49,7 +49,7 @@ class Shop:
     def categories(self, categories):
         self.s("menu category", "key Alt+A")
         for c in categories:
-            self.s.expect("txtFields(0)", c.code)
+            self.s.expect("code", c.code)
             self.s.type(c.name.lower(), "Enter Enter")
             self.s.type(c.hsn, "Enter Enter")
             self.s.type(number(c.tax), "Enter Enter Enter Enter")
@@ -58,12 +58,12 @@ class Shop:
     def items(self, items):
         self.s("menu item")
         for item in items:
-            self.s.expect("Text1(0)", item.code)
+            self.s.expect("code", item.code)
             for text in (item.name.lower(), item.category.lower(), item.units[0].name.lower(), number(item.tax), item.hsn):
                 self.s.type(text, "Enter")
             self.s.keys("Enter Enter")
             for i, unit in enumerate(item.units):
-                self.s.fill("Text1(6)", unit.name, "Enter")
+                self.s.fill("unit", unit.name, "Enter")
                 self.s.type(number(unit.purchase), "Enter")
                 self.s.type(number(unit.sale), "Enter Enter Enter")
                 if unit.discount:
@@ -77,24 +77,24 @@ class Shop:
         """A registered one by its number, which gives the state; "." by a number that is refused; "X" without asking."""
         self.s("menu account", "key Alt+A")
         for p in parties:
-            self.s.expect("txtFields(0)", p.code)
+            self.s.expect("code", p.code)
             self.s.type(p.name.lower(), "Enter")
-            self.s.fill("txtFields(2)", str(p.group), "Enter")
+            self.s.fill("group", str(p.group), "Enter")
             self.s.type(number(p.opening))
             self.s("answer No", "key Enter", 'expect message "Save Entry = Yes ::  Enter Other Details = No"')
-            for index, text in ((4, number(p.days)), (5, p.address[0]), (6, p.address[1]), (7, p.city), (9, p.area), (10, p.phone)):
+            for field, text in (("cr_days", number(p.days)), ("address1", p.address[0]), ("address2", p.address[1]), ("city", p.city), ("area", p.area), ("phone", p.phone)):
                 if text:
-                    self.s.fill("txtFields(%d)" % index, text)
+                    self.s.fill(field, text)
             if p.gstin:
-                self.s.fill("txtFields(44)", "24AAA" if p.gstin == "." else p.gstin)
+                self.s.fill("gstin", "24AAA" if p.gstin == "." else p.gstin)
             if len(p.gstin) == 15:
                 self.s.keys("Enter")
-                self.s.expect("txtFields(45)", "%02d" % p.state)
+                self.s.expect("state_code", "%02d" % p.state)
             else:
                 if p.gstin == ".":
                     self.s.keys("Enter")
                     self.s('expect message contains "INVALID GSTIN NO"')
-                self.s.fill("txtFields(45)", str(p.state))
+                self.s.fill("state_code", str(p.state))
             self.s("press cmdUpdate")
         self.s("answer Yes", "key Esc", 'expect message "Do you want to Exit"', "expect screen frmmain")
 
@@ -103,8 +103,8 @@ class Shop:
         s = self.s
         s("menu account", "key Alt+M")
         s.type(p.code.lower(), "Enter")
-        s.expect("txtFields(1)", p.name)
-        s.fill("txtFields(44)", p.gstin, "Enter")
+        s.expect("name", p.name)
+        s.fill("gstin", p.gstin, "Enter")
         s("press cmdUpdate", "answer Yes", "key Esc", 'expect message "Do you want to Exit"', "expect screen frmmain")
 
     def update(self):
