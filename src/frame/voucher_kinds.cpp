@@ -4,6 +4,7 @@
 #include <map>
 
 #include "base/text.h"
+#include "base/words.h"
 
 // Rows are laid out by hand.
 // clang-format off
@@ -23,14 +24,14 @@ const VoucherKind& quotation() {
       .screen = "FRMQUOT",
       .video = &Links::quotationVideo,
       .words = {.title = "QUOTATION ENTRY ",
-                .adding = " : ADD MODE",
-                .modifying = " : EDIT MODE",
-                .deleting = " : DELETE MODE",
+                .adding = "{title} : ADD MODE",
+                .modifying = "{title} : EDIT MODE",
+                .deleting = "{title} : DELETE MODE",
                 .escapeAsks = "Do you want to Cancel and Exit",
                 .saveOpens = "Save opens after Subject To",
                 .savedHead = "Quotation Entry Saved",
-                .savedHints = {"Press Print Btn To Print Quotation",
-                               "Press New Entry Btn To Enter New Quotation Entry"}},
+                .savedHints = {english("Press Print Btn To Print Quotation"),
+                               english("Press New Entry Btn To Enter New Quotation Entry")}},
       .tables = {.heads = "QUOT", .lines = "QUOTITM", .key = "ENTRY_TYP", .work = "T_QUOTITM", .serial = "SRNO"},
       .numbering = {.number = "REF_NO"},
       .party = {.offered = "group_cd in(85,88,86,135)",
@@ -113,15 +114,15 @@ const VoucherKind& saleKind() {
       .video = &Links::saleVideo,
       .dispatched = true,
       .words = {.title = "SALES ENTRY",
-                .adding = " :::  ADD MODE",
-                .modifying = "  :::  MODIFY MODE",
-                .deleting = " :::  DELETE MODE",
-                .printing = "  :::  PRINT MODE ",
+                .adding = "{title} :::  ADD MODE",
+                .modifying = "{title}  :::  MODIFY MODE",
+                .deleting = "{title} :::  DELETE MODE",
+                .printing = "{title}  :::  PRINT MODE ",
                 .escapeAsks = "Do you want to Cancel and Exit",
                 .saveOpens = "Save opens after Parcels",
                 .savedHead = "Sale Entry Saved",
-                .savedHints = {"Press Print Btn To Print Sales Invoice",
-                               "Press New Entry Btn To Enter New Bill Entry"},
+                .savedHints = {english("Press Print Btn To Print Sales Invoice"),
+                               english("Press New Entry Btn To Enter New Bill Entry")},
                 .rateHint = "F4 = Earlier Sales :: F6 = Party Rates :: F7 = Purchase Rates"},
       .tables = {.heads = "SALE", .lines = "SALEITM", .key = "BOOK_CD", .work = "T_SLITM", .serial = "SR_NO"},
       .numbering = {.number = "BILL_NO", .series = "BL_TYPE"},
@@ -158,7 +159,7 @@ const VoucherKind& purchaseKind() {
     k.dispatched = false;
     k.words.title = "PURCHASE ENTRY";
     k.words.savedHead = "Purchase Entry Saved";
-    k.words.savedHints = {"Press New Entry Btn To Enter New Bill Entry"};
+    k.words.savedHints = {english("Press New Entry Btn To Enter New Bill Entry")};
     k.words.rateHint = "F4 = Earlier Purchases :: F6 = Party Rates :: F7 = Purchase Rates";
     k.words.billDate = "B.Dt";
     k.numbering.runsOn = false;
@@ -185,9 +186,9 @@ const VoucherKind& challanKind() {
       .code = "CH",
       .screen = "FRMCHLN",
       .words = {.title = "Sales Challan Entry",
-                .adding = " ADD MODE",
-                .modifying = " Modify MODE",
-                .deleting = " Delete MODE",
+                .adding = "{title} ADD MODE",
+                .modifying = "{title} Modify MODE",
+                .deleting = "{title} Delete MODE",
                 .escapeAsks = "Do you want to exit",
                 .saveOpens = "Save opens after Desti",
                 .savedHead = "Sales Challan Entry Saved"},

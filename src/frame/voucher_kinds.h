@@ -21,7 +21,7 @@ struct VoucherKind {
 
   struct Words {
     std::string title;                                  // caption at rest
-    std::string adding, modifying, deleting, printing;  // what the caption adds in each mode
+    std::string adding, modifying, deleting, printing;  // captions of the modes, patterns of the title
     std::string escapeAsks;                             // question of Escape in ADD and EDIT
     std::string saveOpens;                              // why Save is off
     std::string savedHead;                              // first line of the message after a save

@@ -4,6 +4,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/links.h"
 #include "frame/session.h"
 #include "masters/page_rows.h"
@@ -14,9 +15,9 @@ using namespace fields;
 
 namespace {
 
-constexpr const char* kConfirm = "Mirav Confirmation Message";
-constexpr const char* kCheck = "Mirav Check";
-constexpr const char* kRestHint = "Press Add Button to Enter New Voucher";
+constexpr const char* kConfirm = english("Mirav Confirmation Message");
+constexpr const char* kCheck = english("Mirav Check");
+constexpr const char* kRestHint = english("Press Add Button to Enter New Voucher");
 constexpr Bgr kOkColour = 0xFFF0F0, kSecondColour = 0xFFD0D0;
 
 constexpr FieldName kEntered[] = {kNumber, kParty, kAmount, kNarration};
@@ -107,10 +108,13 @@ void bwrcpy::video() {
 
 // Modes
 
-void bwrcpy::begin(const std::string& newMode, const std::string& suffix) {
+void bwrcpy::begin(const std::string& newMode, const std::string& pattern) {
   mode = newMode;
-  caption = kind_.words.title + suffix;
-  escMeans = mode.empty() ? "Esc = Close" : entering() ? "Esc = Cancel and Exit" : "Esc = Cancel";
+  const std::string title = words(kind_.words.title);
+  caption = pattern.empty() ? title : words(pattern, "title", title);
+  escMeans = mode.empty() ? english("Esc = Close")
+             : entering() ? english("Esc = Cancel and Exit")
+                          : english("Esc = Cancel");
   loaded_ = 0;
   clearFields();
   at(kAccount).enabled = false;
@@ -123,14 +127,14 @@ void bwrcpy::begin(const std::string& newMode, const std::string& suffix) {
 }
 
 void bwrcpy::add() {
-  begin("ADD", " : ADD MODE");
+  begin("ADD", english("{title} : ADD MODE"));
   put(kNumber, nextMoneyNumber(data(), kind_));
   placeDefaults();
   focusUnchecked(at(kDate));
 }
 
 void bwrcpy::view() {
-  if (mode.empty()) begin("VIEW", " : VIEW MODE");
+  if (mode.empty()) begin("VIEW", english("{title} : VIEW MODE"));
 }
 
 void bwrcpy::rest() {
@@ -152,7 +156,7 @@ void bwrcpy::showButtons() {
 
 void bwrcpy::allowUpdate(bool on) {
   at("cmdUpdate").enabled = on;
-  reason = on || !entering() ? "" : "Update opens after Remarks";
+  reason = on || !entering() ? "" : english("Update opens after Remarks");
 }
 
 void bwrcpy::clearFields() { emptyFields(Part::Head); }
@@ -216,9 +220,9 @@ Go bwrcpy::enterNumber() {
     return Go::Stay;
   }
   if (!found)
-    return notFound(mode == "EDIT"  ? "VOUCHER DOES NOT EXISTS"
-                    : mode == "DEL" ? "PARTY DOES NOT EXIST"
-                                    : "VOUCHER DOES NOT EXIST");
+    return notFound(mode == "EDIT"  ? english("VOUCHER DOES NOT EXISTS")
+                    : mode == "DEL" ? english("PARTY DOES NOT EXIST")
+                                    : english("VOUCHER DOES NOT EXIST"));
   showVoucher(*found);
   if (mode == "EDIT") focus(at(kDate));
   if (mode == "DEL") {
@@ -228,8 +232,8 @@ Go bwrcpy::enterNumber() {
   return Go::Stay;
 }
 
-Go bwrcpy::notFound(const std::string& words) {
-  host.message(words);
+Go bwrcpy::notFound(const std::string& refusal) {
+  host.message(refusal);
   clearFields();
   loaded_ = 0;
   return Go::Stay;
@@ -421,9 +425,11 @@ void bwrcpy::update() {
 
 SavedMessage bwrcpy::closingMessage() const {
   return {
-      .head = kind_.words.title + " Saved",
-      .facts = {{"Entry No", text(kNumber)}, {"Party Name", text(kPartyName)}, {"AMOUNT", text(kAmount)}},
-      .hints = {"Press ok to Proceed " },
+      .head = words("{title} Saved", "title", words(kind_.words.title)),
+      .facts = {{english("Entry No"), text(kNumber)},
+                {english("Party Name"), text(kPartyName)},
+                {english("AMOUNT"), text(kAmount)}},
+      .hints = {english("Press ok to Proceed ")  },
       .gap = 1,
   };
 }
@@ -434,8 +440,8 @@ SavedMessage bwrcpy::closingMessage() const {
 std::string bwrcpy::hintFor(const Control& control) const {
   if (!control.editable() || control.spec->field == kAmount) return ChildScreen::hintFor(control);
   const bool isNumber = control.spec->field == kNumber;
-  const std::string enter = isNumber                     ? "Press Enter For Help Find Old Entries"
-                            : trim(control.text).empty() ? "Press Enter For Help"
-                                                         : "Press Enter To Proceed";
-  return control.hint.empty() ? enter : enter + " :: " + control.hint;
+  const std::string enter = words(isNumber ? english("Press Enter For Help Find Old Entries")
+                                  : trim(control.text).empty() ? english("Press Enter For Help")
+                                                               : english("Press Enter To Proceed"));
+  return control.hint.empty() ? enter : enter + " :: " + words(control.hint);
 }

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "base/words.h"
 #include "documents/messaging.h"
 #include "frame/child_screen.h"
 #include "frame/lookup.h"
@@ -28,8 +29,8 @@ class bwrcpy : public ChildScreen {
  private:
   // Buttons.
   void add();
-  void modify() { begin("EDIT", " : EDIT MODE"); }
-  void startDelete() { begin("DEL", " : DELETE MODE"); }
+  void modify() { begin("EDIT", english("{title} : EDIT MODE")); }
+  void startDelete() { begin("DEL", english("{title} : DELETE MODE")); }
   void view();
   void print();
   void video();
@@ -55,10 +56,10 @@ class bwrcpy : public ChildScreen {
   void leaveAccount();
   void openRow();
 
-  void begin(const std::string& newMode, const std::string& suffix);
+  void begin(const std::string& newMode, const std::string& pattern);
   void rest();
   Go enterNumber();
-  Go notFound(const std::string& words);
+  Go notFound(const std::string& refusal);
   void showVoucher(const Row& voucher);
   void remove(double number);
   // Shows an account's name and balance beside its code; false when there is none with a name.

@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/links.h"
 #include "frame/session.h"
 #include "vouchers/challan_amounts.h"
@@ -11,7 +12,7 @@ using namespace fields;
 
 namespace {
 
-constexpr const char* kCheck = "Mirav Check";
+constexpr const char* kCheck = english("Mirav Check");
 
 std::vector<WorkLines::Shown> shownColumns(const VoucherKind& kind) {
   return {{kind.tables.serial}, {"ITEM_CD"},  {"ITEM_NAME"}, {"ITEM_DESC"},
@@ -82,7 +83,8 @@ Go FRMCHLN::party() {
 void FRMCHLN::showParty(const AccountFacts& p) {
   put(kPartyName, p.name);
   at(kPartyFacts).text =
-      p.address1 + " " + p.address2 + " " + p.area + "\nBal : " + numText(p.balance) + "\n" + p.phone;
+      words("{address}\nBal : {balance}\n{phone}", "address", p.address1 + " " + p.address2 + " " + p.area,
+            "balance", numText(p.balance), "phone", p.phone);
   phone_ = p.phone;
 }
 
@@ -129,8 +131,11 @@ void FRMCHLN::save() {
 SavedMessage FRMCHLN::closingMessage() const {
   return {
       .head = kind_.words.savedHead,
-      .facts = {{"Entry No", text(kNumber)}, {"Party Name", text(kPartyName)}, {"AMOUNT", text(kNetAmount)}},
-      .hints = {"Press Print Btn To Print Challan",                           "Press New Entry Btn To Enter New Bill Entry"                         },
+      .facts = {{english("Entry No"), text(kNumber)},
+                {english("Party Name"), text(kPartyName)},
+                {english("AMOUNT"), text(kNetAmount)}},
+      .hints = {english("Press Print Btn To Print Challan"),
+                english("Press New Entry Btn To Enter New Bill Entry")},
       .indent = 50,
   };
 }

@@ -1,5 +1,6 @@
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/session.h"
 #include "vouchers/challan_amounts.h"
 #include "vouchers/frmchln.h"
@@ -78,5 +79,6 @@ void FRMCHLN::sumLines() {
 void FRMCHLN::rateHints() {
   if (backFromRates()) return;
   showRates(challanRates(data(), kind_, {trimmed(kParty), trimmed(kItem), trimmed(kUnit)}));
-  if (at(kEarlierRates).visible) ShowHint(host, hintFor(here()) + " :: Down = Earlier Challans");
+  if (at(kEarlierRates).visible)
+    ShowHint(host, words("{hint} :: Down = Earlier Challans", "hint", words(hintFor(here()))));
 }

@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/links.h"
 #include "frame/routines.h"
 #include "frame/session.h"
@@ -67,20 +68,20 @@ void FRMQUOT::opened(const Opening& opening) {
 
 // Some fields have words of their own, which the keys follow.
 std::string FRMQUOT::hintFor(const Control& control) const {
-  struct Words {
+  struct Own {
     FieldName field;
     const char* text;
     bool whenFilled;
   };
-  constexpr Words kWords[] = {
-      {kParty,   "Press Enter To Select Party",                            false},
-      {kItem,    "Press Enter To Select Item Or Ctrl + I To Add New Item", false},
-      {kSubject, "Type Subject For Quotation",                             true },
-      {kDetail,  "Type Item Description",                                  true },
+  constexpr Own kOwn[] = {
+      {kParty,   english("Press Enter To Select Party"),                            false},
+      {kItem,    english("Press Enter To Select Item Or Ctrl + I To Add New Item"), false},
+      {kSubject, english("Type Subject For Quotation"),                             true },
+      {kDetail,  english("Type Item Description"),                                  true },
   };
-  for (const Words& words : kWords) {
-    if (control.spec->field != words.field || (!words.whenFilled && !trim(control.text).empty())) continue;
-    return control.hint.empty() ? words.text : words.text + (" :: " + control.hint);
+  for (const Own& own : kOwn) {
+    if (control.spec->field != own.field || (!own.whenFilled && !trim(control.text).empty())) continue;
+    return control.hint.empty() ? own.text : words(own.text) + " :: " + words(control.hint);
   }
   return VoucherScreen::hintFor(control);
 }
@@ -141,8 +142,11 @@ void FRMQUOT::save() {
 SavedMessage FRMQUOT::closingMessage() const {
   return {
       .head = kind_.words.savedHead,
-      .facts = {{"Entry No", text(kNumber)}, {"Party Name", text(kPartyName)}, {"AMOUNT", text(kNetAmount)}},
-      .hints = {"Press Print Btn To Print Quotation",                           "Press New Entry Btn To Enter New Quotation Entry"                       },
+      .facts = {{english("Entry No"), text(kNumber)},
+                {english("Party Name"), text(kPartyName)},
+                {english("AMOUNT"), text(kNetAmount)}},
+      .hints = {english("Press Print Btn To Print Quotation"),
+                english("Press New Entry Btn To Enter New Quotation Entry")},
   };
 }
 

@@ -3,6 +3,7 @@
 #include "base/number.h"
 #include "base/pattern.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "frame/session.h"
 #include "platform/edit.h"
 #include "vouchers/items.h"
@@ -12,7 +13,7 @@ using namespace fields;
 
 namespace {
 
-constexpr const char* kCheck = "Mirav Check";
+constexpr const char* kCheck = english("Mirav Check");
 constexpr double kEWayLimit = 50000;
 
 // clang-format off
@@ -202,9 +203,9 @@ Fields GSTSAPU::head() const {
 SavedMessage GSTSAPU::closingMessage() const {
   return {
       .head = kind_.words.savedHead,
-      .facts = {{"Entry No", text(kNumber)},
-                {"Party Name", text(kPartyName)},
-                {"Invoice AMOUNT", text(kNetAmount)}},
+      .facts = {{english("Entry No"), text(kNumber)},
+                {english("Party Name"), text(kPartyName)},
+                {english("Invoice AMOUNT"), text(kNetAmount)}},
       .eWayReminder = kind_.dispatched && value(kNetAmount) > kEWayLimit,
       .hints = kind_.words.savedHints,
       .aligned = false,

@@ -4,6 +4,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "base/words.h"
 #include "documents/messaging.h"
 #include "frame/session.h"
 #include "vouchers/items.h"
@@ -13,9 +14,9 @@ using namespace fields;
 
 namespace {
 
-constexpr const char* kRestHint = "Press Add Button For New Entry";
+constexpr const char* kRestHint = english("Press Add Button For New Entry");
 constexpr const char* kNoMoreLines = "00";
-constexpr const char* kConfirm = "Mirav Confirmation Message";
+constexpr const char* kConfirm = english("Mirav Confirmation Message");
 constexpr Bgr kPrintColour = 0xFFD0D0, kNewEntryColour = 0xFFF0F0;
 
 }  // namespace
@@ -98,10 +99,11 @@ Go VoucherScreen::newItem() {
 
 // Modes
 
-void VoucherScreen::setMode(const std::string& next, const std::string& suffix) {
+void VoucherScreen::setMode(const std::string& next, const std::string& pattern) {
   mode = next;
-  caption = kind_.words.title + suffix;
-  escMeans = entering() ? "Esc = Cancel and Exit" : "Esc = Close";
+  const std::string title = words(kind_.words.title);
+  caption = pattern.empty() ? title : words(pattern, "title", title);
+  escMeans = entering() ? english("Esc = Cancel and Exit") : english("Esc = Close");
 }
 
 void VoucherScreen::showButtons(bool atRest) {
@@ -433,8 +435,8 @@ void VoucherScreen::saved() {
   // A voucher without a paper has nothing but the next one to go on with.
   const bool onPaper = !kind_.paper.key.empty();
   Interaction closing{.saved = closingMessage(),
-                      .ok = onPaper ? "Print" : "New Entry",
-                      .cancel = onPaper ? "New Entry" : "",
+                      .ok = onPaper ? english("Print") : english("New Entry"),
+                      .cancel = onPaper ? english("New Entry") : "",
                       .okColour = onPaper ? kPrintColour : kNewEntryColour,
                       .cancelColour = kNewEntryColour,
                       .phone = phone_};
@@ -454,6 +456,8 @@ void VoucherScreen::textChanged() { ShowHint(host, hintFor(here())); }
 std::string VoucherScreen::hintFor(const Control& control) const {
   if (!control.editable()) return ChildScreen::hintFor(control);
   const bool empty = trim(control.text).empty();
-  const std::string enter = empty && enterLookup(control) ? "Press Enter For Help" : "Press Enter To Proceed";
-  return control.hint.empty() ? enter : enter + " :: " + control.hint;
+  const bool helps = empty && enterLookup(control);
+  const std::string enter =
+      words(helps ? english("Press Enter For Help") : english("Press Enter To Proceed"));
+  return control.hint.empty() ? enter : enter + " :: " + words(control.hint);
 }

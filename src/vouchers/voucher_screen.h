@@ -120,7 +120,7 @@ class VoucherScreen : public ChildScreen {
  private:
   Go openLookup(const KeyLookup& by);
   const KeyLookup* enterLookup(const Control& field) const;
-  void setMode(const std::string& next, const std::string& suffix);
+  void setMode(const std::string& next, const std::string& pattern);
   void showButtons(bool atRest);
   // Back to rest, then the message window: its print button opens the document.
   void saved();
