@@ -251,7 +251,7 @@ std::optional<std::int64_t> Database::changeCount() const {
 
 bool Database::understands(std::string_view sql) const {
   try {
-    SQLite::Statement(handle_->sqlite, std::string(sql));
+    const SQLite::Statement prepared(handle_->sqlite, std::string(sql));
     return true;
   } catch (const SQLite::Exception&) {
     return false;
