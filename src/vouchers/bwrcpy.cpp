@@ -10,6 +10,7 @@
 #include "masters/page_rows.h"
 #include "vouchers/accounts.h"
 #include "vouchers/bwrcpy_table.h"
+#include "vouchers/numbering.h"
 
 using namespace fields;
 
@@ -128,7 +129,7 @@ void bwrcpy::begin(const std::string& newMode, const std::string& pattern) {
 
 void bwrcpy::add() {
   begin("ADD", english("{title} : ADD MODE"));
-  put(kNumber, nextMoneyNumber(data(), kind_));
+  put(kNumber, lastVoucher(data(), kind_).number + 1);
   placeDefaults();
   focusUnchecked(at(kDate));
 }

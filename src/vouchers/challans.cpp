@@ -61,7 +61,7 @@ bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, c
   const Date date = valueOf(challan, "VOUCH_DT").date().value();
   Transaction all(db);
   if (how == Saving::Fresh && isStored(db, kind, number)) return false;
-  deleteChallan(db, kind, number);
+  deleteVoucher(db, kind, number);
   insertRow(db, "CHLN", headRow(kind, challan, stamp));
   db.exec("UPDATE T_CHLNITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
   // A line of no quantity stays behind, though its amount is in the totals.
@@ -73,13 +73,6 @@ bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, c
   postVoucher(db, {number, date, kind.code}, ledgerRows(kind, challan));
   all.commit();
   return true;
-}
-
-void deleteChallan(Database& db, const VoucherKind& kind, double number) {
-  Transaction both(db);
-  db.exec("DELETE FROM CHLN WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
-  db.exec("DELETE FROM CHLNITM WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
-  both.commit();
 }
 
 std::optional<Row> findChallan(Database& db, const VoucherKind& kind, double number) {
@@ -96,10 +89,8 @@ void loadChallanLines(Database& db, const VoucherKind& kind, double number) {
 }
 
 double nextChallanNumber(Database& db, const VoucherKind& kind, const std::string& type) {
-  const auto last =
-      db.first("SELECT CHLN_NO FROM CHLN WHERE BOOK_CD = ? AND CHLN_TYP = ? ORDER BY VOUCH_NO DESC LIMIT 1",
-               kind.code, type);
-  return last ? Val(last->text(0)) + 1 : 1;
+  const auto last = lastPaperNumber(db, kind, type);
+  return last ? Val(*last) + 1 : 1;
 }
 
 bool isDuplicateChallan(Database& db, const VoucherKind& kind, const std::string& type,

@@ -17,8 +17,6 @@
 // The ledger takes the challan's number as it was typed, the head its figure.
 bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, const SaveStamp& stamp,
                  Saving how);
-// Removes header and lines; the ledger keeps its rows until it is built again.
-void deleteChallan(Database& db, const VoucherKind& kind, double number);
 
 std::optional<Row> findChallan(Database& db, const VoucherKind& kind, double number);
 // Puts the stored lines into the emptied work table, with the items' names of today.

@@ -15,7 +15,6 @@ class FRMCHLN : public VoucherScreen {
  protected:
   void startNew() override;
   bool load(double number) override;
-  void remove(double number) override { deleteChallan(data(), kind_, number); }
   void clearHead() override;
   Fields lineFields() override;
   void sumLines() override;

@@ -22,7 +22,6 @@ class FRMQUOT : public VoucherScreen {
  protected:
   void startNew() override;
   bool load(double number) override;
-  void remove(double number) override { deleteQuotation(data(), kind_, number); }
   void clearHead() override;
   Fields lineFields() override;
   void sumLines() override;

@@ -16,7 +16,6 @@ class GSTSAPU : public VoucherScreen {
  protected:
   void startNew() override;
   bool load(double number) override;
-  void remove(double number) override { deleteBill(data(), kind_, number); }
   void clearHead() override;
   void clearLine() override;
   void showLine(const Row& line) override;

@@ -41,11 +41,21 @@ std::string billNumberAfter(const std::string& stored) {
   return padded((number >= 10000 ? number : Val(left(numText(number), 4))) + 1);
 }
 
+std::optional<std::string> lastPaperNumber(Database& db, const VoucherKind& kind, const std::string& series) {
+  std::string statement =
+      "SELECT " + kind.numbering.number + " FROM " + kind.tables.heads + " WHERE " + kind.tables.key + " = ?";
+  std::vector<Value> values = {kind.code};
+  if (!kind.numbering.series.empty()) {
+    statement += " AND " + kind.numbering.series + " = ?";
+    values.emplace_back(series);
+  }
+  const auto last = db.first(statement + " ORDER BY VOUCH_NO DESC LIMIT 1", values);
+  return last ? std::optional(last->text(0)) : std::nullopt;
+}
+
 std::string nextBillNumber(Database& db, const VoucherKind& kind, const std::string& billType) {
-  const auto last =
-      db.first("SELECT BILL_NO FROM SALE WHERE BOOK_CD = ? AND BL_TYPE = ? ORDER BY VOUCH_NO DESC LIMIT 1",
-               kind.code, billType);
-  return last ? billNumberAfter(last->text(0)) : padded(1);
+  const auto last = lastPaperNumber(db, kind, billType);
+  return last ? billNumberAfter(*last) : padded(1);
 }
 
 bool isDuplicateBill(Database& db, const VoucherKind& kind, const BillReference& bill) {

@@ -17,6 +17,11 @@ struct LastVoucher {
 LastVoucher lastVoucher(Database& db, const VoucherKind& kind);
 bool isStored(Database& db, const VoucherKind& kind, double voucher);
 
+// Number on the paper of the voucher with the highest number, in a series where the kind has several;
+// none in an empty one.
+std::optional<std::string> lastPaperNumber(Database& db, const VoucherKind& kind,
+                                           const std::string& series = "");
+
 // Each bill type is a series of its own; it goes on from the bill with the highest voucher
 // number, whatever its bill number. A series with a prefix is not followed: "A12" counts as 0.
 std::string nextBillNumber(Database& db, const VoucherKind& kind, const std::string& billType);

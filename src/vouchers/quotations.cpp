@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "store/row_writer.h"
 #include "vouchers/items.h"
+#include "vouchers/numbering.h"
 
 namespace {
 
@@ -48,8 +49,7 @@ bool saveQuotation(Database& db, const VoucherKind& kind, const Fields& offer, c
   const Value number = valueOf(offer, "VOUCH_NO");
   Transaction all(db);
   if (how == Saving::Fresh && db.first("SELECT VOUCH_NO FROM QUOT WHERE VOUCH_NO = ?", number)) return false;
-  db.exec("DELETE FROM QUOT WHERE VOUCH_NO = ? AND ENTRY_TYP = 'QUOTATION'", number);
-  db.exec("DELETE FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = 'QUOTATION'", number);
+  deleteVoucher(db, quotationKind(), number.number());
   insertRow(db, "QUOT", headRow(kind, offer, stamp));
   // Lines typed before number or date were changed belong to the offer all the same.
   db.exec("UPDATE T_QUOTITM SET VOUCH_DT = ?, VOUCH_NO = ?", valueOf(offer, "VOUCH_DT"), number);
@@ -60,13 +60,6 @@ bool saveQuotation(Database& db, const VoucherKind& kind, const Fields& offer, c
           number, kMiscItem);
   all.commit();
   return true;
-}
-
-void deleteQuotation(Database& db, const VoucherKind& kind, double number) {
-  Transaction both(db);
-  db.exec("DELETE FROM QUOT WHERE VOUCH_NO = ? AND ENTRY_TYP = ?", number, kind.code);
-  db.exec("DELETE FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = ?", number, kind.code);
-  both.commit();
 }
 
 bool hasQuotations(Database& db, const VoucherKind& kind) {
@@ -93,8 +86,7 @@ std::string referenceAfter(const std::string& stored) {
 }
 
 std::string nextReference(Database& db, const VoucherKind& kind) {
-  return referenceAfter(
-      db.text("SELECT REF_NO FROM QUOT WHERE ENTRY_TYP = ? ORDER BY VOUCH_NO DESC LIMIT 1", kind.code));
+  return referenceAfter(lastPaperNumber(db, kind).value_or(""));
 }
 
 void repairQuotations(Database& db) {
@@ -102,8 +94,10 @@ void repairQuotations(Database& db) {
   db.exec(
       "UPDATE QUOTITM SET DEPT_CD = ITEM.DEPT_CD FROM ITEM"
       " WHERE QUOTITM.ITEM_CD = ITEM.ITEM_CD AND QUOTITM.DEPT_CD IS NULL");
-  db.exec("UPDATE QUOT SET ENTRY_TYP = 'QUOTATION' WHERE ENTRY_TYP IS NULL OR LENGTH(ENTRY_TYP) = 0");
-  db.exec("UPDATE QUOTITM SET ENTRY_TYP = 'QUOTATION' WHERE ENTRY_TYP IS NULL OR LENGTH(ENTRY_TYP) = 0");
+  for (const char* table : {"QUOT", "QUOTITM"})
+    db.exec(std::string("UPDATE ") + table +
+                " SET ENTRY_TYP = ? WHERE ENTRY_TYP IS NULL OR LENGTH(ENTRY_TYP) = 0",
+            quotationKind().code);
   db.exec("UPDATE QUOT SET BL_PARTY_CD = PARTY_CD WHERE BL_PARTY_CD IS NULL OR LENGTH(BL_PARTY_CD) = 0");
   all.commit();
 }

@@ -16,7 +16,6 @@
 // changes nothing. False when a fresh number is taken, by whatever kind.
 bool saveQuotation(Database& db, const VoucherKind& kind, const Fields& offer, const SaveStamp& stamp,
                    Saving how);
-void deleteQuotation(Database& db, const VoucherKind& kind, double number);
 
 bool hasQuotations(Database& db, const VoucherKind& kind);
 std::optional<Row> findQuotation(Database& db, const VoucherKind& kind, double number);

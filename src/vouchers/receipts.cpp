@@ -41,12 +41,6 @@ void post(Database& db, const VoucherKind& kind, double number) {
 
 }  // namespace
 
-double nextMoneyNumber(Database& db, const VoucherKind& kind) {
-  return db.number("SELECT VOUCH_NO FROM RPTPAY WHERE BOOK_CD = ? ORDER BY VOUCH_NO DESC LIMIT 1",
-                   kind.code) +
-         1;
-}
-
 std::optional<Row> findMoneyVoucher(Database& db, const VoucherKind& kind, double number) {
   return db.first(
       "SELECT RPTPAY.rowid AS ITS_ROW, RPTPAY.* FROM RPTPAY WHERE BOOK_CD = ? AND VOUCH_NO = ?"

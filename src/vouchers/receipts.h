@@ -14,8 +14,6 @@
 // RPTPAY and two of ALEDGER, one for each of its two accounts; it is always on account, never
 // against single bills. Unlike a bill, it moves the stored balances of both accounts at once.
 
-// One more than the highest number that is stored; 1 in an empty book.
-double nextMoneyNumber(Database& db, const VoucherKind& kind);
 std::optional<Row> findMoneyVoucher(Database& db, const VoucherKind& kind, double number);
 
 // The row, its ledger rows and the balances of its two accounts, all or nothing. False when a fresh

@@ -104,7 +104,7 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
   const Date date = valueOf(bill, "VOUCH_DT").date().value();
   Transaction all(db);
   if (how == Saving::Fresh && isStored(db, kind, number)) return false;
-  deleteBill(db, kind, number);
+  deleteVoucher(db, kind, number);
   insertRow(db, "SALE", headRow(db, kind, bill, stamp));
   db.exec("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
   // A line of no quantity stays behind, though its amounts are in the totals.
@@ -130,10 +130,11 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
   return true;
 }
 
-void deleteBill(Database& db, const VoucherKind& kind, double number) {
+void deleteVoucher(Database& db, const VoucherKind& kind, double number) {
   Transaction both(db);
-  db.exec("DELETE FROM SALE WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
-  db.exec("DELETE FROM SALEITM WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
+  for (const std::string& table : {kind.tables.heads, kind.tables.lines})
+    db.exec("DELETE FROM " + table + " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?", number,
+            kind.code);
   both.commit();
 }
 

@@ -36,8 +36,8 @@ enum class Saving {
 // receipt (GR_DATE) it has the bill's, without one of the party (PRV_BDT) the day of the save.
 bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const SaveStamp& stamp, Saving how);
 
-// Removes header and lines; the ledger keeps its rows until it is built again.
-void deleteBill(Database& db, const VoucherKind& kind, double number);
+// Removes header and lines of a bill, challan or offer; the ledger keeps its rows until it is built again.
+void deleteVoucher(Database& db, const VoucherKind& kind, double number);
 
 // Some bill of the book can be shown at all.
 bool hasBills(Database& db, const VoucherKind& kind);

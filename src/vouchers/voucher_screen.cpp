@@ -207,7 +207,7 @@ Go VoucherScreen::number() {
   if (mode == "EDIT") return load(n) ? Go::On : Go::Stay;
   if (mode != "DEL") return Go::On;
   if (!load(n)) return Go::Stay;
-  if (host.ask("ARE YOU SURE", kConfirm)) remove(n);
+  if (host.ask("ARE YOU SURE", kConfirm)) deleteVoucher(data(), kind_, n);
   clearAll();
   lines_->clear();
   textChanged();

@@ -44,10 +44,9 @@ class VoucherScreen : public ChildScreen {
                 std::vector<WorkLines::Shown> shown);
 
   // The screen's own part of each step.
-  virtual void startNew() = 0;             // Add: numbers and defaults; sets the focus
-  virtual bool load(double number) = 0;    // shows a stored voucher; false after its message
-  virtual void remove(double number) = 0;  // deletes a stored voucher
-  virtual void sumLines() = 0;             // totals over the work table
+  virtual void startNew() = 0;           // Add: numbers and defaults; sets the focus
+  virtual bool load(double number) = 0;  // shows a stored voucher; false after its message
+  virtual void sumLines() = 0;           // totals over the work table
   virtual FieldName afterLines() const { return fields::kNarration; }  // where line entry ends to
   virtual std::string tutorial() const = 0;
 

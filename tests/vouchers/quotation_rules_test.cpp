@@ -71,10 +71,10 @@ TEST_F(QuotationTest, AnotherKindIsNotReplaced) {
   EXPECT_FALSE(saveQuotation(db(), kind(), offer(1), stamp(), Saving::Fresh)) << "the number is taken";
   EXPECT_EQ(line("SELECT COUNT(*), NET_AMT, ENTRY_TYP FROM QUOT"), "1|500|PERFOMA");
   ASSERT_TRUE(saveQuotation(db(), kind(), offer(2, 700), stamp(), Saving::Fresh));
-  deleteQuotation(db(), kind(), 1);
+  deleteVoucher(db(), kind(), 1);
   ASSERT_TRUE(saveQuotation(db(), kind(), offer(2, 800), stamp(), Saving::Again));
   EXPECT_EQ(line("SELECT COUNT(*), SUM(NET_AMT) FROM QUOT"), "2|1300");
-  deleteQuotation(db(), proforma, 1);
+  deleteVoucher(db(), proforma, 1);
   EXPECT_EQ(line("SELECT COUNT(*) FROM QUOT"), "1");
 }
 

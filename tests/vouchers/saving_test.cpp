@@ -62,7 +62,7 @@ TEST_F(SavingTest, APurchaseTurnsTheSidesRound) {
   EXPECT_EQ(unbalanced(db()), "");
   EXPECT_EQ(line("SELECT BOOK_CD, SALE_CD, PRV_BDT, PARTY_CD FROM SALE WHERE VOUCH_NO = 8"),
             "PU|X90001|2026-06-11|A00001");
-  deleteBill(db(), kind, 7);
+  deleteVoucher(db(), kind, 7);
   EXPECT_EQ(line("SELECT COUNT(*), MIN(BOOK_CD || VOUCH_NO), MAX(BOOK_CD || VOUCH_NO) FROM SALE"),
             "2|PU8.0|SA7.0");
 }

@@ -300,12 +300,12 @@ class Books {
     const VoucherKind& kind = receiptKind();
     storeMoneyVoucher(db_, kind,
                       {
-                          {"VOUCH_NO", nextMoneyNumber(db_, kind)},
-                          {"VOUCH_DT",          daysAgo(receipt.daysAgo)                   },
+                          {"VOUCH_NO", lastVoucher(db_, kind).number + 1},
+                          {"VOUCH_DT",          daysAgo(receipt.daysAgo)               },
                           {"CSHBNK_CD",          kCashAccount},
-                          {"PARTY_CD",          receipt.party                    },
+                          {"PARTY_CD",          receipt.party                },
                           {"AMOUNT",          receipt.amount },
-                          {"NARRATION",          receipt.narration                 }
+                          {"NARRATION",          receipt.narration             }
     });
   }
 
