@@ -84,6 +84,15 @@ TEST_F(ReceiptsTest, AVoucherIsOneRowAndTwoOfTheLedger) {
   EXPECT_EQ(line("SELECT GSTINNO FROM ACCOUNT WHERE ACC_CD = 'A00003'"), ".");
 }
 
+// No entry of the menu opens these yet.
+TEST_F(ReceiptsTest, IncomeComesInAndExpenseGoesOut) {
+  ASSERT_TRUE(saveMoneyVoucher(db(), moneyKind("INCOME"), money(1, 5), Saving::Fresh));
+  ASSERT_TRUE(saveMoneyVoucher(db(), moneyKind("EXPENSE"), money(1, 7), Saving::Fresh));
+  EXPECT_EQ(stored(), "IC1 5, EP1 7");
+  EXPECT_EQ(ledger("IC"), "D X90005 A00001 5, C A00001 X90005 5");
+  EXPECT_EQ(ledger("EP"), "C X90005 A00001 7, D A00001 X90005 7");
+}
+
 TEST_F(ReceiptsTest, AModifyReplacesAndADeletionTakesBack) {
   const VoucherKind& kind = receiptKind();
   saveMoneyVoucher(db(), kind, money(1, 400), Saving::Fresh);
