@@ -50,19 +50,19 @@ std::vector<FRMQUOT::KeyLookup> FRMQUOT::lookups(const VoucherKind& kind, bool n
   const SelectColumns ofPlace{{"acc_name"}, {"phone1"}, {"to_name"}, {"CITY"}, {"VOUCH_DT"}, {"NET_AMT"}};
   // clang-format off
   std::vector<KeyLookup> table = {
-      {kNumber,  Enter, offers({"acc_name"}, {{"to_name"}, {"AREA"}, {"CITY"}, {"VOUCH_DT"}, {"NET_AMT"}}), {Book}},
-      {kNumber,  F1,    offers({"area"}, ofPlace), {Book}},
-      {kNumber,  F2,    offers({"city"}, ofPlace), {Book}},
-      {kNumber,  F4,    offers(amountText("NET_AMT", "netamt"), {{"acc_name"}, {"to_name"}, {"AREA"}, {"CITY"}, {"VOUCH_DT"}, {"phone1"}}), {Book}},
-      {kParty,  Enter, accounts({{"ACC_CD"}, {"ACC_NAME"}, {"AREA"}, {"CITY"}, {"PERSON_NM"}, balanceColumn()}, kind.party.offered)},
-      {kParty,  F1,    accounts({{"acc_cd"}, {"ACC_NAME"}, {"phone1"}, {"AREA"}, {"EMAIL"}}, "group_cd > 74")},
-      {kAttention,  F1,    valuesOf("QUOT", "TO_NAME")},
-      {kSubject,  F1,    valuesOf("QUOT", "SUB_DESC")},
-      {kItem, Enter, items()},
+      {kNumber,    Enter, offers({"acc_name"}, {{"to_name"}, {"AREA"}, {"CITY"}, {"VOUCH_DT"}, {"NET_AMT"}}), {Book}},
+      {kNumber,    F1,    offers({"area"}, ofPlace), {Book}},
+      {kNumber,    F2,    offers({"city"}, ofPlace), {Book}},
+      {kNumber,    F4,    offers(amountText("NET_AMT", "netamt"), {{"acc_name"}, {"to_name"}, {"AREA"}, {"CITY"}, {"VOUCH_DT"}, {"phone1"}}), {Book}},
+      {kParty,     Enter, accounts({{"ACC_CD"}, {"ACC_NAME"}, {"AREA"}, {"CITY"}, {"PERSON_NM"}, balanceColumn()}, kind.party.offered)},
+      {kParty,     F1,    accounts({{"acc_cd"}, {"ACC_NAME"}, {"phone1"}, {"AREA"}, {"EMAIL"}}, "group_cd > 74")},
+      {kAttention, F1,    valuesOf("QUOT", "TO_NAME")},
+      {kSubject,   F1,    valuesOf("QUOT", "SUB_DESC")},
+      {kItem,      Enter, items()},
       {kItemName,  Enter, itemNames()},
-      {kDetail, F1,    valuesOf("QUOTITM", "ITEM_DESC")},
-      {kDetail, F2,    linesOfItem(), {Item}},
-      {kUnit, Enter, unitsOfItem(), {Item}},
+      {kDetail,    F1,    valuesOf("QUOTITM", "ITEM_DESC")},
+      {kDetail,    F2,    linesOfItem(), {Item}},
+      {kUnit,      Enter, unitsOfItem(), {Item}},
   };
   // clang-format on
   if (narrations)
