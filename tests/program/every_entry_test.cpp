@@ -196,7 +196,7 @@ TEST_F(EveryEntry, LooksUpInAnEmptyCompany) {
           if (!here.enabled || !here.visible || !host_.focusOn(here)) continue;
           const size_t before = host_.lookups.size();
           host_.key(code);
-          if (host_.lookups.size() > before) looked.insert(command.screen);
+          if (host_.lookups.size() > before) looked.insert(std::string(screenOf(command)));
           expectNoFault(command.caption + (", " + field));
         }
       backToTheShell(command.caption);
