@@ -1,7 +1,6 @@
 #include "documents/grid_output.h"
 
 #include "base/text.h"
-#include "documents/grid_layout.h"
 #include "frame/full_disk.h"
 #include "frame/held_open.h"
 #include "grid_fixture.h"
@@ -10,66 +9,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-// Layout
-
-TEST(GridLayouts, TurnTheSheetByTheSumOfTheWidths) {
-  using enum GridPaperKind;
-  constexpr std::tuple<double, const char*, GridPaperKind, bool, int> kCases[] = {
-      {0,     "",                   Pdf,     false, 54},
-      {10400, "",                   Pdf,     false, 54},
-      {10401, "",                   Pdf,     true,  36},
-      {10800, "",                   Printer, false, 54},
-      {10801, "",                   Printer, true,  34},
-      {15000, "",                   Printer, true,  34},
-      {9000,  "mcompvldgr",         Pdf,     false, 36},
-      {9000,  "mcompvldgr",         Printer, false, 34},
-      {9000,  "mcompvldgr_fullpg",  Pdf,     false, 54},
-      {9000,  "PRTYSTMNTVERTI_ITM", Pdf,     false, 36},
-      {9000,  "PRTYSTMNTVERTI_ITM", Printer, false, 54},
-  };
-  for (const auto& [sum, key, kind, landscape, rows] : kCases) {
-    GridOutput out{.key = key};
-    out.columns = {{}, {.twips = sum}};
-    const auto layout = gridLayout(out, kind);
-    ASSERT_TRUE(layout) << sum;
-    EXPECT_EQ(layout->landscape, landscape) << sum << key;
-    EXPECT_EQ(layout->rows, rows) << sum << key;
-    EXPECT_EQ(layout->columns.size(), sum > 0 ? 1u : 0u);
-  }
-  GridOutput wide{
-      .columns = {{.twips = 14999}, {.twips = 1}, {.twips = 0.5}}
-  };
-  EXPECT_FALSE(gridLayout(wide, Pdf));
-  EXPECT_FALSE(gridLayout(wide, Printer));
-  const auto layout = gridLayout({.columns = std::vector<TypedColumn>(20, {.twips = 1000})}, Pdf);
-  ASSERT_TRUE(layout) << "more than fifteen do not count, nor stand on paper";
-  EXPECT_EQ(layout->columns.size(), 15u);
-}
-
-TEST(GridLayouts, CutWordsByTheirColumn) {
-  using enum GridPaperKind;
-  constexpr auto T = ColumnType::Text, D = ColumnType::Date;
-  constexpr std::tuple<const char*, ColumnType, double, GridPaperKind, const char*, bool> kCases[] = {
-      {"1234",                  T,                 700,  Pdf,     "1234",                  false},
-      {"12345",                 T,                 700,  Pdf,     "12345",                 true },
-      {"1234567890",            T,                 700,  Pdf,     "123456789",             true }, // 8.75, rounded
-      {"ABCDEFGHIJKLM",         T,                 1000, Pdf,     "ABCDEFGHIJKL",          true }, // 12.5, the half to even
-      {"ગુજરાતી", T,                 560,  Pdf,     "ગુજરાતી", true }, // seven letters
-      {"15/06/2026",            D,                 1200, Pdf,     "15/06/2026",            true },
-      {"15/Jun/2026",           D,                 1200, Printer, "15/06/26",              false},
-      {"15/06/26",              D,                 1200, Printer, "15/06/26",              false},
-      {"31/06/2026",            D,                 800,  Printer, "31/06/2026",            true },
-      {"A\tB\x01\r\n",          T,                 1200, Pdf,     "A B   ",                false},
-      {"1/2/26",                T,                 700,  Printer, "1/2/26",                true }, // a bill's number
-      {"1234567890.00",         ColumnType::Money, 700,  Pdf,     "1234567890.00",         true },
-  };
-  for (const auto& [text, type, twips, kind, shown, narrow] : kCases) {
-    const GridWords words = gridWords(text, type, twips, kind);
-    EXPECT_EQ(words.text, shown);
-    EXPECT_EQ(words.narrow, narrow) << text;
-  }
-}
 
 // PDF
 
@@ -147,36 +86,6 @@ TEST_F(GridTest, DrawsRowsAndRulesAtTheirPlaces) {
                 "15 Td\r\n(Pg. 1) Tj",
                 "/Ftrs Do\r\n0.01 w",
             });
-}
-
-TEST_F(GridTest, StandsHostileCellsAndWidths) {
-  std::string longCell;
-  while (longCell.size() < 10'000) longCell += "word ) ( \\ % ";
-  // clang-format off
-  const std::pair<std::vector<TypedColumn>, std::vector<std::string>> cases[] = {
-      {{{"A", 0}, {"B", 0}}, {"unseen", "unseen"}},
-      {{{"A", 15000}}, {longCell}},
-      {{money("A", 15000)}, {longCell}},
-      {{{"A", 20}, money("B", 1)}, {longCell, "1.00"}},
-      {{{"A", 0}, {"B", 2000}}, {"unseen", "a\x01\x02\r\n\tb\x7F\xFF"}},
-      {std::vector<TypedColumn>(15, {"H", 1000}), std::vector<std::string>(20, "cell")},
-      {{}, {}},
-  };
-  // clang-format on
-  for (const auto& [given, cells] : cases) {
-    source->rows.clear();
-    out.columns = given;
-    row(cells);
-    makePdf();
-    expectSound(pdf());
-    const std::string text = pdfText(pdf());
-    EXPECT_FALSE(has(text, "unseen"));
-    EXPECT_TRUE(has(text, "Pg. 1"));
-    GridToPrinter(host, out);
-    EXPECT_EQ(host.printed.size(), 1u);
-    GridToExcel(host, out);
-    EXPECT_TRUE(host.messages.empty()) << host.lastMessage();
-  }
 }
 
 TEST_F(GridTest, RefusesWhatIsWiderThanAPage) {

@@ -1,6 +1,5 @@
 #include <fstream>
 
-#include "documents/address_card.h"
 #include "papers_fixture.h"
 
 // What the papers beside the invoice say: figures are read back from the PDF files.
@@ -129,32 +128,6 @@ TEST_F(Papers, ADeliverySlipIsMadeOfABill) {
        "17 STEEL BOTTLE 73239390 1 PCS 100.00 100.00", "Carried forward 17 1,700.00"});
   expectAll(squeezed(pdfText(file, 2)), {"18 STEEL BOTTLE", "Total 18 1,800.00", "GST, round off 324.00",
                                          "Net value 2,124.00", "TWO THOUSAND ONE HUNDRED TWENTY FOUR"});
-}
-
-TEST_F(Papers, AreMadeUnderTheirNames) {
-  longQuotation(5, 1);
-  challan(3, 1, 30);
-  longBill(7, 1);
-  // clang-format off
-  const std::tuple<std::function<void()>, const char*, const char*, const char*, const char*> cases[] = {
-      {[&] { RenderQuotation(host, 5, "QUOTATION"); },        "other",    "MIRAV_QUOT_5.pdf", "QUOTITM.xlsx", ""},
-      {[&] { RenderChallan(host, 3, "CH"); },                 "CHLNSA",   "MIRAV_CH_3.pdf",   "INVGEN.xlsx",  "PDF"},
-      {[&] { RenderDeliverySlip(host, 7, "Delivery Slip"); }, "D_C",      "MIRAV_INV_7.pdf",  "INVGEN.xlsx",  "PDF"},
-      {[&] { RenderDeliverySlip(host, 7, "CHLNPRN"); },       "D_C",      "MIRAV_CH_7.pdf",   "INVGEN.xlsx",  "PDF"},
-      {[&] { RenderAddressCard(host, "A00001", "adcrd"); },   "MAILLABL", "ADCARD.PDF",       "voucher.xlsx", "PDF"},
-  };
-  // clang-format on
-  for (const auto& [make, sheet, pdf, copy, mode] : cases) {
-    session().mprnmode = "PDF";
-    session().mprnsheet = sheet;
-    host.viewed.clear();
-    make();
-    const auto path = (folder / "BILLS" / pdf).string();
-    EXPECT_EQ(host.viewed, std::vector{path}) << host.lastMessage();
-    EXPECT_EQ(session().mpdfpath, path);
-    EXPECT_EQ(session().mprnmode, mode);
-    EXPECT_TRUE(fs::exists(folder / "BILLS" / copy));
-  }
 }
 
 }  // namespace

@@ -152,24 +152,6 @@ TEST_F(PdfWriter, DrawsByOperators) {
   EXPECT_TRUE(path.ends_with("S\n"));
 }
 
-// A is 722 wide, B 667, a blank 250; a rupee sign is written Rs.
-TEST_F(PdfWriter, AlignsByTheWidthsOfItsFont) {
-  drawn([](clsPDFCreator& pdf) {
-    EXPECT_DOUBLE_EQ(pdf.Length("AB", "Fnt1", 10), 13.89);
-    EXPECT_DOUBLE_EQ(pdf.Length("₹", "Fnt1", 10), 6.67 + 3.89);
-    EXPECT_DOUBLE_EQ(pdf.Length("", "Fnt1", 10), 0);
-    pdf.SetWordSpacing(2);
-    EXPECT_DOUBLE_EQ(pdf.Length("A B", "Fnt1", 10), 13.89 + 2.5 + 2);
-    pdf.ScaleMODE(1);
-    EXPECT_DOUBLE_EQ(pdf.Length("AB", "Fnt1", 10), 13.89 / 72);
-  });
-  EXPECT_EQ(drawn([](clsPDFCreator& pdf) {
-              pdf.DrawText(100, 50, "AB", "Fnt1", 10, clsPDFCreator::kRight);
-              pdf.DrawText(100, 50, "AB", "Fnt1", 10, clsPDFCreator::kCentre);
-            }),
-            "BT\n/Fnt1 10 Tf\n86.11 50 Td\n(AB) Tj\nET\nBT\n/Fnt1 10 Tf\n93.055 50 Td\n(AB) Tj\nET\n");
-}
-
 // The published widths are those of the metric twins that every Debian has, as Qt measures them.
 TEST(PdfFonts, HaveTheWidthsOfTheirTwins) {
   std::vector<std::pair<int, std::string>> letters;

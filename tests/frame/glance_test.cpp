@@ -63,23 +63,6 @@ TEST_F(Glance, SumsBillsAndReceiptsOfTheirDays) {
   }
 }
 
-// By the ledger: a bill counts though no stored balance knows it yet.
-TEST_F(Glance, OutstandingIsWhatCustomersOwe) {
-  account("A00001", 85, 1000);
-  account("A00002", 85, -300);
-  account("A00003", 86, 50.25);
-  account("A00004", 135, 777);
-  account("A00005", 85, 0);
-  bill(1, "20/06/2026", "A00005", 0.1);
-  bill(2, "21/06/2026", "A00005", 0.2);
-  db_.exec(
-      "INSERT INTO ALEDGER (VOUCH_NO, VOUCH_DT, BOOK_CD, VOUCH_TYPE, PARTY_CD, VOUCH_AMT)"
-      " VALUES (1, '2026-06-21', 'RC', 'C', 'A00001', 400), (2, '2026-06-22', 'RC', 'C', 'A00005', 0.3)");
-  const auto owed = receivable(db_, 5, on("30/06/2026"), on("01/04/2026"));
-  EXPECT_EQ(owed.all.amount, 650.25);
-  EXPECT_EQ(owed.all.count, 2);
-}
-
 // Receipts count against the oldest bills, so the newest ones make up what is open.
 TEST_F(Glance, TheOldestUnpaidBillGivesTheAge) {
   const Date today = on("30/06/2026"), start = on("01/04/2026");

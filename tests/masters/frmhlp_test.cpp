@@ -145,40 +145,6 @@ TEST_F(LookupTest, NumbersAndDatesAreSearchedAsTheyShow) {
   EXPECT_EQ(host.text("Text1(0)"), "148");
 }
 
-TEST_F(LookupTest, CompaniesComeFromTheCatalogue) {
-  for (const char* year : {"2024", "2025"})
-    catalogue().exec("INSERT INTO compny (COMP_ID, COMP_NAME, FROMYR) VALUES ('M001', 'SHREE TRADERS', ?)",
-                     year);
-  Caller::asked = {
-      .rows = {.columns = {{"comp_id"}, {"comp_name"}}, .from = "compny", .distinct = true},
-      .inCatalogue = true
-  };
-  lookUpWith([&] {
-    EXPECT_EQ(host.at("grdDataGrid").grid.count(), 1u);
-    host.type("M0");
-    EXPECT_EQ(host.cell("grdDataGrid", 0, 1), "SHREE TRADERS");
-    host.enter();
-  });
-  EXPECT_EQ(host.text("Text1(0)"), "M001");
-}
-
-TEST_F(LookupTest, ManyRowsAreCountedAsTheyAreReached) {
-  Transaction all(data());
-  for (int i = 10000; i < 14000; ++i) account("B" + std::to_string(i), "PARTY " + std::to_string(i));
-  all.commit();
-  lookUpWith([&] {
-    const auto& grid = host.at("grdDataGrid").grid;
-    EXPECT_LT(grid.count(), 2000u);
-    for (int i = 0; i < 700; ++i) host.key(KeyCode::PgDn);
-    EXPECT_EQ(grid.cell(grid.current, 1).text, "PARTY 13498");
-    host.tick();
-    EXPECT_EQ(grid.count(), 4004u);
-    for (int i = 0; i < 120; ++i) host.key(KeyCode::PgDn);
-    EXPECT_EQ(grid.cell(grid.current, 1).text, "ZENITH") << "and stays on the last row";
-    host.escape();
-  });
-}
-
 TEST_F(LookupTest, ValuesReadInStepsAreTheDistinctOnes) {
   int number = 0;
   for (const char* text : {"FAN", "fan", "", " ", "BULB", "FAN", "પંખો", "O'BRIEN", "FAN 2"})

@@ -152,12 +152,4 @@ TEST_F(SmallMasterTest, TextsThatAreTheirOwnKeyAreRenamed) {
   EXPECT_EQ(row("SELECT COUNT(*) FROM NARRATN"), "1");
 }
 
-TEST_F(SmallMasterTest, ManagersDoNotEdit) {
-  open("catg");
-  session().musertype = "M";
-  host.press("cmdEdit");
-  EXPECT_EQ(host.lastMessage(), "Use Master Password to Edit");
-  EXPECT_EQ(host.screen().mode, "");
-}
-
 }  // namespace

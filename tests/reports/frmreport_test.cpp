@@ -76,22 +76,6 @@ TEST_F(Reports, LookTheirFiltersUp) {
   }
 }
 
-TEST_F(Reports, BringTheMonthsEndAlongInGstStatementsOnly) {
-  for (const char* key : {"GSTR1-RD", "GSTR1-URD", "slblreg"}) {
-    open(key);
-    host.fillEnter("from", "10022027");
-    const bool gst = std::string(key) != "slblreg";
-    EXPECT_EQ(dates(), gst ? "10/02/2027 28/02/2027" : "10/02/2027 15/06/2026") << key;
-    host.fillEnter("to", "20022027");
-    EXPECT_EQ(dates(), "10/02/2027 20/02/2027") << "only the From date brings it";
-    host.fillEnter("from", "01032026");  // outside the period: the To date stays
-    EXPECT_EQ(dates(), "01/03/2026 20/02/2027") << key;
-    host.press("cmdshowrpt");  // which does not ask for it
-    EXPECT_EQ(host.screen().caption,
-              gst ? "GSTR-1 : Company GSTIN No. : 24AAKFS4821M1ZW" : "SALE Bill Detailed Register");
-  }
-}
-
 // Showing
 
 TEST_F(Reports, ShowABillALineWithTheirSum) {
@@ -217,26 +201,6 @@ TEST_F(Reports, StandWhenAccountsAndLinesGoAway) {
   EXPECT_EQ(row(0), "1|05/04/2026|01|||1.00|100.50|18.00|118.50");
   data().exec("DROP TABLE SALEITM");
   EXPECT_EQ(row(1), "||||||||");
-}
-
-TEST_F(Reports, KeepTheAnswerWhenComingBack) {
-  data().exec("UPDATE ACCOUNT SET CL_BAL = 1000");
-  data().exec(
-      "INSERT INTO ALEDGER (VOUCH_DT, BOOK_CD, VOUCH_NO, VOUCH_TYPE, PARTY_CD, VOUCH_AMT, PARTY_BL) VALUES"
-      " ('2026-04-05', 'SA', 1, 'D', 'A00001', 118.5, '01'), ('2026-06-01', 'SA', 2, 'D', 'A00002', 236, "
-      "'02')");
-  open("ONACRCV");
-  host.answers.push_back(true);
-  host.press("cmdshowrpt");
-  ASSERT_EQ(rows(), 5U);
-  EXPECT_EQ(drill<0>(3), "SALE frmreport 1") << "asks nothing again";
-  EXPECT_EQ(host.at("Grid1").grid.current, 3U);
-  host.answers.push_back(false);
-  host.press("cmdshowrpt");
-  EXPECT_EQ(rows(), 3U);
-  data().exec("DELETE FROM ALEDGER");
-  host.press("cmdshowrpt");
-  EXPECT_EQ(host.lastMessage(), "No Records");
 }
 
 // Leaving

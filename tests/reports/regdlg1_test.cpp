@@ -48,17 +48,6 @@ TEST_F(Ledgers, OpenTheVoucherBehindARow) {
   EXPECT_EQ(drill<0>(1), "SALE regdlg1 9");
 }
 
-TEST_F(Ledgers, KeepTheRefreshForTheNextVoucher) {
-  show("LEDGERS", true);
-  host.press("cmdsale(3)");
-  EXPECT_FALSE(host.at("Frame1").visible || host.at("cmdsale(0)").visible);
-  data().exec("UPDATE ALEDGER SET VOUCH_AMT = 300 WHERE VOUCH_NO = 3");
-  host.answers.push_back(true);
-  drill<0>(0);
-  EXPECT_EQ(host.cell("Grid1", 0, 5), "300.00");
-  EXPECT_FALSE(session().mreportrefresh);
-}
-
 TEST_F(Ledgers, HandTheGridOver) {
   show("LEDGERS", true);
   const Session& s = session();

@@ -129,21 +129,6 @@ TEST_F(UpdateTest, RowsAreMended) {
   for (const auto& c : cases) EXPECT_EQ(old.text(c.statement), c.result) << c.statement;
 }
 
-TEST_F(UpdateTest, ASecondUpdateChangesNothing) {
-  updateDatabase(old, kFacts);
-  const std::string once = contents(old);
-  updateDatabase(old, kFacts);
-  EXPECT_EQ(contents(old), once);
-
-  const auto before = shape(db);
-  db.exec("UPDATE ITEM SET TAX_CD = 7");
-  updateDatabase(db, kFacts);
-  auto after = shape(db);
-  after.erase("index ITEMDTL_KEY");  // each item has one unit here
-  EXPECT_EQ(after, before);
-  EXPECT_EQ(db.number("SELECT TAX_CD FROM ITEM"), 7);
-}
-
 TEST_F(UpdateTest, NothingIsDroppedOnADictionaryThatCouldNotBeWritten) {
   db.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, NET_AMT) VALUES (1, 'SA', 118)");
   db.exec("DELETE FROM STRUCTAB");

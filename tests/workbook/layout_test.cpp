@@ -163,15 +163,4 @@ TEST(Layout, HeaderAndFooter) {
   EXPECT_NE(pages[1].find("second"), nullptr);
 }
 
-TEST(Layout, HugeSheetsAreRefusedNotDrawn) {
-  const auto sheet = [](const std::string& rows, const std::string& behind = "") {
-    Workbook book = Workbook::fromBytes(books::zipped(books::withSheet(books::sheet(rows, behind))));
-    return drawn(book, "S").size();
-  };
-  const std::string last = "<row r=\"1048576\"><c r=\"XFD1048576\"><v>1</v></c></row>";
-  EXPECT_THROW(sheet(last), workbook::WorkbookError);
-  EXPECT_THROW(sheet(last, "<pageSetup scale=\"10\"/>"), workbook::WorkbookError);
-  EXPECT_EQ(sheet(""), 0u);
-}
-
 }  // namespace
