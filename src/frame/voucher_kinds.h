@@ -57,11 +57,11 @@ struct VoucherKind {
   } ledger;
 
   struct Paper {
-    std::string key;   // report key of its document; empty: none is offered
-    std::string kind;  // what the renderer is told
-    std::string dialog,
-        behind;         // captions of that dialog, and of the screen that comes back; empty: as it was
-    std::string title;  // on the sheet
+    std::string key;             // report key of its document; empty: none is offered
+    std::string kind;            // what the renderer is told
+    std::string dialog;          // caption of the print dialog
+    std::string behind;          // caption of the screen that comes back after it; empty: as it was
+    std::string title;           // on the sheet
     std::string design, family;  // file of the design before its number; its rows in the line settings
     std::string sheet;           // of the design, printed
     std::string lineSheet;       // mprnsheet, whose rows in the line settings hold
