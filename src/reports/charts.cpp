@@ -11,16 +11,13 @@ constexpr int kMostDays = 400;  // beyond them days without an amount are left o
 
 }  // namespace
 
-Chart amountsByDay(const RowSource& rows, size_t dateColumn, size_t amountColumn, const char* title) {
+Chart amountsByDay(const TypedRows& rows, size_t dateColumn, size_t amountColumn, const char* title) {
   std::map<Date, double> days;
-  std::string text;  // rows come by date
-  std::optional<Date> day;
   for (size_t row = 0; row < rows.count(); ++row) {
-    if (std::string its = rows.cell(row, dateColumn).text; its != text) {
-      text = std::move(its);
-      day = parseDate(text);
-    }
-    if (day) days[*day] += Val(rows.cell(row, amountColumn).text);
+    const TypedValue day = rows.value(row, dateColumn), amount = rows.value(row, amountColumn);
+    const Date* const date = std::get_if<Date>(&day);
+    const double* const number = std::get_if<double>(&amount);
+    if (date) days[*date] += number ? *number : 0;
   }
   if (!days.empty() && daysBetween(days.begin()->first, days.rbegin()->first) < kMostDays)
     for (Date d = days.begin()->first; d < days.rbegin()->first; d = addDays(d, 1)) days[d];

@@ -147,7 +147,7 @@ struct Report {
   // Files that the shown rows go into: the first by the Excel button, the second by F2 on it.
   std::vector<const GridTarget*> exports = {&kToWorkbook, &kToCsv};
   // Drawn beside the shown rows on F9.
-  Chart (*chart)(Database& db, const RowSource& rows) = nullptr;
+  Chart (*chart)(Database& db, const TypedRows& rows) = nullptr;
   // Raises DatabaseError.
   ReportPlan (*plan)(Database& db, const ReportQuery& query) = nullptr;
 };

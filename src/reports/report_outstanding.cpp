@@ -85,7 +85,7 @@ ReportPlan planOutstanding(Database& db, const ReportQuery& q) {
   return plan;
 }
 
-Chart chartOutstanding(Database& db, const RowSource&) { return largestOutstanding(db); }
+Chart chartOutstanding(Database& db, const TypedRows&) { return largestOutstanding(db); }
 
 const ReportQuestion kFills{
     .when = ReportQuestion::When::WithRows,

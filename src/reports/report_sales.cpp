@@ -57,7 +57,7 @@ ReportPlan planBills(Database& db, const ReportQuery& q) {
   return plan;
 }
 
-Chart chartBills(Database&, const RowSource& rows) {
+Chart chartBills(Database&, const TypedRows& rows) {
   return amountsByDay(rows, 1, 10, english("Sale Bills A Day"));
 }
 
