@@ -13,12 +13,12 @@
 #include "store/dictionary.h"
 #include "store/functions.h"
 #include "store/lock_file.h"
+#include "store/lock_wait.h"
 #include "store/safe_file.h"
 #include "store/shape.h"
 
 namespace {
 
-constexpr int lockWaitMs = 3000;
 constexpr size_t keptStatements = 200;
 
 using Kind = DatabaseError::Kind;
@@ -100,6 +100,11 @@ void bindValue(SQLite::Statement& statement, int index, const Value& value) {
 
 }  // namespace
 
+int& lockWaitMs() {
+  static int wait = 3000;
+  return wait;
+}
+
 DatabaseError::DatabaseError(Kind kind, const std::string& file, const std::string& detail,
                              std::string statement, int code)
     : std::runtime_error(sentence(kind, file, detail)),
@@ -134,7 +139,7 @@ struct Database::Handle {
   std::unordered_map<std::string, std::vector<Column>> columns;
   double schemaVersion = -1;
 
-  Handle(const std::filesystem::path& file, int flags) : sqlite(file.string(), flags, lockWaitMs) {}
+  Handle(const std::filesystem::path& file, int flags) : sqlite(file.string(), flags, lockWaitMs()) {}
 
   void forget() {
     bySql.clear();
@@ -331,7 +336,7 @@ void Database::passOver(const Because& because, const std::function<void()>& wor
 void Database::copyPages(const std::filesystem::path& to) {
   if (!handle_) throw StatementError("No database is open");
   try {
-    SQLite::Database copy(to.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, lockWaitMs);
+    SQLite::Database copy(to.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, lockWaitMs());
     const int result = SQLite::Backup(copy, handle_->sqlite).executeStep();
     if (result != SQLITE_DONE)
       throw DatabaseError(kindOf(result), shownName(file_), sqlite3_errstr(result), {}, result);

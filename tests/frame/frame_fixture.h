@@ -11,6 +11,7 @@
 #include "frame/screens.h"
 #include "frame/session.h"
 #include "frame/start.h"
+#include "store/lock_wait.h"
 #include "store/templates.h"
 #include "support/temp_folder.h"
 #include "support/test_host.h"
@@ -59,6 +60,7 @@ class FrameTest : public ::testing::Test {
                                            "M00124.mdb", "M00125.mdb", "M00225.mdb"};
 
   FrameTest() : host_(known()) {
+    lockWaitMs() = 50;
     for (const char* file : kFiles) std::filesystem::copy_file(pristine() / file, folder_ / file);
   }
 

@@ -4,13 +4,17 @@
 
 #include "failure.h"
 #include "store/lock_file.h"
+#include "store/lock_wait.h"
 #include "support/temp_folder.h"
 
 namespace {
 
 class DatabaseTest : public testing::Test {
  protected:
-  DatabaseTest() { db.open(folder / "M00124.mdb", Access::create); }
+  DatabaseTest() {
+    lockWaitMs() = 50;
+    db.open(folder / "M00124.mdb", Access::create);
+  }
 
   TempFolder folder;
   Database db;
