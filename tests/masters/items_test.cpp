@@ -73,24 +73,6 @@ TEST_F(ItemTest, AnUpdatedDatabaseKeepsOneUnitForAnItem) {
   EXPECT_EQ(rows("I0000001"), "PCS,100,5,0,0,");
 }
 
-TEST_F(ItemTest, CodesOfTheUsersOwnDoNotCount) {
-  item("I0000005", "BULB", {"PCS"});
-  host.fill("name", "FAN");
-  host.fill("category", "E001");
-  host.fill("code", "");
-  host.paste("i0000005");
-  host.key(KeyCode::Tab);
-  EXPECT_EQ(host.lastMessage(), "ITEM ALLREADY EXIST") << "whatever its case";
-  host.fill("code", "FAN-1");
-  host.press("cmdUpdate");
-  EXPECT_EQ(host.lastMessage(), "Pl. fill Complete data");
-  EXPECT_EQ(host.screen().reason, "Unit Name Is Missing");
-  host.fill("unit_name", "PCS");
-  host.press("cmdUpdate");
-  EXPECT_EQ(row("SELECT ITEM_NAME FROM ITEM WHERE ITEM_CD = 'FAN-1'"), "FAN");
-  EXPECT_EQ(host.text("code"), "I0000006");
-}
-
 TEST_F(ItemTest, EditKeepsWhatItDoesNotShow) {
   item("I0000005", "BULB", {"PCS"});
   data().exec(

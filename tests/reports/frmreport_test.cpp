@@ -51,31 +51,6 @@ class Reports : public ReportScreens {
 
 // Opening
 
-// Filters
-
-TEST_F(Reports, LookTheirFiltersUp) {
-  data().exec("DELETE FROM ACCOUNT WHERE ACC_CD LIKE 'X%' OR LENGTH(AREA) < 2");
-  data().exec("DELETE FROM GRP WHERE GROUP_CD <> 85");
-  // Key, field, the value of the lookup's first row.
-  constexpr const char* kCases[][3] = {
-      {"recipt",      "party",    "A00002" },
-      {"recipt",      "city",     "ANAND"  },
-      {"recipt",      "state",    "GUJARAT"},
-      {"recipt",      "category", "85"     },
-      {"accmastclbl", "category", "85"     },
-      {"priclstprn",  "category", "E009"   },
-      {"ONACRCV",     "category", "E009"   },
-  };
-  for (const auto& [key, field, chosen] : kCases) {
-    open(key);
-    host.go(field);
-    host.insideModal.push_back([&] { host.enter(); });
-    host.key(KeyCode::F1);
-    EXPECT_EQ(host.text(field), chosen) << key;
-    EXPECT_NE(host.focus(), field) << "Enter's work is done with the value";
-  }
-}
-
 // Showing
 
 TEST_F(Reports, ShowABillALineWithTheirSum) {

@@ -40,23 +40,6 @@ class Robust : public BillTest {
 
 }  // namespace
 
-TEST_F(Robust, WhatIsDeletedUnderABillIsToldOrKept) {
-  startBill();
-  typeLine("I0000001", "2", "100", "0");
-  db().exec("DELETE FROM ACCOUNT WHERE ACC_CD = 'A00001'");
-  db().exec("DELETE FROM ITEM WHERE ITEM_CD = 'I0000001'");
-  host.fillEnter("parcels", "1");
-  host.press("CMDSAVE");
-  EXPECT_EQ(host.lastMessage(), "Invalid Entry");
-  EXPECT_EQ(host.text("net_amount") + host.screen().mode, "236ADD") << "nothing of the bill is lost";
-  host.fill("party", "A00002");
-  save();
-  EXPECT_EQ(line("SELECT PARTY_CD, NET_AMT FROM SALE"), "A00002|236");
-  host.press("cmdEDIT");
-  host.fillEnter("number", "1");
-  EXPECT_EQ(shown("item item_name amount"), "I0000001||236");
-}
-
 TEST_F(Robust, TwoProgramsNeverShareANumber) {
   const pid_t one = fiftyElsewhere(), other = fiftyElsewhere();
   const int saved = answerOf(one) + answerOf(other);

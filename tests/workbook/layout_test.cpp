@@ -107,24 +107,6 @@ TEST(Layout, ScaleAndFitApplyToEverything) {
   }
 }
 
-TEST(Layout, ManualBreaksStandUntilTheyAreReset) {
-  Workbook book = made([](lxw_worksheet* sheet) {
-    room(sheet, 720);
-    rows(sheet, 40, 15);
-    const lxw_row_t down[] = {10, 30, 0};
-    const lxw_col_t across[] = {2, 0};
-    worksheet_set_h_pagebreaks(sheet, const_cast<lxw_row_t*>(down));
-    worksheet_set_v_pagebreaks(sheet, const_cast<lxw_col_t*>(across));
-    worksheet_write_string(sheet, 35, 3, "right", nullptr);
-  });
-  EXPECT_EQ(textsPerPage(drawn(book)), (Counts{10, 20, 10, 0, 0, 1}));
-  // A break inside hidden rows still ends the page, once.
-  book.sheet("Bill").hideRows(8, 12);
-  EXPECT_EQ(textsPerPage(drawn(book)), (Counts{7, 18, 10, 0, 0, 1}));
-  book.sheet("Bill").resetPageBreaks();
-  EXPECT_EQ(textsPerPage(drawn(book)), (Counts{36}));
-}
-
 TEST(Layout, TitlesAreasAndCentring) {
   const auto pages = drawn([](lxw_worksheet* sheet) {
     room(sheet, 720);

@@ -62,22 +62,4 @@ TEST(Paint, APaperStandsOnlyWhenItIsWhole) {
   EXPECT_EQ(bytesOf(path).substr(0, 5), "%PDF-");
 }
 
-TEST(Paint, WhatCannotBeWrittenIsSaid) {
-  const TempFolder folder;
-  try {
-    painter()->pdf(folder / "none/x.pdf");
-    FAIL();
-  } catch (const paint::PaintError& error) {
-    EXPECT_NE(std::string(error.what()).find("none/x.pdf cannot be written: "), std::string::npos)
-        << error.what();
-  }
-  EXPECT_THROW(twoPages(*painter()->image(folder / "none/x.png", 72)), paint::PaintError);
-  EXPECT_THROW(painter()->image(folder / "x.png", 1e6)->page(595, 842), paint::PaintError);
-  try {
-    painter()->printer();
-  } catch (const paint::PaintError& error) {
-    EXPECT_STREQ(error.what(), "No Printer Found");
-  }
-}
-
 }  // namespace
