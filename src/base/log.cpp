@@ -54,6 +54,10 @@ void logFailure(std::string_view became, std::string_view error, std::string_vie
   Log& l = log();
   if (l.folder.empty()) return;
   try {
+    const auto file = logFile(l.folder);
+    // A pipe of its name would be waited for.
+    if (!l.lines && std::filesystem::exists(file) && !std::filesystem::is_regular_file(file))
+      return l.folder.clear();
     if (!l.lines) l.lines = opened(l.folder);
     l.lines->info("{} | {} | {}{}{}", l.screen.empty() ? "-" : l.screen, plain(became), plain(error),
                   statement.empty() ? "" : " | ", plain(statement));

@@ -169,9 +169,14 @@ void Database::open(const std::filesystem::path& file, Access access) {
   close();
   file_ = file;
   const bool inMemory = file == ":memory:";
-  std::error_code ignored;
-  if (access != Access::create && !inMemory && !std::filesystem::is_regular_file(file, ignored))
-    throw DatabaseError(Kind::missing, shownName(file), {});
+  // Before the file is opened, which may be replaced while its lock is waited for.
+  LockFile lock = inMemory ? LockFile() : LockFile(file);
+  if (lock.refused()) throw DatabaseError(Kind::locked, shownName(file), {});
+  if (access != Access::create && !inMemory && !isPlainFile(file))
+    throw DatabaseError(fileExists(file) ? Kind::notDatabase : Kind::missing, shownName(file), {});
+  // The engine would wait for ever at a pipe.
+  if (const std::string journal = file.string() + "-journal"; fileExists(journal) && !isPlainFile(journal))
+    throw DatabaseError(Kind::other, {}, words("{file} is in the way: it is no file.", "file", journal));
 
   const int mode = access == Access::readOnly ? SQLite::OPEN_READONLY
                    : access == Access::create ? SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE
@@ -181,9 +186,9 @@ void Database::open(const std::filesystem::path& file, Access access) {
   try {
     checked("", [&] {
       handle_ = std::make_unique<Handle>(file, flags);
+      handle_->lock = std::move(lock);
       useSettings();
     });
-    if (!inMemory) handle_->lock = LockFile(file);
     if (CheckTable(*this, "STRUCTAB") || CheckTable(*this, "T_SLITM")) RemakeWorkTables(*this);
   } catch (...) {
     close();

@@ -225,7 +225,7 @@ void DropUndeclared(Database& db) {
 int shapeVersion(Database& db) { return toInt(db.number("PRAGMA main.user_version")); }
 
 int shapeVersion(const std::filesystem::path& file) {
-  if (!fileExists(file)) return 0;
+  if (!isPlainFile(file)) return 0;
   // Where the file format keeps it; a file that is no database tells so when it is opened.
   constexpr std::string_view kDatabase = "SQLite format 3";
   constexpr size_t kPlace = 60;

@@ -5,9 +5,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <chrono>
+#include <thread>
 #include <utility>
 
 #include "base/text.h"
+#include "store/lock_wait.h"
 
 namespace {
 
@@ -25,16 +29,19 @@ std::filesystem::path LockFile::pathFor(const std::filesystem::path& database) {
   return database.parent_path() / (upper(database.stem().string()) + ".LDB");
 }
 
-LockFile::LockFile(const std::filesystem::path& database) : path_(pathFor(database)) {
-  constexpr int attempts = 10;
-  for (int i = 0; i < attempts; ++i) {
-    file_ = open(path_.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666);
+LockFile::LockFile(const std::filesystem::path& database, Hold hold) : path_(pathFor(database)) {
+  constexpr int kPauseMs = 20;
+  for (int waited = 0; waited <= lockWaitMs(); waited += kPauseMs) {
+    if (refused_) std::this_thread::sleep_for(std::chrono::milliseconds(kPauseMs));
+    // A pipe of that name would be waited for.
+    file_ = open(path_.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666);
     if (file_ < 0) return;
     alone_ = flock(file_, LOCK_EX | LOCK_NB) == 0;
-    const bool held = flock(file_, LOCK_SH) == 0;
+    const bool held = hold == Hold::Alone ? alone_ : flock(file_, LOCK_SH | LOCK_NB) == 0;
+    refused_ = !held && errno == EWOULDBLOCK;
     if (held && stillStands(file_, path_)) return;
     close(std::exchange(file_, -1));
-    if (!held) return;
+    if (!held && (hold == Hold::Alone || !refused_)) return;
   }
 }
 
@@ -46,6 +53,7 @@ LockFile& LockFile::operator=(LockFile&& other) noexcept {
   path_ = std::move(other.path_);
   file_ = std::exchange(other.file_, -1);
   alone_ = other.alone_;
+  refused_ = other.refused_;
   return *this;
 }
 

@@ -7,15 +7,21 @@
 // left behind by a crash is locked by nobody and counts as absent.
 class LockFile {
  public:
+  // Shared by all who work in the database; Alone by who replaces or removes its file.
+  enum class Hold { Shared, Alone };
+
   LockFile() = default;
-  // Never fails: in a folder where no file can be made nothing is held, and alone() stays true.
-  explicit LockFile(const std::filesystem::path& database);
+  // Never fails: in a folder where no file can be made nothing is held, and alone() stays true. Who
+  // wants to share waits for one who holds it alone, as for any lock; who wants it alone does not.
+  explicit LockFile(const std::filesystem::path& database, Hold hold = Hold::Shared);
   LockFile(LockFile&& other) noexcept;
   LockFile& operator=(LockFile&& other) noexcept;
   ~LockFile() { release(); }
 
   // Nobody else held it when it was taken.
   bool alone() const { return alone_; }
+  // Somebody holds it alone.
+  bool refused() const { return refused_; }
   void release() noexcept;
 
   static std::filesystem::path pathFor(const std::filesystem::path& database);
@@ -24,4 +30,5 @@ class LockFile {
   std::filesystem::path path_;
   int file_ = -1;
   bool alone_ = true;
+  bool refused_ = false;
 };

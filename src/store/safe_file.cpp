@@ -9,8 +9,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* kBuilding = ".new";
-
 void flushToDisk(const fs::path& path) {
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
   const bool flushed = file >= 0 && fsync(file) == 0;
@@ -35,8 +33,14 @@ bool fileExists(const fs::path& file) noexcept {
   return fs::exists(file, ignored);
 }
 
+bool isPlainFile(const fs::path& file) noexcept {
+  std::error_code ignored;
+  return fs::is_regular_file(file, ignored);
+}
+
 std::string shownName(const fs::path& file) {
-  return (file.extension() == kBuilding ? file.stem() : file.filename()).string();
+  const bool passing = file.extension() == kBuilding || file.extension() == kGoing;
+  return (passing ? file.stem() : file.filename()).string();
 }
 
 DatabaseError fileError(const fs::path& file, const std::error_code& error) {

@@ -15,10 +15,16 @@
 void buildBeside(const std::filesystem::path& file,
                  const std::function<void(const std::filesystem::path& making)>& build);
 
+// The endings of a file that is being built, and of one that is about to go.
+inline constexpr const char* kBuilding = ".new";
+inline constexpr const char* kGoing = ".deleted";
+
 // False also where it cannot be told.
 bool fileExists(const std::filesystem::path& file) noexcept;
+// No folder, pipe or device, which would be waited for.
+bool isPlainFile(const std::filesystem::path& file) noexcept;
 
-// The file's name for a message; one under its building name goes by the name that it is to get.
+// The file's name for a message; one under a passing name goes by its own.
 std::string shownName(const std::filesystem::path& file);
 
 // What the system says of a file, in the words of the store.
