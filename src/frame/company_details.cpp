@@ -1,5 +1,7 @@
 #include "frame/company_details.h"
 
+#include <exception>
+
 #include "base/text.h"
 #include "base/words.h"
 #include "store/dictionary.h"
@@ -33,6 +35,26 @@ void put(Fields& fields, std::string_view column, Value value) {
   fields.push_back({column, std::move(value)});
 }
 
+// The catalogue among the tables of the books, so that one transaction writes both or none.
+class WithCatalogue {
+ public:
+  WithCatalogue(Database& year, const Database& catalogue) : year_(year) {
+    year_.exec("ATTACH ? AS catalogue", catalogue.file().string());
+  }
+  ~WithCatalogue() {
+    try {
+      year_.exec("DETACH ?", "catalogue");
+    } catch (const std::exception& error) {
+      logFailure("passed over: it goes when the books are closed", error);
+    }
+  }
+  WithCatalogue(const WithCatalogue&) = delete;
+  WithCatalogue& operator=(const WithCatalogue&) = delete;
+
+ private:
+  Database& year_;
+};
+
 }  // namespace
 
 void loadCompanyDetails(Session& s) {
@@ -54,17 +76,17 @@ void saveCompanyDetails(Session& s, Fields fields) {
   put(fields, "DATANM", s.mdataname);
   put(fields, "DATASENT", "N");
 
+  const std::string name = textOf(fields, "COMPNM");
   Database& db = *s.cndata;
+  const WithCatalogue both(db, *s.cncomp);
   Transaction all(db);
   if (db.first("SELECT 1 FROM COMP_DET"))
     updateRows(db, "COMP_DET", fields, "1 = 1");
   else
     insertRow(db, "COMP_DET", fields);
   db.exec("UPDATE COMP_DET SET MOBNOCO = ?, DATANM = ?, DATASENT = 'N'", s.mmobile, s.mdataname);
+  db.exec("UPDATE catalogue.compny SET COMP_NAME = ? WHERE COMP_ID = ?", name, s.mcompid);
   all.commit();
-
-  const std::string name = textOf(fields, "COMPNM");
-  s.cncomp->exec("UPDATE compny SET COMP_NAME = ? WHERE COMP_ID = ?", name, s.mcompid);
   s.mcompname = name;
   loadCompanyDetails(s);
 }

@@ -1,4 +1,9 @@
+#include <utility>
+
+#include "frame/company_details.h"
 #include "frame_fixture.h"
+#include "killed.h"
+#include "store/lock_wait.h"
 
 namespace {
 
@@ -37,6 +42,50 @@ TEST_F(Details, SaveAddsTheRowAndTheNameGoesToAllYears) {
   EXPECT_EQ(host_.screen().panels[0].substr(0, 8), "NEW NAME");
   EXPECT_EQ(catalogue().number("SELECT COUNT(*) FROM compny WHERE COMP_NAME = 'NEW NAME'"), 2);
   EXPECT_EQ(catalogue().text("SELECT COMP_NAME FROM compny WHERE COMP_ID = 'M002'"), "LIGHT HOUSE");
+}
+
+TEST_F(Details, AreStoredWithTheNameInTheCatalogueOrNotAtAll) {
+  const int wait = std::exchange(lockWaitMs(), 50);
+  host_.fill("company", "NEW NAME");
+  session().cndata->open(session().mdbpath);  // of the short wait
+  {
+    Database other;
+    other.open(folder_ / "comp.mdb");
+    const Transaction busy(other);
+    host_.press("cmdsave");
+  }
+  lockWaitMs() = wait;
+  EXPECT_NE(host_.lastMessage().find("in use by another program"), std::string::npos);
+  EXPECT_FALSE(data().first("SELECT 1 FROM COMP_DET"));
+
+  const std::string year = session().mdbpath;
+  session() = Session{};
+  const auto save = [&](int call) {
+    return killedAt(call, [&] {
+      Session s;
+      s.mcompid = "M001";
+      s.cndata = std::make_unique<Database>();
+      s.cncomp = std::make_unique<Database>();
+      s.cndata->open(year);
+      s.cncomp->open(folder_ / "comp.mdb");
+      saveCompanyDetails(s, {
+                                {"COMPNM", "KILLED " + std::to_string(call)}
+      });
+    });
+  };
+  constexpr int kMoments = 40;
+  const Killed whole = save(0);
+  if (!whole.possible) GTEST_SKIP() << "processes may not be watched here";
+  for (int moment = 1; moment <= kMoments; ++moment) {
+    const int call = whole.calls / 2 + whole.calls * moment / kMoments / 2;  // it writes in the second half
+    save(call);
+    Database books, names;
+    books.open(year);
+    names.open(folder_ / "comp.mdb");
+    ASSERT_EQ(books.text("SELECT COMPNM FROM COMP_DET"),
+              names.text("SELECT COMP_NAME FROM compny WHERE COMP_ID = 'M001'"))
+        << call;
+  }
 }
 
 }  // namespace
