@@ -103,8 +103,12 @@ fs::path makeBackup(Database& year, Database& catalogue, const fs::path& folder,
   ensureFolder(folder);
   Name name{.stamp = stamp, .exit = kind == BackupKind::Exit};
   fs::path copy;
-  do copy = folder / (written(dataname, name) + ".mdb");
-  while (fileExists(copy) && ++name.again > 1);
+  LockFile mine;  // two programs may make one in the same minute
+  for (bool taken = true; taken; ++name.again) {
+    copy = folder / (written(dataname, name) + ".mdb");
+    mine = LockFile(copy, LockFile::Hold::Alone);
+    taken = !mine.alone() || fileExists(copy);
+  }
   // The catalogue first: a company-year's copy is only found once both stand.
   backUpDatabase(catalogue, catalogueCopy(copy));
   try {
@@ -117,11 +121,11 @@ fs::path makeBackup(Database& year, Database& catalogue, const fs::path& folder,
   return copy;
 }
 
-void keepLatest(const fs::path& folder, const std::string& dataname, size_t kept) {
+void keepLatest(const fs::path& folder, const std::string& dataname, size_t kept, const fs::path& made) {
   auto found = findBackups(folder, dataname);
-  std::erase_if(found, [](const Found& f) { return !f.name.exit; });
+  std::erase_if(found, [&](const Found& f) { return !f.name.exit || f.file == made.filename(); });
   std::error_code ignored;  // one that cannot go now goes another time
-  for (size_t i = 0; i + kept < found.size(); ++i) {
+  for (size_t i = 0; i + kept < found.size() + 1; ++i) {
     fs::remove(folder / found[i].file, ignored);
     fs::remove(catalogueCopy(folder / found[i].file), ignored);
   }
@@ -162,7 +166,7 @@ bool belongsTo(const BackupFacts& facts, const fs::path& file, const std::string
 }
 
 fs::path restoreBackup(const fs::path& backup, const fs::path& database, const std::string& stamp) {
-  const LockFile lock(database);
+  const LockFile lock(database, LockFile::Hold::Alone);
   if (!lock.alone()) throw DatabaseError(DatabaseError::Kind::locked, database.filename().string(), {});
   Database source;
   source.open(backup, Access::readOnly);

@@ -26,8 +26,10 @@ std::vector<std::string> backupsOf(const std::filesystem::path& folder, const st
 std::filesystem::path makeBackup(Database& year, Database& catalogue, const std::filesystem::path& folder,
                                  const std::string& dataname, const std::string& stamp, BackupKind kind);
 
-// Deletes the oldest of the company-year's backups of the exit beyond the last `kept`.
-void keepLatest(const std::filesystem::path& folder, const std::string& dataname, size_t kept);
+// Deletes the oldest of the company-year's backups of the exit, so that with the one just made at most
+// `kept` stay. That one stays whatever the clock said when it was named.
+void keepLatest(const std::filesystem::path& folder, const std::string& dataname, size_t kept,
+                const std::filesystem::path& made);
 
 // The name that the open company-year's details were last saved under; empty in a new one.
 std::string savedUnder(Database& year);

@@ -110,7 +110,8 @@ bool backUpNow(Host& host) {
 
 void backUpAtExit(Host& host) {
   if (!session().mbackupflag) return;
-  if (!backUp(host, BackupKind::Exit).empty()) keepLatest(folder(), session().mdataname, kKeptOfExit);
+  const fs::path made = backUp(host, BackupKind::Exit);
+  if (!made.empty()) keepLatest(folder(), session().mdataname, kKeptOfExit, made);
 }
 
 bool restoreNow(Host& host) {

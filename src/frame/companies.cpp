@@ -1,14 +1,17 @@
 #include "frame/companies.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <fstream>
 #include <iterator>
 #include <system_error>
+#include <utility>
 
 #include "base/number.h"
 #include "base/text.h"
 #include "base/words.h"
+#include "frame/backup.h"
 #include "frame/session.h"
 #include "store/dictionary.h"
 #include "store/lock_file.h"
@@ -41,12 +44,10 @@ std::string containing(const std::string& text) {
   return "%" + escaped + "%";
 }
 
-fs::path dataFile(const fs::path& folder, const CompanyYear& which) {
-  return folder / (dataStem(which.code, which.from) + ".mdb");
-}
-
 // What a crash may have left beside the file.
 fs::path journalOf(const fs::path& file) { return file.string() + "-journal"; }
+
+fs::path goingName(const fs::path& file) { return file.string() + kGoing; }
 
 // A file keeps its journal, without which it may not be whole.
 void moveFile(const fs::path& from, const fs::path& to) {
@@ -67,28 +68,76 @@ fs::path templateFile(const fs::path& folder, CreateBy by) {
 
 bool sameBytes(const fs::path& a, const fs::path& b) {
   std::error_code ignored;
+  if (!isPlainFile(a) || !isPlainFile(b)) return false;
   if (fs::file_size(a, ignored) != fs::file_size(b, ignored)) return false;
   using Bytes = std::istreambuf_iterator<char>;
   std::ifstream first(a, std::ios::binary), second(b, std::ios::binary);
   return std::equal(Bytes(first), Bytes(), Bytes(second), Bytes());
 }
 
-// A copy of a template that a crash has left is worth nothing; anything else may be somebody's books.
-void putAside(const fs::path& file, const fs::path& folder) {
-  if (!fileExists(file)) return;
-  for (const CreateBy by : {CreateBy::Enter, CreateBy::Button})
-    if (sameBytes(file, templateFile(folder, by))) return;
+void putAside(const fs::path& file) {
   fs::path aside;
   int n = 0;
-  do aside = folder / (file.stem().string() + "_old" + std::to_string(++n) + ".mdb");
+  do aside = file.parent_path() / (file.stem().string() + "_old" + std::to_string(++n) + ".mdb");
   while (fileExists(aside));
   moveFile(file, aside);
 }
 
-bool opensAsCompanyYear(const fs::path& file) {
+// The copy's own year is its period, and its exits make backups.
+void beginBooks(const fs::path& file, const CompanyYear& which, const fs::path& from) {
   Database db;
-  db.open(file, Access::readOnly);
-  return isCompanyYear(db);
+  db.open(file);
+  if (!isCompanyYear(db)) throw DatabaseError(DatabaseError::Kind::notDatabase, from.filename().string(), {});
+  const std::chrono::year first{static_cast<int>(Val(which.from))};
+  Transaction all(db);
+  for (const auto& [row, date] :
+       {std::pair(211, Date(first / 4 / 1)), std::pair(212, Date((first + std::chrono::years(1)) / 3 / 31))})
+    db.passOver(kOlderBooks, "UPDATE SPSFILE SET VOUCH_DT = ? WHERE VOUCH_NO = ?", date, row);
+  db.passOver(kOlderBooks, "UPDATE SPSFILE SET VOUCH_QTY = 1 WHERE VOUCH_NO = 234");
+  all.commit();
+}
+
+// A new copy that a crash has left is worth nothing; anything else may be somebody's books.
+void beginFile(const fs::path& file, const CompanyYear& which, const fs::path& from) {
+  buildBeside(file, [&](const fs::path& making) {
+    copyFile(from, making);
+    beginBooks(making, which, from);
+    if (fileExists(file) && !sameBytes(making, file)) putAside(file);
+  });
+}
+
+Deletion mayGo(Database& catalogue, const CompanyYear& which) {
+  if (!catalogue.first("SELECT 1 FROM compny WHERE COMP_ID = ? AND FROMYR = ? AND TOYR = ?", which.code,
+                       which.from, which.to))
+    return Deletion::NoRow;
+  return catalogue.number("SELECT COUNT(*) FROM compny") < 2 ? Deletion::LastOne : Deletion::Done;
+}
+
+Deletion deleteRow(Database& catalogue, const CompanyYear& which) {
+  Transaction row(catalogue);
+  const Deletion outcome = mayGo(catalogue, which);
+  if (outcome != Deletion::Done) return outcome;
+  catalogue.exec("DELETE FROM compny WHERE COMP_ID = ? AND FROMYR = ? AND TOYR = ?", which.code, which.from,
+                 which.to);
+  row.commit();
+  return outcome;
+}
+
+fs::path backUpBefore(Database& catalogue, const fs::path& file, const std::string& dataname,
+                      const std::string& stamp) {
+  Database year;
+  year.open(file);
+  if (!isCompanyYear(year)) throw DatabaseError(DatabaseError::Kind::notDatabase, shownName(file), {});
+  std::string named;
+  year.passOver(kOlderBooks, [&] { named = year.text("SELECT VOUCH_NM FROM SPSFILE WHERE VOUCH_NO = 234"); });
+  return makeBackup(year, catalogue, backupFolder(named, file.parent_path()), dataname, stamp,
+                    BackupKind::Asked);
+}
+
+void removeWithJournal(const fs::path& file) {
+  std::error_code ignored;  // the file bears no company's name any more
+  fs::remove(file, ignored);
+  fs::remove(journalOf(file), ignored);
 }
 
 // In-use marks that a crash has left behind. Books that cannot be written to, which every save
@@ -161,10 +210,19 @@ std::string dataStem(const std::string& code, const std::string& from) {
   return trim(code) + trim(right(trim(from), 2));
 }
 
-std::optional<std::string> nextCompanyCode(Database& catalogue) {
-  const auto last = catalogue.first("SELECT COMP_ID FROM compny ORDER BY COMP_ID DESC LIMIT 1");
-  if (!last) return {};
-  const double n = Val(right(last->text(0), 3)) + 1;
+fs::path dataFile(const fs::path& folder, const CompanyYear& which) {
+  const std::string stem = dataStem(which.code, which.from);
+  const auto plain = [](unsigned char ch) { return ch < 128 && std::isalnum(ch); };
+  if (!std::ranges::all_of(stem, plain))
+    throw DatabaseError(DatabaseError::Kind::other, {},
+                        words("{code} Is No Company Code\r\nLetters And Digits Only", "code", stem));
+  return folder / (stem + ".mdb");
+}
+
+std::string nextCompanyCode(Database& catalogue) {
+  const double n = 1 + catalogue.number(
+                           "SELECT MAX(CAST(SUBSTR(COMP_ID, 2) AS INTEGER)) FROM compny"
+                           " WHERE COMP_ID LIKE 'M_%' AND SUBSTR(COMP_ID, 2) NOT GLOB '*[^0-9]*'");
   return (n < 10 ? "M00" : "M0") + numText(n);
 }
 
@@ -196,11 +254,8 @@ void createCompanyYear(Database& catalogue, const fs::path& folder, const Compan
     Transaction row(catalogue);
     if (companyYear(catalogue, wanted.code, wanted.from))
       throw DatabaseError(Kind::constraint, file.filename().string(), kTaken);
-    putAside(file, folder);
-    copyDatabase(templateFile(folder, by), file);
+    beginFile(file, wanted, templateFile(folder, by));
     made = true;
-    if (!opensAsCompanyYear(file))
-      throw DatabaseError(Kind::notDatabase, templateFile(folder, by).filename().string(), {});
     catalogue.exec(
         "INSERT INTO compny (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
         " VALUES (?, ?, ?, ?, ?, ?, 'N')",
@@ -212,44 +267,84 @@ void createCompanyYear(Database& catalogue, const fs::path& folder, const Compan
   }
 }
 
-void renameCompany(Database& catalogue, const std::string& old, const std::string& by,
-                   const std::string& shown, const std::string& from) {
+std::string renameCompany(Database& catalogue, const CompanyYear& row, const std::string& by,
+                          const std::string& shown) {
+  const std::string name = cut(upper(by), 100);
   Transaction both(catalogue);
-  catalogue.exec("UPDATE compny SET COMP_NAME = ? WHERE COMP_NAME = ? AND FROMYR = ?", cut(upper(by), 100),
-                 old, from);
-  catalogue.exec("UPDATE compny SET DATASENT = 'N' WHERE COMP_NAME = ? AND FROMYR = ?", shown, from);
+  if (const auto other =
+          catalogue.first("SELECT COMP_ID FROM compny WHERE COMP_NAME = ? AND COMP_ID <> ?", name, row.code))
+    return words("{name} Is The Name Of {code}", "name", name, "code", other->text(0));
+  catalogue.exec("UPDATE compny SET COMP_NAME = ? WHERE COMP_ID = ? AND FROMYR = ?", name, row.code,
+                 row.from);
+  catalogue.exec("UPDATE compny SET DATASENT = 'N' WHERE COMP_NAME = ? AND COMP_ID = ? AND FROMYR = ?", shown,
+                 row.code, row.from);
   both.commit();
+  return {};
 }
 
-bool deleteCompanyYear(Database& catalogue, const fs::path& folder, const CompanyYear& which) {
-  const fs::path file = dataFile(folder, which);
-  const fs::path going = file.string() + ".deleted";
-  const LockFile lock = fileExists(file) ? LockFile(file) : LockFile();
-  if (!lock.alone()) return false;
-  Transaction row(catalogue);
-  catalogue.exec("DELETE FROM compny WHERE COMP_ID = ? AND FROMYR = ? AND TOYR = ?", which.code, which.from,
-                 which.to);
+Deleted deleteCompanyYear(Database& catalogue, const fs::path& folder, const CompanyYear& which,
+                          const std::string& stamp) {
+  const fs::path file = dataFile(folder, which), going = goingName(file);
+  const LockFile lock(file, LockFile::Hold::Alone);
+  if (!lock.alone()) return {Deletion::InUse};
+  Deleted result{mayGo(catalogue, which)};
+  if (result.outcome != Deletion::Done) return result;
+  // Out of reach under its other name; who is killed from here on leaves it to endDeletions.
   const bool there = fileExists(file);
   if (there) moveFile(file, going);
-  try {
-    row.commit();
-  } catch (...) {
+  const auto back = [&] {
     if (there) moveFile(going, file);
+  };
+  try {
+    if (there) result.backup = backUpBefore(catalogue, going, file.stem().string(), stamp);
+    result.outcome = deleteRow(catalogue, which);
+  } catch (...) {
+    back();
     throw;
   }
-  std::error_code ignored;  // the file bears no company's name any more
-  fs::remove(going, ignored);
-  fs::remove(journalOf(going), ignored);
-  return true;
+  if (result.outcome == Deletion::Done)
+    removeWithJournal(going);
+  else
+    back();
+  return result;
+}
+
+void endDeletions(Database& catalogue, const fs::path& folder) {
+  std::vector<fs::path> left;
+  std::error_code error;
+  for (fs::directory_iterator each(folder, error), end; !error && each != end; each.increment(error)) {
+    const std::string name = each->path().filename().string(), mark = std::string(".mdb") + kGoing;
+    for (const std::string& ending : {mark, mark + "-journal"})
+      if (name.ends_with(ending))
+        left.push_back(folder / (name.substr(0, name.size() - ending.size()) + ".mdb"));
+  }
+  for (const fs::path& file : left) {
+    const LockFile lock(file, LockFile::Hold::Alone);
+    if (!lock.alone()) continue;  // another program is about it
+    const auto years = companyYears(catalogue);
+    const bool named = std::ranges::any_of(years, [&](const CompanyYear& y) {
+      return sameText(dataStem(y.code, y.from), file.stem().string());
+    });
+    const bool half = !fileExists(goingName(file));  // killed behind the journal
+    if (!named || (fileExists(file) && !half))
+      removeWithJournal(goingName(file));
+    else if (half)
+      fs::rename(journalOf(goingName(file)), journalOf(file), error);
+    else
+      moveFile(goingName(file), file);
+  }
 }
 
 std::string openCompanyYear(const CompanyYear& which) {
   Session& s = session();
-  s.mdataname = dataStem(which.code, which.from);
-  s.mdbfile = s.mdataname + ".mdb";
-  s.mdbpath = (fs::path(s.mapppath) / s.mdbfile).string();
+  const fs::path file = dataFile(s.mapppath, which);
+  s.mdataname = file.stem().string();
+  s.mdbfile = file.filename().string();
+  s.mdbpath = file.string();
   s.mfromyr = trim(which.from);
   s.mtoyr = trim(which.to);
+  // Its file bears another name while it is being deleted.
+  if (LockFile(file).refused()) throw DatabaseError(DatabaseError::Kind::locked, s.mdbfile, {});
   if (!fileExists(s.mdbpath)) return english("Company Data Not Found");
 
   auto opened = std::make_unique<Database>();

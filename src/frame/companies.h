@@ -24,9 +24,12 @@ std::optional<CompanyYear> companyYear(Database& catalogue, const std::string& c
 
 // The data file's name without extension: "M00124".
 std::string dataStem(const std::string& code, const std::string& from);
+// Raises DatabaseError for a code or year of other signs than letters and digits, which might lead
+// out of the folder.
+std::filesystem::path dataFile(const std::filesystem::path& folder, const CompanyYear& which);
 
-// "M00" or "M0" and the number after that of the last row; nothing for an empty catalogue.
-std::optional<std::string> nextCompanyCode(Database& catalogue);
+// "M00" or "M0" and the number after the highest of the catalogue: M001 to M099, M0100 ...
+std::string nextCompanyCode(Database& catalogue);
 
 // The two doors to a new company-year differ in their bounds, words and template.
 enum class CreateBy { Enter, Button };
@@ -36,16 +39,27 @@ std::string creationRefusal(Database& catalogue, const std::filesystem::path& fo
                             const CompanyYear& typed, CreateBy by);
 // The data file first, then the row that names it: whatever fails in between leaves at most a
 // file that no row names, and the next creation of that year takes its place. Books found in
-// such a file are kept beside under another name (M00326_old1.mdb). Raises DatabaseError.
+// such a file are kept beside under another name (M00326_old1.mdb). The copy's period is its year,
+// and a backup is made at its exits. Raises DatabaseError.
 void createCompanyYear(Database& catalogue, const std::filesystem::path& folder, const CompanyYear& typed,
                        CreateBy by, const std::string& mobile);
 
-// Changes the name in one year only. `shown` is the name as it stands in the screen's field.
-void renameCompany(Database& catalogue, const std::string& old, const std::string& by,
-                   const std::string& shown, const std::string& from);
-// The row and its data file, both or none. An open data file is deleted by nobody: false, and
-// nothing has changed. Raises DatabaseError.
-bool deleteCompanyYear(Database& catalogue, const std::filesystem::path& folder, const CompanyYear& which);
+// Changes the name in the row's year only. Why it may not, in words: another code has the name.
+// `shown` is the name as it stands in the screen's field.
+std::string renameCompany(Database& catalogue, const CompanyYear& row, const std::string& by,
+                          const std::string& shown);
+
+enum class Deletion { Done, InUse, LastOne, NoRow };
+struct Deleted {
+  Deletion outcome;
+  std::filesystem::path backup{};  // made before; none where there was no file
+};
+// The row and its data file, both or none, after a verified backup named with `stamp` in the folder
+// that its settings name. Raises DatabaseError.
+Deleted deleteCompanyYear(Database& catalogue, const std::filesystem::path& folder, const CompanyYear& which,
+                          const std::string& stamp);
+// What a deletion that was killed has left: books whose row stands come back, others go.
+void endDeletions(Database& catalogue, const std::filesystem::path& folder);
 
 // Opens the company-year as the session's and fills the session's members of it. Returns
 // the words to show when there is no data file; raises DatabaseError when it cannot be opened

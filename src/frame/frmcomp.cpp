@@ -17,6 +17,7 @@ namespace {
 
 constexpr const char* kConfirm = english("Mirav Confirmation Message");
 constexpr const char* kKeys = english("Up / Down = Scroll  ::  Enter = Select  ::  Esc = Exit");
+constexpr const char* kNewKeys = english("Type Name And Year Of The New Company  ::  Esc = Back To The List");
 constexpr const char* kNewer =
     english("These Books Were Made By A Newer Program\r\nDo You Want To Open Them With This One");
 
@@ -63,6 +64,22 @@ bool isSearched(char32_t ch) {
          signs.find(ch) != std::u32string_view::npos;
 }
 
+const char* told(Deletion outcome) {
+  switch (outcome) {
+    case Deletion::Done:
+      return english("Company Delete Process Done");
+    case Deletion::InUse:
+      return english("Company Data Is Open In Another Program");
+    case Deletion::NoRow:
+      return english("company not found");
+    case Deletion::LastOne:
+      break;
+  }
+  return english(
+      "Cannot Delete All Companies\r\nYou Can Modify Company Details From Utilities\r\n"
+      "Or Create Another Company First Then Delete This Company");
+}
+
 }  // namespace
 
 FRMCOMP::FRMCOMP(Host& h) : Screen(h, ::spec()) {
@@ -85,7 +102,7 @@ FRMCOMP::FRMCOMP(Host& h) : Screen(h, ::spec()) {
                            {"Cmdmodify",  On::Click,          &FRMCOMP::modify      },
                            {"cmddelcomp", On::Click,          &FRMCOMP::remove      },
                            {"Cmdvideo",   On::Click,          &FRMCOMP::video       },
-                           {"",           KeyCode::Esc,       &FRMCOMP::leave       },
+                           {"",           KeyCode::Esc,       &FRMCOMP::escape      },
   });
 }
 
@@ -107,6 +124,22 @@ void FRMCOMP::closed() {
 }
 
 void FRMCOMP::leave() { host.close(*this); }
+
+void FRMCOMP::escape() {
+  if (!newcomp_) return leave();
+  endNewCompany();
+  host.hint(kKeys);
+  if (rows_.empty())
+    clearFields();
+  else
+    copyMovedRow();
+  focus(at("lst"));
+}
+
+void FRMCOMP::endNewCompany() {
+  newcomp_ = false;
+  at("Text1").enabled = true;
+}
 
 // The list
 
@@ -254,8 +287,14 @@ void FRMCOMP::ok() {
 }
 
 void FRMCOMP::openTyped() {
-  const CompanyYear which{at("Text1").text, at("Text2").text, trim(at("Text3").text), trim(at("Text4").text)};
-  const fs::path file = fs::path(session().mapppath) / (dataStem(which.code, which.from) + ".mdb");
+  const std::string year = trim(at("Text3").text);
+  // A year that was typed and left without Enter still stands beside the other one's end.
+  if (const auto row = companyYear(catalogue(), trim(at("Text1").text), year))
+    take(*row);
+  else if (!year.empty())
+    set(at("Text4"), numText(Val(year) + 1));
+  const CompanyYear which{at("Text1").text, at("Text2").text, year, trim(at("Text4").text)};
+  const fs::path file = dataFile(session().mapppath, which);
   if (shapeVersion(file) > kShapeVersion && !host.ask(kNewer, kConfirm)) return;
   std::string refusal;
   try {
@@ -282,10 +321,9 @@ void FRMCOMP::newCompany() {
     host.message("Use Master Password to EDIT");
     return;
   }
-  const auto code = nextCompanyCode(catalogue());
-  if (!code) return;
   newcomp_ = true;
-  take({.code = *code});
+  take({.code = nextCompanyCode(catalogue())});
+  host.hint(kNewKeys);
   at("Text1").enabled = false;
   focus(at("Text2"));
 }
@@ -303,9 +341,9 @@ bool FRMCOMP::create(CreateBy by) {
     createCompanyYear(catalogue(), session().mapppath, wanted, by, session().mmobile);
     host.message("company created");
   }
-  newcomp_ = false;
-  at("Text1").enabled = true;
+  endNewCompany();
   if (!sure) {
+    host.hint(kKeys);
     clearFields();
     return false;
   }
@@ -319,8 +357,8 @@ bool FRMCOMP::create(CreateBy by) {
 
 void FRMCOMP::modify() {
   const size_t row = at("lst").grid.current;
-  const std::string shown = at("Text2").text;
-  const std::string old = row < rows_.size() ? rows_[row].name : shown;
+  if (row >= rows_.size()) return;
+  const std::string shown = at("Text2").text, old = rows_[row].name;
   const auto given = host.input(
       "Do You Want To Change Company Name \r\nType Company Name In the White Box\r\nAnd Press ok Button To "
       "Change",
@@ -328,29 +366,29 @@ void FRMCOMP::modify() {
   if (!given || trim(*given).empty()) return;
   if (!host.ask(words("Do You Want to change {old}   To   {new}", "old", old, "new", *given), Host::kTitle))
     return;
-  renameCompany(catalogue(), old, trim(*given), shown, trim(at("Text3").text));
+  const std::string refusal = renameCompany(catalogue(), rows_[row], trim(*given), shown);
+  if (!refusal.empty()) host.message(refusal);
   fill(row);
 }
 
 void FRMCOMP::remove() {
-  const CompanyYear which{trim(at("Text1").text), {}, trim(at("Text3").text), trim(at("Text4").text)};
-  if (which.code.empty() || which.from.empty()) return;
+  const size_t row = at("lst").grid.current;
+  if (row >= rows_.size()) return;
+  const CompanyYear which = rows_[row];
   if (!host.ask(words("Do You Want to Delete {code} {from} {to} ", "code", which.code, "from", which.from,
                       "to", which.to),
                 Host::kTitle))
     return;
-  if (rows_.size() < 2) {
-    host.message(
-        "Cannot Delete All Companies\r\nYou Can Modify Company Details From Utilities\r\n"
-        "Or Create Another Company First Then Delete This Company");
+  Deleted deleted{Deletion::NoRow};
+  const std::string failure = failureOf(
+      host, [&] { deleted = deleteCompanyYear(catalogue(), session().mapppath, which, MakeStamp(host)); });
+  if (!failure.empty()) {
+    host.message(words("Company Not Deleted\r\n{why}", "why", words(failure)));
     return;
   }
-  if (!deleteCompanyYear(catalogue(), session().mapppath, which)) {
-    host.message("Company Data Is Open In Another Program");
-    return;
-  }
-  host.message("Company Delete Process Done");
-  const size_t row = at("lst").grid.current;
+  if (!deleted.backup.empty()) host.message(words("Backup Done\r\n{file}", "file", deleted.backup.string()));
+  host.message(told(deleted.outcome));
+  if (deleted.outcome == Deletion::InUse || deleted.outcome == Deletion::LastOne) return;
   search("");
   fill(row);
 }

@@ -27,6 +27,8 @@ class FRMCOMP : public Screen {
   Go openRow();
   Go searchBack();
   void leave();
+  void escape();
+  void endNewCompany();
   Go code();
   Go name();
   Go year();

@@ -1,9 +1,16 @@
 #include "frame/start.h"
 
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <regex>
 #include <system_error>
 
 #include "base/text.h"
 #include "base/words.h"
+#include "frame/companies.h"
 #include "store/dictionary.h"
 #include "store/safe_file.h"
 #include "store/templates.h"
@@ -47,6 +54,35 @@ void remakeTemplates(const fs::path& folder) {
   }
 }
 
+// "BILL.pdf~4711" of a program that runs no more, and a database that was being built.
+bool isLeftover(const std::string& name) {
+  static const std::regex unfinished(R"(.+\.[A-Za-z]+~([1-9]\d{0,8}))"),
+      building(R"(.+\.mdb\.new(-journal)?)", std::regex::icase);
+  std::smatch parts;
+  if (std::regex_match(name, parts, unfinished))
+    return kill(static_cast<pid_t>(std::atol(parts[1].str().c_str())), 0) != 0 && errno == ESRCH;
+  return std::regex_match(name, building);
+}
+
+// What a killed run has left. Files that are being built are another program's as long as there is one.
+void clearLeftovers(Session& s) {
+  try {
+    endDeletions(*s.cncomp, s.mapppath);
+  } catch (const std::exception& error) {
+    logFailure("passed over: tried again at the next start", error);
+  }
+  if (!s.mfirstuser) return;
+  for (const char* part : {"", "BILLS", "BACKUP"}) {
+    std::vector<fs::path> left;
+    std::error_code error;
+    for (fs::directory_iterator each(fs::path(s.mapppath) / part, error), end; !error && each != end;
+         each.increment(error))
+      if (isPlainFile(each->path()) && isLeftover(each->path().filename().string()))
+        left.push_back(each->path());
+    for (const fs::path& file : left) fs::remove(file, error);
+  }
+}
+
 }  // namespace
 
 void setScreenFactors(Session& s, const ScreenSize& display) {
@@ -60,6 +96,7 @@ void setScreenFactors(Session& s, const ScreenSize& display) {
 }
 
 bool startUp(Host& host, const fs::path& folder) {
+  std::signal(SIGXFSZ, SIG_IGN);  // a file at the limit of its size is told like a full disk
   session() = Session{};
   Session& s = session();
   s.mapppath = withoutSeparator(folder);
@@ -73,6 +110,7 @@ bool startUp(Host& host, const fs::path& folder) {
     host.quit();
     return false;
   }
+  clearLeftovers(s);
   remakeTemplates(s.mapppath);
 
   std::error_code ignored;  // printing into the folder fails later

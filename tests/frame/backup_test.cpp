@@ -265,6 +265,7 @@ TEST_F(Backups, OfTheExitAreSilentAndTheLastTenStay) {
   for (int day = 1; day <= 10; ++day) add("M00125_2605" + std::to_string(10 + day) + "_1830_exit");
   for (const char* name : {"M00125_260511_1830_exit_comp", "M00125_260401_1030", "M00124_260401_1030_exit"})
     add(name);
+  host_.clock.date = Date{std::chrono::year{2025}, std::chrono::June, std::chrono::day{15}};  // set wrong
   host_.answers = {false, true};
   host_.choose("mnuexit");
   EXPECT_EQ(backupsOf(keep_, "M00125").size(), 11u) << "none for a No";
@@ -273,8 +274,8 @@ TEST_F(Backups, OfTheExitAreSilentAndTheLastTenStay) {
   EXPECT_TRUE(host_.messages.empty());
   const auto left = backupsOf(keep_, "M00125");
   ASSERT_EQ(left.size(), 11u);
-  EXPECT_EQ(left[0] + " " + left[1] + " " + left[10],
-            "M00125_260401_1030.mdb M00125_260512_1830_exit.mdb M00125_260615_1030_exit.mdb")
+  EXPECT_EQ(left[0] + " " + left[1] + " " + left[2],
+            "M00125_250615_1030_exit.mdb M00125_260401_1030.mdb M00125_260512_1830_exit.mdb")
       << "only those of the exit go";
   EXPECT_FALSE(fs::exists(keep_ / "M00125_260511_1830_exit_comp.mdb"));
   EXPECT_EQ(backupsOf(keep_, "M00124").size(), 1u);

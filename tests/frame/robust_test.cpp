@@ -1,9 +1,14 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <fstream>
 
 #include "frame/companies.h"
 #include "frame/routines.h"
 #include "frame_fixture.h"
 #include "store/dictionary.h"
+#include "store/lock_file.h"
+#include "store/lock_wait.h"
 
 // What a folder may do to the program, and the program to the folder.
 
@@ -50,7 +55,12 @@ const Spoilt kSpoilt[] = {
      [](const fs::path& file) {
        fs::remove(file);
        fs::create_directory(file);
-     },                                                                                                    " was not found."                    },
+     },                                                                                                    " is not a database of this program."},
+    {"a pipe",
+     [](const fs::path& file) {
+       fs::remove(file);
+       mkfifo(file.c_str(), 0600);
+     },                                                                                                    " is not a database of this program."},
 };
 
 TEST_F(Folder, WhatIsNoneOfItsDatabasesIsSaidInWords) {
@@ -128,6 +138,28 @@ TEST_F(Folder, ALockedYearIsSaidAndOpensWhenItIsFree) {
   EXPECT_EQ(host_.onTop(), "frmStartup");
 }
 
+// What stands beside the books and is no file is not waited for, and what a killed run left goes.
+TEST_F(Folder, NothingInTheWayHoldsItUp) {
+  mkfifo((folder_ / "M00225.LDB").c_str(), 0600);
+  mkfifo((folder_ / "M00225.mdb-journal").c_str(), 0600);
+  openYear("M00225.mdb");
+  EXPECT_NE(host_.lastMessage().find("M00225.mdb-journal is in the way"), std::string::npos);
+
+  session() = Session{};
+  fs::create_directory(folder_ / "BILLS");
+  const std::string mine = "BILLS/TAX.pdf~" + std::to_string(getpid());
+  fs::rename(folder_ / "M00124.mdb", folder_ / "M00124.mdb.deleted");
+  for (const std::string name : {"BILLS/TAX.pdf~999999999", "M00326.mdb.new", "M00326.mdb.new-journal",
+                                 "M00426.mdb.deleted", mine.c_str(), "letter.new", "plan~1"})
+    write(folder_ / name, "x");
+  startUp(host_, folder_.path());
+  for (const char* name : {"BILLS/TAX.pdf~999999999", "M00326.mdb.new", "M00326.mdb.new-journal",
+                           "M00426.mdb.deleted", "M00124.mdb.deleted"})
+    EXPECT_FALSE(fs::exists(folder_ / name)) << name;
+  for (const char* name : {mine.c_str(), "letter.new", "plan~1", "M00124.mdb"})
+    EXPECT_TRUE(fs::exists(folder_ / name)) << name;
+}
+
 // Both programs see the catalogue; who is first in a company-year clears its marks, who comes
 // second does not, and what is open in one is deleted by neither.
 TEST_F(Folder, TwoProgramsShareIt) {
@@ -155,6 +187,15 @@ TEST_F(Folder, TwoProgramsShareIt) {
               c.mark)
         << c.catalogueOpen << c.yearOpen;
     session() = Session{};
+  }
+
+  {
+    const LockFile replacing(folder_ / "M00225.mdb", LockFile::Hold::Alone);
+    const int wait = std::exchange(lockWaitMs(), 50);
+    openYear("M00225.mdb");
+    lockWaitMs() = wait;
+    EXPECT_EQ(host_.lastMessage().substr(0, 40), "M00225.mdb is in use by another program.");
+    EXPECT_FALSE(session().cndata);
   }
 
   Database other;

@@ -7,7 +7,7 @@ import rules
 from rules import dec
 
 STATE = 24
-PERIOD = datetime.date(2023, 4, 1), datetime.date(2034, 3, 31)
+PERIOD = datetime.date(2026, 4, 1), datetime.date(2027, 3, 31)
 DEBTORS, BANKS, CREDITORS = 85, 87, 135
 CASH, PURCHASES, SALES, ROUNDING = "X90005", "X90001", "X90002", "X90015"
 SYSTEM = {PURCHASES: "PURCHASE A/C", SALES: "SALES A/C", CASH: "CASH A/C", ROUNDING: "ROUND OFF", "X90061": "OUTPUT CGST",

@@ -74,7 +74,7 @@ class Clerk(Shop):
         self.add("SALE" if b.book == "SA" else "PURCHASE", b)
         if refused:
             s.fill("date", refused.strftime("%d%m%Y"), "Enter")
-            s('expect message "Pl. Enter Date Between 01/Apr/2023 and 31/Mar/2034"', "expect focus date")
+            s('expect message "Pl. Enter Date Between 01/Apr/2026 and 31/Mar/2027"', "expect focus date")
         if refused or b.day != today:
             s.fill("date", b.day.strftime("%d%m%Y"))
         s.keys("Enter")

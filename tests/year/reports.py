@@ -150,7 +150,7 @@ class Reports:
         left = sum((r.amount for r in self.ledger if r.account == party.code and r.side == "C"), max(-dec(party.opening), Decimal(0)))
         debits.sort(key=lambda d: d[:2])
         if party.opening > 0:
-            debits.insert(0, (datetime.date(2023, 4, 1), " OP", dec(party.opening)))
+            debits.insert(0, (datetime.date(2026, 4, 1), " OP", dec(party.opening)))
         open_bills = []
         for day, reference, amount in debits:
             paid = min(left, amount)
