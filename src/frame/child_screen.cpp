@@ -71,6 +71,11 @@ void ChildScreen::emptyFields(Part part) {
       set(*c, c->kind == Kind::Date ? kEmptyDate : std::string_view());
 }
 
+void ChildScreen::takeAsWorked(Part part) {
+  for (const auto& c : controls)
+    if (c->editable() && c->ofLine() == (part == Part::Line)) c->worked = c->text;
+}
+
 Go ChildScreen::dateKey(const Key& key) {
   Control& box = here();
   const auto standing = parseDate(box.text);

@@ -29,6 +29,8 @@ class ChildScreen : public Screen {
   void showFields(const Row& row, Part part);
   Fields writtenFields(Part part) const;
   void emptyFields(Part part);  // those without a column too
+  // What stands in the fields was read from the store: leaving them has nothing to do.
+  void takeAsWorked(Part part);
 
   // Date keys of a date box: F1 period start, F2 today, F3 period end, Down/Up a day
   // earlier/later, Page Down/Page Up a month earlier/later.

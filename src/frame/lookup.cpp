@@ -40,6 +40,7 @@ std::string lookUpValue(Host& host, const Lookup& lookup) {
 }
 
 Go lookUp(Host& host, Screen& caller, Control& field, const Lookup& lookup) {
+  if (caller.leaving()) return Go::Stay;
   const std::string value = lookUpValue(host, lookup);
   if (value.empty()) return Go::Stay;
   Screen::set(field, value);

@@ -29,8 +29,8 @@ SelectColumn balanceColumn(int width = 0);
 Lookup accounts(SelectColumns columns, const std::string& where = {});
 
 // The chosen first column replaces the field's text as it is, and the field's Enter logic runs once
-// after the handler; after Escape or an empty choice nothing happens. Always returns Go::Stay, so
-// that a handler ends with it.
+// after the handler; after Escape or an empty choice, and while the field is left, nothing happens.
+// Always returns Go::Stay, so that a handler ends with it.
 Go lookUp(Host& host, Screen& caller, Control& field, const Lookup& lookup);
 
 // The chosen value alone, empty after Escape.

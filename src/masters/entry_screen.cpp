@@ -246,6 +246,7 @@ void EntryScreen::fill(const Row& row) {
   }
   Control* const user = find("usrlbl");
   if (user && row.has("USER_CD")) set(*user, row.text("USER_CD"));
+  takeAsWorked(Part::Head);
 }
 
 Fields EntryScreen::sendMarks() {

@@ -133,6 +133,11 @@ frmacc::frmacc(Host& theHost) : EntryScreen(theHost, accountTable(), accountPatt
   });
 }
 
+// Other fields check themselves, or ask what only Enter is to be asked.
+bool frmacc::worksOnLeaving(const Control& target) const {
+  return entering() && focused() == &at(kGstin) && &target != &at("cmdCancel");
+}
+
 std::string frmacc::nextCode() { return accountCode(NextAccountCode()); }
 
 // The code is made by the system; it is open only where one has to be chosen.

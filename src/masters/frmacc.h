@@ -6,6 +6,7 @@
 class frmacc : public EntryScreen {
  public:
   explicit frmacc(Host& host);
+  bool worksOnLeaving(const Control& target) const override;
 
  protected:
   std::string nextCode() override;

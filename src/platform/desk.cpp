@@ -117,17 +117,23 @@ bool Desk::settleFocus(Screen& screen) {
   return false;
 }
 
+// The field that has the focus checks its text and does what Enter would have done for it.
+bool Desk::mayLeave(Screen& screen, Control& target) {
+  Control* const field = screen.focused_;
+  const bool outer = std::exchange(checking_, true);
+  const bool goes = fire(screen, field, On::Validate, Go::On) == Go::On && isOpen(screen) &&
+                    (!screen.worksOnLeaving(target) || screen.work(*field));
+  checking_ = outer;
+  return goes && isOpen(screen);
+}
+
 bool Desk::moveFocus(Screen& screen, Control& target, bool validate) {
   Control* const old = screen.focused_;
   if (&target == old) return true;
   if (!target.focusable()) return false;
   if (old) {
-    if (validate && old->focusable()) {
-      const bool outer = std::exchange(checking_, true);
-      const bool stays = fire(screen, old, On::Validate, Go::On) == Go::Stay;
-      checking_ = outer;
-      if (stays || !isOpen(screen)) return false;
-    }
+    // The work of the field may have switched the target off.
+    if (validate && old->focusable() && (!mayLeave(screen, target) || !target.focusable())) return false;
     old->refused = false;
     if (old->editable()) old->back = kWhite;
     fire(screen, old, On::Leave, Go::On);
@@ -135,7 +141,7 @@ bool Desk::moveFocus(Screen& screen, Control& target, bool validate) {
   screen.focused_ = &target;
   if (target.editable()) {
     target.back = screen.spec.focusColour;
-    if (target.selectAll)
+    if (target.selectAll || target.given)
       edit::selectAll(target);
     else
       target.caret = target.anchor = utf8::length(target.text);
@@ -159,10 +165,15 @@ void Desk::step(Screen& screen, int direction, bool validate) {
   }
   for (int k = 0; k < n; ++k) {
     i = (i + direction + n) % n;
-    if (walk[i]->focusable()) {
-      moveFocus(screen, *walk[i], validate);
+    if (!walk[i]->focusable()) continue;
+    // What the field's work opens or shuts is known before the next one is chosen.
+    Control* const old = screen.focused_;
+    if (validate && old && old->focusable() && screen.unworked(*old) && screen.worksOnLeaving(*walk[i])) {
+      if (mayLeave(screen, *walk[i])) step(screen, direction, true);
       return;
     }
+    moveFocus(screen, *walk[i], validate);
+    return;
   }
 }
 
@@ -195,6 +206,8 @@ void Desk::enterKey(Screen& screen, Control* control) {
   const Go answer = fire(screen, control, KeyCode::Enter, Go::On);
   checking_ = outerChecking;
   if (!isOpen(screen)) return;
+  if (checks && control && control->editable() && (answer == Go::On || screen.pendingFocus_))
+    control->worked = control->text;
   const bool outer = std::exchange(enterChecked_, checks);
   if (screen.pendingFocus_)
     settleFocus(screen);
@@ -298,7 +311,7 @@ bool Desk::editKey(Screen& screen, Control& control, const Key& key) {
 }
 
 void Desk::edited(Screen& screen, Control& control) {
-  control.refused = false;
+  control.refused = control.given = false;
   fire(screen, &control, On::Change, Go::On);
 }
 

@@ -11,10 +11,12 @@
 // the boxes and whatever else only the machine can do.
 //
 // A handler sets the focus by name; it takes effect when the handler has returned: the
-// old control may refuse (Validate), is left (Leave), then the new one gets Focus. Boxes
-// and modal screens nest; all other screens open after the handler, so a day's work
-// stacks nothing. A handler that ends in an exception ends in a message box with its
-// words; the screen stays as it is, and one that could not be made is not opened.
+// old control may refuse (Validate), or refuse what its Enter has still to do where the
+// screen wants that done; it is left (Leave), then the new one gets Focus, and a text that
+// the program put there is selected. Boxes and modal screens nest; all other screens open
+// after the handler, so a day's work stacks nothing. A handler that ends in an exception
+// ends in a message box with its words; the screen stays as it is, and one that could not
+// be made is not opened.
 class Desk : public Host {
  public:
   explicit Desk(const Screens& screens) : known_(screens) {}
@@ -76,6 +78,7 @@ class Desk : public Host {
   void settle(Screen& screen);
   bool settleFocus(Screen& screen);
   bool moveFocus(Screen& screen, Control& target, bool validate);
+  bool mayLeave(Screen& screen, Control& target);
   void enterKey(Screen& screen, Control* control);
   void plainKey(Screen& screen, Control* control, const Key& key);
   bool mnemonic(Screen& screen, char32_t letter);

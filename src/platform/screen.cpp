@@ -105,8 +105,36 @@ void Screen::put(FieldName field, std::optional<Date> date) {
   put(field, date ? formatDate(*date, "dd/MM/yyyy") : std::string(kEmptyDate));
 }
 
+bool Screen::unworked(const Control& control) const {
+  if (!control.editable() || !control.focusable() || control.text == kEmptyDate ||
+      trim(control.text).empty() || control.worked == control.text)
+    return false;
+  const Bound* const enter = rule(&control, KeyCode::Enter);
+  return enter && !enter->control.empty();
+}
+
+bool Screen::work(Control& control) {
+  if (!unworked(control)) return true;
+  // What the handler finds and leaves of the running event, brought back also when it raises.
+  struct Restored {
+    Screen& s;
+    Control *here, *focus, *enter;
+    bool leaving;
+    ~Restored() {
+      s.here_ = here, s.pendingFocus_ = focus, s.pendingEnter_ = enter;
+      s.leaving_ = leaving;
+    }
+  } const restored{*this, std::exchange(here_, &control), std::exchange(pendingFocus_, nullptr),
+                   std::exchange(pendingEnter_, nullptr), std::exchange(leaving_, true)};
+  if (rule(&control, KeyCode::Enter)->run() == Go::Stay && !pendingFocus_) return false;
+  control.worked = control.text;
+  return true;
+}
+
 void Screen::set(Control& control, std::string_view text) {
   control.text = text;
+  control.given = true;
+  if (text.empty() || text == kEmptyDate) control.worked.reset();
   control.caret = control.anchor = utf8::length(text);
 }
 

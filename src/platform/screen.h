@@ -97,10 +97,12 @@ struct Control {
   Style style = Style::Normal;
   std::string hint;
   Bgr back = kWhite;
-  bool refused = false;           // its last check refused: drawn with the error frame
-  size_t caret = 0, anchor = 0;   // code points; equal when nothing is selected
-  double value = 0, maximum = 0;  // progress; a check box is on when value is not 0
-  std::string picture;            // path of a picture file
+  bool refused = false;               // its last check refused: drawn with the error frame
+  bool given = false;                 // the program put the text, and nobody has typed since
+  std::optional<std::string> worked;  // the text for which Enter's work was done last
+  size_t caret = 0, anchor = 0;       // code points; equal when nothing is selected
+  double value = 0, maximum = 0;      // progress; a check box is on when value is not 0
+  std::string picture;                // path of a picture file
   Grid grid;
   Chart chart;  // for the eye; whoever sets it puts its words into `text`
   const ControlSpec* spec = nullptr;
@@ -218,6 +220,12 @@ class Screen {
   }
   // Runs the control's Enter logic once after the handler (a lookup has just filled it).
   void enterAgain(Control& control) { pendingEnter_ = &control; }
+  // Whether a field is left with a text for which its Enter's work has not been done.
+  bool unworked(const Control& control) const;
+  // Does that work where it is due, without a lookup and without moving the focus; false when it
+  // refuses the text. Its handler sees `leaving`.
+  bool work(Control& control);
+  bool leaving() const { return leaving_; }
   // Writes a text without a Change; the caret goes behind it.
   static void set(Control& control, std::string_view text);
 
@@ -231,6 +239,8 @@ class Screen {
   virtual void toolChosen(const ToolEntry&) {}
   virtual void focusMoved(Control&) {}       // after each change of focus: hint line
   virtual void typed(Control&, char32_t) {}  // a character on a grid or list
+  // Whether Enter's work is done, where it is due, when the focus goes from a field to `target`.
+  virtual bool worksOnLeaving(const Control& target) const { return (void)target, false; }
   virtual char32_t filter(const Control& control, char32_t key) { return filtered(control.keys, key); }
 
   // One rule of the screen's table of handlers, bound to this screen.
@@ -295,7 +305,7 @@ class Screen {
   Control* pendingFocus_ = nullptr;
   Control* pendingEnter_ = nullptr;
   Control* here_ = nullptr;
-  bool closing_ = false, modal_ = false, unchecked_ = false;
+  bool closing_ = false, modal_ = false, unchecked_ = false, leaving_ = false;
   Opening opening_;
   std::vector<Control*> walk_;  // focusable kinds in tab order
 };

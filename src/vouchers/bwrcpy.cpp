@@ -64,6 +64,7 @@ bwrcpy::bwrcpy(Host& theHost, const Opening& opening)
                   {kParty,       KeyCode::F2,     &bwrcpy::partyByCity   },
                   {kAmount,      KeyCode::Enter,  &bwrcpy::amount        },
                   {kNarration,   KeyCode::Enter,  &bwrcpy::remarks       },
+                  {kNarration,   KeyCode::Tab,    &bwrcpy::remarksTab    },
                   {kNarration,   KeyCode::F1,     &bwrcpy::earlierRemarks},
                   {"DataGrid1",  On::DoubleClick, &bwrcpy::openRow       },
   });
@@ -87,6 +88,10 @@ void bwrcpy::activated() {
 }
 
 bool bwrcpy::mayClose() { return !entering() || host.ask("Do you want to exit", kConfirm); }
+
+bool bwrcpy::worksOnLeaving(const Control& target) const {
+  return entering() && &target != &at("cmdCancel") && &target != &at("Cmdvideo");
+}
 
 void bwrcpy::escape() {
   if (entering()) {
@@ -214,6 +219,10 @@ Go bwrcpy::number() {
 Go bwrcpy::enterNumber() {
   const double n = value(kNumber);
   const auto found = findMoneyVoucher(data(), kind_, n);
+  if (mode == "ADD" && !isVoucherNumber(n)) {
+    host.message(kNoVoucherNumber);
+    return Go::Stay;
+  }
   if (mode == "ADD") {
     if (!found) return Go::On;
     notFound("VOUCHER ALREADY EXISTS");
@@ -244,6 +253,7 @@ void bwrcpy::showVoucher(const Row& v) {
   showFields(v, Part::Head);
   showAccount(kCashSide);
   showAccount(kOtherSide);
+  takeAsWorked(Part::Head);
   loaded_ = v.number("VOUCH_NO");
 }
 
@@ -341,6 +351,12 @@ Go bwrcpy::remarks() {
   return Go::Stay;
 }
 
+// Also where it is empty it opens Update, as Enter does.
+Go bwrcpy::remarksTab() {
+  if (entering()) enterAgain(here());
+  return entering() ? Go::Stay : Go::On;
+}
+
 // Lookups by key
 
 Lookup bwrcpy::oldVouchers(const SelectColumn& second, const SelectColumns& more) const {
@@ -403,13 +419,23 @@ void bwrcpy::update() {
     enterNumber();
     return;
   }
+  if (sameCodes()) {
+    refuseSame(kOtherSide);
+    focus(at(kParty));
+    return;
+  }
+  if (amount() == Go::Stay) {
+    focus(at(kAmount));
+    return;
+  }
   host.busy(true);
   const bool saved = saveMoneyVoucher(data(), kind_, writtenFields(Part::Head),
                                       mode == "ADD" ? Saving::Fresh : Saving::Again);
   host.busy(false);
   if (!saved) {
-    host.message("Voucher No. already exists", kMessageTitle);
-    cancel();
+    const std::string taken = text(kNumber);
+    put(kNumber, lastVoucher(data(), kind_).number + 1);
+    host.message(takenWords(taken, text(kNumber)));
     return;
   }
   mode.clear();

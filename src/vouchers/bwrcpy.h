@@ -17,6 +17,7 @@ class bwrcpy : public ChildScreen {
   void opened(const Opening& opening) override;
   void activated() override;
   bool mayClose() override;
+  bool worksOnLeaving(const Control& target) const override;
 
   // An account by its code, with what is shown of it.
   struct Side {
@@ -47,6 +48,7 @@ class bwrcpy : public ChildScreen {
   Go party();
   Go amount();
   Go remarks();
+  Go remarksTab();
   Go oldByReference();
   Go oldByCheque();
   Go oldByAmount();

@@ -42,11 +42,11 @@ FRMCHLN::FRMCHLN(Host& theHost, const VoucherKind& kind)
                   {kQuantity,        KeyCode::Enter,  &FRMCHLN::quantity       },
                   {kRate,            KeyCode::Enter,  &FRMCHLN::rate           },
                   {kRate,            On::Focus,       &FRMCHLN::rateHints      },
-                  {kAmount,          KeyCode::Enter,  &FRMCHLN::amount         },
                   {kDiscountPercent, KeyCode::Enter,  &FRMCHLN::discountPercent},
                   {kDiscountAmount,  KeyCode::Enter,  &FRMCHLN::showTotal      },
                   {kCharges,         KeyCode::Enter,  &FRMCHLN::showTotal      },
                   {kDestination,     KeyCode::Enter,  &FRMCHLN::destination    },
+                  {kDestination,     KeyCode::Tab,    &FRMCHLN::lastTab        },
                   {"CMDSAVE",        On::Click,       &FRMCHLN::save           },
   });
   wireLookups(lookups(kind));
@@ -90,8 +90,14 @@ void FRMCHLN::showParty(const AccountFacts& p) {
 
 Go FRMCHLN::challanType() {
   if (trimmed(kChallanType).empty()) return helpHere();
-  if (mode == "ADD") put(kChallanNumber, nextChallanNumber(data(), kind_, trimmed(kChallanType)));
+  // One that was typed meanwhile is not lost because the type is left only now.
+  const bool typed = leaving() && !at(kChallanNumber).given && !trimmed(kChallanNumber).empty();
+  if (mode == "ADD" && !typed) put(kChallanNumber, nextChallanNumber(data(), kind_, trimmed(kChallanType)));
   return Go::On;
+}
+
+void FRMCHLN::renumber() {
+  if (at(kChallanNumber).given) put(kChallanNumber, nextChallanNumber(data(), kind_, trimmed(kChallanType)));
 }
 
 Go FRMCHLN::challanNumber() {
@@ -116,9 +122,18 @@ void FRMCHLN::showTotal() {
   put(kNetAmount, challanNet(value(kItemsAmount), value(kCharges), value(kDiscountAmount)));
 }
 
+// Discount and charges count, and a discount by per cent follows what the lines come to.
+void FRMCHLN::sumAgain() {
+  const double before = value(kItemsAmount);
+  sumLines();
+  if (value(kItemsAmount) != before && value(kDiscountPercent) != 0) discountPercent();
+  showTotal();
+}
+
 // Saving and loading
 
 void FRMCHLN::save() {
+  if (!readyToSave()) return;
   if (value(kNumber) == 0 || !date(kDate)) {
     host.message("Invalid Entry", kCheck);
     return;

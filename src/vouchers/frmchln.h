@@ -18,6 +18,10 @@ class FRMCHLN : public VoucherScreen {
   void clearHead() override;
   Fields lineFields() override;
   void sumLines() override;
+  void sumAgain() override;
+  std::vector<FieldName> lineInputs() const override { return {fields::kQuantity, fields::kRate}; }
+  bool figureLine() override;
+  void renumber() override;
   std::string tutorial() const override;
   SavedMessage closingMessage() const override;
 
@@ -33,9 +37,8 @@ class FRMCHLN : public VoucherScreen {
   Go challanNumber();
   Go item();
   Go unit();
-  void quantity();
+  Go quantity();
   void rate();
-  Go amount();
   void discountPercent();
   void showTotal();
   Go destination() { return toSave(); }

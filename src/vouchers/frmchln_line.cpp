@@ -39,24 +39,20 @@ Go FRMCHLN::unit() {
   return Go::On;
 }
 
-void FRMCHLN::quantity() {
+Go FRMCHLN::quantity() {
   if (trimmed(kQuantity).empty()) put(kQuantity, "1");
+  return quantityStands() ? Go::On : Go::Stay;
 }
 
 void FRMCHLN::rate() {
   if (trimmed(kRate).empty()) put(kRate, "0");
-  put(kAmount, challanAmount(value(kQuantity), value(kRate)));
+  figureLine();
 }
 
-Go FRMCHLN::amount() {
-  if (!entering()) return Go::On;
-  if (trimmed(kItem).empty() || trimmed(kUnit).empty()) {
-    focus(at(kItem));
-    return Go::Stay;
-  }
-  session().mlastitem = trimmed(kItem);
-  storeLine();
-  return Go::Stay;
+bool FRMCHLN::figureLine() {
+  put(kAmount, challanAmount(value(kQuantity), value(kRate)));
+  lineIsFigured();
+  return true;
 }
 
 Fields FRMCHLN::lineFields() {

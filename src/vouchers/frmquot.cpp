@@ -38,7 +38,7 @@ FRMQUOT::FRMQUOT(Host& theHost, const Opening& opening)
                   {kItem,       KeyCode::F10,    &FRMQUOT::dropLine       },
                   {kItemName,   KeyCode::Enter,  &FRMQUOT::itemName       },
                   {kUnit,       KeyCode::Enter,  &FRMQUOT::unit           },
-                  {kQuantity,   KeyCode::Enter,  &FRMQUOT::figure         },
+                  {kQuantity,   KeyCode::Enter,  &FRMQUOT::quantity       },
                   {kRate,       KeyCode::Enter,  &FRMQUOT::figure         },
                   {kRate,       KeyCode::F4,     &FRMQUOT::earlierSalesKey},
                   {kDiscount,   KeyCode::Enter,  &FRMQUOT::discount       },
@@ -48,8 +48,8 @@ FRMQUOT::FRMQUOT(Host& theHost, const Opening& opening)
                   {kSgstAmount, KeyCode::Enter,  &FRMQUOT::valueLine      },
                   {kIgstRate,   KeyCode::Enter,  &FRMQUOT::valueLine      },
                   {kIgstAmount, KeyCode::Enter,  &FRMQUOT::lastTax        },
-                  {kAmount,     KeyCode::Enter,  &FRMQUOT::amount         },
                   {kSubjectTo,  KeyCode::Enter,  &FRMQUOT::lastTerm       },
+                  {kSubjectTo,  KeyCode::Tab,    &FRMQUOT::lastTab        },
                   {"CMDSAVE",   On::Click,       &FRMQUOT::save           },
   });
   // Not every company-year keeps narrations.
@@ -134,6 +134,7 @@ void FRMQUOT::clearHead() {
 // Saving and loading
 
 void FRMQUOT::save() {
+  if (!readyToSave()) return;
   store([this](const SaveStamp& stamp, Saving how) {
     return saveQuotation(data(), kind_, writtenFields(Part::Head), stamp, how);
   });

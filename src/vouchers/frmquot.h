@@ -25,6 +25,10 @@ class FRMQUOT : public VoucherScreen {
   void clearHead() override;
   Fields lineFields() override;
   void sumLines() override;
+  void sumAgain() override;
+  std::vector<FieldName> lineInputs() const override;
+  bool figureLine() override;
+  bool needsUnit() const override { return false; }
   FieldName afterLines() const override { return fields::kValidity; }
   std::string tutorial() const override;
   SavedMessage closingMessage() const override;
@@ -41,10 +45,10 @@ class FRMQUOT : public VoucherScreen {
   Go item();
   Go itemName();
   Go unit();
+  Go quantity();
   void figure();
   Go discount();
   Go lastTax();
-  Go amount();
   Go lastTerm() { return toSave(); }
   void save();
 

@@ -74,6 +74,12 @@ Go FRMQUOT::unit() {
   return Go::Stay;
 }
 
+Go FRMQUOT::quantity() {
+  if (!quantityStands()) return Go::Stay;
+  figure();
+  return Go::On;
+}
+
 void FRMQUOT::figure() {
   set(here(), numText(Val(here().text)));
   valueLine();
@@ -94,22 +100,21 @@ void FRMQUOT::valueLine() {
   put(kIgstAmount, line.taxes.igst);
   put(kAssessable, line.assess);
   put(kAmount, line.amount);
+  lineIsFigured();
+}
+
+std::vector<FieldName> FRMQUOT::lineInputs() const {
+  return {kQuantity, kRate, kDiscount, kCgstRate, kSgstRate, kIgstRate};
+}
+
+bool FRMQUOT::figureLine() {
+  valueLine();
+  return true;
 }
 
 Go FRMQUOT::lastTax() {
   valueLine();
   focus(at(kAmount));
-  return Go::Stay;
-}
-
-Go FRMQUOT::amount() {
-  if (!entering()) return Go::On;
-  if (trimmed(kItem).empty()) {
-    focus(at(kItem));
-    return Go::Stay;
-  }
-  session().mlastitem = trimmed(kItem);
-  storeLine();
   return Go::Stay;
 }
 
@@ -125,7 +130,10 @@ Fields FRMQUOT::lineFields() {
 void FRMQUOT::dropLine() {
   const size_t before = lines_->count();
   deleteLine();
-  if (lines_->count() == before) return;
+  if (lines_->count() != before) sumAgain();
+}
+
+void FRMQUOT::sumAgain() {
   for (const FieldName total : kTotals) put(total, "");
   sumLines();
 }

@@ -63,12 +63,12 @@ GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind)
                   {kCgstAmount,  On::Leave,       &GSTSAPU::unlock          },
                   {kSgstAmount,  On::Leave,       &GSTSAPU::unlock          },
                   {kIgstAmount,  On::Leave,       &GSTSAPU::unlock          },
-                  {kAmount,      KeyCode::Enter,  &GSTSAPU::amount          },
                   {kAmount,      On::Leave,       &GSTSAPU::lock            },
                   {kTransportId, KeyCode::Enter,  &GSTSAPU::transportId     },
                   {kTransport,   KeyCode::Enter,  &GSTSAPU::transport       },
                   {kDestination, KeyCode::Enter,  &GSTSAPU::destination     },
                   {kParcels,     KeyCode::Enter,  &GSTSAPU::parcels         },
+                  {kParcels,     KeyCode::Tab,    &GSTSAPU::lastTab         },
                   {"CMDSAVE",    On::Click,       &GSTSAPU::save            },
                   {"",           KeyCode::F6,     &GSTSAPU::partyRatesKey   },
                   {"",           KeyCode::F7,     &GSTSAPU::purchaseRatesKey},
@@ -137,9 +137,17 @@ bool GSTSAPU::acceptShipTo() {
 
 Go GSTSAPU::billType() {
   if (trimmed(kBillType).empty()) return helpHere();
-  if (mode == "ADD" && kind_.numbering.runsOn)
+  // One that was typed meanwhile is not lost because the type is left only now.
+  const bool typed = leaving() && !at(kBillNumber).given && !trimmed(kBillNumber).empty();
+  if (mode == "ADD" && kind_.numbering.runsOn && !typed)
     put(kBillNumber, nextBillNumber(data(), kind_, trimmed(kBillType)));
   return Go::On;
+}
+
+void GSTSAPU::renumber() {
+  if (!kind_.numbering.runsOn) return;
+  if (at(kChallanNumber).given) put(kChallanNumber, text(kNumber));
+  if (at(kBillNumber).given) put(kBillNumber, nextBillNumber(data(), kind_, trimmed(kBillType)));
 }
 
 Go GSTSAPU::billNumber() {
@@ -183,10 +191,15 @@ Go GSTSAPU::destination() { return trimmed(kDestination).empty() ? helpHere() : 
 // Saving and loading
 
 void GSTSAPU::save() {
+  if (!readyToSave()) return;
   const bool complete =
       value(kNumber) != 0 && !trimmed(kBook).empty() && !trimmed(kParty).empty() && date(kDate);
   if (!complete || !readAccount(data(), trimmed(kParty))) {
     host.message("Invalid Entry", kCheck);
+    return;
+  }
+  if (entering() && billNumber() == Go::Stay) {
+    focus(at(kBillNumber));
     return;
   }
   store([this](const SaveStamp& stamp, Saving how) { return saveBill(data(), kind_, head(), stamp, how); });

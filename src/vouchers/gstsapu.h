@@ -21,6 +21,10 @@ class GSTSAPU : public VoucherScreen {
   void showLine(const Row& line) override;
   Fields lineFields() override;
   void sumLines() override;
+  void sumAgain() override;
+  std::vector<FieldName> lineInputs() const override;
+  bool figureLine() override;
+  void renumber() override;
   std::string tutorial() const override { return links().*kind_.video; }
   SavedMessage closingMessage() const override;
 
@@ -40,12 +44,11 @@ class GSTSAPU : public VoucherScreen {
   Go item();
   Go itemName();
   Go unit();
-  void quantity();
+  Go quantity();
   void rate();
   Go discount();
   Go taxRate();
   Go taxAmount();
-  Go amount();
   Go transport();
   Go transportId();
   Go destination();

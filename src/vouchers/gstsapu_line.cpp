@@ -9,6 +9,12 @@
 
 using namespace fields;
 
+namespace {
+
+constexpr FieldName kTotals[] = {kItemsAmount, kTotalQuantity, kCgstTotal, kSgstTotal, kIgstTotal};
+
+}  // namespace
+
 Go GSTSAPU::item() {
   const std::string code = trimmed(kItem);
   if (code.empty()) return helpHere();
@@ -60,7 +66,11 @@ Go GSTSAPU::unit() {
   return Go::Stay;
 }
 
-void GSTSAPU::quantity() { put(kQuantity, quantityText(text(kQuantity))); }
+Go GSTSAPU::quantity() {
+  if (!quantityStands()) return Go::Stay;
+  put(kQuantity, quantityText(text(kQuantity)));
+  return Go::On;
+}
 
 void GSTSAPU::rate() {
   put(kRate, value(kRate));
@@ -69,10 +79,19 @@ void GSTSAPU::rate() {
 
 Go GSTSAPU::discount() {
   put(kDiscount, value(kDiscount));
+  if (figureLine()) focus(at(kAmount));
+  return Go::Stay;
+}
+
+std::vector<FieldName> GSTSAPU::lineInputs() const {
+  return {kQuantity, kRate, kDiscount, kCgstRate, kSgstRate, kIgstRate};
+}
+
+bool GSTSAPU::figureLine() {
   if (discountRefused(value(kDiscount))) {
     host.message("Discount can not be greater than 100%");
     put(kDiscount, "");
-    return Go::Stay;
+    return false;
   }
   valueLine();
   line_.tax({value(kCgstRate), value(kSgstRate), value(kIgstRate)});
@@ -80,8 +99,8 @@ Go GSTSAPU::discount() {
   put(kSgstAmount, line_.amounts.sgst);
   put(kIgstAmount, line_.amounts.igst);
   showNet();
-  focus(at(kAmount));
-  return Go::Stay;
+  lineIsFigured();
+  return true;
 }
 
 // A rate typed by hand gives its amount, on the value last worked out.
@@ -96,16 +115,24 @@ Go GSTSAPU::taxRate() {
            {kIgstRate, kIgstAmount, &Taxes::igst}
   }) {
     if (!isHere(p.rate)) continue;
+    // An amount that was typed for what the line holds is not lost by walking over its rate.
+    if (leaving() && !at(p.amount).given && lineFigured()) return Go::On;
     line_.rates.*p.tax = value(p.rate);
     line_.amounts.*p.tax = line_.taxAt(value(p.rate));
     put(p.amount, line_.amounts.*p.tax);
+    inputIsFigured(p.rate);
     focus(at(p.amount));
   }
   return Go::Stay;
 }
 
-// An amount typed by hand stands.
+// An amount typed by hand stands for what the line holds now; the others are worked out for it first.
 Go GSTSAPU::taxAmount() {
+  if (!here().given && !lineFigured()) {
+    const std::string typed = here().text;
+    if (!figureLine()) return Go::Stay;
+    set(here(), typed);
+  }
   valueLine();
   line_.take(typedTaxes());
   showNet();
@@ -128,16 +155,6 @@ void GSTSAPU::valueLine() {
 void GSTSAPU::showAssess() { at(kAssessable).text = Format(line_.assess, "0.00"); }
 
 void GSTSAPU::showNet() { put(kAmount, line_.shownNet()); }
-
-Go GSTSAPU::amount() {
-  if (trimmed(kItem).empty() || trimmed(kUnit).empty()) {
-    focus(at(kItem));
-    return Go::Stay;
-  }
-  session().mlastitem = trimmed(kItem);
-  storeLine();
-  return Go::Stay;
-}
 
 Fields GSTSAPU::lineFields() {
   const Moment now = host.now();
@@ -177,13 +194,17 @@ void GSTSAPU::clearLine() {
 // A column that sums to nothing leaves its field as it is.
 void GSTSAPU::sumLines() {
   const auto sums = lines_->sums({"AMOUNT", "QUANTITY", "CGSTAMT", "SGSTAMT", "IGSTAMT"});
-  constexpr FieldName kTotals[] = {kItemsAmount, kTotalQuantity, kCgstTotal, kSgstTotal, kIgstTotal};
   for (size_t i = 0; i < sums.size(); ++i)
     if (sums[i]) put(kTotals[i], Round(*sums[i], 2));
   const BillTotal total =
       billTotal(value(kItemsAmount), {value(kCgstTotal), value(kSgstTotal), value(kIgstTotal)});
   put(kNetAmount, total.amount);
   put(kRoundOff, total.roundOff);
+}
+
+void GSTSAPU::sumAgain() {
+  for (const FieldName total : kTotals) put(total, "");
+  sumLines();
 }
 
 // The rate grid

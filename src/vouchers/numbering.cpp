@@ -1,5 +1,7 @@
 #include "vouchers/numbering.h"
 
+#include <cmath>
+
 #include "base/number.h"
 #include "base/text.h"
 
@@ -26,6 +28,13 @@ LastVoucher lastVoucher(Database& db, const VoucherKind& kind) {
                              kind.code);
   if (!last) return {};
   return {last->number("VOUCH_NO"), last->date("VOUCH_DT")};
+}
+
+bool isVoucherNumber(double number) { return number >= 1 && number == std::floor(number); }
+
+std::string takenWords(const std::string& taken, const std::string& next) {
+  return words("Voucher No {taken} Has Been Taken Meanwhile\nThis One Is {next} Now, Save It Again", "taken",
+               taken, "next", next);
 }
 
 bool isStored(Database& db, const VoucherKind& kind, double voucher) {

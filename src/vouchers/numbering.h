@@ -4,11 +4,18 @@
 #include <string>
 
 #include "base/date.h"
+#include "base/words.h"
 #include "frame/voucher_kinds.h"
 #include "store/database.h"
 
 // Numbers of vouchers and bills. There are no counters: a number follows the voucher with the
 // highest number that is stored, so the number of a deleted last voucher is used again.
+
+// Voucher numbers are whole, from 1.
+bool isVoucherNumber(double number);
+inline constexpr const char* kNoVoucherNumber = english("A Voucher Number Is A Whole Number From 1");
+// What is told when another program took the number of a voucher that is being typed.
+std::string takenWords(const std::string& taken, const std::string& next);
 
 struct LastVoucher {
   double number = 0;

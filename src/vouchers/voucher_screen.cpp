@@ -16,6 +16,7 @@ namespace {
 
 constexpr const char* kRestHint = english("Press Add Button For New Entry");
 constexpr const char* kNoMoreLines = "00";
+constexpr const char* kCheck = english("Mirav Check");
 constexpr const char* kConfirm = english("Mirav Confirmation Message");
 constexpr Bgr kPrintColour = 0xFFD0D0, kNewEntryColour = 0xFFF0F0;
 
@@ -50,6 +51,9 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Vou
                   {kLines,        On::Row,         &VoucherScreen::rowChosen  },
                   {kLines,        On::DoubleClick, &VoucherScreen::leaveRows  },
                   {kRate,         KeyCode::Down,   &VoucherScreen::intoRates  },
+                  {kItem,         KeyCode::Tab,    &VoucherScreen::lineTab    },
+                  {kAmount,       KeyCode::Enter,  &VoucherScreen::amount     },
+                  {kAmount,       KeyCode::Tab,    &VoucherScreen::lineTab    },
                   {kEarlierRates, KeyCode::Enter,  &VoucherScreen::leaveRates },
                   {kEarlierRates, KeyCode::Esc,    &VoucherScreen::leaveRates },
   });
@@ -134,6 +138,7 @@ void VoucherScreen::add() {
 
 void VoucherScreen::modify() {
   setMode("EDIT", kind_.words.modifying);
+  loaded_ = 0;
   clearAll();
   lines_->clear();
   allowSave(false);
@@ -178,6 +183,15 @@ void VoucherScreen::cancel() {
 
 void VoucherScreen::video() { openTutorial(host, tutorial()); }
 
+// What throws the voucher away is not held up, nor is the way back from a number of the paper to the
+// party or the series for which it is refused.
+bool VoucherScreen::worksOnLeaving(const Control& target) const {
+  if (!entering() || atRest_ || &target == &at("CMDCANCEL") || &target == &at("Cmdvideo")) return false;
+  const Control* const left = focused();
+  const bool ofPaper = left && (left->spec->field == kBillNumber || left->spec->field == kChallanNumber);
+  return !ofPaper || !target.editable() || target.tab > left->tab;
+}
+
 void VoucherScreen::escape() {
   if (!entering())
     host.close(*this);
@@ -200,11 +214,21 @@ void VoucherScreen::clearHead() {
 Go VoucherScreen::number() {
   const double n = value(kNumber);
   if (mode == "ADD") {
+    if (!isVoucherNumber(n)) {
+      host.message(kNoVoucherNumber);
+      return Go::Stay;
+    }
     if (!isStored(data(), kind_, n)) return Go::On;
     host.message("ITEM ALLREADY EXIST");
     return Go::Stay;
   }
-  if (mode == "EDIT") return load(n) ? Go::On : Go::Stay;
+  if (mode == "EDIT") {
+    if (!load(n)) return Go::Stay;
+    loaded_ = n;
+    takeAsWorked(Part::Head);
+    allowSave(false);
+    return Go::On;
+  }
   if (mode != "DEL") return Go::On;
   if (!load(n)) return Go::Stay;
   if (host.ask("ARE YOU SURE", kConfirm)) deleteVoucher(data(), kind_, n);
@@ -221,6 +245,7 @@ void VoucherScreen::showSerial() { at(kLineNumber).text = atRest_ ? "" : numText
 void VoucherScreen::clearLine() {
   emptyFields(Part::Line);
   at(kItemName).enabled = false;
+  figuredFor_.clear();
 }
 
 void VoucherScreen::showLine(const Row& line) {
@@ -248,9 +273,73 @@ Fields VoucherScreen::lineFields() {
 
 void VoucherScreen::showCurrentLine() {
   clearLine();
-  if (lines_->onRow()) showLine(lines_->row());
+  if (lines_->onRow()) {
+    showLine(lines_->row());
+    takeAsWorked(Part::Line);
+    lineIsFigured();
+  }
+  shownLine_ = lineTexts();
   at(kLines).grid.current = lines_->position();
   showSerial();
+}
+
+std::vector<double> VoucherScreen::inputs() const {
+  std::vector<double> figures;
+  for (const FieldName input : lineInputs()) figures.push_back(value(input));
+  return figures;
+}
+
+void VoucherScreen::inputIsFigured(FieldName input) {
+  const std::vector<FieldName> all = lineInputs();
+  const auto at = std::ranges::find(all, input) - all.begin();
+  if (!figuredFor_.empty()) figuredFor_[static_cast<size_t>(at)] = value(input);
+}
+
+std::string VoucherScreen::lineTexts() const {
+  std::string texts;
+  for (const auto& c : controls)
+    if (c->editable() && c->ofLine()) texts += c->text + '\n';
+  return texts;
+}
+
+// A unit that the item brought counts though it was passed over.
+bool VoucherScreen::quantityStands() {
+  return work(at(kUnit)) &&
+         (value(kQuantity) > 0 || host.ask("The Quantity Is Not Above 0\nIs It Meant So ?", kConfirm));
+}
+
+// Left for another field it is only brought up to date.
+Go VoucherScreen::amount() {
+  if (!entering()) return Go::On;
+  const bool complete = !trimmed(kItem).empty() && (!needsUnit() || !trimmed(kUnit).empty());
+  if (leaving()) return !complete || lineFigured() || figureLine() ? Go::On : Go::Stay;
+  if (!complete) {
+    focus(at(kItem));
+    return Go::Stay;
+  }
+  const Control& quantity = at(kQuantity);
+  if (quantity.worked != quantity.text && !quantityStands()) {
+    focus(at(kQuantity));
+    return Go::Stay;
+  }
+  if (!lineFigured() && !figureLine()) return Go::Stay;
+  session().mlastitem = trimmed(kItem);
+  storeLine();
+  return Go::Stay;
+}
+
+// An empty line is walked through by Tab.
+Go VoucherScreen::lineTab() {
+  const std::string item = trimmed(kItem);
+  if (!entering() || (isHere(kItem) ? item != kNoMoreLines : item.empty())) return Go::On;
+  enterAgain(here());
+  return Go::Stay;
+}
+
+Go VoucherScreen::lastTab() {
+  if (!entering()) return Go::On;
+  enterAgain(here());
+  return Go::Stay;
 }
 
 void VoucherScreen::storeLine() {
@@ -293,7 +382,7 @@ void VoucherScreen::keepFreeName() {
 }
 
 // Only while its item still stands in the field. The serials of the lines that remain do not
-// close up, and the totals wait for the next line that is stored.
+// close up, and the totals wait for the next line that is stored, or for Save.
 void VoucherScreen::deleteLine() {
   const std::string item = trimmed(kItem);
   if (item.empty() || !lines_->onRow()) return;
@@ -410,17 +499,77 @@ Go VoucherScreen::toSave() {
   return Go::Stay;
 }
 
+bool VoucherScreen::readyToSave() {
+  if (!entering()) return true;
+  if (numberTaken()) return false;
+  if (!workFields(Part::Head) || !storeTypedLine()) return false;
+  sumAgain();
+  focus(at("CMDSAVE"));
+  return true;
+}
+
+// In the order of the walk; the first that refuses its text takes the focus.
+bool VoucherScreen::workFields(Part part) {
+  for (const auto& c : controls) {
+    if (c->ofLine() != (part == Part::Line) || c->spec->field == kAmount || work(*c)) continue;
+    focus(*c);
+    return false;
+  }
+  return true;
+}
+
+// A line that stands in the entry row otherwise than in the list would be lost.
+bool VoucherScreen::storeTypedLine() {
+  if (trimmed(kItem).empty() || lineTexts() == shownLine_) return true;
+  if (!workFields(Part::Line)) return false;
+  const bool lacksUnit = needsUnit() && trimmed(kUnit).empty();
+  if (lacksUnit || value(kQuantity) == 0) {
+    host.message("The Line Being Typed Is Not Complete\nComplete It, Or Empty Its Item", kCheck);
+    focus(at(lacksUnit ? kUnit : kQuantity));
+    return false;
+  }
+  return amount() == Go::Stay && lineTexts() == shownLine_;
+}
+
+// A voucher that says nothing is saved when it is meant so.
+bool VoucherScreen::meansNothing() {
+  if (lines_->count() == 0) return !host.ask("This Voucher Has No Line\nSave It All The Same ?", kConfirm);
+  return value(kNetAmount) == 0 &&
+         !host.ask("The Amount Of This Voucher Is 0\nSave It All The Same ?", kConfirm);
+}
+
+// Another program may have taken the number of a new voucher since it was set.
+bool VoucherScreen::numberTaken() {
+  if (mode != "ADD" || !isStored(data(), kind_, value(kNumber))) return false;
+  takeNextNumber();
+  return true;
+}
+
+void VoucherScreen::takeNextNumber() {
+  const std::string taken = text(kNumber);
+  put(kNumber, lastVoucher(data(), kind_).number + 1);
+  renumber();
+  host.message(takenWords(taken, text(kNumber)));
+  focus(at("CMDSAVE"));
+}
+
 void VoucherScreen::store(const std::function<bool(const SaveStamp&, Saving)>& write) {
   if (!entering()) {
     cancel();
     return;
   }
+  // The number was changed after its voucher was shown: that one is shown before anything is written.
+  if (mode == "EDIT" && value(kNumber) != loaded_) {
+    focus(at(number() == Go::On ? kDate : kNumber));
+    return;
+  }
+  if (meansNothing()) return;
   const Session& s = session();
   const SaveStamp stamp{host.now(), s.musername, s.mmobile, s.mdataname};
   if (write(stamp, mode == "ADD" ? Saving::Fresh : Saving::Again))
     saved();
   else
-    host.message("ITEM ALLREADY EXIST");
+    takeNextNumber();
 }
 
 void VoucherScreen::saved() {

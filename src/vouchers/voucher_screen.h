@@ -20,14 +20,15 @@
 // the work table and the walk through them, the date keys, the masters behind Insert, and the
 // message window after a save. It knows its book; arithmetic and columns are the screen's own.
 //
-// It relies on the fields number, date, party, party_name, item, item_name, unit, rate and line_no, and
-// on the grids and buttons of `voucher_table`.
+// It relies on the fields number, date, party, party_name, item, item_name, unit, quantity, rate, amount
+// and line_no, and on the grids and buttons of `voucher_table`.
 class VoucherScreen : public ChildScreen {
  public:
   void opened(const Opening& opening) override;
   void activated() override;
   void focusMoved(Control& control) override;
   bool mayClose() override;  // asks over an open voucher, as Escape does
+  bool worksOnLeaving(const Control& target) const override;
 
   // One lookup that a key opens in a field; with Enter only while the field is empty.
   struct KeyLookup {
@@ -47,6 +48,13 @@ class VoucherScreen : public ChildScreen {
   virtual void startNew() = 0;           // Add: numbers and defaults; sets the focus
   virtual bool load(double number) = 0;  // shows a stored voucher; false after its message
   virtual void sumLines() = 0;           // totals over the work table
+  virtual void sumAgain() = 0;           // the same at Save, also where no line is left
+  // What a line's figures are worked out from, and that work; false after a refusal's message.
+  virtual std::vector<FieldName> lineInputs() const = 0;
+  virtual bool figureLine() = 0;
+  virtual bool needsUnit() const { return true; }  // a line without a unit is none
+  // Another number after this one was taken: the numbers of the paper that were derived with it.
+  virtual void renumber() {}
   virtual FieldName afterLines() const { return fields::kNarration; }  // where line entry ends to
   virtual std::string tutorial() const = 0;
 
@@ -72,6 +80,14 @@ class VoucherScreen : public ChildScreen {
   bool endsLines();  // what stands for an item ends the lines
   // Where a stored line has no column for its free name: it is kept, and printed, as the line's detail.
   void keepFreeName();
+  Go amount();            // stores the line
+  Go lineTab();           // Tab where it does what Enter does: to the next line, out of the lines
+  Go lastTab();           // Tab in the last field: to Save
+  bool quantityStands();  // one of 0 or below only when it is meant
+  // The figures of the line are those of its inputs, worked out or typed for them.
+  void lineIsFigured() { figuredFor_ = inputs(); }
+  bool lineFigured() const { return figuredFor_ == inputs(); }
+  void inputIsFigured(FieldName input);  // this one alone
   void lineDown();
   void lineUp();
   void endLines();
@@ -103,6 +119,9 @@ class VoucherScreen : public ChildScreen {
   void allowSave(bool on);
   // After the last field: Save opens in ADD and EDIT, else the button row takes the focus.
   Go toSave();
+  // Before Save looks at the fields: the number is free, nothing that was typed waits for its work,
+  // the line being typed is stored, and the totals are those of the lines. False when it cannot go on.
+  bool readyToSave();
   // What Save does once the fields are in order: outside ADD and EDIT it is Cancel; `write` is false
   // when a fresh voucher's number has been taken meanwhile.
   void store(const std::function<bool(const SaveStamp&, Saving)>& write);
@@ -124,10 +143,20 @@ class VoucherScreen : public ChildScreen {
   // Back to rest, then the message window: its print button opens the document.
   void saved();
   void awaitMaster(Control& field, const std::string& master, std::string& last);
+  std::vector<double> inputs() const;
+  std::string lineTexts() const;
+  bool workFields(Part part);
+  bool storeTypedLine();
+  bool meansNothing();
+  bool numberTaken();
+  void takeNextNumber();
 
   std::vector<KeyLookup> lookups_;
   const Control* ratesFor_ = nullptr;  // the field whose focus keeps the rate grid up
   bool backFromRates_ = false;
+  double loaded_ = 0;  // number of the voucher that is shown for a change
+  std::vector<double> figuredFor_;
+  std::string shownLine_;  // the texts of the line as it was shown last
   bool drilledDown_ = false;
   bool atRest_ = true;
   // A master was opened for this field; its new code stands in the session member when it differs.

@@ -37,6 +37,7 @@ class Oracle : public BillTest {
     for (const std::string& record : steps(kind + " 20260615 " + std::to_string(count))) {
       const std::vector<std::string> part = split(record, "\t");
       SCOPED_TRACE(std::to_string(made) + " " + record);
+      host.answers = {true, true};  // figures of 0 and below are meant so
       if (part[0] == "start") {
         start(part[1]);
       } else if (part[0] == "enter") {

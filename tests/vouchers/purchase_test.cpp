@@ -21,7 +21,7 @@ class Purchase : public BillTest {
     host.go("bill_type");
     host.enter();
     host.fillEnter("bill_no", number);
-    host.go("item");
+    host.focusOn(host.at("item"));
   }
   void buy(const std::string& party, const std::string& number, const std::string& rate) {
     start(party, number);

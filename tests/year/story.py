@@ -59,7 +59,7 @@ class Year:
         group = BANKS if n == 26 else CREDITORS if n % 4 == 3 else DEBTORS
         state = 24 if n == 0 or group == BANKS else rng.choice([24, 24, 24, 27, 27, 8, 29])
         place = rng.choice(PLACES[state])
-        gstin = "" if n == 0 else ["%02dABCDE%04dF1Z5" % (state, n), ".", "", "%02dPQRST%04dK2Z7" % (state, n), "X"][n % 5]
+        gstin = "" if n == 0 else ["%02dABCDE%04dF1Z5" % (state, n), ".", "", "%02dPQRST%04dK2Z7" % (state, n), "."][n % 5]
         opening = rng.choice([0, 0, rng.randrange(100, 90000) / 4]) * (-1 if group == CREDITORS else 1)
         party = Party("A%05d" % (n + 1), "CASH SALE" if n == 0 else "%s %02d" % (WORDS[n % 10], n), group, state, gstin, opening, rng.choice([0, 15, 30]))
         if n % 6 != 4:

@@ -1,0 +1,150 @@
+#include "vouchers/bill_fixture.h"
+
+namespace {
+
+// The same voucher typed by one who goes on with Enter, by one who uses Tab, and with the mouse.
+class Walks : public BillTest {
+ protected:
+  enum class By { Enter, Tab, Mouse };
+  struct Voucher {
+    std::string screen, kind;
+    std::vector<std::pair<std::string, std::string>> typed;
+  };
+
+  // Fields whose empty Enter opens a list are passed by Tab by everybody.
+  void walkTo(const std::string& field, By by) {
+    static const std::string lists = " ship_to transport destination ";
+    for (int i = 0; i < 40 && host.focus() != field; ++i) {
+      const bool empty = host.text(host.focus()).empty();
+      const bool opens = empty && lists.find(" " + host.focus() + " ") != std::string::npos;
+      const bool ends = empty && host.focus() == "item";
+      host.key(by == By::Tab || opens ? KeyCode::Tab : ends ? KeyCode::PgDn : KeyCode::Enter);
+    }
+    EXPECT_EQ(host.focus(), field);
+  }
+  void pointTo(const std::string& field) {
+    if (field == "item" && !host.text("item").empty()) {
+      host.go("amount");
+      host.key(KeyCode::Tab);
+    }
+    host.go(field);
+  }
+  // The rows that the walk stores.
+  std::string walked(const Voucher& v, By by) {
+    const std::vector<std::string> tables = {"SALE", "SALEITM", "QUOT",   "QUOTITM",
+                                             "CHLN", "CHLNITM", "RPTPAY", "ALEDGER"};
+    for (const std::string& table : tables) db().exec("DELETE FROM " + table);
+    host.open(v.screen, {.entryType = v.kind});
+    host.press("cmdadd");
+    for (const auto& [field, text] : v.typed) {
+      by == By::Mouse ? pointTo(field) : walkTo(field, by);
+      host.type(text);
+    }
+    if (by == By::Mouse) host.go("date");
+    const bool money = v.screen == "bwrcpy";
+    host.insideModal.push_back([this] { host.escape(); });
+    by == By::Mouse ? host.press(money ? "cmdUpdate" : "CMDSAVE")
+                    : host.keys({by == By::Tab ? KeyCode::Tab : KeyCode::Enter, KeyCode::Enter});
+    host.closeTop();
+    std::string rows;
+    for (const std::string& table : tables)
+      for (const Row& row : db().all("SELECT * FROM " + table)) {
+        rows += "\n" + table;
+        for (int i = 0; i < row.count(); ++i)
+          if (row.text(i) != "0") rows += " " + row.name(i) + "=" + row.text(i);
+      }
+    return rows;
+  }
+};
+
+}  // namespace
+
+TEST_F(Walks, AVoucherIsTheSameByEnterByTabAndByMouse) {
+  db().exec("INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, STATECD) VALUES ('A00011', 'VIDYUT', 135, 27)");
+  using Typed = std::vector<std::pair<std::string, std::string>>;
+  const Typed line = {
+      {"item",     "I0000001"},
+      {"quantity", "3"       },
+      {"rate",     "33.33"   }
+  };
+  const auto with = [&](Typed head, const std::string& last) {
+    head.insert(head.end(), line.begin(), line.end());
+    head.insert(head.end(), {
+                                {"item",     "I0000002"},
+                                {"quantity", "5"       },
+                                {"rate",     "100"     },
+                                {last,       "7"       }
+    });
+    return head;
+  };
+  const std::vector<Voucher> vouchers = {
+      {"GSTSAPU",                                           "SALE",         with({{"party", "A00001"}},                             "parcels")},
+      {"GSTSAPU",                                                   "PURCHASE",                                                         with({{"party", "A00011"}, {"bill_no", "P/9"}},                                                   "parcels")},
+      {"FRMCHLN",                                         "CH",                                                       with({{"party", "A00001"}, {"challan_type", "DC"}},                                                   "destination")},
+      {"FRMQUOT", "QUOTATION",with({{"party", "A00002"}, {"subject", "FANS"}},"subject_to")},
+      {"bwrcpy",                                        "RECEIPT",                                                             {{"party", "A00001"}, {"amount", "250"}, {"narration", "ON ACCOUNT"}}                                                                                                                                                       },
+  };
+  for (const Voucher& v : vouchers) {
+    const std::string byEnter = walked(v, By::Enter);
+    EXPECT_NE(byEnter, "") << v.kind;
+    EXPECT_EQ(walked(v, By::Tab), byEnter) << v.kind << " by Tab";
+    EXPECT_EQ(walked(v, By::Mouse), byEnter) << v.kind << " by mouse";
+  }
+  EXPECT_TRUE(host.messages.empty() && host.questions.empty()) << host.lastMessage();
+}
+
+// What Enter has done is not done again, and a stored bill is walked over without a trace.
+TEST_F(Walks, ALineIsStoredOnFiguresForItsOwnInputs) {
+  open();
+  startBill();
+  host.fillEnter("item", "I0000002");
+  host.fillEnter("quantity", "1");
+  host.fillEnter("rate", "100");
+  host.fillEnter("discount", "0");
+  EXPECT_EQ(shown("cgst_amount amount"), "9|118");
+  host.fill("quantity", "5");
+  host.go("amount");
+  EXPECT_EQ(shown("cgst_amount amount"), "9|118") << "a quantity values nothing by itself";
+  host.enter();
+  EXPECT_EQ(line("SELECT QUANTITY, CGSTAMT, SGSTAMT, NET_AMOUNT FROM T_SLITM"), "5|45|45|590");
+  host.key(KeyCode::Up);
+  host.go("cgst_amount");
+  host.go("item");  // open once it has been left
+  host.fillEnter("cgst_amount", "44.5");
+  host.go("amount");
+  host.enter();
+  EXPECT_EQ(line("SELECT CGSTAMT, SGSTAMT, NET_AMOUNT FROM T_SLITM"), "44.5|45|589.5") << "typed for these";
+}
+
+TEST_F(Walks, SaveLooksOnceMore) {
+  open();
+  startBill();
+  typeLine("I0000003", "2", "20", "0");
+  typeLine("I0000003", "1", "50", "0");
+  host.keys({KeyCode::Up, KeyCode::F10, KeyCode::Down});
+  host.fill("item", "I0000003");
+  host.fill("rate", "70");
+  host.fillEnter("parcels", "1");
+  host.press("CMDSAVE");
+  EXPECT_EQ(host.focus(), "quantity") << "the line in the entry row has none";
+  host.fill("quantity", "1");
+  host.go("parcels");
+  db().exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, BL_TYPE, BILL_NO) VALUES (1, 'SA', 'TAX', '0001')");
+  host.press("CMDSAVE");
+  EXPECT_EQ(host.lastMessage(), "Voucher No 1 Has Been Taken Meanwhile\nThis One Is 2 Now, Save It Again");
+  EXPECT_EQ(shown("number bill_no challan_no") + host.focus(), "2|0002|2CMDSAVE");
+  db().exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD, BL_TYPE, BILL_NO) VALUES (9, 'SA', 'TAX', '0002')");
+  host.press("CMDSAVE");
+  EXPECT_EQ(host.lastMessage() + host.focus(), "Duplicate Bill No Not Allowedbill_no");
+  host.fill("bill_no", "0003");
+  saveAfter("parcels");
+  EXPECT_EQ(line("SELECT ITEM_AMT, NET_AMT, (SELECT COUNT(*) FROM SALEITM) FROM SALE WHERE VOUCH_NO = 2"),
+            "110|110|2");
+  db().exec("DELETE FROM SALE WHERE VOUCH_NO = 9");
+  startBill();
+  host.fillEnter("parcels", "1");
+  host.answers = {false};
+  host.press("CMDSAVE");
+  EXPECT_EQ(host.lastQuestion() + line("SELECT COUNT(*) FROM SALE"),
+            "This Voucher Has No Line\nSave It All The Same ?2");
+}
