@@ -12,8 +12,6 @@ using namespace fields;
 
 namespace {
 
-constexpr const char* kCheck = english("Mirav Check");
-
 std::vector<WorkLines::Shown> shownColumns(const VoucherKind& kind) {
   return {{kind.tables.serial}, {"ITEM_CD"},  {"ITEM_NAME"}, {"ITEM_DESC"},
           {"SIZE_CD"},          {"QUANTITY"}, {"RATE"},      {"NET_AMOUNT"}};

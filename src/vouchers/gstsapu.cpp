@@ -13,7 +13,6 @@ using namespace fields;
 
 namespace {
 
-constexpr const char* kCheck = english("Mirav Check");
 constexpr double kEWayLimit = 50000;
 
 // clang-format off

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/words.h"
 #include "documents/messaging.h"
 #include "frame/child_screen.h"
 #include "frame/lookup.h"
@@ -15,6 +16,10 @@
 #include "vouchers/rate_history.h"
 #include "vouchers/saving.h"
 #include "vouchers/work_lines.h"
+
+// Titles of a voucher's boxes.
+inline constexpr const char* kCheck = english("Mirav Check");
+inline constexpr const char* kConfirm = english("Mirav Confirmation Message");
 
 // What all voucher screens share: the modes with their captions and button row, the lines in
 // the work table and the walk through them, the date keys, the masters behind Insert, and the

@@ -1,0 +1,179 @@
+#include <algorithm>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "frame/session.h"
+#include "vouchers/items.h"
+#include "vouchers/voucher_screen.h"
+
+// The lines: the one being typed, from its item to the work table, and the walk through the others.
+
+using namespace fields;
+
+namespace {
+
+constexpr const char* kNoMoreLines = "00";
+
+}  // namespace
+
+void VoucherScreen::showSerial() { at(kLineNumber).text = atRest_ ? "" : numText(lines_->serial()); }
+
+void VoucherScreen::clearLine() {
+  emptyFields(Part::Line);
+  at(kItemName).enabled = false;
+  figuredFor_.clear();
+}
+
+void VoucherScreen::showLine(const Row& line) {
+  showFields(line, Part::Line);
+  at(kItemName).enabled = isMisc();
+}
+
+Fields VoucherScreen::lineFields() {
+  const Session& s = session();
+  Fields line = writtenFields(Part::Line);
+  // clang-format off
+  for (Field& f : Fields{
+      {"VOUCH_NO",      value(kNumber)},
+      {"VOUCH_DT",      date(kDate)},
+      {kind_.tables.key, kind_.code},
+      {kind_.tables.serial,    lines_->serial()},
+      {"DEPT_CD",       "E001"},
+      {"MOBNOCO",       s.mmobile},
+      {"DATANM",        s.mdataname},
+      {"DATASENT",      "N"},
+  }) line.push_back(std::move(f));
+  // clang-format on
+  return line;
+}
+
+void VoucherScreen::showCurrentLine() {
+  clearLine();
+  if (lines_->onRow()) {
+    showLine(lines_->row());
+    takeAsWorked(Part::Line);
+    lineIsFigured();
+  }
+  shownLine_ = lineTexts();
+  at(kLines).grid.current = lines_->position();
+  showSerial();
+}
+
+std::vector<double> VoucherScreen::inputs() const {
+  std::vector<double> figures;
+  for (const FieldName input : lineInputs()) figures.push_back(value(input));
+  return figures;
+}
+
+void VoucherScreen::inputIsFigured(FieldName input) {
+  const std::vector<FieldName> all = lineInputs();
+  const auto at = std::ranges::find(all, input) - all.begin();
+  if (!figuredFor_.empty()) figuredFor_[static_cast<size_t>(at)] = value(input);
+}
+
+std::string VoucherScreen::lineTexts() const {
+  std::string texts;
+  for (const auto& c : controls)
+    if (c->editable() && c->ofLine()) texts += c->text + '\n';
+  return texts;
+}
+
+// A unit that the item brought counts though it was passed over.
+bool VoucherScreen::quantityStands() {
+  return work(at(kUnit)) &&
+         (value(kQuantity) > 0 || host.ask("The Quantity Is Not Above 0\nIs It Meant So ?", kConfirm));
+}
+
+// Left for another field it is only brought up to date.
+Go VoucherScreen::amount() {
+  if (!entering()) return Go::On;
+  const bool complete = !trimmed(kItem).empty() && (!needsUnit() || !trimmed(kUnit).empty());
+  if (leaving()) return !complete || lineFigured() || figureLine() ? Go::On : Go::Stay;
+  if (!complete) {
+    focus(at(kItem));
+    return Go::Stay;
+  }
+  const Control& quantity = at(kQuantity);
+  if (quantity.worked != quantity.text && !quantityStands()) {
+    focus(at(kQuantity));
+    return Go::Stay;
+  }
+  if (!lineFigured() && !figureLine()) return Go::Stay;
+  session().mlastitem = trimmed(kItem);
+  storeLine();
+  return Go::Stay;
+}
+
+// An empty line is walked through by Tab.
+Go VoucherScreen::lineTab() {
+  const std::string item = trimmed(kItem);
+  if (!entering() || (isHere(kItem) ? item != kNoMoreLines : item.empty())) return Go::On;
+  enterAgain(here());
+  return Go::Stay;
+}
+
+Go VoucherScreen::lastTab() {
+  if (!entering()) return Go::On;
+  enterAgain(here());
+  return Go::Stay;
+}
+
+void VoucherScreen::storeLine() {
+  lines_->store(lineFields());
+  at(kLines).visible = true;
+  lines_->next();
+  sumLines();
+  showCurrentLine();
+  focus(at(kItem));
+}
+
+void VoucherScreen::lineDown() {
+  lines_->next();
+  showCurrentLine();
+  textChanged();
+}
+
+void VoucherScreen::lineUp() {
+  lines_->previous();
+  showCurrentLine();
+  textChanged();
+}
+
+void VoucherScreen::endLines() { focus(at(afterLines())); }
+
+bool VoucherScreen::isMisc() { return sameText(trimmed(kItem), kMiscItem); }
+
+bool VoucherScreen::endsLines() {
+  if (trimmed(kItem) != kNoMoreLines) return false;
+  put(kItem, "");
+  endLines();
+  return true;
+}
+
+void VoucherScreen::keepFreeName() {
+  const std::string name = trimmed(kItemName);
+  if (!isMisc() || name.empty() || !trimmed(kDetail).empty()) return;
+  const auto misc = readSaleItem(data(), kMiscItem);
+  if (!misc || misc->name != name) put(kDetail, cut(name, at(kDetail).limit));
+}
+
+// Only while its item still stands in the field. The serials of the lines that remain do not
+// close up, and the totals wait for the next line that is stored, or for Save.
+void VoucherScreen::deleteLine() {
+  const std::string item = trimmed(kItem);
+  if (item.empty() || !lines_->onRow()) return;
+  const Row& line = lines_->row();
+  data().exec("DELETE FROM " + kind_.tables.work + " WHERE VOUCH_NO = ? AND ITEM_CD = ? AND " +
+                  kind_.tables.serial + " = ?",
+              line.number("VOUCH_NO"), item, line.number(kind_.tables.serial));
+  lines_->requery();
+  showCurrentLine();
+  textChanged();
+}
+
+void VoucherScreen::rowChosen() {
+  lines_->moveTo(at(kLines).grid.current);
+  showCurrentLine();
+}
+
+void VoucherScreen::leaveRows() { focus(at(kItem)); }
