@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "documents/renderers.h"
+#include "frame/field_names.h"
 #include "frame/lookup.h"
 #include "frame/routines.h"
 #include "frame/session.h"
@@ -40,7 +41,7 @@ const ScreenSpec& spec() {
       .controls = {
           {.name = "Label4",        .kind = Kind::Label,  .label = "Press Enter To Select Sale Bill Number", .at = {.group = "number", .row = 0, .col = 0, .span = 3}, .style = Style::Quiet},
           {.name = "Label20",       .kind = Kind::Label,  .label = "For ", .at = {.group = "number", .row = 1, .col = 0}},
-          {.name = "Text4",         .at = {.group = "number", .row = 1, .col = 1}, .tab = 1, .keys = KeyClass::Text},
+          {.name = "Text4", .field = fields::kNumber, .at = {.group = "number", .row = 1, .col = 1}, .tab = 1, .keys = KeyClass::Text},
           {.name = "cmdpdf",        .kind = Kind::Button, .label = "P&df view",    .at = {.group = "buttons"}, .tab = 2, .style = Style::Primary},
           {.name = "cmdprn",        .kind = Kind::Button, .label = "&Print",       .at = {.group = "buttons"}, .tab = 3},
           {.name = "CancelButton",  .kind = Kind::Button, .label = "&Close",       .at = {.group = "buttons", .right = true}, .tab = 4},
@@ -173,14 +174,14 @@ dlg1::dlg1(Host& theHost, const Opening& opening)
     : Screen(theHost, ::spec()), key_(&printKey(opening.reportKey)) {
   escMeans = "Esc = Close";
   wire<dlg1>(*this, {
-                        {"Text4",        On::Focus,      &dlg1::numberFocus},
-                        {"Text4",        KeyCode::Enter, &dlg1::numberEnter},
-                        {"Text4",        KeyCode::F1,    &dlg1::billLookup },
-                        {"cmdpdf",       On::Click,      &dlg1::makePdf    },
-                        {"cmdprn",       On::Click,      &dlg1::print      },
-                        {"cmdinv",       On::Click,      &dlg1::excelView  },
-                        {"CancelButton", On::Click,      &dlg1::leave      },
-                        {"",             KeyCode::Esc,   &dlg1::leave      },
+                        {fields::kNumber, On::Focus,      &dlg1::numberFocus},
+                        {fields::kNumber, KeyCode::Enter, &dlg1::numberEnter},
+                        {fields::kNumber, KeyCode::F1,    &dlg1::billLookup },
+                        {"cmdpdf",        On::Click,      &dlg1::makePdf    },
+                        {"cmdprn",        On::Click,      &dlg1::print      },
+                        {"cmdinv",        On::Click,      &dlg1::excelView  },
+                        {"CancelButton",  On::Click,      &dlg1::leave      },
+                        {"",              KeyCode::Esc,   &dlg1::leave      },
   });
 }
 
@@ -192,8 +193,8 @@ void dlg1::opened(const Opening& opening) {
     showPicture(host, false);
     SetMenus(host, false, false);
   }
-  set(at("Text4"), opening.value);
-  focus(at(trim(opening.value).empty() ? "Text4" : "cmdpdf"));
+  put(fields::kNumber, opening.value);
+  focus(trim(opening.value).empty() ? at(fields::kNumber) : at("cmdpdf"));
   ShowHint(host, "Press Enter To Proceed");
 }
 
@@ -248,10 +249,10 @@ void dlg1::excelView() { make(session().mprnmode); }
 void dlg1::make(const std::string& mode) {
   session().mprnmode = mode;
   at("cmdpdf").enabled = false;
-  focus(at("Text4"));
+  focus(at(fields::kNumber));
   host.hint({});
   if (const Renderer* renderer = rendererOf(key_->key))
-    renderer->make(host, at("Text4").text, renderer->kind);
+    renderer->make(host, text(fields::kNumber), renderer->kind);
   else
     host.hint("There Is No Print Of This Document");
   // Outlives the change of focus.

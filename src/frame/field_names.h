@@ -124,6 +124,9 @@ inline constexpr FieldName kUser{"user"};                   // who changed the r
 
 // Company
 inline constexpr FieldName kCompany{"company"};
+inline constexpr FieldName kFromYear{"from_year"};
+inline constexpr FieldName kToYear{"to_year"};
+inline constexpr FieldName kSearch{"search"};
 inline constexpr FieldName kAddress{"address"};
 inline constexpr FieldName kState{"state"};
 inline constexpr FieldName kPhone2{"phone2"};

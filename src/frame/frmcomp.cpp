@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "frame/backup_menu.h"
+#include "frame/field_names.h"
 #include "frame/links.h"
 #include "frame/lookup.h"
 #include "frame/routines.h"
@@ -12,6 +13,8 @@
 #include "store/dictionary.h"
 
 namespace fs = std::filesystem;
+
+using namespace fields;
 
 namespace {
 
@@ -40,11 +43,11 @@ const ScreenSpec& spec() {
               {.title = "Company Name", .width = twips(5000)},
               {.title = "From",         .width = twips(1000)},
               {.title = "To",           .width = twips(1000)}}},
-          {.name = "Text1",      .label = "Code",             .at = {.group = "row", .col = 1}, .tab = 2, .limit = 10,  .keys = KeyClass::Text},
-          {.name = "Text2",      .label = "    Company Name", .at = {.group = "row", .col = 3}, .tab = 3, .limit = 100, .keys = KeyClass::Text},
-          {.name = "Text3",      .label = "From Year",        .at = {.group = "row", .col = 5}, .tab = 4, .limit = 4,   .keys = KeyClass::Number},
-          {.name = "Text4",      .label = "To Year",          .at = {.group = "row", .col = 7}, .enabled = false},
-          {.name = "Text5",      .visible = false},
+          {.name = "Text1",      .field = kCode,      .label = "Code",             .at = {.group = "row", .col = 1}, .tab = 2, .limit = 10,  .keys = KeyClass::Text},
+          {.name = "Text2",      .field = kCompany,   .label = "    Company Name", .at = {.group = "row", .col = 3}, .tab = 3, .limit = 100, .keys = KeyClass::Text},
+          {.name = "Text3",      .field = kFromYear,  .label = "From Year",        .at = {.group = "row", .col = 5}, .tab = 4, .limit = 4,   .keys = KeyClass::Number},
+          {.name = "Text4",      .field = kToYear,    .label = "To Year",          .at = {.group = "row", .col = 7}, .enabled = false},
+          {.name = "Text5",      .field = kSearch,    .visible = false},
           {.name = "cmdok",      .kind = Kind::Button, .label = "&Ok",                 .at = {.group = "buttons"}, .tab = 5, .style = Style::Primary},
           {.name = "cmdclose",   .kind = Kind::Button, .label = "&Close",              .at = {.group = "buttons"}, .tab = 6},
           {.name = "mnunewcomp", .kind = Kind::Button, .label = "Create &New Company", .at = {.group = "buttons", .right = true}, .tab = 7},
@@ -93,9 +96,9 @@ FRMCOMP::FRMCOMP(Host& h) : Screen(h, ::spec()) {
                            {"lst",        KeyCode::Enter,     &FRMCOMP::openRow     },
                            {"lst",        On::DoubleClick,    &FRMCOMP::openRow     },
                            {"lst",        KeyCode::Backspace, &FRMCOMP::searchBack  },
-                           {"Text1",      KeyCode::Enter,     &FRMCOMP::code        },
-                           {"Text2",      KeyCode::Enter,     &FRMCOMP::name        },
-                           {"Text3",      KeyCode::Enter,     &FRMCOMP::year        },
+                           {kCode,        KeyCode::Enter,     &FRMCOMP::code        },
+                           {kCompany,     KeyCode::Enter,     &FRMCOMP::name        },
+                           {kFromYear,    KeyCode::Enter,     &FRMCOMP::year        },
                            {"cmdok",      On::Click,          &FRMCOMP::ok          },
                            {"cmdclose",   On::Click,          &FRMCOMP::leave       },
                            {"mnunewcomp", On::Click,          &FRMCOMP::newCompany  },
@@ -138,13 +141,13 @@ void FRMCOMP::escape() {
 
 void FRMCOMP::endNewCompany() {
   newcomp_ = false;
-  at("Text1").enabled = true;
+  at(kCode).enabled = true;
 }
 
 // The list
 
 void FRMCOMP::fill(size_t row) {
-  rows_ = companyYears(catalogue(), at("Text5").text);
+  rows_ = companyYears(catalogue(), text(kSearch));
   auto cells = std::make_shared<CellRows>();
   for (const CompanyYear& y : rows_)
     cells->rows.push_back({{.text = y.code}, {.text = y.name}, {.text = y.from}, {.text = y.to}});
@@ -158,10 +161,10 @@ void FRMCOMP::fill(size_t row) {
 }
 
 void FRMCOMP::take(const CompanyYear& row) {
-  set(at("Text1"), row.code);
-  set(at("Text2"), row.name);
-  set(at("Text3"), row.from);
-  set(at("Text4"), row.to);
+  put(kCode, row.code);
+  put(kCompany, row.name);
+  put(kFromYear, row.from);
+  put(kToYear, row.to);
 }
 
 void FRMCOMP::clearFields() { take({}); }
@@ -185,17 +188,17 @@ Go FRMCOMP::openRow() {
 
 void FRMCOMP::typed(Control& list, char32_t ch) {
   if (ch >= U'a' && ch <= U'z') ch -= 32;
-  if (list.family == "lst" && isSearched(ch)) search(at("Text5").text + utf8::encode(ch));
+  if (list.family == "lst" && isSearched(ch)) search(text(kSearch) + utf8::encode(ch));
 }
 
 Go FRMCOMP::searchBack() {
-  const std::string& text = at("Text5").text;
-  if (!text.empty()) search(left(text, length(text) - 1));
+  const std::string& typed = text(kSearch);
+  if (!typed.empty()) search(left(typed, length(typed) - 1));
   return Go::Stay;
 }
 
 void FRMCOMP::search(const std::string& text) {
-  set(at("Text5"), text);
+  put(kSearch, text);
   host.hint(text.empty() ? kKeys : words("Search = {text}  ::  Backspace = Take Back", "text", text));
   fill();
 }
@@ -203,7 +206,7 @@ void FRMCOMP::search(const std::string& text) {
 // The fields
 
 Go FRMCOMP::code() {
-  Control& field = at("Text1");
+  Control& field = at(kCode);
   const std::string typed = trim(field.text);
   if (typed.empty()) {
     const bool manager = session().musertype == "M";
@@ -221,30 +224,30 @@ Go FRMCOMP::code() {
     host.message("company not found");
     return Go::Stay;
   }
-  set(at("Text1"), years.front().code);
-  set(at("Text2"), years.front().name);
+  put(kCode, years.front().code);
+  put(kCompany, years.front().name);
   if (years.size() == 1) {
-    focus(at("Text3"));
+    focus(at(kFromYear));
     return Go::Stay;
   }
-  set(at("Text3"), years.front().from);
-  set(at("Text4"), years.front().to);
+  put(kFromYear, years.front().from);
+  put(kToYear, years.front().to);
   at("cmdok").enabled = true;
   ok();
   return Go::Stay;
 }
 
 Go FRMCOMP::name() {
-  if (trim(at("Text2").text).empty())
+  if (trimmed(kCompany).empty())
     host.message("Type Company Name and Press Enter");
   else
-    focus(at("Text3"));
+    focus(at(kFromYear));
   return Go::Stay;
 }
 
 Go FRMCOMP::year() {
-  Control& field = at("Text3");
-  const std::string code = trim(at("Text1").text), typed = trim(field.text);
+  Control& field = at(kFromYear);
+  const std::string code = trimmed(kCode), typed = trim(field.text);
   if (typed.empty())
     return lookUp(host, *this, field,
                   {
@@ -265,13 +268,13 @@ Go FRMCOMP::year() {
   const auto row = companyYear(catalogue(), code, typed);
   if (!row) {
     host.message("company not found");
-    focus(at("Text1"));
+    focus(at(kCode));
     return Go::Stay;
   }
   // The code may have been typed and left by Tab, with another company's name beside it.
-  set(at("Text1"), row->code);
-  set(at("Text2"), row->name);
-  set(at("Text4"), row->to);
+  put(kCode, row->code);
+  put(kCompany, row->name);
+  put(kToYear, row->to);
   at("cmdok").enabled = true;
   ok();
   return Go::Stay;
@@ -287,13 +290,13 @@ void FRMCOMP::ok() {
 }
 
 void FRMCOMP::openTyped() {
-  const std::string year = trim(at("Text3").text);
+  const std::string year = trimmed(kFromYear);
   // A year that was typed and left without Enter still stands beside the other one's end.
-  if (const auto row = companyYear(catalogue(), trim(at("Text1").text), year))
+  if (const auto row = companyYear(catalogue(), trimmed(kCode), year))
     take(*row);
   else if (!year.empty())
-    set(at("Text4"), numText(Val(year) + 1));
-  const CompanyYear which{at("Text1").text, at("Text2").text, year, trim(at("Text4").text)};
+    put(kToYear, numText(Val(year) + 1));
+  const CompanyYear which{text(kCode), text(kCompany), year, trimmed(kToYear)};
   const fs::path file = dataFile(session().mapppath, which);
   if (shapeVersion(file) > kShapeVersion && !host.ask(kNewer, kConfirm)) return;
   std::string refusal;
@@ -324,12 +327,12 @@ void FRMCOMP::newCompany() {
   newcomp_ = true;
   take({.code = nextCompanyCode(catalogue())});
   host.hint(kNewKeys);
-  at("Text1").enabled = false;
-  focus(at("Text2"));
+  at(kCode).enabled = false;
+  focus(at(kCompany));
 }
 
 bool FRMCOMP::create(CreateBy by) {
-  const CompanyYear wanted{at("Text1").text, at("Text2").text, at("Text3").text, {}};
+  const CompanyYear wanted{text(kCode), text(kCompany), text(kFromYear), {}};
   const std::string refusal = creationRefusal(catalogue(), session().mapppath, wanted, by);
   if (!refusal.empty()) {
     host.message(refusal);
@@ -337,7 +340,7 @@ bool FRMCOMP::create(CreateBy by) {
   }
   const bool sure = host.ask("Are You Sure", kConfirm);
   if (sure) {
-    set(at("Text4"), numText(Val(wanted.from) + 1));
+    put(kToYear, Val(wanted.from) + 1);
     createCompanyYear(catalogue(), session().mapppath, wanted, by, session().mmobile);
     host.message("company created");
   }
@@ -347,7 +350,7 @@ bool FRMCOMP::create(CreateBy by) {
     clearFields();
     return false;
   }
-  const CompanyYear made{wanted.code, wanted.name, wanted.from, at("Text4").text};
+  const CompanyYear made{wanted.code, wanted.name, wanted.from, text(kToYear)};
   search("");
   for (size_t i = 0; i < rows_.size(); ++i)
     if (sameText(rows_[i].code, made.code) && rows_[i].from == trim(made.from)) at("lst").grid.moveTo(i);
@@ -358,7 +361,7 @@ bool FRMCOMP::create(CreateBy by) {
 void FRMCOMP::modify() {
   const size_t row = at("lst").grid.current;
   if (row >= rows_.size()) return;
-  const std::string shown = at("Text2").text, old = rows_[row].name;
+  const std::string shown = text(kCompany), old = rows_[row].name;
   const auto given = host.input(
       "Do You Want To Change Company Name \r\nType Company Name In the White Box\r\nAnd Press ok Button To "
       "Change",

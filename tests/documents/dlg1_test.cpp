@@ -43,7 +43,7 @@ TEST_F(PrintDialog, MakesThePdfOfTheNumberItWasOpenedWith) {
   host.enter();
   EXPECT_EQ(host.viewed, std::vector<std::string>{pdf("3").string()});
   EXPECT_EQ(session().mprnmode, "PDF");
-  EXPECT_EQ(host.focus(), "Text4");
+  EXPECT_EQ(host.focus(), "number");
   EXPECT_TRUE(host.at("cmdpdf").enabled);
   EXPECT_TRUE(host.at("cmdprn").enabled);
   EXPECT_EQ(host.hint(), "Press Enter For Help");
@@ -63,13 +63,13 @@ TEST_F(PrintDialog, TakesATypedNumberAndComesBackAfterAFailure) {
   show("GST INVOICE");
   host.press("cmdpdf");
   EXPECT_EQ(host.lastMessage(), "Wrong Selection");
-  host.fillEnter("Text4", "44");
+  host.fillEnter("number", "44");
   EXPECT_EQ(host.focus(), "cmdpdf");
   host.enter();
   EXPECT_EQ(host.messages.size(), 2u);
   EXPECT_EQ(host.onTop(), "dlg1");
   EXPECT_TRUE(host.at("cmdpdf").enabled);
-  host.fillEnter("Text4", "3");
+  host.fillEnter("number", "3");
   EXPECT_EQ(session().mprnmode, "");
   host.key(Key::Alt('P'));
   EXPECT_EQ(host.lastMessage(), "There is no printer.");
@@ -94,10 +94,10 @@ TEST_F(PrintDialog, LooksUpBillsByEnterAndByNumber) {
     host.enter();
   });
   host.enter();
-  EXPECT_EQ(host.text("Text4"), "3");
+  EXPECT_EQ(host.text("number"), "3");
   EXPECT_EQ(host.focus(), "cmdpdf");
 
-  host.fill("Text4", "");
+  host.fill("number", "");
   host.insideModal.push_back([&] {
     ASSERT_EQ(host.at("grdDataGrid").grid.count(), 1u);
     EXPECT_EQ(host.cell("grdDataGrid", 0, 1), "003");
@@ -106,7 +106,7 @@ TEST_F(PrintDialog, LooksUpBillsByEnterAndByNumber) {
     host.enter();
   });
   host.key(KeyCode::F1);
-  EXPECT_EQ(host.text("Text4"), "3");
+  EXPECT_EQ(host.text("number"), "3");
 }
 
 TEST_F(PrintDialog, BringsBackTheScreenItCameFrom) {
