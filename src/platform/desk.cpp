@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/log.h"
+#include "base/text.h"
 #include "base/words.h"
 #include "platform/edit.h"
 #include "platform/shown.h"
@@ -14,6 +15,8 @@ namespace {
 
 // Handlers that send the focus round in circles are a fault of a screen; this ends them.
 constexpr int kMostSettlings = 50;
+
+constexpr int kMostToldLetters = 40;  // of a text that a message repeats
 
 }  // namespace
 
@@ -300,7 +303,13 @@ bool Desk::editKey(Screen& screen, Control& control, const Key& key) {
     return true;
   }
   if (key.ctrl && key.ch == U'V') {
-    if (!control.locked && edit::paste(control, clipboard())) edited(screen, control);
+    if (control.locked) return true;
+    const std::string text = clipboard();
+    const edit::Outcome pasted = edit::paste(control, text);
+    if (pasted.changed) edited(screen, control);
+    if (!pasted.handled)
+      message(words("{text}\nIs No Figure That Fits Here, Nothing Is Pasted", "text",
+                    cut(text, kMostToldLetters)));
     return true;
   }
   const bool erases = key.code == KeyCode::Backspace || key.code == KeyCode::Delete;

@@ -25,7 +25,7 @@ class Desk : public Host {
   // What the person does, always on the screen on top.
   void key(const Key& key);
   void type(std::string_view text);   // each character through the field's filter
-  void paste(std::string_view text);  // as it is, cut to the limit
+  void paste(std::string_view text);  // as edit::paste takes it
   bool click(Control& control);       // a button; false when it is off or hidden
   bool focusOn(Control& control);     // false when it cannot have the focus or the old one refused
   void rowTo(Control& grid, size_t row);

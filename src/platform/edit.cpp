@@ -1,7 +1,11 @@
 #include "platform/edit.h"
 
 #include <algorithm>
+#include <optional>
+#include <regex>
 
+#include "base/date.h"
+#include "base/number.h"
 #include "platform/utf8.h"
 
 namespace edit {
@@ -76,6 +80,84 @@ Outcome erase(Control& c, bool back) {
   return {true, true};
 }
 
+bool endsLine(char32_t ch) {
+  return (ch >= U'\t' && ch <= U'\r') || ch == 0x85 || ch == 0x2028 || ch == 0x2029;
+}
+
+bool isControl(char32_t ch) {
+  return ch < U' ' || (ch >= 0x7F && ch < 0xA0) || (ch >= 0xD800 && ch < 0xE000) || ch == 0xFFFE ||
+         ch == 0xFFFF;
+}
+
+// Line ends and tabs, and the blanks about them, become one blank, and none where the text begins or
+// ends; control characters go.
+std::u32string oneLine(std::string_view text) {
+  std::u32string line;
+  bool gap = false;
+  for (const char32_t ch : utf8::decode(text)) {
+    if (endsLine(ch)) {
+      gap = true;
+      while (line.ends_with(U' ')) line.pop_back();
+    } else if (!isControl(ch) && !(gap && ch == U' ')) {
+      if (gap && !line.empty()) line += U' ';
+      gap = false;
+      line += ch;
+    }
+  }
+  return line;
+}
+
+// Digits of Devanagari and Gujarati are digits.
+char32_t plainDigit(char32_t ch) {
+  for (const char32_t zero : {U'\u0966', U'\u0AE6'})
+    if (ch >= zero && ch <= zero + 9) return U'0' + (ch - zero);
+  return ch;
+}
+
+// What may stand in a copied figure beside ASCII, as ASCII.
+std::string plainSign(char32_t ch) {
+  const bool mark = (ch >= 0x200B && ch <= 0x200F) || (ch >= 0x202A && ch <= 0x202E) ||
+                    (ch >= 0x2066 && ch <= 0x2069) || ch == 0xFEFF;
+  if (mark) return "";
+  if (ch == 0xA0 || (ch >= 0x2000 && ch <= 0x200A) || ch == 0x202F) return " ";
+  if (ch == 0x2212 || ch == 0x2013) return "-";
+  if (ch == 0x2018 || ch == 0x2019) return "'";
+  if (ch == 0x20B9 || ch == 0x20A8) return "Rs";
+  return utf8::encode(plainDigit(ch));
+}
+
+// "Rs. 1,00,000.50/-" is 100000.50. A comma or blank that does not part groups of digits is none of a
+// number: "1,5" may be meant otherwise.
+std::optional<std::u32string> figureOf(std::u32string_view text) {
+  constexpr size_t kLongest = 60;
+  static const std::regex kFigure(
+      " *'? *([-+]?) *(?:(?:Rs|INR)\\.?)? *([-+]?) *"
+      "(\\d{1,3}(?:[, ]\\d{2,3})*[, ]\\d{3}(?:\\.\\d*)?|\\d+(?:\\.\\d*)?|\\.\\d+)"
+      " *(?:/-|(?:Rs|INR)\\.?)? *",
+      std::regex::icase);
+  if (text.size() > kLongest) return {};
+  std::string plain;
+  for (const char32_t ch : text) plain += plainSign(ch);
+  std::smatch part;
+  if (!std::regex_match(plain, part, kFigure) || (part.length(1) > 0 && part.length(2) > 0)) return {};
+  std::string figure = part.str(3);
+  std::erase_if(figure, [](char c) { return c == ',' || c == ' '; });
+  const bool below = part.str(1) == "-" || part.str(2) == "-";
+  return utf8::decode((below ? "-" : "") + figure);
+}
+
+// A whole date in any form takes the place of all; else the digits go over the mask.
+Outcome pasteDate(Control& c, std::u32string text) {
+  for (char32_t& ch : text) ch = plainDigit(ch);
+  if (const auto whole = parseDate(utf8::encode(text))) {
+    store(c, utf8::decode(formatDate(*whole, "dd/MM/yyyy")), kDateLength);
+    return {true, true};
+  }
+  bool any = false;
+  for (const char32_t ch : text) any = insertDate(c, ch) || any;
+  return {true, any};
+}
+
 Outcome moveCaret(Control& c, size_t to, bool keepAnchor) {
   c.caret = to;
   if (!keepAnchor) c.anchor = to;
@@ -105,24 +187,31 @@ bool insert(Control& c, char32_t ch) {
   return true;
 }
 
-bool paste(Control& c, std::string_view text) {
-  bool any = false;
-  if (c.kind == Kind::Date) {
-    for (const char32_t ch : utf8::decode(text)) any = insertDate(c, ch) || any;
-    return any;
+Outcome paste(Control& c, std::string_view text) {
+  std::u32string more = oneLine(text);
+  if (c.kind == Kind::Date) return pasteDate(c, more);
+  // A number class that stores a text (the code of an account) takes one that is no number too.
+  const bool figure = c.keys == KeyClass::Number &&
+                      (c.spec == nullptr || c.spec->holds == Holds::Figure || c.spec->column.empty());
+  if (c.keys == KeyClass::Number && !more.empty()) {
+    const auto plain = figureOf(more);
+    if (!plain && figure) return {};
+    if (plain) more = *plain;
   }
-  any = eraseSelection(c);
-  std::u32string t = utf8::decode(c.text), more = utf8::decode(text);
-  std::erase_if(more, [](char32_t ch) { return ch < U' '; });
-  if (c.limit > 0) {
-    const size_t limit = static_cast<size_t>(c.limit);
-    more.resize(std::min(more.size(), t.size() >= limit ? 0 : limit - t.size()));
-  }
-  if (more.empty()) return any;
-  const size_t at = std::min(c.caret, t.size());
-  t.insert(at, more);
-  store(c, t, at + more.size());
-  return true;
+  std::u32string t = utf8::decode(c.text);
+  const size_t from = std::min({c.caret, c.anchor, t.size()}),
+               to = std::min(std::max(c.caret, c.anchor), t.size());
+  t.erase(from, to - from);
+  const size_t limit = static_cast<size_t>(c.limit),
+               room = c.limit > 0 ? limit - std::min(limit, t.size()) : more.size();
+  // A figure is never cut: it would be another one.
+  if (figure && more.size() > room) return {};
+  more.resize(std::min(more.size(), room));
+  if (more.empty() && from == to) return {true, false};
+  t.insert(from, more);
+  if (figure && !more.empty() && !isNumberText(utf8::encode(t))) return {};
+  store(c, t, from + more.size());
+  return {true, true};
 }
 
 Outcome key(Control& c, const Key& k) {

@@ -12,13 +12,15 @@ void selectAll(Control& control);
 void clear(Control& control);  // empties the field (a date box shows its empty mask)
 // One character that has passed the filter; false when the field is full.
 bool insert(Control& control, char32_t ch);
-// A pasted text as it is, cut to the limit; into a date box only a date's digits.
-bool paste(Control& control, std::string_view text);
-// Backspace, Delete, Left, Right, Home, End, Ctrl+A; tells whether the key did something
-// and whether the text changed.
+// Whether a key did something, or a pasted text was taken, and whether the field's text changed.
 struct Outcome {
   bool handled = false, changed = false;
 };
+// A pasted text, cut to the limit; line ends and tabs in it become blanks. A field of figures takes
+// what is a number ("Rs. 1,234.50"), as plain digits; all else is not taken. A date box takes a date
+// in any form, else the digits.
+Outcome paste(Control& control, std::string_view text);
+// Backspace, Delete, Left, Right, Home, End, Ctrl+A.
 Outcome key(Control& control, const Key& key);
 std::string selection(const Control& control);
 

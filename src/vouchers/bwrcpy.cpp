@@ -10,6 +10,7 @@
 #include "masters/page_rows.h"
 #include "vouchers/accounts.h"
 #include "vouchers/bwrcpy_table.h"
+#include "vouchers/calculation.h"
 #include "vouchers/numbering.h"
 
 using namespace fields;
@@ -339,8 +340,9 @@ Go bwrcpy::party() {
 }
 
 Go bwrcpy::amount() {
-  if (value(kAmount) > 0) return Go::On;
-  host.message("CAN NOT ACCEPT");
+  const bool refused = figureRefused(text(kAmount));
+  if (value(kAmount) > 0 && !refused) return Go::On;
+  host.message(refused ? kFigureRefused : english("CAN NOT ACCEPT"));
   return Go::Stay;
 }
 

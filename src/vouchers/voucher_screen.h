@@ -152,6 +152,7 @@ class VoucherScreen : public ChildScreen {
   std::string lineTexts() const;
   bool workFields(Part part);
   bool storeTypedLine();
+  bool tooLarge(Part part);
   bool meansNothing();
   bool numberTaken();
   void takeNextNumber();

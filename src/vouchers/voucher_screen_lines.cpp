@@ -3,6 +3,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "frame/session.h"
+#include "vouchers/calculation.h"
 #include "vouchers/items.h"
 #include "vouchers/voucher_screen.h"
 
@@ -84,6 +85,18 @@ bool VoucherScreen::quantityStands() {
          (value(kQuantity) > 0 || host.ask("The Quantity Is Not Above 0\nIs It Meant So ?", kConfirm));
 }
 
+// Says so of the first figure that no bill holds, in the field if one can stand there.
+bool VoucherScreen::tooLarge(Part part) {
+  for (const auto& c : controls) {
+    const bool counts = c->ofLine() == (part == Part::Line) && c->spec->holds == Holds::Figure;
+    if (!counts || !figureRefused(c->text)) continue;
+    host.message(kFigureRefused, kCheck);
+    if (c->focusable()) focus(*c);
+    return true;
+  }
+  return false;
+}
+
 // Left for another field it is only brought up to date.
 Go VoucherScreen::amount() {
   if (!entering()) return Go::On;
@@ -98,7 +111,7 @@ Go VoucherScreen::amount() {
     focus(at(kQuantity));
     return Go::Stay;
   }
-  if (!lineFigured() && !figureLine()) return Go::Stay;
+  if ((!lineFigured() && !figureLine()) || tooLarge(Part::Line)) return Go::Stay;
   session().mlastitem = trimmed(kItem);
   storeLine();
   return Go::Stay;

@@ -28,6 +28,7 @@ bool VoucherScreen::readyToSave() {
   if (numberTaken()) return false;
   if (!workFields(Part::Head) || !storeTypedLine()) return false;
   sumAgain();
+  if (tooLarge(Part::Head)) return false;
   focus(at("CMDSAVE"));
   return true;
 }

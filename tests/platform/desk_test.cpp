@@ -248,7 +248,9 @@ TEST_F(DeskTest, TypingPassesFiltersLimitsAndMasks) {
   desk.type("o'\u0A95!");  // a Gujarati letter passes, "!" does not
   EXPECT_EQ(field(1).text, "O'\u0A95");
   desk.key(KeyCode::Home);
-  desk.paste("ab cdefg");  // unfiltered, cut to six
+  desk.paste(
+      "ab \r\n\tcd\x01"
+      "efg\n");  // unfiltered, in one line, cut to six
   EXPECT_EQ(field(1).text, "ab O'\u0A95");
   desk.key({KeyCode::Home, 0, false, false, true});
   desk.key(Key::Ctrl('X'));
@@ -267,6 +269,37 @@ TEST_F(DeskTest, TypingPassesFiltersLimitsAndMasks) {
   desk.key(Key::Ctrl('A'));
   desk.type("0");
   EXPECT_EQ(date, "0_/__/____");
+}
+
+TEST_F(DeskTest, FiguresAndDatesArePastedAsWhatTheySay) {
+  field(0).limit = 12;
+  const std::pair<const char*, const char*> figures[] = {
+      {"1,234.50",            "1234.50"  },
+      {"\u20B9\u00A0500\n",   "500"      },
+      {"Rs. 1,00,000.50/-",   "100000.50"},
+      {"'007",                "007"      },
+      {"\u2212 12 345",       "-12345"   },
+      {"\u0967\u0968.\u0AEB", "12.5"     },
+      {"1,5",                 nullptr    },
+      {"15.06.2026",          nullptr    },
+      {"12\t13",              nullptr    },
+      {"1234567890123",       nullptr    },
+  };
+  for (const auto& [pasted, read] : figures) {
+    Screen::set(field(0), "9");
+    desk.key(Key::Ctrl('A'));
+    desk.messages.clear();
+    desk.paste(pasted);
+    EXPECT_EQ(field(0).text, read ? read : "9") << pasted;
+    EXPECT_EQ(desk.messages.empty(), read != nullptr) << pasted;
+  }
+  desk.go("MaskEdBox1(0)");
+  for (const char* date : {"15-06-2026", "15.06.2026", "15 Jun 2026", "\u0967\u096B/06/2026"}) {
+    desk.key(Key::Ctrl('A'));
+    desk.key(KeyCode::Delete);
+    desk.paste(date);
+    EXPECT_EQ(desk.text("MaskEdBox1(0)"), "15/06/2026") << date;
+  }
 }
 
 TEST_F(DeskTest, ListsAndButtonsAnswerTheArrows) {

@@ -108,7 +108,7 @@ def typed_figure(rng, decimals):
     if kind == 0:
         return rng.choice(["", "0", ".", "-", "1.2.3", "007", ".5", "3.", "-2", "0.005", "1.005", "2.675"])
     if kind == 1:
-        return str(rng.randrange(10 ** 9, 10 ** 12))
+        return str(rng.randrange(10 ** 3, 10 ** 4))
     if kind == 2:
         return "%.*f" % (decimals + 3, rng.uniform(-50, 50))
     if kind == 3:

@@ -24,7 +24,7 @@ class Oracle : public BillTest {
   }
   void enter(const std::string& field, const std::string& text) {
     host.fill(field, "");
-    host.paste(text);
+    host.type(text);
     host.enter();
   }
 

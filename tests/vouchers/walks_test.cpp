@@ -1,4 +1,5 @@
 #include "vouchers/bill_fixture.h"
+#include "vouchers/calculation.h"
 
 namespace {
 
@@ -114,6 +115,15 @@ TEST_F(Walks, ALineIsStoredOnFiguresForItsOwnInputs) {
   host.go("amount");
   host.enter();
   EXPECT_EQ(line("SELECT CGSTAMT, SGSTAMT, NET_AMOUNT FROM T_SLITM"), "44.5|45|589.5") << "typed for these";
+  host.key(KeyCode::Up);
+  host.fill("quantity", "9999999");
+  host.fillEnter("rate", "9999999");
+  host.go("amount");
+  host.enter();
+  EXPECT_EQ(host.lastMessage() + host.focus(), std::string(kFigureRefused) + "amount");
+  EXPECT_EQ(line("SELECT NET_AMOUNT FROM T_SLITM"), "589.5");
+  EXPECT_TRUE(figureRefused("1234567890.123456") && figureRefused("-10000000000001") && figureRefused("inf"));
+  EXPECT_FALSE(figureRefused("0.00000000000000001") || figureRefused("10000000000000"));
 }
 
 TEST_F(Walks, SaveLooksOnceMore) {

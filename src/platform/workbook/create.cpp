@@ -16,6 +16,7 @@
 #include "platform/utf8.h"
 #include "platform/whole_file.h"
 #include "platform/workbook/held.h"
+#include "platform/workbook/xml.h"
 
 namespace workbook {
 namespace {
@@ -24,13 +25,13 @@ constexpr size_t kMostCharacters = 32767;
 constexpr double kNarrowest = 8, kWidest = 60;
 constexpr lxw_row_t kMostRows = LXW_ROW_MAX;
 
-bool isAscii(const std::string& text) {
-  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+bool isPlain(const std::string& text) {
+  return std::ranges::all_of(text, [](char c) { return (c >= ' ' && c <= '~') || c == '\n'; });
 }
 
-// Broken UTF-8 mended, and no longer than a cell can hold.
+// What a workbook may hold of it, and no longer than a cell can hold.
 std::string cellText(const std::string& text) {
-  std::u32string letters = utf8::decode(text);
+  std::u32string letters = utf8::decode(xml::holdable(text));
   letters.resize(std::min(letters.size(), kMostCharacters));
   return utf8::encode(letters);
 }
@@ -75,7 +76,7 @@ class ListWriter {
   void put(lxw_row_t row, size_t column, const Value& value, lxw_format* format) {
     const auto at = static_cast<lxw_col_t>(column);
     if (const std::string* text = value.text()) {
-      const bool plain = text->size() <= kMostCharacters && isAscii(*text);
+      const bool plain = text->size() <= kMostCharacters && isPlain(*text);
       worksheet_write_string(sheet_, row, at, plain ? text->c_str() : cellText(*text).c_str(), format);
       if (row < headingRow()) return;
       longest_[column] = std::max(longest_[column], plain ? text->size() : utf8::length(*text));

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <charconv>
 
-#include "platform/utf8.h"
 #include "platform/workbook/decimal.h"
 #include "platform/workbook/evaluate.h"
 #include "platform/workbook/model.h"
@@ -19,20 +18,16 @@ std::string numberText(double x) {
   return {text, end};
 }
 
-// Broken UTF-8 mended; characters that XML cannot hold, and what would be read as such an
-// escape, as "_x0007_".
+// As XML holds it; a carriage return, which reading would turn into a line end, and what would be read
+// as an escape, as "_x000D_".
 std::string escaped(std::string_view given) {
-  std::u32string letters = utf8::decode(given);
-  std::replace_if(
-      letters.begin(), letters.end(), [](char32_t c) { return c == 0xFFFE || c == 0xFFFF; }, U'\uFFFD');
-  const std::string text = utf8::encode(letters);
+  const std::string text = xml::holdable(given);
   std::string out;
   for (size_t i = 0; i < text.size(); ++i) {
     const auto c = static_cast<unsigned char>(text[i]);
-    const bool unholdable = c < 32 && c != '\t' && c != '\n';
     const bool looksEscaped =
         text[i] == '_' && i + 6 < text.size() && text[i + 1] == 'x' && text[i + 6] == '_';
-    if (unholdable || looksEscaped) {
+    if (c == '\r' || looksEscaped) {
       constexpr const char* kDigits = "0123456789ABCDEF";
       out += "_x00";
       out += kDigits[c >> 4];

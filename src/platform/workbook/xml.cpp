@@ -3,6 +3,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "platform/utf8.h"
+
 namespace workbook::xml {
 namespace {
 
@@ -12,6 +14,15 @@ struct StringWriter : pugi::xml_writer {
 };
 
 }  // namespace
+
+std::string holdable(std::string_view text) {
+  std::u32string letters = utf8::decode(text);
+  std::erase_if(letters, [](char32_t c) {
+    const bool control = c < U' ' && c != U'\t' && c != U'\n' && c != U'\r';
+    return control || (c >= 0xD800 && c < 0xE000) || c == 0xFFFE || c == 0xFFFF || c > 0x10FFFF;
+  });
+  return utf8::encode(letters);
+}
 
 Document::Document(const Container& container, std::string_view part) : source_(container.read(part)) {
   const auto result =

@@ -31,6 +31,9 @@ class Document {
   std::string prefix_;
 };
 
+// Broken UTF-8 mended; characters that no XML may hold are left out.
+std::string holdable(std::string_view text);
+
 std::string_view localName(Node node);
 bool is(Node node, std::string_view name);
 Node child(Node parent, std::string_view name);
