@@ -5,7 +5,7 @@
 
 #include "base/words.h"
 #include "frame/voucher_kinds.h"
-#include "store/settled.h"
+#include "store/balances.h"
 
 namespace {
 
@@ -81,18 +81,12 @@ std::vector<LastBill> lastBills(Database& db, int most) {
   return bills;
 }
 
-// The stored balance knows a bill only from the next posting or opening on. Until books are settled this
-// sums the ledger.
 Receivable receivable(Database& db, int most, Date today, Date periodStart) {
-  constexpr const char* stored = "CL_BAL";
-  constexpr const char* summed =
-      "COALESCE(OP_BAL, 0) + COALESCE((SELECT SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT"
-      " WHEN 'C' THEN -VOUCH_AMT END) FROM ALEDGER WHERE PARTY_CD = ACC_CD), 0)";
   Receivable owed;
   guarded([&] {
     // Materialized, since the sum is asked for three times.
     auto accounts = db.query("WITH OWING AS MATERIALIZED (SELECT ACC_CD, ACC_NAME, ROUND(" +
-                             std::string(isSettled(db) ? stored : summed) +
+                             std::string(balanceExpression(db)) +
                              ", 2) AS OWES FROM ACCOUNT WHERE GROUP_CD IN (85, 86))"
                              " SELECT ACC_CD, ACC_NAME, OWES FROM OWING WHERE OWES > 0"
                              " ORDER BY OWES DESC, ACC_NAME");

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "store/balances.h"
 
 namespace {
 
@@ -52,8 +53,11 @@ void addAccount(Database& db, Fields fields) {
 bool changeAccount(Database& db, std::string_view code, Fields fields) {
   addDerived(fields);
   fields.push_back({"ANOTHER_CD", "S001"});
+  Transaction all(db);
   if (updateRows(db, "ACCOUNT", fields, "ACC_CD = ?", {code}) == 0) return false;
   db.exec("UPDATE ACCOUNT SET GSTREGTYP = '.' WHERE ACC_CD = ? AND COALESCE(GSTREGTYP, '') = ''", code);
+  RebuildOneBalance(db, code);
+  all.commit();
   return true;
 }
 

@@ -22,7 +22,7 @@ std::optional<std::string> groupName(Database& db, double code);
 // Fields as typed; what the screen has no field for takes its fixed value. The opening balance
 // is written as closing balance too: the true one comes at the next refresh of balances.
 void addAccount(Database& db, Fields fields);
-// False when there is no such account.
+// False when there is no such account. Its balance is rebuilt.
 bool changeAccount(Database& db, std::string_view code, Fields fields);
 
 bool accountHasSales(Database& db, std::string_view code);

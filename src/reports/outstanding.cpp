@@ -4,6 +4,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "store/balances.h"
 
 namespace {
 
@@ -28,8 +29,9 @@ std::vector<Row> customersOf(Database& db, const std::string& code, const Report
   }
   return db.all(
       "SELECT ACC_CD, OP_BAL, ACC_NAME, AREA, PHONE1, CITY FROM ACCOUNT"
-      " WHERE (GROUP_CD = 85 OR GROUP_CD = 86) AND CL_BAL > 0" +
-          (asked.empty() ? "" : " AND " + asked.text()) + " ORDER BY ACC_NAME, AREA, PHONE1, CITY, ACC_CD",
+      " WHERE (GROUP_CD = 85 OR GROUP_CD = 86) AND " +
+          std::string(balanceExpression(db)) + " > 0" + (asked.empty() ? "" : " AND " + asked.text()) +
+          " ORDER BY ACC_NAME, AREA, PHONE1, CITY, ACC_CD",
       asked.values());
 }
 

@@ -1,6 +1,19 @@
 #include "store/balances.h"
 
-#include "base/number.h"
+#include <string>
+
+#include "store/settled.h"
+
+namespace {
+
+// Of one row of ACCOUNT, rounded at each step as the rebuild of all does.
+constexpr const char* kOfLedger =
+    "(SELECT ROUND(ROUND(ROUND(COALESCE(ACCOUNT.OP_BAL, 0), 2)"
+    " - ROUND(COALESCE(SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'C'), 0), 2), 2)"
+    " + ROUND(COALESCE(SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D'), 0), 2), 2)"
+    " FROM ALEDGER WHERE PARTY_CD = ACCOUNT.ACC_CD)";
+
+}  // namespace
 
 void RebuildAllBalances(Database& db) {
   Transaction all(db);
@@ -20,24 +33,22 @@ void RebuildAllBalances(Database& db) {
               " FROM SIDES JOIN ACCOUNT ON SIDES.PARTY_CD = ACCOUNT.ACC_CD");
   db.passOver(kOlderBooks, "UPDATE ACCOUNT SET CL_BAL = 0");
   // A missing opening balance is nothing, as it is to one account's rebuild.
-  db.passOver(kOlderBooks, "UPDATE ACCOUNT SET CL_BAL = COALESCE(OP_BAL, 0)");
+  db.passOver(kOlderBooks, "UPDATE ACCOUNT SET CL_BAL = ROUND(COALESCE(OP_BAL, 0), 2)");
   db.passOver(kOlderBooks,
-              "UPDATE ACCOUNT SET CL_BAL = ACCOUNT.CL_BAL + T_ACLST.TOT_DR FROM T_ACLST"
+              "UPDATE ACCOUNT SET CL_BAL = ROUND(ACCOUNT.CL_BAL + ROUND(T_ACLST.TOT_DR, 2), 2) FROM T_ACLST"
               " WHERE ACCOUNT.ACC_CD = T_ACLST.ACC_CD AND T_ACLST.TOT_DR <> 0");
   db.passOver(kOlderBooks,
-              "UPDATE ACCOUNT SET CL_BAL = ACCOUNT.CL_BAL - T_ACLST.TOT_CR FROM T_ACLST"
+              "UPDATE ACCOUNT SET CL_BAL = ROUND(ACCOUNT.CL_BAL - ROUND(T_ACLST.TOT_CR, 2), 2) FROM T_ACLST"
               " WHERE ACCOUNT.ACC_CD = T_ACLST.ACC_CD AND T_ACLST.TOT_CR <> 0");
   all.commit();
 }
 
+double ledgerBalance(Database& db, std::string_view code) {
+  return db.number(std::string("SELECT ") + kOfLedger + " FROM ACCOUNT WHERE ACC_CD = ?", code);
+}
+
+const char* balanceExpression(Database& db) { return isSettled(db) ? "CL_BAL" : kOfLedger; }
+
 void RebuildOneBalance(Database& db, std::string_view code) {
-  const auto account = db.first("SELECT OP_BAL FROM ACCOUNT WHERE ACC_CD = ?", code);
-  if (!account) return;
-  const auto sides = db.first(
-      "SELECT SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'C'),"
-      " SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D') FROM ALEDGER WHERE PARTY_CD = ?",
-      code);
-  double balance = Round(account->number(0), 2) - Round(sides->number(0), 2);
-  balance = Round(balance, 2) + Round(sides->number(1), 2);
-  db.exec("UPDATE ACCOUNT SET CL_BAL = ? WHERE ACC_CD = ?", Round(balance, 2), code);
+  db.exec(std::string("UPDATE ACCOUNT SET CL_BAL = ") + kOfLedger + " WHERE ACC_CD = ?", code);
 }

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "masters/accounts.h"
+#include "store/balances.h"
 
 namespace {
 
@@ -19,7 +20,7 @@ std::optional<AccountFacts> readAccount(Database& db, const std::string& code) {
   if (!row) return std::nullopt;
   return AccountFacts{.name = row->text("ACC_NAME"),
                       .stateCode = filled(*row, "STATECD"),
-                      .balance = row->number("CL_BAL"),
+                      .balance = ledgerBalance(db, code),
                       .gstin = row->text("GSTINNO"),
                       .phone = row->text("PHONE1"),
                       .address1 = row->text("ADD1"),

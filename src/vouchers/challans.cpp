@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "store/balances.h"
 #include "store/row_writer.h"
 #include "vouchers/items.h"
 #include "vouchers/ledger_rows.h"
@@ -61,6 +62,7 @@ bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, c
   const Date date = valueOf(challan, "VOUCH_DT").date().value();
   Transaction all(db);
   if (how == Saving::Fresh && isStored(db, kind, number)) return false;
+  const std::string partyBefore = storedParty(db, kind, number);
   deleteVoucher(db, kind, number);
   insertRow(db, "CHLN", headRow(kind, challan, stamp));
   db.exec("UPDATE T_CHLNITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
@@ -71,6 +73,9 @@ bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, c
               " ORDER BY SR_NO",
           number, kind.code, kMiscItem);
   postVoucher(db, {number, date, kind.code}, ledgerRows(kind, challan));
+  if (how == Saving::Again)
+    for (const std::string& party : {partyBefore, trim(valueOf(challan, "PARTY_CD").text())})
+      RebuildOneBalance(db, party);
   all.commit();
   return true;
 }

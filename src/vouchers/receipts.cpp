@@ -61,12 +61,15 @@ void storeMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& vouc
 
 bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher, Saving how) {
   Transaction all(db);
-  if (how == Saving::Fresh && findMoneyVoucher(db, kind, valueOf(voucher, "VOUCH_NO").number())) return false;
+  const auto before = findMoneyVoucher(db, kind, valueOf(voucher, "VOUCH_NO").number());
+  if (how == Saving::Fresh && before) return false;
   // A repair that has its place here: statements print the number as it stands.
   db.exec("UPDATE ACCOUNT SET GSTINNO = '.' WHERE GSTINNO IS NULL");
   storeMoneyVoucher(db, kind, voucher);
-  RebuildOneBalance(db, trim(valueOf(voucher, "CSHBNK_CD").text()));
-  RebuildOneBalance(db, trim(valueOf(voucher, "PARTY_CD").text()));
+  for (const char* side : {"CSHBNK_CD", "PARTY_CD"}) {
+    if (before) RebuildOneBalance(db, before->text(side));
+    RebuildOneBalance(db, trim(valueOf(voucher, side).text()));
+  }
   all.commit();
   return true;
 }

@@ -17,8 +17,8 @@
 std::optional<Row> findMoneyVoucher(Database& db, const VoucherKind& kind, double number);
 
 // The row, its ledger rows and the balances of its two accounts, all or nothing. False when a fresh
-// voucher's number is taken; nothing has changed then. A party or account that a modify leaves
-// behind keeps its old balance until the balances are next refreshed.
+// voucher's number is taken; nothing has changed then. The balances of the
+// party and account that a modify leaves behind are rebuilt too.
 bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher, Saving how);
 // The row and its ledger rows alone, inside the caller's transaction, in the place of a stored one.
 void storeMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "store/balances.h"
 #include "vouchers/items.h"
 #include "vouchers/ledger_rows.h"
 #include "vouchers/numbering.h"
@@ -104,6 +105,7 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
   const Date date = valueOf(bill, "VOUCH_DT").date().value();
   Transaction all(db);
   if (how == Saving::Fresh && isStored(db, kind, number)) return false;
+  const std::string partyBefore = storedParty(db, kind, number);
   deleteVoucher(db, kind, number);
   insertRow(db, "SALE", headRow(db, kind, bill, stamp));
   db.exec("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
@@ -126,8 +128,16 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
                         .lrNumber = text("GR_NO"),
                         .creditDays = figure("CR_DAYS")},
                        kind));
+  if (how == Saving::Again)
+    for (const std::string& party : {partyBefore, trim(text("PARTY_CD"))}) RebuildOneBalance(db, party);
   all.commit();
   return true;
+}
+
+std::string storedParty(Database& db, const VoucherKind& kind, double number) {
+  return db.text(
+      "SELECT PARTY_CD FROM " + kind.tables.heads + " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?",
+      number, kind.code);
 }
 
 void deleteVoucher(Database& db, const VoucherKind& kind, double number) {

@@ -11,7 +11,8 @@
 // Storing, loading and deleting a bill. A save is one transaction: the header row, its lines
 // out of the work table and its ledger rows are written afresh as a whole or not at all. Every
 // header column that the screen has no field for takes its constant again, so a modify resets
-// what it does not show. Balances and stock do not follow a bill.
+// what it does not show. Balances and stock do not follow a fresh bill; a bill that is stored again has
+// the balances of its party and of the one it leaves behind rebuilt.
 
 // The head of a voucher comes as its screen holds it: each column with its value, texts as typed. They
 // are trimmed where the head keeps them; the ledger takes them as they are.
@@ -35,6 +36,9 @@ enum class Saving {
 // False when a fresh bill's number is taken; nothing has changed then. Without a date of the lorry
 // receipt (GR_DATE) it has the bill's, without one of the party (PRV_BDT) the day of the save.
 bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const SaveStamp& stamp, Saving how);
+
+// The party of a stored bill or challan, empty when there is none.
+std::string storedParty(Database& db, const VoucherKind& kind, double number);
 
 // Removes header and lines of a bill, challan or offer; the ledger keeps its rows until it is built again.
 void deleteVoucher(Database& db, const VoucherKind& kind, double number);

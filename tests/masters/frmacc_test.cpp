@@ -66,6 +66,9 @@ TEST_F(AccountTest, WhatAnotherProgramDidIsNotWrittenOver) {
 }
 
 TEST_F(AccountTest, EditReadsTheRowAndChangesIt) {
+  data().exec(
+      "INSERT INTO ALEDGER (BOOK_CD, VOUCH_NO, PARTY_CD, VOUCH_TYPE, VOUCH_AMT) VALUES ('SA', 1, 'A00007', "
+      "'D', 118)");
   host.press("cmdEdit");
   host.fillEnter("code", "A00099");
   EXPECT_EQ(host.lastMessage(), "PARTY DOES NOT EXISTS");
@@ -80,7 +83,7 @@ TEST_F(AccountTest, EditReadsTheRowAndChangesIt) {
   host.enter();
   host.fill("city", "NADIAD");
   host.press("cmdUpdate");
-  EXPECT_EQ(stored("A00007"), "PATEL TRADING|85|0|0|0|NADIAD|||0");
+  EXPECT_EQ(stored("A00007"), "PATEL TRADING|85|0|118|0|NADIAD|||0");
   EXPECT_EQ(row("SELECT COUNT(*) FROM ACCOUNT WHERE ACC_NAME = 'PATEL TRADING'"), "2");
   EXPECT_EQ(host.screen().mode, "ADD") << "the next entry follows";
 

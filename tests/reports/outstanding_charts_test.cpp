@@ -8,7 +8,7 @@ class ReportPictures : public ReportScreens {
   void party(const std::string& code, const std::string& name, const char* area) {
     data().exec(
         "INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, AREA, CITY, GROUP_CD, CL_BAL) VALUES (?, ?, ?, 'GUJARAT', "
-        "85, 1)",
+        "85, 0)",
         code, name, area);
   }
   void bill(const std::string& code, const char* date, double amount) {

@@ -398,9 +398,15 @@ def open_bills(b, a, end):
     return found
 
 
+def balance(b, a):
+    """The ledger's, whatever the account has stored; what is less than half a paisa is nothing."""
+    rows = (r for r in b.ALEDGER if r["PARTY_CD"] == a["ACC_CD"])
+    return round(dec(a["OP_BAL"]) + sum(dec(r["VOUCH_AMT"]) * (1 if r["VOUCH_TYPE"] in "Dd" else -1) for r in rows), 2)
+
+
 def ONACRCV(b, q):
     columns = [("Party", 2400, 0, 0), ("B.No.", 900, 0, 0), ("Bills", 1200, 1, 1), ("Paid", 1200, 1, 1), ("Balance", 1200, 1, 1), ("Days / Mob", 1400, 0, 0)]
-    parties = [a for a in b.ACCOUNT if a["GROUP_CD"] in (85, 86) and a["CL_BAL"] > 0 and (not q["party"] or same(a["ACC_CD"], q["party"]))
+    parties = [a for a in b.ACCOUNT if a["GROUP_CD"] in (85, 86) and balance(b, a) > 0 and (not q["party"] or same(a["ACC_CD"], q["party"]))
                and (not q["city"] or same(a["AREA"], q["city"])) and (not q["state"] or same(a["CITY"], q["state"]))
                and (not q["category"] or a["GROUP_CD"] == val(q["category"]))]
     if not parties:

@@ -46,6 +46,21 @@ TEST_F(SavingTest, LinesWithoutAQuantityStayBehindUnlessTheyAreMisc) {
               "1:I0000001:2,3:misc:0,4:I0000001:-1|7|2026-06-15");
 }
 
+// A bill or challan that goes to another party leaves no balance behind.
+TEST_F(SavingTest, AChangedPartyBringsBothBalancesUpToDate) {
+  const auto balances = [&] {
+    return line("SELECT GROUP_CONCAT(NUMTEXT(CL_BAL)) FROM ACCOUNT WHERE ACC_CD IN ('A00001', 'A00002')");
+  };
+  ASSERT_TRUE(saveBill(db(), saleKind(), bill(7), stamp(), Saving::Fresh));
+  EXPECT_EQ(balances(), "38460,38460") << "a fresh one moves nothing";
+  ASSERT_TRUE(saveBill(db(), saleKind(), bill(7), stamp(), Saving::Again));
+  EXPECT_EQ(balances(), "38578,38460");
+  Fields moved = bill(7);
+  setValue(moved, "PARTY_CD", "A00002");
+  ASSERT_TRUE(saveBill(db(), saleKind(), moved, stamp(), Saving::Again));
+  EXPECT_EQ(balances(), "38460,38578");
+}
+
 // A purchase of 118 rounded to 118.4 and to 117.5: the supplier is credited, everything else debited.
 TEST_F(SavingTest, APurchaseTurnsTheSidesRound) {
   const VoucherKind& kind = purchaseKind();
