@@ -166,7 +166,10 @@ void bwrcpy::allowUpdate(bool on) {
   reason = on || !entering() ? "" : english("Update opens after Remarks");
 }
 
-void bwrcpy::clearFields() { emptyFields(Part::Head); }
+void bwrcpy::clearFields() {
+  emptyFields(Part::Head);
+  period_ = {};
+}
 
 void bwrcpy::placeDefaults() {
   put(kDate, host.today());
@@ -268,7 +271,7 @@ void bwrcpy::remove(double number) {
 Go bwrcpy::voucherDate() {
   const auto typed = date(kDate);
   if (!typed) return Go::Stay;
-  const std::string refusal = periodRefusal(*typed);
+  const std::string refusal = period_.refusal(*typed);
   if (refusal.empty()) return Go::On;
   host.message(refusal, kMessageTitle);
   return Go::Stay;
@@ -340,9 +343,12 @@ Go bwrcpy::party() {
 }
 
 Go bwrcpy::amount() {
+  const double typed = value(kAmount);
   const bool refused = figureRefused(text(kAmount));
-  if (value(kAmount) > 0 && !refused) return Go::On;
-  host.message(refused ? kFigureRefused : english("CAN NOT ACCEPT"));
+  if (typed > 0 && !refused && typed == Round(typed, 2)) return Go::On;
+  host.message(refused     ? kFigureRefused
+               : typed > 0 ? english("An Amount Has Two Decimals")
+                           : english("CAN NOT ACCEPT"));
   return Go::Stay;
 }
 

@@ -7,6 +7,7 @@
 #include "documents/messaging.h"
 #include "frame/child_screen.h"
 #include "frame/lookup.h"
+#include "frame/period_test.h"
 #include "vouchers/receipts.h"
 
 // Receipts, payments, incomes and expenses: the entry type says which. Opened with a value it shows
@@ -79,6 +80,7 @@ class bwrcpy : public ChildScreen {
 
   const VoucherKind& kind_;
   std::string accountBefore_;  // what Cash / Bank held when it was opened
-  double loaded_ = 0;          // number of the voucher that is shown for a change
+  PeriodTest period_;
+  double loaded_ = 0;  // number of the voucher that is shown for a change
   bool drilledDown_ = false;
 };

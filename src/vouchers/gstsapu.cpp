@@ -94,7 +94,7 @@ Go GSTSAPU::voucherNumber() { return trimmed(kNumber).empty() ? helpHere() : num
 Go GSTSAPU::voucherDate() {
   const auto typedDate = date(kDate);
   if (!typedDate) return Go::Stay;
-  const std::string refusal = periodRefusal(*typedDate);
+  const std::string refusal = period_.refusal(*typedDate);
   if (refusal.empty()) return Go::On;
   host.message(refusal);
   return Go::Stay;
@@ -251,5 +251,6 @@ bool GSTSAPU::load(double number) {
 
 void GSTSAPU::clearHead() {
   VoucherScreen::clearHead();
+  period_ = {};
   put(kPartyFacts, "");
 }

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "frame/period_test.h"
 #include "frame/session.h"
 #include "vouchers/calculation.h"
 #include "vouchers/saving.h"
@@ -76,4 +77,5 @@ class GSTSAPU : public VoucherScreen {
   RateQuery rateQuery() const;
 
   LineValue line_;
+  PeriodTest period_;
 };

@@ -111,6 +111,12 @@ TEST_F(Gstsapu, RefusalsKeepTheFocusAndTheText) {
   host.fillEnter("date", "31102026");
   EXPECT_EQ(host.focus(), "date");
   EXPECT_EQ(host.lastMessage(), "Pl. Enter Date Between 01/Apr/2026 and 31/Mar/2027");
+  host.enter();
+  EXPECT_EQ(host.focus() + std::to_string(host.messages.size()), "party1") << "the day lies in the period";
+  for (const char* never : {"31102020", "31102020"}) {
+    host.fillEnter("date", never);
+    EXPECT_EQ(host.focus(), "date");
+  }
   host.fillEnter("date", "15062020");
   EXPECT_EQ(host.focus(), "party") << "by text the fifteenth lies between the first and the last";
 

@@ -162,7 +162,10 @@ TEST_F(ReceiptsTest, NumbersByMode) {
 
 TEST_F(ReceiptsTest, ANumberTakenMeanwhileIsNotWrittenOver) {
   open();
-  startReceipt("A00001", "10");
+  startReceipt("A00001", "10.005");
+  EXPECT_EQ(host.lastMessage() + " " + host.focus(), "An Amount Has Two Decimals amount");
+  host.fillEnter("amount", "10");
+  host.enter();
   saveMoneyVoucher(db(), receiptKind(), money(1, 75), Saving::Fresh);
   host.enter();
   EXPECT_EQ(host.lastMessage(), "Voucher No 1 Has Been Taken Meanwhile\nThis One Is 2 Now, Save It Again");
