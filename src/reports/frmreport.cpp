@@ -16,7 +16,6 @@ namespace {
 constexpr const char* kConfirm = english("Mirav Confirmation Message");
 constexpr size_t kFirstRows = 100;  // more than stand in view
 constexpr size_t kAllRows = static_cast<size_t>(-1);
-constexpr const char* kOff = english("Print, Excel and Pdf open after Show");
 
 // Empty for a date of the accounting period.
 std::string outsideMessage(Date date, Date first, Date last, Date today) {
@@ -63,6 +62,8 @@ std::optional<Lookup> lookupOf(ReportField field, bool groups, const std::string
 frmreport::frmreport(Host& theHost) : PeriodScreen(theHost, table()) {
   wire<frmreport>(*this, {
                              {"Text1",      KeyCode::F1,     &frmreport::lookup  },
+                             {"Text1",      On::Change,      &frmreport::changed },
+                             {"MaskEdBox1", On::Change,      &frmreport::changed },
                              {"MaskEdBox1", KeyCode::Enter,  &frmreport::date    },
                              {"MaskEdBox1", KeyCode::F1,     &frmreport::dateF1  },
                              {"MaskEdBox1", KeyCode::F2,     &frmreport::dateF2  },
@@ -99,7 +100,7 @@ void frmreport::opened(const Opening& opening) {
   put(fields::kTo, last);
   caption = openingCaption();
   escMeans = escapes() ? english("Esc = Exit") : english("Alt+C = Close");
-  reason = kOff;
+  outputs(false);
   if (!report_) return;
   for (const ReportField field : report_->fields) at(field).enabled = true;
   if (!report_->salesmanLabel.empty()) at(kSalesman).label = report_->salesmanLabel;
@@ -270,11 +271,6 @@ void frmreport::fill() {
   rowMoved();
 }
 
-void frmreport::outputs(bool on) {
-  for (const char* button : {"cmdprint", "cmdPrtToXl", "Cmdpdf"}) at(button).enabled = on;
-  reason = on ? "" : kOff;
-}
-
 // Rows
 
 std::optional<VoucherKey> frmreport::currentVoucher() const {
@@ -327,7 +323,7 @@ void frmreport::exportTo(size_t file) {
 
 void frmreport::handOver(const GridTarget& target) {
   const auto period = checkedPeriod();
-  if (!period || !shown_) return;
+  if (!period || !shown_ || !standsAsShown()) return;
   const auto between = [&](const char* text, const char* pattern) {
     return words(text, "from", formatDate(period->from, pattern), "to", formatDate(period->to, pattern));
   };

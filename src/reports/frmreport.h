@@ -22,6 +22,7 @@ class frmreport : public PeriodScreen {
 
  protected:
   std::string hintFor(const Control& control) const override;
+  std::vector<std::string> outputButtons() const override { return {"cmdprint", "cmdPrtToXl", "Cmdpdf"}; }
 
  private:
   Go lookup();
@@ -38,7 +39,6 @@ class frmreport : public PeriodScreen {
   bool start(size_t rows);
   void chooseFill();
   void fill();
-  void outputs(bool on);
 
   void rowMoved();
   void openRow();

@@ -1,5 +1,6 @@
 #include "reports/period_screen.h"
 
+#include "base/words.h"
 #include "frame/session.h"
 
 std::optional<Date> PeriodScreen::checkedDate(FieldName box) {
@@ -15,4 +16,27 @@ std::optional<PeriodScreen::Period> PeriodScreen::checkedPeriod() {
   const auto to = from ? checkedDate(fields::kTo) : std::nullopt;
   if (!to) return {};
   return Period{*from, *to};
+}
+
+void PeriodScreen::outputs(bool on) {
+  for (const std::string& button : outputButtons()) at(button).enabled = on;
+  reason = on ? "" : english("Print, Excel and Pdf open after Show");
+  shownFor_ = on ? std::optional(asked()) : std::nullopt;
+}
+
+bool PeriodScreen::standsAsShown() {
+  if (shownFor_ && *shownFor_ != asked()) outputs(false);
+  return shownFor_.has_value();
+}
+
+void PeriodScreen::focusMoved(Control& control) {
+  standsAsShown();
+  ChildScreen::focusMoved(control);
+}
+
+std::string PeriodScreen::asked() const {
+  std::string all;
+  for (const auto& c : controls)
+    if (c->editable() && c->enabled) all += c->text + "\n";
+  return all;
 }

@@ -43,6 +43,8 @@ regdlg1::regdlg1(Host& theHost) : PeriodScreen(theHost, table()) {
   reason = "Show opens after TO, Print after Show";
   wire<regdlg1>(*this, {
                            {"Text1",      KeyCode::Enter,  &regdlg1::account    },
+                           {"Text1",      On::Change,      &regdlg1::changed    },
+                           {"MaskEdBox1", On::Change,      &regdlg1::changed    },
                            {"MaskEdBox1", KeyCode::Enter,  &regdlg1::date       },
                            {"MaskEdBox1", KeyCode::F1,     &regdlg1::dateF1     },
                            {"MaskEdBox1", KeyCode::F2,     &regdlg1::dateF2     },
@@ -203,8 +205,8 @@ void regdlg1::showStatement() {
                   : words("ACCOUNT Statement For : {party}", "party", text(kPartyName));
   at("Grid1").grid.source = shown_;
   at("Grid1").visible = true;
-  at("cmdprint").enabled = at("cmdshow").enabled = true;
-  reason.clear();
+  at("cmdshow").enabled = true;
+  outputs(true);
   placeCursor();
   focus(at("Grid1"));
 }
@@ -255,7 +257,7 @@ void regdlg1::enter(int pressed) {
 
 void regdlg1::handOver(const GridTarget& target) {
   const auto period = checkedPeriod();
-  if (!period) return;
+  if (!period || (shown_ && !standsAsShown())) return;
   set(at("Label10"), "");
   const bool asks = !isT() && (target.onPaper || &target == &kToPdf);
   const bool without = asks && host.ask("Without Voucher No.", kConfirm);

@@ -22,6 +22,7 @@ class regdlg1 : public PeriodScreen {
 
  protected:
   std::string hintFor(const Control& control) const override;
+  std::vector<std::string> outputButtons() const override { return {"cmdprint", "cmdexcel", "cmdpdf"}; }
 
  private:
   Go account();

@@ -68,6 +68,8 @@ TEST_F(Reports, ShowABillALineWithTheirSum) {
   EXPECT_TRUE(host.at("cmdprint").enabled && host.at("cmdPrtToXl").enabled && host.at("Cmdpdf").enabled);
   EXPECT_FALSE(host.isBusy);
   host.fill("party", "");
+  EXPECT_FALSE(host.at("cmdprint").enabled || host.at("cmdPrtToXl").enabled || host.at("Cmdpdf").enabled)
+      << "another heading than that of the rows";
   host.press("cmdshowrpt");
   EXPECT_EQ(host.screen().caption + host.text("phone"), "SALE Bill Register");
   EXPECT_EQ(rows(), 3U);
