@@ -24,23 +24,37 @@ constexpr const char* kMissing = english("Format File Is Missing Or Deleted Pl C
 constexpr const char* kOpenElsewhere = english("Excel File Is Already Open\nClose It First");
 constexpr size_t kMostWarnings = 5;
 
-// The unfilled copy of the design, whole or not at all.
-void copyDesign(const Paper& paper) {
-  const fs::path stray = billsFolder() / paper.copy.filename();
-  for (const fs::path& old : {stray, paper.copy})
-    if (workbook::heldElsewhere(old.string())) throw std::runtime_error(kOpenElsewhere);
-  fs::remove(stray);
-  fs::create_directories(paper.copy.parent_path());
-  const fs::path beside = paper.copy.string() + "~" + std::to_string(getpid());
-  try {
-    fs::copy_file(paper.design, beside, fs::copy_options::overwrite_existing);
-    fs::rename(beside, paper.copy);
-  } catch (...) {
-    std::error_code ignored;
-    fs::remove(beside, ignored);
-    throw;
+// The unfilled copy of the design, made beside its place while nothing that stands has been touched.
+class WorkingCopy {
+ public:
+  explicit WorkingCopy(const Paper& paper)
+      : copy_(paper.copy),
+        stray_(billsFolder() / copy_.filename()),
+        beside_{paper.copy.string() + "~" + std::to_string(getpid())} {
+    for (const fs::path& old : {stray_, copy_})
+      if (workbook::heldElsewhere(old.string())) throw std::runtime_error(kOpenElsewhere);
+    fs::create_directories(copy_.parent_path());
+    fs::copy_file(paper.design, beside_.file, fs::copy_options::overwrite_existing);
   }
-}
+
+  // Takes its place, unless the filled one has.
+  void settle(bool filled) const {
+    if (!filled) fs::rename(beside_.file, copy_);
+    if (stray_ != copy_) fs::remove(stray_);
+  }
+
+ private:
+  // Goes, unless it has been given its name.
+  struct Unfinished {
+    fs::path file;
+    ~Unfinished() {
+      std::error_code ignored;
+      fs::remove(file, ignored);
+    }
+  };
+  fs::path copy_, stray_;
+  Unfinished beside_;
+};
 
 void hideUnused(workbook::Sheet& sheet, const Paper& paper, int lines) {
   if (paper.family.empty()) return;
@@ -55,19 +69,21 @@ void draw(Host& host, workbook::Workbook& book, const Paper& paper, std::unique_
   canvas->finish();
 }
 
-// Where the filled workbook goes.
-void put(Host& host, workbook::Workbook& book, const Paper& paper) {
+// Where the filled workbook goes. What stands from before goes once the new paper is made: without a
+// printer, or on a full disk, it is all that there is.
+void put(Host& host, workbook::Workbook& book, const Paper& paper, const WorkingCopy& copy) {
   const std::string mode = session().mprnmode;
-  if (mode == "PDF") {
-    fs::create_directories(paper.pdf.parent_path());
+  const bool pdf = mode == "PDF";
+  if (pdf) fs::create_directories(paper.pdf.parent_path());
+  if (pdf)
     draw(host, book, paper, host.painter().pdf(paper.pdf.string()));
-    host.view(paper.pdf.string());
-  } else if (mode == "PRN") {
+  else if (mode == "PRN")
     draw(host, book, paper, host.painter().printer());
-  } else {
+  else
     book.save(paper.copy.string());
-    host.view(paper.copy.string());
-  }
+  copy.settle(mode.empty());
+  if (!pdf) fs::remove(paper.pdf);
+  if (mode != "PRN") host.view((pdf ? paper.pdf : paper.copy).string());
 }
 
 // What the machine's clock says, as a cell holds it.
@@ -118,15 +134,14 @@ Paper voucherPaper(const VoucherKind& kind, double voucher, int design) {
 void makePaper(Host& host, const Paper& paper, const FilledSheet& filled) {
   if (session().mexcelkill) EndProcess(host, "excel.exe");
   if (!fs::exists(paper.design)) throw std::runtime_error(kMissing);
-  copyDesign(paper);
+  const WorkingCopy copy(paper);
   auto book = workbook::Workbook::load(paper.design.string());
   book.setNow(serial(host.now()));
   filled.cells.fill(book.sheet(paper.dataSheet));
   hideUnused(book.sheet(paper.sheet), paper, filled.lines);
   book.recalculate();
   session().mpdfpath = paper.pdf.string();
-  fs::remove(paper.pdf);
-  put(host, book, paper);
+  put(host, book, paper, copy);
   tellWarnings(host, paper.design, book.warnings());
 }
 

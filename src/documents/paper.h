@@ -34,7 +34,8 @@ Paper voucherPaper(const VoucherKind& kind, double voucher, int design);
 
 // By mprnmode: "PDF" makes the file and shows it, "PRN" prints, empty saves the filled copy
 // and shows it. Formulas of the design that could not be calculated are named in a message, once
-// until they are others. Sets mpdfpath; a PDF that stands there from before goes in any case.
+// until they are others. Sets mpdfpath. A PDF that stands there from before goes in any case, and a
+// workbook too, but not before the new paper is made.
 void makePaper(Host& host, const Paper& paper, const FilledSheet& filled);
 
 // Runs the making of a document with the busy pointer; whatever goes wrong is told in a message.

@@ -3,6 +3,7 @@
 #include <unistd.h>
 #include <xlsxwriter.h>
 
+#include "frame/full_disk.h"
 #include "invoice_fixture.h"
 #include "platform/workbook/workbook.h"
 
@@ -64,6 +65,32 @@ TEST_F(Invoice, OpensTheFilledWorkbook) {
   EXPECT_EQ(book.sheet("SHEET3").shown(1, 3), "SHREE GANESH TRADERS");
   EXPECT_EQ(book.sheet("BILL").shown(17, 16), "118.00");
   EXPECT_EQ(book.sheet("BILL").shown(69, 1), "25");
+}
+
+TEST_F(Invoice, APaperThatFailsCostsNothing) {
+  longBill(1, 3);
+  PaperHost without(screens);
+  const auto copy = folder / "FORMATS" / "INVGST.xlsx";
+  const auto fails = [&] {
+    session().mprnmode = "PRN";
+    RenderGstInvoice(without, 1, "SALE");
+    EXPECT_EQ(without.lastMessage(), "There is no printer.");
+    const FullDisk full;
+    render(1);
+    render(1, "");
+    EXPECT_EQ(std::exchange(host.messages, {}).size(), 2u);
+  };
+  render(1);
+  fails();
+  EXPECT_EQ(pdfPages(pdf("1")), 1);
+  render(1, "");
+  EXPECT_FALSE(fs::exists(pdf("1")));
+  fails();
+  EXPECT_EQ(workbook::Workbook::load(copy.string()).sheet("SHEET3").shown(1, 3), "SHREE GANESH TRADERS");
+  const fs::directory_iterator all(copy.parent_path());
+  EXPECT_EQ(std::count_if(begin(all), end(all),
+                          [](const auto& f) { return f.path().string().find('~') != std::string::npos; }),
+            0);
 }
 
 // The copy of the last invoice stands open in a spreadsheet program, which leaves a mark beside it.
