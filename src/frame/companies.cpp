@@ -246,7 +246,7 @@ void createCompanyYear(Database& catalogue, const fs::path& folder, const Compan
   using Kind = DatabaseError::Kind;
   const CompanyYear wanted = asStored(typed);
   const fs::path file = dataFile(folder, wanted);
-  const LockFile lock(file);
+  const LockFile lock(file, LockFile::Hold::Alone);
   if (!lock.alone()) throw DatabaseError(Kind::locked, file.filename().string(), {});
   bool made = false;
   try {
@@ -352,15 +352,19 @@ std::string openCompanyYear(const CompanyYear& which) {
   if (!isCompanyYear(*opened)) throw DatabaseError(DatabaseError::Kind::notDatabase, s.mdbfile, {});
   RemakeWorkTables(*opened);
   if (opened->firstUser()) s.mfirstuser = true;
-  if (s.mfirstuser && CheckTable(*opened, "SPSFILE")) clearMarks(*opened);
+  // Whoever was first at the catalogue may find others in these books.
+  if (opened->firstUser() && CheckTable(*opened, "SPSFILE")) clearMarks(*opened);
   s.cndata = std::move(opened);
 
   s.mcompname = which.name;
   s.mcompid = which.code;
   s.myr2 = right(which.from, 2);
   s.myrpair = s.myr2 + right(which.to, 2);
-  // Constants until the settings give the true period.
-  s.mstartdt = Date{std::chrono::year{2023}, std::chrono::April, std::chrono::day{1}};
-  s.menddt = Date{std::chrono::year{2034}, std::chrono::March, std::chrono::day{31}};
+  // Nothing of other books stays where a row of these is blank; the period is a constant until the
+  // settings give the true one.
+  static_cast<Settings&>(s) = {
+      .mstartdt = Date{std::chrono::year{2023}, std::chrono::April, std::chrono::day{1} },
+      .menddt = Date{std::chrono::year{2034}, std::chrono::March, std::chrono::day{31}}
+  };
   return {};
 }

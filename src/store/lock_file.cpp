@@ -12,6 +12,7 @@
 
 #include "base/text.h"
 #include "store/lock_wait.h"
+#include "store/safe_file.h"
 
 namespace {
 
@@ -29,13 +30,17 @@ std::filesystem::path LockFile::pathFor(const std::filesystem::path& database) {
   return database.parent_path() / (upper(database.stem().string()) + ".LDB");
 }
 
-LockFile::LockFile(const std::filesystem::path& database, Hold hold) : path_(pathFor(database)) {
+LockFile::LockFile(const std::filesystem::path& database, Hold hold)
+    : path_(pathFor(database)), alone_(false) {
   constexpr int kPauseMs = 20;
   for (int waited = 0; waited <= lockWaitMs(); waited += kPauseMs) {
     if (refused_) std::this_thread::sleep_for(std::chrono::milliseconds(kPauseMs));
     // A pipe of that name would be waited for.
     file_ = open(path_.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666);
-    if (file_ < 0) return;
+    if (file_ < 0) {
+      if (hold == Hold::Shared) return;
+      throw fileError(database, std::error_code(errno, std::generic_category()));
+    }
     alone_ = flock(file_, LOCK_EX | LOCK_NB) == 0;
     const bool held = hold == Hold::Alone ? alone_ : flock(file_, LOCK_SH | LOCK_NB) == 0;
     refused_ = !held && errno == EWOULDBLOCK;

@@ -11,14 +11,15 @@ class LockFile {
   enum class Hold { Shared, Alone };
 
   LockFile() = default;
-  // Never fails: in a folder where no file can be made nothing is held, and alone() stays true. Who
-  // wants to share waits for one who holds it alone, as for any lock; who wants it alone does not.
+  // Who wants to share waits for one who holds it alone, as for any lock; who wants it alone does not.
+  // Where no file can be made, who wants to share works without, not knowing who else is there;
+  // who wants it alone gets a DatabaseError.
   explicit LockFile(const std::filesystem::path& database, Hold hold = Hold::Shared);
   LockFile(LockFile&& other) noexcept;
   LockFile& operator=(LockFile&& other) noexcept;
   ~LockFile() { release(); }
 
-  // Nobody else held it when it was taken.
+  // It is held, and nobody else held it when it was taken.
   bool alone() const { return alone_; }
   // Somebody holds it alone.
   bool refused() const { return refused_; }

@@ -169,7 +169,7 @@ TEST_F(Folder, TwoProgramsShareIt) {
   } const cases[] = {
       {false, false, true,  "0"},
       {true,  false, true,  "0"}, // the second program, but the first in these books
-      {false, true,  true,  "0"}, // alone at the start
+      {false, true,  true,  "1"}, // alone at the start, but not in these books
       {true,  true,  false, "1"},
   };
   for (const auto& c : cases) {
