@@ -304,7 +304,8 @@ void FRMCOMP::openTyped() {
     refusal = openCompanyYear(which);
   } catch (const DatabaseError& error) {
     using Kind = DatabaseError::Kind;
-    if (error.kind() != Kind::damaged && error.kind() != Kind::notDatabase) throw;
+    if (error.kind() != Kind::damaged && error.kind() != Kind::notDatabase && error.kind() != Kind::stranger)
+      throw;
     logFailure(kTold, error);
     refusal = error.what();
   }

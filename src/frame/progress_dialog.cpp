@@ -13,9 +13,15 @@ Layout progressLayout(double width, double height) {
   // clang-format on
 }
 
+namespace {
+
+constexpr const char* kEscCloses = english("Esc = Close");
+
+}  // namespace
+
 ProgressDialog::ProgressDialog(Host& theHost, const ScreenSpec& table, const Words& words)
     : ChildScreen(theHost, table), words_(words) {
-  escMeans = "Esc = Close";
+  escMeans = kEscCloses;
 }
 
 void ProgressDialog::opened(const Opening& opening) {
@@ -32,11 +38,14 @@ void ProgressDialog::enableButtons(bool on) { at(words_.start).enabled = at(word
 
 void ProgressDialog::run(const std::function<void()>& work) {
   enableButtons(false);
+  escMeans = english("Esc = Stop");
   try {
     const Busy busy(host);
     work();
+    escMeans = kEscCloses;
   } catch (...) {
     enableButtons(true);
+    escMeans = kEscCloses;
     tell(at("Label1").text + "\n" + ::words(words_.undone));
     throw;
   }

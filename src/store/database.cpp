@@ -4,10 +4,12 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
+#include <chrono>
 #include <iterator>
 #include <list>
 #include <unordered_map>
 
+#include "base/end_asked.h"
 #include "base/text.h"
 #include "base/words.h"
 #include "store/dictionary.h"
@@ -16,10 +18,13 @@
 #include "store/lock_wait.h"
 #include "store/safe_file.h"
 #include "store/shape.h"
+#include "store/stranger.h"
 
 namespace {
 
 constexpr size_t keptStatements = 200;
+constexpr int kLongestRow = 64 << 20;
+constexpr int kStepsUnasked = 100'000;  // about a millisecond
 
 using Kind = DatabaseError::Kind;
 
@@ -38,6 +43,7 @@ Kind kindOf(int code) {
     case SQLITE_NOTADB:
       return Kind::notDatabase;
     case SQLITE_CORRUPT:
+    case SQLITE_TOOBIG:
       return Kind::damaged;
     case SQLITE_IOERR:
       return Kind::io;
@@ -45,6 +51,8 @@ Kind kindOf(int code) {
       return Kind::memory;
     case SQLITE_CONSTRAINT:
       return Kind::constraint;
+    case SQLITE_INTERRUPT:
+      return Kind::stopped;
     default:
       return Kind::other;
   }
@@ -73,12 +81,28 @@ std::string sentence(Kind kind, const std::string& file, const std::string& deta
                    "detail", detail);
     case Kind::memory:
       return words("There is not enough memory to go on.");
+    case Kind::stopped:
+      return words("Stopped As You Asked :: Nothing Was Stored");
+    case Kind::stranger:
+      return words(
+          "{file} Was Not Opened :: It Holds {detail}\r\n"
+          "No Books Of This Program Hold That, And It Could Change What Is Stored",
+          "file", file, "detail", detail);
     case Kind::constraint:
     case Kind::shape:
     case Kind::other:
       break;
   }
   return detail;
+}
+
+// Called by the engine every so many of its steps, which is more often than anybody wants to be asked.
+int endsStatement(void*) {
+  using Clock = std::chrono::steady_clock;
+  static Clock::time_point last{};
+  if (!endAsked() || Clock::now() - last < std::chrono::milliseconds(100)) return 0;
+  last = Clock::now();
+  return endAsked()() ? 1 : 0;
 }
 
 bool changesSchema(std::string_view sql) {
@@ -189,6 +213,8 @@ void Database::open(const std::filesystem::path& file, Access access) {
       handle_->lock = std::move(lock);
       useSettings();
     });
+    if (const std::string found = inMemory ? "" : strangerIn(*this); !found.empty())
+      throw DatabaseError(Kind::stranger, shownName(file), found);
     if (CheckTable(*this, "STRUCTAB") || CheckTable(*this, "T_SLITM")) RemakeWorkTables(*this);
   } catch (...) {
     close();
@@ -200,6 +226,12 @@ void Database::useSettings() {
   sqlite3* const connection = handle_->sqlite.getHandle();
   sqlite3_db_config(connection, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(connection, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  // What a file's own shape may do: call nothing that reaches out of it, and not its own shape.
+  sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_limit(connection, SQLITE_LIMIT_LENGTH, kLongestRow);
+  sqlite3_limit(connection, SQLITE_LIMIT_ATTACHED, 1);
+  sqlite3_progress_handler(connection, kStepsUnasked, endsStatement, nullptr);
   registerFunctions(connection);
   // The page size is that of a new file. Work tables stay in memory as long as they are small; a large
   // sort does not.

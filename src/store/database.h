@@ -38,7 +38,9 @@ class DatabaseError : public std::runtime_error, public WithStatement {
     io,
     memory,
     constraint,
-    shape,  // the file lacks a table or column that this program declares
+    stopped,   // by the person
+    stranger,  // the file holds what would run on our reads and writes: store/stranger.h
+    shape,     // the file lacks a table or column that this program declares
     other
   };
 

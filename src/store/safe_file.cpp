@@ -54,9 +54,10 @@ DatabaseError fileError(const fs::path& file, const std::error_code& error) {
   return {kind, shownName(file), error.message()};
 }
 
-void buildBeside(const fs::path& file, const std::function<void(const fs::path&)>& build) {
-  const fs::path making = file.string() + kBuilding;
+void buildBeside(const fs::path& named, const std::function<void(const fs::path&)>& build) {
   std::error_code ignored;
+  const fs::path file = fs::is_symlink(named, ignored) ? fs::weakly_canonical(named, ignored) : named;
+  const fs::path making = file.string() + kBuilding;
   const auto cleared = [&] {
     fs::remove(making, ignored);
     fs::remove(making.string() + "-journal", ignored);
@@ -64,6 +65,7 @@ void buildBeside(const fs::path& file, const std::function<void(const fs::path&)
   cleared();
   try {
     build(making);
+    if (fileExists(file)) fs::permissions(making, fs::status(file, ignored).permissions(), ignored);
     flushToDisk(making);
     putInPlace(making, file);
   } catch (...) {

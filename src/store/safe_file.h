@@ -10,8 +10,9 @@
 // Files that stand whole or not at all, whatever fails in between: built beside their place under
 // another name, flushed to the disk, then given their name in one step. Failures are DatabaseError.
 
-// Calls `build` with the name to build under; an old file of the final name is replaced, one left
-// by a crash under the building name is thrown away.
+// Calls `build` with the name to build under; an old file of the final name is replaced, whose rights
+// the new one keeps (behind a link the file that it leads to), one left by a crash under the building
+// name is thrown away.
 void buildBeside(const std::filesystem::path& file,
                  const std::function<void(const std::filesystem::path& making)>& build);
 

@@ -200,9 +200,16 @@ TEST_F(Backups, AreOfferedForBooksThatAreDamagedOrLost) {
       [&] { fs::resize_file(books, 5000); },
       [&] { std::ofstream(books, std::ios::trunc).close(); },
       [&] { fs::remove(books); },
+      [&] {
+        Database db;
+        db.open(books);
+        db.exec("CREATE TRIGGER EATS AFTER INSERT ON SALEITM BEGIN DELETE FROM SALE; END");
+      },
   };
   const char* const words[] = {"M00125.mdb is damaged. Restore it from a backup.",
-                               "M00125.mdb is not a database of this program.", "Company Data Not Found"};
+                               "M00125.mdb is not a database of this program.", "Company Data Not Found",
+                               "M00125.mdb Was Not Opened :: It Holds TRIGGER EATS\r\n"
+                               "No Books Of This Program Hold That, And It Could Change What Is Stored"};
   for (size_t i = 0; i < std::size(spoils); ++i) {
     session() = Session{};
     spoils[i]();
@@ -220,6 +227,21 @@ TEST_F(Backups, AreOfferedForBooksThatAreDamagedOrLost) {
     EXPECT_EQ(host.onTop(), "frmStartup");
     EXPECT_EQ(bills(), 1);
   }
+}
+
+TEST_F(Backups, RestoreKeepsTheRightsOfTheFileAndFollowsALink) {
+  host_.choose("mnubackup");
+  const fs::path books = folder_ / "M00125.mdb", disk = folder_ / "DISK", real = disk / "books.mdb";
+  constexpr auto kShared = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
+  session() = Session{};
+  fs::create_directory(disk);
+  fs::rename(books, real);
+  fs::permissions(real, kShared);
+  fs::create_symlink(real, books);
+  restoreBackup(keep_ / "M00125_260615_1030.mdb", books, "260616_1030");
+  EXPECT_TRUE(fs::is_symlink(books));
+  EXPECT_EQ(fs::status(real).permissions(), kShared);
+  EXPECT_EQ(names(disk), "books.mdb ");
 }
 
 TEST_F(Backups, AFailureIsToldAndNothingIsLost) {

@@ -9,8 +9,10 @@
 #include <QProcess>
 #include <QScrollBar>
 #include <QTemporaryDir>
+#include <QWindow>
 #include <stdexcept>
 
+#include "base/end_asked.h"
 #include "platform/qt/palette.h"
 
 namespace {
@@ -100,7 +102,8 @@ class Bill : public Screen {
                           {"",      KeyCode::F1,    &Bill::help    },
                           {"",      KeyCode::F2,    &Bill::question},
                           {"",      KeyCode::F3,    &Bill::prompt  },
-                          {"",      KeyCode::F4,    &Bill::fail    }
+                          {"",      KeyCode::F4,    &Bill::fail    },
+                          {"",      KeyCode::F5,    &Bill::work    }
     });
   }
   Go check() {
@@ -115,10 +118,15 @@ class Bill : public Screen {
   void question() { answer = host.ask("Sure", "Mirav Confirmation"); }
   void prompt() { typed = host.input("New name", "Mirav", "OLD"); }
   void fail() { throw std::runtime_error("disk I/O error"); }
+  void work() {
+    const Busy busy(host);
+    during();
+  }
 
   std::shared_ptr<ManyRows> rows;
   std::optional<bool> answer;
   std::optional<std::string> typed;
+  std::function<void()> during;
 };
 
 class Lookup : public Screen {
@@ -359,6 +367,31 @@ TEST_F(QtHostTest, AKeyPaintsOnlyWhatItChanged) {
   host_->realText("A");
   EXPECT_EQ(code.count, 1);
   EXPECT_EQ(qty.count, 0);
+}
+
+// What is typed while work goes on comes after it, save Esc, which ends the work.
+TEST_F(QtHostTest, EscEndsWhatHoldsTheLoopUp) {
+  std::vector<bool> told;
+  const auto press = [&](int key, const QString& text) {
+    QWindow* const window = host_->window()->windowHandle();
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+      QCoreApplication::postEvent(window, new QKeyEvent(type, key, Qt::NoModifier, text));
+  };
+  Bill& b = bill();
+  b.during = [&] {
+    press(Qt::Key_A, "A");
+    told.push_back(endAsked()());
+    press(Qt::Key_Escape, {});
+    press(Qt::Key_B, "B");
+    told.push_back(endAsked()());
+    told.push_back(endAsked()());
+    EXPECT_EQ(b.at("Code").text, "") << "nothing runs inside the work";
+  };
+  host_->realKey(KeyCode::F5);
+  EXPECT_EQ(told, (std::vector{false, true, false}));
+  EXPECT_EQ(b.at("Code").text, "AB");
+  EXPECT_EQ(host_->top()->spec.name, "bill");
+  EXPECT_FALSE(endAsked()()) << "nothing is looked for while nobody waits";
 }
 
 TEST_F(QtHostTest, FindsAndEndsAProgramByItsName) {

@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "base/end_asked.h"
 #include "failure.h"
 #include "store/lock_file.h"
 #include "store/lock_wait.h"
@@ -184,6 +185,58 @@ TEST_F(DatabaseTest, ADamagedFileIsReportedAndNotPassedOver) {
   }
   db.open(file);
   EXPECT_EQ(failureOf([&] { db.passOver({"a test"}, "SELECT SUM(LENGTH(a)) FROM t"); }).kind, Kind::damaged);
+}
+
+TEST_F(DatabaseTest, WhatWouldRunOnOurWritesIsRefusedByItsName) {
+  const struct {
+    const char *made, *found;  // none where it may stay
+  } cases[] = {
+      {"CREATE TRIGGER EATS AFTER INSERT ON t BEGIN DELETE FROM t; END",  "TRIGGER EATS"},
+      {"CREATE VIEW sale AS SELECT a AS VOUCH_NO FROM t",                 "VIEW sale"   },
+      {"CREATE TABLE u(a, b AS (a || 'x') STORED)",                       "COLUMN u.b"  },
+      {"CREATE TABLE u(a DEFAULT (LOAD_EXTENSION('x')))",                 "TABLE u"     },
+      {"CREATE VIRTUAL TABLE words USING fts5(a)",                        "TABLE words" },
+      {"CREATE VIEW blprn AS SELECT FORMAT(a, '0.00') AS A FROM t",       nullptr       },
+      {"CREATE VIEW theirs AS SELECT 1 AS A",                             nullptr       },
+      {"CREATE TABLE u(a TEXT(6) CHECK (LENGTH(a) <= 6 AND LEN(a) < 7))", nullptr       },
+  };
+  db.close();
+  for (const auto& c : cases) {
+    std::filesystem::remove(db.file());
+    db.open(db.file(), Access::create);
+    db.text("PRAGMA trusted_schema = ON");
+    db.exec("CREATE TABLE t(a)");
+    db.exec(c.made);
+    db.close();
+    Database again;
+    if (!c.found) {
+      again.open(db.file());
+      continue;
+    }
+    const Failure failure = failureOf([&] { again.open(db.file()); });
+    EXPECT_EQ(failure.kind, Kind::stranger) << c.made;
+    EXPECT_EQ(failure.sentence.substr(0, 43 + std::string(c.found).size() + 2),
+              "M00124.mdb Was Not Opened :: It Holds " + std::string(c.found) + "\r\nNo Bo")
+        << c.made;
+  }
+}
+
+TEST_F(DatabaseTest, AStatementThatNeverEndsIsStoppedAndTakenBack) {
+  db.exec("CREATE TABLE t(a)");
+  db.exec("INSERT INTO t VALUES ('before')");
+  int asked = 0;
+  endAsked() = [&] { return ++asked == 3; };
+  const Failure stopped = failureOf([&] {
+    const Transaction all(db);
+    db.exec("DELETE FROM t");
+    db.passOver({"a test"},
+                "INSERT INTO t WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n)"
+                " SELECT i FROM n WHERE i < 0");
+  });
+  endAsked() = {};
+  EXPECT_EQ(stopped.kind, Kind::stopped);
+  EXPECT_EQ(stopped.sentence, "Stopped As You Asked :: Nothing Was Stored");
+  EXPECT_EQ(db.text("SELECT a FROM t"), "before");
 }
 
 TEST_F(DatabaseTest, LockFileTellsTheFirstUser) {

@@ -13,6 +13,7 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "base/end_asked.h"
 #include "base/log.h"
 #include "base/words.h"
 #include "platform/qt/icons.h"
@@ -33,12 +34,16 @@ bool withoutDesktop() {
 QtHost::QtHost(const Screens& screens) : Desk(screens) {
   QApplication::setQuitOnLastWindowClosed(false);
   qApp->installEventFilter(this);
+  endAsked() = [this] { return escWhileBusy(); };
   QObject::connect(&timer_, &QTimer::timeout, this, [this] {
     if (boxes_.empty() && !refreshing_) guarded([this] { tick(); });
   });
 }
 
-QtHost::~QtHost() { qApp->removeEventFilter(this); }
+QtHost::~QtHost() {
+  endAsked() = {};
+  qApp->removeEventFilter(this);
+}
 
 int QtHost::run() { return quitting() ? 0 : QApplication::exec(); }
 
@@ -297,6 +302,15 @@ void QtHost::busy(bool on) {
   if (on == busy_) return;
   busy_ = on;
   on ? QGuiApplication::setOverrideCursor(Qt::WaitCursor) : QGuiApplication::restoreOverrideCursor();
+}
+
+// Esc ends the statement that holds everything up. While something is drawn nothing can be asked.
+bool QtHost::escWhileBusy() {
+  if (!busy_ || drawing_ || refreshing_) return false;
+  refreshing_ = true;
+  const bool pressed = escWatch_.pressed();
+  refreshing_ = false;
+  return pressed;
 }
 
 void QtHost::refresh() {

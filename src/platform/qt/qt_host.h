@@ -13,6 +13,7 @@
 
 #include "platform/desk.h"
 #include "platform/qt/box_panel.h"
+#include "platform/qt/esc_watch.h"
 #include "platform/qt/keyboard.h"
 #include "platform/qt/main_window.h"
 
@@ -96,6 +97,7 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
 
   void guarded(const std::function<void()>& event);
   bool reaches(const Screen& screen) const;
+  bool escWhileBusy();
   void send(QEvent::Type type, const keyboard::Raw& raw);
   bool keyDown(const QKeyEvent& event);
   bool menuLetter(const Key& key);
@@ -121,6 +123,7 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
   std::unique_ptr<QWidget> bare_;  // holds a box when there is no window yet
   MainWindow* window_ = nullptr;
   QTimer timer_;
+  EscWatch escWatch_;
   std::unique_ptr<paint::Painter> painter_;
   bool drawing_ = false, again_ = false, busy_ = false, refreshing_ = false, altAlone_ = false;
 };
