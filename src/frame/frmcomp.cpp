@@ -33,7 +33,7 @@ const ScreenSpec& spec() {
       .layout = {.bands = {
           {px(44), {{.name = "head", .frame = Frame::Plain, .columns = {part(1)}}}},
           {part(1), {{.name = "list", .frame = Frame::Plain}}},
-          {px(46), {{.name = "row", .columns = {fit(), px(92), px(113), part(1), fit(), px(72), fit(), px(72)}}}},
+          {px(46), {{.name = "row", .columns = {fit(), px(92), fit(), part(1), fit(), px(72), fit(), px(72)}}}},
           {px(48), {{.name = "buttons", .frame = Frame::Buttons}}},
       }, .width = 1010, .gap = 10},
       .controls = {

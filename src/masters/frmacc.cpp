@@ -14,7 +14,7 @@ namespace {
 // clang-format off
 const ScreenSpec& accountTable() {
   using enum Holds;
-  static const std::vector<Length> cells{px(116), px(92), part(1.1), px(112), px(92), px(36), part(1)};
+  static const std::vector<Length> cells{px(116), px(92), part(1.1, 70), px(112), px(92), px(36), part(1)};
   static const ScreenSpec s{
       .name = "frmacc",
       .caption = "Account Master",

@@ -16,7 +16,7 @@ namespace {
 // clang-format off
 const ScreenSpec& itemTable() {
   using enum Holds;
-  static const std::vector<Length> cells{px(116), px(92), part(1.1), px(112), px(92), px(36), part(1)};
+  static const std::vector<Length> cells{px(116), px(92), part(1.1, 70), px(112), px(92), px(36), part(1)};
   static const ScreenSpec s{
       .name = "FRMITEM1",
       .caption = "Item Master ",
@@ -56,15 +56,15 @@ const ScreenSpec& itemTable() {
           {.name = "Text1", .index = 13, .field = kDescription,  .label = "Description", .at = {.group = "entry", .col = 7}, .tab = 18, .limit = 20, .keys = KeyClass::Text, .hint = "Type Description And Press Enter"},
           {.name = "lblKeys", .kind = Kind::Label,  .label = "Enter On A Row = Change  ::  F10 = Remove Row  ::  Page Down = Save", .at = {.group = "keys", .col = 0, .span = 8}, .style = Style::Quiet},
           {.name = "DataGrid1", .kind = Kind::Grid, .at = {.group = "rows"}, .tab = 20, .enabled = false, .hint = "Press Enter To Change Row :: F10 = Remove Row", .columns = {
-              {.title = "Item Code",   .width = px(92)},
-              {.title = "Unit",        .width = part(1)},
-              {.title = "P. Rate",     .width = px(102), .align = Align::Right, .money = true},
-              {.title = "Sale Rate",   .width = px(102), .align = Align::Right, .money = true},
-              {.title = "Mrp",         .width = px(102), .align = Align::Right, .money = true},
-              {.title = "Op. Stock",   .width = px(92), .align = Align::Right},
-              {.title = "Discount",    .width = px(88), .align = Align::Right},
-              {.title = "Description", .width = part(1.4)},
-              {.title = "Stock",       .width = px(72), .align = Align::Right},
+              {.title = "Item Code",   .width = px(92, 84)},
+              {.title = "Unit",        .width = part(1, 64)},
+              {.title = "P. Rate",     .width = px(102, 84), .align = Align::Right, .money = true},
+              {.title = "Sale Rate",   .width = px(102, 86), .align = Align::Right, .money = true},
+              {.title = "Mrp",         .width = px(102, 84), .align = Align::Right, .money = true},
+              {.title = "Op. Stock",   .width = px(92, 84), .align = Align::Right},
+              {.title = "Discount",    .width = px(88, 78), .align = Align::Right},
+              {.title = "Description", .width = part(1.4, 108)},
+              {.title = "Stock",       .width = px(72, 62), .align = Align::Right},
           }},
           {.name = "DataGrid2", .kind = Kind::Grid, .at = {.group = "names"}, .columns = {{.title = "Names already in use"}}},
       }, "&Save"),

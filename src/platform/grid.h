@@ -29,6 +29,7 @@ struct GridColumn {
   Align align = Align::Left;
   bool money = false;  // figures are grouped by the painter; the text stays plain
   int headSpan = 1;    // the title stands over this many columns
+  int spare = 0;       // columns of one number go from a small window while they hold nothing
 };
 
 // What a grid shows. A host asks only for the rows in view, so a source over 100,000

@@ -4,13 +4,15 @@
 #include <vector>
 
 // Where the controls of a screen stand. Lengths are pixels at 1366 x 768; a host
-// multiplies them by its scale step.
+// multiplies them by its scale step. On a small window a length gives way down to
+// `least` pixels; below 0 it has none of its own, and keeps what its contents need.
 struct Length {
   enum class Unit { Px, Part, Fit } unit = Unit::Part;
   double n = 1;
+  double least = -1;
 };
-constexpr Length px(double n) { return {Length::Unit::Px, n}; }
-constexpr Length part(double n) { return {Length::Unit::Part, n}; }
+constexpr Length px(double n, double least = -1) { return {Length::Unit::Px, n, least}; }
+constexpr Length part(double n, double least = -1) { return {Length::Unit::Part, n, least}; }
 constexpr Length fit() { return {Length::Unit::Fit, 0}; }             // as wide as its widest label
 constexpr Length twips(double n) { return {Length::Unit::Part, n}; }  // documented widths become shares
 

@@ -74,7 +74,8 @@ void BoxPanel::restyle(const Look& look) {
 
 QRect BoxPanel::textRect() const {
   const int inset = look_->px(kInset);
-  const int top = look_->px(layout::size::kDialogFrame + layout::size::kDialogTitle + kAbove);
+  const int top =
+      look_->px(look_->of(layout::size::kDialogFrame) + look_->of(layout::size::kDialogTitle) + kAbove);
   return {inset, top, width() - 2 * inset, textHeight_};
 }
 
@@ -89,7 +90,7 @@ void BoxPanel::arrange() {
       look_->metrics(Look::Face::Strong).horizontalAdvance(QString::fromStdString(words_.title));
   textHeight_ = text.isEmpty() ? 0 : std::max(needed.height(), metrics.height());
   const int width = std::max({needed.width() + 1 + 2 * inset, titled + inset, look_->px(kLeastWidth)});
-  int y = look_->px(kDialogFrame + kDialogTitle + kAbove) + textHeight_;
+  int y = look_->px(look_->of(kDialogFrame) + look_->of(kDialogTitle) + kAbove) + textHeight_;
   setFixedWidth(width);
   if (fieldView_) {
     y += look_->px(kColumnGap);
@@ -108,7 +109,7 @@ void BoxPanel::arrange() {
     view->place(spot, *look_);
     x += own + gap;
   }
-  setFixedHeight(y + look_->px(kButton + 18));
+  setFixedHeight(y + look_->px(kButton) + look_->px(18));
   place();
   sync();
 }

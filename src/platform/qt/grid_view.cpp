@@ -3,7 +3,6 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyleOptionSlider>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
@@ -12,24 +11,6 @@
 #include "platform/qt/palette.h"
 
 namespace {
-
-// The lane is always there; the thumb only when there is something to scroll.
-class LaneBar : public QScrollBar {
- public:
-  explicit LaneBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) { setFocusPolicy(Qt::NoFocus); }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.fillRect(rect(), QColor(palette::kLane));
-    if (maximum() <= minimum()) return;
-    QStyleOptionSlider option;
-    initStyleOption(&option);
-    const QRect thumb =
-        style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
-    draw::box(painter, thumb.adjusted(3, 1, -3, -1), QColor(palette::kThumb), QColor(palette::kThumb), 1, 3);
-  }
-};
 
 bool sameCell(const Cell& a, const Cell& b) {
   return a.text == b.text && a.back == b.back && a.fore == b.fore && a.fontSize == b.fontSize &&
@@ -71,7 +52,9 @@ void paintHeading(QPainter& painter, const QRect& box, const std::vector<GridCol
 }
 
 GridView::GridView(Screen& screen, Control& control, Hands& hands, QWidget* parent)
-    : WidgetView(screen, control, hands, parent), bar_(new LaneBar(this)) {
+    : WidgetView(screen, control, hands, parent),
+      bar_(new LaneBar(Qt::Vertical, this)),
+      acrossBar_(new LaneBar(Qt::Horizontal, this)) {
   setAttribute(Qt::WA_OpaquePaintEvent, false);
   setFocusPolicy(Qt::NoFocus);
   QObject::connect(bar_, &QScrollBar::valueChanged, this, [this](int first) {
@@ -79,6 +62,7 @@ GridView::GridView(Screen& screen, Control& control, Hands& hands, QWidget* pare
     fetch();
     update();
   });
+  QObject::connect(acrossBar_, &QScrollBar::valueChanged, this, [this] { update(); });
 }
 
 int GridView::frameWidth() const { return spot_.overlay ? look_->px(layout::size::kDialogFrame) : 1; }
@@ -93,7 +77,20 @@ QRect GridView::inner() const {
 QRect GridView::body() const {
   QRect area = inner();
   if (ownHeading()) area.setTop(area.top() + spot_.rowHeight);
+  if (acrossBar_->maximum() > 0) area.setBottom(area.bottom() - acrossBar_->height());
   return area;
+}
+
+std::vector<int> GridView::edges() const {
+  std::vector<int> scrolled = spot_.edges;
+  for (int& e : scrolled) e -= acrossBar_->value();
+  return scrolled;
+}
+
+bool GridView::across(int steps) {
+  if (!look_ || acrossBar_->maximum() <= 0) return false;
+  acrossBar_->setValue(acrossBar_->value() + steps * acrossBar_->singleStep());
+  return true;
 }
 
 int GridView::rowsInView() const {
@@ -103,7 +100,7 @@ int GridView::rowsInView() const {
 QRect GridView::rowRect(size_t row) const {
   const QRect area = body();
   const int y = area.y() + static_cast<int>(row - shown_.first) * spot_.rowHeight;
-  return {area.x(), y, spot_.edges.empty() ? 0 : spot_.edges.back() - spot_.edges.front(), spot_.rowHeight};
+  return {area.x(), y, area.width(), spot_.rowHeight};
 }
 
 std::optional<size_t> GridView::rowAt(const QPoint& point) const {
@@ -118,8 +115,15 @@ void GridView::place(const layout::Spot& spot, const Look& look) {
   wide.box = spot.box.inset(-1, -1);
   ControlView::place(wide, look);
   spot_.edges = spot.edges;
+  const int lane = spot.lane, tall = look.px(layout::size::kLane);
+  const int needed = spot.edges.empty() ? 0 : spot.edges.back() - spot.edges.front();
+  const QRect within = inner();
+  acrossBar_->setRange(0, spot.overlay ? 0 : std::max(0, needed - (within.width() - lane)));
+  acrossBar_->setPageStep(std::max(1, within.width() - lane));
+  acrossBar_->setSingleStep(look.px(90));
+  acrossBar_->setGeometry(within.x(), within.bottom() + 1 - tall, within.width() - lane, tall);
+  acrossBar_->setVisible(acrossBar_->maximum() > 0);
   const QRect area = body();
-  const int lane = spot.lane;
   bar_->setGeometry(area.right() + 1 - lane, area.y(), lane, area.height());
   bar_->setVisible(lane > 0);
   stale_ = true;
@@ -215,10 +219,12 @@ void GridView::paintEvent(QPaintEvent* event) {
   const QRect area = inner();
   painter.fillRect(area, QColor(palette::kField));
   if (ownHeading()) {
-    std::vector<int> edges = spot_.edges;
-    for (int& e : edges) e -= frameWidth();
-    paintHeading(painter, QRect(area.x(), area.y(), area.width(), spot_.rowHeight), control_.grid.columns,
-                 edges, *look_);
+    std::vector<int> heads = edges();
+    for (int& e : heads) e -= frameWidth();
+    const QRect head(area.x(), area.y(), area.width(), spot_.rowHeight);
+    painter.setClipRect(head);
+    paintHeading(painter, head, control_.grid.columns, heads, *look_);
+    painter.setClipping(false);
   }
   painter.save();
   painter.setClipRect(body());
@@ -240,8 +246,9 @@ void GridView::paintRow(QPainter& painter, size_t row) const {
   const std::vector<Cell>& cells = shown_.rows[row - shown_.first].cells;
   const QRect box = rowRect(row);
   const bool current = row == shown_.current && (shown_.strongRow || !spot_.overlay);
-  for (size_t column = 0; column < cells.size() && column + 1 < spot_.edges.size(); ++column) {
-    const int from = spot_.edges[column], to = spot_.edges[column + 1];
+  const std::vector<int> edges = this->edges();
+  for (size_t column = 0; column < cells.size() && column + 1 < edges.size(); ++column) {
+    const int from = edges[column], to = edges[column + 1];
     if (to <= from) continue;
     const QRect cell(1 + from, box.y(), to - from, box.height());
     QColor back = groundOf(row);
@@ -308,6 +315,12 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void GridView::wheelEvent(QWheelEvent* event) {
   constexpr int kStep = 120, kRows = 3;
+  const QPoint turned = event->angleDelta();
+  if (const int along = turned.x() != 0                          ? turned.x()
+                        : event->modifiers() & Qt::ShiftModifier ? turned.y()
+                                                                 : 0;
+      along != 0 && across(-along / kStep))
+    return event->accept();
   bar_->setValue(bar_->value() - event->angleDelta().y() * kRows / kStep);
   event->accept();
 }
@@ -318,8 +331,9 @@ bool GridView::event(QEvent* event) {
   QString whole;
   if (const auto row = rowAt(help->pos()); row && *row - shown_.first < shown_.rows.size()) {
     const std::vector<Cell>& cells = shown_.rows[*row - shown_.first].cells;
-    for (size_t column = 0; column + 1 < spot_.edges.size() && column < cells.size(); ++column) {
-      const int from = spot_.edges[column] + 1, to = spot_.edges[column + 1] + 1;
+    const std::vector<int> edges = this->edges();
+    for (size_t column = 0; column + 1 < edges.size() && column < cells.size(); ++column) {
+      const int from = edges[column] + 1, to = edges[column + 1] + 1;
       if (help->pos().x() < from || help->pos().x() >= to) continue;
       const QString text = textOf(cells[column], column);
       const Look::Face face = cells[column].bold ? Look::Face::Strong : Look::Face::Plain;

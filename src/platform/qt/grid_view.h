@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QScrollBar>
-
 #include "platform/qt/control_view.h"
+#include "platform/qt/lane_bar.h"
 
-// A grid: rows drawn straight from their source, only those in view.
+// A grid: rows drawn straight from their source, only those in view. Columns that need more than its width
+// scroll sideways.
 class GridView : public WidgetView<QWidget> {
  public:
   GridView(Screen& screen, Control& control, Hands& hands, QWidget* parent);
@@ -12,6 +12,8 @@ class GridView : public WidgetView<QWidget> {
   void place(const layout::Spot& spot, const Look& look) override;
   // So many pixels at its foot lie under a dialog: the newest rows move into what is left.
   void cover(int pixels);
+  // Sideways by a column's worth; false where there is nothing to scroll.
+  bool across(int steps);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -34,8 +36,9 @@ class GridView : public WidgetView<QWidget> {
 
   bool ownHeading() const { return control_.grid.heading && !spot_.joined; }
   int frameWidth() const;
-  QRect inner() const;  // without the frame
-  QRect body() const;   // without frame and heading
+  QRect inner() const;             // without the frame
+  QRect body() const;              // without frame, heading and the lane below
+  std::vector<int> edges() const;  // of the columns as they are scrolled, from the grid's left edge
   int rowsInView() const;
   QRect rowRect(size_t row) const;
   std::optional<size_t> rowAt(const QPoint& point) const;
@@ -48,7 +51,7 @@ class GridView : public WidgetView<QWidget> {
   Qt::Alignment alignOf(const Cell& cell, size_t column) const;
 
   Shown shown_;
-  QScrollBar* bar_;
+  LaneBar *bar_, *acrossBar_;
   int covered_ = 0;
   bool stale_ = true;
 };

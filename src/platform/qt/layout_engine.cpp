@@ -34,10 +34,11 @@ class Engine {
       area.x = (width - own) / 2;
       area.w = own;
     }
-    area = area.inset(m_.px(layout.margin), m_.px(layout.margin * 0.75));
+    area = area.inset(m_.px(sizes_.margin()), m_.px(sizes_.margin() * 0.75));
     placeBands(layout.bands, area);
     placeGrids();
     for (const auto& [group, box] : boxes_) placeControls(*group, box);
+    if (m_.small) placeSums();
     placeOverlays();
     joinBlocks();
     return std::move(plan_);
@@ -67,7 +68,7 @@ class Engine {
       fixed.push_back(bands[i]->height.unit == Length::Unit::Part ? 0 : m_.px(sizes_.natural(*bands[i])));
       if (i > 0) gaps += m_.px(sizes_.gapBetween(*bands[i - 1], *bands[i]));
     }
-    const std::vector<int> heights = shares(lengths, fixed, area.h - gaps);
+    const std::vector<int> heights = shares(lengths, fixed, {}, area.h - gaps);
     int y = area.y;
     for (size_t i = 0; i < bands.size(); ++i) {
       if (i > 0) y += m_.px(sizes_.gapBetween(*bands[i - 1], *bands[i]));
@@ -78,23 +79,23 @@ class Engine {
 
   void placeGroups(const Band& band, const Rect& area) {
     std::vector<Length> lengths;
-    std::vector<int> fixed;
+    std::vector<int> fixed, least;
     for (const Group& g : band.groups) {
       lengths.push_back(g.width);
+      if (m_.small) least.push_back(sizes_.leastWidth(g));
       const bool fits = g.width.unit == Length::Unit::Fit;
       fixed.push_back(g.width.unit == Length::Unit::Part ? 0 : fits ? sizes_.fitWidth(g) : m_.px(g.width.n));
     }
-    const bool wide = std::ranges::any_of(band.groups, roomy);
-    const int gap = m_.px(std::max(screen_.spec.layout.gap, wide ? kColumnGap : 0));
+    const int gap = sizes_.groupGap(band);
     const int gaps = gap * static_cast<int>(band.groups.empty() ? 0 : band.groups.size() - 1);
-    const std::vector<int> widths = shares(lengths, fixed, area.w - gaps);
+    const std::vector<int> widths = shares(lengths, fixed, least, area.w - gaps);
     int x = area.x;
     for (size_t i = 0; i < band.groups.size(); ++i) {
       const Group& g = band.groups[i];
       const Rect box{x, area.y, widths[i], area.h};
       boxes_.emplace_back(&g, box);
       plan_.groups.push_back({&g, box, sizes_.allHidden(g)});
-      if (!g.bands.empty()) placeBands(g.bands, box.inset(m_.px(insetX(g)), m_.px(insetY(g))));
+      if (!g.bands.empty()) placeBands(g.bands, content(g, box));
       x += widths[i] + gap;
     }
   }
@@ -112,21 +113,19 @@ class Engine {
                          : cellOf(*group, box, c.spec->at);
         if (!fills && c.spec->at.rows == 1) spot.box.h = content(*group, box).bottom() - spot.box.y;
         spot.frame = group->frame;
-        spot.rowHeight = m_.px(group->pitch < kPitch ? group->pitch : kGridRow);
+        spot.rowHeight = m_.px(sizes_.rowHeight(*group));
         spot.lane = laneOf(c, spot);
-        spot.edges = inner(columnEdges(c.grid.columns, spot.box.w - 2 - spot.lane, m_), 1);
+        const unsigned without = m_.small ? leftOut(screen_, c) : 0;
+        spot.edges = inner(columnEdges(c.grid.columns, spot.box.w - 2 - spot.lane, m_, without), 1);
       }
     }
   }
 
   // Lists that are only looked at have a lane when they need one; the others always.
   int laneOf(const Control& c, const Spot& spot) const {
-    const bool lines = std::ranges::any_of(boxes_, [&](const auto& b) {
-      return ofLines(*b.first) && sizes_.gridNamed(b.first->columnsOf) == &c;
-    });
     const size_t rows = static_cast<size_t>(std::max(0, spot.box.h) / std::max(1, spot.rowHeight));
     const bool fits = c.grid.count() + (c.grid.heading ? 1 : 0) <= rows;
-    const bool looked = c.tab == 0 && !lines;
+    const bool looked = c.tab == 0 && !sizes_.isOfLines(c);
     return looked && (fits || screen_.spec.window == Window::Main) ? 0 : m_.px(kLane);
   }
 
@@ -136,7 +135,7 @@ class Engine {
   }
 
   Rect content(const Group& g, const Rect& box) const {
-    return box.inset(m_.px(insetX(g)), m_.px(insetY(g)));
+    return box.inset(m_.px(sizes_.insetX(g)), m_.px(sizes_.insetY(g)));
   }
 
   struct Cells {
@@ -164,7 +163,8 @@ class Engine {
                                                  : 0);
     }
     const int gap = m_.px(kColumnGap);
-    cells.w = shares(g.columns, fixed, area.w - gap * static_cast<int>(g.columns.size() - 1));
+    cells.w = shares(g.columns, fixed, m_.small ? sizes_.leastColumns(g) : std::vector<int>{},
+                     area.w - gap * static_cast<int>(g.columns.size() - 1));
     int x = area.x;
     for (const int w : cells.w) {
       cells.x.push_back(x);
@@ -183,11 +183,13 @@ class Engine {
   // From one row to the next; closer than asked for when the group is too low for its rows.
   double pitchOf(const Group& g, const Rect& area) const {
     const int rows = sizes_.rowsOf(g);
-    if (rows < 2) return g.pitch * m_.scale;
+    const double own = sizes_.pitch(g) * m_.scale;
+    if (rows < 2) return own;
     // A pixel or two may come off the lower inset instead; a last row of labels alone may reach into it.
-    const double last = labelsAlone(g, rows - 1) ? std::min(kLabelLine, cellHeight(g)) : cellHeight(g);
+    const double last =
+        labelsAlone(g, rows - 1) ? std::min(m_.of(kLabelLine), sizes_.cellHeight(g)) : sizes_.cellHeight(g);
     const double room = (area.h + m_.px(2) - m_.px(last)) / static_cast<double>(rows - 1);
-    return std::min(g.pitch * m_.scale, std::max(1.0, room));
+    return std::min(own, std::max(1.0, room));
   }
 
   Rect cellOf(const Group& g, const Rect& box, const Place& at) const {
@@ -199,8 +201,8 @@ class Engine {
               to = std::clamp(at.col + at.span - 1, from, std::max(from, last));
     int top = area.y + static_cast<int>(std::lround(at.row * pitch));
     if (g.frame == Frame::Plain && sizes_.rowsOf(g) == 1)
-      top += std::max(0, (area.h - m_.px(cellHeight(g))) / 2);
-    const int most = m_.px(cellHeight(g));
+      top += std::max(0, (area.h - m_.px(sizes_.cellHeight(g))) / 2);
+    const int most = m_.px(sizes_.cellHeight(g));
     const int height = at.rows > 1 ? static_cast<int>(std::lround((at.rows - 1) * pitch)) + most
                                    : (sizes_.rowsOf(g) > 1 ? std::min(most, static_cast<int>(pitch))
                                                            : std::min(most, area.h));
@@ -214,6 +216,7 @@ class Engine {
     if (g.frame == Frame::Buttons) return placeButtons(members, box);
     if (g.frame == Frame::Column) return placeColumn(members, box);
     if (ofLines(g) && !sizes_.gridNamed(g.columnsOf)) return;
+    if (m_.small && g.frame == Frame::Keys) return;  // their strip is not there
     for (const size_t i : members) {
       const Control& c = *screen_.controls[i];
       plan_.spots[i].frame = g.frame;
@@ -232,8 +235,8 @@ class Engine {
       spot.box.w = own;
     }
     double own = 0;
-    if (c.kind == Kind::Button) own = at.rows > 1 ? 0 : kButton;
-    if (c.editable() && c.style != Style::Amount) own = kField;
+    if (c.kind == Kind::Button) own = at.rows > 1 ? 0 : m_.small ? kField.small : kButton.usual;
+    if (c.editable() && c.style != Style::Amount) own = m_.of(kField);
     if (own > 0) {
       const int h = c.kind == Kind::Button ? m_.px(own) : std::min(m_.px(own), spot.box.h);
       spot.box.y += (spot.box.h - h) / 2;
@@ -288,6 +291,19 @@ class Engine {
     if (plan_.reason.empty()) plan_.reason = {left + m_.px(6), y, std::max(0, right - left - m_.px(6)), h};
   }
 
+  // Without the strip of keys its figures stand at the right end of the buttons.
+  void placeSums() {
+    if (plan_.reason.empty()) return;
+    Rect& room = plan_.reason;
+    const std::vector<size_t> sums = sizes_.sums();
+    for (auto i = sums.rbegin(); i != sums.rend(); ++i) {
+      const int w = sizes_.sumWidth(*screen_.controls[*i]);
+      plan_.spots[*i].frame = Frame::Buttons;
+      plan_.spots[*i].box = {room.right() - w, room.y, w, room.h};
+      room.w = std::max(0, room.w - w);
+    }
+  }
+
   void placeColumn(const std::vector<size_t>& members, const Rect& box) {
     int y = box.y;
     for (const size_t i : members) {
@@ -296,7 +312,7 @@ class Engine {
       if (!c.visible) continue;
       const int h = c.kind == Kind::Button ? m_.px(kButton) : m_.px(kGridRow);
       plan_.spots[i].box = {box.x, y, box.w, h};
-      y += h + m_.px(kButtonPitch - kButton);
+      y += h + m_.px(kButtonPitch) - m_.px(kButton);
     }
   }
 
@@ -320,7 +336,9 @@ class Engine {
       const int x = under.box.x + edge(under.edges, c.spec->overIts) - edge(own, c.spec->overOwn);
       const auto rows = static_cast<int>(std::clamp<size_t>(c.grid.count(), 1, 100));
       const int h = (rows + (c.grid.heading ? 1 : 0)) * spot.rowHeight + 2 * frame;
-      spot.box = {std::max(x, under.box.x), under.box.y, m_.px(c.spec->overWidth), std::min(h, under.box.h)};
+      const int w = m_.px(c.spec->overWidth);
+      spot.box = {std::max(std::min(x, under.box.right() - w), under.box.x), under.box.y, w,
+                  std::min(h, under.box.h)};
     }
   }
 
@@ -353,6 +371,11 @@ class Engine {
 };
 
 }  // namespace
+
+bool isSmall(int width, int height) {
+  constexpr int kUsualWidth = 1366, kUsualHeight = 690;  // without title bar and task bar
+  return width < kUsualWidth || height < kUsualHeight;
+}
 
 double scaleFor(int width, int height) {
   const double fits = std::min(width / 1366.0, height / 768.0);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "base/text.h"
 #include "base/words.h"
@@ -13,8 +14,28 @@ using namespace size;
 
 bool roomy(const Group& g) {
   const auto inside = [](const Band& b) { return std::ranges::any_of(b.groups, roomy); };
-  return g.pitch > kPitch || std::ranges::any_of(g.bands, inside);
+  return g.pitch > kPitch.usual || std::ranges::any_of(g.bands, inside);
 }
+
+namespace {
+
+double insetYOf(const Group& g, bool small) {
+  constexpr double kSmall = 6;
+  return !framed(g) ? 0 : small ? kSmall : roomy(g) ? 11 : 8;
+}
+
+// Rows of fields stand close on a small window; rows of words keep what they have.
+double pitchOf(const Group& g, bool small) {
+  constexpr double kMostOfFields = 40;
+  const bool fields = g.pitch >= kPitch.usual && g.pitch <= kMostOfFields;
+  return small && fields ? kPitch.small : g.pitch;
+}
+
+double cellHeightOf(const Group& g, bool small) {
+  return g.pitch >= kPitch.usual ? (small ? kField.small : kField.usual) : g.pitch;
+}
+
+}  // namespace
 
 bool framed(const Group& g) { return g.frame == Frame::Panel || g.frame == Frame::Off; }
 
@@ -22,39 +43,56 @@ bool ofLines(const Group& g) {
   return g.frame == Frame::Heads || g.frame == Frame::Entry || g.frame == Frame::Keys;
 }
 
-double insetX(const Group& g) {
-  return !framed(g) ? 0 : g.pitch == kPitch && g.frame == Frame::Panel ? 11 : 15;
-}
-
-double insetY(const Group& g) { return !framed(g) ? 0 : roomy(g) ? 11 : 8; }
-
-double cellHeight(const Group& g) { return g.pitch >= kPitch ? kField : g.pitch; }
-
 bool labelled(const Control& c) {
   const bool beside = c.editable() || c.kind == Kind::Progress || c.kind == Kind::Picture;
   return beside && !c.label.empty() && c.style != Style::Amount;
 }
 
-std::vector<int> shares(const std::vector<Length>& lengths, const std::vector<int>& fixed, int total) {
+std::vector<int> shares(const std::vector<Length>& lengths, std::vector<int> fixed,
+                        const std::vector<int>& least, int total) {
+  const auto isPart = [&](size_t i) { return lengths[i].unit == Length::Unit::Part; };
+  const auto leastOf = [&](size_t i) { return i < least.size() ? least[i] : isPart(i) ? 0 : fixed[i]; };
+  int needed = 0, spare = 0;
+  for (size_t i = 0; i < lengths.size(); ++i) {
+    needed += isPart(i) ? leastOf(i) : fixed[i];
+    if (!isPart(i)) spare += std::max(0, fixed[i] - leastOf(i));
+  }
+  if (needed > total && spare > 0) {
+    const double share = std::min(1.0, static_cast<double>(needed - total) / spare);
+    for (size_t i = 0; i < lengths.size(); ++i)
+      if (!isPart(i)) fixed[i] -= static_cast<int>(std::ceil(share * std::max(0, fixed[i] - leastOf(i))));
+  }
+
+  // A part that its share would leave below its least is given that, and the others share the rest.
   std::vector<int> out = fixed;
-  double parts = 0;
-  int used = 0;
-  for (size_t i = 0; i < lengths.size(); ++i) {
-    if (lengths[i].unit == Length::Unit::Part)
-      parts += lengths[i].n;
-    else
-      used += fixed[i];
+  std::vector<bool> held(lengths.size());
+  for (bool again = true; again;) {
+    again = false;
+    double parts = 0;
+    int used = 0;
+    for (size_t i = 0; i < lengths.size(); ++i) {
+      if (isPart(i) && !held[i])
+        parts += lengths[i].n;
+      else
+        used += out[i];
+    }
+    const int rest = std::max(0, total - used);
+    double taken = 0;
+    for (size_t i = 0; i < lengths.size(); ++i) {
+      if (!isPart(i) || held[i] || parts <= 0) continue;
+      const int from = static_cast<int>(std::lround(rest * taken / parts));
+      taken += lengths[i].n;
+      out[i] = static_cast<int>(std::lround(rest * taken / parts)) - from;
+    }
+    for (size_t i = 0; i < lengths.size() && !again; ++i) {
+      if (!isPart(i) || held[i] || out[i] >= leastOf(i)) continue;
+      out[i] = leastOf(i);
+      held[i] = again = true;
+    }
   }
-  const int rest = std::max(0, total - used);
-  double taken = 0;
-  for (size_t i = 0; i < lengths.size(); ++i) {
-    if (lengths[i].unit != Length::Unit::Part || parts <= 0) continue;
-    const int from = static_cast<int>(std::lround(rest * taken / parts));
-    taken += lengths[i].n;
-    out[i] = static_cast<int>(std::lround(rest * taken / parts)) - from;
-  }
+  const int used = std::accumulate(out.begin(), out.end(), 0);
   if (used <= total) return out;
-  // Too narrow for what is fixed: all give way alike.
+  // Too narrow for all that: everything gives way alike.
   int at = 0, sum = 0;
   for (int& w : out) {
     sum += w;
@@ -76,25 +114,63 @@ std::string plainCaption(const std::string& caption) {
   return out;
 }
 
-std::vector<int> columnEdges(const std::vector<GridColumn>& columns, int width, const Measure& measure) {
+namespace {
+
+struct Widths {
   std::vector<Length> lengths;
-  std::vector<int> fixed;
-  bool anyPart = false;
+  std::vector<int> fixed, least;
+};
+
+// What the columns of a grid ask for; one that is hidden or left out asks for nothing.
+Widths widthsOf(const std::vector<GridColumn>& columns, const Measure& measure, unsigned without) {
+  constexpr double kNarrow = 60, kMoney = 84, kText = 120;
+  Widths all;
+  bool anyPart = false, anyPx = false;
   for (const GridColumn& c : columns) {
-    const bool hidden = c.width.unit != Length::Unit::Fit && c.width.n <= 0;
-    lengths.push_back(hidden ? ::px(0) : c.width);
-    anyPart = anyPart || lengths.back().unit == Length::Unit::Part;
+    const bool hidden = (c.width.unit != Length::Unit::Fit && c.width.n <= 0) ||
+                        (c.spare > 0 && (without >> c.spare & 1U) != 0);
+    all.lengths.push_back(hidden ? ::px(0) : c.width);
+    anyPart = anyPart || all.lengths.back().unit == Length::Unit::Part;
+    anyPx = anyPx || (!hidden && all.lengths.back().unit == Length::Unit::Px);
   }
   if (!anyPart)  // fixed widths alone share the whole, so that no lane of white is left
-    for (Length& l : lengths)
+    for (Length& l : all.lengths)
       if (l.unit == Length::Unit::Px) l.unit = Length::Unit::Part;
   for (size_t i = 0; i < columns.size(); ++i) {
-    const bool fits = lengths[i].unit == Length::Unit::Fit;
-    fixed.push_back(fits ? measure.width(words(columns[i].title), Style::Key) + 2 * measure.px(kCellInset)
-                    : lengths[i].unit == Length::Unit::Px ? measure.px(lengths[i].n)
-                                                          : 0);
+    const Length& l = all.lengths[i];
+    const bool isPx = l.unit == Length::Unit::Px || !anyPart, hidden = isPx && l.n <= 0;
+    const int titled =
+        hidden ? 0 : measure.width(words(columns[i].title), Style::Key) + 2 * measure.px(kCellInset);
+    const int own = l.unit == Length::Unit::Fit ? titled : isPx ? measure.px(l.n) : 0;
+    all.fixed.push_back(l.unit == Length::Unit::Part ? 0 : own);
+    const int inset = measure.px(2 * (kCellInset.usual - kCellInset.small));
+    // What stretches beside fixed columns is a name or a description.
+    const int narrow = measure.px(columns[i].money ? kMoney : anyPart && anyPx ? kText : kNarrow);
+    all.least.push_back(hidden                        ? 0
+                        : l.least >= 0                ? measure.px(l.least)
+                        : l.unit == Length::Unit::Fit ? own
+                        : isPx                        ? std::max(0, own - inset)
+                        : columns[i].headSpan > 1     ? narrow
+                                                      : std::max(titled, narrow));
   }
-  const std::vector<int> widths = shares(lengths, fixed, std::max(0, width));
+  return all;
+}
+
+}  // namespace
+
+int leastColumnsWidth(const std::vector<GridColumn>& columns, const Measure& measure, unsigned without) {
+  const Widths all = widthsOf(columns, measure, without);
+  return std::accumulate(all.least.begin(), all.least.end(), 0);
+}
+
+std::vector<int> columnEdges(const std::vector<GridColumn>& columns, int width, const Measure& measure,
+                             unsigned without) {
+  Widths all = widthsOf(columns, measure, without);
+  if (measure.small)
+    width = std::max(width, std::accumulate(all.least.begin(), all.least.end(), 0));
+  else
+    all.least.clear();
+  const std::vector<int> widths = shares(all.lengths, all.fixed, all.least, std::max(0, width));
   std::vector<int> edges{0};
   for (const int w : widths) edges.push_back(edges.back() + w);
   return edges;
@@ -105,6 +181,16 @@ Sizes::Sizes(const Screen& screen, const Measure& measure) : screen_(screen), m_
     const ControlSpec& spec = *screen.controls[i]->spec;
     if (spec.over.empty() && !spec.at.group.empty()) members_[spec.at.group].push_back(i);
   }
+  collectLines(screen.spec.layout.bands);
+}
+
+void Sizes::collectLines(const std::vector<Band>& bands) {
+  for (const Band& band : bands)
+    for (const Group& g : band.groups) {
+      if (const Control* grid = ofLines(g) ? gridNamed(g.columnsOf) : nullptr) lines_.insert(grid);
+      if (g.frame == Frame::Keys) strips_.insert(strips_.end(), members(g).begin(), members(g).end());
+      collectLines(g.bands);
+    }
 }
 
 const std::vector<size_t>& Sizes::members(const Group& g) const {
@@ -119,17 +205,30 @@ const Control* Sizes::gridNamed(const std::string& name) const {
   return nullptr;
 }
 
+bool Sizes::isOfLines(const Control& grid) const { return lines_.contains(&grid); }
+
+int Sizes::groupGap(const Band& band) const {
+  const bool wide = std::ranges::any_of(band.groups, roomy);
+  return m_.px(wide ? std::max(gap(), m_.of(kColumnGap)) : gap());
+}
+
 bool Sizes::allHidden(const Group& g) const {
   const auto shown = [this](size_t i) { return screen_.controls[i]->visible; };
   return !members(g).empty() && std::ranges::none_of(members(g), shown);
 }
 
+bool Sizes::chartsAlone(const Band& band) const {
+  const auto chart = [this](size_t i) { return screen_.controls[i]->kind == Kind::Chart; };
+  const auto alone = [&](const Group& g) {
+    return !members(g).empty() && std::ranges::all_of(members(g), chart);
+  };
+  return !band.groups.empty() && std::ranges::all_of(band.groups, alone);
+}
+
 // A chart that is put away leaves its room to the others.
 bool Sizes::folded(const Band& band) const {
-  const auto chart = [this](size_t i) { return screen_.controls[i]->kind == Kind::Chart; };
-  return !band.groups.empty() && std::ranges::all_of(band.groups, [&](const Group& g) {
-    return allHidden(g) && std::ranges::all_of(members(g), chart);
-  });
+  return chartsAlone(band) &&
+         std::ranges::all_of(band.groups, [this](const Group& g) { return allHidden(g); });
 }
 
 int Sizes::rowsOf(const Group& g) const {
@@ -141,40 +240,73 @@ int Sizes::rowsOf(const Group& g) const {
   return rows;
 }
 
-double Sizes::natural(const Group& g) const {
+double Sizes::margin() const {
+  const double own = screen_.spec.layout.margin;
+  const bool dialog = screen_.spec.window == Window::Dialog;
+  return m_.small && !dialog ? std::min(own, kMargin.small) : own;
+}
+
+double Sizes::gap() const {
+  const double own = screen_.spec.layout.gap;
+  return m_.small ? std::min(own, kGap.small) : own;
+}
+
+double Sizes::insetX(const Group& g) const {
+  constexpr double kSmall = 9;
+  if (!framed(g)) return 0;
+  return m_.small ? kSmall : g.pitch == kPitch.usual && g.frame == Frame::Panel ? 11 : 15;
+}
+
+double Sizes::insetY(const Group& g) const { return insetYOf(g, m_.small); }
+double Sizes::cellHeight(const Group& g) const { return cellHeightOf(g, m_.small); }
+double Sizes::pitch(const Group& g) const { return pitchOf(g, m_.small); }
+
+double Sizes::rowHeight(const Group& g) const {
+  const double own = g.pitch < kPitch.usual ? g.pitch : kGridRow.usual;
+  return m_.small ? std::min(own, kGridRow.small) : own;
+}
+
+double Sizes::natural(const Group& g, bool small) const {
+  const auto of = [small](Size s) { return small ? s.small : s.usual; };
   switch (g.frame) {
     case Frame::Heads:
-      return kHeads;
+      return of(kHeads);
     case Frame::Entry:
-      return kEntry;
+      return of(kEntry);
     case Frame::Keys:
-      return kKeys;
+      return of(kKeys);
     case Frame::Buttons:
-      return kButtonBand;
+      return of(kButtonBand);
     case Frame::Column: {
-      const size_t n = members(g).size();
-      return n == 0 ? 0 : static_cast<double>(n) * kButtonPitch - (kButtonPitch - kButton);
+      const auto n = static_cast<double>(members(g).size());
+      return n == 0 ? 0 : (n - 1) * of(kButtonPitch) + of(kButton);
     }
     default:
       break;
   }
-  const double inside = g.bands.empty() ? 0 : natural(g.bands);
+  const double inside = g.bands.empty() ? 0 : natural(g.bands, small);
   const int rows = rowsOf(g);
-  const double own = rows == 0 ? 0 : (rows - 1) * g.pitch + cellHeight(g);
-  return std::max(inside, own) + 2 * insetY(g);
+  const double own = rows == 0 ? 0 : (rows - 1) * pitchOf(g, small) + cellHeightOf(g, small);
+  return std::max(inside, own) + 2 * insetYOf(g, small);
 }
 
-double Sizes::natural(const Band& band) const {
-  if (band.height.unit == Length::Unit::Px) return band.height.n;
-  double most = 0;
-  for (const Group& g : band.groups) most = std::max(most, natural(g));
-  return most;
+// On a small window a fixed height loses what its contents do.
+double Sizes::natural(const Band& band, bool small) const {
+  const auto most = [&](bool ofSmall) {
+    double height = 0;
+    for (const Group& g : band.groups) height = std::max(height, natural(g, ofSmall));
+    return height;
+  };
+  if (band.height.unit != Length::Unit::Px) return most(small);
+  if (!small) return band.height.n;
+  if (chartsAlone(band)) return std::min(band.height.n, kPicture.small);
+  return band.height.n - std::max(0.0, most(false) - most(true));
 }
 
-double Sizes::natural(const std::vector<Band>& bands) const {
+double Sizes::natural(const std::vector<Band>& bands, bool small) const {
   double sum = 0;
   for (size_t i = 0; i < bands.size(); ++i)
-    sum += natural(bands[i]) + (i > 0 ? gapBetween(bands[i - 1], bands[i]) : 0);
+    sum += natural(bands[i], small) + (i > 0 ? gapBetween(bands[i - 1], bands[i]) : 0);
   return sum;
 }
 
@@ -206,16 +338,15 @@ double Sizes::gapBetween(const Band& above, const Band& below) const {
   const auto has = [](const Band& b, auto test) { return std::ranges::any_of(b.groups, test); };
   const auto buttons = [](const Group& g) { return g.frame == Frame::Buttons; };
   const auto free = [](const Group& g) { return roomy(g) && framed(g); };
-  if (has(below, buttons)) return kGap;
-  if (std::ranges::all_of(above.groups, [this](const Group& g) { return isSectionHead(g); })) return kHeadGap;
-  const double gap = screen_.spec.layout.gap;
-  return has(above, free) && has(below, free) ? std::max(gap, kRoomyGap) : gap;
+  if (has(below, buttons)) return m_.of(kGap);
+  if (std::ranges::all_of(above.groups, [this](const Group& g) { return isSectionHead(g); }))
+    return m_.of(kHeadGap);
+  return has(above, free) && has(below, free) ? std::max(gap(), m_.of(kRoomyGap)) : gap();
 }
 
 int Sizes::dialogHeight() const {
-  const Layout& layout = screen_.spec.layout;
-  const double inside = natural(layout.bands) + layout.margin * 1.5;
-  return m_.px(inside + 2 * kDialogFrame + kDialogTitle);
+  const double inside = natural(screen_.spec.layout.bands, m_.small) + margin() * 1.5;
+  return m_.px(inside + 2 * m_.of(kDialogFrame) + m_.of(kDialogTitle));
 }
 
 int Sizes::fitWidth(const Group& g) const {

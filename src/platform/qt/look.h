@@ -17,13 +17,16 @@ class Look {
  public:
   enum class Face { Plain, Strong, Strip, Section, Head, Company, Figure, Amount };
 
-  // One for each step of the scale; it stays to the end of the program.
-  static const Look& at(double scale);
+  // One for each step of the scale, and one for small windows; it stays to the end of the program.
+  static const Look& at(double scale, bool small = false);
   Look(const Look&) = delete;
   Look& operator=(const Look&) = delete;
 
   double scale() const { return scale_; }
+  bool small() const { return measure_.small; }
   int px(double n) const { return measure_.px(n); }
+  int px(layout::Size s) const { return measure_.px(s); }
+  double of(layout::Size s) const { return measure_.of(s); }
   const QFont& font(Face face) const { return fonts_[static_cast<size_t>(face)]; }
   const QFontMetrics& metrics(Face face) const { return metrics_[static_cast<size_t>(face)]; }
   QFont sized(Face face, double points) const;
@@ -33,7 +36,7 @@ class Look {
   static QColor inkOf(Style style);
 
  private:
-  explicit Look(double scale);
+  Look(double scale, bool small);
 
   double scale_;
   std::array<QFont, 8> fonts_;

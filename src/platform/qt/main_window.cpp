@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QTimer>
 
 #include "base/words.h"
 #include "platform/qt/icons.h"
@@ -11,8 +12,8 @@
 
 namespace {
 
-// The smallest work area in which every field of every screen is in view.
-constexpr int kLeastWidth = 1366, kLeastHeight = 690;
+// A window may be made narrower than any screen wants, which then scrolls.
+constexpr int kLeastWidth = 480, kLeastHeight = 320;
 
 }  // namespace
 
@@ -54,19 +55,35 @@ QRect MainWindow::room() const { return view_->geometry(); }
 void MainWindow::rescale() {
   if (splash()) return;
   const QSize whole = frameGeometry().size().expandedTo(size());
-  const double scale = layout::scaleFor(whole.width(), whole.height());
-  if (scale == look_->scale()) return;
-  look_ = &Look::at(scale);
+  const Look& look =
+      Look::at(layout::scaleFor(whole.width(), whole.height()), layout::isSmall(width(), height()));
+  if (&look == look_) return;
+  look_ = &look;
   menuBar_->dressFor(*look_);
+}
+
+// No frame is larger than its screen or has its title above the edge: what a window manager gives back
+// when it is no longer maximized is made to fit, with some of the desktop in sight.
+void MainWindow::fitScreen() {
+  if (splash() || !isVisible() || windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) return;
+  const QRect work = QWidget::screen()->availableGeometry(), frame = frameGeometry();
+  if (frame.top() >= work.top() && frame.width() <= work.width() && frame.height() <= work.height()) return;
+  constexpr int kShare = 16;
+  const QRect inside = work.adjusted(work.width() / kShare, work.height() / kShare, -work.width() / kShare,
+                                     -work.height() / kShare);
+  const QSize border = frame.size() - size();
+  resize(inside.size() - border);
+  move(inside.topLeft());
 }
 
 void MainWindow::placeParts() {
   using namespace layout::size;
   const bool menus = !screen_.menus.empty(), tools = !screen_.tools.empty();
   const int menu = menus ? look_->px(kMenuBar) : 0, tool = tools ? look_->px(kToolBar) : 0;
+  toolsShown_ = tools;
   const int status = screen_.panels.empty() ? 0 : look_->px(kStatusBar);
   menuBar_->setVisible(menus);
-  toolBar_->setVisible(tools);
+  toolBar_->setVisible(tool > 0);  // a small window has no tools; the menus have their entries
   statusBar_->setVisible(status > 0);
   menuBar_->setGeometry(0, 0, width(), menu);
   toolBar_->setGeometry(0, menu, width(), tool);
@@ -76,11 +93,16 @@ void MainWindow::placeParts() {
 
 void MainWindow::syncBars(const std::string& hint) {
   setWindowTitle(QString::fromStdString(words(screen_.caption)));
-  if (menuBar_->isHidden() != screen_.menus.empty() || toolBar_->isHidden() != screen_.tools.empty())
-    placeParts();
+  if (menuBar_->isHidden() != screen_.menus.empty() || toolsShown_ == screen_.tools.empty()) placeParts();
   menuBar_->sync(screen_.menus);
   toolBar_->sync(screen_.tools, *look_);
   statusBar_->sync(screen_.panels, hint, *look_);
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  constexpr int kSettled = 150;  // milliseconds in which the frame comes to its place
+  if (event->type() == QEvent::WindowStateChange) QTimer::singleShot(kSettled, this, [this] { fitScreen(); });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

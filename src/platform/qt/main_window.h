@@ -34,6 +34,7 @@ class MainWindow : public QWidget {
   QRect room() const;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent*) override;
   void paintEvent(QPaintEvent*) override;
@@ -41,6 +42,7 @@ class MainWindow : public QWidget {
  private:
   bool splash() const;
   void rescale();
+  void fitScreen();
   void placeParts();
 
   Screen& screen_;
@@ -50,4 +52,5 @@ class MainWindow : public QWidget {
   ToolBar* toolBar_;
   StatusBar* statusBar_;
   ScreenView* view_;
+  bool toolsShown_ = false;
 };

@@ -104,7 +104,7 @@ bool QtHost::keyDown(const QKeyEvent& event) {
   }
   if (!text.empty())
     guarded([&] { type(text); });
-  else if (key.code != KeyCode::None && !menuLetter(key))
+  else if (key.code != KeyCode::None && !menuLetter(key) && !scrollsAcross(key))
     guarded([&] { this->key(key); });
   return true;
 }
@@ -114,6 +114,16 @@ bool QtHost::menuLetter(const Key& key) {
   if (!key.alt || key.ctrl || key.code != KeyCode::Char || !window_ || top() != &window_->screen())
     return false;
   return window_->menus().openByLetter(key.ch);
+}
+
+// Left and Right on a grid that is wider than its place, where the screen has nothing of its own for them.
+bool QtHost::scrollsAcross(const Key& key) {
+  if (key.code != KeyCode::Left && key.code != KeyCode::Right) return false;
+  Screen* const screen = top();
+  const Control* const grid = screen ? screen->focused() : nullptr;
+  if (!grid || grid->kind != Kind::Grid || !window_) return false;
+  if (!key.shift && screen->rule(grid, key)) return false;
+  return viewOf(*screen).across(*grid, key.code == KeyCode::Left ? -1 : 1);
 }
 
 bool QtHost::reaches(const Screen& screen) const { return boxes_.empty() && top() == &screen; }

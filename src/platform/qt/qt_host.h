@@ -101,6 +101,7 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
   void send(QEvent::Type type, const keyboard::Raw& raw);
   bool keyDown(const QKeyEvent& event);
   bool menuLetter(const Key& key);
+  bool scrollsAcross(const Key& key);
   QWidget& boxParent();
   void showBare(BoxPanel& panel);
   std::unique_ptr<BoxPanel> answered(BoxPanel::Words words);

@@ -213,8 +213,8 @@ int LabelView::insetOf(Qt::Alignment side) const {
     case Frame::Entry:
       return look_->px(layout::size::kCellInset);
     case Frame::Keys:
-      if (side == Qt::AlignLeft) return look_->px(layout::size::kCellInset + 2);
-      return shown_.style == Style::Quiet ? 0 : look_->px(layout::size::kCellInset - 1);
+      if (side == Qt::AlignLeft) return look_->px(look_->of(layout::size::kCellInset) + 2);
+      return shown_.style == Style::Quiet ? 0 : look_->px(look_->of(layout::size::kCellInset) - 1);
     case Frame::Buttons:
       return look_->px(6);
     default:

@@ -19,21 +19,22 @@
 namespace {
 
 struct FaceRow {
-  double points;
+  double points;  // of the usual window
   QFont::Weight weight;
+  double small;  // of a small one
 };
 
 // In the order of Look::Face.
 constexpr std::array<FaceRow, 8> kFaces{
     {
-     {11, QFont::Normal},
-     {11, QFont::DemiBold},
-     {12, QFont::Bold},
-     {12, QFont::DemiBold},
-     {15, QFont::DemiBold},
-     {17, QFont::Bold},
-     {20, QFont::Bold},
-     {24, QFont::Bold},
+     {11, QFont::Normal, 11},
+     {11, QFont::DemiBold, 11},
+     {12, QFont::Bold, 12},
+     {12, QFont::DemiBold, 12},
+     {15, QFont::DemiBold, 15},
+     {17, QFont::Bold, 15},
+     {20, QFont::Bold, 17},
+     {24, QFont::Bold, 20},
      }
 };
 
@@ -56,8 +57,8 @@ QFont fontOf(double points, QFont::Weight weight, double scale) {
 }
 
 template <size_t... I>
-std::array<QFont, 8> allFonts(double scale, std::index_sequence<I...>) {
-  return {fontOf(kFaces[I].points, kFaces[I].weight, scale)...};
+std::array<QFont, 8> allFonts(double scale, bool small, std::index_sequence<I...>) {
+  return {fontOf(small ? kFaces[I].small : kFaces[I].points, kFaces[I].weight, scale)...};
 }
 
 template <size_t... I>
@@ -88,11 +89,12 @@ QString hex(QRgb colour) { return QColor(colour).name(); }
 
 }  // namespace
 
-Look::Look(double scale)
+Look::Look(double scale, bool small)
     : scale_(scale),
-      fonts_(allFonts(scale, std::make_index_sequence<8>{})),
+      fonts_(allFonts(scale, small, std::make_index_sequence<8>{})),
       metrics_(allMetrics(fonts_, std::make_index_sequence<8>{})) {
   measure_.scale = scale;
+  measure_.small = small;
   measure_.width = [this](const std::string& text, Style style) {
     const auto face = static_cast<size_t>(faceOf(style));
     const auto [at, fresh] = widths_[face].try_emplace(text, 0);
@@ -101,10 +103,10 @@ Look::Look(double scale)
   };
 }
 
-const Look& Look::at(double scale) {
-  static std::map<double, std::unique_ptr<Look>> looks;
-  std::unique_ptr<Look>& look = looks[scale];
-  if (!look) look.reset(new Look(scale));
+const Look& Look::at(double scale, bool small) {
+  static std::map<std::pair<double, bool>, std::unique_ptr<Look>> looks;
+  std::unique_ptr<Look>& look = looks[{scale, small}];
+  if (!look) look.reset(new Look(scale, small));
   return *look;
 }
 
@@ -180,14 +182,15 @@ void dress(QApplication& application) {
 QString menuSheet(const Look& look) {
   using namespace palette;
   const auto n = [&](double pixels) { return QString::number(look.px(pixels)) + "px"; };
+  const double above = look.small() ? 2 : 5, below = look.small() ? 1 : 2;
   return QString(
              "QMenuBar { background: %1; border: none; border-bottom: 1px solid %2; padding-left: %3; "
              "spacing: 0; }"
              "QMenuBar::item { background: transparent; color: %4; padding: %5 %9 %10 %6; }"
              "QMenuBar::item:selected { background: %7; color: white; }"
              "QMenuBar::item:disabled { color: %8; background: transparent; }")
-             .arg(hex(kMenu), hex(kPanelLine), n(4), hex(kInk), n(5), n(14), hex(kAccent), hex(kOffText),
-                  n(13), n(2)) +
+             .arg(hex(kMenu), hex(kPanelLine), n(4), hex(kInk), n(above), n(14), hex(kAccent), hex(kOffText),
+                  n(13), n(below)) +
          QString(
              "QMenu { background: %1; border: 1px solid %2; padding: %3 0; }"
              "QMenu::item { color: %4; padding: %5 %6 %5 %7; }"
