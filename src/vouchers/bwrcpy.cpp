@@ -19,6 +19,7 @@ namespace {
 
 constexpr const char* kConfirm = english("Mirav Confirmation Message");
 constexpr const char* kCheck = english("Mirav Check");
+constexpr const char* kAdding = english("{title} : ADD MODE");
 constexpr const char* kRestHint = english("Press Add Button to Enter New Voucher");
 constexpr Bgr kOkColour = 0xFFF0F0, kSecondColour = 0xFFD0D0;
 
@@ -115,13 +116,17 @@ void bwrcpy::video() {
 
 // Modes
 
-void bwrcpy::begin(const std::string& newMode, const std::string& pattern) {
+void bwrcpy::setMode(const std::string& newMode, const std::string& pattern) {
   mode = newMode;
   const std::string title = words(kind_.words.title);
   caption = pattern.empty() ? title : words(pattern, "title", title);
   escMeans = mode.empty() ? english("Esc = Close")
              : entering() ? english("Esc = Cancel and Exit")
                           : english("Esc = Cancel");
+}
+
+void bwrcpy::begin(const std::string& newMode, const std::string& pattern) {
+  setMode(newMode, pattern);
   loaded_ = 0;
   clearFields();
   at(kAccount).enabled = false;
@@ -134,7 +139,7 @@ void bwrcpy::begin(const std::string& newMode, const std::string& pattern) {
 }
 
 void bwrcpy::add() {
-  begin("ADD", english("{title} : ADD MODE"));
+  begin("ADD", kAdding);
   put(kNumber, lastVoucher(data(), kind_).number + 1);
   placeDefaults();
   focusUnchecked(at(kDate));
@@ -222,6 +227,8 @@ Go bwrcpy::number() {
 
 Go bwrcpy::enterNumber() {
   const double n = value(kNumber);
+  // Read first: what changes in between is told too often, never too seldom.
+  std::string rows = asStored(data(), kind_, n);
   const auto found = findMoneyVoucher(data(), kind_, n);
   if (mode == "ADD" && !isVoucherNumber(n)) {
     host.message(kNoVoucherNumber);
@@ -237,12 +244,13 @@ Go bwrcpy::enterNumber() {
     return notFound(mode == "EDIT"  ? english("VOUCHER DOES NOT EXISTS")
                     : mode == "DEL" ? english("PARTY DOES NOT EXIST")
                                     : english("VOUCHER DOES NOT EXIST"));
+  asLoaded_ = std::move(rows);
   showVoucher(*found);
   if (mode == "EDIT") focus(at(kDate));
-  if (mode == "DEL") {
-    if (host.ask("ARE YOU SURE", kConfirm)) remove(n);
-    clearFields();
-  }
+  // One that was changed while the question stood is shown as it is now, and asked about again.
+  if (mode == "DEL" && host.ask("ARE YOU SURE", kConfirm) && !remove(n) && isStored(data(), kind_, n))
+    return enterNumber();
+  if (mode == "DEL") clearFields();
   return Go::Stay;
 }
 
@@ -261,9 +269,11 @@ void bwrcpy::showVoucher(const Row& v) {
   loaded_ = v.number("VOUCH_NO");
 }
 
-void bwrcpy::remove(double number) {
-  deleteMoneyVoucher(data(), kind_, number);
+bool bwrcpy::remove(double number) {
+  const bool removed = deleteMoneyVoucher(data(), kind_, number, Saving::over(asLoaded_));
+  if (!removed) host.message(meanwhileWords(data(), kind_, number), kMessageTitle);
   showList();
+  return removed;
 }
 
 // Fields
@@ -436,16 +446,44 @@ void bwrcpy::update() {
     focus(at(kAmount));
     return;
   }
-  host.busy(true);
-  const bool saved = saveMoneyVoucher(data(), kind_, writtenFields(Part::Head),
-                                      mode == "ADD" ? Saving::Fresh : Saving::Again);
-  host.busy(false);
-  if (!saved) {
-    const std::string taken = text(kNumber);
-    put(kNumber, lastVoucher(data(), kind_).number + 1);
-    host.message(takenWords(taken, text(kNumber)));
-    return;
+  store();
+}
+
+void bwrcpy::store() {
+  const bool fresh = mode == "ADD";
+  bool written = false;
+  {
+    const Busy busy(host);
+    written = saveMoneyVoucher(data(), kind_, writtenFields(Part::Head),
+                               fresh ? Saving::Fresh : Saving::over(asLoaded_));
   }
+  if (written)
+    saved();
+  else if (fresh)
+    takeNextNumber();
+  else
+    changedMeanwhile();
+}
+
+void bwrcpy::takeNextNumber() {
+  const std::string taken = text(kNumber);
+  put(kNumber, lastVoucher(data(), kind_).number + 1);
+  host.message(takenWords(taken, text(kNumber)));
+}
+
+// What was changed is shown as it stands; what was deleted comes back when that is meant alone.
+void bwrcpy::changedMeanwhile() {
+  const double n = value(kNumber);
+  if (isStored(data(), kind_, n)) {
+    host.message(meanwhileWords(data(), kind_, n), kMessageTitle);
+    enterNumber();
+  } else if (host.ask(askedOfDeleted(n), kConfirm)) {
+    setMode("ADD", kAdding);
+    store();
+  }
+}
+
+void bwrcpy::saved() {
   mode.clear();
   caption = kind_.words.title;
   if (drilledDown_) {

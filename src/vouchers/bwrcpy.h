@@ -59,12 +59,17 @@ class bwrcpy : public ChildScreen {
   void leaveAccount();
   void openRow();
 
+  void setMode(const std::string& newMode, const std::string& pattern);
   void begin(const std::string& newMode, const std::string& pattern);
   void rest();
   Go enterNumber();
   Go notFound(const std::string& refusal);
   void showVoucher(const Row& voucher);
-  void remove(double number);
+  bool remove(double number);
+  void store();
+  void takeNextNumber();
+  void changedMeanwhile();
+  void saved();
   // Shows an account's name and balance beside its code; false when there is none with a name.
   bool showAccount(const Side& side);
   bool sameCodes() const;
@@ -81,6 +86,7 @@ class bwrcpy : public ChildScreen {
   const VoucherKind& kind_;
   std::string accountBefore_;  // what Cash / Bank held when it was opened
   PeriodTest period_;
-  double loaded_ = 0;  // number of the voucher that is shown for a change
+  double loaded_ = 0;     // number of the voucher that is shown for a change
+  std::string asLoaded_;  // and how it stood then
   bool drilledDown_ = false;
 };

@@ -57,12 +57,12 @@ std::vector<LedgerRow> ledgerRows(const VoucherKind& kind, const Fields& challan
 }  // namespace
 
 bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, const SaveStamp& stamp,
-                 Saving how) {
+                 const Saving& how) {
   const double number = valueOf(challan, "VOUCH_NO").number();
   const Date date = valueOf(challan, "VOUCH_DT").date().value();
   Transaction all(db);
-  if (how == Saving::Fresh && isStored(db, kind, number)) return false;
-  const std::string partyBefore = storedParty(db, kind, number);
+  if (!how.finds(db, kind, number)) return false;
+  const auto partyBefore = storedParty(db, kind, number);
   deleteVoucher(db, kind, number);
   insertRow(db, "CHLN", headRow(kind, challan, stamp));
   db.exec("UPDATE T_CHLNITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
@@ -73,8 +73,8 @@ bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, c
               " ORDER BY SR_NO",
           number, kind.code, kMiscItem);
   postVoucher(db, {number, date, kind.code}, ledgerRows(kind, challan));
-  if (how == Saving::Again)
-    for (const std::string& party : {partyBefore, trim(valueOf(challan, "PARTY_CD").text())})
+  if (partyBefore)
+    for (const std::string& party : {*partyBefore, trim(valueOf(challan, "PARTY_CD").text())})
       RebuildOneBalance(db, party);
   all.commit();
   return true;

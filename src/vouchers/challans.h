@@ -13,10 +13,10 @@
 // all. A challan stands in its party's ledger like a bill, and a bill made for the same goods posts
 // again: nothing nets the two. No step of the system turns a challan into a bill.
 
-// False when a fresh challan's number is taken; nothing has changed then. The party is not looked at.
-// The ledger takes the challan's number as it was typed, the head its figure.
+// False when something else stands under the number than is expected; nothing has changed then. The party is
+// not looked at. The ledger takes the challan's number as it was typed, the head its figure.
 bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, const SaveStamp& stamp,
-                 Saving how);
+                 const Saving& how);
 
 std::optional<Row> findChallan(Database& db, const VoucherKind& kind, double number);
 // Puts the stored lines into the emptied work table, with the items' names of today.

@@ -22,30 +22,29 @@ std::vector<WorkLines::Shown> shownColumns(const VoucherKind& kind) {
 FRMCHLN::FRMCHLN(Host& theHost, const VoucherKind& kind)
     : VoucherScreen(theHost, table(), kind, shownColumns(kind)) {
   wire(*this, {
-                  {kNumber,          KeyCode::Enter,  &FRMCHLN::voucherNumber  },
-                  {kDate,            KeyCode::Enter,  &FRMCHLN::voucherDate    },
-                  {kParty,           KeyCode::Enter,  &FRMCHLN::party          },
-                  {kChallanType,     KeyCode::Enter,  &FRMCHLN::challanType    },
-                  {kChallanNumber,   KeyCode::Enter,  &FRMCHLN::challanNumber  },
-                  {kItem,            KeyCode::Enter,  &FRMCHLN::item           },
-                  {kItem,            KeyCode::Insert, &FRMCHLN::newItem        },
-                  {kItem,            KeyCode::Down,   &FRMCHLN::lineDown       },
-                  {kItem,            KeyCode::Up,     &FRMCHLN::lineUp         },
-                  {kItem,            KeyCode::PgDn,   &FRMCHLN::endLines       },
-                  {kItem,            KeyCode::F10,    &FRMCHLN::deleteLine     },
-                  {kItemName,        On::Leave,       &FRMCHLN::keepFreeName   },
-                  {kUnit,            KeyCode::Enter,  &FRMCHLN::unit           },
-                  {kUnit,            KeyCode::Down,   &FRMCHLN::lineDown       },
-                  {kUnit,            KeyCode::Up,     &FRMCHLN::lineUp         },
-                  {kQuantity,        KeyCode::Enter,  &FRMCHLN::quantity       },
-                  {kRate,            KeyCode::Enter,  &FRMCHLN::rate           },
-                  {kRate,            On::Focus,       &FRMCHLN::rateHints      },
-                  {kDiscountPercent, KeyCode::Enter,  &FRMCHLN::discountPercent},
-                  {kDiscountAmount,  KeyCode::Enter,  &FRMCHLN::showTotal      },
-                  {kCharges,         KeyCode::Enter,  &FRMCHLN::showTotal      },
-                  {kDestination,     KeyCode::Enter,  &FRMCHLN::destination    },
-                  {kDestination,     KeyCode::Tab,    &FRMCHLN::lastTab        },
-                  {"CMDSAVE",        On::Click,       &FRMCHLN::save           },
+                  {kNumber,          KeyCode::Enter,  &FRMCHLN::voucherNumber   },
+                  {kDate,            KeyCode::Enter,  &FRMCHLN::voucherDate     },
+                  {kParty,           KeyCode::Enter,  &FRMCHLN::party           },
+                  {kChallanType,     KeyCode::Enter,  &FRMCHLN::challanType     },
+                  {kChallanNumber,   KeyCode::Enter,  &FRMCHLN::checkPaperNumber},
+                  {kItem,            KeyCode::Enter,  &FRMCHLN::item            },
+                  {kItem,            KeyCode::Insert, &FRMCHLN::newItem         },
+                  {kItem,            KeyCode::Down,   &FRMCHLN::lineDown        },
+                  {kItem,            KeyCode::Up,     &FRMCHLN::lineUp          },
+                  {kItem,            KeyCode::PgDn,   &FRMCHLN::endLines        },
+                  {kItem,            KeyCode::F10,    &FRMCHLN::deleteLine      },
+                  {kItemName,        On::Leave,       &FRMCHLN::keepFreeName    },
+                  {kUnit,            KeyCode::Enter,  &FRMCHLN::unit            },
+                  {kUnit,            KeyCode::Down,   &FRMCHLN::lineDown        },
+                  {kUnit,            KeyCode::Up,     &FRMCHLN::lineUp          },
+                  {kQuantity,        KeyCode::Enter,  &FRMCHLN::quantity        },
+                  {kRate,            KeyCode::Enter,  &FRMCHLN::rate            },
+                  {kRate,            On::Focus,       &FRMCHLN::rateHints       },
+                  {kDiscountPercent, KeyCode::Enter,  &FRMCHLN::discountPercent },
+                  {kDiscountAmount,  KeyCode::Enter,  &FRMCHLN::showTotal       },
+                  {kCharges,         KeyCode::Enter,  &FRMCHLN::showTotal       },
+                  {kDestination,     KeyCode::Enter,  &FRMCHLN::destination     },
+                  {kDestination,     KeyCode::Tab,    &FRMCHLN::lastTab         },
   });
   wireLookups(lookups(kind));
 }
@@ -98,7 +97,7 @@ void FRMCHLN::renumber() {
   if (at(kChallanNumber).given) put(kChallanNumber, nextChallanNumber(data(), kind_, trimmed(kChallanType)));
 }
 
-Go FRMCHLN::challanNumber() {
+Go FRMCHLN::checkPaperNumber() {
   if (trimmed(kChallanNumber).empty()) {
     host.message("Can Not Accept Blank");
     return Go::Stay;
@@ -130,15 +129,8 @@ void FRMCHLN::sumAgain() {
 
 // Saving and loading
 
-void FRMCHLN::save() {
-  if (!readyToSave()) return;
-  if (value(kNumber) == 0 || !date(kDate)) {
-    host.message("Invalid Entry", kCheck);
-    return;
-  }
-  store([this](const SaveStamp& stamp, Saving how) {
-    return saveChallan(data(), kind_, writtenFields(Part::Head), stamp, how);
-  });
+bool FRMCHLN::write(const SaveStamp& stamp, const Saving& how) {
+  return saveChallan(data(), kind_, writtenFields(Part::Head), stamp, how);
 }
 
 SavedMessage FRMCHLN::closingMessage() const {

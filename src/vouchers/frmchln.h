@@ -21,6 +21,9 @@ class FRMCHLN : public VoucherScreen {
   void sumAgain() override;
   std::vector<FieldName> lineInputs() const override { return {fields::kQuantity, fields::kRate}; }
   bool figureLine() override;
+  bool write(const SaveStamp& stamp, const Saving& how) override;
+  FieldName paperNumber() const override { return fields::kChallanNumber; }
+  Go checkPaperNumber() override;
   void renumber() override;
   std::string tutorial() const override;
   SavedMessage closingMessage() const override;
@@ -34,7 +37,6 @@ class FRMCHLN : public VoucherScreen {
   Go voucherDate() { return date(fields::kDate) ? Go::On : Go::Stay; }
   Go party();
   Go challanType();
-  Go challanNumber();
   Go item();
   Go unit();
   Go quantity();
@@ -42,7 +44,6 @@ class FRMCHLN : public VoucherScreen {
   void discountPercent();
   void showTotal();
   Go destination() { return toSave(); }
-  void save();
 
   void showParty(const AccountFacts& party);
   void rateHints();

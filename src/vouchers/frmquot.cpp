@@ -26,31 +26,31 @@ FRMQUOT::FRMQUOT(Host& theHost, const Opening& opening)
     : VoucherScreen(theHost, table(), quotationKind(opening.entryType),
                     shownColumns(quotationKind(opening.entryType))) {
   wire(*this, {
-                  {kNumber,     KeyCode::Enter,  &FRMQUOT::voucherNumber  },
-                  {kDate,       KeyCode::Enter,  &FRMQUOT::voucherDate    },
-                  {kParty,      KeyCode::Enter,  &FRMQUOT::party          },
-                  {kItem,       KeyCode::Enter,  &FRMQUOT::item           },
-                  {kItem,       KeyCode::Insert, &FRMQUOT::newItem        },
-                  {kItem,       Key::Ctrl('I'),  &FRMQUOT::newItem        },
-                  {kItem,       KeyCode::Down,   &FRMQUOT::lineDown       },
-                  {kItem,       KeyCode::Up,     &FRMQUOT::lineUp         },
-                  {kItem,       KeyCode::PgDn,   &FRMQUOT::endLines       },
-                  {kItem,       KeyCode::F10,    &FRMQUOT::dropLine       },
-                  {kItemName,   KeyCode::Enter,  &FRMQUOT::itemName       },
-                  {kUnit,       KeyCode::Enter,  &FRMQUOT::unit           },
-                  {kQuantity,   KeyCode::Enter,  &FRMQUOT::quantity       },
-                  {kRate,       KeyCode::Enter,  &FRMQUOT::figure         },
-                  {kRate,       KeyCode::F4,     &FRMQUOT::earlierSalesKey},
-                  {kDiscount,   KeyCode::Enter,  &FRMQUOT::discount       },
-                  {kCgstRate,   KeyCode::Enter,  &FRMQUOT::valueLine      },
-                  {kCgstAmount, KeyCode::Enter,  &FRMQUOT::valueLine      },
-                  {kSgstRate,   KeyCode::Enter,  &FRMQUOT::valueLine      },
-                  {kSgstAmount, KeyCode::Enter,  &FRMQUOT::valueLine      },
-                  {kIgstRate,   KeyCode::Enter,  &FRMQUOT::valueLine      },
-                  {kIgstAmount, KeyCode::Enter,  &FRMQUOT::lastTax        },
-                  {kSubjectTo,  KeyCode::Enter,  &FRMQUOT::lastTerm       },
-                  {kSubjectTo,  KeyCode::Tab,    &FRMQUOT::lastTab        },
-                  {"CMDSAVE",   On::Click,       &FRMQUOT::save           },
+                  {kNumber,     KeyCode::Enter,  &FRMQUOT::voucherNumber   },
+                  {kDate,       KeyCode::Enter,  &FRMQUOT::voucherDate     },
+                  {kParty,      KeyCode::Enter,  &FRMQUOT::party           },
+                  {kReference,  KeyCode::Enter,  &FRMQUOT::checkPaperNumber},
+                  {kItem,       KeyCode::Enter,  &FRMQUOT::item            },
+                  {kItem,       KeyCode::Insert, &FRMQUOT::newItem         },
+                  {kItem,       Key::Ctrl('I'),  &FRMQUOT::newItem         },
+                  {kItem,       KeyCode::Down,   &FRMQUOT::lineDown        },
+                  {kItem,       KeyCode::Up,     &FRMQUOT::lineUp          },
+                  {kItem,       KeyCode::PgDn,   &FRMQUOT::endLines        },
+                  {kItem,       KeyCode::F10,    &FRMQUOT::deleteLine      },
+                  {kItemName,   KeyCode::Enter,  &FRMQUOT::itemName        },
+                  {kUnit,       KeyCode::Enter,  &FRMQUOT::unit            },
+                  {kQuantity,   KeyCode::Enter,  &FRMQUOT::quantity        },
+                  {kRate,       KeyCode::Enter,  &FRMQUOT::figure          },
+                  {kRate,       KeyCode::F4,     &FRMQUOT::earlierSalesKey },
+                  {kDiscount,   KeyCode::Enter,  &FRMQUOT::discount        },
+                  {kCgstRate,   KeyCode::Enter,  &FRMQUOT::valueLine       },
+                  {kCgstAmount, KeyCode::Enter,  &FRMQUOT::valueLine       },
+                  {kSgstRate,   KeyCode::Enter,  &FRMQUOT::valueLine       },
+                  {kSgstAmount, KeyCode::Enter,  &FRMQUOT::valueLine       },
+                  {kIgstRate,   KeyCode::Enter,  &FRMQUOT::valueLine       },
+                  {kIgstAmount, KeyCode::Enter,  &FRMQUOT::lastTax         },
+                  {kSubjectTo,  KeyCode::Enter,  &FRMQUOT::lastTerm        },
+                  {kSubjectTo,  KeyCode::Tab,    &FRMQUOT::lastTab         },
   });
   // Not every company-year keeps narrations.
   const bool narrations = CheckTable("NARRATN");
@@ -117,6 +117,18 @@ Go FRMQUOT::party() {
   return Go::On;
 }
 
+// An offer may do without one.
+Go FRMQUOT::checkPaperNumber() {
+  const std::string reference = trimmed(kReference);
+  if (reference.empty() || !isDuplicateReference(data(), kind_, reference, value(kNumber))) return Go::On;
+  host.message("Duplicate Ref No Not Allowed");
+  return Go::Stay;
+}
+
+void FRMQUOT::renumber() {
+  if (at(kReference).given) put(kReference, nextReference(data(), kind_));
+}
+
 std::optional<AccountFacts> FRMQUOT::acceptParty() {
   const auto account = findAccount(kParty, kPartyName, kMessageTitle);
   if (!account) return account;
@@ -133,11 +145,8 @@ void FRMQUOT::clearHead() {
 
 // Saving and loading
 
-void FRMQUOT::save() {
-  if (!readyToSave()) return;
-  store([this](const SaveStamp& stamp, Saving how) {
-    return saveQuotation(data(), kind_, writtenFields(Part::Head), stamp, how);
-  });
+bool FRMQUOT::write(const SaveStamp& stamp, const Saving& how) {
+  return saveQuotation(data(), kind_, writtenFields(Part::Head), stamp, how);
 }
 
 SavedMessage FRMQUOT::closingMessage() const {

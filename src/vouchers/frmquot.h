@@ -28,6 +28,10 @@ class FRMQUOT : public VoucherScreen {
   void sumAgain() override;
   std::vector<FieldName> lineInputs() const override;
   bool figureLine() override;
+  bool write(const SaveStamp& stamp, const Saving& how) override;
+  FieldName paperNumber() const override { return fields::kReference; }
+  Go checkPaperNumber() override;
+  void renumber() override;
   bool needsUnit() const override { return false; }
   FieldName afterLines() const override { return fields::kValidity; }
   std::string tutorial() const override;
@@ -50,14 +54,12 @@ class FRMQUOT : public VoucherScreen {
   Go discount();
   Go lastTax();
   Go lastTerm() { return toSave(); }
-  void save();
 
   std::optional<AccountFacts> acceptParty();
   void fillRates(const std::optional<double>& rateOfTax);
   void fillRate(double rate);
   void fillFromUnit();
   void valueLine();
-  void dropLine();
   void earlierSalesKey();
 
   std::string party_;  // the one accepted last

@@ -126,13 +126,6 @@ Fields FRMQUOT::lineFields() {
   return line;
 }
 
-// What is offered no more is not in the totals either.
-void FRMQUOT::dropLine() {
-  const size_t before = lines_->count();
-  deleteLine();
-  if (lines_->count() != before) sumAgain();
-}
-
 void FRMQUOT::sumAgain() {
   for (const FieldName total : kTotals) put(total, "");
   sumLines();

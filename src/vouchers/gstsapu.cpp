@@ -34,7 +34,7 @@ GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind)
                   {kParty,       KeyCode::Enter,  &GSTSAPU::party           },
                   {kShipTo,      KeyCode::Enter,  &GSTSAPU::shipTo          },
                   {kBillType,    KeyCode::Enter,  &GSTSAPU::billType        },
-                  {kBillNumber,  KeyCode::Enter,  &GSTSAPU::billNumber      },
+                  {kBillNumber,  KeyCode::Enter,  &GSTSAPU::checkPaperNumber},
                   {kPartyDate,   On::Focus,       &GSTSAPU::fillPartyDate   },
                   {kItem,        KeyCode::Enter,  &GSTSAPU::item            },
                   {kItem,        KeyCode::Insert, &GSTSAPU::newItem         },
@@ -68,7 +68,6 @@ GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind)
                   {kDestination, KeyCode::Enter,  &GSTSAPU::destination     },
                   {kParcels,     KeyCode::Enter,  &GSTSAPU::parcels         },
                   {kParcels,     KeyCode::Tab,    &GSTSAPU::lastTab         },
-                  {"CMDSAVE",    On::Click,       &GSTSAPU::save            },
                   {"",           KeyCode::F6,     &GSTSAPU::partyRatesKey   },
                   {"",           KeyCode::F7,     &GSTSAPU::purchaseRatesKey},
   });
@@ -149,7 +148,7 @@ void GSTSAPU::renumber() {
   if (at(kBillNumber).given) put(kBillNumber, nextBillNumber(data(), kind_, trimmed(kBillType)));
 }
 
-Go GSTSAPU::billNumber() {
+Go GSTSAPU::checkPaperNumber() {
   if (trimmed(kBillNumber).empty()) {
     host.message("Blank Bill Number Not Allowed");
     return Go::Stay;
@@ -189,19 +188,8 @@ Go GSTSAPU::destination() { return trimmed(kDestination).empty() ? helpHere() : 
 
 // Saving and loading
 
-void GSTSAPU::save() {
-  if (!readyToSave()) return;
-  const bool complete =
-      value(kNumber) != 0 && !trimmed(kBook).empty() && !trimmed(kParty).empty() && date(kDate);
-  if (!complete || !readAccount(data(), trimmed(kParty))) {
-    host.message("Invalid Entry", kCheck);
-    return;
-  }
-  if (entering() && billNumber() == Go::Stay) {
-    focus(at(kBillNumber));
-    return;
-  }
-  store([this](const SaveStamp& stamp, Saving how) { return saveBill(data(), kind_, head(), stamp, how); });
+bool GSTSAPU::write(const SaveStamp& stamp, const Saving& how) {
+  return saveBill(data(), kind_, head(), stamp, how);
 }
 
 // A bill of the party has the date that was typed for it, else the voucher's own; ours have none.

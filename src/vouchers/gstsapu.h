@@ -25,6 +25,9 @@ class GSTSAPU : public VoucherScreen {
   void sumAgain() override;
   std::vector<FieldName> lineInputs() const override;
   bool figureLine() override;
+  bool write(const SaveStamp& stamp, const Saving& how) override;
+  FieldName paperNumber() const override { return fields::kBillNumber; }
+  Go checkPaperNumber() override;
   void renumber() override;
   std::string tutorial() const override { return links().*kind_.video; }
   SavedMessage closingMessage() const override;
@@ -40,7 +43,6 @@ class GSTSAPU : public VoucherScreen {
   Go party();
   Go shipTo();
   Go billType();
-  Go billNumber();
   void fillPartyDate();
   Go item();
   Go itemName();
@@ -54,7 +56,6 @@ class GSTSAPU : public VoucherScreen {
   Go transportId();
   Go destination();
   Go parcels() { return toSave(); }
-  void save();
 
   bool acceptParty();
   bool acceptShipTo();

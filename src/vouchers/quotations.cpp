@@ -45,11 +45,13 @@ Fields headRow(const VoucherKind& kind, const Fields& offer, const SaveStamp& st
 }  // namespace
 
 bool saveQuotation(Database& db, const VoucherKind& kind, const Fields& offer, const SaveStamp& stamp,
-                   Saving how) {
-  const Value number = valueOf(offer, "VOUCH_NO");
+                   const Saving& how) {
+  const double number = valueOf(offer, "VOUCH_NO").number();
   Transaction all(db);
-  if (how == Saving::Fresh && db.first("SELECT VOUCH_NO FROM QUOT WHERE VOUCH_NO = ?", number)) return false;
-  deleteVoucher(db, quotationKind(), number.number());
+  if (!how.finds(db, kind, number)) return false;
+  // The number alone is the key.
+  if (!isStored(db, kind, number) && db.first("SELECT 1 FROM QUOT WHERE VOUCH_NO = ?", number)) return false;
+  deleteVoucher(db, quotationKind(), number);
   insertRow(db, "QUOT", headRow(kind, offer, stamp));
   // Lines typed before number or date were changed belong to the offer all the same.
   db.exec("UPDATE T_QUOTITM SET VOUCH_DT = ?, VOUCH_NO = ?", valueOf(offer, "VOUCH_DT"), number);
@@ -87,6 +89,14 @@ std::string referenceAfter(const std::string& stored) {
 
 std::string nextReference(Database& db, const VoucherKind& kind) {
   return referenceAfter(lastPaperNumber(db, kind).value_or(""));
+}
+
+bool isDuplicateReference(Database& db, const VoucherKind& kind, const std::string& reference,
+                          double number) {
+  return db
+      .first("SELECT 1 FROM QUOT WHERE REF_NO = ? AND ENTRY_TYP = ? AND VOUCH_NO <> ? LIMIT 1", reference,
+             kind.code, number)
+      .has_value();
 }
 
 void repairQuotations(Database& db) {

@@ -13,9 +13,9 @@
 
 // One transaction. The stored offer that it takes the place of is looked for among quotations
 // alone, so an offer of another kind is not replaced: saving it again fails on its number and
-// changes nothing. False when a fresh number is taken, by whatever kind.
+// changes nothing. False when something else stands under the number than is expected, of whatever kind.
 bool saveQuotation(Database& db, const VoucherKind& kind, const Fields& offer, const SaveStamp& stamp,
-                   Saving how);
+                   const Saving& how);
 
 bool hasQuotations(Database& db, const VoucherKind& kind);
 std::optional<Row> findQuotation(Database& db, const VoucherKind& kind, double number);
@@ -26,6 +26,8 @@ void loadQuotationLines(Database& db, const VoucherKind& kind, double number);
 // of a stored one count, so a prefix is not carried on and 9999 is followed by 10000 and 0001.
 std::string nextReference(Database& db, const VoucherKind& kind);
 std::string referenceAfter(const std::string& stored);
+// Another offer of the kind has the reference.
+bool isDuplicateReference(Database& db, const VoucherKind& kind, const std::string& reference, double number);
 
 // Fills what older rows lack: category of a line, kind, party of the bill.
 void repairQuotations(Database& db);

@@ -59,10 +59,11 @@ void storeMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& vouc
   post(db, kind, number);
 }
 
-bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher, Saving how) {
+bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher, const Saving& how) {
+  const double number = valueOf(voucher, "VOUCH_NO").number();
   Transaction all(db);
-  const auto before = findMoneyVoucher(db, kind, valueOf(voucher, "VOUCH_NO").number());
-  if (how == Saving::Fresh && before) return false;
+  if (!how.finds(db, kind, number)) return false;
+  const auto before = findMoneyVoucher(db, kind, number);
   // A repair that has its place here: statements print the number as it stands.
   db.exec("UPDATE ACCOUNT SET GSTINNO = '.' WHERE GSTINNO IS NULL");
   storeMoneyVoucher(db, kind, voucher);
@@ -74,15 +75,17 @@ bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& vouch
   return true;
 }
 
-void deleteMoneyVoucher(Database& db, const VoucherKind& kind, double number) {
+bool deleteMoneyVoucher(Database& db, const VoucherKind& kind, double number, const Saving& as) {
   Transaction all(db);
+  if (!as.finds(db, kind, number)) return false;
   const auto standing = findMoneyVoucher(db, kind, number);
-  if (!standing) return;
+  if (!standing) return true;
   unpost(db, kind.code, number);
   db.exec("DELETE FROM RPTPAY WHERE rowid = ?", standing->value("ITS_ROW"));
   RebuildOneBalance(db, standing->text("CSHBNK_CD"));
   RebuildOneBalance(db, standing->text("PARTY_CD"));
   all.commit();
+  return true;
 }
 
 bool isCashOrBank(Database& db, std::string_view code) {

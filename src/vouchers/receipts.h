@@ -16,14 +16,16 @@
 
 std::optional<Row> findMoneyVoucher(Database& db, const VoucherKind& kind, double number);
 
-// The row, its ledger rows and the balances of its two accounts, all or nothing. False when a fresh
-// voucher's number is taken; nothing has changed then. The balances of the
-// party and account that a modify leaves behind are rebuilt too.
-bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher, Saving how);
+// The row, its ledger rows and the balances of its two accounts, all or nothing. False when something else
+// stands under the number than is expected; nothing has changed then. The balances of the party and account
+// that a modify leaves behind are rebuilt too.
+bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher, const Saving& how);
 // The row and its ledger rows alone, inside the caller's transaction, in the place of a stored one.
 void storeMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher);
-// Takes the row with its ledger rows away, and rebuilds the balances of its two accounts.
-void deleteMoneyVoucher(Database& db, const VoucherKind& kind, double number);
+// Takes the row with its ledger rows away, and rebuilds the balances of its two accounts. False, and nothing
+// is taken away, when the voucher is another than `as` expects.
+bool deleteMoneyVoucher(Database& db, const VoucherKind& kind, double number,
+                        const Saving& as = Saving::Again);
 
 // An account that money can come into or go out of: the cash account or one of the bank accounts.
 bool isCashOrBank(Database& db, std::string_view code);

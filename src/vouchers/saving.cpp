@@ -98,14 +98,15 @@ Fields trimmedTexts(Fields row) {
   return row;
 }
 
-bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const SaveStamp& stamp, Saving how) {
+bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const SaveStamp& stamp,
+              const Saving& how) {
   const auto figure = [&](const char* column) { return valueOf(bill, column).number(); };
   const auto text = [&](const char* column) { return valueOf(bill, column).text(); };
   const double number = figure("VOUCH_NO");
   const Date date = valueOf(bill, "VOUCH_DT").date().value();
   Transaction all(db);
-  if (how == Saving::Fresh && isStored(db, kind, number)) return false;
-  const std::string partyBefore = storedParty(db, kind, number);
+  if (!how.finds(db, kind, number)) return false;
+  const auto partyBefore = storedParty(db, kind, number);
   deleteVoucher(db, kind, number);
   insertRow(db, "SALE", headRow(db, kind, bill, stamp));
   db.exec("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
@@ -128,24 +129,32 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
                         .lrNumber = text("GR_NO"),
                         .creditDays = figure("CR_DAYS")},
                        kind));
-  if (how == Saving::Again)
-    for (const std::string& party : {partyBefore, trim(text("PARTY_CD"))}) RebuildOneBalance(db, party);
+  if (partyBefore)
+    for (const std::string& party : {*partyBefore, trim(text("PARTY_CD"))}) RebuildOneBalance(db, party);
   all.commit();
   return true;
 }
 
-std::string storedParty(Database& db, const VoucherKind& kind, double number) {
-  return db.text(
+std::optional<std::string> storedParty(Database& db, const VoucherKind& kind, double number) {
+  const auto head = db.first(
       "SELECT PARTY_CD FROM " + kind.tables.heads + " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?",
       number, kind.code);
+  return head ? std::optional(head->text(0)) : std::nullopt;
 }
 
-void deleteVoucher(Database& db, const VoucherKind& kind, double number) {
+bool deleteVoucher(Database& db, const VoucherKind& kind, double number, const Saving& as) {
   Transaction both(db);
+  if (!as.finds(db, kind, number)) return false;
   for (const std::string& table : {kind.tables.heads, kind.tables.lines})
     db.exec("DELETE FROM " + table + " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?", number,
             kind.code);
   both.commit();
+  return true;
+}
+
+bool isPosted(Database& db, const VoucherKind& kind, double number) {
+  return db.first("SELECT 1 FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ? LIMIT 1", kind.code, number)
+      .has_value();
 }
 
 bool hasBills(Database& db, const VoucherKind& kind) {

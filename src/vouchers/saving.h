@@ -7,6 +7,7 @@
 #include "frame/voucher_kinds.h"
 #include "store/database.h"
 #include "store/row_writer.h"
+#include "vouchers/as_stored.h"
 
 // Storing, loading and deleting a bill. A save is one transaction: the header row, its lines
 // out of the work table and its ledger rows are written afresh as a whole or not at all. Every
@@ -28,20 +29,20 @@ struct SaveStamp {
   std::string user, mobile, dataName;
 };
 
-enum class Saving {
-  Fresh,  // refused when the number has been stored meanwhile
-  Again,  // takes the place of the stored bill
-};
+// False when something else stands under the number than is expected; nothing has changed then. Without a
+// date of the lorry receipt (GR_DATE) it has the bill's, without one of the party (PRV_BDT) the day of the
+// save.
+bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const SaveStamp& stamp,
+              const Saving& how);
 
-// False when a fresh bill's number is taken; nothing has changed then. Without a date of the lorry
-// receipt (GR_DATE) it has the bill's, without one of the party (PRV_BDT) the day of the save.
-bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const SaveStamp& stamp, Saving how);
-
-// The party of a stored bill or challan, empty when there is none.
-std::string storedParty(Database& db, const VoucherKind& kind, double number);
+// The party of a stored bill or challan.
+std::optional<std::string> storedParty(Database& db, const VoucherKind& kind, double number);
 
 // Removes header and lines of a bill, challan or offer; the ledger keeps its rows until it is built again.
-void deleteVoucher(Database& db, const VoucherKind& kind, double number);
+// False, and nothing is removed, when the voucher is another than `as` expects.
+bool deleteVoucher(Database& db, const VoucherKind& kind, double number, const Saving& as = Saving::Again);
+// Rows of the voucher stand in the ledger.
+bool isPosted(Database& db, const VoucherKind& kind, double number);
 
 // Some bill of the book can be shown at all.
 bool hasBills(Database& db, const VoucherKind& kind);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/number.h"
 #include "base/text.h"
 #include "frame/session.h"
 #include "vouchers/numbering.h"
@@ -27,6 +28,7 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Vou
                   {"CMDDELETE",   On::Click,       &VoucherScreen::startDelete},
                   {"cmdprint",    On::Click,       &VoucherScreen::print      },
                   {"cmdclose",    On::Click,       &VoucherScreen::close      },
+                  {"CMDSAVE",     On::Click,       &VoucherScreen::save       },
                   {"CMDCANCEL",   On::Click,       &VoucherScreen::cancel     },
                   {"Cmdvideo",    On::Click,       &VoucherScreen::video      },
                   {"",            KeyCode::Esc,    &VoucherScreen::escape     },
@@ -39,7 +41,7 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Vou
                   {"MaskEdBox1",  KeyCode::PgDn,   &VoucherScreen::datePgDn   },
                   {kParty,        KeyCode::Insert, &VoucherScreen::newParty   },
                   {"Text1",       On::Change,      &VoucherScreen::textChanged},
-                  {kLines,        On::Focus,       &VoucherScreen::rowChosen  },
+                  {kLines,        On::Focus,       &VoucherScreen::intoRows   },
                   {kLines,        On::Row,         &VoucherScreen::rowChosen  },
                   {kLines,        On::DoubleClick, &VoucherScreen::leaveRows  },
                   {kRate,         KeyCode::Down,   &VoucherScreen::intoRates  },
@@ -100,6 +102,17 @@ void VoucherScreen::setMode(const std::string& next, const std::string& pattern)
   const std::string title = words(kind_.words.title);
   caption = pattern.empty() ? title : words(pattern, "title", title);
   escMeans = entering() ? english("Esc = Cancel and Exit") : english("Esc = Close");
+  enableFields();
+}
+
+// At rest all are off, also while the mode of the last save is still told; to delete or print a voucher
+// its number is on. A field whose table row is off stays off.
+void VoucherScreen::enableFields() {
+  for (const auto& c : controls) {
+    if (!c->editable() || !c->spec->enabled) continue;
+    const bool chosen = !entering() && !mode.empty() && c->spec->field == kNumber;
+    c->enabled = chosen || (entering() && !atRest_);
+  }
 }
 
 void VoucherScreen::showButtons(bool atRest) {
@@ -110,6 +123,7 @@ void VoucherScreen::showButtons(bool atRest) {
   for (const char* name : {"CMDSAVE", "CMDCANCEL"}) at(name).visible = !atRest;
   if (Control* const invites = find("SCR1")) invites->visible = atRest;
   reason = atRest || at("CMDSAVE").enabled ? "" : kind_.words.saveOpens;
+  enableFields();
   showSerial();
 }
 
@@ -180,7 +194,7 @@ void VoucherScreen::video() { openTutorial(host, tutorial()); }
 bool VoucherScreen::worksOnLeaving(const Control& target) const {
   if (!entering() || atRest_ || &target == &at("CMDCANCEL") || &target == &at("Cmdvideo")) return false;
   const Control* const left = focused();
-  const bool ofPaper = left && (left->spec->field == kBillNumber || left->spec->field == kChallanNumber);
+  const bool ofPaper = left && left->spec->field == paperNumber();
   return !ofPaper || !target.editable() || target.tab > left->tab;
 }
 
@@ -214,20 +228,44 @@ Go VoucherScreen::number() {
     host.message("ITEM ALLREADY EXIST");
     return Go::Stay;
   }
-  if (mode == "EDIT") {
-    if (!load(n)) return Go::Stay;
-    loaded_ = n;
-    takeAsWorked(Part::Head);
-    allowSave(false);
-    return Go::On;
-  }
-  if (mode != "DEL") return Go::On;
-  if (!load(n)) return Go::Stay;
-  if (host.ask("ARE YOU SURE", kConfirm)) deleteVoucher(data(), kind_, n);
+  if (mode == "DEL") return askToDelete(n);
+  if (mode != "EDIT") return Go::On;
+  if (!show(n)) return Go::Stay;
+  takeAsWorked(Part::Head);
+  allowSave(false);
+  return Go::On;
+}
+
+// How it stands is read before it is shown: what changes in between is then told too often, never too
+// seldom.
+bool VoucherScreen::show(double number) {
+  std::string rows = asStored(data(), kind_, number);
+  if (!load(number)) return false;
+  loaded_ = number;
+  asLoaded_ = std::move(rows);
+  return true;
+}
+
+// One that was changed while the question stood is shown as it is now, and asked about again.
+Go VoucherScreen::askToDelete(double number) {
+  if (!show(number)) return Go::Stay;
+  while (host.ask("ARE YOU SURE", kConfirm) && !remove(number))
+    if (!isStored(data(), kind_, number) || !show(number)) break;
   clearAll();
   lines_->clear();
   textChanged();
   return Go::Stay;
+}
+
+bool VoucherScreen::remove(double number) {
+  if (!deleteVoucher(data(), kind_, number, Saving::over(asLoaded_))) {
+    host.message(meanwhileWords(data(), kind_, number), kMessageTitle);
+    return false;
+  }
+  if (isPosted(data(), kind_, number))
+    reason = words("Voucher No {number} Is Deleted, The Ledger Shows It Until Posting :: Posting Is Due",
+                   "number", numText(number));
+  return true;
 }
 
 // Accounts

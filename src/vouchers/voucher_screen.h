@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -58,8 +57,13 @@ class VoucherScreen : public ChildScreen {
   virtual std::vector<FieldName> lineInputs() const = 0;
   virtual bool figureLine() = 0;
   virtual bool needsUnit() const { return true; }  // a line without a unit is none
+  // Writes the voucher; false where something else stands under its number than is expected.
+  virtual bool write(const SaveStamp& stamp, const Saving& how) = 0;
+  // The number on the paper, and what its Enter and Save look at: that no other voucher has it.
+  virtual FieldName paperNumber() const = 0;
+  virtual Go checkPaperNumber() = 0;
   // Another number after this one was taken: the numbers of the paper that were derived with it.
-  virtual void renumber() {}
+  virtual void renumber() = 0;
   virtual FieldName afterLines() const { return fields::kNarration; }  // where line entry ends to
   virtual std::string tutorial() const = 0;
 
@@ -79,6 +83,7 @@ class VoucherScreen : public ChildScreen {
   void video();
   void escape();
   Go number();  // of a filled number field
+  void save();
   Go newParty();
   Go newItem();
   bool isMisc();     // the line's item is the one that stands for anything
@@ -97,6 +102,7 @@ class VoucherScreen : public ChildScreen {
   void lineUp();
   void endLines();
   void deleteLine();
+  void intoRows();
   void rowChosen();
   void leaveRows();
   void textChanged();
@@ -124,12 +130,6 @@ class VoucherScreen : public ChildScreen {
   void allowSave(bool on);
   // After the last field: Save opens in ADD and EDIT, else the button row takes the focus.
   Go toSave();
-  // Before Save looks at the fields: the number is free, nothing that was typed waits for its work,
-  // the line being typed is stored, and the totals are those of the lines. False when it cannot go on.
-  bool readyToSave();
-  // What Save does once the fields are in order: outside ADD and EDIT it is Cancel; `write` is false
-  // when a fresh voucher's number has been taken meanwhile.
-  void store(const std::function<bool(const SaveStamp&, Saving)>& write);
   virtual SavedMessage closingMessage() const = 0;  // after a save
   void hideForPrint(const std::string& number);
 
@@ -145,13 +145,28 @@ class VoucherScreen : public ChildScreen {
   const KeyLookup* enterLookup(const Control& field) const;
   void setMode(const std::string& next, const std::string& pattern);
   void showButtons(bool atRest);
+  void enableFields();
+  bool show(double number);
+  Go askToDelete(double number);
+  bool remove(double number);
+  // Before anything is written: the number is free, nothing that was typed waits for its work, the line
+  // being typed is stored, the totals are those of the lines, the party is known and the number on the
+  // paper its own. False when it cannot go on.
+  bool readyToSave();
+  bool complete() const;
+  void store();
+  // Another program was quicker.
+  void changedMeanwhile();
   // Back to rest, then the message window: its print button opens the document.
   void saved();
   void awaitMaster(Control& field, const std::string& master, std::string& last);
   std::vector<double> inputs() const;
   std::string lineTexts() const;
   bool workFields(Part part);
+  bool lineStands() const;  // as the list has it
   bool storeTypedLine();
+  bool figureAmount();
+  bool mayLeaveLine();
   bool tooLarge(Part part);
   bool meansNothing();
   bool numberTaken();
@@ -160,7 +175,8 @@ class VoucherScreen : public ChildScreen {
   std::vector<KeyLookup> lookups_;
   const Control* ratesFor_ = nullptr;  // the field whose focus keeps the rate grid up
   bool backFromRates_ = false;
-  double loaded_ = 0;  // number of the voucher that is shown for a change
+  double loaded_ = 0;     // number of the voucher that is shown for a change
+  std::string asLoaded_;  // and how it stood then
   std::vector<double> figuredFor_;
   std::string shownLine_;  // the texts of the line as it was shown last
   bool drilledDown_ = false;

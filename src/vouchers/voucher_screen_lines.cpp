@@ -97,11 +97,22 @@ bool VoucherScreen::tooLarge(Part part) {
   return false;
 }
 
+// A net amount typed by hand stands for what the line holds now; the rest is worked out for it first.
+bool VoucherScreen::figureAmount() {
+  if (lineFigured()) return true;
+  const Control& net = at(kAmount);
+  const bool typed = !net.given && !trim(net.text).empty() && net.worked != net.text;
+  const std::string byHand = net.text;
+  if (!figureLine()) return false;
+  if (typed) put(kAmount, byHand);
+  return true;
+}
+
 // Left for another field it is only brought up to date.
 Go VoucherScreen::amount() {
   if (!entering()) return Go::On;
   const bool complete = !trimmed(kItem).empty() && (!needsUnit() || !trimmed(kUnit).empty());
-  if (leaving()) return !complete || lineFigured() || figureLine() ? Go::On : Go::Stay;
+  if (leaving()) return !complete || figureAmount() ? Go::On : Go::Stay;
   if (!complete) {
     focus(at(kItem));
     return Go::Stay;
@@ -111,7 +122,7 @@ Go VoucherScreen::amount() {
     focus(at(kQuantity));
     return Go::Stay;
   }
-  if ((!lineFigured() && !figureLine()) || tooLarge(Part::Line)) return Go::Stay;
+  if (!figureAmount() || tooLarge(Part::Line)) return Go::Stay;
   session().mlastitem = trimmed(kItem);
   storeLine();
   return Go::Stay;
@@ -140,13 +151,21 @@ void VoucherScreen::storeLine() {
   focus(at(kItem));
 }
 
+// What another line would take the place of is given up only when that is meant.
+bool VoucherScreen::mayLeaveLine() {
+  return !entering() || lineStands() ||
+         host.ask("The Line Being Typed Is Not Stored\nGive It Up ?", kConfirm);
+}
+
 void VoucherScreen::lineDown() {
+  if (!mayLeaveLine()) return;
   lines_->next();
   showCurrentLine();
   textChanged();
 }
 
 void VoucherScreen::lineUp() {
+  if (!mayLeaveLine()) return;
   lines_->previous();
   showCurrentLine();
   textChanged();
@@ -185,8 +204,22 @@ void VoucherScreen::deleteLine() {
 }
 
 void VoucherScreen::rowChosen() {
-  lines_->moveTo(at(kLines).grid.current);
-  showCurrentLine();
+  Grid& list = at(kLines).grid;
+  if (mayLeaveLine()) {
+    lines_->moveTo(list.current);
+    showCurrentLine();
+  } else {
+    list.current = lines_->position();
+    focus(at(kItem));
+  }
+}
+
+// The list is entered; a line that is being typed waits until another is chosen.
+void VoucherScreen::intoRows() {
+  if (entering() && !lineStands())
+    at(kLines).grid.current = lines_->position();
+  else
+    rowChosen();
 }
 
 void VoucherScreen::leaveRows() { focus(at(kItem)); }

@@ -23,29 +23,60 @@ Go VoucherScreen::toSave() {
   return Go::Stay;
 }
 
+void VoucherScreen::save() {
+  if (!entering()) {
+    cancel();
+    return;
+  }
+  if (!readyToSave()) return;
+  // The number was changed after its voucher was shown: that one is shown before anything is written.
+  if (mode == "EDIT" && value(kNumber) != loaded_)
+    focus(at(number() == Go::On ? kDate : kNumber));
+  else if (!meansNothing())
+    store();
+}
+
 bool VoucherScreen::readyToSave() {
-  if (!entering()) return true;
   if (numberTaken()) return false;
   if (!workFields(Part::Head) || !storeTypedLine()) return false;
   sumAgain();
   if (tooLarge(Part::Head)) return false;
   focus(at("CMDSAVE"));
-  return true;
+  if (!complete()) {
+    host.message("Invalid Entry", kCheck);
+    return false;
+  }
+  if (checkPaperNumber() == Go::On) return true;
+  focus(at(paperNumber()));
+  return false;
 }
 
-// In the order of the walk; the first that refuses its text takes the focus.
+bool VoucherScreen::complete() const {
+  return value(kNumber) != 0 && date(kDate) && !trimmed(kParty).empty() &&
+         readAccount(data(), trimmed(kParty));
+}
+
+// In the order of the walk; the first that refuses its text takes the focus. Of a line whose figures are
+// worked out, or typed, for what it holds none is worked out anew.
 bool VoucherScreen::workFields(Part part) {
+  const bool figured = part == Part::Line && lineFigured();
+  const auto stands = [&](const Control& c) {
+    return c.spec->field == kAmount ||
+           (figured && c.spec->holds == Holds::Figure && c.spec->field != kQuantity);
+  };
   for (const auto& c : controls) {
-    if (c->ofLine() != (part == Part::Line) || c->spec->field == kAmount || work(*c)) continue;
+    if (c->ofLine() != (part == Part::Line) || stands(*c) || work(*c)) continue;
     focus(*c);
     return false;
   }
   return true;
 }
 
+bool VoucherScreen::lineStands() const { return trimmed(kItem).empty() || lineTexts() == shownLine_; }
+
 // A line that stands in the entry row otherwise than in the list would be lost.
 bool VoucherScreen::storeTypedLine() {
-  if (trimmed(kItem).empty() || lineTexts() == shownLine_) return true;
+  if (lineStands()) return true;
   if (!workFields(Part::Line)) return false;
   const bool lacksUnit = needsUnit() && trimmed(kUnit).empty();
   if (lacksUnit || value(kQuantity) == 0) {
@@ -78,23 +109,28 @@ void VoucherScreen::takeNextNumber() {
   focus(at("CMDSAVE"));
 }
 
-void VoucherScreen::store(const std::function<bool(const SaveStamp&, Saving)>& write) {
-  if (!entering()) {
-    cancel();
-    return;
-  }
-  // The number was changed after its voucher was shown: that one is shown before anything is written.
-  if (mode == "EDIT" && value(kNumber) != loaded_) {
-    focus(at(number() == Go::On ? kDate : kNumber));
-    return;
-  }
-  if (meansNothing()) return;
+void VoucherScreen::store() {
   const Session& s = session();
   const SaveStamp stamp{host.now(), s.musername, s.mmobile, s.mdataname};
-  if (write(stamp, mode == "ADD" ? Saving::Fresh : Saving::Again))
+  const bool fresh = mode == "ADD";
+  if (write(stamp, fresh ? Saving::Fresh : Saving::over(asLoaded_)))
     saved();
-  else
+  else if (fresh)
     takeNextNumber();
+  else
+    changedMeanwhile();
+}
+
+// What was changed is shown as it stands; what was deleted comes back when that is meant alone.
+void VoucherScreen::changedMeanwhile() {
+  const double n = value(kNumber);
+  if (isStored(data(), kind_, n)) {
+    host.message(meanwhileWords(data(), kind_, n), kMessageTitle);
+    focus(at(number() == Go::On ? kDate : kNumber));
+  } else if (host.ask(askedOfDeleted(n), kConfirm)) {
+    setMode("ADD", kind_.words.adding);
+    store();
+  }
 }
 
 void VoucherScreen::saved() {

@@ -34,6 +34,7 @@ class TestHost : public Desk {
   std::deque<bool> answers;                       // to questions: true is Yes
   std::deque<std::optional<std::string>> inputs;  // to input boxes: nothing is Cancel
   std::deque<std::function<void()>> insideModal;  // what happens in each modal screen
+  std::function<void()> whileAsked;               // what another program does while the next question stands
 
   // What the program said and asked for.
   struct Said {
@@ -112,6 +113,7 @@ class TestHost : public Desk {
   // Host
   bool ask(const std::string& text, const std::string& title) override {
     questions.push_back({text, title});
+    if (const auto meanwhile = std::exchange(whileAsked, nullptr)) meanwhile();
     if (answers.empty()) {
       ADD_FAILURE() << "unexpected question: " << text;
       return false;

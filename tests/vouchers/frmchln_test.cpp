@@ -9,6 +9,13 @@ class Frmchln : public BillTest {};
 TEST_F(Frmchln, ModifyShowsTheChallanAndRewritesIt) {
   startChallan("A00004");
   typeGoods("I0000001", "2", "100");
+  db().exec("INSERT INTO CHLN (VOUCH_NO, BOOK_CD, CHLN_TYP, CHLN_NO) VALUES (9, 'CH', 'DC', '1')");
+  host.fillEnter("destination", "ANAND");
+  host.press("CMDSAVE");
+  EXPECT_EQ(host.lastMessage() + host.focus(), "Duplicate Challan Number Not Allowedchallan_no");
+  db().exec("DELETE FROM CHLN");
+  host.fill("destination", "");
+  host.messages.clear();
   host.fillEnter("discount_percent", "10");
   host.keys({KeyCode::Enter, KeyCode::Enter});
   saveGoods();

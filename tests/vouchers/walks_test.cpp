@@ -56,42 +56,108 @@ class Walks : public BillTest {
       }
     return rows;
   }
+  std::vector<Voucher> vouchers() {
+    db().exec(
+        "INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, STATECD) VALUES ('A00011', 'VIDYUT', 135, 27)");
+    using Typed = std::vector<std::pair<std::string, std::string>>;
+    const Typed line = {
+        {"item",     "I0000001"},
+        {"quantity", "3"       },
+        {"rate",     "33.33"   }
+    };
+    const auto with = [&](Typed head, const std::string& last) {
+      head.insert(head.end(), line.begin(), line.end());
+      head.insert(head.end(), {
+                                  {"item",     "I0000002"},
+                                  {"quantity", "5"       },
+                                  {"rate",     "100"     },
+                                  {last,       "7"       }
+      });
+      return head;
+    };
+    return {
+        {"GSTSAPU",                                           "SALE",         with({{"party", "A00001"}},                             "parcels")},
+        {"GSTSAPU",                                                   "PURCHASE",                                                         with({{"party", "A00011"}, {"bill_no", "P/9"}},                                                   "parcels")},
+        {"FRMCHLN",                                         "CH",                                                       with({{"party", "A00001"}, {"challan_type", "DC"}},                                                   "destination")},
+        {"FRMQUOT", "QUOTATION",with({{"party", "A00002"}, {"subject", "FANS"}},"subject_to")},
+        {"bwrcpy",                                        "RECEIPT",                                                             {{"party", "A00001"}, {"amount", "250"}, {"narration", "ON ACCOUNT"}}                                                                                                                                                       },
+    };
+  }
 };
 
 }  // namespace
 
 TEST_F(Walks, AVoucherIsTheSameByEnterByTabAndByMouse) {
-  db().exec("INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, STATECD) VALUES ('A00011', 'VIDYUT', 135, 27)");
-  using Typed = std::vector<std::pair<std::string, std::string>>;
-  const Typed line = {
-      {"item",     "I0000001"},
-      {"quantity", "3"       },
-      {"rate",     "33.33"   }
-  };
-  const auto with = [&](Typed head, const std::string& last) {
-    head.insert(head.end(), line.begin(), line.end());
-    head.insert(head.end(), {
-                                {"item",     "I0000002"},
-                                {"quantity", "5"       },
-                                {"rate",     "100"     },
-                                {last,       "7"       }
-    });
-    return head;
-  };
-  const std::vector<Voucher> vouchers = {
-      {"GSTSAPU",                                           "SALE",         with({{"party", "A00001"}},                             "parcels")},
-      {"GSTSAPU",                                                   "PURCHASE",                                                         with({{"party", "A00011"}, {"bill_no", "P/9"}},                                                   "parcels")},
-      {"FRMCHLN",                                         "CH",                                                       with({{"party", "A00001"}, {"challan_type", "DC"}},                                                   "destination")},
-      {"FRMQUOT", "QUOTATION",with({{"party", "A00002"}, {"subject", "FANS"}},"subject_to")},
-      {"bwrcpy",                                        "RECEIPT",                                                             {{"party", "A00001"}, {"amount", "250"}, {"narration", "ON ACCOUNT"}}                                                                                                                                                       },
-  };
-  for (const Voucher& v : vouchers) {
+  for (const Voucher& v : vouchers()) {
     const std::string byEnter = walked(v, By::Enter);
     EXPECT_NE(byEnter, "") << v.kind;
     EXPECT_EQ(walked(v, By::Tab), byEnter) << v.kind << " by Tab";
     EXPECT_EQ(walked(v, By::Mouse), byEnter) << v.kind << " by mouse";
   }
   EXPECT_TRUE(host.messages.empty() && host.questions.empty()) << host.lastMessage();
+}
+
+// Of two who have a voucher open the second to store it is told, sees what stands, and nothing that was
+// deleted comes back unasked.
+TEST_F(Walks, WhatAnotherProgramDidMeanwhileStands) {
+  Database other;
+  other.open(folder / "M00126.mdb");
+  for (const Voucher& v : vouchers()) {
+    SCOPED_TRACE(v.kind);
+    const VoucherKind& kind = *kindByEntryType(v.kind);
+    const bool money = kind.tables.lines.empty();
+    const std::string field = money ? "amount" : "rate", table = money ? "RPTPAY" : kind.tables.lines;
+    const std::string figure = money ? "AMOUNT" : "RATE", save = money ? "cmdUpdate" : "CMDSAVE";
+    walked(v, By::Enter);
+    const auto change = [&](int to) {
+      other.exec("UPDATE " + table + " SET " + figure + " = ? WHERE VOUCH_NO = 1", to);
+    };
+    const auto stored = [&] {
+      return line("SELECT COUNT(*), MIN(VAL(" + figure + ")), (SELECT COUNT(*) FROM " + kind.tables.heads +
+                  ") FROM " + table);
+    };
+    const std::string lines = money ? "1" : "2", now = lines + "|7|1";
+    const auto open = [&](const std::string& button) {
+      host.open(v.screen, {.entryType = v.kind});
+      host.press(button);
+      host.fillEnter("number", "1");
+    };
+    const auto typeAndSave = [&] {
+      host.fill(field, "5");
+      host.go(v.typed.back().first);
+      host.enter();
+      host.press(save);
+    };
+    open("cmdEDIT");
+    change(7);
+    typeAndSave();
+    EXPECT_TRUE(host.lastMessage().starts_with("Voucher No 1 Has Been Changed Meanwhile"))
+        << host.lastMessage();
+    EXPECT_EQ(stored() + " " + host.text(field) + host.focus(), now + " 7date");
+    // As it is shown now it may be stored, unless it is gone by then.
+    const std::string gone = "SELECT COUNT(*) FROM " + kind.tables.heads;
+    for (const std::string& each : {kind.tables.heads, kind.tables.lines})
+      if (!each.empty()) other.exec("DELETE FROM " + each);
+    host.answers = {false, true};
+    typeAndSave();
+    EXPECT_EQ(line(gone) + host.lastQuestion(),
+              "0Voucher No 1 Has Been Deleted Meanwhile\nSave What Stands Here As A New One ?");
+    host.insideModal.push_back([this] { host.escape(); });
+    host.press(save);
+    EXPECT_EQ(stored(), lines + "|5|1");
+    host.closeTop();
+
+    host.answers = {true, false};
+    host.whileAsked = [&] { change(7); };
+    open("CMDDELETE");
+    EXPECT_EQ(stored(), now) << "asked again over what stands";
+    EXPECT_TRUE(host.answers.empty());
+    host.answers = {true};
+    host.fillEnter("number", "1");
+    EXPECT_EQ(line(gone), "0");
+    EXPECT_EQ(host.screen().reason.ends_with("Posting Is Due"), v.kind != "QUOTATION" && !money);
+    host.closeTop();
+  }
 }
 
 // What Enter has done is not done again, and a stored bill is walked over without a trace.
@@ -124,6 +190,34 @@ TEST_F(Walks, ALineIsStoredOnFiguresForItsOwnInputs) {
   EXPECT_EQ(line("SELECT NET_AMOUNT FROM T_SLITM"), "589.5");
   EXPECT_TRUE(figureRefused("1234567890.123456") && figureRefused("-10000000000001") && figureRefused("inf"));
   EXPECT_FALSE(figureRefused("0.00000000000000001") || figureRefused("10000000000000"));
+}
+
+// Whatever the mouse or the arrows do meanwhile: a net amount typed by hand, a line that is not stored yet.
+TEST_F(Walks, WhatIsTypedInALineIsNotDroppedUnasked) {
+  open();
+  startBill();
+  host.fillEnter("item", "I0000001");  // brings rate and discount
+  host.fill("quantity", "1");
+  host.fill("amount", "1700");
+  host.go("item");
+  host.answers = {false};
+  host.key(KeyCode::Down);
+  EXPECT_EQ(host.lastQuestion() + shown("item cgst_amount amount"),
+            "The Line Being Typed Is Not Stored\nGive It Up ?I0000001|135.79|1700");
+  saveAfter("parcels");
+  EXPECT_EQ(line("SELECT CGSTAMT, NET_AMOUNT FROM SALEITM"), "135.79|1700");
+  startBill();
+  typeLine("I0000003", "2", "20", "0");
+  typeLine("I0000003", "1", "50", "0");
+  host.key(KeyCode::Up);
+  host.fill("rate", "70");
+  host.answers = {false, true};
+  host.rowTo(host.at("lines"), 0);
+  EXPECT_EQ(shown("line_no rate") + host.focus(), "2|70item");
+  host.rowTo(host.at("lines"), 0);
+  EXPECT_EQ(shown("rate") + host.focus(), "20lines");
+  host.answers = {true};
+  host.escape();
 }
 
 TEST_F(Walks, SaveLooksOnceMore) {

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "frame/voucher_kinds.h"
+#include "store/database.h"
+
+// Two programs on one voucher. Who shows one for a change or a deletion keeps it as it stood then, and the
+// transaction that writes compares once more: of two who change the same voucher the second is told.
+
+// Head and lines of a voucher as one text to compare; empty where no head is stored. Marks of time alone
+// would not do: they are the same for two saves within a minute.
+std::string asStored(Database& db, const VoucherKind& kind, double number);
+
+// What a save or a deletion is to find under its number. It changes nothing, and says so, where something
+// else stands.
+class Saving {
+ public:
+  static const Saving Fresh;  // nothing
+  static const Saving Again;  // whatever stands there
+  static Saving over(std::string asRead) { return Saving(std::move(asRead)); }
+  bool finds(Database& db, const VoucherKind& kind, double number) const;
+
+ private:
+  explicit Saving(std::optional<std::string> expected) : expected_(std::move(expected)) {}
+  std::optional<std::string> expected_;
+};
+
+// What is told of a voucher that was changed or deleted since it was shown; by whom and when, where its
+// head keeps that.
+std::string meanwhileWords(Database& db, const VoucherKind& kind, double number);
+// Asked before a voucher that was deleted meanwhile is stored all the same.
+std::string askedOfDeleted(double number);
