@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/figure.h"
 #include "base/number.h"
 #include "base/text.h"
 #include "frame/session.h"
@@ -206,7 +207,7 @@ void EntryScreen::update() {
               std::to_string(key.limit)));
     return;
   }
-  if (!maySave() || !inTransaction(&EntryScreen::store)) return;
+  if (figureTooLarge() || !maySave() || !inTransaction(&EntryScreen::store)) return;
 
   const std::string stored = code();
   saved(stored);
@@ -230,6 +231,16 @@ bool EntryScreen::inTransaction(bool (EntryScreen::*work)()) {
       say(words("Entry Not Saved\r\n{why}", "why", words(missingCodeWords())));
     return done;
   } catch (const DatabaseError& error) {
+bool EntryScreen::figureTooLarge() {
+  for (const auto& c : controls) {
+    if (!c->ofFigures() || !figureRefused(c->text)) continue;
+    say(kFigureRefused);
+    if (c->focusable()) focus(*c);
+    return true;
+  }
+  return false;
+}
+
     if (!error.mayBePassedOver()) throw;
     logFailure(kTold, error);
     say(words("Entry Not Saved\r\n{why}", "why", words(error.what())));

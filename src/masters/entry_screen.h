@@ -85,6 +85,10 @@ class EntryScreen : public ChildScreen {
   // Shows the words and refuses.
   Go refuse(const std::string& text);
   void showNames(const std::string& typed);
+  // Enter in a field that keeps any text: the values that stand in the column already, while it is empty.
+  Go valuesInUse(const std::string& table, const std::string& column);
+  // Says so of a figure that no book holds, and sends there.
+  bool figureTooLarge();
 
   // Buttons and keys.
   void add();

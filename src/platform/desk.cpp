@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/figure.h"
 #include "base/log.h"
 #include "base/text.h"
 #include "base/words.h"
@@ -342,7 +343,9 @@ void Desk::type(std::string_view text) {
         return;
       }
       if (control->locked) return;
-      const char32_t ch = screen->filter(*control, typed);
+      const bool figures =
+          control->kind == Kind::Date || control->keys == KeyClass::Number || control->ofFigures();
+      const char32_t ch = screen->filter(*control, figures ? plainDigit(typed) : typed);
       if (ch == 0 || !control->editable()) return;
       if (edit::insert(*control, ch)) edited(*screen, *control);
     });

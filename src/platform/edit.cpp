@@ -5,6 +5,7 @@
 #include <regex>
 
 #include "base/date.h"
+#include "base/figure.h"
 #include "base/number.h"
 #include "platform/utf8.h"
 
@@ -107,13 +108,6 @@ std::u32string oneLine(std::string_view text) {
   return line;
 }
 
-// Digits of Devanagari and Gujarati are digits.
-char32_t plainDigit(char32_t ch) {
-  for (const char32_t zero : {U'\u0966', U'\u0AE6'})
-    if (ch >= zero && ch <= zero + 9) return U'0' + (ch - zero);
-  return ch;
-}
-
 // What may stand in a copied figure beside ASCII, as ASCII.
 std::string plainSign(char32_t ch) {
   const bool mark = (ch >= 0x200B && ch <= 0x200F) || (ch >= 0x202A && ch <= 0x202E) ||
@@ -190,9 +184,7 @@ bool insert(Control& c, char32_t ch) {
 Outcome paste(Control& c, std::string_view text) {
   std::u32string more = oneLine(text);
   if (c.kind == Kind::Date) return pasteDate(c, more);
-  // A number class that stores a text (the code of an account) takes one that is no number too.
-  const bool figure = c.keys == KeyClass::Number &&
-                      (c.spec == nullptr || c.spec->holds == Holds::Figure || c.spec->column.empty());
+  const bool figure = c.keys == KeyClass::Number && (c.spec == nullptr || c.ofFigures());
   if (c.keys == KeyClass::Number && !more.empty()) {
     const auto plain = figureOf(more);
     if (!plain && figure) return {};

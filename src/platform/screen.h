@@ -114,6 +114,10 @@ struct Control {
   }
   bool ofLine() const { return spec->at.group == kEntryGroup; }
   std::string fullName() const { return index < 0 ? family : family + "(" + std::to_string(index) + ")"; }
+  // Takes a number and nothing else; a number class that stores a text (a code) takes that too.
+  bool ofFigures() const {
+    return spec && (spec->holds == Holds::Figure || (keys == KeyClass::Number && spec->column.empty()));
+  }
 };
 
 // An empty date box reads like this.

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "base/figure.h"
 #include "base/number.h"
 #include "base/text.h"
 #include "base/words.h"
@@ -10,7 +11,6 @@
 #include "masters/page_rows.h"
 #include "vouchers/accounts.h"
 #include "vouchers/bwrcpy_table.h"
-#include "vouchers/calculation.h"
 #include "vouchers/numbering.h"
 
 using namespace fields;

@@ -1,7 +1,5 @@
 #include "vouchers/calculation.h"
 
-#include <cmath>
-
 #include "base/number.h"
 #include "base/pattern.h"
 #include "base/text.h"
@@ -57,19 +55,4 @@ BillTotal billPreview(double items, const Taxes& taxes) {
 std::string quantityText(const std::string& typed) {
   const double quantity = Val(typed);
   return quantity >= 0 ? Format(quantity, "0.000") : typed;
-}
-
-bool figureRefused(std::string_view text) {
-  constexpr double kMost = 1e13;
-  constexpr int kMostDigits = 15;
-  const std::string figure = trim(text);
-  int digits = 0;  // from the first that is not 0
-  for (const char c : figure) {
-    if (c >= '0' && c <= '9')
-      digits += digits > 0 || c != '0' ? 1 : 0;
-    else if (c != '-' && c != '+' && c != '.')
-      break;
-  }
-  const bool endless = figure.ends_with("inf") || figure.ends_with("nan");
-  return endless || digits > kMostDigits || std::fabs(Val(figure)) > kMost;
 }

@@ -2,9 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
-
-#include "base/words.h"
 
 // The arithmetic of a bill: which tax applies, what a line is worth, what the bill comes to.
 // Amounts are rupees in doubles, rates are per cent. Every step rounds where and only where
@@ -63,9 +60,3 @@ BillTotal billPreview(double items, const Taxes& taxes);
 
 // A quantity as its field shows it: three decimals; a negative one stays as typed.
 std::string quantityText(const std::string& typed);
-
-// One that no bill holds: endless, beyond 10^13 on either side of 0, or of more than 15 digits, the
-// last of which would be lost.
-bool figureRefused(std::string_view text);
-inline constexpr const char* kFigureRefused =
-    english("This Figure Is Above 10000000000000\nOr Has More Than 15 Digits, Correct It");

@@ -1,9 +1,9 @@
 #include <algorithm>
 
+#include "base/figure.h"
 #include "base/number.h"
 #include "base/text.h"
 #include "frame/session.h"
-#include "vouchers/calculation.h"
 #include "vouchers/items.h"
 #include "vouchers/voucher_screen.h"
 

@@ -1,5 +1,5 @@
+#include "base/figure.h"
 #include "vouchers/bill_fixture.h"
-#include "vouchers/calculation.h"
 
 namespace {
 
