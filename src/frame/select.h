@@ -14,6 +14,7 @@ struct SelectColumn {
   int width = 0;            // twips of a screen of 800 pixels; 0: what its content asks for
   std::string name = {};    // "CLBAL"; empty: the column's own
   std::string search = {};  // condition with one "?" for a typed text; empty: in what the column shows
+  bool balance = false;     // of the row's account, in the ledger's figure at the time when it is read
 };
 
 struct OrderTerm {

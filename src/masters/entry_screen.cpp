@@ -47,10 +47,21 @@ bool EntryScreen::mayClose() {
 }
 
 std::string EntryScreen::hintFor(const Control& control) const {
-  const bool mayStayEmpty =
-      entering() && std::ranges::find(pattern_.optional, control.spec->field) != pattern_.optional.end();
-  if (mayStayEmpty && trim(control.text).empty()) return english("Press Enter For Help :: Tab = Leave Empty");
-  return ChildScreen::hintFor(control);
+  if (!control.editable() || !trim(control.text).empty()) return ChildScreen::hintFor(control);
+  const bool optional = entering() && isOptional(control);
+  if (control.declined) return hintAfterList(optional);
+  return optional && control.hint.empty() ? english("Press Enter For Help :: Tab = Leave Empty")
+                                          : ChildScreen::hintFor(control);
+}
+
+bool EntryScreen::isOptional(const Control& field) const {
+  return std::ranges::find(pattern_.optional, field.spec->field) != pattern_.optional.end();
+}
+
+Go EntryScreen::valuesInUse(const std::string& table, const std::string& column) {
+  if (!trim(here().text).empty()) return Go::On;
+  const Lookup values = valuesOf(table, column);
+  return lookUp(host, *this, here(), isOptional(here()) ? mayStayEmpty(values) : values);
 }
 
 std::string EntryScreen::code() const { return trimmed(pattern_.key); }
@@ -220,6 +231,16 @@ void EntryScreen::update() {
   add();
 }
 
+bool EntryScreen::figureTooLarge() {
+  for (const auto& c : controls) {
+    if (!c->ofFigures() || !figureRefused(c->text)) continue;
+    say(kFigureRefused);
+    if (c->focusable()) focus(*c);
+    return true;
+  }
+  return false;
+}
+
 // Locks, full disks and the like are told by the desk in the store's own words.
 bool EntryScreen::inTransaction(bool (EntryScreen::*work)()) {
   try {
@@ -231,16 +252,6 @@ bool EntryScreen::inTransaction(bool (EntryScreen::*work)()) {
       say(words("Entry Not Saved\r\n{why}", "why", words(missingCodeWords())));
     return done;
   } catch (const DatabaseError& error) {
-bool EntryScreen::figureTooLarge() {
-  for (const auto& c : controls) {
-    if (!c->ofFigures() || !figureRefused(c->text)) continue;
-    say(kFigureRefused);
-    if (c->focusable()) focus(*c);
-    return true;
-  }
-  return false;
-}
-
     if (!error.mayBePassedOver()) throw;
     logFailure(kTold, error);
     say(words("Entry Not Saved\r\n{why}", "why", words(error.what())));

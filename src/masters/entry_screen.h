@@ -120,6 +120,7 @@ class EntryScreen : public ChildScreen {
   Go keyIsFree();
   Go keyIsChosen();
   void removeShown();
+  bool isOptional(const Control& field) const;
   std::string keysOfMode() const;
   bool inTransaction(bool (EntryScreen::*work)());
   bool eraseLoaded() {

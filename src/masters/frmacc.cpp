@@ -225,13 +225,9 @@ Go frmacc::openingEntered() {
   return Go::Stay;
 }
 
-Go frmacc::cityEntered() { return valuesInUse("city"); }
-Go frmacc::pinCodeEntered() { return valuesInUse("pincode"); }
-Go frmacc::areaEntered() { return valuesInUse("area"); }
-
-Go frmacc::valuesInUse(const char* column) {
-  return here().text.empty() ? lookUp(host, *this, here(), valuesOf("ACCOUNT", column)) : Go::On;
-}
+Go frmacc::cityEntered() { return valuesInUse("ACCOUNT", "city"); }
+Go frmacc::pinCodeEntered() { return valuesInUse("ACCOUNT", "pincode"); }
+Go frmacc::areaEntered() { return valuesInUse("ACCOUNT", "area"); }
 
 Go frmacc::gstinEntered() {
   if (!entering()) return Go::On;

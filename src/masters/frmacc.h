@@ -35,7 +35,6 @@ class frmacc : public EntryScreen {
   Go cityEntered();
   Go pinCodeEntered();
   Go areaEntered();
-  Go valuesInUse(const char* column);
   Go gstinEntered();
   Go stateEntered();
   template <size_t N>

@@ -32,9 +32,15 @@ std::string lastWorkedWith(const Select& select) {
   return sameText(first, "ACC_CD") ? session().mlastacc : std::string();
 }
 
-std::vector<GridColumn> gridColumns(const PageRows& rows, const Select& select) {
+// What the row tells besides stands behind the columns that are shown.
+Lookup readAlong(Lookup lookup) {
+  if (!lookup.along.empty()) lookup.rows.columns.push_back({lookup.along, 0, "along"});
+  return lookup;
+}
+
+std::vector<GridColumn> gridColumns(const PageRows& rows, const Select& select, size_t shown) {
   std::vector<GridColumn> columns;
-  for (size_t i = 0; i < rows.columns().size(); ++i) {
+  for (size_t i = 0; i < std::min(shown, rows.columns().size()); ++i) {
     const ColumnTitle t = columnTitle(rows.columns()[i].name);
     const int twips = select.columns[i].width;
     const double title = 9 * length(t.title) + 18;
@@ -50,7 +56,8 @@ ScreenSpec screenTable(const PageRows& rows, const Lookup& lookup) {
   table.caption = "Help";
   table.window = Window::Dialog;
   table.focusColour = 0xFFC0FF;
-  std::vector<GridColumn> columns = gridColumns(rows, lookup.rows);
+  std::vector<GridColumn> columns =
+      gridColumns(rows, lookup.rows, lookup.rows.columns.size() - !lookup.along.empty());
   double width = kLane + kFrame;
   for (const GridColumn& c : columns) width += c.width.n;
 
@@ -77,7 +84,7 @@ ScreenSpec screenTable(const PageRows& rows, const Lookup& lookup) {
 }  // namespace
 
 LookupPlan::LookupPlan(const Lookup& theLookup)
-    : lookup(theLookup),
+    : lookup(readAlong(theLookup)),
       database(lookup.inCatalogue ? catalogue() : data()),
       steps(valueSteps(database, lookup)),
       rows(std::make_shared<PageRows>(database, steps.value_or(lookup.rows), PageRows::Counting::Ahead,
@@ -122,7 +129,6 @@ void FRMHLP::opened(const Opening&) {
   if (rows->counted() && rows->count() == 0) escMeans = "Nothing To Choose Yet  ::  Esc = Close";
   at("Text1").visible = !lookup.secondOnly;
   focus(searchField());
-  host.hint("Type To Find and Enter To Proceed");
 }
 
 void FRMHLP::show(std::shared_ptr<PageRows> list) {
@@ -131,7 +137,29 @@ void FRMHLP::show(std::shared_ptr<PageRows> list) {
   timerMs = rows->counted() ? 0 : kCountAfterMs;
   grid.source = rows;
   grid.moveTo(rows->begin());
+  sayWhatCanBeDone();
 }
+
+// A list without rows tells how to go on, so that nobody stands before a blank one.
+void FRMHLP::sayWhatCanBeDone() {
+  std::vector<std::string>& instead = at("grdDataGrid").grid.instead;
+  const std::string typedText = typedForSearch();
+  if (rows->count() > 0) {
+    host.hint("Type To Find and Enter To Proceed");
+    return;
+  }
+  instead = {typedText.empty() ? words("Nothing Is There To Choose From Yet")
+                               : words("Nothing Holds \"{text}\". What Was Typed Stays", "text", typedText)};
+  if (lookup.free) instead.push_back(words("Enter = Take What Is Typed Here"));
+  const Control& second = at("Text2");
+  if (!typedText.empty() && second.visible && second.text.empty())
+    instead.push_back(words("Right = Look For It Under {column}", "column", words(second.label)));
+  if (!typedText.empty()) instead.push_back(words("Backspace = Look For Less Of It"));
+  instead.push_back(words("Esc = Close The List"));
+  host.hint(join(instead, " :: "));
+}
+
+std::string FRMHLP::typedForSearch() { return trim(searchField().text); }
 
 // A search takes the place of the one before it, so the other field shows nothing of it.
 void FRMHLP::search(size_t column) {
@@ -154,8 +182,15 @@ void FRMHLP::tick() {
   timerMs = 0;
 }
 
+// A text that the first column does not hold is looked for in the second; typing takes its place.
 void FRMHLP::toSecond() {
-  if (at("Text2").visible) focus(at("Text2"));
+  Control& second = at("Text2");
+  if (!second.visible) return;
+  if (rows->count() == 0 && second.text.empty() && !at("Text1").text.empty()) {
+    set(second, at("Text1").text);
+    search(1);
+  }
+  focus(second);
 }
 
 void FRMHLP::toFirst() {
@@ -182,9 +217,14 @@ void FRMHLP::typed(Control& control, char32_t key) {
   search(text.family == "Text1" ? 0 : 1);
 }
 
+// A typed text that nothing holds stays where it is, unless the field takes any.
 Go FRMHLP::choose() {
   const size_t row = at("grdDataGrid").grid.current;
-  result = row == Grid::kNone ? std::string() : rows->text(row, 0);
+  const std::string typedText = typedForSearch();
+  if (row == Grid::kNone && !typedText.empty() && !lookup.free) return Go::Stay;
+  result = row == Grid::kNone ? typedText : rows->text(row, 0);
+  if (row != Grid::kNone && !lookup.along.empty())
+    lookup.tell(rows->text(row, lookup.rows.columns.size() - 1));
   host.close(*this);
   return Go::Stay;
 }

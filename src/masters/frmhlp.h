@@ -43,6 +43,8 @@ class FRMHLP : private LookupPlan, public Screen {
   void searchSecond() { search(1); }
   void search(size_t column);
   void show(std::shared_ptr<PageRows> list);
+  void sayWhatCanBeDone();
+  std::string typedForSearch();
 
   void down() { move(+1); }
   void up() { move(-1); }

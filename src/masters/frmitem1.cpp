@@ -90,6 +90,7 @@ EntryPattern itemPattern() {
       .names = {.columns = {{"ITEM_NAME"}}, .from = "ITEM", .order = {"item_name"}},
       .namesGrid = "DataGrid2",
       .name = kName,
+      .optional = {kHsn   },
       .video = links().itemVideo,
   };
 }
@@ -204,7 +205,7 @@ Go FRMITEM1::searchInto(const Lookup& lookup) {
 
 Go FRMITEM1::nameEntered() {
   const std::string name = trimmed(kName);
-  return name.empty() ? valuesInUse("ITEM_NAME", "item") : nameIsFree();
+  return name.empty() ? valuesInUse("item", "ITEM_NAME") : nameIsFree();
 }
 
 Go FRMITEM1::nameIsFree() {
@@ -227,13 +228,8 @@ Go FRMITEM1::categoryIsKnown() {
   return categoryName(data(), trimmed(kCategory)) ? Go::On : refuse("Category Not Found");
 }
 
-Go FRMITEM1::unitEntered() { return valuesInUse("UOM", "item"); }
-Go FRMITEM1::hsnEntered() { return valuesInUse("HSNCODE", "item"); }
-
-Go FRMITEM1::valuesInUse(const char* column, const char* table) {
-  if (!trim(here().text).empty()) return Go::On;
-  return lookUp(host, *this, here(), valuesOf(table, column));
-}
+Go FRMITEM1::unitEntered() { return valuesInUse("item", "UOM"); }
+Go FRMITEM1::hsnEntered() { return valuesInUse("item", "HSNCODE"); }
 
 // Detail rows
 
@@ -244,7 +240,7 @@ void FRMITEM1::sizeFocused() {
 
 Go FRMITEM1::sizeEntered() {
   const std::string size = trimmed(kUnit);
-  if (size.empty()) return valuesInUse("SIZE_CD", "itemDTL");
+  if (size.empty()) return valuesInUse("itemDTL", "SIZE_CD");
   const bool own = picked_ && sameText(picked_->size, size);
   return !own && itemSizeInWork(data(), size) ? refuse("Duplicate Item Not Allowed") : Go::On;
 }

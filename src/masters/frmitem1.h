@@ -40,7 +40,6 @@ class FRMITEM1 : public EntryScreen {
   Go categoryIsKnown();
   Go unitEntered();
   Go hsnEntered();
-  Go valuesInUse(const char* column, const char* table);
 
   void sizeFocused();
   Go sizeEntered();

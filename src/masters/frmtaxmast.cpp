@@ -191,9 +191,11 @@ Go frmtaxmast::fieldEntered() {
 
 Go frmtaxmast::accountEntered(int index) {
   const std::string code = trim(field(index).text);
-  if (code.empty())
-    return lookUp(host, *this, field(index),
-                  accounts({{"ACC_CD"}, {"acc_NAME"}, {"AREA"}, {"CITY"}, {"PERSON_NM"}, balanceColumn()}));
+  if (code.empty()) {
+    Lookup list = accounts({{"ACC_CD"}, {"acc_NAME"}, {"AREA"}, {"CITY"}, {"PERSON_NM"}, balanceColumn()});
+    list.optional = !fieldOf(index).required;
+    return lookUp(host, *this, field(index), list);
+  }
   const auto account = findAccount(data(), code);
   if (!account) return refuse("Please Select Proper ACCOUNT Code");
   if (index + 1 < count() && fieldOf(index + 1).kind == SmallKind::AccountName)

@@ -138,7 +138,7 @@ bool Desk::moveFocus(Screen& screen, Control& target, bool validate) {
   if (old) {
     // The work of the field may have switched the target off.
     if (validate && old->focusable() && (!mayLeave(screen, target) || !target.focusable())) return false;
-    old->refused = false;
+    old->refused = old->declined = false;
     if (old->editable()) old->back = kWhite;
     fire(screen, old, On::Leave, Go::On);
   }
@@ -321,7 +321,7 @@ bool Desk::editKey(Screen& screen, Control& control, const Key& key) {
 }
 
 void Desk::edited(Screen& screen, Control& control) {
-  control.refused = control.given = false;
+  control.refused = control.given = control.declined = false;
   fire(screen, &control, On::Change, Go::On);
 }
 

@@ -57,6 +57,8 @@ struct Grid {
   std::shared_ptr<RowSource> source;
   size_t current = kNone;  // row under the cursor
   bool heading = true;
+  // What is said in place of rows while there are none: lines, of which the first stands out.
+  std::vector<std::string> instead;
 
   size_t count() const { return source ? source->count() : 0; }
   Cell cell(size_t row, size_t column) const { return row < count() ? source->cell(row, column) : Cell{}; }

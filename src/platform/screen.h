@@ -99,6 +99,7 @@ struct Control {
   Bgr back = kWhite;
   bool refused = false;               // its last check refused: drawn with the error frame
   bool given = false;                 // the program put the text, and nobody has typed since
+  bool declined = false;              // the list of the empty field was closed without a choice
   std::optional<std::string> worked;  // the text for which Enter's work was done last
   size_t caret = 0, anchor = 0;       // code points; equal when nothing is selected
   double value = 0, maximum = 0;      // progress; a check box is on when value is not 0
@@ -113,11 +114,11 @@ struct Control {
            kind != Kind::Chart;
   }
   bool ofLine() const { return spec->at.group == kEntryGroup; }
-  std::string fullName() const { return index < 0 ? family : family + "(" + std::to_string(index) + ")"; }
   // Takes a number and nothing else; a number class that stores a text (a code) takes that too.
   bool ofFigures() const {
     return spec && (spec->holds == Holds::Figure || (keys == KeyClass::Number && spec->column.empty()));
   }
+  std::string fullName() const { return index < 0 ? family : family + "(" + std::to_string(index) + ")"; }
 };
 
 // An empty date box reads like this.

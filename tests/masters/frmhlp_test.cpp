@@ -43,6 +43,7 @@ class LookupTest : public MastersTest {
 };
 
 TEST_F(LookupTest, ShowsTheStatementUnderReadableTitles) {
+  data().exec("UPDATE ACCOUNT SET OP_BAL = 12.5, CL_BAL = 99 WHERE ACC_CD = 'A00001'");  // a stale one
   lookUpWith([&] {
     EXPECT_EQ(names(), "AMBICA CEMENT,NEW AMBICA 10% PAINTS,Patel Trading,ZENITH");
     EXPECT_EQ(host.cell("grdDataGrid", 0, 3), "12.50");
@@ -121,6 +122,30 @@ TEST_F(LookupTest, AnEmptyListGivesNothing) {
     EXPECT_EQ(host.onTop(), "GSTSAPU");
   }
   EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(LookupTest, WhatIsFoundNowhereStays) {
+  lookUpWith([&] {
+    host.type("ZENI");
+    EXPECT_EQ(join(host.at("grdDataGrid").grid.instead, "|"),
+              "Nothing Holds \"ZENI\". What Was Typed Stays|Right = Look For It Under Name|"
+              "Backspace = Look For Less Of It|Esc = Close The List");
+    host.enter();
+    EXPECT_EQ(host.onTop() + host.text("Text1"), "FRMHLPZENI");
+    host.key(KeyCode::Right);
+    EXPECT_EQ(host.text("Text2") + names(), "ZENIZENITH");
+    host.escape();
+  });
+  Caller::asked = valuesOf("ACCOUNT", "CITY");
+  lookUpWith([&] {
+    host.type("surat");
+    host.enter();
+  });
+  EXPECT_EQ(host.text("Text1(0)") + host.focus(), "SURATText1(1)") << "a field of any text takes it";
+  Caller::asked = mayStayEmpty(parties());
+  lookUpWith([&] { host.escape(); });
+  host.enter();
+  EXPECT_EQ(host.focus(), "Text1(1)");
 }
 
 TEST_F(LookupTest, NumbersAndDatesAreSearchedAsTheyShow) {

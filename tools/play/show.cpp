@@ -22,6 +22,8 @@ void printGrid(const Control& c) {
     std::cout << "    " << (row == c.grid.current ? "> " : "| ") << join(cells, " | ") << "\n";
   }
   if (c.grid.count() > kMost) std::cout << "    ...\n";
+  if (c.grid.count() == 0)
+    for (const std::string& line : c.grid.instead) std::cout << "    " << line << "\n";
 }
 
 }  // namespace

@@ -162,8 +162,9 @@ void GridView::sync(const Situation& situation) {
   const bool focus = situation.focus || situation.caller;
   // In a lookup the row under the cursor belongs to the search field above it.
   const bool strongRow = focus || (spot_.joined && screen_.spec.window == Window::Dialog);
-  const bool whole = stale_ || grid.source.get() != shown_.source || focus != shown_.focus ||
-                     control_.back != shown_.back || strongRow != shown_.strongRow;
+  const std::vector<std::string> instead = count == 0 ? grid.instead : std::vector<std::string>();
+  const bool whole = stale_ || instead != shown_.instead || grid.source.get() != shown_.source ||
+                     focus != shown_.focus || control_.back != shown_.back || strongRow != shown_.strongRow;
   const size_t before = shown_.first, oldCurrent = shown_.current, oldCount = shown_.count;
   const bool otherSource = grid.source.get() != shown_.source;
   // A source made anew with one row more is the same list with a new line.
@@ -175,6 +176,7 @@ void GridView::sync(const Situation& situation) {
   shown_.focus = focus;
   shown_.strongRow = strongRow;
   shown_.back = control_.back;
+  shown_.instead = instead;
   if (!akin && current == Grid::kNone) shown_.first = 0;
   follow(current != oldCurrent || otherSource, akin && count > oldCount, otherSource && !akin);
   std::vector<Row> old = std::move(shown_.rows);
@@ -231,6 +233,7 @@ void GridView::paintEvent(QPaintEvent* event) {
   for (size_t i = 0; i < shown_.rows.size(); ++i)
     if (rowRect(shown_.first + i).intersects(event->rect())) paintRow(painter, shown_.first + i);
   painter.restore();
+  if (!shown_.instead.empty()) paintInstead(painter);
   const bool strong = shown_.focus || spot_.overlay;
   const int width = strong ? look_->px(2) : 1;
   QRect frame = rect().adjusted(1, 1, -1, -1);
@@ -240,6 +243,43 @@ void GridView::paintEvent(QPaintEvent* event) {
   painter.fillRect(QRect(frame.x(), frame.bottom() + 1 - width, frame.width(), width), line);
   painter.fillRect(QRect(frame.x(), frame.y(), width, frame.height()), line);
   painter.fillRect(QRect(frame.right() + 1 - width, frame.y(), width, frame.height()), line);
+}
+
+// A sentence, and under it keys with what they do.
+void GridView::paintInstead(QPainter& painter) const {
+  const int inset = 3 * look_->px(layout::size::kCellInset), gap = look_->px(3);
+  QRect line = body();
+  painter.fillRect(line, groundOf(0));
+  line.adjust(inset, look_->px(4), -inset, 0);
+  line.setHeight(spot_.rowHeight);
+  int keys = 0;
+  const auto keyOf = [](const std::string& text) {
+    const size_t equals = text.find(" = ");
+    return QString::fromStdString(equals == std::string::npos ? "" : text.substr(0, equals));
+  };
+  const QFontMetrics& strong = look_->metrics(Look::Face::Strong);
+  for (const std::string& text : shown_.instead)
+    keys = std::max(keys, strong.horizontalAdvance(keyOf(text)) + 2 * inset);
+  for (const std::string& text : shown_.instead) {
+    const QString key = keyOf(text);
+    QRect words = line;
+    painter.setFont(look_->font(key.isEmpty() ? Look::Face::Strong : Look::Face::Plain));
+    painter.setPen(QColor(palette::kInk));
+    if (!key.isEmpty()) {
+      const QRect cap(line.x() + keys - strong.horizontalAdvance(key) - inset, line.y() + gap,
+                      strong.horizontalAdvance(key) + inset, line.height() - 2 * gap);
+      draw::box(painter, cap, QColor(palette::kField), QColor(palette::kAccent), 1, 3);
+      painter.setFont(look_->font(Look::Face::Strong));
+      painter.setPen(QColor(palette::kAccent));
+      draw::line(painter, cap, key, Qt::AlignHCenter);
+      painter.setFont(look_->font(Look::Face::Plain));
+      painter.setPen(QColor(palette::kInk));
+      words.setLeft(line.x() + keys + inset / 2);
+    }
+    draw::line(painter, words, QString::fromStdString(text).mid(key.isEmpty() ? 0 : key.size() + 1),
+               Qt::AlignLeft);
+    line.translate(0, spot_.rowHeight);
+  }
 }
 
 void GridView::paintRow(QPainter& painter, size_t row) const {

@@ -32,6 +32,7 @@ class GridView : public WidgetView<QWidget> {
     bool focus = false, strongRow = false;
     Bgr back = kWhite;
     std::vector<Row> rows;
+    std::vector<std::string> instead;
   };
 
   bool ownHeading() const { return control_.grid.heading && !spot_.joined; }
@@ -45,6 +46,7 @@ class GridView : public WidgetView<QWidget> {
   void follow(bool moved, bool grown, bool fresh);
   void fetch();
   void paintRow(QPainter& painter, size_t row) const;
+  void paintInstead(QPainter& painter) const;
   void paintCell(QPainter& painter, const QRect& box, const Cell& cell, size_t column, bool current) const;
   QColor groundOf(size_t row) const;
   QString textOf(const Cell& cell, size_t column) const;
