@@ -38,6 +38,15 @@ std::optional<std::string> groupName(Database& db, double code) {
   return row->text(0);
 }
 
+bool isPartyGroup(Database& db, double code) {
+  return db
+      .first(
+          "WITH RECURSIVE UP(CODE) AS (SELECT ? UNION SELECT SUB_GROUP FROM GRP JOIN UP ON GROUP_CD = CODE)"
+          " SELECT 1 FROM UP WHERE CODE IN (85, 135)",
+          code)
+      .has_value();
+}
+
 void addAccount(Database& db, Fields fields) {
   addDerived(fields);
   const Fields fixed{

@@ -19,6 +19,9 @@ std::string groupCode(Database& db, std::string_view name);
 // None when there is no group of that code.
 std::optional<std::string> groupName(Database& db, double code);
 
+// Whether accounts of the group are billed: debtors, creditors and the groups that stand under these.
+bool isPartyGroup(Database& db, double code);
+
 // Fields as typed; what the screen has no field for takes its fixed value. The opening balance
 // is written as closing balance too: the true one comes at the next refresh of balances.
 void addAccount(Database& db, Fields fields);

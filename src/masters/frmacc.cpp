@@ -60,6 +60,8 @@ const ScreenSpec& accountTable() {
 }
 // clang-format on
 
+constexpr const char* kNoState = english("Please Fill Proper State Code\r\nFor Gujarat it is 24");
+
 EntryPattern accountPattern() {
   const std::string stem = words("ACCOUNT MASTER");
   return {
@@ -124,7 +126,8 @@ frmacc::frmacc(Host& theHost) : EntryScreen(theHost, accountTable(), accountPatt
                           {kArea,           KeyCode::Enter, &frmacc::areaEntered   },
                           {kGstin,          KeyCode::Enter, &frmacc::gstinEntered  },
                           {kStateCode,      KeyCode::Enter, &frmacc::stateEntered  },
-                          {kStateCode,      On::Validate,   &frmacc::stateEntered  },
+                          {kStateCode,      On::Validate,   &frmacc::stateLeft     },
+                          {kStateCode,      On::Leave,      &frmacc::dropWaiting   },
                           {"",              KeyCode::F1,    &frmacc::search<0>     },
                           {"",              KeyCode::F2,    &frmacc::search<1>     },
                           {"",              KeyCode::F3,    &frmacc::search<2>     },
@@ -171,7 +174,10 @@ Control* frmacc::missingField() {
   return nullptr;
 }
 
-void frmacc::emptied() { put(kGroupName, ""); }
+void frmacc::emptied() {
+  put(kGroupName, "");
+  saveWaits_ = false;
+}
 
 void frmacc::showGroupName() {
   const std::string& typed = text(kGroup);
@@ -245,14 +251,32 @@ Go frmacc::gstinEntered() {
   return Go::On;
 }
 
+// Enter goes on with the save that has asked for the state.
 Go frmacc::stateEntered() {
-  if (!entering() || !trimmed(kStateCode).empty()) return Go::On;
-  return refuse("Please Fill Proper State Code\r\nFor Gujarat it is 24");
+  if (stateLeft() == Go::Stay) return Go::Stay;
+  if (!std::exchange(saveWaits_, false)) return Go::On;
+  update();
+  return Go::Stay;
 }
+
+Go frmacc::stateLeft() { return entering() && trimmed(kStateCode).empty() ? refuse(kNoState) : Go::On; }
 
 // Saving and deleting
 
-bool frmacc::maySave() { return nameIsFree() == Go::On && groupIsKnown() == Go::On; }
+bool frmacc::maySave() {
+  return nameIsFree() == Go::On && groupIsKnown() == Go::On && work(at(kGstin)) && stateIsKnown();
+}
+
+// Without a state the tax of a party's bills could not be chosen.
+bool frmacc::stateIsKnown() {
+  if (value(kStateCode) != 0 || !isPartyGroup(data(), value(kGroup))) return true;
+  if (isGstinLength(trimmed(kGstin))) put(kStateCode, gstinParts(trimmed(kGstin)).stateCode);
+  if (value(kStateCode) != 0) return true;
+  say(kNoState);
+  focus(at(kStateCode));
+  saveWaits_ = true;
+  return false;
+}
 
 bool frmacc::store() {
   put(kCode, code());

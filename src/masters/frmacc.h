@@ -37,7 +37,12 @@ class frmacc : public EntryScreen {
   Go areaEntered();
   Go gstinEntered();
   Go stateEntered();
+  Go stateLeft();
+  bool stateIsKnown();
+  void dropWaiting() { saveWaits_ = false; }
   template <size_t N>
   Go search();
   void showGroupName();
+
+  bool saveWaits_ = false;  // for the state that it has asked for
 };

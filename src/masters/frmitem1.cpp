@@ -251,6 +251,13 @@ Go FRMITEM1::detailEnded() {
     focus(at(kUnit));
     return Go::Stay;
   }
+  if (figureTooLarge()) return Go::Stay;
+  // Everything that names the row's item would name none.
+  if (!sameText(detail.key.code, code()) && !findItem(data(), detail.key.code)) {
+    say(words("No Item Has The Code {code}\nA Row Goes To An Item That Stands", "code", detail.key.code));
+    focus(at(kRowCode));
+    return Go::Stay;
+  }
   const bool own = picked_ && *picked_ == detail.key;
   if (!own && findItemDetail(data(), detail.key)) {
     say("Duplicate Values Found Entry Terminated");

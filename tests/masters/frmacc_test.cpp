@@ -46,10 +46,34 @@ TEST_F(AccountTest, WhatIsIncompleteIsNotSaved) {
   EXPECT_EQ(row("SELECT COUNT(*) FROM ACCOUNT WHERE ACC_CD LIKE 'A%'"), "2");
 }
 
+// The three keys of a save: the state comes from the GSTIN, or is asked for and the save goes on.
+TEST_F(AccountTest, APartyIsStoredWithItsState) {
+  host.press("cmdAdd");
+  host.type("OF NO STATE");
+  host.keys({KeyCode::Enter, KeyCode::Enter});
+  host.answers = {true};
+  host.enter();
+  EXPECT_EQ(host.lastMessage() + host.focus(),
+            "Please Fill Proper State Code\r\nFor Gujarat it is 24state_code");
+  EXPECT_EQ(stored("A00008"), "none");
+  host.type("२७");
+  host.enter();
+  EXPECT_EQ(stored("A00008"), "OF NO STATE|85|0|0|0||||27");
+  host.type("WITH GSTIN");
+  host.fill("gstin", "24ABCDE1234F1Z5");
+  host.press("cmdUpdate");
+  EXPECT_EQ(stored("A00009"), "WITH GSTIN|85|0|0|0||ABCDE1234F|24ABCDE1234F1Z5|24");
+  host.type("RENT");
+  host.fill("group", "33");
+  host.press("cmdUpdate");
+  EXPECT_EQ(stored("A00010"), "RENT|33|0|0|0||||0") << "no party";
+}
+
 // Another program takes the code, or deletes the account, in the meantime.
 TEST_F(AccountTest, WhatAnotherProgramDidIsNotWrittenOver) {
   host.press("cmdAdd");
   host.type("NEW PARTY");
+  host.fill("state_code", "24");
   account("A00008", "OF ANOTHER PROGRAM");
   host.press("cmdUpdate");
   EXPECT_EQ(host.lastMessage(), "PARTY ALREADY EXISTS");
@@ -83,7 +107,7 @@ TEST_F(AccountTest, EditReadsTheRowAndChangesIt) {
   host.enter();
   host.fill("city", "NADIAD");
   host.press("cmdUpdate");
-  EXPECT_EQ(stored("A00007"), "PATEL TRADING|85|0|118|0|NADIAD|||0");
+  EXPECT_EQ(stored("A00007"), "PATEL TRADING|85|0|118|0|NADIAD|||24");
   EXPECT_EQ(row("SELECT COUNT(*) FROM ACCOUNT WHERE ACC_NAME = 'PATEL TRADING'"), "2");
   EXPECT_EQ(host.screen().mode, "ADD") << "the next entry follows";
 

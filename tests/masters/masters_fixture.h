@@ -82,7 +82,8 @@ class MastersTest : public ::testing::Test {
   }
   static void account(const std::string& code, const std::string& name, double group = 85) {
     data().exec(
-        "INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, CITY, CL_BAL) VALUES (?, ?, ?, 'ANAND', 12.5)",
+        "INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, GROUP_CD, CITY, STATECD, CL_BAL) VALUES (?, ?, ?, 'ANAND', "
+        "24, 12.5)",
         code, name, group);
   }
 
