@@ -3,6 +3,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "base/words.h"
+#include "frame/routines.h"
 #include "masters/accounts.h"
 #include "store/balances.h"
 
@@ -14,6 +15,15 @@ std::optional<double> filled(const Row& row, const char* column) {
 }
 
 }  // namespace
+
+std::string fullCode(Database& db, const std::string& typed) {
+  constexpr size_t kMostDigits = 5;
+  const bool isShort = !typed.empty() && typed.size() <= kMostDigits &&
+                       typed.find_first_not_of("0123456789") == std::string::npos;
+  if (!isShort || findAccount(db, typed)) return typed;
+  const std::string full = accountCode(Val(typed));
+  return findAccount(db, full) ? full : typed;
+}
 
 std::optional<AccountFacts> readAccount(Database& db, const std::string& code) {
   const auto row = findAccount(db, code);

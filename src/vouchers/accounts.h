@@ -14,6 +14,9 @@ struct AccountFacts {
   std::optional<double> creditDays;
 };
 
+// "3" as the code that it is short for ("A00003"); a code that stands, and all else, as it was typed.
+std::string fullCode(Database& db, const std::string& typed);
+
 // Nothing when there is no such account.
 std::optional<AccountFacts> readAccount(Database& db, const std::string& code);
 

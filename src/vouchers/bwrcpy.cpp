@@ -288,7 +288,9 @@ Go bwrcpy::voucherDate() {
 }
 
 bool bwrcpy::showAccount(const Side& side) {
-  const auto account = readAccount(data(), trimmed(side.code));
+  const std::string code = fullCode(data(), trimmed(side.code));
+  if (code != trimmed(side.code)) put(side.code, code);
+  const auto account = readAccount(data(), code);
   put(side.name, account ? account->name : "");
   put(side.balance, account ? numText(account->balance) : "");
   return account && !trim(account->name).empty();

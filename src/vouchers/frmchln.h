@@ -34,7 +34,7 @@ class FRMCHLN : public VoucherScreen {
 
   // Enter, by field.
   Go voucherNumber();
-  Go voucherDate() { return date(fields::kDate) ? Go::On : Go::Stay; }
+  Go voucherDate() { return dateStands(); }
   Go party();
   Go challanType();
   Go item();

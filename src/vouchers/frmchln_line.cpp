@@ -23,8 +23,8 @@ Go FRMCHLN::item() {
   const bool typedName = isMisc() && at(kItemName).enabled && !trimmed(kItemName).empty();
   if (!typedName) put(kItemName, found->name);
   at(kItemName).enabled = isMisc();
-  put(kUnit, found->unit);
-  focus(at(kDetail));
+  put(kUnit, unitOf(code, found->unit));
+  focus(at(isMisc() ? kItemName : kDetail));
   return Go::Stay;
 }
 
@@ -35,7 +35,7 @@ Go FRMCHLN::unit() {
     host.message("Unit Not Found");
     return Go::Stay;
   }
-  if (value(kRate) == 0 && rates->rate != 0) put(kRate, rates->rate);
+  takeFromUnit(*rates);
   return Go::On;
 }
 

@@ -51,7 +51,7 @@ std::vector<FRMCHLN::KeyLookup> FRMCHLN::lookups(const VoucherKind& kind) {
       {kNumber,      F1,    challans({{"CHLN.VOUCH_NO"}, {"CHLN.chln_no"}, {"ACC_NAME"}, {"CHLN.vouch_dt"}, {"ACCOUNT.CITY"}, {"ACCOUNT.AREA"}, {"CHLN.CHLN_TYP"}, {"CHLN.ORDER_NO", 0, "REF_NO"}}), {Book}},
       {kNumber,      F2,    challans({{"CHLN.VOUCH_NO"}, {"CHLN.ORDER_NO", 0, "REF_NO"}, {"ACC_NAME"}, {"CHLN.vouch_dt"}, {"ACCOUNT.CITY"}, {"ACCOUNT.AREA"}, {"CHLN.CHLN_TYP"}, {"CHLN.chln_no"}}), {Book}},
       {kParty,       Enter, accounts({{"ACC_CD", 1500}, {"ACC_NAME", 3000}, {"area", 2000}, {"city", 2000}}, kind.party.offered)},
-      {kChallanType, Enter, valuesOf("CHLN", "CHLN_TYP")},
+      {kChallanType, Enter, mayStayEmpty(valuesOf("CHLN", "CHLN_TYP"))},
       {kItem,        Enter, items()},
       {kDetail,      F1,    valuesOf("CHLNITM", "DESC1")},
       {kUnit,        Enter, units({{"SIZE_CD"}, {"cl_stk"}, {"SALE_rate1"}, {"pur_rate"}, {"desc1", 0, "exp_dt"}, {"ITEM_CD"}}), {Item}},

@@ -44,7 +44,7 @@ class FRMQUOT : public VoucherScreen {
 
   // Enter, by field.
   Go voucherNumber();
-  Go voucherDate() { return date(fields::kDate) ? Go::On : Go::Stay; }
+  Go voucherDate() { return dateStands(); }
   Go party();
   Go item();
   Go itemName();

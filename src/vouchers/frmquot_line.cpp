@@ -20,6 +20,8 @@ Go FRMQUOT::item() {
   if (endsLines()) return Go::Stay;
   at(kItemName).enabled = isMisc();
   if (isMisc()) {
+    if (itemChanged()) put(kItemName, "");
+    put(kUnit, unitOf(code, trimmed(kUnit)));
     focus(at(kItemName));
     return Go::Stay;
   }
@@ -31,8 +33,8 @@ Go FRMQUOT::item() {
     return Go::Stay;
   }
   put(kItemName, found->name);
-  fillRate(found->rate);
-  put(kUnit, found->unit);
+  put(kUnit, unitOf(code, found->unit));
+  takeFromUnit(readUnit(data(), kind_, code, trimmed(kUnit)).value_or(UnitRates{.rate = found->rate}));
   fillRates(found->rateOfTax);
   focus(at(kDetail));
   return Go::Stay;
@@ -68,8 +70,7 @@ Go FRMQUOT::itemName() {
 Go FRMQUOT::unit() {
   if (trimmed(kUnit).empty()) return helpHere();
   const auto rates = readUnit(data(), kind_, trimmed(kItem), trimmed(kUnit));
-  if (rates && rates->rate > 0) fillRate(rates->rate);
-  if (rates && rates->discount > 0 && value(kDiscount) == 0) put(kDiscount, rates->discount);
+  if (rates) takeFromUnit(*rates);
   focus(at(kQuantity));
   return Go::Stay;
 }

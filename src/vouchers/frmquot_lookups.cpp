@@ -62,7 +62,7 @@ std::vector<FRMQUOT::KeyLookup> FRMQUOT::lookups(const VoucherKind& kind, bool n
       {kItemName,  Enter, itemNames()},
       {kDetail,    F1,    valuesOf("QUOTITM", "ITEM_DESC")},
       {kDetail,    F2,    linesOfItem(), {Item}},
-      {kUnit,      Enter, unitsOfItem(), {Item}},
+      {kUnit,      Enter, mayStayEmpty(unitsOfItem()), {Item}},
   };
   // clang-format on
   if (narrations)

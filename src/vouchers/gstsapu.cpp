@@ -89,10 +89,9 @@ void GSTSAPU::startNew() {
 
 Go GSTSAPU::voucherNumber() { return trimmed(kNumber).empty() ? helpHere() : number(); }
 
-// A text that is no date goes nowhere.
 Go GSTSAPU::voucherDate() {
   const auto typedDate = date(kDate);
-  if (!typedDate) return Go::Stay;
+  if (!typedDate) return dateStands();
   const std::string refusal = period_.refusal(*typedDate);
   if (refusal.empty()) return Go::On;
   host.message(refusal);
@@ -120,7 +119,10 @@ bool GSTSAPU::acceptParty() {
 }
 
 Go GSTSAPU::shipTo() {
-  if (trimmed(kShipTo).empty()) return helpHere();
+  if (trimmed(kShipTo).empty()) {
+    put(kShipToName, "");
+    return helpHere();
+  }
   if (acceptShipTo()) return Go::On;
   textChanged();
   return Go::Stay;

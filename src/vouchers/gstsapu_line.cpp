@@ -28,11 +28,11 @@ Go GSTSAPU::item() {
     at(kItemName).enabled = false;
     return Go::Stay;
   }
-  if (!isMisc()) put(kItemName, found->name);
+  if (!isMisc() || itemChanged()) put(kItemName, isMisc() ? "" : found->name);
   fillRates(found->rateOfTax);
-  put(kUnit, found->unit);
+  put(kUnit, unitOf(code, found->unit));
   if (!fillFromUnit()) host.message("Check Unit For This Item in Item Master");
-  focus(at(kDetail));
+  focus(at(isMisc() ? kItemName : kDetail));
   return Go::Stay;
 }
 
@@ -52,8 +52,7 @@ bool GSTSAPU::fillFromUnit() {
   if (isMisc()) return true;
   const auto rates = readUnit(data(), kind_, trimmed(kItem), trimmed(kUnit));
   if (!rates) return false;
-  if (rates->rate > 0 && value(kRate) == 0) put(kRate, rates->rate);
-  if (rates->discount > 0 && value(kDiscount) == 0) put(kDiscount, rates->discount);
+  takeFromUnit(*rates);
   return true;
 }
 

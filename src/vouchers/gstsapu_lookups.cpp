@@ -90,7 +90,8 @@ Lookup items() {
                            {"pur_rate"}},
                .from = "(ITEM left join itemdtl on item.item_cd = itemdtl.item_cd)"
                        " left join DEPTMENT on ITEM.DEPT_CD = DEPTMENT.DEPT_CD", .order = {"ITEM_NAME"}},
-      .below = true
+      .below = true,
+      .along = "size_cd"
   };
 }
 
@@ -107,7 +108,8 @@ Lookup itemUnits() {
                            {"0", 0, "min_stk"}},
                .from = "ITEM, ITEMDTL, DEPTMENT",
                .where = "ITEM.DEPT_CD = DEPTMENT.DEPT_CD AND ITEM.ITEM_CD = ITEMDTL.ITEM_CD",
-               .order = {"ITEM_NAME"}}
+               .order = {"ITEM_NAME"}},
+      .along = "size_cd"
   };
 }
 
@@ -138,7 +140,8 @@ Lookup transporters() {
   return {
       .rows = {.columns = {{"transname"}, {"trans_id"}, {"trans_gov_id"}},
                .from = "transmast",
-               .order = {"TRANSNAME"}}
+               .order = {"TRANSNAME"}},
+      .free = true
   };
 }
 
@@ -166,9 +169,9 @@ std::vector<GSTSAPU::KeyLookup> GSTSAPU::lookups(const VoucherKind& kind) {
       {kParty,       F2,    accounts({{"ACC_CD"}, {"city"}, {"acc_name"}, {"area"}})},
       {kParty,       F4,    parties("group_cd > 74")},
       {kParty,       F8,    partiesByGstin()},
-      {kShipTo,      Enter, parties(kind.party.offered)},
+      {kShipTo,      Enter, mayStayEmpty(parties(kind.party.offered))},
       {kShipTo,      F8,    partiesByGstin()},
-      {kBillType,    Enter, valuesOf("SALE", "bl_type")},
+      {kBillType,    Enter, mayStayEmpty(valuesOf("SALE", "bl_type"))},
       {kItem,        Enter, items()},
       {kItem,        F1,    itemUnits(), {}, true},
       {kItem,        F2,    itemUnits()},
@@ -177,8 +180,8 @@ std::vector<GSTSAPU::KeyLookup> GSTSAPU::lookups(const VoucherKind& kind) {
       {kDetail,      F2,    soldUnderOtherNames(), {Item, Book}},
       {kUnit,        Enter, units(), {Item}},
       {kNarration,   F1,    valuesOf("SALE", "NARRATION")},
-      {kTransport,   Enter, transporters()},
-      {kDestination, Enter, valuesOf("SALE", "DESTI")},
+      {kTransport,   Enter, mayStayEmpty(transporters())},
+      {kDestination, Enter, mayStayEmpty(valuesOf("SALE", "DESTI"))},
       {kLrNumber,    F1,    valuesOf("SALE", "GR_NO")},
   };
   // clang-format on

@@ -32,6 +32,7 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Vou
                   {"CMDCANCEL",   On::Click,       &VoucherScreen::cancel     },
                   {"Cmdvideo",    On::Click,       &VoucherScreen::video      },
                   {"",            KeyCode::Esc,    &VoucherScreen::escape     },
+                  {"MaskEdBox1",  KeyCode::Enter,  &VoucherScreen::dateStands },
                   {"MaskEdBox1",  KeyCode::F1,     &VoucherScreen::dateF1     },
                   {"MaskEdBox1",  KeyCode::F2,     &VoucherScreen::dateF2     },
                   {"MaskEdBox1",  KeyCode::F3,     &VoucherScreen::dateF3     },
@@ -268,11 +269,22 @@ bool VoucherScreen::remove(double number) {
   return true;
 }
 
+Go VoucherScreen::dateStands() {
+  const std::string& typed = here().text;
+  if (parseDate(typed) || (typed == kEmptyDate && !isHere(kDate))) return Go::On;
+  ShowHint(host,
+           words("{date} Is No Date :: Type Another :: {hint}", "date", typed, "hint", words(here().hint)));
+  here().refused = true;
+  return Go::Stay;
+}
+
 // Accounts
 
 std::optional<AccountFacts> VoucherScreen::findAccount(FieldName code, FieldName name,
                                                        const std::string& title) {
-  const auto account = readAccount(data(), trimmed(code));
+  const std::string full = fullCode(data(), trimmed(code));
+  if (full != trimmed(code)) put(code, full);
+  const auto account = readAccount(data(), full);
   if (account)
     put(name, account->name);
   else
@@ -281,10 +293,8 @@ std::optional<AccountFacts> VoucherScreen::findAccount(FieldName code, FieldName
 }
 
 void VoucherScreen::takeState(const AccountFacts& party) {
-  if (party.stateCode)
-    partyState_ = *party.stateCode;
-  else
-    host.message("STATE CODE NOT SPECIFIED IN PARTY");
+  if (party.stateCode) partyState_ = *party.stateCode;
+  if (party.stateCode.value_or(0) == 0) host.message("STATE CODE NOT SPECIFIED IN PARTY");
 }
 
 // Lookups
@@ -305,6 +315,8 @@ Go VoucherScreen::openLookup(const KeyLookup& by) {
   Lookup lookup = by.lookup;
   for (const KeyLookup::From from : by.binds)
     lookup.rows.values.emplace_back(from == KeyLookup::From::Book ? kind_.code : trimmed(kItem));
+  chosenUnit_.clear();
+  lookup.tell = [this](const std::string& unit) { chosenUnit_ = unit; };
   return lookUp(host, *this, here(), lookup);
 }
 
@@ -356,13 +368,16 @@ void VoucherScreen::focusMoved(Control& control) {
 // Hints
 
 // Enter does something else in the field of the event since it was filled or emptied.
-void VoucherScreen::textChanged() { ShowHint(host, hintFor(here())); }
+void VoucherScreen::textChanged() {
+  ShowHint(host, hintFor(here()));
+  if (isHere(kRate)) rateTyped_ = true;
+}
 
 // What Enter does, then the keys that the table names for the field.
 std::string VoucherScreen::hintFor(const Control& control) const {
   if (!control.editable()) return ChildScreen::hintFor(control);
-  const bool empty = trim(control.text).empty();
-  const bool helps = empty && enterLookup(control);
+  const KeyLookup* const helps = trim(control.text).empty() ? enterLookup(control) : nullptr;
+  if (helps && control.declined) return hintAfterList(helps->lookup.optional);
   const std::string enter =
       words(helps ? english("Press Enter For Help") : english("Press Enter To Proceed"));
   return control.hint.empty() ? enter : enter + " :: " + words(control.hint);

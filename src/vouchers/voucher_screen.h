@@ -12,6 +12,7 @@
 #include "frame/lookup.h"
 #include "frame/voucher_kinds.h"
 #include "vouchers/accounts.h"
+#include "vouchers/items.h"
 #include "vouchers/rate_history.h"
 #include "vouchers/saving.h"
 #include "vouchers/work_lines.h"
@@ -84,10 +85,22 @@ class VoucherScreen : public ChildScreen {
   void escape();
   Go number();  // of a filled number field
   void save();
+  // The box of the event holds a date; the voucher's own may not stay empty. Else the hint tells the way out.
+  Go dateStands();
   Go newParty();
   Go newItem();
   bool isMisc();     // the line's item is the one that stands for anything
   bool endsLines();  // what stands for an item ends the lines
+  // The unit that the item brings to the line: the one of the row that was chosen in a list, one that
+  // stands where the item is walked over again, else its first. The line's item is this one then.
+  std::string unitOf(const std::string& item, const std::string& first);
+  // Another item stands in the line than the one that it was filled from.
+  bool itemChanged() const;
+  // Rate and discount of the item's unit, where none is; the rate also takes the place of one that came
+  // from the item before.
+  void takeFromUnit(const UnitRates& rates);
+  // Says so of a line of no item's own that has no name, and sends there.
+  bool lacksName();
   // Where a stored line has no column for its free name: it is kept, and printed, as the line's detail.
   void keepFreeName();
   Go amount();            // stores the line
@@ -179,6 +192,10 @@ class VoucherScreen : public ChildScreen {
   std::string asLoaded_;  // and how it stood then
   std::vector<double> figuredFor_;
   std::string shownLine_;  // the texts of the line as it was shown last
+  std::string lineItem_;   // the item that the line was filled from, and the rate of its unit
+  double fromUnit_ = 0;
+  bool rateTyped_ = false;  // by hand, since the line was shown
+  std::string chosenUnit_;  // of the row chosen in a list of items
   bool drilledDown_ = false;
   bool atRest_ = true;
   // A master was opened for this field; its new code stands in the session member when it differs.

@@ -23,6 +23,9 @@ void VoucherScreen::clearLine() {
   emptyFields(Part::Line);
   at(kItemName).enabled = false;
   figuredFor_.clear();
+  lineItem_.clear();
+  fromUnit_ = 0;
+  rateTyped_ = false;
 }
 
 void VoucherScreen::showLine(const Row& line) {
@@ -54,6 +57,8 @@ void VoucherScreen::showCurrentLine() {
     showLine(lines_->row());
     takeAsWorked(Part::Line);
     lineIsFigured();
+    lineItem_ = trimmed(kItem);
+    fromUnit_ = readUnit(data(), kind_, lineItem_, trimmed(kUnit)).value_or(UnitRates{}).rate;
   }
   shownLine_ = lineTexts();
   at(kLines).grid.current = lines_->position();
@@ -117,6 +122,7 @@ Go VoucherScreen::amount() {
     focus(at(kItem));
     return Go::Stay;
   }
+  if (lacksName()) return Go::Stay;
   const Control& quantity = at(kQuantity);
   if (quantity.worked != quantity.text && !quantityStands()) {
     focus(at(kQuantity));
@@ -172,6 +178,30 @@ void VoucherScreen::lineUp() {
 }
 
 void VoucherScreen::endLines() { focus(at(afterLines())); }
+
+bool VoucherScreen::itemChanged() const { return !sameText(trimmed(kItem), lineItem_); }
+
+std::string VoucherScreen::unitOf(const std::string& item, const std::string& first) {
+  const std::string chosen = std::exchange(chosenUnit_, {});
+  const std::string stands = itemChanged() ? std::string() : trimmed(kUnit);
+  lineItem_ = item;
+  if (!chosen.empty()) return chosen;
+  return !stands.empty() && (isMisc() || readUnit(data(), kind_, item, stands)) ? stands : first;
+}
+
+void VoucherScreen::takeFromUnit(const UnitRates& rates) {
+  const double before = std::exchange(fromUnit_, rates.rate), stands = value(kRate);
+  if (rates.rate > 0 && (stands == 0 || (stands == before && !rateTyped_ && !isMisc())))
+    put(kRate, rates.rate);
+  if (rates.discount > 0 && find(kDiscount.text) && value(kDiscount) == 0) put(kDiscount, rates.discount);
+}
+
+bool VoucherScreen::lacksName() {
+  if (!isMisc() || !trimmed(kItemName).empty()) return false;
+  host.message("Type The Name Of What Is Sold", kCheck);
+  focus(at(kItemName));
+  return true;
+}
 
 bool VoucherScreen::isMisc() { return sameText(trimmed(kItem), kMiscItem); }
 

@@ -20,12 +20,12 @@ class Clerk(Shop):
     # Bills and purchases
 
     def offered(self, line, party):
-        """Rate and discount before anything is typed: of the first unit, and of the unit taken where that has none."""
-        units = [line.item.units[0], next(u for u in line.item.units if u.name == line.unit)]
+        """Rate and discount before anything is typed: the rate of the unit taken, or of the first where that has none; the discount the other way round."""
+        units = [next(u for u in line.item.units if u.name == line.unit), line.item.units[0]]
         first = lambda figures: next((f for f in figures if f > 0), 0)
         if party.group == CREDITORS:
             return first(u.purchase for u in units), 0
-        return first(u.sale for u in units), first(u.discount for u in units)
+        return first(u.sale for u in units), first(u.discount for u in reversed(units))
 
     def line(self, line, party):
         s = self.s
