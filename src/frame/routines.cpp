@@ -138,9 +138,16 @@ double NextAccountCode() {
 }
 
 double NextItemCode() {
-  return next(
-      data().number("SELECT MAX(VAL(SUBSTR(ITEM_CD, 2))) FROM ITEM"
-                    " WHERE ITEM_CD >= 'I0' AND ITEM_CD < 'I1' AND LENGTH(ITEM_CD) = 8"));
+  constexpr double kMillion = 1000000;
+  const auto last = [](const char* from, const char* to) {
+    return data().number(
+        "SELECT MAX(VAL(SUBSTR(ITEM_CD, 2))) FROM ITEM"
+        " WHERE ITEM_CD >= ? AND ITEM_CD < ? AND LENGTH(ITEM_CD) = 8",
+        from, to);
+  };
+  const double own = next(last("I0", "I1"));
+  // Codes of another make that begin with a higher digit count only once the series has come to them.
+  return own < kMillion ? own : std::max(own, next(last("I1", "I:")));
 }
 
 double NextCategoryCode() {

@@ -176,6 +176,8 @@ TEST_F(Shell, CodesFollowTheLargestOfTheirForm) {
       "INSERT INTO ITEM (ITEM_CD, ITEM_NAME) VALUES ('I0000041', 'A'), ('I00099', 'SHORT'), ('I000000099', "
       "'LONG'), ('I1000000', 'ONE')");
   EXPECT_EQ(NextItemCode(), 42);
+  data().exec("INSERT INTO ITEM (ITEM_CD, ITEM_NAME) VALUES ('I0999999', 'LAST')");
+  EXPECT_EQ(NextItemCode(), 1000001);
   EXPECT_EQ(NextCategoryCode(), 2);  // E001 comes with the template
   EXPECT_EQ(accountCode(7) + accountCode(99999) + accountCode(100000), "A00007A99999A100000");
   EXPECT_EQ(itemCode(42) + itemCode(1234567), "I0000042I1234567");
