@@ -109,6 +109,15 @@ Go ChildScreen::dateKey(const Key& key) {
   return Go::Stay;
 }
 
+Go ChildScreen::dateStands() {
+  const std::string& typed = here().text;
+  if (parseDate(typed) || (typed == kEmptyDate && !isHere(fields::kDate))) return Go::On;
+  ShowHint(host,
+           words("{date} Is No Date :: Type Another :: {hint}", "date", typed, "hint", words(here().hint)));
+  here().refused = true;
+  return Go::Stay;
+}
+
 std::string periodRefusal(Date date) {
   const std::string typed = formatDate(date, "dd/MMM/yyyy");
   const std::string first = formatDate(session().mstartdt, "dd/MMM/yyyy");

@@ -32,6 +32,10 @@ class ChildScreen : public Screen {
   // What stands in the fields was read from the store: leaving them has nothing to do.
   void takeAsWorked(Part part);
 
+  // Enter in a date box: it holds a date, or is empty and not the voucher's own; else the hint tells the way
+  // out.
+  Go dateStands();
+
   // Date keys of a date box: F1 period start, F2 today, F3 period end, Down/Up a day
   // earlier/later, Page Down/Page Up a month earlier/later.
   Go dateKey(const Key& key);

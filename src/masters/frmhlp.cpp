@@ -156,7 +156,7 @@ void FRMHLP::sayWhatCanBeDone() {
     instead.push_back(words("Right = Look For It Under {column}", "column", words(second.label)));
   if (!typedText.empty()) instead.push_back(words("Backspace = Look For Less Of It"));
   instead.push_back(words("Esc = Close The List"));
-  host.hint(join(instead, " :: "));
+  host.hint(instead[0] + " :: " + instead[1]);
 }
 
 std::string FRMHLP::typedForSearch() { return trim(searchField().text); }

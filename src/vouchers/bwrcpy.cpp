@@ -280,7 +280,7 @@ bool bwrcpy::remove(double number) {
 
 Go bwrcpy::voucherDate() {
   const auto typed = date(kDate);
-  if (!typed) return Go::Stay;
+  if (!typed) return dateStands();
   const std::string refusal = period_.refusal(*typed);
   if (refusal.empty()) return Go::On;
   host.message(refusal, kMessageTitle);

@@ -33,6 +33,7 @@ GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind)
                   {kDate,        KeyCode::Enter,  &GSTSAPU::voucherDate     },
                   {kParty,       KeyCode::Enter,  &GSTSAPU::party           },
                   {kShipTo,      KeyCode::Enter,  &GSTSAPU::shipTo          },
+                  {kShipTo,      On::Change,      &GSTSAPU::shipToTyped     },
                   {kBillType,    KeyCode::Enter,  &GSTSAPU::billType        },
                   {kBillNumber,  KeyCode::Enter,  &GSTSAPU::checkPaperNumber},
                   {kPartyDate,   On::Focus,       &GSTSAPU::fillPartyDate   },
@@ -118,11 +119,14 @@ bool GSTSAPU::acceptParty() {
   return true;
 }
 
+// The name goes with the code that it belongs to.
+void GSTSAPU::shipToTyped() {
+  put(kShipToName, "");
+  textChanged();
+}
+
 Go GSTSAPU::shipTo() {
-  if (trimmed(kShipTo).empty()) {
-    put(kShipToName, "");
-    return helpHere();
-  }
+  if (trimmed(kShipTo).empty()) return helpHere();
   if (acceptShipTo()) return Go::On;
   textChanged();
   return Go::Stay;

@@ -42,6 +42,7 @@ class GSTSAPU : public VoucherScreen {
   Go voucherDate();
   Go party();
   Go shipTo();
+  void shipToTyped();
   Go billType();
   void fillPartyDate();
   Go item();

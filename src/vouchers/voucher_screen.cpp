@@ -269,15 +269,6 @@ bool VoucherScreen::remove(double number) {
   return true;
 }
 
-Go VoucherScreen::dateStands() {
-  const std::string& typed = here().text;
-  if (parseDate(typed) || (typed == kEmptyDate && !isHere(kDate))) return Go::On;
-  ShowHint(host,
-           words("{date} Is No Date :: Type Another :: {hint}", "date", typed, "hint", words(here().hint)));
-  here().refused = true;
-  return Go::Stay;
-}
-
 // Accounts
 
 std::optional<AccountFacts> VoucherScreen::findAccount(FieldName code, FieldName name,
@@ -317,7 +308,13 @@ Go VoucherScreen::openLookup(const KeyLookup& by) {
     lookup.rows.values.emplace_back(from == KeyLookup::From::Book ? kind_.code : trimmed(kItem));
   chosenUnit_.clear();
   lookup.tell = [this](const std::string& unit) { chosenUnit_ = unit; };
-  return lookUp(host, *this, here(), lookup);
+  const Go answer = lookUp(host, *this, here(), lookup);
+  // Enter has a list of its own yet.
+  if (here().declined && by.key != Key(KeyCode::Enter)) {
+    here().declined = false;
+    focusMoved(here());
+  }
+  return answer;
 }
 
 const VoucherScreen::KeyLookup* VoucherScreen::enterLookup(const Control& field) const {
@@ -371,6 +368,7 @@ void VoucherScreen::focusMoved(Control& control) {
 void VoucherScreen::textChanged() {
   ShowHint(host, hintFor(here()));
   if (isHere(kRate)) rateTyped_ = true;
+  if (isHere(kItem)) chosenUnit_.clear();
 }
 
 // What Enter does, then the keys that the table names for the field.

@@ -85,8 +85,6 @@ class VoucherScreen : public ChildScreen {
   void escape();
   Go number();  // of a filled number field
   void save();
-  // The box of the event holds a date; the voucher's own may not stay empty. Else the hint tells the way out.
-  Go dateStands();
   Go newParty();
   Go newItem();
   bool isMisc();     // the line's item is the one that stands for anything

@@ -104,6 +104,10 @@ TEST_F(Lines, ShipToIsAnAccountOrNothing) {
   EXPECT_EQ(host.lastMessage() + host.text("ship_to"), "PARTY NOT FOUND PLEASE CHECK THE PARTY CODE");
   host.fillEnter("ship_to", "3");
   EXPECT_EQ(shown("ship_to ship_to_name") + host.focus(), "A00003|CASHbill_type");
+  host.go("ship_to");
+  host.key(Key::Ctrl('A'));
+  host.keys({KeyCode::Delete, KeyCode::Tab});
+  EXPECT_EQ(shown("ship_to ship_to_name"), "|");
   db().exec("UPDATE ACCOUNT SET STATECD = 0 WHERE ACC_CD = 'A00004'");
   host.fillEnter("party", "4");
   EXPECT_EQ(host.lastMessage() + host.text("party"), "STATE CODE NOT SPECIFIED IN PARTYA00004");
