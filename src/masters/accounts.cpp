@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "base/words.h"
 #include "store/balances.h"
+#include "store/seeds.h"
 
 namespace {
 
@@ -17,6 +19,32 @@ void addDerived(Fields& fields) {
   // The name that the column has in older databases; a column that is not there is passed over.
   if (const Field* email = findField(fields, "EMAIL")) fields.push_back({"EMAIL_ID", email->value});
 }
+
+// clang-format off
+constexpr Guard kGuards[] = {
+    {"SELECT VOUCH_NO FROM SALE WHERE PARTY_CD = ?",
+     english("There is SALE Entry For This ACCOUNT Pl. Merge ACCOUNT")},
+    // By the row, so that the search stays in its index.
+    {"SELECT NUMTEXT(VOUCH_NO) FROM SALE WHERE rowid = (SELECT rowid FROM SALE WHERE CASH_CD = ? LIMIT 1)",
+     english("This Account Is The Ship To Of Bill {where}\r\nCan Not Delete")},
+    {"SELECT NUMTEXT(VOUCH_NO) FROM CHLN WHERE PARTY_CD = ?",
+     english("There Is Challan {where} For This Account\r\nCan Not Delete")},
+    {"SELECT NUMTEXT(VOUCH_NO) FROM QUOT WHERE PARTY_CD = ?1 OR BL_PARTY_CD = ?1",
+     english("There Is Quotation {where} For This Account\r\nCan Not Delete")},
+    {"SELECT NUMTEXT(VOUCH_NO) FROM RPTPAY WHERE PARTY_CD = ?1 OR CSHBNK_CD = ?1",
+     english("There Is Receipt Or Payment {where} For This Account\r\nCan Not Delete")},
+    {"SELECT BOOK_CD || ' ' || NUMTEXT(VOUCH_NO) FROM ALEDGER WHERE PARTY_CD = ?",
+     english("There Is Ledger Entry {where} For This Account\r\nCan Not Delete :: Posting Removes What Deleted Vouchers Left")},
+    {"SELECT FORMAT(OP_BAL, '0.00') FROM ACCOUNT WHERE ACC_CD = ? AND ROUND(OP_BAL, 2) <> 0",
+     english("The Opening Balance Of This Account Is {where}\r\nCan Not Delete")},
+    {"SELECT VOUCH_NM FROM SPSFILE WHERE VOUCH_CD = ?",
+     english("This Account Is Set As {where}\r\nCan Not Delete")},
+    {"SELECT NAME FROM DISCHTAX WHERE TAX_ACC = ?",
+     english("This Account Belongs To The Tax {where}\r\nCan Not Delete")},
+    {"SELECT RTYP FROM RCTYP WHERE RTYPACC = ?",
+     english("This Account Belongs To The Receipt Type {where}\r\nCan Not Delete")},
+};
+// clang-format on
 
 }  // namespace
 
@@ -70,10 +98,14 @@ bool changeAccount(Database& db, std::string_view code, Fields fields) {
   return true;
 }
 
-bool accountHasSales(Database& db, std::string_view code) {
-  return db.first("SELECT VOUCH_NO FROM SALE WHERE PARTY_CD = ?", code).has_value();
+std::optional<Refusal> accountRefusal(Database& db, std::string_view code) {
+  const std::span guards(kGuards);
+  if (auto refused = refusal(db, guards.first(1), code)) return refused;
+  if (isSeededAccount(code)) return Refusal{words("This Account Belongs To The System\r\nCan Not Delete")};
+  return refusal(db, guards.subspan(1), code);
 }
 
 void deleteAccount(Database& db, std::string_view code) {
+  db.passOver(kOlderBooks, "DELETE FROM PRTYRATE WHERE ACC_CD = ?", code);
   db.exec("DELETE FROM ACCOUNT WHERE ACC_CD = ?", code);
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "masters/guards.h"
 #include "store/database.h"
 #include "store/row_writer.h"
 
@@ -28,5 +29,7 @@ void addAccount(Database& db, Fields fields);
 // False when there is no such account. Its balance is rebuilt.
 bool changeAccount(Database& db, std::string_view code, Fields fields);
 
-bool accountHasSales(Database& db, std::string_view code);
+// An account goes only when nothing names it, nothing is open on it and the system can do without it.
+std::optional<Refusal> accountRefusal(Database& db, std::string_view code);
+// With the rates that were agreed with it. Inside a transaction.
 void deleteAccount(Database& db, std::string_view code);

@@ -178,6 +178,7 @@ Go EntryScreen::keyIsChosen() {
       return refuse(missingCodeWords());
     }
     loaded_ = code();
+    asLoaded_ = standing(loaded_);
   }
   if (mode != "DEL") return Go::On;
   removeShown();
@@ -218,7 +219,7 @@ void EntryScreen::update() {
               std::to_string(key.limit)));
     return;
   }
-  if (figureTooLarge() || !maySave() || !inTransaction(&EntryScreen::store)) return;
+  if (figureTooLarge() || !maySave() || !inTransaction(&EntryScreen::storeUnchanged)) return;
 
   const std::string stored = code();
   saved(stored);
@@ -241,25 +242,52 @@ bool EntryScreen::figureTooLarge() {
   return false;
 }
 
+bool EntryScreen::storeUnchanged() {
+  return mode != "EDIT" || standing(loaded_) == asLoaded_ ? store() : false;
+}
+
+void EntryScreen::tellWhyNot() {
+  if (!exists(loaded_)) return say(words("Entry Not Saved\r\n{why}", "why", words(missingCodeWords())));
+  say("This Entry Has Been Changed Meanwhile\nNothing Was Stored, It Is Shown As It Stands Now");
+  load(loaded_);
+  asLoaded_ = standing(loaded_);
+}
+
 // Locks, full disks and the like are told by the desk in the store's own words.
 bool EntryScreen::inTransaction(bool (EntryScreen::*work)()) {
+  bool done = false;
   try {
     Transaction transaction(database());
-    const bool done = (this->*work)();
-    if (done)
-      transaction.commit();
-    else
-      say(words("Entry Not Saved\r\n{why}", "why", words(missingCodeWords())));
-    return done;
+    done = (this->*work)();
+    if (done) transaction.commit();
   } catch (const DatabaseError& error) {
     if (!error.mayBePassedOver()) throw;
     logFailure(kTold, error);
     say(words("Entry Not Saved\r\n{why}", "why", words(error.what())));
     return false;
   }
+  if (!done) tellWhyNot();
+  return done;
 }
 
 // Fields and columns
+
+bool EntryScreen::load(const std::string& code) {
+  const auto row = storedRow(code);
+  if (!row) return false;
+  fill(*row);
+  shown(code);
+  return true;
+}
+
+std::string EntryScreen::standing(const std::string& code) {
+  const auto row = storedRow(code);
+  std::string all;
+  for (const auto& c : controls)
+    if (const std::string_view column = c->spec->column; row && !column.empty() && row->has(column))
+      all += row->text(column) + "\n";
+  return all;
+}
 
 void EntryScreen::fill(const Row& row) {
   for (const auto& c : controls) {

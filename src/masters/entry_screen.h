@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,7 +42,8 @@ struct EntryPattern {
 // next code stands in the key field and a save is followed by the next ADD; in the other modes a
 // code is given first, by hand or through the lookup, and its row is shown. DEL and view leave
 // the other fields off. A save is one transaction; when it fails nothing is stored, the reason is
-// shown and the screen stays as it is.
+// shown and the screen stays as it is. A row that another program changed since it was shown is not
+// written over: it is shown as it stands.
 //
 // Opened with a caller (Opening::caller) it begins in ADD, and after the save it closes: the new
 // code is in mlastacc or mlastitem, and for openModal it is the screen's result.
@@ -57,10 +59,12 @@ class EntryScreen : public ChildScreen {
 
   // What a screen adds.
   virtual Database& database() const;
-  virtual std::string nextCode() { return {}; }    // ADD: empty where codes are typed
-  virtual void newEntry() {}                       // ADD: defaults into the emptied fields
-  virtual bool load(const std::string& code) = 0;  // shows the row; false when there is none
-  virtual bool exists(const std::string& code) = 0;
+  virtual std::string nextCode() { return {}; }  // ADD: empty where codes are typed
+  virtual void newEntry() {}                     // ADD: defaults into the emptied fields
+  virtual std::optional<Row> storedRow(const std::string& code) = 0;
+  virtual void shown(const std::string&) {}  // the row stands in the fields: shows what goes with it
+  // What of the code's row is stored and shown, as one text: another program may change it meanwhile.
+  virtual std::string standing(const std::string& code);
   virtual Lookup codeLookup() const = 0;
   virtual std::string missingCodeWords() const = 0;  // by mode
   virtual std::string existingCodeWords() const = 0;
@@ -100,8 +104,6 @@ class EntryScreen : public ChildScreen {
   Go keyEntered();
   Go keyLeft();
 
-  // Texts as they are stored, into the fields of the head; a column that the row lacks is passed by.
-  void fill(const Row& row);
   // USER_CD, ENT_DT, ENT_TIME and the marks that go with every stored row.
   Fields stamps() const;
   static Fields sendMarks();
@@ -117,6 +119,13 @@ class EntryScreen : public ChildScreen {
   void enableFields();
   void clearFields();
   void showButtons();
+  bool exists(const std::string& code) { return storedRow(code).has_value(); }
+  // Shows the row; false when there is none.
+  bool load(const std::string& code);
+  // Texts as they are stored, into the fields of the head; a column that the row lacks is passed by.
+  void fill(const Row& row);
+  bool storeUnchanged();
+  void tellWhyNot();
   Go keyIsFree();
   Go keyIsChosen();
   void removeShown();
@@ -130,7 +139,7 @@ class EntryScreen : public ChildScreen {
 
   const EntryPattern pattern_;
   std::string caller_;
-  std::string loaded_;
+  std::string loaded_, asLoaded_;
   bool done_ = false;  // closes without a question
 };
 

@@ -150,15 +150,7 @@ void frmacc::newEntry() {
   showGroupName();
 }
 
-bool frmacc::load(const std::string& code) {
-  const auto row = findAccount(data(), code);
-  if (!row) return false;
-  fill(*row);
-  showGroupName();
-  return true;
-}
-
-bool frmacc::exists(const std::string& code) { return findAccount(data(), code).has_value(); }
+std::optional<Row> frmacc::storedRow(const std::string& code) { return findAccount(data(), code); }
 
 Lookup frmacc::codeLookup() const {
   return accounts({{"ACC_CD"}, {"acc_NAME"}, {"AREA"}, {"CITY"}, {"PERSON_NM"}, balanceColumn()});
@@ -291,9 +283,9 @@ bool frmacc::store() {
 void frmacc::saved(const std::string& code) { session().mlastacc = code; }
 
 bool frmacc::mayDelete(const std::string& code) {
-  if (!accountHasSales(data(), code)) return true;
-  say("There is SALE Entry For This ACCOUNT Pl. Merge ACCOUNT");
-  return false;
+  const auto refused = accountRefusal(data(), code);
+  if (refused) host.message(refused->words, refused->title);
+  return !refused;
 }
 
 void frmacc::erase(const std::string& code) { deleteAccount(data(), code); }

@@ -11,8 +11,8 @@ class frmacc : public EntryScreen {
  protected:
   std::string nextCode() override;
   void newEntry() override;
-  bool load(const std::string& code) override;
-  bool exists(const std::string& code) override;
+  std::optional<Row> storedRow(const std::string& code) override;
+  void shown(const std::string&) override { showGroupName(); }
   Lookup codeLookup() const override;
   std::string missingCodeWords() const override;
   std::string existingCodeWords() const override { return english("PARTY ALREADY EXISTS"); }

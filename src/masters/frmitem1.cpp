@@ -129,20 +129,20 @@ void FRMITEM1::closed() {
 
 std::string FRMITEM1::nextCode() { return itemCode(NextItemCode()); }
 
-bool FRMITEM1::load(const std::string& code) {
-  const auto row = findItem(data(), code);
-  if (!row) return false;
+std::optional<Row> FRMITEM1::storedRow(const std::string& code) { return findItem(data(), code); }
+
+std::string FRMITEM1::standing(const std::string& code) {
+  return EntryScreen::standing(code) + itemDetailsAsStored(data(), code);
+}
+
+void FRMITEM1::shown(const std::string& code) {
   clearDetail();
   renamings_.clear();
-  fill(*row);
   showCategory();
   const bool details = loadItemDetails(data(), code);
   showRows();
   if (!details) say("No Record To Display");
-  return true;
 }
-
-bool FRMITEM1::exists(const std::string& code) { return findItem(data(), code).has_value(); }
 
 void FRMITEM1::emptied() {
   clearItemDetails(data());
@@ -354,6 +354,10 @@ Go FRMITEM1::pickRow() {
 void FRMITEM1::removeRow() {
   const auto key = rowUnderCursor();
   if (!key || !entering() || !host.ask("ARE YOU SURE", kQuestionTitle)) return;
+  // A row that is stored under another name yet is named by that.
+  const auto renamed = std::ranges::find_if(renamings_, [&](const Renaming& r) { return r.to == *key; });
+  if (const auto refused = unitRefusal(data(), renamed == renamings_.end() ? *key : renamed->from))
+    return host.message(refused->words, refused->title);
   removeItemDetail(data(), *key);
   std::erase_if(renamings_, [&](const Renaming& r) { return r.to == *key; });
   if (picked_ == key) clearDetail();
@@ -401,9 +405,9 @@ bool FRMITEM1::store() {
 void FRMITEM1::saved(const std::string& code) { session().mlastitem = code; }
 
 bool FRMITEM1::mayDelete(const std::string& code) {
-  if (!itemHasSales(data(), code)) return true;
-  say("Can not DELETE Check Sale For This Item");
-  return false;
+  const auto refused = itemRefusal(data(), code);
+  if (refused) host.message(refused->words, refused->title);
+  return !refused;
 }
 
 void FRMITEM1::erase(const std::string& code) { deleteItem(data(), code); }

@@ -17,8 +17,9 @@ class FRMITEM1 : public EntryScreen {
 
  protected:
   std::string nextCode() override;
-  bool load(const std::string& code) override;
-  bool exists(const std::string& code) override;
+  std::optional<Row> storedRow(const std::string& code) override;
+  void shown(const std::string& code) override;
+  std::string standing(const std::string& code) override;
   Lookup codeLookup() const override;
   std::string missingCodeWords() const override { return english("NO RECORD FOUND"); }
   std::string existingCodeWords() const override { return english("ITEM ALLREADY EXIST"); }

@@ -153,16 +153,8 @@ void frmtaxmast::newEntry() {
     if (fieldOf(i).kind == SmallKind::YesNo) set(field(i), "N");
 }
 
-bool frmtaxmast::load(const std::string& code) {
-  const auto row = findSmallRow(master_, database(), code);
-  if (!row) return false;
-  fill(*row);
-  showGroupName();
-  return true;
-}
-
-bool frmtaxmast::exists(const std::string& code) {
-  return findSmallRow(master_, database(), code).has_value();
+std::optional<Row> frmtaxmast::storedRow(const std::string& code) {
+  return findSmallRow(master_, database(), code);
 }
 
 std::string frmtaxmast::missingCodeWords() const {
@@ -266,8 +258,8 @@ bool frmtaxmast::store() {
 
 // A transporter in use may go all the same.
 bool frmtaxmast::mayDelete(const std::string& code) {
-  if (const SmallGuard* guard = smallRefusal(master_, database(), code)) {
-    host.message(std::string(guard->words), std::string(guard->title));
+  if (const auto refused = smallRefusal(master_, database(), code)) {
+    host.message(refused->words, refused->title);
     return false;
   }
   const int sales = master_.key == "TRANS" ? salesOfTransport(data(), code) : 0;

@@ -15,8 +15,8 @@ class frmtaxmast : public EntryScreen {
   Database& database() const override;
   std::string nextCode() override { return nextSmallCode(master_, database()); }
   void newEntry() override;
-  bool load(const std::string& code) override;
-  bool exists(const std::string& code) override;
+  std::optional<Row> storedRow(const std::string& code) override;
+  void shown(const std::string&) override { showGroupName(); }
   Lookup codeLookup() const override { return master_.lookup; }
   std::string missingCodeWords() const override;
   std::string existingCodeWords() const override { return std::string(master_.duplicate); }

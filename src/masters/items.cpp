@@ -21,24 +21,25 @@ constexpr const char* kSharedCut =
 
 struct Naming {
   std::string_view table, code, size;
+  const char* what = nullptr;  // for the user; the table where it is of another trade
 };
 
 constexpr std::array kNamings{
-    Naming{"CHLNITM",      "ITEM_CD", "SIZE_CD" },
-    Naming{"ITEMLINK",     "ITEM_CD", "SIZE_CD" },
-    Naming{"ITEMLINK",     "RAW_CD",  "RAW_SIZE"},
-    Naming{"JOBCARDITM",   "ITEM_CD", "SIZE_CD" },
-    Naming{"ORDERITM",     "ITEM_CD", "SIZE_CD" },
-    Naming{"PRODINOT",     "ITEM_CD", "SIZE_CD" },
-    Naming{"PRODITM",      "ITEM_CD", "SIZE_CD" },
-    Naming{"PRODSTKIOITM", "ITEM_CD", "SIZE_CD" },
-    Naming{"PRTYRATE",     "ITEM_CD", "SIZE_CD" },
-    Naming{"QUOTITM",      "ITEM_CD", "SIZE_CD" },
-    Naming{"PURCHITM",     "ITEM_CD", "SIZE_CD" },
-    Naming{"SALEITM",      "ITEM_CD", "SIZE_CD" },
-    Naming{"SLEDGER",      "ITEM_CD", "SIZE_CD" },
-    Naming{"STKIOITM",     "ITEM_CD", "SIZE_CD" },
-    Naming{"WASTEITM",     "ITEM_CD", "SIZE_CD" },
+    Naming{"CHLNITM",              "ITEM_CD", "SIZE_CD",     english("Challans")},
+    Naming{"ITEMLINK",                      "ITEM_CD",                      "SIZE_CD"    },
+    Naming{"ITEMLINK",                      "RAW_CD",                      "RAW_SIZE" },
+    Naming{"JOBCARDITM",                      "ITEM_CD",                    "SIZE_CD" },
+    Naming{"ORDERITM",                      "ITEM_CD",                      "SIZE_CD"   },
+    Naming{"PRODINOT",                      "ITEM_CD",                      "SIZE_CD" },
+    Naming{"PRODITM",                      "ITEM_CD",                       "SIZE_CD"    },
+    Naming{"PRODSTKIOITM",                      "ITEM_CD",                  "SIZE_CD"},
+    Naming{"PRTYRATE",                      "ITEM_CD",                      "SIZE_CD"        },
+    Naming{"QUOTITM",                      "ITEM_CD",                       "SIZE_CD",english("Quotations")},
+    Naming{"PURCHITM", "ITEM_CD",          "SIZE_CD"                },
+    Naming{"SALEITM",             "ITEM_CD",             "SIZE_CD",  english("Bills")},
+    Naming{"SLEDGER",             "ITEM_CD","SIZE_CD"     },
+    Naming{"STKIOITM", "ITEM_CD",        "SIZE_CD"               },
+    Naming{"WASTEITM",             "ITEM_CD",      "SIZE_CD"   },
 };
 
 Fields detailFields(const ItemDetail& d, const Fields& marks) {
@@ -54,6 +55,22 @@ Fields detailFields(const ItemDetail& d, const Fields& marks) {
   };
   fields.insert(fields.end(), marks.begin(), marks.end());
   return fields;
+}
+
+// What names the item in the unit, or in any when none is given; rates of parties go with it.
+std::string namedIn(Database& db, std::string_view code, std::string_view size) {
+  std::string where;
+  for (const Naming& n : kNamings) {
+    if (!where.empty() || n.table == "PRTYRATE" || !CheckTable(db, n.table)) continue;
+    const std::string table(n.table);
+    db.passOver(kOtherTrades, [&] {
+      if (db.first("SELECT 1 FROM " + table + " WHERE " + std::string(n.code) + " = ?1 AND (?2 = '' OR " +
+                       std::string(n.size) + " = ?2 COLLATE NOCASE)",
+                   code, size))
+        where = n.what ? words(n.what) : table;
+    });
+  }
+  return where;
 }
 
 // The update keys the rows by their item alone where each item has one unit.
@@ -116,6 +133,15 @@ bool loadItemDetails(Database& db, std::string_view code) {
   return db.exec(std::string("INSERT INTO TEMP_ITMDTL (") + kShared + ") SELECT " + kSharedCut +
                      " FROM ITEMDTL WHERE ITEMDTL.ITEM_CD = ? ORDER BY ITEMDTL.rowid",
                  code) > 0;
+}
+
+std::string itemDetailsAsStored(Database& db, std::string_view code) {
+  std::string all;
+  for (const Row& row : db.all("SELECT * FROM ITEMDTL WHERE ITEM_CD = ? ORDER BY rowid", code)) {
+    for (int i = 0; i < row.count(); ++i) all += row.text(i) + "\t";
+    all += "\n";
+  }
+  return all;
 }
 
 size_t countItemDetails(Database& db) {
@@ -194,12 +220,24 @@ void RenameItem(Database& db, const Renaming& renaming) {
               renaming.from.size);
 }
 
-bool itemHasSales(Database& db, std::string_view code) {
-  return db.first("SELECT VOUCH_NO FROM SALEITM WHERE ITEM_CD = ?", code).has_value();
+std::optional<Refusal> itemRefusal(Database& db, std::string_view code) {
+  if (db.first("SELECT VOUCH_NO FROM SALEITM WHERE ITEM_CD = ?", code))
+    return Refusal{words("Can not DELETE Check Sale For This Item")};
+  if (const std::string where = namedIn(db, code, {}); !where.empty())
+    return Refusal{words("Can not DELETE :: This Item Stands In {where}", "where", where)};
+  return {};
+}
+
+std::optional<Refusal> unitRefusal(Database& db, const ItemKey& key) {
+  if (const std::string where = namedIn(db, key.code, key.size); !where.empty())
+    return Refusal{words("Can not DELETE :: This Unit Stands In {where}", "where", where)};
+  return {};
 }
 
 void deleteItem(Database& db, std::string_view code) {
   clearItemDetails(db);
+  // Another item may come to bear the code.
+  db.passOver(kOlderBooks, "DELETE FROM PRTYRATE WHERE ITEM_CD = ?", code);
   db.exec("DELETE FROM ITEMDTL WHERE ITEM_CD = ?", code);
   db.exec("DELETE FROM ITEM WHERE ITEM_CD = ?", code);
 }

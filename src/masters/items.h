@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "masters/guards.h"
 #include "store/database.h"
 #include "store/row_writer.h"
 
@@ -44,6 +45,8 @@ std::optional<std::string> categoryName(Database& db, std::string_view code);
 void clearItemDetails(Database& db);
 // The stored rows of an item into the work table; false when there are none.
 bool loadItemDetails(Database& db, std::string_view code);
+// All that is stored of them, as one text.
+std::string itemDetailsAsStored(Database& db, std::string_view code);
 size_t countItemDetails(Database& db);
 std::optional<ItemDetail> findItemDetail(Database& db, const ItemKey& key);
 bool itemSizeInWork(Database& db, std::string_view size);
@@ -65,6 +68,8 @@ bool changeItem(Database& db, std::string_view code, const Fields& head,
 // same date stays as it is there.
 void RenameItem(Database& db, const Renaming& renaming);
 
-bool itemHasSales(Database& db, std::string_view code);
-// Challans, quotations and rates are not looked at. Inside a transaction.
+// Why the item may not go, or one of its units: what names it. None where it may.
+std::optional<Refusal> itemRefusal(Database& db, std::string_view code);
+std::optional<Refusal> unitRefusal(Database& db, const ItemKey& key);
+// With the rates of parties for it. Inside a transaction.
 void deleteItem(Database& db, std::string_view code);

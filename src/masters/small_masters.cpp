@@ -38,8 +38,10 @@ const std::vector<SmallMaster>& masters() {
        },
        .list = {.columns = {{"CODE"}, {"NAME"}}, .from = "DISCHTAX", .order = {"code"}},
        .lookup = {.rows = {.columns = {{"CODE"}, {"NAME"}, {"RATE"}, {"TAX_ACC"}, {"FORM_PRINT"}}, .from = "DISCHTAX", .order = {"code"}}},
-       .guards = {{.statement = "SELECT VOUCH_NO FROM SALE WHERE TAX_CD1 = ?", .words = "There is Sale Entry For This Tax Code\r\nCan Not Delete"},
-                  {.statement = "SELECT 1 FROM PURCH WHERE CHRG_PERC1 = ?1 OR EXCISE_PER = ?1 OR ATAX_PERC = ?1", .words = "There is Purchase Entry For This Tax Code\r\nCan Not Delete"}}},
+       .guards = {{.statement = "SELECT 1 FROM SALE WHERE TAX_CD1 = ?1 OR TAX_CD2 = ?1 OR ATAX_CD = ?1", .words = "There is Sale Entry For This Tax Code\r\nCan Not Delete"},
+                  {.statement = "SELECT 1 FROM PURCH WHERE CHRG_PERC1 = ?1 OR EXCISE_PER = ?1 OR ATAX_PERC = ?1", .words = "There is Purchase Entry For This Tax Code\r\nCan Not Delete"},
+                  {.statement = "SELECT NUMTEXT(VOUCH_NO) FROM CHLN WHERE TAX_CD1 = ?1 OR TAX_CD2 = ?1", .words = "This Tax Code Stands In Challan {where}\r\nCan Not Delete"},
+                  {.statement = "SELECT NUMTEXT(VOUCH_NO) FROM QUOT WHERE TAX_PERC = ?1 OR ATAX_PERC = ?1", .words = "This Tax Code Stands In Quotation {where}\r\nCan Not Delete"}}},
 
       {.key = "TRANS", .stem = "Transport Master", .table = "TRANSMAST", .code = SmallCode::NextNumber, .numericCode = true,
        .fields = {
@@ -167,14 +169,8 @@ bool smallNameInUse(const SmallMaster& master, Database& db, std::string_view na
   return found;
 }
 
-const SmallGuard* smallRefusal(const SmallMaster& master, Database& db, std::string_view code) {
-  for (const SmallGuard& guard : master.guards) {
-    bool found = false;
-    db.passOver(kOtherTrades,
-                [&] { found = db.first(guard.statement, smallCode(master, code)).has_value(); });
-    if (found) return &guard;
-  }
-  return nullptr;
+std::optional<Refusal> smallRefusal(const SmallMaster& master, Database& db, std::string_view code) {
+  return refusal(db, master.guards, smallCode(master, code));
 }
 
 int salesOfTransport(Database& db, std::string_view code) {

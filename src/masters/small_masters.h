@@ -7,6 +7,7 @@
 
 #include "frame/field_names.h"
 #include "frame/lookup.h"
+#include "masters/guards.h"
 #include "store/database.h"
 #include "store/row_writer.h"
 
@@ -34,13 +35,6 @@ struct SmallField {
 
 enum class SmallCode { NextNumber, NextCategory, Typed, ItsText };
 
-// Why a row may not go: a statement over the code that must find nothing.
-struct SmallGuard {
-  std::string_view statement;
-  std::string_view words;
-  std::string_view title = kMessageTitle;
-};
-
 struct SmallMaster {
   std::string_view key;   // master key; "USERFORM" is an entry type
   std::string_view stem;  // of the captions
@@ -53,7 +47,7 @@ struct SmallMaster {
   std::string_view duplicate = "Duplicate Not Allowed";
   Select list = {};  // rows shown beside, searched by the last column
   Lookup lookup = {};
-  std::vector<SmallGuard> guards = {};
+  std::vector<Guard> guards = {};
 };
 
 // The master that is asked for; categories when the key is unknown.
@@ -66,8 +60,7 @@ std::string nextSmallCode(const SmallMaster& master, Database& db);
 // A table that the database does not have holds no row.
 std::optional<Row> findSmallRow(const SmallMaster& master, Database& db, std::string_view code);
 bool smallNameInUse(const SmallMaster& master, Database& db, std::string_view name);
-// The first guard that finds something; one whose table is missing finds nothing.
-const SmallGuard* smallRefusal(const SmallMaster& master, Database& db, std::string_view code);
+std::optional<Refusal> smallRefusal(const SmallMaster& master, Database& db, std::string_view code);
 // Bills that a transporter stands in: its deletion is asked about, not refused.
 int salesOfTransport(Database& db, std::string_view code);
 // False when there is no such row.

@@ -1,5 +1,9 @@
 #include "store/keys.h"
 
+#include <string>
+
+#include "base/text.h"
+
 namespace {
 
 // clang-format off
@@ -21,12 +25,12 @@ constexpr TableKey keys[] = {
     {"TRANSMAST", "TRANS_ID"                       },
 };
 
-struct Index { std::string_view name; std::string_view table; std::string_view columns; };
+struct Index { std::string_view name; std::string_view table; std::string_view columns; std::string_view rows = {}; };
 constexpr Index indexes[] = {
     // Account statements read one party's period; the balances read all parties from the index alone.
     {"ALEDGER_PARTY",   "ALEDGER",   "PARTY_CD, VOUCH_DT, VOUCH_TYPE, VOUCH_AMT"},
     // The number first: comparing it costs less than comparing the book.
-    {"ALEDGER_VOUCHER", "ALEDGER",   "VOUCH_NO, BOOK_CD"                        },
+    {"ALEDGER_VOUCHER", "ALEDGER",   "VOUCH_NO, BOOK_CD, VOUCH_TYPE, VOUCH_AMT" },
     // Voucher lookups show the latest first and look for what is typed in this index alone.
     {"SALE_LOOKUP",     "SALE",      "BOOK_CD, VOUCH_DT, BILL_NO, VOUCH_NO, PARTY_CD, SALE_CD, GSTPOST, NET_AMT, GR_NO, TRANSPORT, CNAME, CMOBNO"},
     {"SALE_DATE",       "SALE",      "VOUCH_DT, VOUCH_NO"                       },
@@ -40,6 +44,8 @@ constexpr Index indexes[] = {
     {"SALEITM_DESC",    "SALEITM",   "ITEM_DESC"                                },
     // Bill numbers go on from the last bill of a type, also where the type is new.
     {"SALE_TYPE",       "SALE",      "BL_TYPE, BOOK_CD, VOUCH_NO"               },
+    // What a deletion asks for, transporters first; the others are looked through in it.
+    {"SALE_NAMED",      "SALE",      "TRANS_CD, TAX_CD1, TAX_CD2, ATAX_CD, CASH_CD"},
     {"SALEITM_ITEM",    "SALEITM",   "ITEM_CD, VOUCH_DT"                        },
     {"CHLN_DATE",       "CHLN",      "VOUCH_DT, VOUCH_NO"                       },
     {"CHLN_PARTY",      "CHLN",      "PARTY_CD, VOUCH_DT"                       },
@@ -48,11 +54,18 @@ constexpr Index indexes[] = {
     {"CHLNITM_ITEM",    "CHLNITM",   "ITEM_CD, VOUCH_DT"                        },
     {"QUOT_DATE",       "QUOT",      "VOUCH_DT, VOUCH_NO"                       },
     {"RPTPAY_VOUCHER",  "RPTPAY",    "BOOK_CD, VOUCH_NO"                        },
+    {"QUOT_PARTY",      "QUOT",      "PARTY_CD, BL_PARTY_CD"                    },
+    {"QUOTITM_ITEM",    "QUOTITM",   "ITEM_CD"                                  },
     {"RPTPAY_DATE",     "RPTPAY",    "VOUCH_DT, VOUCH_NO"                       },
+    {"RPTPAY_PARTY",    "RPTPAY",    "PARTY_CD, CSHBNK_CD"                      },
+    {"RPTPAY_NARRATION", "RPTPAY",   "NARRATION"                                },
     {"ACCOUNT_NAME",    "ACCOUNT",   "ACC_NAME"                                 },
+    // Each receipt repairs them.
+    {"ACCOUNT_GSTINNO", "ACCOUNT",   "GSTINNO", "GSTINNO IS NULL"               },
     {"ITEM_NAME_ORDER", "ITEM",      "ITEM_NAME"                                },
     {"ITEMDTL_SIZE",    "ITEMDTL",   "ITEM_CD, SIZE_CD"                         },
     {"PRTYRATE_ITEM",   "PRTYRATE",  "ITEM_CD, SIZE_CD, ACC_CD"                 },
+    {"PRTYRATE_PARTY",  "PRTYRATE",  "ACC_CD, SIZE_CD"                          },
     {"TRANSMAST_NAME",  "TRANSMAST", "TRANSNAME"                                },
 };
 // clang-format on
@@ -74,12 +87,20 @@ Outcome addKey(Database& db, const TableKey& key) {
                                                                std::string(key.columns) + ")");
 }
 
+// One that stands with other columns, as an older program made it, is made anew.
 void EnsureIndexes(Database& db) {
   for (const auto& index : indexes) {
-    if (db.first("SELECT 1 FROM main.sqlite_master WHERE type = 'index' AND name = ? COLLATE NOCASE",
-                 index.name))
-      continue;
-    db.passOver(kOlderBooks, "CREATE INDEX main." + std::string(index.name) + " ON " +
-                                 std::string(index.table) + " (" + std::string(index.columns) + ")");
+    const std::string name(index.name), rows(index.rows);
+    const std::string create = "CREATE INDEX main." + name + " ON " + std::string(index.table) + " (" +
+                               std::string(index.columns) + ")" + (rows.empty() ? "" : " WHERE " + rows);
+    const std::string stands =
+        db.text("SELECT sql FROM main.sqlite_master WHERE type = 'index' AND name = ? COLLATE NOCASE", name);
+    if (stands == replaceAll(create, "INDEX main.", "INDEX ")) continue;
+    db.passOver(kOlderBooks, [&] {
+      Transaction both(db);
+      db.exec("DROP INDEX IF EXISTS main." + name);
+      db.exec(create);
+      both.commit();
+    });
   }
 }

@@ -22,5 +22,5 @@ void dropKeys(Database& db);
 // Fails when the table holds a key twice.
 Outcome addKey(Database& db, const TableKey& key);
 
-// Makes the indexes that are missing; a table that is missing is passed over.
+// Makes the indexes that are missing or stand otherwise; a table that is missing is passed over.
 void EnsureIndexes(Database& db);

@@ -1,8 +1,10 @@
 #include "store/seeds.h"
 
+#include <algorithm>
 #include <functional>
 
 #include "base/number.h"
+#include "base/text.h"
 #include "store/row_writer.h"
 
 namespace {
@@ -191,6 +193,10 @@ void EnsureSettings(Database& db, Settings& settings) {
       const auto row = settingOrAdd(db, {design.number, "", design.name, design.seed}, settings.mstartdt);
       settings.*design.member = row ? toInt(row->number("VOUCH_QTY")) : design.seed;
     });
+}
+
+bool isSeededAccount(std::string_view code) {
+  return std::ranges::any_of(accounts, [&](const Account& account) { return sameText(code, account.code); });
 }
 
 void EnsureAccounts(Database& db) {

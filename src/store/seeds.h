@@ -30,6 +30,7 @@ struct Settings {
 // read into new rows as it stands at that moment.
 void EnsureSettings(Database& db, Settings& settings);
 void EnsureAccounts(Database& db);
+bool isSeededAccount(std::string_view code);
 // Group 33 and any group named "INDIRECT EXPENSES" are deleted and added again each time.
 void EnsureGroups(Database& db);
 void EnsureTaxes(Database& db);

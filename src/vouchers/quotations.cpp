@@ -99,15 +99,26 @@ bool isDuplicateReference(Database& db, const VoucherKind& kind, const std::stri
       .has_value();
 }
 
+namespace {
+
+// What an older book may lack, and what brings it right, looked for first: an opening that writes waits
+// for whoever else writes.
+void repair(Database& db, const std::string& needed, const std::string& statement) {
+  if (db.first(needed)) db.exec(statement);
+}
+
+}  // namespace
+
 void repairQuotations(Database& db) {
-  Transaction all(db);
-  db.exec(
-      "UPDATE QUOTITM SET DEPT_CD = ITEM.DEPT_CD FROM ITEM"
-      " WHERE QUOTITM.ITEM_CD = ITEM.ITEM_CD AND QUOTITM.DEPT_CD IS NULL");
-  for (const char* table : {"QUOT", "QUOTITM"})
-    db.exec(std::string("UPDATE ") + table +
-                " SET ENTRY_TYP = ? WHERE ENTRY_TYP IS NULL OR LENGTH(ENTRY_TYP) = 0",
-            quotationKind().code);
-  db.exec("UPDATE QUOT SET BL_PARTY_CD = PARTY_CD WHERE BL_PARTY_CD IS NULL OR LENGTH(BL_PARTY_CD) = 0");
-  all.commit();
+  repair(db,
+         "SELECT 1 FROM QUOTITM JOIN ITEM ON QUOTITM.ITEM_CD = ITEM.ITEM_CD"
+         " WHERE QUOTITM.DEPT_CD IS NULL AND ITEM.DEPT_CD IS NOT NULL",
+         "UPDATE QUOTITM SET DEPT_CD = ITEM.DEPT_CD FROM ITEM"
+         " WHERE QUOTITM.ITEM_CD = ITEM.ITEM_CD AND QUOTITM.DEPT_CD IS NULL");
+  const std::string without = " WHERE ENTRY_TYP IS NULL OR LENGTH(ENTRY_TYP) = 0";
+  for (const std::string table : {"QUOT", "QUOTITM"})
+    repair(db, "SELECT 1 FROM " + table + without,
+           "UPDATE " + table + " SET ENTRY_TYP = '" + quotationKind().code + "'" + without);
+  const std::string billed = " WHERE (BL_PARTY_CD IS NULL OR LENGTH(BL_PARTY_CD) = 0) AND PARTY_CD <> ''";
+  repair(db, "SELECT 1 FROM QUOT" + billed, "UPDATE QUOT SET BL_PARTY_CD = PARTY_CD" + billed);
 }

@@ -87,6 +87,62 @@ TEST_F(AccountTest, WhatAnotherProgramDidIsNotWrittenOver) {
   EXPECT_EQ(host.lastMessage(), "Entry Not Saved\r\nPARTY DOES NOT EXISTS");
   EXPECT_EQ(host.screen().mode, "EDIT");
   EXPECT_EQ(stored("A00007"), "none");
+
+  host.press("cmdCancel");
+  host.press("cmdEdit");
+  host.fillEnter("code", "A00003");
+  data().exec("UPDATE ACCOUNT SET CL_BAL = 500 WHERE ACC_CD = 'A00003'");  // which is not the screen's
+  host.fill("city", "SURAT");
+  data().exec("UPDATE ACCOUNT SET PHONE1 = '98250' WHERE ACC_CD = 'A00003'");
+  host.press("cmdUpdate");
+  EXPECT_EQ(host.lastMessage(),
+            "This Entry Has Been Changed Meanwhile\nNothing Was Stored, It Is Shown As It Stands Now");
+  EXPECT_EQ(host.text("phone") + "|" + host.text("city"), "98250|ANAND");
+  host.fill("city", "SURAT");
+  host.press("cmdUpdate");
+  EXPECT_EQ(row("SELECT PHONE1, CITY FROM ACCOUNT WHERE ACC_CD = 'A00003'"), "98250|SURAT");
+}
+
+TEST_F(AccountTest, WhatIsNamedDoesNotGo) {
+  const auto remove = [&](const std::string& code) {
+    host.messages.clear();
+    host.answers = {true};
+    host.press("cmdDelete");
+    host.fillEnter("code", code);
+    return host.messages.empty() ? "" : host.lastMessage();
+  };
+  const struct {
+    const char *named, *words;
+  } cases[] = {
+      {"INSERT INTO SALE (VOUCH_NO, BOOK_CD, PARTY_CD) VALUES (7, 'SA', 'A00007')",
+       "There is SALE Entry For This ACCOUNT Pl. Merge ACCOUNT"          },
+      {"INSERT INTO SALE (VOUCH_NO, BOOK_CD, CASH_CD) VALUES (7, 'SA', 'A00007')",
+       "This Account Is The Ship To Of Bill 7\r\nCan Not Delete"         },
+      {"INSERT INTO CHLN (VOUCH_NO, BOOK_CD, PARTY_CD) VALUES (7, 'CH', 'A00007')",
+       "There Is Challan 7 For This Account\r\nCan Not Delete"           },
+      {"INSERT INTO QUOT (VOUCH_NO, BL_PARTY_CD) VALUES (7, 'A00007')",
+       "There Is Quotation 7 For This Account\r\nCan Not Delete"         },
+      {"INSERT INTO RPTPAY (VOUCH_NO, BOOK_CD, CSHBNK_CD) VALUES (7, 'RC', 'A00007')",
+       "There Is Receipt Or Payment 7 For This Account\r\nCan Not Delete"},
+      {"INSERT INTO ALEDGER (VOUCH_NO, BOOK_CD, PARTY_CD) VALUES (7, 'SA', 'A00007')",
+       "There Is Ledger Entry SA 7 For This Account\r\nCan Not Delete :: Posting Removes What Deleted"
+       " Vouchers Left"                                                  },
+      {"UPDATE ACCOUNT SET OP_BAL = -12.5 WHERE ACC_CD = 'A00007'",
+       "The Opening Balance Of This Account Is -12.50\r\nCan Not Delete" },
+      {"UPDATE SPSFILE SET VOUCH_CD = 'A00007' WHERE VOUCH_NO = 156",
+       "This Account Is Set As SALE CHARGES A/C CODE\r\nCan Not Delete"  },
+  };
+  for (const auto& c : cases) {
+    const Transaction forAWhile(data());
+    data().exec(c.named);
+    EXPECT_EQ(remove("A00007"), c.words);
+  }
+  EXPECT_EQ(remove("X90066"), "This Account Belongs To The System\r\nCan Not Delete");
+  EXPECT_NE(stored("A00007"), "none");
+  data().exec(
+      "INSERT INTO PRTYRATE (RT_DT, ACC_CD, ITEM_CD, SIZE_CD) VALUES ('2026-01-01', 'A00007', 'I1', 'P')");
+  EXPECT_EQ(remove("A00007"), "");
+  EXPECT_EQ(stored("A00007") + row("SELECT COUNT(*) FROM PRTYRATE"), "none0");
 }
 
 TEST_F(AccountTest, EditReadsTheRowAndChangesIt) {

@@ -102,6 +102,28 @@ TEST_F(ItemTest, ARenamedUnitGoesThroughAllTables) {
     data().exec(std::string("INSERT INTO ") + insert);
   data().exec("CREATE TABLE ITEMLINK (ITEM_CD TEXT, SIZE_CD TEXT, RAW_CD TEXT, RAW_SIZE TEXT)");  // of some
   data().exec("INSERT INTO ITEMLINK VALUES ('I0000005', 'PCS', 'I2', 'B'), ('I3', 'C', 'I0000005', 'PCS')");
+  // What they name stays, item and unit.
+  host.press("cmdCancel");
+  auto without = std::make_unique<Transaction>(data());
+  data().exec("DELETE FROM SALEITM");
+  host.answers = {true, true};
+  host.press("cmdDelete");
+  host.fillEnter("code", "I0000005");
+  EXPECT_EQ(host.lastMessage(), "Can not DELETE :: This Item Stands In Challans");
+  host.press("cmdAdd");
+  edit("I0000005");
+  host.rowTo(host.at("DataGrid1"), 1);
+  host.key(KeyCode::F10);
+  EXPECT_EQ(host.lastMessage(), "Can not DELETE :: This Unit Stands In Challans");
+  EXPECT_EQ(host.at("DataGrid1").grid.count(), 2u);
+  without.reset();
+
+  edit("I0000005");
+  data().exec("UPDATE ITEMDTL SET SALE_RATE1 = 101 WHERE SIZE_CD = 'PCS'");
+  host.press("cmdUpdate");
+  EXPECT_EQ(host.lastMessage().substr(0, 37), "This Entry Has Been Changed Meanwhile");
+  EXPECT_EQ(host.at("DataGrid1").grid.cell(0, 3).text, "101");
+  data().exec("UPDATE ITEMDTL SET SALE_RATE1 = 100");
   edit("I0000005");
   pick(0);
   host.fill("unit", "NOS");

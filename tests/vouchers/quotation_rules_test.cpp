@@ -93,4 +93,9 @@ TEST_F(QuotationTest, OpeningRepairsWhatOlderRowsLack) {
   EXPECT_EQ(line("SELECT GROUP_CONCAT(IFNULL(DEPT_CD, '-') || ' ' || ENTRY_TYP)"
                  " FROM (SELECT * FROM QUOTITM ORDER BY VOUCH_NO, SRNO)"),
             "E001 QUOTATION,- QUOTATION,E9 PERFOMA");
+  // Once all is right an opening waits for nobody.
+  Database other;
+  other.open(db().file());
+  const Transaction writes(other);
+  repairQuotations(db());
 }
