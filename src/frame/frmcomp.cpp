@@ -112,6 +112,7 @@ FRMCOMP::FRMCOMP(Host& h) : Screen(h, ::spec()) {
 void FRMCOMP::opened(const Opening&) {
   anchor = Anchor::Centre;
   host.hint(kKeys);
+  offerTutorial(*this, links().companyVideo);
   fill();
 }
 

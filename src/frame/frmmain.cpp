@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "base/number.h"
@@ -11,15 +12,17 @@
 #include "frame/backup_menu.h"
 #include "frame/company_details.h"
 #include "frame/frmstartup.h"
-#include "frame/glance.h"
 #include "frame/menu.h"
 #include "frame/routines.h"
 #include "frame/session.h"
+#include "frame/voucher_kinds.h"
+#include "frame/voucher_opening.h"
 
 namespace {
 
 constexpr int kTipEvery = 30000;  // milliseconds
 constexpr int kBillRows = 24, kDebtorRows = 16;
+constexpr Bgr kDueColour = 0xB3E3FF;
 
 // clang-format off
 const ScreenSpec& spec() {
@@ -38,6 +41,8 @@ const ScreenSpec& spec() {
                          {px(24),  {{.name = "billshead", .frame = Frame::Plain, .columns = {part(1)}, .pitch = 24}}},
                          {part(1), {{.name = "bills", .frame = Frame::Plain, .pitch = 29}}}}},
                      {.name = "right", .width = part(1), .frame = Frame::Plain, .bands = {
+                         {px(24),  {{.name = "duehead", .frame = Frame::Plain, .columns = {part(1), px(160)}, .pitch = 24}}},
+                         {px(31, 26), {{.name = "due", .frame = Frame::Plain, .pitch = 29}}},
                          {px(24),  {{.name = "debtorshead", .frame = Frame::Plain, .columns = {part(1)}, .pitch = 24}}},
                          {part(1), {{.name = "debtors", .frame = Frame::Plain, .pitch = 29}}},
                          {px(24),  {{.name = "keyshead", .frame = Frame::Plain, .columns = {part(1)}, .pitch = 24}}},
@@ -69,15 +74,22 @@ const ScreenSpec& spec() {
           {.name = "Figure", .index = 4, .kind = Kind::Label, .at = {.group = "card4", .row = 1}, .align = Align::Right, .money = true, .style = Style::Figure},
           {.name = "Count",  .index = 4, .kind = Kind::Label, .at = {.group = "card4", .row = 2}, .align = Align::Right, .style = Style::Quiet},
 
+          {.name = "Section", .index = 3, .kind = Kind::Label, .label = "Due Today", .at = {.group = "duehead"}, .style = Style::Section},
+          {.name = "DueKey", .kind = Kind::Label, .label = "F5 = First Of Them", .at = {.group = "duehead", .col = 1}, .align = Align::Right, .style = Style::Quiet},
+          {.name = "Due", .kind = Kind::Grid, .at = {.group = "due"}, .tab = 1, .enabled = false, .columns = {
+              {.title = "Count", .width = px(44), .align = Align::Right},
+              {.title = "What",  .width = part(1)},
+              {.title = "Fact",  .width = part(1.4), .align = Align::Right}}},
+
           {.name = "Section", .index = 0, .kind = Kind::Label, .label = "Last Bills", .at = {.group = "billshead"}, .style = Style::Section},
-          {.name = "LastBills", .kind = Kind::Grid, .at = {.group = "bills"}, .columns = {
+          {.name = "LastBills", .kind = Kind::Grid, .at = {.group = "bills"}, .tab = 2, .columns = {
               {.title = "B.No",        .width = px(86, 56)},
               {.title = "Date",        .width = px(116, 96)},
               {.title = "Party",       .width = part(1, 190)},
               {.title = "City",        .width = px(130, 84)},
               {.title = "Bill Amount", .width = px(140, 104), .align = Align::Right, .money = true}}},
           {.name = "Section", .index = 1, .kind = Kind::Label, .label = "Largest Outstanding", .at = {.group = "debtorshead"}, .style = Style::Section},
-          {.name = "Largest", .kind = Kind::Grid, .at = {.group = "debtors"}, .columns = {
+          {.name = "Largest", .kind = Kind::Grid, .at = {.group = "debtors"}, .tab = 3, .columns = {
               {.title = "Party",  .width = part(1, 180)},
               {.title = "Oldest", .width = px(92, 76),  .align = Align::Right},
               {.title = "Amount", .width = px(129, 104), .align = Align::Right, .money = true}}},
@@ -124,15 +136,20 @@ frmmain::frmmain(Host& h) : Screen(h, ::spec()) {
   tools = toolBar();
   panels = {"", "", ""};
   timerMs = kTipEvery;
+  at("Due").grid.heading = false;
   wire<frmmain>(*this, {
-                           {"", Key::Ctrl('L'),         &frmmain::ledger   },
-                           {"", Key::Ctrl('M'),         &frmmain::accounts },
-                           {"", Key::Ctrl('I'),         &frmmain::items    },
-                           {"", Key::Ctrl('G'),         &frmmain::sales    },
-                           {"", Key::Ctrl('U'),         &frmmain::purchases},
-                           {"", Key::Ctrl('S'),         &frmmain::stock    },
-                           {"", Key::Ctrl(KeyCode::F3), &frmmain::stock    },
-                           {"", Key::Ctrl(KeyCode::F2), &frmmain::period   },
+                           {"",          Key::Ctrl('L'),         &frmmain::ledger     },
+                           {"",          Key::Ctrl('M'),         &frmmain::accounts   },
+                           {"",          Key::Ctrl('I'),         &frmmain::items      },
+                           {"",          Key::Ctrl('G'),         &frmmain::sales      },
+                           {"",          Key::Ctrl('U'),         &frmmain::purchases  },
+                           {"",          Key::Ctrl(KeyCode::F2), &frmmain::period     },
+                           {"",          KeyCode::F5,            &frmmain::doWhatIsDue},
+                           {"Due",       On::DoubleClick,        &frmmain::doWhatIsDue},
+                           {"LastBills", On::DoubleClick,        &frmmain::openBill   },
+                           {"LastBills", On::Row,                &frmmain::rowMoved   },
+                           {"Largest",   On::DoubleClick,        &frmmain::openLedger },
+                           {"Largest",   On::Row,                &frmmain::rowMoved   },
   });
 }
 
@@ -143,10 +160,8 @@ void frmmain::readCompany() {
   Session& s = session();
   seed();
   panels[0] = periodPanel(s);
-  panels[2] = formatDate(host.today(), "dd/MMM/yyyy");
   caption = shellCaption(s);
   passOver(host, [&] { loadCompanyDetails(s); });
-  buildDateHelp();
 }
 
 void frmmain::seed() {
@@ -164,32 +179,10 @@ void frmmain::seed() {
     if (CheckTable(seed.table)) passOver(host, seed.add);
 }
 
-void frmmain::buildDateHelp() {
-  const Date today = host.today();
-  struct Line {
-    Date date;
-    const char* key;
-  };
-  // clang-format off
-  const Line lines[] = {
-      {today,                     english("Press ::  F2 ::  Button To Get Current Date ")},
-      {session().mstartdt,        english("Press ::  F1 ::  Button To Get First Date of Accounting Period ")},
-      {session().menddt,          english("Press ::  F3 ::  Button To Last Date of Accounting Period ")},
-      {addDays(today, 1),         english("Press ::  Up Arrow ::  Button Get Next Date")},
-      {addDays(today, -1),        english("Press ::  Down Arrow ::  Button Get Previous Date")},
-      {addMonths(today, 1),       english("Press ::  Page Up ::  Button Get Next Month Date")},
-      {addMonths(today, -1),      english("Press ::  Page Down ::  Button Get Previous Month Date")},
-  };
-  // clang-format on
-  std::vector<std::string> help;
-  for (const Line& line : lines)
-    help.push_back("'" + formatDate(line.date, "dd/MMM/yyyy") + "' : " + words(line.key));
-  session().mhelpline = join(help, "\r\n");
-}
-
 void frmmain::activated() {
   // The shell stands whatever its figures do.
   passOver(host, [this] { showGlance(); });
+  if (!std::exchange(standing_, true) && at("Due").enabled) focus(at("Due"));
   ShowHint(host, "Press Alt Btn To Activate Menus");
 }
 
@@ -197,6 +190,7 @@ void frmmain::showGlance() {
   const Session& s = session();
   Database& db = data();
   const Date today = host.today(), first = firstOfMonth(today), last = lastOfMonth(today);
+  shownDay_ = today;
 
   set(at("Company"), s.mcompname);
   const bool registered = length(s.mgstinno) > 1;
@@ -217,16 +211,82 @@ void frmmain::showGlance() {
   const Receivable owed = receivable(db, kDebtorRows, today, s.mstartdt);
   show(4, owed.all, english("{count} party"), english("{count} parties"));
 
+  showDue(postingDue(db));
+
   auto bills = std::make_shared<CellRows>();
-  for (const LastBill& b : lastBills(db, kBillRows))
+  bills_ = lastBills(db, kBillRows);
+  for (const LastBill& b : bills_)
     bills->rows.push_back(cells({b.number, shown(b.date), b.party, b.city, paise(b.amount)}));
-  at("LastBills").grid.source = bills;
+  fill("LastBills", bills);
 
   auto debtors = std::make_shared<CellRows>();
-  for (const Debtor& d : owed.largest)
+  debtors_ = owed.largest;
+  for (const Debtor& d : debtors_)
     debtors->rows.push_back(
         cells({d.party, counted(d.days, english("{count} day"), english("{count} days")), paise(d.amount)}));
-  at("Largest").grid.source = debtors;
+  fill("Largest", debtors);
+}
+
+// Only where something is due does its row take the focus.
+void frmmain::showDue(int deleted) {
+  Control& due = at("Due");
+  due.enabled = at("DueKey").visible = deleted > 0;
+  auto rows = std::make_shared<CellRows>();
+  rows->rows.push_back(deleted > 0 ? cells({std::to_string(deleted), words("Posting is due"),
+                                            words(deleted == 1 ? english("deleted voucher in the ledger")
+                                                               : english("deleted vouchers in the ledger"))})
+                                   : cells({"", words("Nothing Is Due Today"), ""}));
+  for (Cell& cell : rows->rows[0]) {
+    if (deleted > 0) cell.back = kDueColour;
+    cell.bold = &cell == &rows->rows[0][0];
+  }
+  fill("Due", rows);
+}
+
+// The cursor stays where it was as long as there is such a row.
+void frmmain::fill(const char* name, std::shared_ptr<CellRows> rows) {
+  Control& list = at(name);
+  list.grid.source = std::move(rows);
+  if (list.grid.current != Grid::kNone)
+    list.grid.moveTo(list.grid.current);
+  else if (focused() == &list)
+    list.grid.moveTo(0);
+}
+
+// Rows
+
+void frmmain::focusMoved(Control& control) { ShowHint(host, hintFor(control)); }
+
+void frmmain::rowMoved() { ShowHint(host, hintFor(here())); }
+
+std::string frmmain::hintFor(const Control& grid) const {
+  const size_t row = grid.grid.current;
+  std::string enter;
+  if (grid.family == "Due")
+    enter = words("Press Enter For Posting");
+  else if (grid.family == "LastBills" && row < bills_.size())
+    enter = words("Press Enter To Open {book} {number}", "book", saleKind().code, "number",
+                  numText(bills_[row].voucher));
+  else if (grid.family == "Largest" && row < debtors_.size())
+    enter = words("Press Enter For The Ledger Of {party}", "party", debtors_[row].party);
+  const std::string keys = words("Tab = Next List :: Alt = Menus");
+  return enter.empty() ? keys : enter + " :: " + keys;
+}
+
+void frmmain::doWhatIsDue() {
+  if (at("Due").enabled) run("posting");
+}
+
+void frmmain::openBill() {
+  const size_t row = here().grid.current;
+  if (row < bills_.size()) openVoucher(host, *this, {saleKind().code, bills_[row].voucher});
+}
+
+void frmmain::openLedger() {
+  const size_t row = here().grid.current;
+  if (row >= debtors_.size()) return;
+  const Command& ledger = *commandByKey("LEDGERS");
+  host.open(ledger.screen, {.caller = spec.name, .reportKey = ledger.reportKey, .value = debtors_[row].code});
 }
 
 bool frmmain::mayClose() {
@@ -238,7 +298,11 @@ bool frmmain::mayClose() {
 
 void frmmain::closed() { host.quit(); }
 
-void frmmain::tick() { ShowHint(host, ""); }
+// A shell that stands over midnight shows the new day.
+void frmmain::tick() {
+  if (host.today() != shownDay_) passOver(host, [this] { showGlance(); });
+  ShowHint(host, "");
+}
 
 void frmmain::chosen(const MenuEntry& entry) {
   if (entry.control == "mnuexit")
@@ -254,9 +318,6 @@ void frmmain::chosen(const MenuEntry& entry) {
 void frmmain::toolChosen(const ToolEntry& entry) {
   if (const Command* command = commandOf(entry)) carryOut(host, *command);
 }
-
-// The tips name these keys too.
-void frmmain::stock() { ShowHint(host, "There Are No Stock Reports :: Ctrl+I = Item Master"); }
 
 void frmmain::period() {
   ShowHint(host, "The A/c Period Is That Of The Company :: Another Year Opens From Company Selection");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/glance.h"
 #include "platform/host.h"
 
 // The shell: the window of a working session, with menus, tool bar and status bar. All
@@ -15,6 +16,7 @@ class frmmain : public Screen {
   void tick() override;
   void chosen(const MenuEntry& entry) override;
   void toolChosen(const ToolEntry& entry) override;
+  void focusMoved(Control& control) override;
 
  private:
   void run(const char* key);
@@ -23,12 +25,23 @@ class frmmain : public Screen {
   void items() { run("item"); }
   void sales() { run("SALE"); }
   void purchases() { run("PURCHASE"); }
-  void stock();
   void period();
 
   void readCompany();
   void seed();
-  void buildDateHelp();
   void showGlance();
+  void showDue(int deleted);
+  void fill(const char* grid, std::shared_ptr<CellRows> rows);
   void restore();
+
+  std::string hintFor(const Control& grid) const;
+  void rowMoved();
+  void doWhatIsDue();
+  void openBill();
+  void openLedger();
+
+  std::vector<LastBill> bills_;  // behind the rows shown
+  std::vector<Debtor> debtors_;
+  Date shownDay_{};
+  bool standing_ = false;  // has been active before
 };

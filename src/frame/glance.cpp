@@ -4,8 +4,10 @@
 #include <functional>
 
 #include "base/words.h"
+#include "frame/posting_due.h"
 #include "frame/voucher_kinds.h"
 #include "store/balances.h"
+#include "store/groups.h"
 
 namespace {
 
@@ -71,12 +73,13 @@ std::vector<LastBill> lastBills(Database& db, int most) {
   std::vector<LastBill> bills;
   guarded([&] {
     auto rows = db.query(
-        "SELECT BILL_NO, VOUCH_DT, ACC_NAME, CITY, NET_AMT"
+        "SELECT BILL_NO, VOUCH_DT, ACC_NAME, CITY, NET_AMT, VOUCH_NO"
         " FROM SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD"
         " WHERE BOOK_CD = ? ORDER BY VOUCH_NO DESC LIMIT ?",
         saleKind().code, most);
     while (rows.next())
-      bills.push_back({rows.text(0), rows.text(2), rows.text(3), rows.date(1), rows.number(4)});
+      bills.push_back(
+          {rows.number(5), rows.text(0), rows.text(2), rows.text(3), rows.date(1), rows.number(4)});
   });
   return bills;
 }
@@ -86,19 +89,26 @@ Receivable receivable(Database& db, int most, Date today, Date periodStart) {
   guarded([&] {
     // Materialized, since the sum is asked for three times.
     auto accounts = db.query("WITH OWING AS MATERIALIZED (SELECT ACC_CD, ACC_NAME, ROUND(" +
-                             std::string(balanceExpression(db)) +
-                             ", 2) AS OWES FROM ACCOUNT WHERE GROUP_CD IN (85, 86))"
+                             std::string(balanceExpression(db)) + ", 2) AS OWES FROM ACCOUNT WHERE " +
+                             underGroups("GROUP_CD", {85, 86}) +
+                             ")"
                              " SELECT ACC_CD, ACC_NAME, OWES FROM OWING WHERE OWES > 0"
                              " ORDER BY OWES DESC, ACC_NAME");
     while (accounts.next()) {
       const double owes = accounts.number(2);
       owed.all.amount += owes;
       if (++owed.all.count <= most)
-        owed.largest.push_back(
-            {accounts.text(1), owes, daysOpen(db, accounts.text(0), owes, today, periodStart)});
+        owed.largest.push_back({accounts.text(0), accounts.text(1), owes,
+                                daysOpen(db, accounts.text(0), owes, today, periodStart)});
     }
   });
   return owed;
+}
+
+int postingDue(Database& db) {
+  int due = 0;
+  guarded([&] { due = deletedInLedger(db); });
+  return due;
 }
 
 std::string counted(int count, std::string_view one, std::string_view many) {

@@ -19,6 +19,7 @@ Figure salesBetween(Database& db, Date first, Date last);
 Figure receiptsBetween(Database& db, Date first, Date last);
 
 struct LastBill {
+  double voucher = 0;
   std::string number, party, city;
   std::optional<Date> date;
   double amount = 0;
@@ -27,7 +28,7 @@ struct LastBill {
 std::vector<LastBill> lastBills(Database& db, int most);
 
 struct Debtor {
-  std::string party;
+  std::string code, party;
   double amount = 0;
   int days = 0;  // age of the oldest unpaid bill, receipts being set against the oldest first
 };
@@ -37,6 +38,9 @@ struct Receivable {
   Figure all;
   std::vector<Debtor> largest;
 };
+// How many deleted vouchers still stand in the ledger: so many ask for posting.
+int postingDue(Database& db);
+
 Receivable receivable(Database& db, int most, Date today, Date periodStart);
 
 // "4 bills" by "{count} bills", "1 bill" by "{count} bill".

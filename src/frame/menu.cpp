@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/words.h"
+#include "frame/books_check.h"
 #include "frame/category_list.h"
 #include "frame/routines.h"
 #include "frame/session.h"
@@ -43,6 +44,7 @@ constexpr Command kCommands[] = {
     {.menu = "mnulists", .caption = "Category List",                .control = "MNULIST",       .key = "dept",        .reportKey = "dept",        .first = showCategoryList, .screen = "frmreport"},
     {.menu = "mnulists", .caption = "Product List Print",           .control = "MNULIST",       .key = "priclstprn",  .reportKey = "priclstprn",  .screen = "frmreport"},
     {.menu = "mnulists", .caption = "Closing Balance List",         .control = "MNULIST",       .key = "accmastclbl", .reportKey = "accmastclbl", .screen = "frmreport"},
+    {.menu = "mnulists", .caption = "Balances By Group And Party",  .control = "MNULIST",       .key = "CLBALGROUP",  .reportKey = "CLBALGROUP",  .screen = "frmreport"},
 
     {.menu = "mnurpts",  .caption = "GSTR-1 RD Sales Register",     .control = "GSTLIST",       .key = "GSTR1-RD",        .reportKey = "GSTR1-RD",        .screen = "frmreport"},
     {.menu = "mnurpts",  .caption = "GSTR-1 URD Sales Register",    .control = "GSTLIST",       .key = "GSTR1-URD",       .reportKey = "GSTR1-URD",       .screen = "frmreport"},
@@ -50,8 +52,12 @@ constexpr Command kCommands[] = {
     {.menu = "mnurpts",  .caption = "Sale Bill Detailed Register",  .control = "SALERPT", .index = 1, .key = "slblreg",         .reportKey = "slblreg",         .screen = "frmreport", .tool = "saledtlreg"},
     {.menu = "mnurpts",  .caption = "Quotation Register",           .control = "SALERPT", .index = 2, .key = "QUOTREG",         .reportKey = "QUOTREG",         .screen = "frmreport"},
     {.menu = "mnurpts",  .caption = "Quotation Detail Register",    .control = "SALERPT", .index = 3, .key = "QUOTREGDTL",      .reportKey = "QUOTREGDTL",      .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Quotations By Date",           .control = "SALERPT",       .key = "QUOTASKED",       .reportKey = "QUOTASKED",       .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Quotations By Date With Items", .control = "SALERPT",      .key = "QUOTASKEDDTL",    .reportKey = "QUOTASKEDDTL",    .screen = "frmreport"},
     {.menu = "mnurpts",  .caption = "Challan Register",             .control = "SALERPT", .index = 4, .key = "CHLNRPT",         .reportKey = "CHLNRPT",         .screen = "frmreport"},
     {.menu = "mnurpts",  .caption = "Challan Detail Register",      .control = "SALERPT", .index = 5, .key = "CHLNRPTDTL",      .reportKey = "CHLNRPTDTL",      .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Challans By Date",             .control = "SALERPT",       .key = "CHLNASKED",       .reportKey = "CHLNASKED",       .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Challans By Date With Items",  .control = "SALERPT",       .key = "CHLNASKEDDTL",    .reportKey = "CHLNASKEDDTL",    .screen = "frmreport"},
     {.menu = "mnurpts",  .caption = "Receipt Register",             .control = "SALERPT",       .key = "recipt",          .reportKey = "recipt",          .screen = "frmreport"},
     {.menu = "mnurpts",  .caption = "Partty Ledger",                .control = "SALERPT",       .key = "LEDGERS",         .reportKey = "LEDGERS",         .screen = "regdlg1"},
     {.menu = "mnurpts",  .caption = "T-Ledger",                     .control = "SALERPT",       .key = "TLEDGERS",        .reportKey = "TLEDGERS",        .screen = "regdlg1"},
@@ -60,11 +66,11 @@ constexpr Command kCommands[] = {
     {.menu = "mnuutils", .caption = "Posting",                      .control = "UTIL1", .index = 0,     .key = "posting",  .screen = "FRMPOST"},
     {.menu = "mnuutils", .caption = "Company Details Set",          .control = "UTIL1", .index = 1,     .key = "acc_set",  .screen = "stngs"},
     {.menu = "mnuutils", .caption = "Voucher Format Set",           .control = "UTIL1", .index = 6,     .key = "formats",  .screen = "VSETFRM"},
-    {.menu = "mnuutils", .caption = "Year End",                     .control = "mnuyrend",              .key = "yearend",  .hint = "Nothing To Do At Year End :: The Next Year Is Made In Company Selection"},
     {.menu = "mnuutils", .caption = "Video Training",               .control = "mnuvideotrning",        .key = "training", .link = &Links::videoTraining},
     {.menu = "mnuutils", .caption = "Training Book Pdf",            .control = "mnutrngbkpdf",          .key = "book",     .link = &Links::trainingBook},
     {.menu = "mnuutils", .caption = "Update Software",              .control = "mnupdtsoft",            .key = "software", .link = &Links::softwareUpdate},
     {.menu = "mnuutils", .caption = "Database Check",               .control = "mnupdtstrct",           .key = "struct",   .screen = "struct"},
+    {.menu = "mnuutils", .caption = "What Does Not Agree",          .control = "mnubookscheck",         .key = "BOOKSCHECK", .reportKey = kBooksCheck, .screen = "frmreport"},
     {.menu = "mnuutils", .caption = "Error Log",                    .control = "mnulog",                .key = "log",      .first = showLog},
     // The shell's own work, as is the exit.
     {.menu = "mnuutils", .caption = "&Backup",                      .control = "mnubackup"},
@@ -115,12 +121,14 @@ const Command* commandByKey(const std::string& key) {
   return findCommand([&](const Command& c) { return key == c.key; });
 }
 
+bool leadsSomewhere(const Command& command) { return !command.link || !(links().*command.link).empty(); }
+
 std::vector<MenuEntry> menuTree() {
   std::vector<MenuEntry> tree;
   for (const TopMenu& top : kTop) {
     MenuEntry menu{.caption = top.caption, .control = top.control};
     for (const Command& c : kCommands)
-      if (menu.control == c.menu)
+      if (menu.control == c.menu && leadsSomewhere(c))
         menu.entries.push_back({.caption = c.caption, .control = c.control, .index = c.index, .key = c.key});
     tree.push_back(std::move(menu));
   }
@@ -129,7 +137,9 @@ std::vector<MenuEntry> menuTree() {
 
 std::vector<ToolEntry> toolBar() {
   std::vector<ToolEntry> tools;
-  for (const Tool& t : kTools) tools.push_back({.key = t.key, .caption = t.caption, .icon = t.icon});
+  for (const Tool& t : kTools)
+    if (ToolEntry tool{.key = t.key, .caption = t.caption, .icon = t.icon}; leadsSomewhere(*commandOf(tool)))
+      tools.push_back(std::move(tool));
   return tools;
 }
 
@@ -145,6 +155,5 @@ void carryOut(Host& host, const Command& command) {
     host.open(screen, {.entryType = kind ? kind->entryType : "",
                        .reportKey = command.reportKey,
                        .masterKey = command.masterKey});
-  if (*command.hint) ShowHint(host, command.hint);
   if (command.link) openTutorial(host, links().*command.link);
 }

@@ -19,7 +19,6 @@ struct Command {
   void (*first)(Host&) = nullptr;  // done before the screen is opened
   const char* screen = "";         // empty: opens none, or a voucher's, which its kind names
   std::string Links::*link = nullptr;
-  const char* hint = "";  // what the hint line says of an entry that does nothing
   const char* tool = "";  // button of the tool bar that repeats it
 };
 
@@ -30,6 +29,9 @@ const Command* commandByKey(const std::string& key);
 
 // What the entry opens; empty: nothing.
 std::string screenOf(const Command& command);
+
+// False of a link whose page has not been set: neither menu nor tool bar shows it.
+bool leadsSomewhere(const Command& command);
 
 std::vector<MenuEntry> menuTree();
 std::vector<ToolEntry> toolBar();

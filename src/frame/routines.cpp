@@ -1,44 +1,56 @@
 #include "frame/routines.h"
 
 #include <algorithm>
-#include <array>
-#include <string_view>
+#include <iterator>
 
 #include "base/log.h"
 #include "base/pattern.h"
 #include "base/text.h"
 #include "base/words.h"
+#include "frame/menu.h"
 #include "frame/session.h"
 #include "store/dictionary.h"
 #include "store/safe_file.h"
 
 namespace {
 
-constexpr std::array<std::string_view, 13> kTips = {
-    english("PRESS ALT BUTTON TO ACTIVATE MENU"),
-    english("TAKE BACKUP REGULERLY"),
-    english("GET NEW UPDATE REGULARLY"),
-    english("USE SHORTCUT CTRL+L TO VIEW LEDGER"),
-    english("FOR NEW UPDATE DETAILS : GO TO UTILITIES - WHATSNEW "),
-    english("USE SHORTCUT CTRL+S FOR STOCK LEDGER"),
-    english("USE SHORTCUT CTRL+F3 FOR STOCK SUMMARY"),
-    english("USE SHORTCUT CTRL+M FOR ACCOUNT MASTER"),
-    english("USE SHORTCUT CTRL+ I FOR ITEM MASTER"),
-    english("USE SHORTCUT CTRL+ G FOR GST SALES"),
-    english("USE SHORTCUT CTRL+ U FOR GST PURCHASE"),
-    english("FOR SET A/C PERIOD CTRL+F2"),
-    english("STAY CONNECTED STAY UPDATED"),
+// What a tip names is a command of the menu; a tip whose command is not there waits for it.
+struct Tip {
+  const char* text;
+  const char* names = "";
 };
+// clang-format off
+constexpr Tip kTips[] = {
+    {english("PRESS ALT BUTTON TO ACTIVATE MENU")},
+    {english("TAKE BACKUP REGULERLY")},
+    {english("GET NEW UPDATE REGULARLY"),                               "software"},
+    {english("USE SHORTCUT CTRL+L TO VIEW LEDGER"),                     "LEDGERS"},
+    {english("FOR NEW UPDATE DETAILS : GO TO UTILITIES - WHATSNEW "),   "whatsnew"},
+    {english("USE SHORTCUT CTRL+S FOR STOCK LEDGER"),                   "STOCKLEDGER"},
+    {english("USE SHORTCUT CTRL+F3 FOR STOCK SUMMARY"),                 "STOCKSUMMARY"},
+    {english("USE SHORTCUT CTRL+M FOR ACCOUNT MASTER"),                 "account"},
+    {english("USE SHORTCUT CTRL+ I FOR ITEM MASTER"),                   "item"},
+    {english("USE SHORTCUT CTRL+ G FOR GST SALES"),                     "SALE"},
+    {english("USE SHORTCUT CTRL+ U FOR GST PURCHASE"),                  "PURCHASE"},
+    {english("FOR SET A/C PERIOD CTRL+F2"),                             "period"},
+    {english("STAY CONNECTED STAY UPDATED"),                            "software"},
+};
+// clang-format on
+
+bool maybeGiven(const Tip& tip) {
+  if (!*tip.names) return true;
+  const Command* const command = commandByKey(tip.names);
+  return command && leadsSomewhere(*command);
+}
 
 std::string nextTip() {
   Session& s = session();
-  const auto step = static_cast<size_t>(s.mhintcount);
-  if (step >= kTips.size()) {
-    s.mhintcount = 1;
-    return english("Press Alt Button To Activate Menu");
-  }
-  s.mhintcount += 1;
-  return std::string(kTips[step]);
+  auto step = static_cast<size_t>(s.mhintcount);
+  while (step < std::size(kTips) && !maybeGiven(kTips[step])) ++step;
+  s.mhintcount = static_cast<double>(step) + 1;
+  if (step < std::size(kTips)) return kTips[step].text;
+  s.mhintcount = 1;
+  return english("Press Alt Button To Activate Menu");
 }
 
 Screen* shellOf(Host& host) { return host.find("frmmain"); }
@@ -47,12 +59,14 @@ double next(double largest) { return std::max(largest, 0.0) + 1; }
 
 }  // namespace
 
+// The date beside the hint follows the clock as well, also while the shell's own timer rests.
 void ShowHint(Host& host, const std::string& text) {
+  Screen* const shell = shellOf(host);
+  if (shell) shell->panels[2] = formatDate(host.today(), "dd/MMM/yyyy");
   if (!text.empty()) {
     host.hint(text);
     return;
   }
-  Screen* const shell = shellOf(host);
   if (shell && shell->at("Frame1").visible) host.hint(nextTip());
 }
 
@@ -72,6 +86,29 @@ void showPicture(Host& host, bool on) {
   for (const auto& control : shell->controls) control->visible = on;
 }
 
+std::string dateHelp(const Host& host) {
+  const Date today = host.today();
+  struct Line {
+    Date date;
+    const char* key;
+  };
+  // clang-format off
+  const Line lines[] = {
+      {today,                     english("Press ::  F2 ::  Button To Get Current Date ")},
+      {session().mstartdt,        english("Press ::  F1 ::  Button To Get First Date of Accounting Period ")},
+      {session().menddt,          english("Press ::  F3 ::  Button To Last Date of Accounting Period ")},
+      {addDays(today, 1),         english("Press ::  Up Arrow ::  Button Get Next Date")},
+      {addDays(today, -1),        english("Press ::  Down Arrow ::  Button Get Previous Date")},
+      {addMonths(today, 1),       english("Press ::  Page Up ::  Button Get Next Month Date")},
+      {addMonths(today, -1),      english("Press ::  Page Down ::  Button Get Previous Month Date")},
+  };
+  // clang-format on
+  std::vector<std::string> help;
+  for (const Line& line : lines)
+    help.push_back("'" + formatDate(line.date, "dd/MMM/yyyy") + "' : " + words(line.key));
+  return join(help, "\r\n");
+}
+
 void CheckOnline(Host& host) { session().monline = host.online(); }
 
 void openTutorial(Host& host, const std::string& link) {
@@ -83,6 +120,8 @@ void openTutorial(Host& host, const std::string& link) {
   else
     host.openLink(link);
 }
+
+void offerTutorial(Screen& screen, const std::string& link) { screen.at("Cmdvideo").visible = !link.empty(); }
 
 bool passOver(Host& host, const std::function<void()>& step) {
   try {

@@ -17,6 +17,10 @@ void showPicture(Host& host, bool on);
 void CheckOnline(Host& host);  // sets monline
 // Opens the link when there is one and the machine is online: "Video" and the like.
 void openTutorial(Host& host, const std::string& link);
+// Its button stands only where a page has been set.
+void offerTutorial(Screen& screen, const std::string& link);
+// The words for a date that is none: today and the period with the keys that bring dates.
+std::string dateHelp(const Host& host);
 // Runs a step whose failure must not keep the next one from running. What the user has to
 // know of (a lock, a full disk, a broken file) is told in a box, the rest is passed over.
 // Whether it went through.

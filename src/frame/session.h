@@ -28,7 +28,6 @@ struct Session : Settings {
 
   // Set by the shell from COMP_DET; each is empty when the row or the field is.
   std::string mcad1, mgstinno, mstatecd, mmobile;
-  std::string mhelpline;
   double mhintcount = 0;
 
   // Handed between screens.

@@ -2,6 +2,7 @@
 
 #include "base/words.h"
 #include "frame/backup_menu.h"
+#include "frame/books_check.h"
 #include "frame/session.h"
 #include "store/dictionary.h"
 #include "store/update.h"
@@ -57,6 +58,7 @@ void UpdateDatabase::update() {
   tell("");
   host.message("SUCCESS", kMessageTitle);
   close();
+  tellDisagreement(host, data());
 }
 
 // The tables that have their rows but not the key of the dictionary.

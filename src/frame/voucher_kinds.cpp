@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "base/words.h"
+#include "store/groups.h"
 
 // Rows are laid out by hand.
 // clang-format off
@@ -34,7 +35,7 @@ const VoucherKind& quotation() {
                                english("Press New Entry Btn To Enter New Quotation Entry")}},
       .tables = {.heads = "QUOT", .lines = "QUOTITM", .key = "ENTRY_TYP", .work = "T_QUOTITM", .serial = "SRNO"},
       .numbering = {.number = "REF_NO"},
-      .party = {.offered = "group_cd in(85,88,86,135)",
+      .party = {.offered = underGroups("group_cd", {85, 88, 86, 135}),
                 .rate = "SALE_RATE1",
                 .discount = "SALE_DISC"},
       .paper = {.key = "QUOTPRN",
@@ -126,7 +127,7 @@ const VoucherKind& saleKind() {
                 .rateHint = "F4 = Earlier Sales :: F6 = Party Rates :: F7 = Purchase Rates"},
       .tables = {.heads = "SALE", .lines = "SALEITM", .key = "BOOK_CD", .work = "T_SLITM", .serial = "SR_NO"},
       .numbering = {.number = "BILL_NO", .series = "BL_TYPE"},
-      .party = {.offered = "group_cd = 85 OR group_cd = 87 OR group_cd = 88",
+      .party = {.offered = underGroups("group_cd", {85, 87, 88}),
                 .rate = "SALE_RATE1",
                 .discount = "SALE_DISC"},
       .ledger = {.partySide = "D",
@@ -163,7 +164,7 @@ const VoucherKind& purchaseKind() {
     k.words.rateHint = "F4 = Earlier Purchases :: F6 = Party Rates :: F7 = Purchase Rates";
     k.words.billDate = "B.Dt";
     k.numbering.runsOn = false;
-    k.party = {.offered = "group_cd = 135 OR group_cd = 87 OR group_cd = 88",
+    k.party = {.offered = underGroups("group_cd", {135, 87, 88}),
                .rate = "PUR_RATE",
                .discount = "0"};  // no master keeps one
     k.ledger.partySide = "C";
@@ -194,7 +195,7 @@ const VoucherKind& challanKind() {
                 .savedHead = "Sales Challan Entry Saved"},
       .tables = {.heads = "CHLN", .lines = "CHLNITM", .key = "BOOK_CD", .work = "T_CHLNITM", .serial = "SR_NO"},
       .numbering = {.number = "CHLN_NO", .series = "CHLN_TYP"},
-      .party = {.offered = "group_cd = 85 OR group_cd = 87 OR group_cd = 88",
+      .party = {.offered = underGroups("group_cd", {85, 87, 88}),
                 .rate = "SALE_RATE1",
                 .discount = "SALE_DISC"},
       .ledger = {.partySide = "D", .goods = "X90002"},
@@ -231,7 +232,7 @@ const VoucherKind& receiptKind() {
       .screen = "bwrcpy",
       .words = {.title = "RECEIPT ENTRY"},
       .tables = {.heads = "RPTPAY", .key = "BOOK_CD"},
-      .party = {.offered = "GROUP_CD = 85 OR GROUP_CD = 135"},
+      .party = {.offered = underGroups("GROUP_CD", {85, 135})},
       .ledger = {.partySide = "C", .formerCode = "CM"},
   };
   return kind;

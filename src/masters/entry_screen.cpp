@@ -36,6 +36,7 @@ Database& EntryScreen::database() const { return data(); }
 void EntryScreen::opened(const Opening& opening) {
   ChildScreen::opened(opening);
   caller_ = opening.caller;
+  offerTutorial(*this, pattern_.video);
   cancel();
   ShowHint(host, pattern_.idleHint);
   if (!caller_.empty()) add();

@@ -1,5 +1,7 @@
 #include "reports/balances.h"
 
+#include "store/groups.h"
+
 namespace {
 
 std::vector<Row> groupSummary(Database& db) {
@@ -59,20 +61,38 @@ std::vector<Row> BuildFinalTable(Database& db, Date from, Date to, std::string_v
   return reportKey == kClosingBalanceList ? std::vector<Row>() : groupSummary(db);
 }
 
-const char* const kClosingBalances =
-    "WITH SIDES AS (SELECT ACC_CD, ACC_NAME, GROUP_CD, SGROUP_NAME,"
-    " SUM(OP_BALDR) + SUM(OP_BALTDR) + SUM(TR_BALDR) AS DEBITS,"
-    " SUM(OP_BALCR) + SUM(OP_BALTCR) + SUM(TR_BALCR) AS CREDITS"
-    " FROM T_FINALNEW GROUP BY ACC_NAME, ACC_CD, GROUP_CD, SGROUP_NAME)"
-    " SELECT SIDES.ACC_CD, SIDES.ACC_NAME,"
-    " FORMAT(CASE WHEN DEBITS > CREDITS THEN DEBITS - CREDITS ELSE 0 END, '0.00') AS Dr,"
-    " FORMAT(CASE WHEN DEBITS < CREDITS THEN CREDITS - DEBITS ELSE 0 END, '0.00') AS Cr,"
-    " ACCOUNT.AREA, ACCOUNT.PHONE1, FORMAT(DEBITS - CREDITS, '0.00') AS cbl,"
-    " SIDES.GROUP_CD, ACCOUNT.ANOTHER_CD, ACCOUNT.CITY"
-    " FROM SIDES JOIN ACCOUNT ON ACCOUNT.ACC_CD = SIDES.ACC_CD"
-    " WHERE SIDES.GROUP_CD = 85 AND (?1 = '' OR ACCOUNT.AREA = ?1) AND (?2 = '' OR ACCOUNT.CITY = ?2)"
-    " ORDER BY SIDES.ACC_NAME, SIDES.ACC_CD";
+std::string closingBalancesText() {
+  return "WITH SIDES AS (SELECT ACC_CD, ACC_NAME, GROUP_CD, SGROUP_NAME,"
+         " SUM(OP_BALDR) + SUM(OP_BALTDR) + SUM(TR_BALDR) AS DEBITS,"
+         " SUM(OP_BALCR) + SUM(OP_BALTCR) + SUM(TR_BALCR) AS CREDITS"
+         " FROM T_FINALNEW GROUP BY ACC_NAME, ACC_CD, GROUP_CD, SGROUP_NAME)"
+         " SELECT SIDES.ACC_CD, SIDES.ACC_NAME,"
+         " FORMAT(CASE WHEN DEBITS > CREDITS THEN DEBITS - CREDITS ELSE 0 END, '0.00') AS Dr,"
+         " FORMAT(CASE WHEN DEBITS < CREDITS THEN CREDITS - DEBITS ELSE 0 END, '0.00') AS Cr,"
+         " ACCOUNT.AREA, ACCOUNT.PHONE1, FORMAT(DEBITS - CREDITS, '0.00') AS cbl,"
+         " SIDES.GROUP_CD, ACCOUNT.ANOTHER_CD, ACCOUNT.CITY"
+         " FROM SIDES JOIN ACCOUNT ON ACCOUNT.ACC_CD = SIDES.ACC_CD"
+         " WHERE " +
+         underGroups("SIDES.GROUP_CD", {85}) +
+         " AND (?1 = '' OR ACCOUNT.AREA = ?1) AND (?2 = '' OR ACCOUNT.CITY = ?2)"
+         " ORDER BY SIDES.ACC_NAME, SIDES.ACC_CD";
+}
+
+// Opening and closing on their sides, what moved between them; accounts on which nothing stands stay out.
+std::string groupedBalancesText(const std::string& condition) {
+  return "WITH SIDES AS (SELECT ACC_CD, ACC_NAME, GROUP_CD, GROUP_NAME,"
+         " ROUND(TOTAL(OP_BALDR) + TOTAL(OP_BALTDR) - TOTAL(OP_BALCR) - TOTAL(OP_BALTCR), 2) AS OPENING,"
+         " ROUND(TOTAL(TR_BALDR), 2) AS DEBITS, ROUND(TOTAL(TR_BALCR), 2) AS CREDITS"
+         " FROM T_FINALNEW GROUP BY GROUP_CD, GROUP_NAME, ACC_NAME, ACC_CD)"
+         " SELECT GROUP_NAME, SIDES.ACC_CD, SIDES.ACC_NAME, FORMAT(OPENING, '0.00'), FORMAT(DEBITS, '0.00'),"
+         " FORMAT(CREDITS, '0.00'), FORMAT(MAX(OPENING + DEBITS - CREDITS, 0), '0.00'),"
+         " FORMAT(MAX(CREDITS - OPENING - DEBITS, 0), '0.00')"
+         " FROM SIDES JOIN ACCOUNT ON ACCOUNT.ACC_CD = SIDES.ACC_CD"
+         " WHERE (OPENING <> 0 OR DEBITS <> 0 OR CREDITS <> 0)" +
+         (condition.empty() ? "" : " AND " + condition) +
+         " ORDER BY SIDES.GROUP_CD, SIDES.ACC_NAME, SIDES.ACC_CD";
+}
 
 std::vector<Row> closingBalances(Database& db, std::string_view area, std::string_view city) {
-  return db.all(kClosingBalances, area, city);
+  return db.all(closingBalancesText(), area, city);
 }

@@ -28,7 +28,12 @@ std::vector<Row> BuildFinalTable(Database& db, Date from, Date to, std::string_v
 
 // The closing balances of T_FINALNEW as it stands: ACC_CD, ACC_NAME, Dr, Cr, area, PHONE1, cbl,
 // group_cd, another_cd, city by ACC_NAME. Dr, Cr and cbl (their difference) are texts "0.00".
-// Customers (group 85) only; an empty area or city takes all.
+// Customers (group 85 and those below it) only; an empty area or city takes all.
 std::vector<Row> closingBalances(Database& db, std::string_view area = {}, std::string_view city = {});
 // Its statement: ?1 is the area, ?2 the city.
-extern const char* const kClosingBalances;
+std::string closingBalancesText();
+
+// Of accounts of all groups, by group and name, from T_FINALNEW as it stands: GROUP_NAME, ACC_CD, ACC_NAME,
+// the opening balance (debit positive), debits, credits, and the closing balance on its side, as texts
+// "0.00". The condition is over the columns of SIDES (GROUP_CD) and ACCOUNT.
+std::string groupedBalancesText(const std::string& condition);

@@ -7,8 +7,8 @@
 #include "base/words.h"
 #include "frame/lookup.h"
 #include "frame/session.h"
+#include "frame/voucher_opening.h"
 #include "reports/report_layout.h"
-#include "reports/report_voucher.h"
 #include "reports/reports.h"
 
 namespace {
@@ -99,10 +99,12 @@ void frmreport::opened(const Opening& opening) {
   put(fields::kFrom, s.mstartdt);
   put(fields::kTo, last);
   caption = openingCaption();
+  offerTutorial(*this, tutorial());
   escMeans = escapes() ? english("Esc = Exit") : english("Alt+C = Close");
   outputs(false);
   if (!report_) return;
   for (const ReportField field : report_->fields) at(field).enabled = true;
+  for (const FieldName date : {fields::kFrom, fields::kTo}) at(date).enabled = !report_->undated;
   if (!report_->salesmanLabel.empty()) at(kSalesman).label = report_->salesmanLabel;
 }
 
@@ -182,8 +184,10 @@ void frmreport::build() {
   caption = plan_.caption.empty() ? openingCaption() : plan_.caption;
   if (!plan_.refusal.empty() || !start(asks(ReportQuestion::When::WithRows) ? 1 : kFirstRows)) {
     host.busy(false);
-    host.message(plan_.refusal.empty() ? english("No Records") : plan_.refusal,
-                 plan_.refusal.empty() ? Host::kTitle : kMessageTitle);
+    if (plan_.refusal.empty())
+      host.message(plan_.none.empty() ? english("No Records") : plan_.none);
+    else
+      host.message(plan_.refusal, kMessageTitle);
     return;
   }
   if (asks(ReportQuestion::When::WithRows)) chooseFill();
@@ -335,4 +339,6 @@ void frmreport::handOver(const GridTarget& target) {
                      .key = key_});
 }
 
-void frmreport::video() { openTutorial(host, links().*(report_ ? report_->video : &Links::reportVideo)); }
+const std::string& frmreport::tutorial() const {
+  return links().*(report_ ? report_->video : &Links::reportVideo);
+}

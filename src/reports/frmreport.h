@@ -53,7 +53,8 @@ class frmreport : public PeriodScreen {
   void nextFile() { exportTo(1); }
   void exportTo(size_t file);
   void handOver(const GridTarget& target);
-  void video();
+  void video() { openTutorial(host, tutorial()); }
+  const std::string& tutorial() const;
   void escape();
   void close() { host.close(*this); }
   bool escapes() const;

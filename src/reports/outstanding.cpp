@@ -5,6 +5,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "store/balances.h"
+#include "store/groups.h"
 
 namespace {
 
@@ -25,13 +26,13 @@ std::vector<Row> customersOf(Database& db, const std::string& code, const Report
     asked.add("ACC_CD = ?", code);
   } else {
     asked.addFilled("ACC_CD = ?", q[kParty]).addFilled("AREA = ?", q[kCity]).addFilled("CITY = ?", q[kState]);
-    asked.addFilled("GROUP_CD = VAL(?)", q[kCategory]).addFilled("ANOTHER_CD = ?", q[kSalesman]);
+    asked.addFilled(underGroupAsked("GROUP_CD"), q[kCategory]).addFilled("ANOTHER_CD = ?", q[kSalesman]);
   }
   return db.all(
       "SELECT ACC_CD, OP_BAL, ACC_NAME, AREA, PHONE1, CITY FROM ACCOUNT"
-      " WHERE (GROUP_CD = 85 OR GROUP_CD = 86) AND " +
-          std::string(balanceExpression(db)) + " > 0" + (asked.empty() ? "" : " AND " + asked.text()) +
-          " ORDER BY ACC_NAME, AREA, PHONE1, CITY, ACC_CD",
+      " WHERE " +
+          underGroups("GROUP_CD", {85, 86}) + " AND " + std::string(balanceExpression(db)) + " > 0" +
+          (asked.empty() ? "" : " AND " + asked.text()) + " ORDER BY ACC_NAME, AREA, PHONE1, CITY, ACC_CD",
       asked.values());
 }
 

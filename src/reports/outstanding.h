@@ -17,7 +17,8 @@
 //                      voucher 0, book "OP" and the first day of the period
 //
 // Credits count whatever their date, so a receipt made later clears a bill at an earlier date.
-// Groups 85 and 86 are customers; those whose stored balance CL_BAL is not above 0 take no part.
+// Groups 85 and 86 with those below them are customers; those whose stored balance CL_BAL is not above 0 take
+// no part.
 
 inline constexpr std::string_view kOutstanding = "ONACRCV";
 

@@ -1,12 +1,13 @@
 #include "reports/period_screen.h"
 
 #include "base/words.h"
+#include "frame/routines.h"
 #include "frame/session.h"
 
 std::optional<Date> PeriodScreen::checkedDate(FieldName box) {
   const auto typed = date(box);
   if (typed) return typed;
-  host.message(session().mhelpline, "Mirav Information");
+  host.message(dateHelp(host), "Mirav Information");
   focus(at(box));
   return {};
 }

@@ -9,7 +9,7 @@
 #include "frame/lookup.h"
 #include "frame/menu.h"
 #include "frame/session.h"
-#include "reports/report_voucher.h"
+#include "frame/voucher_opening.h"
 
 // A statement in the grid.
 class StatementRows : public TypedRows {
@@ -32,8 +32,9 @@ namespace {
 constexpr const char* kConfirm = english("Mirav Confirmation Message");
 constexpr int kShortcuts = 8;
 
-// The entry of the shell's menu behind a shortcut where there is one.
-constexpr const char* kShortcutCommands[kShortcuts] = {"SALE", "CH"};
+// The entry of the shell's menu behind a shortcut; one whose entry the menu lacks is not shown.
+constexpr const char* kShortcutCommands[] = {"SALE",   "CH",      "RECEIPT", "PAYMENT",
+                                             "INCOME", "EXPENSE", "JOURNAL"};
 constexpr int kExitShortcut = 7;
 
 }  // namespace
@@ -81,6 +82,8 @@ void regdlg1::opened(const Opening& opening) {
   ChildScreen::opened(opening);
   const Session& s = session();
   key_ = opening.reportKey;
+  offerTutorial(*this, tutorial());
+  for (int n = 0; n < kExitShortcut; ++n) at("cmdsale", n).visible = commandByKey(kShortcutCommands[n]);
   at("Grid1").grid.columns = screenColumns(key_);
   const Date last = host.today() < s.menddt ? host.today() : s.menddt;
   put(kFrom, s.mstartdt);
@@ -244,13 +247,21 @@ void regdlg1::openVoucher() {
   if (voucher && ::openVoucher(host, *this, *voucher)) drilledInto_ = voucher;
 }
 
-// The shell's commands behind the shortcuts; those without one only put the column away.
+Go regdlg1::letter(int shortcut) {
+  if (!at("cmdsale", shortcut).visible) return Go::On;
+  enter(shortcut);
+  return Go::Stay;
+}
+
+// The column is put away, by Exit alone without a command of the shell's.
 void regdlg1::enter(int pressed) {
   session().mreportrefresh = true;
   at("Frame1").visible = false;
   for (int n = 0; n < kShortcuts; ++n) at("cmdsale", n).visible = false;
-  if (pressed == kExitShortcut) focus(at("Grid1"));
-  if (const char* const key = kShortcutCommands[pressed]) carryOut(host, *commandByKey(key));
+  if (pressed == kExitShortcut)
+    focus(at("Grid1"));
+  else
+    carryOut(host, *commandByKey(kShortcutCommands[pressed]));
 }
 
 // Output
@@ -264,4 +275,4 @@ void regdlg1::handOver(const GridTarget& target) {
   target.send(host, ledgerOutput(key_, shown_, target, {caption, period->from, period->to}, without));
 }
 
-void regdlg1::video() { openTutorial(host, isT() ? links().tLedgerVideo : links().ledgerVideo); }
+const std::string& regdlg1::tutorial() const { return isT() ? links().tLedgerVideo : links().ledgerVideo; }

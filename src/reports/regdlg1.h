@@ -41,9 +41,10 @@ class regdlg1 : public PeriodScreen {
   void shortcut() { enter(here().index); }
   // Letters that a shortcut shares with a button of the screen's own: they mean the shortcut while the
   // focus is among the shortcuts, else the button alone, also while it is off.
-  Go saleLetter() { return enter(0), Go::Stay; }
-  Go payLetter() { return enter(3), Go::Stay; }
-  Go costLetter() { return enter(5), Go::Stay; }
+  Go saleLetter() { return letter(0); }
+  Go payLetter() { return letter(3); }
+  Go costLetter() { return letter(5); }
+  Go letter(int shortcut);
   Go showLetter() { return at("cmdshow").enabled ? Go::On : Go::Stay; }
   Go printLetter() { return at("cmdprint").enabled ? Go::On : Go::Stay; }
 
@@ -53,7 +54,8 @@ class regdlg1 : public PeriodScreen {
   void csv() { handOver(kToCsv); }
   void pdf() { handOver(kToPdf); }
   void handOver(const GridTarget& target);
-  void video();
+  void video() { openTutorial(host, tutorial()); }
+  const std::string& tutorial() const;
   void escape();
   void close() { host.close(*this); }
 

@@ -4,10 +4,6 @@
 // From top to bottom: account, period and Show with the address under them; the statement with
 // the shortcuts to vouchers beside it; the outputs.
 
-namespace {
-constexpr const char* kNoEntry = english("No Entry Stands Behind This :: Enter Hides These Buttons");
-}
-
 const ScreenSpec& regdlg1::table() {
   // clang-format off
   constexpr const char* kDateHint = english("Press Enter To Proceed :: F1 = First Date :: F2 = Today :: F3 = Last Date");
@@ -48,11 +44,11 @@ const ScreenSpec& regdlg1::table() {
           {.name = "Frame1",     .kind = Kind::Picture},
           {.name = "cmdsale",    .index = 0, .kind = Kind::Button, .label = "&Sale",            .at = {.group = "vouchers"}, .tab = 6,  .hint = "Press Enter For GST Sales Entry"},
           {.name = "cmdsale",    .index = 1, .kind = Kind::Button, .label = "P&urchase",        .at = {.group = "vouchers"}, .tab = 7,  .hint = "Press Enter For Delivery Challan"},
-          {.name = "cmdsale",    .index = 2, .kind = Kind::Button, .label = "&Receipt",         .at = {.group = "vouchers"}, .tab = 8,  .hint = kNoEntry},
-          {.name = "cmdsale",    .index = 3, .kind = Kind::Button, .label = "&Payment",         .at = {.group = "vouchers"}, .tab = 9,  .hint = kNoEntry},
-          {.name = "cmdsale",    .index = 4, .kind = Kind::Button, .label = "&Income",          .at = {.group = "vouchers"}, .tab = 10, .hint = kNoEntry},
-          {.name = "cmdsale",    .index = 5, .kind = Kind::Button, .label = "&Expense",         .at = {.group = "vouchers"}, .tab = 11, .hint = kNoEntry},
-          {.name = "cmdsale",    .index = 6, .kind = Kind::Button, .label = "&Journel Voucher", .at = {.group = "vouchers"}, .tab = 12, .hint = kNoEntry},
+          {.name = "cmdsale",    .index = 2, .kind = Kind::Button, .label = "&Receipt",         .at = {.group = "vouchers"}, .tab = 8,  .hint = "Press Enter For Receipts"},
+          {.name = "cmdsale",    .index = 3, .kind = Kind::Button, .label = "&Payment",         .at = {.group = "vouchers"}, .tab = 9,  .hint = "Press Enter For Payments"},
+          {.name = "cmdsale",    .index = 4, .kind = Kind::Button, .label = "&Income",          .at = {.group = "vouchers"}, .tab = 10},
+          {.name = "cmdsale",    .index = 5, .kind = Kind::Button, .label = "&Expense",         .at = {.group = "vouchers"}, .tab = 11},
+          {.name = "cmdsale",    .index = 6, .kind = Kind::Button, .label = "&Journel Voucher", .at = {.group = "vouchers"}, .tab = 12},
           {.name = "cmdsale",    .index = 7, .kind = Kind::Button, .label = "E&xit",            .at = {.group = "vouchers"}, .tab = 13, .hint = "Press Enter To Go To The Statement"},
       },
   };

@@ -112,6 +112,7 @@ struct ReportVoucher {
 
 struct ReportPlan {
   std::string refusal;  // told under "Mirav Message" instead of showing anything
+  std::string none;     // told where there are no rows; empty: "No Records"
   std::string caption;  // from now on; empty: that of the opening
   std::string filter;   // mfilter: the condition as a text, for reading only
   std::vector<ReportColumn> columns;
@@ -140,6 +141,7 @@ struct Report {
   std::string salesmanLabel = {};        // of the last field; empty: as designed
   bool groups = false;                   // the category field looks up account groups
   bool ignoresEscape = false;
+  bool undated = false;  // shows what there is, whatever its date
   // The To date that Enter on a From date brings along ("01/02/2026" -> "28/02/2026").
   std::string (*toDate)(std::string_view from) = nullptr;
   std::optional<ReportQuestion> question = {};

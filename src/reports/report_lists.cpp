@@ -2,6 +2,7 @@
 #include "base/words.h"
 #include "reports/balances.h"
 #include "reports/reports.h"
+#include "store/groups.h"
 
 // The lists of masters: parties, categories, prices, and the customers' closing balances.
 
@@ -24,8 +25,9 @@ ReportPlan planParties(Database&, const ReportQuery& q) {
   ReportPlan plan{.filter = c.shown()};
   plan.rows = {
       "SELECT ACC_CD, ACC_NAME AS acc_name, ADD1 || ' ' || ADD2 AS ADRS, AREA AS area, CITY AS city,"
-      " PHONE1 AS phone1, GSTINNO, BANK_NAME AS PANNO FROM ACCOUNT WHERE GROUP_CD = 85" +
-          (c.empty() ? "" : " AND " + c.text()) + " ORDER BY ACC_NAME, ACC_CD",
+      " PHONE1 AS phone1, GSTINNO, BANK_NAME AS PANNO FROM ACCOUNT WHERE " +
+          underGroups("GROUP_CD", {85}) + (c.empty() ? "" : " AND " + c.text()) +
+          " ORDER BY ACC_NAME, ACC_CD",
       c.values()};
   // clang-format off
   plan.columns = {
@@ -138,7 +140,7 @@ ReportPlan planClosingBalances(Database& db, const ReportQuery& q) {
   for (const ReportField field : {kCity, kState})
     if (!q[field].empty()) plan.caption += " " + q[field];
   plan.rows = {
-      kClosingBalances, {q[kCity], q[kState]}
+      closingBalancesText(), {q[kCity], q[kState]}
   };
   // clang-format off
   plan.columns = {
@@ -148,6 +150,31 @@ ReportPlan planClosingBalances(Database& db, const ReportQuery& q) {
       {.heading = "Cr",     .twips = 1200, .type = ColumnType::Money, .summed = true},
       {.heading = "City",   .twips = 1500},
       {.heading = "Phone1", .twips = 1400},
+  };
+  // clang-format on
+  return plan;
+}
+
+// Of all groups, by what the filters say.
+ReportPlan planGroupedBalances(Database& db, const ReportQuery& q) {
+  BuildFinalTable(db, q.from, q.to, kClosingBalanceList);
+  Condition c;
+  c.addFilled("ACCOUNT.ACC_CD = ?", q[kParty])
+      .addFilled("ACCOUNT.AREA = ?", q[kCity])
+      .addFilled("ACCOUNT.CITY = ?", q[kState])
+      .addFilled(underGroupAsked("SIDES.GROUP_CD"), q[kCategory]);
+  ReportPlan plan{.filter = c.shown(), .note = "A Group Brings The Groups Below It Along"};
+  plan.rows = {groupedBalancesText(c.text()), c.values()};
+  // clang-format off
+  plan.columns = {
+      {.heading = "Group",   .twips = 2000},
+      {.heading = "Code",    .twips = 900},
+      {.heading = "Name",    .twips = 2800},
+      {.heading = "Opening", .twips = 1200, .type = ColumnType::Money, .summed = true},
+      {.heading = "Debit",   .twips = 1200, .type = ColumnType::Money, .summed = true},
+      {.heading = "Credit",  .twips = 1200, .type = ColumnType::Money, .summed = true},
+      {.heading = "Dr",      .twips = 1200, .type = ColumnType::Money, .summed = true},
+      {.heading = "Cr",      .twips = 1200, .type = ColumnType::Money, .summed = true},
   };
   // clang-format on
   return plan;
@@ -197,6 +224,17 @@ const Report& closingBalanceList() {
       .groups = true,
       .ignoresEscape = true,
       .plan = planClosingBalances,
+  };
+  return report;
+}
+
+const Report& groupedBalanceList() {
+  static const Report report{
+      .key = "CLBALGROUP",
+      .caption = "Balances By Group And Party",
+      .fields = {kParty, kCity, kState, kCategory},
+      .groups = true,
+      .plan = planGroupedBalances,
   };
   return report;
 }

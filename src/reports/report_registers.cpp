@@ -4,7 +4,8 @@
 #include "reports/reports.h"
 
 // The registers of quotations, challans and receipts. Those of quotations and challans list every
-// voucher of the file: their filter is only told, never applied.
+// voucher of the file: their filter is only told, never applied. Beside each stands one that applies it
+// and lists by date.
 
 namespace {
 
@@ -16,16 +17,39 @@ Condition dates(const ReportQuery& q) {
   return c;
 }
 
+enum class Lists { All, Asked };
+
+Condition datesAndPlaces(const ReportQuery& q) {
+  Condition c = dates(q);
+  return c.addFilled("AREA = ?", q[kCity]).addFilled("CITY = ?", q[kState]);
+}
+
+// The condition and order of a register over `table`, and the values of its condition.
+ReportPlan& narrow(ReportPlan& plan, Lists lists, const Condition& c, const std::string& table,
+                   const std::string& ordered) {
+  plan.filter = c.shown();
+  if (lists == Lists::All) {
+    plan.note = kAllVouchers;
+    plan.rows.text += " ORDER BY " + ordered;
+    return plan;
+  }
+  plan.rows.text += " WHERE " + c.text() + " ORDER BY " + table + ".VOUCH_DT, " + table + ".VOUCH_NO";
+  plan.rows.values.insert(plan.rows.values.end(), c.values().begin(), c.values().end());
+  return plan;
+}
+
+template <Lists lists>
 ReportPlan planQuotations(Database&, const ReportQuery& q) {
-  ReportPlan plan{.filter = dates(q).shown(), .note = kAllVouchers};
+  ReportPlan plan;
   plan.rows = {
       "SELECT QUOT.VOUCH_NO, QUOT.VOUCH_DT, ACC_NAME, TOTQTY,"
       " FORMAT(ITEM_AMT + CHRG_AMT - DISC_AMT, '0.00') AS IAMT, FORMAT(TCGST, '0.00') AS CGST,"
       " FORMAT(TSGST, '0.00') AS SGST, FORMAT(TIGST, '0.00') AS IGST, FORMAT(NET_AMT, '0.00') AS N_AMT,"
       " PARTY_CD, ? AS BOOK,"
       " (SELECT COUNT(*) FROM QUOTITM WHERE QUOTITM.VOUCH_NO = QUOT.VOUCH_NO) AS LINES"
-      " FROM QUOT LEFT JOIN ACCOUNT ON QUOT.PARTY_CD = ACCOUNT.ACC_CD ORDER BY QUOT.VOUCH_NO",
+      " FROM QUOT LEFT JOIN ACCOUNT ON QUOT.PARTY_CD = ACCOUNT.ACC_CD",
       {quotationKind().book()}};
+  narrow(plan, lists, lists == Lists::All ? dates(q) : datesAndPlaces(q), "QUOT", "QUOT.VOUCH_NO");
   // clang-format off
   plan.columns = {
       {.heading = "No",           .twips = 600,  .type = ColumnType::Count},
@@ -43,8 +67,9 @@ ReportPlan planQuotations(Database&, const ReportQuery& q) {
   return plan;
 }
 
+template <Lists lists>
 ReportPlan planQuotationDetails(Database& db, const ReportQuery& q) {
-  ReportPlan plan = planQuotations(db, q);
+  ReportPlan plan = planQuotations<lists>(db, q);
   plan.details = {
       .rows = {"SELECT VOUCH_NO, VOUCH_DT, ITEM_NAME || ' ' || SIZE_CD, FORMAT(QUANTITY, '0.00') AS QTY,"
                " FORMAT(AMOUNT, '0.00') AS IAMT, CGSTAMT, SGSTAMT, IGSTAMT, AMOUNT AS amt"
@@ -56,16 +81,16 @@ ReportPlan planQuotationDetails(Database& db, const ReportQuery& q) {
 }
 
 // The headings C/I GST and SGST stand over charges and discount.
+template <Lists lists>
 ReportPlan planChallans(Database&, const ReportQuery& q) {
-  Condition c = dates(q);
-  c.addFilled("AREA = ?", q[kCity]).addFilled("CITY = ?", q[kState]);
-  ReportPlan plan{.filter = c.shown(), .note = kAllVouchers};
+  ReportPlan plan;
   plan.rows.text =
       "SELECT CHLN.VOUCH_NO, CHLN.VOUCH_DT, ACC_NAME, NO_OF_ITEM, ITEM_AMT, CHRGS, DISC_AMT,"
       " FORMAT(NET_AMT, '0.00') AS N_AMT, PARTY_CD, ACCOUNT.AREA, ACCOUNT.CITY, CHLN.BOOK_CD,"
       " (SELECT COUNT(*) FROM CHLNITM INNER JOIN ITEM ON CHLNITM.ITEM_CD = ITEM.ITEM_CD"
       " WHERE CHLNITM.VOUCH_NO = CHLN.VOUCH_NO) AS LINES"
-      " FROM CHLN LEFT JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD ORDER BY CHLN.VOUCH_NO, CHLN.BOOK_CD";
+      " FROM CHLN LEFT JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD";
+  narrow(plan, lists, datesAndPlaces(q), "CHLN", "CHLN.VOUCH_NO, CHLN.BOOK_CD");
   // clang-format off
   plan.columns = {
       {.heading = "No",           .twips = 600,  .type = ColumnType::Count},
@@ -82,8 +107,9 @@ ReportPlan planChallans(Database&, const ReportQuery& q) {
   return plan;
 }
 
+template <Lists lists>
 ReportPlan planChallanDetails(Database& db, const ReportQuery& q) {
-  ReportPlan plan = planChallans(db, q);
+  ReportPlan plan = planChallans<lists>(db, q);
   plan.details = {
       .rows = {"SELECT VOUCH_NO, VOUCH_DT, ITEM_NAME || ' ' || SIZE_CD, FORMAT(QUANTITY, '0.00') AS QTY,"
                " FORMAT(RATE * QUANTITY, '0.00') AS IAMT, RATE AS RT, SALE_DISC AS DISCAMT, AMOUNT"
@@ -123,12 +149,13 @@ ReportPlan planReceipts(Database&, const ReportQuery& q) {
 }  // namespace
 
 const Report& quotationRegister() {
-  static const Report report{.key = "QUOTREG", .caption = "Reports", .plan = planQuotations};
+  static const Report report{.key = "QUOTREG", .caption = "Reports", .plan = planQuotations<Lists::All>};
   return report;
 }
 
 const Report& quotationDetailRegister() {
-  static const Report report{.key = "QUOTREGDTL", .caption = "Reports", .plan = planQuotationDetails};
+  static const Report report{
+      .key = "QUOTREGDTL", .caption = "Reports", .plan = planQuotationDetails<Lists::All>};
   return report;
 }
 
@@ -137,14 +164,55 @@ const Report& challanRegister() {
       .key = "CHLNRPT",
       .caption = "Challan Register",
       .fields = {kParty, kCity, kState},
-      .plan = planChallans,
+      .plan = planChallans<Lists::All>,
   };
   return report;
 }
 
 // No caption of its own.
 const Report& challanDetailRegister() {
-  static const Report report{.key = "CHLNRPTDTL", .caption = "Reports", .plan = planChallanDetails};
+  static const Report report{
+      .key = "CHLNRPTDTL", .caption = "Reports", .plan = planChallanDetails<Lists::All>};
+  return report;
+}
+
+const Report& quotationsAsked() {
+  static const Report report{
+      .key = "QUOTASKED",
+      .caption = "Quotations By Date",
+      .fields = {kParty, kCity, kState},
+      .plan = planQuotations<Lists::Asked>,
+  };
+  return report;
+}
+
+const Report& quotationDetailsAsked() {
+  static const Report report{
+      .key = "QUOTASKEDDTL",
+      .caption = "Quotations By Date With Items",
+      .fields = {kParty, kCity, kState},
+      .plan = planQuotationDetails<Lists::Asked>,
+  };
+  return report;
+}
+
+const Report& challansAsked() {
+  static const Report report{
+      .key = "CHLNASKED",
+      .caption = "Challans By Date",
+      .fields = {kParty, kCity, kState},
+      .plan = planChallans<Lists::Asked>,
+  };
+  return report;
+}
+
+const Report& challanDetailsAsked() {
+  static const Report report{
+      .key = "CHLNASKEDDTL",
+      .caption = "Challans By Date With Items",
+      .fields = {kParty, kCity, kState},
+      .plan = planChallanDetails<Lists::Asked>,
+  };
   return report;
 }
 

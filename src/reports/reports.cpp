@@ -11,16 +11,22 @@ constexpr Piece kPieces[] = {
     categoryList,
     priceList,
     closingBalanceList,
+    groupedBalanceList,
     gstr1Registered,
     gstr1Unregistered,
     saleBillRegister,
     saleBillDetailRegister,
     quotationRegister,
     quotationDetailRegister,
+    quotationsAsked,
+    quotationDetailsAsked,
     challanRegister,
     challanDetailRegister,
+    challansAsked,
+    challanDetailsAsked,
     receiptRegister,
     outstandingList,
+    booksCheckList,
 };
 // clang-format on
 

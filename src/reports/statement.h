@@ -6,6 +6,7 @@
 
 #include "base/date.h"
 #include "documents/typed_rows.h"
+#include "frame/voucher_opening.h"
 #include "store/database.h"
 
 // The statement of one account over a period, worked out from ACCOUNT.OP_BAL and ALEDGER each
@@ -20,12 +21,6 @@
 // The opening balance counts the ledger rows before `from`. In the running statement an account
 // of the balance sheet (group above 74) counts them from `periodStart` on only; the T ledger never
 // has that limit. Raises DatabaseError; an unknown account has no rows and no opening.
-
-struct VoucherKey {
-  std::string book;
-  double number = 0;
-  bool operator==(const VoucherKey&) const = default;
-};
 
 struct StatementCell : Cell {
   ColumnType type = ColumnType::Text;

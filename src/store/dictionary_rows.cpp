@@ -656,7 +656,9 @@ constexpr DictionaryRow rows[] = {
 };
 
 constexpr DictionaryRow own[] = {
-    {1, "SETTLED", "STATE", "Text", 250, "", 101},
+    {1, "SETTLED", "STATE",    "Text",   250, "",          101},
+    {1, "DELETED", "BOOK_CD",  "Text",   2,   "",          101},
+    {2, "DELETED", "VOUCH_NO", "Double", 0,   "DEFAULT 0", 101},
 };
 // clang-format on
 

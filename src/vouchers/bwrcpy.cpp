@@ -76,6 +76,7 @@ bwrcpy::bwrcpy(Host& theHost, const Opening& opening)
 
 void bwrcpy::opened(const Opening& opening) {
   ChildScreen::opened(opening);
+  offerTutorial(*this, links().receiptVideo + links().receiptBillwiseVideo);
   rest();
   drilledDown_ = !opening.value.empty();
   if (!drilledDown_) return;
@@ -105,7 +106,7 @@ void bwrcpy::escape() {
   }
 }
 
-void bwrcpy::print() { host.open("dlg1", {.caller = spec.name, .reportKey = "RCPTADVS"}); }
+void bwrcpy::print() { host.open("dlg1", {.caller = spec.name, .reportKey = kind_.paper.key}); }
 
 void bwrcpy::video() {
   const bool onAccount =
@@ -161,8 +162,9 @@ void bwrcpy::cancel() {
 }
 
 void bwrcpy::showButtons() {
-  for (const char* name : {"cmdAdd", "cmdEdit", "cmdDelete", "Cmdprint", "cmdClose", "SCR1"})
+  for (const char* name : {"cmdAdd", "cmdEdit", "cmdDelete", "cmdClose", "SCR1"})
     at(name).visible = mode.empty();
+  at("Cmdprint").visible = mode.empty() && !kind_.paper.key.empty();
   for (const char* name : {"cmdUpdate", "cmdCancel"}) at(name).visible = !mode.empty();
 }
 

@@ -1,8 +1,7 @@
 #include "vouchers/frmpost.h"
 
-#include "base/number.h"
-#include "base/text.h"
 #include "base/words.h"
+#include "frame/books_check.h"
 #include "frame/session.h"
 #include "vouchers/posting.h"
 
@@ -28,25 +27,6 @@ const ScreenSpec& postingTable() {
   return spec;
 }
 
-// A line for the vouchers that were posted and do not balance, the first of them by number; all of them in
-// the log. Empty when there is none.
-std::string notBalanced(const std::vector<Unbalanced>& vouchers) {
-  constexpr size_t kShown = 20;
-  if (vouchers.empty()) return {};
-  std::vector<std::string> numbers;
-  for (const Unbalanced& voucher : vouchers)
-    numbers.push_back(voucher.kind->code + " " + numText(voucher.number));
-  for (size_t i = 0; i < numbers.size(); i += kShown) {
-    const auto from = numbers.begin() + static_cast<std::ptrdiff_t>(i);
-    const auto to = numbers.size() - i < kShown ? numbers.end() : from + kShown;
-    logFailure("posted, head and items disagree", join({from, to}, ", "));
-  }
-  const size_t more = numbers.size() > kShown ? numbers.size() - kShown : 0;
-  numbers.resize(numbers.size() - more);
-  if (more > 0) numbers.push_back(words("And {count} More", "count", std::to_string(more)));
-  return "\r\n" + words("Head And Items Disagree :: {numbers}", "numbers", join(numbers, ", "));
-}
-
 }  // namespace
 
 FRMPOST::FRMPOST(Host& theHost)
@@ -65,13 +45,13 @@ void FRMPOST::activated() { ShowHint(host, "Press Enter To Do Posting."); }
 
 void FRMPOST::post() {
   std::string told;
-  std::vector<Unbalanced> unbalanced;
   run([&] {
-    unbalanced = postAll(data(), [&](std::string_view progress) {
+    postAll(data(), [&](std::string_view progress) {
       told += progress;
       tell(told);
     });
   });
-  host.message(words("POSTING IS COMPLETE") + notBalanced(unbalanced), kMessageTitle);
+  host.message("POSTING IS COMPLETE", kMessageTitle);
   close();
+  tellDisagreement(host, data());
 }

@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "base/words.h"
+#include "frame/posting_due.h"
 #include "frame/voucher_kinds.h"
 #include "store/alter.h"
 #include "store/balances.h"
@@ -259,7 +260,7 @@ class Bulk {
 
 }  // namespace
 
-std::vector<Unbalanced> postAll(Database& db, const PostingProgress& progress) {
+void postAll(Database& db, const PostingProgress& progress) {
   auto step = [&, line = 0](const char* text, const std::function<void()>& work) mutable {
     if (progress) progress((line++ == 0 ? "" : "\n") + words(text));
     work();
@@ -268,7 +269,6 @@ std::vector<Unbalanced> postAll(Database& db, const PostingProgress& progress) {
   const Bulk bulk(db);
   Transaction all(db);
   Run run{db, Which::All};
-  std::vector<Unbalanced> unbalanced;
   SetAside old;
   step(english(" Progress ...."), [&] {
     // Indexes are built once over all rows, not row by row. The old rows stand aside, since pages that are
@@ -283,12 +283,12 @@ std::vector<Unbalanced> postAll(Database& db, const PostingProgress& progress) {
   step(english(" Updating Closing Balanes ....."), [&] {
     dropList(db);
     EnsureIndexes(db);
-    unbalanced = checkLedger(db, run.expected);
+    checkLedger(db, run.expected);
     RebuildAllBalances(db);
     dropSetAside(db, old);
+    forgetDeleted(db);
   });
   all.commit();
-  return unbalanced;
 }
 
 void postMissing(Database& db) {

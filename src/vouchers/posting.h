@@ -15,11 +15,10 @@
 //
 // Throws the whole ledger away and posts every voucher, then rebuilds the balance of every account:
 // all or nothing, also when the program or the machine stops in the middle. A kind of which a voucher
-// would be left without its rows raises NotPosted, and nothing has changed then. Returns the vouchers
-// that are posted as they are and cannot balance. `progress` is told each step as it begins and ends,
-// in the words that are shown for it.
+// would be left without its rows raises NotPosted, and nothing has changed then. `progress` is told each step
+// as it begins and ends, in the words that are shown for it.
 using PostingProgress = std::function<void(std::string_view words)>;
-std::vector<Unbalanced> postAll(Database& db, const PostingProgress& progress = {});
+void postAll(Database& db, const PostingProgress& progress = {});
 
 // Posts what has no ledger row of its own yet, and changes nothing else: run twice it does nothing
 // the second time, and rows of vouchers that were deleted stay. A statement that fails is passed over and

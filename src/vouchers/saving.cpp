@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "frame/posting_due.h"
 #include "store/balances.h"
 #include "vouchers/items.h"
 #include "vouchers/ledger_rows.h"
@@ -149,6 +150,14 @@ bool deleteVoucher(Database& db, const VoucherKind& kind, double number, const S
     db.exec("DELETE FROM " + table + " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?", number,
             kind.code);
   both.commit();
+  return true;
+}
+
+bool deleteForGood(Database& db, const VoucherKind& kind, double number, const Saving& as) {
+  Transaction all(db);
+  if (!deleteVoucher(db, kind, number, as)) return false;
+  rememberDeleted(db, kind, number);
+  all.commit();
   return true;
 }
 

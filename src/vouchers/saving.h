@@ -41,6 +41,8 @@ std::optional<std::string> storedParty(Database& db, const VoucherKind& kind, do
 // Removes header and lines of a bill, challan or offer; the ledger keeps its rows until it is built again.
 // False, and nothing is removed, when the voucher is another than `as` expects.
 bool deleteVoucher(Database& db, const VoucherKind& kind, double number, const Saving& as = Saving::Again);
+// The same for good, and not in order to store it again: posting is due from then on (frame/posting_due).
+bool deleteForGood(Database& db, const VoucherKind& kind, double number, const Saving& as);
 // Rows of the voucher stand in the ledger.
 bool isPosted(Database& db, const VoucherKind& kind, double number);
 

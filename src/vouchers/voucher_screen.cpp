@@ -58,6 +58,7 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Vou
 
 void VoucherScreen::opened(const Opening& opening) {
   ChildScreen::opened(opening);
+  offerTutorial(*this, tutorial());
   setMode("", "");
   lines_->clear();
   put(kDate, host.today());
@@ -259,7 +260,7 @@ Go VoucherScreen::askToDelete(double number) {
 }
 
 bool VoucherScreen::remove(double number) {
-  if (!deleteVoucher(data(), kind_, number, Saving::over(asLoaded_))) {
+  if (!deleteForGood(data(), kind_, number, Saving::over(asLoaded_))) {
     host.message(meanwhileWords(data(), kind_, number), kMessageTitle);
     return false;
   }

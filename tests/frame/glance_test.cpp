@@ -1,5 +1,6 @@
 #include "frame/glance.h"
 
+#include "frame/posting_due.h"
 #include "frame_fixture.h"
 
 namespace {
@@ -97,6 +98,39 @@ TEST_F(Glance, TheOldestUnpaidBillGivesTheAge) {
   EXPECT_EQ(largest[0].party + largest[1].party, "NAME A00002NAME A00001");
 }
 
+// A dealer's group that the shop made under the debtors', and one under that, owe as well; a circle of
+// groups ends.
+TEST_F(Glance, CustomersOfGroupsBelowAreCustomers) {
+  db_.exec(
+      "INSERT INTO GRP (GROUP_CD, GROUP_NAME, SUB_GROUP) VALUES (201, 'DEALERS', 85), (202, 'FAR DEALERS', "
+      "201),"
+      " (203, 'ROUND', 204), (204, 'ABOUT', 203)");
+  account("A00001", 85, 10);
+  account("A00002", 201, 20);
+  account("A00003", 202, 40);
+  account("A00004", 135, 80);
+  account("A00005", 203, 160);
+  EXPECT_EQ(receivable(db_, 5, on("30/06/2026"), on("01/04/2026")).all.amount, 70);
+}
+
+// Posting is due for what the ledger still holds of vouchers that are gone.
+TEST_F(Glance, CountsDeletedVouchersInTheLedger) {
+  EXPECT_EQ(postingDue(db_), 0);
+  for (int number : {1, 2, 3}) bill(number, "15/06/2026", "A00001", 100);
+  bill(2, "15/06/2026", "A00001", 100, "PU");
+  for (int number : {2, 3}) {
+    rememberDeleted(db_, saleKind(), number);
+    db_.exec("DELETE FROM SALE WHERE BOOK_CD = 'SA' AND VOUCH_NO = ?", number);
+  }
+  rememberDeleted(db_, saleKind(), 3);
+  rememberDeleted(db_, quotationKind(), 1);
+  EXPECT_EQ(postingDue(db_), 2);
+  db_.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD) VALUES (3, 'SA')");
+  EXPECT_EQ(postingDue(db_), 1) << "the number was given again";
+  db_.exec("DELETE FROM ALEDGER");
+  EXPECT_EQ(postingDue(db_), 0) << "another program has posted";
+}
+
 TEST_F(FrameTest, TheShellShowsTheDayAtAGlance) {
   Database year;
   year.open(folder_ / "M00125.mdb");
@@ -115,6 +149,7 @@ TEST_F(FrameTest, TheShellShowsTheDayAtAGlance) {
   EXPECT_EQ(host_.text("Figure(4)") + " " + host_.text("Count(4)"), "500 1 party");
   EXPECT_EQ(host_.cell("LastBills", 0, 0) + host_.cell("LastBills", 0, 4), "0000193865.00");
   EXPECT_EQ(host_.cell("Largest", 0, 0) + host_.cell("Largest", 0, 2), "MEHTA500.00");
+  EXPECT_EQ(host_.focus() + std::to_string(host_.at("LastBills").grid.current), "LastBills0");
 
   // Another bill, seen on the return from a child screen.
   host_.key(Key::Ctrl('G'));

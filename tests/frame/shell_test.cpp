@@ -102,7 +102,7 @@ TEST_F(FrameTest, TheShellReadsPeriodAndDetailsBeforeItShows) {
   EXPECT_EQ(data().number("SELECT COUNT(*) FROM SPSFILE WHERE VOUCH_NO IN (211, 371)"), 2);
   const Session& s = session();
   EXPECT_EQ(s.mcad1 + s.mgstinno + s.mstatecd, "STATION RD24X24");
-  EXPECT_EQ(s.mhelpline,
+  EXPECT_EQ(dateHelp(host_),
             "'15/Jun/2026' : Press ::  F2 ::  Button To Get Current Date \r\n"
             "'01/Apr/2023' : Press ::  F1 ::  Button To Get First Date of Accounting Period \r\n"
             "'31/Mar/2026' : Press ::  F3 ::  Button To Last Date of Accounting Period \r\n"
@@ -113,13 +113,30 @@ TEST_F(FrameTest, TheShellReadsPeriodAndDetailsBeforeItShows) {
 }
 
 TEST_F(Shell, ShortcutsOpenTheEntriesOfTheirMeaning) {
-  host_.key(Key::Ctrl('S'));
-  EXPECT_EQ(host_.hint() + host_.onTop(), "There Are No Stock Reports :: Ctrl+I = Item Masterfrmmain");
   host_.key(Key::Ctrl(KeyCode::F2));
   EXPECT_EQ(host_.hint(),
             "The A/c Period Is That Of The Company :: Another Year Opens From Company Selection");
   host_.key(Key::Ctrl('U'));
   EXPECT_EQ(host_.onTop() + FakeChild::asked.entryType, "GSTSAPUPURCHASE");
+}
+
+// The tips go round without those whose command is not there.
+TEST_F(Shell, TipsNameOnlyWhatIsThere) {
+  std::string tips;
+  for (size_t i = 0; i < 13; ++i) {
+    host_.tick();
+    tips += host_.hint() + "\n";
+  }
+  EXPECT_NE(tips.find("CTRL+L TO VIEW LEDGER"), std::string::npos) << tips;
+  EXPECT_NE(tips.find("Press Alt Button"), std::string::npos) << "all were told: " << tips;
+  for (const char* missing : {"STOCK", "WHATSNEW", "UPDATE REGULARLY"})
+    EXPECT_EQ(tips.find(missing), std::string::npos) << missing;
+}
+
+TEST_F(Shell, ShowsTheNewDayAfterMidnight) {
+  host_.clock.date = addDays(host_.clock.date, 1);
+  host_.tick();
+  EXPECT_EQ(host_.text("Today") + " " + host_.screen().panels[2], "16/Jun/2026 16/Jun/2026");
 }
 
 TEST_F(Shell, DateKeysStepFromAValidDate) {

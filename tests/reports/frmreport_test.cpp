@@ -113,6 +113,104 @@ TEST_F(Reports, SayThatTheyIgnoreTheirFilters) {
   }
 }
 
+// Those beside them follow dates and filters.
+TEST_F(Reports, FollowTheirFilters) {
+  data().exec(
+      "INSERT INTO QUOT (VOUCH_NO, VOUCH_DT, PARTY_CD, NET_AMT) VALUES (7, '2026-06-10', 'A00002', 7)");
+  data().exec(
+      "INSERT INTO CHLN (VOUCH_NO, BOOK_CD, VOUCH_DT, PARTY_CD, NET_AMT) VALUES (8, 'CH', '2026-06-10', "
+      "'A00002', 8)");
+  for (const char* key : {"QUOTASKED", "QUOTASKEDDTL", "CHLNASKED", "CHLNASKEDDTL"}) {
+    const auto first = [&](FieldName field, const char* asked) {
+      open(key);
+      host.fill(std::string(field.text), asked);
+      host.press("cmdshowrpt");
+      return rows() == 0 ? "" : host.cell("Grid1", 0, 0);
+    };
+    const bool quoted = std::string_view(key).starts_with("QUOT");
+    EXPECT_EQ(first(fields::kParty, "A00002") + first(fields::kCity, "ANAND"), quoted ? "74" : "85") << key;
+    EXPECT_EQ(first(fields::kFrom, "01062026") + first(fields::kTo, "31052026"), quoted ? "74" : "85") << key;
+    EXPECT_EQ(first(fields::kTo, "01042026"), "") << key;
+  }
+}
+
+// 500 from before the period, 100 and 40 in it; a party of a group below the asked one.
+TEST_F(Reports, BalancesFollowGroupPartyAndDates) {
+  data().exec("INSERT INTO GRP (GROUP_CD, GROUP_NAME, SUB_GROUP) VALUES (201, 'DEALERS', 85)");
+  data().exec("UPDATE ACCOUNT SET GROUP_CD = 201, OP_BAL = -30 WHERE ACC_CD = 'A00002'");
+  data().exec(
+      "INSERT INTO ALEDGER (VOUCH_DT, BOOK_CD, VOUCH_NO, VOUCH_TYPE, PARTY_CD, VOUCH_AMT) VALUES"
+      " ('2026-04-05', 'SA', 1, 'D', 'A00001', 500), ('2026-06-01', 'SA', 2, 'D', 'A00001', 100),"
+      " ('2026-06-02', 'RC', 6, 'C', 'A00001', 40), ('2026-06-02', 'RC', 6, 'D', 'X90005', 40)");
+  open("CLBALGROUP");
+  host.fill("from", "01062026");
+  host.fill("category", "85");
+  host.press("cmdshowrpt");
+  EXPECT_EQ(row(0), "SUNDRY DEBITORS|A00001|PATEL|500.00|100.00|40.00|560.00|0.00");
+  EXPECT_EQ(row(1), "DEALERS|A00002|MEHTA|-30.00|0.00|0.00|0.00|30.00");
+  EXPECT_EQ(row(2), "Total :|||470.00|100.00|40.00|560.00|30.00");
+  host.fill("category", "");
+  host.fill("party", "X90005");
+  host.press("cmdshowrpt");
+  EXPECT_EQ(row(0) + std::to_string(rows()), "CASH ACCOUNTS|X90005|CASH A/C|0.00|40.00|0.00|40.00|0.002");
+}
+
+// One voucher a fault, and two that are right.
+TEST_F(Reports, TellWhatDoesNotAgree) {
+  for (const char* table : {"SALE", "SALEITM", "QUOT", "CHLN", "RPTPAY"})
+    data().exec(std::string("DELETE FROM ") + table);
+  const auto bill = [](int number, const char* party, double items, double ofLine, double cgstOfLine) {
+    data().exec(
+        "INSERT INTO SALE (VOUCH_NO, BOOK_CD, VOUCH_DT, PARTY_CD, ITEM_AMT, TCGSTRT, TSGSTRT, NET_AMT, "
+        "GSTPOST)"
+        " VALUES (?1, 'SA', '2026-05-01', ?2, ?3, 9, 9, ?3 + 18, 1)",
+        number, party, items);
+    data().exec(
+        "INSERT INTO SALEITM (VOUCH_NO, BOOK_CD, SR_NO, AMOUNT, CGSTAMT, SGSTAMT) VALUES (?, 'SA', 1, ?, ?, "
+        "9)",
+        number, ofLine, cgstOfLine);
+  };
+  const auto posted = [](const char* book, int number, const char* side, double amount) {
+    data().exec(
+        "INSERT INTO ALEDGER (BOOK_CD, VOUCH_NO, VOUCH_DT, VOUCH_TYPE, PARTY_CD, VOUCH_AMT)"
+        " VALUES (?, ?, '2026-05-01', ?, 'A00001', ?)",
+        book, number, side, amount);
+  };
+  bill(1, "A00001", 100, 100, 9);
+  bill(2, "A00001", 100, 90.5, 9);
+  bill(3, "A00001", 100, 100, 8.5);
+  bill(4, "A00099", 100, 100, 9);
+  for (int number = 1; number <= 5; ++number)
+    for (const char* side : {"D", "C"}) posted("SA", number, side, number == 3 && *side == 'C' ? 117 : 118);
+  bill(6, "A00001", 100, 100, 9);
+  data().exec(
+      "INSERT INTO CHLNITM (VOUCH_NO, BOOK_CD, SR_NO, VOUCH_DT, NET_AMOUNT) VALUES (7, 'CH', 1, "
+      "'2026-05-01', "
+      "60)");
+  data().exec(
+      "INSERT INTO QUOT (VOUCH_NO, ENTRY_TYP, VOUCH_DT, PARTY_CD, ITEM_AMT, NET_AMT) VALUES"
+      " (8, 'QUOTATION', '2026-05-01', 'A00001', 50, 50)");
+  data().exec("INSERT INTO QUOTITM (VOUCH_NO, ENTRY_TYP, SRNO, AMOUNT) VALUES (8, 'QUOTATION', 1, '50')");
+  show("BOOKSCHECK");
+  const std::vector<std::string> wanted = {
+      "Amount Of Head And Lines|SA|2|01/May/2026|PATEL|100.00|90.50|9.50",
+      "Taxes Of Head And Lines|SA|3|01/May/2026|PATEL|18.00|17.50|0.50",
+      "Lines Without Head|CH|7|01/May/2026||0.00|60.00|-60.00",
+      "No Such Party|SA|4|01/May/2026|A00099|118.00||",
+      "Debit And Credit|SA|3|01/May/2026|PATEL|118.00|117.00|1.00",
+      "In The Ledger Without Voucher|SA|5|01/May/2026|PATEL|118.00|0.00|118.00",
+      "Not In The Ledger|SA|6|01/May/2026|PATEL|0.00|118.00|-118.00",
+  };
+  ASSERT_EQ(rows(), wanted.size());
+  for (size_t i = 0; i < wanted.size(); ++i) EXPECT_EQ(row(i), wanted[i]);
+  EXPECT_EQ(drill<0>(1), "SALE frmreport 3");
+  EXPECT_EQ(drill<0>(5), "") << "no voucher stands behind it";
+  for (const char* table : {"SALE", "SALEITM", "CHLNITM", "ALEDGER"})
+    data().exec(std::string("DELETE FROM ") + table);
+  host.press("cmdshowrpt");
+  EXPECT_EQ(said(), "Mirav|Everything Agrees In These Books");
+}
+
 TEST_F(Reports, GoIntoAFileAsDatesAndPlainFigures) {
   data().exec("UPDATE ACCOUNT SET ACC_NAME = 'PATEL, \"A\"' WHERE ACC_CD = 'A00001'");
   show("slblreg");
@@ -191,7 +289,7 @@ TEST_F(Reports, ReadRegistersInTheOrderOfAnIndex) {
       all += step.text("detail") + "\n";
     return all;
   };
-  for (const char* key : {"SALEBILLSUMMARY", "slblreg", "QUOTREG", "CHLNRPT"}) {
+  for (const char* key : {"SALEBILLSUMMARY", "slblreg", "QUOTREG", "CHLNRPT", "QUOTASKED", "CHLNASKED"}) {
     const ReportQuery query{.from = session().mstartdt, .to = session().menddt};
     const ReportPlan plan = reportByKey(key)->plan(data(), query);
     EXPECT_EQ(steps(plan.rows).find("TEMP B-TREE"), std::string::npos) << steps(plan.rows);

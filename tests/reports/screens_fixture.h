@@ -35,7 +35,6 @@ class ReportScreens : public CompanyTest {
     s.mgstinno = "24AAKFS4821M1ZW";
     s.mstartdt = *parseDate("2026-04-01");
     s.menddt = *parseDate("2027-03-31");
-    s.mhelpline = "the date keys";
     s.mcolor2 = 16769248;
     s.mcolor6 = 14741759;
     s.cndata = std::make_unique<Database>();

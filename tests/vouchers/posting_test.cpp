@@ -130,20 +130,18 @@ TEST_F(PostingTest, SidesAreComparedVoucherByVoucher) {
   bill(901, 118, 99.6, 9, 0.4);
   bill(902, -236, -199.6, -18, -0.4);
   bill(903, 0, 0, 0, 0);
-  EXPECT_TRUE(postAll(db()).empty()) << "amounts below 0 have their tax rows";
+  postAll(db());
+  EXPECT_EQ(line("SELECT COUNT(*) FROM ALEDGER WHERE VOUCH_NO = 902"), "5")
+      << "amounts below 0 have their tax rows";
   for (int number = 904; number < 930; ++number) bill(number, 118, 100, 9, 0.4);
   host.open("FRMPOST", {});
   host.press("cmdPOST");
-  EXPECT_TRUE(host.lastMessage().starts_with(
-      "POSTING IS COMPLETE\r\nHead And Items Disagree :: SA 904, SA 905, SA 906"));
-  EXPECT_TRUE(host.lastMessage().ends_with("SA 923, And 6 More")) << host.lastMessage();
+  EXPECT_EQ(host.lastMessage(), "POSTING IS COMPLETE");
+  EXPECT_TRUE(session().mreportrefresh) << "the list of what does not agree shows";
 
-  EXPECT_EQ(checkLedger(db(),
-                        {
-                            {&saleKind(), 28}
-  })
-                .size(),
-            26U);
+  EXPECT_NO_THROW(checkLedger(db(), {
+                                        {&saleKind(), 28}
+  }));
   EXPECT_THROW(checkLedger(db(),
                            {
                                {&saleKind(), 29}

@@ -234,6 +234,11 @@ class Books:
     def standing_balance(self, code):
         return self.balance(code, [r for rows in self.standing.values() for r in rows])
 
+    def left_behind(self):
+        """Deleted vouchers of which the ledger still holds rows."""
+        books = {**self.money, **self.bills, "CH": self.challans}
+        return [key for key, rows in self.standing.items() if rows and key[1] not in books[key[0]]]
+
     def ledger(self):
         """Every row after a full posting."""
         books = [*self.money.values(), *self.bills.values(), self.challans]

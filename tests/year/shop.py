@@ -112,8 +112,17 @@ class Shop:
         s = self.s
         s("menu struct", "press cmdupdate")
         s('expect message contains "Backup Done"', 'expect message "PRIMARY KEY NOT SET FOR ITEMDTL  TABLE"', 'expect message "SUCCESS"')
-        s("expect screen frmmain")
+        # Only what posting will clear does not agree, and is shown at once.
+        gone = len(self.books.left_behind())
+        if gone:
+            s("expect screen frmreport", "expect rows Grid1 %d" % gone, 'expect grid Grid1 %d 0 "In The Ledger Without Voucher"' % (gone - 1), "press cmdclose")
+        self.posting_due(gone)
+
+    def posting_due(self, gone):
+        self.s("expect screen frmmain", 'expect grid Due 0 0 "%s"' % (gone or ""))
 
     def post(self):
         self.leave()
-        self.s("menu posting", "key Enter", 'expect message "POSTING IS COMPLETE"', "expect screen frmmain")
+        self.posting_due(len(self.books.left_behind()))
+        self.s("menu posting", "key Enter", 'expect message "POSTING IS COMPLETE"')
+        self.posting_due(0)

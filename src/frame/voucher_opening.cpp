@@ -1,4 +1,4 @@
-#include "reports/report_voucher.h"
+#include "frame/voucher_opening.h"
 
 #include "base/number.h"
 #include "frame/menu.h"

@@ -1,0 +1,163 @@
+#include "frame/books_check.h"
+
+#include <set>
+
+#include "base/text.h"
+#include "base/words.h"
+#include "frame/session.h"
+#include "frame/voucher_kinds.h"
+
+namespace {
+
+constexpr const char* kPaisa = "0.005";
+
+// A table of heads with its lines and what both say of the whole; figures of a line are named L.
+struct Heads {
+  const char *table, *key, *lines;
+  const char *goods, *goodsOfLines;
+  const char *taxes, *taxesOfLines;  // null: has none
+  const char* taxesDiffer;
+};
+
+// clang-format off
+constexpr Heads kHeads[] = {
+    {"SALE", "BOOK_CD", "SALEITM", "ITEM_AMT", "L.AMOUNT",
+     "TCGSTRT + H.TSGSTRT + H.TIGSTRT", "L.CGSTAMT + L.SGSTAMT + L.IGSTAMT",
+     "ABS(MAX(H.TCGSTRT) - TOTAL(L.CGSTAMT)) > 0.005 OR ABS(MAX(H.TSGSTRT) - TOTAL(L.SGSTAMT)) > 0.005"
+     " OR ABS(MAX(H.TIGSTRT) - TOTAL(L.IGSTAMT)) > 0.005"},
+    {"CHLN", "BOOK_CD", "CHLNITM", "ITEM_AMT", "L.NET_AMOUNT", nullptr, nullptr, nullptr},
+    {"QUOT", "ENTRY_TYP", "QUOTITM", "ITEM_AMT", "VAL(L.AMOUNT)", nullptr, nullptr, nullptr},
+};
+
+constexpr const char* kGoodsDiffer  = english("Amount Of Head And Lines");
+constexpr const char* kTaxesDiffer  = english("Taxes Of Head And Lines");
+constexpr const char* kNoHead       = english("Lines Without Head");
+constexpr const char* kNoParty      = english("No Such Party");
+constexpr const char* kSidesDiffer  = english("Debit And Credit");
+constexpr const char* kNoVoucher    = english("In The Ledger Without Voucher");
+constexpr const char* kNotPosted    = english("Not In The Ledger");
+// clang-format on
+
+// The statement grows by one part a kind of fault and table.
+class Faults {
+ public:
+  // Columns WHAT, BOOK, VOUCH_NO, VOUCH_DT, PARTY_CD, HAS, SHOULD, OPENS.
+  void add(const std::string& select, std::vector<Value> values) {
+    text_ += (text_.empty() ? "" : " UNION ALL ") + ("SELECT * FROM (" + select + ")");
+    values_.insert(values_.end(), values.begin(), values.end());
+  }
+  const std::string& text() const { return text_; }
+  const std::vector<Value>& values() const { return values_; }
+
+ private:
+  std::string text_;
+  std::vector<Value> values_;
+};
+
+std::string books(const std::string& column, const std::vector<const VoucherKind*>& kinds) {
+  std::vector<std::string> codes;
+  for (const VoucherKind* kind : kinds) codes.push_back("'" + kind->code + "'");
+  return column + " IN (" + join(codes, ", ") + ")";
+}
+
+std::string shownBook(const Heads& heads) {
+  return std::string(heads.key) == "BOOK_CD" ? "H.BOOK_CD" : "'" + quotationKind().book() + "'";
+}
+
+// Heads in the order of their key, and the lines of each by theirs: nothing is sorted or kept.
+void addLines(Faults& faults, const Heads& h) {
+  const std::string key = h.key, book = shownBook(h), goods = std::string("MAX(H.") + h.goods + ")";
+  const std::string from = std::string(" FROM ") + h.table + " AS H LEFT JOIN " + h.lines +
+                           " AS L ON L.VOUCH_NO = H.VOUCH_NO AND L." + key + " = H." + key +
+                           " GROUP BY H.VOUCH_NO, H." + key + " HAVING ";
+  const auto part = [&](const std::string& has, const std::string& should, const std::string& differ,
+                        const char* what) {
+    faults.add("SELECT ? AS WHAT, " + book +
+                   " AS BOOK, H.VOUCH_NO, MAX(H.VOUCH_DT) AS VOUCH_DT,"
+                   " MAX(H.PARTY_CD) AS PARTY_CD, " +
+                   has + " AS HAS, " + should + " AS SHOULD, " + book + " AS OPENS" + from + differ +
+                   " ORDER BY H.VOUCH_NO",
+               {words(what)});
+  };
+  const std::string sum = std::string("TOTAL(") + h.goodsOfLines + ")";
+  part(goods, sum, "ABS(COALESCE(" + goods + ", 0) - " + sum + ") > " + kPaisa, kGoodsDiffer);
+  if (h.taxes)
+    part(std::string("MAX(H.") + h.taxes + ")", std::string("TOTAL(") + h.taxesOfLines + ")", h.taxesDiffer,
+         kTaxesDiffer);
+  faults.add("SELECT ? AS WHAT, " + replaceAll(book, "H.", "L.") +
+                 " AS BOOK, L.VOUCH_NO, MAX(L.VOUCH_DT) AS VOUCH_DT, NULL, 0, TOTAL(" + h.goodsOfLines +
+                 "), '' FROM " + h.lines + " AS L WHERE NOT EXISTS (SELECT 1 FROM " + h.table +
+                 " AS H WHERE H.VOUCH_NO = L.VOUCH_NO AND H." + key + " = L." + key +
+                 ") GROUP BY L.VOUCH_NO, L." + key,
+             {words(kNoHead)});
+}
+
+void addParties(Faults& faults, const std::string& table, const std::string& book, const char* amount) {
+  const auto lacks = [](const std::string& column) {
+    return "NOT EXISTS (SELECT 1 FROM ACCOUNT WHERE ACC_CD = H." + column + ")";
+  };
+  faults.add("SELECT ? AS WHAT, " + book + " AS BOOK, H.VOUCH_NO, H.VOUCH_DT, H.PARTY_CD, H." + amount +
+                 ", NULL, " + book + " FROM " + table + " AS H WHERE " + lacks("PARTY_CD") +
+                 (table == "RPTPAY" ? " OR " + lacks("CSHBNK_CD") : "") + " ORDER BY H.VOUCH_NO",
+             {words(kNoParty)});
+}
+
+// Without the heads of the kind, what a posted voucher of some amount lacks.
+void addUnposted(Faults& faults, const std::string& table, const char* amount, const char* posted) {
+  faults.add("SELECT ? AS WHAT, H.BOOK_CD AS BOOK, H.VOUCH_NO, H.VOUCH_DT, H.PARTY_CD, 0, H." +
+                 std::string(amount) + ", H.BOOK_CD FROM " + table + " AS H WHERE " +
+                 books("H.BOOK_CD", kindsPostedFrom(table)) + " AND H." + amount + " <> 0" + posted +
+                 " AND NOT EXISTS (SELECT 1 FROM ALEDGER AS L WHERE L.VOUCH_NO = H.VOUCH_NO"
+                 " AND L.BOOK_CD = H.BOOK_CD) ORDER BY H.VOUCH_NO",
+             {words(kNotPosted)});
+}
+
+// The shop's accounts stand before the system's, so that the smallest code is the party's.
+void addLedger(Faults& faults) {
+  const std::string debit = "TOTAL(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D')",
+                    credit = "TOTAL(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'C')";
+  std::set<std::string> tables;
+  for (const VoucherKind* kind : voucherKinds())
+    if (!kind->ledger.partySide.empty()) tables.insert(kind->tables.heads);
+  std::string none;
+  for (const std::string& table : tables)
+    none +=
+        (none.empty() ? "" : " AND ") + ("NOT EXISTS (SELECT 1 FROM " + table +
+                                         " AS H WHERE H.VOUCH_NO = L.VOUCH_NO AND H.BOOK_CD = L.BOOK_CD)");
+  const std::string head =
+      "SELECT ? AS WHAT, L.BOOK_CD AS BOOK, L.VOUCH_NO, MAX(L.VOUCH_DT), MIN(L.PARTY_CD), ";
+  faults.add(head + debit + ", " + credit +
+                 ", L.BOOK_CD FROM ALEDGER AS L GROUP BY L.VOUCH_NO, L.BOOK_CD HAVING ABS(" + debit + " - " +
+                 credit + ") > " + kPaisa,
+             {words(kSidesDiffer)});
+  faults.add(
+      head + "MAX(L.VOUCH_AMT), 0, '' FROM ALEDGER AS L WHERE " + none + " GROUP BY L.VOUCH_NO, L.BOOK_CD",
+      {words(kNoVoucher)});
+}
+
+}  // namespace
+
+BooksCheck booksCheck() {
+  Faults faults;
+  for (const Heads& heads : kHeads) addLines(faults, heads);
+  for (const Heads& heads : kHeads) addParties(faults, heads.table, shownBook(heads), "NET_AMT");
+  addParties(faults, "RPTPAY", "H.BOOK_CD", "AMOUNT");
+  addLedger(faults);
+  addUnposted(faults, "SALE", "NET_AMT", " AND H.GSTPOST = 1");
+  addUnposted(faults, "CHLN", "NET_AMT", "");
+  addUnposted(faults, "RPTPAY", "AMOUNT", "");
+  return {
+      "SELECT WHAT, BOOK, VOUCH_NO, VOUCH_DT, COALESCE(ACC_NAME, F.PARTY_CD) AS PARTY,"
+      " FORMAT(HAS, '0.00') AS HAS, FORMAT(SHOULD, '0.00') AS SHOULD,"
+      " FORMAT(HAS - SHOULD, '0.00') AS DIFFERS, OPENS FROM (" +
+          faults.text() + ") AS F LEFT JOIN ACCOUNT ON ACC_CD = F.PARTY_CD",
+      faults.values()};
+}
+
+void tellDisagreement(Host& host, Database& db) {
+  const Busy busy(host);
+  const BooksCheck check = booksCheck();
+  if (!db.first(check.text + " LIMIT 1", check.values)) return;
+  session().mreportrefresh = true;  // it shows its rows at once
+  host.open("frmreport", {.reportKey = kBooksCheck});
+}

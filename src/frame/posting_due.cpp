@@ -1,0 +1,44 @@
+#include "frame/posting_due.h"
+
+#include <set>
+
+#include "store/alter.h"
+#include "store/dictionary.h"
+
+namespace {
+
+constexpr const char* kTable = "DELETED";
+
+// True of a row D of DELETED whose number no voucher bears now.
+std::string noVoucher() {
+  std::set<std::string> heads;
+  for (const VoucherKind* kind : voucherKinds())
+    if (!kind->ledger.partySide.empty()) heads.insert(kind->tables.heads);
+  std::string all;
+  for (const std::string& table : heads)
+    all += " AND NOT EXISTS (SELECT 1 FROM " + table +
+           " AS H WHERE H.VOUCH_NO = D.VOUCH_NO AND H.BOOK_CD = D.BOOK_CD)";
+  return all;
+}
+
+}  // namespace
+
+void rememberDeleted(Database& db, const VoucherKind& kind, double number) {
+  if (kind.ledger.partySide.empty()) return;
+  // Books that the walk has not brought up to date lack it.
+  if (!CheckTable(db, kTable)) db.exec(createTableStatement("main.DELETED", dictionaryColumns(kTable)));
+  db.exec("DELETE FROM DELETED WHERE BOOK_CD = ? AND VOUCH_NO = ?", kind.code, number);
+  db.exec("INSERT INTO DELETED (BOOK_CD, VOUCH_NO) VALUES (?, ?)", kind.code, number);
+}
+
+int deletedInLedger(Database& db) {
+  if (!CheckTable(db, kTable)) return 0;
+  return static_cast<int>(
+      db.number("SELECT COUNT(*) FROM DELETED AS D WHERE EXISTS (SELECT 1 FROM ALEDGER AS L"
+                " WHERE L.VOUCH_NO = D.VOUCH_NO AND L.BOOK_CD = D.BOOK_CD)" +
+                noVoucher()));
+}
+
+void forgetDeleted(Database& db) {
+  if (CheckTable(db, kTable)) db.exec("DELETE FROM DELETED");
+}

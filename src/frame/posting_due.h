@@ -1,0 +1,18 @@
+#pragma once
+
+#include "frame/voucher_kinds.h"
+#include "store/database.h"
+
+// A deleted voucher keeps its rows in the ledger until posting makes the ledger again. Which ones those
+// are stands in a table of our own, DELETED, written by the transaction that deletes: the ledger itself
+// would have to be read from end to end for it.
+
+// To be called inside that transaction; a kind without a place in the ledger leaves nothing behind.
+void rememberDeleted(Database& db, const VoucherKind& kind, double number);
+
+// How many deleted vouchers still stand in the ledger. One whose number was given to another voucher
+// does not: that one's save took its rows away.
+int deletedInLedger(Database& db);
+
+// The ledger has been made again.
+void forgetDeleted(Database& db);
