@@ -113,27 +113,6 @@ TEST_F(Reports, SayThatTheyIgnoreTheirFilters) {
   }
 }
 
-// Those beside them follow dates and filters.
-TEST_F(Reports, FollowTheirFilters) {
-  data().exec(
-      "INSERT INTO QUOT (VOUCH_NO, VOUCH_DT, PARTY_CD, NET_AMT) VALUES (7, '2026-06-10', 'A00002', 7)");
-  data().exec(
-      "INSERT INTO CHLN (VOUCH_NO, BOOK_CD, VOUCH_DT, PARTY_CD, NET_AMT) VALUES (8, 'CH', '2026-06-10', "
-      "'A00002', 8)");
-  for (const char* key : {"QUOTASKED", "QUOTASKEDDTL", "CHLNASKED", "CHLNASKEDDTL"}) {
-    const auto first = [&](FieldName field, const char* asked) {
-      open(key);
-      host.fill(std::string(field.text), asked);
-      host.press("cmdshowrpt");
-      return rows() == 0 ? "" : host.cell("Grid1", 0, 0);
-    };
-    const bool quoted = std::string_view(key).starts_with("QUOT");
-    EXPECT_EQ(first(fields::kParty, "A00002") + first(fields::kCity, "ANAND"), quoted ? "74" : "85") << key;
-    EXPECT_EQ(first(fields::kFrom, "01062026") + first(fields::kTo, "31052026"), quoted ? "74" : "85") << key;
-    EXPECT_EQ(first(fields::kTo, "01042026"), "") << key;
-  }
-}
-
 // 500 from before the period, 100 and 40 in it; a party of a group below the asked one.
 TEST_F(Reports, BalancesFollowGroupPartyAndDates) {
   data().exec("INSERT INTO GRP (GROUP_CD, GROUP_NAME, SUB_GROUP) VALUES (201, 'DEALERS', 85)");

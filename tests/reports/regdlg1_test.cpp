@@ -48,6 +48,17 @@ TEST_F(Ledgers, OpenTheVoucherBehindARow) {
   EXPECT_EQ(drill<0>(1), "SALE regdlg1 9");
 }
 
+TEST_F(Ledgers, OfferTheVouchersThatThereAre) {
+  show("LEDGERS", true);
+  for (const char* later : {"cmdsale(4)", "cmdsale(5)", "cmdsale(6)"})
+    EXPECT_FALSE(host.at(later).visible) << later;
+  host.go("cmdsale(3)");
+  host.key(Key::Alt('E'));  // Excel, as long as there is no Expense
+  EXPECT_EQ(host.viewed.size(), 1U);
+  host.press("cmdsale(2)");
+  EXPECT_EQ(host.onTop() + " " + Voucher<3>::last, "bwrcpy RECEIPT  ");
+}
+
 TEST_F(Ledgers, HandTheGridOver) {
   show("LEDGERS", true);
   const Session& s = session();

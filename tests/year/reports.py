@@ -108,9 +108,27 @@ class Reports:
 
     # Offers, challans, receipts
 
-    def offers(self):
+    def asked(self, vouchers, start, end, party):
+        """What registers that obey dates and party list, by date."""
+        found = [v for v in vouchers.values() if start <= v.day <= end and (not party or v.party is party)]
+        return sorted(found, key=lambda v: (v.day, v.number))
+
+    def registers(self, plain, detailed, rows, vouchers):
+        """Those that list everything, and those beside them: of a month, of a party in the second half of the year."""
+        def show(menu, number_of_rows, found, *narrowed, **fields):
+            self.show(menu, rows(found)[number_of_rows] if found else [], *narrowed, **fields)
+
+        everything = sorted(vouchers.values(), key=lambda v: v.number)
+        show(plain[0], 0, everything)
+        show(detailed[0], 1, everything)
+        october, second = [datetime.date(2026, 10, d) for d in (1, 31)], [datetime.date(2026, 10, 1), self.today]
+        show(plain[1], 0, self.asked(vouchers, *october, None), *october)
+        party = everything[-1].party
+        show(detailed[1], 1, self.asked(vouchers, *second, party), *second, fields=[("party", party.code)])
+
+    def offers(self, found):
         mains, rows = [], []
-        for q in sorted(self.books.quotations.values(), key=lambda q: q.number):
+        for q in found:
             figures = [q.total, *q.taxes, q.net]
             mains.append([str(q.number), q.day.strftime(FAST), q.party.name, number(q.quantity), *map(money, figures)])
             rows.append([str(q.number), q.day.strftime(DETAIL), q.party.name, money(q.quantity), *map(money, figures)])
@@ -118,12 +136,11 @@ class Reports:
                 rows.append([str(q.number), q.day.strftime(DETAIL), "%s %s" % (line.item.name, line.unit), money(line.quantity), money(line.net),
                              *map(money, line.amounts), money(line.net)])
         last = total([r[:3] + [money(float(r[3]))] + r[4:] for r in mains], range(3, 9), 9)[-1:]
-        self.show("QUOTREG", mains + last)
-        self.show("QUOTREGDTL", rows + last)
+        return mains + last, rows + last
 
-    def challans(self):
+    def challans(self, found):
         mains, rows = [], []
-        for c in sorted(self.books.challans.values(), key=lambda c: c.number):
+        for c in found:
             figures = [c.quantity, c.value, c.charges, c.off]
             mains.append([str(c.number), c.day.strftime(FAST), c.party.name, *map(number, figures), money(c.net)])
             rows.append([str(c.number), c.day.strftime(DETAIL), c.party.name, *map(money, figures), money(c.net)])
@@ -131,8 +148,7 @@ class Reports:
                 rows.append([str(c.number), c.day.strftime(DETAIL), "%s %s" % (line.item.name, line.unit), money(line.quantity),
                              money(line.rate * line.quantity), number(line.rate), "0", None])
         last = total([r[:3] + [money(float(x)) for x in r[3:]] for r in mains], range(3, 8), 8)[-1:]
-        self.show("CHLNRPT", mains + last)
-        self.show("CHLNRPTDTL", rows + last)
+        return mains + last, rows + last
 
     def receipts(self):
         found = sorted(self.books.money["RC"].values(), key=lambda m: (m.day, m.number))
@@ -178,6 +194,18 @@ class Reports:
             rows.append([p.code, p.name, money(max(balance, Decimal(0))), money(max(-balance, Decimal(0))), p.area, p.phone])
         self.show("accmastclbl", total(rows, (2, 3), 6), None, end)
 
+    def by_group(self, start, end):
+        """The debtors' opening balances, what moved in the period, and what stands then."""
+        rows = []
+        for p in sorted((p for p in self.books.parties if p.group == DEBTORS), key=named):
+            moved = [sum((r.amount for r in self.ledger if r.account == p.code and r.side == side and start <= r.day <= end), Decimal(0))
+                     for side in "DC"]
+            opening, closing = (self.books.balance(p.code, self.ledger, day) for day in (start - datetime.timedelta(1), end))
+            if opening or any(moved):
+                rows.append(["SUNDRY DEBITORS", p.code, p.name, money(opening), *map(money, moved), money(max(closing, Decimal(0))),
+                             money(max(-closing, Decimal(0)))])
+        self.show("CLBALGROUP", total(rows, range(3, 8), 8), start, end, fields=[("category", str(DEBTORS))])
+
     # Lists of masters
 
     def lists(self):
@@ -216,12 +244,13 @@ def expect_all(year):
     r = Reports(year)
     r.sums()
     r.sales()
-    r.offers()
-    r.challans()
+    r.registers(("QUOTREG", "QUOTASKED"), ("QUOTREGDTL", "QUOTASKEDDTL"), r.offers, r.books.quotations)
+    r.registers(("CHLNRPT", "CHLNASKED"), ("CHLNRPTDTL", "CHLNASKEDDTL"), r.challans, r.books.challans)
     r.receipts()
     r.outstanding(year.today)
     r.outstanding(datetime.date(2026, 9, 15))
     r.closing(year.today)
     r.closing(datetime.date(2026, 8, 15))
+    r.by_group(datetime.date(2026, 8, 15), datetime.date(2026, 11, 30))
     r.lists()
     year.script("expect message none")
