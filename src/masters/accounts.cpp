@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "store/balances.h"
+#include "store/groups.h"
 #include "store/seeds.h"
 
 namespace {
@@ -67,12 +68,7 @@ std::optional<std::string> groupName(Database& db, double code) {
 }
 
 bool isPartyGroup(Database& db, double code) {
-  return db
-      .first(
-          "WITH RECURSIVE UP(CODE) AS (SELECT ? UNION SELECT SUB_GROUP FROM GRP JOIN UP ON GROUP_CD = CODE)"
-          " SELECT 1 FROM UP WHERE CODE IN (85, 135)",
-          code)
-      .has_value();
+  return db.first("SELECT 1 WHERE " + underGroups("?", {85, 135}), code).has_value();
 }
 
 void addAccount(Database& db, Fields fields) {

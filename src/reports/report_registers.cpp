@@ -1,7 +1,7 @@
-#include "base/number.h"
 #include "base/words.h"
 #include "frame/voucher_kinds.h"
 #include "reports/reports.h"
+#include "store/groups.h"
 
 // The registers of quotations, challans and receipts. Those of quotations and challans list every
 // voucher of the file: their filter is only told, never applied. Beside each stands one that applies it
@@ -124,7 +124,7 @@ ReportPlan planChallanDetails(Database& db, const ReportQuery& q) {
 ReportPlan planReceipts(Database&, const ReportQuery& q) {
   Condition c = dates(q);
   c.addFilled("ACCOUNT.AREA = ?", q[kCity]).addFilled("ACCOUNT.CITY = ?", q[kState]);
-  if (!q[kCategory].empty()) c.add("ACCOUNT.GROUP_CD = ?", Val(q[kCategory]));
+  c.addFilled(underGroupAsked("ACCOUNT.GROUP_CD"), q[kCategory]);
   ReportPlan plan{.filter = c.shown(), .note = "Salesman Changes Nothing Here"};
   plan.rows = {
       "SELECT VOUCH_NO, VOUCH_DT, ACCOUNT.ACC_NAME || ' ' || ACCOUNT.AREA AS acname,"

@@ -9,6 +9,7 @@
 #include "frame/links.h"
 #include "frame/session.h"
 #include "masters/page_rows.h"
+#include "store/groups.h"
 #include "vouchers/accounts.h"
 #include "vouchers/bwrcpy_table.h"
 #include "vouchers/numbering.h"
@@ -325,7 +326,7 @@ Go bwrcpy::account() {
   if (trimmed(kAccount).empty())
     return lookUp(host, *this, here(),
                   accounts({{"ACC_CD"}, {"acc_name"}, {"AREA"}, {"CITY"}, {"group_cd"}, balanceColumn()},
-                           "GROUP_CD = 87 OR GROUP_CD = 88"));
+                           underGroups("GROUP_CD", {87, 88})));
   if (!showAccount(kCashSide)) {
     host.message("PARTY DOES NOT EXIST");
     return Go::Stay;

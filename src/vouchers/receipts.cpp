@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "store/balances.h"
+#include "store/groups.h"
 #include "store/row_writer.h"
 
 namespace {
@@ -90,7 +91,8 @@ bool deleteMoneyVoucher(Database& db, const VoucherKind& kind, double number, co
 
 bool isCashOrBank(Database& db, std::string_view code) {
   return sameText(code, kCashAccount) ||
-         db.first("SELECT 1 FROM ACCOUNT WHERE ACC_CD = ? AND GROUP_CD IN (87, 88)", code).has_value();
+         db.first("SELECT 1 FROM ACCOUNT WHERE ACC_CD = ? AND " + underGroups("GROUP_CD", {87, 88}), code)
+             .has_value();
 }
 
 std::array<std::string, 2> postingStatements(const MoneyRows& rows) {
