@@ -61,9 +61,8 @@ class BenchWindow : public QtHost {
     require(focus() == "Text1(5)", "a new bill does not come to its first item");
   }
 
-  bool ask(const std::string&, const std::string&) override { return true; }
-
  protected:
+  bool answerTo(const Question&) override { return true; }
   void box(const std::string&, const std::string&) override {}
   void nest(Screen& screen) override {
     settle();

@@ -58,7 +58,7 @@ class Machine : public Desk {
   explicit Machine(const Screens& screens) : Desk(screens) {}
   PicturePainter pictures;
 
-  bool ask(const std::string&, const std::string&) override { return false; }
+  bool answerTo(const Question&) override { return false; }
   std::optional<std::string> input(const std::string&, const std::string&, const std::string&) override {
     return std::nullopt;
   }

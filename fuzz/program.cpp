@@ -116,8 +116,8 @@ const fs::path& freshFolder() {
   return folder;
 }
 
-bool Person::ask(const std::string& text, const std::string&) {
-  said.push_back(text);
+bool Person::answerTo(const Question& question) {
+  said.push_back(question.text);
   return yes_ = !yes_;
 }
 

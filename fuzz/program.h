@@ -25,7 +25,6 @@ class Person : public Desk {
 
   std::deque<std::string> said;
 
-  bool ask(const std::string& text, const std::string& title) override;
   std::optional<std::string> input(const std::string&, const std::string&, const std::string&) override;
   void busy(bool) override {}
   void refresh() override {}
@@ -43,6 +42,7 @@ class Person : public Desk {
 
  protected:
   void box(const std::string& text, const std::string& title) override;
+  bool answerTo(const Question& question) override;
   void nest(Screen& screen) override;
   void changed() override;
 

@@ -106,6 +106,7 @@ VSETFRM::VSETFRM(Host& theHost) : ChildScreen(theHost, ::spec()) {
 void VSETFRM::opened(const Opening& opening) {
   ChildScreen::opened(opening);
   for (const Choice& choice : kChoices) put(choice.field, session().*choice.design);
+  takeAsShown();
   at("lblnone").text = words("The Design Shows Here");
   focus(at(kBillDesign));
 }
@@ -159,11 +160,12 @@ void VSETFRM::setDesigns() {
   for (const Choice& choice : kChoices)
     data().exec("UPDATE SPSFILE SET VOUCH_QTY = ? WHERE VOUCH_NO = ?", session().*choice.design,
                 choice.setting);
+  takeAsShown();
   ShowHint(host, "Bills, Quotations And Challans Print With These Designs Now");
 }
 
 void VSETFRM::leave() { host.close(*this); }
 
 void VSETFRM::askToLeave() {
-  if (host.ask("Do you want to exit", "Mirav Confirmation Message")) host.close(*this);
+  if (host.ask(leaveQuestion(english("Do you want to exit")))) closeUnasked();
 }

@@ -64,9 +64,12 @@ bool agreed(Host& host, const fs::path& file, const std::string& standing) {
                  kMessageTitle);
     return false;
   }
-  return host.ask(words("Do You Want To Restore {file}\r\n{facts}\r\nIn Place Of {books}", "file", name,
-                        "facts", factsText(facts), "books", s.mdbfile),
-                  kConfirm);
+  return host.ask({.text = words("Do You Want To Restore {file}\r\n{facts}\r\nIn Place Of {books}", "file",
+                                 name, "facts", factsText(facts), "books", s.mdbfile),
+                   .title = kConfirm,
+                   .yes = english("&Yes, Restore"),
+                   .no = english("&No, Keep These Books"),
+                   .loses = true});
 }
 
 // The backup that a person chooses for the session's company-year; `standing` is what its books

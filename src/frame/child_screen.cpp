@@ -76,6 +76,58 @@ void ChildScreen::takeAsWorked(Part part) {
     if (c->editable() && c->ofLine() == (part == Part::Line)) c->worked = c->text;
 }
 
+// Typed work
+
+void ChildScreen::takeAsShown(FieldName key) {
+  shownKey_ = key;
+  shownTexts_.clear();
+  for (const auto& c : controls) shownTexts_.push_back(c->text);
+}
+
+// What the program puts into fields that are off follows from those that can be typed into.
+bool ChildScreen::unsaved() const {
+  if (shownTexts_.size() != controls.size()) return false;
+  for (size_t i = 0; i < controls.size(); ++i) {
+    const Control& c = *controls[i];
+    const bool key = !shownKey_.text.empty() && c.spec->field == shownKey_;
+    const bool counts = c.editable() && c.focusable() && !c.locked && !c.ofLine() && !key;
+    if (counts && trim(c.text) != trim(shownTexts_[i])) return true;
+  }
+  return false;
+}
+
+Question ChildScreen::leaveQuestion(const std::string& text) const {
+  return {.text = text,
+          .title = kQuestionTitle,
+          .yes = english("&Yes, Leave"),
+          .no = english("&No, Keep Typing"),
+          .facts = unsaved() ? atStake() : "",
+          .loses = true};
+}
+
+bool ChildScreen::mayDiscard() {
+  return !unsaved() || host.ask({.text = english("Throw Away What Was Typed ?"),
+                                 .title = kQuestionTitle,
+                                 .yes = english("&Throw Away"),
+                                 .no = english("&Keep Typing"),
+                                 .facts = atStake(),
+                                 .loses = true});
+}
+
+void ChildScreen::closeUnasked() {
+  takeAsShown();
+  host.close(*this);
+}
+
+Question ChildScreen::deleteQuestion(const std::string& text, const std::string& facts) {
+  return {.text = text,
+          .title = kQuestionTitle,
+          .yes = english("&Yes, Delete"),
+          .no = english("&No, Keep"),
+          .facts = facts,
+          .loses = true};
+}
+
 Go ChildScreen::dateKey(const Key& key) {
   Control& box = here();
   const auto standing = parseDate(box.text);

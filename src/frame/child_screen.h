@@ -6,6 +6,9 @@
 #include "store/database.h"
 #include "store/row_writer.h"
 
+// Title of a question.
+inline constexpr const char* kQuestionTitle = english("Mirav Confirmation Message");
+
 // What every screen inside the shell does: it counts itself in mactiveforms, hides the
 // shell's picture and locks the menus while it is open, brings them back when it was the
 // last, and keeps the hint line to the field that has the focus ("Press Enter For Help"
@@ -15,6 +18,7 @@ class ChildScreen : public Screen {
  public:
   using Screen::Screen;
   void opened(const Opening& opening) override;
+  bool mayClose() override { return mayDiscard(); }
   void closed() override;
   void focusMoved(Control& control) override;
 
@@ -36,6 +40,19 @@ class ChildScreen : public Screen {
   // out.
   Go dateStands();
 
+  // What stands in the fields now is what the screen shows or has stored: `unsaved` counts from here. A
+  // key alone, with nothing typed under it, is no work.
+  void takeAsShown(FieldName key = {});
+  virtual bool unsaved() const;                       // whether something typed since would be lost
+  virtual std::string atStake() const { return {}; }  // what would be lost, in a line
+  // The question over a screen that is to be left, with what would be lost.
+  Question leaveQuestion(const std::string& text) const;
+  // Asks before typed work is thrown away; true when there is none, or when it may go.
+  bool mayDiscard();
+  void closeUnasked();  // with nothing left to lose
+  // The question before something is deleted, with what it is.
+  static Question deleteQuestion(const std::string& text, const std::string& facts);
+
   // Date keys of a date box: F1 period start, F2 today, F3 period end, Down/Up a day
   // earlier/later, Page Down/Page Up a month earlier/later.
   Go dateKey(const Key& key);
@@ -46,6 +63,10 @@ class ChildScreen : public Screen {
   Go dateDown() { return dateKey(KeyCode::Down); }
   Go datePgUp() { return dateKey(KeyCode::PgUp); }
   Go datePgDn() { return dateKey(KeyCode::PgDn); }
+
+ private:
+  std::vector<std::string> shownTexts_;  // of all controls, in their order
+  FieldName shownKey_;
 };
 
 // The range test of a typed date, by text: the date, the period's first and last date

@@ -21,8 +21,13 @@ namespace {
 constexpr const char* kConfirm = english("Mirav Confirmation Message");
 constexpr const char* kKeys = english("Up / Down = Scroll  ::  Enter = Select  ::  Esc = Exit");
 constexpr const char* kNewKeys = english("Type Name And Year Of The New Company  ::  Esc = Back To The List");
-constexpr const char* kNewer =
-    english("These Books Were Made By A Newer Program\r\nDo You Want To Open Them With This One");
+const Question kNewer{
+    .text = english("These Books Were Made By A Newer Program\r\nDo You Want To Open Them With This One"),
+    .title = kConfirm,
+    .yes = english("&Yes, Open Them"),
+    .no = english("&No, Leave Them"),
+    .loses = true,
+};
 
 // clang-format off
 const ScreenSpec& spec() {
@@ -299,7 +304,7 @@ void FRMCOMP::openTyped() {
     put(kToYear, numText(Val(year) + 1));
   const CompanyYear which{text(kCode), text(kCompany), year, trimmed(kToYear)};
   const fs::path file = dataFile(session().mapppath, which);
-  if (shapeVersion(file) > kShapeVersion && !host.ask(kNewer, kConfirm)) return;
+  if (shapeVersion(file) > kShapeVersion && !host.ask(kNewer)) return;
   std::string refusal;
   try {
     refusal = openCompanyYear(which);
@@ -340,7 +345,11 @@ bool FRMCOMP::create(CreateBy by) {
     host.message(refusal);
     return false;
   }
-  const bool sure = host.ask("Are You Sure", kConfirm);
+  const bool sure = host.ask({.text = english("Are You Sure"),
+                              .title = kConfirm,
+                              .yes = english("&Yes, Create"),
+                              .no = english("&No, Back To The List"),
+                              .facts = trim(wanted.name) + "  " + trim(wanted.from)});
   if (sure) {
     put(kToYear, Val(wanted.from) + 1);
     createCompanyYear(catalogue(), session().mapppath, wanted, by, session().mmobile);
@@ -369,7 +378,9 @@ void FRMCOMP::modify() {
       "Change",
       kConfirm);
   if (!given || trim(*given).empty()) return;
-  if (!host.ask(words("Do You Want to change {old}   To   {new}", "old", old, "new", *given), Host::kTitle))
+  if (!host.ask({.text = words("Do You Want to change {old}   To   {new}", "old", old, "new", *given),
+                 .yes = english("&Yes, Change"),
+                 .no = english("&No, Keep The Name")}))
     return;
   const std::string refusal = renameCompany(catalogue(), rows_[row], trim(*given), shown);
   if (!refusal.empty()) host.message(refusal);
@@ -380,9 +391,12 @@ void FRMCOMP::remove() {
   const size_t row = at("lst").grid.current;
   if (row >= rows_.size()) return;
   const CompanyYear which = rows_[row];
-  if (!host.ask(words("Do You Want to Delete {code} {from} {to} ", "code", which.code, "from", which.from,
-                      "to", which.to),
-                Host::kTitle))
+  if (!host.ask({.text = words("Do You Want to Delete {code} {from} {to} ", "code", which.code, "from",
+                               which.from, "to", which.to),
+                 .yes = english("&Yes, Delete"),
+                 .no = english("&No, Keep"),
+                 .facts = which.name,
+                 .loses = true}))
     return;
   Deleted deleted{Deletion::NoRow};
   const std::string failure = failureOf(

@@ -290,7 +290,11 @@ void frmmain::openLedger() {
 }
 
 bool frmmain::mayClose() {
-  if (!host.ask("Are You Sure You Want To Exit", "Mirav Confirmation")) return false;
+  if (!host.ask({.text = english("Are You Sure You Want To Exit"),
+                 .title = english("Mirav Confirmation"),
+                 .yes = english("&Yes, Exit"),
+                 .no = english("&No, Stay")}))
+    return false;
   settleAtEnd(host);
   backUpAtExit(host);
   return true;

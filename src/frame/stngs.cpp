@@ -80,9 +80,11 @@ void stngs::load() {
   for (const auto& c : controls)
     if (const auto column = c->spec->column; !column.empty())
       set(*c, row && row->has(column) ? row->text(column) : "");
+  takeAsShown();
 }
 
 void stngs::loadAgain() {
+  if (!mayDiscard()) return;
   load();
   ShowHint(host, "The Fields Show What Is Stored");
 }
@@ -99,11 +101,11 @@ void stngs::save() {
     shell->caption = shellCaption(s);
     shell->panels[0] = periodPanel(s);
   }
-  host.close(*this);
+  closeUnasked();
 }
 
 void stngs::leave() { host.close(*this); }
 
 void stngs::askToLeave() {
-  if (host.ask("Do you want to exit", "Mirav Confirmation Message")) host.close(*this);
+  if (host.ask(leaveQuestion(english("Do you want to exit")))) closeUnasked();
 }

@@ -20,7 +20,7 @@ EntryScreen::EntryScreen(Host& theHost, const ScreenSpec& theSpec, EntryPattern 
                                {"cmdEdit",   On::Click,      &EntryScreen::edit      },
                                {"cmdDelete", On::Click,      &EntryScreen::remove    },
                                {"cmdUpdate", On::Click,      &EntryScreen::update    },
-                               {"cmdCancel", On::Click,      &EntryScreen::cancel    },
+                               {"cmdCancel", On::Click,      &EntryScreen::giveUp    },
                                {"cmdClose",  On::Click,      &EntryScreen::close     },
                                {"Cmdvideo",  On::Click,      &EntryScreen::video     },
                                {"",          KeyCode::Esc,   &EntryScreen::close     },
@@ -44,7 +44,7 @@ void EntryScreen::opened(const Opening& opening) {
 
 bool EntryScreen::mayClose() {
   if (done_ || !entering()) return true;
-  return host.ask("Do you want to Exit", kQuestionTitle);
+  return host.ask(leaveQuestion(english("Do you want to Exit")));
 }
 
 std::string EntryScreen::hintFor(const Control& control) const {
@@ -84,6 +84,7 @@ void EntryScreen::begin(const std::string& newMode, const std::string& newCaptio
   enableFields();
   showButtons();
   showNames("");
+  takeAsShown(pattern_.key);
 }
 
 std::string EntryScreen::keysOfMode() const {
@@ -96,6 +97,7 @@ void EntryScreen::add() {
   begin("ADD", pattern_.add);
   put(pattern_.key, nextCode());
   newEntry();
+  takeAsShown(pattern_.key);
   focusUnchecked(at(pattern_.first));
 }
 
@@ -110,6 +112,15 @@ void EntryScreen::edit() {
 
 void EntryScreen::viewKey() {
   if (mode.empty()) view();
+}
+
+void EntryScreen::giveUp() {
+  if (!entering() || mayDiscard()) cancel();
+}
+
+std::string EntryScreen::atStake() const {
+  const std::string code = trimmed(pattern_.key), name = trimmed(pattern_.name);
+  return code + (code.empty() || name.empty() ? "" : "  ") + (sameText(code, name) ? "" : name);
 }
 
 void EntryScreen::cancel() {
@@ -174,12 +185,18 @@ Go EntryScreen::keyIsChosen() {
   const std::string typed = code();
   const bool shown = !loaded_.empty() && (sameText(loaded_, typed) || (mode == "EDIT" && keyMayChange()));
   if (!shown) {
+    // What was changed in the row before is not lost by a code typed over its own.
+    if (!loaded_.empty() && entering() && !mayDiscard()) {
+      put(pattern_.key, loaded_);
+      return Go::Stay;
+    }
     if (!load(typed)) {
       loaded_.clear();
       return refuse(missingCodeWords());
     }
     loaded_ = code();
     asLoaded_ = standing(loaded_);
+    takeAsShown(pattern_.key);
   }
   if (mode != "DEL") return Go::On;
   removeShown();
@@ -187,7 +204,7 @@ Go EntryScreen::keyIsChosen() {
 }
 
 void EntryScreen::removeShown() {
-  if (host.ask(pattern_.deleteQuestion, kQuestionTitle) && mayDelete(loaded_))
+  if (host.ask(deleteQuestion(pattern_.deleteQuestion, atStake())) && mayDelete(loaded_))
     inTransaction(&EntryScreen::eraseLoaded);
   cancel();
 }

@@ -12,7 +12,6 @@
 #include "store/database.h"
 #include "store/row_writer.h"
 
-inline constexpr const char* kQuestionTitle = english("Mirav Confirmation Message");
 inline constexpr const char* kIncompleteWords = english("Please Fill Complete Data or Press Enter for Help");
 
 // What an entry screen is made of beside its fields.
@@ -52,7 +51,7 @@ class EntryScreen : public ChildScreen {
   EntryScreen(Host& host, const ScreenSpec& spec, EntryPattern pattern);
 
   void opened(const Opening& opening) override;
-  bool mayClose() override;
+  bool mayClose() override;  // asks over an entry, as Escape does
 
  protected:
   std::string hintFor(const Control& control) const override;
@@ -100,7 +99,9 @@ class EntryScreen : public ChildScreen {
   void remove() { choose("DEL", pattern_.del); }
   void view() { choose(pattern_.viewMode, pattern_.view); }
   void update();
+  void giveUp();  // Cancel, asked first where something was typed
   void cancel();
+  std::string atStake() const override;
   Go keyEntered();
   Go keyLeft();
 

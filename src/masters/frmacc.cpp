@@ -217,7 +217,10 @@ Go frmacc::groupIsKnown() {
 
 // Name, group and balance are enough for an account.
 Go frmacc::openingEntered() {
-  if (!entering() || !host.ask("Save Entry = Yes ::  Enter Other Details = No", kQuestionTitle))
+  if (!entering() || !host.ask({.text = english("Save Entry = Yes ::  Enter Other Details = No"),
+                                .title = kQuestionTitle,
+                                .yes = english("&Yes, Save Entry"),
+                                .no = english("&No, Other Details")}))
     return Go::On;
   update();
   return Go::Stay;

@@ -353,7 +353,7 @@ Go FRMITEM1::pickRow() {
 
 void FRMITEM1::removeRow() {
   const auto key = rowUnderCursor();
-  if (!key || !entering() || !host.ask("ARE YOU SURE", kQuestionTitle)) return;
+  if (!key || !entering() || !host.ask(deleteQuestion(english("ARE YOU SURE"), ""))) return;
   // A row that is stored under another name yet is named by that.
   const auto renamed = std::ranges::find_if(renamings_, [&](const Renaming& r) { return r.to == *key; });
   if (const auto refused = unitRefusal(data(), renamed == renamings_.end() ? *key : renamed->from))

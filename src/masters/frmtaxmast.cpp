@@ -264,9 +264,13 @@ bool frmtaxmast::mayDelete(const std::string& code) {
   }
   const int sales = master_.key == "TRANS" ? salesOfTransport(data(), code) : 0;
   return sales == 0 ||
-         host.ask(words("This Transport Id is Used In {count} & Sales Entries\r\nDo You Still Want To DELETE",
-                        "count", std::to_string(sales)),
-                  kQuestionTitle);
+         host.ask({.text = words(
+                       "This Transport Id is Used In {count} & Sales Entries\r\nDo You Still Want To DELETE",
+                       "count", std::to_string(sales)),
+                   .title = kQuestionTitle,
+                   .yes = english("&Yes, Delete"),
+                   .no = english("&No, Keep"),
+                   .loses = true});
 }
 
 void frmtaxmast::erase(const std::string& code) { deleteSmallRow(master_, database(), code); }

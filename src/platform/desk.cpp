@@ -138,9 +138,11 @@ bool Desk::moveFocus(Screen& screen, Control& target, bool validate) {
   if (old) {
     // The work of the field may have switched the target off.
     if (validate && old->focusable() && (!mayLeave(screen, target) || !target.focusable())) return false;
+    fire(screen, old, On::Leave, Go::On);
+    // Leaving it may have switched the target off, too, or closed the screen.
+    if (!isOpen(screen) || !target.focusable()) return false;
     old->refused = old->declined = false;
     if (old->editable()) old->back = kWhite;
-    fire(screen, old, On::Leave, Go::On);
   }
   screen.focused_ = &target;
   if (target.editable()) {
@@ -359,6 +361,7 @@ void Desk::paste(std::string_view text) {
 }
 
 void Desk::select(Control& control, size_t anchor, size_t caret) {
+  if (!ofTop(control)) return;
   const size_t length = utf8::length(control.text);
   control.anchor = std::min(anchor, length);
   control.caret = std::min(caret, length);
@@ -367,8 +370,16 @@ void Desk::select(Control& control, size_t anchor, size_t caret) {
 
 // Pointer
 
-bool Desk::click(Control& control) {
+// The screen on top when the control is one of its own, else null.
+Screen* Desk::ofTop(const Control& control) const {
   Screen* const screen = top();
+  const bool own =
+      screen && std::ranges::any_of(screen->controls, [&](const auto& c) { return c.get() == &control; });
+  return own ? screen : nullptr;
+}
+
+bool Desk::click(Control& control) {
+  Screen* const screen = ofTop(control);
   if (!screen || !control.enabled || !control.visible) return false;
   run(*screen, [&] {
     if (control.tab > 0 && !moveFocus(*screen, control, true)) return;
@@ -379,14 +390,14 @@ bool Desk::click(Control& control) {
 }
 
 bool Desk::focusOn(Control& control) {
-  Screen* const screen = top();
+  Screen* const screen = ofTop(control);
   if (!screen || !control.focusable()) return false;
   run(*screen, [&] { moveFocus(*screen, control, true); });
   return isOpen(*screen) && screen->focused_ == &control;
 }
 
 void Desk::rowTo(Control& grid, size_t row) {
-  Screen* const screen = top();
+  Screen* const screen = ofTop(grid);
   if (!screen) return;
   run(*screen, [&] {
     if (grid.focusable() && !moveFocus(*screen, grid, true)) return;
@@ -397,7 +408,7 @@ void Desk::rowTo(Control& grid, size_t row) {
 }
 
 void Desk::doubleClick(Control& grid) {
-  Screen* const screen = top();
+  Screen* const screen = ofTop(grid);
   if (!screen || !grid.enabled || !grid.visible) return;
   run(*screen, [&] { fire(*screen, &grid, On::DoubleClick, Go::On); });
 }

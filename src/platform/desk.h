@@ -12,8 +12,8 @@
 //
 // A handler sets the focus by name; it takes effect when the handler has returned: the
 // old control may refuse (Validate), or refuse what its Enter has still to do where the
-// screen wants that done; it is left (Leave), then the new one gets Focus, and a text that
-// the program put there is selected. Boxes and modal screens nest; all other screens open
+// screen wants that done; it is left (Leave), then the new one gets Focus if it still can,
+// and a text that the program put there is selected. Boxes and modal screens nest; all other screens open
 // after the handler, so a day's work stacks nothing. A handler that ends in an exception
 // ends in a message box with its words; the screen stays as it is, and one that could not
 // be made is not opened.
@@ -22,7 +22,7 @@ class Desk : public Host {
   explicit Desk(const Screens& screens) : known_(screens) {}
   ~Desk() override;
 
-  // What the person does, always on the screen on top.
+  // What the person does, always on the screen on top; a control of another screen takes nothing.
   void key(const Key& key);
   void type(std::string_view text);   // each character through the field's filter
   void paste(std::string_view text);  // as edit::paste takes it
@@ -47,6 +47,8 @@ class Desk : public Host {
   void start(const std::string& name) { open(name, {}); }
 
   // Host
+  using Host::ask;
+  bool ask(const Question& question) override;
   void message(const std::string& text, const std::string& title = kTitle) override;
   std::optional<std::string> openModal(const std::string& name, const Opening& opening = {}) override;
   void open(const std::string& name, const Opening& opening = {}) override;
@@ -57,8 +59,9 @@ class Desk : public Host {
   std::string hint() const override { return hint_; }
 
  protected:
-  // Shows a message box and returns when it has been answered.
+  // Show a message box or a question, in the words of the language, and return when it has been answered.
   virtual void box(const std::string& text, const std::string& title) = 0;
+  virtual bool answerTo(const Question& question) = 0;
   // Runs events until the screen has closed.
   virtual void nest(Screen& screen) = 0;
   // Draw what is different now: after each event and before anything nests.
@@ -73,6 +76,7 @@ class Desk : public Host {
     Screen* closing = nullptr;
   };
 
+  Screen* ofTop(const Control& control) const;
   bool run(Screen& screen, const std::function<void()>& handler);
   Go fire(Screen& screen, Control* control, const Trigger& trigger, Go otherwise);
   void settle(Screen& screen);

@@ -116,6 +116,13 @@ void Desk::activateTop() {
 
 void Desk::hint(const std::string& text) { hint_ = words(text); }
 
+bool Desk::ask(const Question& question) {
+  changed();
+  Question told = question;
+  for (std::string* text : {&told.text, &told.title, &told.yes, &told.no}) *text = words(*text);
+  return answerTo(told);
+}
+
 void Desk::message(const std::string& text, const std::string& title) {
   const Screen* const screen = top();
   if (checking_ && screen && screen->focused_ && screen->focused_->editable())

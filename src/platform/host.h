@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/date.h"
+#include "base/words.h"
 #include "platform/screen.h"
 
 namespace paint {
@@ -19,6 +20,17 @@ struct ScreenSize {
 // The title over what the program tells of itself: failures, and what was done.
 inline constexpr const char* kMessageTitle = "Mirav Message";
 
+// A question with two answers. Yes does something; No leaves all as it is, and is what Esc means.
+struct Question {
+  std::string text;
+  std::string title = "Mirav";
+  // A verb on each button, with & before the letter that presses it.
+  std::string yes = english("&Yes"), no = english("&No");
+  std::string facts = {};  // under the text, a line each: whom it is about, what stays
+  // Yes throws work away, or is seldom meant: No stands first and has the focus.
+  bool loses = false;
+};
+
 // Everything that a screen may ask of the machine.
 class Host {
  public:
@@ -28,7 +40,8 @@ class Host {
 
   // These nest: the call returns with the answer.
   virtual void message(const std::string& text, const std::string& title = kTitle) = 0;
-  virtual bool ask(const std::string& text, const std::string& title) = 0;  // Yes is true
+  virtual bool ask(const Question& question) = 0;  // Yes is true
+  bool ask(const std::string& text, const std::string& title) { return ask({.text = text, .title = title}); }
   virtual std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                            const std::string& initial = "") = 0;
   // A screen that answers: returns its result when it has closed, nothing after Escape.

@@ -135,7 +135,11 @@ std::string frmreport::openingCaption() const {
 bool frmreport::escapes() const { return key_ != kLedgers && !(report_ && report_->ignoresEscape); }
 
 void frmreport::escape() {
-  if (escapes() && host.ask("Exit", kConfirm)) close();
+  if (escapes() && host.ask({.text = english("Exit"),
+                             .title = kConfirm,
+                             .yes = english("&Yes, Exit"),
+                             .no = english("&No, Stay")}))
+    close();
 }
 
 // Filters
@@ -226,7 +230,7 @@ bool frmreport::asks(ReportQuestion::When when) const {
 
 // A report that is read anew is read as it was.
 bool frmreport::answer() {
-  if (!answer_) answer_ = host.ask(report_->question->text, report_->question->title);
+  if (!answer_) answer_ = host.ask(report_->question->asked);
   return *answer_;
 }
 

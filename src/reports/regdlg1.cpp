@@ -112,7 +112,11 @@ void regdlg1::closed() {
 }
 
 void regdlg1::escape() {
-  if (host.ask("Exit", kConfirm)) close();
+  if (host.ask({.text = english("Exit"),
+                .title = kConfirm,
+                .yes = english("&Yes, Exit"),
+                .no = english("&No, Stay")}))
+    close();
 }
 
 std::string regdlg1::hintFor(const Control& control) const {
@@ -183,7 +187,10 @@ Go regdlg1::date() {
 
 void regdlg1::show() {
   if (!checkedPeriod()) return;
-  narration_ = !host.ask("Without NARRATION", kConfirm);
+  narration_ = !host.ask({.text = english("Without NARRATION"),
+                          .title = kConfirm,
+                          .yes = english("&Yes, Without"),
+                          .no = english("&No, With It")});
   showStatement();
 }
 
@@ -271,7 +278,10 @@ void regdlg1::handOver(const GridTarget& target) {
   if (!period || (shown_ && !standsAsShown())) return;
   set(at("Label10"), "");
   const bool asks = !isT() && (target.onPaper || &target == &kToPdf);
-  const bool without = asks && host.ask("Without Voucher No.", kConfirm);
+  const bool without = asks && host.ask({.text = english("Without Voucher No."),
+                                         .title = kConfirm,
+                                         .yes = english("&Yes, Without"),
+                                         .no = english("&No, With It")});
   target.send(host, ledgerOutput(key_, shown_, target, {caption, period->from, period->to}, without));
 }
 

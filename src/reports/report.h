@@ -13,6 +13,7 @@
 #include "frame/field_names.h"
 #include "frame/links.h"
 #include "platform/chart.h"
+#include "platform/host.h"
 #include "store/database.h"
 
 // One report of the report screen: what stands in the screen before it is shown, and a plan of what
@@ -126,11 +127,12 @@ struct ReportPlan {
   std::string note;                            // for the hint line: what the reader must know
 };
 
+inline constexpr const char* kReportQuestion = english("Mirav Confirmation");
+
 struct ReportQuestion {
   // First: the answer goes into the query. WithRows: only when there are rows; No drops the details.
   enum class When { First, WithRows } when = When::First;
-  std::string text;
-  std::string title = "Mirav Confirmation";
+  Question asked;
 };
 
 struct Report {

@@ -209,7 +209,11 @@ const Report& priceList() {
       .caption = "Price List PRINT",
       .fields = {kItem,      kCategory, kSalesman},
       .salesmanLabel = english("For Size"),
-      .question = ReportQuestion{.text = english("Continious Print = No\r\nCategory Wise Print = Yes")},
+      .question =
+          ReportQuestion{.asked = {.text = english("Continious Print = No\r\nCategory Wise Print = Yes"),
+                                   .title = kReportQuestion,
+                                   .yes = english("&Yes, Category Wise"),
+                                   .no = english("&No, Continuous")}},
       .video = &Links::priceListVideo,
       .plan = planPrices,
   };

@@ -89,7 +89,10 @@ Chart chartOutstanding(Database& db, const TypedRows&) { return largestOutstandi
 
 const ReportQuestion kFills{
     .when = ReportQuestion::When::WithRows,
-    .text = english("Party Summary Only = No\nRegular Report WIth Bill Detail = Yes"),
+    .asked = {.text = english("Party Summary Only = No\nRegular Report WIth Bill Detail = Yes"),
+              .title = kReportQuestion,
+              .yes = english("&Yes, Bill Detail"),
+              .no = english("&No, Summary Only")},
 };
 
 }  // namespace

@@ -36,6 +36,7 @@ const SelectColumn kDay{"format(vouch_dt,'dd/MM/yyyy')"};
 bwrcpy::bwrcpy(Host& theHost, const Opening& opening)
     : ChildScreen(theHost, bwrcpyTable()), kind_(moneyKind(opening.entryType)) {
   caption = kind_.words.title;
+  at("cmdCancel").tab = 0;  // a press leaves the focus where it is: who gives up may think again
   wire(*this, {
                   {"cmdAdd",     On::Click,       &bwrcpy::add           },
                   {"cmdEdit",    On::Click,       &bwrcpy::modify        },
@@ -44,7 +45,7 @@ bwrcpy::bwrcpy(Host& theHost, const Opening& opening)
                   {"cmdClose",   On::Click,       &bwrcpy::close         },
                   {"cmdUpdate",  On::Click,       &bwrcpy::update        },
                   {"cmdUpdate",  On::Leave,       &bwrcpy::lockUpdate    },
-                  {"cmdCancel",  On::Click,       &bwrcpy::cancel        },
+                  {"cmdCancel",  On::Click,       &bwrcpy::giveUp        },
                   {"Cmdvideo",   On::Click,       &bwrcpy::video         },
                   {"",           KeyCode::Esc,    &bwrcpy::escape        },
                   {"",           KeyCode::F5,     &bwrcpy::chooseAccount },
@@ -91,7 +92,9 @@ void bwrcpy::activated() {
   if (mode.empty()) ShowHint(host, kRestHint);
 }
 
-bool bwrcpy::mayClose() { return !entering() || host.ask("Do you want to exit", kConfirm); }
+bool bwrcpy::mayClose() {
+  return !entering() || !unsaved() || host.ask(leaveQuestion(english("Do you want to exit")));
+}
 
 bool bwrcpy::worksOnLeaving(const Control& target) const {
   return entering() && &target != &at("cmdCancel") && &target != &at("Cmdvideo");
@@ -99,10 +102,13 @@ bool bwrcpy::worksOnLeaving(const Control& target) const {
 
 void bwrcpy::escape() {
   if (entering()) {
-    if (host.ask("Do you want to exit", kConfirm)) cancel();
+    if (host.ask(leaveQuestion(english("Do you want to exit")))) cancel();
   } else if (!mode.empty()) {
     cancel();
-  } else if (host.ask("Do you want to exit", kConfirm)) {
+  } else if (host.ask({.text = english("Do you want to exit"),
+                       .title = kConfirm,
+                       .yes = english("&Yes, Exit"),
+                       .no = english("&No, Stay")})) {
     host.close(*this);
   }
 }
@@ -110,9 +116,12 @@ void bwrcpy::escape() {
 void bwrcpy::print() { host.open("dlg1", {.caller = spec.name, .reportKey = kind_.paper.key}); }
 
 void bwrcpy::video() {
-  const bool onAccount =
-      host.ask("See Video for On ACCOUNT Payment Entry = Yes \nSee Video for On Billwise Payment Entry = No ",
-               kConfirm);
+  const bool onAccount = host.ask(
+      {.text = english(
+           "See Video for On ACCOUNT Payment Entry = Yes \nSee Video for On Billwise Payment Entry = No "),
+       .title = kConfirm,
+       .yes = english("&Yes, On Account"),
+       .no = english("&No, Billwise")});
   openTutorial(host, onAccount ? links().receiptVideo : links().receiptBillwiseVideo);
 }
 
@@ -144,6 +153,7 @@ void bwrcpy::add() {
   begin("ADD", kAdding);
   put(kNumber, lastVoucher(data(), kind_).number + 1);
   placeDefaults();
+  takeAsShown(kNumber);
   focusUnchecked(at(kDate));
 }
 
@@ -155,6 +165,15 @@ void bwrcpy::rest() {
   begin("", "");
   showList();
   focusUnchecked(at("cmdAdd"));
+}
+
+void bwrcpy::giveUp() {
+  if (!entering() || mayDiscard()) cancel();
+}
+
+std::string bwrcpy::atStake() const {
+  return words("Entry {number}  ::  {party}  ::  {amount}", "number", text(kNumber), "party",
+               trimmed(kPartyName), "amount", text(kAmount));
 }
 
 void bwrcpy::cancel() {
@@ -176,6 +195,7 @@ void bwrcpy::allowUpdate(bool on) {
 
 void bwrcpy::clearFields() {
   emptyFields(Part::Head);
+  takeAsShown(kNumber);
   period_ = {};
 }
 
@@ -237,10 +257,21 @@ Go bwrcpy::enterNumber() {
     host.message(kNoVoucherNumber);
     return Go::Stay;
   }
+  if (mode == "EDIT" && loaded_ != 0 && !mayDiscard()) {
+    put(kNumber, loaded_);
+    return Go::Stay;
+  }
   if (mode == "ADD") {
     if (!found) return Go::On;
+    // Nothing that was typed goes for a number that is taken.
+    if (unsaved()) {
+      host.message("VOUCHER ALREADY EXISTS");
+      put(kNumber, lastVoucher(data(), kind_).number + 1);
+      return Go::Stay;
+    }
     notFound("VOUCHER ALREADY EXISTS");
     placeDefaults();
+    takeAsShown(kNumber);
     return Go::Stay;
   }
   if (!found)
@@ -251,7 +282,8 @@ Go bwrcpy::enterNumber() {
   showVoucher(*found);
   if (mode == "EDIT") focus(at(kDate));
   // One that was changed while the question stood is shown as it is now, and asked about again.
-  if (mode == "DEL" && host.ask("ARE YOU SURE", kConfirm) && !remove(n) && isStored(data(), kind_, n))
+  if (mode == "DEL" && host.ask(deleteQuestion(english("ARE YOU SURE"), atStake())) && !remove(n) &&
+      isStored(data(), kind_, n))
     return enterNumber();
   if (mode == "DEL") clearFields();
   return Go::Stay;
@@ -270,6 +302,7 @@ void bwrcpy::showVoucher(const Row& v) {
   showAccount(kOtherSide);
   takeAsWorked(Part::Head);
   loaded_ = v.number("VOUCH_NO");
+  takeAsShown(kNumber);
 }
 
 bool bwrcpy::remove(double number) {

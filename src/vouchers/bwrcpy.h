@@ -38,7 +38,9 @@ class bwrcpy : public ChildScreen {
   void video();
   void close() { host.close(*this); }
   void update();
+  void giveUp();  // Cancel, asked first where something was typed
   void cancel();
+  std::string atStake() const override;
   void escape();
   void lockUpdate() { allowUpdate(false); }
 

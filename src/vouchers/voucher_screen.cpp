@@ -22,6 +22,7 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Vou
       lines_(std::make_shared<WorkLines>(data(), kind, std::move(shown))) {
   caption = kind.words.title;
   at(kLines).grid.source = lines_;
+  at("CMDCANCEL").tab = 0;  // a press leaves the focus where it is: who gives up may think again
   wire(*this, {
                   {"cmdadd",      On::Click,       &VoucherScreen::add        },
                   {"cmdEDIT",     On::Click,       &VoucherScreen::modify     },
@@ -29,7 +30,7 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Vou
                   {"cmdprint",    On::Click,       &VoucherScreen::print      },
                   {"cmdclose",    On::Click,       &VoucherScreen::close      },
                   {"CMDSAVE",     On::Click,       &VoucherScreen::save       },
-                  {"CMDCANCEL",   On::Click,       &VoucherScreen::cancel     },
+                  {"CMDCANCEL",   On::Click,       &VoucherScreen::giveUp     },
                   {"Cmdvideo",    On::Click,       &VoucherScreen::video      },
                   {"",            KeyCode::Esc,    &VoucherScreen::escape     },
                   {"MaskEdBox1",  KeyCode::Enter,  &VoucherScreen::dateStands },
@@ -103,8 +104,14 @@ void VoucherScreen::setMode(const std::string& next, const std::string& pattern)
   mode = next;
   const std::string title = words(kind_.words.title);
   caption = pattern.empty() ? title : words(pattern, "title", title);
-  escMeans = entering() ? english("Esc = Cancel and Exit") : english("Esc = Close");
+  tellEscape();
   enableFields();
+}
+
+void VoucherScreen::tellEscape() {
+  escMeans = at(kEarlierRates).visible ? english("Esc = Close The Rates")
+             : entering()              ? english("Esc = Cancel and Exit")
+                                       : english("Esc = Close");
 }
 
 // At rest all are off, also while the mode of the last save is still told; to delete or print a voucher
@@ -142,6 +149,7 @@ void VoucherScreen::add() {
   allowSave(false);
   showButtons(false);
   startNew();
+  takeVoucherAsShown();
 }
 
 void VoucherScreen::modify() {
@@ -151,6 +159,7 @@ void VoucherScreen::modify() {
   lines_->clear();
   allowSave(false);
   showButtons(false);
+  takeVoucherAsShown();
   focus(at(kNumber));
 }
 
@@ -176,8 +185,38 @@ void VoucherScreen::hideForPrint(const std::string& number) {
 
 void VoucherScreen::close() { host.close(*this); }
 
-bool VoucherScreen::mayClose() {
-  return atRest_ || !entering() || host.ask(kind_.words.escapeAsks, kConfirm);
+bool VoucherScreen::mayClose() { return !unsaved() || host.ask(leaveQuestion(kind_.words.escapeAsks)); }
+
+// Typed work
+
+void VoucherScreen::takeVoucherAsShown() {
+  takeAsShown(kNumber);
+  shownLines_ = allLines();
+}
+
+std::string VoucherScreen::allLines() const {
+  std::string all;
+  for (size_t row = 0; row < lines_->count(); ++row)
+    for (size_t column = 0; column < at(kLines).grid.columns.size(); ++column)
+      all += at(kLines).grid.cell(row, column).text + '\n';
+  return all;
+}
+
+bool VoucherScreen::unsaved() const {
+  if (atRest_ || !entering()) return false;
+  const bool line = !trimmed(kItem).empty() && lineTexts() != shownLine_;
+  return line || ChildScreen::unsaved() || allLines() != shownLines_;
+}
+
+std::string VoucherScreen::atStake() const {
+  std::string facts = words("Voucher {number}", "number", text(kNumber));
+  if (!trimmed(kPartyName).empty()) facts += "  ::  " + trimmed(kPartyName);
+  facts += "  ::  " + words("{count} Lines", "count", std::to_string(lines_->count()));
+  return text(kNetAmount).empty() ? facts : facts + "  ::  " + text(kNetAmount);
+}
+
+void VoucherScreen::giveUp() {
+  if (mayDiscard()) cancel();
 }
 
 void VoucherScreen::cancel() {
@@ -185,7 +224,7 @@ void VoucherScreen::cancel() {
   setMode("", "");
   at(kLines).visible = false;
   showButtons(true);
-  focus(at("cmdadd"));
+  focusUnchecked(at("cmdadd"));
   if (drilledDown_) host.close(*this);
 }
 
@@ -200,11 +239,16 @@ bool VoucherScreen::worksOnLeaving(const Control& target) const {
   return !ofPaper || !target.editable() || target.tab > left->tab;
 }
 
+// The innermost goes first: the rates over the lines, then the voucher.
 void VoucherScreen::escape() {
-  if (!entering())
+  if (at(kEarlierRates).visible) {
+    at(kEarlierRates).visible = false;
+    tellEscape();
+  } else if (!entering()) {
     host.close(*this);
-  else if (host.ask(kind_.words.escapeAsks, kConfirm))
+  } else if (host.ask(leaveQuestion(kind_.words.escapeAsks))) {
     cancel();
+  }
 }
 
 void VoucherScreen::clearAll() {
@@ -232,7 +276,14 @@ Go VoucherScreen::number() {
   }
   if (mode == "DEL") return askToDelete(n);
   if (mode != "EDIT") return Go::On;
-  if (!show(n)) return Go::Stay;
+  if (loaded_ != 0 && !mayDiscard()) {
+    const bool same = n == loaded_;
+    put(kNumber, loaded_);
+    return same ? Go::On : Go::Stay;
+  }
+  const bool shown = show(n);
+  takeVoucherAsShown();
+  if (!shown) return Go::Stay;
   takeAsWorked(Part::Head);
   allowSave(false);
   return Go::On;
@@ -251,7 +302,7 @@ bool VoucherScreen::show(double number) {
 // One that was changed while the question stood is shown as it is now, and asked about again.
 Go VoucherScreen::askToDelete(double number) {
   if (!show(number)) return Go::Stay;
-  while (host.ask("ARE YOU SURE", kConfirm) && !remove(number))
+  while (host.ask(deleteQuestion(english("ARE YOU SURE"), atStake())) && !remove(number))
     if (!isStored(data(), kind_, number) || !show(number)) break;
   clearAll();
   lines_->clear();
@@ -342,6 +393,7 @@ void VoucherScreen::showRates(const RateList& list) {
     ratesFor_ = grid.visible ? focused() : nullptr;
   else if (!grid.visible)
     leaveRates();
+  tellEscape();
 }
 
 Go VoucherScreen::intoRates() {
@@ -353,6 +405,7 @@ Go VoucherScreen::intoRates() {
 void VoucherScreen::leaveRates() {
   at(kEarlierRates).visible = false;
   backFromRates_ = true;
+  tellEscape();
   focus(at(kRate));
 }
 
@@ -361,6 +414,7 @@ void VoucherScreen::focusMoved(Control& control) {
   ChildScreen::focusMoved(control);
   Control& grid = at(kEarlierRates);
   if (&control != ratesFor_ && &control != &grid) grid.visible = false;
+  tellEscape();
 }
 
 // Hints

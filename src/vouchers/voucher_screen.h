@@ -80,6 +80,7 @@ class VoucherScreen : public ChildScreen {
   void startDelete();
   void print();
   void close();
+  void giveUp();  // Cancel, asked first where something was typed
   void cancel();
   void video();
   void escape();
@@ -137,6 +138,8 @@ class VoucherScreen : public ChildScreen {
   void showCurrentLine();
   void showSerial();
   void clearAll();
+  bool unsaved() const override;
+  std::string atStake() const override;
   bool entering() const { return mode == "ADD" || mode == "EDIT"; }  // also after its save
   void allowSave(bool on);
   // After the last field: Save opens in ADD and EDIT, else the button row takes the focus.
@@ -154,6 +157,9 @@ class VoucherScreen : public ChildScreen {
  private:
   Go openLookup(const KeyLookup& by);
   const KeyLookup* enterLookup(const Control& field) const;
+  void takeVoucherAsShown();
+  std::string allLines() const;
+  void tellEscape();
   void setMode(const std::string& next, const std::string& pattern);
   void showButtons(bool atRest);
   void enableFields();
@@ -189,8 +195,9 @@ class VoucherScreen : public ChildScreen {
   double loaded_ = 0;     // number of the voucher that is shown for a change
   std::string asLoaded_;  // and how it stood then
   std::vector<double> figuredFor_;
-  std::string shownLine_;  // the texts of the line as it was shown last
-  std::string lineItem_;   // the item that the line was filled from, and the rate of its unit
+  std::string shownLine_;   // the texts of the line as it was shown last
+  std::string shownLines_;  // all lines, as the voucher was shown
+  std::string lineItem_;    // the item that the line was filled from, and the rate of its unit
   double fromUnit_ = 0;
   bool rateTyped_ = false;  // by hand, since the line was shown
   std::string chosenUnit_;  // of the row chosen in a list of items

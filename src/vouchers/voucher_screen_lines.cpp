@@ -14,6 +14,13 @@ using namespace fields;
 namespace {
 
 constexpr const char* kNoMoreLines = "00";
+const Question kOddQuantity{
+    .text = english("The Quantity Is Not Above 0\nIs It Meant So ?"),
+    .title = kConfirm,
+    .yes = english("&Yes, Take It"),
+    .no = english("&No, Change It"),
+    .loses = true,
+};
 
 }  // namespace
 
@@ -86,8 +93,7 @@ std::string VoucherScreen::lineTexts() const {
 
 // A unit that the item brought counts though it was passed over.
 bool VoucherScreen::quantityStands() {
-  return work(at(kUnit)) &&
-         (value(kQuantity) > 0 || host.ask("The Quantity Is Not Above 0\nIs It Meant So ?", kConfirm));
+  return work(at(kUnit)) && (value(kQuantity) > 0 || host.ask(kOddQuantity));
 }
 
 // Says so of the first figure that no bill holds, in the field if one can stand there.
@@ -160,7 +166,12 @@ void VoucherScreen::storeLine() {
 // What another line would take the place of is given up only when that is meant.
 bool VoucherScreen::mayLeaveLine() {
   return !entering() || lineStands() ||
-         host.ask("The Line Being Typed Is Not Stored\nGive It Up ?", kConfirm);
+         host.ask({.text = english("The Line Being Typed Is Not Stored\nGive It Up ?"),
+                   .title = kConfirm,
+                   .yes = english("&Give It Up"),
+                   .no = english("&Keep Typing"),
+                   .facts = trimmed(kItemName),
+                   .loses = true});
 }
 
 void VoucherScreen::lineDown() {

@@ -89,9 +89,14 @@ bool VoucherScreen::storeTypedLine() {
 
 // A voucher that says nothing is saved when it is meant so.
 bool VoucherScreen::meansNothing() {
-  if (lines_->count() == 0) return !host.ask("This Voucher Has No Line\nSave It All The Same ?", kConfirm);
-  return value(kNetAmount) == 0 &&
-         !host.ask("The Amount Of This Voucher Is 0\nSave It All The Same ?", kConfirm);
+  if (lines_->count() > 0 && value(kNetAmount) != 0) return false;
+  return !host.ask({.text = lines_->count() == 0
+                                ? english("This Voucher Has No Line\nSave It All The Same ?")
+                                : english("The Amount Of This Voucher Is 0\nSave It All The Same ?"),
+                    .title = kConfirm,
+                    .yes = english("&Yes, Save It"),
+                    .no = english("&No, Back To The Voucher"),
+                    .loses = true});
 }
 
 // Another program may have taken the number of a new voucher since it was set.

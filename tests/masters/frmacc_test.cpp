@@ -41,6 +41,11 @@ TEST_F(AccountTest, WhatIsIncompleteIsNotSaved) {
     EXPECT_EQ(host.lastMessage(), c.message);
     EXPECT_EQ(host.screen().reason, c.reason);
     EXPECT_EQ(host.focus(), "name");
+    // Cancel asks where something was typed; who thinks again goes on where he was.
+    const bool typed = *c.name != '\0';
+    if (typed) host.answers = {false, true};
+    if (typed) host.press("cmdCancel");
+    EXPECT_EQ(host.focus() + host.text("name"), std::string("name") + c.name);
     host.press("cmdCancel");
   }
   EXPECT_EQ(row("SELECT COUNT(*) FROM ACCOUNT WHERE ACC_CD LIKE 'A%'"), "2");
@@ -172,6 +177,10 @@ TEST_F(AccountTest, EditReadsTheRowAndChangesIt) {
   host.press("cmdEdit");
   host.fillEnter("code", "A00007");
   host.fill("city", "SURAT");
+  host.fill("code", "A00003");
+  host.answers = {false, true};
+  host.key(Key::Alt('U'));
+  EXPECT_EQ(host.text("code") + host.text("city"), "A00007SURAT") << "what was typed is not lost unasked";
   host.fill("code", "A00003");
   host.key(Key::Alt('U'));
   EXPECT_EQ(host.text("city"), "ANAND");

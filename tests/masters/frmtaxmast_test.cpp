@@ -76,6 +76,7 @@ TEST_F(SmallMasterTest, EachKeepsItsRowsAndItsGuard) {
         if (m.fields[i].size() > 1) host.fill(field(i), m.fields[i]);
       host.press("cmdUpdate");
       EXPECT_EQ(host.lastMessage().substr(0, 15), "Entry Not Saved");
+      host.answers = {true};
       host.press("cmdCancel");
       host.press("cmdClose");
       db.exec(m.missing);
@@ -102,6 +103,7 @@ TEST_F(SmallMasterTest, EachKeepsItsRowsAndItsGuard) {
     host.fillEnter(field(name), m.fields[name]);
     EXPECT_EQ(host.lastMessage(),
               std::string(m.key) == "GWDN" ? "Duplicate Godown Can Not Be Added" : "Duplicate Not Allowed");
+    host.answers = {true};
     host.press("cmdCancel");
     host.press("cmdEdit");
     EXPECT_EQ(host.screen().caption, std::string(m.caption) + " EDIT MODE");
@@ -117,7 +119,8 @@ TEST_F(SmallMasterTest, EachKeepsItsRowsAndItsGuard) {
       db.exec(m.inUse);
       const bool asks = std::string(m.key) == "TRANS";
       remove(m.code, asks ? std::deque<bool>{true, false} : std::deque<bool>{true});
-      const auto& said = asks ? host.questions.back() : host.messages.back();
+      const TestHost::Said said =
+          asks ? TestHost::Said{host.lastQuestion(), host.questions.back().title} : host.messages.back();
       EXPECT_EQ(said.text + "|" + said.title, m.refusal);
       EXPECT_EQ(stored(), m.stored);
       if (asks) {

@@ -60,7 +60,10 @@ class Bill : public Screen {
     host.message("Not 7");
     return Go::Stay;
   }
-  void left() { happened.push_back("leave " + here().fullName()); }
+  void left() {
+    happened.push_back("leave " + here().fullName());
+    if (here().text == "5") at("CMDSAVE").enabled = false;
+  }
   void entered() { happened.push_back("enter " + here().fullName()); }
   void changed() { happened.push_back("change " + here().text); }
   Go party() {
@@ -175,6 +178,29 @@ TEST_F(DeskTest, AHandlerMovesTheFocusAfterItHasReturnedAndARefusalKeepsIt) {
   // A mnemonic is a click: the field may refuse that too.
   desk.key(Key::Alt('S'));
   EXPECT_EQ(desk.onTop(), "BILL");
+}
+
+TEST_F(DeskTest, AClickReachesNeitherWhatLeavingHasSwitchedOffNorAnotherScreen) {
+  Control& save = desk.screen().at("CMDSAVE");
+  desk.type("5");
+  happened.clear();
+  desk.click(save);
+  EXPECT_EQ(happened, (Events{"validate", "leave Text1(0)"}));
+  EXPECT_EQ(desk.focus(), "Text1(0)");
+
+  save.enabled = true;
+  Control& number = field(0);
+  Control& list = desk.screen().at("lst");
+  desk.open("OTHER");
+  happened.clear();
+  EXPECT_FALSE(desk.click(save));
+  EXPECT_FALSE(desk.focusOn(number));
+  desk.rowTo(list, 2);
+  desk.doubleClick(list);
+  desk.select(number, 0, 1);
+  EXPECT_EQ(happened, Events{});
+  EXPECT_EQ(list.grid.current, Grid::kNone);
+  EXPECT_EQ(number.anchor, 1u);
 }
 
 TEST_F(DeskTest, TheLookupFillsTheFieldAndEnterRunsOnce) {

@@ -26,10 +26,6 @@ class Visitor : public TestHost {
   bool says = true;
   std::vector<std::string> lookups;
 
-  bool ask(const std::string& text, const std::string& title) override {
-    questions.push_back({text, title});
-    return says;
-  }
   std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                    const std::string& initial) override {
     prompts.push_back({prompt, title, initial});
@@ -37,6 +33,10 @@ class Visitor : public TestHost {
   }
 
  protected:
+  bool answerTo(const Question& question) override {
+    questions.push_back(question);
+    return says;
+  }
   void nest(Screen& modal) override {
     lookups.push_back(modal.spec.name);
     EXPECT_EQ(top(), &modal);

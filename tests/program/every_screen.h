@@ -62,6 +62,7 @@ class EveryScreen : public testing::Test {
     host_->windowSize = {width, height};
     host_->onBox = [this] {
       host_->look("box");
+      if (host_->box()->words().loses) host_->realKey(KeyCode::Right);
       host_->realKey(KeyCode::Enter);
     };
     ASSERT_TRUE(startUp(*host_, folder_.path()));

@@ -4,11 +4,13 @@
 
 #include <QFile>
 #include <QImage>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QProcess>
 #include <QScrollBar>
 #include <QTemporaryDir>
+#include <QWheelEvent>
 #include <QWindow>
 #include <stdexcept>
 
@@ -101,6 +103,8 @@ class Bill : public Screen {
                           {"Close", On::Click,      &Bill::leave   },
                           {"",      KeyCode::F1,    &Bill::help    },
                           {"",      KeyCode::F2,    &Bill::question},
+                          {"",      KeyCode::F7,    &Bill::risk    },
+                          {"",      KeyCode::F6,    &Bill::tell    },
                           {"",      KeyCode::F3,    &Bill::prompt  },
                           {"",      KeyCode::F4,    &Bill::fail    },
                           {"",      KeyCode::F5,    &Bill::work    }
@@ -116,6 +120,10 @@ class Bill : public Screen {
     if (const auto found = host.openModal("lookup")) set(at("Code"), *found);
   }
   void question() { answer = host.ask("Sure", "Mirav Confirmation"); }
+  void risk() {
+    answer = host.ask({.text = "Leave", .yes = "&Throw Away", .no = "&Keep Typing", .loses = true});
+  }
+  void tell() { host.message(story); }
   void prompt() { typed = host.input("New name", "Mirav", "OLD"); }
   void fail() { throw std::runtime_error("disk I/O error"); }
   void work() {
@@ -126,6 +134,7 @@ class Bill : public Screen {
   std::shared_ptr<ManyRows> rows;
   std::optional<bool> answer;
   std::optional<std::string> typed;
+  std::string story;
   std::function<void()> during;
 };
 
@@ -232,7 +241,8 @@ TEST_F(QtHostTest, StatesHaveTheColoursOfTheLook) {
     host_->realKey(KeyCode::Enter);
   });
   host_->realKey(KeyCode::Enter);
-  EXPECT_EQ(refused, palette::kError);
+  EXPECT_EQ(pixel(code, frame), palette::kError);
+  EXPECT_NE(refused, palette::kError) << "all behind a box is dimmed";
   inModal([&] {
     caller = pixel(code, frame);
     callerBack = pixel(code, middle);
@@ -279,6 +289,55 @@ TEST_F(QtHostTest, QuestionsAreAnsweredByTheirKeys) {
   }
 }
 
+TEST_F(QtHostTest, WhatKeepsTheWorkStandsFirstAndWhoTypesOnAnswersNothing) {
+  Bill& b = bill();
+  quint64 opened = 0;  // ms
+  const auto press = [&](int key, const char* text, quint64 after, bool held = false) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text, held);
+    event.setTimestamp(opened + after);
+    QApplication::sendEvent(host_->window(), &event);
+  };
+  const auto answerOf = [&](const std::function<void()>& happens) {
+    b.answer.reset();
+    opened += 1000000;
+    inBox(happens);
+    press(Qt::Key_F7, "", 0);
+    return b.answer;
+  };
+  EXPECT_EQ(answerOf([&] {
+              EXPECT_EQ(host_->box()->keys(),
+                        "Enter = Marked Button  ::  Left / Right = Other Button  ::  Esc = Keep Typing");
+              press(Qt::Key_Return, "", 60000);
+            }),
+            false);
+  EXPECT_EQ(answerOf([&] { press(Qt::Key_Escape, "", 60000); }), false);
+  EXPECT_EQ(answerOf([&] { press(Qt::Key_T, "t", 60000); }), true);
+  // The rest of a word, and a key that is held, go nowhere; after a rest the box listens.
+  EXPECT_EQ(answerOf([&] {
+              for (const quint64 when : {50, 250, 500}) press(Qt::Key_T, "t", when);
+              press(Qt::Key_Space, " ", 60000, true);
+              press(Qt::Key_Escape, "", 60000, true);
+              EXPECT_FALSE(host_->box()->done());
+              press(Qt::Key_K, "k", 60000);
+            }),
+            false);
+}
+
+TEST_F(QtHostTest, ALongMessageScrollsAboveItsButtonInsideTheWindow) {
+  Bill& b = bill();
+  for (int i = 0; i < 60; ++i) b.story += "line\n";
+  inBox([&] {
+    const BoxPanel& box = *host_->box();
+    EXPECT_TRUE(host_->window()->rect().contains(box.geometry()));
+    EXPECT_TRUE(box.rect().contains(box.buttonRect(0)));
+    const QImage before = host_->window()->grab().toImage();
+    host_->realKey(KeyCode::PgDn);
+    EXPECT_NE(host_->window()->grab().toImage(), before);
+    host_->realKey(KeyCode::Enter);
+  });
+  host_->realKey(KeyCode::F6);
+}
+
 TEST_F(QtHostTest, BoxesGiveWhatWasTypedOrNothingAndTellOfFailures) {
   Bill& b = bill();
   inBox([&] {
@@ -316,6 +375,21 @@ TEST_F(QtHostTest, PointerMovesTheFocusUnlessTheFieldRefuses) {
   EXPECT_EQ(b.at("Code").caret, 6u) << "behind the text";
   clickInto(*field("Code"), {8, 10});
   EXPECT_EQ(b.at("Code").caret, 0u);
+  // A hand that trembles selects nothing else than it clicked on.
+  QMouseEvent drag(QEvent::MouseMove, QPointF(11, 10), field("Code")->mapToGlobal(QPointF(11, 10)),
+                   Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+  QMouseEvent twice(QEvent::MouseButtonDblClick, QPointF(8, 10), field("Code")->mapToGlobal(QPointF(8, 10)),
+                    Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(field("Code"), &twice);
+  QApplication::sendEvent(field("Code"), &drag);
+  EXPECT_EQ(b.at("Code").anchor, 0u);
+  EXPECT_EQ(b.at("Code").caret, 6u);
+  // An input method puts two letters right that it has committed.
+  host_->realKey(KeyCode::End);
+  QInputMethodEvent mended;
+  mended.setCommitString("XY", -2, 2);
+  QApplication::sendEvent(field("Code"), &mended);
+  EXPECT_EQ(b.at("Code").text, "ABCDXY");
   Screen::set(b.at("Code"), "BAD");
   inBox([&] { host_->realKey(KeyCode::Enter); });
   clickInto(*field("Qty"), {20, 10});
@@ -347,6 +421,16 @@ TEST_F(QtHostTest, GridsAskOnlyForTheRowsInView) {
   EXPECT_TRUE(std::ranges::any_of(bars, [](const QScrollBar* bar) {
     return bar->value() > 99000 && bar->value() == bar->maximum();
   })) << "the last row is in view";
+
+  // A touchpad turns by parts of a row.
+  QScrollBar* const bar = *std::ranges::max_element(bars, {}, &QScrollBar::value);
+  const int last = bar->value();
+  for (int i = 0; i < 12; ++i) {
+    QWheelEvent turn(QPointF(5, 5), bar->parentWidget()->mapToGlobal(QPointF(5, 5)), {}, {0, 10},
+                     Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(bar->parentWidget(), &turn);
+  }
+  EXPECT_EQ(bar->value(), last - 3);
 }
 
 // Counts what is painted.

@@ -41,7 +41,8 @@ class TestHost : public Desk {
     std::string text, title;
     std::string initial{};  // what an input box offers
   };
-  std::vector<Said> messages, questions, prompts;
+  std::vector<Said> messages, prompts;
+  std::vector<Question> questions;
   std::vector<std::string> opened, launched, viewed;
   bool isBusy = false;
 
@@ -111,17 +112,6 @@ class TestHost : public Desk {
   }
 
   // Host
-  bool ask(const std::string& text, const std::string& title) override {
-    questions.push_back({text, title});
-    if (const auto meanwhile = std::exchange(whileAsked, nullptr)) meanwhile();
-    if (answers.empty()) {
-      ADD_FAILURE() << "unexpected question: " << text;
-      return false;
-    }
-    const bool yes = answers.front();
-    answers.pop_front();
-    return yes;
-  }
   std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                    const std::string& initial) override {
     prompts.push_back({prompt, title, initial});
@@ -158,6 +148,17 @@ class TestHost : public Desk {
 
  protected:
   void box(const std::string& text, const std::string& title) override { messages.push_back({text, title}); }
+  bool answerTo(const Question& question) override {
+    questions.push_back(question);
+    if (const auto meanwhile = std::exchange(whileAsked, nullptr)) meanwhile();
+    if (answers.empty()) {
+      ADD_FAILURE() << "unexpected question: " << question.text;
+      return false;
+    }
+    const bool yes = answers.front();
+    answers.pop_front();
+    return yes;
+  }
   void nest(Screen& modal) override {
     if (insideModal.empty()) {
       ADD_FAILURE() << "unexpected modal screen: " << modal.spec.name;

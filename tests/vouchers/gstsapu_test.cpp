@@ -190,7 +190,12 @@ TEST_F(Gstsapu, ModifyShowsNothingOfAnotherBill) {
   host.fillEnter("number", "4");
   host.fillEnter("item", "I0000001");
   EXPECT_EQ(shown("cgst_rate sgst_rate igst_rate"), "0|0|18") << "a party without a state";
+  // Another number over what was typed asks, and does nothing when that is to stay.
+  host.answers = {false, true};
   host.fillEnter("number", "1");
+  EXPECT_EQ(shown("number item"), "4|I0000001");
+  host.fillEnter("number", "1");
+  EXPECT_TRUE(host.questions.back().loses);
   host.fillEnter("date", "20062026");
   save();
   EXPECT_EQ(line("SELECT MIN(VOUCH_DT), MAX(VOUCH_DT) FROM SALEITM"), "2026-06-20|2026-06-20");

@@ -66,6 +66,7 @@ TEST_F(Lines, ARateFollowsItsUnitUntilItIsTyped) {
     host.go("unit");
     host.enter();
     EXPECT_EQ(shown("unit rate"), "PCS|1500") << "typed for the line";
+    host.answers = {true};
     host.press("CMDCANCEL");
     host.closeTop();
   }
@@ -93,6 +94,7 @@ TEST_F(Lines, AnItemThatIsNoneIsRefusedAndAFreeOneHasAName) {
     host.fill("item", "NOSUCH");
     EXPECT_FALSE(host.focusOn(host.at("amount")));
     EXPECT_EQ(line("SELECT ITEM_CD FROM " + kind.work), "MISC");
+    host.answers = {true};
     host.press("CMDCANCEL");
     host.closeTop();
   }
@@ -140,6 +142,7 @@ TEST_F(Lines, AnEmptyFieldLetsGo) {
   host.key(KeyCode::F2);
   host.enter();
   EXPECT_EQ(host.focus(), "parcels");
+  host.answers = {true};
   host.press("CMDCANCEL");
   host.closeTop();
 

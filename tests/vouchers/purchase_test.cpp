@@ -48,6 +48,7 @@ TEST_F(Purchase, ASupplierGivesTheNumberAndTheDate) {
   host.fillEnter("item", "I0000001");
   EXPECT_EQ(shown("rate discount cgst_rate sgst_rate igst_rate"), "1380||9|9|0")
       << "the discount is of sales";
+  host.answers = {true};
   host.press("CMDCANCEL");
   buy("A00011", "7", "50000");
   EXPECT_NE(closingWords.find("Purchase Entry Saved\n   Entry No : 1\n   Party Name : VIDYUT CABLES\n"

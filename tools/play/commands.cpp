@@ -209,10 +209,10 @@ void Player::answer(const Words& w) {
   const std::string word = lower(wordAt(w, 0).text);
   if (word == "text")
     machine_.answers.push_back({"", wordAt(w, 1).text});
-  else if (word == "yes" || word == "no" || word == "ok" || word == "cancel")
+  else if (w[0].quoted || word == "yes" || word == "no" || word == "ok" || word == "cancel")
     machine_.answers.push_back({word, {}});
   else
-    fail("Yes, No, Ok, Cancel or text", word);
+    fail("Yes, No, Ok, Cancel, text or the words of a button in quotes", word);
 }
 
 void Player::show(const Words&) { printScreen(desk_, top()); }

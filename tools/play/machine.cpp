@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "platform/qt/layout_engine.h"
 
 namespace {
 
@@ -58,12 +59,18 @@ Machine::Answer Machine::nextAnswer(const std::string& text) {
   return answer;
 }
 
-bool Machine::ask(const std::string& text, const std::string& title) {
-  said.push_back({replaceAll(text, "\r\n", "\n"), title, true});
-  const Answer answer = nextAnswer(text);
-  if (answer.text) throw Stop{"expected Yes or No for the question, saw a text queued: " + shown(text)};
-  std::cout << "  [" << title << "] " << shown(text) << " -> " << answer.word << "\n";
-  return answer.word == "yes" || answer.word == "ok";
+bool Machine::ask(const Question& question) {
+  const std::string text = shown(question.text), yes = layout::plainCaption(question.yes),
+                    no = layout::plainCaption(question.no);
+  said.push_back({replaceAll(question.text, "\r\n", "\n"), question.title, true});
+  const Answer answer = nextAnswer(question.text);
+  if (answer.text) throw Stop{"expected Yes or No for the question, saw a text queued: " + text};
+  std::cout << "  [" << question.title << "] " << text << " -> " << answer.word << "\n";
+  const bool agrees = answer.word == "yes" || answer.word == "ok" || sameText(answer.word, yes);
+  if (!agrees && answer.word != "no" && answer.word != "cancel" && !sameText(answer.word, no))
+    throw Stop{"expected the button \"" + answer.word + "\", saw \"" + yes + "\" and \"" + no +
+               "\" under the question: " + text};
+  return agrees;
 }
 
 std::optional<std::string> Machine::input(const std::string& prompt, const std::string& title) {

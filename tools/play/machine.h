@@ -20,7 +20,7 @@ struct Machine {
     bool question = false;
   };
   struct Answer {
-    std::string word;  // "yes", "no", "ok", "cancel"; empty when it is a text
+    std::string word;  // "yes", "no", "ok", "cancel", or what stands on a button; empty when it is a text
     std::optional<std::string> text;
   };
 
@@ -39,7 +39,7 @@ struct Machine {
 
   Moment now() const;
   void say(const std::string& text, const std::string& title);
-  bool ask(const std::string& text, const std::string& title);
+  bool ask(const Question& question);
   std::optional<std::string> input(const std::string& prompt, const std::string& title);
   bool isRunning(const std::string& process) const;
 
@@ -71,10 +71,6 @@ class Played : public Base {
   explicit Played(Machine& machine, Arguments&&... arguments)
       : Base(std::forward<Arguments>(arguments)...), machine_(machine) {}
 
-  bool ask(const std::string& text, const std::string& title) override {
-    this->changed();
-    return machine_.ask(words(text), words(title));
-  }
   std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                    const std::string&) override {
     this->changed();
@@ -101,6 +97,7 @@ class Played : public Base {
 
  protected:
   void box(const std::string& text, const std::string& title) override { machine_.say(text, title); }
+  bool answerTo(const Question& question) override { return machine_.ask(question); }
   void nest(Screen& screen) override {
     while (this->isOpen(screen))
       if (!machine_.step()) throw Ended{};

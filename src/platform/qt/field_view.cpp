@@ -1,9 +1,11 @@
 #include "platform/qt/field_view.h"
 
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleHints>
 #include <QToolTip>
 #include <algorithm>
 
@@ -235,6 +237,8 @@ size_t FieldView::placeAt(int x) const {
 void FieldView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || !look_) return;
   pressedAt_ = placeAt(event->pos().x());
+  pressed_ = event->pos();
+  dragging_ = false;
   if (control_.selectAll && !typing()) {
     hands_.pointed(screen_, control_, 0, utf8::length(control_.text));
     return;
@@ -244,11 +248,18 @@ void FieldView::mousePressEvent(QMouseEvent* event) {
 
 void FieldView::mouseMoveEvent(QMouseEvent* event) {
   if (!(event->buttons() & Qt::LeftButton) || !typing()) return;
+  // A hand that trembles drags nothing.
+  const int way = (event->pos() - pressed_).manhattanLength();
+  if (!dragging_ && way < QGuiApplication::styleHints()->startDragDistance()) return;
+  dragging_ = true;
   hands_.pointed(screen_, control_, pressedAt_, placeAt(event->pos().x()));
 }
 
 void FieldView::mouseDoubleClickEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) hands_.pointed(screen_, control_, 0, utf8::length(control_.text));
+  if (event->button() != Qt::LeftButton) return;
+  pressed_ = event->pos();
+  dragging_ = false;
+  hands_.pointed(screen_, control_, 0, utf8::length(control_.text));
 }
 
 void FieldView::inputMethodEvent(QInputMethodEvent* event) {
@@ -256,7 +267,16 @@ void FieldView::inputMethodEvent(QInputMethodEvent* event) {
   const std::string typed = event->commitString().toStdString();
   event->accept();
   update();
-  if (!typed.empty()) hands_.committed(typed);
+  // Letters that it has committed before and takes back, counted from the caret.
+  const int length = event->replacementLength();
+  if (length > 0) {
+    const QString text = QString::fromStdString(control_.text);
+    const auto unit = [&](int n) { return std::clamp(n, 0, static_cast<int>(text.size())); };
+    const int from = unitsBefore(control_.text, control_.caret) + event->replacementStart();
+    hands_.pointed(screen_, control_, pointsBefore(text, unit(from)),
+                   pointsBefore(text, unit(from + length)));
+  }
+  if (!typed.empty() || length > 0) hands_.committed(typed);
 }
 
 QVariant FieldView::inputMethodQuery(Qt::InputMethodQuery query) const {

@@ -50,5 +50,7 @@ class FieldView : public WidgetView<QLineEdit> {
   Situation situation_;
   QString preedit_;
   size_t pressedAt_ = 0;
+  QPoint pressed_;
+  bool dragging_ = false;
   mutable double scroll_ = 0;
 };

@@ -361,7 +361,11 @@ void GridView::wheelEvent(QWheelEvent* event) {
                                                                  : 0;
       along != 0 && across(-along / kStep))
     return event->accept();
-  bar_->setValue(bar_->value() - event->angleDelta().y() * kRows / kStep);
+  // A touchpad sends parts of a row, which add up; what is left of one way does not count for the other.
+  const int down = turned.y() * kRows;
+  wheel_ = (down > 0) == (wheel_ > 0) ? wheel_ + down : down;
+  bar_->setValue(bar_->value() - wheel_ / kStep);
+  wheel_ %= kStep;
   event->accept();
 }
 

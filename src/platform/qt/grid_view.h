@@ -54,6 +54,7 @@ class GridView : public WidgetView<QWidget> {
 
   Shown shown_;
   LaneBar *bar_, *acrossBar_;
+  int wheel_ = 0;  // turned, and not yet scrolled
   int covered_ = 0;
   bool stale_ = true;
 };

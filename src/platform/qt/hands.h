@@ -12,7 +12,8 @@ class Hands {
   virtual void pressed(Screen& screen, Control& control) = 0;  // a button or check box
   // Into a field, or dragged on: selection from `anchor` to `caret` in code points.
   virtual void pointed(Screen& screen, Control& control, size_t anchor, size_t caret) = 0;
-  virtual void committed(const std::string& text) = 0;  // by an input method
+  // By an input method, in place of what is selected; an empty text takes that away.
+  virtual void committed(const std::string& text) = 0;
   virtual void rowPressed(Screen& screen, Control& control, size_t row) = 0;
   virtual void rowDoubled(Screen& screen, Control& control) = 0;
 };

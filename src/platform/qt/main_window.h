@@ -32,6 +32,9 @@ class MainWindow : public QWidget {
   void present(std::optional<std::pair<int, int>> size);
   // Where child screens stand, and where panels may float.
   QRect room() const;
+  int foot() const {
+    return statusBar_->isHidden() ? height() : statusBar_->y();
+  }  // of all but the status bar
 
  protected:
   void changeEvent(QEvent* event) override;

@@ -47,6 +47,8 @@ inline constexpr QRgb kError = 0xFFA3211B;
 inline constexpr QRgb kSavedPrint = 0xFFD0D0FF;
 inline constexpr QRgb kSavedNew = 0xFFF0F0FF;
 
+inline constexpr QRgb kDim = 0x6B1D2B2E;  // over what lies behind a box
+
 // From the blue, green, red order of the records.
 QColor fromBgr(Bgr colour);
 

@@ -15,6 +15,7 @@
 
 #include "base/end_asked.h"
 #include "base/log.h"
+#include "base/text.h"
 #include "base/words.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/machine.h"
@@ -35,6 +36,7 @@ QtHost::QtHost(const Screens& screens) : Desk(screens) {
   QApplication::setQuitOnLastWindowClosed(false);
   qApp->installEventFilter(this);
   endAsked() = [this] { return escWhileBusy(); };
+  watch_.start();
   QObject::connect(&timer_, &QTimer::timeout, this, [this] {
     if (boxes_.empty() && !refreshing_) guarded([this] { tick(); });
   });
@@ -89,24 +91,49 @@ bool QtHost::eventFilter(QObject* object, QEvent* event) {
 
 bool QtHost::keyDown(const QKeyEvent& event) {
   altAlone_ = event.key() == Qt::Key_Alt;
+  const auto when = static_cast<qint64>(event.timestamp());
+  if (when > 0) lag_ = std::min(lag_.value_or(watch_.elapsed() - when), watch_.elapsed() - when);
   const std::string text = keyboard::textOf(event);
   const Key key = keyboard::keyOf(event);
   if (!boxes_.empty()) {
     BoxPanel& box = *boxes_.back();
-    const bool held = event.isAutoRepeat() && key.code == KeyCode::Enter;
+    const bool types = box.words().kind == BoxPanel::Kind::Input;
+    const bool answers = key.code == KeyCode::Enter || key.code == KeyCode::Esc || (!text.empty() && !types);
+    const bool held = event.isAutoRepeat() && answers;
+    if (held || tooSoon(when)) return true;
     if (key == Key::Ctrl('V'))
       box.paste(clipboard());
     else if (!text.empty())
       box.type(text);
-    else if (key.code != KeyCode::None && !held)
+    else if (key.code != KeyCode::None)
       box.key(key);
     return true;
   }
+  if (event.isAutoRepeat() && pressesOnce(key)) return true;
   if (!text.empty())
     guarded([&] { type(text); });
   else if (key.code != KeyCode::None && !menuLetter(key) && !scrollsAcross(key))
     guarded([&] { this->key(key); });
   return true;
+}
+
+// A box that opens in the middle of a word is not answered by the rest of it: it takes keys once the
+// hands have rested. By the time of the events themselves; those without one are taken.
+bool QtHost::tooSoon(qint64 when) {
+  constexpr qint64 kRest = 300, kStale = 60000;  // ms
+  const bool soon = when > 0 && quietSince_ > 0 && when < quietSince_ + kRest && when > quietSince_ - kStale;
+  if (soon) quietSince_ = std::max(quietSince_, when);
+  return soon;
+}
+
+// Held down, these go no further than the first press: a button is not pressed by the key that led to it,
+// and Esc leaves one thing at a time.
+bool QtHost::pressesOnce(const Key& key) const {
+  if (key.code == KeyCode::Esc) return true;
+  const Screen* const screen = top();
+  const Control* const control = screen ? screen->focused() : nullptr;
+  return control && control->kind == Kind::Button &&
+         (key.code == KeyCode::Enter || key.code == KeyCode::Space);
 }
 
 // Alt and a letter open a menu while the shell itself has the keys.
@@ -139,8 +166,9 @@ void QtHost::pointed(Screen& screen, Control& control, size_t anchor, size_t car
   });
 }
 
+// Nothing in place of what is selected takes it away.
 void QtHost::committed(const std::string& text) {
-  guarded([&] { type(text); });
+  if (boxes_.empty()) guarded([&] { text.empty() ? key(KeyCode::Delete) : type(text); });
 }
 
 void QtHost::rowPressed(Screen& screen, Control& control, size_t row) {
@@ -254,6 +282,11 @@ QWidget& QtHost::boxParent() {
   return *bare_;
 }
 
+// What a box dims of the window: all above the status bar, which says what the keys do.
+std::optional<int> QtHost::boxFoot() const {
+  return window_ && window_->isVisible() ? std::optional(window_->foot()) : std::nullopt;
+}
+
 // A box that stands alone is a small window in the middle of the screen.
 void QtHost::showBare(BoxPanel& panel) {
   bare_->setFixedSize(panel.size());
@@ -273,10 +306,11 @@ std::unique_ptr<BoxPanel> QtHost::answered(BoxPanel::Words words) {
   boxes_.push_back(std::make_unique<BoxPanel>(
       *this, std::move(words), look, [this] { wakeLoops(); }, &parent));
   BoxPanel* const panel = boxes_.back().get();
-  panel->show();
-  panel->raise();
+  panel->place(boxFoot());
+  panel->lift();
   if (&parent == bare_.get()) showBare(*panel);
-  focusWidget();
+  quietSince_ = lag_ ? watch_.elapsed() - *lag_ : 0;
+  redraw();
   QTimer::singleShot(0, panel, [this] {
     if (const auto happens = onBox) happens();  // which may set another
   });
@@ -291,18 +325,40 @@ std::unique_ptr<BoxPanel> QtHost::answered(BoxPanel::Words words) {
   return answer;
 }
 
+// A refusal says to which field it goes back.
 void QtHost::box(const std::string& text, const std::string& title) {
-  answered({.kind = BoxPanel::Kind::Message, .text = text, .title = title});
+  const Screen* const screen = top();
+  const Control* const field = screen ? screen->focused() : nullptr;
+  const bool refuses = field && field->refused;
+  const std::string label = refuses ? trim(words(field->label)) : "";
+  answered({.kind = BoxPanel::Kind::Message,
+            .text = text,
+            .title = title,
+            .yes = !refuses        ? words("&Go On")
+                   : label.empty() ? words("&Back")
+                                   : words("&Back To {field}", "field", label),
+            .refuses = refuses});
 }
 
-bool QtHost::ask(const std::string& text, const std::string& title) {
-  return answered({.kind = BoxPanel::Kind::Question, .text = words(text), .title = words(title)})->yes();
+bool QtHost::answerTo(const Question& question) {
+  return answered({.kind = BoxPanel::Kind::Question,
+                   .text = question.text,
+                   .title = question.title,
+                   .yes = question.yes,
+                   .no = question.no,
+                   .facts = question.facts,
+                   .loses = question.loses})
+      ->yes();
 }
 
 std::optional<std::string> QtHost::input(const std::string& prompt, const std::string& title,
                                          const std::string& initial) {
-  const auto panel = answered(
-      {.kind = BoxPanel::Kind::Input, .text = words(prompt), .title = words(title), .initial = initial});
+  const auto panel = answered({.kind = BoxPanel::Kind::Input,
+                               .text = words(prompt),
+                               .title = words(title),
+                               .initial = initial,
+                               .yes = words("&Ok"),
+                               .no = words("&Cancel")});
   return panel->yes() ? std::optional(panel->value()) : std::nullopt;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -51,7 +52,6 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
   MainWindow* window() const { return window_; }
 
   // Host
-  bool ask(const std::string& text, const std::string& title) override;
   std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                    const std::string& initial = "") override;
   void busy(bool on) override;
@@ -71,6 +71,7 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
  protected:
   // Desk
   void box(const std::string& text, const std::string& title) override;
+  bool answerTo(const Question& question) override;
   void nest(Screen& screen) override;
   void changed() override;
   void gone(Screen& screen) override;
@@ -102,7 +103,10 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
   bool keyDown(const QKeyEvent& event);
   bool menuLetter(const Key& key);
   bool scrollsAcross(const Key& key);
+  bool tooSoon(qint64 when);
+  bool pressesOnce(const Key& key) const;
   QWidget& boxParent();
+  std::optional<int> boxFoot() const;
   void showBare(BoxPanel& panel);
   std::unique_ptr<BoxPanel> answered(BoxPanel::Words words);
   void wait(const std::function<bool()>& over);
@@ -125,6 +129,9 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
   MainWindow* window_ = nullptr;
   QTimer timer_;
   EscWatch escWatch_;
+  QElapsedTimer watch_;
+  std::optional<qint64> lag_;  // of this clock behind that of the events
+  qint64 quietSince_ = 0;      // in the time of the events: since then a box waits for hands at rest
   std::unique_ptr<paint::Painter> painter_;
   bool drawing_ = false, again_ = false, busy_ = false, refreshing_ = false, altAlone_ = false;
 };

@@ -39,7 +39,7 @@ void QtHost::resized() {
   redraw();
   if (!window_) return;
   for (const auto& box : boxes_)
-    if (box->parentWidget() == window_) box->restyle(window_->look());
+    if (box->parentWidget() == window_) box->restyle(window_->look(), boxFoot());
 }
 
 void QtHost::redraw() {
@@ -90,7 +90,7 @@ void QtHost::drawWindow() {
   std::unique_ptr<MainWindow>& window = windows_[screens.front()];
   if (!window) window = std::unique_ptr<MainWindow>(new MainWindow(*screens.front(), *this, *this));
   window_ = window.get();
-  window_->syncBars(hint());
+  window_->syncBars(boxes_.empty() ? hint() : boxes_.back()->keys());
   window_->present(windowSize);
   for (const auto& [screen, other] : windows_)
     if (other.get() != window_ && other->isVisible()) other->hide();
@@ -140,7 +140,8 @@ void QtHost::drawStanding(const std::vector<Screen*>& screens) {
     }
   }
   for (size_t i = 1; i < screens.size(); ++i) viewOf(*screens[i]).raise();
-  for (const auto& box : boxes_) box->raise();
+  for (const auto& box : boxes_)
+    if (box->isVisible()) box->lift();
 }
 
 // The widget of the control with the keys has the focus of the system as well: input methods
