@@ -84,8 +84,8 @@ const ScreenSpec& spec() {
           {.name = "Section", .index = 0, .kind = Kind::Label, .label = "Last Bills", .at = {.group = "billshead"}, .style = Style::Section},
           {.name = "LastBills", .kind = Kind::Grid, .at = {.group = "bills"}, .tab = 2, .columns = {
               {.title = "B.No",        .width = px(86, 56)},
-              {.title = "Date",        .width = px(116, 96)},
-              {.title = "Party",       .width = part(1, 190)},
+              {.title = "Date",        .width = px(116, 102)},
+              {.title = "Party",       .width = part(1, 160)},
               {.title = "City",        .width = px(130, 84)},
               {.title = "Bill Amount", .width = px(140, 104), .align = Align::Right, .money = true}}},
           {.name = "Section", .index = 1, .kind = Kind::Label, .label = "Largest Outstanding", .at = {.group = "debtorshead"}, .style = Style::Section},

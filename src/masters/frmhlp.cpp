@@ -13,7 +13,7 @@
 namespace {
 
 constexpr double kStrip = 30, kHeads = 34, kRow = 25, kFrame = 4, kLane = 14;
-constexpr double kWidest = 1350, kNarrowest = 480;
+constexpr double kWidest = 1350, kNarrowest = 480, kLeastCode = 88;
 constexpr int kRowsBelow = 5, kRowsAbove = 12;
 constexpr int kCountAfterMs = 500;
 
@@ -45,7 +45,9 @@ std::vector<GridColumn> gridColumns(const PageRows& rows, const Select& select, 
     const int twips = select.columns[i].width;
     const double title = 9 * length(t.title) + 18;
     const double width = std::max(twips > 0 ? twips * kPixelsPerTwip : t.width, title);
-    columns.push_back({.title = t.title, .width = part(width), .align = t.align, .money = t.money});
+    // The code that is chosen stays whole on a small window.
+    const double least = i == 0 ? std::min(width, kLeastCode) : -1;
+    columns.push_back({.title = t.title, .width = part(width, least), .align = t.align, .money = t.money});
   }
   return columns;
 }

@@ -8,27 +8,27 @@ namespace {
 
 // clang-format off
 const std::vector<LedgerColumn> kRunning = {
-    {.heading = "V.No.",       .width = px(62),  .twips = 500,  .type = ColumnType::Count},
-    {.heading = "Date",        .width = px(96),  .twips = 1200, .type = ColumnType::Date},
-    {.heading = "Ref No.",     .width = px(110), .twips = 1300},
-    {.heading = "Bk.",         .width = px(50),  .twips = 500},
+    {.heading = "V.No.",       .width = px(62, 50),  .twips = 500,  .type = ColumnType::Count},
+    {.heading = "Date",        .width = px(96, 72),  .twips = 1200, .type = ColumnType::Date},
+    {.heading = "Ref No.",     .width = px(110, 78), .twips = 1300},
+    {.heading = "Bk.",         .width = px(50, 36),  .twips = 500},
     {.heading = "Particulars", .width = part(1), .twips = 2800},
-    {.heading = "Debit",       .width = px(124), .twips = 1200, .type = ColumnType::Money},
-    {.heading = "Credit",      .width = px(124), .twips = 1200, .type = ColumnType::Money},
-    {.heading = "Balance",     .width = px(124), .twips = 1200, .type = ColumnType::Money},
-    {.heading = "Crdr",        .width = px(56),  .twips = 450},
+    {.heading = "Debit",       .width = px(124, 102), .twips = 1200, .type = ColumnType::Money},
+    {.heading = "Credit",      .width = px(124, 102), .twips = 1200, .type = ColumnType::Money},
+    {.heading = "Balance",     .width = px(124, 102), .twips = 1200, .type = ColumnType::Money},
+    {.heading = "Crdr",        .width = px(56, 46),  .twips = 450},
 };
 const std::vector<LedgerColumn> kTwoSided = {
-    {.heading = "NO.",         .width = px(62),  .twips = 500,  .type = ColumnType::Count},
-    {.heading = "",            .width = px(44),  .twips = 500},
-    {.heading = "DATE",        .width = px(88),  .twips = 1000, .type = ColumnType::Date},
-    {.heading = "PARTICULARS", .width = part(1), .twips = 2000},
-    {.heading = "Cr",          .width = px(116), .twips = 1200, .type = ColumnType::Money},
-    {.heading = "NO.",         .width = px(62),  .twips = 500,  .type = ColumnType::Count},
-    {.heading = "",            .width = px(44),  .twips = 500},
-    {.heading = "DATE",        .width = px(88),  .twips = 1000, .type = ColumnType::Date},
-    {.heading = "PARTICULARS", .width = part(1), .twips = 2000},
-    {.heading = "Dr",          .width = px(116), .twips = 1200, .type = ColumnType::Money},
+    {.heading = "NO.",         .width = px(62, 50),  .twips = 500,  .type = ColumnType::Count},
+    {.heading = "",            .width = px(44, 34),  .twips = 500},
+    {.heading = "DATE",        .width = px(88, 74),  .twips = 1000, .type = ColumnType::Date},
+    {.heading = "PARTICULARS", .width = part(1, 104), .twips = 2000},
+    {.heading = "Cr",          .width = px(116, 94), .twips = 1200, .type = ColumnType::Money},
+    {.heading = "NO.",         .width = px(62, 50),  .twips = 500,  .type = ColumnType::Count},
+    {.heading = "",            .width = px(44, 34),  .twips = 500},
+    {.heading = "DATE",        .width = px(88, 74),  .twips = 1000, .type = ColumnType::Date},
+    {.heading = "PARTICULARS", .width = part(1, 104), .twips = 2000},
+    {.heading = "Dr",          .width = px(116, 94), .twips = 1200, .type = ColumnType::Money},
 };
 // clang-format on
 constexpr size_t kVoucherNo = 0, kParticulars = 4;  // of the running statement

@@ -28,9 +28,9 @@ const ScreenSpec& FRMCHLN::table() {
       .caption = "Sales Challan Entry",
       .focusColour = 0xFFC0FF,
       .layout = voucherLayout(
-          {px(81),  {{.name = "A", .width = part(1.15), .columns = {px(56), px(92), px(44), part(1)}},
+          {px(81),  {{.name = "A", .width = part(1.15, 350), .columns = {px(56), px(92), px(44), part(1)}},
                      {.name = "B", .width = px(356),    .columns = {px(72), px(92), fit(), part(1)}},
-                     {.name = "C", .width = part(1),    .frame = Frame::Off}}},
+                     {.name = "C", .width = part(1, 250), .frame = Frame::Off}}},
           {px(116), {{.name = "D", .width = part(1), .columns = {fit(), part(1), fit(), part(1), fit(), part(1)}},
                      {.name = "E", .width = px(440), .columns = {fit(), px(132), fit(), part(1)}}}}),
       .controls = joined({{

@@ -49,9 +49,9 @@ ScreenSpec tableOf(const VoucherKind& kind) {
       .caption = "GST SALE / PURCHASE ENTRY",
       .focusColour = 0xFFC0FF,
       .layout = voucherLayout(
-          {px(116), {{.name = "A", .width = part(1.15, 366), .columns = {px(56), px(92), px(44), part(1)}},
+          {px(116), {{.name = "A", .width = part(1.15, 350), .columns = {px(56), px(92), px(44), part(1)}},
                      {.name = "B", .width = px(356),    .columns = {px(58), px(92), fit(), part(1)}},
-                     {.name = "C", .width = part(1),    .frame = Frame::Off}}},
+                     {.name = "C", .width = part(1, 250), .frame = Frame::Off}}},
           {px(150), {{.name = "D", .width = part(1, 520), .columns = {fit(), px(44), part(1.15), fit(), part(1)}},
                      {.name = "E", .width = px(506), .columns = {fit(), px(132), fit(), part(1)}}}}),
       .controls = joined({{

@@ -44,6 +44,8 @@ class Surveyor : public Tourist {
       if (seen_.insert(screen.spec.name + c.fullName() + what).second)
         faults.insert(where + ": " + c.fullName() + " " + c.label + " " + what);
     };
+    if (window()->width() >= 960 && (page.width() > view.width() || page.height() > view.height()))
+      faults.insert(where + ": scrolls");
     for (size_t i = 0; i < screen.controls.size(); ++i) {
       const Control& c = *screen.controls[i];
       const layout::Spot& spot = plan.spots[i];

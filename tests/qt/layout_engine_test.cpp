@@ -175,6 +175,46 @@ TEST_F(LayoutEngine, ColumnsShareWhatThereIs) {
   }
 }
 
+TEST_F(LayoutEngine, SmallWindowsNarrowColumnsToTheirLeastAndNoFurther) {
+  layout::Measure small = measured();
+  small.small = true;
+  const std::vector<GridColumn> columns{
+      {.title = "A", .width = px(100, 60)},
+      {.title = "B", .width = part(1, 50)},
+      {.title = "C", .width = px(100, 90)},
+  };
+  const std::pair<int, std::vector<int>> rows[] = {
+      {300, {0, 100, 200, 300}},
+      {220, {0, 76, 126, 220} }, // 30 too few: the fixed ones give of their 40 and 10
+      {100, {0, 60, 110, 200} }, // what is beyond is scrolled to
+  };
+  for (const auto& [room, edges] : rows) EXPECT_EQ(layout::columnEdges(columns, room, small), edges);
+}
+
+TEST_F(LayoutEngine, OfTheTaxesASmallWindowShowsThoseThatALineHas) {
+  ScreenSpec table = tableOf(
+      {
+          {px(34),  {{.name = "entry", .frame = Frame::Entry, .columnsOf = "Lines"}}},
+          {part(1), {{.name = "lines"}}                                             }
+  },
+      {{.name = "Cgst", .at = {.group = "entry", .col = 1}, .tab = 1},
+       {.name = "Lines",
+        .kind = Kind::Grid,
+        .at = {.group = "lines"},
+        .columns = {{.title = "Item"}, {.title = "Cgst", .spare = 1}, {.title = "Igst", .spare = 2}}}});
+  Screen screen(host_, table);
+  Control &typed = screen.at("Cgst"), &lines = screen.at("Lines");
+  const auto rows = std::make_shared<CellRows>();
+  lines.grid.source = rows;
+  EXPECT_EQ(layout::leftOut(screen, lines), 1U << 2) << "of an empty voucher the first ones stay";
+  rows->rows = {
+      {{.text = "FAN"}, {.text = "0"}, {.text = "18"}}
+  };
+  EXPECT_EQ(layout::leftOut(screen, lines), 1U << 1);
+  Screen::set(typed, "9");
+  EXPECT_EQ(layout::leftOut(screen, lines), 0U);
+}
+
 TEST_F(LayoutEngine, DialogsFloatWhereTheyAreAnchored) {
   const auto placed = [&](double width, double height, Anchor anchor) {
     ScreenSpec s = tableOf(

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QImage>
 #include <QInputMethodEvent>
@@ -476,6 +477,17 @@ TEST_F(QtHostTest, EscEndsWhatHoldsTheLoopUp) {
   EXPECT_EQ(b.at("Code").text, "AB");
   EXPECT_EQ(host_->top()->spec.name, "bill");
   EXPECT_FALSE(endAsked()()) << "nothing is looked for while nobody waits";
+}
+
+TEST_F(QtHostTest, AWindowThatIsNoLongerMaximizedFitsItsScreen) {
+  MainWindow& window = *host_->window();
+  const QRect work = QGuiApplication::primaryScreen()->availableGeometry();
+  window.showMaximized();
+  window.showNormal();
+  window.setGeometry(work.adjusted(-20, -30, 20, 30));
+  QElapsedTimer waited;
+  for (waited.start(); !work.contains(window.frameGeometry()) && waited.elapsed() < 2000;) host_->settle();
+  EXPECT_TRUE(work.contains(window.frameGeometry()));
 }
 
 TEST_F(QtHostTest, FindsAndEndsAProgramByItsName) {

@@ -216,7 +216,7 @@ void StatusBar::paintEvent(QPaintEvent*) {
   }
   if (!panels_.empty() && !panels_[0].empty()) {
     // On a small window the hint is worth more than the whole of the company's name.
-    const int most = look_->small() ? width() / 4 : room.width();
+    const int most = look_->small() ? width() / 5 : room.width();
     const QString text = plain.elidedText(QString::fromStdString(words(panels_[0])), Qt::ElideRight, most);
     draw::line(painter, room, text, Qt::AlignLeft);
     room.setLeft(room.left() + plain.horizontalAdvance(text) + inset);

@@ -35,7 +35,7 @@ inline constexpr Size kHeads{25, 24}, kEntry{34, 28}, kKeys{24, 0};
 inline constexpr Size kMenuBar{28, 25}, kToolBar{40, 0}, kModeStrip{30, 24}, kStatusBar{26, 24};
 inline constexpr Size kGap{6, 4}, kHeadGap{4, 2}, kRoomyGap{10, 4}, kColumnGap{8, 6}, kMargin{8, 5};
 inline constexpr Size kDialogFrame{2, 2}, kDialogTitle{28, 26}, kBottomAnchor{120, 90};
-inline constexpr Size kPicture{0, 150};        // the height of a chart; 0 is that of its table
+inline constexpr Size kPicture{0, 132};        // the height of a chart; 0 is that of its table
 inline constexpr double kFillingWidth = 1340;  // a dialog that takes all of 1366 takes all of any width
 inline constexpr int kLeastRows = 5;           // of a grid that stretches
 }  // namespace size

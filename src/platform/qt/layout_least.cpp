@@ -101,7 +101,7 @@ std::vector<int> Sizes::leastColumns(const Group& g) const {
     bool filled = false;
     for (const size_t m : members(g)) {
       const Control& c = *screen_.controls[m];
-      if (c.spec->at.col != column) continue;
+      if (c.spec->at.col != column || !c.visible) continue;
       filled = true;
       if (c.spec->at.span == 1) most = std::max(most, leastOf(c));
     }
@@ -117,7 +117,7 @@ std::vector<int> Sizes::leastColumns(const Group& g) const {
   for (const size_t m : members(g)) {
     const Control& c = *screen_.controls[m];
     const auto from = static_cast<size_t>(c.spec->at.col), to = from + static_cast<size_t>(c.spec->at.span);
-    if (c.spec->at.span < 2 || to > all.size()) continue;
+    if (c.spec->at.span < 2 || to > all.size() || !c.visible) continue;
     const int gaps = m_.px(kColumnGap) * (c.spec->at.span - 1);
     const int missing =
         leastOf(c) - gaps -
@@ -148,6 +148,7 @@ int Sizes::leastWidth(const Group& g) const {
   } else {
     for (const size_t i : members(g)) {
       const Control& c = *screen_.controls[i];
+      if (!c.visible && c.kind != Kind::Grid) continue;
       const bool facts = c.kind == Kind::Label && c.text != c.spec->label;
       const int label = labelled(c) ? m_.width(words(c.label), Style::Quiet) + m_.px(kColumnGap) : 0;
       own = std::max(own, (facts ? m_.px(kLeastFacts) : leastOf(c)) + label + border);
@@ -167,7 +168,8 @@ int Sizes::leastWidth(const std::vector<Band>& bands) const {
 }
 
 Rect leastSize(const Screen& screen, const Measure& measure) {
-  if (!measure.small) return {};
+  const bool empty = std::ranges::none_of(screen.controls, [](const auto& c) { return c->visible; });
+  if (!measure.small || empty) return {};
   const Sizes sizes(screen, measure);
   const Layout& layout = screen.spec.layout;
   const bool dialog = screen.spec.window == Window::Dialog;

@@ -112,7 +112,7 @@ void ScreenView::placeBars(const layout::Rect& least) {
   acrossBar_->setRange(0, across ? std::max(0, least.w - w) : 0);
   acrossBar_->setPageStep(w);
   acrossBar_->setSingleStep(look_->px(layout::size::kPitch));
-  downBar_->setGeometry(width() - lane - frame, frame, lane, h - 2 * frame);
+  downBar_->setGeometry(width() - lane - frame, frame, lane, height() - 2 * frame);
   acrossBar_->setGeometry(frame, height() - lane - frame, w - 2 * frame, lane);
   downBar_->setVisible(down);
   acrossBar_->setVisible(across);

@@ -222,6 +222,22 @@ int LabelView::insetOf(Qt::Alignment side) const {
   }
 }
 
+// A fact that is a little too long, as a GSTIN may be, is drawn narrower before it is cut.
+void LabelView::paintFact(QPainter& painter, const QRect& row, const QString& text) const {
+  constexpr double kNarrowest = 0.85;
+  const double share = double(row.width()) / std::max(1, painter.fontMetrics().horizontalAdvance(text));
+  if (share >= 1 || share < kNarrowest) {
+    draw::line(painter, row, text, alignment());
+    return;
+  }
+  painter.save();
+  painter.translate(row.left(), 0);
+  painter.scale(share, 1);
+  draw::line(painter, QRect(0, row.top(), static_cast<int>(row.width() / share) + 1, row.height()), text,
+             Qt::AlignLeft);
+  painter.restore();
+}
+
 // A line that ends in a figure behind " : " shows the figure strong and grouped.
 void LabelView::paintLines(QPainter& painter, const QStringList& lines) const {
   static const QRegularExpression fact("^(.* : )(-?\\d+(?:\\.\\d+)?)$");
@@ -245,8 +261,11 @@ void LabelView::paintLines(QPainter& painter, const QStringList& lines) const {
     QRect row(area.x(), top + i * pitch, area.width(), pitch);
     const QRegularExpressionMatch match = fact.match(lines[i]);
     painter.setFont(look_->font(face));
-    draw::line(painter, row, match.hasMatch() ? match.captured(1) : lines[i], alignment());
-    if (!match.hasMatch()) continue;
+    if (!match.hasMatch()) {
+      paintFact(painter, row, lines[i]);
+      continue;
+    }
+    draw::line(painter, row, match.captured(1), alignment());
     row.setLeft(row.left() + painter.fontMetrics().horizontalAdvance(match.captured(1)));
     painter.setFont(look_->font(Look::Face::Strong));
     draw::line(painter, row, toQt(groupedMoney(match.captured(2).toStdString())), Qt::AlignLeft);

@@ -65,6 +65,7 @@ class LabelView : public WidgetView<QLabel> {
   int insetOf(Qt::Alignment side) const;
   void paintWarning(QPainter& painter, const QStringList& lines) const;
   void paintLines(QPainter& painter, const QStringList& lines) const;
+  void paintFact(QPainter& painter, const QRect& row, const QString& text) const;
   Shown shown_;
 };
 
