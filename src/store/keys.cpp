@@ -53,6 +53,7 @@ constexpr Index indexes[] = {
     {"CHLN_TYPE",       "CHLN",      "CHLN_TYP, BOOK_CD, VOUCH_NO"              },
     {"CHLNITM_ITEM",    "CHLNITM",   "ITEM_CD, VOUCH_DT"                        },
     {"QUOT_DATE",       "QUOT",      "VOUCH_DT, VOUCH_NO"                       },
+    {"QUOT_REFERENCE",  "QUOT",      "REF_NO"                                   },
     {"RPTPAY_VOUCHER",  "RPTPAY",    "BOOK_CD, VOUCH_NO"                        },
     {"QUOT_PARTY",      "QUOT",      "PARTY_CD, BL_PARTY_CD"                    },
     {"QUOTITM_ITEM",    "QUOTITM",   "ITEM_CD"                                  },

@@ -94,7 +94,7 @@ std::string nextReference(Database& db, const VoucherKind& kind) {
 bool isDuplicateReference(Database& db, const VoucherKind& kind, const std::string& reference,
                           double number) {
   return db
-      .first("SELECT 1 FROM QUOT WHERE REF_NO = ? AND ENTRY_TYP = ? AND VOUCH_NO <> ? LIMIT 1", reference,
+      .first("SELECT 1 FROM QUOT WHERE REF_NO = ? AND ENTRY_TYP = ? AND +VOUCH_NO <> ? LIMIT 1", reference,
              kind.code, number)
       .has_value();
 }
