@@ -52,6 +52,7 @@ class bwrcpy : public ChildScreen {
   Go amount();
   Go remarks();
   Go remarksTab();
+  Go oldEntries();
   Go oldByReference();
   Go oldByCheque();
   Go oldByAmount();
