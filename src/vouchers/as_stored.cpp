@@ -7,6 +7,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "base/words.h"
+#include "frame/child_screen.h"
 
 namespace {
 
@@ -54,10 +55,24 @@ std::string meanwhileWords(Database& db, const VoucherKind& kind, double number)
                         ? words("On {date} At {time}", "date", date, "time", time)
                         : words("By {user} On {date} At {time}", "user", user, "date", date, "time", time));
   }
-  return text + "\n" + words("Nothing Was Stored, It Is Shown As It Stands Now");
+  return text;
 }
 
-std::string askedOfDeleted(double number) {
-  return words("Voucher No {number} Has Been Deleted Meanwhile\nSave What Stands Here As A New One ?",
-               "number", numText(number));
+Question changedQuestion(Database& db, const VoucherKind& kind, double number, bool typed) {
+  return {.text = meanwhileWords(db, kind, number) + "\n" +
+                  words("Nothing Was Stored\nShow It As It Stands Now ?"),
+          .title = kQuestionTitle,
+          .yes = english("&Show It"),
+          .no = english("&Keep Typing"),
+          .loses = typed};
+}
+
+Question deletedQuestion(double number) {
+  return {
+      .text = words("Voucher No {number} Has Been Deleted Meanwhile\nSave What Stands Here As A New One ?",
+                    "number", numText(number)),
+      .title = kQuestionTitle,
+      .yes = english("&Yes, As A New One"),
+      .no = english("&No, Leave It"),
+      .loses = true};
 }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "frame/voucher_kinds.h"
+#include "platform/host.h"
 #include "store/database.h"
 
 // Two programs on one voucher. Who shows one for a change or a deletion keeps it as it stood then, and the
@@ -31,5 +32,7 @@ class Saving {
 // What is told of a voucher that was changed or deleted since it was shown; by whom and when, where its
 // head keeps that.
 std::string meanwhileWords(Database& db, const VoucherKind& kind, double number);
-// Asked before a voucher that was deleted meanwhile is stored all the same.
-std::string askedOfDeleted(double number);
+// Asked before what stands takes the place of what was typed, and before a voucher that was deleted
+// meanwhile is stored all the same.
+Question changedQuestion(Database& db, const VoucherKind& kind, double number, bool typed);
+Question deletedQuestion(double number);

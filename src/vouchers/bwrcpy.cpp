@@ -441,13 +441,14 @@ void bwrcpy::takeNextNumber() {
   host.message(takenWords(taken, text(kNumber)));
 }
 
-// What was changed is shown as it stands; what was deleted comes back when that is meant alone.
+// What was changed is shown as it stands, what was deleted comes back, each when that is meant alone.
 void bwrcpy::changedMeanwhile() {
   const double n = value(kNumber);
   if (isStored(data(), kind_, n)) {
-    host.message(meanwhileWords(data(), kind_, n), kMessageTitle);
+    if (!host.ask(changedQuestion(data(), kind_, n, unsaved()))) return;
+    takeAsShown(kNumber);
     enterNumber();
-  } else if (host.ask(askedOfDeleted(n), kConfirm)) {
+  } else if (host.ask(deletedQuestion(n))) {
     setMode("ADD", kAdding);
     store();
   }

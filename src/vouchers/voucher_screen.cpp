@@ -302,7 +302,11 @@ bool VoucherScreen::show(double number) {
 // One that was changed while the question stood is shown as it is now, and asked about again.
 Go VoucherScreen::askToDelete(double number) {
   if (!show(number)) return Go::Stay;
-  while (host.ask(deleteQuestion(english("ARE YOU SURE"), atStake())) && !remove(number))
+  const auto facts = [&] {
+    const bool stays = isPosted(data(), kind_, number);
+    return atStake() + (stays ? "\n" + words("The Ledger Shows It Until Posting") : "");
+  };
+  while (host.ask(deleteQuestion(english("ARE YOU SURE"), facts())) && !remove(number))
     if (!isStored(data(), kind_, number) || !show(number)) break;
   clearAll();
   lines_->clear();

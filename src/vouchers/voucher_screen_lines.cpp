@@ -37,7 +37,7 @@ void VoucherScreen::clearLine() {
 
 void VoucherScreen::showLine(const Row& line) {
   showFields(line, Part::Line);
-  at(kItemName).enabled = isMisc();
+  at(kItemName).enabled = entering() && isMisc();
 }
 
 Fields VoucherScreen::lineFields() {

@@ -126,13 +126,14 @@ void VoucherScreen::store() {
     changedMeanwhile();
 }
 
-// What was changed is shown as it stands; what was deleted comes back when that is meant alone.
+// What was changed is shown as it stands, what was deleted comes back, each when that is meant alone.
 void VoucherScreen::changedMeanwhile() {
   const double n = value(kNumber);
   if (isStored(data(), kind_, n)) {
-    host.message(meanwhileWords(data(), kind_, n), kMessageTitle);
+    if (!host.ask(changedQuestion(data(), kind_, n, unsaved()))) return;
+    takeVoucherAsShown();
     focus(at(number() == Go::On ? kDate : kNumber));
-  } else if (host.ask(askedOfDeleted(n), kConfirm)) {
+  } else if (host.ask(deletedQuestion(n))) {
     setMode("ADD", kind_.words.adding);
     store();
   }

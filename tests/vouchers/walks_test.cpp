@@ -130,10 +130,12 @@ TEST_F(Walks, WhatAnotherProgramDidMeanwhileStands) {
     };
     open("cmdEDIT");
     change(7);
-    host.answers = {true};  // what was typed may go
+    host.answers = {false, true};
     typeAndSave();
-    EXPECT_TRUE(host.lastMessage().starts_with("Voucher No 1 Has Been Changed Meanwhile"))
-        << host.lastMessage();
+    EXPECT_EQ(stored(), now) << "what was typed stays to be looked at, and is not stored";
+    host.press(save);
+    EXPECT_TRUE(host.lastQuestion().starts_with("Voucher No 1 Has Been Changed Meanwhile"))
+        << host.lastQuestion();
     EXPECT_EQ(stored() + " " + host.text(field) + host.focus(), now + " 7date");
     // As it is shown now it may be stored, unless it is gone by then.
     const std::string gone = "SELECT COUNT(*) FROM " + kind.tables.heads;
