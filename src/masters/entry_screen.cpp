@@ -186,8 +186,8 @@ Go EntryScreen::keyIsChosen() {
   const bool shown = !loaded_.empty() && (sameText(loaded_, typed) || (mode == "EDIT" && keyMayChange()));
   if (!shown) {
     // What was changed in the row before is not lost by a code typed over its own.
-    if (!loaded_.empty() && entering() && !mayDiscard()) {
-      put(pattern_.key, loaded_);
+    if (entering() && exists(typed) && !mayDiscard()) {
+      if (!loaded_.empty()) put(pattern_.key, loaded_);
       return Go::Stay;
     }
     if (!load(typed)) {

@@ -211,7 +211,8 @@ bool VoucherScreen::unsaved() const {
 std::string VoucherScreen::atStake() const {
   std::string facts = words("Voucher {number}", "number", text(kNumber));
   if (!trimmed(kPartyName).empty()) facts += "  ::  " + trimmed(kPartyName);
-  facts += "  ::  " + words("{count} Lines", "count", std::to_string(lines_->count()));
+  facts += "  ::  " + words(lines_->count() == 1 ? english("{count} Line") : english("{count} Lines"),
+                            "count", std::to_string(lines_->count()));
   return text(kNetAmount).empty() ? facts : facts + "  ::  " + text(kNetAmount);
 }
 
@@ -276,15 +277,14 @@ Go VoucherScreen::number() {
   }
   if (mode == "DEL") return askToDelete(n);
   if (mode != "EDIT") return Go::On;
-  if (loaded_ != 0 && !mayDiscard()) {
+  if (loaded_ != 0 && isStored(data(), kind_, n) && !mayDiscard()) {
     const bool same = n == loaded_;
     put(kNumber, loaded_);
     return same ? Go::On : Go::Stay;
   }
-  const bool shown = show(n);
-  takeVoucherAsShown();
-  if (!shown) return Go::Stay;
+  if (!show(n)) return Go::Stay;
   takeAsWorked(Part::Head);
+  takeVoucherAsShown();
   allowSave(false);
   return Go::On;
 }

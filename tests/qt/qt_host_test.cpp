@@ -322,6 +322,8 @@ TEST_F(QtHostTest, WhatKeepsTheWorkStandsFirstAndWhoTypesOnAnswersNothing) {
               press(Qt::Key_K, "k", 60000);
             }),
             false);
+  press(Qt::Key_K, "k", 60100, true);
+  EXPECT_EQ(b.at("Code").text, "") << "it is still held";
 }
 
 TEST_F(QtHostTest, ALongMessageScrollsAboveItsButtonInsideTheWindow) {

@@ -101,6 +101,7 @@ bool QtHost::keyDown(const QKeyEvent& event) {
     const bool answers = key.code == KeyCode::Enter || key.code == KeyCode::Esc || (!text.empty() && !types);
     const bool held = event.isAutoRepeat() && answers;
     if (held || tooSoon(when)) return true;
+    boxKey_ = event.key();
     if (key == Key::Ctrl('V'))
       box.paste(clipboard());
     else if (!text.empty())
@@ -109,7 +110,9 @@ bool QtHost::keyDown(const QKeyEvent& event) {
       box.key(key);
     return true;
   }
-  if (event.isAutoRepeat() && pressesOnce(key)) return true;
+  // A key that answered a box and is still held types nothing behind it.
+  if (event.isAutoRepeat() && (event.key() == boxKey_ || pressesOnce(key))) return true;
+  boxKey_ = 0;
   if (!text.empty())
     guarded([&] { type(text); });
   else if (key.code != KeyCode::None && !menuLetter(key) && !scrollsAcross(key))

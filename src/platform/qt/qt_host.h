@@ -131,6 +131,7 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
   EscWatch escWatch_;
   QElapsedTimer watch_;
   std::optional<qint64> lag_;  // of this clock behind that of the events
+  int boxKey_ = 0;             // Qt's, the last one that a box took
   qint64 quietSince_ = 0;      // in the time of the events: since then a box waits for hands at rest
   std::unique_ptr<paint::Painter> painter_;
   bool drawing_ = false, again_ = false, busy_ = false, refreshing_ = false, altAlone_ = false;
