@@ -1,5 +1,6 @@
 #include "base/figure.h"
 #include "vouchers/bill_fixture.h"
+#include "vouchers/numbering.h"
 
 namespace {
 
@@ -30,6 +31,12 @@ class Walks : public BillTest {
     }
     host.go(field);
   }
+  void typeAll(const Voucher& v, By by) {
+    for (const auto& [field, text] : v.typed) {
+      by == By::Mouse ? pointTo(field) : walkTo(field, by);
+      host.type(text);
+    }
+  }
   // The rows that the walk stores.
   std::string walked(const Voucher& v, By by) {
     const std::vector<std::string> tables = {"SALE", "SALEITM", "QUOT",   "QUOTITM",
@@ -37,10 +44,7 @@ class Walks : public BillTest {
     for (const std::string& table : tables) db().exec("DELETE FROM " + table);
     host.open(v.screen, {.entryType = v.kind});
     host.press("cmdadd");
-    for (const auto& [field, text] : v.typed) {
-      by == By::Mouse ? pointTo(field) : walkTo(field, by);
-      host.type(text);
-    }
+    typeAll(v, by);
     if (by == By::Mouse) host.go("date");
     const bool money = v.screen == "bwrcpy";
     host.insideModal.push_back([this] { host.escape(); });
@@ -76,11 +80,12 @@ class Walks : public BillTest {
       return head;
     };
     return {
-        {"GSTSAPU",                                           "SALE",         with({{"party", "A00001"}},                             "parcels")},
-        {"GSTSAPU",                                                   "PURCHASE",                                                         with({{"party", "A00011"}, {"bill_no", "P/9"}},                                                   "parcels")},
+        {"GSTSAPU",                                           "SALE",         with({{"party", "A00001"}},                                                                                               "parcels")},
+        {"GSTSAPU",                                                   "PURCHASE",                                                         with({{"party", "A00011"}, {"bill_no", "P/9"}},                                                                                                                     "parcels")},
         {"FRMCHLN",                                         "CH",                                                       with({{"party", "A00001"}, {"challan_type", "DC"}},                                                   "destination")},
-        {"FRMQUOT", "QUOTATION",with({{"party", "A00002"}, {"subject", "FANS"}},"subject_to")},
+        {"FRMQUOT", "QUOTATION",with({{"party", "A00002"}, {"subject", "FANS"}},                 "subject_to")},
         {"bwrcpy",                                        "RECEIPT",                                                             {{"party", "A00001"}, {"amount", "250"}, {"narration", "ON ACCOUNT"}}                                                                                                                                                       },
+        {"bwrcpy",                                            "PAYMENT",          {{"party", "A00011"}, {"amount", "75.5"}, {"narration", "ADVANCE"}}},
     };
   }
 };
@@ -159,6 +164,28 @@ TEST_F(Walks, WhatAnotherProgramDidMeanwhileStands) {
     host.fillEnter("number", "1");
     EXPECT_EQ(line(gone), "0");
     EXPECT_EQ(host.screen().reason.ends_with("Posting Is Due"), v.kind != "QUOTATION" && !money);
+    host.closeTop();
+
+    // One typed afresh takes the next number, on its paper too.
+    host.open(v.screen, {.entryType = v.kind});
+    host.press("cmdadd");
+    typeAll(v, By::Enter);
+    const std::string series = kind.numbering.series, paper = kind.numbering.number;
+    const std::string own = (paper.empty() ? "" : ", " + paper) + (series.empty() ? "" : ", " + series);
+    other.exec("INSERT INTO " + kind.tables.heads + " (VOUCH_NO, " + kind.tables.key + own +
+               ") VALUES (1, '" + kind.code + "'" + (paper.empty() ? "" : ", '0001'") +
+               (series.empty()   ? ""
+                : v.kind == "CH" ? ", 'DC'"
+                                 : ", 'TAX'") +
+               ")");
+    host.enter();
+    host.press(save);
+    EXPECT_EQ(host.lastMessage(), takenWords("1", "2"));
+    host.insideModal.push_back([this] { host.escape(); });
+    host.press(save);
+    EXPECT_EQ(line("SELECT MAX(VOUCH_NO), COUNT(DISTINCT " + (paper.empty() ? "VOUCH_NO" : paper) +
+                   ") FROM " + kind.tables.heads),
+              "2|2");
     host.closeTop();
   }
 }
