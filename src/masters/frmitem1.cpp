@@ -138,6 +138,7 @@ std::string FRMITEM1::standing(const std::string& code) {
 void FRMITEM1::shown(const std::string& code) {
   clearDetail();
   renamings_.clear();
+  rowsChanged_ = false;
   showCategory();
   const bool details = loadItemDetails(data(), code);
   showRows();
@@ -148,8 +149,17 @@ void FRMITEM1::emptied() {
   clearItemDetails(data());
   clearDetail();
   renamings_.clear();
+  rowsChanged_ = false;
   put(kCategoryName, "");
   showRows();
+}
+
+// The rows count, and the one that is being typed.
+bool FRMITEM1::unsaved() const {
+  if (rowsChanged_ || EntryScreen::unsaved()) return true;
+  return std::ranges::any_of(controls, [](const auto& c) {
+    return c->editable() && c->focusable() && c->ofLine() && !c->given && !trim(c->text).empty();
+  });
 }
 
 void FRMITEM1::showCategory() { put(kCategoryName, categoryName(data(), trimmed(kCategory)).value_or("")); }
@@ -292,6 +302,7 @@ void FRMITEM1::keepDetail(const ItemDetail& detail) {
       renamings_.push_back({.from = *picked_, .to = detail.key});
   }
   clearDetail();
+  rowsChanged_ = true;
   showRows();
 }
 
@@ -359,6 +370,7 @@ void FRMITEM1::removeRow() {
   if (const auto refused = unitRefusal(data(), renamed == renamings_.end() ? *key : renamed->from))
     return host.message(refused->words, refused->title);
   removeItemDetail(data(), *key);
+  rowsChanged_ = true;
   std::erase_if(renamings_, [&](const Renaming& r) { return r.to == *key; });
   if (picked_ == key) clearDetail();
   showRows();

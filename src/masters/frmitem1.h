@@ -30,6 +30,7 @@ class FRMITEM1 : public EntryScreen {
   void erase(const std::string& code) override;
   void saved(const std::string& code) override;
   void emptied() override;
+  bool unsaved() const override;
 
  private:
   Go rateSearch();
@@ -58,4 +59,5 @@ class FRMITEM1 : public EntryScreen {
 
   std::optional<ItemKey> picked_;  // the row of the list that stands in the entry row
   std::vector<Renaming> renamings_;
+  bool rowsChanged_ = false;  // since they were shown
 };
