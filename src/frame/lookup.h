@@ -16,6 +16,7 @@ struct Lookup {
   bool inCatalogue = false;
   bool free = false;      // its field takes any text: what was typed and found nowhere is the choice
   bool optional = false;  // its field may stay empty: Enter once more, when the list was closed, goes on
+  std::string keys = {};  // of its field, told where the list holds nothing
   // What the chosen row knows beside its first column: an expression that is not shown, and who is told.
   std::string along = {};
   std::function<void(const std::string&)> tell = {};

@@ -157,7 +157,8 @@ void FRMHLP::sayWhatCanBeDone() {
   if (!typedText.empty() && second.visible && second.text.empty())
     instead.push_back(words("Right = Look For It Under {column}", "column", words(second.label)));
   if (!typedText.empty()) instead.push_back(words("Backspace = Look For Less Of It"));
-  instead.push_back(words("Esc = Close The List"));
+  const std::string keys = lookup.keys.empty() ? "" : " :: " + words(lookup.keys);
+  instead.push_back(words("Esc = Close The List") + keys);
   host.hint(instead[0] + " :: " + instead[1]);
 }
 

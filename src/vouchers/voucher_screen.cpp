@@ -362,6 +362,7 @@ Go VoucherScreen::openLookup(const KeyLookup& by) {
   Lookup lookup = by.lookup;
   for (const KeyLookup::From from : by.binds)
     lookup.rows.values.emplace_back(from == KeyLookup::From::Book ? kind_.code : trimmed(kItem));
+  lookup.keys = here().hint;
   chosenUnit_.clear();
   lookup.tell = [this](const std::string& unit) { chosenUnit_ = unit; };
   const Go answer = lookUp(host, *this, here(), lookup);
