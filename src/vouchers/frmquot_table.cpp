@@ -45,7 +45,7 @@ const ScreenSpec& FRMQUOT::table() {
           {px(116), {{.name = "A", .width = part(1), .columns = {fit(), px(92), px(46), part(1)}},
                      {.name = "B", .width = part(1), .columns = {fit(), part(1)}}}},
           {px(150), {{.name = "D", .width = part(1), .columns = {fit(), part(1), fit(), part(1)}},
-                     {.name = "E", .width = px(420), .columns = {fit(), px(122), fit(), part(1)}}}}),
+                     {.name = "E", .width = px(420, 380), .columns = {fit(), px(122), fit(), part(1)}}}}),
       .controls = joined({{
           {.name = "Text1",      .index = 0,  .field = kNumber,            .column = "VOUCH_NO",    .holds = Figure,      .label = "Vouch No :",  .at = {.group = "A", .row = 0, .col = 1, .width = 92},  .tab = 8,  .limit = 8,   .keys = Number, .align = Right, .hint = "F1 = By Area :: F2 = By City :: F4 = By Amount"},
           {.name = "MaskEdBox1", .index = 0,  .field = kDate,              .column = "VOUCH_DT",    .holds = Holds::Date, .kind = Kind::Date, .label = "Date :", .at = {.group = "A", .row = 0, .col = 3, .width = 112}, .tab = 9, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},

@@ -50,10 +50,10 @@ ScreenSpec tableOf(const VoucherKind& kind) {
       .focusColour = 0xFFC0FF,
       .layout = voucherLayout(
           {px(116), {{.name = "A", .width = part(1.15, 350), .columns = {px(56), px(92), px(44), part(1)}},
-                     {.name = "B", .width = px(356),    .columns = {px(58), px(92), fit(), part(1)}},
+                     {.name = "B", .width = px(356, 286),    .columns = {px(58), px(92), fit(), part(1)}},
                      {.name = "C", .width = part(1, 250), .frame = Frame::Off}}},
-          {px(150), {{.name = "D", .width = part(1, 520), .columns = {fit(), px(44), part(1.15), fit(), part(1)}},
-                     {.name = "E", .width = px(506), .columns = {fit(), px(132), fit(), part(1)}}}}),
+          {px(150), {{.name = "D", .width = part(1), .columns = {fit(), px(44), part(1.15), fit(), part(1)}},
+                     {.name = "E", .width = px(506, 404), .columns = {fit(), px(132), fit(), part(1)}}}}),
       .controls = joined({{
           {.name = "Text1",      .index = 0,  .field = kNumber,        .column = "VOUCH_NO",   .holds = Figure,       .label = "V. No",     .at = {.group = "A", .row = 0, .col = 1, .width = 92},  .tab = 8,  .limit = 8,   .keys = Number, .align = Right, .hint = "F1 = By Bill No :: F4 = By Amount :: F8 = By Gstin"},
           {.name = "MaskEdBox1", .index = 0,  .field = kDate,          .column = "VOUCH_DT",   .holds = Holds::Date,  .kind = Kind::Date, .label = "Date", .at = {.group = "A", .row = 0, .col = 3, .width = 112}, .tab = 9, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},

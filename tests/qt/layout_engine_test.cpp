@@ -180,13 +180,13 @@ TEST_F(LayoutEngine, SmallWindowsNarrowColumnsToTheirLeastAndNoFurther) {
   small.small = true;
   const std::vector<GridColumn> columns{
       {.title = "A", .width = px(100, 60)},
-      {.title = "B", .width = part(1, 50)},
-      {.title = "C", .width = px(100, 90)},
+      {.title = "B",            .width = part(1,                50)},
+      {.title = "C",         .width = px(100)        },
   };
   const std::pair<int, std::vector<int>> rows[] = {
-      {300, {0, 100, 200, 300}},
-      {220, {0, 76, 126, 220} }, // 30 too few: the fixed ones give of their 40 and 10
-      {100, {0, 60, 110, 200} }, // what is beyond is scrolled to
+      {300, {0, 60, 200, 300}}, // what is spare goes to the part
+      {208, {0, 60, 110, 208}}, // the insets of C are closer
+      {100, {0, 60, 110, 206}}, // what is beyond is scrolled to
   };
   for (const auto& [room, edges] : rows) EXPECT_EQ(layout::columnEdges(columns, room, small), edges);
 }

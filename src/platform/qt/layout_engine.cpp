@@ -84,7 +84,9 @@ class Engine {
       lengths.push_back(g.width);
       if (m_.small) least.push_back(sizes_.leastWidth(g));
       const bool fits = g.width.unit == Length::Unit::Fit;
-      fixed.push_back(g.width.unit == Length::Unit::Part ? 0 : fits ? sizes_.fitWidth(g) : m_.px(g.width.n));
+      fixed.push_back(g.width.unit == Length::Unit::Part ? 0
+                      : fits                             ? sizes_.fitWidth(g)
+                                                         : sizes_.ownWidth(g));
     }
     const int gap = sizes_.groupGap(band);
     const int gaps = gap * static_cast<int>(band.groups.empty() ? 0 : band.groups.size() - 1);

@@ -127,9 +127,14 @@ std::vector<int> Sizes::leastColumns(const Group& g) const {
   return all;
 }
 
+int Sizes::ownWidth(const Group& g) const {
+  return m_.small && g.width.least >= 0 ? leastWidth(g) : m_.px(g.width.n);
+}
+
 int Sizes::leastWidth(const Group& g) const {
   const int border = 2 * m_.px(insetX(g));
-  if (g.width.least >= 0) return m_.px(g.width.least);
+  const bool isPx = g.width.unit == Length::Unit::Px;
+  if (g.width.least >= 0 && !isPx) return m_.px(g.width.least);
   if (ofLines(g)) {
     const Control* grid = gridNamed(g.columnsOf);
     return grid ? leastColumnsWidth(grid->grid.columns, m_, leftOut(screen_, *grid)) + 2 + m_.px(kLane) : 0;
@@ -154,7 +159,8 @@ int Sizes::leastWidth(const Group& g) const {
       own = std::max(own, (facts ? m_.px(kLeastFacts) : leastOf(c)) + label + border);
     }
   }
-  return g.width.unit == Length::Unit::Px ? std::min(own, m_.px(g.width.n)) : own;
+  if (isPx) own = std::clamp(own, m_.px(std::max(0.0, g.width.least)), m_.px(g.width.n));
+  return own;
 }
 
 int Sizes::leastWidth(const std::vector<Band>& bands) const {

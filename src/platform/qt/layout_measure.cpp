@@ -141,7 +141,9 @@ Widths widthsOf(const std::vector<GridColumn>& columns, const Measure& measure, 
     const bool isPx = l.unit == Length::Unit::Px || !anyPart, hidden = isPx && l.n <= 0;
     const int titled =
         hidden ? 0 : measure.width(words(columns[i].title), Style::Key) + 2 * measure.px(kCellInset);
-    const int own = l.unit == Length::Unit::Fit ? titled : isPx ? measure.px(l.n) : 0;
+    // What a small window has to spare goes to the names and descriptions.
+    const bool gives = measure.small && anyPart && l.least >= 0;
+    const int own = l.unit == Length::Unit::Fit ? titled : isPx ? measure.px(gives ? l.least : l.n) : 0;
     all.fixed.push_back(l.unit == Length::Unit::Part ? 0 : own);
     const int inset = measure.px(2 * (kCellInset.usual - kCellInset.small));
     // What stretches beside fixed columns is a name or a description.

@@ -63,6 +63,7 @@ class Sizes {
   int buttonWidth(const Control& c) const;
   int groupGap(const Band& band) const;
   int sumWidth(const Control& c) const;
+  int ownWidth(const Group& g) const;  // of a group that says its width
   int leastWidth(const Group& g) const;
   int leastWidth(const std::vector<Band>& bands) const;
   std::vector<int> leastColumns(const Group& g) const;
