@@ -61,7 +61,7 @@ class Surveyor : public Tourist {
       const bool ofWords = c.kind == Kind::Button || c.kind == Kind::Check ||
                            (c.kind == Kind::Label && c.text == c.spec->label && c.spec->at.rows == 1);
       if (ofWords && measure.width(layout::plainCaption(words), c.style) > box.width()) fault(c, "is cut");
-      if (c.kind == Kind::Grid && spot.rowHeight > 0) {
+      if (c.kind == Kind::Grid && spot.rowHeight > 0 && screen.spec.window != Window::Main) {
         const int heads = c.grid.heading && !spot.joined ? 1 : 0;
         const int rows = (box.height() - 2) / spot.rowHeight - heads;
         // The shell's list of what is due has one row.

@@ -37,7 +37,7 @@ inline constexpr Size kGap{6, 4}, kHeadGap{4, 2}, kRoomyGap{10, 4}, kColumnGap{8
 inline constexpr Size kDialogFrame{2, 2}, kDialogTitle{28, 26}, kBottomAnchor{120, 90};
 inline constexpr Size kPicture{0, 132};        // the height of a chart; 0 is that of its table
 inline constexpr double kFillingWidth = 1340;  // a dialog that takes all of 1366 takes all of any width
-inline constexpr int kLeastRows = 5;           // of a grid that stretches
+inline constexpr int kLeastRows = 5, kLeastRowsOfShell = 3;  // of a grid that stretches
 }  // namespace size
 
 // Whether a window is small, by the size of what is inside its frame.

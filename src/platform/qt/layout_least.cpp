@@ -34,7 +34,8 @@ double Sizes::leastHeight(const Group& g) const {
     const Control& c = *screen_.controls[i];
     if (c.kind == Kind::Picture) own = std::min(own, kLeastPicture);
     if (c.kind != Kind::Grid) continue;
-    const int rows = kLeastRows + (c.grid.heading && !isOfLines(c) ? 1 : 0);
+    const int least = screen_.spec.window == Window::Main ? kLeastRowsOfShell : kLeastRows;
+    const int rows = least + (c.grid.heading && !isOfLines(c) ? 1 : 0);
     own = std::max(own, rows * rowHeight(g) + 2 + 2 * insetY(g));
   }
   return own;

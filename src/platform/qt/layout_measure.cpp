@@ -24,15 +24,15 @@ double insetYOf(const Group& g, bool small) {
   return !framed(g) ? 0 : small ? kSmall : roomy(g) ? 11 : 8;
 }
 
-// Rows of fields stand close on a small window; rows of words keep what they have.
+// On a small window rows of fields stand close, and so do the words of a card.
 double pitchOf(const Group& g, bool small) {
-  constexpr double kMostOfFields = 40;
-  const bool fields = g.pitch >= kPitch.usual && g.pitch <= kMostOfFields;
-  return small && fields ? kPitch.small : g.pitch;
+  constexpr double kMostOfFields = 40, kOfCards = 24;
+  if (!small || g.pitch > kMostOfFields) return g.pitch;
+  return g.pitch >= kPitch.usual ? kPitch.small : framed(g) ? std::min(g.pitch, kOfCards) : g.pitch;
 }
 
 double cellHeightOf(const Group& g, bool small) {
-  return g.pitch >= kPitch.usual ? (small ? kField.small : kField.usual) : g.pitch;
+  return g.pitch >= kPitch.usual ? (small ? kField.small : kField.usual) : pitchOf(g, small);
 }
 
 }  // namespace
