@@ -60,7 +60,7 @@ void FRMCHLN::startNew() {
   focus(at(kDate));
 }
 
-// At rest a number shows its challan.
+// Back from printing a number shows its challan.
 Go FRMCHLN::voucherNumber() {
   if (trimmed(kNumber).empty()) return helpHere();
   if (entering() || mode == "DEL") return number();

@@ -230,11 +230,11 @@ void VoucherScreen::keepFreeName() {
   if (!misc || misc->name != name) put(kDetail, cut(name, at(kDetail).limit));
 }
 
-// Only while its item still stands in the field. The serials of the lines that remain do not
-// close up, and the totals wait for the next line that is stored, or for Save.
+// Only while its item still stands in the field: one typed over it is not dropped. The serials of the lines
+// that remain do not close up, and the totals wait for the next line that is stored, or for Save.
 void VoucherScreen::deleteLine() {
   const std::string item = trimmed(kItem);
-  if (item.empty() || !lines_->onRow()) return;
+  if (item.empty() || !lines_->onRow() || !sameText(item, lines_->row().text("ITEM_CD"))) return;
   const Row& line = lines_->row();
   data().exec("DELETE FROM " + kind_.tables.work + " WHERE VOUCH_NO = ? AND ITEM_CD = ? AND " +
                   kind_.tables.serial + " = ?",
