@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "frame/voucher_kinds.h"
+#include "platform/whole_file.h"
 #include "store/backup.h"
 #include "store/dictionary.h"
 #include "store/lock_file.h"
@@ -83,13 +84,29 @@ void ensureFolder(const fs::path& folder) {
 
 fs::path backupFolder(const std::string& named, const fs::path& program) {
   const std::string path = trim(named);
-  if (path.empty()) return program / kFolder;
+  if (path.empty() || path == ".") return program / kFolder;
   if (!isForeign(path)) return program / path;  // an absolute path stands by itself
   const auto parts = split(replaceAll(path, "\\", "/"), "/");
   const auto last = std::find_if(parts.rbegin(), parts.rend(), [](const std::string& part) {
     return !trim(part).empty() && part.find(':') == std::string::npos;
   });
   return program / (last == parts.rend() ? kFolder : upper(trim(*last)));
+}
+
+std::string folderRefusal(const fs::path& folder, std::uintmax_t bytes) {
+  constexpr std::uintmax_t kMegabyte = 1 << 20;
+  try {
+    ensureFolder(folder);
+    const std::uintmax_t free = fs::space(folder).available;
+    if (free < bytes)
+      return words("{folder} Has Room For {free} MB :: A Backup Needs {needed} MB", "folder", folder.string(),
+                   "free", std::to_string(free / kMegabyte), "needed", std::to_string(bytes / kMegabyte + 1));
+    WholeFile probe((folder / "probe.tmp").string());
+    probe.write(std::string(kMegabyte, ' '));
+    return {};
+  } catch (const std::exception& error) {
+    return words("{folder} Takes No Backup\r\n{why}", "folder", folder.string(), "why", words(error.what()));
+  }
 }
 
 std::vector<std::string> backupsOf(const fs::path& folder, const std::string& dataname) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -17,6 +18,10 @@ enum class BackupKind { Asked, Exit };
 // The folder that the settings name. A path that is foreign to the system (a drive letter where
 // there are none) means a folder of its last name in the program folder, none means BACKUP.
 std::filesystem::path backupFolder(const std::string& named, const std::filesystem::path& program);
+
+// Why no backup of so many bytes can be made there, in words; empty when one can. Makes the folder where
+// only its last part is missing.
+std::string folderRefusal(const std::filesystem::path& folder, std::uintmax_t bytes);
 
 // The names of the company-year's backups in the folder, the oldest first.
 std::vector<std::string> backupsOf(const std::filesystem::path& folder, const std::string& dataname);

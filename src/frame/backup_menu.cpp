@@ -1,6 +1,8 @@
 #include "frame/backup_menu.h"
 
+#include <algorithm>
 #include <optional>
+#include <vector>
 
 #include "base/text.h"
 #include "base/words.h"
@@ -8,6 +10,7 @@
 #include "frame/companies.h"
 #include "frame/routines.h"
 #include "frame/session.h"
+#include "frame/settings.h"
 #include "store/safe_file.h"
 
 namespace fs = std::filesystem;
@@ -16,25 +19,60 @@ namespace {
 
 constexpr const char* kDone = english("Mirav Information");
 constexpr const char* kConfirm = english("Mirav Confirmation Message");
-constexpr size_t kKeptOfExit = 10;
 
 fs::path folder() { return backupFolder(session().mbackuppath, session().mapppath); }
 
-// The copy's path, or nothing after a failure, which has been told.
-fs::path backUp(Host& host, BackupKind kind) {
-  fs::path copy;
+// None while no books are open.
+std::optional<fs::path> secondFolder() {
+  const Session& s = session();
+  const std::string named = s.cndata ? settingOf(*s.cndata, kSecondFolder) : "";
+  if (named.empty()) return {};
+  return backupFolder(named, s.mapppath);
+}
+
+// Where a folder on a disk that is not plugged in were made, the copy would land beside the disk.
+void requireFolder(const fs::path& second) {
+  std::error_code ignored;
+  if (!fs::is_directory(second, ignored))
+    throw DatabaseError(
+        DatabaseError::Kind::other, {},
+        words("{folder} Is Not There :: Is Its Disk Plugged In ?", "folder", second.string()));
+}
+
+// The copies that were made, in the first folder and in the second; each failure has been told.
+std::vector<fs::path> backUp(Host& host, BackupKind kind) {
+  std::vector<fs::path> made;
+  const std::string stamp = MakeStamp(host);
+  const auto makeIn = [&](const fs::path& place) {
+    made.push_back(makeBackup(data(), catalogue(), place, session().mdataname, stamp, kind));
+  };
+  if (const std::string failure = failureOf(host, [&] { makeIn(folder()); }); !failure.empty())
+    host.message(words("Backup Not Done\r\n{why}", "why", words(failure)), kMessageTitle);
+  const auto second = secondFolder();
+  if (!second) return made;
   const std::string failure = failureOf(host, [&] {
-    copy = makeBackup(data(), catalogue(), folder(), session().mdataname, MakeStamp(host), kind);
+    requireFolder(*second);
+    makeIn(*second);
   });
-  if (!failure.empty()) host.message(words("Backup Not Done\r\n{why}", "why", words(failure)), kMessageTitle);
-  return copy;
+  if (failure.empty()) return made;
+  std::string told = words("Second Backup Not Done\r\n{why}", "why", words(failure));
+  if (!made.empty()) told += "\r\n" + words("The First Stands In {folder}", "folder", folder().string());
+  host.message(told, kMessageTitle);
+  return made;
+}
+
+std::vector<fs::path> places() {
+  std::vector<fs::path> all{folder()};
+  if (const auto second = secondFolder()) all.push_back(*second);
+  all.emplace_back(session().mapppath);
+  return all;
 }
 
 // A bare name stands in the backup folder, or beside the books, where the replaced ones are.
 fs::path named(const std::string& typed) {
   fs::path name = typed.find('\\') == std::string::npos ? typed : typed.substr(typed.rfind('\\') + 1);
   if (!name.has_extension()) name += ".mdb";
-  for (const fs::path& place : {folder(), fs::path(session().mapppath)})
+  for (const fs::path& place : places())
     if (fileExists(place / name)) return place / name;
   return folder() / name;
 }
@@ -76,7 +114,9 @@ bool agreed(Host& host, const fs::path& file, const std::string& standing) {
 // were saved under.
 std::optional<fs::path> chosen(Host& host, const std::string& standing) {
   const Session& s = session();
-  const auto backups = backupsOf(folder(), s.mdataname);
+  std::vector<std::string> backups;
+  for (const fs::path& place : places())
+    if (backups.empty()) backups = backupsOf(place, s.mdataname);
   const auto given =
       host.input(words("Type Name Of Backup To Restore \r\nIn Place Of {books}", "books", s.mdbfile),
                  kConfirm, backups.empty() ? "" : backups.back());
@@ -105,16 +145,20 @@ Told exchange(Host& host, const fs::path& file) {
 }  // namespace
 
 bool backUpNow(Host& host) {
-  const fs::path copy = backUp(host, BackupKind::Asked);
-  if (copy.empty()) return false;
-  host.message(words("Backup Done\r\n{file}", "file", copy.string()), kDone);
+  const auto made = backUp(host, BackupKind::Asked);
+  if (made.empty()) return false;
+  std::vector<std::string> names;
+  for (const fs::path& copy : made) names.push_back(copy.string());
+  host.message(words("Backup Done\r\n{file}", "file", join(names, "\r\n")), kDone);
   return true;
 }
 
 void backUpAtExit(Host& host) {
   if (!session().mbackupflag) return;
-  const fs::path made = backUp(host, BackupKind::Exit);
-  if (!made.empty()) keepLatest(folder(), session().mdataname, kKeptOfExit, made);
+  const auto made = backUp(host, BackupKind::Exit);
+  const int kept = std::max(1, settingNumber(data(), kBackupsKept));
+  for (const fs::path& copy : made)
+    keepLatest(copy.parent_path(), session().mdataname, static_cast<size_t>(kept), copy);
 }
 
 bool restoreNow(Host& host) {

@@ -3,12 +3,13 @@
 #include "platform/host.h"
 
 // What the shell's entries "Backup" and "Restore" do on the session's company-year, and its
-// exit: each asks and tells, the rules stand in backup.h.
+// exit: each asks and tells, the rules stand in backup.h. Where the settings name a second folder each
+// backup is made there too; neither copy is lost by the other's failure.
 
-// False after a failure.
+// False when no copy could be made.
 bool backUpNow(Host& host);
 
-// When the settings say so, keeping the last ten. Only a failure is told.
+// When the settings say so, keeping as many as they say. Only a failure is told.
 void backUpAtExit(Host& host);
 
 // Asks which backup takes the place of the books. True when the company-year has been opened anew,

@@ -13,6 +13,7 @@
 #include "base/words.h"
 #include "frame/backup.h"
 #include "frame/session.h"
+#include "frame/settings.h"
 #include "store/dictionary.h"
 #include "store/lock_file.h"
 #include "store/safe_file.h"
@@ -90,20 +91,44 @@ void beginBooks(const fs::path& file, const CompanyYear& which, const fs::path& 
   if (!isCompanyYear(db)) throw DatabaseError(DatabaseError::Kind::notDatabase, from.filename().string(), {});
   const std::chrono::year first{static_cast<int>(Val(which.from))};
   Transaction all(db);
-  for (const auto& [row, date] :
-       {std::pair(211, Date(first / 4 / 1)), std::pair(212, Date((first + std::chrono::years(1)) / 3 / 31))})
-    db.passOver(kOlderBooks, "UPDATE SPSFILE SET VOUCH_DT = ? WHERE VOUCH_NO = ?", date, row);
+  db.passOver(kOlderBooks, [&] { StorePeriod(db, first / 4 / 1, (first + std::chrono::years(1)) / 3 / 31); });
   db.passOver(kOlderBooks, "UPDATE SPSFILE SET VOUCH_QTY = 1 WHERE VOUCH_NO = 234");
   all.commit();
 }
 
+// What the shop has set for its latest year before this one goes on.
+void takeLastSettings(const fs::path& making, const std::optional<fs::path>& before) {
+  if (!before || !fileExists(*before)) return;
+  try {
+    Database db, earlier;
+    earlier.open(*before, Access::readOnly);
+    db.open(making);
+    Transaction all(db);
+    takeSettings(db, earlier);
+    all.commit();
+  } catch (const DatabaseError& error) {
+    if (error.kind() == DatabaseError::Kind::full) throw;
+    logFailure("passed over: the settings are as delivered", error);
+  }
+}
+
 // A new copy that a crash has left is worth nothing; anything else may be somebody's books.
-void beginFile(const fs::path& file, const CompanyYear& which, const fs::path& from) {
+void beginFile(const fs::path& file, const CompanyYear& which, const fs::path& from,
+               const std::optional<fs::path>& before) {
   buildBeside(file, [&](const fs::path& making) {
     copyFile(from, making);
     beginBooks(making, which, from);
+    takeLastSettings(making, before);
     if (fileExists(file) && !sameBytes(making, file)) putAside(file);
   });
+}
+
+std::optional<fs::path> lastBooks(Database& catalogue, const fs::path& folder, const CompanyYear& wanted) {
+  std::optional<CompanyYear> last;
+  for (const CompanyYear& year : yearsOf(catalogue, wanted.code))
+    if (Val(year.from) < Val(wanted.from) && (!last || Val(year.from) > Val(last->from))) last = year;
+  if (!last) return {};
+  return dataFile(folder, *last);
 }
 
 Deletion mayGo(Database& catalogue, const CompanyYear& which) {
@@ -254,7 +279,7 @@ void createCompanyYear(Database& catalogue, const fs::path& folder, const Compan
     Transaction row(catalogue);
     if (companyYear(catalogue, wanted.code, wanted.from))
       throw DatabaseError(Kind::constraint, file.filename().string(), kTaken);
-    beginFile(file, wanted, templateFile(folder, by));
+    beginFile(file, wanted, templateFile(folder, by), lastBooks(catalogue, folder, wanted));
     made = true;
     catalogue.exec(
         "INSERT INTO compny (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"

@@ -135,6 +135,9 @@ inline constexpr FieldName kBranch{"branch"};
 inline constexpr FieldName kAccountNumber{"account_no"};
 inline constexpr FieldName kIfsc{"ifsc"};
 
+// Settings
+inline constexpr FieldName kSetting{"setting"};             // the value of the one under the cursor
+
 // Choice of designs
 inline constexpr FieldName kBillDesign{"bill_design"};
 inline constexpr FieldName kQuotationDesign{"quotation_design"};

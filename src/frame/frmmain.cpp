@@ -159,8 +159,6 @@ void frmmain::opened(const Opening&) { readCompany(); }
 void frmmain::readCompany() {
   Session& s = session();
   seed();
-  panels[0] = periodPanel(s);
-  caption = shellCaption(s);
   passOver(host, [&] { loadCompanyDetails(s); });
 }
 
@@ -179,7 +177,10 @@ void frmmain::seed() {
     if (CheckTable(seed.table)) passOver(host, seed.add);
 }
 
+// The company's name and its period may have been changed meanwhile.
 void frmmain::activated() {
+  panels[0] = periodPanel(session());
+  caption = shellCaption(session());
   // The shell stands whatever its figures do.
   passOver(host, [this] { showGlance(); });
   if (!std::exchange(standing_, true) && at("Due").enabled) focus(at("Due"));
@@ -323,9 +324,7 @@ void frmmain::toolChosen(const ToolEntry& entry) {
   if (const Command* command = commandOf(entry)) carryOut(host, *command);
 }
 
-void frmmain::period() {
-  ShowHint(host, "The A/c Period Is That Of The Company :: Another Year Opens From Company Selection");
-}
+void frmmain::period() { run("period"); }
 
 void frmmain::restore() {
   if (!restoreNow(host)) return;

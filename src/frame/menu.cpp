@@ -66,6 +66,8 @@ constexpr Command kCommands[] = {
     {.menu = "mnuutils", .caption = "Posting",                      .control = "UTIL1", .index = 0,     .key = "posting",  .screen = "FRMPOST"},
     {.menu = "mnuutils", .caption = "Company Details Set",          .control = "UTIL1", .index = 1,     .key = "acc_set",  .screen = "stngs"},
     {.menu = "mnuutils", .caption = "Voucher Format Set",           .control = "UTIL1", .index = 6,     .key = "formats",  .screen = "VSETFRM"},
+    {.menu = "mnuutils", .caption = "Settings",                     .control = "mnusettings",           .key = "settings", .screen = "frmsettings"},
+    {.menu = "mnuutils", .caption = "Accounting Period",            .control = "mnuperiod",             .key = "period",   .screen = "frmperiod"},
     {.menu = "mnuutils", .caption = "Video Training",               .control = "mnuvideotrning",        .key = "training", .link = &Links::videoTraining},
     {.menu = "mnuutils", .caption = "Training Book Pdf",            .control = "mnutrngbkpdf",          .key = "book",     .link = &Links::trainingBook},
     {.menu = "mnuutils", .caption = "Update Software",              .control = "mnupdtsoft",            .key = "software", .link = &Links::softwareUpdate},

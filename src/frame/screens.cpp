@@ -2,6 +2,8 @@
 
 #include "frame/frmcomp.h"
 #include "frame/frmmain.h"
+#include "frame/frmperiod.h"
+#include "frame/frmsettings.h"
 #include "frame/frmstartup.h"
 #include "frame/stngs.h"
 #include "frame/update_database.h"
@@ -10,6 +12,8 @@ void addFrameScreens(Screens& screens) {
   screens.add<FRMCOMP>("FRMCOMP");
   screens.add<frmStartup>("frmStartup");
   screens.add<frmmain>("frmmain");
+  screens.add<frmperiod>("frmperiod");
+  screens.add<frmsettings>("frmsettings");
   screens.add<stngs>("stngs");
   screens.add<UpdateDatabase>("struct");
 }

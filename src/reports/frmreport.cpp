@@ -7,6 +7,7 @@
 #include "base/words.h"
 #include "frame/lookup.h"
 #include "frame/session.h"
+#include "frame/settings.h"
 #include "frame/voucher_opening.h"
 #include "reports/report_layout.h"
 #include "reports/reports.h"
@@ -230,7 +231,7 @@ bool frmreport::asks(ReportQuestion::When when) const {
 
 // A report that is read anew is read as it was.
 bool frmreport::answer() {
-  if (!answer_) answer_ = host.ask(report_->question->asked);
+  if (!answer_) answer_ = askUnlessSet(host, report_->question->setting, report_->question->asked);
   return *answer_;
 }
 

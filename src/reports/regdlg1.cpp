@@ -9,6 +9,7 @@
 #include "frame/lookup.h"
 #include "frame/menu.h"
 #include "frame/session.h"
+#include "frame/settings.h"
 #include "frame/voucher_opening.h"
 
 // A statement in the grid.
@@ -187,10 +188,11 @@ Go regdlg1::date() {
 
 void regdlg1::show() {
   if (!checkedPeriod()) return;
-  narration_ = !host.ask({.text = english("Without NARRATION"),
-                          .title = kConfirm,
-                          .yes = english("&Yes, Without"),
-                          .no = english("&No, With It")});
+  narration_ = !askUnlessSet(host, kLedgerNarration,
+                             {.text = english("Without NARRATION"),
+                              .title = kConfirm,
+                              .yes = english("&Yes, Without"),
+                              .no = english("&No, With It")});
   showStatement();
 }
 
@@ -278,10 +280,11 @@ void regdlg1::handOver(const GridTarget& target) {
   if (!period || (shown_ && !standsAsShown())) return;
   set(at("Label10"), "");
   const bool asks = !isT() && (target.onPaper || &target == &kToPdf);
-  const bool without = asks && host.ask({.text = english("Without Voucher No."),
-                                         .title = kConfirm,
-                                         .yes = english("&Yes, Without"),
-                                         .no = english("&No, With It")});
+  const bool without = asks && askUnlessSet(host, kLedgerNumbers,
+                                            {.text = english("Without Voucher No."),
+                                             .title = kConfirm,
+                                             .yes = english("&Yes, Without"),
+                                             .no = english("&No, With It")});
   target.send(host, ledgerOutput(key_, shown_, target, {caption, period->from, period->to}, without));
 }
 

@@ -132,6 +132,7 @@ inline constexpr const char* kReportQuestion = english("Mirav Confirmation");
 struct ReportQuestion {
   // First: the answer goes into the query. WithRows: only when there are rows; No drops the details.
   enum class When { First, WithRows } when = When::First;
+  std::string_view setting;  // that may have answered it
   Question asked;
 };
 

@@ -1,5 +1,6 @@
 #include "base/number.h"
 #include "base/words.h"
+#include "frame/settings.h"
 #include "reports/balances.h"
 #include "reports/reports.h"
 #include "store/groups.h"
@@ -204,16 +205,19 @@ const Report& categoryList() {
 }
 
 const Report& priceList() {
+  static const ReportQuestion parts{
+      .setting = kPriceListParts,
+      .asked = {.text = english("Continious Print = No\r\nCategory Wise Print = Yes"),
+                .title = kReportQuestion,
+                .yes = english("&Yes, Category Wise"),
+                .no = english("&No, Continuous")},
+  };
   static const Report report{
       .key = "priclstprn",
       .caption = "Price List PRINT",
-      .fields = {kItem,      kCategory, kSalesman},
+      .fields = {kItem, kCategory, kSalesman},
       .salesmanLabel = english("For Size"),
-      .question =
-          ReportQuestion{.asked = {.text = english("Continious Print = No\r\nCategory Wise Print = Yes"),
-                                   .title = kReportQuestion,
-                                   .yes = english("&Yes, Category Wise"),
-                                   .no = english("&No, Continuous")}},
+      .question = parts,
       .video = &Links::priceListVideo,
       .plan = planPrices,
   };

@@ -1,5 +1,6 @@
 #include "base/pattern.h"
 #include "base/words.h"
+#include "frame/settings.h"
 #include "reports/charts.h"
 #include "reports/outstanding.h"
 #include "reports/reports.h"
@@ -89,6 +90,7 @@ Chart chartOutstanding(Database& db, const TypedRows&) { return largestOutstandi
 
 const ReportQuestion kFills{
     .when = ReportQuestion::When::WithRows,
+    .setting = kOutstandingBills,
     .asked = {.text = english("Party Summary Only = No\nRegular Report WIth Bill Detail = Yes"),
               .title = kReportQuestion,
               .yes = english("&Yes, Bill Detail"),

@@ -138,13 +138,15 @@ constexpr Because kSeeds{"a seed that cannot be stored is tried again at the nex
 
 void passOver(Database& db, const std::function<void()>& work) { db.passOver(kSeeds, work); }
 
+constexpr SettingRow kFirstDay{211, "FRDT", "A/c Start Date"}, kLastDay{212, "TODT", "A/c End Date"};
+
 void ensurePeriod(Database& db, Settings& settings) {
   passOver(db, [&] {
-    const auto row = settingOrAdd(db, {211, "FRDT", "A/c Start Date"}, settings.mstartdt);
+    const auto row = settingOrAdd(db, kFirstDay, settings.mstartdt);
     if (row) settings.mstartdt = row->date("VOUCH_DT").value_or(settings.mstartdt);
   });
   passOver(db, [&] {
-    const auto row = settingOrAdd(db, {212, "TODT", "A/c End Date"}, 2034y / 3 / 31);
+    const auto row = settingOrAdd(db, kLastDay, 2034y / 3 / 31);
     if (row && !row->text("VOUCH_CD").empty())
       settings.menddt = row->date("VOUCH_DT").value_or(settings.menddt);
   });
@@ -197,6 +199,13 @@ void EnsureSettings(Database& db, Settings& settings) {
 
 bool isSeededAccount(std::string_view code) {
   return std::ranges::any_of(accounts, [&](const Account& account) { return sameText(code, account.code); });
+}
+
+void StorePeriod(Database& db, Date first, Date last) {
+  for (const auto& [row, date] : {std::pair(kFirstDay, first), std::pair(kLastDay, last)})
+    // The last day is read from a row with a code alone.
+    if (settingOrAdd(db, row, date))
+      db.exec("UPDATE SPSFILE SET VOUCH_DT = ?, VOUCH_CD = ? WHERE VOUCH_NO = ?", date, row.code, row.number);
 }
 
 void EnsureAccounts(Database& db) {

@@ -29,6 +29,8 @@ struct Settings {
 // Reads the settings, adding the missing rows with their seed. The start date of the period is
 // read into new rows as it stands at that moment.
 void EnsureSettings(Database& db, Settings& settings);
+// The first and last day into their rows. Raises DatabaseError.
+void StorePeriod(Database& db, Date first, Date last);
 void EnsureAccounts(Database& db);
 bool isSeededAccount(std::string_view code);
 // Group 33 and any group named "INDIRECT EXPENSES" are deleted and added again each time.

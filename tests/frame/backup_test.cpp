@@ -8,6 +8,7 @@
 #include "base/number.h"
 #include "frame/frmstartup.h"
 #include "frame/routines.h"
+#include "frame/settings.h"
 #include "frame_fixture.h"
 #include "full_disk.h"
 #include "store/row_writer.h"
@@ -257,6 +258,7 @@ TEST_F(Backups, AFailureIsToldAndNothingIsLost) {
   };
   {
     const FullDisk full;
+    EXPECT_NE(folderRefusal(keep_, 0), "");
     host_.choose("mnubackup");
     EXPECT_EQ(host_.lastMessage().substr(0, 17), "Backup Not Done\r\n");
     restoreFails("cannot be read or written: the disk reports an error");
@@ -273,11 +275,46 @@ TEST_F(Backups, AFailureIsToldAndNothingIsLost) {
   EXPECT_EQ(names(folder_.path()), mine);
   EXPECT_EQ(bills(), 2);
 
+  EXPECT_EQ(folderRefusal(keep_, 0), "");
+  EXPECT_NE(folderRefusal(keep_, UINTMAX_MAX).find(" Has Room For "), std::string::npos);
+
   session().mbackuppath = (folder_ / "FILE").string();
   std::ofstream(folder_ / "FILE") << "x";
   host_.choose("mnubackup");
   EXPECT_EQ(host_.lastMessage(),
             "Backup Not Done\r\n" + (folder_ / "FILE").string() + " is a file and no folder.");
+}
+
+TEST_F(Backups, OneFolderThatFailsCostsNothingInTheOther) {
+  const fs::path stick = folder_ / "stick";
+  storeSetting(data(), kBackupsKept, 2);
+  data().exec("INSERT INTO SPSFILE (VOUCH_NO, VOUCH_CD, VOUCH_NM) VALUES (9002, 'SECOND', ?)",
+              stick.string());
+  host_.choose("mnubackup");
+  ASSERT_EQ(host_.messages.size(), 2u);
+  EXPECT_EQ(host_.messages[0].text, "Second Backup Not Done\r\n" + stick.string() +
+                                        " Is Not There :: Is Its Disk Plugged In ?\r\nThe First Stands In " +
+                                        keep_.string());
+  EXPECT_EQ(host_.lastMessage(), "Backup Done\r\n" + (keep_ / "M00125_260615_1030.mdb").string());
+  EXPECT_FALSE(fs::exists(stick)) << "the copy would lie beside the disk";
+
+  fs::create_directory(stick);
+  std::ofstream(folder_ / "FILE") << "x";
+  session().mbackuppath = (folder_ / "FILE").string();
+  host_.choose("mnubackup");
+  EXPECT_EQ(host_.lastMessage(), "Backup Done\r\n" + (stick / "M00125_260615_1030.mdb").string());
+  for (const fs::path& place : {keep_, stick})
+    for (int day = 1; day <= 3; ++day)
+      std::ofstream(place / ("M00125_26060" + std::to_string(day) + "_1830_exit.mdb")) << "x";
+  session().mbackuppath = keep_.string();
+  session().mbackupflag = true;
+  host_.answers = {true};
+  host_.choose("mnuexit");
+  for (const fs::path& place : {keep_, stick})
+    EXPECT_EQ(backupsOf(place, "M00125"),
+              (std::vector<std::string>{"M00125_260603_1830_exit.mdb", "M00125_260615_1030.mdb",
+                                        "M00125_260615_1030_exit.mdb"}))
+        << place;
 }
 
 TEST_F(Backups, OfTheExitAreSilentAndTheLastTenStay) {

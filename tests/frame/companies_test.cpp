@@ -6,6 +6,7 @@
 #include <set>
 
 #include "frame/backup.h"
+#include "frame/settings.h"
 #include "frame_fixture.h"
 #include "killed.h"
 #include "store/dictionary.h"
@@ -66,6 +67,18 @@ TEST_F(Companies, GetTheCodeAfterThatOfTheLastRow) {
   catalogue_.exec("DELETE FROM compny");
   EXPECT_EQ(nextCompanyCode(catalogue_), "M001");
   EXPECT_EQ(dataStem(" M0100 ", " 2005 "), "M010005");
+}
+
+TEST_F(Companies, GoOnWithWhatTheYearBeforeHasSet) {
+  Database earlier;
+  earlier.open(folder_ / "M00125.mdb");
+  storeSetting(earlier, kBackupsKept, 30);
+  storeSetting(earlier, kExitBackup, 0);
+  earlier.close();
+  createCompanyYear(catalogue_, folder_.path(), {"M001", "SHREE TRADERS", "2026"}, CreateBy::Button, "");
+  Database db;
+  db.open(folder_ / "M00126.mdb");
+  EXPECT_EQ(settingOf(db, kBackupsKept) + settingOf(db, kExitBackup) + settingOf(db, kOneUnit), "3010");
 }
 
 TEST_F(Companies, LeaveNeitherRowNorFileBehindWhenOneOfThemCannotBeMade) {

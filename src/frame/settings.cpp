@@ -1,0 +1,95 @@
+#include "frame/settings.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "base/words.h"
+#include "frame/session.h"
+
+namespace {
+
+using How = Setting::Kind;
+
+constexpr const char* kYesNo[] = {english("No"), english("Yes")};
+constexpr const char* kNumbers[] = {english("Ask Each Time"), english("Leave Them Out"),
+                                    english("Print Them")};
+constexpr const char* kNarration[] = {english("Ask Each Time"), english("Leave It Out"), english("Show It")};
+constexpr const char* kParts[] = {english("Ask Each Time"), english("Category By Category"),
+                                  english("In One List")};
+constexpr const char* kDetail[] = {english("Ask Each Time"), english("With The Bills"),
+                                   english("Parties Alone")};
+constexpr const char* kUnits[] = {english("Asked At Database Check"), english("One For Each Item"),
+                                  english("As Many As Needed")};
+
+constexpr const char *kBackup = english("Backup"), *kPrint = english("Before Print"),
+                     *kBooks = english("Books");
+
+// clang-format off
+constexpr Setting kSettings[] = {
+    {kExitBackup,       234,  How::YesNo,  "0",           kBackup, english("Backup at the exit"),         english("A copy of these books is made whenever the program is left"), kYesNo},
+    {kBackupsKept,      9001, How::Count,  "10",          kBackup, english("Backups of the exit kept"),   english("Older ones go; those asked for by hand stay"), {}, 999},
+    {kBackupFolder,     234,  How::Folder, "D:\\BACKUP", kBackup, english("Folder of the backups"),      english("A path of another system means a folder beside the program")},
+    {kSecondFolder,     9002, How::Folder, "",            kBackup, english("Second folder"),              english("Each backup is made there too; best on a stick or another disk")},
+
+    {kLedgerNumbers,    9003, How::Choice, "0",           kPrint,  english("Ledger: voucher numbers"),    english("What the ledger asks before it goes on paper"), kNumbers},
+    {kLedgerNarration,  9004, How::Choice, "0",           kPrint,  english("Ledger: narration"),          english("What the ledger asks before it is shown"), kNarration},
+    {kPriceListParts,   9005, How::Choice, "0",           kPrint,  english("Price list: parts"),          english("What the price list asks before it is shown"), kParts},
+    {kOutstandingBills, 9006, How::Choice, "0",           kPrint,  english("Outstanding list: bills"),    english("What the outstanding list asks before it is shown"), kDetail},
+
+    {kOneUnit,          9007, How::Choice, "0",           kBooks,  english("Units of an item"),           english("With one for each item the books refuse a second; set by Database Check"), kUnits},
+};
+// clang-format on
+
+const Setting& settingBy(std::string_view key) {
+  const auto* const found = std::ranges::find(kSettings, key, &Setting::key);
+  if (found == std::end(kSettings)) throw std::logic_error("no setting " + std::string(key));
+  return *found;
+}
+
+std::string columnOf(const Setting& setting) {
+  return setting.kind == How::Folder ? "VOUCH_NM" : "VOUCH_QTY";
+}
+
+}  // namespace
+
+std::span<const Setting> settings() { return kSettings; }
+
+std::string settingOf(Database& db, const Setting& setting) {
+  std::string value;
+  db.passOver(kOlderBooks, [&] {
+    value = trim(db.text("SELECT " + columnOf(setting) + " FROM SPSFILE WHERE VOUCH_NO = ?", setting.row));
+  });
+  if (value.empty() || value == ".") return std::string(setting.standard);
+  return setting.kind == How::Folder ? value : numText(Val(value));
+}
+
+std::string settingOf(Database& db, std::string_view key) { return settingOf(db, settingBy(key)); }
+
+int settingNumber(Database& db, std::string_view key) { return toInt(Val(settingOf(db, key))); }
+
+void storeSetting(Database& db, const Setting& setting, const std::string& value) {
+  const Value stored = setting.kind == How::Folder ? Value(value) : Value(Val(value));
+  if (db.exec("UPDATE SPSFILE SET " + columnOf(setting) + " = ? WHERE VOUCH_NO = ?", stored, setting.row) > 0)
+    return;
+  db.exec("INSERT INTO SPSFILE (VOUCH_NO, VOUCH_CD, VOUCH_QTY, VOUCH_AMT, VOUCH_FLAG) VALUES (?, ?, 0, 0, 0)",
+          setting.row, setting.key);
+  db.exec("UPDATE SPSFILE SET " + columnOf(setting) + " = ? WHERE VOUCH_NO = ?", stored, setting.row);
+}
+
+void storeSetting(Database& db, std::string_view key, int value) {
+  storeSetting(db, settingBy(key), std::to_string(value));
+}
+
+void takeSettings(Database& db, Database& earlier) {
+  for (const Setting& setting : kSettings) {
+    const std::string value = settingOf(earlier, setting);
+    if (setting.key != kExitBackup && value != setting.standard) storeSetting(db, setting, value);
+  }
+}
+
+bool askUnlessSet(Host& host, std::string_view key, const Question& question) {
+  const int answer = settingNumber(data(), key);
+  return answer == 0 ? host.ask(question) : answer == 1;
+}
