@@ -4,10 +4,13 @@
 #include "frame/backup_menu.h"
 #include "frame/books_check.h"
 #include "frame/session.h"
+#include "frame/settings.h"
 #include "store/dictionary.h"
 #include "store/update.h"
 
 namespace {
+
+constexpr int kOne = 1, kMany = 2;  // of the setting
 
 const ScreenSpec& updateTable() {
   // clang-format off
@@ -51,8 +54,12 @@ void UpdateDatabase::update() {
     return;
   }
   if (!backUpNow(host)) return;
+  const bool oneUnit = wantsOneUnit();
   std::vector<std::string> withoutKey;
-  run([&] { withoutKey = work(); });
+  run([&] {
+    withoutKey = work(oneUnit);
+    storeSetting(data(), kOneUnit, oneUnit ? kOne : kMany);
+  });
   for (const std::string& table : withoutKey)
     host.message(words("PRIMARY KEY NOT SET FOR {table}  TABLE", "table", table), kMessageTitle);
   tell("");
@@ -61,8 +68,27 @@ void UpdateDatabase::update() {
   tellDisagreement(host, data());
 }
 
+// Asked, or told, once: then the settings know it.
+bool UpdateDatabase::wantsOneUnit() {
+  const int set = settingNumber(data(), kOneUnit);
+  const bool several = hasSeveralUnits(data());
+  if (set == kMany || (set == kOne && !several)) return set == kOne;
+  if (several)
+    host.message(english("Items Of These Books Have Several Units\r\n"
+                         "So The Table ITEMDTL Has No Key :: Nothing Is Wrong, And No Figure Changes"),
+                 kMessageTitle);
+  else
+    return host.ask(
+        {.text = english("Every Item Has One Unit\r\nShall These Books Refuse A Second Unit For An Item ?"),
+         .title = kQuestionTitle,
+         .yes = english("&Refuse It"),
+         .no = english("&Allow It"),
+         .loses = true});
+  return false;
+}
+
 // The tables that have their rows but not the key of the dictionary.
-std::vector<std::string> UpdateDatabase::work() {
+std::vector<std::string> UpdateDatabase::work(bool oneUnit) {
   const Session& s = session();
   const Moment now = host.now();
   const UpdateFacts facts{
@@ -73,6 +99,7 @@ std::vector<std::string> UpdateDatabase::work() {
       .mobile = s.mmobile,
       .dataname = s.mdataname,
       .repair = {.periodStart = s.mstartdt, .timeOfDay = formatTime(now, "HH:MM")},
+      .oneUnit = oneUnit,
   };
   return updateDatabase(
       data(), facts, [this](std::string_view what) { tell(words("Updating {what}", "what", words(what))); });

@@ -13,5 +13,6 @@ class UpdateDatabase : public ProgressDialog {
 
  private:
   void update();
-  std::vector<std::string> work();
+  bool wantsOneUnit();
+  std::vector<std::string> work(bool oneUnit);
 };

@@ -14,6 +14,9 @@ struct TableKey {
   std::string_view columns;
 };
 
+// Its key allows an item one unit alone, so that new books go without.
+inline constexpr std::string_view kUnitsTable = "ITEMDTL";
+
 // In the order in which an update adds them.
 std::span<const TableKey> tableKeys();
 std::string keyName(std::string_view table);

@@ -82,9 +82,8 @@ void fillCompanyDatabase(Database& db) {
   CreateDropList(db);
   SeedDictionary(db);
   ApplyDictionary(db);
-  // ITEMDTL goes without its key: an item may have several sizes.
   for (const auto& key : tableKeys())
-    if (key.table != "ITEMDTL") (void)addKey(db, key);  // empty tables hold no key twice
+    if (key.table != kUnitsTable) (void)addKey(db, key);  // empty tables hold no key twice
   EnsureIndexes(db);
   RemakeViews(db);
 

@@ -47,17 +47,28 @@ void writeCompany(Database& db, const UpdateFacts& f) {
               f.companyCode, f.companyName, f.fromYear, f.toYear, f.mobile, f.dataname);
 }
 
-std::vector<std::string> remakeKeys(Database& db) {
+std::vector<std::string> remakeKeys(Database& db, bool oneUnit) {
   removeDoubles(db);
   dropKeys(db);
   std::vector<std::string> failed;
-  for (const TableKey& key : tableKeys())
+  for (const TableKey& key : tableKeys()) {
+    if (key.table == kUnitsTable && (!oneUnit || hasSeveralUnits(db))) continue;
     if (!addKey(db, key)) failed.emplace_back(key.table);
+  }
   EnsureIndexes(db);
   return failed;
 }
 
 }  // namespace
+
+bool hasSeveralUnits(Database& db) {
+  bool several = false;
+  db.passOver(kOlderBooks, [&] {
+    several = db.first("SELECT 1 FROM main.ITEMDTL GROUP BY ITEM_CD HAVING COUNT(DISTINCT SIZE_CD) > 1")
+                  .has_value();
+  });
+  return several;
+}
 
 std::vector<std::string> updateDatabase(Database& db, const UpdateFacts& facts,
                                         const UpdateProgress& progress) {
@@ -74,7 +85,7 @@ std::vector<std::string> updateDatabase(Database& db, const UpdateFacts& facts,
   step(english("Print Designs"), [&] { EnsureDesigns(db); });
   step(english("Data"), [&] { repairRows(db, facts.repair); });
   step(english("Company"), [&] { writeCompany(db, facts); });
-  step(english("Keys"), [&] { withoutKey = remakeKeys(db); });
+  step(english("Keys"), [&] { withoutKey = remakeKeys(db, facts.oneUnit); });
   stampShape(db);
   step(english("Writing To The Disk"), [&] { all.commit(); });
   RemakeWorkTables(db);

@@ -17,10 +17,15 @@
 struct UpdateFacts {
   std::string companyCode, companyName, fromYear, toYear, mobile, dataname;
   RepairFacts repair;
+  bool oneUnit = false;  // the shop wants its books to refuse a second unit for an item
 };
 
 using UpdateProgress = std::function<void(std::string_view words)>;
 
-// The tables whose key could not be made, since rows of theirs share it.
+// Whether an item has several, which the key of ITEMDTL would forbid.
+bool hasSeveralUnits(Database& db);
+
+// The tables whose key could not be made, since rows of theirs share it. That of ITEMDTL is left out
+// unless it is wanted and no item has several units.
 std::vector<std::string> updateDatabase(Database& db, const UpdateFacts& facts,
                                         const UpdateProgress& progress = {});

@@ -19,12 +19,27 @@ TEST_F(FrameTest, TheUpdateBacksUpFirstAndSaysWhatCameOfIt) {
   ASSERT_EQ(host_.messages.size(), 3u);
   EXPECT_EQ(host_.messages[0].text.substr(0, 13), "Backup Done\r\n");
   EXPECT_TRUE(fs::exists(host_.messages[0].text.substr(13)));
-  EXPECT_EQ(host_.messages[1].text, "PRIMARY KEY NOT SET FOR ITEMDTL  TABLE");
+  EXPECT_NE(host_.messages[1].text.find("Nothing Is Wrong"), std::string::npos);
   EXPECT_EQ(host_.messages[2].text, "SUCCESS");
   EXPECT_EQ(host_.onTop(), "frmmain");
   EXPECT_FALSE(host_.isBusy);
   EXPECT_TRUE(data().columns("OLD_LIST").empty());
   EXPECT_EQ(data().number("SELECT COUNT(*) FROM ACCOUNT WHERE PERSON_NM IS NULL"), 0);
+
+  // It is told once; and where every item has one unit, the key is asked for once.
+  const auto check = [&] {
+    host_.messages.clear();
+    host_.choose("struct");
+    host_.enter();
+    return host_.messages.size();
+  };
+  EXPECT_EQ(check(), 2u);
+  EXPECT_EQ(data().number("SELECT COUNT(*) FROM main.sqlite_master WHERE name = 'ITEMDTL_KEY'"), 0);
+  data().exec("DELETE FROM ITEMDTL WHERE SIZE_CD = 'BOX'");
+  data().exec("DELETE FROM SPSFILE WHERE VOUCH_CD = 'ONEUNIT'");
+  host_.answers = {true};
+  EXPECT_EQ(check() + check(), 4u);
+  EXPECT_THROW(data().exec("INSERT INTO ITEMDTL (ITEM_CD, SIZE_CD) VALUES ('MISC', 'BOX')"), DatabaseError);
 }
 
 TEST_F(FrameTest, WithoutABackupThereIsNoUpdate) {
