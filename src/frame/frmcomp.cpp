@@ -322,7 +322,8 @@ void FRMCOMP::openTyped() {
     if (!refusal.empty()) return;
   }
   okpressed_ = true;
-  host.open("frmStartup");
+  const bool made = made_ && sameText(made_->code, which.code) && made_->from == which.from;
+  host.open("frmStartup", {.value = made ? which.name : ""});
   host.close(*this);
 }
 
@@ -361,10 +362,11 @@ bool FRMCOMP::create(CreateBy by) {
     clearFields();
     return false;
   }
-  const CompanyYear made{wanted.code, wanted.name, wanted.from, text(kToYear)};
+  const CompanyYear made{wanted.code, wanted.name, trim(wanted.from), text(kToYear)};
+  made_ = made;
   search("");
   for (size_t i = 0; i < rows_.size(); ++i)
-    if (sameText(rows_[i].code, made.code) && rows_[i].from == trim(made.from)) at("lst").grid.moveTo(i);
+    if (sameText(rows_[i].code, made.code) && rows_[i].from == made.from) at("lst").grid.moveTo(i);
   take(made);
   return true;
 }

@@ -41,7 +41,8 @@ class FRMCOMP : public Screen {
   void openTyped();
   bool create(CreateBy by);
 
-  bool newcomp_ = false;    // from "Create New Company" to the end of the creation
-  bool okpressed_ = false;  // a company-year has been opened
+  bool newcomp_ = false;             // from "Create New Company" to the end of the creation
+  bool okpressed_ = false;           // a company-year has been opened
+  std::optional<CompanyYear> made_;  // created last; its details follow when it is opened
   std::vector<CompanyYear> rows_;
 };

@@ -82,7 +82,8 @@ frmStartup::frmStartup(Host& h) : Screen(h, ::spec()) {
   at("Bar").maximum = kSteps;
 }
 
-void frmStartup::opened(const Opening&) {
+void frmStartup::opened(const Opening& opening) {
+  newCompany_ = opening.value;
   anchor = Anchor::Centre;
   host.hint("");
 }
@@ -102,5 +103,6 @@ void frmStartup::open() {
   runOpeningRoutines(host);
   host.open("frmmain");
   host.close(*this);
+  if (!newCompany_.empty()) host.open("stngs", {.value = newCompany_});
   host.busy(false);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "platform/host.h"
@@ -15,7 +16,8 @@ void runOpeningRoutines(Host& host);
 // The same at a clean end, so that the next opening has nothing to do. A failure is left to that.
 void settleAtEnd(Host& host);
 
-// The splash between the choice of a company-year and the shell.
+// The splash between the choice of a company-year and the shell; opened with the name of a company that
+// was just created.
 class frmStartup : public Screen {
  public:
   explicit frmStartup(Host& host);
@@ -24,4 +26,6 @@ class frmStartup : public Screen {
 
  private:
   void open();
+
+  std::string newCompany_;  // whose details follow
 };

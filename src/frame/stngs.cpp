@@ -67,6 +67,8 @@ stngs::stngs(Host& h) : ChildScreen(h, ::spec()) {
 void stngs::opened(const Opening& opening) {
   ChildScreen::opened(opening);
   load();
+  if (trimmed(kCompany).empty()) put(kCompany, opening.value);
+  takeAsShown();
   focus(at(kCompany));
 }
 
@@ -95,12 +97,7 @@ void stngs::save() {
     focus(at(kCompany));
     return;
   }
-  Session& s = session();
-  saveCompanyDetails(s, writtenFields(Part::Head));
-  if (Screen* const shell = host.find("frmmain")) {
-    shell->caption = shellCaption(s);
-    shell->panels[0] = periodPanel(s);
-  }
+  saveCompanyDetails(session(), writtenFields(Part::Head));
   closeUnasked();
 }
 

@@ -2,7 +2,8 @@
 
 #include "frame/child_screen.h"
 
-// "Company Details": the one row of COMP_DET, with which every printed document heads.
+// "Company Details": the one row of COMP_DET, with which every printed document heads. For a
+// company that was just created it is opened with its name.
 class stngs : public ChildScreen {
  public:
   explicit stngs(Host& host);
