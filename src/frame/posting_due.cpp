@@ -1,7 +1,9 @@
 #include "frame/posting_due.h"
 
 #include <set>
+#include <vector>
 
+#include "base/text.h"
 #include "store/alter.h"
 #include "store/dictionary.h"
 
@@ -9,19 +11,18 @@ namespace {
 
 constexpr const char* kTable = "DELETED";
 
-// True of a row D of DELETED whose number no voucher bears now.
-std::string noVoucher() {
+}  // namespace
+
+std::string withoutVoucher(const std::string& row) {
   std::set<std::string> heads;
   for (const VoucherKind* kind : voucherKinds())
     if (!kind->ledger.partySide.empty()) heads.insert(kind->tables.heads);
-  std::string all;
+  std::vector<std::string> none;
   for (const std::string& table : heads)
-    all += " AND NOT EXISTS (SELECT 1 FROM " + table +
-           " AS H WHERE H.VOUCH_NO = D.VOUCH_NO AND H.BOOK_CD = D.BOOK_CD)";
-  return all;
+    none.push_back("NOT EXISTS (SELECT 1 FROM " + table + " AS H WHERE H.VOUCH_NO = " + row +
+                   ".VOUCH_NO AND H.BOOK_CD = " + row + ".BOOK_CD)");
+  return join(none, " AND ");
 }
-
-}  // namespace
 
 void rememberDeleted(Database& db, const VoucherKind& kind, double number) {
   if (kind.ledger.partySide.empty()) return;
@@ -35,8 +36,8 @@ int deletedInLedger(Database& db) {
   if (!CheckTable(db, kTable)) return 0;
   return static_cast<int>(
       db.number("SELECT COUNT(*) FROM DELETED AS D WHERE EXISTS (SELECT 1 FROM ALEDGER AS L"
-                " WHERE L.VOUCH_NO = D.VOUCH_NO AND L.BOOK_CD = D.BOOK_CD)" +
-                noVoucher()));
+                " WHERE L.VOUCH_NO = D.VOUCH_NO AND L.BOOK_CD = D.BOOK_CD) AND " +
+                withoutVoucher("D")));
 }
 
 void forgetDeleted(Database& db) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "frame/voucher_kinds.h"
 #include "store/database.h"
 
@@ -13,6 +15,9 @@ void rememberDeleted(Database& db, const VoucherKind& kind, double number);
 // How many deleted vouchers still stand in the ledger. One whose number was given to another voucher
 // does not: that one's save took its rows away.
 int deletedInLedger(Database& db);
+
+// Holds for a row of VOUCH_NO and BOOK_CD, called `row`, that no voucher with a place in the ledger bears.
+std::string withoutVoucher(const std::string& row);
 
 // The ledger has been made again.
 void forgetDeleted(Database& db);

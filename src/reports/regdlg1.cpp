@@ -91,13 +91,18 @@ void regdlg1::opened(const Opening& opening) {
   put(kTo, last);
   if (opening.value.empty()) return;
   put(kParty, opening.value);
-  if (acceptAccount()) focus(at(kFrom));
+  if (!acceptAccount()) return;
+  focus(at(kFrom));
+  atOnce_ = !opening.caller.empty();
 }
 
 // A voucher that was entered or changed meanwhile shows at once.
 void regdlg1::activated() {
   Session& s = session();
-  if (!std::exchange(standing_, true)) return;
+  if (!std::exchange(standing_, true)) {
+    if (atOnce_) showStatement();
+    return;
+  }
   if (s.mreportrefresh && !text(kParty).empty()) {
     show();
     s.mreportrefresh = false;

@@ -10,7 +10,8 @@
 #include "reports/statement.h"
 
 // The account ledgers: the running statement or the T ledger of an account, by the report
-// key of its opening. Opened with a value it takes that as the account's code.
+// key of its opening. Opened with a value it takes that as the account's code, and shows the statement at
+// once where another screen asks for it.
 class regdlg1 : public PeriodScreen {
  public:
   explicit regdlg1(Host& host);
@@ -68,5 +69,6 @@ class regdlg1 : public PeriodScreen {
   bool narration_ = false;   // mshownarr
   bool creditSide_ = false;  // which side of a T ledger's row Enter opens
   bool standing_ = false;    // has been active before
+  bool atOnce_ = false;      // a screen asks for the account's statement
   std::optional<VoucherKey> drilledInto_;
 };
