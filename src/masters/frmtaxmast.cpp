@@ -8,6 +8,7 @@
 #include "frame/session.h"
 #include "masters/accounts.h"
 #include "masters/column_titles.h"
+#include "store/seeds.h"
 
 namespace {
 
@@ -235,6 +236,8 @@ bool frmtaxmast::maySave() {
     return false;
   };
   const std::string name = trim(field(master_.name).text);
+  if (master_.key == "grpmst" && mode == "ADD" && Val(code()) == kPassingGroup)
+    return refused("Group 31 Does Not Stay :: Openings Delete It\r\nPl. Give Another Code");
   const bool renamed = master_.name == 0 && mode == "EDIT" && !sameText(name, loaded());
   if ((mode == "ADD" || renamed) && smallNameInUse(master_, database(), name))
     return refused(std::string(master_.duplicate));

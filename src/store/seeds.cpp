@@ -235,7 +235,7 @@ void EnsureGroups(Database& db) {
   db.passOver(kSeeds,
               "DELETE FROM GRP WHERE GROUP_NAME = 'INDIRECT EXPENSES' AND (GROUP_CD IS NOT 33"
               " OR SUB_GROUP IS NOT 3 OR GROUP_NAME <> 'INDIRECT EXPENSES' COLLATE BINARY)");
-  db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_CD = 31");
+  db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_CD = ?", kPassingGroup);
   const bool fresh = db.number("SELECT COUNT(*) FROM GRP WHERE GROUP_NAME IS NOT 'INDIRECT EXPENSES'") == 0;
   for (const auto& group : groups)
     passOver(db, [&] {
@@ -245,7 +245,7 @@ void EnsureGroups(Database& db) {
     });
   if (fresh) {
     db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_CD = 141");
-    db.passOver(kSeeds, "UPDATE ACCOUNT SET GROUP_CD = 133 WHERE GROUP_CD = 31");
+    db.passOver(kSeeds, "UPDATE ACCOUNT SET GROUP_CD = 133 WHERE GROUP_CD = ?", kPassingGroup);
   }
   all.commit();
 }

@@ -33,6 +33,8 @@ void EnsureSettings(Database& db, Settings& settings);
 void StorePeriod(Database& db, Date first, Date last);
 void EnsureAccounts(Database& db);
 bool isSeededAccount(std::string_view code);
+// A group of this code is deleted each time.
+inline constexpr int kPassingGroup = 31;
 // Group 33 and any group named "INDIRECT EXPENSES" are deleted and added again each time.
 void EnsureGroups(Database& db);
 void EnsureTaxes(Database& db);

@@ -11,6 +11,7 @@
 #include "frame/settings.h"
 #include "frame_fixture.h"
 #include "full_disk.h"
+#include "killed.h"
 #include "store/row_writer.h"
 
 namespace {
@@ -243,6 +244,25 @@ TEST_F(Backups, RestoreKeepsTheRightsOfTheFileAndFollowsALink) {
   EXPECT_TRUE(fs::is_symlink(books));
   EXPECT_EQ(fs::status(real).permissions(), kShared);
   EXPECT_EQ(names(disk), "books.mdb ");
+}
+
+TEST_F(Backups, ARestoreThatIsKilledLeavesTheOldBooksOrTheNew) {
+  host_.choose("mnubackup");
+  bill(2, *parseDate("2026-06-15"));
+  session() = Session{};
+  const fs::path books = folder_ / "M00125.mdb";
+  const auto found = seenAfterKills(
+      folder_.path(), [&] { restoreBackup(keep_ / "M00125_260615_1030.mdb", books, "260616_1030"); },
+      [&] {
+        TestHost host(known());
+        startUp(host, folder_.path());
+        EXPECT_FALSE(fs::exists(books.string() + ".new"));
+        session() = Session{};
+        return std::to_string(factsOf(books).bills);
+      });
+  if (found.empty()) GTEST_SKIP() << "processes may not be watched here";
+  EXPECT_EQ(found.size(), 2u);
+  EXPECT_TRUE(found.contains("1") && found.contains("2"));
 }
 
 TEST_F(Backups, AFailureIsToldAndNothingIsLost) {

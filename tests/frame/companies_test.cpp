@@ -8,6 +8,7 @@
 #include "frame/backup.h"
 #include "frame/settings.h"
 #include "frame_fixture.h"
+#include "full_disk.h"
 #include "killed.h"
 #include "store/dictionary.h"
 
@@ -154,6 +155,15 @@ TEST_F(Companies, AreDeletedOrWholeWhereverTheirDeletionIsKilled) {
     });
   };
   copied(folder_.path(), kept.path());
+  {
+    Database catalogue;
+    catalogue.open(folder_ / "comp.mdb");
+    const FullDisk full;
+    EXPECT_THROW(deleteCompanyYear(catalogue, folder_.path(), {"M002", {}, "2025", "2026"}, "260615_1030"),
+                 DatabaseError)
+        << "no backup, no deletion";
+    EXPECT_TRUE(fs::exists(books) && companyYear(catalogue, "M002", "2025"));
+  }
   const Killed whole = kill(0);
   if (!whole.possible) GTEST_SKIP() << "processes may not be watched here";
   int gone = 0, stayed = 0;

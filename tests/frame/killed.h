@@ -8,8 +8,13 @@
 #include <cerrno>
 #include <csignal>
 #include <exception>
+#include <filesystem>
 #include <functional>
+#include <map>
 #include <stdexcept>
+#include <string>
+
+#include "support/temp_folder.h"
 
 // Runs work in a child process that is killed before its n-th call of the system: what a program
 // leaves on the disk changes by such calls alone, so that these are all the moments there are.
@@ -50,4 +55,28 @@ inline Killed killedAt(int n, const std::function<void()>& work) {
   result.possible = !(WIFEXITED(status) && WEXITSTATUS(status) == kNotAllowed);
   if (WIFEXITED(status) && WEXITSTATUS(status) == kFailed) throw std::runtime_error("the work itself failed");
   return result;
+}
+
+// What is seen of a folder after its work was killed, at moments over all its length and closer together
+// towards its end, and how often each. The folder stands anew before each. Empty where processes may not be
+// watched.
+inline std::map<std::string, int> seenAfterKills(const std::filesystem::path& folder,
+                                                 const std::function<void()>& work,
+                                                 const std::function<std::string()>& seen) {
+  namespace fs = std::filesystem;
+  constexpr int kMoments = 16;
+  constexpr auto kAll = fs::copy_options::recursive;
+  const TempFolder kept;
+  fs::copy(folder, kept.path(), kAll);
+  std::map<std::string, int> found;
+  const Killed whole = killedAt(0, work);
+  if (!whole.possible) return found;
+  bool ended = false;
+  for (int call = 1; !ended; call += call < whole.calls - kMoments ? whole.calls / kMoments + 1 : 2) {
+    for (const auto& entry : fs::directory_iterator(folder)) fs::remove_all(entry);
+    fs::copy(kept.path(), folder, kAll);
+    ended = killedAt(call, work).ended;
+    ++found[seen()];
+  }
+  return found;
 }

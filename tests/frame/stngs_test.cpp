@@ -2,6 +2,7 @@
 
 #include "frame/company_details.h"
 #include "frame_fixture.h"
+#include "full_disk.h"
 #include "killed.h"
 #include "store/lock_wait.h"
 
@@ -56,6 +57,12 @@ TEST_F(Details, AreStoredWithTheNameInTheCatalogueOrNotAtAll) {
   }
   lockWaitMs() = wait;
   EXPECT_NE(host_.lastMessage().find("in use by another program"), std::string::npos);
+  {
+    const FullDisk full;
+    host_.press("cmdsave");
+  }
+  EXPECT_NE(host_.lastMessage().find("the disk reports an error"), std::string::npos) << host_.lastMessage();
+  EXPECT_EQ(host_.text("company"), "NEW NAME");
   EXPECT_FALSE(data().first("SELECT 1 FROM COMP_DET"));
 
   const std::string year = session().mdbpath;

@@ -5,6 +5,7 @@
 
 #include "company_fixture.h"
 #include "frame/full_disk.h"
+#include "frame/killed.h"
 #include "store/alter.h"
 #include "store/dictionary.h"
 #include "store/keys.h"
@@ -158,6 +159,30 @@ TEST_F(UpdateTest, AWalkThatLosesRowsAndANewerDatabaseAreLeftAsTheyWere) {
   before = contents(old);
   EXPECT_THROW(updateDatabase(old, kFacts), std::runtime_error);
   EXPECT_EQ(contents(old), before);
+}
+
+TEST_F(UpdateTest, KilledAtAnyMomentTheYearIsAsItWasOrAllUpdated) {
+  const auto seen = [&] {
+    old.open(file);
+    EXPECT_EQ(old.text("PRAGMA integrity_check"), "ok");
+    const std::string all = contents(old);
+    old.close();
+    return all;
+  };
+  db.close();
+  const std::string before = seen();
+  const auto found = seenAfterKills(
+      folder.path(),
+      [&] {
+        Database own;
+        own.open(file);
+        updateDatabase(own, kFacts);
+      },
+      seen);
+  if (found.empty()) GTEST_SKIP() << "processes may not be watched here";
+  EXPECT_EQ(found.size(), 2u) << "before and after, and nothing between";
+  EXPECT_TRUE(found.contains(before));
+  EXPECT_NE(seen(), before) << "the last one was not killed";
 }
 
 TEST_F(UpdateTest, AFullDiskLeavesTheOldYear) {

@@ -1,6 +1,7 @@
 #include "vouchers/posting.h"
 
 #include "frame/frmstartup.h"
+#include "frame/killed.h"
 #include "store/alter.h"
 #include "store/balances.h"
 #include "vouchers/bill_fixture.h"
@@ -86,6 +87,59 @@ TEST_F(PostingTest, OpeningPostsWhatIsMissingAndNothingTwice) {
 }
 
 // What would lose a voucher's rows is taken back and told; an opening posts what it can.
+// Killed, posting leaves the books as they were or all posted; an opening, wherever it was killed, is
+// ended by the next.
+TEST_F(PostingTest, KilledAtAnyMomentTheBooksComeOutRight) {
+  const auto sums = [&] {
+    return line("SELECT COUNT(*), SUM(ROUND(VOUCH_AMT, 2)) FROM ALEDGER") + "|" +
+           line("SELECT SUM(ROUND(CL_BAL, 2)) FROM ACCOUNT");
+  };
+  fillYear(60);
+  openYear();
+  const std::string whole = sums();
+  db().exec("DELETE FROM ALEDGER WHERE rowid % 3 = 0");
+  const std::string before = books();
+  db().close();
+  const auto seen = [&] {
+    reopen();
+    EXPECT_EQ(line("PRAGMA integrity_check"), "ok");
+    std::string found = books();
+    db().close();
+    return found;
+  };
+  const auto posted = seenAfterKills(
+      folder.path(),
+      [&] {
+        reopen();
+        postAll(db());
+      },
+      seen);
+  if (posted.empty()) GTEST_SKIP() << "processes may not be watched here";
+  EXPECT_EQ(posted.size(), 2u);
+  EXPECT_TRUE(posted.contains(before));
+
+  reopen();
+  db().exec("DELETE FROM ALEDGER WHERE VOUCH_NO % 3 = 0");
+  db().exec("UPDATE ACCOUNT SET CL_BAL = 1");
+  db().close();
+  const auto opened = seenAfterKills(
+      folder.path(),
+      [&] {
+        reopen();
+        openYear();
+      },
+      [&] {
+        reopen();
+        openYear();
+        const std::string found = sums();
+        db().close();
+        return found;
+      });
+  EXPECT_EQ(opened.size(), 1u);
+  EXPECT_TRUE(opened.contains(whole));
+  reopen();
+}
+
 TEST_F(PostingTest, OldBooksArePostedWholeOrNotAtAll) {
   fillYear(60);
   for (const char* table : {"T_ACLST", "T_SLITM", "T_FINALNEW", "CAL"})
