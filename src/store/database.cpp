@@ -216,6 +216,10 @@ void Database::open(const std::filesystem::path& file, Access access) {
     if (const std::string found = inMemory ? "" : strangerIn(*this); !found.empty())
       throw DatabaseError(Kind::stranger, shownName(file), found);
     if (CheckTable(*this, "STRUCTAB") || CheckTable(*this, "T_SLITM")) RemakeWorkTables(*this);
+  } catch (const DatabaseError& error) {
+    close();
+    if (error.kind() != Kind::other) throw;
+    throw DatabaseError(Kind::damaged, shownName(file), error.what());  // a format that nobody knows
   } catch (...) {
     close();
     throw;

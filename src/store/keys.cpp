@@ -46,7 +46,7 @@ constexpr Index indexes[] = {
     {"SALE_TYPE",       "SALE",      "BL_TYPE, BOOK_CD, VOUCH_NO"               },
     // What a deletion asks for, transporters first; the others are looked through in it.
     {"SALE_NAMED",      "SALE",      "TRANS_CD, TAX_CD1, TAX_CD2, ATAX_CD, CASH_CD"},
-    {"SALEITM_ITEM",    "SALEITM",   "ITEM_CD, VOUCH_DT"                        },
+    {"SALEITM_ITEM",    "SALEITM",   "ITEM_CD, SIZE_CD, VOUCH_DT, BOOK_CD, QUANTITY"},
     {"CHLN_DATE",       "CHLN",      "VOUCH_DT, VOUCH_NO"                       },
     {"CHLN_PARTY",      "CHLN",      "PARTY_CD, VOUCH_DT"                       },
     {"CHLN_NUMBER",     "CHLN",      "CHLN_NO, CHLN_TYP"                        },

@@ -14,6 +14,7 @@
 #include "store/dictionary.h"
 #include "store/keys.h"
 #include "vouchers/receipts.h"
+#include "vouchers/stock.h"
 
 namespace {
 
@@ -285,6 +286,7 @@ void postAll(Database& db, const PostingProgress& progress) {
     EnsureIndexes(db);
     checkLedger(db, run.expected);
     RebuildAllBalances(db);
+    RebuildStock(db);
     dropSetAside(db, old);
     forgetDeleted(db);
   });

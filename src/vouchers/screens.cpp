@@ -8,6 +8,7 @@
 #include "vouchers/frmquot.h"
 #include "vouchers/gstsapu.h"
 #include "vouchers/posting.h"
+#include "vouchers/stock.h"
 
 void addVoucherScreens(Screens& screens) {
   screens.add<GSTSAPU>("GSTSAPU");
@@ -18,5 +19,5 @@ void addVoucherScreens(Screens& screens) {
 }
 
 void setOpeningRoutines() {
-  openingRoutines() = {[] { postMissing(data()); }};
+  openingRoutines() = {[] { postMissing(data()); }, [] { RebuildStock(data()); }};
 }

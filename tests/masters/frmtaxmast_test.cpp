@@ -138,6 +138,17 @@ TEST_F(SmallMasterTest, EachKeepsItsRowsAndItsGuard) {
   }
 }
 
+TEST_F(SmallMasterTest, AGroupThatOpeningsDeleteIsNotTaken) {
+  open("grpmst");
+  host.press("cmdAdd");
+  for (const auto& [field, typed] : {std::pair("txtFields(0)", "31"), std::pair("txtFields(1)", "ADVANCES"),
+                                     std::pair("txtFields(2)", "78")})
+    host.fillEnter(field, typed);
+  host.press("cmdUpdate");
+  EXPECT_EQ(host.lastMessage(), "Group 31 Does Not Stay :: Openings Delete It\r\nPl. Give Another Code");
+  EXPECT_EQ(row("SELECT COUNT(*) FROM GRP WHERE GROUP_CD = 31"), "0");
+}
+
 TEST_F(SmallMasterTest, TextsThatAreTheirOwnKeyAreRenamed) {
   data().exec("CREATE TABLE NARRATN (narr_name TEXT(200) COLLATE NOCASE)");
   data().exec("INSERT INTO NARRATN VALUES (' BEING GOODS SOLD '), ('BEING CASH PAID')");

@@ -185,6 +185,13 @@ TEST_F(DatabaseTest, ADamagedFileIsReportedAndNotPassedOver) {
   }
   db.open(file);
   EXPECT_EQ(failureOf([&] { db.passOver({"a test"}, "SELECT SUM(LENGTH(a)) FROM t"); }).kind, Kind::damaged);
+  db.close();
+  {
+    std::fstream bytes(file, std::ios::in | std::ios::out | std::ios::binary);
+    bytes.seekp(44);  // the number of the schema's format
+    bytes << std::string(4, 9);
+  }
+  EXPECT_EQ(failureOf([&] { db.open(file); }).kind, Kind::damaged);
 }
 
 TEST_F(DatabaseTest, WhatWouldRunOnOurWritesIsRefusedByItsName) {

@@ -140,6 +140,31 @@ TEST_F(PostingTest, KilledAtAnyMomentTheBooksComeOutRight) {
   reopen();
 }
 
+TEST_F(PostingTest, StockFollowsAtPostingAndOpening) {
+  const auto stock = [&] {
+    return line(
+        "SELECT GROUP_CONCAT(SIZE_CD || ' ' || CL_STK) FROM (SELECT * FROM ITEMDTL"
+        " WHERE ITEM_CD IN ('I0000001', 'MISC') ORDER BY rowid)");
+  };
+  db().exec("DELETE FROM ITEMDTL WHERE ITEM_CD IN ('I0000001', 'MISC')");
+  db().exec(
+      "INSERT INTO ITEMDTL (ITEM_CD, SIZE_CD, OP_STK, CL_STK) VALUES ('MISC', 'NOS', 0, 0),"
+      " ('I0000001', 'PCS', 10, 10), ('I0000001', 'BOX', 1, 7)");
+  db().exec(
+      "INSERT INTO SALEITM (VOUCH_NO, BOOK_CD, SR_NO, ITEM_CD, SIZE_CD, QUANTITY) VALUES"
+      " (1, 'SA', 1, 'I0000001', 'PCS', 2.5), (1, 'SA', 2, 'i0000001', 'pcs', 0.1),"
+      " (1, 'SA', 3, 'MISC', 'NOS', 4), (1, 'PU', 1, 'I0000001', 'PCS', 6)");
+  postAll(db());
+  EXPECT_EQ(stock(), "NOS 0.0,PCS 13.4,BOX 1.0");
+  db().exec("UPDATE SALEITM SET QUANTITY = 3.5 WHERE QUANTITY = 2.5");
+  openYear();
+  EXPECT_EQ(stock(), "NOS 0.0,PCS 12.4,BOX 1.0");
+  db().exec("UPDATE DEPTMENT SET NOCOUNT_STK = 'Y'");
+  db().exec("DELETE FROM SALEITM");
+  openYear();
+  EXPECT_EQ(stock(), "NOS 0.0,PCS 12.4,BOX 1.0") << "categories that are not counted stay";
+}
+
 TEST_F(PostingTest, OldBooksArePostedWholeOrNotAtAll) {
   fillYear(60);
   for (const char* table : {"T_ACLST", "T_SLITM", "T_FINALNEW", "CAL"})
