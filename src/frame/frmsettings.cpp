@@ -34,9 +34,9 @@ const ScreenSpec& spec() {
           {.name = "Text1",     .field = kSearch,  .label = "Find", .at = {.group = "find", .col = 1}, .tab = 1, .limit = 40, .hint = "Type A Word Of The Setting :: Enter = To The List"},
           {.name = "lblfound",  .kind = Kind::Label, .at = {.group = "find", .col = 2}, .style = Style::Quiet},
           {.name = "lst",       .kind = Kind::Grid, .at = {.group = "list"}, .tab = 2, .columns = {
-              {.title = "Section",      .width = px(130)},
-              {.title = "Setting",      .width = px(260)},
-              {.title = "Value",        .width = px(300)},
+              {.title = "Section",      .width = px(130, 110)},
+              {.title = "Setting",      .width = px(260, 210)},
+              {.title = "Value",        .width = px(300, 190)},
               {.title = "What It Does", .width = part(1)}}},
           {.name = "Text2",     .field = kSetting, .label = "Value", .at = {.group = "value", .col = 1}, .tab = 3, .limit = 80, .enabled = false, .selectAll = true},
           {.name = "lblmeans",  .kind = Kind::Label, .at = {.group = "value", .row = 1, .col = 1}, .style = Style::Quiet},

@@ -11,6 +11,7 @@
 #include "store/balances.h"
 #include "store/dictionary.h"
 #include "store/row_writer.h"
+#include "store/seeds.h"
 #include "store/templates.h"
 #include "vouchers/calculation.h"
 #include "vouchers/numbering.h"
@@ -78,8 +79,8 @@ class Books {
   Date daysAgo(int days) const { return std::max(year_.first, addDays(now_.date, -days)); }
 
   void period() {
-    db_.exec("UPDATE SPSFILE SET VOUCH_DT = ? WHERE VOUCH_NO = 211", year_.first);
-    db_.exec("UPDATE SPSFILE SET VOUCH_DT = ? WHERE VOUCH_NO = 212", year_.last);
+    StorePeriod(db_, year_.first, year_.last);
+    db_.exec("UPDATE SPSFILE SET VOUCH_QTY = 1 WHERE VOUCH_NO = 234");  // a backup at each exit
   }
 
   void company() {
