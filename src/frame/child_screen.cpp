@@ -96,13 +96,15 @@ bool ChildScreen::unsaved() const {
   return false;
 }
 
+// With nothing to lose it is as quickly left as ever.
 Question ChildScreen::leaveQuestion(const std::string& text) const {
+  const bool loses = unsaved();
   return {.text = text,
           .title = kQuestionTitle,
           .yes = english("&Yes, Leave"),
-          .no = english("&No, Keep Typing"),
-          .facts = unsaved() ? atStake() : "",
-          .loses = true};
+          .no = loses ? english("&No, Keep Typing") : english("&No, Stay"),
+          .facts = loses ? atStake() : "",
+          .loses = loses};
 }
 
 bool ChildScreen::mayDiscard() {
