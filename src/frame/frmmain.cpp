@@ -78,7 +78,7 @@ const ScreenSpec& spec() {
           {.name = "DueKey", .kind = Kind::Label, .label = "F5 = First Of Them", .at = {.group = "duehead", .col = 1}, .align = Align::Right, .style = Style::Quiet},
           {.name = "Due", .kind = Kind::Grid, .at = {.group = "due"}, .tab = 1, .enabled = false, .columns = {
               {.title = "Count", .width = px(44), .align = Align::Right},
-              {.title = "What",  .width = part(1)},
+              {.title = "What",  .width = part(1, 180)},
               {.title = "Fact",  .width = part(1.4), .align = Align::Right}}},
 
           {.name = "Section", .index = 0, .kind = Kind::Label, .label = "Last Bills", .at = {.group = "billshead"}, .style = Style::Section},

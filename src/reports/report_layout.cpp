@@ -12,6 +12,7 @@ constexpr double kRoom = 1330;          // pixels of the grid without its scroll
 constexpr double kPixelsPerTwip = 0.1;  // of a column that does not stretch
 constexpr double kStretches = 1500;     // twips from which a text takes spare width
 constexpr double kName = 180;           // pixels that such a text should have
+constexpr double kLeastName = 100;      // and has at the least on a small window
 constexpr double kLetter = 8.8, kDigit = 8.5, kSign = 4, kInsets = 16;
 constexpr double kPlainSize = 11, kSmallSize = 9;  // points
 
@@ -42,6 +43,22 @@ std::vector<double> fixedWidths(const ReportRows& rows, double totalSize) {
   return widths;
 }
 
+// To which a small window narrows a column: its total with both decimals, a date, most of a text.
+double leastOf(const ReportColumn& column, double width, std::string total) {
+  constexpr double kFigure = 66, kDate = 106, kOfText = 0.6, kText = 64, kCloser = 6;
+  const double heading = length(column.heading) * kLetter + kInsets;
+  double least = std::max(heading, column.pixels);
+  if (column.type == ColumnType::Money && !total.empty() && total.find('.') == std::string::npos)
+    total += ".00";
+  if (column.type == ColumnType::Date)
+    least = std::max(least, kDate);
+  else if (!ofFigures(column))
+    least = std::max({least, width * kOfText, kText});
+  else
+    least = std::max({least, total.empty() ? width : widthOf(total, kPlainSize), kFigure});
+  return std::min(least, width) - kCloser;
+}
+
 }  // namespace
 
 ReportLayout layoutOf(const ReportRows& rows) {
@@ -57,7 +74,8 @@ ReportLayout layoutOf(const ReportRows& rows) {
     const ReportColumn& c = columns[i];
     layout.columns.push_back({
         .title = c.heading,
-        .width = stretches(c) ? part(c.twips) : px(widths[i]),
+        .width =
+            stretches(c) ? part(c.twips, kLeastName) : px(widths[i], leastOf(c, widths[i], rows.total(i))),
         .align = ofFigures(c) ? Align::Right : Align::Left,
         .money = ofFigures(c),
     });

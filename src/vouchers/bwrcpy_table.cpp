@@ -10,11 +10,11 @@ using namespace fields;
 const ScreenSpec& bwrcpyTable() {
   // clang-format off
   static const std::vector<GridColumn> listColumns = {
-      {.title = "No",      .width = px(72),  .align = Align::Right},
-      {.title = "Date",    .width = px(104)},
-      {.title = "Party",   .width = part(1.2)},
-      {.title = "Amount",  .width = px(112), .align = Align::Right, .money = true},
-      {.title = "Remarks", .width = part(1)},
+      {.title = "No",      .width = px(72, 48),  .align = Align::Right},
+      {.title = "Date",    .width = px(104, 100)},
+      {.title = "Party",   .width = part(1.2, 100)},
+      {.title = "Amount",  .width = px(112, 92), .align = Align::Right, .money = true},
+      {.title = "Remarks", .width = part(1, 80)},
   };
   using enum Holds;
   constexpr auto Number = KeyClass::Number, Letters = KeyClass::Text;

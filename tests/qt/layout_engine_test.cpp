@@ -184,8 +184,8 @@ TEST_F(LayoutEngine, SmallWindowsNarrowColumnsToTheirLeastAndNoFurther) {
       {.title = "C",         .width = px(100)        },
   };
   const std::pair<int, std::vector<int>> rows[] = {
-      {300, {0, 60, 200, 300}}, // what is spare goes to the part
-      {208, {0, 60, 110, 208}}, // the insets of C are closer
+      {400, {0, 81, 302, 400}}, // the part has its 220, the others what is left
+      {300, {0, 60, 204, 300}}, // C gives of its insets
       {100, {0, 60, 110, 206}}, // what is beyond is scrolled to
   };
   for (const auto& [room, edges] : rows) EXPECT_EQ(layout::columnEdges(columns, room, small), edges);

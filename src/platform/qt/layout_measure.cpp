@@ -141,9 +141,7 @@ Widths widthsOf(const std::vector<GridColumn>& columns, const Measure& measure, 
     const bool isPx = l.unit == Length::Unit::Px || !anyPart, hidden = isPx && l.n <= 0;
     const int titled =
         hidden ? 0 : measure.width(words(columns[i].title), Style::Key) + 2 * measure.px(kCellInset);
-    // What a small window has to spare goes to the names and descriptions.
-    const bool gives = measure.small && anyPart && l.least >= 0;
-    const int own = l.unit == Length::Unit::Fit ? titled : isPx ? measure.px(gives ? l.least : l.n) : 0;
+    const int own = l.unit == Length::Unit::Fit ? titled : isPx ? measure.px(l.n) : 0;
     all.fixed.push_back(l.unit == Length::Unit::Part ? 0 : own);
     const int inset = measure.px(2 * (kCellInset.usual - kCellInset.small));
     // What stretches beside fixed columns is a name or a description.
@@ -158,6 +156,19 @@ Widths widthsOf(const std::vector<GridColumn>& columns, const Measure& measure, 
   return all;
 }
 
+// Fixed columns give way until the names and descriptions are as wide as reads well.
+void makeRoomForNames(Widths& all, int width, const Measure& measure) {
+  constexpr double kReadsWell = 220;
+  std::vector<int> wanted = all.least;
+  for (size_t i = 0; i < wanted.size(); ++i)
+    if (all.lengths[i].unit == Length::Unit::Part) wanted[i] = std::max(wanted[i], measure.px(kReadsWell));
+  if (std::accumulate(wanted.begin(), wanted.end(), 0) <= width)
+    all.least = wanted;
+  else
+    for (size_t i = 0; i < wanted.size(); ++i)
+      if (all.lengths[i].unit != Length::Unit::Part) all.fixed[i] = all.least[i];
+}
+
 }  // namespace
 
 int leastColumnsWidth(const std::vector<GridColumn>& columns, const Measure& measure, unsigned without) {
@@ -168,10 +179,12 @@ int leastColumnsWidth(const std::vector<GridColumn>& columns, const Measure& mea
 std::vector<int> columnEdges(const std::vector<GridColumn>& columns, int width, const Measure& measure,
                              unsigned without) {
   Widths all = widthsOf(columns, measure, without);
-  if (measure.small)
+  if (measure.small) {
     width = std::max(width, std::accumulate(all.least.begin(), all.least.end(), 0));
-  else
+    makeRoomForNames(all, width, measure);
+  } else {
     all.least.clear();
+  }
   const std::vector<int> widths = shares(all.lengths, all.fixed, all.least, std::max(0, width));
   std::vector<int> edges{0};
   for (const int w : widths) edges.push_back(edges.back() + w);
