@@ -334,6 +334,7 @@ void frmreport::handOver(const GridTarget& target) {
   const auto period = checkedPeriod();
   if (!period || !shown_ || !standsAsShown()) return;
   const auto between = [&](const char* text, const char* pattern) {
+    if (report_->undated) return words("As On {date}", "date", formatDate(host.today(), pattern));
     return words(text, "from", formatDate(period->from, pattern), "to", formatDate(period->to, pattern));
   };
   target.send(host, {.caption = words(caption),
