@@ -266,6 +266,10 @@ TEST_F(DatabaseTest, LockFileTellsTheFirstUser) {
   db.open(folder / "M00124.mdb");
   EXPECT_TRUE(db.firstUser());
   EXPECT_EQ(LockFile::pathFor("/x/comp.mdb"), "/x/COMP.LDB");
+
+  // Where none can be made nobody knows who else is there.
+  EXPECT_FALSE(LockFile("/nowhere/comp.mdb").alone());
+  EXPECT_THROW(LockFile("/nowhere/comp.mdb", LockFile::Hold::Alone), DatabaseError);
 }
 
 TEST_F(DatabaseTest, Functions) {
