@@ -4,6 +4,7 @@
 
 #include "base/figure.h"
 #include "base/number.h"
+#include "base/pattern.h"
 #include "base/text.h"
 #include "base/words.h"
 #include "frame/links.h"
@@ -169,8 +170,11 @@ void bwrcpy::giveUp() {
 }
 
 std::string bwrcpy::atStake() const {
-  return words("Entry {number}  ::  {party}  ::  {amount}", "number", text(kNumber), "party",
-               trimmed(kPartyName), "amount", text(kAmount));
+  const std::string amount = text(kAmount);
+  std::vector<std::string> facts{words("Entry {number}", "number", text(kNumber)), trimmed(kPartyName),
+                                 isNumberText(amount) ? indianGroups(amount) : amount};
+  std::erase(facts, "");
+  return join(facts, "  ::  ");
 }
 
 void bwrcpy::cancel() {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/number.h"
+#include "base/pattern.h"
 #include "base/text.h"
 #include "frame/session.h"
 #include "vouchers/numbering.h"
@@ -209,11 +210,14 @@ bool VoucherScreen::unsaved() const {
 }
 
 std::string VoucherScreen::atStake() const {
-  std::string facts = words("Voucher {number}", "number", text(kNumber));
-  if (!trimmed(kPartyName).empty()) facts += "  ::  " + trimmed(kPartyName);
-  facts += "  ::  " + words(lines_->count() == 1 ? english("{count} Line") : english("{count} Lines"),
-                            "count", std::to_string(lines_->count()));
-  return text(kNetAmount).empty() ? facts : facts + "  ::  " + text(kNetAmount);
+  const size_t lines = lines_->count();
+  std::vector<std::string> facts{words("Voucher {number}", "number", text(kNumber)), trimmed(kPartyName)};
+  if (lines > 0)
+    facts.push_back(words(lines == 1 ? english("{count} Line") : english("{count} Lines"), "count",
+                          std::to_string(lines)));
+  facts.push_back(indianGroups(text(kNetAmount)));
+  std::erase(facts, "");
+  return join(facts, "  ::  ");
 }
 
 void VoucherScreen::giveUp() {

@@ -177,12 +177,11 @@ int BoxPanel::arrangeButtons(int y) {
 }
 
 void BoxPanel::place(std::optional<int> foot) {
-  foot_ = foot;
   const QRect room = parentWidget()->rect();
   move((room.width() - width()) / 2, std::max(0, (room.height() - height()) / 2));
-  if (!foot_) return;
+  if (!foot) return;
   if (!veil_) veil_ = new Veil(parentWidget());
-  veil_->setGeometry(0, 0, room.width(), *foot_);
+  veil_->setGeometry(0, 0, room.width(), *foot);
 }
 
 void BoxPanel::lift() {

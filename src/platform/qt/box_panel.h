@@ -79,7 +79,6 @@ class BoxPanel : public QWidget, private Hands {
   std::unique_ptr<FieldView> fieldView_;
   std::vector<std::unique_ptr<ControlView>> buttonViews_;
   QPointer<QWidget> veil_;
-  std::optional<int> foot_;
   size_t chosen_ = 0;
   QString sentence_, lines_;
   bool large_ = true;                                    // the sentence
