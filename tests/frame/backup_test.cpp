@@ -308,6 +308,27 @@ TEST_F(Backups, AFailureIsToldAndNothingIsLost) {
             "Backup Not Done\r\n" + (folder_ / "FILE").string() + " is a file and no folder.");
 }
 
+TEST_F(Backups, AFullDiskKeepsTheSettingsTypedOnTheScreen) {
+  host_.open("frmsettings", {});
+  host_.rowTo(host_.at("lst"), 4);
+  host_.enter();
+  const std::string typed = host_.at("lst").grid.cell(4, 2).text;
+  const auto settings = [] {
+    return data().text("SELECT GROUP_CONCAT(VOUCH_NO || '=' || VOUCH_QTY) FROM SPSFILE");
+  };
+  const std::string before = settings();
+  {
+    const FullDisk full;
+    host_.press("cmdkeep");
+  }
+  EXPECT_NE(host_.lastMessage().find("the disk reports an error"), std::string::npos) << host_.lastMessage();
+  EXPECT_EQ(settings(), before);
+  EXPECT_EQ(host_.at("lst").grid.cell(4, 2).text, typed);
+  EXPECT_TRUE(host_.at("cmdkeep").enabled);
+  host_.press("cmdkeep");
+  EXPECT_NE(settings(), before);
+}
+
 TEST_F(Backups, OneFolderThatFailsCostsNothingInTheOther) {
   const fs::path stick = folder_ / "stick";
   storeSetting(data(), kBackupsKept, 2);
