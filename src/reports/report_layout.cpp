@@ -12,7 +12,7 @@ constexpr double kRoom = 1330;          // pixels of the grid without its scroll
 constexpr double kPixelsPerTwip = 0.1;  // of a column that does not stretch
 constexpr double kStretches = 1500;     // twips from which a text takes spare width
 constexpr double kName = 180;           // pixels that such a text should have
-constexpr double kLeastName = 100;      // and has at the least on a small window
+constexpr double kLeastName = 96;       // and has at the least on a small window
 constexpr double kLetter = 8.8, kDigit = 8.5, kSign = 4, kInsets = 16;
 constexpr double kPlainSize = 11, kSmallSize = 9;  // points
 
@@ -45,7 +45,7 @@ std::vector<double> fixedWidths(const ReportRows& rows, double totalSize) {
 
 // To which a small window narrows a column: its total with both decimals, a date, most of a text.
 double leastOf(const ReportColumn& column, double width, std::string total) {
-  constexpr double kFigure = 66, kDate = 106, kOfText = 0.6, kText = 64, kCloser = 6;
+  constexpr double kFigure = 58, kDate = 106, kOfText = 0.55, kText = 62, kCloser = 6;
   const double heading = length(column.heading) * kLetter + kInsets;
   double least = std::max(heading, column.pixels);
   if (column.type == ColumnType::Money && !total.empty() && total.find('.') == std::string::npos)
