@@ -69,7 +69,6 @@ std::uintmax_t bytesOfBooks() {
 }  // namespace
 
 frmsettings::frmsettings(Host& h) : ChildScreen(h, ::spec()) {
-  escMeans = "Esc = Exit";
   wire<frmsettings>(*this, {
                                {kSearch,     On::Change,         &frmsettings::refill      },
                                {kSearch,     KeyCode::Enter,     &frmsettings::searched    },
@@ -100,6 +99,17 @@ std::string frmsettings::hintFor(const Control& control) const {
     return english("Enter = Change :: Up / Down = Setting :: F8 = As Delivered");
   if (control.family == "Text2") return english("Press Enter To Take This Value :: Esc = As It Was");
   return ChildScreen::hintFor(control);
+}
+
+void frmsettings::focusMoved(Control& control) {
+  ChildScreen::focusMoved(control);
+  tellEsc();
+}
+
+void frmsettings::tellEsc() {
+  escMeans = focused() == &at(kSetting) ? english("Esc = As It Was")
+             : trimmed(kSearch).empty() ? english("Esc = Exit")
+                                        : english("Esc = All");
 }
 
 // What is set and what is changed
@@ -157,6 +167,7 @@ void frmsettings::fill(const Setting* setting) {
   at("cmdkeep").enabled = unsaved();
   reason = unsaved() ? "" : english("Nothing changed yet");
   showRow();
+  tellEsc();
 }
 
 void frmsettings::refill() { fill(); }

@@ -12,6 +12,7 @@ class frmsettings : public ChildScreen {
  public:
   explicit frmsettings(Host& host);
   void opened(const Opening& opening) override;
+  void focusMoved(Control& control) override;
   void typed(Control& list, char32_t ch) override;
   bool worksOnLeaving(const Control& target) const override;
 
@@ -31,6 +32,7 @@ class frmsettings : public ChildScreen {
   void refill();
   void showRow();
   void explain();
+  void tellEsc();
   void take(const Setting& setting, const std::string& value);
   std::string refusalOf(const Setting& setting, std::string& value);
   std::string whereTo(const std::string& folder) const;
