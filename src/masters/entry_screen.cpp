@@ -119,7 +119,7 @@ void EntryScreen::giveUp() {
 }
 
 std::string EntryScreen::atStake() const {
-  const std::string code = trimmed(pattern_.key), name = trimmed(pattern_.name);
+  const std::string code = loaded_.empty() ? trimmed(pattern_.key) : loaded_, name = trimmed(pattern_.name);
   return code + (code.empty() || name.empty() ? "" : "  ") + (sameText(code, name) ? "" : name);
 }
 

@@ -171,8 +171,9 @@ void bwrcpy::giveUp() {
 
 std::string bwrcpy::atStake() const {
   const std::string amount = text(kAmount);
-  std::vector<std::string> facts{words("Entry {number}", "number", text(kNumber)), trimmed(kPartyName),
-                                 isNumberText(amount) ? indianGroups(amount) : amount};
+  std::vector<std::string> facts{
+      words("Entry {number}", "number", loaded_ != 0 ? numText(loaded_) : text(kNumber)), trimmed(kPartyName),
+      isNumberText(amount) ? indianGroups(amount) : amount};
   std::erase(facts, "");
   return join(facts, "  ::  ");
 }

@@ -211,7 +211,9 @@ bool VoucherScreen::unsaved() const {
 
 std::string VoucherScreen::atStake() const {
   const size_t lines = lines_->count();
-  std::vector<std::string> facts{words("Voucher {number}", "number", text(kNumber)), trimmed(kPartyName)};
+  // Another number may stand in the field already.
+  const std::string number = mode == "ADD" || loaded_ == 0 ? text(kNumber) : numText(loaded_);
+  std::vector<std::string> facts{words("Voucher {number}", "number", number), trimmed(kPartyName)};
   if (lines > 0)
     facts.push_back(words(lines == 1 ? english("{count} Line") : english("{count} Lines"), "count",
                           std::to_string(lines)));
