@@ -122,6 +122,12 @@ bool frmsettings::changed(const Setting& setting) const {
   return values_[indexOf(setting)] != stored_[indexOf(setting)];
 }
 
+// A value that was typed and not yet taken would be lost too.
+bool frmsettings::unsaved() const {
+  const Control& field = at(kSetting);
+  return anyChanged() || (field.enabled && field.worked != field.text);
+}
+
 std::string frmsettings::atStake() const {
   std::vector<std::string> names;
   for (const Setting& setting : settings())
@@ -164,8 +170,8 @@ void frmsettings::fill(const Setting* setting) {
                           ? words("Type A Word, In The List Too")
                           : words("{found} of {all} settings  ::  Esc = All", "found",
                                   std::to_string(shown_.size()), "all", std::to_string(settings().size())));
-  at("cmdkeep").enabled = unsaved();
-  reason = unsaved() ? "" : english("Nothing changed yet");
+  at("cmdkeep").enabled = anyChanged();
+  reason = anyChanged() ? "" : english("Nothing changed yet");
   showRow();
   tellEsc();
 }

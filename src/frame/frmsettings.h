@@ -17,7 +17,7 @@ class frmsettings : public ChildScreen {
   bool worksOnLeaving(const Control& target) const override;
 
  protected:
-  bool unsaved() const override { return values_ != stored_; }
+  bool unsaved() const override;
   std::string atStake() const override;
   std::string hintFor(const Control& control) const override;
 
@@ -26,6 +26,7 @@ class frmsettings : public ChildScreen {
   std::string& valueOf(const Setting& setting) { return values_[indexOf(setting)]; }
   size_t indexOf(const Setting& setting) const;
   bool changed(const Setting& setting) const;
+  bool anyChanged() const { return values_ != stored_; }
   std::string shownValue(const Setting& setting) const;
 
   void fill(const Setting* at = nullptr);
