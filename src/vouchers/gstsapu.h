@@ -25,6 +25,7 @@ class GSTSAPU : public VoucherScreen {
   void sumAgain() override;
   std::vector<FieldName> lineInputs() const override;
   bool figureLine() override;
+  bool needsParty() const override { return true; }
   bool write(const SaveStamp& stamp, const Saving& how) override;
   FieldName paperNumber() const override { return fields::kBillNumber; }
   Go checkPaperNumber() override;

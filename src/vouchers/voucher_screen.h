@@ -57,7 +57,8 @@ class VoucherScreen : public ChildScreen {
   // What a line's figures are worked out from, and that work; false after a refusal's message.
   virtual std::vector<FieldName> lineInputs() const = 0;
   virtual bool figureLine() = 0;
-  virtual bool needsUnit() const { return true; }  // a line without a unit is none
+  virtual bool needsUnit() const { return true; }    // a line without a unit is none
+  virtual bool needsParty() const { return false; }  // Save refuses it without one, else it asks
   // Writes the voucher; false where something else stands under its number than is expected.
   virtual bool write(const SaveStamp& stamp, const Saving& how) = 0;
   // The number on the paper, and what its Enter and Save look at: that no other voucher has it.
@@ -171,6 +172,7 @@ class VoucherScreen : public ChildScreen {
   // paper its own. False when it cannot go on.
   bool readyToSave();
   bool complete() const;
+  bool hasParty() const;
   void store();
   // Another program was quicker.
   void changedMeanwhile();

@@ -52,8 +52,11 @@ bool VoucherScreen::readyToSave() {
 }
 
 bool VoucherScreen::complete() const {
-  return value(kNumber) != 0 && date(kDate) && !trimmed(kParty).empty() &&
-         readAccount(data(), trimmed(kParty));
+  return value(kNumber) != 0 && date(kDate) && (!needsParty() || hasParty());
+}
+
+bool VoucherScreen::hasParty() const {
+  return !trimmed(kParty).empty() && readAccount(data(), trimmed(kParty));
 }
 
 // In the order of the walk; the first that refuses its text takes the focus. Of a line whose figures are
@@ -89,14 +92,18 @@ bool VoucherScreen::storeTypedLine() {
 
 // A voucher that says nothing is saved when it is meant so.
 bool VoucherScreen::meansNothing() {
-  if (lines_->count() > 0 && value(kNetAmount) != 0) return false;
-  return !host.ask({.text = lines_->count() == 0
-                                ? english("This Voucher Has No Line\nSave It All The Same ?")
-                                : english("The Amount Of This Voucher Is 0\nSave It All The Same ?"),
-                    .title = kConfirm,
-                    .yes = english("&Yes, Save It"),
-                    .no = english("&No, Back To The Voucher"),
-                    .loses = true});
+  const bool noParty = !hasParty(), noLine = lines_->count() == 0;
+  if (!noParty && !noLine && value(kNetAmount) != 0) return false;
+  if (host.ask({.text = noParty  ? english("This Voucher Has No Party\nSave It All The Same ?")
+                        : noLine ? english("This Voucher Has No Line\nSave It All The Same ?")
+                                 : english("The Amount Of This Voucher Is 0\nSave It All The Same ?"),
+                .title = kConfirm,
+                .yes = english("&Yes, Save It"),
+                .no = english("&No, Back To The Voucher"),
+                .loses = true}))
+    return false;
+  if (noParty) focus(at(kParty));
+  return true;
 }
 
 // Another program may have taken the number of a new voucher since it was set.

@@ -24,8 +24,9 @@ TEST_F(FrmQuot, SaveLooksAtAnOfferAsAtABill) {
   host.fill("reference", "0002");
   host.fill("party", "");
   host.go("subject_to");
+  host.answers = {false};
   host.press("CMDSAVE");
-  EXPECT_EQ(host.lastMessage(), "Invalid Entry");
+  EXPECT_EQ(host.lastQuestion() + host.focus(), "This Voucher Has No Party\nSave It All The Same ?party");
   host.fill("party", "A00001");
   saveOffer();
   EXPECT_EQ(line("SELECT REF_NO, ITEM_AMT, TOTQTY, TCGST, NET_AMT FROM QUOT WHERE VOUCH_NO = 1"),
