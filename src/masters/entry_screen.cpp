@@ -266,9 +266,20 @@ bool EntryScreen::storeUnchanged() {
 
 void EntryScreen::tellWhyNot() {
   if (!exists(loaded_)) return say(words("Entry Not Saved\r\n{why}", "why", words(missingCodeWords())));
-  say("This Entry Has Been Changed Meanwhile\nNothing Was Stored, It Is Shown As It Stands Now");
+  if (!unsaved())
+    say("This Entry Has Been Changed Meanwhile\nNothing Was Stored, It Is Shown As It Stands Now");
+  else if (!host.ask(
+               {.text = english("This Entry Has Been Changed Meanwhile\nNothing Was Stored\nShow It As It "
+                                "Stands Now ?"),
+                .title = kQuestionTitle,
+                .yes = english("&Show It"),
+                .no = english("&Keep Typing"),
+                .facts = atStake(),
+                .loses = true}))
+    return;
   load(loaded_);
   asLoaded_ = standing(loaded_);
+  takeAsShown(pattern_.key);
 }
 
 // Locks, full disks and the like are told by the desk in the store's own words.
