@@ -106,27 +106,6 @@ class BillTest : public ::testing::Test {
     for (int i = 0; i < row->count(); ++i) text += (i > 0 ? "|" : "") + row->text(i);
     return text;
   }
-  // Every column of a table's first row that is not 0, by name.
-  std::string written(const std::string& table) {
-    const auto row = db().first("SELECT * FROM " + table);
-    std::string text;
-    for (int i = 0; i < row->count(); ++i) {
-      EXPECT_FALSE(row->isNull(i)) << row->name(i);
-      if (row->text(i) != "0") text += (text.empty() ? "" : " ") + row->name(i) + "=" + row->text(i);
-    }
-    return text;
-  }
-  // The ledger rows of a voucher, by side, account and amount.
-  std::string posted(const std::string& book, int number) {
-    return db().text(
-        "SELECT GROUP_CONCAT(VOUCH_TYPE || ' ' || PARTY_CD || ' ' || NUMTEXT(VOUCH_AMT), ', ') FROM"
-        " (SELECT * FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ? ORDER BY rowid)",
-        book, number);
-  }
-
-  void addTransporterRow() {
-    db().exec("INSERT INTO TRANSMAST (TRANS_ID, TRANSNAME, TRANS_GOV_ID) VALUES (3, 'Maruti', '24GOV')");
-  }
   // Vouchers whose debits and credits differ, or whose header stands without its ledger.
   static std::string unbalanced(Database& db) {
     return db.text(R"(SELECT GROUP_CONCAT(VOUCH_NO) FROM SALE WHERE ABS((SELECT IFNULL(SUM(

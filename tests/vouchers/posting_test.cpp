@@ -86,7 +86,6 @@ TEST_F(PostingTest, OpeningPostsWhatIsMissingAndNothingTwice) {
   EXPECT_EQ(oracle("check"), 0);
 }
 
-// What would lose a voucher's rows is taken back and told; an opening posts what it can.
 // Killed, posting leaves the books as they were or all posted; an opening, wherever it was killed, is
 // ended by the next.
 TEST_F(PostingTest, KilledAtAnyMomentTheBooksComeOutRight) {
@@ -165,6 +164,7 @@ TEST_F(PostingTest, StockFollowsAtPostingAndOpening) {
   EXPECT_EQ(stock(), "NOS 0.0,PCS 12.4,BOX 1.0") << "categories that are not counted stay";
 }
 
+// What would lose a voucher's rows is taken back and told; an opening posts what it can.
 TEST_F(PostingTest, OldBooksArePostedWholeOrNotAtAll) {
   fillYear(60);
   for (const char* table : {"T_ACLST", "T_SLITM", "T_FINALNEW", "CAL"})

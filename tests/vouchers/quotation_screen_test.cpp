@@ -2,11 +2,7 @@
 
 namespace {
 
-class FrmQuot : public BillTest {
- protected:
-  static const VoucherKind& kind() { return quotationKind(); }
-  void openAs(const std::string& type = "QUOTATION") { host.open("FRMQUOT", {.entryType = type}); }
-};
+class FrmQuot : public BillTest {};
 
 }  // namespace
 
@@ -31,30 +27,4 @@ TEST_F(FrmQuot, SaveLooksAtAnOfferAsAtABill) {
   saveOffer();
   EXPECT_EQ(line("SELECT REF_NO, ITEM_AMT, TOTQTY, TCGST, NET_AMT FROM QUOT WHERE VOUCH_NO = 1"),
             "0002|40|2|0|40");
-}
-
-TEST_F(FrmQuot, NumbersThatStandAndARegistersRow) {
-  openAs();
-  host.press("cmdEDIT");
-  host.fillEnter("number", "1");
-  EXPECT_EQ(host.lastMessage() + host.focus(), "No Record To Displaycmdadd");
-  offeredLine(db(), "I0000001", 2, 1, 4);
-  saveQuotation(db(), kind(), offer(4), stamp(), Saving::Fresh);
-  host.press("cmdadd");
-  EXPECT_EQ(shown("number"), "5");
-  host.fillEnter("number", "4");
-  EXPECT_EQ(host.lastMessage() + host.focus(), "ITEM ALLREADY EXISTnumber");
-  host.press("CMDCANCEL");
-  // Back after the save without a word.
-  host.closeTop();
-  host.open("FRMQUOT", {.caller = "frmreport", .entryType = "QUOTATION", .value = "4"});
-  EXPECT_EQ(host.screen().mode + host.text("party_name") +
-                shown("reference attention subject your_reference validity rate_terms subject_to"),
-            "EDITPATEL TRADING COQ/0012|O'NEIL|પંખા|MAIL|T8|T1|T7");
-  EXPECT_EQ(shown("items_amount net_amount cgst_total sgst_total igst_total total_quantity item"),
-            "106.19|106|8.1|8.1|0|3|I0000001");
-  host.go("subject_to");
-  host.keys({KeyCode::Enter, KeyCode::Enter});
-  EXPECT_EQ(host.find("FRMQUOT"), nullptr);
-  EXPECT_EQ(line("SELECT COUNT(*), TO_NAME FROM QUOT"), "1|O'NEIL");
 }
