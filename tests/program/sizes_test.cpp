@@ -19,8 +19,9 @@ class Surveyor : public Tourist {
   void look(const std::string& where) override {
     settle();
     if (!window() || !top()) return;
-    for (const ScreenView* view : window()->findChildren<ScreenView*>())
-      if (&view->screen() == top() && view->isVisible()) survey(*view, where);
+    for (const QWidget* child : window()->findChildren<QWidget*>())
+      if (const auto* view = dynamic_cast<const ScreenView*>(child))
+        if (&view->screen() == top() && view->isVisible()) survey(*view, where);
   }
 
  private:
