@@ -1,6 +1,5 @@
 #include "frame/glance.h"
 
-#include "frame/posting_due.h"
 #include "frame_fixture.h"
 
 namespace {
@@ -111,24 +110,6 @@ TEST_F(Glance, CustomersOfGroupsBelowAreCustomers) {
   account("A00004", 135, 80);
   account("A00005", 203, 160);
   EXPECT_EQ(receivable(db_, 5, on("30/06/2026"), on("01/04/2026")).all.amount, 70);
-}
-
-// Posting is due for what the ledger still holds of vouchers that are gone.
-TEST_F(Glance, CountsDeletedVouchersInTheLedger) {
-  EXPECT_EQ(postingDue(db_), 0);
-  for (int number : {1, 2, 3}) bill(number, "15/06/2026", "A00001", 100);
-  bill(2, "15/06/2026", "A00001", 100, "PU");
-  for (int number : {2, 3}) {
-    rememberDeleted(db_, saleKind(), number);
-    db_.exec("DELETE FROM SALE WHERE BOOK_CD = 'SA' AND VOUCH_NO = ?", number);
-  }
-  rememberDeleted(db_, saleKind(), 3);
-  rememberDeleted(db_, quotationKind(), 1);
-  EXPECT_EQ(postingDue(db_), 2);
-  db_.exec("INSERT INTO SALE (VOUCH_NO, BOOK_CD) VALUES (3, 'SA')");
-  EXPECT_EQ(postingDue(db_), 1) << "the number was given again";
-  db_.exec("DELETE FROM ALEDGER");
-  EXPECT_EQ(postingDue(db_), 0) << "another program has posted";
 }
 
 TEST_F(FrameTest, TheShellShowsTheDayAtAGlance) {

@@ -120,19 +120,6 @@ TEST_F(Shell, ShortcutsOpenTheEntriesOfTheirMeaning) {
   EXPECT_EQ(host_.onTop() + FakeChild::asked.entryType, "GSTSAPUPURCHASE");
 }
 
-// The tips go round without those whose command is not there.
-TEST_F(Shell, TipsNameOnlyWhatIsThere) {
-  std::string tips;
-  for (size_t i = 0; i < 13; ++i) {
-    host_.tick();
-    tips += host_.hint() + "\n";
-  }
-  EXPECT_NE(tips.find("CTRL+L TO VIEW LEDGER"), std::string::npos) << tips;
-  EXPECT_NE(tips.find("Press Alt Button"), std::string::npos) << "all were told: " << tips;
-  for (const char* missing : {"STOCK", "WHATSNEW", "UPDATE REGULARLY"})
-    EXPECT_EQ(tips.find(missing), std::string::npos) << missing;
-}
-
 TEST_F(Shell, ShowsTheNewDayAfterMidnight) {
   host_.clock.date = addDays(host_.clock.date, 1);
   host_.tick();
@@ -160,26 +147,6 @@ TEST_F(Shell, DateKeysStepFromAValidDate) {
     host_.key(c.key);
     EXPECT_EQ(host_.text("MaskEdBox1"), c.shows);
   }
-}
-
-// The day of the month decides first, then the month's name.
-TEST_F(Shell, ThePeriodIsTestedAsText) {
-  session().mstartdt = *parseDate("01/04/2025");
-  session().menddt = *parseDate("31/03/2026");
-  struct {
-    const char* date;
-    bool passes;
-  } const cases[] = {
-      {"01/04/2025", true },
-      {"15/06/1999", true }, // far outside, but its text lies between
-      {"01/04/2024", false},
-      {"01/08/2025", true },
-      {"31/03/2026", true },
-      {"31/05/2025", false}, // inside, but "31/May" is above "31/Mar"
-      {"31/01/2030", true },
-  };
-  for (const auto& c : cases) EXPECT_EQ(periodRefusal(*parseDate(c.date)).empty(), c.passes) << c.date;
-  EXPECT_EQ(periodRefusal(*parseDate("31/05/2025")), "Pl. Enter Date Between 01/Apr/2025 and 31/Mar/2026");
 }
 
 TEST_F(Shell, CodesFollowTheLargestOfTheirForm) {

@@ -254,29 +254,4 @@ TEST_F(LookupTest, BeginsOnARowWhateverTheOrder) {
   }
 }
 
-// The texts of a value.
-TEST(Select, HasItsTexts) {
-  Select parties{
-      .columns = {{"ACC_CD"},                             {"ACCOUNT.ACC_NAME", 900}, {"FORMAT(cl_bal,'0.00')", 0, "CLBAL"}},
-      .from = "ACCOUNT",
-      .where = "GROUP_CD = ? OR GROUP_CD = 87",
-      .order = {"ACC_NAME", down("AREA")},
-      .values = {85                            }
-  };
-  parties = filtered(parties, likeText("ACC_NAME"), {anywhere("10%_\\")});
-  const std::string body =
-      " FROM ACCOUNT WHERE (GROUP_CD = ? OR GROUP_CD = 87) AND (ACC_NAME LIKE ? ESCAPE '\\')";
-  const std::string order = " ORDER BY ACC_NAME, AREA DESC";
-  EXPECT_EQ(pageText(parties), "SELECT ACC_CD, ACCOUNT.ACC_NAME, FORMAT(cl_bal,'0.00') AS [CLBAL]" + body +
-                                   order + " LIMIT ? OFFSET ?");
-  EXPECT_EQ(countText(parties), "SELECT COUNT(*)" + body);
-  EXPECT_EQ(firstColumnText(parties), "SELECT ACC_CD" + body + order);
-  EXPECT_EQ(parties.values.back().text(), "%10\\%\\_\\\\%");
-  const Select units = valuesOf("item", "UOM").rows;
-  EXPECT_EQ(selectText(units), "SELECT DISTINCT UOM FROM item WHERE LEN(UOM)>0 ORDER BY 1");
-  EXPECT_EQ(countText(units), "SELECT COUNT(*) FROM (SELECT DISTINCT UOM FROM item WHERE LEN(UOM)>0)");
-  EXPECT_EQ(typedCondition(ofAccount("ACC_NAME", "SALE.PARTY_CD"), "TEXT(100)"),
-            "+SALE.PARTY_CD IN (SELECT ACC_CD FROM ACCOUNT WHERE ACC_NAME LIKE ? ESCAPE '\\')");
-}
-
 }  // namespace

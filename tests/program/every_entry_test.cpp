@@ -119,15 +119,6 @@ class EveryEntry : public ::testing::Test {
   Visitor host_;
 };
 
-TEST_F(EveryEntry, OpensItsScreenAndCloses) {
-  for (const Command& command : commands()) {
-    if (screenOf(command).empty()) continue;
-    open(command);
-    expectNoFault(command.caption);
-    backToTheShell(command.caption);
-  }
-}
-
 TEST_F(EveryEntry, OfTheToolBarAnswers) {
   for (const ToolEntry& tool : toolBar()) {
     const Command* const command = commandOf(tool);

@@ -8,13 +8,6 @@ class ViewsTest : public CompanyTest {};
 
 }  // namespace
 
-TEST_F(ViewsTest, AColumnThatIsNotDeclaredReadsAsAnEmptyText) {
-  const auto text = savedQueries().front().select;
-  EXPECT_NE(text.find("'' AS STAX_NO, '' AS CST_NO"), std::string::npos) << text;
-  EXPECT_NE(text.find("BUYER.phone1 AS phone1, '' AS PHONE2"), std::string::npos);
-  EXPECT_EQ(text.find("BUYER.PHONE2"), std::string::npos);
-}
-
 TEST_F(ViewsTest, ABillIsReadWithItsLinesAndNames) {
   db.exec(
       "INSERT INTO ACCOUNT (ACC_CD, ACC_NAME, STATECD) VALUES ('A00001', 'O''Brien', 24), ('A00002', "

@@ -117,6 +117,10 @@ TEST_F(Gstsapu, RefusalsKeepTheFocusAndTheText) {
     host.fillEnter("date", never);
     EXPECT_EQ(host.focus(), "date");
   }
+  for (const char* edge : {"01042026", "31032027"}) {
+    host.fillEnter("date", edge);
+    EXPECT_EQ(host.focus(), "party") << edge;
+  }
   host.fillEnter("date", "15062020");
   EXPECT_EQ(host.focus(), "party") << "by text the fifteenth lies between the first and the last";
 
