@@ -108,7 +108,7 @@ double fullBill(Database& db) {
       bill);
   db.exec(
       "UPDATE SALE SET NET_AMT = ROUND(ITEM_AMT + TCGSTRT + TSGSTRT),"
-      " ROUND_OFF = ROUND(ROUND(ITEM_AMT + TCGSTRT + TSGSTRT) - (ITEM_AMT + TCGSTRT + TSGSTRT), 2)"
+      " ROUND_OFF = ROUNDED(ROUND(ITEM_AMT + TCGSTRT + TSGSTRT) - (ITEM_AMT + TCGSTRT + TSGSTRT), 2)"
       " WHERE BOOK_CD = 'SA' AND VOUCH_NO = ?",
       bill);
   return bill;

@@ -10,6 +10,7 @@
 #include "platform/whole_file.h"
 #include "store/backup.h"
 #include "store/dictionary.h"
+#include "store/engine.h"
 #include "store/lock_file.h"
 #include "store/safe_file.h"
 #include "store/templates.h"
@@ -162,7 +163,7 @@ BackupFacts factsOf(const fs::path& file) {
   Database db;
   db.open(file, Access::readOnly);
   if (!isCompanyYear(db)) throw DatabaseError(Kind::notDatabase, file.filename().string(), {});
-  if (const std::string found = db.text("PRAGMA main.integrity_check"); found != "ok")
+  if (const std::string found = damageIn(db); !found.empty())
     throw DatabaseError(Kind::damaged, file.filename().string(), found);
   BackupFacts facts{.dataname = savedUnder(db), .newer = shapeVersion(db) > kShapeVersion};
   db.passOver(kOlderBooks, [&] { facts.company = db.text("SELECT COMPNM FROM COMP_DET"); });

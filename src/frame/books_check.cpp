@@ -5,6 +5,7 @@
 #include "frame/posting_due.h"
 #include "frame/session.h"
 #include "frame/voucher_kinds.h"
+#include "store/engine.h"
 
 namespace {
 
@@ -22,8 +23,8 @@ struct Heads {
 constexpr Heads kHeads[] = {
     {"SALE", "BOOK_CD", "SALEITM", "ITEM_AMT", "L.AMOUNT",
      "TCGSTRT + H.TSGSTRT + H.TIGSTRT", "L.CGSTAMT + L.SGSTAMT + L.IGSTAMT",
-     "ABS(MAX(H.TCGSTRT) - TOTAL(L.CGSTAMT)) > 0.005 OR ABS(MAX(H.TSGSTRT) - TOTAL(L.SGSTAMT)) > 0.005"
-     " OR ABS(MAX(H.TIGSTRT) - TOTAL(L.IGSTAMT)) > 0.005"},
+     "ABS(MAX(H.TCGSTRT) - COALESCE(SUM(L.CGSTAMT), 0)) > 0.005 OR ABS(MAX(H.TSGSTRT) - COALESCE(SUM(L.SGSTAMT), 0)) > 0.005"
+     " OR ABS(MAX(H.TIGSTRT) - COALESCE(SUM(L.IGSTAMT), 0)) > 0.005"},
     {"CHLN", "BOOK_CD", "CHLNITM", "ITEM_AMT", "L.NET_AMOUNT", nullptr, nullptr, nullptr},
     {"QUOT", "ENTRY_TYP", "QUOTITM", "ITEM_AMT", "VAL(L.AMOUNT)", nullptr, nullptr, nullptr},
 };
@@ -42,7 +43,7 @@ class Faults {
  public:
   // Columns WHAT, BOOK, VOUCH_NO, VOUCH_DT, PARTY_CD, HAS, SHOULD, OPENS.
   void add(const std::string& select, std::vector<Value> values) {
-    text_ += (text_.empty() ? "" : " UNION ALL ") + ("SELECT * FROM (" + select + ")");
+    text_ += (text_.empty() ? "" : " UNION ALL ") + ("SELECT * FROM (" + select + ") AS PART");
     values_.insert(values_.end(), values.begin(), values.end());
   }
   const std::string& text() const { return text_; }
@@ -58,6 +59,8 @@ std::string books(const std::string& column, const std::vector<const VoucherKind
   for (const VoucherKind* kind : kinds) codes.push_back("'" + kind->code + "'");
   return column + " IN (" + join(codes, ", ") + ")";
 }
+
+std::string totalOf(const std::string& figures) { return "COALESCE(SUM(" + figures + "), 0)"; }
 
 std::string shownBook(const Heads& heads) {
   return std::string(heads.key) == "BOOK_CD" ? "H.BOOK_CD" : "'" + quotationKind().book() + "'";
@@ -78,14 +81,13 @@ void addLines(Faults& faults, const Heads& h) {
                    " ORDER BY H.VOUCH_NO",
                {words(what)});
   };
-  const std::string sum = std::string("TOTAL(") + h.goodsOfLines + ")";
+  const std::string sum = totalOf(h.goodsOfLines);
   part(goods, sum, "ABS(COALESCE(" + goods + ", 0) - " + sum + ") > " + kPaisa, kGoodsDiffer);
   if (h.taxes)
-    part(std::string("MAX(H.") + h.taxes + ")", std::string("TOTAL(") + h.taxesOfLines + ")", h.taxesDiffer,
-         kTaxesDiffer);
+    part(std::string("MAX(H.") + h.taxes + ")", totalOf(h.taxesOfLines), h.taxesDiffer, kTaxesDiffer);
   faults.add("SELECT ? AS WHAT, " + replaceAll(book, "H.", "L.") +
-                 " AS BOOK, L.VOUCH_NO, MAX(L.VOUCH_DT) AS VOUCH_DT, NULL, 0, TOTAL(" + h.goodsOfLines +
-                 "), '' FROM " + h.lines + " AS L WHERE NOT EXISTS (SELECT 1 FROM " + h.table +
+                 " AS BOOK, L.VOUCH_NO, MAX(L.VOUCH_DT) AS VOUCH_DT, NULL, 0, " + totalOf(h.goodsOfLines) +
+                 ", '' FROM " + h.lines + " AS L WHERE NOT EXISTS (SELECT 1 FROM " + h.table +
                  " AS H WHERE H.VOUCH_NO = L.VOUCH_NO AND H." + key + " = L." + key +
                  ") GROUP BY L.VOUCH_NO, L." + key,
              {words(kNoHead)});
@@ -113,8 +115,8 @@ void addUnposted(Faults& faults, const std::string& table, const char* amount, c
 
 // The shop's accounts stand before the system's, so that the smallest code is the party's.
 void addLedger(Faults& faults) {
-  const std::string debit = "TOTAL(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D')",
-                    credit = "TOTAL(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'C')";
+  const std::string debit = "COALESCE(" + sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'D'") + ", 0)",
+                    credit = "COALESCE(" + sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'C'") + ", 0)";
   const std::string head =
       "SELECT ? AS WHAT, L.BOOK_CD AS BOOK, L.VOUCH_NO, MAX(L.VOUCH_DT), MIN(L.PARTY_CD), ";
   faults.add(head + debit + ", " + credit +
@@ -143,8 +145,8 @@ BooksCheck booksCheck() {
   addUnposted(faults, "RPTPAY", "AMOUNT", "");
   return {
       "SELECT WHAT, BOOK, VOUCH_NO, VOUCH_DT, COALESCE(ACC_NAME, F.PARTY_CD) AS PARTY,"
-      " FORMAT(HAS, '0.00') AS HAS, FORMAT(SHOULD, '0.00') AS SHOULD,"
-      " FORMAT(HAS - SHOULD, '0.00') AS DIFFERS, OPENS FROM (" +
+      " SHOWN(HAS, '0.00') AS HAS, SHOWN(SHOULD, '0.00') AS SHOULD,"
+      " SHOWN(HAS - SHOULD, '0.00') AS DIFFERS, OPENS FROM (" +
           faults.text() + ") AS F LEFT JOIN ACCOUNT ON ACC_CD = F.PARTY_CD",
       faults.values()};
 }

@@ -172,7 +172,9 @@ void clearMarks(Database& year) {
   try {
     for (const int mark : {221, 222, 223, 224, 225, 226})
       year.passOver({"the mark decides nothing"},
-                    "UPDATE SPSFILE SET VOUCH_FLAG = 0 WHERE VOUCH_NO = ? AND VOUCH_FLAG IS NOT 0", mark);
+                    "UPDATE SPSFILE SET VOUCH_FLAG = 0 WHERE VOUCH_NO = ?"
+                    " AND (VOUCH_FLAG IS NULL OR VOUCH_FLAG <> 0)",
+                    mark);
   } catch (const DatabaseError& error) {
     if (error.kind() != Kind::full && error.kind() != Kind::readOnly && error.kind() != Kind::io) throw;
     logFailure("passed over: the books can be read", error);
@@ -245,9 +247,11 @@ fs::path dataFile(const fs::path& folder, const CompanyYear& which) {
 }
 
 std::string nextCompanyCode(Database& catalogue) {
-  const double n = 1 + catalogue.number(
-                           "SELECT MAX(CAST(SUBSTR(COMP_ID, 2) AS INTEGER)) FROM compny"
-                           " WHERE COMP_ID LIKE 'M_%' AND SUBSTR(COMP_ID, 2) NOT GLOB '*[^0-9]*'");
+  double n = 1;
+  for (auto codes = catalogue.query("SELECT COMP_ID FROM compny WHERE COMP_ID LIKE 'M_%'"); codes.next();) {
+    const std::string number = codes.text(0).substr(1);
+    if (number.find_first_not_of("0123456789") == std::string::npos) n = std::max(n, Val(number) + 1);
+  }
   return (n < 10 ? "M00" : "M0") + numText(n);
 }
 

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "store/dictionary.h"
+#include "store/engine.h"
 
 namespace {
 
@@ -35,26 +36,6 @@ void put(Fields& fields, std::string_view column, Value value) {
   fields.push_back({column, std::move(value)});
 }
 
-// The catalogue among the tables of the books, so that one transaction writes both or none.
-class WithCatalogue {
- public:
-  WithCatalogue(Database& year, const Database& catalogue) : year_(year) {
-    year_.exec("ATTACH ? AS catalogue", catalogue.file().string());
-  }
-  ~WithCatalogue() {
-    try {
-      year_.exec("DETACH ?", "catalogue");
-    } catch (const std::exception& error) {
-      logFailure("passed over: it goes when the books are closed", error);
-    }
-  }
-  WithCatalogue(const WithCatalogue&) = delete;
-  WithCatalogue& operator=(const WithCatalogue&) = delete;
-
- private:
-  Database& year_;
-};
-
 }  // namespace
 
 void loadCompanyDetails(Session& s) {
@@ -78,7 +59,7 @@ void saveCompanyDetails(Session& s, Fields fields) {
 
   const std::string name = textOf(fields, "COMPNM");
   Database& db = *s.cndata;
-  const WithCatalogue both(db, *s.cncomp);
+  const WithCatalogue both(db, s.cncomp->file());
   Transaction all(db);
   if (db.first("SELECT 1 FROM COMP_DET"))
     updateRows(db, "COMP_DET", fields, "1 = 1");

@@ -33,7 +33,7 @@ SelectColumn amountText(const std::string& amount, const std::string& name) {
 }
 
 SelectColumn balanceColumn(int width) {
-  return {.expression = "FORMAT(cl_bal,'0.00')", .width = width, .name = "CLBAL", .balance = true};
+  return {.expression = "SHOWN(cl_bal,'0.00')", .width = width, .name = "CLBAL", .balance = true};
 }
 
 Lookup accounts(SelectColumns columns, const std::string& where) {
@@ -52,7 +52,7 @@ std::string lookUpValue(Host& host, const Lookup& lookup) {
   const std::string hint = host.hint();
   Lookup asked = lookup;
   for (SelectColumn& column : asked.rows.columns)
-    if (column.balance) column.expression = std::string("FORMAT(") + balanceExpression(data()) + ",'0.00')";
+    if (column.balance) column.expression = std::string("SHOWN(") + balanceExpression(data()) + ",'0.00')";
   const auto chosen = host.openModal("FRMHLP", {.more = asked});
   host.hint(hint);
   return chosen.value_or("");

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "base/text.h"
-#include "store/alter.h"
 #include "store/dictionary.h"
+#include "store/engine.h"
 
 namespace {
 
@@ -26,8 +26,7 @@ std::string withoutVoucher(const std::string& row) {
 
 void rememberDeleted(Database& db, const VoucherKind& kind, double number) {
   if (kind.ledger.partySide.empty()) return;
-  // Books that the walk has not brought up to date lack it.
-  if (!CheckTable(db, kTable)) db.exec(createTableStatement("main.DELETED", dictionaryColumns(kTable)));
+  ensureTable(db, kTable);  // books that the walk has not brought up to date lack it
   db.exec("DELETE FROM DELETED WHERE BOOK_CD = ? AND VOUCH_NO = ?", kind.code, number);
   db.exec("INSERT INTO DELETED (BOOK_CD, VOUCH_NO) VALUES (?, ?)", kind.code, number);
 }

@@ -181,7 +181,7 @@ double NextItemCode() {
   const auto last = [](const char* from, const char* to) {
     return data().number(
         "SELECT MAX(VAL(SUBSTR(ITEM_CD, 2))) FROM ITEM"
-        " WHERE ITEM_CD >= ? AND ITEM_CD < ? AND LENGTH(ITEM_CD) = 8",
+        " WHERE ITEM_CD >= ? AND ITEM_CD < ? AND LEN(ITEM_CD) = 8",
         from, to);
   };
   const double own = next(last("I0", "I1"));

@@ -47,13 +47,14 @@ std::string selectText(const Select& select) {
 std::string tableText(const Select& select) { return bodyText(select) + orderText(select); }
 
 std::string countText(const Select& select) {
-  if (select.distinct) return "SELECT COUNT(*) FROM (" + headText(select) + bodyText(select) + ")";
+  if (select.distinct)
+    return "SELECT COUNT(*) FROM (" + headText(select) + bodyText(select) + ") AS ALL_ROWS";
   return "SELECT COUNT(*)" + bodyText(select);
 }
 
 std::string countUpToText(const Select& select) {
   return "SELECT COUNT(*) FROM (" + (select.distinct ? headText(select) : "SELECT 1") + bodyText(select) +
-         " LIMIT ?)";
+         " LIMIT ?) AS FIRST_ROWS";
 }
 
 std::string pageText(const Select& select) { return selectText(select) + " LIMIT ? OFFSET ?"; }
@@ -88,5 +89,5 @@ std::string anywhere(std::string_view typed) {
 
 std::string numberText(const std::string& number) {
   const std::string whole = "CAST(" + number + " AS INTEGER)";
-  return "IIF(" + number + " = " + whole + ", " + whole + ", NUMTEXT(" + number + "))";
+  return "CASE WHEN " + number + " = " + whole + " THEN " + whole + " ELSE NUMTEXT(" + number + ") END";
 }

@@ -10,7 +10,7 @@
 // of them or search in them.
 
 struct SelectColumn {
-  std::string expression;   // "FORMAT(cl_bal,'0.00')"
+  std::string expression;   // "SHOWN(cl_bal,'0.00')"
   int width = 0;            // twips of a screen of 800 pixels; 0: what its content asks for
   std::string name = {};    // "CLBAL"; empty: the column's own
   std::string search = {};  // condition with one "?" for a typed text; empty: in what the column shows

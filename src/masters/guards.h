@@ -8,8 +8,8 @@
 #include "platform/host.h"
 #include "store/database.h"
 
-// Why a row of a master may not go: something elsewhere names it. A statement over the code that must
-// find nothing; what it finds first stands in the words as {where}.
+// Why a row of a master may not go: something elsewhere names it. A statement that must find nothing, with
+// the code for each "?"; what it finds first stands in the words as {where}.
 struct Guard {
   std::string_view statement;
   std::string_view words;

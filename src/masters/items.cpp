@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "store/dictionary.h"
+#include "store/engine.h"
 #include "store/keys.h"
 
 namespace {
@@ -64,9 +65,9 @@ std::string namedIn(Database& db, std::string_view code, std::string_view size) 
     if (!where.empty() || n.table == "PRTYRATE" || !CheckTable(db, n.table)) continue;
     const std::string table(n.table);
     db.passOver(kOtherTrades, [&] {
-      if (db.first("SELECT 1 FROM " + table + " WHERE " + std::string(n.code) + " = ?1 AND (?2 = '' OR " +
-                       std::string(n.size) + " = ?2 COLLATE NOCASE)",
-                   code, size))
+      if (db.first("SELECT 1 FROM " + table + " WHERE " + std::string(n.code) + " = ? AND (? = '' OR UPPER(" +
+                       std::string(n.size) + ") = UPPER(?))",
+                   code, size, size))
         where = n.what ? words(n.what) : table;
     });
   }
@@ -75,15 +76,11 @@ std::string namedIn(Database& db, std::string_view code, std::string_view size) 
 
 // The update keys the rows by their item alone where each item has one unit.
 void refuseSecondUnit(Database& db) {
-  const bool keyed = db.first(
-                           "SELECT 1 FROM main.sqlite_master WHERE type = 'index' AND name = ?"
-                           " COLLATE NOCASE",
-                           keyName("ITEMDTL"))
-                         .has_value();
-  if (!keyed) return;
+  if (!hasIndex(db, keyName("ITEMDTL"))) return;
   const auto several = db.first(
       "SELECT ITEM_NAME FROM ITEM WHERE ITEM_CD IN (SELECT ITEM_CD FROM (SELECT ITEM_CD FROM TEMP_ITMDTL"
-      " UNION ALL SELECT ITEM_CD FROM ITEMDTL WHERE ITEM_CD IN (SELECT ITEM_CD FROM TEMP_ITMDTL))"
+      " UNION ALL SELECT ITEM_CD FROM ITEMDTL WHERE ITEM_CD IN (SELECT ITEM_CD FROM TEMP_ITMDTL)) AS "
+      "BOTH_ROWS"
       " GROUP BY ITEM_CD HAVING COUNT(*) > 1)");
   if (!several) return;
   throw DatabaseError(DatabaseError::Kind::constraint, {},
@@ -94,9 +91,11 @@ void refuseSecondUnit(Database& db) {
 
 // A row renamed to a pair that another item has already joins that row, with its stock.
 void joinStandingRows(Database& db) {
-  db.exec(
-      "UPDATE ITEMDTL SET OP_STK = ITEMDTL.OP_STK + WORK.OP_STK, CL_STK = ITEMDTL.CL_STK + WORK.CL_STK"
-      " FROM TEMP_ITMDTL AS WORK WHERE ITEMDTL.ITEM_CD = WORK.ITEM_CD AND ITEMDTL.SIZE_CD = WORK.SIZE_CD");
+  const std::string same =
+      " FROM TEMP_ITMDTL AS W WHERE W.ITEM_CD = ITEMDTL.ITEM_CD AND W.SIZE_CD = ITEMDTL.SIZE_CD";
+  db.exec("UPDATE ITEMDTL SET OP_STK = OP_STK + (SELECT W.OP_STK" + same +
+          "), CL_STK = CL_STK + (SELECT W.CL_STK" + same +
+          ") WHERE ITEM_CD IN (SELECT ITEM_CD FROM TEMP_ITMDTL) AND EXISTS (SELECT 1" + same + ")");
   db.exec(
       "DELETE FROM TEMP_ITMDTL WHERE EXISTS (SELECT 1 FROM ITEMDTL"
       " WHERE ITEMDTL.ITEM_CD = TEMP_ITMDTL.ITEM_CD AND ITEMDTL.SIZE_CD = TEMP_ITMDTL.SIZE_CD)");
@@ -196,25 +195,38 @@ void addItem(Database& db, std::string_view code, Fields head) {
 bool changeItem(Database& db, std::string_view code, const Fields& head,
                 const std::vector<Renaming>& renamings) {
   if (updateRows(db, "ITEM", head, "ITEM_CD = ?", {code}) == 0) return false;
-  const auto whole =
-      db.all("SELECT SIZE_CD, DESC1 FROM ITEMDTL WHERE ITEM_CD = ? AND LENGTH(DESC1) > 20", code);
+  const auto whole = db.all("SELECT SIZE_CD, DESC1 FROM ITEMDTL WHERE ITEM_CD = ? AND LEN(DESC1) > 20", code);
   db.exec("DELETE FROM ITEMDTL WHERE ITEM_CD = ?", code);
   storeDetails(db);
   for (const Row& row : whole)
-    db.exec("UPDATE ITEMDTL SET DESC1 = ?1 WHERE ITEM_CD = ?2 AND SIZE_CD = ?3 AND DESC1 = SUBSTR(?1, 1, 20)",
-            row.text("DESC1"), code, row.text("SIZE_CD"));
+    db.exec("UPDATE ITEMDTL SET DESC1 = ? WHERE ITEM_CD = ? AND SIZE_CD = ? AND DESC1 = SUBSTR(?, 1, 20)",
+            row.text("DESC1"), code, row.text("SIZE_CD"), row.text("DESC1"));
   for (const Renaming& renaming : renamings) RenameItem(db, renaming);
   return true;
 }
+
+namespace {
+
+// A party has one rate a day for an item in a unit.
+constexpr const char* kRateIsFree =
+    " AND NOT EXISTS (SELECT 1 FROM PRTYRATE AS OTHER WHERE OTHER.RT_DT = PRTYRATE.RT_DT"
+    " AND OTHER.ACC_CD = PRTYRATE.ACC_CD AND OTHER.ITEM_CD = ? AND OTHER.SIZE_CD = ?"
+    " AND OTHER.rowid <> PRTYRATE.rowid)";
+
+}  // namespace
 
 void RenameItem(Database& db, const Renaming& renaming) {
   for (const Naming& n : kNamings) {
     const std::string code(n.code), size(n.size);
     if (!CheckTable(db, n.table)) continue;
-    db.passOver(kOtherTrades,
-                "UPDATE OR IGNORE " + std::string(n.table) + " SET " + code + " = ?, " + size +
-                    " = ? WHERE " + code + " = ? AND " + size + " = ?",
-                renaming.to.code, renaming.to.size, renaming.from.code, renaming.from.size);
+    const bool keyed = n.table == "PRTYRATE";
+    std::vector<Value> values{renaming.to.code, renaming.to.size, renaming.from.code, renaming.from.size};
+    if (keyed) values.insert(values.end(), {renaming.to.code, renaming.to.size});
+    db.passOver(kOtherTrades, [&] {
+      db.exec("UPDATE " + std::string(n.table) + " SET " + code + " = ?, " + size + " = ? WHERE " + code +
+                  " = ? AND " + size + " = ?" + (keyed ? kRateIsFree : ""),
+              values);
+    });
   }
   db.passOver(kOlderBooks, "DELETE FROM PRTYRATE WHERE ITEM_CD = ? AND SIZE_CD = ?", renaming.from.code,
               renaming.from.size);

@@ -3,23 +3,20 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "store/engine.h"
 
 namespace {
 
 std::string shownText(const std::string& expression, const std::string& declaredType) {
   if (startsWithNoCase(declaredType, "TEXT")) return expression;
-  if (startsWithNoCase(declaredType, "DATE")) return "FORMAT(" + expression + ", 'dd/mmm/yyyy')";
+  if (startsWithNoCase(declaredType, "DATE")) return "SHOWN(" + expression + ", 'dd/mmm/yyyy')";
   return declaredType.empty() ? "NUMTEXT(" + expression + ")" : numberText(expression);
 }
 
 bool isIndexedText(Database& db, const std::string& table, const std::string& column) {
   const auto& columns = db.columns(table);
   const auto found = std::ranges::find_if(columns, [&](const Column& c) { return sameText(c.name, column); });
-  return found != columns.end() && found->kind == Column::Kind::text &&
-         db.first(
-             "SELECT 1 FROM pragma_index_list(?) AS list, pragma_index_info(list.name) AS part"
-             " WHERE part.seqno = 0 AND part.name = ? COLLATE NOCASE AND list.partial = 0",
-             table, column);
+  return found != columns.end() && found->kind == Column::Kind::text && isIndexed(db, table, column);
 }
 
 }  // namespace
@@ -40,5 +37,5 @@ std::optional<Select> valueSteps(Database& database, const Lookup& lookup) {
                 .from = "(WITH RECURSIVE steps(reached) AS (" + next + "'' UNION ALL SELECT (" + next +
                         "reached) FROM steps WHERE reached IS NOT NULL)"
                         " SELECT reached AS " +
-                        value + " FROM steps WHERE reached IS NOT NULL)"};
+                        value + " FROM steps WHERE reached IS NOT NULL) AS USED"};
 }

@@ -38,10 +38,10 @@ const std::vector<SmallMaster>& masters() {
        },
        .list = {.columns = {{"CODE"}, {"NAME"}}, .from = "DISCHTAX", .order = {"code"}},
        .lookup = {.rows = {.columns = {{"CODE"}, {"NAME"}, {"RATE"}, {"TAX_ACC"}, {"FORM_PRINT"}}, .from = "DISCHTAX", .order = {"code"}}},
-       .guards = {{.statement = "SELECT 1 FROM SALE WHERE TAX_CD1 = ?1 OR TAX_CD2 = ?1 OR ATAX_CD = ?1", .words = "There is Sale Entry For This Tax Code\r\nCan Not Delete"},
-                  {.statement = "SELECT 1 FROM PURCH WHERE CHRG_PERC1 = ?1 OR EXCISE_PER = ?1 OR ATAX_PERC = ?1", .words = "There is Purchase Entry For This Tax Code\r\nCan Not Delete"},
-                  {.statement = "SELECT NUMTEXT(VOUCH_NO) FROM CHLN WHERE TAX_CD1 = ?1 OR TAX_CD2 = ?1", .words = "This Tax Code Stands In Challan {where}\r\nCan Not Delete"},
-                  {.statement = "SELECT NUMTEXT(VOUCH_NO) FROM QUOT WHERE TAX_PERC = ?1 OR ATAX_PERC = ?1", .words = "This Tax Code Stands In Quotation {where}\r\nCan Not Delete"}}},
+       .guards = {{.statement = "SELECT 1 FROM SALE WHERE TAX_CD1 = ? OR TAX_CD2 = ? OR ATAX_CD = ?", .words = "There is Sale Entry For This Tax Code\r\nCan Not Delete"},
+                  {.statement = "SELECT 1 FROM PURCH WHERE CHRG_PERC1 = ? OR EXCISE_PER = ? OR ATAX_PERC = ?", .words = "There is Purchase Entry For This Tax Code\r\nCan Not Delete"},
+                  {.statement = "SELECT NUMTEXT(VOUCH_NO) FROM CHLN WHERE TAX_CD1 = ? OR TAX_CD2 = ?", .words = "This Tax Code Stands In Challan {where}\r\nCan Not Delete"},
+                  {.statement = "SELECT NUMTEXT(VOUCH_NO) FROM QUOT WHERE TAX_PERC = ? OR ATAX_PERC = ?", .words = "This Tax Code Stands In Quotation {where}\r\nCan Not Delete"}}},
 
       {.key = "TRANS", .stem = "Transport Master", .table = "TRANSMAST", .code = SmallCode::NextNumber, .numericCode = true,
        .fields = {
@@ -120,7 +120,7 @@ std::string keyColumn(const SmallMaster& m) { return std::string(m.fields[0].col
 
 // Texts that are their own key are found whatever blanks surround them.
 std::string keyCondition(const SmallMaster& m) {
-  return m.code == SmallCode::ItsText ? "TRIM(" + keyColumn(m) + ") = ? COLLATE NOCASE"
+  return m.code == SmallCode::ItsText ? "UPPER(TRIM(" + keyColumn(m) + ")) = UPPER(?)"
                                       : keyColumn(m) + " = ?";
 }
 
@@ -163,7 +163,7 @@ std::optional<Row> findSmallRow(const SmallMaster& master, Database& db, std::st
 bool smallNameInUse(const SmallMaster& master, Database& db, std::string_view name) {
   const std::string column(master.fields[static_cast<size_t>(master.name)].column);
   const std::string statement =
-      "SELECT 1 FROM " + std::string(master.table) + " WHERE TRIM(" + column + ") = ? COLLATE NOCASE";
+      "SELECT 1 FROM " + std::string(master.table) + " WHERE UPPER(TRIM(" + column + ")) = UPPER(?)";
   bool found = false;
   db.passOver(kOtherTrades, [&] { found = db.first(statement, name).has_value(); });
   return found;
@@ -183,7 +183,7 @@ bool changeSmallRow(const SmallMaster& master, Database& db, std::string_view co
 
 void deleteSmallRow(const SmallMaster& master, Database& db, std::string_view code) {
   if (master.key == "USERFORM")
-    db.passOver(kOtherTrades, "DELETE FROM urights WHERE username = ? COLLATE NOCASE", trim(code));
+    db.passOver(kOtherTrades, "DELETE FROM urights WHERE UPPER(username) = UPPER(?)", trim(code));
   db.exec("DELETE FROM " + std::string(master.table) + " WHERE " + keyCondition(master),
           smallCode(master, code));
 }

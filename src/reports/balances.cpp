@@ -1,5 +1,6 @@
 #include "reports/balances.h"
 
+#include "store/engine.h"
 #include "store/groups.h"
 
 namespace {
@@ -20,16 +21,17 @@ std::vector<Row> groupSummary(Database& db) {
 // alone, which is one walk through the ledger's index in its order.
 void addSides(Database& db, const std::string& columns, const std::string& condition,
               const std::vector<Value>& values) {
-  db.exec(
-      "WITH SUMS AS MATERIALIZED (SELECT PARTY_CD, SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'C') AS CR,"
-      " SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D') AS DR,"
-      " COUNT(*) FILTER (WHERE VOUCH_TYPE IS NOT 'C' AND VOUCH_TYPE IS NOT 'D') AS OTHERS"
-      " FROM ALEDGER WHERE " +
-          condition + " GROUP BY PARTY_CD) INSERT INTO T_FINALNEW (ACC_CD, " + columns +
-          ") SELECT PARTY_CD, CR, 0 FROM SUMS WHERE CR IS NOT NULL"
-          " UNION ALL SELECT PARTY_CD, 0, DR FROM SUMS WHERE DR IS NOT NULL"
-          " UNION ALL SELECT PARTY_CD, 0, 0 FROM SUMS WHERE OTHERS > 0",
-      values);
+  db.exec("INSERT INTO T_FINALNEW (ACC_CD, " + columns + ") WITH SUMS AS (SELECT PARTY_CD, " +
+              sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'C'") + " AS CR, " +
+              sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'D'") + " AS DR, " +
+              sumWhere("1", "VOUCH_TYPE IS NULL OR VOUCH_TYPE NOT IN ('C', 'D')") +
+              " AS OTHERS"
+              " FROM ALEDGER WHERE " +
+              condition +
+              " GROUP BY PARTY_CD) SELECT PARTY_CD, CR, 0 FROM SUMS WHERE CR IS NOT NULL"
+              " UNION ALL SELECT PARTY_CD, 0, DR FROM SUMS WHERE DR IS NOT NULL"
+              " UNION ALL SELECT PARTY_CD, 0, 0 FROM SUMS WHERE OTHERS > 0",
+          values);
 }
 
 void fillFinalTable(Database& db, Date from, Date to) {
@@ -46,11 +48,14 @@ void fillFinalTable(Database& db, Date from, Date to) {
            "VOUCH_DT < ? AND PARTY_CD IN (SELECT ACC_CD FROM ACCOUNT WHERE GROUP_CD = 10 OR GROUP_CD >= 70)",
            {from});
   db.exec(
-      "UPDATE T_FINALNEW SET GROUP_CD = ACCOUNT.GROUP_CD, ACC_NAME = ACCOUNT.ACC_NAME"
-      " FROM ACCOUNT WHERE T_FINALNEW.ACC_CD = ACCOUNT.ACC_CD");
+      "UPDATE T_FINALNEW SET"
+      " GROUP_CD = (SELECT A.GROUP_CD FROM ACCOUNT AS A WHERE A.ACC_CD = T_FINALNEW.ACC_CD),"
+      " ACC_NAME = (SELECT A.ACC_NAME FROM ACCOUNT AS A WHERE A.ACC_CD = T_FINALNEW.ACC_CD)"
+      " WHERE ACC_CD IN (SELECT ACC_CD FROM ACCOUNT)");
   db.exec(
-      "UPDATE T_FINALNEW SET GROUP_NAME = GRP.GROUP_NAME"
-      " FROM GRP WHERE T_FINALNEW.GROUP_CD = GRP.GROUP_CD");
+      "UPDATE T_FINALNEW SET"
+      " GROUP_NAME = (SELECT GRP.GROUP_NAME FROM GRP WHERE GRP.GROUP_CD = T_FINALNEW.GROUP_CD)"
+      " WHERE GROUP_CD IN (SELECT GROUP_CD FROM GRP)");
   all.commit();
 }
 
@@ -67,26 +72,30 @@ std::string closingBalancesText() {
          " SUM(OP_BALCR) + SUM(OP_BALTCR) + SUM(TR_BALCR) AS CREDITS"
          " FROM T_FINALNEW GROUP BY ACC_NAME, ACC_CD, GROUP_CD, SGROUP_NAME)"
          " SELECT SIDES.ACC_CD, SIDES.ACC_NAME,"
-         " FORMAT(CASE WHEN DEBITS > CREDITS THEN DEBITS - CREDITS ELSE 0 END, '0.00') AS Dr,"
-         " FORMAT(CASE WHEN DEBITS < CREDITS THEN CREDITS - DEBITS ELSE 0 END, '0.00') AS Cr,"
-         " ACCOUNT.AREA, ACCOUNT.PHONE1, FORMAT(DEBITS - CREDITS, '0.00') AS cbl,"
+         " SHOWN(CASE WHEN DEBITS > CREDITS THEN DEBITS - CREDITS ELSE 0 END, '0.00') AS Dr,"
+         " SHOWN(CASE WHEN DEBITS < CREDITS THEN CREDITS - DEBITS ELSE 0 END, '0.00') AS Cr,"
+         " ACCOUNT.AREA, ACCOUNT.PHONE1, SHOWN(DEBITS - CREDITS, '0.00') AS cbl,"
          " SIDES.GROUP_CD, ACCOUNT.ANOTHER_CD, ACCOUNT.CITY"
          " FROM SIDES JOIN ACCOUNT ON ACCOUNT.ACC_CD = SIDES.ACC_CD"
          " WHERE " +
          underGroups("SIDES.GROUP_CD", {85}) +
-         " AND (?1 = '' OR ACCOUNT.AREA = ?1) AND (?2 = '' OR ACCOUNT.CITY = ?2)"
+         " AND (? = '' OR ACCOUNT.AREA = ?) AND (? = '' OR ACCOUNT.CITY = ?)"
          " ORDER BY SIDES.ACC_NAME, SIDES.ACC_CD";
 }
 
 // Opening and closing on their sides, what moved between them; accounts on which nothing stands stay out.
 std::string groupedBalancesText(const std::string& condition) {
   return "WITH SIDES AS (SELECT ACC_CD, ACC_NAME, GROUP_CD, GROUP_NAME,"
-         " ROUND(TOTAL(OP_BALDR) + TOTAL(OP_BALTDR) - TOTAL(OP_BALCR) - TOTAL(OP_BALTCR), 2) AS OPENING,"
-         " ROUND(TOTAL(TR_BALDR), 2) AS DEBITS, ROUND(TOTAL(TR_BALCR), 2) AS CREDITS"
+         " ROUNDED(COALESCE(SUM(OP_BALDR), 0) + COALESCE(SUM(OP_BALTDR), 0) - COALESCE(SUM(OP_BALCR), 0)"
+         " - COALESCE(SUM(OP_BALTCR), 0), 2) AS OPENING,"
+         " ROUNDED(COALESCE(SUM(TR_BALDR), 0), 2) AS DEBITS, ROUNDED(COALESCE(SUM(TR_BALCR), 0), 2) AS "
+         "CREDITS"
          " FROM T_FINALNEW GROUP BY GROUP_CD, GROUP_NAME, ACC_NAME, ACC_CD)"
-         " SELECT GROUP_NAME, SIDES.ACC_CD, SIDES.ACC_NAME, FORMAT(OPENING, '0.00'), FORMAT(DEBITS, '0.00'),"
-         " FORMAT(CREDITS, '0.00'), FORMAT(MAX(OPENING + DEBITS - CREDITS, 0), '0.00'),"
-         " FORMAT(MAX(CREDITS - OPENING - DEBITS, 0), '0.00')"
+         " SELECT GROUP_NAME, SIDES.ACC_CD, SIDES.ACC_NAME, SHOWN(OPENING, '0.00'), SHOWN(DEBITS, '0.00'),"
+         " SHOWN(CREDITS, '0.00'),"
+         " SHOWN(CASE WHEN OPENING + DEBITS - CREDITS > 0 THEN OPENING + DEBITS - CREDITS ELSE 0 END, "
+         "'0.00'),"
+         " SHOWN(CASE WHEN CREDITS - OPENING - DEBITS > 0 THEN CREDITS - OPENING - DEBITS ELSE 0 END, '0.00')"
          " FROM SIDES JOIN ACCOUNT ON ACCOUNT.ACC_CD = SIDES.ACC_CD"
          " WHERE (OPENING <> 0 OR DEBITS <> 0 OR CREDITS <> 0)" +
          (condition.empty() ? "" : " AND " + condition) +
@@ -94,5 +103,5 @@ std::string groupedBalancesText(const std::string& condition) {
 }
 
 std::vector<Row> closingBalances(Database& db, std::string_view area, std::string_view city) {
-  return db.all(closingBalancesText(), area, city);
+  return db.all(closingBalancesText(), area, area, city, city);
 }

@@ -30,7 +30,7 @@ std::vector<Row> BuildFinalTable(Database& db, Date from, Date to, std::string_v
 // group_cd, another_cd, city by ACC_NAME. Dr, Cr and cbl (their difference) are texts "0.00".
 // Customers (group 85 and those below it) only; an empty area or city takes all.
 std::vector<Row> closingBalances(Database& db, std::string_view area = {}, std::string_view city = {});
-// Its statement: ?1 is the area, ?2 the city.
+// Its statement; its values are the area twice and the city twice.
 std::string closingBalancesText();
 
 // Of accounts of all groups, by group and name, from T_FINALNEW as it stands: GROUP_NAME, ACC_CD, ACC_NAME,

@@ -35,7 +35,7 @@ Chart largestOutstanding(Database& db) {
       .lying = true
   };
   for (auto rows =
-           db.query("WITH SUMS AS MATERIALIZED (SELECT PARTY_CD, SUM(CL_BAL) AS TOTAL,"
+           db.query("WITH SUMS AS (SELECT PARTY_CD, SUM(CL_BAL) AS TOTAL,"
                     " SUM(CASE WHEN DATE_DIF <= 30 THEN CL_BAL ELSE 0 END) AS TO30,"
                     " SUM(CASE WHEN DATE_DIF BETWEEN 31 AND 60 THEN CL_BAL ELSE 0 END) AS TO60,"
                     " SUM(CASE WHEN DATE_DIF BETWEEN 61 AND 90 THEN CL_BAL ELSE 0 END) AS TO90,"

@@ -161,8 +161,7 @@ const GstParty* GstStatement::party(std::int64_t rowid) {
   if (known != parties_.end()) return &known->second;
   const auto found = *db_.first(
       "SELECT ACC_CD, ACC_NAME, GSTINNO, CITY, STATECD,"
-      " IIF(STATECD < 10, '0' || TRIM(STR(STATECD)) || '-' || CITY, TRIM(STR(STATECD)) || '-' || CITY) AS "
-      "STAT"
+      " CASE WHEN STATECD < 10 THEN '0' ELSE '' END || TRIM(STR(STATECD)) || '-' || CITY AS STAT"
       " FROM ACCOUNT WHERE rowid = ?",
       rowid);
   const auto state = found.isNull("STATECD") ? std::nullopt : std::optional(found.number("STATECD"));

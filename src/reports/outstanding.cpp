@@ -5,6 +5,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "store/balances.h"
+#include "store/engine.h"
 #include "store/groups.h"
 
 namespace {
@@ -46,7 +47,7 @@ Receivables::Receivables(Database& db, const std::string& code, const ReportQuer
       customers_(customersOf(db, code, query)) {
   db_.exec("DELETE FROM CAL");
   // The bills of one party are read by it.
-  db_.exec("CREATE INDEX IF NOT EXISTS temp.CAL_PARTY ON CAL (PARTY_CD, VOUCH_DT)");
+  db_.exec(indexWorkTableText("CAL", "PARTY_CD, VOUCH_DT"));
 }
 
 bool Receivables::next() {
@@ -66,11 +67,11 @@ bool Receivables::next() {
 // Read from the ledger's index alone, in its order.
 Receivables::Standing Receivables::standing() const {
   Standing found;
-  auto days = db_.query(
-      "SELECT VOUCH_DT, SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'C'),"
-      " SUM(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D'), MIN(VOUCH_AMT) FILTER (WHERE VOUCH_TYPE = 'D')"
-      " FROM ALEDGER WHERE PARTY_CD = ?1 GROUP BY VOUCH_DT",
-      customer().value("ACC_CD"));
+  auto days = db_.query("SELECT VOUCH_DT, " + sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'C'") + ", " +
+                            sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'D'") +
+                            ", MIN(CASE WHEN VOUCH_TYPE = 'D' THEN VOUCH_AMT END)"
+                            " FROM ALEDGER WHERE PARTY_CD = ? GROUP BY VOUCH_DT",
+                        customer().value("ACC_CD"));
   const std::string to = isoDate(to_);
   while (days.next()) {
     found.credits += days.number(1);
@@ -126,9 +127,9 @@ void Receivables::open(const Bill& bill, double paid) {
   const double left = clean(bill.amount - paid);
   db_.exec(
       "INSERT INTO CAL (VOUCH_NO, VOUCH_DT, PARTY_BL, BOOK_CD, PARTY_CD, CR, DR, CL_BAL, DATE_DIF,"
-      " NARRATION, NARR1, BCK_BAL) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?9)",
+      " NARRATION, NARR1, BCK_BAL) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
       bill.number, bill.date, bill.bill, bill.book, customer().value("ACC_CD"), bill.amount, paid, left,
-      day ? daysBetween(*day, to_) : 0, bill.narration, shownTo_);
+      day ? daysBetween(*day, to_) : 0, bill.narration, shownTo_, day ? daysBetween(*day, to_) : 0);
   sums_.amount += bill.amount;
   sums_.paid += paid;
   sums_.open += left;

@@ -48,7 +48,7 @@ ReportPlan planParties(Database&, const ReportQuery& q) {
 ReportPlan planCategories(Database&, const ReportQuery&) {
   ReportPlan plan{.caption = "DEPARTMENT MASTER"};
   plan.rows.text =
-      "SELECT DEPT_CD, DEPT_NAME, HSNCODE, ITEMDESC, FORMAT(RATEOFTAX, '0.00') FROM DEPTMENT"
+      "SELECT DEPT_CD, DEPT_NAME, HSNCODE, ITEMDESC, SHOWN(RATEOFTAX, '0.00') FROM DEPTMENT"
       " ORDER BY DEPT_NAME, DEPT_CD";
   // clang-format off
   plan.columns = {
@@ -71,8 +71,8 @@ void planContinuous(ReportPlan& plan, const ReportQuery& q) {
   plan.filter = c.shown();
   plan.rows = {
       "SELECT ITEM.ITEM_CD, ITEM_NAME, DEPT_NAME, SIZE_CD, ITEM.HSNCODE,"
-      " FORMAT(ITEM.RATEOFTAX, '0.00'), FORMAT(SALE_RATE1, '0.00') AS Rate1,"
-      " FORMAT(SALE_DISC, '0.00') AS Disc1, ITEM.DEPT_CD"
+      " SHOWN(ITEM.RATEOFTAX, '0.00'), SHOWN(SALE_RATE1, '0.00') AS Rate1,"
+      " SHOWN(SALE_DISC, '0.00') AS Disc1, ITEM.DEPT_CD"
       " FROM (ITEM INNER JOIN ITEMDTL ON ITEM.ITEM_CD = ITEMDTL.ITEM_CD)"
       " INNER JOIN DEPTMENT ON ITEM.DEPT_CD = DEPTMENT.DEPT_CD" +
           where(c) + " ORDER BY ITEM_NAME, SIZE_CD, ITEM.ITEM_CD",
@@ -103,8 +103,8 @@ void planByCategory(ReportPlan& plan, const ReportQuery& q) {
           where(c) + " ORDER BY DEPT_NAME, DEPT_CD",
       c.values()};
   plan.details = {
-      .rows = {"SELECT ITEM_NAME, ITEM.ITEM_CD, SIZE_CD, ITEM.HSNCODE, FORMAT(SALE_RATE1, '0.00'),"
-               " FORMAT(SALE_DISC, '0.00') FROM ITEM INNER JOIN ITEMDTL ON ITEM.ITEM_CD = ITEMDTL.ITEM_CD"
+      .rows = {"SELECT ITEM_NAME, ITEM.ITEM_CD, SIZE_CD, ITEM.HSNCODE, SHOWN(SALE_RATE1, '0.00'),"
+               " SHOWN(SALE_DISC, '0.00') FROM ITEM INNER JOIN ITEMDTL ON ITEM.ITEM_CD = ITEMDTL.ITEM_CD"
                " WHERE ITEM.DEPT_CD = ? ORDER BY ITEM_NAME, SIZE_CD, ITEM.ITEM_CD"},
       .keys = {"DEPT_CD"},
       .count = "ITEMS",
@@ -141,7 +141,7 @@ ReportPlan planClosingBalances(Database& db, const ReportQuery& q) {
   for (const ReportField field : {kCity, kState})
     if (!q[field].empty()) plan.caption += " " + q[field];
   plan.rows = {
-      closingBalancesText(), {q[kCity], q[kState]}
+      closingBalancesText(), {q[kCity], q[kCity], q[kState], q[kState]}
   };
   // clang-format off
   plan.columns = {

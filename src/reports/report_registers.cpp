@@ -43,10 +43,10 @@ ReportPlan planQuotations(Database&, const ReportQuery& q) {
   ReportPlan plan;
   plan.rows = {
       "SELECT QUOT.VOUCH_NO, QUOT.VOUCH_DT, ACC_NAME, TOTQTY,"
-      " FORMAT(ITEM_AMT + CHRG_AMT - DISC_AMT, '0.00') AS IAMT, FORMAT(TCGST, '0.00') AS CGST,"
-      " FORMAT(TSGST, '0.00') AS SGST, FORMAT(TIGST, '0.00') AS IGST, FORMAT(NET_AMT, '0.00') AS N_AMT,"
+      " SHOWN(ITEM_AMT + CHRG_AMT - DISC_AMT, '0.00') AS IAMT, SHOWN(TCGST, '0.00') AS CGST,"
+      " SHOWN(TSGST, '0.00') AS SGST, SHOWN(TIGST, '0.00') AS IGST, SHOWN(NET_AMT, '0.00') AS N_AMT,"
       " PARTY_CD, ? AS BOOK,"
-      " (SELECT COUNT(*) FROM QUOTITM WHERE QUOTITM.VOUCH_NO = QUOT.VOUCH_NO) AS LINES"
+      " (SELECT COUNT(*) FROM QUOTITM WHERE QUOTITM.VOUCH_NO = QUOT.VOUCH_NO) AS LINE_COUNT"
       " FROM QUOT LEFT JOIN ACCOUNT ON QUOT.PARTY_CD = ACCOUNT.ACC_CD",
       {quotationKind().book()}};
   narrow(plan, lists, lists == Lists::All ? dates(q) : datesAndPlaces(q), "QUOT", "QUOT.VOUCH_NO");
@@ -71,11 +71,11 @@ template <Lists lists>
 ReportPlan planQuotationDetails(Database& db, const ReportQuery& q) {
   ReportPlan plan = planQuotations<lists>(db, q);
   plan.details = {
-      .rows = {"SELECT VOUCH_NO, VOUCH_DT, ITEM_NAME || ' ' || SIZE_CD, FORMAT(QUANTITY, '0.00') AS QTY,"
-               " FORMAT(AMOUNT, '0.00') AS IAMT, CGSTAMT, SGSTAMT, IGSTAMT, AMOUNT AS amt"
+      .rows = {"SELECT VOUCH_NO, VOUCH_DT, ITEM_NAME || ' ' || SIZE_CD, SHOWN(QUANTITY, '0.00') AS QTY,"
+               " SHOWN(AMOUNT, '0.00') AS IAMT, CGSTAMT, SGSTAMT, IGSTAMT, AMOUNT AS amt"
                " FROM QUOTITM WHERE QUOTITM.VOUCH_NO = ? ORDER BY VAL(TNO), SRNO"},
       .keys = {"VOUCH_NO"},
-      .count = "LINES",
+      .count = "LINE_COUNT",
   };
   return plan;
 }
@@ -86,9 +86,9 @@ ReportPlan planChallans(Database&, const ReportQuery& q) {
   ReportPlan plan;
   plan.rows.text =
       "SELECT CHLN.VOUCH_NO, CHLN.VOUCH_DT, ACC_NAME, NO_OF_ITEM, ITEM_AMT, CHRGS, DISC_AMT,"
-      " FORMAT(NET_AMT, '0.00') AS N_AMT, PARTY_CD, ACCOUNT.AREA, ACCOUNT.CITY, CHLN.BOOK_CD,"
+      " SHOWN(NET_AMT, '0.00') AS N_AMT, PARTY_CD, ACCOUNT.AREA, ACCOUNT.CITY, CHLN.BOOK_CD,"
       " (SELECT COUNT(*) FROM CHLNITM INNER JOIN ITEM ON CHLNITM.ITEM_CD = ITEM.ITEM_CD"
-      " WHERE CHLNITM.VOUCH_NO = CHLN.VOUCH_NO) AS LINES"
+      " WHERE CHLNITM.VOUCH_NO = CHLN.VOUCH_NO) AS LINE_COUNT"
       " FROM CHLN LEFT JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD";
   narrow(plan, lists, datesAndPlaces(q), "CHLN", "CHLN.VOUCH_NO, CHLN.BOOK_CD");
   // clang-format off
@@ -111,12 +111,12 @@ template <Lists lists>
 ReportPlan planChallanDetails(Database& db, const ReportQuery& q) {
   ReportPlan plan = planChallans<lists>(db, q);
   plan.details = {
-      .rows = {"SELECT VOUCH_NO, VOUCH_DT, ITEM_NAME || ' ' || SIZE_CD, FORMAT(QUANTITY, '0.00') AS QTY,"
-               " FORMAT(RATE * QUANTITY, '0.00') AS IAMT, RATE AS RT, SALE_DISC AS DISCAMT, AMOUNT"
+      .rows = {"SELECT VOUCH_NO, VOUCH_DT, ITEM_NAME || ' ' || SIZE_CD, SHOWN(QUANTITY, '0.00') AS QTY,"
+               " SHOWN(RATE * QUANTITY, '0.00') AS IAMT, RATE AS RT, SALE_DISC AS DISCAMT, AMOUNT"
                " FROM CHLNITM INNER JOIN ITEM ON CHLNITM.ITEM_CD = ITEM.ITEM_CD"
                " WHERE CHLNITM.VOUCH_NO = ? ORDER BY SR_NO"},
       .keys = {"VOUCH_NO"},
-      .count = "LINES",
+      .count = "LINE_COUNT",
   };
   return plan;
 }
@@ -128,7 +128,7 @@ ReportPlan planReceipts(Database&, const ReportQuery& q) {
   ReportPlan plan{.filter = c.shown(), .note = "Salesman Changes Nothing Here"};
   plan.rows = {
       "SELECT VOUCH_NO, VOUCH_DT, ACCOUNT.ACC_NAME || ' ' || ACCOUNT.AREA AS acname,"
-      " FORMAT(AMOUNT, '0.00') AS AMT, NARRATION, PARTY_CD, CSHBNK_CD, ACCOUNT.AREA, ACCOUNT.CITY,"
+      " SHOWN(AMOUNT, '0.00') AS AMT, NARRATION, PARTY_CD, CSHBNK_CD, ACCOUNT.AREA, ACCOUNT.CITY,"
       " ACCOUNT.ANOTHER_CD, ACCOUNT.GROUP_CD, BOOK_CD"
       " FROM RPTPAY INNER JOIN ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD WHERE BOOK_CD = ? AND " +
           c.text() + " ORDER BY VOUCH_DT, VOUCH_NO, REF_NO, RPTPAY.rowid",

@@ -31,9 +31,9 @@ ReportPlan planBills(Database& db, const ReportQuery& q) {
   if (!q[kParty].empty())
     plan.caption = words("Sales Bill Summary For : {party}", "party", partyName(db, q[kParty]));
   plan.rows = {
-      "SELECT BILL_NO, SALE.VOUCH_DT, ACC_NAME, AREA, GSTINNO, FORMAT(ITEM_AMT, '0.00'),"
-      " FORMAT(TCGSTRT, '0.00'), FORMAT(TSGSTRT, '0.00'), FORMAT(TIGSTRT, '0.00'),"
-      " FORMAT(ROUND_OFF, '0.00'), FORMAT(SALE.NET_AMT, '0.00') AS AMOUNT, PARTY_CD, ACCOUNT.CITY,"
+      "SELECT BILL_NO, SALE.VOUCH_DT, ACC_NAME, AREA, GSTINNO, SHOWN(ITEM_AMT, '0.00'),"
+      " SHOWN(TCGSTRT, '0.00'), SHOWN(TSGSTRT, '0.00'), SHOWN(TIGSTRT, '0.00'),"
+      " SHOWN(ROUND_OFF, '0.00'), SHOWN(SALE.NET_AMT, '0.00') AS AMOUNT, PARTY_CD, ACCOUNT.CITY,"
       " BL_TYPE, SALE_CD, SALE.DATASENT, SALE.BOOK_CD, SALE.VOUCH_NO"
       " FROM SALE INNER JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE +SALE.BOOK_CD = ? AND " +
           c.text() + " ORDER BY SALE.VOUCH_DT, SALE.VOUCH_NO",
@@ -68,24 +68,24 @@ ReportPlan planBillDetails(Database&, const ReportQuery& q) {
   ReportPlan plan{.filter = c.shown()};
   plan.rows = {
       "SELECT SALE.VOUCH_NO AS vno, SALE.VOUCH_DT AS vdate, BILL_NO, ACC_NAME AS party, AREA,"
-      " FORMAT(NO_OF_ITEM, '0.00'), FORMAT(ITEM_AMT, '0.00'),"
-      " FORMAT(ABS((NET_AMT + (DISC_AMT1 + DISC_AMT2) - ITEM_AMT) - (DISC_AMT1 + DISC_AMT2)), '0.00')"
-      " AS Disc, FORMAT(NET_AMT, '0.00') AS AMOUNT, PARTY_CD, SALE.BOOK_CD, SALE.SMAN_CD, CITY, SALE_CD,"
+      " SHOWN(NO_OF_ITEM, '0.00'), SHOWN(ITEM_AMT, '0.00'),"
+      " SHOWN(ABS((NET_AMT + (DISC_AMT1 + DISC_AMT2) - ITEM_AMT) - (DISC_AMT1 + DISC_AMT2)), '0.00')"
+      " AS Disc, SHOWN(NET_AMT, '0.00') AS AMOUNT, PARTY_CD, SALE.BOOK_CD, SALE.SMAN_CD, CITY, SALE_CD,"
       " NARRATION, SALE.DATASENT,"
       " (SELECT COUNT(*) FROM SALEITM INNER JOIN ITEM ON SALEITM.ITEM_CD = ITEM.ITEM_CD"
-      " WHERE SALEITM.VOUCH_NO = SALE.VOUCH_NO AND SALEITM.BOOK_CD = SALE.BOOK_CD) AS LINES"
+      " WHERE SALEITM.VOUCH_NO = SALE.VOUCH_NO AND SALEITM.BOOK_CD = SALE.BOOK_CD) AS LINE_COUNT"
       " FROM SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE +SALE.BOOK_CD = ? AND " +
           c.text() + " ORDER BY SALE.VOUCH_DT, SALE.VOUCH_NO",
       c.valuesAfter(saleKind().code)};
   plan.details = {
       .rows = {"SELECT '' AS one1, ITEM.HSNCODE AS two2,"
                " CASE WHEN SALEITM.DESC1 <> '0' THEN SALEITM.DESC1 ELSE '' END AS three3, ITEM_NAME AS ITMNM,"
-               " ITEM_DESC, FORMAT(QUANTITY, '0.00'), FORMAT(SALEITM.RATE, '0.00') AS rate,"
-               " FORMAT(SALE_DISC, '0.00'), FORMAT(NET_AMOUNT - (CGSTAMT + SGSTAMT + IGSTAMT), '0.00')"
+               " ITEM_DESC, SHOWN(QUANTITY, '0.00'), SHOWN(SALEITM.RATE, '0.00') AS rate,"
+               " SHOWN(SALE_DISC, '0.00'), SHOWN(NET_AMOUNT - (CGSTAMT + SGSTAMT + IGSTAMT), '0.00')"
                " FROM SALEITM INNER JOIN ITEM ON SALEITM.ITEM_CD = ITEM.ITEM_CD"
                " WHERE SALEITM.VOUCH_NO = ? AND SALEITM.BOOK_CD = ? ORDER BY SALEITM.SR_NO"},
       .keys = { "vno",                                                                                  "BOOK_CD"},
-      .count = "LINES",
+      .count = "LINE_COUNT",
   };
   // clang-format off
   plan.columns = {

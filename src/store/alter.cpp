@@ -27,11 +27,11 @@ std::string converted(const Column& from, const Column& to) {
   const std::string name = quotedName(from.name);
   const bool toNumber = to.kind == Column::Kind::number || to.kind == Column::Kind::whole;
   if (to.kind == Column::Kind::text && from.kind == Column::Kind::date)
-    return "CASE WHEN ISDATE(" + name + ") THEN FORMAT(" + name + ", 'dd/mmm/yyyy') ELSE " + name + " END";
+    return "CASE WHEN ISDATE(" + name + ") THEN SHOWN(" + name + ", 'dd/mmm/yyyy') ELSE " + name + " END";
   if (to.kind == Column::Kind::text) return "NUMTEXT(" + name + ")";
   if (toNumber && from.kind == Column::Kind::text) return "CAST(TRIM(" + name + ") AS NUMERIC)";
   if (to.kind == Column::Kind::date && from.kind == Column::Kind::text)
-    return "CASE WHEN ISDATE(" + name + ") THEN FORMAT(" + name + ", 'yyyy-mm-dd') ELSE " + name + " END";
+    return "CASE WHEN ISDATE(" + name + ") THEN SHOWN(" + name + ", 'yyyy-mm-dd') ELSE " + name + " END";
   return name;
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "store/engine.h"
 #include "store/safe_file.h"
 
 namespace {
@@ -40,7 +41,7 @@ using RowCounts = std::vector<std::pair<std::string, double>>;
 RowCounts rowCounts(Database& db) {
   RowCounts counts;
   for (const auto& table : db.all("SELECT name FROM main.sqlite_master WHERE type = 'table' ORDER BY name"))
-    counts.emplace_back(table.text(0), db.number("SELECT COUNT(*) FROM main." + quotedName(table.text(0))));
+    counts.emplace_back(table.text(0), standingRows(db, table.text(0)));
   return counts;
 }
 
@@ -51,13 +52,13 @@ void verify(Database& source, const std::filesystem::path& copy) {
   try {
     Database read;
     read.open(copy, Access::readOnly);
-    found = read.text("PRAGMA main.integrity_check");
-    if (found == "ok" && rowCounts(read) != rowCounts(source)) found = "The copy holds other rows.";
+    found = damageIn(read);
+    if (found.empty() && rowCounts(read) != rowCounts(source)) found = "The copy holds other rows.";
   } catch (const DatabaseError& error) {
     if (error.kind() != Kind::damaged && error.kind() != Kind::notDatabase) throw;
     found = error.what();
   }
-  if (found != "ok") throw DatabaseError(Kind::damaged, shownName(source.file()), found);
+  if (!found.empty()) throw DatabaseError(Kind::damaged, shownName(source.file()), found);
 }
 
 }  // namespace

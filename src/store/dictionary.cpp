@@ -87,7 +87,7 @@ bool holdsTheRows(Database& db) {
   const auto written = [](auto... parts) { return join({Value(parts).text()...}, "|"); };
   for (const auto& row : dictionaryRows())
     compiled.insert(written(row.srno, row.table, row.field, row.type, row.size, row.property));
-  for (auto rows = db.query("SELECT SRNO, TABNM, FLDNM, DATATYP, DATASIZE, DATAPROP FROM main.STRUCTAB");
+  for (auto rows = db.query("SELECT SRNO, TABNM, FLDNM, DATATYP, DATASIZE, DATAPROP FROM STRUCTAB");
        rows.next();)
     stored.insert(
         written(rows.text(0), rows.text(1), rows.text(2), rows.text(3), rows.text(4), rows.text(5)));
@@ -97,7 +97,7 @@ bool holdsTheRows(Database& db) {
 // Into DROPLIST: columns of declared tables, and tables (as TABLENAME), that no row declares.
 void listUndeclared(Database& db) {
   const auto list = [&](const std::string& table, const std::string& field) {
-    db.passOver(kWalkGoesOn, "INSERT INTO main.DROPLIST (TABNM, FLDNM) VALUES (?, ?)", table, field);
+    db.passOver(kWalkGoesOn, "INSERT INTO DROPLIST (TABNM, FLDNM) VALUES (?, ?)", table, field);
   };
   for (const auto& table : declaredTables())
     for (const auto& column : tableColumns(db, table))
@@ -158,23 +158,23 @@ bool isCompanyYear(Database& db) {
 void CreateDictionary(Database& db) {
   Transaction all(db);
   applyTable(db, "STRUCTAB", dictionaryColumns("STRUCTAB"));
-  db.passOver(kWalkGoesOn, "DELETE FROM main.STRUCTAB");
+  db.passOver(kWalkGoesOn, "DELETE FROM STRUCTAB");
   all.commit();
 }
 
 void CreateDropList(Database& db) {
   Transaction all(db);
   applyTable(db, "DROPLIST", dictionaryColumns("DROPLIST"));
-  db.passOver(kWalkGoesOn, "DELETE FROM main.DROPLIST");
+  db.passOver(kWalkGoesOn, "DELETE FROM DROPLIST");
   all.commit();
 }
 
 void SeedDictionary(Database& db) {
   Transaction all(db);
-  db.passOver(kWalkGoesOn, "DELETE FROM main.STRUCTAB");
+  db.passOver(kWalkGoesOn, "DELETE FROM STRUCTAB");
   for (const auto& row : dictionaryRows())
     db.passOver(kWalkGoesOn,
-                "INSERT INTO main.STRUCTAB (SRNO, TABNM, FLDNM, DATATYP, DATASIZE, DATAPROP, CONDITN)"
+                "INSERT INTO STRUCTAB (SRNO, TABNM, FLDNM, DATATYP, DATASIZE, DATAPROP, CONDITN)"
                 " VALUES (?, ?, ?, ?, ?, ?, '')",
                 row.srno, row.table, row.field, row.type, row.size, row.property);
   all.commit();
@@ -183,12 +183,11 @@ void SeedDictionary(Database& db) {
 void ApplyDictionary(Database& db, std::string_view condition) {
   Transaction all(db);
   std::vector<std::string> tables;
-  for (auto rows = db.query("SELECT DISTINCT TABNM FROM main.STRUCTAB ORDER BY TABNM"); rows.next();)
+  for (auto rows = db.query("SELECT DISTINCT TABNM FROM STRUCTAB ORDER BY TABNM"); rows.next();)
     tables.push_back(rows.text(0));
   for (const auto& table : tables) {
     std::vector<Column> wanted;
-    for (auto rows = db.query("SELECT * FROM main.STRUCTAB WHERE TABNM = ? ORDER BY SRNO", table);
-         rows.next();) {
+    for (auto rows = db.query("SELECT * FROM STRUCTAB WHERE TABNM = ? ORDER BY SRNO", table); rows.next();) {
       const std::string where = rows.text("CONDITN");
       if (!where.empty() && (condition.empty() || where.find(condition) == std::string::npos)) continue;
       place(wanted, columnOf(rows.text("FLDNM"), rows.text("DATATYP"), toInt(rows.number("DATASIZE")),
@@ -207,18 +206,18 @@ void DropUndeclared(Database& db) {
         words("The Dictionary Could Not Be Written :: Nothing Was Changed\r\n"
               "Something Forbids The Rows Of STRUCTAB In {file}",
               "file", shownName(db.file())));
-  db.passOver(kWalkGoesOn, "DELETE FROM main.DROPLIST");
+  db.passOver(kWalkGoesOn, "DELETE FROM DROPLIST");
   listUndeclared(db);
   for (const auto& row :
-       db.all("SELECT TABNM, FLDNM FROM main.DROPLIST WHERE FLDNM <> 'TABLENAME' ORDER BY TABNM, FLDNM")) {
+       db.all("SELECT TABNM, FLDNM FROM DROPLIST WHERE FLDNM <> 'TABLENAME' ORDER BY TABNM, FLDNM")) {
     const std::string table = row.text("TABNM"), field = row.text("FLDNM");
     if (!isDeclared(table, field) && !sameText(field, "DESC") && field.find(' ') == std::string::npos)
       dropColumn(db, table, field);
   }
-  for (const auto& row : db.all("SELECT TABNM FROM main.DROPLIST WHERE FLDNM = 'TABLENAME' ORDER BY TABNM"))
+  for (const auto& row : db.all("SELECT TABNM FROM DROPLIST WHERE FLDNM = 'TABLENAME' ORDER BY TABNM"))
     if (!isDeclaredTable(row.text("TABNM")))
       db.passOver(kWalkGoesOn, "DROP TABLE main." + quotedName(row.text("TABNM")));
-  db.passOver(kWalkGoesOn, "DELETE FROM main.DROPLIST");
+  db.passOver(kWalkGoesOn, "DELETE FROM DROPLIST");
   all.commit();
 }
 

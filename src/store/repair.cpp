@@ -130,7 +130,7 @@ std::optional<Filling> filling(const Column& column, const std::string& given, c
   const std::string field = quotedName(column.name);
   if (given == kOwnDate)
     return Filling{
-        field, column.kind == Column::Kind::date ? "VOUCH_DT" : "FORMAT(VOUCH_DT, 'dd/mmm/yyyy')", {}};
+        field, column.kind == Column::Kind::date ? "VOUCH_DT" : "SHOWN(VOUCH_DT, 'dd/mmm/yyyy')", {}};
   Value value(given);
   if (given == kPeriodStart) value = Value(facts.periodStart);
   if (given == kTimeOfDay) value = Value(facts.timeOfDay);
@@ -159,7 +159,7 @@ std::vector<Filling> needed(Database& db, const std::string& table, std::vector<
   if (all.empty()) return all;
   std::string any;
   for (const Filling& next : all) any += (any.empty() ? "MAX" : ", MAX") + next.blank();
-  const auto found = db.first("SELECT " + any + " FROM main." + table);
+  const auto found = db.first("SELECT " + any + " FROM " + table);
   std::vector<Filling> some;
   for (size_t i = 0; i < all.size(); ++i)
     if (found && found->number(static_cast<int>(i)) != 0) some.push_back(std::move(all[i]));
@@ -176,7 +176,7 @@ Outcome fill(Database& db, const std::string& table, std::span<const Filling> fi
     where += (where.empty() ? "" : " OR ") + next.blank();
     values.insert(values.end(), next.values.begin(), next.values.end());
   }
-  const std::string statement = "UPDATE main." + table + " SET " + sets + " WHERE " + where;
+  const std::string statement = "UPDATE " + table + " SET " + sets + " WHERE " + where;
   constexpr Because why{"fields that cannot be filled together are filled one by one, as far as they can"};
   return db.attempt(why, [&] { return db.exec(statement, values); });
 }
@@ -200,8 +200,7 @@ void repairRows(Database& db, const RepairFacts& facts) {
   for (const std::string& table : repairedTables()) {
     if (!CheckTable(db, table)) continue;
     for (const Invalid& rows : kInvalid)
-      if (table == rows.table)
-        db.passOver(kOlderBooks, "DELETE FROM main." + table + " WHERE " + rows.condition);
+      if (table == rows.table) db.passOver(kOlderBooks, "DELETE FROM " + table + " WHERE " + rows.condition);
     fillBlanks(db, table, facts);
   }
 }
@@ -209,10 +208,9 @@ void repairRows(Database& db, const RepairFacts& facts) {
 void removeDoubles(Database& db) {
   db.passOver(
       kOlderBooks,
-      "DELETE FROM main.PRTYRATE WHERE (RT_DT, ITEM_CD, SIZE_CD, ACC_CD) IN (SELECT RT_DT, ITEM_CD, SIZE_CD,"
-      " ACC_CD FROM main.PRTYRATE GROUP BY RT_DT, ITEM_CD, SIZE_CD, ACC_CD HAVING COUNT(*) > 1)");
-  db.passOver(
-      kOlderBooks,
-      "DELETE FROM main.SPSFILE WHERE VOUCH_NO IN (SELECT VOUCH_NO FROM main.SPSFILE GROUP BY VOUCH_NO"
-      " HAVING COUNT(*) > 1)");
+      "DELETE FROM PRTYRATE WHERE (RT_DT, ITEM_CD, SIZE_CD, ACC_CD) IN (SELECT RT_DT, ITEM_CD, SIZE_CD,"
+      " ACC_CD FROM PRTYRATE GROUP BY RT_DT, ITEM_CD, SIZE_CD, ACC_CD HAVING COUNT(*) > 1)");
+  db.passOver(kOlderBooks,
+              "DELETE FROM SPSFILE WHERE VOUCH_NO IN (SELECT VOUCH_NO FROM SPSFILE GROUP BY VOUCH_NO"
+              " HAVING COUNT(*) > 1)");
 }

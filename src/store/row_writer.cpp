@@ -5,6 +5,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "store/engine.h"
 
 namespace {
 
@@ -86,7 +87,7 @@ std::int64_t insertRow(Database& db, std::string_view table, const Fields& field
   const std::string into = "INSERT INTO " + quotedName(table);
   db.exec(fit.empty() ? into + " DEFAULT VALUES" : into + " (" + names + ") VALUES (" + marks + ")",
           valuesOf(fit));
-  return static_cast<std::int64_t>(db.number("SELECT last_insert_rowid()"));
+  return insertedRow(db);
 }
 
 int updateRows(Database& db, std::string_view table, const Fields& fields, std::string_view where,

@@ -233,10 +233,12 @@ void EnsureGroups(Database& db) {
   Transaction all(db);
   // It is always made anew; where it stands as it is made, the file is spared the change.
   db.passOver(kSeeds,
-              "DELETE FROM GRP WHERE GROUP_NAME = 'INDIRECT EXPENSES' AND (GROUP_CD IS NOT 33"
-              " OR SUB_GROUP IS NOT 3 OR GROUP_NAME <> 'INDIRECT EXPENSES' COLLATE BINARY)");
+              "DELETE FROM GRP WHERE GROUP_NAME = 'INDIRECT EXPENSES' AND (GROUP_CD IS NULL OR GROUP_CD <> 33"
+              " OR SUB_GROUP IS NULL OR SUB_GROUP <> 3 OR HEX(GROUP_NAME) <> HEX('INDIRECT EXPENSES'))");
   db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_CD = ?", kPassingGroup);
-  const bool fresh = db.number("SELECT COUNT(*) FROM GRP WHERE GROUP_NAME IS NOT 'INDIRECT EXPENSES'") == 0;
+  const bool fresh = db.number(
+                         "SELECT COUNT(*) FROM GRP WHERE GROUP_NAME IS NULL"
+                         " OR GROUP_NAME <> 'INDIRECT EXPENSES'") == 0;
   for (const auto& group : groups)
     passOver(db, [&] {
       if (stands(db, "SELECT 1 FROM GRP WHERE GROUP_CD = ?", group.code)) return;

@@ -20,8 +20,6 @@ class Settling {
   void done();
 
  private:
-  double othersWrites() const;
-
   Database& db_;
   double before_;
 };

@@ -5,6 +5,7 @@
 
 #include "base/words.h"
 #include "store/dictionary.h"
+#include "store/engine.h"
 #include "store/keys.h"
 #include "store/safe_file.h"
 #include "store/seeds.h"
@@ -16,7 +17,7 @@ std::map<std::string, double> rowCounts(Database& db) {
   std::map<std::string, double> counts;
   for (const std::string& table : declaredTables())
     if (CheckTable(db, table) && table != "STRUCTAB" && table != "DROPLIST")
-      counts[table] = db.number("SELECT COUNT(*) FROM main." + quotedName(table));
+      counts[table] = standingRows(db, table);
   return counts;
 }
 
@@ -40,9 +41,9 @@ void walk(Database& db) {
 
 void writeCompany(Database& db, const UpdateFacts& f) {
   constexpr Because why{"the company's own row repeats what the catalogue says"};
-  db.passOver(why, "DELETE FROM main.COMPNY");
+  db.passOver(why, "DELETE FROM COMPNY");
   db.passOver(why,
-              "INSERT INTO main.COMPNY (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
+              "INSERT INTO COMPNY (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
               " VALUES (?, ?, ?, ?, ?, ?, 'N')",
               f.companyCode, f.companyName, f.fromYear, f.toYear, f.mobile, f.dataname);
 }
@@ -64,8 +65,8 @@ std::vector<std::string> remakeKeys(Database& db, bool oneUnit) {
 bool hasSeveralUnits(Database& db) {
   bool several = false;
   db.passOver(kOlderBooks, [&] {
-    several = db.first("SELECT 1 FROM main.ITEMDTL GROUP BY ITEM_CD HAVING COUNT(DISTINCT SIZE_CD) > 1")
-                  .has_value();
+    several =
+        db.first("SELECT 1 FROM ITEMDTL GROUP BY ITEM_CD HAVING COUNT(DISTINCT SIZE_CD) > 1").has_value();
   });
   return several;
 }

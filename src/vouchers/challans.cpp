@@ -101,10 +101,12 @@ double nextChallanNumber(Database& db, const VoucherKind& kind, const std::strin
 bool isDuplicateChallan(Database& db, const VoucherKind& kind, const std::string& type,
                         const std::string& number, std::optional<double> changing) {
   // The plus keeps the reader from walking a whole series: few challans share a number.
+  std::vector<Value> values{type, kind.code, number, Val(number)};
+  if (changing) values.emplace_back(*changing);
   return db
-      .first(
-          "SELECT VOUCH_NO FROM CHLN WHERE CHLN_TYP = ? AND +BOOK_CD = ? AND CHLN_NO IN (?, NUMTEXT(?))"
-          " AND VOUCH_NO IS NOT ? LIMIT 1",
-          type, kind.code, number, Val(number), changing)
+      .first(std::string("SELECT VOUCH_NO FROM CHLN WHERE CHLN_TYP = ? AND +BOOK_CD = ?"
+                         " AND CHLN_NO IN (?, NUMTEXT(?)) AND ") +
+                 (changing ? "(VOUCH_NO IS NULL OR VOUCH_NO <> ?)" : "VOUCH_NO IS NOT NULL") + " LIMIT 1",
+             values)
       .has_value();
 }

@@ -12,6 +12,7 @@
 #include "store/alter.h"
 #include "store/balances.h"
 #include "store/dictionary.h"
+#include "store/engine.h"
 #include "store/keys.h"
 #include "vouchers/receipts.h"
 #include "vouchers/stock.h"
@@ -46,7 +47,7 @@ struct Source {
 
 // Lists what to post; no longer there after dropList. What a table has yet to get is not in the list
 // either, so that the engine knows the column nowhere.
-constexpr const char* kList = "temp.TO_POST";
+constexpr const char* kList = "TO_POST";
 constexpr Because kOpeningGoesOn{.reason = "an opening posts what it can", .strangersShape = true};
 
 template <typename... Args>
@@ -62,11 +63,11 @@ bool carryOut(const Run& run, const Kinds& kinds, const std::string& sql, const 
   }
 }
 
-// One step in the index of each table for a voucher. IS, since two numbers that are missing are the same.
+// One step in the index of each table for a voucher. Two numbers that are missing are the same.
 std::string unposted(const Source& source) {
-  return "SELECT V.rowid AS ITS_ROW FROM main." + source.table() + " AS V WHERE " + source.books() +
-         " AND NOT EXISTS (SELECT 1 FROM ALEDGER AS L WHERE L.BOOK_CD = V.BOOK_CD AND L.VOUCH_NO IS "
-         "V.VOUCH_NO)";
+  const std::string posted = " NOT EXISTS (SELECT 1 FROM ALEDGER AS L WHERE L.BOOK_CD = V.BOOK_CD AND ";
+  return "SELECT V.rowid AS ITS_ROW FROM " + source.table() + " AS V WHERE " + source.books() + " AND" +
+         posted + "L.VOUCH_NO = V.VOUCH_NO) AND (V.VOUCH_NO IS NOT NULL OR" + posted + "L.VOUCH_NO IS NULL))";
 }
 
 // A column that the table has yet to get fails the statements that need it, not the listing.
@@ -83,24 +84,23 @@ std::string columnsOf(const Run& run, const Source& source) {
   return columns;
 }
 
-void dropList(Database& db) { db.exec(std::string("DROP TABLE IF EXISTS ") + kList); }
+void dropList(Database& db) { db.exec(dropListText(kList)); }
 
 bool holdsRows(Database& db, const Source& source) {
-  return CheckTable(db, source.table()) && db.first("SELECT 1 FROM main." + source.table() + " LIMIT 1");
+  return CheckTable(db, source.table()) && db.first("SELECT 1 FROM " + source.table() + " LIMIT 1");
 }
 
 // False when there is nothing to post, or the vouchers cannot be read.
 bool list(const Run& run, const Source& source) {
   dropList(run.db);
   if (!holdsRows(run.db, source)) return false;
-  const std::string columns = columnsOf(run, source), table = "main." + source.table() + " AS V";
-  const std::string from =
-      run.which == Which::All ? "SELECT " + columns + " FROM " + table + " WHERE " + source.books() + " AND "
-                              : "WITH UNPOSTED AS MATERIALIZED (" + unposted(source) + ") SELECT " + columns +
-                                    " FROM UNPOSTED CROSS JOIN " + table + " ON V.rowid = ITS_ROW WHERE ";
+  const std::string columns = columnsOf(run, source), table = source.table() + " AS V";
+  const std::string from = run.which == Which::All
+                               ? "SELECT " + columns + " FROM " + table + " WHERE " + source.books() + " AND "
+                               : "WITH UNPOSTED AS (" + unposted(source) + ") SELECT " + columns +
+                                     " FROM UNPOSTED CROSS JOIN " + table + " ON V.rowid = ITS_ROW WHERE ";
   return carryOut(run, source.kinds,
-                  std::string("CREATE TABLE ") + kList + " AS " + from + source.condition +
-                      " ORDER BY V.BOOK_CD, V.VOUCH_NO, V.rowid");
+                  makeListText(kList, from + source.condition + " ORDER BY V.BOOK_CD, V.VOUCH_NO, V.rowid"));
 }
 
 // The listed vouchers of a kind that get rows.
@@ -108,14 +108,14 @@ void expect(Run& run, const VoucherKind& kind, const std::string& rows) {
   if (run.which == Which::Missing) return;
   run.expected.push_back(
       {&kind, run.db.number(std::string("SELECT COUNT(*) FROM (SELECT DISTINCT VOUCH_NO FROM ") + kList +
-                                " WHERE BOOK_CD = ? COLLATE NOCASE AND (" + rows + "))",
+                                " WHERE UPPER(BOOK_CD) = UPPER(?) AND (" + rows + ")) AS NUMBERS",
                             kind.code)});
 }
 
 Source receipts() {
   return {
       .kinds = kindsPostedFrom("RPTPAY"),
-      .condition = "V.AMOUNT IS NOT 0",
+      .condition = "(V.AMOUNT IS NULL OR V.AMOUNT <> 0)",
       .columns = {"VOUCH_NO", "VOUCH_DT", "BOOK_CD", "CSHBNK_CD", "PARTY_CD", "AMOUNT", "NARRATION",
                   "RPTPAY_DTL", "REF_NO", "NARRATION1", "CHQ_NO", "CHQ_CLG_DT"},
   };
@@ -133,7 +133,7 @@ Source bills(const VoucherKind& kind) {
 Source challans() {
   return {
       .kinds = kindsPostedFrom("CHLN"),
-      .condition = "V.NET_AMT IS NOT 0",
+      .condition = "(V.NET_AMT IS NULL OR V.NET_AMT <> 0)",
       .columns = {"VOUCH_NO", "VOUCH_DT", "BOOK_CD", "PARTY_CD", "NET_AMT", "CHLN_NO", "NARRATION", "GR_NO",
                   "DESTI"},
   };
@@ -156,7 +156,7 @@ void postReceipts(Run& run) {
   const auto statements =
       postingStatements({.billNumber = "REF_NO",
                          .subDesc = "'.'",
-                         .from = std::string(kList) + " WHERE BOOK_CD = ? COLLATE NOCASE"});
+                         .from = std::string(kList) + " WHERE UPPER(BOOK_CD) = UPPER(?)"});
   for (const VoucherKind* kind : kindsPostedFrom("RPTPAY")) {
     expect(run, *kind, "TRUE");
     for (size_t i = 0; i < statements.size(); ++i)
@@ -199,8 +199,8 @@ void postBills(Run& run, const VoucherKind& kind) {
   // A tax below 0 belongs to a bill of negative amount, which would not balance without it.
   // clang-format off
   const Posted rows[] = {
-      {ours,   "PARTY_CD", "SALE_CD",  "NET_AMT",        withDestination, "BILL_NO", days,   "NET_AMT IS NOT 0"},
-      {theirs, "SALE_CD",  "PARTY_CD", "ITEM_AMT",       withLr,          "BILL_NO", days,   "ITEM_AMT IS NOT 0"},
+      {ours,   "PARTY_CD", "SALE_CD",  "NET_AMT",        withDestination, "BILL_NO", days,   "(NET_AMT IS NULL OR NET_AMT <> 0)"},
+      {theirs, "SALE_CD",  "PARTY_CD", "ITEM_AMT",       withLr,          "BILL_NO", days,   "(ITEM_AMT IS NULL OR ITEM_AMT <> 0)"},
       {theirs, cgst,       "PARTY_CD", "TCGSTRT",        "NARRATION",     "NULL",    "NULL", "TCGSTRT <> 0"},
       {theirs, sgst,       "PARTY_CD", "TSGSTRT",        "NARRATION",     "NULL",    "NULL", "TSGSTRT <> 0"},
       {theirs, igst,       "PARTY_CD", "TIGSTRT",        "NARRATION",     "NULL",    "NULL", "TIGSTRT <> 0"},
@@ -228,37 +228,6 @@ void postChallans(Run& run) {
   for (const VoucherKind* kind : kindsPostedFrom("CHLN")) post(run, *kind, rows);
 }
 
-// How the engine works while the whole ledger is written: it does not blank the pages that it is about
-// to fill again, nor measure texts that fit by the lengths of the columns that they come from; and what
-// has been written is not wanted again soon, so that little of it is kept in memory.
-class Bulk {
- public:
-  explicit Bulk(Database& db)
-      : db_(db), blanking_(db.text("PRAGMA main.secure_delete")), kept_(db.text("PRAGMA main.cache_size")) {
-    set("OFF", "-6000", "ON");
-  }
-  ~Bulk() {
-    try {
-      set(blanking_, kept_, "OFF");
-    } catch (const DatabaseError&) {
-      // The engine is beyond help; what failed first is already on its way.
-    }
-  }
-  Bulk(const Bulk&) = delete;
-  Bulk& operator=(const Bulk&) = delete;
-
- private:
-  void set(const std::string& blanking, const std::string& kept, const std::string& measuringOff) {
-    for (const char* schema : {"main", "temp"})
-      db_.exec(std::string("PRAGMA ") + schema + ".secure_delete = " + blanking);
-    db_.exec("PRAGMA main.cache_size = " + kept);
-    db_.exec("PRAGMA ignore_check_constraints = " + measuringOff);
-  }
-
-  Database& db_;
-  const std::string blanking_, kept_;
-};
-
 }  // namespace
 
 void postAll(Database& db, const PostingProgress& progress) {
@@ -267,15 +236,14 @@ void postAll(Database& db, const PostingProgress& progress) {
     work();
     if (progress) progress(words("       Done "));
   };
-  const Bulk bulk(db);
+  const BulkWriting bulk(db);
   Transaction all(db);
   Run run{db, Which::All};
   SetAside old;
   step(english(" Progress ...."), [&] {
     // Indexes are built once over all rows, not row by row. The old rows stand aside, since pages that are
     // written over would have to be copied first.
-    for (const char* index : {"ALEDGER_PARTY", "ALEDGER_VOUCHER"})
-      db.exec(std::string("DROP INDEX IF EXISTS main.") + index);
+    for (const char* index : {"ALEDGER_PARTY", "ALEDGER_VOUCHER"}) dropIndex(db, index);
     old = setAside(db, "ALEDGER");
   });
   step(english(" Receipt Payment Posting ...."), [&] { postReceipts(run); });

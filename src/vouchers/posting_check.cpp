@@ -21,11 +21,14 @@ std::string sentence(const std::vector<const VoucherKind*>& kinds) {
 // What the heads of that number leave open on the debit side by themselves.
 double leftOpen(Database& db, const VoucherKind& kind, const Value& number) {
   if (kind.tables.heads != "SALE") return 0;  // its two rows are of one amount
+  std::vector<Value> values{kind.code};
+  if (!number.isNull()) values.push_back(number);
   const double open = db.number(
       "SELECT SUM(COALESCE(NET_AMT, 0) - COALESCE(ITEM_AMT, 0) - COALESCE(TCGSTRT, 0) - COALESCE(TSGSTRT, 0)"
-      " - COALESCE(TIGSTRT, 0) - COALESCE(ROUND_OFF, 0)) FROM main.SALE"
-      " WHERE BOOK_CD = ? AND VOUCH_NO IS ? AND GSTPOST = 1",
-      kind.code, number);
+      " - COALESCE(TIGSTRT, 0) - COALESCE(ROUND_OFF, 0)) FROM SALE"
+      " WHERE BOOK_CD = ? AND GSTPOST = 1 AND " +
+          std::string(number.isNull() ? "VOUCH_NO IS NULL" : "VOUCH_NO = ?"),
+      values);
   return kind.ledger.partySide == "D" ? open : -open;
 }
 
@@ -37,11 +40,11 @@ NotPosted::NotPosted(const std::vector<const VoucherKind*>& kinds) : std::runtim
 void checkLedger(Database& db, const std::vector<Expected>& expected) {
   const std::string vouchers =
       " FROM (SELECT BOOK_CD, VOUCH_NO, SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT ELSE -VOUCH_AMT END)"
-      " AS LEFT_OPEN FROM main.ALEDGER GROUP BY VOUCH_NO, BOOK_CD)";
+      " AS LEFT_OPEN FROM ALEDGER GROUP BY VOUCH_NO, BOOK_CD) AS VOUCHERS";
   const std::string open = "ABS(LEFT_OPEN) >= " + numText(kPaisa);
-  std::string counts = "SELECT COUNT(*) FILTER (WHERE " + open + ")";
+  std::string counts = "SELECT COUNT(CASE WHEN " + open + " THEN 1 END)";
   for (const Expected& wanted : expected)
-    counts += ", COUNT(*) FILTER (WHERE BOOK_CD = '" + wanted.kind->book() + "' COLLATE NOCASE)";
+    counts += ", COUNT(CASE WHEN BOOK_CD = '" + wanted.kind->book() + "' THEN 1 END)";
   const auto found = db.first(counts + vouchers);
   if (found->number(0) > 0) {
     auto each = db.query("SELECT BOOK_CD, VOUCH_NO, LEFT_OPEN" + vouchers + " WHERE " + open);

@@ -75,7 +75,7 @@ std::optional<Row> findQuotation(Database& db, const VoucherKind& kind, double n
 void loadQuotationLines(Database& db, const VoucherKind& kind, double number) {
   const std::string columns = kLineColumns;
   db.exec("DELETE FROM T_QUOTITM");
-  db.exec("UPDATE QUOTITM SET ITEM_CD = SUBSTR(ITEM_CD, 1, 20) WHERE VOUCH_NO = ? AND LENGTH(ITEM_CD) > 20",
+  db.exec("UPDATE QUOTITM SET ITEM_CD = SUBSTR(ITEM_CD, 1, 20) WHERE VOUCH_NO = ? AND LEN(ITEM_CD) > 20",
           number);
   db.exec("INSERT INTO T_QUOTITM (" + columns + ", QUANTITY, RATE, AMOUNT, TNO) SELECT " + columns +
               ", VAL(QUANTITY), VAL(RATE), VAL(AMOUNT), VAL(TNO)"
@@ -113,12 +113,12 @@ void repairQuotations(Database& db) {
   repair(db,
          "SELECT 1 FROM QUOTITM JOIN ITEM ON QUOTITM.ITEM_CD = ITEM.ITEM_CD"
          " WHERE QUOTITM.DEPT_CD IS NULL AND ITEM.DEPT_CD IS NOT NULL",
-         "UPDATE QUOTITM SET DEPT_CD = ITEM.DEPT_CD FROM ITEM"
-         " WHERE QUOTITM.ITEM_CD = ITEM.ITEM_CD AND QUOTITM.DEPT_CD IS NULL");
-  const std::string without = " WHERE ENTRY_TYP IS NULL OR LENGTH(ENTRY_TYP) = 0";
+         "UPDATE QUOTITM SET DEPT_CD = (SELECT ITEM.DEPT_CD FROM ITEM WHERE ITEM.ITEM_CD = QUOTITM.ITEM_CD)"
+         " WHERE DEPT_CD IS NULL AND ITEM_CD IN (SELECT ITEM_CD FROM ITEM)");
+  const std::string without = " WHERE ENTRY_TYP IS NULL OR ENTRY_TYP = ''";
   for (const std::string table : {"QUOT", "QUOTITM"})
     repair(db, "SELECT 1 FROM " + table + without,
            "UPDATE " + table + " SET ENTRY_TYP = '" + quotationKind().code + "'" + without);
-  const std::string billed = " WHERE (BL_PARTY_CD IS NULL OR LENGTH(BL_PARTY_CD) = 0) AND PARTY_CD <> ''";
+  const std::string billed = " WHERE (BL_PARTY_CD IS NULL OR BL_PARTY_CD = '') AND PARTY_CD <> ''";
   repair(db, "SELECT 1 FROM QUOT" + billed, "UPDATE QUOT SET BL_PARTY_CD = PARTY_CD" + billed);
 }

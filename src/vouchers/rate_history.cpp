@@ -86,9 +86,9 @@ struct Road {
   std::string from, which, day;
 };
 Road roadTo(Database& db, const VoucherKind& kind, const std::string& party) {
-  const bool few =
-      db.number("SELECT COUNT(*) FROM (SELECT 1 FROM " + kind.tables.heads + " WHERE PARTY_CD = ? LIMIT ?)",
-                party, kFewVouchers) < kFewVouchers;
+  const bool few = db.number("SELECT COUNT(*) FROM (SELECT 1 FROM " + kind.tables.heads +
+                                 " WHERE PARTY_CD = ? LIMIT ?) AS FEW",
+                             party, kFewVouchers) < kFewVouchers;
   return few ? Road{kind.tables.heads + " CROSS JOIN " + kind.tables.lines, "PARTY_CD = ? AND +ITEM_CD = ?",
                     kind.tables.heads}
              : Road{kind.tables.lines + " CROSS JOIN " + kind.tables.heads, "+PARTY_CD = ? AND ITEM_CD = ?",

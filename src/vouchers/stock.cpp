@@ -14,18 +14,20 @@ void RebuildStock(Database& db) {
     if (kind->ledger.partySide == "C") brings += (brings.empty() ? "" : ", ") + book;
   }
   const std::string stale =
-      "WITH MOVED AS MATERIALIZED (SELECT ITEM_CD, SIZE_CD, SUM(CASE WHEN BOOK_CD IN (" + brings +
+      "WITH MOVED AS (SELECT ITEM_CD, SIZE_CD, SUM(CASE WHEN BOOK_CD IN (" + brings +
       ") THEN QUANTITY ELSE -QUANTITY END) AS QTY FROM SALEITM WHERE BOOK_CD IN (" + books +
       ") GROUP BY ITEM_CD, SIZE_CD),"
       " STOCK AS (SELECT D.rowid AS ITS_ROW, D.CL_STK,"
-      " ROUND(COALESCE(D.OP_STK, 0) + COALESCE(MOVED.QTY, 0), 6) AS STANDS"
+      " ROUNDED(COALESCE(D.OP_STK, 0) + COALESCE(MOVED.QTY, 0), 6) AS STANDS"
       " FROM ITEMDTL AS D LEFT JOIN MOVED ON MOVED.ITEM_CD = D.ITEM_CD AND MOVED.SIZE_CD = D.SIZE_CD"
       " LEFT JOIN ITEM ON ITEM.ITEM_CD = D.ITEM_CD LEFT JOIN DEPTMENT ON DEPTMENT.DEPT_CD = ITEM.DEPT_CD"
-      " WHERE DEPTMENT.NOCOUNT_STK IS NOT 'Y' AND D.ITEM_CD <> ?),"
-      " STALE AS MATERIALIZED (SELECT ITS_ROW, STANDS FROM STOCK WHERE CL_STK IS NOT STANDS) ";
+      " WHERE (DEPTMENT.NOCOUNT_STK IS NULL OR DEPTMENT.NOCOUNT_STK <> 'Y') AND D.ITEM_CD <> ?)"
+      " SELECT ITS_ROW, STANDS FROM STOCK WHERE CL_STK IS NULL OR CL_STK <> STANDS";
   db.passOver(kOlderBooks, [&] {
-    if (!db.first(stale + "SELECT 1 FROM STALE LIMIT 1", kMiscItem)) return;  // waits for nobody
-    db.exec(stale + "UPDATE ITEMDTL SET CL_STK = STALE.STANDS FROM STALE WHERE ITEMDTL.rowid = ITS_ROW",
-            kMiscItem);
+    if (!db.first(stale + " LIMIT 1", kMiscItem)) return;  // waits for nobody
+    Transaction all(db);
+    for (const Row& row : db.all(stale, kMiscItem))
+      db.exec("UPDATE ITEMDTL SET CL_STK = ? WHERE rowid = ?", row.value(1), row.value(0));
+    all.commit();
   });
 }

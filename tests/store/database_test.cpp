@@ -274,9 +274,9 @@ TEST_F(DatabaseTest, LockFileTellsTheFirstUser) {
 
 TEST_F(DatabaseTest, Functions) {
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"FORMAT(2.675, '0.00')",                      "2.68"    },
-      {"FORMAT('LR 7', '0.00')",                     "LR 7"    },
-      {"FORMAT(NULL, '0.00')",                       ""        },
+      {"SHOWN(2.675, '0.00')",                       "2.68"    },
+      {"SHOWN('LR 7', '0.00')",                      "LR 7"    },
+      {"SHOWN(NULL, '0.00')",                        ""        },
       {"FORMAT('2026-04-05', 'dd/MM/yy')",           "05/04/26"},
       {"FORMAT('09:05', 'HH:MM')",                   "09:05"   },
       {"FORMAT('%d-%s', 7, 'x')",                    "7-x"     },
