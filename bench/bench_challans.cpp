@@ -46,15 +46,15 @@ BenchDesk& started() {
   BenchDesk& d = atRest();
   d.press("cmdadd");
   d.enter();
-  d.fillEnter("Text1(4)", sampleBill().party);
-  d.fillEnter("Text1(23)", "DC");
+  d.fillEnter("party", sampleBill().party);
+  d.fillEnter("challan_type", "DC");
   d.enter();
-  require(d.focus() == "Text1(5)", "a new challan does not come to its first item");
+  require(d.focus() == "item", "a new challan does not come to its first item");
   return d;
 }
 
 void typeLine(BenchDesk& d) {
-  d.fillEnter("Text1(5)", sampleBill().item);
+  d.fillEnter("item", sampleBill().item);
   d.keys({KeyCode::Enter, KeyCode::Enter});
   d.type("3");
   d.keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
@@ -68,13 +68,13 @@ void add(State& state) {
     d.answers.clear();
   };
   each(state, rest, [&] { d.press("cmdadd"); });
-  require(d.text("Text1(0)") == "50001", "Add does not number the challan");
+  require(d.text("number") == "50001", "Add does not number the challan");
 }
 
 void letter(State& state) {
   BenchDesk& d = started();
   each(
-      state, [&] { d.fill("Text1(29)", "TO BE RETURNE"); }, [&] { d.type("D"); });
+      state, [&] { d.fill("narration", "TO BE RETURNE"); }, [&] { d.type("D"); });
 }
 
 void accepted(State& state, const std::string& field, const std::string& text, const std::string& then) {
@@ -86,10 +86,10 @@ void accepted(State& state, const std::string& field, const std::string& text, c
 
 void rateHints(State& state) {
   BenchDesk& d = started();
-  d.fillEnter("Text1(5)", sampleBill().item);
+  d.fillEnter("item", sampleBill().item);
   each(
-      state, [&] { d.fill("Text1(8)", "3"); }, [&] { d.enter(); });
-  require(d.focus() == "Text1(9)", "the quantity is not accepted");
+      state, [&] { d.fill("quantity", "3"); }, [&] { d.enter(); });
+  require(d.focus() == "rate", "the quantity is not accepted");
   state.counters["rows"] = static_cast<double>(d.at("DataGrid2").grid.count());
 }
 
@@ -100,7 +100,7 @@ void storedLine(State& state) {
   for (int i = 0; i < 6; ++i) d.key(KeyCode::Up);
   const auto amount = [&] {
     d.key(KeyCode::Up);
-    d.go("Text1(14)");
+    d.go("amount");
   };
   each(state, amount, [&] { d.enter(); });
   require(d.at("DataGrid1").grid.count() == 8, "the line is not stored over itself");
@@ -110,7 +110,7 @@ void loaded(State& state) {
   BenchDesk& d = atRest();
   d.press("cmdEDIT");
   each(
-      state, [&] { d.fill("Text1(0)", "25000"); }, [&] { d.enter(); });
+      state, [&] { d.fill("number", "25000"); }, [&] { d.enter(); });
   require(d.at("DataGrid1").grid.count() == 3, "the challan is not loaded");
 }
 
@@ -120,7 +120,7 @@ void saved(State& state) {
   const auto type = [] {
     BenchDesk& at = started();
     for (int i = 0; i < 3; ++i) typeLine(at);
-    at.go("Text1(11)");
+    at.go("destination");
     at.enter();
   };
   each(state, type, [&] {
@@ -157,12 +157,11 @@ void search(State& state, Key key, const std::string& text) {
 void addMeasurements() {
   measure("Challan/Add to first field", add);
   measure("Challan/Letter typed", letter);
-  measure("Challan/Party accepted",
-          [](State& s) { accepted(s, "Text1(4)", sampleBill().party, "Text1(15)"); });
-  measure("Challan/Type accepted", [](State& s) { accepted(s, "Text1(23)", "DC", "Text1(24)"); });
-  measure("Challan/New type accepted", [](State& s) { accepted(s, "Text1(23)", "JOB", "Text1(24)"); });
-  measure("Challan/Number accepted", [](State& s) { accepted(s, "Text1(24)", "90000", "Text1(5)"); });
-  measure("Challan/Item accepted", [](State& s) { accepted(s, "Text1(5)", sampleBill().item, "Text1(10)"); });
+  measure("Challan/Party accepted", [](State& s) { accepted(s, "party", sampleBill().party, "order_no"); });
+  measure("Challan/Type accepted", [](State& s) { accepted(s, "challan_type", "DC", "challan_no"); });
+  measure("Challan/New type accepted", [](State& s) { accepted(s, "challan_type", "JOB", "challan_no"); });
+  measure("Challan/Number accepted", [](State& s) { accepted(s, "challan_no", "90000", "item"); });
+  measure("Challan/Item accepted", [](State& s) { accepted(s, "item", sampleBill().item, "detail"); });
   measure("Challan/Rate hints shown", rateHints);
   measure("Challan/Line stored", storedLine);
   measure("Challan/Loaded", loaded);

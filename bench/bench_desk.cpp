@@ -63,28 +63,28 @@ void BenchDesk::startBill(const std::string& party) {
   choose("SALE");
   press("cmdadd");
   enter();
-  fillEnter("Text1(4)", party);
-  go("Text1(47)");
+  fillEnter("party", party);
+  go("bill_type");
   keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
-  require(focus() == "Text1(5)", "a new bill does not come to its first item");
+  require(focus() == "item", "a new bill does not come to its first item");
 }
 
 void BenchDesk::typeItem(const std::string& item) {
-  fillEnter("Text1(5)", item);
+  fillEnter("item", item);
   keys({KeyCode::Enter, KeyCode::Enter});
-  require(focus() == "Text1(8)", "an item does not lead to its quantity");
+  require(focus() == "quantity", "an item does not lead to its quantity");
 }
 
 void BenchDesk::typeLine(const std::string& item, const std::string& quantity) {
   typeItem(item);
   type(quantity);
   keys({KeyCode::Enter, KeyCode::Enter, KeyCode::Enter, KeyCode::Enter});
-  require(focus() == "Text1(5)" && text("Text1(5)").empty(), "a line is not stored");
+  require(focus() == "item" && text("item").empty(), "a line is not stored");
 }
 
 void BenchDesk::toSave() {
   key(KeyCode::PgDn);
-  go("Text1(45)");
+  go("parcels");
   enter();
   require(focus() == "CMDSAVE", "the bill does not come to Save");
 }

@@ -35,7 +35,7 @@ void add(State& state) {
     d.answers.clear();
   };
   each(state, rest, [&] { d.press("cmdadd"); });
-  require(d.focus() == "MaskEdBox1(0)", "Add does not come to the date");
+  require(d.focus() == "date", "Add does not come to the date");
 }
 
 // A field is filled again and again, and Enter accepts it.
@@ -52,17 +52,17 @@ void rateHints(State& state) {
   d.startBill(sampleBill().party);
   d.typeItem(sampleBill().item);
   each(
-      state, [&] { d.fill("Text1(8)", "3"); }, [&] { d.enter(); });
-  require(d.focus() == "Text1(9)" && d.at("DataGrid2").visible, "the rates do not come up");
+      state, [&] { d.fill("quantity", "3"); }, [&] { d.enter(); });
+  require(d.focus() == "rate" && d.at("DataGrid2").visible, "the rates do not come up");
 }
 
 void letter(State& state) {
   BenchDesk& d = desk();
   d.startBill(sampleBill().party);
-  d.go("Text1(29)");
+  d.go("narration");
   each(
-      state, [&] { d.fill("Text1(29)", "TO BE DELIVERED A"); }, [&] { d.type("T"); });
-  require(d.text("Text1(29)") == "TO BE DELIVERED AT", "a letter does not arrive");
+      state, [&] { d.fill("narration", "TO BE DELIVERED A"); }, [&] { d.type("T"); });
+  require(d.text("narration") == "TO BE DELIVERED AT", "a letter does not arrive");
 }
 
 // The second of eight lines is stored over itself.
@@ -73,11 +73,10 @@ void storedLine(State& state) {
   for (int i = 0; i < 6; ++i) d.key(KeyCode::Up);
   const auto amount = [&] {
     d.key(KeyCode::Up);
-    d.go("Text1(14)");
+    d.go("amount");
   };
   each(state, amount, [&] { d.enter(); });
-  require(d.at("DataGrid1").grid.count() == 8 && d.focus() == "Text1(5)",
-          "the line is not stored over itself");
+  require(d.at("DataGrid1").grid.count() == 8 && d.focus() == "item", "the line is not stored over itself");
 }
 
 void loadedBill(State& state) {
@@ -85,8 +84,8 @@ void loadedBill(State& state) {
   d.choose("SALE");
   d.press("cmdEDIT");
   each(
-      state, [&] { d.fill("Text1(0)", "50000"); }, [&] { d.enter(); });
-  require(d.at("DataGrid1").grid.count() == 3 && d.focus() == "MaskEdBox1(0)", "the bill is not loaded");
+      state, [&] { d.fill("number", "50000"); }, [&] { d.enter(); });
+  require(d.at("DataGrid1").grid.count() == 3 && d.focus() == "date", "the bill is not loaded");
 }
 
 // One of the parties and items, other ones each time, as in a day's work.
@@ -104,8 +103,8 @@ void changeBill(BenchDesk& d) {
   d.toShell();
   d.choose("SALE");
   d.press("cmdEDIT");
-  d.fillEnter("Text1(0)", "70000");
-  d.go("Text1(5)");
+  d.fillEnter("number", "70000");
+  d.go("item");
 }
 
 // From Save through the closing message to a screen that is ready for the next bill.
@@ -205,7 +204,7 @@ void addLookups() {
     }
   const Lookup used{"destinations used before", [](BenchDesk& d) {
                       toItem(d);
-                      d.fill("Text1(41)", "");
+                      d.fill("destination", "");
                     }};
   measure("Lookup opened/" + used.name, [=](State& s) { openedLookup(s, used); });
   measure("Page down/bills", [=](State& s) { paged(s, bills); });
@@ -218,8 +217,8 @@ void addMeasurements() {
   measure("Bill screen opened", billScreen);
   measure("Add to first field", add);
   measure("Letter typed", letter);
-  measure("Party accepted", [](State& s) { accepted(s, "Text1(4)", sampleBill().party, "Text1(32)"); });
-  measure("Item accepted", [](State& s) { accepted(s, "Text1(5)", sampleBill().item, "Text1(46)"); });
+  measure("Party accepted", [](State& s) { accepted(s, "party", sampleBill().party, "ship_to"); });
+  measure("Item accepted", [](State& s) { accepted(s, "item", sampleBill().item, "detail"); });
   measure("Rate hints shown", rateHints);
   measure("Line stored", storedLine);
   measure("Bill loaded", loadedBill);

@@ -46,16 +46,16 @@ void scroll(State& state) {
 
 // clang-format off
 constexpr Shown kReports[] = {
-    {"Sales Bill Register"},
-    {"Sale Bill Detailed Register"},
-    {"Receipt Register"},
-    {"Closing Balance List"},
-    {"Party List Print"},
-    {"Product List Print"},
-    {"Product List Print", true},
-    {"GSTR-1 RD Sales Register"},
-    {"Outstanding LIst"},
-    {"Outstanding LIst", true},
+    {"SALEBILLSUMMARY"},
+    {"slblreg"},
+    {"recipt"},
+    {"accmastclbl"},
+    {"accmastADD"},
+    {"priclstprn"},
+    {"priclstprn", true},
+    {"GSTR1-RD"},
+    {"ONACRCV"},
+    {"ONACRCV", true},
 };
 // clang-format on
 
