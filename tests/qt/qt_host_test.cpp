@@ -372,8 +372,11 @@ TEST_F(QtHostTest, BoxesGiveWhatWasTypedOrNothingAndTellOfFailures) {
 TEST_F(QtHostTest, PointerMovesTheFocusUnlessTheFieldRefuses) {
   Bill& b = bill();
   host_->realText("ABCDEF");
+  Screen::set(b.at("Qty"), "1640");
   clickInto(*field("Qty"), {20, 10});
   EXPECT_EQ(focus(), "Qty");
+  host_->realText("2");
+  EXPECT_EQ(b.at("Qty").text, "2") << "what the program put is replaced";
   clickInto(*field("Code"), {195, 10});
   EXPECT_EQ(b.at("Code").caret, 6u) << "behind the text";
   clickInto(*field("Code"), {8, 10});

@@ -239,10 +239,6 @@ void FieldView::mousePressEvent(QMouseEvent* event) {
   pressedAt_ = placeAt(event->pos().x());
   pressed_ = event->pos();
   dragging_ = false;
-  if (control_.selectAll && !typing()) {
-    hands_.pointed(screen_, control_, 0, utf8::length(control_.text));
-    return;
-  }
   hands_.pointed(screen_, control_, pressedAt_, pressedAt_);
 }
 

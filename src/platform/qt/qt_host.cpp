@@ -162,10 +162,13 @@ void QtHost::pressed(Screen& screen, Control& control) {
   if (reaches(screen)) guarded([&] { click(control); });
 }
 
+// A text that is marked whole when its field is entered is so by the mouse as well.
 void QtHost::pointed(Screen& screen, Control& control, size_t anchor, size_t caret) {
   if (!reaches(screen)) return;
   guarded([&] {
-    if (focusOn(control)) select(control, anchor, caret);
+    const bool enters = screen.focused() != &control;
+    if (!focusOn(control) || (enters && (control.selectAll || control.given))) return;
+    select(control, anchor, caret);
   });
 }
 
