@@ -1,5 +1,7 @@
 #include "masters/frmacc.h"
 
+#include <utility>
+
 #include "base/number.h"
 #include "base/text.h"
 #include "frame/links.h"
