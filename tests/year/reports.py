@@ -224,18 +224,18 @@ class Reports:
         s, books = self.s, self.books
         s.note("The books")
         signed = "CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT ELSE -VOUCH_AMT END"
-        s.sql("SELECT COUNT(*) FROM (SELECT 1 FROM ALEDGER GROUP BY BOOK_CD, VOUCH_NO HAVING ABS(SUM(%s)) > 0.004)" % signed, "0")
+        s.sql("SELECT COUNT(*) FROM (SELECT 1 FROM ALEDGER GROUP BY BOOK_CD, VOUCH_NO HAVING ABS(SUM(%s)) > 0.004) AS GAPS" % signed, "0")
         s.sql("SELECT COUNT(*) FROM ALEDGER", str(len(self.ledger)))
         codes = sorted({r.account for r in self.ledger} | {p.code for p in books.parties})
         for code in codes:
             sides = [sum((r.amount for r in self.ledger if r.account == code and r.side == side), Decimal(0)) for side in "DC"]
-            s.sql("SELECT ROUND(TOTAL(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT END), 2), ROUND(TOTAL(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT END), 2)"
+            s.sql("SELECT ROUNDED(COALESCE(SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT END), 0), 2), ROUNDED(COALESCE(SUM(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT END), 0), 2)"
                   " FROM ALEDGER WHERE PARTY_CD = '%s'" % code, "|".join(number(float(x)) for x in sides))
-            s.sql("SELECT ROUND(CL_BAL, 2) FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(books.balance(code, self.ledger))))
+            s.sql("SELECT ROUNDED(CL_BAL, 2) FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(books.balance(code, self.ledger))))
         for book, bills in books.bills.items():
             add = lambda figure: number(float(sum((dec(figure(b)) for b in bills.values()), Decimal(0))))
-            s.sql("SELECT COUNT(*), ROUND(SUM(ITEM_AMT), 2), ROUND(SUM(TCGSTRT), 2), ROUND(SUM(TSGSTRT), 2), ROUND(SUM(TIGSTRT), 2),"
-                  " ROUND(SUM(ROUND_OFF), 2), SUM(NET_AMT), SUM(CHLN_NO), SUM(CR_DAYS) FROM SALE WHERE BOOK_CD = '%s'" % book,
+            s.sql("SELECT COUNT(*), ROUNDED(SUM(ITEM_AMT), 2), ROUNDED(SUM(TCGSTRT), 2), ROUNDED(SUM(TSGSTRT), 2), ROUNDED(SUM(TIGSTRT), 2),"
+                  " ROUNDED(SUM(ROUND_OFF), 2), SUM(NET_AMT), SUM(CHLN_NO), SUM(CR_DAYS) FROM SALE WHERE BOOK_CD = '%s'" % book,
                   "|".join([str(len(bills)), add(lambda b: b.value), *(add(lambda b, i=i: b.taxes[i]) for i in range(3)), add(lambda b: b.rounding),
                             add(lambda b: b.net), add(lambda b: b.challan), add(lambda b: b.days)]))
 

@@ -44,7 +44,7 @@ class Shop:
         s.type(name.lower().split()[0])  # the search takes no blanks
         s("expect rows lst 1", "key Enter", "tick 4", 'expect caption contains "%s : 2627"' % name)
         for code in sorted({r.account for rows in self.books.standing.values() for r in rows}):
-            s.sql("SELECT ROUND(CL_BAL, 2) FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(self.books.standing_balance(code))))
+            s.sql("SELECT ROUNDED(CL_BAL, 2) FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(self.books.standing_balance(code))))
 
     def categories(self, categories):
         self.s("menu category", "key Alt+A")

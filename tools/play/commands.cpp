@@ -27,12 +27,13 @@ int wholeAt(const std::vector<Word>& words, size_t i) {
   }
 }
 
-std::vector<std::string> rowsOf(const std::string& database, const std::string& statement, size_t most) {
+std::vector<std::string> rowsOf(const std::string& database, const std::string& statement) {
+  constexpr size_t kMost = 1000;
   const auto& db = sameText(database, "catalogue") ? session().cncomp : session().cndata;
   if (!db) throw Stop{"expected an open database, saw none"};
   std::vector<std::string> found;
   auto rows = db->query(statement);
-  while (found.size() < most && rows.next()) {
+  while (found.size() < kMost && rows.next()) {
     std::vector<std::string> cells;
     for (int i = 0; i < rows.count(); ++i) cells.push_back(rows.text(i));
     found.push_back(join(cells, "|"));
@@ -218,7 +219,7 @@ void Player::answer(const Words& w) {
 void Player::show(const Words&) { printScreen(desk_, top()); }
 
 void Player::sql(const Words& w) {
-  for (const std::string& row : rowsOf(wordAt(w, 0).text, wordAt(w, 1).text, 1000)) std::cout << row << "\n";
+  for (const std::string& row : rowsOf(wordAt(w, 0).text, wordAt(w, 1).text)) std::cout << row << "\n";
 }
 
 void Player::shot(const Words& w) {

@@ -155,8 +155,7 @@ void Player::expectRows(const Words& w) {
 }
 
 void Player::expectSql(const Words& w) {
-  const auto rows = rowsOf(wordAt(w, 0).text, wordAt(w, 1).text, 1);
-  match(w[1].text, rows.empty() ? "" : rows.front(), w, 2);
+  match(w[1].text, join(rowsOf(wordAt(w, 0).text, wordAt(w, 1).text), ", "), w, 2);
 }
 
 void Player::expectFile(const Words& w) {

@@ -100,6 +100,6 @@ class Player {
 
 const Word& wordAt(const std::vector<Word>& words, size_t i);
 int wholeAt(const std::vector<Word>& words, size_t i);
-// The first row of a statement on the open company ("data") or the catalogue, columns joined by |.
-std::vector<std::string> rowsOf(const std::string& database, const std::string& statement, size_t most);
+// The rows of a statement on the open company ("data") or the catalogue, columns joined by |.
+std::vector<std::string> rowsOf(const std::string& database, const std::string& statement);
 void printScreen(const Desk& desk, const Screen& screen);
