@@ -238,6 +238,7 @@ Outcome key(Control& c, const Key& k) {
 }
 
 std::string selection(const Control& c) {
+  if (c.secret()) return {};
   const std::u32string t = utf8::decode(c.text);
   const size_t from = std::min({c.caret, c.anchor, t.size()}),
                to = std::min(std::max(c.caret, c.anchor), t.size());

@@ -72,6 +72,7 @@ struct ControlSpec {
   Align align = Align::Auto;
   bool money = false;      // shown with grouped figures where it cannot be entered
   bool selectAll = false;  // all of the text is selected on getting the focus
+  bool secret = false;     // shown as dots, and not copied
   Style style = Style::Normal;
   std::string hint = {};  // hint line while it has the focus
   std::vector<GridColumn> columns = {};
@@ -109,6 +110,7 @@ struct Control {
   const ControlSpec* spec = nullptr;
 
   bool editable() const { return kind == Kind::Text || kind == Kind::Date; }
+  bool secret() const { return spec && spec->secret; }
   bool focusable() const {
     return enabled && visible && kind != Kind::Label && kind != Kind::Progress && kind != Kind::Picture &&
            kind != Kind::Chart;

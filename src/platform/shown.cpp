@@ -4,6 +4,14 @@
 #include "base/words.h"
 #include "platform/utf8.h"
 
+namespace {
+
+std::string dots(const std::string& text) {
+  return utf8::encode(std::u32string(utf8::length(text), U'\u25CF'));
+}
+
+}  // namespace
+
 std::string shownText(const Control& control) {
   switch (control.kind) {
     case Kind::Button:
@@ -12,7 +20,7 @@ std::string shownText(const Control& control) {
     case Kind::Label:
       return control.spec && control.text == control.spec->label ? words(control.text) : control.text;
     default:
-      return control.text;
+      return control.secret() ? dots(control.text) : control.text;
   }
 }
 

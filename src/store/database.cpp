@@ -90,6 +90,10 @@ std::string sentence(Kind kind, const std::string& file, const std::string& deta
           "file", file, "detail", detail);
     case Kind::constraint:
     case Kind::shape:
+    case Kind::lost:
+    case Kind::denied:
+    case Kind::again:
+    case Kind::tooOld:
     case Kind::other:
       break;
   }
@@ -135,6 +139,9 @@ DatabaseError::DatabaseError(Kind kind, const std::string& file, const std::stri
       kind_(kind),
       statement_(std::move(statement)),
       code_(code) {}
+
+DatabaseError::DatabaseError(Kind kind, const Told& told, std::string statement, int code)
+    : std::runtime_error(told.sentence), kind_(kind), statement_(std::move(statement)), code_(code) {}
 
 int ColumnNames::find(std::string_view name) const {
   for (size_t i = 0; i < names_.size(); ++i)

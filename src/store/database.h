@@ -41,11 +41,21 @@ class DatabaseError : public std::runtime_error, public WithStatement {
     stopped,   // by the person
     stranger,  // the file holds what would run on our reads and writes: store/stranger.h
     shape,     // the file lacks a table or column that this program declares
+    lost,      // of a server: the connection, or there is none to be had
+    denied,    // by a server: the password, or the right
+    again,     // others wrote the same; the whole transaction may be tried once more
+    tooOld,    // a server that does not know what is asked
     other
   };
 
   DatabaseError(Kind kind, const std::string& file, const std::string& detail, std::string statement = {},
                 int code = 0);
+  // With a sentence of its own.
+  struct Told {
+    explicit Told(std::string words) : sentence(std::move(words)) {}
+    std::string sentence;
+  };
+  DatabaseError(Kind kind, const Told& told, std::string statement = {}, int code = 0);
 
   // what() is the sentence for the user.
   Kind kind() const { return kind_; }

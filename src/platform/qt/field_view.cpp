@@ -11,6 +11,7 @@
 
 #include "base/words.h"
 #include "platform/qt/palette.h"
+#include "platform/shown.h"
 #include "platform/utf8.h"
 
 namespace {
@@ -34,6 +35,7 @@ FieldView::FieldView(Screen& screen, Control& control, Hands& hands, QWidget* pa
   setAcceptDrops(false);
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_InputMethodEnabled);
+  if (control.secret()) setEchoMode(QLineEdit::Password);  // for what types and what reads aloud
   setAccessibleName(QString::fromStdString(layout::plainCaption(words(control.label))));
 }
 
@@ -49,7 +51,7 @@ FieldView::State FieldView::stateNow(const Situation& s) const {
 
 void FieldView::sync(const Situation& situation) {
   situation_ = situation;
-  Shown now{.text = control_.text,
+  Shown now{.text = shownText(control_),
             .placeholder = spot_.frame == Frame::Heads ? words(control_.label) : std::string(),
             .state = stateNow(situation),
             .back = control_.back,

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "store/database.h"
+
+// What a database server and its client library say by number, as the kinds of DatabaseError and in the
+// words of this program. `text` is the server's own and stands only where a person can do something with
+// it; `name` is that of the books. The statement decides which right was missing.
+DatabaseError serverError(unsigned code, const std::string& text, const std::string& name,
+                          std::string_view statement = {});
+DatabaseError::Kind kindOfServer(unsigned code);
