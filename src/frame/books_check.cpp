@@ -115,8 +115,8 @@ void addUnposted(Faults& faults, const std::string& table, const char* amount, c
 
 // The shop's accounts stand before the system's, so that the smallest code is the party's.
 void addLedger(Faults& faults) {
-  const std::string debit = "COALESCE(" + sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'D'") + ", 0)",
-                    credit = "COALESCE(" + sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'C'") + ", 0)";
+  const std::string debit = "COALESCE(" + sumWhere(data(), "VOUCH_AMT", "VOUCH_TYPE = 'D'") + ", 0)",
+                    credit = "COALESCE(" + sumWhere(data(), "VOUCH_AMT", "VOUCH_TYPE = 'C'") + ", 0)";
   const std::string head =
       "SELECT ? AS WHAT, L.BOOK_CD AS BOOK, L.VOUCH_NO, MAX(L.VOUCH_DT), MIN(L.PARTY_CD), ";
   faults.add(head + debit + ", " + credit +

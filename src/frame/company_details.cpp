@@ -66,7 +66,7 @@ void saveCompanyDetails(Session& s, Fields fields) {
   else
     insertRow(db, "COMP_DET", fields);
   db.exec("UPDATE COMP_DET SET MOBNOCO = ?, DATANM = ?, DATASENT = 'N'", s.mmobile, s.mdataname);
-  db.exec("UPDATE catalogue.compny SET COMP_NAME = ? WHERE COMP_ID = ?", name, s.mcompid);
+  db.exec("UPDATE " + both.compny() + " SET COMP_NAME = ? WHERE COMP_ID = ?", name, s.mcompid);
   all.commit();
   s.mcompname = name;
   loadCompanyDetails(s);

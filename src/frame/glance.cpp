@@ -88,7 +88,7 @@ Receivable receivable(Database& db, int most, Date today, Date periodStart) {
   Receivable owed;
   guarded([&] {
     // Those who owe nothing stand behind and are left out here: a condition would take the sum again.
-    auto accounts = db.query("SELECT ACC_CD, ACC_NAME, ROUNDED(" + std::string(balanceExpression(db)) +
+    auto accounts = db.query("SELECT ACC_CD, ACC_NAME, ROUNDED(" + balanceExpression(db) +
                              ", 2) AS OWES FROM ACCOUNT WHERE " + underGroups("GROUP_CD", {85, 86}) +
                              " ORDER BY OWES DESC, ACC_NAME");
     while (accounts.next()) {

@@ -22,9 +22,9 @@ std::vector<Row> groupSummary(Database& db) {
 void addSides(Database& db, const std::string& columns, const std::string& condition,
               const std::vector<Value>& values) {
   db.exec("INSERT INTO T_FINALNEW (ACC_CD, " + columns + ") WITH SUMS AS (SELECT PARTY_CD, " +
-              sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'C'") + " AS CR, " +
-              sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'D'") + " AS DR, " +
-              sumWhere("1", "VOUCH_TYPE IS NULL OR VOUCH_TYPE NOT IN ('C', 'D')") +
+              sumWhere(db, "VOUCH_AMT", "VOUCH_TYPE = 'C'") + " AS CR, " +
+              sumWhere(db, "VOUCH_AMT", "VOUCH_TYPE = 'D'") + " AS DR, " +
+              sumWhere(db, "1", "VOUCH_TYPE IS NULL OR VOUCH_TYPE NOT IN ('C', 'D')") +
               " AS OTHERS"
               " FROM ALEDGER WHERE " +
               condition +

@@ -32,7 +32,7 @@ std::vector<Row> customersOf(Database& db, const std::string& code, const Report
   return db.all(
       "SELECT ACC_CD, OP_BAL, ACC_NAME, AREA, PHONE1, CITY FROM ACCOUNT"
       " WHERE " +
-          underGroups("GROUP_CD", {85, 86}) + " AND " + std::string(balanceExpression(db)) + " > 0" +
+          underGroups("GROUP_CD", {85, 86}) + " AND " + balanceExpression(db) + " > 0" +
           (asked.empty() ? "" : " AND " + asked.text()) + " ORDER BY ACC_NAME, AREA, PHONE1, CITY, ACC_CD",
       asked.values());
 }
@@ -47,7 +47,7 @@ Receivables::Receivables(Database& db, const std::string& code, const ReportQuer
       customers_(customersOf(db, code, query)) {
   db_.exec("DELETE FROM CAL");
   // The bills of one party are read by it.
-  db_.exec(indexWorkTableText("CAL", "PARTY_CD, VOUCH_DT"));
+  indexWorkTable(db_, "CAL", "PARTY_CD, VOUCH_DT");
 }
 
 bool Receivables::next() {
@@ -67,8 +67,8 @@ bool Receivables::next() {
 // Read from the ledger's index alone, in its order.
 Receivables::Standing Receivables::standing() const {
   Standing found;
-  auto days = db_.query("SELECT VOUCH_DT, " + sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'C'") + ", " +
-                            sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'D'") +
+  auto days = db_.query("SELECT VOUCH_DT, " + sumWhere(db_, "VOUCH_AMT", "VOUCH_TYPE = 'C'") + ", " +
+                            sumWhere(db_, "VOUCH_AMT", "VOUCH_TYPE = 'D'") +
                             ", MIN(CASE WHEN VOUCH_TYPE = 'D' THEN VOUCH_AMT END)"
                             " FROM ALEDGER WHERE PARTY_CD = ? GROUP BY VOUCH_DT",
                         customer().value("ACC_CD"));

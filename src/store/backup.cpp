@@ -9,39 +9,11 @@
 
 namespace {
 
-// Keeps other programs from storing between the copying and the counting.
-class ReadLock {
- public:
-  explicit ReadLock(Database& db) : db_(db) {
-    db_.exec("BEGIN");
-    try {
-      db_.number("SELECT COUNT(*) FROM main.sqlite_master");
-    } catch (...) {
-      end();
-      throw;
-    }
-  }
-  ~ReadLock() { end(); }
-  ReadLock(const ReadLock&) = delete;
-  ReadLock& operator=(const ReadLock&) = delete;
-
- private:
-  void end() noexcept {
-    try {
-      db_.exec("ROLLBACK");
-    } catch (const std::exception&) {
-      // Nothing was written that could be lost.
-    }
-  }
-  Database& db_;
-};
-
 using RowCounts = std::vector<std::pair<std::string, double>>;
 
 RowCounts rowCounts(Database& db) {
   RowCounts counts;
-  for (const auto& table : db.all("SELECT name FROM main.sqlite_master WHERE type = 'table' ORDER BY name"))
-    counts.emplace_back(table.text(0), standingRows(db, table.text(0)));
+  for (const std::string& table : db.engine().tables()) counts.emplace_back(table, standingRows(db, table));
   return counts;
 }
 
@@ -51,7 +23,7 @@ void verify(Database& source, const std::filesystem::path& copy) {
   std::string found;
   try {
     Database read;
-    read.open(copy, Access::readOnly);
+    read.openFile(copy, Access::readOnly);
     found = damageIn(read);
     if (found.empty() && rowCounts(read) != rowCounts(source)) found = "The copy holds other rows.";
   } catch (const DatabaseError& error) {
@@ -65,8 +37,10 @@ void verify(Database& source, const std::filesystem::path& copy) {
 
 void backUpDatabase(Database& source, const std::filesystem::path& to) {
   buildBeside(to, [&](const std::filesystem::path& making) {
-    const ReadLock same(source);
-    source.copyPages(making);
+    // Others store nothing between the copying and the counting.
+    const Transaction same(source, Transaction::Writes::WorkTables);
+    source.engine().tables();
+    source.engine().copyInto(making);
     verify(source, making);
   });
 }

@@ -9,13 +9,11 @@
 namespace {
 
 // Of one row of ACCOUNT, rounded at each step as the rebuild of all does.
-const std::string& ofLedger() {
-  static const std::string text =
-      "(SELECT ROUNDED(ROUNDED(ROUNDED(COALESCE(ACCOUNT.OP_BAL, 0), 2) - ROUNDED(COALESCE(" +
-      sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'C'") + ", 0), 2), 2) + ROUNDED(COALESCE(" +
-      sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'D'") +
-      ", 0), 2), 2) FROM ALEDGER WHERE PARTY_CD = ACCOUNT.ACC_CD)";
-  return text;
+std::string ofLedger(Database& db) {
+  return "(SELECT ROUNDED(ROUNDED(ROUNDED(COALESCE(ACCOUNT.OP_BAL, 0), 2) - ROUNDED(COALESCE(" +
+         sumWhere(db, "VOUCH_AMT", "VOUCH_TYPE = 'C'") + ", 0), 2), 2) + ROUNDED(COALESCE(" +
+         sumWhere(db, "VOUCH_AMT", "VOUCH_TYPE = 'D'") +
+         ", 0), 2), 2) FROM ALEDGER WHERE PARTY_CD = ACCOUNT.ACC_CD)";
 }
 
 }  // namespace
@@ -30,8 +28,8 @@ void RebuildAllBalances(Database& db) {
   db.passOver(kOlderBooks,
               "INSERT INTO T_ACLST (GROUP_CD, ACC_CD, ACC_NAME, OP_BAL, CL_BAL, TOT_CR, TOT_DR)"
               " WITH SUMS AS (SELECT PARTY_CD, " +
-                  sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'C'") + " AS CR, " +
-                  sumWhere("VOUCH_AMT", "VOUCH_TYPE = 'D'") +
+                  sumWhere(db, "VOUCH_AMT", "VOUCH_TYPE = 'C'") + " AS CR, " +
+                  sumWhere(db, "VOUCH_AMT", "VOUCH_TYPE = 'D'") +
                   " AS DR FROM ALEDGER GROUP BY PARTY_CD),"
                   " SIDES AS (SELECT PARTY_CD, CR, 0 AS DR FROM SUMS WHERE CR IS NOT NULL"
                   " UNION ALL SELECT PARTY_CD, 0, DR FROM SUMS WHERE DR IS NOT NULL)"
@@ -62,11 +60,11 @@ void RebuildAllBalances(Database& db) {
 }
 
 double ledgerBalance(Database& db, std::string_view code) {
-  return db.number("SELECT " + ofLedger() + " FROM ACCOUNT WHERE ACC_CD = ?", code);
+  return db.number("SELECT " + ofLedger(db) + " FROM ACCOUNT WHERE ACC_CD = ?", code);
 }
 
-const char* balanceExpression(Database& db) { return isSettled(db) ? "CL_BAL" : ofLedger().c_str(); }
+std::string balanceExpression(Database& db) { return isSettled(db) ? "CL_BAL" : ofLedger(db); }
 
 void RebuildOneBalance(Database& db, std::string_view code) {
-  db.exec("UPDATE ACCOUNT SET CL_BAL = " + ofLedger() + " WHERE ACC_CD = ?", code);
+  db.exec("UPDATE ACCOUNT SET CL_BAL = " + ofLedger(db) + " WHERE ACC_CD = ?", code);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "store/database.h"
@@ -17,7 +18,7 @@ double ledgerBalance(Database& db, std::string_view code);
 
 // The balance of a row of ACCOUNT as an expression for a statement that reads many: the stored one where
 // the books are settled, else the ledger's. It writes nothing, so it waits for nobody who saves.
-const char* balanceExpression(Database& db);
+std::string balanceExpression(Database& db);
 
 // Sets CL_BAL of one account; an unknown code changes nothing.
 void RebuildOneBalance(Database& db, std::string_view code);

@@ -9,21 +9,24 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "base/log.h"
 #include "store/column.h"
 #include "store/value.h"
 
-// One open database file. Statements stand as text where they are used and take their values as
-// bound parameters:
+// One open database: a file, or the books of that name on a database server (store/place.h). Statements
+// stand as text where they are used (docs/statements.md), whichever engine keeps the books, and take their
+// values as bound parameters:
 //
 //   auto rows = db.query("SELECT ACC_CD, ACC_NAME FROM ACCOUNT WHERE GROUP_CD = ?", 85);
 //   while (rows.next()) list.add(rows.text("ACC_CD"), rows.text(1));
 //
 // Prepared statements are kept by their text, so a statement asked again is not parsed again.
 // Failures are DatabaseError, our own mistakes StatementError. A lock of another program is waited for
-// about three seconds.
+// about three seconds. A connection to a server that was lost is made anew by the next statement; what was
+// typed into work tables stands in them again.
 
 class DatabaseError : public std::runtime_error, public WithStatement {
  public:
@@ -61,7 +64,7 @@ class DatabaseError : public std::runtime_error, public WithStatement {
   Kind kind() const { return kind_; }
   const std::string& statement() const override { return statement_; }
   int code() const { return code_; }
-  // False for what must reach the user in any case: lock, full disk, I/O, memory, broken file.
+  // False for what must reach the user in any case: lock, full disk, I/O, memory, broken file, lost server.
   bool mayBePassedOver() const {
     return kind_ == Kind::constraint || kind_ == Kind::shape || kind_ == Kind::other;
   }
@@ -135,10 +138,11 @@ class Row {
 };
 
 class Database;
-struct PreparedStatement;
+class Engine;
+class PreparedStatement;
 
 // A running select, read once from its first row to its last. As long as it lives and has not
-// reached its end, other programs cannot write: read to the end or let it go.
+// reached its end, other programs cannot write a file: read to the end or let it go.
 class Rows {
  public:
   Rows(Rows&&) noexcept;
@@ -202,14 +206,21 @@ class Database {
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
 
-  // Closes what was open. A missing file is an error unless the access is `create`. On a
-  // company-year the connection's own work tables stand ready, empty.
-  void open(const std::filesystem::path& file, Access access = Access::readWrite);
+  // Closes what was open, then opens the books that the path names, in their file or on the server that
+  // its folder names. A missing file is an error unless the access is `create`. On a company-year the
+  // connection's own work tables stand ready, empty.
+  void open(const std::filesystem::path& books, Access access = Access::readWrite);
+  // The file, whatever its folder names.
+  void openFile(const std::filesystem::path& file, Access access = Access::readWrite);
+  // The database of the path's stem on the server that its folder names, also one under a passing name.
+  void openOnServer(const std::filesystem::path& books, Access access = Access::readWrite);
   void close() noexcept;
-  bool isOpen() const { return handle_ != nullptr; }
+  bool isOpen() const { return engine_ != nullptr; }
   const std::filesystem::path& file() const { return file_; }
-  // Nobody else had the file open when it was opened here.
+  // Nobody else had the books open when they were opened here.
   bool firstUser() const;
+  // What stands behind; raises StatementError when nothing is open.
+  Engine& engine() const;
 
   // Returns the number of rows changed.
   template <typename... Args>
@@ -268,28 +279,24 @@ class Database {
   void forgetStatements() noexcept;
 
   bool inTransaction() const;
-  // How often the file was changed, by whichever program; none in memory. Stands still inside a
+  // How often the books were changed, by whichever program; none in memory. Stands still inside a
   // transaction that has read, and grows by one with each that has written.
   std::optional<std::int64_t> changeCount() const;
   // Whether the engine can make something of the statement here.
   bool understands(std::string_view sql) const;
 
-  // Copies the file page by page into a new one while it stays open and others may read it.
-  void copyPages(const std::filesystem::path& to);
-
  private:
   friend class Rows;
   friend class Transaction;
-  struct Handle;
+  struct Kept;
 
   std::unique_ptr<PreparedStatement> take(std::string_view sql);
   void giveBack(std::unique_ptr<PreparedStatement> statement) noexcept;
-  void useSettings();
-  template <typename Work>
-  auto checked(std::string_view sql, Work work) -> decltype(work());
+  void begin(const std::filesystem::path& file, std::unique_ptr<Engine> engine);
 
   std::filesystem::path file_;
-  std::unique_ptr<Handle> handle_;
+  std::unique_ptr<Engine> engine_;
+  std::unique_ptr<Kept> kept_;  // statements and shapes of tables
   int depth_ = 0;
 };
 
@@ -311,3 +318,28 @@ class Transaction {
   int depth_;
   bool open_ = true;
 };
+
+// The work in a transaction that is committed at its end; returns what the work does. A `false` is a refusal
+// and takes all back. Where a server takes it back because another transaction came first, the whole is done
+// once more, up to three times: what the work changes outside of the database must be the same then.
+template <typename Work>
+auto whole(Database& db, Work work) {
+  for (int left = db.inTransaction() ? 0 : 3;; --left) {
+    try {
+      Transaction all(db);
+      if constexpr (std::is_void_v<decltype(work())>) {
+        work();
+        return all.commit();
+      } else {
+        auto result = work();
+        if constexpr (std::is_same_v<decltype(result), bool>) {
+          if (!result) return result;
+        }
+        all.commit();
+        return result;
+      }
+    } catch (const DatabaseError& error) {
+      if (error.kind() != DatabaseError::Kind::again || left == 0) throw;
+    }
+  }
+}

@@ -10,6 +10,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "store/alter.h"
+#include "store/engine.h"
 #include "store/safe_file.h"
 
 namespace {
@@ -55,7 +56,7 @@ constexpr Because kWalkGoesOn{.reason = "the walk leaves what it cannot make, an
 void applyTable(Database& db, const std::string& table, const std::vector<Column>& wanted) {
   if (wanted.empty()) return;
   if (!CheckTable(db, table)) {
-    db.passOver(kWalkGoesOn, createTableStatement("main." + quotedName(table), wanted));
+    db.passOver(kWalkGoesOn, [&] { db.engine().createTable(table, wanted); });
     return;
   }
   const auto standing = tableColumns(db, table);
@@ -64,8 +65,7 @@ void applyTable(Database& db, const std::string& table, const std::vector<Column
     const auto same = std::find_if(standing.begin(), standing.end(),
                                    [&](const Column& c) { return sameText(c.name, column.name); });
     if (same == standing.end())
-      db.passOver(kWalkGoesOn, "ALTER TABLE main." + quotedName(table) + " ADD COLUMN " +
-                                   quotedName(column.name) + " " + column.definition);
+      db.passOver(kWalkGoesOn, [&] { db.engine().addColumn(table, column); });
     else if (same->definition != column.definition)
       changed.push_back(column);
   }
@@ -102,9 +102,8 @@ void listUndeclared(Database& db) {
   for (const auto& table : declaredTables())
     for (const auto& column : tableColumns(db, table))
       if (!isDeclared(table, column.name)) list(table, column.name);
-  for (const auto& row : db.all("SELECT name FROM main.sqlite_master WHERE type = 'table'"
-                                " AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'"))
-    if (!isDeclaredTable(row.text(0))) list(row.text(0), "TABLENAME");
+  for (const std::string& table : db.engine().tables())
+    if (!isDeclaredTable(table)) list(table, "TABLENAME");
 }
 
 }  // namespace
@@ -137,14 +136,7 @@ std::vector<Column> dictionaryColumns(std::string_view table) {
   return columns;
 }
 
-bool CheckTable(Database& db, std::string_view name) {
-  return db
-      .first(
-          "SELECT 1 FROM main.sqlite_master WHERE type = 'table' AND name = ? COLLATE NOCASE"
-          " AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'",
-          name)
-      .has_value();
-}
+bool CheckTable(Database& db, std::string_view name) { return db.engine().hasTable(name); }
 
 bool isCompanyYear(Database& db) {
   const auto holds = [&](std::string_view table, std::string_view field) {
@@ -216,12 +208,12 @@ void DropUndeclared(Database& db) {
   }
   for (const auto& row : db.all("SELECT TABNM FROM DROPLIST WHERE FLDNM = 'TABLENAME' ORDER BY TABNM"))
     if (!isDeclaredTable(row.text("TABNM")))
-      db.passOver(kWalkGoesOn, "DROP TABLE main." + quotedName(row.text("TABNM")));
+      db.passOver(kWalkGoesOn, [&] { db.engine().dropTable(row.text("TABNM")); });
   db.passOver(kWalkGoesOn, "DELETE FROM DROPLIST");
   all.commit();
 }
 
-int shapeVersion(Database& db) { return toInt(db.number("PRAGMA main.user_version")); }
+int shapeVersion(Database& db) { return db.engine().shapeVersion(); }
 
 int shapeVersion(const std::filesystem::path& file) {
   if (!isPlainFile(file)) return 0;
@@ -236,13 +228,10 @@ int shapeVersion(const std::filesystem::path& file) {
   return version;
 }
 
-void stampShape(Database& db) { db.exec("PRAGMA main.user_version = " + std::to_string(kShapeVersion)); }
+void stampShape(Database& db) { db.engine().stampShape(kShapeVersion); }
 
 std::span<const std::string_view> workTables() { return works; }
 
 void RemakeWorkTables(Database& db) {
-  for (const auto table : works) {
-    db.exec("DROP TABLE IF EXISTS temp." + quotedName(table));
-    db.exec(createTableStatement("temp." + quotedName(table), dictionaryColumns(table)));
-  }
+  for (const auto table : works) db.engine().makeWorkTable(std::string(table), dictionaryColumns(table));
 }

@@ -2,39 +2,159 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "store/database.h"
 
-// What statements need beside themselves and an engine says in its own way: docs/statements.md tells
-// what a statement may use, and everything else is asked for here or in the store's own files.
+// What stands behind the face (store/database): the embedded file (store/sqlite_engine) or a server
+// (store/server_engine). Screens and rules know neither; what their statements need beside
+// themselves are the functions below the classes: docs/statements.md tells what a statement may use, and
+// everything else is asked for here or in the store's own files.
+
+class PreparedStatement {
+ public:
+  explicit PreparedStatement(std::string text) : sql(std::move(text)) {}
+  virtual ~PreparedStatement() = default;
+  PreparedStatement(const PreparedStatement&) = delete;
+  PreparedStatement& operator=(const PreparedStatement&) = delete;
+
+  const std::string sql;
+  virtual int parameters() const = 0;
+  virtual void bind(const std::vector<Value>& values) = 0;
+  // Runs it the first time; false behind the last row.
+  virtual bool step() = 0;
+  virtual void reset() noexcept = 0;
+  // The rows that the run changed.
+  virtual int changed() const = 0;
+  // Of the result, columns from 0.
+  virtual int columns() const = 0;
+  virtual std::string columnName(int column) const = 0;
+  virtual std::string declaredType(int column) const = 0;
+  virtual Value value(int column) const = 0;
+  virtual bool isNull(int column) const = 0;
+};
+
+// A column of a new shape and the expression over the old one that fills it.
+struct NewColumn {
+  Column column;
+  std::string source;
+};
+
+// An index as it is declared: columns as written, and a condition for those over some rows only.
+struct IndexShape {
+  std::string name, table, columns, rows{};
+  bool unique = false;
+};
+
+// One connection. Tables are named without brackets; work tables are looked past unless said otherwise.
+class Engine {
+ public:
+  virtual ~Engine() = default;
+
+  virtual std::unique_ptr<PreparedStatement> prepare(std::string_view sql) = 0;
+  virtual bool understands(std::string_view sql) = 0;
+  virtual std::int64_t insertedRow() = 0;
+
+  virtual void begin(Transaction::Writes what) = 0;
+  virtual void commit() = 0;
+  virtual void rollBack() = 0;
+  virtual void savepoint(int depth) = 0;
+  virtual void release(int depth) = 0;
+  virtual void rollBackTo(int depth) = 0;
+  virtual bool inTransaction() const = 0;
+
+  virtual bool firstUser() = 0;
+  virtual std::optional<std::int64_t> changeCount() = 0;
+  // Another number after each commit of another connection.
+  virtual double othersWrites() = 0;
+  // Size and shape in a word or two: another text after a change of either from outside.
+  virtual std::string sizeAndShape() = 0;
+  // Another number after a change of any table's shape, by whichever program.
+  virtual double shapeChanges() = 0;
+  // What is wrong with what is stored; empty when it is whole.
+  virtual std::string damage() = 0;
+  // The version of the program that last shaped the books.
+  virtual int shapeVersion() = 0;
+  virtual void stampShape(int version) = 0;
+
+  virtual std::vector<std::string> tables() = 0;
+  virtual bool hasTable(std::string_view name) = 0;
+  // Empty where there is no such table.
+  virtual std::vector<Column> tableColumns(std::string_view table) = 0;
+  // The same, work tables as they stand here.
+  virtual std::vector<Column> columnsHere(std::string_view table) = 0;
+  virtual double standingRows(std::string_view table) = 0;
+  // What a statement calls the table that no work table stands before.
+  virtual std::string standing(std::string_view table) const = 0;
+  virtual void createTable(const std::string& table, const std::vector<Column>& columns) = 0;
+  virtual void addColumn(const std::string& table, const Column& column) = 0;
+  // The table with these columns alone; rows keep their order, indexes stand again.
+  virtual void reshape(const std::string& table, const std::vector<NewColumn>& plan) = 0;
+  virtual void dropTable(const std::string& table) = 0;
+  // An empty one, before a table of its name, for this connection alone.
+  virtual void makeWorkTable(const std::string& table, const std::vector<Column>& columns) = 0;
+  virtual void indexWorkTable(const std::string& table, const std::string& columns) = 0;
+
+  // Lists: tables of the connection's own, made of a select.
+  virtual void makeList(const std::string& name, const std::string& select) = 0;
+  virtual void dropList(const std::string& name) = 0;
+
+  virtual bool hasIndex(std::string_view name) = 0;
+  // It stands exactly so.
+  virtual bool hasIndex(const IndexShape& index) = 0;
+  virtual void createIndex(const IndexShape& index) = 0;
+  virtual void dropIndex(std::string_view name) = 0;
+  // An index over all rows begins with the column.
+  virtual bool isIndexed(std::string_view table, std::string_view column) = 0;
+
+  virtual std::vector<std::string> views() = 0;
+  virtual void createView(const std::string& name, const std::string& select) = 0;
+  virtual void dropView(const std::string& name) = 0;
+
+  // The sum of a figure over the rows for which the condition holds.
+  virtual std::string sumWhere(std::string_view figure, std::string_view condition) = 0;
+  // A table's rows go, for others to be written. Where that is quicker they stand aside meanwhile, without
+  // the indexes named, until endRewriting; the caller makes those indexes again.
+  virtual void beginRewriting(const std::string& table, std::span<const std::string_view> indexes) = 0;
+  virtual void endRewriting(const std::string& table) = 0;
+  // How the engine works while a whole table is written.
+  virtual void writesInBulk(bool bulk) = 0;
+  // The catalogue's table beside the books, between the two calls, in one transaction with them.
+  virtual std::string joinCatalogue(const std::filesystem::path& catalogue) = 0;
+  virtual void leaveCatalogue() = 0;
+  // Copies all into a new file while others may read; they cannot write meanwhile.
+  virtual void copyInto(const std::filesystem::path& file) = 0;
+};
 
 // The row number of the row that was inserted last over this connection.
 std::int64_t insertedRow(Database& db);
 
 // The sum of a figure over the rows for which the condition holds, NULL where there is none: an expression
 // for walks through a whole ledger, where SUM(CASE ...) takes a tenth longer on SQLite.
-std::string sumWhere(std::string_view figure, std::string_view condition);
+std::string sumWhere(Database& db, std::string_view figure, std::string_view condition);
 
 // A list of the connection's own, made of a select under a name that no table bears. It stands before
 // a table of that name, also one that a file of other origin brings.
-std::string makeListText(std::string_view name, std::string_view select);
-std::string dropListText(std::string_view name);
+void makeList(Database& db, const std::string& name, const std::string& select);
+void dropList(Database& db, const std::string& name);
 // Lets rows of a work table be found by the columns; once for a connection.
-std::string indexWorkTableText(std::string_view table, std::string_view columns);
+void indexWorkTable(Database& db, const std::string& table, const std::string& columns);
 
 // A table that the dictionary declares, where it is missing.
 void ensureTable(Database& db, std::string_view table);
 
-void dropIndex(Database& db, std::string_view name);
-// How many rows the table of the file has, also where a work table stands before it.
+// How many rows the table of the books has, also where a work table stands before it.
 double standingRows(Database& db, const std::string& table);
 bool hasIndex(Database& db, std::string_view name);
 // An index over all rows begins with the column.
 bool isIndexed(Database& db, std::string_view table, std::string_view column);
 
-// How the engine works while a whole table is written anew: it does not blank the pages that it is about
+// How the engine works while a whole table is written anew: a file does not blank the pages that it is about
 // to fill again, nor measure texts that fit by the lengths of the columns that they come from; and what
 // has been written is not wanted again soon, so that little of it is kept in memory.
 class BulkWriting {
@@ -45,29 +165,23 @@ class BulkWriting {
   BulkWriting& operator=(const BulkWriting&) = delete;
 
  private:
-  void set(const std::string& blanking, const std::string& kept, const std::string& measuringOff);
-
   Database& db_;
-  const std::string blanking_, kept_;
 };
 
-// The catalogue among the tables of the books, as catalogue.compny, so that one transaction writes both
-// or none.
+// The catalogue among the tables of the books, so that one transaction writes both or none.
 class WithCatalogue {
  public:
   WithCatalogue(Database& year, const std::filesystem::path& catalogue);
   ~WithCatalogue();
   WithCatalogue(const WithCatalogue&) = delete;
   WithCatalogue& operator=(const WithCatalogue&) = delete;
+  // What a statement calls the table compny meanwhile.
+  const std::string& compny() const { return compny_; }
 
  private:
   Database& year_;
+  std::string compny_;
 };
 
-// What is wrong with the file; empty when it is whole.
+// What is wrong with the books as stored; empty when they are whole.
 std::string damageIn(Database& db);
-
-// Size and shape of the file in a word or two: another text after a change of either.
-std::string sizeAndShape(Database& db);
-// Another number after each commit of another connection.
-double othersWrites(Database& db);

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "base/text.h"
+#include "store/engine.h"
 
 namespace {
 
@@ -79,28 +79,31 @@ std::string keyName(std::string_view table) { return std::string(table) + "_KEY"
 
 void dropKeys(Database& db) {
   constexpr Because why{"a key that cannot go is told when it is made anew"};
-  for (const auto& key : keys) db.passOver(why, "DROP INDEX IF EXISTS main." + keyName(key.table));
+  for (const auto& key : keys) db.passOver(why, [&] { db.engine().dropIndex(keyName(key.table)); });
 }
 
 Outcome addKey(Database& db, const TableKey& key) {
-  return db.attempt({"the table is named as without key"}, "CREATE UNIQUE INDEX main." + keyName(key.table) +
-                                                               " ON " + std::string(key.table) + " (" +
-                                                               std::string(key.columns) + ")");
+  return db.attempt({"the table is named as without key"}, [&] {
+    db.engine().createIndex({.name = keyName(key.table),
+                             .table = std::string(key.table),
+                             .columns = std::string(key.columns),
+                             .unique = true});
+    return 0;
+  });
 }
 
 // One that stands with other columns, as an older program made it, is made anew.
 void EnsureIndexes(Database& db) {
-  for (const auto& index : indexes) {
-    const std::string name(index.name), rows(index.rows);
-    const std::string create = "CREATE INDEX main." + name + " ON " + std::string(index.table) + " (" +
-                               std::string(index.columns) + ")" + (rows.empty() ? "" : " WHERE " + rows);
-    const std::string stands =
-        db.text("SELECT sql FROM main.sqlite_master WHERE type = 'index' AND name = ? COLLATE NOCASE", name);
-    if (stands == replaceAll(create, "INDEX main.", "INDEX ")) continue;
+  for (const auto& each : indexes) {
+    const IndexShape index{.name = std::string(each.name),
+                           .table = std::string(each.table),
+                           .columns = std::string(each.columns),
+                           .rows = std::string(each.rows)};
+    if (db.engine().hasIndex(index)) continue;
     db.passOver(kOlderBooks, [&] {
       Transaction both(db);
-      db.exec("DROP INDEX IF EXISTS main." + name);
-      db.exec(create);
+      db.engine().dropIndex(index.name);
+      db.engine().createIndex(index);
       both.commit();
     });
   }

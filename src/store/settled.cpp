@@ -10,8 +10,8 @@ namespace {
 constexpr const char* kTable = "SETTLED";
 
 std::string stateAfter(Database& db, std::int64_t changes) {
-  std::string state =
-      "changes " + std::to_string(changes) + " program " + std::to_string(kShapeVersion) + sizeAndShape(db);
+  std::string state = "changes " + std::to_string(changes) + " program " + std::to_string(kShapeVersion) +
+                      db.engine().sizeAndShape();
   for (const char* table : {"ACCOUNT", "ALEDGER", "SALE", "RPTPAY", "CHLN"})
     if (CheckTable(db, table))
       state += std::string(" ") + table + " " + db.text(std::string("SELECT MAX(rowid) FROM ") + table);
@@ -40,12 +40,12 @@ bool isSettled(Database& db) {
   }
 }
 
-Settling::Settling(Database& db) : db_(db), before_(othersWrites(db)) {}
+Settling::Settling(Database& db) : db_(db), before_(db.engine().othersWrites()) {}
 
 void Settling::done() {
   Transaction all(db_);
   const auto changes = db_.changeCount();
-  if (!changes || othersWrites(db_) != before_) return;
+  if (!changes || db_.engine().othersWrites() != before_) return;
   ensureOneRow(db_);
   // This very transaction is the next change.
   db_.exec("UPDATE SETTLED SET STATE = ?", stateAfter(db_, *changes + 1));

@@ -1,7 +1,8 @@
 #include "store/shape.h"
 
-#include "store/alter.h"
+#include "base/text.h"
 #include "store/dictionary.h"
+#include "store/engine.h"
 #include "store/templates.h"
 #include "store/views.h"
 
@@ -32,11 +33,13 @@ constexpr Foreign kForeign[] = {
 };
 
 void build(Database& db) {
-  db.open(":memory:", Access::create);
-  for (const std::string& table : declaredTables())
-    db.exec(createTableStatement("main." + quotedName(table), dictionaryColumns(table)));
-  for (const Foreign& other : kForeign)
-    db.exec("CREATE TABLE main." + std::string(other.table) + " (" + other.columns + ")");
+  db.openFile(":memory:", Access::create);
+  for (const std::string& table : declaredTables()) db.engine().createTable(table, dictionaryColumns(table));
+  for (const Foreign& other : kForeign) {
+    std::vector<Column> columns;
+    for (const std::string& name : split(other.columns, ", ")) columns.push_back({.name = name});
+    db.engine().createTable(other.table, columns);
+  }
   makeUserTable(db);
   RemakeViews(db);
   RemakeWorkTables(db);

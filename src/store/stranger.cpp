@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "store/dictionary.h"
+#include "store/engine.h"
 
 namespace {
 
@@ -29,9 +30,8 @@ std::string strangerIn(Database& db) {
                    kWorkedOut))
     return "COLUMN " + column->text(0);
   // The engine looks at conditions, defaults and indexes when a row is about to be written.
-  for (const auto& table : db.all("SELECT name FROM main.sqlite_master WHERE type = 'table'"
-                                  " AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'"))
-    if (!db.understands("INSERT INTO main." + quotedName(table.text(0)) + " DEFAULT VALUES"))
-      return "TABLE " + table.text(0);
+  for (const std::string& table : db.engine().tables())
+    if (!db.understands("INSERT INTO " + db.engine().standing(table) + " DEFAULT VALUES"))
+      return "TABLE " + table;
   return {};
 }

@@ -2,6 +2,7 @@
 
 #include "store/alter.h"
 #include "store/dictionary.h"
+#include "store/engine.h"
 #include "store/keys.h"
 #include "store/row_writer.h"
 #include "store/safe_file.h"
@@ -102,7 +103,7 @@ void fillCompanyDatabase(Database& db) {
 void makeDatabase(const fs::path& file, void (*fill)(Database&)) {
   buildBeside(file, [&](const fs::path& making) {
     Database db;
-    db.open(making, Access::create);
+    db.openFile(making, Access::create);
     fill(db);
     db.close();
   });
@@ -118,15 +119,16 @@ void makeTemplates(const fs::path& folder) {
 }
 
 void makeUserTable(Database& db) {
-  db.exec(
-      "CREATE TABLE USER1 (USER_NAME TEXT(20) COLLATE NOCASE CHECK (LENGTH(USER_NAME) <= 20),"
-      " LOGGEDON TEXT(2) COLLATE NOCASE CHECK (LENGTH(LOGGEDON) <= 2))");
+  db.engine().createTable(
+      "USER1",
+      declaredColumns("CREATE TABLE USER1 (USER_NAME TEXT(20) COLLATE NOCASE CHECK (LENGTH(USER_NAME) <= 20),"
+                      " LOGGEDON TEXT(2) COLLATE NOCASE CHECK (LENGTH(LOGGEDON) <= 2))"));
 }
 
 void makeCatalogue(const fs::path& file) {
   makeDatabase(file, [](Database& db) {
     Transaction all(db);
-    db.exec(createTableStatement("compny", dictionaryColumns("COMPNY")));
+    db.engine().createTable("compny", dictionaryColumns("COMPNY"));
     makeUserTable(db);
     all.commit();
   });

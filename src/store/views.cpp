@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "store/dictionary.h"
+#include "store/engine.h"
 
 namespace {
 
@@ -214,16 +215,14 @@ std::vector<SavedQuery> savedQueries() {
 }
 
 void DropViews(Database& db) {
-  for (const auto& view : db.all("SELECT name FROM main.sqlite_master WHERE type = 'view'"))
-    db.exec("DROP VIEW main." + quotedName(view.text(0)));
+  for (const std::string& view : db.engine().views()) db.engine().dropView(view);
 }
 
 void RemakeViews(Database& db) {
   db.passOver(kOlderBooks, [&] {
     Transaction all(db);
     DropViews(db);
-    for (const auto& query : savedQueries())
-      db.exec("CREATE VIEW main." + quotedName(query.name) + " AS " + query.select);
+    for (const auto& query : savedQueries()) db.engine().createView(query.name, query.select);
     all.commit();
   });
 }

@@ -50,17 +50,21 @@ struct Source {
 constexpr const char* kList = "TO_POST";
 constexpr Because kOpeningGoesOn{.reason = "an opening posts what it can", .strangersShape = true};
 
-template <typename... Args>
-bool carryOut(const Run& run, const Kinds& kinds, const std::string& sql, const Args&... args) {
-  if (run.which == Which::Missing) return run.db.attempt(kOpeningGoesOn, sql, args...).done;
+bool carryOut(const Run& run, const Kinds& kinds, const std::function<void()>& work) {
+  if (run.which == Which::Missing) return run.db.attempt(kOpeningGoesOn, [&] { return work(), 0; }).done;
   try {
-    run.db.exec(sql, args...);
+    work();
     return true;
   } catch (const DatabaseError& error) {
     if (!error.mayBePassedOver()) throw;
     logFailure("full posting is taken back", error);
     throw NotPosted(kinds);
   }
+}
+
+template <typename... Args>
+bool carryOut(const Run& run, const Kinds& kinds, const std::string& sql, const Args&... args) {
+  return carryOut(run, kinds, std::function<void()>([&] { run.db.exec(sql, args...); }));
 }
 
 // One step in the index of each table for a voucher. Two numbers that are missing are the same.
@@ -84,23 +88,22 @@ std::string columnsOf(const Run& run, const Source& source) {
   return columns;
 }
 
-void dropList(Database& db) { db.exec(dropListText(kList)); }
-
 bool holdsRows(Database& db, const Source& source) {
   return CheckTable(db, source.table()) && db.first("SELECT 1 FROM " + source.table() + " LIMIT 1");
 }
 
 // False when there is nothing to post, or the vouchers cannot be read.
 bool list(const Run& run, const Source& source) {
-  dropList(run.db);
+  dropList(run.db, kList);
   if (!holdsRows(run.db, source)) return false;
   const std::string columns = columnsOf(run, source), table = source.table() + " AS V";
   const std::string from = run.which == Which::All
                                ? "SELECT " + columns + " FROM " + table + " WHERE " + source.books() + " AND "
                                : "WITH UNPOSTED AS (" + unposted(source) + ") SELECT " + columns +
                                      " FROM UNPOSTED CROSS JOIN " + table + " ON V.rowid = ITS_ROW WHERE ";
-  return carryOut(run, source.kinds,
-                  makeListText(kList, from + source.condition + " ORDER BY V.BOOK_CD, V.VOUCH_NO, V.rowid"));
+  return carryOut(run, source.kinds, [&] {
+    makeList(run.db, kList, from + source.condition + " ORDER BY V.BOOK_CD, V.VOUCH_NO, V.rowid");
+  });
 }
 
 // The listed vouchers of a kind that get rows.
@@ -239,23 +242,21 @@ void postAll(Database& db, const PostingProgress& progress) {
   const BulkWriting bulk(db);
   Transaction all(db);
   Run run{db, Which::All};
-  SetAside old;
   step(english(" Progress ...."), [&] {
-    // Indexes are built once over all rows, not row by row. The old rows stand aside, since pages that are
-    // written over would have to be copied first.
-    for (const char* index : {"ALEDGER_PARTY", "ALEDGER_VOUCHER"}) dropIndex(db, index);
-    old = setAside(db, "ALEDGER");
+    // Indexes are built once over all rows, not row by row.
+    constexpr std::string_view kWritten[] = {"ALEDGER_PARTY", "ALEDGER_VOUCHER"};
+    db.engine().beginRewriting("ALEDGER", kWritten);
   });
   step(english(" Receipt Payment Posting ...."), [&] { postReceipts(run); });
   step(english(" Sales Posting ...."), [&] { postBills(run); });
   step(english(" Challan Posting ...."), [&] { postChallans(run); });
   step(english(" Updating Closing Balanes ....."), [&] {
-    dropList(db);
+    dropList(db, kList);
     EnsureIndexes(db);
     checkLedger(db, run.expected);
     RebuildAllBalances(db);
     RebuildStock(db);
-    dropSetAside(db, old);
+    db.engine().endRewriting("ALEDGER");
     forgetDeleted(db);
   });
   all.commit();
@@ -268,6 +269,6 @@ void postMissing(Database& db) {
   postReceipts(run);
   postBills(run);
   postChallans(run);
-  dropList(db);
+  dropList(db, kList);
   all.commit();
 }

@@ -8,6 +8,7 @@
 #include "frame/killed.h"
 #include "store/alter.h"
 #include "store/dictionary.h"
+#include "store/engine.h"
 #include "store/keys.h"
 #include "store/views.h"
 
@@ -64,7 +65,7 @@ void makeOldYear(const std::filesystem::path& file) {
   std::set<std::string> tables;
   for (const auto& row : dictionaryRows()) tables.insert(row.table);
   tables.erase("TRANSMAST");
-  for (const auto& table : tables) db.exec(createTableStatement("main." + table, oldColumns(table)));
+  for (const auto& table : tables) db.engine().createTable(table, oldColumns(table));
   db.exec("CREATE TABLE URIGHTS (username TEXT)");
   db.exec("CREATE VIEW BY_HAND AS SELECT VOUCH_NO FROM SALE");
   db.exec("CREATE VIEW blprn AS SELECT OLD_MARK FROM SALE");
