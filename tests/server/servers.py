@@ -102,6 +102,11 @@ class Cluster:
         with open(path, "w", encoding="utf-8") as file:
             file.write("[client]\n%s\nuser=%s\npassword=%s\n" % (where, user, password))
 
+    def move(self, player, folder):
+        """The books of a program folder go to the server."""
+        script = os.path.join(os.path.dirname(os.path.abspath(__file__)), "move")
+        subprocess.run([script, player, folder], check=True, env={**os.environ, "MIRAV_SERVER": self.folder})
+
     def replication(self, n, others):
         if len(self.nodes) == 1:
             return []

@@ -53,6 +53,12 @@ void Machine::say(const std::string& text, const std::string& title) {
 }
 
 Machine::Answer Machine::nextAnswer(const std::string& text) {
+  if (live && answers.empty()) {
+    std::cout << "question: " << shown(text) << "\n";
+    while (answers.empty() && step()) {
+    }
+    if (answers.empty()) throw Ended{};
+  }
   if (answers.empty()) throw Stop{"expected an answer for the question, saw none queued: " + shown(text)};
   Answer answer = answers.front();
   answers.pop_front();

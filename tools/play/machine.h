@@ -36,6 +36,7 @@ struct Machine {
   std::string clipboard;
 
   std::function<bool()> step;  // plays the next line; false at the end
+  bool live = false;           // the lines follow what is seen, so a question waits for its answer
 
   Moment now() const;
   void say(const std::string& text, const std::string& title);

@@ -13,13 +13,14 @@ Player::Player(Desk& desk, Machine& machine, Fingers fingers, std::string folder
 void Player::play(const Script& script) {
   script_ = &script;
   next_ = 0;
+  machine_.live = script.live;
   try {
     while (step()) {
     }
-    if (!machine_.answers.empty())
+    if (!machine_.answers.empty() && !script.live)
       throw Stop{"expected every answer to be asked for, saw some left at the end"};
   } catch (const Ended&) {
-    if (!machine_.answers.empty())
+    if (!machine_.answers.empty() && !script.live)
       throw Stop{script.name + ": an answer nobody asked for is left at the end"};
   } catch (const Stop& stop) {
     const int line = next_ > 0 ? script.lines[next_ - 1].number : 0;
@@ -28,15 +29,34 @@ void Player::play(const Script& script) {
 }
 
 bool Player::step() {
+  if (script_->live) return hear();
   if (next_ >= script_->lines.size() || desk_.quitting()) {
     if (next_ < script_->lines.size()) throw Stop{"expected the program to run, saw it end"};
     return false;
   }
   const Line& line = script_->lines[next_++];
-  const auto command = commands().find(lower(line.words[0].text));
-  if (command == commands().end()) fail("a command", line.words[0].text);
-  (this->*command->second)(Words(line.words.begin() + 1, line.words.end()));
+  run(line.words);
   return true;
+}
+
+// A line that fails is told, and the next may do better.
+bool Player::hear() {
+  std::cout << "ready" << std::endl;
+  std::string line;
+  if (desk_.quitting() || !std::getline(std::cin, line)) return false;
+  try {
+    const Words words = wordsOf(line, "the line");
+    if (!words.empty()) run(words);
+  } catch (const Stop& stop) {
+    std::cout << "failed: " << stop.why << "\n";
+  }
+  return true;
+}
+
+void Player::run(const Words& words) {
+  const auto command = commands().find(lower(words[0].text));
+  if (command == commands().end()) fail("a command", words[0].text);
+  (this->*command->second)(Words(words.begin() + 1, words.end()));
 }
 
 Screen& Player::top() const {

@@ -30,6 +30,8 @@ class Player {
   static const std::map<std::string, Command>& commands();
   static const std::map<std::string, Command>& expectations();
   bool step();
+  bool hear();
+  void run(const Words& words);
 
   // What a person does (commands.cpp).
   void clock(const Words&);

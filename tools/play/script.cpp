@@ -2,8 +2,6 @@
 
 #include <fstream>
 
-namespace {
-
 std::vector<Word> wordsOf(const std::string& line, const std::string& where) {
   std::vector<Word> words;
   for (size_t i = 0; i < line.size();) {
@@ -33,12 +31,11 @@ std::vector<Word> wordsOf(const std::string& line, const std::string& where) {
   return words;
 }
 
-}  // namespace
-
 Script readScript(const std::string& path) {
+  if (path == "-") return {.name = path, .live = true};
   std::ifstream file(path);
   if (!file) throw Stop{path + ": cannot be read"};
-  Script script{path, {}};
+  Script script{.name = path};
   std::string line;
   for (int number = 1; std::getline(file, line); ++number) {
     auto words = wordsOf(line, path + ":" + std::to_string(number));

@@ -1,0 +1,237 @@
+"""An operator at a running program, who looks before going on, and the journal of what was saved by whom when."""
+import itertools
+import os
+import random
+import re
+import subprocess
+import sys
+import threading
+import time
+from dataclasses import dataclass, field
+
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "year"))
+from books import Bill, Item, Line, Unit
+from rules import number
+
+PARTIES = {"A00001": 24, "A00002": 24, "A00003": 24, "A00004": 24, "A00005": 8, "A00006": 8}
+ITEMS = {"I%07d" % n: Item("I%07d" % n, "", "", tax, "", [Unit(unit, 0, rate, 0)]) for n, unit, tax, rate in (
+    (4, "NOS", 18, 32), (5, "NOS", 18, 105), (6, "NOS", 18, 126), (7, "NOS", 18, 165), (8, "NOS", 12, 82.5), (10, "NOS", 5, 815), (12, "NOS", 18, 3340),
+    (14, "BOX", 5, 275), (15, "NOS", 0, 140))}
+TODAY = "2026-11-25"
+
+
+class Gone(Exception):
+    """The program has ended."""
+
+
+class Refused(Exception):
+    """What was begun could not be done, with what was said."""
+
+
+class Hand:
+    """A running program, line by line (docs/player.md)."""
+
+    def __init__(self, player, folder):
+        self.process = subprocess.Popen([player, folder, "-"], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        self.said = []
+        self.hear()
+
+    def do(self, *lines):
+        """What the program says meanwhile."""
+        self.said = []
+        for line in lines:
+            self.tell(line)
+            self.hear()
+        return "\n".join(self.said)
+
+    def sure(self, *lines):
+        if "failed: " in self.do(*lines):
+            raise Refused("\n".join(self.said))
+
+    def tell(self, line):
+        try:
+            self.process.stdin.write(line + "\n")
+            self.process.stdin.flush()
+        except BrokenPipeError:
+            raise Gone from None
+
+    def hear(self):
+        for line in self.process.stdout:
+            if line == "ready\n":
+                if not (self.said and self.said[-1].startswith("question: ")):
+                    return
+                self.tell("answer " + self.reply(self.said[-1]))
+            else:
+                self.said.append(line.rstrip("\n"))
+        raise Gone
+
+    def reply(self, question):
+        """An operator means what was typed."""
+        return "Yes"
+
+    def top(self):
+        return self.do("show").split(" ", 1)[0]
+
+    def end(self):
+        self.process.kill()
+        self.process.wait()
+
+
+@dataclass
+class Deed:
+    """A save or a deletion; `number` is known once the program has told it."""
+    book: str
+    tag: str
+    bill: object
+    number: int
+    begun: float
+    ended: float = None  # told as done
+    told: list = field(default_factory=list)
+
+
+class Journal:
+    def __init__(self):
+        self.lock, self.deeds = threading.Lock(), []
+
+    def begin(self, book, tag, voucher, number):
+        deed = Deed(book, tag, voucher, number, time.monotonic())
+        with self.lock:
+            self.deeds.append(deed)
+        return deed
+
+    def standing(self, book):
+        """Numbers that somebody may look for."""
+        with self.lock:
+            return sorted({d.number for d in self.deeds if d.book == book and d.ended and d.bill})
+
+
+class Typist:
+    """One operator: does at random what a day brings, a start of the program after each end of it."""
+
+    def __init__(self, name, player, folder, journal):
+        self.name, self.player, self.folder, self.journal = name, player, folder, journal
+        self.rng, self.count = random.Random(name), itertools.count(1)
+        self.hand, self.starts, self.refusals, self.done = None, 0, [], 0
+
+    def start(self):
+        self.starts += 1
+        self.hand = Hand(self.player, self.folder)
+        self.hand.sure("clock %s 10:30" % TODAY, "focus lst", "key Enter", "tick 4", "expect screen frmmain")
+
+    def work(self, goes_on):
+        while goes_on():
+            try:
+                if not self.hand:
+                    self.start()
+                self.rng.choices([self.bill, self.change, self.delete, self.receipt, self.report, self.post], [12, 4, 2, 4, 1, 0.2])[0]()
+                self.done += 1
+            except Refused as refused:
+                self.refusals.append(str(refused))
+                self.close()
+            except Gone:
+                self.close()
+        self.close()
+
+    def close(self):
+        if self.hand:
+            self.hand.end()
+        self.hand = None
+
+    # The year's keys, without what only one who is alone can expect
+
+    def tag(self):
+        return "%s %d" % (self.name, next(self.count))
+
+    def lines(self, party, most=3):
+        some = self.rng.sample(list(ITEMS.values()), self.rng.randrange(1, most + 1))
+        return [self.line(party, item.code, self.rng.choice([1, 2, 3, 10, 0.5, self.rng.randrange(5, 900) / 100]), item.units[0].sale) for item in some]
+
+    @staticmethod
+    def line(party, code, quantity, rate):
+        item = ITEMS[code]
+        taxes = (item.tax / 2, item.tax / 2, 0) if PARTIES[party] == 24 else (0, 0, item.tax)
+        line = Line(item, item.units[0].name, quantity, rate, 0, taxes)
+        line.work_out()
+        return line
+
+    def bill(self):
+        hand, party, tag = self.hand, self.rng.choice(list(PARTIES)), self.tag()
+        bill = Bill("SA", 0, TODAY, party, "TAX", "", 0, self.lines(party), tag)
+        bill.work_out()
+        hand.sure("menu SALE", "key Alt+A", "key Enter", 'type "%s"' % party, "key Enter Tab Enter Enter Enter Enter")
+        for line in bill.lines:
+            hand.sure('type "%s"' % line.item.code, "key Enter Enter Enter", 'type "%s"' % number(line.quantity), "key Enter")
+            hand.sure('fill rate "%s"' % number(line.rate), "key Enter", 'fill discount "0"', "key Enter Enter")
+        hand.sure("key PgDn", 'type "%s"' % tag)
+        self.save(self.journal.begin("SA", tag, bill, None))
+
+    def save(self, deed, last="parcels", away="CancelButton"):
+        """Pressed again while the program says why not; what was typed stands there meanwhile."""
+        for _ in range(40):
+            self.hand.do("focus " + last, "key Enter", "key Enter")
+            deed.told += self.hand.said
+            saved = re.search(r'lblvalue\(0\): "(\d+)"', self.hand.do("show"))
+            if saved:
+                deed.number, deed.ended = int(saved[1]), time.monotonic()
+                self.hand.sure("press " + away)
+                return self.leave()
+            time.sleep(0.5)
+        raise Refused("\n".join(deed.told[:12]) + self.hand.do("show"))
+
+    def leave(self):
+        for button in ("cmdcancel", "cmdclose"):
+            if self.hand.top() != "frmmain":
+                self.hand.do("press " + button)
+        if self.hand.top() != "frmmain":
+            raise Refused(self.hand.do("show"))
+
+    def look_for(self, menu, key, book):
+        """Types the number of a voucher of late that somebody has saved."""
+        numbers = self.journal.standing(book)
+        if not numbers:
+            return None
+        found = self.rng.choice(numbers[-12:])
+        self.hand.sure("menu " + menu, "key " + key, 'type "%d"' % found)
+        self.hand.do("key Enter")
+        return found
+
+    def change(self):
+        """The first line's quantity and the narration of a bill; what else is in it stays as the program loaded it."""
+        hand, tag = self.hand, self.tag()
+        found = self.look_for("SALE", "Alt+M", "SA")
+        if not found:
+            return
+        loaded = [row.split("|") for row in hand.do('sql data "SELECT ITEM_CD, QUANTITY, RATE FROM T_SLITM ORDER BY SR_NO"').splitlines()]
+        party = re.search(r'party[ (][^:]*: "(A\d+)"', hand.do("show"))
+        quantity = self.rng.choice([1, 4, 6.25, 20])
+        if not loaded or not party or "failed: " in hand.do("focus item", 'fill quantity "%s"' % number(quantity)):
+            return self.leave()  # gone, or in other hands
+        loaded[0][1] = quantity
+        bill = Bill("SA", found, TODAY, party[1], "TAX", "", 0, [self.line(party[1], code, float(q), float(r)) for code, q, r in loaded], tag)
+        bill.work_out()
+        hand.sure("key Enter Enter Enter Enter", 'fill narration "%s"' % tag)
+        self.save(self.journal.begin("SA", tag, bill, found))
+
+    def delete(self):
+        deed = self.journal.begin("SA", self.tag(), None, None)
+        deed.number = self.look_for("SALE", "Alt+D", "SA")
+        # Nothing is told of what went well.
+        if deed.number and [line[:3] for line in self.hand.said] == ["que", "  ["]:
+            deed.ended = time.monotonic()
+        self.leave()
+
+    def receipt(self):
+        hand, tag, amount = self.hand, self.tag(), self.rng.randrange(100, 90000) / 100
+        party = self.rng.choice(list(PARTIES))
+        hand.sure("menu RECEIPT", "key Alt+A", "key Enter", 'type "%s"' % party, "key Enter", 'type "%s"' % number(amount), "key Enter", 'type "%s"' % tag)
+        self.save(self.journal.begin("RC", tag, (party, amount), None), "narration", "OKButton")
+
+    def report(self):
+        self.hand.sure("menu " + self.rng.choice(["SALEBILLSUMMARY", "slblreg", "ONACRCV", "accmastclbl", "recipt", "GSTR1-RD"]))
+        self.hand.do("key Alt+S")
+        self.leave()
+
+    def post(self):
+        self.hand.sure("menu posting")
+        self.hand.do("key Enter")
+        self.leave()
