@@ -168,6 +168,7 @@ std::unique_ptr<PreparedStatement> Database::take(std::string_view sql) {
     kept_->idle.erase(at);
     return statement;
   }
+  noteStatement(sql);
   try {
     return engine_->prepare(sql);
   } catch (const DatabaseError& error) {

@@ -1,5 +1,10 @@
 #include "store/engine.h"
 
+#include <cstdlib>
+#include <fstream>
+#include <set>
+
+#include "base/text.h"
 #include "store/dictionary.h"
 
 std::int64_t insertedRow(Database& db) { return db.engine().insertedRow(); }
@@ -9,6 +14,7 @@ std::string sumWhere(Database& db, std::string_view figure, std::string_view con
 }
 
 void makeList(Database& db, const std::string& name, const std::string& select) {
+  noteStatement("LIST " + quotedName(name) + " AS " + select);
   db.engine().makeList(name, select);
 }
 
@@ -52,3 +58,11 @@ WithCatalogue::~WithCatalogue() {
 }
 
 std::string damageIn(Database& db) { return db.engine().damage(); }
+
+void noteStatement(std::string_view sql) {
+  static const char* const file = std::getenv("MIRAV_STATEMENTS");
+  static std::set<std::string, std::less<>> noted;
+  if (!file || noted.contains(sql)) return;
+  const std::string& line = *noted.emplace(sql).first;
+  std::ofstream(file, std::ios::app) << replaceAll(line, "\n", " ") + "\n";
+}

@@ -185,3 +185,7 @@ class WithCatalogue {
 
 // What is wrong with the books as stored; empty when they are whole.
 std::string damageIn(Database& db);
+
+// Adds a statement to the file that MIRAV_STATEMENTS names, once for a program: so the tests know what is
+// asked of an engine (tests/server/statements). Nothing without that.
+void noteStatement(std::string_view sql);
