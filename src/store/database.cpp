@@ -9,7 +9,9 @@
 #include "store/dictionary.h"
 #include "store/engine.h"
 #include "store/lock_wait.h"
+#include "store/place.h"
 #include "store/safe_file.h"
+#include "store/server_engine.h"
 #include "store/shape.h"
 #include "store/sqlite_engine.h"
 #include "store/stranger.h"
@@ -113,7 +115,21 @@ struct Database::Kept {
 Database::Database() = default;
 Database::~Database() { close(); }
 
-void Database::open(const std::filesystem::path& books, Access access) { openFile(books, access); }
+void Database::open(const std::filesystem::path& books, Access access) {
+  if (onServer(books)) return openOnServer(books, access);
+  openFile(books, access);
+}
+
+void Database::openOnServer(const std::filesystem::path& books, Access access) {
+  close();
+  try {
+    begin(books, openServerEngine(*this, books, access));
+    if (CheckTable(*this, "STRUCTAB")) RemakeWorkTables(*this);
+  } catch (...) {
+    close();
+    throw;
+  }
+}
 
 void Database::openFile(const std::filesystem::path& file, Access access) {
   close();

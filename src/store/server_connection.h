@@ -1,0 +1,134 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+
+#include "store/engine.h"
+#include "store/server_link.h"
+#include "store/work_journal.h"
+
+// One database of a server. As with a file, one program writes at a time: a writing transaction begins by
+// counting in the row of TURN that all share, and whoever is second waits for it or, on a cluster, is taken
+// back at the end (DatabaseError::Kind::again). Each program has its own row of TURN: the count of its last
+// transaction, which tells what became of one whose answer was lost, and when it was last seen.
+class ServerEngine final : public Engine {
+ public:
+  ServerEngine(Database& face, const std::filesystem::path& books, Access access);
+  ~ServerEngine() override;
+
+  std::unique_ptr<PreparedStatement> prepare(std::string_view sql) override;
+  bool understands(std::string_view sql) override;
+  std::int64_t insertedRow() override { return inserted_; }
+
+  void begin(Transaction::Writes what) override;
+  void commit() override;
+  void rollBack() override;
+  void savepoint(int depth) override;
+  void release(int depth) override;
+  void rollBackTo(int depth) override;
+  bool inTransaction() const override { return state_ != State::None; }
+
+  bool firstUser() override { return first_; }
+  std::optional<std::int64_t> changeCount() override;
+  double othersWrites() override;
+  std::string sizeAndShape() override { return {}; }
+  double shapeChanges() override { return shapeChanges_; }
+  std::string damage() override;
+  int shapeVersion() override;
+  void stampShape(int version) override;
+
+  std::vector<std::string> tables() override;
+  bool hasTable(std::string_view name) override;
+  std::vector<Column> tableColumns(std::string_view table) override;
+  std::vector<Column> columnsHere(std::string_view table) override;
+  double standingRows(std::string_view table) override;
+  std::string standing(std::string_view table) const override { return serverName(table); }
+  void createTable(const std::string& table, const std::vector<Column>& columns) override;
+  void addColumn(const std::string& table, const Column& column) override;
+  void reshape(const std::string& table, const std::vector<NewColumn>& plan) override;
+  void dropTable(const std::string& table) override;
+  void makeWorkTable(const std::string& table, const std::vector<Column>& columns) override;
+  void indexWorkTable(const std::string& table, const std::string& columns) override;
+
+  void makeList(const std::string& name, const std::string& select) override;
+  void dropList(const std::string& name) override;
+
+  bool hasIndex(std::string_view name) override;
+  bool hasIndex(const IndexShape& index) override;
+  void createIndex(const IndexShape& index) override;
+  void dropIndex(std::string_view name) override;
+  bool isIndexed(std::string_view table, std::string_view column) override;
+
+  std::vector<std::string> views() override;
+  void createView(const std::string& name, const std::string& select) override;
+  void dropView(const std::string& name) override;
+
+  std::string sumWhere(std::string_view figure, std::string_view condition) override;
+  void beginRewriting(const std::string& table, std::span<const std::string_view> indexes) override;
+  void endRewriting(const std::string&) override {}
+  void writesInBulk(bool) override {}
+  std::string joinCatalogue(const std::filesystem::path& catalogue) override;
+  void leaveCatalogue() override {}
+  void copyInto(const std::filesystem::path& file) override;
+
+  // For its statements.
+  ServerLink& link() { return link_; }
+  // Connects again where the connection was lost and nothing of a transaction was lost with it.
+  void stand();
+  // Runs what writes, in a transaction of its own where there is none.
+  void write(const std::string& table, const std::string& sql, const std::vector<Value>& values,
+             const std::function<void()>& run);
+  void inserted(const std::string& table, std::int64_t row, std::int64_t rows);
+  // Throws what the server said; what it took back with it is known from then on.
+  [[noreturn]] void fail(unsigned code, const std::string& text, std::string_view sql);
+  // The declared type of a column of a result: "TEXT(6)", "DOUBLE", "DATE".
+  std::string declaredType(const std::string& table, const std::string& column);
+
+ private:
+  enum class State { None, Reading, Writing };
+  struct Index {
+    std::string table, columns, parts;  // the parts as they are written in its definition
+    bool unique = false;
+  };
+
+  void reach();
+  void enter();
+  void takePlace();
+  void repeat(const std::vector<WorkJournal::Entry>& entries);
+  void takeTurn();
+  bool wasStored();
+  std::int64_t lastTurn();
+  void tellUndecided();
+  void forgetTransaction();
+  std::vector<std::vector<std::string>> tell(const std::string& sql);
+  // A definition, which ends what is in transaction: that is committed and goes on.
+  void define(const std::string& sql);
+  const std::map<std::string, Index>& indexes();
+  std::string createTableText(const std::string& head, const std::vector<Column>& columns) const;
+  std::string workTableText(const std::string& table, const std::vector<Column>& columns) const;
+  std::string keyParts(const IndexShape& index);
+
+  Database& face_;
+  const std::filesystem::path books_;
+  const std::string program_;  // our row of TURN
+  ServerLink link_;
+  State state_ = State::None;
+  int savepoints_ = 0;
+  std::int64_t turn_ = 0, inserted_ = 0, stored_ = 0;
+  std::optional<std::int64_t> undecided_;  // the turn whose commit nobody answered
+  bool first_ = true, entered_ = false;
+  int generation_ = 0;
+  double shapeChanges_ = 1;
+  WorkJournal journal_;
+  size_t journalMark_ = 0;
+  std::vector<size_t> journalMarks_;
+  std::map<std::string, std::vector<Column>> work_;  // work tables of this connection
+  std::map<std::string, std::string> workIndexes_;
+  std::map<std::string, std::int64_t> nextRow_;  // the next row's number in a work table
+  std::set<std::string> lists_;
+  std::set<std::string> known_;  // tables that were found
+  std::optional<std::map<std::string, Index>> indexes_;
+  std::map<std::string, std::vector<Column>> shapes_;
+};

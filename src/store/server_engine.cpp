@@ -1,0 +1,351 @@
+#include "store/server_engine.h"
+
+#include <errmsg.h>
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "base/end_asked.h"
+#include "base/text.h"
+#include "base/words.h"
+#include "store/copy_books.h"
+#include "store/server_connection.h"
+#include "store/server_errors.h"
+#include "store/server_functions.h"
+#include "store/server_statement.h"
+
+using Kind = DatabaseError::Kind;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kAnswerAwaited = 20s;  // as long as a cluster may take to go on without a node
+constexpr const char* kShapeRow = "shape";
+constexpr const char* kLive = "SEEN > UTC_TIMESTAMP() - INTERVAL 60 SECOND";
+
+void makeDatabase(const std::filesystem::path& folder, const std::string& stem) {
+  ServerLink(folder).rows("CREATE DATABASE IF NOT EXISTS " + serverName(stem) +
+                          " CHARACTER SET utf8mb4 COLLATE utf8mb4_uca1400_nopad_as_ci");
+  ServerLink link(folder, stem);
+  for (const ServerFunction& function : serverFunctions()) {
+    link.rows(std::string("DROP FUNCTION IF EXISTS ") + function.name);
+    link.rows(function.create);
+  }
+  link.rows(
+      "CREATE TABLE IF NOT EXISTS TURN (PROGRAM VARCHAR(40) NOT NULL PRIMARY KEY, N BIGINT NOT NULL DEFAULT "
+      "0,"
+      " USER_NAME VARCHAR(130) NOT NULL DEFAULT '', SEEN DATETIME NOT NULL DEFAULT '2000-01-01')");
+  link.rows("INSERT INTO TURN (PROGRAM) VALUES ('') ON DUPLICATE KEY UPDATE N = N");
+}
+
+std::string stemOf(const std::filesystem::path& books) { return books.stem().string(); }
+
+}  // namespace
+
+std::unique_ptr<Engine> openServerEngine(Database& face, const std::filesystem::path& books, Access access) {
+  if (access == Access::create) makeDatabase(books.parent_path(), stemOf(books));
+  return std::make_unique<ServerEngine>(face, books, access);
+}
+
+ServerEngine::ServerEngine(Database& face, const std::filesystem::path& books, Access)
+    : face_(face), books_(books), program_(newToken()), link_(books.parent_path(), stemOf(books)) {
+  enter();
+}
+
+ServerEngine::~ServerEngine() {
+  try {
+    if (link_.stands()) link_.rows("DELETE FROM TURN WHERE PROGRAM = '" + program_ + "'");
+  } catch (const std::exception& error) {
+    logFailure("passed over: a program that is not seen any more counts as gone", error);
+  }
+}
+
+// On every connection anew: our row of TURN, and the work tables with what was written into them.
+void ServerEngine::enter() {
+  generation_ = link_.generation();
+  try {
+    takePlace();
+    for (const auto& [table, columns] : work_) link_.rows(workTableText(table, columns));
+    repeat(journal_.entries());
+  } catch (...) {
+    link_.close();  // what stands is either whole or not there
+    throw;
+  }
+}
+
+void ServerEngine::repeat(const std::vector<WorkJournal::Entry>& entries) {
+  for (const WorkJournal::Entry& entry : std::vector(entries)) {
+    ServerStatement again(*this, entry.sql);
+    again.bind(entry.values);
+    again.rerun();
+  }
+}
+
+void ServerEngine::takePlace() {
+  const auto mine = "PROGRAM = '" + program_ + "'";
+  if (!entered_)
+    first_ =
+        link_.ask(std::string("SELECT COUNT(*) FROM TURN WHERE USER_NAME <> '' AND ") + kLive).front() == "0";
+  try {
+    link_.rows("DELETE FROM TURN WHERE USER_NAME <> '' AND SEEN < UTC_TIMESTAMP() - INTERVAL 1 DAY AND NOT " +
+               mine);
+    link_.rows("INSERT INTO TURN (PROGRAM, USER_NAME, SEEN) VALUES ('" + program_ +
+               "', CURRENT_USER(), UTC_TIMESTAMP()) ON DUPLICATE KEY UPDATE SEEN = VALUES(SEEN)");
+  } catch (const DatabaseError& error) {
+    if (error.kind() != Kind::denied) throw;  // who may only look
+  }
+  entered_ = true;
+  known_.clear();
+  indexes_.reset();
+  shapes_.clear();
+  lists_.clear();
+}
+
+void ServerEngine::reach() {
+  if (!link_.stands()) link_.connect();
+  if (generation_ != link_.generation()) enter();
+}
+
+void ServerEngine::stand() {
+  if (state_ == State::None) return reach();
+  if (!link_.stands() || generation_ != link_.generation()) {
+    forgetTransaction();
+    throw serverError(CR_SERVER_LOST, {}, stemOf(books_), {});
+  }
+}
+
+std::unique_ptr<PreparedStatement> ServerEngine::prepare(std::string_view sql) {
+  return std::make_unique<ServerStatement>(*this, std::string(sql));
+}
+
+bool ServerEngine::understands(std::string_view sql) {
+  try {
+    const ServerStatement prepared(*this, std::string(sql));
+    return true;
+  } catch (const DatabaseError& error) {
+    if (error.kind() != Kind::other) throw;
+    return false;
+  }
+}
+
+void ServerEngine::fail(unsigned code, const std::string& text, std::string_view sql) {
+  try {
+    link_.fail(code, text, sql);
+  } catch (const DatabaseError& error) {
+    if (error.kind() == Kind::lost || error.kind() == Kind::again) forgetTransaction();
+    throw;
+  }
+}
+
+void ServerEngine::forgetTransaction() {
+  if (state_ != State::None) journal_.backTo(journalMark_);
+  state_ = State::None;
+  savepoints_ = 0;
+  journalMarks_.clear();
+}
+
+std::vector<std::vector<std::string>> ServerEngine::tell(const std::string& sql) {
+  stand();
+  try {
+    return link_.rows(sql);
+  } catch (const DatabaseError& error) {
+    if (error.kind() == Kind::lost || error.kind() == Kind::again) forgetTransaction();
+    throw;
+  }
+}
+
+// ---- one writer at a time
+
+void ServerEngine::begin(Transaction::Writes what) {
+  const bool writes = what == Transaction::Writes::File;
+  const char* const start = writes ? "START TRANSACTION" : "START TRANSACTION WITH CONSISTENT SNAPSHOT";
+  try {
+    tell(start);
+  } catch (const DatabaseError& error) {
+    if (error.kind() != Kind::lost) throw;
+    tell(start);  // over a new connection
+  }
+  state_ = writes ? State::Writing : State::Reading;
+  journalMark_ = journal_.mark();
+  if (!writes) return;
+  try {
+    tellUndecided();
+    takeTurn();
+  } catch (...) {
+    if (state_ != State::None) rollBack();
+    throw;
+  }
+}
+
+void ServerEngine::takeTurn() {
+  tell("UPDATE TURN SET N = LAST_INSERT_ID(N + 1) WHERE PROGRAM = ''");
+  turn_ = static_cast<std::int64_t>(mysql_insert_id(link_.handle()));
+  tell("INSERT INTO TURN (PROGRAM, N, USER_NAME, SEEN) VALUES ('" + program_ + "', " + std::to_string(turn_) +
+       ", CURRENT_USER(), UTC_TIMESTAMP()) ON DUPLICATE KEY UPDATE N = VALUES(N), SEEN = VALUES(SEEN)");
+}
+
+void ServerEngine::commit() {
+  if (state_ == State::None) throw serverError(CR_SERVER_LOST, {}, stemOf(books_), {});
+  const bool wrote = state_ == State::Writing;
+  try {
+    link_.rows("COMMIT");
+  } catch (const DatabaseError& error) {
+    const bool stored = wrote && error.kind() == Kind::lost && wasStored();
+    if (!stored) {
+      if (error.kind() == Kind::lost || error.kind() == Kind::again) forgetTransaction();
+      throw;
+    }
+    logFailure("passed over: the server had stored it", error);
+  }
+  state_ = State::None;
+  savepoints_ = 0;
+  journalMarks_.clear();
+  if (wrote) ++stored_;
+}
+
+// The answer to our commit was lost: whether it was done stands in our row of TURN, on whichever node.
+bool ServerEngine::wasStored() {
+  undecided_ = turn_;
+  // Work tables are as before it, until it is known.
+  const auto its = journal_.since(journalMark_);
+  forgetTransaction();
+  const auto until = std::chrono::steady_clock::now() + kAnswerAwaited;
+  while (std::chrono::steady_clock::now() < until && !(endAsked() && endAsked()())) {
+    try {
+      reach();
+      const bool stored = lastTurn() == turn_;
+      undecided_.reset();
+      if (!stored) return false;
+      repeat(its);
+      for (const WorkJournal::Entry& entry : its) journal_.add(entry.sql, entry.values);
+      return true;
+    } catch (const DatabaseError& error) {
+      if (error.kind() != Kind::lost && error.kind() != Kind::locked) throw;
+      std::this_thread::sleep_for(250ms);
+    }
+  }
+  return false;
+}
+
+std::int64_t ServerEngine::lastTurn() {
+  const auto found = link_.ask("SELECT N FROM TURN WHERE PROGRAM = '" + program_ + "'");
+  return found.empty() ? 0 : std::stoll(found.front());
+}
+
+// Nobody knew what became of the last transaction when its server went. Stored, it must not be stored twice.
+void ServerEngine::tellUndecided() {
+  if (!undecided_) return;
+  const bool stored = lastTurn() == *undecided_;
+  undecided_.reset();
+  if (stored)
+    throw DatabaseError(Kind::other, {},
+                        words("What You Stored When The Server Went Was Stored After All\r\n"
+                              "Look At It Before You Store It Again"));
+}
+
+void ServerEngine::rollBack() {
+  const bool stands = link_.stands() && state_ != State::None;
+  forgetTransaction();
+  if (!stands) return;
+  try {
+    link_.rows("ROLLBACK");
+  } catch (const DatabaseError& error) {
+    logFailure("passed over: it is taken back with the connection", error);
+    link_.close();
+  }
+}
+
+void ServerEngine::savepoint(int depth) {
+  tell("SAVEPOINT nested_" + std::to_string(depth));
+  savepoints_ = depth;
+  journalMarks_.resize(static_cast<size_t>(depth), journal_.mark());
+}
+
+void ServerEngine::release(int depth) {
+  tell("RELEASE SAVEPOINT nested_" + std::to_string(depth));
+  savepoints_ = depth - 1;
+  journalMarks_.resize(static_cast<size_t>(depth - 1));
+}
+
+void ServerEngine::rollBackTo(int depth) {
+  if (static_cast<size_t>(depth) <= journalMarks_.size())
+    journal_.backTo(journalMarks_[static_cast<size_t>(depth) - 1]);
+  tell("ROLLBACK TO SAVEPOINT nested_" + std::to_string(depth));
+  release(depth);
+}
+
+void ServerEngine::write(const std::string& table, const std::string& sql, const std::vector<Value>& values,
+                         const std::function<void()>& run) {
+  const bool ownTable = work_.contains(table) || lists_.contains(table);
+  if (!ownTable) {
+    if (state_ != State::None) return run();
+    return whole(face_, run);
+  }
+  const bool anew = WorkJournal::empties(sql) && state_ == State::None && work_.contains(table);
+  const auto once = [&] {
+    // Made anew, its rows are numbered from 1 again.
+    if (anew)
+      makeWorkTable(table, std::vector<Column>(work_.at(table)));
+    else
+      run();
+  };
+  try {
+    once();
+  } catch (const DatabaseError& error) {
+    if (error.kind() != Kind::lost || state_ != State::None) throw;
+    stand();
+    once();
+  }
+  if (work_.contains(table) && !anew) journal_.add(sql, values);
+}
+
+void ServerEngine::inserted(const std::string& table, std::int64_t row, std::int64_t rows) {
+  inserted_ = row;
+  if (row > 0 && work_.contains(table)) nextRow_[table] = row + std::max<std::int64_t>(1, rows);
+}
+
+std::optional<std::int64_t> ServerEngine::changeCount() {
+  const auto found = tell("SELECT N FROM TURN WHERE PROGRAM = ''");
+  if (found.empty()) return {};
+  // Our own transaction counts itself at its beginning.
+  return std::stoll(found.front().front()) - (state_ == State::Writing ? 1 : 0);
+}
+
+double ServerEngine::othersWrites() { return static_cast<double>(changeCount().value_or(0) - stored_); }
+
+int ServerEngine::shapeVersion() {
+  const auto found = tell(std::string("SELECT N FROM TURN WHERE PROGRAM = '") + kShapeRow + "'");
+  return found.empty() ? 0 : std::stoi(found.front().front());
+}
+
+void ServerEngine::stampShape(int version) {
+  tell(std::string("INSERT INTO TURN (PROGRAM, N) VALUES ('") + kShapeRow + "', " + std::to_string(version) +
+       ") ON DUPLICATE KEY UPDATE N = VALUES(N)");
+}
+
+std::string ServerEngine::damage() {
+  std::string list;
+  for (const std::string& table : tables()) list += (list.empty() ? "" : ", ") + serverName(table);
+  for (const auto& row : tell("CHECK TABLE " + list))
+    if (row.size() > 3 && row[2] == "error") return row[0] + ": " + row[3];
+  return {};
+}
+
+std::string ServerEngine::sumWhere(std::string_view figure, std::string_view condition) {
+  return "SUM(CASE WHEN " + std::string(condition) + " THEN " + std::string(figure) + " END)";
+}
+
+void ServerEngine::beginRewriting(const std::string& table, std::span<const std::string_view>) {
+  tell("DELETE FROM " + serverName(table));
+}
+
+std::string ServerEngine::joinCatalogue(const std::filesystem::path& catalogue) {
+  return serverName(stemOf(catalogue)) + ".compny";
+}
+
+void ServerEngine::copyInto(const std::filesystem::path& file) {
+  Database copy;
+  copy.openFile(file, Access::create);
+  copyBooks(face_, copy);
+}

@@ -1,0 +1,184 @@
+#include "store/server_link.h"
+
+#include <errmsg.h>
+#include <mysqld_error.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <array>
+#include <random>
+
+#include "base/log.h"
+#include "base/text.h"
+#include "base/words.h"
+#include "store/lock_wait.h"
+#include "store/place.h"
+#include "store/server_errors.h"
+
+namespace {
+
+constexpr unsigned kConnectSeconds = 5;
+constexpr unsigned long kOldest = 101000;  // the first whose collations compare as the books need it
+constexpr const char* kSettings =
+    "SET SESSION sql_mode = 'MSSQL,STRICT_ALL_TABLES,NO_BACKSLASH_ESCAPES', time_zone = '+00:00',"
+    " character_set_client = utf8mb4, character_set_results = utf8mb4, character_set_connection = utf8mb4,"
+    " collation_connection = utf8mb4_uca1400_nopad_as_ci, autocommit = 1, auto_increment_increment = 1, "
+    "auto_increment_offset = 1,"
+    " wsrep_sync_wait = 1, innodb_lock_wait_timeout = ";
+
+// Another host of the list may answer.
+bool mayBeElsewhere(unsigned code) {
+  constexpr std::array kCodes{CR_CONNECTION_ERROR,  CR_CONN_HOST_ERROR, CR_UNKNOWN_HOST,
+                              CR_SERVER_GONE_ERROR, CR_SERVER_LOST,     ER_CON_COUNT_ERROR,
+                              ER_UNKNOWN_COM_ERROR};
+  return std::ranges::find(kCodes, static_cast<int>(code)) != kCodes.end();
+}
+
+bool isLost(const DatabaseError& error) { return error.kind() == DatabaseError::Kind::lost; }
+
+// A machine that is gone says nothing; long statements may still last.
+void noticeSilence(MYSQL* handle) {
+  const int socket = static_cast<int>(mysql_get_socket(handle));
+  const auto set = [&](int level, int option, int value) {
+    setsockopt(socket, level, option, &value, sizeof value);
+  };
+  set(SOL_SOCKET, SO_KEEPALIVE, 1);
+  set(IPPROTO_TCP, TCP_KEEPIDLE, 5);
+  set(IPPROTO_TCP, TCP_KEEPINTVL, 3);
+  set(IPPROTO_TCP, TCP_KEEPCNT, 3);
+  set(IPPROTO_TCP, TCP_USER_TIMEOUT, 15000);
+}
+
+}  // namespace
+
+ServerLink::ServerLink(const std::filesystem::path& folder, std::string stem)
+    : folder_(folder), stem_(std::move(stem)) {
+  connect();
+}
+
+void ServerLink::connect() {
+  close();
+  const ServerPlace place = serverPlace(folder_);
+  for (size_t i = 0; i < place.hosts.size(); ++i) {
+    const auto& [host, port] = place.hosts[i];
+    try {
+      connectTo(host, port);
+      useSettings();
+      ++generation_;
+      return;
+    } catch (const DatabaseError& error) {
+      close();
+      const bool last = i + 1 == place.hosts.size();
+      if (last || !(isLost(error) || mayBeElsewhere(static_cast<unsigned>(error.code())))) throw;
+      logFailure("passed over: the next host of the list may answer", error);
+    }
+  }
+}
+
+void ServerLink::connectTo(const std::string& host, unsigned port) {
+  // A fresh handle for each host: one used twice has lost what the option file says.
+  handle_ = mysql_init(nullptr);
+  if (!handle_) throw DatabaseError(DatabaseError::Kind::memory, {}, {});
+  const std::string file = (folder_ / kServerFile).string();
+  const unsigned seconds = kConnectSeconds, no = 0;
+  mysql_options(handle_, MYSQL_READ_DEFAULT_FILE, file.c_str());
+  mysql_options(handle_, MYSQL_READ_DEFAULT_GROUP, "client");
+  mysql_options(handle_, MYSQL_SET_CHARSET_NAME, "utf8mb4");
+  mysql_options(handle_, MYSQL_OPT_CONNECT_TIMEOUT, &seconds);
+  mysql_options(handle_, MYSQL_OPT_LOCAL_INFILE, &no);  // a server must not ask for files of ours
+  mysql_options(handle_, MYSQL_OPT_NONBLOCK, nullptr);
+  const Credentials& who = signedIn();
+  const auto given = [](const std::string& text) { return text.empty() ? nullptr : text.c_str(); };
+  if (!mysql_real_connect(handle_, given(host), given(who.user),
+                          who.user.empty() ? nullptr : who.password.c_str(), given(stem_), port, nullptr,
+                          CLIENT_FOUND_ROWS))
+    fail("");
+  noticeSilence(handle_);
+  host_ = host;
+  port_ = port;
+  thread_ = mysql_thread_id(handle_);
+}
+
+void ServerLink::useSettings() {
+  if (!mariadb_connection(handle_) || mysql_get_server_version(handle_) < kOldest)
+    throw DatabaseError(DatabaseError::Kind::tooOld, {},
+                        words("It Is {version} :: MariaDB 10.10 Or Newer Is Needed", "version",
+                              mysql_get_server_info(handle_)));
+  ask(kSettings + std::to_string(std::max(1, (lockWaitMs() + 500) / 1000)));
+  ask("SET SESSION TRANSACTION ISOLATION LEVEL REPEATABLE READ");
+  // A node that is no part of its cluster any more.
+  for (const auto& row : rows("SHOW STATUS LIKE 'wsrep_ready'"))
+    if (row.back() == "OFF" && ask("SELECT @@wsrep_on").front() == "1")
+      fail(ER_UNKNOWN_COM_ERROR, row.front(), "");
+  if (ask("SELECT @@lower_case_table_names").front() == "0")
+    throw DatabaseError(DatabaseError::Kind::tooOld, {},
+                        words("Its Option File Must Say lower_case_table_names = 1"));
+}
+
+void ServerLink::close() noexcept {
+  if (handle_) mysql_close(handle_);
+  handle_ = nullptr;
+}
+
+std::vector<std::vector<std::string>> ServerLink::rows(const std::string& sql) {
+  if (!handle_) connect();
+  if (mysql_real_query(handle_, sql.data(), sql.size()) != 0) fail(sql);
+  std::vector<std::vector<std::string>> all;
+  MYSQL_RES* const result = mysql_store_result(handle_);
+  if (!result) {
+    if (mysql_errno(handle_) != 0) fail(sql);
+    return all;
+  }
+  const unsigned columns = mysql_num_fields(result);
+  while (MYSQL_ROW row = mysql_fetch_row(result)) {
+    const unsigned long* const lengths = mysql_fetch_lengths(result);
+    auto& cells = all.emplace_back();
+    for (unsigned i = 0; i < columns; ++i)
+      cells.emplace_back(row[i] ? std::string(row[i], lengths[i]) : std::string());
+  }
+  mysql_free_result(result);
+  return all;
+}
+
+std::vector<std::string> ServerLink::ask(const std::string& sql) {
+  std::vector<std::string> cells;
+  for (auto& row : rows(sql)) cells.push_back(std::move(row.front()));
+  return cells;
+}
+
+bool ServerLink::hasDatabase(const std::string& stem) {
+  return !rows("SELECT 1 FROM information_schema.SCHEMATA WHERE SCHEMA_NAME = " + serverText(lower(stem)))
+              .empty();
+}
+
+void ServerLink::fail(std::string_view sql) { fail(mysql_errno(handle_), mysql_error(handle_), sql); }
+
+void ServerLink::fail(unsigned code, const std::string& text, std::string_view sql) {
+  const DatabaseError error = serverError(code, text, stem_, sql);
+  if (isLost(error)) close();
+  throw error;
+}
+
+void ServerLink::endStatement() noexcept {
+  try {
+    ServerLink other(folder_);
+    other.ask("KILL QUERY " + std::to_string(thread_));
+  } catch (const std::exception& error) {
+    logFailure("passed over: the statement goes on", error);
+  }
+}
+
+std::string serverName(std::string_view name) {
+  return "\"" + replaceAll(std::string(name), "\"", "\"\"") + "\"";
+}
+
+std::string serverText(std::string_view text) { return "'" + replaceAll(std::string(text), "'", "''") + "'"; }
+
+std::string newToken() {
+  std::random_device random;
+  std::string token;
+  for (int i = 0; i < 32; ++i) token += "0123456789abcdef"[random() % 16];
+  return token;
+}

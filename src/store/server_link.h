@@ -1,0 +1,60 @@
+#pragma once
+
+#include <mysql.h>
+
+#include <chrono>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// One connection to the server that a folder's server.cnf names, to the first of its hosts that answers.
+// Texts of statements come from us; what people typed goes through prepared statements (server_engine) or
+// quoted names. Failures are DatabaseError.
+class ServerLink {
+ public:
+  // To no database when the stem is empty. Raises DatabaseError: lost, denied, missing, tooOld.
+  explicit ServerLink(const std::filesystem::path& folder, std::string stem = {});
+  ~ServerLink() { close(); }
+  ServerLink(const ServerLink&) = delete;
+  ServerLink& operator=(const ServerLink&) = delete;
+
+  void connect();
+  void close() noexcept;
+  // False from the moment that the connection was found to be lost.
+  bool stands() const { return handle_ != nullptr; }
+  // Counts the connections made.
+  int generation() const { return generation_; }
+  MYSQL* handle() const { return handle_; }
+
+  // One statement without values: the first column of its rows.
+  std::vector<std::string> ask(const std::string& sql);
+  std::vector<std::vector<std::string>> rows(const std::string& sql);
+  bool hasDatabase(const std::string& stem);
+
+  // Throws what the server said of a statement; forgets a connection that is lost.
+  [[noreturn]] void fail(std::string_view sql);
+  [[noreturn]] void fail(unsigned code, const std::string& text, std::string_view sql);
+  // Ends the connection's running statement over another one.
+  void endStatement() noexcept;
+
+ private:
+  void connectTo(const std::string& host, unsigned port);
+  void useSettings();
+
+  const std::filesystem::path folder_;
+  const std::string stem_;
+  MYSQL* handle_ = nullptr;
+  unsigned long thread_ = 0;
+  std::string host_;
+  unsigned port_ = 0;
+  int generation_ = 0;
+};
+
+// A name in a statement's text, whatever letters it has.
+std::string serverName(std::string_view name);
+// A text in a statement's text, for the statements that take no values.
+std::string serverText(std::string_view text);
+// 32 signs that nobody else has.
+std::string newToken();
