@@ -90,10 +90,11 @@ void beginBooks(const fs::path& file, const CompanyYear& which, const fs::path& 
   db.open(file);
   if (!isCompanyYear(db)) throw DatabaseError(DatabaseError::Kind::notDatabase, from.filename().string(), {});
   const std::chrono::year first{static_cast<int>(Val(which.from))};
-  Transaction all(db);
-  db.passOver(kOlderBooks, [&] { StorePeriod(db, first / 4 / 1, (first + std::chrono::years(1)) / 3 / 31); });
-  db.passOver(kOlderBooks, "UPDATE SPSFILE SET VOUCH_QTY = 1 WHERE VOUCH_NO = 234");
-  all.commit();
+  whole(db, [&] {
+    db.passOver(kOlderBooks,
+                [&] { StorePeriod(db, first / 4 / 1, (first + std::chrono::years(1)) / 3 / 31); });
+    db.passOver(kOlderBooks, "UPDATE SPSFILE SET VOUCH_QTY = 1 WHERE VOUCH_NO = 234");
+  });
 }
 
 // What the shop has set for its latest year before this one goes on.
@@ -103,9 +104,7 @@ void takeLastSettings(const fs::path& making, const std::optional<fs::path>& bef
     Database db, earlier;
     earlier.open(*before, Access::readOnly);
     db.open(making);
-    Transaction all(db);
-    takeSettings(db, earlier);
-    all.commit();
+    whole(db, [&] { takeSettings(db, earlier); });
   } catch (const DatabaseError& error) {
     if (error.kind() == DatabaseError::Kind::full) throw;
     logFailure("passed over: the settings are as delivered", error);
@@ -139,13 +138,13 @@ Deletion mayGo(Database& catalogue, const CompanyYear& which) {
 }
 
 Deletion deleteRow(Database& catalogue, const CompanyYear& which) {
-  Transaction row(catalogue);
-  const Deletion outcome = mayGo(catalogue, which);
-  if (outcome != Deletion::Done) return outcome;
-  catalogue.exec("DELETE FROM compny WHERE COMP_ID = ? AND FROMYR = ? AND TOYR = ?", which.code, which.from,
-                 which.to);
-  row.commit();
-  return outcome;
+  return whole(catalogue, [&] {
+    const Deletion outcome = mayGo(catalogue, which);
+    if (outcome == Deletion::Done)
+      catalogue.exec("DELETE FROM compny WHERE COMP_ID = ? AND FROMYR = ? AND TOYR = ?", which.code,
+                     which.from, which.to);
+    return outcome;
+  });
 }
 
 fs::path backUpBefore(Database& catalogue, const fs::path& file, const std::string& dataname,
@@ -170,11 +169,11 @@ void removeWithJournal(const fs::path& file) {
 void clearMarks(Database& year) {
   using Kind = DatabaseError::Kind;
   try {
-    for (const int mark : {221, 222, 223, 224, 225, 226})
-      year.passOver({"the mark decides nothing"},
-                    "UPDATE SPSFILE SET VOUCH_FLAG = 0 WHERE VOUCH_NO = ?"
-                    " AND (VOUCH_FLAG IS NULL OR VOUCH_FLAG <> 0)",
-                    mark);
+    const std::string set =
+        " WHERE VOUCH_NO BETWEEN 221 AND 226 AND (VOUCH_FLAG IS NULL OR VOUCH_FLAG <> '0')";
+    year.passOver({"the mark decides nothing"}, [&] {
+      if (year.first("SELECT 1 FROM SPSFILE" + set)) year.exec("UPDATE SPSFILE SET VOUCH_FLAG = '0'" + set);
+    });
   } catch (const DatabaseError& error) {
     if (error.kind() != Kind::full && error.kind() != Kind::readOnly && error.kind() != Kind::io) throw;
     logFailure("passed over: the books can be read", error);
@@ -280,16 +279,16 @@ void createCompanyYear(Database& catalogue, const fs::path& folder, const Compan
   bool made = false;
   try {
     // Begun before the file is made, so that of two programs only one makes it.
-    Transaction row(catalogue);
-    if (companyYear(catalogue, wanted.code, wanted.from))
-      throw DatabaseError(Kind::constraint, file.filename().string(), kTaken);
-    beginFile(file, wanted, templateFile(folder, by), lastBooks(catalogue, folder, wanted));
-    made = true;
-    catalogue.exec(
-        "INSERT INTO compny (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
-        " VALUES (?, ?, ?, ?, ?, ?, 'N')",
-        wanted.code, wanted.name, wanted.from, wanted.to, mobile, dataStem(wanted.code, wanted.from));
-    row.commit();
+    whole(catalogue, [&] {
+      if (companyYear(catalogue, wanted.code, wanted.from))
+        throw DatabaseError(Kind::constraint, file.filename().string(), kTaken);
+      if (!made) beginFile(file, wanted, templateFile(folder, by), lastBooks(catalogue, folder, wanted));
+      made = true;
+      catalogue.exec(
+          "INSERT INTO compny (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
+          " VALUES (?, ?, ?, ?, ?, ?, 'N')",
+          wanted.code, wanted.name, wanted.from, wanted.to, mobile, dataStem(wanted.code, wanted.from));
+    });
   } catch (...) {
     if (made) takeBack(catalogue, wanted, file);
     throw;
@@ -299,16 +298,16 @@ void createCompanyYear(Database& catalogue, const fs::path& folder, const Compan
 std::string renameCompany(Database& catalogue, const CompanyYear& row, const std::string& by,
                           const std::string& shown) {
   const std::string name = cut(upper(by), 100);
-  Transaction both(catalogue);
-  if (const auto other =
-          catalogue.first("SELECT COMP_ID FROM compny WHERE COMP_NAME = ? AND COMP_ID <> ?", name, row.code))
-    return words("{name} Is The Name Of {code}", "name", name, "code", other->text(0));
-  catalogue.exec("UPDATE compny SET COMP_NAME = ? WHERE COMP_ID = ? AND FROMYR = ?", name, row.code,
-                 row.from);
-  catalogue.exec("UPDATE compny SET DATASENT = 'N' WHERE COMP_NAME = ? AND COMP_ID = ? AND FROMYR = ?", shown,
-                 row.code, row.from);
-  both.commit();
-  return {};
+  return whole(catalogue, [&]() -> std::string {
+    if (const auto other = catalogue.first("SELECT COMP_ID FROM compny WHERE COMP_NAME = ? AND COMP_ID <> ?",
+                                           name, row.code))
+      return words("{name} Is The Name Of {code}", "name", name, "code", other->text(0));
+    catalogue.exec("UPDATE compny SET COMP_NAME = ? WHERE COMP_ID = ? AND FROMYR = ?", name, row.code,
+                   row.from);
+    catalogue.exec("UPDATE compny SET DATASENT = 'N' WHERE COMP_NAME = ? AND COMP_ID = ? AND FROMYR = ?",
+                   shown, row.code, row.from);
+    return {};
+  });
 }
 
 Deleted deleteCompanyYear(Database& catalogue, const fs::path& folder, const CompanyYear& which,

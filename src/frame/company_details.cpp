@@ -60,14 +60,14 @@ void saveCompanyDetails(Session& s, Fields fields) {
   const std::string name = textOf(fields, "COMPNM");
   Database& db = *s.cndata;
   const WithCatalogue both(db, s.cncomp->file());
-  Transaction all(db);
-  if (db.first("SELECT 1 FROM COMP_DET"))
-    updateRows(db, "COMP_DET", fields, "1 = 1");
-  else
-    insertRow(db, "COMP_DET", fields);
-  db.exec("UPDATE COMP_DET SET MOBNOCO = ?, DATANM = ?, DATASENT = 'N'", s.mmobile, s.mdataname);
-  db.exec("UPDATE " + both.compny() + " SET COMP_NAME = ? WHERE COMP_ID = ?", name, s.mcompid);
-  all.commit();
+  whole(db, [&] {
+    if (db.first("SELECT 1 FROM COMP_DET"))
+      updateRows(db, "COMP_DET", fields, "1 = 1");
+    else
+      insertRow(db, "COMP_DET", fields);
+    db.exec("UPDATE COMP_DET SET MOBNOCO = ?, DATANM = ?, DATASENT = 'N'", s.mmobile, s.mdataname);
+    db.exec("UPDATE " + both.compny() + " SET COMP_NAME = ? WHERE COMP_ID = ?", name, s.mcompid);
+  });
   s.mcompname = name;
   loadCompanyDetails(s);
 }

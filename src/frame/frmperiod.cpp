@@ -100,9 +100,7 @@ void frmperiod::save() {
            .facts = words("What Stands Stays, But Would Be Refused On A Change"),
            .loses = true}))
     return focus(at(kFrom));
-  Transaction both(data());
-  StorePeriod(data(), period.first, period.last);
-  both.commit();
+  whole(data(), [&] { StorePeriod(data(), period.first, period.last); });
   session().mstartdt = period.first;
   session().menddt = period.last;
   closeUnasked();

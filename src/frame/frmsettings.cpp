@@ -290,10 +290,10 @@ bool frmsettings::worksOnLeaving(const Control& target) const {
 
 void frmsettings::keep() {
   Database& db = data();
-  Transaction all(db);
-  for (const Setting& setting : settings())
-    if (changed(setting)) storeSetting(db, setting, valueOf(setting));
-  all.commit();
+  whole(db, [&] {
+    for (const Setting& setting : settings())
+      if (changed(setting)) storeSetting(db, setting, valueOf(setting));
+  });
   stored_ = values_;
   EnsureSettings(db, session());
   fill(shown_.empty() ? nullptr : &current());

@@ -71,11 +71,15 @@ int settingNumber(Database& db, std::string_view key) { return toInt(Val(setting
 
 void storeSetting(Database& db, const Setting& setting, const std::string& value) {
   const Value stored = setting.kind == How::Folder ? Value(value) : Value(Val(value));
-  if (db.exec("UPDATE SPSFILE SET " + columnOf(setting) + " = ? WHERE VOUCH_NO = ?", stored, setting.row) > 0)
-    return;
-  db.exec("INSERT INTO SPSFILE (VOUCH_NO, VOUCH_CD, VOUCH_QTY, VOUCH_AMT, VOUCH_FLAG) VALUES (?, ?, 0, 0, 0)",
-          setting.row, setting.key);
-  db.exec("UPDATE SPSFILE SET " + columnOf(setting) + " = ? WHERE VOUCH_NO = ?", stored, setting.row);
+  whole(db, [&] {
+    if (db.exec("UPDATE SPSFILE SET " + columnOf(setting) + " = ? WHERE VOUCH_NO = ?", stored, setting.row) >
+        0)
+      return;
+    db.exec(
+        "INSERT INTO SPSFILE (VOUCH_NO, VOUCH_CD, VOUCH_QTY, VOUCH_AMT, VOUCH_FLAG) VALUES (?, ?, 0, 0, '0')",
+        setting.row, setting.key);
+    db.exec("UPDATE SPSFILE SET " + columnOf(setting) + " = ? WHERE VOUCH_NO = ?", stored, setting.row);
+  });
 }
 
 void storeSetting(Database& db, std::string_view key, int value) {

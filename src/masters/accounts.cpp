@@ -86,12 +86,12 @@ void addAccount(Database& db, Fields fields) {
 bool changeAccount(Database& db, std::string_view code, Fields fields) {
   addDerived(fields);
   fields.push_back({"ANOTHER_CD", "S001"});
-  Transaction all(db);
-  if (updateRows(db, "ACCOUNT", fields, "ACC_CD = ?", {code}) == 0) return false;
-  db.exec("UPDATE ACCOUNT SET GSTREGTYP = '.' WHERE ACC_CD = ? AND COALESCE(GSTREGTYP, '') = ''", code);
-  RebuildOneBalance(db, code);
-  all.commit();
-  return true;
+  return whole(db, [&] {
+    if (updateRows(db, "ACCOUNT", fields, "ACC_CD = ?", {code}) == 0) return false;
+    db.exec("UPDATE ACCOUNT SET GSTREGTYP = '.' WHERE ACC_CD = ? AND COALESCE(GSTREGTYP, '') = ''", code);
+    RebuildOneBalance(db, code);
+    return true;
+  });
 }
 
 std::optional<Refusal> accountRefusal(Database& db, std::string_view code) {

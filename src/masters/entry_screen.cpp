@@ -286,9 +286,7 @@ void EntryScreen::tellWhyNot() {
 bool EntryScreen::inTransaction(bool (EntryScreen::*work)()) {
   bool done = false;
   try {
-    Transaction transaction(database());
-    done = (this->*work)();
-    if (done) transaction.commit();
+    done = whole(database(), [&] { return (this->*work)(); });
   } catch (const DatabaseError& error) {
     if (!error.mayBePassedOver()) throw;
     logFailure(kTold, error);

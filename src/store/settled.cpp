@@ -43,11 +43,12 @@ bool isSettled(Database& db) {
 Settling::Settling(Database& db) : db_(db), before_(db.engine().othersWrites()) {}
 
 void Settling::done() {
-  Transaction all(db_);
-  const auto changes = db_.changeCount();
-  if (!changes || db_.engine().othersWrites() != before_) return;
-  ensureOneRow(db_);
-  // This very transaction is the next change.
-  db_.exec("UPDATE SETTLED SET STATE = ?", stateAfter(db_, *changes + 1));
-  all.commit();
+  whole(db_, [&] {
+    const auto changes = db_.changeCount();
+    if (!changes || db_.engine().othersWrites() != before_) return false;
+    ensureOneRow(db_);
+    // This very transaction is the next change.
+    db_.exec("UPDATE SETTLED SET STATE = ?", stateAfter(db_, *changes + 1));
+    return true;
+  });
 }

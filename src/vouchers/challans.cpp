@@ -60,24 +60,24 @@ bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, c
                  const Saving& how) {
   const double number = valueOf(challan, "VOUCH_NO").number();
   const Date date = valueOf(challan, "VOUCH_DT").date().value();
-  Transaction all(db);
-  if (!how.finds(db, kind, number)) return false;
-  const auto partyBefore = storedParty(db, kind, number);
-  deleteVoucher(db, kind, number);
-  insertRow(db, "CHLN", headRow(kind, challan, stamp));
-  db.exec("UPDATE T_CHLNITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
-  // A line of no quantity stays behind, though its amount is in the totals.
-  const std::string columns = kLineColumns;
-  db.exec("INSERT INTO CHLNITM (" + columns + ") SELECT " + columns +
-              " FROM T_CHLNITM WHERE VOUCH_NO = ? AND BOOK_CD = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
-              " ORDER BY SR_NO",
-          number, kind.code, kMiscItem);
-  postVoucher(db, {number, date, kind.code}, ledgerRows(kind, challan));
-  if (partyBefore)
-    for (const std::string& party : {*partyBefore, trim(valueOf(challan, "PARTY_CD").text())})
-      RebuildOneBalance(db, party);
-  all.commit();
-  return true;
+  return whole(db, [&] {
+    if (!how.finds(db, kind, number)) return false;
+    const auto partyBefore = storedParty(db, kind, number);
+    deleteVoucher(db, kind, number);
+    insertRow(db, "CHLN", headRow(kind, challan, stamp));
+    db.exec("UPDATE T_CHLNITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
+    // A line of no quantity stays behind, though its amount is in the totals.
+    const std::string columns = kLineColumns;
+    db.exec("INSERT INTO CHLNITM (" + columns + ") SELECT " + columns +
+                " FROM T_CHLNITM WHERE VOUCH_NO = ? AND BOOK_CD = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
+                " ORDER BY SR_NO, rowid",
+            number, kind.code, kMiscItem);
+    postVoucher(db, {number, date, kind.code}, ledgerRows(kind, challan));
+    if (partyBefore)
+      for (const std::string& party : {*partyBefore, trim(valueOf(challan, "PARTY_CD").text())})
+        RebuildOneBalance(db, party);
+    return true;
+  });
 }
 
 std::optional<Row> findChallan(Database& db, const VoucherKind& kind, double number) {
@@ -89,7 +89,7 @@ void loadChallanLines(Database& db, const VoucherKind& kind, double number) {
   db.exec("DELETE FROM T_CHLNITM");
   db.exec("INSERT INTO T_CHLNITM (" + columns + ", ITEM_NAME) SELECT " + columns +
               ", (SELECT ITEM_NAME FROM ITEM WHERE ITEM.ITEM_CD = CHLNITM.ITEM_CD)"
-              " FROM CHLNITM WHERE BOOK_CD = ? AND VOUCH_NO = ? ORDER BY SR_NO",
+              " FROM CHLNITM WHERE BOOK_CD = ? AND VOUCH_NO = ? ORDER BY SR_NO, rowid",
           kind.code, number);
 }
 

@@ -51,16 +51,16 @@ std::optional<std::string> transporterName(Database& db, double id) {
 }
 
 double addTransporter(Database& db, const std::string& name) {
-  Transaction all(db);
-  ensureLocalTransport(db);
-  const double id = db.number("SELECT MAX(TRANS_ID) FROM TRANSMAST") + 1;
-  Fields row = {
-      {"TRANS_ID", id                 },
-      { "TRANSNAME",  cut(name, kTransporterLength)},
-  };
-  for (const char* column : {"TADD1", "TADD2", "TAREA", "TCITY", "TPHONE1", "TPHONE2", "TRANS_GOV_ID"})
-    row.push_back({column, "."});
-  insertRow(db, "TRANSMAST", row);
-  all.commit();
-  return id;
+  return whole(db, [&] {
+    ensureLocalTransport(db);
+    const double id = db.number("SELECT MAX(TRANS_ID) FROM TRANSMAST") + 1;
+    Fields row = {
+        {"TRANS_ID", id                 },
+        { "TRANSNAME",  cut(name, kTransporterLength)},
+    };
+    for (const char* column : {"TADD1", "TADD2", "TAREA", "TCITY", "TPHONE1", "TPHONE2", "TRANS_GOV_ID"})
+      row.push_back({column, "."});
+    insertRow(db, "TRANSMAST", row);
+    return id;
+  });
 }

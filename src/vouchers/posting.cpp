@@ -231,16 +231,12 @@ void postChallans(Run& run) {
   for (const VoucherKind* kind : kindsPostedFrom("CHLN")) post(run, *kind, rows);
 }
 
-}  // namespace
-
-void postAll(Database& db, const PostingProgress& progress) {
+void postEverything(Database& db, const PostingProgress& progress) {
   auto step = [&, line = 0](const char* text, const std::function<void()>& work) mutable {
     if (progress) progress((line++ == 0 ? "" : "\n") + words(text));
     work();
     if (progress) progress(words("       Done "));
   };
-  const BulkWriting bulk(db);
-  Transaction all(db);
   Run run{db, Which::All};
   step(english(" Progress ...."), [&] {
     // Indexes are built once over all rows, not row by row.
@@ -259,16 +255,22 @@ void postAll(Database& db, const PostingProgress& progress) {
     db.engine().endRewriting("ALEDGER");
     forgetDeleted(db);
   });
-  all.commit();
+}
+
+}  // namespace
+
+void postAll(Database& db, const PostingProgress& progress) {
+  const BulkWriting bulk(db);
+  whole(db, [&] { postEverything(db, progress); });
 }
 
 void postMissing(Database& db) {
   if (!anyMissing(db)) return;  // the usual case, which waits for no other program
-  Transaction all(db);
-  Run run{db, Which::Missing};
-  postReceipts(run);
-  postBills(run);
-  postChallans(run);
-  dropList(db, kList);
-  all.commit();
+  whole(db, [&] {
+    Run run{db, Which::Missing};
+    postReceipts(run);
+    postBills(run);
+    postChallans(run);
+    dropList(db, kList);
+  });
 }

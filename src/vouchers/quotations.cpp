@@ -47,21 +47,23 @@ Fields headRow(const VoucherKind& kind, const Fields& offer, const SaveStamp& st
 bool saveQuotation(Database& db, const VoucherKind& kind, const Fields& offer, const SaveStamp& stamp,
                    const Saving& how) {
   const double number = valueOf(offer, "VOUCH_NO").number();
-  Transaction all(db);
-  if (!how.finds(db, kind, number)) return false;
-  // The number alone is the key.
-  if (!isStored(db, kind, number) && db.first("SELECT 1 FROM QUOT WHERE VOUCH_NO = ?", number)) return false;
-  deleteVoucher(db, quotationKind(), number);
-  insertRow(db, "QUOT", headRow(kind, offer, stamp));
-  // Lines typed before number or date were changed belong to the offer all the same.
-  db.exec("UPDATE T_QUOTITM SET VOUCH_DT = ?, VOUCH_NO = ?", valueOf(offer, "VOUCH_DT"), number);
-  const std::string columns = kLineColumns;
-  db.exec("INSERT INTO QUOTITM (" + columns + ", QUANTITY, RATE, AMOUNT, TNO) SELECT " + columns +
-              ", NUMTEXT(QUANTITY), NUMTEXT(RATE), NUMTEXT(AMOUNT), NUMTEXT(TNO)"
-              " FROM T_QUOTITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)",
-          number, kMiscItem);
-  all.commit();
-  return true;
+  return whole(db, [&] {
+    if (!how.finds(db, kind, number)) return false;
+    // The number alone is the key.
+    if (!isStored(db, kind, number) && db.first("SELECT 1 FROM QUOT WHERE VOUCH_NO = ?", number))
+      return false;
+    deleteVoucher(db, quotationKind(), number);
+    insertRow(db, "QUOT", headRow(kind, offer, stamp));
+    // Lines typed before number or date were changed belong to the offer all the same.
+    db.exec("UPDATE T_QUOTITM SET VOUCH_DT = ?, VOUCH_NO = ?", valueOf(offer, "VOUCH_DT"), number);
+    const std::string columns = kLineColumns;
+    db.exec("INSERT INTO QUOTITM (" + columns + ", QUANTITY, RATE, AMOUNT, TNO) SELECT " + columns +
+                ", NUMTEXT(QUANTITY), NUMTEXT(RATE), NUMTEXT(AMOUNT), NUMTEXT(TNO)"
+                " FROM T_QUOTITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
+                " ORDER BY rowid",
+            number, kMiscItem);
+    return true;
+  });
 }
 
 bool hasQuotations(Database& db, const VoucherKind& kind) {
@@ -75,11 +77,12 @@ std::optional<Row> findQuotation(Database& db, const VoucherKind& kind, double n
 void loadQuotationLines(Database& db, const VoucherKind& kind, double number) {
   const std::string columns = kLineColumns;
   db.exec("DELETE FROM T_QUOTITM");
-  db.exec("UPDATE QUOTITM SET ITEM_CD = SUBSTR(ITEM_CD, 1, 20) WHERE VOUCH_NO = ? AND LEN(ITEM_CD) > 20",
-          number);
+  const std::string longer = " WHERE VOUCH_NO = ? AND LEN(ITEM_CD) > 20";
+  if (db.first("SELECT 1 FROM QUOTITM" + longer, number))
+    db.exec("UPDATE QUOTITM SET ITEM_CD = SUBSTR(ITEM_CD, 1, 20)" + longer, number);
   db.exec("INSERT INTO T_QUOTITM (" + columns + ", QUANTITY, RATE, AMOUNT, TNO) SELECT " + columns +
               ", VAL(QUANTITY), VAL(RATE), VAL(AMOUNT), VAL(TNO)"
-              " FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = ? ORDER BY SRNO",
+              " FROM QUOTITM WHERE VOUCH_NO = ? AND ENTRY_TYP = ? ORDER BY SRNO, rowid",
           number, kind.code);
 }
 

@@ -62,31 +62,31 @@ void storeMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& vouc
 
 bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher, const Saving& how) {
   const double number = valueOf(voucher, "VOUCH_NO").number();
-  Transaction all(db);
-  if (!how.finds(db, kind, number)) return false;
-  const auto before = findMoneyVoucher(db, kind, number);
-  // A repair that has its place here: statements print the number as it stands.
-  db.exec("UPDATE ACCOUNT SET GSTINNO = '.' WHERE GSTINNO IS NULL");
-  storeMoneyVoucher(db, kind, voucher);
-  for (const char* side : {"CSHBNK_CD", "PARTY_CD"}) {
-    if (before) RebuildOneBalance(db, before->text(side));
-    RebuildOneBalance(db, trim(valueOf(voucher, side).text()));
-  }
-  all.commit();
-  return true;
+  return whole(db, [&] {
+    if (!how.finds(db, kind, number)) return false;
+    const auto before = findMoneyVoucher(db, kind, number);
+    // A repair that has its place here: statements print the number as it stands.
+    db.exec("UPDATE ACCOUNT SET GSTINNO = '.' WHERE GSTINNO IS NULL");
+    storeMoneyVoucher(db, kind, voucher);
+    for (const char* side : {"CSHBNK_CD", "PARTY_CD"}) {
+      if (before) RebuildOneBalance(db, before->text(side));
+      RebuildOneBalance(db, trim(valueOf(voucher, side).text()));
+    }
+    return true;
+  });
 }
 
 bool deleteMoneyVoucher(Database& db, const VoucherKind& kind, double number, const Saving& as) {
-  Transaction all(db);
-  if (!as.finds(db, kind, number)) return false;
-  const auto standing = findMoneyVoucher(db, kind, number);
-  if (!standing) return true;
-  unpost(db, kind.code, number);
-  db.exec("DELETE FROM RPTPAY WHERE rowid = ?", standing->value("ITS_ROW"));
-  RebuildOneBalance(db, standing->text("CSHBNK_CD"));
-  RebuildOneBalance(db, standing->text("PARTY_CD"));
-  all.commit();
-  return true;
+  return whole(db, [&] {
+    if (!as.finds(db, kind, number)) return false;
+    const auto standing = findMoneyVoucher(db, kind, number);
+    if (!standing) return true;
+    unpost(db, kind.code, number);
+    db.exec("DELETE FROM RPTPAY WHERE rowid = ?", standing->value("ITS_ROW"));
+    RebuildOneBalance(db, standing->text("CSHBNK_CD"));
+    RebuildOneBalance(db, standing->text("PARTY_CD"));
+    return true;
+  });
 }
 
 bool isCashOrBank(Database& db, std::string_view code) {

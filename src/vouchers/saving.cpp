@@ -105,35 +105,35 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
   const auto text = [&](const char* column) { return valueOf(bill, column).text(); };
   const double number = figure("VOUCH_NO");
   const Date date = valueOf(bill, "VOUCH_DT").date().value();
-  Transaction all(db);
-  if (!how.finds(db, kind, number)) return false;
-  const auto partyBefore = storedParty(db, kind, number);
-  deleteVoucher(db, kind, number);
-  insertRow(db, "SALE", headRow(db, kind, bill, stamp));
-  db.exec("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
-  // A line of no quantity stays behind, though its amounts are in the totals.
-  const std::string columns = kLineColumns;
-  db.exec("INSERT INTO SALEITM (" + columns + ") SELECT " + columns +
-              " FROM T_SLITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
-              " ORDER BY VOUCH_NO, BOOK_CD",
-          number, kMiscItem);
-  postVoucher(db, {number, date, kind.code},
-              billRows({.party = trim(text("PARTY_CD")),
-                        .amount = figure("NET_AMT"),
-                        .items = figure("ITEM_AMT"),
-                        .cgst = figure("TCGSTRT"),
-                        .sgst = figure("TSGSTRT"),
-                        .igst = figure("TIGSTRT"),
-                        .roundOff = figure("ROUND_OFF"),
-                        .billNumber = text("BILL_NO"),
-                        .narration = text("NARRATION"),
-                        .lrNumber = text("GR_NO"),
-                        .creditDays = figure("CR_DAYS")},
-                       kind));
-  if (partyBefore)
-    for (const std::string& party : {*partyBefore, trim(text("PARTY_CD"))}) RebuildOneBalance(db, party);
-  all.commit();
-  return true;
+  return whole(db, [&] {
+    if (!how.finds(db, kind, number)) return false;
+    const auto partyBefore = storedParty(db, kind, number);
+    deleteVoucher(db, kind, number);
+    insertRow(db, "SALE", headRow(db, kind, bill, stamp));
+    db.exec("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
+    // A line of no quantity stays behind, though its amounts are in the totals.
+    const std::string columns = kLineColumns;
+    db.exec("INSERT INTO SALEITM (" + columns + ") SELECT " + columns +
+                " FROM T_SLITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
+                " ORDER BY rowid",
+            number, kMiscItem);
+    postVoucher(db, {number, date, kind.code},
+                billRows({.party = trim(text("PARTY_CD")),
+                          .amount = figure("NET_AMT"),
+                          .items = figure("ITEM_AMT"),
+                          .cgst = figure("TCGSTRT"),
+                          .sgst = figure("TSGSTRT"),
+                          .igst = figure("TIGSTRT"),
+                          .roundOff = figure("ROUND_OFF"),
+                          .billNumber = text("BILL_NO"),
+                          .narration = text("NARRATION"),
+                          .lrNumber = text("GR_NO"),
+                          .creditDays = figure("CR_DAYS")},
+                         kind));
+    if (partyBefore)
+      for (const std::string& party : {*partyBefore, trim(text("PARTY_CD"))}) RebuildOneBalance(db, party);
+    return true;
+  });
 }
 
 std::optional<std::string> storedParty(Database& db, const VoucherKind& kind, double number) {
@@ -144,21 +144,21 @@ std::optional<std::string> storedParty(Database& db, const VoucherKind& kind, do
 }
 
 bool deleteVoucher(Database& db, const VoucherKind& kind, double number, const Saving& as) {
-  Transaction both(db);
-  if (!as.finds(db, kind, number)) return false;
-  for (const std::string& table : {kind.tables.heads, kind.tables.lines})
-    db.exec("DELETE FROM " + table + " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?", number,
-            kind.code);
-  both.commit();
-  return true;
+  return whole(db, [&] {
+    if (!as.finds(db, kind, number)) return false;
+    for (const std::string& table : {kind.tables.heads, kind.tables.lines})
+      db.exec("DELETE FROM " + table + " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?", number,
+              kind.code);
+    return true;
+  });
 }
 
 bool deleteForGood(Database& db, const VoucherKind& kind, double number, const Saving& as) {
-  Transaction all(db);
-  if (!deleteVoucher(db, kind, number, as)) return false;
-  rememberDeleted(db, kind, number);
-  all.commit();
-  return true;
+  return whole(db, [&] {
+    if (!deleteVoucher(db, kind, number, as)) return false;
+    rememberDeleted(db, kind, number);
+    return true;
+  });
 }
 
 bool isPosted(Database& db, const VoucherKind& kind, double number) {
@@ -180,6 +180,6 @@ void loadLines(Database& db, const VoucherKind& kind, double number) {
   db.exec("DELETE FROM T_SLITM");
   db.exec("INSERT INTO T_SLITM (" + columns + ", YOUR_REF, GSTPOST, ITEM_NAME) SELECT " + columns +
               ", YOUR_REF, GSTPOST, (SELECT ITEM_NAME FROM ITEM WHERE ITEM.ITEM_CD = SALEITM.ITEM_CD)"
-              " FROM SALEITM WHERE BOOK_CD = ? AND VOUCH_NO = ? ORDER BY SR_NO, VOUCH_NO, BOOK_CD",
+              " FROM SALEITM WHERE BOOK_CD = ? AND VOUCH_NO = ? ORDER BY SR_NO, rowid",
           kind.code, number);
 }

@@ -25,9 +25,9 @@ void RebuildStock(Database& db) {
       " SELECT ITS_ROW, STANDS FROM STOCK WHERE CL_STK IS NULL OR CL_STK <> STANDS";
   db.passOver(kOlderBooks, [&] {
     if (!db.first(stale + " LIMIT 1", kMiscItem)) return;  // waits for nobody
-    Transaction all(db);
-    for (const Row& row : db.all(stale, kMiscItem))
-      db.exec("UPDATE ITEMDTL SET CL_STK = ? WHERE rowid = ?", row.value(1), row.value(0));
-    all.commit();
+    whole(db, [&] {
+      for (const Row& row : db.all(stale, kMiscItem))
+        db.exec("UPDATE ITEMDTL SET CL_STK = ? WHERE rowid = ?", row.value(1), row.value(0));
+    });
   });
 }
