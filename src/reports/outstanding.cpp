@@ -7,6 +7,7 @@
 #include "store/balances.h"
 #include "store/engine.h"
 #include "store/groups.h"
+#include "store/row_writer.h"
 
 namespace {
 
@@ -54,12 +55,17 @@ bool Receivables::next() {
   if (next_ == customers_.size()) return false;
   ++next_;
   sums_ = {};
+  open_.clear();
   Transaction all(db_, Transaction::Writes::WorkTables);
   const double opening = customer().number("OP_BAL");
   const Standing standing = this->standing();
   const double credit = clean(standing.credits + std::max(-opening, 0.0));
   if (clean(standing.debits + std::max(opening, 0.0)) > credit)
     matchBills(standing.days, opening > 0 ? payOpening(credit) : credit);
+  insertMany(db_,
+             "INSERT INTO CAL (VOUCH_NO, VOUCH_DT, PARTY_BL, BOOK_CD, PARTY_CD, CR, DR, CL_BAL, DATE_DIF,"
+             " NARRATION, NARR1, BCK_BAL)",
+             "(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)", open_);
   all.commit();
   return true;
 }
@@ -70,7 +76,7 @@ Receivables::Standing Receivables::standing() const {
   auto days = db_.query("SELECT VOUCH_DT, " + sumWhere(db_, "VOUCH_AMT", "VOUCH_TYPE = 'C'") + ", " +
                             sumWhere(db_, "VOUCH_AMT", "VOUCH_TYPE = 'D'") +
                             ", MIN(CASE WHEN VOUCH_TYPE = 'D' THEN VOUCH_AMT END)"
-                            " FROM ALEDGER WHERE PARTY_CD = ? GROUP BY VOUCH_DT",
+                            " FROM ALEDGER WHERE PARTY_CD = ? GROUP BY VOUCH_DT ORDER BY VOUCH_DT",
                         customer().value("ACC_CD"));
   const std::string to = isoDate(to_);
   while (days.next()) {
@@ -125,11 +131,9 @@ void Receivables::open(const Bill& bill, double paid) {
   const auto day = parseDate(bill.date);
   paid = clean(paid);
   const double left = clean(bill.amount - paid);
-  db_.exec(
-      "INSERT INTO CAL (VOUCH_NO, VOUCH_DT, PARTY_BL, BOOK_CD, PARTY_CD, CR, DR, CL_BAL, DATE_DIF,"
-      " NARRATION, NARR1, BCK_BAL) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
-      bill.number, bill.date, bill.bill, bill.book, customer().value("ACC_CD"), bill.amount, paid, left,
-      day ? daysBetween(*day, to_) : 0, bill.narration, shownTo_, day ? daysBetween(*day, to_) : 0);
+  const int days = day ? daysBetween(*day, to_) : 0;
+  open_.insert(open_.end(), {bill.number, bill.date, bill.bill, bill.book, customer().value("ACC_CD"),
+                             bill.amount, paid, left, days, bill.narration, shownTo_, days});
   sums_.amount += bill.amount;
   sums_.paid += paid;
   sums_.open += left;

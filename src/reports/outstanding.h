@@ -76,4 +76,5 @@ class Receivables {
   std::vector<Row> customers_;
   size_t next_ = 0;
   Sums sums_;
+  std::vector<Value> open_;  // of the customer, not yet in CAL
 };

@@ -1,6 +1,7 @@
 #include "store/row_writer.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 #include "base/number.h"
@@ -88,6 +89,21 @@ std::int64_t insertRow(Database& db, std::string_view table, const Fields& field
   db.exec(fit.empty() ? into + " DEFAULT VALUES" : into + " (" + names + ") VALUES (" + marks + ")",
           valuesOf(fit));
   return insertedRow(db);
+}
+
+void insertMany(Database& db, const std::string& into, const std::string& row,
+                const std::vector<Value>& values) {
+  constexpr size_t kFew = 8, kMost = 64;
+  const auto each = std::ranges::count(row, '?');
+  for (auto at = values.begin(); at != values.end();) {
+    const auto left = static_cast<size_t>((values.end() - at) / each);
+    // Of few lengths, so that a statement that was prepared serves again.
+    const size_t rows = left <= kFew ? left : std::min(kMost, std::bit_floor(left));
+    const auto next = at + static_cast<std::ptrdiff_t>(rows) * each;
+    db.exec(into + " VALUES " + join(std::vector<std::string>(rows, row), ", "),
+            std::vector<Value>(at, next));
+    at = next;
+  }
 }
 
 int updateRows(Database& db, std::string_view table, const Fields& fields, std::string_view where,

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <functional>
+#include <set>
+#include <string>
+#include <vector>
 
 #include "base/number.h"
 #include "base/text.h"
@@ -163,8 +166,21 @@ void ensureBackup(Database& db, Settings& settings) {
   });
 }
 
-bool stands(Database& db, std::string_view question, const Value& key) {
-  return db.first(question, key).has_value();
+// Those of the rows whose key does not stand in the table, found by one statement.
+template <typename Seed, size_t N, typename Key>
+std::vector<const Seed*> missing(Database& db, const std::string& table, const std::string& column,
+                                 const Seed (&seeds)[N], Key Seed::*key) {
+  std::vector<Value> keys;
+  for (const Seed& seed : seeds) keys.emplace_back(seed.*key);
+  std::set<std::string> standing;
+  for (const Row& row : db.all("SELECT " + column + " FROM " + table + " WHERE " + column + " IN (" +
+                                   join(std::vector<std::string>(N, "?"), ", ") + ")",
+                               keys))
+    standing.insert(upper(row.text(0)));
+  std::vector<const Seed*> none;
+  for (const Seed& seed : seeds)
+    if (!standing.contains(upper(Value(seed.*key).text()))) none.push_back(&seed);
+  return none;
 }
 
 void addDesign(Database& db, const Design& design) {
@@ -209,67 +225,66 @@ void StorePeriod(Database& db, Date first, Date last) {
 }
 
 void EnsureAccounts(Database& db) {
-  for (const auto& account : accounts)
+  for (const Account* account : missing(db, "ACCOUNT", "ACC_CD", accounts, &Account::code))
     passOver(db, [&] {
-      if (stands(db, "SELECT 1 FROM ACCOUNT WHERE ACC_CD = ?", account.code)) return;
       insertRow(db, "ACCOUNT",
                 {
-                    {"ACC_CD",     account.code },
-                    {"ACC_NAME",   account.name },
-                    {"GROUP_CD",   account.group},
-                    {"AREA",       "."          },
-                    {"CITY",       "."          },
-                    {"PINCODE",    "."          },
-                    {"TRANSPORT1", "."          }, // stands in books of before alone
-                    {"OP_BAL",     0            },
-                    {"CL_BAL",     0            },
-                    {"CREDIT_DAY", 0            },
-                    {"ANOTHER_CD", "S001"       }
+                    {"ACC_CD",     account->code },
+                    {"ACC_NAME",   account->name },
+                    {"GROUP_CD",   account->group},
+                    {"AREA",       "."           },
+                    {"CITY",       "."           },
+                    {"PINCODE",    "."           },
+                    {"TRANSPORT1", "."           }, // stands in books of before alone
+                    {"OP_BAL",     0             },
+                    {"CL_BAL",     0             },
+                    {"CREDIT_DAY", 0             },
+                    {"ANOTHER_CD", "S001"        }
       });
     });
 }
 
 void EnsureGroups(Database& db) {
-  Transaction all(db);
-  // It is always made anew; where it stands as it is made, the file is spared the change.
-  db.passOver(kSeeds,
-              "DELETE FROM GRP WHERE GROUP_NAME = 'INDIRECT EXPENSES' AND (GROUP_CD IS NULL OR GROUP_CD <> 33"
-              " OR SUB_GROUP IS NULL OR SUB_GROUP <> 3 OR HEX(GROUP_NAME) <> HEX('INDIRECT EXPENSES'))");
-  db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_CD = ?", kPassingGroup);
-  const bool fresh = db.number(
-                         "SELECT COUNT(*) FROM GRP WHERE GROUP_NAME IS NULL"
-                         " OR GROUP_NAME <> 'INDIRECT EXPENSES'") == 0;
-  for (const auto& group : groups)
-    passOver(db, [&] {
-      if (stands(db, "SELECT 1 FROM GRP WHERE GROUP_CD = ?", group.code)) return;
-      db.exec("INSERT INTO GRP (GROUP_CD, GROUP_NAME, SUB_GROUP) VALUES (?, ?, ?)", group.code, group.name,
-              group.parent);
-    });
-  if (fresh) {
-    db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_CD = 141");
-    db.passOver(kSeeds, "UPDATE ACCOUNT SET GROUP_CD = 133 WHERE GROUP_CD = ?", kPassingGroup);
-  }
-  all.commit();
+  // It is always made anew; where it stands as it is made, the books are spared the change, and where all
+  // stands nobody is waited for.
+  constexpr std::string_view kOtherwise =
+      " FROM GRP WHERE GROUP_NAME = 'INDIRECT EXPENSES' AND (GROUP_CD IS NULL OR GROUP_CD <> 33"
+      " OR SUB_GROUP IS NULL OR SUB_GROUP <> 3 OR HEX(GROUP_NAME) <> HEX('INDIRECT EXPENSES'))";
+  const auto lacking = [&] { return missing(db, "GRP", "GROUP_CD", groups, &Group::code); };
+  if (lacking().empty() && !db.first("SELECT 1" + std::string(kOtherwise)) &&
+      !db.first("SELECT 1 FROM GRP WHERE GROUP_CD = ?", kPassingGroup))
+    return;
+  whole(db, [&] {
+    db.passOver(kSeeds, "DELETE" + std::string(kOtherwise));
+    db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_CD = ?", kPassingGroup);
+    const bool fresh = db.number(
+                           "SELECT COUNT(*) FROM GRP WHERE GROUP_NAME IS NULL"
+                           " OR GROUP_NAME <> 'INDIRECT EXPENSES'") == 0;
+    for (const Group* group : lacking())
+      db.passOver(kSeeds, "INSERT INTO GRP (GROUP_CD, GROUP_NAME, SUB_GROUP) VALUES (?, ?, ?)", group->code,
+                  group->name, group->parent);
+    if (fresh) {
+      db.passOver(kSeeds, "DELETE FROM GRP WHERE GROUP_CD = 141");
+      db.passOver(kSeeds, "UPDATE ACCOUNT SET GROUP_CD = 133 WHERE GROUP_CD = ?", kPassingGroup);
+    }
+  });
 }
 
 void EnsureTaxes(Database& db) {
-  for (const auto& tax : taxes)
+  for (const Tax* tax : missing(db, "DISCHTAX", "CODE", taxes, &Tax::code))
     passOver(db, [&] {
-      if (stands(db, "SELECT 1 FROM DISCHTAX WHERE CODE = ?", tax.code)) return;
       insertRow(db, "DISCHTAX",
                 {
-                    {"CODE",     tax.code       },
-                    {"NAME",     tax.name       },
-                    {"RATE",     0              },
-                    {"TAX_ACC",  tax.account    },
-                    {"TAX_ACNM", tax.accountName}
+                    {"CODE",     tax->code       },
+                    {"NAME",     tax->name       },
+                    {"RATE",     0               },
+                    {"TAX_ACC",  tax->account    },
+                    {"TAX_ACNM", tax->accountName}
       });
     });
 }
 
 void EnsureDesigns(Database& db) {
-  for (const auto& design : designs)
-    passOver(db, [&] {
-      if (!stands(db, "SELECT 1 FROM HIDELINESET WHERE SRNO = ?", design.number)) addDesign(db, design);
-    });
+  for (const Design* design : missing(db, "HIDELINESET", "SRNO", designs, &Design::number))
+    addDesign(db, *design);
 }

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/text.h"
+#include "store/row_writer.h"
 
 namespace {
 
@@ -12,12 +13,15 @@ constexpr int kNarrationLength = 200;
 
 void postVoucher(Database& db, const LedgerVoucher& voucher, const std::vector<LedgerRow>& rows) {
   db.exec("DELETE FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ?", voucher.book, voucher.number);
+  std::vector<Value> values;
   for (const LedgerRow& row : rows)
-    db.exec(
-        "INSERT INTO ALEDGER (VOUCH_DT, VOUCH_NO, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
-        " PARTY_BL, NARRATION, SUB_DESC, BW_AB) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, NUMTEXT(?), 'A')",
-        voucher.date, voucher.number, voucher.book, row.side, row.account, row.against, row.amount,
-        row.billNumber, cut(row.narration, kNarrationLength), row.creditDays);
+    values.insert(values.end(),
+                  {voucher.date, voucher.number, voucher.book, row.side, row.account, row.against, row.amount,
+                   row.billNumber, cut(row.narration, kNarrationLength), row.creditDays});
+  insertMany(db,
+             "INSERT INTO ALEDGER (VOUCH_DT, VOUCH_NO, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
+             " PARTY_BL, NARRATION, SUB_DESC, BW_AB)",
+             "(?, ?, ?, ?, ?, ?, ?, ?, ?, NUMTEXT(?), 'A')", values);
 }
 
 std::vector<LedgerRow> billRows(const BillPosting& b, const VoucherKind& kind) {
