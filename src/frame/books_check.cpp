@@ -41,10 +41,11 @@ constexpr const char* kNotPosted    = english("Not In The Ledger");
 // The statement grows by one part a kind of fault and table.
 class Faults {
  public:
-  // Columns WHAT, BOOK, VOUCH_NO, VOUCH_DT, PARTY_CD, HAS, SHOULD, OPENS.
-  void add(const std::string& select, std::vector<Value> values) {
-    text_ += (text_.empty() ? "" : " UNION ALL ") + ("SELECT * FROM (" + select + ") AS PART");
-    values_.insert(values_.end(), values.begin(), values.end());
+  // Columns BOOK, VOUCH_NO, VOUCH_DT, PARTY_CD, HAS, SHOULD, OPENS and what stands behind them.
+  void add(const char* what, const std::string& columns) {
+    text_ += (text_.empty() ? "SELECT " : " UNION ALL SELECT ") + std::to_string(values_.size()) +
+             " AS STEP, ? AS WHAT, " + columns;
+    values_.emplace_back(words(what));
   }
   const std::string& text() const { return text_; }
   const std::vector<Value>& values() const { return values_; }
@@ -74,62 +75,56 @@ void addLines(Faults& faults, const Heads& h) {
                            " GROUP BY H.VOUCH_NO, H." + key + " HAVING ";
   const auto part = [&](const std::string& has, const std::string& should, const std::string& differ,
                         const char* what) {
-    faults.add("SELECT ? AS WHAT, " + book +
-                   " AS BOOK, H.VOUCH_NO, MAX(H.VOUCH_DT) AS VOUCH_DT,"
-                   " MAX(H.PARTY_CD) AS PARTY_CD, " +
-                   has + " AS HAS, " + should + " AS SHOULD, " + book + " AS OPENS" + from + differ +
-                   " ORDER BY H.VOUCH_NO",
-               {words(what)});
+    faults.add(what, book +
+                         " AS BOOK, H.VOUCH_NO, MAX(H.VOUCH_DT) AS VOUCH_DT,"
+                         " MAX(H.PARTY_CD) AS PARTY_CD, " +
+                         has + " AS HAS, " + should + " AS SHOULD, " + book + " AS OPENS" + from + differ);
   };
   const std::string sum = totalOf(h.goodsOfLines);
   part(goods, sum, "ABS(COALESCE(" + goods + ", 0) - " + sum + ") > " + kPaisa, kGoodsDiffer);
   if (h.taxes)
     part(std::string("MAX(H.") + h.taxes + ")", totalOf(h.taxesOfLines), h.taxesDiffer, kTaxesDiffer);
-  faults.add("SELECT ? AS WHAT, " + replaceAll(book, "H.", "L.") +
-                 " AS BOOK, L.VOUCH_NO, MAX(L.VOUCH_DT) AS VOUCH_DT, NULL, 0, " + totalOf(h.goodsOfLines) +
-                 ", '' FROM " + h.lines + " AS L WHERE NOT EXISTS (SELECT 1 FROM " + h.table +
-                 " AS H WHERE H.VOUCH_NO = L.VOUCH_NO AND H." + key + " = L." + key +
-                 ") GROUP BY L.VOUCH_NO, L." + key,
-             {words(kNoHead)});
+  faults.add(kNoHead,
+             replaceAll(book, "H.", "L.") + " AS BOOK, L.VOUCH_NO, MAX(L.VOUCH_DT) AS VOUCH_DT, NULL, 0, " +
+                 totalOf(h.goodsOfLines) + ", '' FROM " + h.lines + " AS L WHERE NOT EXISTS (SELECT 1 FROM " +
+                 h.table + " AS H WHERE H.VOUCH_NO = L.VOUCH_NO AND H." + key + " = L." + key +
+                 ") GROUP BY L.VOUCH_NO, L." + key);
 }
 
 void addParties(Faults& faults, const std::string& table, const std::string& book, const char* amount) {
   const auto lacks = [](const std::string& column) {
     return "NOT EXISTS (SELECT 1 FROM ACCOUNT WHERE ACC_CD = H." + column + ")";
   };
-  faults.add("SELECT ? AS WHAT, " + book + " AS BOOK, H.VOUCH_NO, H.VOUCH_DT, H.PARTY_CD, H." + amount +
-                 ", NULL, " + book + " FROM " + table + " AS H WHERE " + lacks("PARTY_CD") +
-                 (table == "RPTPAY" ? " OR " + lacks("CSHBNK_CD") : "") + " ORDER BY H.VOUCH_NO",
-             {words(kNoParty)});
+  faults.add(kNoParty, book + " AS BOOK, H.VOUCH_NO, H.VOUCH_DT, H.PARTY_CD, H." + amount + ", NULL, " +
+                           book + " FROM " + table + " AS H WHERE " + lacks("PARTY_CD") +
+                           (table == "RPTPAY" ? " OR " + lacks("CSHBNK_CD") : ""));
 }
 
 // Without the heads of the kind, what a posted voucher of some amount lacks.
 void addUnposted(Faults& faults, const std::string& table, const char* amount, const char* posted) {
-  faults.add("SELECT ? AS WHAT, H.BOOK_CD AS BOOK, H.VOUCH_NO, H.VOUCH_DT, H.PARTY_CD, 0, H." +
-                 std::string(amount) + ", H.BOOK_CD FROM " + table + " AS H WHERE " +
-                 books("H.BOOK_CD", kindsPostedFrom(table)) + " AND H." + amount + " <> 0" + posted +
-                 " AND NOT EXISTS (SELECT 1 FROM ALEDGER AS L WHERE L.VOUCH_NO = H.VOUCH_NO"
-                 " AND L.BOOK_CD = H.BOOK_CD) ORDER BY H.VOUCH_NO",
-             {words(kNotPosted)});
+  faults.add(kNotPosted, "H.BOOK_CD AS BOOK, H.VOUCH_NO, H.VOUCH_DT, H.PARTY_CD, 0, H." +
+                             std::string(amount) + ", H.BOOK_CD FROM " + table + " AS H WHERE " +
+                             books("H.BOOK_CD", kindsPostedFrom(table)) + " AND H." + amount + " <> 0" +
+                             posted +
+                             " AND NOT EXISTS (SELECT 1 FROM ALEDGER AS L WHERE L.VOUCH_NO = H.VOUCH_NO"
+                             " AND L.BOOK_CD = H.BOOK_CD)");
 }
 
 // The shop's accounts stand before the system's, so that the smallest code is the party's.
 void addLedger(Faults& faults) {
   const std::string debit = "COALESCE(" + sumWhere(data(), "VOUCH_AMT", "VOUCH_TYPE = 'D'") + ", 0)",
                     credit = "COALESCE(" + sumWhere(data(), "VOUCH_AMT", "VOUCH_TYPE = 'C'") + ", 0)";
-  const std::string head =
-      "SELECT ? AS WHAT, L.BOOK_CD AS BOOK, L.VOUCH_NO, MAX(L.VOUCH_DT), MIN(L.PARTY_CD), ";
-  faults.add(head + debit + ", " + credit +
-                 ", L.BOOK_CD FROM ALEDGER AS L GROUP BY L.VOUCH_NO, L.BOOK_CD HAVING ABS(" + debit + " - " +
-                 credit + ") > " + kPaisa,
-             {words(kSidesDiffer)});
+  const std::string head = "L.BOOK_CD AS BOOK, L.VOUCH_NO, MAX(L.VOUCH_DT), MIN(L.PARTY_CD), ";
+  faults.add(kSidesDiffer, head + debit + ", " + credit +
+                               ", L.BOOK_CD FROM ALEDGER AS L GROUP BY L.VOUCH_NO, L.BOOK_CD HAVING ABS(" +
+                               debit + " - " + credit + ") > " + kPaisa);
   // The numbers alone stand in an index; few are looked at further.
-  faults.add(head +
+  faults.add(kNoVoucher,
+             head +
                  "MAX(L.VOUCH_AMT), 0, '' FROM (SELECT VOUCH_NO, BOOK_CD FROM ALEDGER GROUP BY VOUCH_NO, "
                  "BOOK_CD) AS N"
                  " CROSS JOIN ALEDGER AS L ON L.VOUCH_NO = N.VOUCH_NO AND L.BOOK_CD = N.BOOK_CD WHERE " +
-                 withoutVoucher("N") + " GROUP BY L.VOUCH_NO, L.BOOK_CD",
-             {words(kNoVoucher)});
+                 withoutVoucher("N") + " GROUP BY L.VOUCH_NO, L.BOOK_CD");
 }
 
 }  // namespace
@@ -147,7 +142,7 @@ BooksCheck booksCheck() {
       "SELECT WHAT, BOOK, VOUCH_NO, VOUCH_DT, COALESCE(ACC_NAME, F.PARTY_CD) AS PARTY,"
       " SHOWN(HAS, '0.00') AS HAS, SHOWN(SHOULD, '0.00') AS SHOULD,"
       " SHOWN(HAS - SHOULD, '0.00') AS DIFFERS, OPENS FROM (" +
-          faults.text() + ") AS F LEFT JOIN ACCOUNT ON ACC_CD = F.PARTY_CD",
+          faults.text() + ") AS F LEFT JOIN ACCOUNT ON ACC_CD = F.PARTY_CD ORDER BY STEP, VOUCH_NO, BOOK",
       faults.values()};
 }
 

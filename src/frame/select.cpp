@@ -15,11 +15,29 @@ std::string bodyText(const Select& select) {
   return " FROM " + select.from + (select.where.empty() ? "" : " WHERE " + select.where);
 }
 
+// "SALE" of "(SALE LEFT JOIN ACCOUNT ON ..."; empty where a select stands there.
+std::string firstTable(const Select& select) {
+  const size_t begin = select.from.find_first_not_of("("), end = select.from.find_first_of(" ,)", begin);
+  const std::string word = select.from.substr(begin, end == std::string::npos ? end : end - begin);
+  return word == "WITH" || word == "SELECT" ? "" : word;
+}
+
+// No two rows are equal in it: a voucher's number, its line's or an item's unit ends it.
+bool isWhole(const std::vector<OrderTerm>& order) {
+  const std::string last = upper(order.back().expression);
+  return last.ends_with("VOUCH_NO") || last.ends_with("SR_NO") || last.ends_with("SIZE_CD");
+}
+
+// Equal rows stand as they were entered, which an index gives for nothing: an engine may else give them
+// otherwise on each page.
 std::string orderText(const Select& select) {
+  std::vector<OrderTerm> order = select.order;
+  if (order.empty() && select.distinct)
+    for (size_t i = 1; i <= select.columns.size(); ++i) order.emplace_back(std::to_string(i));
+  else if (!order.empty() && !select.distinct && !isWhole(order) && !firstTable(select).empty())
+    order.emplace_back(firstTable(select) + ".rowid", order.back().descending);
   std::vector<std::string> terms;
-  for (const OrderTerm& t : select.order) terms.push_back(t.expression + (t.descending ? " DESC" : ""));
-  if (terms.empty() && select.distinct)
-    for (size_t i = 1; i <= select.columns.size(); ++i) terms.push_back(std::to_string(i));
+  for (const OrderTerm& t : order) terms.push_back(t.expression + (t.descending ? " DESC" : ""));
   return terms.empty() ? "" : " ORDER BY " + join(terms, ", ");
 }
 

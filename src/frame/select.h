@@ -22,15 +22,16 @@ struct OrderTerm {
   bool descending = false;
   OrderTerm(const char* by) : expression(by) {}             // NOLINT
   OrderTerm(std::string by) : expression(std::move(by)) {}  // NOLINT
+  OrderTerm(std::string by, bool down) : expression(std::move(by)), descending(down) {}
 };
 OrderTerm down(const char* by);
 
 struct Select {
   std::vector<SelectColumn> columns = {};
   std::string from = {}, where = {};
-  std::vector<OrderTerm> order = {};
-  std::vector<Value> values = {};  // bound to the "?" of from and where in order
-  bool distinct = false;           // then its order is that of its columns, where it names none
+  std::vector<OrderTerm> order = {};  // and at last as the rows of the first table were entered
+  std::vector<Value> values = {};     // bound to the "?" of from and where in order
+  bool distinct = false;              // then its order is that of its columns, where it names none
 };
 
 using SelectColumns = std::vector<SelectColumn>;

@@ -195,7 +195,7 @@ Go FRMITEM1::rateSearch() {
                       {"dept_name"},
                       {"itemdtl.cl_stk"}},
                .from = std::string("(") + kWithCategory + ") LEFT JOIN ITEMDTL ON ITEM.ITEM_CD = ITEMDTL.ITEM_CD",
-               .order = {"ITEM_NAME"}}
+               .order = {"ITEM_NAME", "ITEM.rowid", "SIZE_CD"}}
   });
 }
 

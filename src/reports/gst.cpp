@@ -61,7 +61,7 @@ Rows selectLines(Database& db, const GstQuery& q) {
     sql += " AND SALE.PARTY_CD = ?";
     values.emplace_back(q.party);
   }
-  return db.query(sql + " ORDER BY SALE.VOUCH_DT, SALE.BILL_NO", values);
+  return db.query(sql + " ORDER BY SALE.VOUCH_DT, SALE.BILL_NO, SALE.VOUCH_NO", values);
 }
 
 std::optional<double> number(const Rows& rows, int column) {

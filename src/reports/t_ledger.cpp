@@ -91,7 +91,7 @@ class TLedger {
         "SELECT SUM(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT ELSE 0 END) AS AMTCR,"
         " SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT ELSE 0 END) AS AMTDR"
         " FROM ACCOUNT JOIN ALEDGER ON ALEDGER.PARTY_CD = ACCOUNT.ACC_CD"
-        " WHERE ACCOUNT.ACC_CD = ? AND VOUCH_DT >= ? AND VOUCH_DT <= ? GROUP BY VOUCH_DT",
+        " WHERE ACCOUNT.ACC_CD = ? AND VOUCH_DT >= ? AND VOUCH_DT <= ? GROUP BY VOUCH_DT ORDER BY VOUCH_DT",
         q_.account, q_.from, q_.to);
     while (days.next()) {
       credit_ += days.number(0);

@@ -121,22 +121,27 @@ constexpr Default kDefaults[] = {
 struct Filling {
   std::string field, expression;
   std::vector<Value> values;
+  bool ofText;
 
-  std::string blank() const { return "(" + field + " IS NULL OR " + field + " = '')"; }
+  // A number is compared with no text: some engines take '' for 0.
+  std::string blank() const {
+    return "(" + field + " IS NULL OR " + (ofText ? field : "HEX(" + field + ")") + " = '')";
+  }
 };
 
 // Nothing when the default does not fit the column.
 std::optional<Filling> filling(const Column& column, const std::string& given, const RepairFacts& facts) {
   const std::string field = quotedName(column.name);
+  const bool ofText = column.kind != Column::Kind::number && column.kind != Column::Kind::whole;
   if (given == kOwnDate)
     return Filling{
-        field, column.kind == Column::Kind::date ? "VOUCH_DT" : "SHOWN(VOUCH_DT, 'dd/mmm/yyyy')", {}};
+        field, column.kind == Column::Kind::date ? "VOUCH_DT" : "SHOWN(VOUCH_DT, 'dd/mmm/yyyy')", {}, ofText};
   Value value(given);
   if (given == kPeriodStart) value = Value(facts.periodStart);
   if (given == kTimeOfDay) value = Value(facts.timeOfDay);
   const auto kept = fitting(column, value);
   if (!kept) return {};
-  return Filling{field, "?", {*kept}};
+  return Filling{field, "?", {*kept}, ofText};
 }
 
 std::vector<Filling> fillings(Database& db, const std::string& table, const RepairFacts& facts) {

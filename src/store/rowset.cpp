@@ -39,7 +39,7 @@ void Rowset::requery() {
   rowids_.clear();
   auto rows =
       db_.query("SELECT rowid FROM " + quotedName(source_.table) + (where.empty() ? "" : " WHERE " + where) +
-                    (source_.order.empty() ? " ORDER BY rowid" : " ORDER BY " + source_.order),
+                    " ORDER BY " + (source_.order.empty() ? "" : source_.order + ", ") + "rowid",
                 values);
   while (rows.next()) rowids_.push_back(rows.value(0).whole());
   position_ = 0;

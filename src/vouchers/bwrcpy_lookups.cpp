@@ -8,7 +8,7 @@ using namespace fields;
 namespace {
 
 const std::vector<OrderTerm> kNewest{down("RPTPAY.VOUCH_DT"), down("RPTPAY.vouch_no")};
-const SelectColumn kDay{"format(vouch_dt,'dd/MM/yyyy')"};
+const SelectColumn kDay{"SHOWN(vouch_dt,'dd/MM/yyyy')"};
 
 }  // namespace
 

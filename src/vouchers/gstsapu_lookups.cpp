@@ -4,7 +4,7 @@ using namespace fields;
 
 namespace {
 
-const SelectColumn kDay{"format(SALE.vouch_dt,'dd/MM/yy')", 0, "VDT"};
+const SelectColumn kDay{"SHOWN(SALE.vouch_dt,'dd/MM/yy')", 0, "VDT"};
 const std::vector<OrderTerm> kNewest{down("VOUCH_DT"), down("bill_no"), down("vouch_no")};
 
 // A comma join keeps the bills whose accounts both stand.
@@ -45,7 +45,7 @@ Lookup billLines() {
                            {"DESTI"}},
                .from = "SALE, SALEITM, ITEM",
                .where = "SALE.VOUCH_NO = SALEITM.VOUCH_NO AND SALE.BOOK_CD = SALEITM.BOOK_CD"
-                        " AND SALEITM.ITEM_CD = ITEM.ITEM_CD AND SALE.book_cd = ?", .order = {down("SALE.VOUCH_DT"), down("bill_no"), down("SALE.vouch_no")}}
+                        " AND SALEITM.ITEM_CD = ITEM.ITEM_CD AND SALE.book_cd = ?", .order = {down("SALE.VOUCH_DT"), down("bill_no"), down("SALE.vouch_no"), "SALEITM.SR_NO"}}
   };
 }
 
@@ -89,7 +89,7 @@ Lookup items() {
                            {"SALE_DISC", 750},
                            {"pur_rate"}},
                .from = "(ITEM left join itemdtl on item.item_cd = itemdtl.item_cd)"
-                       " left join DEPTMENT on ITEM.DEPT_CD = DEPTMENT.DEPT_CD", .order = {"ITEM_NAME"}},
+                       " left join DEPTMENT on ITEM.DEPT_CD = DEPTMENT.DEPT_CD", .order = {"ITEM_NAME", "ITEM.rowid", "SIZE_CD"}},
       .below = true,
       .along = "size_cd"
   };
@@ -108,7 +108,7 @@ Lookup itemUnits() {
                            {"0", 0, "min_stk"}},
                .from = "ITEM, ITEMDTL, DEPTMENT",
                .where = "ITEM.DEPT_CD = DEPTMENT.DEPT_CD AND ITEM.ITEM_CD = ITEMDTL.ITEM_CD",
-               .order = {"ITEM_NAME"}},
+               .order = {"ITEM_NAME", "ITEM.rowid", "SIZE_CD"}},
       .along = "size_cd"
   };
 }
@@ -159,7 +159,7 @@ std::vector<GSTSAPU::KeyLookup> GSTSAPU::lookups(const VoucherKind& kind) {
       {kNumber,      F2,    bills({"SALE.GR_NO"}, ofBill), {Book}},
       {kNumber,      F3,    bills({"SALE.transport"}, ofBill), {Book}},
       {kNumber,      F4,    bills(amountText("NET_AMT", "NAMT"), {{"ACCOUNT.ACC_NAME"}, kDay, {"bill_no"}, {"ACCOUNT.AREA"}, {"ACCOUNT.CITY"}}), {Book}},
-      {kNumber,      F5,    bills({"format(VOUCH_DT,'dd/MMM/yyyy')", 0, "DT1"}, {{"ACCOUNT.ACC_NAME"}, {"NET_AMT"}, {"bill_no"}, {"ACCOUNT.AREA"}, {"ACCOUNT.CITY"}}), {Book}},
+      {kNumber,      F5,    bills({"SHOWN(VOUCH_DT,'dd/MMM/yyyy')", 0, "DT1"}, {{"ACCOUNT.ACC_NAME"}, {"NET_AMT"}, {"bill_no"}, {"ACCOUNT.AREA"}, {"ACCOUNT.CITY"}}), {Book}},
       {kNumber,      F8,    bills(ofAccount("GSTINNO", "SALE.PARTY_CD"), {{"BILL_NO"}, {"vouch_dt"}, {"NET_AMT"}, {"ACCOUNT.AREA"}, {"ACCOUNT.ACC_NAME"}, {"BL_TYPE"}}), {Book}},
       {kNumber,      F9,    bills({"CNAME"}, {{"SALE.BILL_NO"}, kDay, {"SALE.NET_AMT"}, {"CMOBNO"}}), {Book}},
       {kNumber,      F10,   bills({"CMOBNO"}, {{"SALE.BILL_NO"}, kDay, {"SALE.NET_AMT"}, {"CNAME"}}), {Book}},

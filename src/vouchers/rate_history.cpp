@@ -101,7 +101,8 @@ Rows linesTo(Database& db, const VoucherKind& kind, const RateQuery& of, const s
   return db.query("SELECT " + columns + " FROM " + road.from + " WHERE " + road.which +
                       " AND SIZE_CD = ? AND +" + heads + ".BOOK_CD = ? AND " + heads +
                       ".VOUCH_NO = " + lines + ".VOUCH_NO AND " + heads + ".BOOK_CD = " + lines +
-                      ".BOOK_CD ORDER BY " + road.day + ".VOUCH_DT DESC",
+                      ".BOOK_CD ORDER BY " + road.day + ".VOUCH_DT DESC, " + road.day + ".rowid DESC, " +
+                      lines + "." + kind.tables.serial,
                   of.party, of.item, of.unit, kind.code);
 }
 
@@ -136,17 +137,17 @@ RateList challanRates(Database& db, const VoucherKind& kind, const RateQuery& of
 std::vector<GridColumn> challanRateColumns() { return emptyList(kChallans).columns; }
 
 RateList partyRates(Database& db, const VoucherKind& kind, const RateQuery& of) {
-  return wholeList(
-      db.query(
-          "SELECT RT_DT, SIZE_CD, " + kind.party.rate + ", " + kind.party.discount +
-              " FROM PRTYRATE WHERE TRIM(ITEM_CD) = ? AND SIZE_CD = ? AND ACC_CD = ? ORDER BY RT_DT DESC",
-          of.item, of.unit, of.party),
-      kPartyRates);
+  return wholeList(db.query("SELECT RT_DT, SIZE_CD, " + kind.party.rate + ", " + kind.party.discount +
+                                " FROM PRTYRATE WHERE TRIM(ITEM_CD) = ? AND SIZE_CD = ? AND ACC_CD = ? ORDER "
+                                "BY RT_DT DESC, rowid DESC",
+                            of.item, of.unit, of.party),
+                   kPartyRates);
 }
 
 RateList purchaseRates(Database& db, const RateQuery& of) {
-  return wholeList(db.query("SELECT DISTINCT RT_DT, SIZE_CD, PUR_RATE FROM PRTYRATE"
-                            " WHERE ITEM_CD = ? AND SIZE_CD = ? AND PUR_RATE <> 0 ORDER BY RT_DT DESC",
-                            of.item, of.unit),
-                   kPurchaseRates);
+  return wholeList(
+      db.query("SELECT DISTINCT RT_DT, SIZE_CD, PUR_RATE FROM PRTYRATE"
+               " WHERE ITEM_CD = ? AND SIZE_CD = ? AND PUR_RATE <> 0 ORDER BY RT_DT DESC, PUR_RATE",
+               of.item, of.unit),
+      kPurchaseRates);
 }
