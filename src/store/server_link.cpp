@@ -23,9 +23,7 @@ constexpr unsigned kConnectSeconds = 5;
 constexpr unsigned long kOldest = 101000;  // the first whose collations compare as the books need it
 constexpr const char* kSettings =
     "SET SESSION sql_mode = 'MSSQL,STRICT_ALL_TABLES,NO_BACKSLASH_ESCAPES', time_zone = '+00:00',"
-    " character_set_client = utf8mb4, character_set_results = utf8mb4, character_set_connection = utf8mb4,"
-    " collation_connection = utf8mb4_uca1400_nopad_as_ci, autocommit = 1, auto_increment_increment = 1, "
-    "auto_increment_offset = 1,"
+    " autocommit = 1, auto_increment_increment = 1, auto_increment_offset = 1,"
     " wsrep_sync_wait = 1, innodb_lock_wait_timeout = ";
 
 // Another host of the list may answer.
@@ -106,6 +104,8 @@ void ServerLink::useSettings() {
     throw DatabaseError(DatabaseError::Kind::tooOld, {},
                         words("It Is {version} :: MariaDB 10.10 Or Newer Is Needed", "version",
                               mysql_get_server_info(handle_)));
+  // Bound values take the collation of this statement too, and of no other.
+  ask("SET NAMES utf8mb4 COLLATE utf8mb4_uca1400_nopad_as_ci");
   ask(kSettings + std::to_string(std::max(1, (lockWaitMs() + 500) / 1000)));
   ask("SET SESSION TRANSACTION ISOLATION LEVEL REPEATABLE READ");
   // A node that is no part of its cluster any more.
