@@ -26,6 +26,7 @@ class Stored:
         shape = {}
         for table, column, kind in columns:
             shape.setdefault(table, {})[column] = KINDS.get(kind, str)
+        shape = {table: names for table, names in shape.items() if "rowid" in names}  # the others are the server engine's own
         selects = ["SELECT %s FROM `%s`.`%s` ORDER BY rowid" % (", ".join("`%s`" % c for c in names), self.name, table) for table, names in shape.items()]
         db = sqlite3.connect(":memory:")
         for (table, names), rows in zip(shape.items(), self.rows(selects)):
