@@ -153,7 +153,8 @@ std::unique_ptr<Engine> openSqliteEngine(Database& face, const std::filesystem::
     throw DatabaseError(fileExists(file) ? Kind::notDatabase : Kind::missing, shownName(file), {});
   // The engine would wait for ever at a pipe.
   if (const std::string journal = file.string() + "-journal"; fileExists(journal) && !isPlainFile(journal))
-    throw DatabaseError(Kind::other, {}, words("{file} is in the way: it is no file.", "file", journal));
+    throw DatabaseError(Kind::cannotOpen,
+                        DatabaseError::Told{words("{file} is in the way: it is no file.", "file", journal)});
 
   const int mode = access == Access::readOnly ? SQLite::OPEN_READONLY
                    : access == Access::create ? SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE
