@@ -17,7 +17,8 @@ std::string WorkJournal::target(std::string_view sql) {
   for (const char* verb : {"INSERT INTO ", "UPDATE ", "DELETE FROM "}) {
     if (!startsWithNoCase(text, verb)) continue;
     const auto from = std::string_view(verb).size();
-    return upper(replaceAll(text.substr(from, text.find_first_of(" (", from) - from), "[", ""));
+    return upper(
+        replaceAll(replaceAll(text.substr(from, text.find_first_of(" (", from) - from), "[", ""), "]", ""));
   }
   return {};
 }
