@@ -19,7 +19,8 @@ struct Log {
 };
 
 Log& log() {
-  static Log one;
+  // Never destroyed: books that are closed as the process ends may still have something to tell.
+  static Log& one = *new Log;
   return one;
 }
 

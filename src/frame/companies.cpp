@@ -175,7 +175,9 @@ void clearMarks(Database& year) {
       if (year.first("SELECT 1 FROM SPSFILE" + set)) year.exec("UPDATE SPSFILE SET VOUCH_FLAG = '0'" + set);
     });
   } catch (const DatabaseError& error) {
-    if (error.kind() != Kind::full && error.kind() != Kind::readOnly && error.kind() != Kind::io) throw;
+    if (error.kind() != Kind::full && error.kind() != Kind::readOnly && error.kind() != Kind::io &&
+        error.kind() != Kind::denied)
+      throw;
     logFailure("passed over: the books can be read", error);
   }
 }

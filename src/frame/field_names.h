@@ -135,6 +135,10 @@ inline constexpr FieldName kBranch{"branch"};
 inline constexpr FieldName kAccountNumber{"account_no"};
 inline constexpr FieldName kIfsc{"ifsc"};
 
+// Operators
+inline constexpr FieldName kPassword{"password"};
+inline constexpr FieldName kPasswordAgain{"password_again"};
+
 // Settings
 inline constexpr FieldName kSetting{"setting"};             // the value of the one under the cursor
 

@@ -8,8 +8,11 @@
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "frame/voucher_kinds.h"
+#include "store/server_operators.h"
 
 namespace {
+
+bool makesOperators() { return session().cncomp && mayMakeOperators(catalogue()); }
 
 struct TopMenu {
   const char* control;
@@ -68,6 +71,7 @@ constexpr Command kCommands[] = {
     {.menu = "mnuutils", .caption = "Voucher Format Set",           .control = "UTIL1", .index = 6,     .key = "formats",  .screen = "VSETFRM"},
     {.menu = "mnuutils", .caption = "Settings",                     .control = "mnusettings",           .key = "settings", .screen = "frmsettings"},
     {.menu = "mnuutils", .caption = "Accounting Period",            .control = "mnuperiod",             .key = "period",   .screen = "frmperiod"},
+    {.menu = "mnuutils", .caption = "Operators",                    .control = "mnuoperators",          .key = "operators", .screen = "frmoperators", .offered = makesOperators},
     {.menu = "mnuutils", .caption = "Video Training",               .control = "mnuvideotrning",        .key = "training", .link = &Links::videoTraining},
     {.menu = "mnuutils", .caption = "Training Book Pdf",            .control = "mnutrngbkpdf",          .key = "book",     .link = &Links::trainingBook},
     {.menu = "mnuutils", .caption = "Update Software",              .control = "mnupdtsoft",            .key = "software", .link = &Links::softwareUpdate},
@@ -123,7 +127,10 @@ const Command* commandByKey(const std::string& key) {
   return findCommand([&](const Command& c) { return key == c.key; });
 }
 
-bool leadsSomewhere(const Command& command) { return !command.link || !(links().*command.link).empty(); }
+bool leadsSomewhere(const Command& command) {
+  if (command.offered && !command.offered()) return false;
+  return !command.link || !(links().*command.link).empty();
+}
 
 std::vector<MenuEntry> menuTree() {
   std::vector<MenuEntry> tree;

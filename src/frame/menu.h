@@ -19,7 +19,8 @@ struct Command {
   void (*first)(Host&) = nullptr;  // done before the screen is opened
   const char* screen = "";         // empty: opens none, or a voucher's, which its kind names
   std::string Links::*link = nullptr;
-  const char* tool = "";  // button of the tool bar that repeats it
+  const char* tool = "";        // button of the tool bar that repeats it
+  bool (*offered)() = nullptr;  // to whom it is shown; null: to everybody
 };
 
 std::span<const Command> commands();
@@ -30,7 +31,8 @@ const Command* commandByKey(const std::string& key);
 // What the entry opens; empty: nothing.
 std::string screenOf(const Command& command);
 
-// False of a link whose page has not been set: neither menu nor tool bar shows it.
+// False of a link whose page has not been set and of what is not for who works here: neither menu nor tool
+// bar shows it.
 bool leadsSomewhere(const Command& command);
 
 std::vector<MenuEntry> menuTree();

@@ -62,7 +62,9 @@ double next(double largest) { return std::max(largest, 0.0) + 1; }
 // The date beside the hint follows the clock as well, also while the shell's own timer rests.
 void ShowHint(Host& host, const std::string& text) {
   Screen* const shell = shellOf(host);
-  if (shell) shell->panels[2] = formatDate(host.today(), "dd/MMM/yyyy");
+  const std::string& who = session().musername;
+  if (shell)
+    shell->panels[2] = (who.empty() ? who : who + "  ::  ") + formatDate(host.today(), "dd/MMM/yyyy");
   if (!text.empty()) {
     host.hint(text);
     return;
@@ -128,7 +130,8 @@ bool passOver(Host& host, const std::function<void()>& step) {
     step();
     return true;
   } catch (const DatabaseError& error) {
-    if (error.mayBePassedOver())
+    // Who may only look leaves to others what an opening would write.
+    if (error.mayBePassedOver() || error.kind() == DatabaseError::Kind::denied)
       logFailure("passed over: the next step runs all the same", error);
     else
       tellFailure(host, error);

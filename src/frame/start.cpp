@@ -12,6 +12,7 @@
 #include "base/words.h"
 #include "frame/companies.h"
 #include "store/dictionary.h"
+#include "store/place.h"
 #include "store/safe_file.h"
 #include "store/templates.h"
 
@@ -19,28 +20,41 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr int kLongestStamp = 20;  // of USER_CD
+
 std::string withoutSeparator(const fs::path& folder) {
   std::string path = trim(folder.string());
   while (path.size() > 1 && path.back() == '/') path.pop_back();
   return path;
 }
 
+fs::path catalogueOf(const Session& s) { return fs::path(s.mapppath) / "comp.mdb"; }
+
 // Why the catalogue cannot be used; empty when it stands open.
 std::string openCatalogue(Session& s) {
-  const fs::path file = fs::path(s.mapppath) / "comp.mdb";
-  if (!fileExists(file)) return english("No Database Found");
-  s.cncomp = std::make_unique<Database>();
   try {
-    s.cncomp->open(file);
+    if (!booksExist(catalogueOf(s))) return english("No Database Found");
+    s.cncomp = std::make_unique<Database>();
+    s.cncomp->open(catalogueOf(s));
     if (!CheckTable(*s.cncomp, "compny"))
       throw DatabaseError(DatabaseError::Kind::notDatabase, "comp.mdb", {});
+    s.mfirstuser = s.cncomp->firstUser();
+    s.musername = cut(signedInAs(*s.cncomp), kLongestStamp);
   } catch (const DatabaseError& error) {
     logFailure(kTold, error);
     s.cncomp.reset();
     return error.what();
   }
-  s.mfirstuser = s.cncomp->firstUser();
   return {};
+}
+
+// A server may not be there yet.
+bool triesAgain(Host& host, const std::string& failure) {
+  if (onServer(catalogueOf(session())))
+    return host.ask(
+        {.text = failure, .title = kMessageTitle, .yes = english("&Try Again"), .no = english("&Leave")});
+  host.message(failure, kMessageTitle);
+  return false;
 }
 
 // Templates that a folder has lost. One that cannot be made now is missed, in words, when a
@@ -105,11 +119,25 @@ bool startUp(Host& host, const fs::path& folder) {
   s.mbaseheight = 600;
   s.mversion = "1.01";
   setScreenFactors(s, host.display());
-  if (const std::string failure = openCatalogue(s); !failure.empty()) {
-    host.message(failure, kMessageTitle);
-    host.quit();
-    return false;
+  s.mcolor1 = 16448240;  // FAFAF0
+  s.mcolor2 = 16769248;  // FFE0E0
+  s.mcolor6 = 14741759;  // E0F0FF
+  if (asksWho(s.mapppath)) {
+    host.open("frmsignin");
+    return true;
   }
+  for (;;) {
+    const std::string failure = openBooks(host);
+    if (failure.empty()) return true;
+    if (!triesAgain(host, failure)) break;
+  }
+  host.quit();
+  return false;
+}
+
+std::string openBooks(Host& host) {
+  Session& s = session();
+  if (const std::string failure = openCatalogue(s); !failure.empty()) return failure;
   clearLeftovers(s);
   remakeTemplates(s.mapppath);
 
@@ -117,9 +145,5 @@ bool startUp(Host& host, const fs::path& folder) {
   fs::create_directory(fs::path(s.mapppath) / "BILLS", ignored);
 
   host.open("FRMCOMP");
-
-  s.mcolor1 = 16448240;  // FAFAF0
-  s.mcolor2 = 16769248;  // FFE0E0
-  s.mcolor6 = 14741759;  // E0F0FF
-  return true;
+  return {};
 }

@@ -139,7 +139,14 @@ std::optional<Row> settingOrAdd(Database& db, const SettingRow& seed, Date date)
 
 constexpr Because kSeeds{"a seed that cannot be stored is tried again at the next opening"};
 
-void passOver(Database& db, const std::function<void()>& work) { db.passOver(kSeeds, work); }
+void passOver(Database& db, const std::function<void()>& work) {
+  try {
+    db.passOver(kSeeds, work);
+  } catch (const DatabaseError& error) {
+    if (error.kind() != DatabaseError::Kind::denied) throw;
+    logFailure("passed over: the next opening of somebody who may write seeds", error);
+  }
+}
 
 constexpr SettingRow kFirstDay{211, "FRDT", "A/c Start Date"}, kLastDay{212, "TODT", "A/c End Date"};
 
