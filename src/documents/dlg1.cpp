@@ -59,7 +59,7 @@ const ScreenSpec& spec() {
   return s;
 }
 
-const SelectColumn kDay{"SHOWN(vouch_dt, 'dd/MM/yyyy')", 1000, "VDT"};
+const SelectColumn kDay{"SHOWN(vouch_dt, 'dd/mm/yyyy')", 1000, "VDT"};
 
 Lookup bills(SelectColumns columns) {
   return {

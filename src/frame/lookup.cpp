@@ -7,10 +7,7 @@
 
 Lookup valuesOf(const std::string& table, const std::string& column, int width) {
   return {
-      .rows = {.columns = {{column, width}},
-               .from = table,
-               .where = "LEN(" + column + ")>0",
-               .distinct = true},
+      .rows = {.columns = {{column, width}}, .from = table, .where = column + " <> ''", .distinct = true},
       .values = true,
       .free = true
   };

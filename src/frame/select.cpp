@@ -22,10 +22,11 @@ std::string firstTable(const Select& select) {
   return word == "WITH" || word == "SELECT" ? "" : word;
 }
 
-// No two rows are equal in it: a voucher's number, its line's or an item's unit ends it.
+// No two rows are equal in it, or those of one voucher, which stand in its order: a number or an item's unit
+// ends it.
 bool isWhole(const std::vector<OrderTerm>& order) {
   const std::string last = upper(order.back().expression);
-  return last.ends_with("VOUCH_NO") || last.ends_with("SR_NO") || last.ends_with("SIZE_CD");
+  return last.ends_with("VOUCH_NO") || last.ends_with("SIZE_CD");
 }
 
 // Equal rows stand as they were entered, which an index gives for nothing: an engine may else give them

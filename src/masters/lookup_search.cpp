@@ -26,7 +26,7 @@ std::string typedCondition(const SelectColumn& column, const std::string& declar
 }
 
 std::optional<Select> valueSteps(Database& database, const Lookup& lookup) {
-  if (!lookup.values) return {};
+  if (!lookup.values || !database.engine().stepsThroughValues()) return {};
   const std::string& table = lookup.rows.from;
   const SelectColumn& column = lookup.rows.columns.front();
   if (!isIndexedText(database, table, column.expression)) return {};

@@ -28,35 +28,37 @@ void addSides(Database& db, const std::string& columns, const std::string& condi
               " AS OTHERS"
               " FROM ALEDGER WHERE " +
               condition +
-              " GROUP BY PARTY_CD) SELECT PARTY_CD, CR, 0 FROM SUMS WHERE CR IS NOT NULL"
-              " UNION ALL SELECT PARTY_CD, 0, DR FROM SUMS WHERE DR IS NOT NULL"
-              " UNION ALL SELECT PARTY_CD, 0, 0 FROM SUMS WHERE OTHERS > 0",
+              " GROUP BY PARTY_CD) SELECT PARTY_CD, CASE SIDE WHEN 'C' THEN CR ELSE 0 END,"
+              " CASE SIDE WHEN 'D' THEN DR ELSE 0 END FROM SUMS"
+              " CROSS JOIN (SELECT 'C' AS SIDE UNION ALL SELECT 'D' UNION ALL SELECT '') AS SIDES"
+              " WHERE CASE SIDE WHEN 'C' THEN CR WHEN 'D' THEN DR ELSE OTHERS END IS NOT NULL",
           values);
 }
 
 void fillFinalTable(Database& db, Date from, Date to) {
-  Transaction all(db, Transaction::Writes::WorkTables);
-  db.exec("DELETE FROM T_FINALNEW");
-  db.exec(
-      "INSERT INTO T_FINALNEW (GROUP_CD, GROUP_NAME, ACC_CD, ACC_NAME, OP_BALDR, OP_BALCR)"
-      " SELECT ACCOUNT.GROUP_CD, GROUP_NAME, ACC_CD, ACC_NAME,"
-      " CASE WHEN OP_BAL > 0 THEN OP_BAL ELSE 0 END, CASE WHEN OP_BAL < 0 THEN -OP_BAL ELSE 0 END"
-      " FROM GRP JOIN ACCOUNT ON GRP.GROUP_CD = ACCOUNT.GROUP_CD ORDER BY ACCOUNT.GROUP_CD, ACC_CD");
-  // The "+" keeps each row's date from being tried as a number.
-  addSides(db, "TR_BALCR, TR_BALDR", "+VOUCH_DT >= ? AND +VOUCH_DT <= ?", {from, to});
-  addSides(db, "OP_BALTCR, OP_BALTDR",
-           "VOUCH_DT < ? AND PARTY_CD IN (SELECT ACC_CD FROM ACCOUNT WHERE GROUP_CD = 10 OR GROUP_CD >= 70)",
-           {from});
-  db.exec(
-      "UPDATE T_FINALNEW SET"
-      " GROUP_CD = (SELECT A.GROUP_CD FROM ACCOUNT AS A WHERE A.ACC_CD = T_FINALNEW.ACC_CD),"
-      " ACC_NAME = (SELECT A.ACC_NAME FROM ACCOUNT AS A WHERE A.ACC_CD = T_FINALNEW.ACC_CD)"
-      " WHERE ACC_CD IN (SELECT ACC_CD FROM ACCOUNT)");
-  db.exec(
-      "UPDATE T_FINALNEW SET"
-      " GROUP_NAME = (SELECT GRP.GROUP_NAME FROM GRP WHERE GRP.GROUP_CD = T_FINALNEW.GROUP_CD)"
-      " WHERE GROUP_CD IN (SELECT GROUP_CD FROM GRP)");
-  all.commit();
+  readStill(db, [&] {
+    db.exec("DELETE FROM T_FINALNEW");
+    db.exec(
+        "INSERT INTO T_FINALNEW (GROUP_CD, GROUP_NAME, ACC_CD, ACC_NAME, OP_BALDR, OP_BALCR)"
+        " SELECT ACCOUNT.GROUP_CD, GROUP_NAME, ACC_CD, ACC_NAME,"
+        " CASE WHEN OP_BAL > 0 THEN OP_BAL ELSE 0 END, CASE WHEN OP_BAL < 0 THEN -OP_BAL ELSE 0 END"
+        " FROM GRP JOIN ACCOUNT ON GRP.GROUP_CD = ACCOUNT.GROUP_CD ORDER BY ACCOUNT.GROUP_CD, ACC_CD");
+    // The "+" keeps each row's date from being tried as a number.
+    addSides(db, "TR_BALCR, TR_BALDR", "+VOUCH_DT >= ? AND +VOUCH_DT <= ?", {from, to});
+    addSides(
+        db, "OP_BALTCR, OP_BALTDR",
+        "VOUCH_DT < ? AND PARTY_CD IN (SELECT ACC_CD FROM ACCOUNT WHERE GROUP_CD = 10 OR GROUP_CD >= 70)",
+        {from});
+    db.exec(
+        "UPDATE T_FINALNEW SET"
+        " GROUP_CD = (SELECT A.GROUP_CD FROM ACCOUNT AS A WHERE A.ACC_CD = T_FINALNEW.ACC_CD),"
+        " ACC_NAME = (SELECT A.ACC_NAME FROM ACCOUNT AS A WHERE A.ACC_CD = T_FINALNEW.ACC_CD)"
+        " WHERE ACC_CD IN (SELECT ACC_CD FROM ACCOUNT)");
+    db.exec(
+        "UPDATE T_FINALNEW SET"
+        " GROUP_NAME = (SELECT GRP.GROUP_NAME FROM GRP WHERE GRP.GROUP_CD = T_FINALNEW.GROUP_CD)"
+        " WHERE GROUP_CD IN (SELECT GROUP_CD FROM GRP)");
+  });
 }
 
 }  // namespace

@@ -21,27 +21,34 @@ std::string ofSide(const std::string& sum) {
          ") FROM T_ACLST AS S WHERE S.ACC_CD = ACCOUNT.ACC_CD AND S." + sum + " <> 0), 0), 2)";
 }
 
+void sumSides(Database& db) {
+  // Which may empty the table.
+  db.passOver(kOlderBooks, [&] { indexWorkTable(db, "T_ACLST", "ACC_CD"); });
+  db.passOver(kOlderBooks, "DELETE FROM T_ACLST");
+  db.passOver(kOlderBooks,
+              "INSERT INTO T_ACLST (ACC_CD, ACC_NAME, GROUP_CD, OP_BAL, CL_BAL)"
+              " SELECT ACC_CD, ACC_NAME, GROUP_CD, OP_BAL, CL_BAL FROM ACCOUNT");
+  // Summed before the joins and by party alone: one walk through the ledger's index, in its order.
+  db.passOver(kOlderBooks,
+              "INSERT INTO T_ACLST (GROUP_CD, ACC_CD, ACC_NAME, OP_BAL, CL_BAL, TOT_CR, TOT_DR)"
+              " WITH SUMS AS (SELECT PARTY_CD, " +
+                  sumWhere(db, "VOUCH_AMT", "VOUCH_TYPE = 'C'") + " AS CR, " +
+                  sumWhere(db, "VOUCH_AMT", "VOUCH_TYPE = 'D'") +
+                  " AS DR FROM ALEDGER GROUP BY PARTY_CD)"
+                  " SELECT GROUP_CD, ACC_CD, ACC_NAME, OP_BAL, 0, CASE SIDE WHEN 'C' THEN CR ELSE 0 END,"
+                  " CASE SIDE WHEN 'D' THEN DR ELSE 0 END"
+                  " FROM SUMS CROSS JOIN (SELECT 'C' AS SIDE UNION ALL SELECT 'D') AS SIDES"
+                  " JOIN ACCOUNT ON SUMS.PARTY_CD = ACCOUNT.ACC_CD"
+                  " WHERE CASE SIDE WHEN 'C' THEN CR ELSE DR END IS NOT NULL");
+}
+
 }  // namespace
 
+// Others wait for the writing alone, unless one of them stored something since the sums.
 void RebuildAllBalances(Database& db) {
+  const auto summed = readStill(db, [&] { sumSides(db); });
   whole(db, [&] {
-    // Which may empty the table.
-    db.passOver(kOlderBooks, [&] { indexWorkTable(db, "T_ACLST", "ACC_CD"); });
-    db.passOver(kOlderBooks, "DELETE FROM T_ACLST");
-    db.passOver(kOlderBooks,
-                "INSERT INTO T_ACLST (ACC_CD, ACC_NAME, GROUP_CD, OP_BAL, CL_BAL)"
-                " SELECT ACC_CD, ACC_NAME, GROUP_CD, OP_BAL, CL_BAL FROM ACCOUNT");
-    // Summed before the join and by party alone: one walk through the ledger's index, in its order.
-    db.passOver(kOlderBooks,
-                "INSERT INTO T_ACLST (GROUP_CD, ACC_CD, ACC_NAME, OP_BAL, CL_BAL, TOT_CR, TOT_DR)"
-                " WITH SUMS AS (SELECT PARTY_CD, " +
-                    sumWhere(db, "VOUCH_AMT", "VOUCH_TYPE = 'C'") + " AS CR, " +
-                    sumWhere(db, "VOUCH_AMT", "VOUCH_TYPE = 'D'") +
-                    " AS DR FROM ALEDGER GROUP BY PARTY_CD),"
-                    " SIDES AS (SELECT PARTY_CD, CR, 0 AS DR FROM SUMS WHERE CR IS NOT NULL"
-                    " UNION ALL SELECT PARTY_CD, 0, DR FROM SUMS WHERE DR IS NOT NULL)"
-                    " SELECT GROUP_CD, ACC_CD, ACC_NAME, OP_BAL, 0, CR, DR"
-                    " FROM SIDES JOIN ACCOUNT ON SIDES.PARTY_CD = ACCOUNT.ACC_CD");
+    if (db.changeCount() != summed) sumSides(db);
     // A missing opening balance is nothing, as it is to one account's rebuild.
     db.passOver(kOlderBooks,
                 "UPDATE ACCOUNT SET CL_BAL = ROUNDED(ROUNDED(ROUNDED(COALESCE(OP_BAL, 0), 2) + " +

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <optional>
 #include <set>
 
 #include "base/text.h"
@@ -22,6 +23,18 @@ void dropList(Database& db, const std::string& name) { db.engine().dropList(name
 
 void indexWorkTable(Database& db, const std::string& table, const std::string& columns) {
   db.engine().indexWorkTable(table, columns);
+}
+
+std::optional<std::int64_t> readStill(Database& db, const std::function<void()>& read) {
+  for (int left = 3;; --left) {
+    std::optional<Transaction> still;
+    if (!db.engine().locksWhatItCopies()) still.emplace(db, Transaction::Writes::WorkTables);
+    const auto before = db.changeCount();
+    read();
+    const bool stood = db.changeCount() == before;
+    if (still) still->commit();
+    if (stood || left == 1) return before;
+  }
 }
 
 void ensureTable(Database& db, std::string_view table) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -111,6 +112,11 @@ class Engine {
   virtual void dropIndex(std::string_view name) = 0;
   // An index over all rows begins with the column.
   virtual bool isIndexed(std::string_view table, std::string_view column) = 0;
+  // The different values of an indexed column are found sooner by a recursive select, which looks for each next
+  // one, than by DISTINCT.
+  virtual bool stepsThroughValues() const = 0;
+  // Within a transaction over work tables, what is copied into them is locked against whoever saves.
+  virtual bool locksWhatItCopies() const = 0;
 
   virtual std::vector<std::string> views() = 0;
   virtual void createView(const std::string& name, const std::string& select) = 0;
@@ -144,6 +150,10 @@ void makeList(Database& db, const std::string& name, const std::string& select);
 void dropList(Database& db, const std::string& name);
 // Lets rows of a work table be found by the columns; once for a connection.
 void indexWorkTable(Database& db, const std::string& table, const std::string& columns);
+
+// Runs what fills work tables from the books; once more, three times at most, where somebody stored something
+// meanwhile. Returns how often the books had been changed when it began (Database::changeCount).
+std::optional<std::int64_t> readStill(Database& db, const std::function<void()>& read);
 
 // A table that the dictionary declares, where it is missing.
 void ensureTable(Database& db, std::string_view table);

@@ -60,6 +60,8 @@ class ServerEngine final : public Engine {
   void createIndex(const IndexShape& index) override;
   void dropIndex(std::string_view name) override;
   bool isIndexed(std::string_view table, std::string_view column) override;
+  bool locksWhatItCopies() const override { return true; }
+  bool stepsThroughValues() const override { return false; }
 
   std::vector<std::string> views() override;
   void createView(const std::string& name, const std::string& select) override;

@@ -159,12 +159,15 @@ std::vector<std::vector<std::string>> ServerEngine::tell(const std::string& sql)
 
 void ServerEngine::begin(Transaction::Writes what) {
   const bool writes = what == Transaction::Writes::File;
-  const char* const start = writes ? "START TRANSACTION" : "START TRANSACTION WITH CONSISTENT SNAPSHOT";
+  const auto start = [&] {
+    if (!writes) tell("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ");
+    tell(writes ? "START TRANSACTION" : "START TRANSACTION WITH CONSISTENT SNAPSHOT");
+  };
   try {
-    tell(start);
+    start();
   } catch (const DatabaseError& error) {
     if (error.kind() != Kind::lost) throw;
-    tell(start);  // over a new connection
+    start();  // over a new connection
   }
   state_ = writes ? State::Writing : State::Reading;
   journalMark_ = journal_.mark();

@@ -107,7 +107,9 @@ void ServerLink::useSettings() {
   // Bound values take the collation of this statement too, and of no other.
   ask("SET NAMES utf8mb4 COLLATE utf8mb4_uca1400_nopad_as_ci");
   ask(kSettings + std::to_string(std::max(1, (lockWaitMs() + 500) / 1000)));
-  ask("SET SESSION TRANSACTION ISOLATION LEVEL REPEATABLE READ");
+  // Else what is copied into work tables would be locked against whoever saves. Writers come one by one, so
+  // that nothing changes under them.
+  ask("SET SESSION TRANSACTION ISOLATION LEVEL READ COMMITTED");
   // A node that is no part of its cluster any more.
   for (const auto& row : rows("SHOW STATUS LIKE 'wsrep_ready'"))
     if (row.back() == "OFF" && ask("SELECT @@wsrep_on").front() == "1")

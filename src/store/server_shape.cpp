@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "store/dictionary.h"
 #include "store/server_connection.h"
+#include "store/server_statement.h"
 
 // The shape of a database on a server. Definitions commit there what is in transaction, so that a table is
 // reshaped beside the standing one, which gives way in one step.
@@ -233,7 +234,7 @@ void ServerEngine::indexWorkTable(const std::string& table, const std::string& c
 
 void ServerEngine::makeList(const std::string& name, const std::string& select) {
   tell("CREATE TEMPORARY TABLE " + serverName(name) +
-       " (rowid BIGINT NOT NULL AUTO_INCREMENT INVISIBLE PRIMARY KEY) AS " + select);
+       " (rowid BIGINT NOT NULL AUTO_INCREMENT INVISIBLE PRIMARY KEY) AS " + onServerText(select));
   lists_.insert(upper(name));
 }
 

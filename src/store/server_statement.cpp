@@ -7,17 +7,17 @@
 #include "base/end_asked.h"
 #include "base/text.h"
 
-namespace {
-
-constexpr int kAskMs = 100;
-
-// What a server says in its own way.
-std::string onServerText(std::string text) {
+std::string onServerText(std::string_view statement) {
+  std::string text = replaceAll(statement, " CROSS JOIN ", " STRAIGHT_JOIN ");
   constexpr std::string_view kDefaults = " DEFAULT VALUES";
   if (text.ends_with(kDefaults))
     text.replace(text.size() - kDefaults.size(), kDefaults.size(), " () VALUES ()");
   return text;
 }
+
+namespace {
+
+constexpr int kAskMs = 100;
 
 enum_field_types readAs(enum_field_types type) {
   switch (type) {

@@ -2,9 +2,14 @@
 
 #include <mysql.h>
 
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "store/server_connection.h"
+
+// A statement in a server's own words.
+std::string onServerText(std::string_view statement);
 
 // A statement on a server, sent once and run with its values as often as wanted; on another connection it is
 // sent again. What it selects is read at once, so that other statements may run between its rows.

@@ -52,6 +52,8 @@ class SqliteEngine final : public Engine {
   void createIndex(const IndexShape& index) override;
   void dropIndex(std::string_view name) override;
   bool isIndexed(std::string_view table, std::string_view column) override;
+  bool locksWhatItCopies() const override { return false; }
+  bool stepsThroughValues() const override { return true; }
 
   std::vector<std::string> views() override;
   void createView(const std::string& name, const std::string& select) override;

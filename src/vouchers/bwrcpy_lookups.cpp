@@ -8,7 +8,7 @@ using namespace fields;
 namespace {
 
 const std::vector<OrderTerm> kNewest{down("RPTPAY.VOUCH_DT"), down("RPTPAY.vouch_no")};
-const SelectColumn kDay{"SHOWN(vouch_dt,'dd/MM/yyyy')"};
+const SelectColumn kDay{"SHOWN(vouch_dt,'dd/mm/yyyy')"};
 
 }  // namespace
 
@@ -24,7 +24,7 @@ Go bwrcpy::oldEntries() {
                                          {"REF_NO", 1000},
                                          {"NARRATION", 1400},
                                          {"chq_no", 1000}},
-                             .from = "RPTPAY, ACCOUNT",
+                             .from = "RPTPAY CROSS JOIN ACCOUNT",
                              .where = "book_cd = ? AND RPTPAY.PARTY_CD = ACCOUNT.ACC_CD",
                              .order = kNewest,
                              .values = {kind_.code}}
@@ -34,7 +34,7 @@ Go bwrcpy::oldEntries() {
 Lookup bwrcpy::oldVouchers(const SelectColumn& second, const SelectColumns& more) const {
   return {
       .rows = {.columns = joined({{"vouch_no"}, second}, more),
-               .from = "RPTPAY INNER JOIN ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD",
+               .from = "RPTPAY CROSS JOIN ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD",
                .where = "book_cd = ?",
                .order = kNewest,
                .values = {kind_.code}}

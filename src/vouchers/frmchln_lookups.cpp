@@ -7,7 +7,7 @@ namespace {
 Lookup challans(SelectColumns columns) {
   return {
       .rows = {.columns = std::move(columns),
-               .from = "CHLN INNER JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD",
+               .from = "CHLN CROSS JOIN ACCOUNT ON CHLN.PARTY_CD = ACCOUNT.ACC_CD",
                .where = "CHLN.BOOK_CD = ?",
                .order = {down("vouch_no")}}
   };
@@ -34,7 +34,7 @@ Lookup namedUnits(SelectColumns columns) {
 Lookup items() {
   return {
       .rows = {.columns = {{"ITEM_CD", 1000}, {"ITEM_NAME", 6000}, {"dept_name", 3000}},
-               .from = "ITEM inner join deptment on item.dept_cd = deptment.dept_cd",
+               .from = "ITEM CROSS JOIN deptment on item.dept_cd = deptment.dept_cd",
                .order = {"ITEM_cd"}},
       .below = true
   };

@@ -16,7 +16,7 @@ Lookup offers(const SelectColumn& second, const SelectColumns& more) {
 Lookup items() {
   return {
       .rows = {.columns = {{"ITEM_CD"}, {"ITEM_NAME"}, {"dept_name"}},
-               .from = "item inner join deptment on item.dept_cd = deptment.dept_cd",
+               .from = "item CROSS JOIN deptment on item.dept_cd = deptment.dept_cd",
                .order = {"ITEM_NAME"}}
   };
 }

@@ -4,14 +4,14 @@ using namespace fields;
 
 namespace {
 
-const SelectColumn kDay{"SHOWN(SALE.vouch_dt,'dd/MM/yy')", 0, "VDT"};
+const SelectColumn kDay{"SHOWN(SALE.vouch_dt,'dd/mm/yy')", 0, "VDT"};
 const std::vector<OrderTerm> kNewest{down("VOUCH_DT"), down("bill_no"), down("vouch_no")};
 
-// A comma join keeps the bills whose accounts both stand.
+// The bills whose accounts both stand, read in the order of the bills.
 Lookup bills(const SelectColumn& second, const SelectColumns& more) {
   return {
       .rows = {.columns = joined({{"SALE.VOUCH_NO"}, second}, more),
-               .from = "SALE, ACCOUNT, ACCOUNT AS ACCOUNT_1",
+               .from = "SALE CROSS JOIN ACCOUNT CROSS JOIN ACCOUNT AS ACCOUNT_1",
                .where = "SALE.PARTY_CD = ACCOUNT.ACC_CD AND SALE.SALE_CD = ACCOUNT_1.ACC_CD AND book_cd = ?",
                .order = kNewest}
   };
@@ -43,9 +43,9 @@ Lookup billLines() {
                            {"SALE.NET_AMT"},
                            {"GR_NO"},
                            {"DESTI"}},
-               .from = "SALE, SALEITM, ITEM",
+               .from = "SALE CROSS JOIN SALEITM CROSS JOIN ITEM",
                .where = "SALE.VOUCH_NO = SALEITM.VOUCH_NO AND SALE.BOOK_CD = SALEITM.BOOK_CD"
-                        " AND SALEITM.ITEM_CD = ITEM.ITEM_CD AND SALE.book_cd = ?", .order = {down("SALE.VOUCH_DT"), down("bill_no"), down("SALE.vouch_no"), "SALEITM.SR_NO"}}
+                        " AND SALEITM.ITEM_CD = ITEM.ITEM_CD AND SALE.book_cd = ?", .order = {down("SALE.VOUCH_DT"), down("bill_no"), down("SALE.vouch_no")}}
   };
 }
 
@@ -106,7 +106,7 @@ Lookup itemUnits() {
                            {"SALE_rate2"},
                            {"desc1"},
                            {"0", 0, "min_stk"}},
-               .from = "ITEM, ITEMDTL, DEPTMENT",
+               .from = "ITEM CROSS JOIN DEPTMENT CROSS JOIN ITEMDTL",
                .where = "ITEM.DEPT_CD = DEPTMENT.DEPT_CD AND ITEM.ITEM_CD = ITEMDTL.ITEM_CD",
                .order = {"ITEM_NAME", "ITEM.rowid", "SIZE_CD"}},
       .along = "size_cd"
@@ -159,7 +159,7 @@ std::vector<GSTSAPU::KeyLookup> GSTSAPU::lookups(const VoucherKind& kind) {
       {kNumber,      F2,    bills({"SALE.GR_NO"}, ofBill), {Book}},
       {kNumber,      F3,    bills({"SALE.transport"}, ofBill), {Book}},
       {kNumber,      F4,    bills(amountText("NET_AMT", "NAMT"), {{"ACCOUNT.ACC_NAME"}, kDay, {"bill_no"}, {"ACCOUNT.AREA"}, {"ACCOUNT.CITY"}}), {Book}},
-      {kNumber,      F5,    bills({"SHOWN(VOUCH_DT,'dd/MMM/yyyy')", 0, "DT1"}, {{"ACCOUNT.ACC_NAME"}, {"NET_AMT"}, {"bill_no"}, {"ACCOUNT.AREA"}, {"ACCOUNT.CITY"}}), {Book}},
+      {kNumber,      F5,    bills({"SHOWN(VOUCH_DT,'dd/mmm/yyyy')", 0, "DT1"}, {{"ACCOUNT.ACC_NAME"}, {"NET_AMT"}, {"bill_no"}, {"ACCOUNT.AREA"}, {"ACCOUNT.CITY"}}), {Book}},
       {kNumber,      F8,    bills(ofAccount("GSTINNO", "SALE.PARTY_CD"), {{"BILL_NO"}, {"vouch_dt"}, {"NET_AMT"}, {"ACCOUNT.AREA"}, {"ACCOUNT.ACC_NAME"}, {"BL_TYPE"}}), {Book}},
       {kNumber,      F9,    bills({"CNAME"}, {{"SALE.BILL_NO"}, kDay, {"SALE.NET_AMT"}, {"CMOBNO"}}), {Book}},
       {kNumber,      F10,   bills({"CMOBNO"}, {{"SALE.BILL_NO"}, kDay, {"SALE.NET_AMT"}, {"CNAME"}}), {Book}},

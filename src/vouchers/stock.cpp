@@ -1,8 +1,10 @@
 #include "vouchers/stock.h"
 
 #include <string>
+#include <vector>
 
 #include "frame/voucher_kinds.h"
+#include "store/engine.h"
 #include "vouchers/items.h"
 
 // Summed in the index of the lines, which stands in the order of the groups.
@@ -24,9 +26,12 @@ void RebuildStock(Database& db) {
       " WHERE (DEPTMENT.NOCOUNT_STK IS NULL OR DEPTMENT.NOCOUNT_STK <> 'Y') AND D.ITEM_CD <> ?)"
       " SELECT ITS_ROW, STANDS FROM STOCK WHERE CL_STK IS NULL OR CL_STK <> STANDS";
   db.passOver(kOlderBooks, [&] {
-    if (!db.first(stale + " LIMIT 1", kMiscItem)) return;  // waits for nobody
+    std::vector<Row> rows;
+    const auto read = readStill(db, [&] { rows = db.all(stale, kMiscItem); });
+    if (rows.empty()) return;  // waits for nobody
     whole(db, [&] {
-      for (const Row& row : db.all(stale, kMiscItem))
+      if (db.changeCount() != read) rows = db.all(stale, kMiscItem);
+      for (const Row& row : rows)
         db.exec("UPDATE ITEMDTL SET CL_STK = ? WHERE rowid = ?", row.value(1), row.value(0));
     });
   });
