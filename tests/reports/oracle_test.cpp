@@ -12,6 +12,7 @@
 #include "reports/reports.h"
 #include "reports/statement.h"
 #include "store/templates.h"
+#include "support/on_server.h"
 #include "support/temp_folder.h"
 
 // Years at random, compared cell by cell with what the scripts beside this file work out from the raw
@@ -31,6 +32,7 @@ class Oracle : public ::testing::Test {
   void agree(const char* seed, size_t count) {
     makeCompanyDatabase(file_);
     run("make", seed);
+    ontoServer(file_);
     db.open(file_);
     const auto blocks = split(run("expect", ""), "@ ");
     ASSERT_EQ(blocks.size() - 1, count);

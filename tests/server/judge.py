@@ -77,11 +77,11 @@ def lost(book, found, deeds):
         now = found.get(number)
         if now:
             later = [d for d in done if now.ended and d.begun > now.ended]
-            faults += ["%s %d shows %s, though %s came later" % (book, number, now.tag, d.tag) for d in later]
+            faults += ["%s %d shows %s, though %s came later" % (book, number, now, d) for d in later]
         else:
             gone = [d for d in deeds if d.book == book and d.number == number and not d.bill]
             if not any(all(d.bill is None or not gone_by.ended or d.begun < gone_by.ended for d in done) for gone_by in gone):
-                faults.append("%s %d is missing: %s" % (book, number, ", ".join(d.tag for d in done)))
+                faults.append("%s %d is missing: %s" % (book, number, ", ".join(map(str, done))))
     return faults
 
 

@@ -60,9 +60,11 @@ class Node:
             begin = log.tell()
             self.process = begin_group(*os.path.split(self.folder), self.command(more), stdin=subprocess.DEVNULL, stdout=log, stderr=log,
                                        env={**os.environ, "PATH": PATH}, **OWNER)
-        wait(lambda: self.process.poll() is not None or "ready for connections" in self.said(begin), "a server's start")
-        if self.process.poll() is not None:
-            raise RuntimeError("The server did not start:\n" + self.said(begin)[-2000:])
+        try:
+            wait(lambda: self.process.poll() is not None or "ready for connections" in self.said(begin), "a server's start")
+        finally:
+            if "ready for connections" not in self.said(begin):
+                raise RuntimeError("The server did not start:\n" + self.said(begin)[-4000:])
         return self
 
     def said(self, begin=0):

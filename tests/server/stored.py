@@ -15,7 +15,7 @@ class Stored:
     def rows(self, statements):
         """For each statement its rows, which are lists of texts and None."""
         answer = subprocess.run(["mariadb", "--no-defaults", "--xml", "--socket=" + self.node.folder + "/socket", "--user=root"],
-                                input="SET NAMES utf8mb4;" + ";".join(statements), text=True, check=True, capture_output=True).stdout
+                                input="SET NAMES utf8mb4; SET wsrep_sync_wait = 15;" + ";".join(statements), text=True, check=True, capture_output=True).stdout
         sets = [tree.fromstring(part) for part in answer.split('<?xml version="1.0"?>')[1:]]
         return [[[None if len(cell.attrib) > 1 else cell.text or "" for cell in row] for row in one] for one in sets]
 

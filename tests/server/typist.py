@@ -88,6 +88,10 @@ class Deed:
     ended: float = None  # told as done
     told: list = field(default_factory=list)
 
+    def __str__(self):
+        ended = "%.1f" % self.ended if self.ended else "?"
+        return "%s (%s, %.1f to %s)%s" % (self.tag, "save" if self.bill else "deletion", self.begun, ended, "".join("; " + t for t in self.told[-3:]))
+
 
 class Journal:
     def __init__(self):
@@ -227,6 +231,7 @@ class Typist:
     def delete(self):
         deed = self.journal.begin("SA", self.tag(), None, None)
         deed.number = self.look_for("SALE", "Alt+D", "SA")
+        deed.told = self.hand.said
         # Nothing is told of what went well.
         if deed.number and [line[:3] for line in self.hand.said] == ["que", "  ["]:
             deed.ended = time.monotonic()

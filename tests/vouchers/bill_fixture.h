@@ -14,6 +14,7 @@
 #include "masters/frmhlp.h"
 #include "store/row_writer.h"
 #include "store/templates.h"
+#include "support/on_server.h"
 #include "support/temp_folder.h"
 #include "support/test_host.h"
 #include "vouchers/challans.h"
@@ -49,6 +50,7 @@ class BillTest : public ::testing::Test {
       fill(db);
     }
     std::filesystem::copy_file(made / "M00126.mdb", folder / "M00126.mdb");
+    ontoServer(folder / "M00126.mdb");
     Session& s = session();
     s.cndata = std::make_unique<Database>();
     s.cndata->open(folder / "M00126.mdb");
