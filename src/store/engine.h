@@ -112,8 +112,8 @@ class Engine {
   virtual void dropIndex(std::string_view name) = 0;
   // An index over all rows begins with the column.
   virtual bool isIndexed(std::string_view table, std::string_view column) = 0;
-  // The different values of an indexed column are found sooner by a recursive select, which looks for each next
-  // one, than by DISTINCT.
+  // The different values of an indexed column are found sooner by a recursive select, which looks for each
+  // next one, than by DISTINCT.
   virtual bool stepsThroughValues() const = 0;
   // Within a transaction over work tables, what is copied into them is locked against whoever saves.
   virtual bool locksWhatItCopies() const = 0;
