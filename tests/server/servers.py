@@ -56,6 +56,15 @@ class Node:
                 *self.options, *more]
 
     def start(self, *more):
+        for left in reversed(range(10)):
+            try:
+                return self.begin(more)
+            except RuntimeError as failure:
+                if not left or "Address already in use" not in str(failure):
+                    raise
+                time.sleep(1)  # what was killed holds it a moment longer
+
+    def begin(self, more):
         with open(self.log, "ab") as log:
             begin = log.tell()
             self.process = begin_group(*os.path.split(self.folder), self.command(more), stdin=subprocess.DEVNULL, stdout=log, stderr=log,
