@@ -1,8 +1,35 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
 #include "store/database.h"
 
-// All tables of one database into another that has none, whichever engines keep them: shapes, rows with their
-// numbers, indexes, views, the version that shaped it. What is read stands still meanwhile. Raises
-// DatabaseError.
-void copyBooks(Database& from, Database& to);
+// Books copied from one engine to another, and what shows that they are the same.
+
+// Letters of a date column on a server.
+inline constexpr int kLongestDate = 20;
+
+// Of one table: how many rows, the sum of each column of numbers, and a digest of every value and row
+// number in the order of the row numbers. The same on every engine, to the last bit.
+struct TableFigures {
+  double rows = 0;
+  std::vector<double> sums{};
+  std::uint64_t digest = 0;
+  bool operator==(const TableFigures&) const = default;
+};
+TableFigures figuresOf(Database& db, const std::string& table);
+
+// What is being done: "SALE", and how many of its rows are.
+using CopyProgress = std::function<void(const std::string& table, double rows)>;
+
+// All tables of `from` into `to`, which has none: shapes, rows with their numbers, keys that stood, indexes,
+// saved queries, the version of the shape; then each is read again and compared. Also tables that the
+// dictionary does not declare. What is read stands still meanwhile; work tables that stand before those of
+// the books on the connection of `from` go. Returns the tables whose key the new books cannot hold.
+//
+// Raises DatabaseError, with table, column and row where a value is none of its column's kind (a text among
+// numbers), is too long for it or is no text (UTF-8).
+std::vector<std::string> copyBooks(Database& from, Database& to, const CopyProgress& progress = {});

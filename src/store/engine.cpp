@@ -43,6 +43,12 @@ void ensureTable(Database& db, std::string_view table) {
 
 double standingRows(Database& db, const std::string& table) { return db.engine().standingRows(table); }
 
+RowCounts rowsOfTables(Database& db) {
+  RowCounts counts;
+  for (const std::string& table : db.engine().tables()) counts.emplace_back(table, standingRows(db, table));
+  return counts;
+}
+
 bool hasIndex(Database& db, std::string_view name) { return db.engine().hasIndex(name); }
 
 bool isIndexed(Database& db, std::string_view table, std::string_view column) {

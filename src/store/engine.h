@@ -52,6 +52,8 @@ struct IndexShape {
   bool unique = false;
 };
 
+using RowCounts = std::vector<std::pair<std::string, double>>;
+
 // One connection. Tables are named without brackets; work tables are looked past unless said otherwise.
 class Engine {
  public:
@@ -100,6 +102,8 @@ class Engine {
   // An empty one, before a table of its name, for this connection alone.
   virtual void makeWorkTable(const std::string& table, const std::vector<Column>& columns) = 0;
   virtual void indexWorkTable(const std::string& table, const std::string& columns) = 0;
+  // So that what they stand before can be read; where that needs it.
+  virtual void dropWorkTables() {}
 
   // Lists: tables of the connection's own, made of a select.
   virtual void makeList(const std::string& name, const std::string& select) = 0;
@@ -133,8 +137,8 @@ class Engine {
   // The catalogue's table beside the books, between the two calls, in one transaction with them.
   virtual std::string joinCatalogue(const std::filesystem::path& catalogue) = 0;
   virtual void leaveCatalogue() = 0;
-  // Copies all into a new file while others may read; they cannot write meanwhile.
-  virtual void copyInto(const std::filesystem::path& file) = 0;
+  // Copies all into a new file as it stands at one moment; returns how many rows each table had then.
+  virtual RowCounts copyInto(const std::filesystem::path& file) = 0;
 };
 
 // The row number of the row that was inserted last over this connection.
@@ -160,6 +164,7 @@ void ensureTable(Database& db, std::string_view table);
 
 // How many rows the table of the books has, also where a work table stands before it.
 double standingRows(Database& db, const std::string& table);
+RowCounts rowsOfTables(Database& db);
 bool hasIndex(Database& db, std::string_view name);
 // An index over all rows begins with the column.
 bool isIndexed(Database& db, std::string_view table, std::string_view column);

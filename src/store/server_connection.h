@@ -51,6 +51,7 @@ class ServerEngine final : public Engine {
   void dropTable(const std::string& table) override;
   void makeWorkTable(const std::string& table, const std::vector<Column>& columns) override;
   void indexWorkTable(const std::string& table, const std::string& columns) override;
+  void dropWorkTables() override;
 
   void makeList(const std::string& name, const std::string& select) override;
   void dropList(const std::string& name) override;
@@ -73,7 +74,7 @@ class ServerEngine final : public Engine {
   void writesInBulk(bool) override {}
   std::string joinCatalogue(const std::filesystem::path& catalogue) override;
   void leaveCatalogue() override {}
-  void copyInto(const std::filesystem::path& file) override;
+  RowCounts copyInto(const std::filesystem::path& file) override;
 
   // For its statements.
   ServerLink& link() { return link_; }

@@ -347,8 +347,11 @@ std::string ServerEngine::joinCatalogue(const std::filesystem::path& catalogue) 
   return serverName(stemOf(catalogue)) + ".compny";
 }
 
-void ServerEngine::copyInto(const std::filesystem::path& file) {
-  Database copy;
+// Over a connection of its own, where no work table stands before what is copied.
+RowCounts ServerEngine::copyInto(const std::filesystem::path& file) {
+  Database same, copy;
+  same.openOnServer(books_, Access::readOnly);
   copy.openFile(file, Access::create);
-  copyBooks(face_, copy);
+  copyBooks(same, copy);
+  return rowsOfTables(copy);
 }

@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "store/copy_books.h"
 #include "store/dictionary.h"
 #include "store/server_connection.h"
 #include "store/server_statement.h"
@@ -12,7 +13,6 @@
 namespace {
 
 constexpr const char* kDateCollation = "utf8mb4_nopad_bin";
-constexpr int kLongestDate = 20;
 constexpr size_t kLongestKey = 3072;  // bytes, by the engine
 constexpr size_t kBytesOfALetter = 4;
 
@@ -230,6 +230,13 @@ void ServerEngine::indexWorkTable(const std::string& table, const std::string& c
   if (workIndexes_.contains(key)) return;
   workIndexes_[key] = columns;
   makeWorkTable(key, std::vector<Column>(work_.at(key)));
+}
+
+void ServerEngine::dropWorkTables() {
+  for (const auto& [table, columns] : work_) tell("DROP TEMPORARY TABLE " + serverName(table));
+  work_.clear();
+  nextRow_.clear();
+  journal_.clear();
 }
 
 void ServerEngine::makeList(const std::string& name, const std::string& select) {

@@ -65,7 +65,7 @@ class SqliteEngine final : public Engine {
   void writesInBulk(bool bulk) override;
   std::string joinCatalogue(const std::filesystem::path& catalogue) override;
   void leaveCatalogue() override;
-  void copyInto(const std::filesystem::path& file) override;
+  RowCounts copyInto(const std::filesystem::path& file) override;
 
  private:
   void useSettings();

@@ -275,13 +275,16 @@ std::string SqliteEngine::joinCatalogue(const std::filesystem::path& catalogue) 
 
 void SqliteEngine::leaveCatalogue() { face_.exec("DETACH ?", "catalogue"); }
 
-// Others cannot write between the copying and what the caller compares.
-void SqliteEngine::copyInto(const std::filesystem::path& file) {
+RowCounts SqliteEngine::copyInto(const std::filesystem::path& file) {
+  // Others store nothing between the copying and the counting.
+  const Transaction same(face_, Transaction::Writes::WorkTables);
+  tables();
   try {
     SQLite::Database copy(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, lockWaitMs());
     const int result = SQLite::Backup(copy, sqlite_).executeStep();
     if (result != SQLITE_DONE)
       throw DatabaseError(kindOf(result), shownName(file_), sqlite3_errstr(result), {}, result);
+    return rowsOfTables(face_);
   } catch (const SQLite::Exception& error) {
     throw DatabaseError(kindOf(error.getErrorCode()), shownName(file), error.what(), {},
                         error.getExtendedErrorCode());
