@@ -9,10 +9,13 @@
 #include "frame/voucher_kinds.h"
 #include "platform/whole_file.h"
 #include "store/backup.h"
+#include "store/copy_books.h"
 #include "store/dictionary.h"
 #include "store/engine.h"
 #include "store/lock_file.h"
+#include "store/place.h"
 #include "store/safe_file.h"
+#include "store/server_books.h"
 #include "store/templates.h"
 
 namespace fs = std::filesystem;
@@ -161,7 +164,7 @@ std::string savedUnder(Database& db) {
 BackupFacts factsOf(const fs::path& file) {
   using Kind = DatabaseError::Kind;
   Database db;
-  db.open(file, Access::readOnly);
+  db.openFile(file, Access::readOnly);
   if (!isCompanyYear(db)) throw DatabaseError(Kind::notDatabase, file.filename().string(), {});
   if (const std::string found = damageIn(db); !found.empty())
     throw DatabaseError(Kind::damaged, file.filename().string(), found);
@@ -184,16 +187,22 @@ bool belongsTo(const BackupFacts& facts, const fs::path& file, const std::string
 }
 
 fs::path restoreBackup(const fs::path& backup, const fs::path& database, const std::string& stamp) {
-  const LockFile lock(database, LockFile::Hold::Alone);
-  if (!lock.alone()) throw DatabaseError(DatabaseError::Kind::locked, database.filename().string(), {});
+  const bool server = onServer(database);
+  const LockFile lock = server ? LockFile() : LockFile(database, LockFile::Hold::Alone);
+  if (!lock.alone() || (server && !nobodyIn(database)))
+    throw DatabaseError(DatabaseError::Kind::locked, database.filename().string(), {});
   Database source;
-  source.open(backup, Access::readOnly);
+  source.openFile(backup, Access::readOnly);
   const std::string stem = database.stem().string();
   Name name{.stamp = stamp};
   fs::path aside;
   do aside = database.parent_path() / (written(stem, name) + "_replaced.mdb");
-  while (fileExists(aside) && ++name.again > 1);
-  const bool replaces = fileExists(database);
+  while ((server ? standsOnServer(aside) : fileExists(aside)) && ++name.again > 1);
+  const bool replaces = booksExist(database);
+  if (server) {
+    buildOnServer(database, aside, [&](Database& db) { copyBooks(source, db); });
+    return replaces ? aside.stem() : fs::path();
+  }
   if (replaces) copyDatabase(database, aside);
   backUpDatabase(source, database);
   return replaces ? aside : fs::path();

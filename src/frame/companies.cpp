@@ -16,7 +16,9 @@
 #include "frame/settings.h"
 #include "store/dictionary.h"
 #include "store/lock_file.h"
+#include "store/place.h"
 #include "store/safe_file.h"
+#include "store/server_books.h"
 #include "store/templates.h"
 
 namespace fs = std::filesystem;
@@ -48,7 +50,11 @@ std::string containing(const std::string& text) {
 // What a crash may have left beside the file.
 fs::path journalOf(const fs::path& file) { return file.string() + "-journal"; }
 
-fs::path goingName(const fs::path& file) { return file.string() + kGoing; }
+constexpr const char* kGoingOnServer = "_deleted";
+
+fs::path goingName(const fs::path& books) {
+  return onServer(books) ? besideBooks(books, kGoingOnServer) : fs::path(books.string() + kGoing);
+}
 
 // A file keeps its journal, without which it may not be whole.
 void moveFile(const fs::path& from, const fs::path& to) {
@@ -57,6 +63,26 @@ void moveFile(const fs::path& from, const fs::path& to) {
   if (!error) fs::rename(from, to, error);
   if (error) throw fileError(from, error);
 }
+
+void moveBooks(const fs::path& from, const fs::path& to) {
+  return onServer(from) || onServer(to) ? renameOnServer(from, to) : moveFile(from, to);
+}
+
+// Nobody else has the books open; those in a file nobody else can open as long as this stands.
+class Alone {
+ public:
+  explicit Alone(const fs::path& books) {
+    if (onServer(books))
+      alone_ = nobodyIn(books);
+    else
+      lock_ = LockFile(books, LockFile::Hold::Alone);
+  }
+  explicit operator bool() const { return alone_ && lock_.alone(); }
+
+ private:
+  LockFile lock_;
+  bool alone_ = true;
+};
 
 CompanyYear asStored(const CompanyYear& typed) {
   const double year = Val(typed.from);
@@ -76,19 +102,8 @@ bool sameBytes(const fs::path& a, const fs::path& b) {
   return std::equal(Bytes(first), Bytes(), Bytes(second), Bytes());
 }
 
-void putAside(const fs::path& file) {
-  fs::path aside;
-  int n = 0;
-  do aside = file.parent_path() / (file.stem().string() + "_old" + std::to_string(++n) + ".mdb");
-  while (fileExists(aside));
-  moveFile(file, aside);
-}
-
-// The copy's own year is its period, and its exits make backups.
-void beginBooks(const fs::path& file, const CompanyYear& which, const fs::path& from) {
-  Database db;
-  db.open(file);
-  if (!isCompanyYear(db)) throw DatabaseError(DatabaseError::Kind::notDatabase, from.filename().string(), {});
+// New books' own year is their period, and their exits make backups.
+void beginBooks(Database& db, const CompanyYear& which) {
   const std::chrono::year first{static_cast<int>(Val(which.from))};
   whole(db, [&] {
     db.passOver(kOlderBooks,
@@ -98,12 +113,11 @@ void beginBooks(const fs::path& file, const CompanyYear& which, const fs::path& 
 }
 
 // What the shop has set for its latest year before this one goes on.
-void takeLastSettings(const fs::path& making, const std::optional<fs::path>& before) {
-  if (!before || !fileExists(*before)) return;
+void takeLastSettings(Database& db, const std::optional<fs::path>& before) {
+  if (!before || !booksExist(*before)) return;
   try {
-    Database db, earlier;
+    Database earlier;
     earlier.open(*before, Access::readOnly);
-    db.open(making);
     whole(db, [&] { takeSettings(db, earlier); });
   } catch (const DatabaseError& error) {
     if (error.kind() == DatabaseError::Kind::full) throw;
@@ -116,10 +130,28 @@ void beginFile(const fs::path& file, const CompanyYear& which, const fs::path& f
                const std::optional<fs::path>& before) {
   buildBeside(file, [&](const fs::path& making) {
     copyFile(from, making);
-    beginBooks(making, which, from);
-    takeLastSettings(making, before);
-    if (fileExists(file) && !sameBytes(making, file)) putAside(file);
+    Database db;
+    db.open(making);
+    if (!isCompanyYear(db))
+      throw DatabaseError(DatabaseError::Kind::notDatabase, from.filename().string(), {});
+    beginBooks(db, which);
+    takeLastSettings(db, before);
+    db.close();
+    if (fileExists(file) && !sameBytes(making, file)) moveFile(file, freeName(file));
   });
+}
+
+void beginOnServer(const fs::path& books, const CompanyYear& which, const std::optional<fs::path>& before) {
+  buildOnServer(books, freeName(books), [&](Database& db) {
+    fillCompanyDatabase(db);
+    beginBooks(db, which);
+    takeLastSettings(db, before);
+  });
+}
+
+void begin(const fs::path& books, const CompanyYear& which, const fs::path& from,
+           const std::optional<fs::path>& before) {
+  return onServer(books) ? beginOnServer(books, which, before) : beginFile(books, which, from, before);
 }
 
 std::optional<fs::path> lastBooks(Database& catalogue, const fs::path& folder, const CompanyYear& wanted) {
@@ -147,14 +179,16 @@ Deletion deleteRow(Database& catalogue, const CompanyYear& which) {
   });
 }
 
-fs::path backUpBefore(Database& catalogue, const fs::path& file, const std::string& dataname,
-                      const std::string& stamp) {
+fs::path backUpBefore(Database& catalogue, const fs::path& file, const std::string& stamp) {
   Database year;
-  year.open(file);
+  if (onServer(file))
+    year.openOnServer(goingName(file));
+  else
+    year.openFile(goingName(file));
   if (!isCompanyYear(year)) throw DatabaseError(DatabaseError::Kind::notDatabase, shownName(file), {});
   std::string named;
   year.passOver(kOlderBooks, [&] { named = year.text("SELECT VOUCH_NM FROM SPSFILE WHERE VOUCH_NO = 234"); });
-  return makeBackup(year, catalogue, backupFolder(named, file.parent_path()), dataname, stamp,
+  return makeBackup(year, catalogue, backupFolder(named, file.parent_path()), file.stem().string(), stamp,
                     BackupKind::Asked);
 }
 
@@ -209,6 +243,14 @@ std::string yearRefusal(const std::string& year, CreateBy by) {
 
 }  // namespace
 
+void openCatalogue(Database& catalogue, const fs::path& folder) {
+  const fs::path books = folder / "comp.mdb";
+  if (onServer(books) && !booksExist(books)) buildOnServer(books, freeName(books), fillCatalogue);
+  catalogue.open(books);
+  if (!CheckTable(catalogue, "compny"))
+    throw DatabaseError(DatabaseError::Kind::notDatabase, books.filename().string(), {});
+}
+
 std::vector<CompanyYear> companyYears(Database& catalogue, const std::string& search) {
   if (search.empty())
     return readAll(
@@ -247,6 +289,14 @@ fs::path dataFile(const fs::path& folder, const CompanyYear& which) {
   return folder / (stem + ".mdb");
 }
 
+fs::path freeName(const fs::path& books) {
+  fs::path aside;
+  int n = 0;
+  do aside = besideBooks(books, "_old" + std::to_string(++n));
+  while (onServer(books) ? standsOnServer(aside) : fileExists(aside));
+  return aside;
+}
+
 std::string nextCompanyCode(Database& catalogue) {
   double n = 1;
   for (auto codes = catalogue.query("SELECT COMP_ID FROM compny WHERE COMP_ID LIKE 'M_%'"); codes.next();) {
@@ -266,7 +316,7 @@ std::string creationRefusal(Database& catalogue, const fs::path& folder, const C
   if (catalogue.first("SELECT 1 FROM compny WHERE COMP_NAME = ? AND FROMYR = ?", wanted.name, wanted.from) ||
       companyYear(catalogue, wanted.code, wanted.from))
     return kTaken;
-  if (!fileExists(templateFile(folder, by)))
+  if (!onServer(dataFile(folder, wanted)) && !fileExists(templateFile(folder, by)))
     return words("Template {file} Not Found", "file", templateFile(folder, by).filename().string());
   return {};
 }
@@ -276,15 +326,15 @@ void createCompanyYear(Database& catalogue, const fs::path& folder, const Compan
   using Kind = DatabaseError::Kind;
   const CompanyYear wanted = asStored(typed);
   const fs::path file = dataFile(folder, wanted);
-  const LockFile lock(file, LockFile::Hold::Alone);
-  if (!lock.alone()) throw DatabaseError(Kind::locked, file.filename().string(), {});
+  const Alone alone(file);
+  if (!alone) throw DatabaseError(Kind::locked, file.filename().string(), {});
   bool made = false;
   try {
     // Begun before the file is made, so that of two programs only one makes it.
     whole(catalogue, [&] {
       if (companyYear(catalogue, wanted.code, wanted.from))
         throw DatabaseError(Kind::constraint, file.filename().string(), kTaken);
-      if (!made) beginFile(file, wanted, templateFile(folder, by), lastBooks(catalogue, folder, wanted));
+      if (!made) begin(file, wanted, templateFile(folder, by), lastBooks(catalogue, folder, wanted));
       made = true;
       catalogue.exec(
           "INSERT INTO compny (COMP_ID, COMP_NAME, FROMYR, TOYR, MOBNOCO, DATANM, DATASENT)"
@@ -292,7 +342,7 @@ void createCompanyYear(Database& catalogue, const fs::path& folder, const Compan
           wanted.code, wanted.name, wanted.from, wanted.to, mobile, dataStem(wanted.code, wanted.from));
     });
   } catch (...) {
-    if (made) takeBack(catalogue, wanted, file);
+    if (made && !onServer(file)) takeBack(catalogue, wanted, file);
     throw;
   }
 }
@@ -315,31 +365,51 @@ std::string renameCompany(Database& catalogue, const CompanyYear& row, const std
 Deleted deleteCompanyYear(Database& catalogue, const fs::path& folder, const CompanyYear& which,
                           const std::string& stamp) {
   const fs::path file = dataFile(folder, which), going = goingName(file);
-  const LockFile lock(file, LockFile::Hold::Alone);
-  if (!lock.alone()) return {Deletion::InUse};
+  const Alone alone(file);
+  if (!alone) return {Deletion::InUse};
   Deleted result{mayGo(catalogue, which)};
   if (result.outcome != Deletion::Done) return result;
   // Out of reach under its other name; who is killed from here on leaves it to endDeletions.
-  const bool there = fileExists(file);
-  if (there) moveFile(file, going);
+  const bool there = booksExist(file);
+  if (there) moveBooks(file, going);
   const auto back = [&] {
-    if (there) moveFile(going, file);
+    if (there) moveBooks(going, file);
   };
   try {
-    if (there) result.backup = backUpBefore(catalogue, going, file.stem().string(), stamp);
+    if (there) result.backup = backUpBefore(catalogue, file, stamp);
     result.outcome = deleteRow(catalogue, which);
   } catch (...) {
     back();
     throw;
   }
-  if (result.outcome == Deletion::Done)
-    removeWithJournal(going);
-  else
+  if (result.outcome != Deletion::Done)
     back();
+  else if (onServer(file))
+    dropOnServer(going);
+  else
+    removeWithJournal(going);
   return result;
 }
 
 void endDeletions(Database& catalogue, const fs::path& folder) {
+  const auto named = [&](const fs::path& books) {
+    return std::ranges::any_of(companyYears(catalogue), [&](const CompanyYear& y) {
+      return sameText(dataStem(y.code, y.from), books.stem().string());
+    });
+  };
+  if (onServer(catalogue.file())) {
+    for (const fs::path& going : booksOnServer(folder, kGoingOnServer)) {
+      const std::string stem = going.stem().string();
+      const fs::path books =
+          folder / (stem.substr(0, stem.size() - std::string_view(kGoingOnServer).size()) + ".mdb");
+      if (!nobodyIn(going)) continue;  // another program is about it
+      if (named(books) && !booksExist(books))
+        moveBooks(going, books);
+      else
+        dropOnServer(going);
+    }
+    return;
+  }
   std::vector<fs::path> left;
   std::error_code error;
   for (fs::directory_iterator each(folder, error), end; !error && each != end; each.increment(error)) {
@@ -350,13 +420,9 @@ void endDeletions(Database& catalogue, const fs::path& folder) {
   }
   for (const fs::path& file : left) {
     const LockFile lock(file, LockFile::Hold::Alone);
-    if (!lock.alone()) continue;  // another program is about it
-    const auto years = companyYears(catalogue);
-    const bool named = std::ranges::any_of(years, [&](const CompanyYear& y) {
-      return sameText(dataStem(y.code, y.from), file.stem().string());
-    });
+    if (!lock.alone()) continue;                     // another program is about it
     const bool half = !fileExists(goingName(file));  // killed behind the journal
-    if (!named || (fileExists(file) && !half))
+    if (!named(file) || (fileExists(file) && !half))
       removeWithJournal(goingName(file));
     else if (half)
       fs::rename(journalOf(goingName(file)), journalOf(file), error);
@@ -374,13 +440,15 @@ std::string openCompanyYear(const CompanyYear& which) {
   s.mfromyr = trim(which.from);
   s.mtoyr = trim(which.to);
   // Its file bears another name while it is being deleted.
-  if (LockFile(file).refused()) throw DatabaseError(DatabaseError::Kind::locked, s.mdbfile, {});
-  if (!fileExists(s.mdbpath)) return english("Company Data Not Found");
+  if (!onServer(file) && LockFile(file).refused())
+    throw DatabaseError(DatabaseError::Kind::locked, s.mdbfile, {});
+  if (!booksExist(file)) return english("Company Data Not Found");
 
   auto opened = std::make_unique<Database>();
   opened->open(s.mdbpath);
   if (!isCompanyYear(*opened)) throw DatabaseError(DatabaseError::Kind::notDatabase, s.mdbfile, {});
   RemakeWorkTables(*opened);
+  if (onServer(file)) ensureViews(*opened);
   if (opened->firstUser()) s.mfirstuser = true;
   // Whoever was first at the catalogue may find others in these books.
   if (opened->firstUser() && CheckTable(*opened, "SPSFILE")) clearMarks(*opened);

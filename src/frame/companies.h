@@ -14,7 +14,12 @@ struct CompanyYear {
   std::string code{};  // COMP_ID, "M001"
   std::string name{};
   std::string from{}, to{};  // four-digit years
+  bool operator==(const CompanyYear&) const = default;
 };
+
+// Opens the catalogue of a program folder; on a server that has none an empty one is made. Raises
+// DatabaseError.
+void openCatalogue(Database& catalogue, const std::filesystem::path& folder);
 
 // In the order of the codes, the latest year first; with a search text only those whose name contains it.
 std::vector<CompanyYear> companyYears(Database& catalogue, const std::string& search = {});
@@ -27,6 +32,9 @@ std::string dataStem(const std::string& code, const std::string& from);
 // Raises DatabaseError for a code or year of other signs than letters and digits, which might lead
 // out of the folder.
 std::filesystem::path dataFile(const std::filesystem::path& folder, const CompanyYear& which);
+
+// A name under which books that stand in the way of others are put aside: M00326_old1.mdb.
+std::filesystem::path freeName(const std::filesystem::path& books);
 
 // "M00" or "M0" and the number after the highest of the catalogue: M001 to M099, M0100 ...
 std::string nextCompanyCode(Database& catalogue);

@@ -121,6 +121,11 @@ void FRMCOMP::opened(const Opening&) {
   fill();
 }
 
+// Companies may have come to the server meanwhile.
+void FRMCOMP::activated() {
+  if (!newcomp_ && companyYears(catalogue(), text(kSearch)) != rows_) fill(at("lst").grid.current);
+}
+
 void FRMCOMP::closed() {
   if (okpressed_) return;
   // The mark decides nothing: neither a missing table nor a folder that cannot be written to

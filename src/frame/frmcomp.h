@@ -13,6 +13,7 @@ class FRMCOMP : public Screen {
  public:
   explicit FRMCOMP(Host& host);
   void opened(const Opening& opening) override;
+  void activated() override;
   void closed() override;
   void typed(Control& list, char32_t ch) override;
 

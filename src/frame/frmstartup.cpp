@@ -6,6 +6,7 @@
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "store/balances.h"
+#include "store/dictionary.h"
 #include "store/settled.h"
 
 namespace {
@@ -101,6 +102,11 @@ void frmStartup::open() {
   timerMs = 0;
   host.refresh();
   runOpeningRoutines(host);
+  if (shapeVersion(data()) == kHalfWalked)
+    host.message(
+        english(
+            "The Database Check Of These Books Was Not Ended\r\nDo It Again :: Utilities, Database Check"),
+        kMessageTitle);
   host.open("frmmain");
   host.close(*this);
   if (!newCompany_.empty()) host.open("stngs", {.value = newCompany_});

@@ -15,6 +15,7 @@ struct Session : Settings {
   // Set at start-up.
   std::string mapppath;  // folder of the program: the whole installation
   std::string mversion;  // "1.01"
+  std::string mdbtype;   // "ACCESS": books in files, "MYSQL": on the server that the folder names
   double mbasewidth = 0, mbaseheight = 0, mtwipx = 0, mtwipy = 0;
   double mxscale = 0, myscale = 0;  // pixels wide / 800, pixels high / 600
   std::unique_ptr<Database> cncomp, cndata;

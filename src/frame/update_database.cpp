@@ -38,7 +38,9 @@ UpdateDatabase::UpdateDatabase(Host& theHost)
     : ProgressDialog(theHost, updateTable(),
                      {.start = "cmdupdate",
                       .cancel = "Cmdclose",
-                      .undone = "The Update Was Not Done :: The Books Are As They Were"}) {
+                      .undone = session().mdbtype == "MYSQL"
+                                    ? english("The Update Was Not Ended :: Nothing Is Lost :: Do It Again")
+                                    : english("The Update Was Not Done :: The Books Are As They Were")}) {
   wire<UpdateDatabase>(*this, {
                                   {"cmdupdate", On::Click,    &UpdateDatabase::update},
                                   {"Cmdclose",  On::Click,    &UpdateDatabase::close },

@@ -11,6 +11,7 @@
 #include "base/words.h"
 #include "store/alter.h"
 #include "store/engine.h"
+#include "store/place.h"
 #include "store/safe_file.h"
 
 namespace {
@@ -216,6 +217,12 @@ void DropUndeclared(Database& db) {
 int shapeVersion(Database& db) { return db.engine().shapeVersion(); }
 
 int shapeVersion(const std::filesystem::path& file) {
+  if (onServer(file)) {
+    if (!booksExist(file)) return 0;
+    Database db;
+    db.open(file, Access::readOnly);
+    return shapeVersion(db);
+  }
   if (!isPlainFile(file)) return 0;
   // Where the file format keeps it; a file that is no database tells so when it is opened.
   constexpr std::string_view kDatabase = "SQLite format 3";

@@ -18,6 +18,8 @@
 
 // The version of this program, 1.01, as a database carries it that was last shaped by it.
 inline constexpr int kShapeVersion = 101;
+// Of books on a server whose walk was not ended: there each of its steps stands by itself.
+inline constexpr int kHalfWalked = -1;
 
 struct DictionaryRow {
   int srno;  // order of the column in its table

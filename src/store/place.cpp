@@ -7,6 +7,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "store/safe_file.h"
+#include "store/server_books.h"
 #include "store/server_link.h"
 
 namespace fs = std::filesystem;
@@ -60,11 +61,7 @@ bool onServer(const fs::path& books) {
          isPlainFile(books.parent_path() / kServerFile);
 }
 
-bool booksExist(const fs::path& books) {
-  if (!onServer(books)) return fileExists(books);
-  ServerLink link(books.parent_path());
-  return link.hasDatabase(books.stem().string());
-}
+bool booksExist(const fs::path& books) { return onServer(books) ? standsOnServer(books) : fileExists(books); }
 
 ServerPlace serverPlace(const fs::path& folder) {
   ServerPlace place{.file = folder / kServerFile};

@@ -77,6 +77,17 @@ void addFreeTextItem(Database& db) {
   });
 }
 
+void makeDatabase(const fs::path& file, void (*fill)(Database&)) {
+  buildBeside(file, [&](const fs::path& making) {
+    Database db;
+    db.openFile(making, Access::create);
+    fill(db);
+    db.close();
+  });
+}
+
+}  // namespace
+
 void fillCompanyDatabase(Database& db) {
   Transaction all(db);
   CreateDictionary(db);
@@ -100,17 +111,6 @@ void fillCompanyDatabase(Database& db) {
   all.commit();
 }
 
-void makeDatabase(const fs::path& file, void (*fill)(Database&)) {
-  buildBeside(file, [&](const fs::path& making) {
-    Database db;
-    db.openFile(making, Access::create);
-    fill(db);
-    db.close();
-  });
-}
-
-}  // namespace
-
 void makeCompanyDatabase(const fs::path& file) { makeDatabase(file, fillCompanyDatabase); }
 
 void makeTemplates(const fs::path& folder) {
@@ -125,14 +125,14 @@ void makeUserTable(Database& db) {
                       " LOGGEDON TEXT(2) COLLATE NOCASE CHECK (LENGTH(LOGGEDON) <= 2))"));
 }
 
-void makeCatalogue(const fs::path& file) {
-  makeDatabase(file, [](Database& db) {
-    Transaction all(db);
-    db.engine().createTable("compny", dictionaryColumns("COMPNY"));
-    makeUserTable(db);
-    all.commit();
-  });
+void fillCatalogue(Database& db) {
+  Transaction all(db);
+  db.engine().createTable("compny", dictionaryColumns("COMPNY"));
+  makeUserTable(db);
+  all.commit();
 }
+
+void makeCatalogue(const fs::path& file) { makeDatabase(file, fillCatalogue); }
 
 void copyDatabase(const fs::path& from, const fs::path& to) {
   buildBeside(to, [&](const fs::path& making) { copyFile(from, making); });

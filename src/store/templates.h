@@ -16,6 +16,9 @@ void makeTemplates(const std::filesystem::path& folder);
 // comp.mdb without a row: tables compny and USER1.
 void makeCatalogue(const std::filesystem::path& file);
 void makeUserTable(Database& db);
+// The same in databases that stand open and empty.
+void fillCompanyDatabase(Database& db);
+void fillCatalogue(Database& db);
 
 // Copies a closed database; an old file of that name is replaced. The copy is on the disk when
 // this returns, so that a row naming it may be stored after.

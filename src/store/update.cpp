@@ -7,6 +7,7 @@
 #include "store/dictionary.h"
 #include "store/engine.h"
 #include "store/keys.h"
+#include "store/place.h"
 #include "store/safe_file.h"
 #include "store/seeds.h"
 #include "store/views.h"
@@ -81,6 +82,7 @@ std::vector<std::string> updateDatabase(Database& db, const UpdateFacts& facts,
     if (progress) progress(words);
     work();
   };
+  if (onServer(db.file())) db.engine().stampShape(kHalfWalked);
   Transaction all(db);
   step(english("Tables And Columns"), [&] { walk(db); });
   step(english("Print Designs"), [&] { EnsureDesigns(db); });

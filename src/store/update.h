@@ -12,7 +12,8 @@
 // remade, rows are repaired, the company's own row is written and the keys are made anew. A second
 // update changes nothing. All or nothing: a failure that must reach the user is raised and leaves the
 // database as it was, and so is a dictionary that cannot be written, a walk that would lose rows, and a
-// database of a newer program; a statement that merely fails is passed over.
+// database of a newer program; a statement that merely fails is passed over. On a server definitions stand
+// one by one: what fails there leaves the shape half walked (kHalfWalked), and the next walk ends it.
 
 struct UpdateFacts {
   std::string companyCode, companyName, fromYear, toYear, mobile, dataname;
