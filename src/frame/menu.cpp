@@ -5,6 +5,7 @@
 #include "base/words.h"
 #include "frame/books_check.h"
 #include "frame/category_list.h"
+#include "frame/move_books.h"
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "frame/voucher_kinds.h"
@@ -18,6 +19,17 @@ struct TopMenu {
   const char* control;
   const char* caption;
 };
+
+bool booksOnServer() { return session().mdbtype == "MYSQL"; }
+
+bool booksInFiles() {
+  try {
+    return booksOnServer() && !companiesInFiles(catalogue(), session().mapppath).empty();
+  } catch (const std::exception& error) {
+    logFailure("passed over: files that cannot be read are not moved", error);
+    return false;
+  }
+}
 
 // clang-format off
 constexpr TopMenu kTop[] = {
@@ -78,6 +90,8 @@ constexpr Command kCommands[] = {
     {.menu = "mnuutils", .caption = "Database Check",               .control = "mnupdtstrct",           .key = "struct",   .screen = "struct"},
     {.menu = "mnuutils", .caption = "What Does Not Agree",          .control = "mnubookscheck",         .key = "BOOKSCHECK", .reportKey = kBooksCheck, .screen = "frmreport"},
     {.menu = "mnuutils", .caption = "Error Log",                    .control = "mnulog",                .key = "log",      .first = showLog},
+    {.menu = "mnuutils", .caption = "Move to Server",               .control = "mnumove",               .key = "tosrvr",   .screen = "frmmove",  .offered = booksInFiles},
+    {.menu = "mnuutils", .caption = "Copy from Server",             .control = "mnucopy",               .key = "fromsrvr", .screen = "frmcopy",  .offered = booksOnServer},
     // The shell's own work, as is the exit.
     {.menu = "mnuutils", .caption = "&Backup",                      .control = "mnubackup"},
     {.menu = "mnuutils", .caption = "&Restore",                     .control = "mnurestore"},

@@ -2,6 +2,7 @@
 
 #include "frame/frmcomp.h"
 #include "frame/frmmain.h"
+#include "frame/frmmove.h"
 #include "frame/frmoperators.h"
 #include "frame/frmperiod.h"
 #include "frame/frmsettings.h"
@@ -15,6 +16,8 @@ void addFrameScreens(Screens& screens) {
   screens.add<frmStartup>("frmStartup");
   screens.add<frmmain>("frmmain");
   screens.add<frmoperators>("frmoperators");
+  screens.add<frmmove>("frmmove");
+  screens.add<frmcopy>("frmcopy");
   screens.add<frmperiod>("frmperiod");
   screens.add<frmsettings>("frmsettings");
   screens.add<frmsignin>("frmsignin");

@@ -11,7 +11,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "frame/companies.h"
-#include "store/dictionary.h"
+#include "frame/move_books.h"
 #include "store/place.h"
 #include "store/safe_file.h"
 #include "store/templates.h"
@@ -33,11 +33,9 @@ fs::path catalogueOf(const Session& s) { return fs::path(s.mapppath) / "comp.mdb
 // Why the catalogue cannot be used; empty when it stands open.
 std::string openCatalogue(Session& s) {
   try {
-    if (!booksExist(catalogueOf(s))) return english("No Database Found");
+    if (!onServer(catalogueOf(s)) && !fileExists(catalogueOf(s))) return english("No Database Found");
     s.cncomp = std::make_unique<Database>();
-    s.cncomp->open(catalogueOf(s));
-    if (!CheckTable(*s.cncomp, "compny"))
-      throw DatabaseError(DatabaseError::Kind::notDatabase, "comp.mdb", {});
+    openCatalogue(*s.cncomp, s.mapppath);
     s.mfirstuser = s.cncomp->firstUser();
     s.musername = cut(signedInAs(*s.cncomp), kLongestStamp);
   } catch (const DatabaseError& error) {
@@ -60,6 +58,7 @@ bool triesAgain(Host& host, const std::string& failure) {
 // Templates that a folder has lost. One that cannot be made now is missed, in words, when a
 // company is created.
 void remakeTemplates(const fs::path& folder) {
+  if (onServer(folder / "comp.mdb")) return;
   try {
     for (const char* name : {"SMPL.MDB", "BLNK.MDB"})
       if (!fileExists(folder / name)) makeCompanyDatabase(folder / name);
@@ -82,6 +81,7 @@ bool isLeftover(const std::string& name) {
 void clearLeftovers(Session& s) {
   try {
     endDeletions(*s.cncomp, s.mapppath);
+    endMoves(*s.cncomp, s.mapppath);
   } catch (const std::exception& error) {
     logFailure("passed over: tried again at the next start", error);
   }
@@ -94,6 +94,16 @@ void clearLeftovers(Session& s) {
       if (isPlainFile(each->path()) && isLeftover(each->path().filename().string()))
         left.push_back(each->path());
     for (const fs::path& file : left) fs::remove(file, error);
+  }
+}
+
+// A server is new to the shop, whose companies stand in files beside.
+bool onlyInFiles(Session& s) {
+  try {
+    return companyYears(*s.cncomp).empty() && !companiesInFiles(*s.cncomp, s.mapppath).empty();
+  } catch (const DatabaseError& error) {
+    logFailure("passed over: files that cannot be read are not moved", error);
+    return false;
   }
 }
 
@@ -118,6 +128,7 @@ bool startUp(Host& host, const fs::path& folder) {
   s.mbasewidth = 800;
   s.mbaseheight = 600;
   s.mversion = "1.01";
+  s.mdbtype = onServer(catalogueOf(s)) ? "MYSQL" : "ACCESS";
   setScreenFactors(s, host.display());
   s.mcolor1 = 16448240;  // FAFAF0
   s.mcolor2 = 16769248;  // FFE0E0
@@ -145,5 +156,6 @@ std::string openBooks(Host& host) {
   fs::create_directory(fs::path(s.mapppath) / "BILLS", ignored);
 
   host.open("FRMCOMP");
+  if (onlyInFiles(s)) host.open("frmmove");
   return {};
 }

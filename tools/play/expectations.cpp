@@ -6,6 +6,7 @@
 #include "output_of.h"
 #include "platform/shown.h"
 #include "player.h"
+#include "store/place.h"
 
 namespace {
 
@@ -159,7 +160,9 @@ void Player::expectSql(const Words& w) {
 }
 
 void Player::expectFile(const Words& w) {
-  if (!std::filesystem::is_regular_file(path(wordAt(w, 0).text))) fail("file " + w[0].text, "none");
+  const std::string file = path(wordAt(w, 0).text);
+  const bool there = onServer(file) ? booksExist(file) : std::filesystem::is_regular_file(file);
+  if (!there) fail("file " + w[0].text, "none");
 }
 
 void Player::expectPdf(const Words& w) {

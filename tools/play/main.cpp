@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "frame/move_books.h"
 #include "frame/start.h"
 #include "platform/qt/look.h"
 #include "platform/qt/qt_host.h"
@@ -49,6 +50,17 @@ int playInWindow(const std::string& folder, const Script& script) {
   return playOn(desk, machine, fingers, folder, script);
 }
 
+// All companies of the folder's files, as their screen does it.
+void moveAll(const std::filesystem::path& folder) {
+  Database catalogue;
+  openCatalogue(catalogue, folder);
+  endMoves(catalogue, folder);
+  for (const FileCompany& company : companiesInFiles(catalogue, folder)) {
+    for (const std::string& file : moveToServer(catalogue, folder, company, {}).kept)
+      std::cout << "kept " << file << "\n";
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -57,9 +69,13 @@ int main(int argc, char** argv) {
   std::vector<std::string> scripts;
   bool window = false;
   app.add_option("folder", folder, "Program folder")->required()->check(CLI::ExistingDirectory);
-  app.add_option("scripts", scripts, "Scripts, each from a fresh start")->required();
+  bool move = false;
+  app.add_option("scripts", scripts, "Scripts, each from a fresh start");
+  app.add_flag("--move-to-server", move,
+               "First moves the folder's companies to the server of its server.cnf");
   app.add_flag("--window", window, "Through the window, with real key events");
   CLI11_PARSE(app, argc, argv);
+  if (scripts.empty() && !move) return app.exit(CLI::RequiredError("scripts"));
   std::unique_ptr<QApplication> application;
   if (window) {
     application = std::make_unique<QApplication>(argc, argv);
@@ -70,12 +86,16 @@ int main(int argc, char** argv) {
   folder = std::filesystem::canonical(folder).string();
   int checks = 0;
   try {
+    if (move) moveAll(folder);
     for (const std::string& name : scripts) {
       const Script script = readScript(name);
       checks += window ? playInWindow(folder, script) : playBare(folder, script);
     }
   } catch (const Stop& stop) {
     std::cout << stop.why << "\n";
+    return 1;
+  } catch (const DatabaseError& error) {
+    std::cout << error.what() << "\n";
     return 1;
   }
   std::cout << checks << " checks passed\n";
