@@ -50,7 +50,7 @@ class Node:
 
     def command(self, more):
         here = self.folder
-        return ["mariadbd", "--no-defaults", "--datadir=" + here + "/data", "--socket=" + here + "/socket",
+        return ["mariadbd", "--no-defaults", "--datadir=" + here + "/data", "--socket=" + here + "/socket", "--tmpdir=" + here,
                 "--pid-file=" + here + "/data/pid", "--port=%d" % self.port, "--bind-address=127.0.0.1", "--skip-name-resolve",
                 "--lower-case-table-names=1", "--innodb-log-file-size=8M", "--innodb-buffer-pool-size=128M",
                 *self.options, *more]
