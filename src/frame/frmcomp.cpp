@@ -123,7 +123,9 @@ void FRMCOMP::opened(const Opening&) {
 
 // Companies may have come to the server meanwhile.
 void FRMCOMP::activated() {
-  if (!newcomp_ && companyYears(catalogue(), text(kSearch)) != rows_) fill(at("lst").grid.current);
+  if (newcomp_ || companyYears(catalogue(), text(kSearch)) == rows_) return;
+  fill(at("lst").grid.current);
+  host.hint(kKeys);
 }
 
 void FRMCOMP::closed() {

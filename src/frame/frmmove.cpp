@@ -31,8 +31,8 @@ const ScreenSpec& moveTable() {
           {.name = "lblwhat",  .index = 1, .kind = Kind::Label, .label = "Every Table Is Compared With The File :: The Files Are Kept, As M00126_moved.mdb", .at = {.group = "what", .row = 1}, .style = Style::Quiet},
           {.name = "lst",      .kind = Kind::Grid, .at = {.group = "list"}, .tab = 1, .hint = "Enter = Move This Company :: Esc = Not Now", .columns = {
               {.title = "Code",         .width = twips(1000)},
-              {.title = "Company Name", .width = part(1)},
-              {.title = "Years",        .width = twips(3000)}}},
+              {.title = "Company Name", .width = twips(5000)},
+              {.title = "Years",        .width = twips(2500)}}},
           {.name = "Label1",   .kind = Kind::Label,  .at = {.group = "progress", .rows = 2}},
           {.name = "cmdmove",  .kind = Kind::Button, .label = "&Move Them", .at = {.group = "buttons"}, .tab = 2, .style = Style::Primary, .hint = "Press Enter To Move All Of Them :: Esc = Not Now"},
           {.name = "cmdclose", .kind = Kind::Button, .label = "&Not Now",   .at = {.group = "buttons"}, .tab = 3},
