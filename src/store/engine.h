@@ -128,9 +128,11 @@ class Engine {
 
   // The sum of a figure over the rows for which the condition holds.
   virtual std::string sumWhere(std::string_view figure, std::string_view condition) = 0;
-  // A table's rows go, for others to be written. Where that is quicker they stand aside meanwhile, without
-  // the indexes named, until endRewriting; the caller makes those indexes again.
-  virtual void beginRewriting(const std::string& table, std::span<const std::string_view> indexes) = 0;
+  // A table's rows go, for others to be written into the table whose name is returned; from putRewritten on
+  // the table holds what was written. A file sets the old rows aside until endRewriting, without the indexes
+  // named, which the caller makes again. A server changes those alone that differ, counted by voucher.
+  virtual std::string beginRewriting(const std::string& table, std::span<const std::string_view> indexes) = 0;
+  virtual void putRewritten(const std::string& table) = 0;
   virtual void endRewriting(const std::string& table) = 0;
   // How the engine works while a whole table is written.
   virtual void writesInBulk(bool bulk) = 0;

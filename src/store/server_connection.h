@@ -69,9 +69,10 @@ class ServerEngine final : public Engine {
   void dropView(const std::string& name) override;
 
   std::string sumWhere(std::string_view figure, std::string_view condition) override;
-  void beginRewriting(const std::string& table, std::span<const std::string_view> indexes) override;
-  void endRewriting(const std::string&) override {}
-  void writesInBulk(bool) override {}
+  std::string beginRewriting(const std::string& table, std::span<const std::string_view> indexes) override;
+  void putRewritten(const std::string& table) override;
+  void endRewriting(const std::string& table) override;
+  void writesInBulk(bool bulk) override;
   std::string joinCatalogue(const std::filesystem::path& catalogue) override;
   void leaveCatalogue() override {}
   RowCounts copyInto(const std::filesystem::path& file) override;

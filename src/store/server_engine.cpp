@@ -339,10 +339,6 @@ std::string ServerEngine::sumWhere(std::string_view figure, std::string_view con
   return "SUM(CASE WHEN " + std::string(condition) + " THEN " + std::string(figure) + " END)";
 }
 
-void ServerEngine::beginRewriting(const std::string& table, std::span<const std::string_view>) {
-  tell("DELETE FROM " + serverName(table));
-}
-
 std::string ServerEngine::joinCatalogue(const std::filesystem::path& catalogue) {
   return serverName(stemOf(catalogue)) + ".compny";
 }

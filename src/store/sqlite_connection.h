@@ -60,7 +60,8 @@ class SqliteEngine final : public Engine {
   void dropView(const std::string& name) override;
 
   std::string sumWhere(std::string_view figure, std::string_view condition) override;
-  void beginRewriting(const std::string& table, std::span<const std::string_view> indexes) override;
+  std::string beginRewriting(const std::string& table, std::span<const std::string_view> indexes) override;
+  void putRewritten(const std::string&) override {}
   void endRewriting(const std::string& table) override;
   void writesInBulk(bool bulk) override;
   std::string joinCatalogue(const std::filesystem::path& catalogue) override;

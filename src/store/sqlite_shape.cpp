@@ -141,13 +141,14 @@ void SqliteEngine::reshape(const std::string& table, const std::vector<NewColumn
 }
 
 // The old rows stand aside, since pages that are written over would have to be copied first.
-void SqliteEngine::beginRewriting(const std::string& table, std::span<const std::string_view> indexes) {
+std::string SqliteEngine::beginRewriting(const std::string& table, std::span<const std::string_view> indexes) {
   for (const std::string_view index : indexes) dropIndex(index);
   const WithoutViewChecks unchecked(face_);
   const auto columns = tableColumns(table);
   indexesAside_ = indexStatements(table);
   face_.exec("ALTER TABLE " + standing(table) + " RENAME TO " + quotedName(table + aside));
   createTable(table, columns);
+  return table;
 }
 
 void SqliteEngine::endRewriting(const std::string& table) {

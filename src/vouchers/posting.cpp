@@ -27,6 +27,7 @@ struct Run {
   Database& db;
   Which which;
   std::vector<Expected> expected{};  // of full posting
+  std::string ledger = "ALEDGER";    // the table that the rows are written into
 };
 
 // The vouchers that a routine posts. They are listed once, before its first row is written, with the
@@ -156,10 +157,10 @@ bool anyMissing(Database& db) {
 
 void postReceipts(Run& run) {
   if (!list(run, receipts())) return;
-  const auto statements =
-      postingStatements({.billNumber = "REF_NO",
-                         .subDesc = "'.'",
-                         .from = std::string(kList) + " WHERE UPPER(BOOK_CD) = UPPER(?)"});
+  const auto statements = postingStatements({.billNumber = "REF_NO",
+                                             .subDesc = "'.'",
+                                             .from = std::string(kList) + " WHERE UPPER(BOOK_CD) = UPPER(?)",
+                                             .into = run.ledger});
   for (const VoucherKind* kind : kindsPostedFrom("RPTPAY")) {
     expect(run, *kind, "TRUE");
     for (size_t i = 0; i < statements.size(); ++i)
@@ -181,8 +182,9 @@ void post(Run& run, const VoucherKind& kind, std::span<const Posted> rows) {
   expect(run, kind, any);
   for (const Posted& row : rows)
     carryOut(run, {&kind},
-             "INSERT INTO ALEDGER (VOUCH_NO, VOUCH_DT, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
-             " NARRATION, BW_AB, PARTY_BL, SUB_DESC) SELECT VOUCH_NO, VOUCH_DT, BOOK_CD, ?, " +
+             "INSERT INTO " + run.ledger +
+                 " (VOUCH_NO, VOUCH_DT, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
+                 " NARRATION, BW_AB, PARTY_BL, SUB_DESC) SELECT VOUCH_NO, VOUCH_DT, BOOK_CD, ?, " +
                  row.account + ", " + row.against + ", " + row.amount + ", SUBSTR(" + row.narration +
                  ", 1, 200), 'A', " + row.billNumber + ", " + row.subDesc + " FROM " + kList + " WHERE " +
                  row.when,
@@ -241,13 +243,14 @@ void postEverything(Database& db, const PostingProgress& progress) {
   step(english(" Progress ...."), [&] {
     // Indexes are built once over all rows, not row by row.
     constexpr std::string_view kWritten[] = {"ALEDGER_PARTY", "ALEDGER_VOUCHER"};
-    db.engine().beginRewriting("ALEDGER", kWritten);
+    run.ledger = db.engine().beginRewriting("ALEDGER", kWritten);
   });
   step(english(" Receipt Payment Posting ...."), [&] { postReceipts(run); });
   step(english(" Sales Posting ...."), [&] { postBills(run); });
   step(english(" Challan Posting ...."), [&] { postChallans(run); });
   step(english(" Updating Closing Balanes ....."), [&] {
     dropList(db, kList);
+    db.engine().putRewritten("ALEDGER");
     EnsureIndexes(db);
     checkLedger(db, run.expected);
     RebuildAllBalances(db);

@@ -97,7 +97,8 @@ bool isCashOrBank(Database& db, std::string_view code) {
 
 std::array<std::string, 2> postingStatements(const MoneyRows& rows) {
   const auto statement = [&](const std::string& account, const std::string& against) {
-    return "INSERT INTO ALEDGER (VOUCH_NO, VOUCH_DT, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
+    return "INSERT INTO " + rows.into +
+           " (VOUCH_NO, VOUCH_DT, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
            " NARRATION, BW_AB, PARTY_BL, NARR1, CHQ_NO, CHQ_CLG_DT, SUB_DESC, SRNO)"
            " SELECT VOUCH_NO, VOUCH_DT, BOOK_CD, ?, " +
            account + ", " + against + ", AMOUNT, NARRATION, RPTPAY_DTL, " + rows.billNumber +

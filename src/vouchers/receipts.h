@@ -34,7 +34,7 @@ bool isCashOrBank(Database& db, std::string_view code);
 // "D" or "C" as its first value; `from` stands behind FROM and takes those that follow.
 struct MoneyRows {
   std::string billNumber, subDesc;  // expressions for PARTY_BL and SUB_DESC
-  std::string from;
+  std::string from, into = "ALEDGER";
 };
 std::array<std::string, 2> postingStatements(const MoneyRows& rows);
 // Sides of the two in the same order.
