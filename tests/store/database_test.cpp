@@ -57,6 +57,29 @@ TEST_F(DatabaseTest, AStatementKnowsAColumnAddedAfterItsFirstUse) {
   EXPECT_EQ(db.columns("T").size(), 2u);
 }
 
+// A server takes back what another transaction came before; whatever is done within waits for the whole.
+TEST_F(DatabaseTest, AWholeIsDoneOnceMoreOrNotAtAll) {
+  db.exec("CREATE TABLE t(v DOUBLE)");
+  int tries = 0;
+  const auto storeUntil = [&](int last) {
+    return whole(db, [&] {
+      db.exec("INSERT INTO t VALUES (?)", ++tries);
+      whole(db, [&] {
+        if (tries < last) throw DatabaseError(Kind::again, "M00124.mdb", {});
+      });
+      return tries < 9;
+    });
+  };
+  EXPECT_TRUE(storeUntil(3));
+  EXPECT_EQ(db.text("SELECT v FROM t"), "3") << "and nothing of the tries before";
+  tries = 0;
+  EXPECT_EQ(failureOf([&] { storeUntil(9); }).kind, Kind::again);
+  EXPECT_EQ(tries, 4);
+  tries = 8;
+  EXPECT_FALSE(storeUntil(0));
+  EXPECT_EQ(db.number("SELECT COUNT(*) FROM t"), 1);
+}
+
 TEST_F(DatabaseTest, DoubleQuotesNameColumnsOnly) {
   db.exec("CREATE TABLE t([SALE.VOUCH_NO] DOUBLE)");
   db.exec("INSERT INTO t VALUES (7)");

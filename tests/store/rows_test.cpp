@@ -44,6 +44,20 @@ TEST(Fitting, EachKindOfColumnTakesWhatFitsIt) {
   EXPECT_TRUE(fitting({.name = "c", .kind = Column::Kind::number}, Value())->isNull());
 }
 
+TEST_F(RowsTest, ManyAreWrittenInTheirOrder) {
+  for (const int count : {1, 8, 9, 64, 200}) {
+    db.exec("DELETE FROM T_SLITM");
+    std::vector<Value> values;
+    for (int i = 0; i < count; ++i) values.insert(values.end(), {i, "ROW"});
+    insertMany(db, "INSERT INTO T_SLITM (SR_NO, ITEM_NAME, BOOK_CD)", "(?, ?, 'SA')", values);
+    std::string serials, expected;
+    for (auto rows = db.query("SELECT SR_NO FROM T_SLITM WHERE BOOK_CD = 'SA' ORDER BY rowid"); rows.next();)
+      serials += rows.text(0) + " ";
+    for (int i = 0; i < count; ++i) expected += std::to_string(i) + " ";
+    EXPECT_EQ(serials, expected);
+  }
+}
+
 TEST_F(RowsTest, ATypedFilterIsALiteralPartOfTheText) {
   for (const char* name : {"Steel 50% off", "steel_rod", "O'Brien", "Steel 500", "back\\slash"})
     insertRow(db, "ITEM",
