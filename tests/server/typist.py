@@ -66,7 +66,8 @@ class Hand:
         raise Gone
 
     def reply(self, question):
-        """An operator means what was typed."""
+        """An operator means what was typed, and waits for a server."""
+        time.sleep(0.5 if "Does Not Answer" in question else 0)
         return "Yes"
 
     def top(self):

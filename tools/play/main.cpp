@@ -19,8 +19,7 @@ template <class DeskType>
 int playOn(DeskType& desk, Machine& machine, const Fingers& fingers, const std::string& folder,
            const Script& script) {
   Player player(desk, machine, fingers, folder);
-  startUp(desk, folder);
-  player.play(script);
+  player.play(script, [&] { startUp(desk, folder); });
   return player.checks();
 }
 

@@ -10,11 +10,12 @@ Player::Player(Desk& desk, Machine& machine, Fingers fingers, std::string folder
   machine_.step = [this] { return step(); };
 }
 
-void Player::play(const Script& script) {
+void Player::play(const Script& script, const std::function<void()>& start) {
   script_ = &script;
   next_ = 0;
   machine_.live = script.live;
   try {
+    start();
     while (step()) {
     }
     if (!machine_.answers.empty() && !script.live)

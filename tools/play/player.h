@@ -20,8 +20,9 @@ class Player {
  public:
   Player(Desk& desk, Machine& machine, Fingers fingers, std::string folder);
 
-  // Raises Stop ("SCRIPT:LINE: expected ..., saw ...") on a failed line.
-  void play(const Script& script);
+  // Starts the program and plays the script. Raises Stop ("SCRIPT:LINE: expected ..., saw ...") on a failed
+  // line.
+  void play(const Script& script, const std::function<void()>& start);
   int checks() const { return checks_; }
 
  private:
