@@ -79,6 +79,9 @@ ServerPlace serverPlace(const fs::path& folder) {
     if (name == "port") port = static_cast<unsigned>(toInt(Val(value)));
     if (name == "user") place.namesUser = !value.empty();
     if (name == "password") place.namesPassword = true;
+    const bool off = value == "0" || sameText(value, "off") || sameText(value, "false");
+    if (startsWithNoCase(name, "ssl")) place.encrypted = place.encrypted || !off;
+    if (name == "ssl-verify-server-cert") place.verified = !off;
   }
   place.hosts = hostsOf(hosts, port);
   return place;

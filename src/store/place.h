@@ -33,6 +33,7 @@ struct ServerPlace {
   std::filesystem::path file;
   std::vector<std::pair<std::string, unsigned>> hosts;  // with ports, 0 for the usual one; in their order
   bool namesUser = false, namesPassword = false;
+  bool encrypted = false, verified = false;  // names anything of ssl, or that the certificate is looked at
 };
 ServerPlace serverPlace(const std::filesystem::path& folder);
 // Whoever has signed in; empty when the file names who does.

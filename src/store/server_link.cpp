@@ -62,7 +62,7 @@ void ServerLink::connect() {
   for (size_t i = 0; i < place.hosts.size(); ++i) {
     const auto& [host, port] = place.hosts[i];
     try {
-      connectTo(host, port);
+      connectTo(place, host, port);
       useSettings();
       ++generation_;
       return;
@@ -75,24 +75,30 @@ void ServerLink::connect() {
   }
 }
 
-void ServerLink::connectTo(const std::string& host, unsigned port) {
+void ServerLink::connectTo(const ServerPlace& place, const std::string& host, unsigned port) {
   // A fresh handle for each host: one used twice has lost what the option file says.
   handle_ = mysql_init(nullptr);
   if (!handle_) throw DatabaseError(DatabaseError::Kind::memory, {}, {});
   const std::string file = (folder_ / kServerFile).string();
   const unsigned seconds = kConnectSeconds, no = 0;
+  const my_bool yes = 1;
   mysql_options(handle_, MYSQL_READ_DEFAULT_FILE, file.c_str());
   mysql_options(handle_, MYSQL_READ_DEFAULT_GROUP, "client");
   mysql_options(handle_, MYSQL_SET_CHARSET_NAME, "utf8mb4");
   mysql_options(handle_, MYSQL_OPT_CONNECT_TIMEOUT, &seconds);
   mysql_options(handle_, MYSQL_OPT_LOCAL_INFILE, &no);  // a server must not ask for files of ours
   mysql_options(handle_, MYSQL_OPT_NONBLOCK, nullptr);
+  // The library passes over an option of these without a value, and over a server without encryption.
+  if (place.encrypted) mysql_options(handle_, MYSQL_OPT_SSL_ENFORCE, &yes);
+  if (place.verified) mysql_options(handle_, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, &yes);
   const Credentials& who = signedIn();
   const auto given = [](const std::string& text) { return text.empty() ? nullptr : text.c_str(); };
   if (!mysql_real_connect(handle_, given(host), given(who.user),
                           who.user.empty() ? nullptr : who.password.c_str(), given(stem_), port, nullptr,
                           CLIENT_FOUND_ROWS))
     fail("");
+  if (place.encrypted && !mysql_get_ssl_cipher(handle_))
+    fail(CR_SSL_CONNECTION_ERROR, words("The Server Offers No Encryption"), "");
   noticeSilence(handle_);
   host_ = host;
   port_ = port;

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+struct ServerPlace;
+
 // One connection to the server that a folder's server.cnf names, to the first of its hosts that answers.
 // Texts of statements come from us; what people typed goes through prepared statements (server_engine) or
 // quoted names. Failures are DatabaseError.
@@ -40,7 +42,7 @@ class ServerLink {
   void endStatement() noexcept;
 
  private:
-  void connectTo(const std::string& host, unsigned port);
+  void connectTo(const ServerPlace& place, const std::string& host, unsigned port);
   void useSettings();
 
   const std::filesystem::path folder_;
