@@ -66,7 +66,11 @@ void saveCompanyDetails(Session& s, Fields fields) {
     else
       insertRow(db, "COMP_DET", fields);
     db.exec("UPDATE COMP_DET SET MOBNOCO = ?, DATANM = ?, DATASENT = 'N'", s.mmobile, s.mdataname);
-    db.exec("UPDATE " + both.compny() + " SET COMP_NAME = ? WHERE COMP_ID = ?", name, s.mcompid);
+    // On a server the list of companies takes a further right, which only a new name needs.
+    if (db.first("SELECT 1 FROM " + both.compny() +
+                     " WHERE COMP_ID = ? AND (COMP_NAME IS NULL OR HEX(COMP_NAME) <> HEX(?))",
+                 s.mcompid, name))
+      db.exec("UPDATE " + both.compny() + " SET COMP_NAME = ? WHERE COMP_ID = ?", name, s.mcompid);
   });
   s.mcompname = name;
   loadCompanyDetails(s);

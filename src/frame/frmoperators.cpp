@@ -30,7 +30,7 @@ const ScreenSpec& spec() {
                      {.name = "right", .frame = Frame::Plain, .bands = {
                          {px(26),  {{.name = "rightshead", .frame = Frame::Plain, .columns = {part(1)}, .pitch = 26}}},
                          {part(1), {{.name = "rights", .frame = Frame::Plain}}},
-                         {px(34),  {{.name = "steps", .frame = Frame::Buttons}}}}}}},
+                         {px(34),  {{.name = "steps", .frame = Frame::Plain, .columns = {px(96), px(96), px(96), px(96), part(1)}}}}}}}},
           {fit(),   {{.name = "form",  .columns = {px(130), px(240), part(1)}},
                      {.name = "means", .frame = Frame::Off, .columns = {part(1)}, .pitch = 28}}},
           {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
@@ -46,10 +46,10 @@ const ScreenSpec& spec() {
               {.title = "Code",         .width = px(80, 60)},
               {.title = "Company Name", .width = part(1, 160)},
               {.title = "Right",        .width = px(110, 80)}}},
-          {.name = "cmdstep", .index = 0, .kind = Kind::Button, .label = kSteps[0], .at = {.group = "steps"}, .tab = 3, .hint = "Press Enter To Take The Right Away"},
-          {.name = "cmdstep", .index = 1, .kind = Kind::Button, .label = kSteps[1], .at = {.group = "steps"}, .tab = 4, .hint = "Press Enter :: Lists, Ledgers, Reports And Papers"},
-          {.name = "cmdstep", .index = 2, .kind = Kind::Button, .label = kSteps[2], .at = {.group = "steps"}, .tab = 5, .hint = "Press Enter :: Vouchers And Masters Too"},
-          {.name = "cmdstep", .index = 3, .kind = Kind::Button, .label = kSteps[3], .at = {.group = "steps"}, .tab = 6, .hint = "Press Enter :: New Years, Updates And Restore Too"},
+          {.name = "cmdstep", .index = 0, .kind = Kind::Button, .label = kSteps[0], .at = {.group = "steps", .col = 0}, .tab = 3, .hint = "Press Enter To Take The Right Away"},
+          {.name = "cmdstep", .index = 1, .kind = Kind::Button, .label = kSteps[1], .at = {.group = "steps", .col = 1}, .tab = 4, .hint = "Press Enter :: Lists, Ledgers, Reports And Papers"},
+          {.name = "cmdstep", .index = 2, .kind = Kind::Button, .label = kSteps[2], .at = {.group = "steps", .col = 2}, .tab = 5, .hint = "Press Enter :: Vouchers And Masters Too"},
+          {.name = "cmdstep", .index = 3, .kind = Kind::Button, .label = kSteps[3], .at = {.group = "steps", .col = 3}, .tab = 6, .hint = "Press Enter :: New Years, Updates And Restore Too"},
           {.name = "Text1", .field = kName,          .label = "Name",           .at = {.group = "form", .col = 1}, .tab = 7, .limit = 80, .enabled = false},
           {.name = "Text2", .field = kPassword,      .label = "Password",       .at = {.group = "form", .row = 1, .col = 1}, .tab = 8, .limit = 100, .enabled = false, .secret = true},
           {.name = "Text3", .field = kPasswordAgain, .label = "Password Again", .at = {.group = "form", .row = 2, .col = 1}, .tab = 9, .limit = 100, .enabled = false, .secret = true},
@@ -103,6 +103,8 @@ std::string frmoperators::hintFor(const Control& control) const {
   if (control.family == "lst")
     return english("Enter = What He May Do :: Alt+A = Add :: Alt+P = New Password :: Alt+R = Remove");
   if (control.family == "rights") return english("0 None :: 1 Look :: 2 Bill :: 3 All :: Left = The Names");
+  if (control.spec->field == kName) return english("Type The Name Under Which The Operator Signs In");
+  if (control.secret()) return english("Type 8 Letters Or More :: Enter = Next :: Esc = Cancel");
   return ChildScreen::hintFor(control);
 }
 
@@ -148,7 +150,7 @@ void frmoperators::showRights() {
   const size_t before = grid.current;
   grid.source = rows;
   grid.moveTo(before == Grid::kNone ? 0 : before);
-  set(at("lblhead", 1), who ? words("What {name} May Do", "name", who->name) : "");
+  set(at("lblhead", 1), who && mode != "ADD" ? words("What {name} May Do", "name", who->name) : "");
   if (!typing()) put(kName, who ? who->name : "");
   showButtons();
 }
@@ -198,18 +200,20 @@ void frmoperators::give(Right right) {
 
 void frmoperators::begin(const char* newMode, FieldName first) {
   mode = newMode;
+  caption = first == kName ? english("Operators : New Name") : english("Operators : New Password");
   for (const FieldName field : {kPassword, kPasswordAgain}) at(field).enabled = true;
   at(kName).enabled = first == kName;
   for (const char* list : {"lst", "rights"}) at(list).enabled = false;
   if (first == kName) put(kName, "");
   escMeans = english("Esc = Cancel");
-  showButtons();
+  showRights();
   takeAsShown();
   focus(at(first));
 }
 
 void frmoperators::end() {
   mode.clear();
+  caption = spec.caption;
   for (const FieldName field : {kName, kPassword, kPasswordAgain}) at(field).enabled = false;
   for (const FieldName field : {kPassword, kPasswordAgain}) put(field, "");
   for (const char* list : {"lst", "rights"}) at(list).enabled = true;

@@ -93,7 +93,12 @@ bool beginsWith(std::string_view statement, std::initializer_list<std::string_vi
 
 // Of the three rights each lets do more with the books; the statement tells which one is missing.
 std::string refusedRight(const std::string& name, std::string_view statement) {
-  if (beginsWith(statement, {"INSERT", "UPDATE", "DELETE", "REPLACE"}))
+  const bool changes = beginsWith(statement, {"INSERT", "UPDATE", "DELETE", "REPLACE"});
+  if (changes && lower(statement).find("compny") != std::string::npos)
+    return words(
+        "Your Right Does Not Reach As Far As The List Of Companies\r\n"
+        "Nothing Was Stored :: Who Makes Operators Gives The Right, Under UTILITIES, Operators");
+  if (changes)
     return words(
         "You May Look But Not Change {file}\r\n"
         "Nothing Was Stored :: Who Makes Operators Gives The Right, Under UTILITIES, Operators",
