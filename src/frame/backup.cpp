@@ -73,6 +73,14 @@ fs::path catalogueCopy(const fs::path& copy) {
   return copy.parent_path() / (copy.stem().string() + "_comp.mdb");
 }
 
+// A file, or what a restore has put aside on a server.
+void openBackup(Database& db, const fs::path& backup) {
+  if (isPlainFile(backup) || !onServer(backup.parent_path() / "comp.mdb"))
+    db.openFile(backup, Access::readOnly);
+  else
+    db.openOnServer(backup, Access::readOnly);
+}
+
 // Of a path on a drive that is not there no part is made: the copies would land elsewhere.
 void ensureFolder(const fs::path& folder) {
   std::error_code error, ignored;
@@ -161,10 +169,14 @@ std::string savedUnder(Database& db) {
   return {};
 }
 
+bool backupExists(const fs::path& backup) {
+  return fileExists(backup) || (onServer(backup.parent_path() / "comp.mdb") && standsOnServer(backup));
+}
+
 BackupFacts factsOf(const fs::path& file) {
   using Kind = DatabaseError::Kind;
   Database db;
-  db.openFile(file, Access::readOnly);
+  openBackup(db, file);
   if (!isCompanyYear(db)) throw DatabaseError(Kind::notDatabase, file.filename().string(), {});
   if (const std::string found = damageIn(db); !found.empty())
     throw DatabaseError(Kind::damaged, file.filename().string(), found);
@@ -192,7 +204,7 @@ fs::path restoreBackup(const fs::path& backup, const fs::path& database, const s
   if (!lock.alone() || (server && !nobodyIn(database)))
     throw DatabaseError(DatabaseError::Kind::locked, database.filename().string(), {});
   Database source;
-  source.openFile(backup, Access::readOnly);
+  openBackup(source, backup);
   const std::string stem = database.stem().string();
   Name name{.stamp = stamp};
   fs::path aside;
@@ -200,7 +212,7 @@ fs::path restoreBackup(const fs::path& backup, const fs::path& database, const s
   while ((server ? standsOnServer(aside) : fileExists(aside)) && ++name.again > 1);
   const bool replaces = booksExist(database);
   if (server) {
-    buildOnServer(database, aside, [&](Database& db) { copyBooks(source, db); });
+    BooksInMaking(database, [&](Database& db) { copyBooks(source, db); }).putInPlace(aside);
     return replaces ? aside.stem() : fs::path();
   }
   if (replaces) copyDatabase(database, aside);

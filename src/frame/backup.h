@@ -39,6 +39,9 @@ void keepLatest(const std::filesystem::path& folder, const std::string& dataname
 // The name that the open company-year's details were last saved under; empty in a new one.
 std::string savedUnder(Database& year);
 
+// A file, or on a server in the program folder's stead also books that a restore has put aside there.
+bool backupExists(const std::filesystem::path& backup);
+
 // What a person should know of a backup before it takes the place of the books.
 struct BackupFacts {
   std::string company{};   // COMP_DET.COMPNM

@@ -73,7 +73,7 @@ fs::path named(const std::string& typed) {
   fs::path name = typed.find('\\') == std::string::npos ? typed : typed.substr(typed.rfind('\\') + 1);
   if (!name.has_extension()) name += ".mdb";
   for (const fs::path& place : places())
-    if (fileExists(place / name)) return place / name;
+    if (backupExists(place / name)) return place / name;
   return folder() / name;
 }
 
@@ -90,7 +90,7 @@ std::string factsText(const BackupFacts& facts) {
 // Whether the person wants the file in the place of the books.
 bool agreed(Host& host, const fs::path& file, const std::string& standing) {
   const Session& s = session();
-  if (!fileExists(file)) {
+  if (!backupExists(file)) {
     host.message(words("Backup Not Found\r\n{file}", "file", file.string()), kMessageTitle);
     return false;
   }

@@ -142,11 +142,11 @@ void beginFile(const fs::path& file, const CompanyYear& which, const fs::path& f
 }
 
 void beginOnServer(const fs::path& books, const CompanyYear& which, const std::optional<fs::path>& before) {
-  buildOnServer(books, freeName(books), [&](Database& db) {
+  BooksInMaking(books, [&](Database& db) {
     fillCompanyDatabase(db);
     beginBooks(db, which);
     takeLastSettings(db, before);
-  });
+  }).putInPlace(freeName(books));
 }
 
 void begin(const fs::path& books, const CompanyYear& which, const fs::path& from,
@@ -245,7 +245,7 @@ std::string yearRefusal(const std::string& year, CreateBy by) {
 
 void openCatalogue(Database& catalogue, const fs::path& folder) {
   const fs::path books = folder / "comp.mdb";
-  if (onServer(books) && !booksExist(books)) buildOnServer(books, freeName(books), fillCatalogue);
+  if (onServer(books) && !booksExist(books)) BooksInMaking(books, fillCatalogue).putInPlace(freeName(books));
   catalogue.open(books);
   if (!CheckTable(catalogue, "compny"))
     throw DatabaseError(DatabaseError::Kind::notDatabase, books.filename().string(), {});

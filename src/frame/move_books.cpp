@@ -1,6 +1,7 @@
 #include "frame/move_books.h"
 
 #include <algorithm>
+#include <list>
 #include <system_error>
 
 #include "base/text.h"
@@ -79,6 +80,7 @@ Moved moveToServer(Database& catalogue, const fs::path& folder, const FileCompan
   Moved moved;
   Database files;
   files.openFile(catalogueFile(folder), Access::readOnly);
+  std::list<BooksInMaking> made;
   for (const CompanyYear& year : company.years) {
     const fs::path file = dataFile(folder, year);
     Database from;
@@ -86,13 +88,15 @@ Moved moveToServer(Database& catalogue, const fs::path& folder, const FileCompan
     if (!from.firstUser()) throw DatabaseError(DatabaseError::Kind::locked, shownName(file), {});
     if (!isCompanyYear(from)) throw DatabaseError(DatabaseError::Kind::notDatabase, shownName(file), {});
     const std::string stem = file.stem().string();
-    buildOnServer(file, freeName(file), [&](Database& to) {
+    made.emplace_back(file, [&](Database& to) {
       for (const std::string& table : copyBooks(from, to, [&](const std::string&table, double rows) {
              if (progress) progress(stem + " :: " + table, rows);
            }))
         moved.withoutKey.push_back(stem + " " + table);
     });
   }
+  auto books = made.begin();
+  for (const CompanyYear& year : company.years) (books++)->putInPlace(freeName(dataFile(folder, year)));
   // Out of everybody's reach before the server's row says that the books are there.
   for (const CompanyYear& year : company.years)
     giveName(dataFile(folder, year), besideBooks(dataFile(folder, year), kMoving));

@@ -15,6 +15,12 @@ constexpr int kTablesAwaitedSeconds = 10;  // others may be in the middle of a s
 
 std::string databaseOf(const fs::path& books) { return lower(books.stem().string()); }
 
+// The books in what is told of them, also under a passing name.
+std::string shown(const fs::path& books) {
+  const std::string stem = books.stem().string();
+  return stem.substr(0, stem.find('_'));
+}
+
 // Those of the books; what programs tell each other of themselves stays where it is.
 std::vector<std::string> tablesIn(ServerLink& link, const std::string& database) {
   return link.ask(
@@ -33,7 +39,7 @@ void takeVersion(const fs::path& from, const fs::path& to) {
 
 class Exchange {
  public:
-  explicit Exchange(const fs::path& folder) : link_(folder) {
+  explicit Exchange(const fs::path& books) : link_(books.parent_path(), {}, shown(books)) {
     link_.rows("SET SESSION lock_wait_timeout = " + std::to_string(kTablesAwaitedSeconds));
   }
   void add(const fs::path& from, const fs::path& to) {
@@ -60,6 +66,14 @@ class Exchange {
   std::vector<fs::path> made_;
 };
 
+void throwAway(const fs::path& making) noexcept {
+  try {
+    dropOnServer(making);
+  } catch (const std::exception& error) {
+    logFailure("passed over: it is thrown away when these books are made", error);
+  }
+}
+
 }  // namespace
 
 fs::path besideBooks(const fs::path& books, std::string_view ending) {
@@ -67,7 +81,7 @@ fs::path besideBooks(const fs::path& books, std::string_view ending) {
 }
 
 bool standsOnServer(const fs::path& books) {
-  ServerLink link(books.parent_path());
+  ServerLink link(books.parent_path(), {}, shown(books));
   return !tablesIn(link, databaseOf(books)).empty();
 }
 
@@ -86,31 +100,31 @@ std::vector<fs::path> booksOnServer(const fs::path& folder, std::string_view end
   return found;
 }
 
-void buildOnServer(const fs::path& books, const fs::path& aside,
-                   const std::function<void(Database&)>& build) {
-  const fs::path making = besideBooks(books, kMaking);
-  dropOnServer(making);
+BooksInMaking::BooksInMaking(fs::path books, const std::function<void(Database&)>& build)
+    : books_(std::move(books)), making_(besideBooks(books_, kMaking)) {
+  dropOnServer(making_);
   try {
     Database db;
-    db.openOnServer(making, Access::create);
+    db.openOnServer(making_, Access::create);
     build(db);
   } catch (...) {
-    try {
-      dropOnServer(making);
-    } catch (const std::exception& error) {
-      logFailure("passed over: it is thrown away when these books are made", error);
-    }
+    throwAway(making_);
     throw;
   }
-  Exchange exchange(books.parent_path());
-  exchange.add(books, aside);
-  exchange.add(making, books);
+}
+
+BooksInMaking::~BooksInMaking() { throwAway(making_); }
+
+void BooksInMaking::putInPlace(const fs::path& aside) {
+  Exchange exchange(books_);
+  exchange.add(books_, aside);
+  exchange.add(making_, books_);
   exchange.run();
-  dropOnServer(making);
+  throwAway(making_);
 }
 
 void renameOnServer(const fs::path& from, const fs::path& to) {
-  Exchange exchange(from.parent_path());
+  Exchange exchange(from);
   exchange.add(from, to);
   exchange.run();
   dropOnServer(from);
@@ -121,5 +135,6 @@ void ensureViews(Database& db) {
 }
 
 void dropOnServer(const fs::path& books) {
-  ServerLink(books.parent_path()).rows("DROP DATABASE IF EXISTS " + serverName(databaseOf(books)));
+  ServerLink(books.parent_path(), {}, shown(books))
+      .rows("DROP DATABASE IF EXISTS " + serverName(databaseOf(books)));
 }

@@ -24,10 +24,20 @@ bool nobodyIn(const std::filesystem::path& books);
 std::vector<std::filesystem::path> booksOnServer(const std::filesystem::path& folder,
                                                  std::string_view ending);
 
-// Calls `build` with empty books under a passing name and gives them their own when it has ended. What stood
-// there bears the name `aside` from then on.
-void buildOnServer(const std::filesystem::path& books, const std::filesystem::path& aside,
-                   const std::function<void(Database&)>& build);
+// Books under their passing name, which are thrown away with this unless they were put in place.
+class BooksInMaking {
+ public:
+  // Calls `build` with empty books.
+  BooksInMaking(std::filesystem::path books, const std::function<void(Database&)>& build);
+  ~BooksInMaking();
+  BooksInMaking(const BooksInMaking&) = delete;
+  BooksInMaking& operator=(const BooksInMaking&) = delete;
+  // Gives them their own name. What stood there bears the name `aside` from then on.
+  void putInPlace(const std::filesystem::path& aside);
+
+ private:
+  std::filesystem::path books_, making_;
+};
 // Gives books another name, which none may bear.
 void renameOnServer(const std::filesystem::path& from, const std::filesystem::path& to);
 // The saved queries do not go with the tables: for who opens books whose giver was killed.

@@ -25,8 +25,9 @@ constexpr const char* kShapeRow = "shape";
 constexpr const char* kLive = "SEEN > UTC_TIMESTAMP() - INTERVAL 60 SECOND";
 
 void makeDatabase(const std::filesystem::path& folder, const std::string& stem) {
-  ServerLink(folder).rows("CREATE DATABASE IF NOT EXISTS " + serverName(stem) +
-                          " CHARACTER SET utf8mb4 COLLATE utf8mb4_uca1400_nopad_as_ci");
+  ServerLink(folder, {}, stem)
+      .rows("CREATE DATABASE IF NOT EXISTS " + serverName(stem) +
+            " CHARACTER SET utf8mb4 COLLATE utf8mb4_uca1400_nopad_as_ci");
   ServerLink link(folder, stem);
   for (const ServerFunction& function : serverFunctions()) {
     link.rows(std::string("DROP FUNCTION IF EXISTS ") + function.name);

@@ -51,8 +51,8 @@ void noticeSilence(MYSQL* handle) {
 
 }  // namespace
 
-ServerLink::ServerLink(const std::filesystem::path& folder, std::string stem)
-    : folder_(folder), stem_(std::move(stem)) {
+ServerLink::ServerLink(const std::filesystem::path& folder, std::string stem, std::string about)
+    : folder_(folder), stem_(std::move(stem)), about_(about.empty() ? stem_ : std::move(about)) {
   connect();
 }
 
@@ -164,7 +164,7 @@ bool ServerLink::hasDatabase(const std::string& stem) {
 void ServerLink::fail(std::string_view sql) { fail(mysql_errno(handle_), mysql_error(handle_), sql); }
 
 void ServerLink::fail(unsigned code, const std::string& text, std::string_view sql) {
-  const DatabaseError error = serverError(code, text, stem_, sql);
+  const DatabaseError error = serverError(code, text, about_, sql);
   if (isLost(error)) close();
   throw error;
 }

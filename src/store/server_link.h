@@ -16,8 +16,9 @@ struct ServerPlace;
 // quoted names. Failures are DatabaseError.
 class ServerLink {
  public:
-  // To no database when the stem is empty. Raises DatabaseError: lost, denied, missing, tooOld.
-  explicit ServerLink(const std::filesystem::path& folder, std::string stem = {});
+  // To no database when the stem is empty; `about` names the books in what is told then. Raises
+  // DatabaseError: lost, denied, missing, tooOld.
+  explicit ServerLink(const std::filesystem::path& folder, std::string stem = {}, std::string about = {});
   ~ServerLink() { close(); }
   ServerLink(const ServerLink&) = delete;
   ServerLink& operator=(const ServerLink&) = delete;
@@ -46,7 +47,7 @@ class ServerLink {
   void useSettings();
 
   const std::filesystem::path folder_;
-  const std::string stem_;
+  const std::string stem_, about_;
   MYSQL* handle_ = nullptr;
   unsigned long thread_ = 0;
   std::string host_;
