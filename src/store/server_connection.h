@@ -84,7 +84,7 @@ class ServerEngine final : public Engine {
   // Runs what writes, in a transaction of its own where there is none.
   void write(const std::string& table, const std::string& sql, const std::vector<Value>& values,
              const std::function<void()>& run);
-  void inserted(const std::string& table, std::int64_t row, std::int64_t rows);
+  void inserted(std::int64_t row) { inserted_ = row; }
   // Throws what the server said; what it took back with it is known from then on.
   [[noreturn]] void fail(unsigned code, const std::string& text, std::string_view sql);
   // The declared type of a column of a result: "TEXT(6)", "DOUBLE", "DATE".
@@ -130,7 +130,6 @@ class ServerEngine final : public Engine {
   std::vector<size_t> journalMarks_;
   std::map<std::string, std::vector<Column>> work_;  // work tables of this connection
   std::map<std::string, std::string> workIndexes_;
-  std::map<std::string, std::int64_t> nextRow_;  // the next row's number in a work table
   std::set<std::string> lists_;
   std::set<std::string> known_;  // tables that were found
   std::optional<std::map<std::string, Index>> indexes_;

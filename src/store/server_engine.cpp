@@ -304,11 +304,6 @@ void ServerEngine::write(const std::string& table, const std::string& sql, const
   if (work_.contains(table) && !anew) journal_.add(sql, values);
 }
 
-void ServerEngine::inserted(const std::string& table, std::int64_t row, std::int64_t rows) {
-  inserted_ = row;
-  if (row > 0 && work_.contains(table)) nextRow_[table] = row + std::max<std::int64_t>(1, rows);
-}
-
 std::optional<std::int64_t> ServerEngine::changeCount() {
   const auto found = tell("SELECT N FROM TURN WHERE PROGRAM = ''");
   if (found.empty()) return {};

@@ -210,8 +210,6 @@ std::string ServerEngine::workTableText(const std::string& table, const std::vec
   std::string text = createTableText("CREATE TEMPORARY TABLE " + serverName(table), columns);
   if (const auto index = workIndexes_.find(table); index != workIndexes_.end())
     text.insert(text.size() - 1, ", INDEX (" + index->second + ")");
-  if (const auto next = nextRow_.find(table); next != nextRow_.end())
-    text += " AUTO_INCREMENT = " + std::to_string(next->second);
   return text;
 }
 
@@ -219,7 +217,6 @@ void ServerEngine::makeWorkTable(const std::string& table, const std::vector<Col
   const std::string key = upper(table);
   if (work_.contains(key)) tell("DROP TEMPORARY TABLE IF EXISTS " + serverName(key));
   work_.erase(key);
-  nextRow_.erase(key);
   journal_.emptied(key);
   tell(workTableText(key, columns));
   work_[key] = columns;
@@ -235,7 +232,6 @@ void ServerEngine::indexWorkTable(const std::string& table, const std::string& c
 void ServerEngine::dropWorkTables() {
   for (const auto& [table, columns] : work_) tell("DROP TEMPORARY TABLE " + serverName(table));
   work_.clear();
-  nextRow_.clear();
   journal_.clear();
 }
 

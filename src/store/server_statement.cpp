@@ -157,7 +157,7 @@ void ServerStatement::execute() {
   }
   changed_ = static_cast<int>(mysql_stmt_affected_rows(handle_));
   if (startsWithNoCase(sql, "INSERT"))
-    engine_.inserted(target_, static_cast<std::int64_t>(mysql_stmt_insert_id(handle_)), changed_);
+    engine_.inserted(static_cast<std::int64_t>(mysql_stmt_insert_id(handle_)));
 }
 
 void ServerStatement::readResult() {

@@ -7,7 +7,8 @@
 #include "store/value.h"
 
 // What a connection has written into its work tables, so that another connection can write it again: a
-// server forgets them with the connection, and what was typed must not be lost with it.
+// server forgets them with the connection, and what was typed must not be lost with it. Repeated from the
+// start, it gives the rows the numbers that they had.
 class WorkJournal {
  public:
   struct Entry {
