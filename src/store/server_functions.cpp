@@ -1,6 +1,10 @@
 #include "store/server_functions.h"
 
+#include <algorithm>
 #include <array>
+#include <vector>
+
+#include "base/text.h"
 
 // A call costs a microsecond, each instruction, condition, variable and regular expression that stands in the
 // body another part of one, whether it is reached or not. So the common values go first, in as few
@@ -132,31 +136,24 @@ END)";
 // Rounds twice as the program does: to 15 significant digits, then, half away from 0, to the decimals shown.
 constexpr const char* shown =
     R"(CREATE OR REPLACE FUNCTION SHOWN(v VARCHAR(255) CHARACTER SET utf8mb4 COLLATE utf8mb4_bin,
-  p VARCHAR(40) CHARACTER SET ascii COLLATE ascii_bin) RETURNS VARCHAR(255)
+  p VARCHAR(40) CHARACTER SET ascii COLLATE ascii_general_nopad_ci) RETURNS VARCHAR(255)
 DETERMINISTIC NO SQL SQL SECURITY INVOKER
 BEGIN
   DECLARE CONTINUE HANDLER FOR 1292 BEGIN END;
   IF p = '0.00' AND LENGTH(v) < 16 AND v > '-' AND JSON_VALID(CONCAT(v, 'e0')) THEN
     RETURN CAST(v AS DECIMAL(20, 2));
   END IF;
-  IF p = '0.00' THEN
-    IF LENGTH(v) < 20 AND v > '-' AND v LIKE '%.%' AND v NOT LIKE '%5' AND JSON_VALID(CONCAT(v, 'e0'))
-        AND ABS(v) > 0.1 THEN
-      RETURN CAST(ROUND(CAST(v AS DECIMAL(40, 20)), 16 - LOCATE('.', v) + (v < '.') + (ABS(v) < 1))
-                  AS DECIMAL(20, 2));
-    END IF;
-  ELSEIF p = '0' THEN
-    IF LENGTH(v) < 16 AND v > '-' AND JSON_VALID(CONCAT(v, 'e0')) THEN RETURN CAST(v AS DECIMAL(20)); END IF;
-  ELSEIF LENGTH(v) = 10 AND v > '01' AND v + INTERVAL 0 DAY = v THEN
-    IF p = 'dd/mmm/yyyy' THEN RETURN DATE_FORMAT(v, '%d/%b/%Y', 'en_US'); END IF;
-    IF p = 'yyyy-mm-dd' THEN RETURN v; END IF;
+  IF p IN ('dd/mmm/yyyy', 'dd/mm/yyyy', 'dd/mm/yy', 'yyyy-mm-dd') AND LENGTH(v) = 10 AND v > '01'
+      AND v + INTERVAL 0 DAY = v THEN
+    RETURN DATE_FORMAT(v, CASE p WHEN 'dd/mmm/yyyy' THEN '%d/%b/%Y' WHEN 'dd/mm/yyyy' THEN '%d/%m/%Y'
+                                 WHEN 'dd/mm/yy' THEN '%d/%m/%y' ELSE '%Y-%m-%d' END, 'en_US');
   END IF;
   RETURN SHOWN_REST(v, p);
 END)";
 
 constexpr const char* shownRest =
     R"(CREATE OR REPLACE FUNCTION SHOWN_REST(v VARCHAR(255) CHARACTER SET utf8mb4 COLLATE utf8mb4_bin,
-  p VARCHAR(40) CHARACTER SET ascii COLLATE ascii_bin) RETURNS VARCHAR(255)
+  p VARCHAR(40) CHARACTER SET ascii COLLATE ascii_general_nopad_ci) RETURNS VARCHAR(255)
 DETERMINISTIC NO SQL SQL SECURITY INVOKER
 BEGIN
   DECLARE x DOUBLE;
@@ -175,13 +172,13 @@ BEGIN
     IF p = '0' THEN RETURN CAST(v AS DECIMAL(20)); END IF;
     RETURN CAST(v AS DECIMAL(20, 2));
   END IF;
-  IF p NOT IN ('dd/mmm/yyyy', 'yyyy-mm-dd') THEN
+  IF p NOT IN ('dd/mmm/yyyy', 'dd/mm/yyyy', 'dd/mm/yy', 'yyyy-mm-dd') THEN
     SET v = CONCAT('SHOWN has no pattern ', p);
     SIGNAL SQLSTATE '45000' SET MESSAGE_TEXT = v;
   END IF;
   IF v REGEXP '^ *(?:[01]?[0-9]|2[0-3]):[0-5]?[0-9](?::[0-5]?[0-9])? *\z' THEN
     SET m = LPAD(SUBSTRING_INDEX(SUBSTRING_INDEX(TRIM(v), ':', 2), ':', -1), 2, '0');
-    RETURN REPLACE(REPLACE(p, 'mmm', m), 'mm', m); -- the minutes, in a time of day
+    RETURN REGEXP_REPLACE(p, '(?i)m+', m); -- the minutes, in a time of day
   END IF;
   IF NOT ISDATE(v) THEN RETURN COALESCE(NUMTEXT(v), ''); END IF;
   SET v = REPLACE(REPLACE(REPLACE(TRIM(v), ' ', '/'), '-', '/'), '.', '/');
@@ -192,7 +189,9 @@ BEGIN
   IF CHAR_LENGTH(m) > 2 THEN
     SET m = (LOCATE(LEFT(LOWER(m), 3), 'janfebmaraprmayjunjulaugsepoctnovdec') + 2) DIV 3;
   END IF;
-  RETURN DATE_FORMAT(CONCAT(y, '-', m, '-', d), CASE p WHEN 'yyyy-mm-dd' THEN '%Y-%m-%d' ELSE '%d/%b/%Y' END, 'en_US');
+  RETURN DATE_FORMAT(CONCAT(y, '-', m, '-', d),
+                     CASE p WHEN 'dd/mmm/yyyy' THEN '%d/%b/%Y' WHEN 'dd/mm/yyyy' THEN '%d/%m/%Y'
+                            WHEN 'dd/mm/yy' THEN '%d/%m/%y' ELSE '%Y-%m-%d' END, 'en_US');
 END)";
 
 constexpr std::array functions = {
@@ -207,6 +206,102 @@ constexpr std::array functions = {
     ServerFunction{"SHOWN_REST",   shownRest  },
 };
 
+// The same in the server's own words, for the values that nearly all are; @ stands for the value, # for the
+// pattern, ~ for the server's. A figure has the coercibility 5, a text one below. Away from a half FORMAT
+// finds the decimals that the program finds.
+constexpr std::string_view kLength = "CHAR_LENGTH(@)";
+constexpr std::string_view kNumberText =
+    "CASE WHEN COERCIBILITY(@) < 5 THEN @ WHEN ABS(@) BETWEEN 0.01 AND 1e11 AND @ = ROUND(@, 2)"
+    " THEN CONCAT(@) ELSE NUMTEXT(@) END";
+constexpr std::string_view kFigure =
+    "CASE WHEN COERCIBILITY(@) = 5 AND ABS(@) < 1e11 AND ABS(@ - ROUND(@, ~)) < 0.004"
+    " THEN REPLACE(FORMAT(@, ~), ',', '') ELSE SHOWN(@, #) END";
+constexpr std::string_view kDay =
+    "CASE WHEN COERCIBILITY(@) < 5 AND LENGTH(@) = 10 AND @ > '01' AND @ + INTERVAL 0 DAY = @"
+    " THEN DATE_FORMAT(@, '~', 'en_US') ELSE SHOWN(@, #) END";
+
+struct InOwnWords {
+  std::string_view name, pattern, words, format;
+};
+
+constexpr InOwnWords ownWords[] = {
+    {"LEN",     "",              kLength,     ""        },
+    {"NUMTEXT", "",              kNumberText, ""        },
+    {"SHOWN",   "'0.00'",        kFigure,     "2"       },
+    {"SHOWN",   "'0'",           kFigure,     "0"       },
+    {"SHOWN",   "'dd/MMM/yyyy'", kDay,        "%d/%b/%Y"},
+    {"SHOWN",   "'dd/MM/yyyy'",  kDay,        "%d/%m/%Y"},
+    {"SHOWN",   "'dd/MM/yy'",    kDay,        "%d/%m/%y"},
+};
+
+bool isOfWord(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' || c == '.';
+}
+
+// The end of the quoted piece that begins here, or of the one sign.
+size_t pieceEnd(std::string_view text, size_t at) {
+  if (text[at] != '\'' && text[at] != '"' && text[at] != '[') return at + 1;
+  return std::min(text.find(text[at] == '[' ? ']' : text[at], at + 1), text.size() - 1) + 1;
+}
+
+// The values between the bracket that was opened before `at` and its end, where `at` goes.
+std::vector<std::string_view> valuesFrom(std::string_view text, size_t& at) {
+  std::vector<std::string_view> values;
+  size_t from = at;
+  for (int depth = 0; at < text.size(); at = pieceEnd(text, at)) {
+    const char c = text[at];
+    if (depth == 0 && (c == ',' || c == ')')) values.push_back(text.substr(from, at - from));
+    if (depth == 0 && c == ',') from = at + 1;
+    if (c == '(') ++depth;
+    if (c == ')' && depth-- == 0) break;
+  }
+  ++at;
+  return values;
+}
+
+// A value that stands several times in the server's words is neither bound nor gathered from many rows each
+// time.
+bool isPlain(std::string_view value) {
+  return std::ranges::none_of(std::array{"?", "SELECT", "SUM(", "COUNT(", "MAX(", "MIN("},
+                              [&](const char* sign) { return value.find(sign) != std::string_view::npos; });
+}
+
+bool mayStand(const InOwnWords& own, std::string_view name, const std::vector<std::string_view>& values,
+              bool writes) {
+  if (own.name != name || values.size() != (own.pattern.empty() ? 1U : 2U)) return false;
+  if (values.size() == 2 && !sameText(trim(values[1]), own.pattern)) return false;
+  return (own.words == kLength || isPlain(values[0])) && (own.words != kDay || !writes);
+}
+
+std::string written(std::string_view text, bool writes) {
+  std::string result;
+  for (size_t at = 0; at < text.size();) {
+    size_t end = at;
+    while (end < text.size() && isOfWord(text[end])) ++end;
+    const auto name = text.substr(at, end - at);
+    if (name.empty()) end = pieceEnd(text, at);
+    size_t behind = end + 1;
+    const bool calls = !name.empty() && end < text.size() && text[end] == '(' &&
+                       std::ranges::any_of(ownWords, [&](const InOwnWords& own) { return own.name == name; });
+    const auto values = calls ? valuesFrom(text, behind) : std::vector<std::string_view>();
+    const InOwnWords* const own = std::ranges::find_if(
+        ownWords, [&](const InOwnWords& words) { return calls && mayStand(words, name, values, writes); });
+    if (own == std::end(ownWords)) {
+      result += text.substr(at, end - at);
+      at = end;
+    } else {
+      const std::string words = replaceAll(replaceAll(own->words, "~", own->format), "#", own->pattern);
+      result += replaceAll(words, "@", "(" + written(values[0], writes) + ")");
+      at = behind;
+    }
+  }
+  return result;
+}
+
 }  // namespace
 
 std::span<const ServerFunction> serverFunctions() { return functions; }
+
+std::string inServersWords(std::string_view statement) {
+  return written(statement, !statement.starts_with("SELECT") && !statement.starts_with("WITH"));
+}

@@ -6,13 +6,14 @@
 
 #include "base/end_asked.h"
 #include "base/text.h"
+#include "store/server_functions.h"
 
 std::string onServerText(std::string_view statement) {
   std::string text = replaceAll(statement, " CROSS JOIN ", " STRAIGHT_JOIN ");
   constexpr std::string_view kDefaults = " DEFAULT VALUES";
   if (text.ends_with(kDefaults))
     text.replace(text.size() - kDefaults.size(), kDefaults.size(), " () VALUES ()");
-  return text;
+  return inServersWords(text);
 }
 
 namespace {
