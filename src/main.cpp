@@ -9,6 +9,7 @@
 
 #include "base/words.h"
 #include "frame/start.h"
+#include "frame/together.h"
 #include "platform/qt/look.h"
 #include "platform/qt/qt_host.h"
 #include "program/all_screens.h"
@@ -39,6 +40,7 @@ int main(int argc, char** argv) {
   const std::filesystem::path folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
   openWords(folder);
   QtHost host(allScreens());
+  host.onBeat = [&host] { stillHere(host); };
   if (!startUp(host, folder)) return 1;
   return host.run();
 }

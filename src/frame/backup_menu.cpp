@@ -11,6 +11,7 @@
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "frame/settings.h"
+#include "frame/together.h"
 #include "store/safe_file.h"
 
 namespace fs = std::filesystem;
@@ -131,6 +132,11 @@ struct Told {
   std::string text;
 };
 
+bool othersHaveLeft(Host& host) {
+  const HoldBooks alone(host, data(), english("Restore"), HoldBooks::Till::Alone);
+  return static_cast<bool>(alone);
+}
+
 // The company-year's file is closed meanwhile.
 Told exchange(Host& host, const fs::path& file) {
   fs::path kept;
@@ -165,11 +171,12 @@ bool restoreNow(Host& host) {
   Session& s = session();
   try {
     const auto file = chosen(host, savedUnder(data()));
-    if (!file) return false;
+    if (!file || !othersHaveLeft(host)) return false;
     s.cndata.reset();
     const Told told = exchange(host, *file);
     if (!openCompanyYear({s.mcompid, s.mcompname, s.mfromyr, s.mtoyr}).empty())
       throw DatabaseError(DatabaseError::Kind::missing, s.mdbfile, {});
+    if (told.done) data().engine().wereExchanged();
     host.message(told.text, told.done ? kDone : kMessageTitle);
     return true;
   } catch (const std::exception& error) {

@@ -4,6 +4,8 @@
 
 #include "base/text.h"
 #include "base/words.h"
+#include "frame/companies.h"
+#include "frame/together.h"
 #include "store/dictionary.h"
 #include "store/engine.h"
 
@@ -47,6 +49,15 @@ void loadCompanyDetails(Session& s) {
     if (row && row->has(m.column)) member = row->text(m.column);
   }
   if (length(s.mmobile) < 10) s.mmobile = "9090909090";
+}
+
+bool readWhatOthersWrote() {
+  Session& s = session();
+  if (!othersWrote(*s.cndata)) return false;
+  if (CheckTable(*s.cndata, "SPSFILE")) EnsureSettings(*s.cndata, s);
+  loadCompanyDetails(s);
+  if (const auto year = companyYear(catalogue(), s.mcompid, s.mfromyr)) s.mcompname = year->name;
+  return true;
 }
 
 void saveCompanyDetails(Session& s, Fields fields) {

@@ -12,6 +12,9 @@
 // the column and a text in it. A mobile of fewer than 10 characters becomes "9090909090".
 void loadCompanyDetails(Session& session);
 
+// Settings and details as others have written them since they were read last; false where nobody wrote.
+bool readWhatOthersWrote();
+
 // Writes the row (adds it to an empty table), with the constants of the columns that have no
 // field; a place of fewer than 2 characters becomes "Ahmedabad". The catalogue's name of all
 // years of the company follows the new name, and the session is filled again.

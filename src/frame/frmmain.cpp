@@ -15,8 +15,10 @@
 #include "frame/menu.h"
 #include "frame/routines.h"
 #include "frame/session.h"
+#include "frame/together.h"
 #include "frame/voucher_kinds.h"
 #include "frame/voucher_opening.h"
+#include "store/together.h"
 
 namespace {
 
@@ -179,6 +181,7 @@ void frmmain::seed() {
 
 // The company's name and its period may have been changed meanwhile.
 void frmmain::activated() {
+  passOver(host, [] { readWhatOthersWrote(); });
   panels[0] = periodPanel(session());
   caption = shellCaption(session());
   // The shell stands whatever its figures do.
@@ -212,7 +215,7 @@ void frmmain::showGlance() {
   const Receivable owed = receivable(db, kDebtorRows, today, s.mstartdt);
   show(4, owed.all, english("{count} party"), english("{count} parties"));
 
-  showDue(postingDue(db));
+  showDue(postingDue(db), db.engine().heldBy());
 
   auto bills = std::make_shared<CellRows>();
   bills_ = lastBills(db, kBillRows);
@@ -229,7 +232,8 @@ void frmmain::showGlance() {
 }
 
 // Only where something is due does its row take the focus.
-void frmmain::showDue(int deleted) {
+void frmmain::showDue(int deleted, const std::optional<Other>& waits) {
+  othersWait_ = waits.has_value();
   Control& due = at("Due");
   due.enabled = at("DueKey").visible = deleted > 0;
   auto rows = std::make_shared<CellRows>();
@@ -237,8 +241,9 @@ void frmmain::showDue(int deleted) {
                                             words(deleted == 1 ? english("deleted voucher in the ledger")
                                                                : english("deleted vouchers in the ledger"))})
                                    : cells({"", words("Nothing Is Due Today"), ""}));
+  if (waits) rows->rows[0] = cells({"", waits->who, holdFact(*waits)});
   for (Cell& cell : rows->rows[0]) {
-    if (deleted > 0) cell.back = kDueColour;
+    if (deleted > 0 || waits) cell.back = kDueColour;
     cell.bold = &cell == &rows->rows[0][0];
   }
   fill("Due", rows);
@@ -303,9 +308,12 @@ bool frmmain::mayClose() {
 
 void frmmain::closed() { host.quit(); }
 
-// A shell that stands over midnight shows the new day.
+// A shell that stands over midnight shows the new day, and what others have saved or wait for meanwhile.
 void frmmain::tick() {
-  if (host.today() != shownDay_) passOver(host, [this] { showGlance(); });
+  passOver(host, [this] {
+    const bool another = readWhatOthersWrote() || host.today() != shownDay_;
+    if (another || data().engine().heldBy().has_value() != othersWait_) showGlance();
+  });
   ShowHint(host, "");
 }
 

@@ -2,6 +2,7 @@
 
 #include "frame/glance.h"
 #include "platform/host.h"
+#include "store/engine.h"
 
 // The shell: the window of a working session, with menus, tool bar and status bar. All
 // other screens open as children inside it; while none is open its picture shows the day
@@ -30,7 +31,7 @@ class frmmain : public Screen {
   void readCompany();
   void seed();
   void showGlance();
-  void showDue(int deleted);
+  void showDue(int deleted, const std::optional<Other>& waits);
   void fill(const char* grid, std::shared_ptr<CellRows> rows);
   void restore();
 
@@ -42,6 +43,7 @@ class frmmain : public Screen {
 
   std::vector<LastBill> bills_;  // behind the rows shown
   std::vector<Debtor> debtors_;
+  bool othersWait_ = false;  // for these books, as shown
   Date shownDay_{};
   bool standing_ = false;  // has been active before
 };

@@ -5,6 +5,7 @@
 #include "base/words.h"
 #include "frame/books_check.h"
 #include "frame/category_list.h"
+#include "frame/company_details.h"
 #include "frame/move_books.h"
 #include "frame/routines.h"
 #include "frame/session.h"
@@ -172,6 +173,7 @@ std::string screenOf(const Command& command) {
 }
 
 void carryOut(Host& host, const Command& command) {
+  if (session().cndata) passOver(host, [] { readWhatOthersWrote(); });
   if (command.first) command.first(host);
   const VoucherKind* const kind = kindByEntryType(command.key);
   if (const std::string screen = screenOf(command); !screen.empty())

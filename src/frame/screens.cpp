@@ -4,6 +4,7 @@
 #include "frame/frmmain.h"
 #include "frame/frmmove.h"
 #include "frame/frmoperators.h"
+#include "frame/frmothers.h"
 #include "frame/frmperiod.h"
 #include "frame/frmsettings.h"
 #include "frame/frmsignin.h"
@@ -18,6 +19,7 @@ void addFrameScreens(Screens& screens) {
   screens.add<frmoperators>("frmoperators");
   screens.add<frmmove>("frmmove");
   screens.add<frmcopy>("frmcopy");
+  screens.add<frmothers>("frmothers");
   screens.add<frmperiod>("frmperiod");
   screens.add<frmsettings>("frmsettings");
   screens.add<frmsignin>("frmsignin");

@@ -55,19 +55,27 @@ void UpdateDatabase::update() {
                  kMessageTitle);
     return;
   }
-  if (!backUpNow(host)) return;
-  const bool oneUnit = wantsOneUnit();
-  std::vector<std::string> withoutKey;
-  run([&] {
-    withoutKey = work(oneUnit);
-    storeSetting(data(), kOneUnit, oneUnit ? kOne : kMany);
-  });
-  for (const std::string& table : withoutKey)
+  const auto withoutKey = updateHolding();
+  if (!withoutKey) return;
+  for (const std::string& table : *withoutKey)
     host.message(words("PRIMARY KEY NOT SET FOR {table}  TABLE", "table", table), kMessageTitle);
   tell("");
   host.message("SUCCESS", kMessageTitle);
   close();
   tellDisagreement(host, data());
+}
+
+// None when it was not begun.
+std::optional<std::vector<std::string>> UpdateDatabase::updateHolding() {
+  HoldBooks held(host, data(), english("Database Check"), HoldBooks::Till::Alone);
+  if (!held || !backUpNow(host)) return {};
+  const bool oneUnit = wantsOneUnit();
+  std::vector<std::string> withoutKey;
+  run([&] {
+    withoutKey = work(oneUnit, held);
+    storeSetting(data(), kOneUnit, oneUnit ? kOne : kMany);
+  });
+  return withoutKey;
 }
 
 // Asked, or told, once: then the settings know it.
@@ -90,7 +98,7 @@ bool UpdateDatabase::wantsOneUnit() {
 }
 
 // The tables that have their rows but not the key of the dictionary.
-std::vector<std::string> UpdateDatabase::work(bool oneUnit) {
+std::vector<std::string> UpdateDatabase::work(bool oneUnit, HoldBooks& held) {
   const Session& s = session();
   const Moment now = host.now();
   const UpdateFacts facts{
@@ -103,6 +111,8 @@ std::vector<std::string> UpdateDatabase::work(bool oneUnit) {
       .repair = {.periodStart = s.mstartdt, .timeOfDay = formatTime(now, "HH:MM")},
       .oneUnit = oneUnit,
   };
-  return updateDatabase(
-      data(), facts, [this](std::string_view what) { tell(words("Updating {what}", "what", words(what))); });
+  return updateDatabase(data(), facts, [&](std::string_view what) {
+    held.goesOn();
+    tell(words("Updating {what}", "what", words(what)));
+  });
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "frame/progress_dialog.h"
+#include "frame/together.h"
 
 // "Update Database", screen `struct`: the open company-year is brought to the shape of this program
 // and its data mended, after a verified backup of it.
@@ -14,5 +16,6 @@ class UpdateDatabase : public ProgressDialog {
  private:
   void update();
   bool wantsOneUnit();
-  std::vector<std::string> work(bool oneUnit);
+  std::optional<std::vector<std::string>> updateHolding();
+  std::vector<std::string> work(bool oneUnit, HoldBooks& held);
 };

@@ -79,6 +79,7 @@ void EntryScreen::begin(const std::string& newMode, const std::string& newCaptio
   caption = newCaption;
   reason.clear();
   loaded_.clear();
+  hand_.letGo();
   escMeans = keysOfMode();
   clearFields();
   enableFields();
@@ -190,8 +191,10 @@ Go EntryScreen::keyIsChosen() {
       if (!loaded_.empty()) put(pattern_.key, loaded_);
       return Go::Stay;
     }
+    if (!takeInHand(typed)) return Go::Stay;
     if (!load(typed)) {
       loaded_.clear();
+      hand_.letGo();
       return refuse(missingCodeWords());
     }
     loaded_ = code();
@@ -201,6 +204,24 @@ Go EntryScreen::keyIsChosen() {
   if (mode != "DEL") return Go::On;
   removeShown();
   return Go::Stay;
+}
+
+// Where somebody else has it in hand for a change it may be looked at.
+bool EntryScreen::takeInHand(const std::string& code) {
+  const bool shared = &database() == session().cndata.get() && (mode == "EDIT" || mode == "DEL");
+  const std::string elsewhere = shared && exists(code) ? hand_.take(pattern_.what, upper(code)) : "";
+  if (elsewhere.empty()) return true;
+  if (mode == "DEL") {
+    say(elsewhere);
+  } else if (host.ask(lookQuestion(elsewhere))) {
+    view();
+    put(pattern_.key, code);
+    keyIsChosen();
+    reason = elsewhere;
+  } else {
+    edit();
+  }
+  return false;
 }
 
 void EntryScreen::removeShown() {
@@ -220,12 +241,9 @@ void EntryScreen::update() {
     if (focused() == &at("cmdUpdate")) focus(*missing);
     return say("Pl. fill Complete data");
   }
-  if (mode == "ADD" && exists(code())) {
-    say(existingCodeWords());
-    // Another program has taken the code in the meantime.
-    if (!at(pattern_.key).enabled) put(pattern_.key, nextCode());
-    return;
-  }
+  // A code that the system gave is given anew inside of the save.
+  const std::string given = code();
+  if (mode == "ADD" && at(pattern_.key).enabled && exists(given)) return say(existingCodeWords());
   // The code was changed after its row was shown: that row is read before anything is written.
   if (mode == "EDIT" && (loaded_.empty() || (!sameText(loaded_, code()) && !keyMayChange()))) {
     keyIsChosen();
@@ -240,6 +258,8 @@ void EntryScreen::update() {
   if (figureTooLarge() || !maySave() || !inTransaction(&EntryScreen::storeUnchanged)) return;
 
   const std::string stored = code();
+  if (mode == "ADD" && stored != given)
+    say(words(existingCodeWords()) + "\n" + words("This One Is {next} Now", "next", stored));
   saved(stored);
   if (!caller_.empty()) {
     result = stored;
@@ -261,10 +281,13 @@ bool EntryScreen::figureTooLarge() {
 }
 
 bool EntryScreen::storeUnchanged() {
-  return mode != "EDIT" || standing(loaded_) == asLoaded_ ? store() : false;
+  if (mode != "ADD") return standing(loaded_) == asLoaded_ && store();
+  if (exists(code()) && !at(pattern_.key).enabled) put(pattern_.key, nextCode());
+  return !exists(code()) && store();
 }
 
 void EntryScreen::tellWhyNot() {
+  if (mode == "ADD") return say(existingCodeWords());
   if (!exists(loaded_)) return say(words("Entry Not Saved\r\n{why}", "why", words(missingCodeWords())));
   if (!unsaved())
     say("This Entry Has Been Changed Meanwhile\nNothing Was Stored, It Is Shown As It Stands Now");

@@ -9,6 +9,7 @@
 #include "base/words.h"
 #include "frame/child_screen.h"
 #include "frame/lookup.h"
+#include "frame/together.h"
 #include "store/database.h"
 #include "store/row_writer.h"
 
@@ -19,6 +20,7 @@ struct EntryPattern {
   FieldName key = fields::kCode;    // the field that holds the code
   FieldName first = fields::kName;  // where ADD begins
 
+  std::string what;                        // one of them is called: "Account"
   std::string idle, add, edit, del, view;  // captions by mode
   std::string viewMode = "PRINT";          // how the mode that only shows is called
   std::string idleHint = "Press Add Button For New Entry";
@@ -129,6 +131,7 @@ class EntryScreen : public ChildScreen {
   void tellWhyNot();
   Go keyIsFree();
   Go keyIsChosen();
+  bool takeInHand(const std::string& code);
   void removeShown();
   bool isOptional(const Control& field) const;
   std::string keysOfMode() const;
@@ -141,6 +144,7 @@ class EntryScreen : public ChildScreen {
   const EntryPattern pattern_;
   std::string caller_;
   std::string loaded_, asLoaded_;
+  InHand hand_;
   bool done_ = false;  // closes without a question
 };
 

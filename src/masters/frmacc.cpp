@@ -69,6 +69,7 @@ EntryPattern accountPattern() {
   return {
       .key = kCode,
       .first = kName,
+      .what = english("Account"),
       .idle = stem,
       .add = words("{master} : ADD MODE", "master", stem),
       .edit = words("{master} : EDIT MODE", "master", stem),

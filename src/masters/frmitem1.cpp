@@ -78,6 +78,7 @@ EntryPattern itemPattern() {
   return {
       .key = kCode,
       .first = kName,
+      .what = english("Item"),
       .idle = stem,
       .add = words("{master}: ADD MODE", "master", stem),
       .edit = words("{master}: EDIT MODE", "master", stem),

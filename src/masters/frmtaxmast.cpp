@@ -99,6 +99,7 @@ EntryPattern smallPattern(const SmallMaster& m) {
   return {
       .key = m.fields[0].field,
       .first = m.fields[isGenerated(m) ? 1 : 0].field,
+      .what = std::string(m.stem),
       .idle = stem,
       .add = words("{master} : ADD MODE", "master", stem),
       .edit = words("{master} EDIT MODE", "master", stem),

@@ -54,6 +54,18 @@ struct IndexShape {
 
 using RowCounts = std::vector<std::pair<std::string, double>>;
 
+// How far a program keeps the others away: it asks them to leave the books, or to finish what they have in
+// hand, or holds their writing back.
+enum class Hold { AsksToLeave = -1, Asks = 0, Closes = 1 };
+
+// Another program at the same books of a server.
+struct Other {
+  std::string who;             // "ram On COUNTER2"
+  int seconds = 0;             // how long already
+  std::string book, number;    // of what it has in hand for a change; of a hold `book` says what for
+  std::optional<Hold> hold{};  // of the books
+};
+
 // One connection. Tables are named without brackets; work tables are looked past unless said otherwise.
 class Engine {
  public:
@@ -139,6 +151,26 @@ class Engine {
   // The catalogue's table beside the books, between the two calls, in one transaction with them.
   virtual std::string joinCatalogue(const std::filesystem::path& catalogue) = 0;
   virtual void leaveCatalogue() = 0;
+  // Together with others; a file's locks do without all of this. What a program marks ends with it, at the
+  // latest a minute after it was seen last.
+  // Tells the others, now and then, that this program still runs. False where there is nobody to tell, or a
+  // lost server that the next statement is to find.
+  virtual bool stillHere() { return false; }
+  // Who else has the books open, and what each has in hand.
+  virtual std::vector<Other> others() { return {}; }
+  // Marks a voucher or a master as ours to change; returns who else has it, and marks nothing then.
+  virtual std::optional<Other> takeInHand(const std::string& /*book*/, const std::string& /*number*/) {
+    return {};
+  }
+  virtual void letGo(const std::string& /*book*/, const std::string& /*number*/) {}
+  // Returns who else holds the books, and holds nothing then. To be said again every few minutes.
+  virtual std::optional<Other> hold(const std::string& /*what*/, Hold /*how*/) { return {}; }
+  virtual void endHold() {}
+  // Who else asks for the books or holds them.
+  virtual std::optional<Other> heldBy() { return {}; }
+  // All tables were exchanged: programs that have the books open from before write nothing more.
+  virtual void wereExchanged() {}
+
   // Copies all into a new file as it stands at one moment; returns how many rows each table had then.
   virtual RowCounts copyInto(const std::filesystem::path& file) = 0;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <optional>
@@ -77,6 +78,15 @@ class ServerEngine final : public Engine {
   void leaveCatalogue() override {}
   RowCounts copyInto(const std::filesystem::path& file) override;
 
+  bool stillHere() override;
+  std::vector<Other> others() override;
+  std::optional<Other> takeInHand(const std::string& book, const std::string& number) override;
+  void letGo(const std::string& book, const std::string& number) override;
+  std::optional<Other> hold(const std::string& what, Hold how) override;
+  void endHold() override;
+  std::optional<Other> heldBy() override;
+  void wereExchanged() override;
+
   // For its statements.
   ServerLink& link() { return link_; }
   // Connects again where the connection was lost and nothing of a transaction was lost with it.
@@ -99,7 +109,15 @@ class ServerEngine final : public Engine {
 
   void reach();
   void enter();
+  // Who is here (server_together.cpp).
   void takePlace();
+  void writePlace();
+  void forgetTheDead();
+  void leavePlace();
+  std::string mine(const char* column) const;
+  void unmark(const std::string& book, const std::string& number, const std::string& program);
+  bool changeTurn(const std::string& change);
+  void tellHold();
   void repeat(const std::vector<WorkJournal::Entry>& entries);
   void takeTurn();
   bool wasStored();
@@ -123,6 +141,9 @@ class ServerEngine final : public Engine {
   std::int64_t turn_ = 0, inserted_ = 0, stored_ = 0;
   std::optional<std::int64_t> undecided_;  // the turn whose commit nobody answered
   bool first_ = true, entered_ = false;
+  bool mayMark_ = true, holds_ = false;
+  std::string exchanged_ = "0";  // how often the tables had been exchanged when the books were opened
+  std::chrono::steady_clock::time_point seen_{};
   int generation_ = 0;
   double shapeChanges_ = 1;
   WorkJournal journal_;

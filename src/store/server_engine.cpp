@@ -14,6 +14,7 @@
 #include "store/server_errors.h"
 #include "store/server_functions.h"
 #include "store/server_statement.h"
+#include "store/server_together.h"
 
 using Kind = DatabaseError::Kind;
 using namespace std::chrono_literals;
@@ -22,7 +23,6 @@ namespace {
 
 constexpr auto kAnswerAwaited = 20s;  // as long as a cluster may take to go on without a node
 constexpr const char* kShapeRow = "shape";
-constexpr const char* kLive = "SEEN > UTC_TIMESTAMP() - INTERVAL 60 SECOND";
 
 void makeDatabase(const std::filesystem::path& folder, const std::string& stem) {
   ServerLink(folder, {}, stem)
@@ -33,11 +33,7 @@ void makeDatabase(const std::filesystem::path& folder, const std::string& stem) 
     link.rows(std::string("DROP FUNCTION IF EXISTS ") + function.name);
     link.rows(function.create);
   }
-  link.rows(
-      "CREATE TABLE IF NOT EXISTS TURN (PROGRAM VARCHAR(40) NOT NULL PRIMARY KEY, N BIGINT NOT NULL DEFAULT "
-      "0,"
-      " USER_NAME VARCHAR(130) NOT NULL DEFAULT '', SEEN DATETIME NOT NULL DEFAULT '2000-01-01')");
-  link.rows("INSERT INTO TURN (PROGRAM) VALUES ('') ON DUPLICATE KEY UPDATE N = N");
+  makeTurnTables(link);
 }
 
 std::string stemOf(const std::filesystem::path& books) { return books.stem().string(); }
@@ -54,19 +50,17 @@ ServerEngine::ServerEngine(Database& face, const std::filesystem::path& books, A
   enter();
 }
 
-ServerEngine::~ServerEngine() {
-  try {
-    if (link_.stands()) link_.rows("DELETE FROM TURN WHERE PROGRAM = '" + program_ + "'");
-  } catch (const std::exception& error) {
-    logFailure("passed over: a program that is not seen any more counts as gone", error);
-  }
-}
+ServerEngine::~ServerEngine() { leavePlace(); }
 
 // On every connection anew: our row of TURN, and the work tables with what was written into them.
 void ServerEngine::enter() {
   generation_ = link_.generation();
   try {
     takePlace();
+    known_.clear();
+    indexes_.reset();
+    shapes_.clear();
+    lists_.clear();
     for (const auto& [table, columns] : work_) link_.rows(workTableText(table, columns));
     repeat(journal_.entries());
   } catch (...) {
@@ -81,26 +75,6 @@ void ServerEngine::repeat(const std::vector<WorkJournal::Entry>& entries) {
     again.bind(entry.values);
     again.rerun();
   }
-}
-
-void ServerEngine::takePlace() {
-  const auto mine = "PROGRAM = '" + program_ + "'";
-  if (!entered_)
-    first_ =
-        link_.ask(std::string("SELECT COUNT(*) FROM TURN WHERE USER_NAME <> '' AND ") + kLive).front() == "0";
-  try {
-    link_.rows("DELETE FROM TURN WHERE USER_NAME <> '' AND SEEN < UTC_TIMESTAMP() - INTERVAL 1 DAY AND NOT " +
-               mine);
-    link_.rows("INSERT INTO TURN (PROGRAM, USER_NAME, SEEN) VALUES ('" + program_ +
-               "', CURRENT_USER(), UTC_TIMESTAMP()) ON DUPLICATE KEY UPDATE SEEN = VALUES(SEEN)");
-  } catch (const DatabaseError& error) {
-    if (error.kind() != Kind::denied) throw;  // who may only look
-  }
-  entered_ = true;
-  known_.clear();
-  indexes_.reset();
-  shapes_.clear();
-  lists_.clear();
 }
 
 void ServerEngine::reach() {
@@ -182,13 +156,6 @@ void ServerEngine::begin(Transaction::Writes what) {
   }
 }
 
-void ServerEngine::takeTurn() {
-  tell("UPDATE TURN SET N = LAST_INSERT_ID(N + 1) WHERE PROGRAM = ''");
-  turn_ = static_cast<std::int64_t>(mysql_insert_id(link_.handle()));
-  tell("INSERT INTO TURN (PROGRAM, N, USER_NAME, SEEN) VALUES ('" + program_ + "', " + std::to_string(turn_) +
-       ", CURRENT_USER(), UTC_TIMESTAMP()) ON DUPLICATE KEY UPDATE N = VALUES(N), SEEN = VALUES(SEEN)");
-}
-
 void ServerEngine::commit() {
   if (state_ == State::None) throw serverError(CR_SERVER_LOST, {}, stemOf(books_), {});
   const bool wrote = state_ == State::Writing;
@@ -232,8 +199,10 @@ bool ServerEngine::wasStored() {
   return false;
 }
 
+// By its lock: what a lost connection has left under way is waited for, and a transaction that begins with
+// this question sees all that is stored by the time of its turn.
 std::int64_t ServerEngine::lastTurn() {
-  const auto found = link_.ask("SELECT N FROM TURN WHERE PROGRAM = '" + program_ + "'");
+  const auto found = link_.ask("SELECT N FROM TURN WHERE " + mine("PROGRAM") + " FOR UPDATE");
   return found.empty() ? 0 : std::stoll(found.front());
 }
 

@@ -6,6 +6,7 @@
 #include "store/dictionary.h"
 #include "store/server_connection.h"
 #include "store/server_statement.h"
+#include "store/server_together.h"
 
 // The shape of a database on a server. Definitions commit there what is in transaction, so that a table is
 // reshaped beside the standing one, which gives way in one step.
@@ -15,12 +16,6 @@ namespace {
 constexpr const char* kDateCollation = "utf8mb4_nopad_bin";
 constexpr size_t kLongestKey = 3072;  // bytes, by the engine
 constexpr size_t kBytesOfALetter = 4;
-
-constexpr std::string_view kOwnTables[] = {"TURN"};
-
-bool isOwn(std::string_view table) {
-  return std::ranges::any_of(kOwnTables, [&](std::string_view own) { return sameText(own, table); });
-}
 
 std::string here(const std::string& condition) { return " WHERE TABLE_SCHEMA = DATABASE() AND " + condition; }
 
@@ -98,13 +93,13 @@ std::vector<std::string> ServerEngine::tables() {
   std::vector<std::string> names;
   for (const auto& row : tell("SELECT TABLE_NAME FROM information_schema.TABLES" +
                               here("TABLE_TYPE = 'BASE TABLE' ORDER BY TABLE_NAME")))
-    if (!isOwn(row.front())) names.push_back(spelled(row.front()));
+    if (!isTurnTable(row.front())) names.push_back(spelled(row.front()));
   return names;
 }
 
 bool ServerEngine::hasTable(std::string_view name) {
   const std::string key = lower(name);
-  if (isOwn(name)) return false;
+  if (isTurnTable(name)) return false;
   if (known_.empty())
     for (const std::string& table : tables()) known_.insert(lower(table));
   if (known_.contains(key)) return true;

@@ -40,8 +40,14 @@ std::string asStored(Database& db, const VoucherKind& kind, double number) {
 const Saving Saving::Fresh{std::string()};
 const Saving Saving::Again{std::nullopt};
 
+Saving Saving::unless(std::function<bool()> taken) const {
+  Saving saving(*this);
+  saving.taken_ = std::move(taken);
+  return saving;
+}
+
 bool Saving::finds(Database& db, const VoucherKind& kind, double number) const {
-  return !expected_ || asStored(db, kind, number) == *expected_;
+  return (!expected_ || asStored(db, kind, number) == *expected_) && !(taken_ && taken_());
 }
 
 std::string meanwhileWords(Database& db, const VoucherKind& kind, double number) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -22,11 +23,14 @@ class Saving {
   static const Saving Fresh;  // nothing
   static const Saving Again;  // whatever stands there
   static Saving over(std::string asRead) { return Saving(std::move(asRead)); }
+  // The same as long as this does not hold: another voucher took the number on the paper.
+  Saving unless(std::function<bool()> taken) const;
   bool finds(Database& db, const VoucherKind& kind, double number) const;
 
  private:
   explicit Saving(std::optional<std::string> expected) : expected_(std::move(expected)) {}
   std::optional<std::string> expected_;
+  std::function<bool()> taken_;
 };
 
 // What is told of a voucher that was changed or deleted since it was shown; by whom and when, where its

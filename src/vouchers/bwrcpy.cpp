@@ -137,6 +137,7 @@ void bwrcpy::setMode(const std::string& newMode, const std::string& pattern) {
 void bwrcpy::begin(const std::string& newMode, const std::string& pattern) {
   setMode(newMode, pattern);
   loaded_ = 0;
+  hand_.letGo();
   clearFields();
   at(kAccount).enabled = false;
   for (const FieldName entered : kEntered)
@@ -234,15 +235,16 @@ Go bwrcpy::number() { return trimmed(kNumber).empty() ? oldEntries() : enterNumb
 
 Go bwrcpy::enterNumber() {
   const double n = value(kNumber);
+  if (mode == "EDIT" && loaded_ != 0 && !mayDiscard()) {
+    put(kNumber, loaded_);
+    return Go::Stay;
+  }
+  if ((mode == "EDIT" || mode == "DEL") && !takeInHand(n)) return Go::Stay;
   // Read first: what changes in between is told too often, never too seldom.
   std::string rows = asStored(data(), kind_, n);
   const auto found = findMoneyVoucher(data(), kind_, n);
   if (mode == "ADD" && !isVoucherNumber(n)) {
     host.message(kNoVoucherNumber);
-    return Go::Stay;
-  }
-  if (mode == "EDIT" && loaded_ != 0 && !mayDiscard()) {
-    put(kNumber, loaded_);
     return Go::Stay;
   }
   if (mode == "ADD") {
@@ -269,11 +271,33 @@ Go bwrcpy::enterNumber() {
   if (mode == "DEL" && host.ask(deleteQuestion(english("ARE YOU SURE"), atStake())) && !remove(n) &&
       isStored(data(), kind_, n))
     return enterNumber();
-  if (mode == "DEL") clearFields();
+  if (mode != "DEL") return Go::Stay;
+  hand_.letGo();
+  clearFields();
   return Go::Stay;
 }
 
+// Where somebody else has it in hand for a change it may be looked at.
+bool bwrcpy::takeInHand(double number) {
+  if (!isStored(data(), kind_, number)) return true;
+  const std::string elsewhere = hand_.take(kind_.code, numText(number));
+  if (elsewhere.empty()) return true;
+  if (mode == "DEL") {
+    host.message(elsewhere, kMessageTitle);
+  } else if (host.ask(lookQuestion(elsewhere))) {
+    begin("", "");
+    view();
+    put(kNumber, number);
+    enterNumber();
+    reason = elsewhere;
+  } else {
+    modify();
+  }
+  return false;
+}
+
 Go bwrcpy::notFound(const std::string& refusal) {
+  hand_.letGo();
   host.message(refusal);
   clearFields();
   loaded_ = 0;
@@ -426,24 +450,23 @@ void bwrcpy::update() {
 
 void bwrcpy::store() {
   const bool fresh = mode == "ADD";
+  const std::string number = text(kNumber);
+  const auto stored = [&] {
+    if (fresh && isStored(data(), kind_, value(kNumber))) put(kNumber, lastVoucher(data(), kind_).number + 1);
+    return saveMoneyVoucher(data(), kind_, writtenFields(Part::Head),
+                            fresh ? Saving::Fresh : Saving::over(asLoaded_));
+  };
   bool written = false;
-  {
+  try {
     const Busy busy(host);
-    written = saveMoneyVoucher(data(), kind_, writtenFields(Part::Head),
-                               fresh ? Saving::Fresh : Saving::over(asLoaded_));
+    written = whole(data(), stored);
+  } catch (...) {
+    put(kNumber, number);
+    throw;
   }
-  if (written)
-    saved();
-  else if (fresh)
-    takeNextNumber();
-  else
-    changedMeanwhile();
-}
-
-void bwrcpy::takeNextNumber() {
-  const std::string taken = text(kNumber);
-  put(kNumber, lastVoucher(data(), kind_).number + 1);
-  host.message(takenWords(taken, text(kNumber)));
+  if (!written) return changedMeanwhile();
+  if (text(kNumber) != number) host.message(takenWords(words("Voucher No"), number, text(kNumber)));
+  saved();
 }
 
 // What was changed is shown as it stands, what was deleted comes back, each when that is meant alone.
@@ -461,6 +484,7 @@ void bwrcpy::changedMeanwhile() {
 
 void bwrcpy::saved() {
   mode.clear();
+  hand_.letGo();
   caption = kind_.words.title;
   if (drilledDown_) {
     host.close(*this);

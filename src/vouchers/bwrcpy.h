@@ -8,6 +8,7 @@
 #include "frame/child_screen.h"
 #include "frame/lookup.h"
 #include "frame/period_test.h"
+#include "frame/together.h"
 #include "vouchers/receipts.h"
 
 // Receipts, payments, incomes and expenses: the entry type says which. Opened with a value it shows
@@ -66,11 +67,11 @@ class bwrcpy : public ChildScreen {
   void begin(const std::string& newMode, const std::string& pattern);
   void rest();
   Go enterNumber();
+  bool takeInHand(double number);
   Go notFound(const std::string& refusal);
   void showVoucher(const Row& voucher);
   bool remove(double number);
   void store();
-  void takeNextNumber();
   void changedMeanwhile();
   void saved();
   // Shows an account's name and balance beside its code; false when there is none with a name.
@@ -91,5 +92,6 @@ class bwrcpy : public ChildScreen {
   PeriodTest period_;
   double loaded_ = 0;     // number of the voucher that is shown for a change
   std::string asLoaded_;  // and how it stood then
+  InHand hand_;
   bool drilledDown_ = false;
 };

@@ -97,14 +97,17 @@ void FRMCHLN::renumber() {
   if (at(kChallanNumber).given) put(kChallanNumber, nextChallanNumber(data(), kind_, trimmed(kChallanType)));
 }
 
+bool FRMCHLN::paperNumberTaken() const {
+  const auto changing = mode == "EDIT" ? std::optional(value(kNumber)) : std::nullopt;
+  return isDuplicateChallan(data(), kind_, trimmed(kChallanType), trimmed(kChallanNumber), changing);
+}
+
 Go FRMCHLN::checkPaperNumber() {
   if (trimmed(kChallanNumber).empty()) {
     host.message("Can Not Accept Blank");
     return Go::Stay;
   }
-  const auto changing = mode == "EDIT" ? std::optional(value(kNumber)) : std::nullopt;
-  if (!isDuplicateChallan(data(), kind_, trimmed(kChallanType), trimmed(kChallanNumber), changing))
-    return Go::On;
+  if (paperNumberFree()) return Go::On;
   host.message("Duplicate Challan Number Not Allowed");
   return Go::Stay;
 }

@@ -23,6 +23,7 @@ class FRMCHLN : public VoucherScreen {
   bool figureLine() override;
   bool write(const SaveStamp& stamp, const Saving& how) override;
   FieldName paperNumber() const override { return fields::kChallanNumber; }
+  bool paperNumberTaken() const override;
   Go checkPaperNumber() override;
   void renumber() override;
   std::string tutorial() const override;

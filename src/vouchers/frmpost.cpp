@@ -3,6 +3,7 @@
 #include "base/words.h"
 #include "frame/books_check.h"
 #include "frame/session.h"
+#include "frame/together.h"
 #include "vouchers/posting.h"
 
 namespace {
@@ -43,7 +44,9 @@ FRMPOST::FRMPOST(Host& theHost)
 
 void FRMPOST::activated() { ShowHint(host, "Press Enter To Do Posting."); }
 
-void FRMPOST::post() {
+bool FRMPOST::postHolding() {
+  const HoldBooks held(host, data(), english("Full Posting"), HoldBooks::Till::Finished);
+  if (!held) return false;
   std::string told;
   run([&] {
     postAll(data(), [&](std::string_view progress) {
@@ -51,6 +54,11 @@ void FRMPOST::post() {
       tell(told);
     });
   });
+  return true;
+}
+
+void FRMPOST::post() {
+  if (!postHolding()) return;
   host.message("POSTING IS COMPLETE", kMessageTitle);
   close();
   tellDisagreement(host, data());

@@ -10,4 +10,5 @@ class FRMPOST : public ProgressDialog {
 
  private:
   void post();
+  bool postHolding();
 };

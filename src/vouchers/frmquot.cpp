@@ -118,9 +118,13 @@ Go FRMQUOT::party() {
 }
 
 // An offer may do without one.
-Go FRMQUOT::checkPaperNumber() {
+bool FRMQUOT::paperNumberTaken() const {
   const std::string reference = trimmed(kReference);
-  if (reference.empty() || !isDuplicateReference(data(), kind_, reference, value(kNumber))) return Go::On;
+  return !reference.empty() && isDuplicateReference(data(), kind_, reference, value(kNumber));
+}
+
+Go FRMQUOT::checkPaperNumber() {
+  if (paperNumberFree()) return Go::On;
   host.message("Duplicate Ref No Not Allowed");
   return Go::Stay;
 }

@@ -30,6 +30,7 @@ class FRMQUOT : public VoucherScreen {
   bool figureLine() override;
   bool write(const SaveStamp& stamp, const Saving& how) override;
   FieldName paperNumber() const override { return fields::kReference; }
+  bool paperNumberTaken() const override;
   Go checkPaperNumber() override;
   void renumber() override;
   bool needsUnit() const override { return false; }

@@ -154,14 +154,17 @@ void GSTSAPU::renumber() {
   if (at(kBillNumber).given) put(kBillNumber, nextBillNumber(data(), kind_, trimmed(kBillType)));
 }
 
+bool GSTSAPU::paperNumberTaken() const {
+  return isDuplicateBill(data(), kind_,
+                         {trimmed(kParty), trimmed(kBillType), trimmed(kBillNumber), value(kNumber)});
+}
+
 Go GSTSAPU::checkPaperNumber() {
   if (trimmed(kBillNumber).empty()) {
     host.message("Blank Bill Number Not Allowed");
     return Go::Stay;
   }
-  if (!isDuplicateBill(data(), kind_,
-                       {trimmed(kParty), trimmed(kBillType), trimmed(kBillNumber), value(kNumber)}))
-    return Go::On;
+  if (paperNumberFree()) return Go::On;
   host.message("Duplicate Bill No Not Allowed");
   return Go::Stay;
 }

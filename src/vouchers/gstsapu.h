@@ -28,6 +28,7 @@ class GSTSAPU : public VoucherScreen {
   bool needsParty() const override { return true; }
   bool write(const SaveStamp& stamp, const Saving& how) override;
   FieldName paperNumber() const override { return fields::kBillNumber; }
+  bool paperNumberTaken() const override;
   Go checkPaperNumber() override;
   void renumber() override;
   std::string tutorial() const override { return links().*kind_.video; }

@@ -32,8 +32,8 @@ LastVoucher lastVoucher(Database& db, const VoucherKind& kind) {
 
 bool isVoucherNumber(double number) { return number >= 1 && number == std::floor(number); }
 
-std::string takenWords(const std::string& taken, const std::string& next) {
-  return words("Voucher No {taken} Has Been Taken Meanwhile\nThis One Is {next} Now, Save It Again", "taken",
+std::string takenWords(const std::string& what, const std::string& taken, const std::string& next) {
+  return words("{what} {taken} Has Been Taken Meanwhile\nThis One Is {next} Now", "what", what, "taken",
                taken, "next", next);
 }
 

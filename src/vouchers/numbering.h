@@ -14,8 +14,8 @@
 // Voucher numbers are whole, from 1.
 bool isVoucherNumber(double number);
 inline constexpr const char* kNoVoucherNumber = english("A Voucher Number Is A Whole Number From 1");
-// What is told when another program took the number of a voucher that is being typed.
-std::string takenWords(const std::string& taken, const std::string& next);
+// What is told when another program took the number of a voucher that was being typed.
+std::string takenWords(const std::string& what, const std::string& taken, const std::string& next);
 
 struct LastVoucher {
   double number = 0;

@@ -13,6 +13,7 @@ using namespace fields;
 namespace {
 
 constexpr const char* kRestHint = english("Press Add Button For New Entry");
+constexpr const char* kViewMode = "VIEW";
 
 }  // namespace
 
@@ -112,6 +113,7 @@ void VoucherScreen::setMode(const std::string& next, const std::string& pattern)
 void VoucherScreen::tellEscape() {
   escMeans = at(kEarlierRates).visible ? english("Esc = Close The Rates")
              : entering()              ? english("Esc = Cancel and Exit")
+             : mode == kViewMode       ? english("Esc = Cancel")
                                        : english("Esc = Close");
 }
 
@@ -127,6 +129,7 @@ void VoucherScreen::enableFields() {
 
 void VoucherScreen::showButtons(bool atRest) {
   atRest_ = atRest;
+  if (atRest) hand_.letGo();
   for (const char* name : {"cmdadd", "cmdEDIT", "CMDDELETE", "cmdprint", "cmdclose"})
     at(name).visible = atRest;
   if (kind_.paper.key.empty()) at("cmdprint").visible = false;
@@ -251,6 +254,8 @@ void VoucherScreen::escape() {
   if (at(kEarlierRates).visible) {
     at(kEarlierRates).visible = false;
     tellEscape();
+  } else if (mode == kViewMode) {
+    cancel();
   } else if (!entering()) {
     host.close(*this);
   } else if (host.ask(leaveQuestion(kind_.words.escapeAsks))) {
@@ -272,12 +277,17 @@ void VoucherScreen::clearHead() {
 // A filled number: ADD takes one that is free, EDIT shows the voucher, DEL asks and deletes it.
 Go VoucherScreen::number() {
   const double n = value(kNumber);
+  if (mode == kViewMode) {
+    modify();
+    put(kNumber, n);
+  }
   if (mode == "ADD") {
     if (!isVoucherNumber(n)) {
       host.message(kNoVoucherNumber);
       return Go::Stay;
     }
-    if (!isStored(data(), kind_, n)) return Go::On;
+    // One that the program gave is given anew at the save, where it was taken meanwhile.
+    if (at(kNumber).given || !isStored(data(), kind_, n)) return Go::On;
     host.message("ITEM ALLREADY EXIST");
     return Go::Stay;
   }
@@ -288,11 +298,32 @@ Go VoucherScreen::number() {
     put(kNumber, loaded_);
     return same ? Go::On : Go::Stay;
   }
-  if (!show(n)) return Go::Stay;
+  if (!takeInHand(n) || !show(n)) return Go::Stay;
   takeAsWorked(Part::Head);
   takeVoucherAsShown();
   allowSave(false);
   return Go::On;
+}
+
+bool VoucherScreen::takeInHand(double number) {
+  if (!isStored(data(), kind_, number)) return true;  // which is told by who looks for it
+  const std::string elsewhere = hand_.take(kind_.code, numText(number));
+  if (elsewhere.empty()) return true;
+  if (mode == "DEL") {
+    host.message(elsewhere, kMessageTitle);
+    return false;
+  }
+  loaded_ = 0;
+  if (host.ask(lookQuestion(elsewhere)) && show(number)) {
+    setMode(kViewMode, english("{title} : VIEW MODE"));
+    showButtons(false);
+    allowSave(false);
+    reason = elsewhere;
+  } else {
+    modify();
+  }
+  focus(at(kNumber));
+  return false;
 }
 
 // How it stands is read before it is shown: what changes in between is then told too often, never too
@@ -307,13 +338,14 @@ bool VoucherScreen::show(double number) {
 
 // One that was changed while the question stood is shown as it is now, and asked about again.
 Go VoucherScreen::askToDelete(double number) {
-  if (!show(number)) return Go::Stay;
+  if (!takeInHand(number) || !show(number)) return Go::Stay;
   const auto facts = [&] {
     const bool stays = isPosted(data(), kind_, number);
     return atStake() + (stays ? "\n" + words("The Ledger Shows It Until Posting") : "");
   };
   while (host.ask(deleteQuestion(english("ARE YOU SURE"), facts())) && !remove(number))
     if (!isStored(data(), kind_, number) || !show(number)) break;
+  hand_.letGo();
   clearAll();
   lines_->clear();
   textChanged();

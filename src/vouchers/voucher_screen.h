@@ -10,6 +10,7 @@
 #include "documents/messaging.h"
 #include "frame/child_screen.h"
 #include "frame/lookup.h"
+#include "frame/together.h"
 #include "frame/voucher_kinds.h"
 #include "vouchers/accounts.h"
 #include "vouchers/items.h"
@@ -61,9 +62,12 @@ class VoucherScreen : public ChildScreen {
   virtual bool needsParty() const { return false; }  // Save refuses it without one, else it asks
   // Writes the voucher; false where something else stands under its number than is expected.
   virtual bool write(const SaveStamp& stamp, const Saving& how) = 0;
-  // The number on the paper, and what its Enter and Save look at: that no other voucher has it.
+  // The number on the paper, whether another voucher has it, and what its Enter and Save look at.
   virtual FieldName paperNumber() const = 0;
+  virtual bool paperNumberTaken() const = 0;
   virtual Go checkPaperNumber() = 0;
+  // No other has it; one that the program gave is given anew where another one took it.
+  bool paperNumberFree();
   // Another number after this one was taken: the numbers of the paper that were derived with it.
   virtual void renumber() = 0;
   virtual FieldName afterLines() const { return fields::kNarration; }  // where line entry ends to
@@ -156,6 +160,9 @@ class VoucherScreen : public ChildScreen {
   double partyState_ = 0;  // 0 until a party with a state code has been taken
 
  private:
+  struct Numbers {
+    std::string voucher, paper;
+  };
   Go openLookup(const KeyLookup& by);
   const KeyLookup* enterLookup(const Control& field) const;
   void takeVoucherAsShown();
@@ -165,6 +172,8 @@ class VoucherScreen : public ChildScreen {
   void showButtons(bool atRest);
   void enableFields();
   bool show(double number);
+  // Marks it as in hand for a change; where somebody else has it, it may be looked at.
+  bool takeInHand(double number);
   Go askToDelete(double number);
   bool remove(double number);
   // Before anything is written: the number is free, nothing that was typed waits for its work, the line
@@ -173,7 +182,7 @@ class VoucherScreen : public ChildScreen {
   bool readyToSave();
   bool complete() const;
   bool hasParty() const;
-  void store();
+  void store(const Numbers& shown);
   // Another program was quicker.
   void changedMeanwhile();
   // Back to rest, then the message window: its print button opens the document.
@@ -188,14 +197,18 @@ class VoucherScreen : public ChildScreen {
   bool mayLeaveLine();
   bool tooLarge(Part part);
   bool meansNothing();
-  bool numberTaken();
-  void takeNextNumber();
+  Numbers numbers() const;
+  bool paperNumberGiven() const;
+  void takeFreeNumbers();
+  void tellNumbers(const Numbers& shown);  // which are others than they were
+  void showAgain(const Numbers& shown);
 
   std::vector<KeyLookup> lookups_;
   const Control* ratesFor_ = nullptr;  // the field whose focus keeps the rate grid up
   bool backFromRates_ = false;
   double loaded_ = 0;     // number of the voucher that is shown for a change
   std::string asLoaded_;  // and how it stood then
+  InHand hand_;
   std::vector<double> figuredFor_;
   std::string shownLine_;   // the texts of the line as it was shown last
   std::string shownLines_;  // all lines, as the voucher was shown

@@ -28,16 +28,16 @@ void VoucherScreen::save() {
     cancel();
     return;
   }
+  const Numbers shown = numbers();
   if (!readyToSave()) return;
   // The number was changed after its voucher was shown: that one is shown before anything is written.
   if (mode == "EDIT" && value(kNumber) != loaded_)
     focus(at(number() == Go::On ? kDate : kNumber));
   else if (!meansNothing())
-    store();
+    store(shown);
 }
 
 bool VoucherScreen::readyToSave() {
-  if (numberTaken()) return false;
   if (!workFields(Part::Head) || !storeTypedLine()) return false;
   sumAgain();
   if (tooLarge(Part::Head)) return false;
@@ -49,6 +49,18 @@ bool VoucherScreen::readyToSave() {
   if (checkPaperNumber() == Go::On) return true;
   focus(at(paperNumber()));
   return false;
+}
+
+bool VoucherScreen::paperNumberGiven() const {
+  const Control& paper = at(paperNumber());
+  return mode == "ADD" && paper.given && !trim(paper.text).empty();
+}
+
+bool VoucherScreen::paperNumberFree() {
+  if (!paperNumberTaken()) return true;
+  if (!paperNumberGiven()) return false;
+  renumber();
+  return !paperNumberTaken();
 }
 
 bool VoucherScreen::complete() const {
@@ -106,31 +118,57 @@ bool VoucherScreen::meansNothing() {
   return true;
 }
 
-// Another program may have taken the number of a new voucher since it was set.
-bool VoucherScreen::numberTaken() {
-  if (mode != "ADD" || !isStored(data(), kind_, value(kNumber))) return false;
-  takeNextNumber();
-  return true;
+VoucherScreen::Numbers VoucherScreen::numbers() const { return {text(kNumber), text(paperNumber())}; }
+
+// Of a new voucher, inside of its save: what another program has taken since it was shown.
+void VoucherScreen::takeFreeNumbers() {
+  if (isStored(data(), kind_, value(kNumber))) {
+    put(kNumber, lastVoucher(data(), kind_).number + 1);
+    renumber();
+  } else {
+    (void)paperNumberFree();
+  }
 }
 
-void VoucherScreen::takeNextNumber() {
-  const std::string taken = text(kNumber);
-  put(kNumber, lastVoucher(data(), kind_).number + 1);
-  renumber();
-  host.message(takenWords(taken, text(kNumber)));
-  focus(at("CMDSAVE"));
+void VoucherScreen::tellNumbers(const Numbers& shown) {
+  const Numbers now = numbers();
+  std::vector<std::string> told;
+  if (now.voucher != shown.voucher)
+    told.push_back(takenWords(words("Voucher No"), shown.voucher, now.voucher));
+  if (!shown.paper.empty() && now.paper != shown.paper)
+    told.push_back(takenWords(words(at(paperNumber()).label), shown.paper, now.paper));
+  if (!told.empty()) host.message(join(told, "\n"));
 }
 
-void VoucherScreen::store() {
+// What is not stored keeps the numbers that the person has seen.
+void VoucherScreen::showAgain(const Numbers& shown) {
+  if (text(kNumber) != shown.voucher) put(kNumber, shown.voucher);
+  if (text(paperNumber()) != shown.paper) put(paperNumber(), shown.paper);
+}
+
+void VoucherScreen::store(const Numbers& shown) {
   const Session& s = session();
   const SaveStamp stamp{host.now(), s.musername, s.mmobile, s.mdataname};
   const bool fresh = mode == "ADD";
-  if (write(stamp, fresh ? Saving::Fresh : Saving::over(asLoaded_)))
-    saved();
-  else if (fresh)
-    takeNextNumber();
-  else
-    changedMeanwhile();
+  const Saving expected =
+      (fresh ? Saving::Fresh : Saving::over(asLoaded_)).unless([this] { return paperNumberTaken(); });
+  bool written = false;
+  try {
+    written = whole(data(), [&] {
+      if (fresh) takeFreeNumbers();
+      return write(stamp, expected);
+    });
+  } catch (...) {
+    showAgain(shown);
+    throw;
+  }
+  if (written) {
+    if (fresh) tellNumbers(shown);
+    return saved();
+  }
+  showAgain(shown);
+  if (!fresh && !paperNumberTaken()) return changedMeanwhile();
+  if (checkPaperNumber() == Go::Stay) focus(at(paperNumber()));
 }
 
 // What was changed is shown as it stands, what was deleted comes back, each when that is meant alone.
@@ -142,7 +180,7 @@ void VoucherScreen::changedMeanwhile() {
     focus(at(number() == Go::On ? kDate : kNumber));
   } else if (host.ask(deletedQuestion(n))) {
     setMode("ADD", kind_.words.adding);
-    store();
+    store(numbers());
   }
 }
 

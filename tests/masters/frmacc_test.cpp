@@ -81,8 +81,7 @@ TEST_F(AccountTest, WhatAnotherProgramDidIsNotWrittenOver) {
   host.fill("state_code", "24");
   account("A00008", "OF ANOTHER PROGRAM");
   host.press("cmdUpdate");
-  EXPECT_EQ(host.lastMessage(), "PARTY ALREADY EXISTS");
-  host.press("cmdUpdate");
+  EXPECT_EQ(host.lastMessage(), "PARTY ALREADY EXISTS\nThis One Is A00009 Now");
   EXPECT_EQ(row("SELECT ACC_NAME FROM ACCOUNT WHERE ACC_CD = 'A00009'"), "NEW PARTY");
   host.press("cmdCancel");
   host.press("cmdEdit");

@@ -253,4 +253,6 @@ class Typist:
     def post(self):
         self.open("posting")
         self.hand.do("key Enter")
+        if self.hand.top() == "frmothers":
+            self.hand.do("press cmdok")
         self.leave()

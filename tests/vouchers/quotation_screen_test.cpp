@@ -15,6 +15,7 @@ TEST_F(FrmQuot, SaveLooksAtAnOfferAsAtABill) {
   EXPECT_EQ(host.text("line_no") + shown("item items_amount total_quantity"), "2I0000003|51.8|3");
   db().exec("INSERT INTO QUOT (VOUCH_NO, ENTRY_TYP, REF_NO) VALUES (9, 'QUOTATION', '0001')");
   host.fillEnter("subject_to", "ANAND");
+  host.fill("reference", "0001");
   host.press("CMDSAVE");
   EXPECT_EQ(host.lastMessage() + host.focus(), "Duplicate Ref No Not Allowedreference");
   host.fill("reference", "0002");

@@ -24,6 +24,7 @@
 namespace {
 
 constexpr double kTwipsPerPixel = 15;
+constexpr int kBeatEvery = 20000;  // milliseconds
 
 bool withoutDesktop() {
   const QString name = QGuiApplication::platformName();
@@ -40,6 +41,12 @@ QtHost::QtHost(const Screens& screens) : Desk(screens) {
   QObject::connect(&timer_, &QTimer::timeout, this, [this] {
     if (boxes_.empty() && !refreshing_) guarded([this] { tick(); });
   });
+  QObject::connect(&beat_, &QTimer::timeout, this, [this] {
+    if (!onBeat || refreshing_) return;
+    guarded(onBeat);
+    changed();
+  });
+  beat_.start(kBeatEvery);
 }
 
 QtHost::~QtHost() {

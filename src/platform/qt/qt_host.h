@@ -38,6 +38,8 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
   std::optional<bool> isOnline;
   std::optional<ScreenSize> size;
   std::optional<std::pair<int, int>> windowSize;  // in place of the whole screen
+  // Runs every twenty seconds, whatever stands on the screen, between the things that the person does.
+  std::function<void()> onBeat;
   // Runs when a box stands on the screen, from inside the loop that waits for its answer.
   std::function<void()> onBox;
   const BoxPanel* box() const { return boxes_.empty() ? nullptr : boxes_.back().get(); }
@@ -127,7 +129,7 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
   std::vector<Waiting> waiting_;
   std::unique_ptr<QWidget> bare_;  // holds a box when there is no window yet
   MainWindow* window_ = nullptr;
-  QTimer timer_;
+  QTimer timer_, beat_;
   EscWatch escWatch_;
   QElapsedTimer watch_;
   std::optional<qint64> lag_;  // of this clock behind that of the events

@@ -1,0 +1,262 @@
+#include "store/server_together.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "base/words.h"
+#include "store/server_connection.h"
+#include "store/server_statement.h"
+#include "store/together.h"
+
+using Kind = DatabaseError::Kind;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kSeenEvery = 15s;
+constexpr const char* kLive = "SEEN > UTC_TIMESTAMP() - INTERVAL 60 SECOND";
+// Renewed by who holds, and the end of a hold whose program has died.
+constexpr const char* kHoldEnds = "UTC_TIMESTAMP() + INTERVAL 5 MINUTE";
+
+std::string secondsSince(const std::string& column) {
+  return "TIMESTAMPDIFF(SECOND, " + column + ", UTC_TIMESTAMP())";
+}
+
+std::string machine() {
+  std::array<char, 65> name{};
+  gethostname(name.data(), name.size() - 1);
+  return name.data();
+}
+
+// "ram@%" and the machine.
+std::string who(const std::string& account, const std::string& machine) {
+  const std::string user = account.substr(0, account.rfind('@'));
+  return machine.empty() ? user : words("{user} On {machine}", "user", user, "machine", machine);
+}
+
+// Of rows that begin so.
+constexpr const char* kWho = "COALESCE(P.USER_NAME, ''), COALESCE(P.MACHINE, ''), ";
+
+Other otherOf(const Row& row) {
+  return {.who = who(row.text(0), row.text(1)),
+          .seconds = toInt(row.number(2)),
+          .book = row.text(3),
+          .number = row.text(4)};
+}
+
+}  // namespace
+
+void makeTurnTables(ServerLink& link) {
+  link.rows(
+      "CREATE TABLE IF NOT EXISTS TURN (PROGRAM VARCHAR(40) NOT NULL PRIMARY KEY, N BIGINT NOT NULL DEFAULT "
+      "0,"
+      " USER_NAME VARCHAR(130) NOT NULL DEFAULT '', MACHINE VARCHAR(64) NOT NULL DEFAULT '',"
+      " CAME DATETIME NOT NULL DEFAULT '2000-01-01', SEEN DATETIME NOT NULL DEFAULT '2000-01-01',"
+      " HOLDER VARCHAR(40) NOT NULL DEFAULT '', HELD_FOR VARCHAR(60) NOT NULL DEFAULT '',"
+      " HELD_SINCE DATETIME NOT NULL DEFAULT '2000-01-01', HELD_TILL DATETIME NOT NULL DEFAULT '2000-01-01',"
+      " CLOSED INT NOT NULL DEFAULT 0, EXCHANGED INT NOT NULL DEFAULT 0)");
+  link.rows("INSERT INTO TURN (PROGRAM) VALUES ('') ON DUPLICATE KEY UPDATE N = N");
+  link.rows(
+      "CREATE TABLE IF NOT EXISTS INHAND (BOOK VARCHAR(40) NOT NULL, ITS_NO VARCHAR(60) NOT NULL,"
+      " PROGRAM VARCHAR(40) NOT NULL, SINCE DATETIME NOT NULL, PRIMARY KEY (BOOK, ITS_NO), KEY (PROGRAM))");
+}
+
+bool isTurnTable(std::string_view table) {
+  return std::ranges::any_of(std::array{"TURN", "INHAND"},
+                             [&](const char* one) { return sameText(one, table); });
+}
+
+std::string ServerEngine::mine(const char* column) const {
+  return std::string(column) + " = '" + program_ + "'";
+}
+
+// ---- who is here
+
+void ServerEngine::takePlace() {
+  if (!entered_) {
+    const auto found =
+        link_.rows(std::string("SELECT (SELECT COUNT(*) FROM TURN WHERE USER_NAME <> '' AND ") + kLive +
+                   "), EXCHANGED FROM TURN WHERE PROGRAM = ''");
+    first_ = found.empty() || found.front()[0] == "0";
+    exchanged_ = found.empty() ? "0" : found.front()[1];
+  }
+  try {
+    forgetTheDead();
+    writePlace();
+  } catch (const DatabaseError& error) {
+    if (error.kind() != Kind::denied) throw;
+    mayMark_ = false;  // who may only look
+  }
+  entered_ = true;
+}
+
+void ServerEngine::writePlace() {
+  link_.rows("INSERT INTO TURN (PROGRAM, USER_NAME, MACHINE, CAME, SEEN) VALUES ('" + program_ +
+             "', CURRENT_USER(), " + serverText(machine()) +
+             ", UTC_TIMESTAMP(), UTC_TIMESTAMP()) ON DUPLICATE KEY UPDATE SEEN = VALUES(SEEN)");
+  seen_ = std::chrono::steady_clock::now();
+}
+
+// By their keys: a search would wait for whoever writes.
+void ServerEngine::forgetTheDead() {
+  for (const std::string& program : link_.ask("SELECT PROGRAM FROM TURN WHERE USER_NAME <> '' AND SEEN < "
+                                              "UTC_TIMESTAMP() - INTERVAL 1 DAY AND NOT " +
+                                              mine("PROGRAM")))
+    for (const char* table : {"INHAND", "TURN"})
+      link_.rows(std::string("DELETE FROM ") + table + " WHERE PROGRAM = " + serverText(program));
+}
+
+void ServerEngine::leavePlace() {
+  if (!link_.stands() || !mayMark_) return;
+  try {
+    endHold();
+    for (const char* table : {"INHAND", "TURN"})
+      link_.rows(std::string("DELETE FROM ") + table + " WHERE " + mine("PROGRAM"));
+  } catch (const std::exception& error) {
+    logFailure("passed over: a program that is not seen any more counts as gone", error);
+  }
+}
+
+bool ServerEngine::stillHere() {
+  // What a transaction writes is seen by nobody yet.
+  if (!link_.stands() || inTransaction()) return false;
+  if (!mayMark_ || std::chrono::steady_clock::now() - seen_ < kSeenEvery) return true;
+  if (!changeTurn("SEEN = UTC_TIMESTAMP() WHERE " + mine("PROGRAM"))) writePlace();
+  seen_ = std::chrono::steady_clock::now();
+  return true;
+}
+
+std::vector<Other> ServerEngine::others() {
+  std::vector<Other> all;
+  for (const Row& row :
+       face_.all(std::string("SELECT ") + kWho + secondsSince("COALESCE(SINCE, CAME)") +
+                     ", COALESCE(BOOK, ''), COALESCE(ITS_NO, '') FROM TURN AS P LEFT JOIN INHAND"
+                     " ON INHAND.PROGRAM = P.PROGRAM WHERE USER_NAME <> '' AND " +
+                     kLive + " AND P.PROGRAM <> ? ORDER BY USER_NAME, MACHINE, BOOK, ITS_NO",
+                 program_))
+    all.push_back(otherOf(row));
+  return all;
+}
+
+// ---- what is in hand
+
+std::optional<Other> ServerEngine::takeInHand(const std::string& book, const std::string& number) {
+  if (!mayMark_) return {};
+  stillHere();
+  for (int tries = 0; tries < 3; ++tries) {
+    if (const auto held = heldBy()) return held;
+    const auto found = face_.first(std::string("SELECT ") + kWho + secondsSince("SINCE") +
+                                       ", BOOK, ITS_NO, INHAND.PROGRAM, COALESCE(" + kLive +
+                                       ", 0) FROM INHAND LEFT JOIN TURN AS P ON P.PROGRAM = INHAND.PROGRAM"
+                                       " WHERE BOOK = ? AND ITS_NO = ?",
+                                   book, number);
+    if (found && found->text(5) == program_) return {};
+    if (found && found->number(6) != 0) return otherOf(*found);
+    try {
+      // Of two who find it free, or find the mark of a dead program, the second looks once more.
+      if (found) unmark(book, number, found->text(5));
+      ServerStatement marks(
+          *this, "INSERT INTO INHAND (BOOK, ITS_NO, PROGRAM, SINCE) VALUES (?, ?, ?, UTC_TIMESTAMP())");
+      marks.bind({book, number, program_});
+      marks.rerun();
+      return {};
+    } catch (const DatabaseError& error) {
+      if (error.kind() != Kind::constraint && error.kind() != Kind::again) throw;
+    }
+  }
+  return {};  // the save compares what stands all the same
+}
+
+void ServerEngine::unmark(const std::string& book, const std::string& number, const std::string& program) {
+  ServerStatement goes(*this, "DELETE FROM INHAND WHERE BOOK = ? AND ITS_NO = ? AND PROGRAM = ?");
+  goes.bind({book, number, program});
+  goes.rerun();
+}
+
+void ServerEngine::letGo(const std::string& book, const std::string& number) {
+  if (mayMark_) unmark(book, number, program_);
+}
+
+// ---- who holds the books
+
+std::optional<Other> ServerEngine::heldBy() {
+  const auto found =
+      face_.first(std::string("SELECT ") + kWho + secondsSince("T.HELD_SINCE") +
+                      ", T.HELD_FOR, '', T.CLOSED FROM TURN AS T LEFT JOIN TURN AS P ON P.PROGRAM = T.HOLDER"
+                      " WHERE T.PROGRAM = '' AND T.HOLDER NOT IN ('', ?) AND T.HELD_TILL > UTC_TIMESTAMP()",
+                  program_);
+  if (!found) return {};
+  Other other = otherOf(*found);
+  other.hold = static_cast<Hold>(toInt(found->number(5)));
+  return other;
+}
+
+// Of the row that all share, in no transaction; returns whether its condition held.
+bool ServerEngine::changeTurn(const std::string& change) {
+  for (int left = 3;; --left) {
+    try {
+      tell("UPDATE TURN SET " + change);
+      return mysql_affected_rows(link_.handle()) > 0;
+    } catch (const DatabaseError& error) {
+      if (error.kind() != Kind::again || left == 0) throw;
+    }
+  }
+}
+
+std::optional<Other> ServerEngine::hold(const std::string& what, Hold how) {
+  const std::string change =
+      "HELD_SINCE = CASE WHEN " + mine("HOLDER") + " THEN HELD_SINCE ELSE UTC_TIMESTAMP() END, HOLDER = '" +
+      program_ + "', HELD_FOR = " + serverText(what) + ", HELD_TILL = " + kHoldEnds +
+      ", CLOSED = " + std::to_string(static_cast<int>(how)) + " WHERE PROGRAM = '' AND (HOLDER IN ('', '" +
+      program_ + "') OR HELD_TILL <= UTC_TIMESTAMP())";
+  for (int tries = 0; tries < 3; ++tries) {
+    holds_ = changeTurn(change);
+    if (holds_) return {};
+    if (const auto other = heldBy()) return other;  // else it ended between the two
+  }
+  throw DatabaseError(Kind::locked, books_.filename().string(), {});
+}
+
+void ServerEngine::endHold() {
+  if (!std::exchange(holds_, false)) return;
+  changeTurn("HOLDER = '', CLOSED = 0, HELD_TILL = UTC_TIMESTAMP() WHERE PROGRAM = '' AND " + mine("HOLDER"));
+}
+
+void ServerEngine::wereExchanged() {
+  changeTurn("N = N + 1, EXCHANGED = EXCHANGED + 1 WHERE PROGRAM = ''");
+  exchanged_ = link_.ask("SELECT EXCHANGED FROM TURN WHERE PROGRAM = ''").front();
+}
+
+// ---- one writer at a time
+
+void ServerEngine::takeTurn() {
+  try {
+    tell("UPDATE TURN SET N = LAST_INSERT_ID(N + 1) WHERE PROGRAM = '' AND EXCHANGED = " + exchanged_ +
+         " AND (CLOSED < 1 OR " + mine("HOLDER") + " OR HELD_TILL <= UTC_TIMESTAMP())");
+  } catch (const DatabaseError& error) {
+    if (error.kind() != Kind::locked) throw;
+    tellHold();
+    throw;
+  }
+  if (mysql_affected_rows(link_.handle()) == 0) {
+    tellHold();
+    throw DatabaseError(Kind::missing,
+                        DatabaseError::Told(words("These Books Were Exchanged For Others Meanwhile\r\n"
+                                                  "Nothing Was Stored :: Close Them And Open Them Again")));
+  }
+  turn_ = static_cast<std::int64_t>(mysql_insert_id(link_.handle()));
+  tell("INSERT INTO TURN (PROGRAM, N, USER_NAME, MACHINE, CAME, SEEN) VALUES ('" + program_ + "', " +
+       std::to_string(turn_) + ", CURRENT_USER(), " + serverText(machine()) +
+       ", UTC_TIMESTAMP(), UTC_TIMESTAMP()) ON DUPLICATE KEY UPDATE N = VALUES(N), SEEN = VALUES(SEEN)");
+}
+
+// Who holds the books, where somebody does and saves have to wait for it.
+void ServerEngine::tellHold() {
+  if (const auto other = heldBy(); other && other->hold == Hold::Closes)
+    throw DatabaseError(Kind::locked, DatabaseError::Told(holdWords(*other)));
+}
