@@ -210,11 +210,11 @@ std::string ServerEngine::workTableText(const std::string& table, const std::vec
 
 void ServerEngine::makeWorkTable(const std::string& table, const std::vector<Column>& columns) {
   const std::string key = upper(table);
-  if (work_.contains(key)) tell("DROP TEMPORARY TABLE IF EXISTS " + serverName(key));
-  work_.erase(key);
+  // Known before it stands: where the connection is lost meanwhile, it is made with the next.
+  const bool stood = !work_.insert_or_assign(key, columns).second;
   journal_.emptied(key);
+  if (stood) tell("DROP TEMPORARY TABLE IF EXISTS " + serverName(key));
   tell(workTableText(key, columns));
-  work_[key] = columns;
 }
 
 void ServerEngine::indexWorkTable(const std::string& table, const std::string& columns) {

@@ -66,9 +66,9 @@ class Hand:
         raise Gone
 
     def reply(self, question):
-        """An operator means what was typed, and waits for a server."""
+        """An operator means what was typed, waits for a server, and does not look again at what others have changed."""
         time.sleep(0.5 if "Does Not Answer" in question else 0)
-        return "Yes"
+        return "No" if "Nothing Was Stored" in question else "Yes"
 
     def top(self):
         return self.do("show").split(" ", 1)[0]
@@ -181,8 +181,9 @@ class Typist:
                 deed.number, deed.ended = int(saved[1]), time.monotonic()
                 self.hand.sure("press " + away)
                 return self.leave()
-            if "Has Been Taken" not in "\n".join(self.hand.said):
-                time.sleep(0.5)
+            if "Nothing Was Stored" in "\n".join(deed.told):
+                return self.leave()
+            time.sleep(0.5)
         raise Refused("\n".join(deed.told[:12]) + self.hand.do("show"))
 
     def open(self, menu):
