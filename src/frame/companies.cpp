@@ -19,6 +19,7 @@
 #include "store/place.h"
 #include "store/safe_file.h"
 #include "store/server_books.h"
+#include "store/server_operators.h"
 #include "store/templates.h"
 
 namespace fs = std::filesystem;
@@ -160,6 +161,19 @@ std::optional<fs::path> lastBooks(Database& catalogue, const fs::path& folder, c
     if (Val(year.from) < Val(wanted.from) && (!last || Val(year.from) > Val(last->from))) last = year;
   if (!last) return {};
   return dataFile(folder, *last);
+}
+
+// Those that operators have in the last year of the company's name, which may bear another code.
+void takeRights(Database& catalogue, const CompanyYear& made) {
+  try {
+    const auto before = catalogue.first(
+        "SELECT COMP_ID FROM compny WHERE COMP_NAME = ? AND COMP_ID <> ? ORDER BY FROMYR DESC, rowid DESC "
+        "LIMIT 1",
+        made.name, made.code);
+    if (before) giveSameRights(catalogue, before->text(0), made.code);
+  } catch (const DatabaseError& error) {
+    logFailure("passed over: rights are given under Operators too", error);
+  }
 }
 
 Deletion mayGo(Database& catalogue, const CompanyYear& which) {
@@ -345,6 +359,7 @@ void createCompanyYear(Database& catalogue, const fs::path& folder, const Compan
     if (made && !onServer(file)) takeBack(catalogue, wanted, file);
     throw;
   }
+  if (mayMakeOperators(catalogue)) takeRights(catalogue, wanted);
 }
 
 std::string renameCompany(Database& catalogue, const CompanyYear& row, const std::string& by,

@@ -288,6 +288,8 @@ int ServerEngine::shapeVersion() {
 }
 
 void ServerEngine::stampShape(int version) {
+  // Who has no right to it is refused before anything says that it was begun.
+  tell("DROP TABLE IF EXISTS SHAPED");
   tell(std::string("INSERT INTO TURN (PROGRAM, N) VALUES ('") + kShapeRow + "', " + std::to_string(version) +
        ") ON DUPLICATE KEY UPDATE N = VALUES(N)");
 }

@@ -94,7 +94,7 @@ bool beginsWith(std::string_view statement, std::initializer_list<std::string_vi
 // Of the three rights each lets do more with the books; the statement tells which one is missing.
 std::string refusedRight(const std::string& name, std::string_view statement) {
   const bool changes = beginsWith(statement, {"INSERT", "UPDATE", "DELETE", "REPLACE"});
-  if (changes && lower(statement).find("compny") != std::string::npos)
+  if (changes && (sameText(name, "comp") || lower(statement).find("compny") != std::string::npos))
     return words(
         "Your Right Does Not Reach As Far As The List Of Companies\r\n"
         "Nothing Was Stored :: Who Makes Operators Gives The Right, Under UTILITIES, Operators");
@@ -106,8 +106,7 @@ std::string refusedRight(const std::string& name, std::string_view statement) {
   if (beginsWith(statement, {"CREATE", "DROP", "ALTER", "RENAME", "TRUNCATE", "GRANT", "REVOKE", "BEGIN"}))
     return words(
         "Your Right Does Not Reach As Far As This\r\n"
-        "Nothing Was Done In {file} :: Who Makes Operators Gives The Right, Under UTILITIES, Operators",
-        "file", name);
+        "Nothing Was Done :: Who Makes Operators Gives The Right, Under UTILITIES, Operators");
   return words(
       "You Have No Right To See {file}\r\n"
       "Who Makes Operators Gives It, Under UTILITIES, Operators",

@@ -105,6 +105,11 @@ void setGrants(Database& db, const Operator& who, const std::string& databases, 
   if (right != Right::None || anythingGranted(db, who, databases)) revokeAbove(db, who, databases, right);
 }
 
+void setInCompany(Database& db, const Operator& who, const std::string& company, Right right) {
+  setGrants(db, who, years(company), right);
+  setGrants(db, who, aside(company), right == Right::All ? Right::All : Right::None);
+}
+
 // Grants count from the next time that a connection turns to its database.
 void cutOff(Database& db, const Operator& who) {
   try {
@@ -208,11 +213,16 @@ void setPassword(Database& db, const Operator& who, const std::string& password)
 }
 
 void setRight(Database& db, const Operator& who, const std::string& company, Right right) {
-  setGrants(db, who, years(company), right);
-  setGrants(db, who, aside(company), right == Right::All ? Right::All : Right::None);
-  // The list of companies is written by who begins a year.
+  setInCompany(db, who, company, right);
+  // The list of companies is written by who may do all in one of them.
   Operator after = who;
   after.rights[upper(trim(company))] = right;
   setGrants(db, who, kCatalogue, after.highest() == Right::All ? Right::Bill : Right::Look);
   cutOff(db, who);
+}
+
+void giveSameRights(Database& db, const std::string& from, const std::string& to) {
+  for (const Operator& who : operators(db))
+    if (const auto given = who.rights.find(upper(trim(from))); given != who.rights.end())
+      setInCompany(db, who, to, given->second);
 }

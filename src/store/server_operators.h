@@ -15,7 +15,7 @@
 // With the books in a file there are none. All raise DatabaseError.
 
 // Each lets do what the one before does, and more: look at everything and print it; enter, change and delete
-// vouchers and masters; begin a year, bring books into shape, restore them.
+// vouchers and masters; bring books into shape, restore them.
 enum class Right { None, Look, Bill, All };
 
 struct Operator {
@@ -40,3 +40,5 @@ void addOperator(Database& catalogue, const std::string& name, const std::string
 void removeOperator(Database& catalogue, const Operator& which);
 void setPassword(Database& catalogue, const Operator& which, const std::string& password);
 void setRight(Database& catalogue, const Operator& which, const std::string& company, Right right);
+// All may do in one company what they may do in another: the year that follows under a further code.
+void giveSameRights(Database& catalogue, const std::string& from, const std::string& to);
