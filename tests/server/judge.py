@@ -40,6 +40,8 @@ def judge(db, journal):
         "SELECT DISTINCT BOOK_CD, VOUCH_NO FROM SALEITM AS L WHERE NOT EXISTS (SELECT 1 FROM SALE AS S WHERE S.VOUCH_NO = L.VOUCH_NO AND S.BOOK_CD = L.BOOK_CD)")]
     faults += ["bill number %s of %s is there %d times" % tuple(row) for row in db.execute(
         "SELECT BILL_NO, BL_TYPE, COUNT(*) FROM SALE WHERE BOOK_CD = 'SA' GROUP BY BILL_NO, BL_TYPE HAVING COUNT(*) > 1")]
+    faults += ["somebody's work stands in the books' own " + table for table in ("T_SLITM", "T_CHLNITM", "T_QUOTITM", "TEMP_ITMDTL")
+               if db.execute("SELECT 1 FROM " + table).fetchone()]
     signed = "SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT ELSE -VOUCH_AMT END)"
     faults += ["debits of %s %s are %s above credits" % tuple(row) for row in db.execute(
         "SELECT BOOK_CD, VOUCH_NO, %s FROM ALEDGER GROUP BY BOOK_CD, VOUCH_NO HAVING ABS(%s) > 0.004" % (signed, signed))]

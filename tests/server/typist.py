@@ -18,6 +18,7 @@ ITEMS = {"I%07d" % n: Item("I%07d" % n, "", "", tax, "", [Unit(unit, 0, rate, 0)
     (4, "NOS", 18, 32), (5, "NOS", 18, 105), (6, "NOS", 18, 126), (7, "NOS", 18, 165), (8, "NOS", 12, 82.5), (10, "NOS", 5, 815), (12, "NOS", 18, 3340),
     (14, "BOX", 5, 275), (15, "NOS", 0, 140))}
 TODAY = "2026-11-25"
+AWAY = re.compile("Does Not Answer|is in use by another program")
 
 
 class Gone(Exception):
@@ -45,8 +46,16 @@ class Hand:
         return "\n".join(self.said)
 
     def sure(self, *lines):
-        if "failed: " in self.do(*lines):
-            raise Refused("\n".join(self.said))
+        """Each done; what a server that was gone has kept back is done again, as a person would."""
+        for line in lines:
+            for one in ["key " + key for key in line.split()[1:]] if line.startswith("key ") else [line]:
+                for _ in range(60):
+                    said = self.do(one)
+                    if not AWAY.search(said) or line.startswith("type "):
+                        break
+                    time.sleep(0.5)
+                if "failed: " in said:
+                    raise Refused("%s: %s" % (one, said))
 
     def tell(self, line):
         try:
