@@ -169,11 +169,9 @@ def kill_group(pid):
 
 
 def begin_group(folder, name, command, **how):
-    """A process that goes when the folder is cleaned up, with all that it starts."""
-    process = subprocess.Popen(command, start_new_session=True, **how)
-    with open(os.path.join(folder, name + ".pid"), "w", encoding="ascii") as file:
-        file.write(str(process.pid))
-    return process
+    """A process that goes when the folder is cleaned up, with all that it starts: it says itself who it is, first."""
+    says = ["sh", "-c", 'echo $$ >"$0" && exec "$@"', os.path.join(folder, name + ".pid")]
+    return subprocess.Popen(says + command, start_new_session=True, **how)
 
 
 class Servers:
@@ -188,6 +186,8 @@ class Servers:
         memory = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
         self.folder = tempfile.mkdtemp(prefix="mirav-server-", dir=memory)
         os.chmod(self.folder, 0o755)
+        if OWNER:
+            shutil.chown(self.folder, "mysql", "mysql")
         read, self.lives = os.pipe()
         if os.fork() == 0:
             os.setsid()
