@@ -88,6 +88,7 @@ void ServerEngine::takePlace() {
   try {
     forgetTheDead();
     writePlace();
+    mayMark_ = true;
   } catch (const DatabaseError& error) {
     if (error.kind() != Kind::denied) throw;
     mayMark_ = false;  // who may only look
