@@ -129,6 +129,7 @@ void ServerLink::useSettings() {
 void ServerLink::close() noexcept {
   if (handle_) mysql_close(handle_);
   handle_ = nullptr;
+  thread_ = 0;
 }
 
 std::vector<std::vector<std::string>> ServerLink::rows(const std::string& sql) {
@@ -165,6 +166,8 @@ bool ServerLink::hasDatabase(const std::string& stem) {
 void ServerLink::fail(std::string_view sql) { fail(mysql_errno(handle_), mysql_error(handle_), sql); }
 
 void ServerLink::fail(unsigned code, const std::string& text, std::string_view sql) {
+  // Once a connection stands, the end of its encryption is its own end.
+  if (code == CR_SSL_CONNECTION_ERROR && thread_ != 0) code = CR_SERVER_LOST;
   const DatabaseError error = serverError(code, text, about_, sql);
   if (isLost(error)) close();
   throw error;
