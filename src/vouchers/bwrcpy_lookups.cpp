@@ -8,7 +8,7 @@ using namespace fields;
 namespace {
 
 const std::vector<OrderTerm> kNewest{down("RPTPAY.VOUCH_DT"), down("RPTPAY.vouch_no")};
-const SelectColumn kDay{"SHOWN(vouch_dt,'dd/mm/yyyy')"};
+const SelectColumn kDay{"SHOWN(vouch_dt,'dd/mm/yyyy')", 0, "VDT"};
 
 }  // namespace
 
