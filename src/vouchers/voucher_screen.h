@@ -199,7 +199,7 @@ class VoucherScreen : public ChildScreen {
   bool meansNothing();
   Numbers numbers() const;
   bool paperNumberGiven() const;
-  void takeFreeNumbers();
+  bool takeFreeNumbers();
   void tellNumbers(const Numbers& shown);  // which are others than they were
   void showAgain(const Numbers& shown);
 

@@ -120,14 +120,14 @@ bool VoucherScreen::meansNothing() {
 
 VoucherScreen::Numbers VoucherScreen::numbers() const { return {text(kNumber), text(paperNumber())}; }
 
-// Of a new voucher, inside of its save: what another program has taken since it was shown.
-void VoucherScreen::takeFreeNumbers() {
+// Of a new voucher, inside of its save: for what another program has taken since it was shown. False where a
+// number on the paper that was typed is taken.
+bool VoucherScreen::takeFreeNumbers() {
   if (isStored(data(), kind_, value(kNumber))) {
     put(kNumber, lastVoucher(data(), kind_).number + 1);
     renumber();
-  } else {
-    (void)paperNumberFree();
   }
+  return paperNumberFree();
 }
 
 void VoucherScreen::tellNumbers(const Numbers& shown) {
@@ -150,13 +150,11 @@ void VoucherScreen::store(const Numbers& shown) {
   const Session& s = session();
   const SaveStamp stamp{host.now(), s.musername, s.mmobile, s.mdataname};
   const bool fresh = mode == "ADD";
-  const Saving expected =
-      (fresh ? Saving::Fresh : Saving::over(asLoaded_)).unless([this] { return paperNumberTaken(); });
+  const Saving changed = Saving::over(asLoaded_).unless([this] { return paperNumberTaken(); });
   bool written = false;
   try {
     written = whole(data(), [&] {
-      if (fresh) takeFreeNumbers();
-      return write(stamp, expected);
+      return fresh ? takeFreeNumbers() && write(stamp, Saving::Fresh) : write(stamp, changed);
     });
   } catch (...) {
     showAgain(shown);
