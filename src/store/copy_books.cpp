@@ -21,7 +21,9 @@ namespace {
 
 constexpr int kRowsRead = 4000;         // at once, and written in one transaction
 constexpr size_t kValuesAtOnce = 4000;  // of one INSERT: both engines take more
-constexpr int kLongestOther = 1000;     // characters of a column that declares no length
+constexpr int kLongestOther = 255;      // characters of a column that declares no length
+constexpr size_t kWideTable = 40;       // columns: a server's row has room for so many of these
+constexpr size_t kLongestText = 65535;  // bytes of a text without a length, on a server
 
 using Columns = std::vector<Column>;
 using Cells = std::vector<Value>;  // the row number first
@@ -82,6 +84,15 @@ void append(std::string& bytes, const Value& value, Column::Kind kind) {
     append(bytes, 'D', &number, sizeof number);
   }
 }
+
+// Of one table: the digest goes over every value and row number in the order of these, the same on every
+// engine.
+struct TableFigures {
+  double rows = 0;
+  std::vector<double> sums{};
+  std::uint64_t digest = 0;
+  bool operator==(const TableFigures&) const = default;
+};
 
 class Figures {
  public:
@@ -161,6 +172,7 @@ std::string refusal(const Value& value, const Column& column) {
   }
   const std::string text = value.text();
   if (!isUtf8(text)) return words("No Text");
+  if (column.size == 0 && text.size() > kLongestText) return words("Too Long");
   const int most = column.kind == Column::Kind::date ? kLongestDate : column.size;
   return most > 0 && length(text) > most
              ? words("Longer Than {letters} Letters", "letters", std::to_string(most))
@@ -197,7 +209,8 @@ void settleOthers(Database& from, const std::string& table, Columns& columns) {
         longest = std::max(longest, length(cells[1].text()));
       }
     });
-    const int size = longest > kLongestOther ? 0 : std::max(longest, 255);
+    const bool large = longest > kLongestOther || columns.size() > kWideTable;
+    const int size = large ? 0 : kLongestOther;
     column.kind = any && numbers ? Column::Kind::number : Column::Kind::text;
     column.size = column.kind == Column::Kind::text ? size : 0;
     const std::string text = size == 0 ? "TEXT" : "TEXT(" + std::to_string(size) + ")";
@@ -252,10 +265,6 @@ void compare(Database& to, const std::string& table, const Columns& columns, con
 }
 
 }  // namespace
-
-TableFigures figuresOf(Database& db, const std::string& table) {
-  return figuresOf(db, table, db.engine().tableColumns(table));
-}
 
 std::vector<std::string> copyBooks(Database& from, Database& to, const CopyProgress& progress) {
   from.engine().dropWorkTables();

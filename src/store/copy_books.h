@@ -1,32 +1,22 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "store/database.h"
 
-// Books copied from one engine to another, and what shows that they are the same.
+// Books copied from one engine to another.
 
 // Letters of a date column on a server.
 inline constexpr int kLongestDate = 20;
-
-// Of one table: how many rows, the sum of each column of numbers, and a digest of every value and row
-// number in the order of the row numbers. The same on every engine, to the last bit.
-struct TableFigures {
-  double rows = 0;
-  std::vector<double> sums{};
-  std::uint64_t digest = 0;
-  bool operator==(const TableFigures&) const = default;
-};
-TableFigures figuresOf(Database& db, const std::string& table);
 
 // What is being done: "SALE", and how many of its rows are.
 using CopyProgress = std::function<void(const std::string& table, double rows)>;
 
 // All tables of `from` into `to`, which has none: shapes, rows with their numbers, keys that stood, indexes,
-// saved queries, the version of the shape; then each is read again and compared. Also tables that the
+// saved queries, the version of the shape; then each is read again, and the number of its rows, the sum of
+// each column of figures and a digest of all values must be the same, to the last bit. Also tables that the
 // dictionary does not declare. What is read stands still meanwhile; work tables that stand before those of
 // the books on the connection of `from` go. Returns the tables whose key the new books cannot hold.
 //
