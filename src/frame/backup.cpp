@@ -17,6 +17,7 @@
 #include "store/safe_file.h"
 #include "store/server_books.h"
 #include "store/templates.h"
+#include "store/together.h"
 
 namespace fs = std::filesystem;
 
@@ -79,6 +80,45 @@ void openBackup(Database& db, const fs::path& backup) {
     db.openFile(backup, Access::readOnly);
   else
     db.openOnServer(backup, Access::readOnly);
+}
+
+// Others store nothing into books that are about to be exchanged.
+class Held {
+ public:
+  explicit Held(const fs::path& books) {
+    if (!booksExist(books)) return;
+    db_.open(books);
+    goesOn();
+  }
+  ~Held() {
+    try {
+      if (db_.isOpen()) db_.engine().endHold();
+    } catch (const std::exception& error) {
+      logFailure("passed over: the hold ends by itself", error);
+    }
+  }
+  Held(const Held&) = delete;
+  Held& operator=(const Held&) = delete;
+  void goesOn() {
+    if (!db_.isOpen()) return;
+    if (const auto other = db_.engine().hold(english("Restore"), Hold::Closes))
+      throw DatabaseError(DatabaseError::Kind::locked, DatabaseError::Told(holdWords(*other)));
+  }
+  void exchanged() {
+    if (db_.isOpen()) db_.engine().wereExchanged();
+  }
+
+ private:
+  Database db_;
+};
+
+void exchangeOnServer(Database& source, const fs::path& books, const fs::path& aside) {
+  Held held(books);
+  BooksInMaking made(
+      books, [&](Database& db) { copyBooks(source, db, [&](const auto&, double) { held.goesOn(); }); });
+  held.goesOn();
+  made.putInPlace(aside);
+  held.exchanged();
 }
 
 // Of a path on a drive that is not there no part is made: the copies would land elsewhere.
@@ -212,7 +252,7 @@ fs::path restoreBackup(const fs::path& backup, const fs::path& database, const s
   while ((server ? standsOnServer(aside) : fileExists(aside)) && ++name.again > 1);
   const bool replaces = booksExist(database);
   if (server) {
-    BooksInMaking(database, [&](Database& db) { copyBooks(source, db); }).putInPlace(aside);
+    exchangeOnServer(source, database, aside);
     return replaces ? aside.stem() : fs::path();
   }
   if (replaces) copyDatabase(database, aside);

@@ -176,7 +176,6 @@ bool restoreNow(Host& host) {
     const Told told = exchange(host, *file);
     if (!openCompanyYear({s.mcompid, s.mcompname, s.mfromyr, s.mtoyr}).empty())
       throw DatabaseError(DatabaseError::Kind::missing, s.mdbfile, {});
-    if (told.done) data().engine().wereExchanged();
     host.message(told.text, told.done ? kDone : kMessageTitle);
     return true;
   } catch (const std::exception& error) {

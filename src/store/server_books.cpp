@@ -4,6 +4,7 @@
 #include "store/dictionary.h"
 #include "store/engine.h"
 #include "store/server_link.h"
+#include "store/server_together.h"
 #include "store/views.h"
 
 namespace fs = std::filesystem;
@@ -23,10 +24,12 @@ std::string shown(const fs::path& books) {
 
 // Those of the books; what programs tell each other of themselves stays where it is.
 std::vector<std::string> tablesIn(ServerLink& link, const std::string& database) {
-  return link.ask(
+  std::vector<std::string> tables = link.ask(
       "SELECT TABLE_NAME FROM information_schema.TABLES WHERE TABLE_TYPE = 'BASE TABLE'"
-      " AND TABLE_NAME NOT IN ('turn', 'inhand') AND TABLE_SCHEMA = " +
+      " AND TABLE_SCHEMA = " +
       serverText(database));
+  std::erase_if(tables, isTurnTable);
+  return tables;
 }
 
 // The version of the shape stands beside the tables that go.
@@ -56,7 +59,7 @@ class Exchange {
     for (const fs::path& books : made_) {
       Database db;
       db.openOnServer(books);
-      if (CheckTable(db, "SALE")) RemakeViews(db);
+      ensureViews(db);
     }
   }
 
