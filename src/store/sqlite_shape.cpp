@@ -141,7 +141,8 @@ void SqliteEngine::reshape(const std::string& table, const std::vector<NewColumn
 }
 
 // The old rows stand aside, since pages that are written over would have to be copied first.
-std::string SqliteEngine::beginRewriting(const std::string& table, std::span<const std::string_view> indexes) {
+std::string SqliteEngine::beginRewriting(const std::string& table,
+                                         std::span<const std::string_view> indexes) {
   for (const std::string_view index : indexes) dropIndex(index);
   const WithoutViewChecks unchecked(face_);
   const auto columns = tableColumns(table);

@@ -148,7 +148,7 @@ TEST_F(EveryEntry, WithoutAScreenSaysSo) {
 TEST_F(EveryEntry, HasNoButtonWithoutAnAnswer) {
   const auto isButton = [](const Control& c) { return c.kind == Kind::Button; };
   for (const Command& command : commands()) {
-    if (screenOf(command).empty()) continue;
+    if (screenOf(command).empty() || !leadsSomewhere(command)) continue;
     for (const char* mode : {"", "cmdAdd", "cmdEdit"}) {
       open(command);
       go(mode);
@@ -179,7 +179,7 @@ TEST_F(EveryEntry, LooksUpInAnEmptyCompany) {
                               KeyCode::F8,    KeyCode::F11, KeyCode::F12};
   std::set<std::string> looked;
   for (const Command& command : commands()) {
-    if (screenOf(command).empty()) continue;
+    if (screenOf(command).empty() || !leadsSomewhere(command)) continue;
     for (const char* mode : {"cmdAdd", "cmdEdit"}) {
       open(command);
       go(mode);
