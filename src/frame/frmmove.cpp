@@ -14,7 +14,7 @@ constexpr const char* kTitle = english("Mirav Information");
 Layout moveLayout() {
   Layout layout = progressLayout(760, 420);
   layout.bands.insert(layout.bands.begin() + 1, {part(1), {{.name = "list", .frame = Frame::Plain}}});
-  layout.bands[2].height = px(64);
+  layout.bands[2].height = px(72);
   return layout;
 }
 
@@ -70,7 +70,7 @@ frmmove::frmmove(Host& h)
     : ProgressDialog(h, moveTable(),
                      {.start = "cmdmove",
                       .cancel = "cmdclose",
-                      .undone = english("It Was Not Moved :: The Files Are As They Were")}) {
+                      .undone = english("What Is Listed Was Not Moved :: Its Files Are As They Were")}) {
   escMeans = english("Esc = Not Now");
   wire<frmmove>(*this, {
                            {"cmdmove",  On::Click,       &frmmove::moveAll},
@@ -109,15 +109,20 @@ void frmmove::moveRow() {
 void frmmove::move(const std::vector<FileCompany>& companies) {
   if (companies.empty()) return close();
   std::vector<std::string> kept, withoutKey;
-  run([&] {
-    for (const FileCompany& company : companies) {
-      const Moved moved =
-          moveToServer(catalogue(), session().mapppath, company,
-                       [&](const std::string& table, double rows) { tell(progressText(table, rows)); });
-      kept.insert(kept.end(), moved.kept.begin(), moved.kept.end());
-      withoutKey.insert(withoutKey.end(), moved.withoutKey.begin(), moved.withoutKey.end());
-    }
-  });
+  try {
+    run([&] {
+      for (const FileCompany& company : companies) {
+        const Moved moved =
+            moveToServer(catalogue(), session().mapppath, company,
+                         [&](const std::string& table, double rows) { tell(progressText(table, rows)); });
+        kept.insert(kept.end(), moved.kept.begin(), moved.kept.end());
+        withoutKey.insert(withoutKey.end(), moved.withoutKey.begin(), moved.withoutKey.end());
+      }
+    });
+  } catch (...) {
+    fill();  // some may have gone before
+    throw;
+  }
   for (const std::string& table : withoutKey)
     host.message(words("PRIMARY KEY NOT SET FOR {table}  TABLE", "table", table), kMessageTitle);
   host.message(words("Moved To The Server\r\nThe Files Are Kept As {files}", "files", join(kept, ", ")),
