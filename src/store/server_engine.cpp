@@ -158,6 +158,7 @@ void ServerEngine::begin(Transaction::Writes what) {
 
 void ServerEngine::commit() {
   if (state_ == State::None) throw serverError(CR_SERVER_LOST, {}, stemOf(books_), {});
+  stand();  // never over another connection
   const bool wrote = state_ == State::Writing;
   try {
     link_.rows("COMMIT");
@@ -255,7 +256,8 @@ void ServerEngine::write(const std::string& table, const std::string& sql, const
     if (state_ != State::None) return run();
     return whole(face_, run);
   }
-  const bool anew = WorkJournal::empties(sql) && state_ == State::None && work_.contains(table);
+  const bool within = state_ != State::None;
+  const bool anew = WorkJournal::empties(sql) && !within && work_.contains(table);
   const auto once = [&] {
     // Made anew, its rows are numbered from 1 again.
     if (anew)
@@ -266,7 +268,7 @@ void ServerEngine::write(const std::string& table, const std::string& sql, const
   try {
     once();
   } catch (const DatabaseError& error) {
-    if (error.kind() != Kind::lost || state_ != State::None) throw;
+    if (error.kind() != Kind::lost || within) throw;
     stand();
     once();
   }

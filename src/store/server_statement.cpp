@@ -44,11 +44,13 @@ enum_field_types readAs(enum_field_types type) {
 ServerStatement::ServerStatement(ServerEngine& engine, std::string text)
     : PreparedStatement(std::move(text)), engine_(engine), target_(WorkJournal::target(sql)) {
   engine_.stand();
+  // With its connection a transaction is gone, also from the engine: what belongs to it must not go on alone.
+  const bool within = engine_.inTransaction();
   try {
     try {
       prepare();
     } catch (const DatabaseError& error) {
-      if (error.kind() != DatabaseError::Kind::lost || engine_.inTransaction()) throw;
+      if (error.kind() != DatabaseError::Kind::lost || within) throw;
       engine_.stand();
       prepare();
     }
@@ -189,10 +191,11 @@ void ServerStatement::run() {
   engine_.stand();
   changed_ = 0;
   if (!target_.empty()) return engine_.write(target_, sql, values_, [this] { execute(); });
+  const bool within = engine_.inTransaction();
   try {
     execute();
   } catch (const DatabaseError& error) {
-    if (error.kind() != DatabaseError::Kind::lost || engine_.inTransaction()) throw;
+    if (error.kind() != DatabaseError::Kind::lost || within) throw;
     engine_.stand();
     execute();
   }
