@@ -125,6 +125,11 @@ void ServerLink::useSettings() {
   if (ask("SELECT @@lower_case_table_names").front() == "0")
     throw DatabaseError(DatabaseError::Kind::tooOld, {},
                         words("Its Option File Must Say lower_case_table_names = 1"));
+  // A cluster counts rows in steps of its own else, and work that is written again after a node has gone
+  // would not have the numbers that it had.
+  if (ask("SELECT @@auto_increment_increment").front() != "1")
+    throw DatabaseError(DatabaseError::Kind::tooOld, {},
+                        words("Its Option File Must Say wsrep_auto_increment_control = OFF"));
 }
 
 void ServerLink::close() noexcept {

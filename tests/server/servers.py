@@ -121,7 +121,7 @@ class Cluster:
     def replication(self, n, others):
         if len(self.nodes) == 1:
             return []
-        return ["--wsrep-on=ON", "--wsrep-provider=" + GALERA, "--binlog-format=ROW", "--innodb-autoinc-lock-mode=2",
+        return ["--wsrep-on=ON", "--wsrep-provider=" + GALERA, "--binlog-format=ROW", "--innodb-autoinc-lock-mode=2", "--wsrep-auto-increment-control=OFF",
                 "--wsrep-cluster-address=gcomm://" + ",".join("127.0.0.1:%d" % p for p in others),
                 "--wsrep-node-address=127.0.0.1:%d" % self.links[n], "--wsrep-node-name=node%d" % (n + 1),
                 "--wsrep-sst-method=rsync", "--wsrep-sst-receive-address=127.0.0.1:%d" % free_port(),
