@@ -18,7 +18,7 @@ ITEMS = {"I%07d" % n: Item("I%07d" % n, "", "", tax, "", [Unit(unit, 0, rate, 0)
     (4, "NOS", 18, 32), (5, "NOS", 18, 105), (6, "NOS", 18, 126), (7, "NOS", 18, 165), (8, "NOS", 12, 82.5), (10, "NOS", 5, 815), (12, "NOS", 18, 3340),
     (14, "BOX", 5, 275), (15, "NOS", 0, 140))}
 TODAY = "2026-11-25"
-AWAY = re.compile(r"\[Mirav[^\]]*\].*Try Again|is in use by another program")
+AWAY = re.compile(r"\[Mirav[^\]]*\].*(?:Try Again|Was Lost)|is in use by another program")
 
 
 class Gone(Exception):
