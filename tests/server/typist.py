@@ -174,6 +174,8 @@ class Typist:
         bill.work_out()
         self.open("SALE")
         hand.sure("key Alt+A", "key Enter", 'type "%s"' % party, "key Enter Tab Enter Enter Enter Enter")
+        if "failed: " in hand.do("expect focus item"):
+            return self.leave()  # others have taken the number that stood there, which is told
         for line in bill.lines:
             hand.sure('type "%s"' % line.item.code, "key Enter Enter Enter", 'type "%s"' % number(line.quantity), "key Enter")
             hand.sure('fill rate "%s"' % number(line.rate), "key Enter", 'fill discount "0"', "key Enter Enter")
