@@ -22,7 +22,7 @@ class Saving {
  public:
   static const Saving Fresh;  // nothing
   static const Saving Again;  // whatever stands there
-  static Saving over(std::string asRead) { return Saving(std::move(asRead)); }
+  static Saving over(const std::string& asRead) { return Saving(asRead); }
   // The same as long as this does not hold: another voucher took the number on the paper.
   Saving unless(std::function<bool()> taken) const;
   bool finds(Database& db, const VoucherKind& kind, double number) const;
