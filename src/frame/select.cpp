@@ -17,7 +17,7 @@ std::string bodyText(const Select& select) {
 
 // "SALE" of "(SALE LEFT JOIN ACCOUNT ON ..."; empty where a select stands there.
 std::string firstTable(const Select& select) {
-  const size_t begin = select.from.find_first_not_of("("), end = select.from.find_first_of(" ,)", begin);
+  const size_t begin = select.from.find_first_not_of('('), end = select.from.find_first_of(" ,)", begin);
   const std::string word = select.from.substr(begin, end == std::string::npos ? end : end - begin);
   return word == "WITH" || word == "SELECT" ? "" : word;
 }

@@ -106,7 +106,7 @@ Go frmacc::search() {
   const Search& by = kSearches[N];
   if (mode.empty() || mode == "ADD") return Go::On;
   Lookup lookup = accounts({{"ACC_CD"}, {by.second}, {by.third}, {by.fourth}});
-  if (by.fifth) lookup.rows.columns.push_back({by.fifth});
+  if constexpr (kSearches[N].fifth != nullptr) lookup.rows.columns.push_back({by.fifth});
   lookup.rows.columns.push_back(balanceColumn());
   lookup.rows.order = {by.order};
   const std::string found = lookUpValue(host, lookup);
