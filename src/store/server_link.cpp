@@ -53,8 +53,8 @@ void noticeSilence(MYSQL* handle) {
 
 }  // namespace
 
-ServerLink::ServerLink(const std::filesystem::path& folder, std::string stem, std::string about)
-    : folder_(folder), stem_(std::move(stem)), about_(about.empty() ? stem_ : std::move(about)) {
+ServerLink::ServerLink(const std::filesystem::path& folder, std::string stem, const std::string& about)
+    : folder_(folder), stem_(std::move(stem)), about_(about.empty() ? stem_ : about) {
   connect();
 }
 

@@ -18,7 +18,8 @@ class ServerLink {
  public:
   // To no database when the stem is empty; `about` names the books in what is told then. Raises
   // DatabaseError: lost, denied, missing, tooOld.
-  explicit ServerLink(const std::filesystem::path& folder, std::string stem = {}, std::string about = {});
+  explicit ServerLink(const std::filesystem::path& folder, std::string stem = {},
+                      const std::string& about = {});
   ~ServerLink() { close(); }
   ServerLink(const ServerLink&) = delete;
   ServerLink& operator=(const ServerLink&) = delete;

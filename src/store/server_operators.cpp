@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 
 #include "base/text.h"
 #include "base/words.h"
@@ -141,7 +140,7 @@ Operator whoIsHere(Database& db) {
 Right Operator::highest() const {
   if (owner) return Right::All;
   Right most = Right::None;
-  for (const Right right : rights | std::views::values) most = std::max(most, right);
+  for (const auto& [company, right] : rights) most = std::max(most, right);
   return most;
 }
 
