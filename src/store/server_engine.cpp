@@ -121,13 +121,18 @@ void ServerEngine::forgetTransaction() {
 }
 
 std::vector<std::vector<std::string>> ServerEngine::tell(const std::string& sql) {
+  const bool within = inTransaction();
   stand();
   try {
     return link_.rows(sql);
   } catch (const DatabaseError& error) {
-    if (error.kind() == Kind::lost || error.kind() == Kind::again) forgetTransaction();
-    throw;
+    const bool lost = error.kind() == Kind::lost;
+    if (lost || error.kind() == Kind::again) forgetTransaction();
+    // What only asks is asked again over a new connection.
+    if (!lost || within || !startsWithNoCase(sql, "SELECT")) throw;
   }
+  stand();
+  return link_.rows(sql);
 }
 
 // ---- one writer at a time

@@ -53,6 +53,8 @@ class Hand:
                     said = self.do(one)
                     if not AWAY.search(said) or line.startswith("type "):
                         break
+                    if line.startswith("menu ") and self.top() != "frmmain":
+                        break  # it opened all the same
                     time.sleep(0.5)
                 if "failed: " in said:
                     raise Refused("%s: %s" % (one, said))
