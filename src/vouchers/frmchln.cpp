@@ -97,6 +97,8 @@ void FRMCHLN::renumber() {
   if (at(kChallanNumber).given) put(kChallanNumber, nextChallanNumber(data(), kind_, trimmed(kChallanType)));
 }
 
+std::string FRMCHLN::paperNumberAfter(const std::string& number) const { return numText(Val(number) + 1); }
+
 bool FRMCHLN::paperNumberTaken() const {
   const auto changing = mode == "EDIT" ? std::optional(value(kNumber)) : std::nullopt;
   return isDuplicateChallan(data(), kind_, trimmed(kChallanType), trimmed(kChallanNumber), changing);
@@ -107,9 +109,7 @@ Go FRMCHLN::checkPaperNumber() {
     host.message("Can Not Accept Blank");
     return Go::Stay;
   }
-  if (paperNumberFree()) return Go::On;
-  host.message("Duplicate Challan Number Not Allowed");
-  return Go::Stay;
+  return paperNumberFree() ? Go::On : refuseTaken("Duplicate Challan Number Not Allowed");
 }
 
 // Totals

@@ -26,6 +26,7 @@ class FRMCHLN : public VoucherScreen {
   bool paperNumberTaken() const override;
   Go checkPaperNumber() override;
   void renumber() override;
+  std::string paperNumberAfter(const std::string& number) const override;
   std::string tutorial() const override;
   SavedMessage closingMessage() const override;
 

@@ -117,6 +117,8 @@ Go FRMQUOT::party() {
   return Go::On;
 }
 
+std::string FRMQUOT::paperNumberAfter(const std::string& number) const { return referenceAfter(number); }
+
 // An offer may do without one.
 bool FRMQUOT::paperNumberTaken() const {
   const std::string reference = trimmed(kReference);
@@ -124,9 +126,7 @@ bool FRMQUOT::paperNumberTaken() const {
 }
 
 Go FRMQUOT::checkPaperNumber() {
-  if (paperNumberFree()) return Go::On;
-  host.message("Duplicate Ref No Not Allowed");
-  return Go::Stay;
+  return paperNumberFree() ? Go::On : refuseTaken("Duplicate Ref No Not Allowed");
 }
 
 void FRMQUOT::renumber() {

@@ -33,6 +33,7 @@ class FRMQUOT : public VoucherScreen {
   bool paperNumberTaken() const override;
   Go checkPaperNumber() override;
   void renumber() override;
+  std::string paperNumberAfter(const std::string& number) const override;
   bool needsUnit() const override { return false; }
   FieldName afterLines() const override { return fields::kValidity; }
   std::string tutorial() const override;

@@ -154,6 +154,8 @@ void GSTSAPU::renumber() {
   if (at(kBillNumber).given) put(kBillNumber, nextBillNumber(data(), kind_, trimmed(kBillType)));
 }
 
+std::string GSTSAPU::paperNumberAfter(const std::string& number) const { return billNumberAfter(number); }
+
 bool GSTSAPU::paperNumberTaken() const {
   return isDuplicateBill(data(), kind_,
                          {trimmed(kParty), trimmed(kBillType), trimmed(kBillNumber), value(kNumber)});
@@ -164,9 +166,7 @@ Go GSTSAPU::checkPaperNumber() {
     host.message("Blank Bill Number Not Allowed");
     return Go::Stay;
   }
-  if (paperNumberFree()) return Go::On;
-  host.message("Duplicate Bill No Not Allowed");
-  return Go::Stay;
+  return paperNumberFree() ? Go::On : refuseTaken("Duplicate Bill No Not Allowed");
 }
 
 // The party's own date starts from that of the voucher.

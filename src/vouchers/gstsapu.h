@@ -31,6 +31,7 @@ class GSTSAPU : public VoucherScreen {
   bool paperNumberTaken() const override;
   Go checkPaperNumber() override;
   void renumber() override;
+  std::string paperNumberAfter(const std::string& number) const override;
   std::string tutorial() const override { return links().*kind_.video; }
   SavedMessage closingMessage() const override;
 

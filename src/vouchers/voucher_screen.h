@@ -68,6 +68,10 @@ class VoucherScreen : public ChildScreen {
   virtual Go checkPaperNumber() = 0;
   // No other has it; one that the program gave is given anew where another one took it.
   bool paperNumberFree();
+  // Says so of one that another has, which stays to be changed; where the program gave it the next free
+  // one stands there then.
+  Go refuseTaken(const std::string& message);
+  virtual std::string paperNumberAfter(const std::string& number) const = 0;  // in its series
   // Another number after this one was taken: the numbers of the paper that were derived with it.
   virtual void renumber() = 0;
   virtual FieldName afterLines() const { return fields::kNarration; }  // where line entry ends to
@@ -200,6 +204,7 @@ class VoucherScreen : public ChildScreen {
   Numbers numbers() const;
   bool paperNumberGiven() const;
   bool takeFreeNumbers();
+  bool stepOverTaken();
   void tellNumbers(const Numbers& shown);  // which are others than they were
   void showAgain(const Numbers& shown);
 

@@ -63,6 +63,22 @@ bool VoucherScreen::paperNumberFree() {
   return !paperNumberTaken();
 }
 
+Go VoucherScreen::refuseTaken(const std::string& message) {
+  host.message(message);
+  stepOverTaken();
+  return Go::Stay;
+}
+
+// A series that goes on from its last voucher can run into numbers that stand further down in it, where
+// several write at once or one was typed.
+bool VoucherScreen::stepOverTaken() {
+  constexpr int kMost = 1000;
+  if (!paperNumberGiven()) return false;
+  for (int n = 0; n < kMost && paperNumberTaken(); ++n)
+    put(paperNumber(), paperNumberAfter(trimmed(paperNumber())));
+  return !paperNumberTaken();
+}
+
 bool VoucherScreen::complete() const {
   return value(kNumber) != 0 && date(kDate) && (!needsParty() || hasParty());
 }
@@ -127,7 +143,7 @@ bool VoucherScreen::takeFreeNumbers() {
     put(kNumber, lastVoucher(data(), kind_).number + 1);
     renumber();
   }
-  return paperNumberFree();
+  return paperNumberFree() || stepOverTaken();
 }
 
 void VoucherScreen::tellNumbers(const Numbers& shown) {
