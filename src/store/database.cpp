@@ -1,5 +1,6 @@
 #include "store/database.h"
 
+#include <algorithm>
 #include <iterator>
 #include <list>
 #include <unordered_map>
@@ -65,9 +66,8 @@ std::string sentence(Kind kind, const std::string& file, const std::string& deta
 }
 
 bool changesSchema(std::string_view sql) {
-  const std::string text = ltrim(sql);
-  return startsWithNoCase(text, "CREATE") || startsWithNoCase(text, "DROP") ||
-         startsWithNoCase(text, "ALTER");
+  sql.remove_prefix(std::min(sql.find_first_not_of(' '), sql.size()));
+  return startsWithNoCase(sql, "CREATE") || startsWithNoCase(sql, "DROP") || startsWithNoCase(sql, "ALTER");
 }
 
 }  // namespace
@@ -104,6 +104,7 @@ struct Database::Kept {
   std::unordered_multimap<std::string_view, decltype(idle)::iterator> bySql;
   std::unordered_map<std::string, std::vector<Column>> columns;
   double shapeChanges = -1;
+  bool reshaped = false;  // by the transaction that runs
 
   void forget() {
     bySql.clear();
@@ -232,7 +233,10 @@ int Database::exec(std::string_view sql, const std::vector<Value>& values) {
     }
     changed = rows.statement_->changed();
   }
-  if (changesSchema(sql)) forgetStatements();
+  if (changesSchema(sql)) {
+    forgetStatements();
+    kept_->reshaped = true;
+  }
   return changed;
 }
 
@@ -319,10 +323,12 @@ Row Rows::row() const {
 }
 
 Transaction::Transaction(Database& database, Writes what) : database_(database), depth_(database.depth_) {
-  if (depth_ == 0)
+  if (depth_ == 0) {
     database_.engine().begin(what);
-  else
+    database_.kept_->reshaped = false;
+  } else {
     database_.engine().savepoint(depth_);
+  }
   ++database_.depth_;
 }
 
@@ -336,7 +342,7 @@ Transaction::~Transaction() {
       database_.engine().rollBack();
     else
       database_.engine().rollBackTo(depth_);
-    database_.forgetStatements();
+    if (database_.kept_->reshaped) database_.forgetStatements();
   } catch (const std::exception&) {
     // Nothing more can be done here: closing the file rolls back.
   }

@@ -176,6 +176,13 @@ TEST_F(DatabaseTest, TransactionsNestAndRollBackByThemselves) {
     inner.commit();
   }
   EXPECT_EQ(db.text("SELECT GROUP_CONCAT(a) FROM t"), "outer,kept");
+  const auto columns = [&] { return db.first("SELECT * FROM t")->count(); };
+  {
+    const Transaction wider(db);
+    db.exec("ALTER TABLE t ADD COLUMN b");
+    EXPECT_EQ(columns(), 2);
+  }
+  EXPECT_EQ(columns(), 1);
 }
 
 TEST_F(DatabaseTest, OpeningTellsWhatIsWrongWithTheFile) {
