@@ -271,8 +271,7 @@ std::string frmmain::hintFor(const Control& grid) const {
   if (grid.family == "Due")
     enter = words("Press Enter For Posting");
   else if (grid.family == "LastBills" && row < bills_.size())
-    enter = words("Press Enter To Open {book} {number}", "book", saleKind().code, "number",
-                  numText(bills_[row].voucher));
+    enter = openingHint({saleKind().code, bills_[row].voucher});
   else if (grid.family == "Largest" && row < debtors_.size())
     enter = words("Press Enter For The Ledger Of {party}", "party", debtors_[row].party);
   const std::string keys = words("Tab = Next List :: Alt = Menus");

@@ -25,6 +25,7 @@ const VoucherKind& quotation() {
       .screen = "FRMQUOT",
       .video = &Links::quotationVideo,
       .words = {.title = "QUOTATION ENTRY ",
+                .name = english("Quotation"),
                 .adding = "{title} : ADD MODE",
                 .modifying = "{title} : EDIT MODE",
                 .deleting = "{title} : DELETE MODE",
@@ -56,6 +57,7 @@ const VoucherKind& saleReturn() {
   static const VoucherKind kind = derived(saleKind(), [](VoucherKind& k) {
     k.entryType = k.paper.kind = "SALERET";
     k.code = "SR";
+    k.words.name = english("Credit Note");
     k.screen = k.paper.key = "";
     k.ledger = {};
     k.returns = {};
@@ -67,6 +69,7 @@ const VoucherKind& purchaseReturn() {
   static const VoucherKind kind = derived(purchaseKind(), [](VoucherKind& k) {
     k.entryType = k.paper.kind = "PURCHRET";
     k.code = "PR";
+    k.words.name = english("Purchase Return");
     k.screen = "";
     k.ledger = {};
   });
@@ -77,6 +80,7 @@ const VoucherKind& payment() {
   static const VoucherKind kind = derived(receiptKind(), [](VoucherKind& k) {
     k.entryType = "PAYMENT";
     k.code = "PY";
+    k.words.name = english("Payment");
     k.words.title = "PAYMENT ENTRY";
     k.ledger.partySide = "D";
     k.ledger.formerCode = "";
@@ -88,6 +92,7 @@ const VoucherKind& income() {
   static const VoucherKind kind = derived(receiptKind(), [](VoucherKind& k) {
     k.entryType = "INCOME";
     k.code = "IC";
+    k.words.name = english("Income");
     k.words.title = "INCOME ENTRY";
     k.party.offered = "GROUP_CD < 75";
     k.ledger.formerCode = "";
@@ -99,6 +104,7 @@ const VoucherKind& expense() {
   static const VoucherKind kind = derived(income(), [](VoucherKind& k) {
     k.entryType = "EXPENSE";
     k.code = "EP";
+    k.words.name = english("Expense");
     k.words.title = "EXPENSE ENTRY";
     k.ledger.partySide = "D";
   });
@@ -115,6 +121,7 @@ const VoucherKind& saleKind() {
       .video = &Links::saleVideo,
       .dispatched = true,
       .words = {.title = "SALES ENTRY",
+                .name = english("Sale Bill"),
                 .adding = "{title} :::  ADD MODE",
                 .modifying = "{title}  :::  MODIFY MODE",
                 .deleting = "{title} :::  DELETE MODE",
@@ -156,6 +163,7 @@ const VoucherKind& purchaseKind() {
   static const VoucherKind kind = derived(saleKind(), [](VoucherKind& k) {
     k.entryType = "PURCHASE";
     k.code = "PU";
+    k.words.name = english("Purchase");
     k.video = &Links::purchaseVideo;
     k.dispatched = false;
     k.words.title = "PURCHASE ENTRY";
@@ -187,6 +195,7 @@ const VoucherKind& challanKind() {
       .code = "CH",
       .screen = "FRMCHLN",
       .words = {.title = "Sales Challan Entry",
+                .name = english("Challan"),
                 .adding = "{title} ADD MODE",
                 .modifying = "{title} Modify MODE",
                 .deleting = "{title} Delete MODE",
@@ -230,7 +239,7 @@ const VoucherKind& receiptKind() {
       .entryType = "RECEIPT",
       .code = "RC",
       .screen = "bwrcpy",
-      .words = {.title = "RECEIPT ENTRY"},
+      .words = {.title = "RECEIPT ENTRY", .name = english("Receipt")},
       .tables = {.heads = "RPTPAY", .key = "BOOK_CD"},
       .party = {.offered = underGroups("GROUP_CD", {85, 135})},
       .ledger = {.partySide = "C", .formerCode = "CM"},

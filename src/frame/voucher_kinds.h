@@ -21,6 +21,7 @@ struct VoucherKind {
 
   struct Words {
     std::string title;                                  // caption at rest
+    std::string name;                                   // of one voucher, where it stands among others
     std::string adding, modifying, deleting, printing;  // captions of the modes, patterns of the title
     std::string escapeAsks;                             // question of Escape in ADD and EDIT
     std::string saveOpens;                              // why Save is off

@@ -1,6 +1,7 @@
 #include "frame/voucher_opening.h"
 
 #include "base/number.h"
+#include "base/words.h"
 #include "frame/menu.h"
 #include "frame/voucher_kinds.h"
 
@@ -15,6 +16,11 @@ const VoucherKind* openable(const std::string& book) {
 }  // namespace
 
 bool canOpen(const VoucherKey& voucher) { return openable(voucher.book) != nullptr; }
+
+std::string openingHint(const VoucherKey& voucher) {
+  return words("Press Enter To Open {kind} {number}", "kind", words(openable(voucher.book)->words.name),
+               "number", numText(voucher.number));
+}
 
 bool openVoucher(Host& host, const Screen& caller, const VoucherKey& voucher) {
   const VoucherKind* const kind = openable(voucher.book);

@@ -14,5 +14,7 @@ struct VoucherKey {
 };
 
 bool canOpen(const VoucherKey& voucher);
+// The hint on its row: which key opens what. Only of one that can be opened.
+std::string openingHint(const VoucherKey& voucher);
 // False when no screen is known for the book.
 bool openVoucher(Host& host, const Screen& caller, const VoucherKey& voucher);

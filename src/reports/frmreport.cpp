@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "base/number.h"
 #include "base/text.h"
 #include "base/words.h"
 #include "frame/lookup.h"
@@ -292,9 +291,7 @@ std::string frmreport::hintFor(const Control& control) const {
     return words("Press Enter To View In Excel :: F2 = {file}", "file", words(report_->exports[1]->name));
   if (control.kind != Kind::Grid) return ChildScreen::hintFor(control);
   const auto voucher = currentVoucher();
-  const std::string row = voucher ? words("Press Enter To Open {book} {number}", "book", voucher->book,
-                                          "number", numText(voucher->number))
-                                  : words("Up / Down = Scroll");
+  const std::string row = voucher ? openingHint(*voucher) : words("Up / Down = Scroll");
   const std::string keys =
       report_ && report_->chart ? english("F9 = Picture") : english("Page Up / Page Down = Page");
   return row + " :: " + words(plan_.note.empty() ? keys : plan_.note) +

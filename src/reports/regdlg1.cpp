@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/number.h"
 #include "base/text.h"
 #include "base/words.h"
 #include "frame/lookup.h"
@@ -131,9 +130,7 @@ std::string regdlg1::hintFor(const Control& control) const {
   if (!voucher || !canOpen(*voucher))
     return english("Up / Down = Scroll :: Page Up / Page Down = Page :: Alt+D = Pdf :: Alt+C = Close");
   const std::string sides = words(isT() ? english("Left / Right = Side") : english("Up / Down = Scroll"));
-  return words("Press Enter To Open {book} {number}", "book", voucher->book, "number",
-               numText(voucher->number)) +
-         " :: " + sides + " :: " + words("Alt+D = Pdf :: Alt+C = Close");
+  return openingHint(*voucher) + " :: " + sides + " :: " + words("Alt+D = Pdf :: Alt+C = Close");
 }
 
 // Filters

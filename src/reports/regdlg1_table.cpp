@@ -46,9 +46,9 @@ const ScreenSpec& regdlg1::table() {
           {.name = "cmdsale",    .index = 1, .kind = Kind::Button, .label = "P&urchase",        .at = {.group = "vouchers"}, .tab = 7,  .hint = "Press Enter For Delivery Challan"},
           {.name = "cmdsale",    .index = 2, .kind = Kind::Button, .label = "&Receipt",         .at = {.group = "vouchers"}, .tab = 8,  .hint = "Press Enter For Receipts"},
           {.name = "cmdsale",    .index = 3, .kind = Kind::Button, .label = "&Payment",         .at = {.group = "vouchers"}, .tab = 9,  .hint = "Press Enter For Payments"},
-          {.name = "cmdsale",    .index = 4, .kind = Kind::Button, .label = "&Income",          .at = {.group = "vouchers"}, .tab = 10},
-          {.name = "cmdsale",    .index = 5, .kind = Kind::Button, .label = "&Expense",         .at = {.group = "vouchers"}, .tab = 11},
-          {.name = "cmdsale",    .index = 6, .kind = Kind::Button, .label = "&Journel Voucher", .at = {.group = "vouchers"}, .tab = 12},
+          {.name = "cmdsale",    .index = 4, .kind = Kind::Button, .label = "&Income",          .at = {.group = "vouchers"}, .tab = 10, .hint = "Press Enter For Incomes"},
+          {.name = "cmdsale",    .index = 5, .kind = Kind::Button, .label = "&Expense",         .at = {.group = "vouchers"}, .tab = 11, .hint = "Press Enter For Expenses"},
+          {.name = "cmdsale",    .index = 6, .kind = Kind::Button, .label = "&Journel Voucher", .at = {.group = "vouchers"}, .tab = 12, .hint = "Press Enter For Journal Vouchers"},
           {.name = "cmdsale",    .index = 7, .kind = Kind::Button, .label = "E&xit",            .at = {.group = "vouchers"}, .tab = 13, .hint = "Press Enter To Go To The Statement"},
       },
   };
