@@ -230,6 +230,18 @@ void EntryScreen::removeShown() {
   cancel();
 }
 
+// Nobody else can begin to use the row between the look and its going.
+bool EntryScreen::eraseLoaded() {
+  if (stays(refusal(loaded_))) return false;
+  erase(loaded_);
+  return true;
+}
+
+bool EntryScreen::stays(std::optional<Refusal> why) {
+  refused_ = std::move(why);
+  return refused_.has_value();
+}
+
 // Saving
 
 void EntryScreen::update() {
@@ -287,6 +299,7 @@ bool EntryScreen::storeUnchanged() {
 }
 
 void EntryScreen::tellWhyNot() {
+  if (refused_) return host.message(refused_->words, refused_->title);
   if (mode == "ADD") return say(existingCodeWords());
   if (!exists(loaded_)) return say(words("Entry Not Saved\r\n{why}", "why", words(missingCodeWords())));
   if (!unsaved())
@@ -308,6 +321,7 @@ void EntryScreen::tellWhyNot() {
 // Locks, full disks and the like are told by the desk in the store's own words.
 bool EntryScreen::inTransaction(bool (EntryScreen::*work)()) {
   bool done = false;
+  refused_.reset();
   try {
     done = whole(database(), [&] { return (this->*work)(); });
   } catch (const DatabaseError& error) {

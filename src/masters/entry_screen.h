@@ -10,6 +10,7 @@
 #include "frame/child_screen.h"
 #include "frame/lookup.h"
 #include "frame/together.h"
+#include "masters/guards.h"
 #include "store/database.h"
 #include "store/row_writer.h"
 
@@ -75,8 +76,10 @@ class EntryScreen : public ChildScreen {
   virtual bool maySave() { return true; }
   // Inside the transaction; false when the row is no longer there.
   virtual bool store() = 0;
-  virtual bool mayDelete(const std::string& code) = 0;
-  virtual void erase(const std::string& code) = 0;     // inside the transaction
+  virtual bool mayDelete(const std::string&) { return true; }
+  // These two inside the transaction: why the row has to stay, and its going.
+  virtual std::optional<Refusal> refusal(const std::string& code) = 0;
+  virtual void erase(const std::string& code) = 0;
   virtual void saved(const std::string&) {}            // remembers the code
   virtual void emptied() {}                            // the fields have been emptied
   virtual bool keyMayChange() const { return false; }  // the code itself is what is edited
@@ -94,6 +97,8 @@ class EntryScreen : public ChildScreen {
   Go valuesInUse(const std::string& table, const std::string& column);
   // Says so of a figure that no book holds, and sends there.
   bool figureTooLarge();
+  // Inside the transaction: what names a row that has to stay is told when all is taken back.
+  bool stays(std::optional<Refusal> why);
 
   // Buttons and keys.
   void add();
@@ -136,16 +141,14 @@ class EntryScreen : public ChildScreen {
   bool isOptional(const Control& field) const;
   std::string keysOfMode() const;
   bool inTransaction(bool (EntryScreen::*work)());
-  bool eraseLoaded() {
-    erase(loaded_);
-    return true;
-  }
+  bool eraseLoaded();
 
   const EntryPattern pattern_;
   std::string caller_;
   std::string loaded_, asLoaded_;
   InHand hand_;
-  bool done_ = false;  // closes without a question
+  std::optional<Refusal> refused_;  // by what names the row
+  bool done_ = false;               // closes without a question
 };
 
 // The rows of the button group, for a screen's table: Update and Cancel while a mode is on,

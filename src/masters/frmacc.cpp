@@ -288,10 +288,6 @@ bool frmacc::store() {
 
 void frmacc::saved(const std::string& code) { session().mlastacc = code; }
 
-bool frmacc::mayDelete(const std::string& code) {
-  const auto refused = accountRefusal(data(), code);
-  if (refused) host.message(refused->words, refused->title);
-  return !refused;
-}
+std::optional<Refusal> frmacc::refusal(const std::string& code) { return accountRefusal(data(), code); }
 
 void frmacc::erase(const std::string& code) { deleteAccount(data(), code); }

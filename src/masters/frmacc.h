@@ -19,7 +19,7 @@ class frmacc : public EntryScreen {
   Control* missingField() override;
   bool maySave() override;
   bool store() override;
-  bool mayDelete(const std::string& code) override;
+  std::optional<Refusal> refusal(const std::string& code) override;
   void erase(const std::string& code) override;
   void saved(const std::string& code) override;
   void emptied() override;

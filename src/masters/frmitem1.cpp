@@ -410,6 +410,7 @@ bool FRMITEM1::store() {
   for (Field& f : head)
     if (f.column == "ITEM_LNAME" && trim(f.value.text()).empty()) f.value = ".";
   for (Field& f : stamps()) head.push_back(std::move(f));
+  if (mode == "EDIT" && rowsChanged_ && stays(goneUnitsRefusal(data(), loaded(), renamings_))) return false;
   if (mode == "EDIT") return changeItem(data(), loaded(), head, renamings_);
   addItem(data(), code(), std::move(head));
   return true;
@@ -417,10 +418,6 @@ bool FRMITEM1::store() {
 
 void FRMITEM1::saved(const std::string& code) { session().mlastitem = code; }
 
-bool FRMITEM1::mayDelete(const std::string& code) {
-  const auto refused = itemRefusal(data(), code);
-  if (refused) host.message(refused->words, refused->title);
-  return !refused;
-}
+std::optional<Refusal> FRMITEM1::refusal(const std::string& code) { return itemRefusal(data(), code); }
 
 void FRMITEM1::erase(const std::string& code) { deleteItem(data(), code); }

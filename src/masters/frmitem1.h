@@ -26,7 +26,7 @@ class FRMITEM1 : public EntryScreen {
   Control* missingField() override;
   bool maySave() override;
   bool store() override;
-  bool mayDelete(const std::string& code) override;
+  std::optional<Refusal> refusal(const std::string& code) override;
   void erase(const std::string& code) override;
   void saved(const std::string& code) override;
   void emptied() override;

@@ -262,10 +262,6 @@ bool frmtaxmast::store() {
 
 // A transporter in use may go all the same.
 bool frmtaxmast::mayDelete(const std::string& code) {
-  if (const auto refused = smallRefusal(master_, database(), code)) {
-    host.message(refused->words, refused->title);
-    return false;
-  }
   const int sales = master_.key == "TRANS" ? salesOfTransport(data(), code) : 0;
   return sales == 0 ||
          host.ask({.text = words(
@@ -275,6 +271,10 @@ bool frmtaxmast::mayDelete(const std::string& code) {
                    .yes = english("&Yes, Delete"),
                    .no = english("&No, Keep"),
                    .loses = true});
+}
+
+std::optional<Refusal> frmtaxmast::refusal(const std::string& code) {
+  return smallRefusal(master_, database(), code);
 }
 
 void frmtaxmast::erase(const std::string& code) { deleteSmallRow(master_, database(), code); }

@@ -25,6 +25,7 @@ class frmtaxmast : public EntryScreen {
   bool maySave() override;
   bool store() override;
   bool mayDelete(const std::string& code) override;
+  std::optional<Refusal> refusal(const std::string& code) override;
   void erase(const std::string& code) override;
   bool keyMayChange() const override { return master_.code == SmallCode::ItsText; }
   bool mayEdit() override;

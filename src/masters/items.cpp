@@ -246,6 +246,17 @@ std::optional<Refusal> unitRefusal(Database& db, const ItemKey& key) {
   return {};
 }
 
+std::optional<Refusal> goneUnitsRefusal(Database& db, std::string_view code,
+                                        const std::vector<Renaming>& renamings) {
+  for (const Row& row : db.all("SELECT SIZE_CD FROM ITEMDTL WHERE ITEM_CD = ?", code)) {
+    const ItemKey key{std::string(code), row.text(0)};
+    const bool renamed = std::ranges::any_of(renamings, [&](const Renaming& r) { return r.from == key; });
+    if (renamed || findItemDetail(db, key)) continue;
+    if (auto refused = unitRefusal(db, key)) return refused;
+  }
+  return {};
+}
+
 void deleteItem(Database& db, std::string_view code) {
   clearItemDetails(db);
   // Another item may come to bear the code.

@@ -71,5 +71,8 @@ void RenameItem(Database& db, const Renaming& renaming);
 // Why the item may not go, or one of its units: what names it. None where it may.
 std::optional<Refusal> itemRefusal(Database& db, std::string_view code);
 std::optional<Refusal> unitRefusal(Database& db, const ItemKey& key);
+// Of the units that are stored and neither in work nor renamed.
+std::optional<Refusal> goneUnitsRefusal(Database& db, std::string_view code,
+                                        const std::vector<Renaming>& renamings);
 // With the rates of parties for it. Inside a transaction.
 void deleteItem(Database& db, std::string_view code);
