@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "base/words.h"
+#include "frame/together.h"
 #include "frame/voucher_kinds.h"
 #include "platform/whole_file.h"
 #include "store/backup.h"
@@ -17,7 +18,6 @@
 #include "store/safe_file.h"
 #include "store/server_books.h"
 #include "store/templates.h"
-#include "store/together.h"
 
 namespace fs = std::filesystem;
 
@@ -82,43 +82,15 @@ void openBackup(Database& db, const fs::path& backup) {
     db.openOnServer(backup, Access::readOnly);
 }
 
-// Others store nothing into books that are about to be exchanged.
-class Held {
- public:
-  explicit Held(const fs::path& books) {
-    if (!booksExist(books)) return;
-    db_.open(books);
-    goesOn();
-  }
-  ~Held() {
-    try {
-      if (db_.isOpen()) db_.engine().endHold();
-    } catch (const std::exception& error) {
-      logFailure("passed over: the hold ends by itself", error);
-    }
-  }
-  Held(const Held&) = delete;
-  Held& operator=(const Held&) = delete;
-  void goesOn() {
-    if (!db_.isOpen()) return;
-    if (const auto other = db_.engine().hold(english("Restore"), Hold::Closes))
-      throw DatabaseError(DatabaseError::Kind::locked, DatabaseError::Told(holdWords(*other)));
-  }
-  void exchanged() {
-    if (db_.isOpen()) db_.engine().wereExchanged();
-  }
-
- private:
-  Database db_;
-};
-
-void exchangeOnServer(Database& source, const fs::path& books, const fs::path& aside) {
-  Held held(books);
-  BooksInMaking made(
-      books, [&](Database& db) { copyBooks(source, db, [&](const auto&, double) { held.goesOn(); }); });
-  held.goesOn();
+void exchangeOnServer(Database& source, Database& books, const fs::path& aside) {
+  const BooksAlone alone(books, english("Restore"));
+  BooksInMaking made(books.file(), [&](Database& db) {
+    copyBooks(source, db, [&](const auto&, double) { alone.goesOn(); });
+  });
+  alone.look();
+  // Before, so that a program which was asleep since writes nothing whenever this one is killed.
+  books.engine().areExchanged();
   made.putInPlace(aside);
-  held.exchanged();
 }
 
 // Of a path on a drive that is not there no part is made: the copies would land elsewhere.
@@ -238,11 +210,11 @@ bool belongsTo(const BackupFacts& facts, const fs::path& file, const std::string
   return sameText(facts.dataname, dataname) || sameText(facts.dataname, standing);
 }
 
-fs::path restoreBackup(const fs::path& backup, const fs::path& database, const std::string& stamp) {
+fs::path restoreBackup(const fs::path& backup, const fs::path& database, const std::string& stamp,
+                       Database* alone) {
   const bool server = onServer(database);
   const LockFile lock = server ? LockFile() : LockFile(database, LockFile::Hold::Alone);
-  if (!lock.alone() || (server && !nobodyIn(database)))
-    throw DatabaseError(DatabaseError::Kind::locked, database.filename().string(), {});
+  if (!lock.alone()) throw DatabaseError(DatabaseError::Kind::locked, database.filename().string(), {});
   Database source;
   openBackup(source, backup);
   const std::string stem = database.stem().string();
@@ -252,7 +224,9 @@ fs::path restoreBackup(const fs::path& backup, const fs::path& database, const s
   while ((server ? standsOnServer(aside) : fileExists(aside)) && ++name.again > 1);
   const bool replaces = booksExist(database);
   if (server) {
-    exchangeOnServer(source, database, aside);
+    Database own;  // of books that are gone too, so that two programs do not bring them back at once
+    if (!alone) own.openOnServer(database, replaces ? Access::readWrite : Access::create);
+    exchangeOnServer(source, alone ? *alone : own, aside);
     return replaces ? aside.stem() : fs::path();
   }
   if (replaces) copyDatabase(database, aside);

@@ -61,6 +61,8 @@ bool belongsTo(const BackupFacts& facts, const std::filesystem::path& file, cons
 // Puts a verified copy of the backup in the place of the database, which nobody may have open, and
 // keeps the replaced file beside under the moment's name (M00125_260615_1030_replaced.mdb), which
 // is returned; nothing when there was no file. On a server the copy is a database, and so is what it replaces
-// (M00125_260615_1030_replaced). Raises DatabaseError.
+// (M00125_260615_1030_replaced); `alone` are its books where this program has them open there, holding all
+// others off. Raises DatabaseError.
 std::filesystem::path restoreBackup(const std::filesystem::path& backup,
-                                    const std::filesystem::path& database, const std::string& stamp);
+                                    const std::filesystem::path& database, const std::string& stamp,
+                                    Database* alone = nullptr);

@@ -12,6 +12,7 @@
 #include "frame/session.h"
 #include "frame/settings.h"
 #include "frame/together.h"
+#include "store/place.h"
 #include "store/safe_file.h"
 
 namespace fs = std::filesystem;
@@ -132,16 +133,11 @@ struct Told {
   std::string text;
 };
 
-bool othersHaveLeft(Host& host) {
-  const HoldBooks alone(host, data(), english("Restore"), HoldBooks::Till::Alone);
-  return static_cast<bool>(alone);
-}
-
-// The company-year's file is closed meanwhile.
-Told exchange(Host& host, const fs::path& file) {
+// The company-year's file is closed meanwhile; `alone` are its books on a server.
+Told exchange(Host& host, const fs::path& file, Database* alone) {
   fs::path kept;
   const std::string failure =
-      failureOf(host, [&] { kept = restoreBackup(file, session().mdbpath, MakeStamp(host)); });
+      failureOf(host, [&] { kept = restoreBackup(file, session().mdbpath, MakeStamp(host), alone); });
   if (!failure.empty()) return {false, words("Restore Not Done\r\n{why}", "why", words(failure))};
   if (kept.empty()) return {true, english("Restore Done")};
   return {true,
@@ -171,9 +167,15 @@ bool restoreNow(Host& host) {
   Session& s = session();
   try {
     const auto file = chosen(host, savedUnder(data()));
-    if (!file || !othersHaveLeft(host)) return false;
-    s.cndata.reset();
-    const Told told = exchange(host, *file);
+    if (!file) return false;
+    std::unique_ptr<Database> books;  // goes behind the hold
+    HoldBooks alone(host, data(), english("Restore"), HoldBooks::Till::Alone);
+    if (!alone) return false;
+    books = std::move(s.cndata);
+    const bool server = onServer(books->file());
+    if (!server) books->close();
+    const Told told = exchange(host, *file, server ? books.get() : nullptr);
+    books->close();
     if (!openCompanyYear({s.mcompid, s.mcompname, s.mfromyr, s.mtoyr}).empty())
       throw DatabaseError(DatabaseError::Kind::missing, s.mdbfile, {});
     host.message(told.text, told.done ? kDone : kMessageTitle);
@@ -191,7 +193,7 @@ bool offerRestore(Host& host) {
     if (backupsOf(folder(), session().mdataname).empty()) return false;
     const auto file = chosen(host, {});
     if (!file) return false;
-    const Told told = exchange(host, *file);
+    const Told told = exchange(host, *file, nullptr);
     host.message(told.text, told.done ? kDone : kMessageTitle);
     return told.done;
   } catch (const std::exception& error) {

@@ -14,6 +14,7 @@
 #include "frame/backup.h"
 #include "frame/session.h"
 #include "frame/settings.h"
+#include "frame/together.h"
 #include "store/dictionary.h"
 #include "store/lock_file.h"
 #include "store/place.h"
@@ -21,6 +22,7 @@
 #include "store/server_books.h"
 #include "store/server_operators.h"
 #include "store/templates.h"
+#include "store/together.h"
 
 namespace fs = std::filesystem;
 
@@ -69,19 +71,32 @@ void moveBooks(const fs::path& from, const fs::path& to) {
   return onServer(from) || onServer(to) ? renameOnServer(from, to) : moveFile(from, to);
 }
 
-// Nobody else has the books open; those in a file nobody else can open as long as this stands.
+// Nobody else has the books open, nor can open them as long as this stands.
 class Alone {
  public:
   explicit Alone(const fs::path& books) {
-    if (onServer(books))
-      alone_ = nobodyIn(books);
-    else
+    if (!onServer(books))
       lock_ = LockFile(books, LockFile::Hold::Alone);
+    else if (standsOnServer(books))
+      hold(books);
   }
   explicit operator bool() const { return alone_ && lock_.alone(); }
 
  private:
+  void hold(const fs::path& books) {
+    books_.openOnServer(books);
+    try {
+      held_.emplace(books_, english("Company Deletion"));
+    } catch (const DatabaseError& error) {
+      if (error.kind() != DatabaseError::Kind::locked) throw;
+      logFailure(kTold, error);
+      alone_ = false;
+    }
+  }
+
   LockFile lock_;
+  Database books_;
+  std::optional<BooksAlone> held_;
   bool alone_ = true;
 };
 
@@ -461,6 +476,8 @@ std::string openCompanyYear(const CompanyYear& which) {
 
   auto opened = std::make_unique<Database>();
   opened->open(s.mdbpath);
+  if (const auto other = opened->engine().heldBy(); other && other->hold == Hold::Shuts)
+    throw DatabaseError(DatabaseError::Kind::locked, DatabaseError::Told(holdWords(*other)));
   if (!isCompanyYear(*opened)) throw DatabaseError(DatabaseError::Kind::notDatabase, s.mdbfile, {});
   RemakeWorkTables(*opened);
   if (onServer(file)) ensureViews(*opened);

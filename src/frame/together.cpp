@@ -8,6 +8,7 @@
 #include "frame/routines.h"
 #include "frame/session.h"
 #include "frame/voucher_kinds.h"
+#include "store/safe_file.h"
 #include "store/together.h"
 
 std::string whatInHand(const std::string& book, const std::string& number) {
@@ -19,6 +20,14 @@ namespace {
 
 std::string told(const Other& other) {
   return other.hold ? holdWords(other) : inHandWords(other, whatInHand(other.book, other.number));
+}
+
+void endHold(Database& db) noexcept {
+  try {
+    if (db.isOpen()) db.engine().endHold();
+  } catch (const std::exception& error) {
+    logFailure("passed over: the hold ends by itself", error);
+  }
 }
 
 Hold asking(HoldBooks::Till till) { return till == HoldBooks::Till::Alone ? Hold::AsksToLeave : Hold::Asks; }
@@ -54,13 +63,14 @@ Question lookQuestion(const std::string& elsewhere) {
           .no = english("&No, Another")};
 }
 
-HoldBooks::HoldBooks(Host& host, Database& db, const char* what, Till till) : db_(db), what_(what) {
+HoldBooks::HoldBooks(Host& host, Database& db, const char* what, Till till)
+    : db_(db), what_(what), till_(till) {
   if (const auto other = db_.engine().hold(what_, asking(till))) {
     host.message(holdWords(*other), kMessageTitle);
     return;
   }
   try {
-    held_ = haveFinished(host, till);
+    held_ = haveFinished(host);
   } catch (...) {
     end();
     throw;
@@ -70,22 +80,16 @@ HoldBooks::HoldBooks(Host& host, Database& db, const char* what, Till till) : db
 
 HoldBooks::~HoldBooks() { end(); }
 
-void HoldBooks::end() noexcept {
-  try {
-    if (db_.isOpen()) db_.engine().endHold();
-  } catch (const std::exception& error) {
-    logFailure("passed over: the hold ends by itself", error);
-  }
-}
+void HoldBooks::end() noexcept { endHold(db_); }
 
-bool HoldBooks::haveFinished(Host& host, Till till) {
-  const OthersAwaited wanted{.what = what_, .all = till == Till::Alone};
+bool HoldBooks::haveFinished(Host& host) {
+  const OthersAwaited wanted{.what = what_, .all = till_ == Till::Alone};
   for (;;) {
     // Who came between the look and the closing is seen by the second look.
     if (awaited(db_, wanted).empty()) {
       goesOn();
       if (!wanted.all || awaited(db_, wanted).empty()) return true;
-      (void)db_.engine().hold(what_, asking(till));
+      (void)db_.engine().hold(what_, asking(till_));
     }
     if (!host.openModal("frmothers", {.more = wanted})) return false;
     if (wanted.all) continue;
@@ -95,7 +99,30 @@ bool HoldBooks::haveFinished(Host& host, Till till) {
 }
 
 void HoldBooks::goesOn() {
-  if (!db_.inTransaction()) (void)db_.engine().hold(what_, Hold::Closes);
+  const Hold how = till_ == Till::Alone ? Hold::Shuts : Hold::Closes;
+  if (!db_.inTransaction()) (void)db_.engine().hold(what_, how);
+}
+
+BooksAlone::BooksAlone(Database& books, const char* what) : books_(books), what_(what) {
+  try {
+    look();
+  } catch (...) {
+    endHold(books_);
+    throw;
+  }
+}
+
+BooksAlone::~BooksAlone() { endHold(books_); }
+
+void BooksAlone::look() const {
+  goesOn();
+  if (!books_.engine().others().empty())
+    throw DatabaseError(DatabaseError::Kind::locked, shownName(books_.file()), {});
+}
+
+void BooksAlone::goesOn() const {
+  if (const auto other = books_.engine().hold(what_, Hold::Shuts))
+    throw DatabaseError(DatabaseError::Kind::locked, DatabaseError::Told(holdWords(*other)));
 }
 
 void stillHere(Host& host) noexcept {

@@ -30,8 +30,8 @@ Question lookQuestion(const std::string& elsewhere);
 // "SALES ENTRY 7", "Account A00007"
 std::string whatInHand(const std::string& book, const std::string& number);
 
-// Keeps the others from writing as long as it stands. Before, they are asked to finish, and the person sees
-// who has yet to, and may leave it.
+// Keeps the others from writing as long as it stands, and from opening the books where they are needed alone.
+// Before, they are asked to finish, and the person sees who has yet to, and may leave it.
 class HoldBooks {
  public:
   // Finished: nobody has anything in hand, or the person goes on all the same. Alone: nobody else has the
@@ -48,12 +48,31 @@ class HoldBooks {
   void goesOn();
 
  private:
-  bool haveFinished(Host& host, Till till);
+  bool haveFinished(Host& host);
   void end() noexcept;
 
   Database& db_;
   std::string what_;
+  const Till till_;
   bool held_ = false;
+};
+
+// Books of a server that nobody else has open, nor can open as long as this stands. Raises DatabaseError:
+// locked. Of a file its lock is the judge.
+class BooksAlone {
+ public:
+  // What for, as above.
+  BooksAlone(Database& books, const char* what);
+  ~BooksAlone();
+  BooksAlone(const BooksAlone&) = delete;
+  BooksAlone& operator=(const BooksAlone&) = delete;
+  void goesOn() const;
+  // Work may have lasted longer than the hold of a program that says nothing.
+  void look() const;
+
+ private:
+  Database& books_;
+  std::string what_;
 };
 
 // Tells the others that this program is here, and the person what others wait for. A host calls it now

@@ -55,8 +55,8 @@ struct IndexShape {
 using RowCounts = std::vector<std::pair<std::string, double>>;
 
 // How far a program keeps the others away: it asks them to leave the books, or to finish what they have in
-// hand, or holds their writing back.
-enum class Hold { AsksToLeave = -1, Asks = 0, Closes = 1 };
+// hand, or holds their writing back, or their opening of the books too.
+enum class Hold { AsksToLeave = -1, Asks = 0, Closes = 1, Shuts = 2 };
 
 // Another program at the same books of a server.
 struct Other {
@@ -168,8 +168,8 @@ class Engine {
   virtual void endHold() {}
   // Who else asks for the books or holds them.
   virtual std::optional<Other> heldBy() { return {}; }
-  // All tables were exchanged: programs that have the books open from before write nothing more.
-  virtual void wereExchanged() {}
+  // All tables are exchanged for others: programs that have the books open from before write nothing more.
+  virtual void areExchanged() {}
 
   // Copies all into a new file as it stands at one moment; returns how many rows each table had then.
   virtual RowCounts copyInto(const std::filesystem::path& file) = 0;

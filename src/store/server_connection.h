@@ -85,7 +85,7 @@ class ServerEngine final : public Engine {
   std::optional<Other> hold(const std::string& what, Hold how) override;
   void endHold() override;
   std::optional<Other> heldBy() override;
-  void wereExchanged() override;
+  void areExchanged() override;
 
   // For its statements.
   ServerLink& link() { return link_; }
@@ -125,6 +125,7 @@ class ServerEngine final : public Engine {
   void tellUndecided();
   void forgetTransaction();
   std::vector<std::vector<std::string>> tell(const std::string& sql);
+  [[noreturn]] void failed(const DatabaseError& error);
   // A definition, which ends what is in transaction: that is committed and goes on.
   void define(const std::string& sql);
   const std::map<std::string, Index>& indexes();

@@ -23,6 +23,39 @@ constexpr const char* kLive = "SEEN > UTC_TIMESTAMP() - INTERVAL 60 SECOND";
 // Renewed by who holds, and the end of a hold whose program has died.
 constexpr const char* kHoldEnds = "UTC_TIMESTAMP() + INTERVAL 5 MINUTE";
 
+struct OwnColumn {
+  const char* name = nullptr;
+  const char* type = nullptr;
+};
+struct OwnTable {
+  const char* name;
+  const char* keys;
+  std::array<OwnColumn, 12> columns;
+};
+constexpr const char* kTurn = "TURN";
+// clang-format off
+constexpr std::array kOwnTables{
+    OwnTable{kTurn, "PRIMARY KEY (PROGRAM)",
+        {{{"PROGRAM",    "VARCHAR(40) NOT NULL DEFAULT ''"},
+          {"N",          "BIGINT NOT NULL DEFAULT 0"},
+          {"USER_NAME",  "VARCHAR(130) NOT NULL DEFAULT ''"},
+          {"MACHINE",    "VARCHAR(64) NOT NULL DEFAULT ''"},
+          {"CAME",       "DATETIME NOT NULL DEFAULT '2000-01-01'"},
+          {"SEEN",       "DATETIME NOT NULL DEFAULT '2000-01-01'"},
+          {"HOLDER",     "VARCHAR(40) NOT NULL DEFAULT ''"},
+          {"HELD_FOR",   "VARCHAR(60) NOT NULL DEFAULT ''"},
+          {"HELD_SINCE", "DATETIME NOT NULL DEFAULT '2000-01-01'"},
+          {"HELD_TILL",  "DATETIME NOT NULL DEFAULT '2000-01-01'"},
+          {"CLOSED",     "INT NOT NULL DEFAULT 0"},
+          {"EXCHANGED",  "INT NOT NULL DEFAULT 0"}}}},
+    OwnTable{"INHAND", "PRIMARY KEY (BOOK, ITS_NO), KEY (PROGRAM)",
+        {{{"BOOK",    "VARCHAR(40) NOT NULL DEFAULT ''"},
+          {"ITS_NO",  "VARCHAR(60) NOT NULL DEFAULT ''"},
+          {"PROGRAM", "VARCHAR(40) NOT NULL DEFAULT ''"},
+          {"SINCE",   "DATETIME NOT NULL DEFAULT '2000-01-01'"}}}},
+};
+// clang-format on
+
 std::string secondsSince(const std::string& column) {
   return "TIMESTAMPDIFF(SECOND, " + column + ", UTC_TIMESTAMP())";
 }
@@ -49,26 +82,52 @@ Other otherOf(const Row& row) {
           .number = row.text(4)};
 }
 
+std::vector<std::string> missingOf(const OwnTable& table, const std::vector<std::string>& standing) {
+  std::vector<std::string> missing;
+  for (const OwnColumn& column : table.columns)
+    if (column.name &&
+        std::ranges::find(standing, lower(std::string(table.name) + "." + column.name)) == standing.end())
+      missing.push_back(std::string(column.name) + " " + column.type);
+  return missing;
+}
+
+bool stands(const OwnTable& table, const std::vector<std::string>& columns) {
+  return std::ranges::any_of(columns, [&](const std::string& each) {
+    return startsWithNoCase(each, std::string(table.name) + ".");
+  });
+}
+
 }  // namespace
 
 void makeTurnTables(ServerLink& link) {
-  link.rows(
-      "CREATE TABLE IF NOT EXISTS TURN (PROGRAM VARCHAR(40) NOT NULL PRIMARY KEY, N BIGINT NOT NULL DEFAULT "
-      "0,"
-      " USER_NAME VARCHAR(130) NOT NULL DEFAULT '', MACHINE VARCHAR(64) NOT NULL DEFAULT '',"
-      " CAME DATETIME NOT NULL DEFAULT '2000-01-01', SEEN DATETIME NOT NULL DEFAULT '2000-01-01',"
-      " HOLDER VARCHAR(40) NOT NULL DEFAULT '', HELD_FOR VARCHAR(60) NOT NULL DEFAULT '',"
-      " HELD_SINCE DATETIME NOT NULL DEFAULT '2000-01-01', HELD_TILL DATETIME NOT NULL DEFAULT '2000-01-01',"
-      " CLOSED INT NOT NULL DEFAULT 0, EXCHANGED INT NOT NULL DEFAULT 0)");
-  link.rows("INSERT INTO TURN (PROGRAM) VALUES ('') ON DUPLICATE KEY UPDATE N = N");
-  link.rows(
-      "CREATE TABLE IF NOT EXISTS INHAND (BOOK VARCHAR(40) NOT NULL, ITS_NO VARCHAR(60) NOT NULL,"
-      " PROGRAM VARCHAR(40) NOT NULL, SINCE DATETIME NOT NULL, PRIMARY KEY (BOOK, ITS_NO), KEY (PROGRAM))");
+  const auto standing = link.ask(
+      "SELECT LOWER(CONCAT(TABLE_NAME, '.', COLUMN_NAME)) FROM information_schema.COLUMNS"
+      " WHERE TABLE_SCHEMA = DATABASE() AND TABLE_NAME IN ('turn', 'inhand')");
+  try {
+    for (const OwnTable& table : kOwnTables) {
+      const std::string name = table.name;
+      const auto missing = missingOf(table, standing);
+      if (missing.empty()) continue;
+      // Two programs may do it at once.
+      if (!stands(table, standing))
+        link.rows("CREATE TABLE IF NOT EXISTS " + name + " (" + join(missing, ", ") + ", " + table.keys +
+                  ")");
+      else
+        link.rows("ALTER TABLE " + name + " ADD COLUMN IF NOT EXISTS " +
+                  join(missing, ", ADD COLUMN IF NOT EXISTS "));
+      if (name == kTurn) link.rows("INSERT INTO TURN (PROGRAM) VALUES ('') ON DUPLICATE KEY UPDATE N = N");
+    }
+  } catch (const DatabaseError& error) {
+    if (error.kind() != Kind::denied || standing.empty()) throw;
+    throw DatabaseError(Kind::denied,
+                        DatabaseError::Told(words("An Older Program Made These Books On The Server\r\n"
+                                                  "Who Makes Operators Opens Them Once, Then You")),
+                        error.statement(), error.code());
+  }
 }
 
 bool isTurnTable(std::string_view table) {
-  return std::ranges::any_of(std::array{"TURN", "INHAND"},
-                             [&](const char* one) { return sameText(one, table); });
+  return std::ranges::any_of(kOwnTables, [&](const OwnTable& one) { return sameText(one.name, table); });
 }
 
 std::string ServerEngine::mine(const char* column) const {
@@ -79,6 +138,7 @@ std::string ServerEngine::mine(const char* column) const {
 
 void ServerEngine::takePlace() {
   if (!entered_) {
+    makeTurnTables(link_);
     const auto found =
         link_.rows(std::string("SELECT (SELECT COUNT(*) FROM TURN WHERE USER_NAME <> '' AND ") + kLive +
                    "), EXCHANGED FROM TURN WHERE PROGRAM = ''");
@@ -108,16 +168,16 @@ void ServerEngine::forgetTheDead() {
   for (const std::string& program : link_.ask("SELECT PROGRAM FROM TURN WHERE USER_NAME <> '' AND SEEN < "
                                               "UTC_TIMESTAMP() - INTERVAL 1 DAY AND NOT " +
                                               mine("PROGRAM")))
-    for (const char* table : {"INHAND", "TURN"})
-      link_.rows(std::string("DELETE FROM ") + table + " WHERE PROGRAM = " + serverText(program));
+    for (const OwnTable& table : kOwnTables)
+      link_.rows(std::string("DELETE FROM ") + table.name + " WHERE PROGRAM = " + serverText(program));
 }
 
 void ServerEngine::leavePlace() {
   if (!link_.stands() || !mayMark_) return;
   try {
     endHold();
-    for (const char* table : {"INHAND", "TURN"})
-      link_.rows(std::string("DELETE FROM ") + table + " WHERE " + mine("PROGRAM"));
+    for (const OwnTable& table : kOwnTables)
+      link_.rows(std::string("DELETE FROM ") + table.name + " WHERE " + mine("PROGRAM"));
   } catch (const std::exception& error) {
     logFailure("passed over: a program that is not seen any more counts as gone", error);
   }
@@ -204,7 +264,8 @@ bool ServerEngine::changeTurn(const std::string& change) {
       tell("UPDATE TURN SET " + change);
       return mysql_affected_rows(link_.handle()) > 0;
     } catch (const DatabaseError& error) {
-      if (error.kind() != Kind::again || left == 0) throw;
+      const bool cut = error.kind() == Kind::lost && left == 3;  // said twice it means the same
+      if (!cut && (error.kind() != Kind::again || left == 0)) throw;
     }
   }
 }
@@ -228,7 +289,7 @@ void ServerEngine::endHold() {
   changeTurn("HOLDER = '', CLOSED = 0, HELD_TILL = UTC_TIMESTAMP() WHERE PROGRAM = '' AND " + mine("HOLDER"));
 }
 
-void ServerEngine::wereExchanged() {
+void ServerEngine::areExchanged() {
   changeTurn("N = N + 1, EXCHANGED = EXCHANGED + 1 WHERE PROGRAM = ''");
   exchanged_ = link_.ask("SELECT EXCHANGED FROM TURN WHERE PROGRAM = ''").front();
 }
@@ -258,6 +319,6 @@ void ServerEngine::takeTurn() {
 
 // Who holds the books, where somebody does and saves have to wait for it.
 void ServerEngine::tellHold() {
-  if (const auto other = heldBy(); other && other->hold == Hold::Closes)
+  if (const auto other = heldBy(); other && *other->hold >= Hold::Closes)
     throw DatabaseError(Kind::locked, DatabaseError::Told(holdWords(*other)));
 }

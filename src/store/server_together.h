@@ -10,5 +10,6 @@
 //         it was seen last. The row without a program counts all transactions and says who holds the books.
 // INHAND  what a program has in hand for a change. It counts as long as its program is seen.
 
+// Makes them, or what an older program did not give them.
 void makeTurnTables(ServerLink& link);
 bool isTurnTable(std::string_view table);

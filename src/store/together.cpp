@@ -20,14 +20,15 @@ std::string inHandWords(const Other& other, const std::string& what) {
 }
 
 std::string holdWords(const Other& other) {
-  const char* const wish = other.hold == Hold::Closes ? english("Saved When It Has Ended")
-                           : other.hold == Hold::Asks ? english("Finish What You Have In Hand")
-                                                      : english("Finish And Close This Company");
+  const char* const wish = other.hold == Hold::Shuts    ? english("Open These Books When It Has Ended")
+                           : other.hold == Hold::Closes ? english("Saved When It Has Ended")
+                           : other.hold == Hold::Asks   ? english("Finish What You Have In Hand")
+                                                        : english("Finish And Close This Company");
   return other.who + " " + holdFact(other) + " :: " + words(wish);
 }
 
 std::string holdFact(const Other& other) {
-  return words(other.hold == Hold::Closes ? english("Is At {what} Since {time}")
-                                          : english("Waits For {what} Since {time}"),
+  return words(*other.hold >= Hold::Closes ? english("Is At {what} Since {time}")
+                                           : english("Waits For {what} Since {time}"),
                "what", words(other.book), "time", since(other.seconds));
 }
