@@ -3,6 +3,7 @@
 #include <errmsg.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <thread>
 
@@ -23,6 +24,18 @@ namespace {
 
 constexpr auto kAnswerAwaited = 20s;  // as long as a cluster may take to go on without a node
 constexpr const char* kShapeRow = "shape";
+
+// What only asks, and what concerns the connection alone, is said again over a new one.
+bool mayBeSaidAgain(std::string_view sql) {
+  constexpr std::array kVerbs{"SELECT ",
+                              "SHOW ",
+                              "EXPLAIN ",
+                              "CHECK TABLE ",
+                              "SET ",
+                              "DROP TEMPORARY ",
+                              "CREATE OR REPLACE TEMPORARY "};
+  return std::ranges::any_of(kVerbs, [&](const char* verb) { return startsWithNoCase(sql, verb); });
+}
 
 void makeDatabase(const std::filesystem::path& folder, const std::string& stem) {
   ServerLink(folder, {}, stem)
@@ -84,10 +97,8 @@ void ServerEngine::reach() {
 
 void ServerEngine::stand() {
   if (state_ == State::None) return reach();
-  if (!link_.stands() || generation_ != link_.generation()) {
-    forgetTransaction();
-    throw serverError(CR_SERVER_LOST, {}, stemOf(books_), {});
-  }
+  if (!link_.stands() || generation_ != link_.generation())
+    failed(serverError(CR_SERVER_LOST, {}, stemOf(books_), {}));
 }
 
 std::unique_ptr<PreparedStatement> ServerEngine::prepare(std::string_view sql) {
@@ -108,9 +119,18 @@ void ServerEngine::fail(unsigned code, const std::string& text, std::string_view
   try {
     link_.fail(code, text, sql);
   } catch (const DatabaseError& error) {
-    if (error.kind() == Kind::lost || error.kind() == Kind::again) forgetTransaction();
-    throw;
+    failed(error);
   }
+}
+
+// What the server took back with it is known from then on. Nothing is to be saved again where nothing was
+// stored.
+void ServerEngine::failed(const DatabaseError& error) {
+  const bool stores = state_ == State::Writing;
+  const bool lost = error.kind() == Kind::lost;
+  if (lost || error.kind() == Kind::again) forgetTransaction();
+  if (lost && !stores) throw whileAsking(error);
+  throw error;
 }
 
 void ServerEngine::forgetTransaction() {
@@ -126,10 +146,7 @@ std::vector<std::vector<std::string>> ServerEngine::tell(const std::string& sql)
   try {
     return link_.rows(sql);
   } catch (const DatabaseError& error) {
-    const bool lost = error.kind() == Kind::lost;
-    if (lost || error.kind() == Kind::again) forgetTransaction();
-    // What only asks is asked again over a new connection.
-    if (!lost || within || !startsWithNoCase(sql, "SELECT")) throw;
+    if (error.kind() != Kind::lost || within || !mayBeSaidAgain(sql)) failed(error);
   }
   stand();
   return link_.rows(sql);
@@ -168,11 +185,8 @@ void ServerEngine::commit() {
   try {
     link_.rows("COMMIT");
   } catch (const DatabaseError& error) {
-    const bool stored = wrote && error.kind() == Kind::lost && wasStored();
-    if (!stored) {
-      if (error.kind() == Kind::lost || error.kind() == Kind::again) forgetTransaction();
-      throw;
-    }
+    if (!wrote || error.kind() != Kind::lost) failed(error);
+    if (!wasStored()) throw;
     logFailure("passed over: the server had stored it", error);
   }
   state_ = State::None;

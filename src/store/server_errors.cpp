@@ -22,6 +22,9 @@ constexpr const char* kNoAnswer = english(
 constexpr const char* kCut = english(
     "The Connection To The Server Was Lost\r\n"
     "Nothing Half Is Stored :: What You Typed Stays, Save It Again");
+constexpr const char* kCutAsking = english(
+    "The Connection To The Server Was Lost\r\n"
+    "Nothing Typed Is Lost :: Ask For It Again");
 constexpr const char* kNoPlace = english(
     "The Server Takes No Further Program Now\r\n"
     "Close One Somewhere, Or Try Again In A Moment");
@@ -131,4 +134,10 @@ DatabaseError serverError(unsigned code, const std::string& text, const std::str
   if (kind == Kind::denied)
     return {kind, Told{refusedRight(name, statement)}, std::string(statement), number};
   return {kind, name, text, std::string(statement), number};
+}
+
+DatabaseError whileAsking(const DatabaseError& error) {
+  const Code* const found = known(static_cast<unsigned>(error.code()));
+  if (!found || found->sentence != kCut) return error;
+  return {error.kind(), DatabaseError::Told{words(kCutAsking)}, error.statement(), error.code()};
 }

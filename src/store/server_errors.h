@@ -10,4 +10,6 @@
 // it; `name` is that of the books. The statement decides which right was missing.
 DatabaseError serverError(unsigned code, const std::string& text, const std::string& name,
                           std::string_view statement = {});
+// The same of a lost connection in the words for who asked only and has nothing to save.
+DatabaseError whileAsking(const DatabaseError& error);
 DatabaseError::Kind kindOfServer(unsigned code);

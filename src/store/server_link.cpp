@@ -4,12 +4,14 @@
 #include <mysqld_error.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <poll.h>
 #include <sys/socket.h>
 
 #include <algorithm>
 #include <array>
 #include <random>
 
+#include "base/end_asked.h"
 #include "base/log.h"
 #include "base/text.h"
 #include "base/words.h"
@@ -17,9 +19,13 @@
 #include "store/place.h"
 #include "store/server_errors.h"
 
+using namespace std::chrono_literals;
+
 namespace {
 
 constexpr unsigned kConnectSeconds = 5;
+constexpr int kAskMs = 100;
+constexpr auto kSilence = 8s;
 constexpr unsigned long kOldest = 101000;  // the first whose collations compare as the books need it
 // A machine that dies in a transaction holds the others up for half a minute and no longer.
 constexpr const char* kSettings =
@@ -56,6 +62,16 @@ void noticeSilence(MYSQL* handle) {
 ServerLink::ServerLink(const std::filesystem::path& folder, std::string stem, const std::string& about)
     : folder_(folder), stem_(std::move(stem)), about_(about.empty() ? stem_ : about) {
   connect();
+}
+
+// To that machine and no other of the list: what runs there is known by a number of its own.
+ServerLink::ServerLink(const ServerLink& other, SameServer) : folder_(other.folder_), about_(other.about_) {
+  try {
+    connectTo(serverPlace(folder_), other.host_, other.port_);
+  } catch (...) {
+    close();
+    throw;
+  }
 }
 
 void ServerLink::connect() {
@@ -140,9 +156,14 @@ void ServerLink::close() noexcept {
 
 std::vector<std::vector<std::string>> ServerLink::rows(const std::string& sql) {
   if (!handle_) connect();
-  if (mysql_real_query(handle_, sql.data(), sql.size()) != 0) fail(sql);
+  int failed = 0;
+  await(mysql_real_query_start(&failed, handle_, sql.data(), sql.size()),
+        [&](int came) { return mysql_real_query_cont(&failed, handle_, came); });
+  if (failed != 0) fail(sql);
   std::vector<std::vector<std::string>> all;
-  MYSQL_RES* const result = mysql_store_result(handle_);
+  MYSQL_RES* result = nullptr;
+  await(mysql_store_result_start(&result, handle_),
+        [&](int came) { return mysql_store_result_cont(&result, handle_, came); });
   if (!result) {
     if (mysql_errno(handle_) != 0) fail(sql);
     return all;
@@ -179,12 +200,59 @@ void ServerLink::fail(unsigned code, const std::string& text, std::string_view s
   throw error;
 }
 
-void ServerLink::endStatement() noexcept {
+bool ServerLink::readyFor(int status, int& came, int milliseconds) const {
+  pollfd socket{.fd = static_cast<int>(mysql_get_socket(handle_)), .events = 0, .revents = 0};
+  if (status & MYSQL_WAIT_READ) socket.events |= POLLIN;
+  if (status & MYSQL_WAIT_WRITE) socket.events |= POLLOUT;
+  if (poll(&socket, 1, milliseconds) <= 0) return false;
+  came =
+      (socket.revents & POLLOUT ? MYSQL_WAIT_WRITE : 0) | (socket.revents & ~POLLOUT ? MYSQL_WAIT_READ : 0);
+  return true;
+}
+
+void ServerLink::await(int status, const std::function<int(int)>& goOn) {
+  using Clock = std::chrono::steady_clock;
+  bool ended = false;
+  auto heard = Clock::now();
+  for (int came = 0; status != 0;) {
+    if (readyFor(status, came, kAskMs)) {
+      status = goOn(came);
+      heard = Clock::now();
+    } else if (!ended && endAsked() && endAsked()()) {
+      ended = true;
+      endStatement();
+    } else if (Clock::now() - heard > kSilence) {
+      if (!isAtIt() && !readyFor(status, came, 0)) cut();
+      heard = Clock::now();
+    }
+  }
+}
+
+void ServerLink::cut() const noexcept { shutdown(static_cast<int>(mysql_get_socket(handle_)), SHUT_RDWR); }
+
+void ServerLink::endStatement() const noexcept {
   try {
-    ServerLink other(folder_);
-    other.ask("KILL QUERY " + std::to_string(thread_));
+    ServerLink(*this, SameServer{}).ask("KILL QUERY " + std::to_string(thread_));
+  } catch (const DatabaseError& error) {
+    logFailure("passed over: the statement goes on", error);
+    if (isLost(error)) cut();
   } catch (const std::exception& error) {
     logFailure("passed over: the statement goes on", error);
+  }
+}
+
+bool ServerLink::isAtIt() const noexcept {
+  try {
+    const auto does =
+        ServerLink(*this, SameServer{})
+            .ask("SELECT COMMAND FROM information_schema.PROCESSLIST WHERE ID = " + std::to_string(thread_));
+    return !does.empty() && does.front() != "Sleep";
+  } catch (const DatabaseError& error) {
+    logFailure("passed over: the server was asked what it does", error);
+    return !isLost(error);  // it answers all the same
+  } catch (const std::exception& error) {
+    logFailure("passed over: the server was asked what it does", error);
+    return true;
   }
 }
 

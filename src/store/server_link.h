@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -40,12 +41,20 @@ class ServerLink {
   // Throws what the server said of a statement; forgets a connection that is lost.
   [[noreturn]] void fail(std::string_view sql);
   [[noreturn]] void fail(unsigned code, const std::string& text, std::string_view sql);
-  // Ends the connection's running statement over another one.
-  void endStatement() noexcept;
+  // Until the library has what it waits for; `goOn` is told what came. The person may end what lasts. A
+  // server that is silent for long is asked over another connection whether it is at the statement: else, and
+  // where it does not answer at all, this connection is cut.
+  void await(int status, const std::function<int(int)>& goOn);
 
  private:
+  struct SameServer {};
+  ServerLink(const ServerLink& other, SameServer);
   void connectTo(const ServerPlace& place, const std::string& host, unsigned port);
   void useSettings();
+  bool readyFor(int status, int& came, int milliseconds) const;
+  void endStatement() const noexcept;
+  bool isAtIt() const noexcept;
+  void cut() const noexcept;
 
   const std::filesystem::path folder_;
   const std::string stem_, about_;

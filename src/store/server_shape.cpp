@@ -202,7 +202,7 @@ void ServerEngine::reshape(const std::string& table, const std::vector<NewColumn
 }
 
 std::string ServerEngine::workTableText(const std::string& table, const std::vector<Column>& columns) const {
-  std::string text = createTableText("CREATE TEMPORARY TABLE " + serverName(table), columns);
+  std::string text = createTableText("CREATE OR REPLACE TEMPORARY TABLE " + serverName(table), columns);
   if (const auto index = workIndexes_.find(table); index != workIndexes_.end())
     text.insert(text.size() - 1, ", INDEX (" + index->second + ")");
   return text;
@@ -211,9 +211,8 @@ std::string ServerEngine::workTableText(const std::string& table, const std::vec
 void ServerEngine::makeWorkTable(const std::string& table, const std::vector<Column>& columns) {
   const std::string key = upper(table);
   // Known before it stands: where the connection is lost meanwhile, it is made with the next.
-  const bool stood = !work_.insert_or_assign(key, columns).second;
+  work_.insert_or_assign(key, columns);
   journal_.emptied(key);
-  if (stood) tell("DROP TEMPORARY TABLE IF EXISTS " + serverName(key));
   tell(workTableText(key, columns));
 }
 
@@ -231,7 +230,7 @@ void ServerEngine::dropWorkTables() {
 }
 
 void ServerEngine::makeList(const std::string& name, const std::string& select) {
-  tell("CREATE TEMPORARY TABLE " + serverName(name) +
+  tell("CREATE OR REPLACE TEMPORARY TABLE " + serverName(name) +
        " (rowid BIGINT NOT NULL AUTO_INCREMENT INVISIBLE PRIMARY KEY) AS " + onServerText(select));
   lists_.insert(upper(name));
 }

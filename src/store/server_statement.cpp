@@ -1,10 +1,7 @@
 #include "store/server_statement.h"
 
-#include <poll.h>
-
 #include <algorithm>
 
-#include "base/end_asked.h"
 #include "base/text.h"
 #include "store/server_functions.h"
 
@@ -17,8 +14,6 @@ std::string onServerText(std::string_view statement) {
 }
 
 namespace {
-
-constexpr int kAskMs = 100;
 
 enum_field_types readAs(enum_field_types type) {
   switch (type) {
@@ -80,7 +75,10 @@ void ServerStatement::prepare() {
   handle_ = mysql_stmt_init(engine_.link().handle());
   if (!handle_) throw DatabaseError(DatabaseError::Kind::memory, {}, {}, sql);
   generation_ = engine_.link().generation();
-  if (mysql_stmt_prepare(handle_, text.data(), text.size()) != 0) fail();
+  int failed = 0;
+  await(mysql_stmt_prepare_start(&failed, handle_, text.data(), text.size()), mysql_stmt_prepare_cont,
+        failed);
+  if (failed != 0) fail();
   my_bool measured = 1;
   mysql_stmt_attr_set(handle_, STMT_ATTR_UPDATE_MAX_LENGTH, &measured);
   parameters_ = static_cast<int>(mysql_stmt_param_count(handle_));
@@ -125,35 +123,18 @@ void ServerStatement::bindValues() {
   if (count > 0 && mysql_stmt_bind_param(handle_, bound_.data()) != 0) fail();
 }
 
-// The person may end what lasts.
-void ServerStatement::await(int status, int (*goOn)(int*, MYSQL_STMT*, int), int* result) {
-  bool ended = false;
-  while (status != 0) {
-    pollfd ready{
-        .fd = static_cast<int>(mysql_get_socket(engine_.link().handle())), .events = 0, .revents = 0};
-    if (status & MYSQL_WAIT_READ) ready.events |= POLLIN;
-    if (status & MYSQL_WAIT_WRITE) ready.events |= POLLOUT;
-    if (poll(&ready, 1, kAskMs) == 0) {
-      if (!ended && endAsked() && endAsked()()) {
-        engine_.link().endStatement();
-        ended = true;
-      }
-      continue;
-    }
-    const int came =
-        (ready.revents & POLLOUT ? MYSQL_WAIT_WRITE : 0) | (ready.revents & ~POLLOUT ? MYSQL_WAIT_READ : 0);
-    status = goOn(result, handle_, came);
-  }
+void ServerStatement::await(int status, int (*goOn)(int*, MYSQL_STMT*, int), int& result) {
+  engine_.link().await(status, [&](int came) { return goOn(&result, handle_, came); });
 }
 
 void ServerStatement::execute() {
   if (generation_ != engine_.link().generation()) prepare();
   bindValues();
   int result = 0;
-  await(mysql_stmt_execute_start(&result, handle_), mysql_stmt_execute_cont, &result);
+  await(mysql_stmt_execute_start(&result, handle_), mysql_stmt_execute_cont, result);
   if (result != 0) fail();
   if (!cells_.empty()) {
-    await(mysql_stmt_store_result_start(&result, handle_), mysql_stmt_store_result_cont, &result);
+    await(mysql_stmt_store_result_start(&result, handle_), mysql_stmt_store_result_cont, result);
     if (result != 0) fail();
     readResult();
     return;

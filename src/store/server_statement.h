@@ -49,7 +49,7 @@ class ServerStatement final : public PreparedStatement {
   void execute();
   void bindValues();
   void readResult();
-  void await(int status, int (*goOn)(int*, MYSQL_STMT*, int), int* result);
+  void await(int status, int (*goOn)(int*, MYSQL_STMT*, int), int& result);
   [[noreturn]] void fail();
 
   ServerEngine& engine_;
