@@ -39,20 +39,22 @@ Lookup itemLookup(const std::string& category) {
 }
 
 // What F1 lists for a field; nothing for one without a list.
-std::optional<Lookup> lookupOf(ReportField field, bool groups, const std::string& category) {
+std::optional<Lookup> lookupOf(ReportField field, const Report& report, const std::string& category) {
   if (field == kParty)
-    return accounts({
-        {"ACC_CD",   1000},
-        {"ACC_NAME", 5000},
-        {"AREA",     1500},
-        {"CITY",     1500},
-        balanceColumn(1200)
-    });
+    return accounts(
+        {
+            {"ACC_CD",   1000},
+            {"ACC_NAME", 5000},
+            {"AREA",     1500},
+            {"CITY",     1500},
+            balanceColumn(1200)
+    },
+        report.offered);
   if (field == kCity) return valuesOf("ACCOUNT", "AREA", 2500);
   if (field == kState) return valuesOf("ACCOUNT", "CITY", 2500);
   if (field == kItem) return itemLookup(category);
   if (field == kCategory)
-    return groups ? Lookup{.rows = {.columns = {{"GROUP_CD", 1500}, {"GROUP_NAME", 3000}}, .from = "GRP", .order = {"GROUP_NAME"}}}
+    return report.groups ? Lookup{.rows = {.columns = {{"GROUP_CD", 1500}, {"GROUP_NAME", 3000}}, .from = "GRP", .order = {"GROUP_NAME"}}}
                     : Lookup{.rows = {.columns = {{"DEPT_CD", 1500}, {"DEPT_NAME", 3000}}, .from = "DEPTMENT", .order = {"DEPT_NAME"}}};
   return {};
 }
@@ -106,6 +108,8 @@ void frmreport::opened(const Opening& opening) {
   for (const ReportField field : report_->fields) at(field).enabled = true;
   for (const FieldName date : {fields::kFrom, fields::kTo}) at(date).enabled = !report_->undated;
   if (!report_->salesmanLabel.empty()) at(kSalesman).label = report_->salesmanLabel;
+  if (!report_->partyLabel.empty()) at(kParty).label = report_->partyLabel;
+  if (report_->ofToday) put(fields::kFrom, last);
 }
 
 // A report from which a voucher was opened is read anew and stands on that voucher again.
@@ -146,7 +150,7 @@ void frmreport::escape() {
 
 Go frmreport::lookup() {
   const std::string category = trimmed(kCategory);
-  const auto list = lookupOf(here().spec->field, report_ && report_->groups, category);
+  const auto list = report_ ? lookupOf(here().spec->field, *report_, category) : std::nullopt;
   return list ? lookUp(host, *this, here(), *list) : Go::Stay;
 }
 

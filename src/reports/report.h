@@ -94,7 +94,8 @@ struct ReportColumn {
   bool summed = false;  // in the total row; main rows over details have it as "0.00"
   // What detail rows have here, figures then as "0.00". None: the same, as it comes.
   std::optional<ColumnType> detail = {};
-  double pixels = 0;  // least width on the screen, where the twips would cut its texts
+  double pixels = 0;   // least width on the screen, where the twips would cut its texts
+  bool right = false;  // on paper too, though it is not summed
 };
 
 // Detail rows under a main row. They are read when they come into view, so their count must be
@@ -142,9 +143,12 @@ struct Report {
   bool captionWithGstin = false;         // the company's GSTIN stands behind it
   std::vector<ReportField> fields = {};  // enabled
   std::string salesmanLabel = {};        // of the last field; empty: as designed
+  std::string partyLabel = {};           // of the first one
+  std::string offered = {};              // condition of the accounts that its list offers; empty: all
   bool groups = false;                   // the category field looks up account groups
   bool ignoresEscape = false;
   bool undated = false;  // shows what there is, whatever its date
+  bool ofToday = false;  // opens on the last day alone
   // The To date that Enter on a From date brings along ("01/02/2026" -> "28/02/2026").
   std::string (*toDate)(std::string_view from) = nullptr;
   std::optional<ReportQuestion> question = {};

@@ -212,7 +212,8 @@ ColumnType ReportRows::type(size_t row, size_t column) const {
 std::vector<TypedColumn> ReportRows::outputColumns() const {
   std::vector<TypedColumn> columns;
   for (const ReportColumn& c : columns_)
-    columns.push_back({.heading = words(c.heading), .twips = c.twips, .type = c.type, .right = c.summed});
+    columns.push_back(
+        {.heading = words(c.heading), .twips = c.twips, .type = c.type, .right = c.summed || c.right});
   return columns;
 }
 

@@ -3,7 +3,7 @@ import calendar
 import datetime
 from decimal import Decimal
 
-from books import DEBTORS
+from books import BANKS, CASH, DEBTORS, PERIOD
 from rules import dec, money, number
 
 FAST, DETAIL = "%d/%b/%Y", "%d/%m/%Y"
@@ -158,6 +158,60 @@ class Reports:
         party = found[0].party
         self.show("recipt", rows([m for m in found if m.party is party]), fields=[("party", party.code)])
 
+    # Purchases, payments, and the books by day
+
+    def purchases(self):
+        rows = [[str(b.number), b.day.strftime(FAST), b.bill_number, b.day.strftime(FAST), b.party.name, b.party.gstin, money(b.value),
+                 *map(money, b.taxes), money(b.rounding), money(b.net)] for b in sorted(self.books.bills["PU"].values(), key=lambda b: (b.day, b.number))]
+        self.show("PURREG", total(rows, range(6, 12), 12))
+
+    def payments(self):
+        rows = [[str(m.number), m.day.strftime(FAST), "%s %s" % (m.party.name, m.party.area), self.books.name(m.place),
+                 "Cash", "", money(m.amount), m.narration]
+                for m in sorted(self.books.money["PY"].values(), key=lambda m: (m.day, m.number))]
+        self.show("PAYREG", total(rows, [6], 8))
+
+    def cash_book(self, menu, code, start, end):
+        """A line a day with what stood in the account before and after, and its entries, debits first."""
+        found = sorted((r for r in self.ledger if r.account == code and start <= r.day <= end), key=lambda r: (r.day, r.side == "C", r.number, r.book))
+        side = lambda rows, letter: sum((r.amount for r in rows if r.side == letter), Decimal(0))
+        mains, rows = [], []
+        for day in sorted({r.day for r in found}):
+            entries = [r for r in found if r.day == day]
+            closing = self.books.balance(code, self.ledger, day)
+            received, paid = side(entries, "D"), side(entries, "C")
+            mains.append([day.strftime(DETAIL), "", "", self.books.name(code), "", *map(money, (closing - received + paid, received, paid, closing))])
+            rows.append(mains[-1])
+            for r in entries:
+                amount = money(r.amount)
+                rows.append(["", str(r.number), r.book, self.books.name(r.against) + (" : " + r.narration if len(r.narration) > 1 else ""), r.reference, "",
+                             amount if r.side == "D" else "", amount if r.side == "C" else "", ""])
+        self.show(menu, rows + total(mains, (6, 7), 9)[-1:], start, end, fields=[("party", code)])
+
+    def day_book(self, start, end, party=None):
+        kinds = {"SA": "Sale Bill", "PU": "Purchase", "CH": "Challan", "RC": "Receipt", "PY": "Payment"}
+        books = self.books
+        vouchers = [v for kept in (*books.bills.values(), books.challans, *books.money.values()) for v in kept.values()
+                    if start <= v.day <= end and (not party or v.party is party)]
+        mains, rows = [], []
+        for v in sorted(vouchers, key=lambda v: (v.day, v.book, v.number)):
+            entries = books.rows(v)
+            paper = str(v.challan_number) if v.book == "CH" else getattr(v, "bill_number", "")
+            sides = [money(sum((r.amount for r in entries if r.side == side), Decimal(0))) for side in "DC"]
+            mains.append([v.day.strftime(DETAIL), kinds[v.book], str(v.number), paper, v.party.name, *sides])
+            rows.append(mains[-1])
+            rows += [["", "", "", "", books.name(r.account), *(money(r.amount) if r.side == side else "" for side in "DC")] for r in entries] or [[""] * 7]
+        self.show("DAYBOOK", rows + total(mains, (5, 6), 7)[-1:], start, end, fields=[("party", party.code)] if party else ())
+
+    def books_by_day(self):
+        self.purchases()
+        self.payments()
+        bank = next(p for p in self.books.parties if p.group == BANKS)
+        self.cash_book("CASHBOOK", CASH, PERIOD[0], self.today)
+        self.cash_book("BANKBOOK", bank.code, datetime.date(2026, 10, 1), self.today)
+        self.day_book(datetime.date(2026, 10, 1), datetime.date(2026, 10, 31))
+        self.day_book(PERIOD[0], self.today, self.bills()[-1].party)
+
     # What is owed
 
     def owed(self, party, end):
@@ -247,6 +301,7 @@ def expect_all(year):
     r.registers(("QUOTREG", "QUOTASKED"), ("QUOTREGDTL", "QUOTASKEDDTL"), r.offers, r.books.quotations)
     r.registers(("CHLNRPT", "CHLNASKED"), ("CHLNRPTDTL", "CHLNASKEDDTL"), r.challans, r.books.challans)
     r.receipts()
+    r.books_by_day()
     r.outstanding(year.today)
     r.outstanding(datetime.date(2026, 9, 15))
     r.closing(year.today)

@@ -1,0 +1,186 @@
+#include "base/text.h"
+#include "base/words.h"
+#include "frame/voucher_kinds.h"
+#include "reports/reports.h"
+#include "store/dictionary.h"
+#include "store/groups.h"
+
+// The registers of payments, of what came in and went out under an income or expense, and of the tax that was
+// kept back at its source.
+
+namespace {
+
+using Kinds = std::vector<const VoucherKind*>;
+
+// What was asked, of vouchers of the kinds. They are read by their dates: one kind may be nearly everything.
+Condition asked(const Kinds& kinds, const ReportQuery& q) {
+  std::vector<std::string> codes;
+  for (const VoucherKind* kind : kinds) codes.push_back("'" + kind->code + "'");
+  Condition c;
+  c.add("+RPTPAY.BOOK_CD IN (" + join(codes, ", ") + ") AND RPTPAY.VOUCH_DT >= ?", q.from)
+      .add("RPTPAY.VOUCH_DT <= ?", q.to)
+      .addFilled("RPTPAY.PARTY_CD = ?", q[kParty])
+      .addFilled("PARTY.AREA = ?", q[kCity])
+      .addFilled("PARTY.CITY = ?", q[kState])
+      .addFilled(underGroupAsked("PARTY.GROUP_CD"), q[kCategory]);
+  return c;
+}
+
+// The kind of each voucher in words.
+Statement kindNames(const Kinds& kinds) {
+  Statement names{"CASE RPTPAY.BOOK_CD"};
+  for (const VoucherKind* kind : kinds) {
+    names.text += " WHEN ? THEN ?";
+    names.values.insert(names.values.end(), {kind->code, words(kind->words.name)});
+  }
+  names.text += " END AS KIND";
+  return names;
+}
+
+// How the money went; what says nothing is cash.
+constexpr const char* kMode =
+    "CASE RPTPAY.VOUCH_TYPE WHEN 'CQ' THEN ? WHEN 'UP' THEN ? WHEN 'NE' THEN ? WHEN 'CD' THEN ? ELSE ? END "
+    "AS HOW";
+
+std::vector<Value> modes() {
+  std::vector<Value> shown;
+  for (const char* each :
+       {english("Cheque"), english("UPI"), english("NEFT/RTGS"), english("Card"), english("Cash")})
+    shown.emplace_back(words(each));
+  return shown;
+}
+
+// What the columns take first, then place, mode and cheque; the amount as each register has it.
+ReportPlan plan(const Condition& c, const std::string& first, const std::string& amounts,
+                std::vector<Value> values) {
+  ReportPlan plan{.filter = c.shown()};
+  for (const std::vector<Value>& more : {modes(), c.values()})
+    values.insert(values.end(), more.begin(), more.end());
+  plan.rows = {"SELECT RPTPAY.VOUCH_NO, RPTPAY.VOUCH_DT, " + first + ", PLACE.ACC_NAME AS PLACENAME, " +
+                   kMode + ", CASE WHEN LEN(CHQ_NO) > 1 THEN CHQ_NO ELSE '' END, " + amounts +
+                   ", CASE WHEN NARRATION <> '.' THEN NARRATION ELSE '' END, RPTPAY.BOOK_CD"
+                   " FROM RPTPAY LEFT JOIN ACCOUNT AS PARTY ON RPTPAY.PARTY_CD = PARTY.ACC_CD"
+                   " LEFT JOIN ACCOUNT AS PLACE ON RPTPAY.CSHBNK_CD = PLACE.ACC_CD WHERE " +
+                   c.text() + " ORDER BY RPTPAY.VOUCH_DT, RPTPAY.VOUCH_NO, RPTPAY.rowid",
+               std::move(values)};
+  plan.voucher = {.book = "BOOK_CD", .number = "VOUCH_NO"};
+  return plan;
+}
+
+ReportPlan planPayments(Database&, const ReportQuery& q) {
+  ReportPlan payments = plan(asked({kindByEntryType("PAYMENT")}, q),
+                             "PARTY.ACC_NAME || ' ' || COALESCE(PARTY.AREA, '') AS PARTYNAME",
+                             "SHOWN(AMOUNT, '0.00') AS AMT", {});
+  // clang-format off
+  payments.columns = {
+      {.heading = "No.",     .twips = 600,  .type = ColumnType::Count},
+      {.heading = "Date",    .twips = 1200, .type = ColumnType::Date},
+      {.heading = "Party",   .twips = 2600},
+      {.heading = "Account", .twips = 1800},
+      {.heading = "Mode",    .twips = 1000},
+      {.heading = "Cheque",  .twips = 1200},
+      {.heading = "Amount",  .twips = 1200, .type = ColumnType::Money, .summed = true},
+      {.heading = "Remarks", .twips = 1800},
+  };
+  // clang-format on
+  return payments;
+}
+
+ReportPlan planIncomesAndExpenses(Database&, const ReportQuery& q) {
+  const VoucherKind *const income = kindByEntryType("INCOME"), *const expense = kindByEntryType("EXPENSE");
+  const auto amountOf = [](const VoucherKind& kind) {
+    return "CASE WHEN RPTPAY.BOOK_CD = '" + kind.code + "' THEN SHOWN(AMOUNT, '0.00') ELSE '' END";
+  };
+  const Statement names = kindNames({income, expense});
+  ReportPlan both = plan(asked({income, expense}, q), names.text + ", PARTY.ACC_NAME AS PARTYNAME",
+                         amountOf(*income) + ", " + amountOf(*expense), names.values);
+  // clang-format off
+  both.columns = {
+      {.heading = "No.",     .twips = 600,  .type = ColumnType::Count},
+      {.heading = "Date",    .twips = 1200, .type = ColumnType::Date},
+      {.heading = "Kind",    .twips = 900},
+      {.heading = "Account", .twips = 2200},
+      {.heading = "Over",    .twips = 1800},
+      {.heading = "Mode",    .twips = 1000},
+      {.heading = "Cheque",  .twips = 1200},
+      {.heading = "Income",  .twips = 1200, .type = ColumnType::Money, .summed = true},
+      {.heading = "Expense", .twips = 1200, .type = ColumnType::Money, .summed = true},
+      {.heading = "Remarks", .twips = 1800},
+  };
+  // clang-format on
+  return both;
+}
+
+// Vouchers by their dates, and of each what it says of tax.
+ReportPlan planTaxAtSource(Database& db, const ReportQuery& q) {
+  ReportPlan plan;
+  if (!CheckTable(db, "SETTLES")) {
+    plan.refusal = english("No Records");
+    return plan;
+  }
+  const Kinds kinds = kindsPostedFrom("RPTPAY");
+  const Condition c = asked(kinds, q);
+  const Statement names = kindNames(kinds);
+  plan.filter = c.shown();
+  plan.rows = {
+      "SELECT RPTPAY.VOUCH_NO, RPTPAY.VOUCH_DT, " + names.text +
+          ", PARTY.ACC_NAME AS PARTYNAME, CASE WHEN LEN(PARTY.BANK_NAME) > 1 THEN PARTY.BANK_NAME END,"
+          " TAX.ACC_NAME AS TAXNAME, SHOWN(RPTPAY.AMOUNT, '0.00') AS PAID,"
+          " SHOWN(SETTLES.AMOUNT, '0.00') AS TDS, RPTPAY.BOOK_CD FROM RPTPAY"
+          " CROSS JOIN SETTLES ON SETTLES.BOOK_CD = RPTPAY.BOOK_CD"
+          " AND SETTLES.VOUCH_NO = RPTPAY.VOUCH_NO AND SETTLES.WHAT = 'T'"
+          " LEFT JOIN ACCOUNT AS PARTY ON RPTPAY.PARTY_CD = PARTY.ACC_CD"
+          " LEFT JOIN ACCOUNT AS TAX ON SETTLES.ACC_CD = TAX.ACC_CD WHERE " +
+          c.text() + " ORDER BY RPTPAY.VOUCH_DT, RPTPAY.BOOK_CD, RPTPAY.VOUCH_NO, SETTLES.SRNO",
+      names.values};
+  plan.rows.values.insert(plan.rows.values.end(), c.values().begin(), c.values().end());
+  // clang-format off
+  plan.columns = {
+      {.heading = "No.",     .twips = 600,  .type = ColumnType::Count},
+      {.heading = "Date",    .twips = 1200, .type = ColumnType::Date},
+      {.heading = "Kind",    .twips = 900},
+      {.heading = "Party",   .twips = 2600},
+      {.heading = "Pan",     .twips = 1200, .pixels = 116},
+      {.heading = "Account", .twips = 2200},
+      {.heading = "Paid",    .twips = 1200, .type = ColumnType::Money, .summed = true},
+      {.heading = "Tds",     .twips = 1200, .type = ColumnType::Money, .summed = true},
+  };
+  // clang-format on
+  plan.voucher = {.book = "BOOK_CD", .number = "VOUCH_NO"};
+  return plan;
+}
+
+}  // namespace
+
+const Report& paymentRegister() {
+  static const Report report{
+      .key = "PAYREG",
+      .caption = "Payment Register",
+      .fields = {kParty, kCity, kState, kCategory},
+      .groups = true,
+      .plan = planPayments,
+  };
+  return report;
+}
+
+const Report& incomeAndExpenseRegister() {
+  static const Report report{
+      .key = "INEXREG",
+      .caption = "Income And Expense Register",
+      .fields = {kParty, kCategory},
+      .partyLabel = english("Account"),
+      .groups = true,
+      .plan = planIncomesAndExpenses,
+  };
+  return report;
+}
+
+const Report& taxAtSourceRegister() {
+  static const Report report{
+      .key = "TDSREG",
+      .caption = "Tds Register",
+      .fields = {kParty, kCity, kState},
+      .plan = planTaxAtSource,
+  };
+  return report;
+}
