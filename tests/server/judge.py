@@ -53,7 +53,7 @@ def judge(db, journal):
 
 def compare(db, row, deed):
     """A voucher beside what was typed by the one whose mark it bears."""
-    name = "%s %d (%s)" % (deed.book, row["VOUCH_NO"], deed.tag)
+    name = "%s %d: %s" % (deed.book, row["VOUCH_NO"], deed)
     if deed.number not in (None, row["VOUCH_NO"]):
         return ["%s was told as %d" % (name, deed.number)]
     if deed.book == "RC":

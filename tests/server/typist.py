@@ -32,10 +32,14 @@ class Refused(Exception):
 class Hand:
     """A running program, line by line (docs/player.md)."""
 
-    def __init__(self, player, folder):
+    def __init__(self, player, folder, dialogue=os.devnull):
+        self.dialogue = open(dialogue, "w", buffering=1, encoding="utf-8")
         self.process = subprocess.Popen([player, folder, "-"], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
         self.said = []
         self.hear()
+
+    def note(self, sign, line):
+        self.dialogue.write("%.3f %s %s\n" % (time.monotonic(), sign, line))
 
     def do(self, *lines):
         """What the program says meanwhile."""
@@ -60,6 +64,7 @@ class Hand:
                     raise Refused("%s: %s" % (one, said))
 
     def tell(self, line):
+        self.note(">", line)
         try:
             self.process.stdin.write(line + "\n")
             self.process.stdin.flush()
@@ -73,6 +78,7 @@ class Hand:
                     return
                 self.tell("answer " + self.reply(self.said[-1]))
             else:
+                self.note("<", line.rstrip("\n"))
                 self.said.append(line.rstrip("\n"))
         raise Gone
 
@@ -81,12 +87,34 @@ class Hand:
         time.sleep(0.5 if "Does Not Answer" in question else 0)
         return "No" if "Nothing Was Stored" in question else "Yes"
 
+    def step(self, field, then=None, typed=None, key="Enter"):
+        """Looks where the cursor stands, types, and looks whether the key has gone on: what is told meanwhile may have kept it back or not."""
+        self.stand(field)
+        if typed is not None:
+            self.sure('fill %s "%s"' % (field, typed))
+        said = self.do("key " + key)
+        for _ in range(60):
+            if not then or "failed: " not in self.do("expect focus " + then):
+                return
+            if not AWAY.search(said) and "Duplicate Bill No" not in said:  # then the next free one stands there
+                break
+            time.sleep(0.5)
+            self.stand(field)
+            said = self.do("key " + key)
+        raise Refused("%s to %s: %s%s" % (field, then, said, self.do("show")))
+
+    def stand(self, field):
+        if "failed: " in self.do("expect focus " + field):
+            self.sure("focus " + field)
+
     def top(self):
         return self.do("show").split(" ", 1)[0]
 
     def end(self):
         self.process.kill()
         self.process.wait()
+        self.note("<", "ended with %d" % self.process.returncode)
+        self.dialogue.close()
 
 
 @dataclass
@@ -107,7 +135,7 @@ class Deed:
 
 class Journal:
     def __init__(self):
-        self.lock, self.deeds = threading.Lock(), []
+        self.lock, self.deeds, self.faults = threading.Lock(), [], []
 
     def begin(self, book, tag, voucher, number):
         deed = Deed(book, tag, voucher, number, time.monotonic())
@@ -124,14 +152,14 @@ class Journal:
 class Typist:
     """One operator: does at random what a day brings, a start of the program after each end of it."""
 
-    def __init__(self, name, player, folder, journal):
-        self.name, self.player, self.folder, self.journal = name, player, folder, journal
+    def __init__(self, name, player, folder, journal, dialogues):
+        self.name, self.player, self.folder, self.journal, self.dialogues = name, player, folder, journal, dialogues
         self.rng, self.count = random.Random(name), itertools.count(1)
         self.hand, self.starts, self.refusals, self.done = None, 0, [], 0
 
     def start(self):
         self.starts += 1
-        self.hand = Hand(self.player, self.folder)
+        self.hand = Hand(self.player, self.folder, os.path.join(self.dialogues, "%s.%d" % (self.name, self.starts)))
         self.hand.sure("clock %s 10:30" % TODAY, "focus lst", "key Enter", "tick 4", "expect screen frmmain")
 
     def work(self, goes_on):
@@ -156,7 +184,9 @@ class Typist:
     # The year's keys, without what only one who is alone can expect
 
     def tag(self):
-        return "%s %d" % (self.name, next(self.count))
+        tag = "%s %d" % (self.name, next(self.count))
+        self.hand.note("=", tag)
+        return tag
 
     def lines(self, party, most=3):
         some = self.rng.sample(list(ITEMS.values()), self.rng.randrange(1, most + 1))
@@ -175,14 +205,27 @@ class Typist:
         bill = Bill("SA", 0, TODAY, party, "TAX", "", 0, self.lines(party), tag)
         bill.work_out()
         self.open("SALE")
-        hand.sure("key Alt+A", "key Enter", 'type "%s"' % party, "key Enter Tab Enter Enter Enter Enter")
-        if "failed: " in hand.do("expect focus item"):
-            return self.leave()  # others have taken the number that stood there, which is told
-        for line in bill.lines:
-            hand.sure('type "%s"' % line.item.code, "key Enter Enter Enter", 'type "%s"' % number(line.quantity), "key Enter")
-            hand.sure('fill rate "%s"' % number(line.rate), "key Enter", 'fill discount "0"', "key Enter Enter")
-        hand.sure("key PgDn", 'type "%s"' % tag)
+        hand.sure("key Alt+A")
+        hand.step("date", "party")
+        hand.step("party", "ship_to", party)
+        hand.step("ship_to", "bill_type", key="Tab")
+        for field, then in (("bill_type", "bill_no"), ("bill_no", "challan_no"), ("challan_no", "order_no"), ("order_no", "item")):
+            hand.step(field, then)
+        for n, line in enumerate(bill.lines, 1):
+            hand.step("item", "detail", line.item.code)
+            hand.step("detail", "unit")
+            hand.step("unit", "quantity")
+            self.rest_of_line(number(line.quantity), number(line.rate), n)
+        hand.sure("key PgDn", 'fill narration "%s"' % tag)
         self.save(self.journal.begin("SA", tag, bill, None))
+
+    def rest_of_line(self, quantity, rate, lines):
+        self.hand.step("quantity", None, quantity)
+        self.hand.step("rate", "discount", rate)
+        self.hand.step("discount", "amount", "0")
+        self.hand.step("amount", "item")
+        if "failed: " in self.hand.do("expect rows DataGrid1 %d" % lines):
+            self.journal.faults.append("%s sees a line less, or more, than was typed: %s" % (self.name, self.hand.do("show")))
 
     def save(self, deed, last="parcels", away="CancelButton"):
         """Pressed again while the program says why not; what was typed stands there meanwhile."""
@@ -194,7 +237,7 @@ class Typist:
                 deed.number, deed.ended = int(saved[1]), time.monotonic()
                 self.hand.sure("press " + away)
                 return self.leave()
-            if "Nothing Was Stored" in "\n".join(deed.told):
+            if re.search("Nothing Was Stored|Was Stored After All", "\n".join(deed.told)):
                 return self.leave()
             time.sleep(0.5)
         raise Refused("\n".join(deed.told[:12]) + self.hand.do("show"))
@@ -230,17 +273,18 @@ class Typist:
         """The first line's quantity and the narration of a bill; what else is in it stays as the program loaded it."""
         hand, tag = self.hand, self.tag()
         found = self.look_for("SALE", "Alt+M", "SA")
-        if not found:
-            return
+        if not found or AWAY.search("\n".join(hand.said)):
+            return self.leave()  # what came half is not worked on
         loaded = [row.split("|") for row in hand.do('sql data "SELECT ITEM_CD, QUANTITY, RATE FROM T_SLITM ORDER BY SR_NO"').splitlines()]
         party = re.search(r'party[ (][^:]*: "(A\d+)"', hand.do("show"))
         quantity = self.rng.choice([1, 4, 6.25, 20])
-        if not loaded or not party or "failed: " in hand.do("focus item", 'fill quantity "%s"' % number(quantity)):
+        if not loaded or any(len(row) != 3 for row in loaded) or not party or "failed: " in hand.do("focus item", "focus quantity"):
             return self.leave()  # gone, or in other hands
         loaded[0][1] = quantity
         bill = Bill("SA", found, TODAY, party[1], "TAX", "", 0, [self.line(party[1], code, float(q), float(r)) for code, q, r in loaded], tag)
         bill.work_out()
-        hand.sure("key Enter Enter Enter Enter", 'fill narration "%s"' % tag)
+        self.rest_of_line(number(quantity), number(float(loaded[0][2])), len(loaded))
+        hand.sure('fill narration "%s"' % tag)
         self.save(self.journal.begin("SA", tag, bill, found))
 
     def delete(self):
