@@ -29,6 +29,12 @@ inline constexpr FieldName kReference{"reference"};
 inline constexpr FieldName kYourReference{"your_reference"};
 inline constexpr FieldName kAttention{"attention"};
 inline constexpr FieldName kSubject{"subject"};
+inline constexpr FieldName kOriginalBill{"original_bill"};  // that a note is made against
+inline constexpr FieldName kOriginalDate{"original_date"};
+inline constexpr FieldName kReason{"reason"};
+inline constexpr FieldName kReasonName{"reason_name"};
+inline constexpr FieldName kGoods{"goods"};                 // 1: they move with a note
+inline constexpr FieldName kGoodsName{"goods_name"};
 inline constexpr FieldName kAccount{"account"};             // cash or bank
 inline constexpr FieldName kAccountName{"account_name"};
 inline constexpr FieldName kAccountBalance{"account_balance"};
@@ -40,6 +46,8 @@ inline constexpr FieldName kItemName{"item_name"};
 inline constexpr FieldName kDetail{"detail"};
 inline constexpr FieldName kUnit{"unit"};
 inline constexpr FieldName kQuantity{"quantity"};
+inline constexpr FieldName kBilled{"billed"};               // the quantity of the bill's line
+inline constexpr FieldName kBefore{"before"};               // what of it has gone back already
 inline constexpr FieldName kRate{"rate"};
 inline constexpr FieldName kDiscount{"discount"};           // percent
 inline constexpr FieldName kCgstRate{"cgst_rate"};

@@ -54,6 +54,9 @@ constexpr Command kCommands[] = {
     {.menu = "mnutrns",  .caption = "Receipts",                     .control = "mnutrans",      .key = "RECEIPT"},
     {.menu = "mnutrns",  .caption = "Purchase",                     .control = "mnutrans",      .key = "PURCHASE"},
     {.menu = "mnutrns",  .caption = "Payments",                     .control = "mnutrans",      .key = "PAYMENT"},
+    {.menu = "mnutrns",  .caption = "Credit Note",                  .control = "mnutrans",      .key = "SALERET"},
+    {.menu = "mnutrns",  .caption = "Debit Note",                   .control = "mnutrans",      .key = "SALEDEB"},
+    {.menu = "mnutrns",  .caption = "Purchase Return",              .control = "mnutrans",      .key = "PURCHRET"},
 
     {.menu = "mnulists", .caption = "Party List Print",             .control = "MNULIST",       .key = "accmastADD",  .reportKey = "accmastADD",  .screen = "frmreport"},
     {.menu = "mnulists", .caption = "Address Card Print",           .control = "MNULIST",       .key = "adcard",      .reportKey = "adcard",      .screen = "dlg1", .tool = "adrscrd"},

@@ -53,29 +53,6 @@ const VoucherKind& quotation() {
   return kind;
 }
 
-const VoucherKind& saleReturn() {
-  static const VoucherKind kind = derived(saleKind(), [](VoucherKind& k) {
-    k.entryType = k.paper.kind = "SALERET";
-    k.code = "SR";
-    k.words.name = english("Credit Note");
-    k.screen = k.paper.key = "";
-    k.ledger = {};
-    k.returns = {};
-  });
-  return kind;
-}
-
-const VoucherKind& purchaseReturn() {
-  static const VoucherKind kind = derived(purchaseKind(), [](VoucherKind& k) {
-    k.entryType = k.paper.kind = "PURCHRET";
-    k.code = "PR";
-    k.words.name = english("Purchase Return");
-    k.screen = "";
-    k.ledger = {};
-  });
-  return kind;
-}
-
 const VoucherKind& payment() {
   static const VoucherKind kind = derived(receiptKind(), [](VoucherKind& k) {
     k.entryType = "PAYMENT";
@@ -189,6 +166,76 @@ const VoucherKind& purchaseKind() {
   return kind;
 }
 
+// What all notes are beside the bills that they are made against. No return lists them: it would count them
+// among the bills, and the law has tables of their own for them.
+void makeNote(VoucherKind& k) {
+  k.adjusts.code = k.code;
+  k.screen = "GSTNOTE";
+  k.words.savedHints = {english("Press Print Btn To Print The Note"),
+                        english("Press New Entry Btn To Enter A New Note")};
+  k.words.billDate = "";
+  k.numbering.runsOn = true;
+  k.dispatched = false;
+  k.paper = saleKind().paper;
+  k.returns = {};
+}
+
+const VoucherKind& creditNoteKind() {
+  static const VoucherKind kind = derived(saleKind(), [](VoucherKind& k) {
+    makeNote(k);
+    k.entryType = k.paper.kind = "SALERET";
+    k.code = "SR";
+    k.words.title = "CREDIT NOTE ENTRY";
+    k.words.savedHead = "Credit Note Saved";
+    k.ledger.partySide = "C";
+    k.paper.key = k.paper.title = "CREDIT NOTE";
+    k.paper.dialog = "CREDIT NOTE PRINT";
+    k.paper.stem = "MIRAV_CRN_";
+    k.words.name = english("Credit Note");
+    k.adjusts.quantity = english("Returned");
+    k.adjusts.moves = english("GOODS COME BACK");
+  });
+  return kind;
+}
+
+const VoucherKind& debitNoteKind() {
+  static const VoucherKind kind = derived(saleKind(), [](VoucherKind& k) {
+    makeNote(k);
+    k.entryType = k.paper.kind = "SALEDEB";
+    k.code = "SD";
+    k.words.title = "DEBIT NOTE ENTRY";
+    k.words.savedHead = "Debit Note Saved";
+    k.paper.key = k.paper.title = "DEBIT NOTE";
+    k.paper.dialog = "DEBIT NOTE PRINT";
+    k.paper.stem = "MIRAV_DBN_";
+    k.words.name = english("Debit Note");
+    k.adjusts.quantity = english("Added");
+    k.adjusts.moves = english("GOODS GO OUT");
+    k.adjusts.reason = 2;
+  });
+  return kind;
+}
+
+const VoucherKind& purchaseReturnKind() {
+  static const VoucherKind kind = derived(purchaseKind(), [](VoucherKind& k) {
+    makeNote(k);
+    k.entryType = k.paper.kind = "PURCHRET";
+    k.code = "PR";
+    k.dispatched = true;
+    k.words.title = "PURCHASE RETURN ENTRY";
+    k.words.savedHead = "Purchase Return Saved";
+    k.ledger.partySide = "D";
+    k.paper.key = "PURCHRET";
+    k.paper.title = "DEBIT NOTE";
+    k.paper.dialog = "PURCHASE RETURN PRINT";
+    k.paper.stem = "MIRAV_PRN_";
+    k.words.name = english("Purchase Return");
+    k.adjusts.quantity = english("Sent Back");
+    k.adjusts.moves = english("GOODS GO OUT");
+  });
+  return kind;
+}
+
 const VoucherKind& challanKind() {
   static const VoucherKind kind = {
       .entryType = "CH",
@@ -250,9 +297,10 @@ const VoucherKind& receiptKind() {
 // clang-format on
 
 std::span<const VoucherKind* const> voucherKinds() {
-  static const std::array all = {&saleKind(),    &purchaseKind(), &saleReturn(),  &purchaseReturn(),
-                                 &challanKind(), &quotation(),    &receiptKind(), &payment(),
-                                 &income(),      &expense()};
+  static const std::array all = {
+      &saleKind(),    &purchaseKind(), &creditNoteKind(), &debitNoteKind(), &purchaseReturnKind(),
+      &challanKind(), &quotation(),    &receiptKind(),    &payment(),       &income(),
+      &expense()};
   return all;
 }
 
@@ -283,4 +331,15 @@ const VoucherKind& billKind(std::string_view entryType) {
 const VoucherKind& moneyKind(std::string_view entryType) {
   const VoucherKind* const kind = kindByEntryType(entryType);
   return kind && kind->screen == receiptKind().screen ? *kind : receiptKind();
+}
+
+const VoucherKind& noteKind(std::string_view entryType) {
+  const VoucherKind* const kind = kindByEntryType(entryType);
+  return kind && kind->isNote() ? *kind : creditNoteKind();
+}
+
+const VoucherKind* noteOfPaper(std::string_view paperKind) {
+  for (const VoucherKind* kind : voucherKinds())
+    if (kind->isNote() && kind->paper.kind == paperKind) return kind;
+  return nullptr;
 }

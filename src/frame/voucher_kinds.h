@@ -71,6 +71,15 @@ struct VoucherKind {
     bool hsn = false;            // has a summary by HSN codes
   } paper;
 
+  // A note against bills, which stand in the same tables under a code of their own.
+  struct Adjusts {
+    std::string code;      // of those bills; empty: it is no note
+    std::string quantity;  // head of the column that is typed
+    std::string moves;     // what goods do that move with it
+    int reason = 1;        // offered first
+  } adjusts;
+  bool isNote() const { return !adjusts.code.empty(); }
+
   struct Returns {
     int sign = 0;  // in GSTR-1: 1 adds to it, -1 takes off, 0 is not in it
   } returns;
@@ -89,14 +98,23 @@ std::vector<const VoucherKind*> kindsPostedFrom(std::string_view heads);
 const VoucherKind& saleKind();
 // What suppliers bill: heads and lines stand beside the sale's, under a code of their own.
 const VoucherKind& purchaseKind();
+// What changes such bills afterwards: goods that a customer brings back or an allowance, what a customer owes
+// beside a bill, goods that go back to a supplier.
+const VoucherKind& creditNoteKind();
+const VoucherKind& debitNoteKind();
+const VoucherKind& purchaseReturnKind();
 const VoucherKind& challanKind();
 // The kind "QUOTATION", or any other as a proforma invoice. The value lives as long as the program.
 const VoucherKind& quotationKind(const std::string& entryType = "QUOTATION");
 const VoucherKind& receiptKind();
 
-// The kinds that one screen enters; the sale, and the receipt, for an entry type that is none of theirs.
+// The kinds that one screen enters; the sale, the receipt and the credit note for an entry type that is none
+// of theirs.
 const VoucherKind& billKind(std::string_view entryType);
 const VoucherKind& moneyKind(std::string_view entryType);
+const VoucherKind& noteKind(std::string_view entryType);
+// The note whose paper is of this kind; null for all others.
+const VoucherKind* noteOfPaper(std::string_view paperKind);
 
 // Cash, over which money comes in and goes out until a bank is chosen.
 inline constexpr const char* kCashAccount = "X90005";

@@ -659,6 +659,24 @@ constexpr DictionaryRow own[] = {
     {1, "SETTLED", "STATE",    "Text",   250, "",          101},
     {1, "DELETED", "BOOK_CD",  "Text",   2,   "",          101},
     {2, "DELETED", "VOUCH_NO", "Double", 0,   "DEFAULT 0", 101},
+    // The bills that a note stands against; one that is not in these books has a BILL_VOUCH of 0. The reason
+    // and whether goods move with it (1) are the note's, alike in all its rows.
+    {1, "ORIGINAL", "BOOK_CD",    "Text",   2,  "",          102},
+    {2, "ORIGINAL", "VOUCH_NO",   "Double", 0,  "DEFAULT 0", 102},
+    {3, "ORIGINAL", "SR_NO",      "Double", 0,  "DEFAULT 0", 102},
+    {4, "ORIGINAL", "BILL_BOOK",  "Text",   2,  "",          102},
+    {5, "ORIGINAL", "BILL_VOUCH", "Double", 0,  "DEFAULT 0", 102},
+    {6, "ORIGINAL", "BILL_NO",    "Text",   20, "",          102},
+    {7, "ORIGINAL", "BILL_DT",    "DATE",   0,  "",          102},
+    {8, "ORIGINAL", "REASON",     "Double", 0,  "DEFAULT 0", 102},
+    {9, "ORIGINAL", "GOODS",      "Double", 0,  "DEFAULT 0", 102},
+    // The line of a bill that a line of a note takes from or adds to.
+    {1, "ORIGITM", "BOOK_CD",     "Text",   2,  "",          102},
+    {2, "ORIGITM", "VOUCH_NO",    "Double", 0,  "DEFAULT 0", 102},
+    {3, "ORIGITM", "SR_NO",       "Double", 0,  "DEFAULT 0", 102},
+    {4, "ORIGITM", "BILL_BOOK",   "Text",   2,  "",          102},
+    {5, "ORIGITM", "BILL_VOUCH",  "Double", 0,  "DEFAULT 0", 102},
+    {6, "ORIGITM", "BILL_SR",     "Double", 0,  "DEFAULT 0", 102},
 };
 // clang-format on
 

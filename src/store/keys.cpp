@@ -67,6 +67,11 @@ constexpr Index indexes[] = {
     {"ITEMDTL_SIZE",    "ITEMDTL",   "ITEM_CD, SIZE_CD"                         },
     {"PRTYRATE_ITEM",   "PRTYRATE",  "ITEM_CD, SIZE_CD, ACC_CD"                 },
     {"PRTYRATE_PARTY",  "PRTYRATE",  "ACC_CD, SIZE_CD"                          },
+    // Notes, each with its bills, and the notes of a bill.
+    {"ORIGINAL_NOTE",   "ORIGINAL",  "VOUCH_NO, BOOK_CD"                        },
+    {"ORIGINAL_BILL",   "ORIGINAL",  "BILL_VOUCH, BILL_BOOK"                    },
+    {"ORIGITM_NOTE",    "ORIGITM",   "VOUCH_NO, BOOK_CD, SR_NO"                 },
+    {"ORIGITM_BILL",    "ORIGITM",   "BILL_VOUCH, BILL_BOOK, BILL_SR"           },
     {"TRANSMAST_NAME",  "TRANSMAST", "TRANSNAME"                                },
 };
 // clang-format on

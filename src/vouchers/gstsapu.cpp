@@ -1,5 +1,8 @@
 #include "vouchers/gstsapu.h"
 
+#include <iterator>
+#include <utility>
+
 #include "base/number.h"
 #include "base/pattern.h"
 #include "base/text.h"
@@ -8,6 +11,7 @@
 #include "platform/edit.h"
 #include "vouchers/items.h"
 #include "vouchers/numbering.h"
+#include "vouchers/originals.h"
 
 using namespace fields;
 
@@ -27,7 +31,11 @@ std::vector<WorkLines::Shown> shownColumns(const VoucherKind& kind) {
 }  // namespace
 
 GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind)
-    : VoucherScreen(theHost, table(kind), kind, shownColumns(kind)) {
+    : GSTSAPU(theHost, kind, table(kind), shownColumns(kind), {}) {}
+
+GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind, const ScreenSpec& theSpec,
+                 std::vector<WorkLines::Shown> shown, std::vector<KeyLookup> more)
+    : VoucherScreen(theHost, theSpec, kind, std::move(shown)) {
   wire(*this, {
                   {kNumber,      KeyCode::Enter,  &GSTSAPU::voucherNumber   },
                   {kDate,        KeyCode::Enter,  &GSTSAPU::voucherDate     },
@@ -72,7 +80,9 @@ GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind)
                   {"",           KeyCode::F6,     &GSTSAPU::partyRatesKey   },
                   {"",           KeyCode::F7,     &GSTSAPU::purchaseRatesKey},
   });
-  wireLookups(lookups(kind));
+  auto all = lookups(kind);
+  all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+  wireLookups(std::move(all));
 }
 
 // Header fields
@@ -207,6 +217,24 @@ Fields GSTSAPU::head() const {
   const auto given = date(kPartyDate) ? date(kPartyDate) : date(kDate);
   setValue(row, "PRV_BDT", kind_.words.billDate.empty() ? Value() : Value(given));
   return row;
+}
+
+// What was written against a bill still says what the bill was then.
+bool GSTSAPU::mayBeSaved() {
+  const std::string notes = mode == "EDIT" ? notesAgainst(data(), kind_, value(kNumber)) : "";
+  return notes.empty() ||
+         host.ask({.text = english("Notes Stand Against This Bill\nChange It All The Same ?"),
+                   .title = kConfirm,
+                   .yes = english("&Yes, Change It"),
+                   .no = english("&No, Leave It"),
+                   .facts = notes,
+                   .loses = true});
+}
+
+bool GSTSAPU::mayBeDeleted(double number) {
+  const std::string refusal = notesRefuse(data(), kind_, number);
+  if (!refusal.empty()) host.message(refusal, kCheck);
+  return refusal.empty();
 }
 
 SavedMessage GSTSAPU::closingMessage() const {

@@ -9,7 +9,8 @@
 #include "vouchers/saving.h"
 #include "vouchers/voucher_screen.h"
 
-// The bill of one book: a sale, or a purchase when that is the entry type.
+// The bill of one book: a sale, or a purchase when that is the entry type. GSTNOTE makes of it what is
+// written against a bill.
 class GSTSAPU : public VoucherScreen {
  public:
   GSTSAPU(Host& host, const Opening& opening) : GSTSAPU(host, billKind(opening.entryType)) {}
@@ -34,6 +35,17 @@ class GSTSAPU : public VoucherScreen {
   std::string paperNumberAfter(const std::string& number) const override;
   std::string tutorial() const override { return links().*kind_.video; }
   SavedMessage closingMessage() const override;
+  bool mayBeSaved() override;
+  bool mayBeDeleted(double number) override;
+
+  // With another table, columns of the lines and, beside the bill's own, lookups.
+  GSTSAPU(Host& host, const VoucherKind& kind, const ScreenSpec& spec, std::vector<WorkLines::Shown> shown,
+          std::vector<KeyLookup> more);
+  static ScreenSpec tableOf(const VoucherKind& kind);
+  virtual Go quantity();
+  virtual Go rate();
+  virtual bool acceptParty();
+  bool acceptShipTo();
 
  private:
   GSTSAPU(Host& host, const VoucherKind& kind);
@@ -51,8 +63,6 @@ class GSTSAPU : public VoucherScreen {
   Go item();
   Go itemName();
   Go unit();
-  Go quantity();
-  void rate();
   Go discount();
   Go taxRate();
   Go taxAmount();
@@ -61,8 +71,6 @@ class GSTSAPU : public VoucherScreen {
   Go destination();
   Go parcels() { return toSave(); }
 
-  bool acceptParty();
-  bool acceptShipTo();
   void fillRates(const std::optional<double>& rateOfTax);
   bool fillFromUnit();
   void valueLine();

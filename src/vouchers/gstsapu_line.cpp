@@ -32,7 +32,7 @@ Go GSTSAPU::item() {
   fillRates(found->rateOfTax);
   put(kUnit, unitOf(code, found->unit));
   if (!fillFromUnit()) host.message("Check Unit For This Item in Item Master");
-  focus(at(isMisc() ? kItemName : kDetail));
+  focus(at(isMisc() ? kItemName : at(kDetail).visible ? kDetail : kUnit));
   return Go::Stay;
 }
 
@@ -71,9 +71,10 @@ Go GSTSAPU::quantity() {
   return Go::On;
 }
 
-void GSTSAPU::rate() {
+Go GSTSAPU::rate() {
   put(kRate, value(kRate));
   valueLine();
+  return Go::On;
 }
 
 Go GSTSAPU::discount() {

@@ -8,9 +8,7 @@ using namespace fields;
 // Rows of the screen from top to bottom: voucher and party, bill references, what is known of
 // the party; headings, entry row, keys and grid of the lines; foot and totals; buttons.
 
-namespace {
-
-ScreenSpec tableOf(const VoucherKind& kind) {
+ScreenSpec GSTSAPU::tableOf(const VoucherKind& kind) {
   const bool ours = kind.words.billDate.empty();
   // clang-format off
   static const std::vector<GridColumn> lineColumns = {
@@ -110,8 +108,6 @@ ScreenSpec tableOf(const VoucherKind& kind) {
   };
   // clang-format on
 }
-
-}  // namespace
 
 const ScreenSpec& GSTSAPU::table(const VoucherKind& kind) {
   static std::map<std::string, ScreenSpec> made;

@@ -1,6 +1,7 @@
 #include "vouchers/saving.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "base/text.h"
@@ -9,6 +10,7 @@
 #include "vouchers/items.h"
 #include "vouchers/ledger_rows.h"
 #include "vouchers/numbering.h"
+#include "vouchers/originals.h"
 
 namespace {
 
@@ -111,12 +113,13 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
     deleteVoucher(db, kind, number);
     insertRow(db, "SALE", headRow(db, kind, bill, stamp));
     db.exec("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
-    // A line of no quantity stays behind, though its amounts are in the totals.
+    // A line of no quantity stays behind, though its amounts are in the totals; in a note also one without
+    // an item, of which nothing goes back.
     const std::string columns = kLineColumns;
     db.exec("INSERT INTO SALEITM (" + columns + ") SELECT " + columns +
                 " FROM T_SLITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
                 " ORDER BY rowid",
-            number, kMiscItem);
+            number, kind.isNote() ? "" : kMiscItem);
     postVoucher(db, {number, date, kind.code},
                 billRows({.party = trim(text("PARTY_CD")),
                           .amount = figure("NET_AMT"),
@@ -130,6 +133,7 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
                           .lrNumber = text("GR_NO"),
                           .creditDays = figure("CR_DAYS")},
                          kind));
+    if (partyBefore) renameOriginal(db, kind, number, text("BILL_NO"), date);
     if (partyBefore)
       for (const std::string& party : {*partyBefore, trim(text("PARTY_CD"))}) RebuildOneBalance(db, party);
     return true;
@@ -149,12 +153,15 @@ bool deleteVoucher(Database& db, const VoucherKind& kind, double number, const S
     for (const std::string& table : {kind.tables.heads, kind.tables.lines})
       db.exec("DELETE FROM " + table + " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?", number,
               kind.code);
+    if (kind.isNote()) dropNote(db, kind, number);
     return true;
   });
 }
 
 bool deleteForGood(Database& db, const VoucherKind& kind, double number, const Saving& as) {
   return whole(db, [&] {
+    const std::string refusal = notesRefuse(db, kind, number);
+    if (!refusal.empty()) throw std::runtime_error(refusal);
     if (!deleteVoucher(db, kind, number, as)) return false;
     rememberDeleted(db, kind, number);
     return true;

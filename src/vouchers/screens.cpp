@@ -6,12 +6,14 @@
 #include "vouchers/frmchln.h"
 #include "vouchers/frmpost.h"
 #include "vouchers/frmquot.h"
+#include "vouchers/gstnote.h"
 #include "vouchers/gstsapu.h"
 #include "vouchers/posting.h"
 #include "vouchers/stock.h"
 
 void addVoucherScreens(Screens& screens) {
   screens.add<GSTSAPU>("GSTSAPU");
+  screens.add<GSTNOTE>("GSTNOTE");
   screens.add<FRMQUOT>("FRMQUOT");
   screens.add<FRMCHLN>("FRMCHLN");
   screens.add<bwrcpy>("bwrcpy");

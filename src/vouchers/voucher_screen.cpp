@@ -343,7 +343,8 @@ Go VoucherScreen::askToDelete(double number) {
     const bool stays = isPosted(data(), kind_, number);
     return atStake() + (stays ? "\n" + words("The Ledger Shows It Until Posting") : "");
   };
-  while (host.ask(deleteQuestion(english("ARE YOU SURE"), facts())) && !remove(number))
+  while (mayBeDeleted(number) && host.ask(deleteQuestion(english("ARE YOU SURE"), facts())) &&
+         !remove(number))
     if (!isStored(data(), kind_, number) || !show(number)) break;
   hand_.letGo();
   clearAll();

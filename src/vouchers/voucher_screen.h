@@ -58,7 +58,12 @@ class VoucherScreen : public ChildScreen {
   // What a line's figures are worked out from, and that work; false after a refusal's message.
   virtual std::vector<FieldName> lineInputs() const = 0;
   virtual bool figureLine() = 0;
-  virtual bool needsUnit() const { return true; }    // a line without a unit is none
+  virtual bool needsUnit() const { return true; }                // a line without a unit is none
+  virtual bool needsQuantity() const { return true; }            // one of no quantity is not complete
+  virtual FieldName lineStart() const { return fields::kItem; }  // where a line is begun, or gone on with
+  // Asked last before anything is written, and before a voucher is deleted; false after its message.
+  virtual bool mayBeSaved() { return true; }
+  virtual bool mayBeDeleted(double) { return true; }
   virtual bool needsParty() const { return false; }  // Save refuses it without one, else it asks
   // Writes the voucher; false where something else stands under its number than is expected.
   virtual bool write(const SaveStamp& stamp, const Saving& how) = 0;
@@ -111,15 +116,17 @@ class VoucherScreen : public ChildScreen {
   bool lacksName();
   // Where a stored line has no column for its free name: it is kept, and printed, as the line's detail.
   void keepFreeName();
-  Go amount();            // stores the line
-  Go lineTab();           // Tab where it does what Enter does: to the next line, out of the lines
-  Go lastTab();           // Tab in the last field: to Save
-  bool quantityStands();  // one of 0 or below only when it is meant
+  Go amount();                    // stores the line
+  Go lineTab();                   // Tab where it does what Enter does: to the next line, out of the lines
+  Go lastTab();                   // Tab in the last field: to Save
+  virtual bool quantityStands();  // one of 0 or below only when it is meant
   // The figures of the line are those of its inputs, worked out or typed for them.
   void lineIsFigured() { figuredFor_ = inputs(); }
   bool lineFigured() const { return figuredFor_ == inputs(); }
   void inputIsFigured(FieldName input);  // this one alone
+  bool mayLeaveLine();                   // asks where the line being typed would be lost
   void lineDown();
+  void toLineStart();
   void lineUp();
   void endLines();
   void deleteLine();
@@ -198,7 +205,6 @@ class VoucherScreen : public ChildScreen {
   bool lineStands() const;  // as the list has it
   bool storeTypedLine();
   bool figureAmount();
-  bool mayLeaveLine();
   bool tooLarge(Part part);
   bool meansNothing();
   Numbers numbers() const;

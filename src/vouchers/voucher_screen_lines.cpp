@@ -160,7 +160,7 @@ void VoucherScreen::storeLine() {
   lines_->next();
   sumLines();
   showCurrentLine();
-  focus(at(kItem));
+  focus(at(lineStart()));
 }
 
 // What another line would take the place of is given up only when that is meant.
@@ -178,14 +178,23 @@ void VoucherScreen::lineDown() {
   if (!mayLeaveLine()) return;
   lines_->next();
   showCurrentLine();
-  textChanged();
+  toLineStart();
 }
 
 void VoucherScreen::lineUp() {
   if (!mayLeaveLine()) return;
   lines_->previous();
   showCurrentLine();
-  textChanged();
+  toLineStart();
+}
+
+// The walk through the lines stays in the field in which a line begins, which is not the same in all.
+void VoucherScreen::toLineStart() {
+  Control& start = at(lineStart());
+  if (&start == &here())
+    textChanged();
+  else
+    focus(start);
 }
 
 void VoucherScreen::endLines() { focus(at(afterLines())); }
@@ -251,7 +260,7 @@ void VoucherScreen::rowChosen() {
     showCurrentLine();
   } else {
     list.current = lines_->position();
-    focus(at(kItem));
+    focus(at(lineStart()));
   }
 }
 
@@ -263,4 +272,4 @@ void VoucherScreen::intoRows() {
     rowChosen();
 }
 
-void VoucherScreen::leaveRows() { focus(at(kItem)); }
+void VoucherScreen::leaveRows() { focus(at(lineStart())); }

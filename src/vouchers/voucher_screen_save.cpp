@@ -46,7 +46,7 @@ bool VoucherScreen::readyToSave() {
     host.message("Invalid Entry", kCheck);
     return false;
   }
-  if (checkPaperNumber() == Go::On) return true;
+  if (checkPaperNumber() == Go::On) return mayBeSaved();
   focus(at(paperNumber()));
   return false;
 }
@@ -110,7 +110,7 @@ bool VoucherScreen::storeTypedLine() {
   if (lineStands()) return true;
   if (!workFields(Part::Line)) return false;
   const bool lacksUnit = needsUnit() && trimmed(kUnit).empty();
-  if (lacksUnit || value(kQuantity) == 0) {
+  if (lacksUnit || (needsQuantity() && value(kQuantity) == 0)) {
     host.message("The Line Being Typed Is Not Complete\nComplete It, Or Empty Its Item", kCheck);
     focus(at(lacksUnit ? kUnit : kQuantity));
     return false;

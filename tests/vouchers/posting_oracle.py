@@ -16,7 +16,9 @@ from figures import insert, number
 
 TAXES = ("TCGSTRT", "TSGSTRT", "TIGSTRT")
 # The party's side of a bill, the other side, and where the three taxes stand.
-BILLS = {"SA": ("D", "C", ("X90061", "X90062", "X90063")), "PU": ("C", "D", ("X90064", "X90065", "X90066"))}
+OUTPUT, INPUT = ("X90061", "X90062", "X90063"), ("X90064", "X90065", "X90066")
+BILLS = {"SA": ("D", "C", OUTPUT), "SR": ("C", "D", OUTPUT), "SD": ("D", "C", OUTPUT),
+         "PU": ("C", "D", INPUT), "PR": ("D", "C", INPUT)}
 
 LEDGER = ("VOUCH_DT VOUCH_NO BOOK_CD VOUCH_TYPE PARTY_CD PARTY_TCD VOUCH_AMT PARTY_BL NARRATION SUB_DESC "
           "CHQ_NO CHQ_CLG_DT BW_AB NARR1 REF_NO SRNO GSTPOST").split()
@@ -45,11 +47,11 @@ def fill(db, rng, bills):
     for n in range(1, bills + 1):
         inside = rng.random() < 0.5
         half = rng.choice([0, round(rng.uniform(1, 900), 2)]) if inside else 0
-        book = rng.choices(["SA", "sa", "PU", "pu", "SR"], [24, 1, 12, 1, 1])[0]
+        book = rng.choices(["SA", "sa", "PU", "pu", "SR", "SD", "PR", "CM"], [24, 1, 12, 1, 2, 1, 2, 1])[0]
         insert(db, "SALE", **{
             "VOUCH_NO": n, "VOUCH_DT": rng.choices([day(), None], [40, 1])[0], "BOOK_CD": book,
             "PARTY_CD": rng.choice(parties + ["A99999"]),
-            "SALE_CD": rng.choices(["X90001" if book in ("PU", "pu") else "X90002", "X90007"], [20, 1])[0],
+            "SALE_CD": rng.choices(["X90001" if book in ("PU", "pu", "PR") else "X90002", "X90007"], [20, 1])[0],
             "NET_AMT": money(), "ITEM_AMT": money(), "TCGSTRT": half, "TSGSTRT": half,
             "TIGSTRT": 0 if inside else money(3), "ROUND_OFF": rng.choice([0, 0.4, -0.4, 0.01, -0.5]),
             "NARRATION": text(200), "GR_NO": text(20), "DESTI": text(40), "BILL_NO": rng.choice([f"{n:04}", None]),

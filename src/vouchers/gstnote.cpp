@@ -1,0 +1,394 @@
+#include "vouchers/gstnote.h"
+
+#include <algorithm>
+#include <memory>
+#include <stdexcept>
+#include <utility>
+
+#include "base/number.h"
+#include "base/pattern.h"
+#include "base/text.h"
+#include "frame/note_reasons.h"
+#include "frame/session.h"
+#include "vouchers/numbering.h"
+
+using namespace fields;
+
+namespace {
+
+constexpr size_t kBilledColumn = 4, kBeforeColumn = 5, kQuantityColumn = 6;
+constexpr Bgr kQuiet = 0x5A5647;
+
+// clang-format off
+std::vector<WorkLines::Shown> shownColumns(const VoucherKind& kind) {
+  const std::string& serial = kind.tables.serial;
+  return {{serial}, {"ITEM_CD"}, {"ITEM_NAME"}, {"SIZE_CD"}, {serial}, {serial},
+          {"QUANTITY", "0.000"}, {"RATE"}, {"SALE_DISC"},
+          {"CGSTRT"}, {"CGSTAMT"}, {"SGSTRT"}, {"SGSTAMT"}, {"IGSTRT"}, {"IGSTAMT"},
+          {"NET_AMOUNT"}};
+}
+// clang-format on
+
+// What was billed and has gone back before stands beside the lines; a line of which nothing goes back is
+// quiet.
+class NoteLines : public WorkLines {
+ public:
+  NoteLines(const VoucherKind& kind, const OriginalLines& originals)
+      : WorkLines(data(), kind, shownColumns(kind)), originals_(originals) {}
+
+  Cell cell(size_t row, size_t column) const override {
+    Cell cell = WorkLines::cell(row, column);
+    if (column == kBilledColumn || column == kBeforeColumn) {
+      const auto line = originals_.find(Val(cell.text));
+      const double figure = line == originals_.end()  ? 0
+                            : column == kBilledColumn ? line->second.billed
+                                                      : line->second.before;
+      cell.text = figure == 0 ? "" : Format(figure, "0.000");
+    }
+    const bool nothing = Val(WorkLines::cell(row, kQuantityColumn).text) == 0;
+    if (nothing) cell.fore = kQuiet;
+    cell.bold = column == kQuantityColumn && !nothing;
+    return cell;
+  }
+
+ private:
+  const OriginalLines& originals_;
+};
+
+Lookup billsFor(const VoucherKind& note, const std::string& number, const std::string& party) {
+  Lookup lookup{
+      .rows = {.columns = {{"BILL_NO", 1000},
+                           {"SHOWN(VOUCH_DT,'dd/mm/yyyy')", 1100, "VDT"},
+                           ofAccount("ACC_NAME", "SALE.PARTY_CD", 2800),
+                           {"ACCOUNT.AREA", 1200},
+                           {"NET_AMT", 1100},
+                           {"BL_TYPE", 700},
+                           {"NARRATION", 2200}},
+               .from = "SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD",
+               .where = "book_cd = ? AND GSTPOST = 1",
+               .order = {down("VOUCH_DT"), down("bill_no"), down("vouch_no")},
+               .values = {note.adjusts.code}},
+      .optional = number.empty(),
+      .along = "VOUCH_NO"
+  };
+  for (const auto& [column, value] : {
+           std::pair{"BILL_NO",  number},
+           {"PARTY_CD", party }
+  })
+    if (!value.empty()) {
+      lookup.rows.where += std::string(" AND ") + column + " = ?";
+      lookup.rows.values.emplace_back(value);
+    }
+  return lookup;
+}
+
+constexpr double kHair = 1e-6;  // of a quantity of three decimals
+
+}  // namespace
+
+GSTNOTE::GSTNOTE(Host& theHost, const VoucherKind& kind)
+    : GSTSAPU(theHost, kind, table(kind), shownColumns(kind),
+              {
+                  {kOriginalBill, KeyCode::Enter, billsFor(kind, "", "")}
+}) {
+  lines_ = std::make_shared<NoteLines>(kind, originals_);
+  at(kLines).grid.source = lines_;
+  wire<GSTNOTE>(*this, {
+                           {kOriginalBill, KeyCode::Enter,         &GSTNOTE::originalBill},
+                           {kOriginalDate, On::Leave,              &GSTNOTE::keepDate    },
+                           {kReason,       KeyCode::Enter,         &GSTNOTE::reason      },
+                           {kReason,       On::Change,             &GSTNOTE::reasonTyped },
+                           {kGoods,        KeyCode::Enter,         &GSTNOTE::goods       },
+                           {kGoods,        On::Change,             &GSTNOTE::goodsTyped  },
+                           {kQuantity,     KeyCode::Down,          &GSTNOTE::lineDown    },
+                           {kQuantity,     KeyCode::Up,            &GSTNOTE::lineUp      },
+                           {kQuantity,     KeyCode::PgDn,          &GSTNOTE::endLines    },
+                           {kQuantity,     KeyCode::F6,            &GSTNOTE::wholeLine   },
+                           {kQuantity,     Key::Ctrl(KeyCode::F6), &GSTNOTE::allLines    },
+                           {kQuantity,     KeyCode::F7,            &GSTNOTE::rateInstead },
+                           {kRate,         KeyCode::F7,            &GSTNOTE::rateInstead },
+                           {kRate,         KeyCode::PgDn,          &GSTNOTE::endLines    },
+  });
+}
+
+void GSTNOTE::startNew() {
+  GSTSAPU::startNew();
+  put(kChallanNumber, "");
+  put(kReason, kind_.adjusts.reason);
+  reasonTyped();
+}
+
+void GSTNOTE::clearHead() {
+  GSTSAPU::clearHead();
+  facts_ = {};
+  originals_.clear();
+  meant_.clear();
+  unnamed_ = byRate_ = false;
+  at(kOriginalDate).enabled = false;
+}
+
+bool GSTNOTE::load(double number) {
+  if (!GSTSAPU::load(number)) return false;
+  facts_ = readNote(data(), kind_, number);
+  originals_ = readOriginalLines(data(), kind_, number);
+  for (const Original& bill : facts_.bills)
+    if (bill.voucher != 0) addBillLines(data(), kind_, number, bill, originals_);
+  unnamed_ = facts_.bills.empty();
+  if (facts_.reason != 0) put(kReason, facts_.reason);
+  put(kReasonName, noteReason(facts_.reason));
+  put(kGoods, facts_.goods ? 1 : 0);
+  goodsTyped();
+  byRate_ = facts_.reason == 2 || facts_.reason == 4;
+  lines_->requery();
+  showBills();
+  showCurrentLine();
+  return true;
+}
+
+// The bills
+
+bool GSTNOTE::isTaken(const std::string& number) const {
+  return std::ranges::any_of(facts_.bills, [&](const Original& b) { return sameText(b.number, number); });
+}
+
+Go GSTNOTE::originalBill() {
+  const std::string typed = trimmed(kOriginalBill), chosen = std::exchange(chosen_, {});
+  if (typed.empty()) return noBill();
+  if (!chosen.empty())
+    if (const auto bill = billOfVoucher(data(), kind_, Val(chosen))) return take(*bill);
+  if (isTaken(typed)) return Go::On;
+  const std::string party = trimmed(kParty);
+  auto found = billsOfNumber(data(), kind_, typed, party);
+  // "7" is what people say of 0007.
+  const bool digits = typed.find_first_not_of("0123456789") == std::string::npos;
+  if (found.empty() && digits)
+    found = billsOfNumber(data(), kind_, billNumberAfter(numText(Val(typed) - 1)), party);
+  if (found.size() == 1) return take(found.front());
+  if (found.size() > 1) return chooseBill(typed);
+  if (!party.empty() && !billsOfNumber(data(), kind_, typed, "").empty()) {
+    host.message(words("Bill {bill} Is Of Another Party", "bill", typed));
+    return Go::Stay;
+  }
+  return takeUnknown(typed);
+}
+
+Go GSTNOTE::chooseBill(const std::string& number) {
+  Lookup lookup = billsFor(kind_, number, trimmed(kParty));
+  lookup.tell = [this](const std::string& voucher) { chosen_ = voucher; };
+  lookup.keys = here().hint;
+  return lookUp(host, *this, here(), lookup);
+}
+
+// An emptied field takes the last bill out again; a note may be made without one.
+Go GSTNOTE::noBill() {
+  if (facts_.bills.empty()) return leaving() ? Go::On : chooseBill("");
+  const std::string last = facts_.bills.back().number;
+  if (mayLeaveLine() &&
+      host.ask({.text = words("Take Bill {bill} And Its Lines Out Of This Note ?", "bill", last),
+                .title = kConfirm,
+                .yes = english("&Take It Out"),
+                .no = english("&Keep It"),
+                .loses = true}))
+    takeOut();
+  showBills();
+  return Go::Stay;
+}
+
+void GSTNOTE::takeOut() {
+  const Original bill = facts_.bills.back();
+  facts_.bills.pop_back();
+  for (auto line = originals_.begin(); line != originals_.end();) {
+    const bool its = bill.voucher != 0 && line->second.voucher == bill.voucher;
+    if (its) data().exec("DELETE FROM T_SLITM WHERE SR_NO = ?", line->first);
+    line = its ? originals_.erase(line) : std::next(line);
+  }
+  if (const auto party = readAccount(data(), trimmed(kParty))) put(kPartyFacts, partyLines(*party));
+  lines_->requery();
+  sumAgain();
+  showCurrentLine();
+}
+
+bool GSTNOTE::mayAdd(const std::string& number) {
+  if (!mayLeaveLine()) return false;
+  if (facts_.bills.empty()) return true;
+  return host.ask({.text = words("Add Bill {bill} To This Note ?", "bill", number),
+                   .title = kConfirm,
+                   .yes = english("&Add It"),
+                   .no = english("&No")});
+}
+
+Go GSTNOTE::take(const FoundBill& found) {
+  const auto same = [&](const Original& b) { return b.voucher == found.bill.voucher; };
+  if (std::ranges::any_of(facts_.bills, same)) {
+    showBills();
+    return Go::On;
+  }
+  const bool others = !facts_.bills.empty() && !sameText(trimmed(kParty), found.party);
+  if (others) host.message(words("Bill {bill} Is Of Another Party", "bill", found.bill.number));
+  if (others || !mayAdd(found.bill.number)) {
+    showBills();
+    return Go::Stay;
+  }
+  const bool first = facts_.bills.empty();
+  facts_.bills.push_back(found.bill);
+  if (first) {
+    put(kParty, found.party);
+    acceptParty();
+    // An update puts the cash account where a bill has no ship-to.
+    if (!found.shipTo.empty() && found.shipTo != kCashAccount) {
+      put(kShipTo, found.shipTo);
+      acceptShipTo();
+    }
+  }
+  addBillLines(data(), kind_, value(kNumber), found.bill, originals_);
+  lines_->requery();
+  at(kLines).visible = true;
+  showBills();
+  showCurrentLine();
+  return Go::On;
+}
+
+Go GSTNOTE::takeUnknown(const std::string& number) {
+  if (!mayAdd(number) ||
+      !host.ask({.text = words("Bill {bill} Is Not In These Books\nName It On The Note All The Same ?",
+                               "bill", number),
+                 .title = kConfirm,
+                 .yes = english("&Yes, Name It"),
+                 .no = english("&No, Type Another"),
+                 .loses = true})) {
+    if (!facts_.bills.empty()) showBills();
+    return Go::Stay;
+  }
+  facts_.bills.push_back({.book = kind_.adjusts.code, .number = number, .date = {}});
+  showBills();
+  return Go::On;
+}
+
+// The date of a bill that these books do not hold is typed.
+void GSTNOTE::keepDate() {
+  if (!facts_.bills.empty() && facts_.bills.back().voucher == 0)
+    facts_.bills.back().date = date(kOriginalDate);
+}
+
+// The last bill stands in the fields, all of them beside the party.
+void GSTNOTE::showBills() {
+  const bool any = !facts_.bills.empty();
+  const Original last = any ? facts_.bills.back() : Original{};
+  put(kOriginalBill, last.number);
+  put(kOriginalDate, last.date);
+  at(kOriginalDate).enabled = at(kOriginalBill).enabled && any && last.voucher == 0;
+  // What a bill of these books tells is not typed.
+  const bool told = std::ranges::any_of(facts_.bills, [](const Original& b) { return b.voucher != 0; });
+  for (const FieldName ofBill : {kParty, kShipTo}) at(ofBill).enabled = at(kOriginalBill).enabled && !told;
+  showAgainst();
+}
+
+// In place of the party's phone.
+void GSTNOTE::showAgainst() {
+  constexpr size_t kPhone = 3;
+  std::vector<std::string> named;
+  for (const Original& bill : facts_.bills) {
+    const auto found = bill.voucher == 0 ? std::nullopt : billOfVoucher(data(), kind_, bill.voucher);
+    named.push_back(bill.number + (bill.date ? " " + formatDate(*bill.date, "dd/MM/yyyy") : "") +
+                    (found ? " = " + indianGroups(numText(found->amount)) : ""));
+  }
+  if (named.empty()) return;
+  std::vector<std::string> lines = split(at(kPartyFacts).text, "\n");
+  lines.resize(kPhone);
+  lines.push_back(words("Against {bills}", "bills", join(named, ", ")));
+  put(kPartyFacts, join(lines, "\n"));
+}
+
+bool GSTNOTE::acceptParty() {
+  if (!GSTSAPU::acceptParty()) return false;
+  if (takesBack()) put(kCreditDays, 0);
+  showAgainst();
+  return true;
+}
+
+// Reason and goods
+
+Go GSTNOTE::reason() {
+  if (!noteReason(static_cast<int>(value(kReason))).empty()) return Go::On;
+  host.message("The Reason Is A Number From 1 To 5");
+  return Go::Stay;
+}
+
+void GSTNOTE::reasonTyped() {
+  const int chosen = static_cast<int>(value(kReason));
+  put(kReasonName, noteReason(chosen));
+  put(kGoods, reasonMovesGoods(chosen) ? 1 : 0);
+  goodsTyped();
+  byRate_ = chosen == 2 || chosen == 4;
+  lockLine();
+}
+
+Go GSTNOTE::goods() {
+  const std::string typed = trimmed(kGoods);
+  if (typed == "0" || typed == "1") return Go::On;
+  host.message("Type 1 Where Goods Move With This Note, Else 0");
+  return Go::Stay;
+}
+
+void GSTNOTE::goodsTyped() {
+  put(kGoodsName, words(value(kGoods) == 1 ? kind_.adjusts.moves : std::string(english("NO GOODS MOVE"))));
+}
+
+// Saving
+
+bool GSTNOTE::mayBeSaved() {
+  if (reason() == Go::Stay) {
+    focus(at(kReason));
+    return false;
+  }
+  if (goods() == Go::Stay) {
+    focus(at(kGoods));
+    return false;
+  }
+  const Original last = facts_.bills.empty() ? Original{} : facts_.bills.back();
+  if (!last.number.empty() && !last.date) {
+    host.message(words("Type The Date Of Bill {bill}", "bill", last.number), kCheck);
+    focus(at(kOriginalDate));
+    return false;
+  }
+  if (facts_.bills.empty() && !unnamed_ &&
+      !host.ask({.text = english("This Note Names No Bill\nSave It All The Same ?"),
+                 .title = kConfirm,
+                 .yes = english("&Yes, Save It"),
+                 .no = english("&No, Name One"),
+                 .loses = true})) {
+    focus(at(kOriginalBill));
+    return false;
+  }
+  unnamed_ = facts_.bills.empty();
+  readBefore(data(), kind_, value(kNumber), originals_);
+  for (const Row& row :
+       data().all("SELECT SR_NO, QUANTITY FROM T_SLITM WHERE QUANTITY <> 0 ORDER BY SR_NO")) {
+    const auto line = originals_.find(row.number("SR_NO"));
+    if (line != originals_.end() && !askTooMuch(line->first, line->second, row.number("QUANTITY")))
+      return false;
+  }
+  return true;
+}
+
+bool GSTNOTE::write(const SaveStamp& stamp, const Saving& how) {
+  facts_.reason = static_cast<int>(value(kReason));
+  facts_.goods = value(kGoods) == 1;
+  return whole(data(), [&] {
+    OriginalLines now = originals_;
+    readBefore(data(), kind_, value(kNumber), now);
+    for (const auto& [serial, line] : now)
+      if (line.before > originals_[serial].before + kHair)
+        throw std::runtime_error(
+            words("Another Note Took From This Bill Meanwhile\nSave Once More To See What Is Left"));
+    if (!GSTSAPU::write(stamp, how)) return false;
+    storeNote(data(), kind_, value(kNumber), facts_, originals_);
+    return true;
+  });
+}
+
+SavedMessage GSTNOTE::closingMessage() const {
+  SavedMessage message = GSTSAPU::closingMessage();
+  message.facts.back().name = english("Note AMOUNT");
+  return message;
+}

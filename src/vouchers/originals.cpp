@@ -1,0 +1,210 @@
+#include "vouchers/originals.h"
+
+#include <set>
+#include <stdexcept>
+#include <utility>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "base/words.h"
+#include "store/dictionary.h"
+#include "store/engine.h"
+#include "store/row_writer.h"
+
+namespace {
+
+FoundBill found(const Row& row, const VoucherKind& note) {
+  return {
+      .bill = {.book = note.adjusts.code,
+               .voucher = row.number("VOUCH_NO"),
+               .number = trim(row.text("BILL_NO")),
+               .date = row.date("VOUCH_DT")},
+      .party = trim(row.text("PARTY_CD")),
+      .shipTo = trim(row.text("CASH_CD")),
+      .amount = row.number("NET_AMT")
+  };
+}
+
+constexpr const char* kTables[] = {"ORIGINAL", "ORIGITM"};
+
+// Books that the walk has not brought up to date hold no notes.
+bool hasNotes(Database& db) { return CheckTable(db, kTables[0]); }
+
+constexpr const char* kBill = "SELECT VOUCH_NO, VOUCH_DT, BILL_NO, PARTY_CD, CASH_CD, NET_AMT FROM SALE";
+
+}  // namespace
+
+std::vector<FoundBill> billsOfNumber(Database& db, const VoucherKind& note, const std::string& number,
+                                     const std::string& party) {
+  std::vector<FoundBill> bills;
+  for (const Row& row : db.all(
+           std::string(kBill) + " WHERE BILL_NO = ? AND +BOOK_CD = ? AND GSTPOST = 1 AND (? OR PARTY_CD = ?)"
+                                " ORDER BY VOUCH_DT DESC, VOUCH_NO DESC",
+           number, note.adjusts.code, party.empty(), party))
+    bills.push_back(found(row, note));
+  return bills;
+}
+
+std::optional<FoundBill> billOfVoucher(Database& db, const VoucherKind& note, double voucher) {
+  const auto row =
+      db.first(std::string(kBill) + " WHERE VOUCH_NO = ? AND BOOK_CD = ?", voucher, note.adjusts.code);
+  return row ? std::optional(found(*row, note)) : std::nullopt;
+}
+
+NoteFacts readNote(Database& db, const VoucherKind& note, double number) {
+  NoteFacts facts;
+  if (!hasNotes(db)) return facts;
+  for (const Row& row : db.all("SELECT BILL_BOOK, BILL_VOUCH, BILL_NO, BILL_DT, REASON, GOODS FROM ORIGINAL"
+                               " WHERE VOUCH_NO = ? AND BOOK_CD = ? ORDER BY SR_NO",
+                               number, note.code)) {
+    facts.reason = static_cast<int>(row.number("REASON"));
+    facts.goods = row.number("GOODS") == 1;
+    const std::string bill = trim(row.text("BILL_NO"));
+    if (!bill.empty() || row.number("BILL_VOUCH") != 0)
+      facts.bills.push_back({.book = row.text("BILL_BOOK"),
+                             .voucher = row.number("BILL_VOUCH"),
+                             .number = bill,
+                             .date = row.date("BILL_DT")});
+  }
+  return facts;
+}
+
+OriginalLines readOriginalLines(Database& db, const VoucherKind& note, double number) {
+  OriginalLines lines;
+  if (!hasNotes(db)) return lines;
+  for (const Row& row :
+       db.all("SELECT I.SR_NO, I.BILL_BOOK, I.BILL_VOUCH, I.BILL_SR, B.QUANTITY FROM ORIGITM AS I"
+              " JOIN SALEITM AS B ON B.VOUCH_NO = I.BILL_VOUCH AND B.BOOK_CD = I.BILL_BOOK"
+              " AND B.SR_NO = I.BILL_SR WHERE I.VOUCH_NO = ? AND I.BOOK_CD = ?",
+              number, note.code))
+    lines[row.number("SR_NO")] = {.book = row.text("BILL_BOOK"),
+                                  .voucher = row.number("BILL_VOUCH"),
+                                  .serial = row.number("BILL_SR"),
+                                  .billed = row.number("QUANTITY")};
+  readBefore(db, note, number, lines);
+  return lines;
+}
+
+void addBillLines(Database& db, const VoucherKind& note, double number, const Original& bill,
+                  OriginalLines& known) {
+  const auto stands = [&](double serial) {
+    for (const auto& [own, line] : known)
+      if (line.voucher == bill.voucher && line.serial == serial && sameText(line.book, bill.book))
+        return true;
+    return false;
+  };
+  std::set<double> used;
+  for (const Row& row : db.all("SELECT SR_NO FROM T_SLITM")) used.insert(row.number(0));
+  // They keep the serials of the bill where these are free.
+  double behind = 0;
+  std::string others;
+  std::vector<Value> left;
+  std::vector<std::pair<double, double>> lines;
+  for (const Row& row : db.all("SELECT SR_NO, QUANTITY FROM SALEITM WHERE VOUCH_NO = ? AND BOOK_CD = ?",
+                               bill.voucher, bill.book)) {
+    const double serial = row.number("SR_NO");
+    if (stands(serial)) {
+      others += others.empty() ? "?" : ", ?";
+      left.emplace_back(serial);
+    } else {
+      lines.emplace_back(serial, row.number("QUANTITY"));
+      if (used.contains(serial)) behind = *used.rbegin();
+    }
+  }
+  OriginalLines added;
+  for (const auto& [serial, quantity] : lines)
+    added[behind + serial] = {bill.book, bill.voucher, serial, quantity};
+  if (added.empty()) return;
+  std::vector<Value> values = {number, note.code, behind, bill.voucher, bill.book};
+  values.insert(values.end(), left.begin(), left.end());
+  // What follows from the quantity is nothing yet; what was agreed on stays as it was billed.
+  constexpr const char* kKept =
+      "ITEM_CD, SIZE_CD, DESC1, ITEM_DESC, MFG_DT, EXP_DT, VOUCH_TIME, VOUCH_DT, CHLN_DT, RATE, SALE_DISC,"
+      " SALE_DISC1, DISC3, DISC4, CGSTRT, SGSTRT, IGSTRT, CESS_PERC1, TAX_CD, TAX_RT, BRKRG, CUR_NM, CUR_RT,"
+      " CUR_ITM_RT, MOBNOCO, DATANM, DATASENT";
+  db.exec(
+      std::string("INSERT INTO T_SLITM (VOUCH_NO, BOOK_CD, SR_NO, QUANTITY, AMOUNT, NET_AMOUNT, CGSTAMT,"
+                  " SGSTAMT, IGSTAMT, CESS_AMT1, ORDER_NO, TAX_AMT, VAT_AMT, CUR_AMT, GSTPOST, YOUR_REF, ") +
+          kKept + ", ITEM_NAME) SELECT ?, ?, SR_NO + ?, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, '.', " + kKept +
+          ", (SELECT ITEM_NAME FROM ITEM WHERE ITEM.ITEM_CD = SALEITM.ITEM_CD) FROM SALEITM"
+          " WHERE VOUCH_NO = ? AND BOOK_CD = ?" +
+          (others.empty() ? "" : " AND SR_NO NOT IN (" + others + ")") + " ORDER BY SR_NO, rowid",
+      values);
+  known.insert(added.begin(), added.end());
+  readBefore(db, note, number, known);
+}
+
+void readBefore(Database& db, const VoucherKind& note, double number, OriginalLines& lines) {
+  if (!hasNotes(db)) return;
+  std::map<double, std::map<double, double>> bills;  // by voucher and serial
+  for (auto& [own, line] : lines) bills[line.voucher];
+  for (auto& [voucher, returned] : bills)
+    for (const Row& row : db.all(
+             "SELECT I.BILL_SR, SUM(L.QUANTITY) AS QTY FROM ORIGITM AS I"
+             " JOIN SALEITM AS L ON L.VOUCH_NO = I.VOUCH_NO AND L.BOOK_CD = I.BOOK_CD AND L.SR_NO = I.SR_NO"
+             " WHERE I.BILL_VOUCH = ? AND I.BILL_BOOK = ? AND I.BOOK_CD = ? AND I.VOUCH_NO <> ?"
+             " AND EXISTS (SELECT 1 FROM ORIGINAL AS O WHERE O.VOUCH_NO = I.VOUCH_NO"
+             " AND O.BOOK_CD = I.BOOK_CD AND O.GOODS = 1) GROUP BY I.BILL_SR",
+             voucher, note.adjusts.code, note.code, number))
+      returned[row.number("BILL_SR")] = row.number("QTY");
+  for (auto& [own, line] : lines) line.before = bills[line.voucher][line.serial];
+}
+
+void storeNote(Database& db, const VoucherKind& note, double number, const NoteFacts& facts,
+               const OriginalLines& lines) {
+  for (const char* table : kTables) ensureTable(db, table);
+  dropNote(db, note, number);
+  for (const Original& bill : facts.bills)
+    if (bill.voucher != 0 && !billOfVoucher(db, note, bill.voucher))
+      throw std::runtime_error(
+          words("Bill {bill} Has Been Deleted Meanwhile\nNothing Was Stored", "bill", bill.number));
+  std::vector<Original> bills = facts.bills;
+  if (bills.empty()) bills.emplace_back();  // the reason alone
+  std::vector<Value> heads, links;
+  double serial = 0;
+  for (const Original& bill : bills)
+    heads.insert(heads.end(), {note.code, number, ++serial, bill.book, bill.voucher, bill.number, bill.date,
+                               facts.reason, facts.goods ? 1 : 0});
+  insertMany(
+      db,
+      "INSERT INTO ORIGINAL (BOOK_CD, VOUCH_NO, SR_NO, BILL_BOOK, BILL_VOUCH, BILL_NO, BILL_DT, REASON,"
+      " GOODS)",
+      "(?, ?, ?, ?, ?, ?, ?, ?, ?)", heads);
+  for (const Row& row :
+       db.all("SELECT SR_NO FROM SALEITM WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, note.code))
+    if (const auto line = lines.find(row.number("SR_NO")); line != lines.end())
+      links.insert(links.end(), {note.code, number, line->first, line->second.book, line->second.voucher,
+                                 line->second.serial});
+  if (!links.empty())
+    insertMany(db, "INSERT INTO ORIGITM (BOOK_CD, VOUCH_NO, SR_NO, BILL_BOOK, BILL_VOUCH, BILL_SR)",
+               "(?, ?, ?, ?, ?, ?)", links);
+}
+
+void dropNote(Database& db, const VoucherKind& note, double number) {
+  if (!hasNotes(db)) return;
+  for (const char* table : kTables)
+    db.exec(std::string("DELETE FROM ") + table + " WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, note.code);
+}
+
+void renameOriginal(Database& db, const VoucherKind& bill, double voucher, const std::string& number,
+                    Date date) {
+  if (hasNotes(db))
+    db.exec("UPDATE ORIGINAL SET BILL_NO = ?, BILL_DT = ? WHERE BILL_VOUCH = ? AND BILL_BOOK = ?",
+            cut(trim(number), 20), date, voucher, bill.code);
+}
+
+std::string notesAgainst(Database& db, const VoucherKind& bill, double voucher) {
+  std::vector<std::string> notes;
+  if (!hasNotes(db)) return {};
+  for (const Row& row : db.all("SELECT DISTINCT BOOK_CD, VOUCH_NO FROM ORIGINAL WHERE BILL_VOUCH = ?"
+                               " AND BILL_BOOK = ? ORDER BY BOOK_CD, VOUCH_NO",
+                               voucher, bill.code))
+    if (const VoucherKind* const note = kindByBook(row.text(0)))
+      notes.push_back(words(note->words.name) + " " + numText(row.number(1)));
+  return join(notes, ", ");
+}
+
+std::string notesRefuse(Database& db, const VoucherKind& bill, double voucher) {
+  const std::string notes = notesAgainst(db, bill, voucher);
+  return notes.empty() ? "" : words("Against This Bill Stands {notes}\nDelete That First", "notes", notes);
+}
