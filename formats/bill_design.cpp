@@ -79,7 +79,7 @@ void BillDesign::write() {
 
 void BillDesign::titles(int row, int page) {
   const BillHead& table = bill_table_.head;
-  titleBar(sheet_, row, table.mark, table.title, table.page, "TAX INVOICE", page, bill_.pages,
+  titleBar(sheet_, row, table.mark, table.title, table.page, "=" + bill_.title, page, bill_.pages,
            table.titleSize);
 }
 
@@ -153,8 +153,8 @@ void BillDesign::closing(int row) {
 void BillDesign::end(int row) {
   const BillFoot& table = bill_table_.foot;
   const int rows = form_.footRows() - wordsAt(bill_table_.pageTotals ? 2 : 1) - kWordsRows;
-  notes(sheet_, row, table.notes, table.receiver, table.bankLine ? bankLine(company_) : "", company_,
-        rows - 1, table.notesSize);
+  notes(sheet_, row, table.notes, table.receiver, table.bankLine ? bankLine(company_) : "", bill_.declaration,
+        company_, rows - 1, table.notesSize);
   signature(sheet_, row - table.besideWords, table.signature, company_, rows + table.besideWords - 2,
             table.size);
 }
@@ -162,10 +162,10 @@ void BillDesign::end(int row) {
 std::vector<Fact> BillDesign::orderFacts() {
   return closedFacts(facts_,
                      {
-                         {quoted("Order No"),   bill_.order           },
-                         {quoted("Challan No"), bill_.challan         },
-                         {quoted("Due Date"),   dayText(bill_.dueDate)},
-                         {quoted("Bill Type"),  bill_.type            }
+                         {bill_.orderLabel,    bill_.order           },
+                         {bill_.challanLabel,  bill_.challan         },
+                         {quoted("Due Date"),  dayText(bill_.dueDate)},
+                         {quoted("Bill Type"), bill_.type            }
   },
                      4);
 }
@@ -173,12 +173,12 @@ std::vector<Fact> BillDesign::orderFacts() {
 std::vector<Fact> BillDesign::orderAndTransportFacts() {
   return closedFacts(facts_,
                      {
-                         {quoted("Order No"),   bill_.order           },
-                         {quoted("Challan No"), bill_.challan         },
-                         {quoted("Transport"),  bill_.transport       },
-                         {quoted("L.R. No"),    bill_.lrNumber        },
-                         {quoted("Parcels"),    bill_.parcels         },
-                         {quoted("Due Date"),   dayText(bill_.dueDate)}
+                         {bill_.orderLabel,    bill_.order           },
+                         {bill_.challanLabel,  bill_.challan         },
+                         {quoted("Transport"), bill_.transport       },
+                         {quoted("L.R. No"),   bill_.lrNumber        },
+                         {quoted("Parcels"),   bill_.parcels         },
+                         {quoted("Due Date"),  dayText(bill_.dueDate)}
   },
                      4);
 }

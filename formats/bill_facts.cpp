@@ -1,3 +1,4 @@
+#include "formats/blocks.h"
 #include "formats/facts.h"
 #include "formats/sheet3.h"
 
@@ -192,8 +193,19 @@ void numberFacts(const FirstLine& from, Bill& bill) {
   bill.number = from.text("Bill number", "SALE.BILL_NO");
   bill.date = from.raw("Date", "SALE.VOUCH_DT");
   bill.type = from.text("Bill type", "SALE.BL_TYPE");
-  bill.challan = from.text("Challan", "SALE.CHLN_NO");
-  bill.order = from.text("Order", "SALE.ORDER_NO");
+  const auto note = from.facts.add("Note", sheet3::cell(1, 12) + "&\"\"");
+  const auto noted = [&](const char* name, const std::string& of, const std::string& otherwise) {
+    return from.facts.add(name, "IF(" + note + "=\"\"," + otherwise + "," + of + ")");
+  };
+  bill.title = noted("Title", note, bill.title);
+  bill.numberLabel = noted("Number's label", "\"Note No\"", bill.numberLabel);
+  bill.orderLabel = noted("Order's label", "\"Against Bill\"", bill.orderLabel);
+  bill.challanLabel = noted("Challan's label", "\"Reason\"", bill.challanLabel);
+  bill.netLabel = noted("Amount's label", "\"Note Amount\"", bill.netLabel);
+  bill.declaration = noted("Declaration", quoted(kOfNote), quoted(kDeclaration));
+  bill.challan =
+      noted("Challan or reason", sheet3::cell(1, 14) + "&\"\"", from.text("Challan", "SALE.CHLN_NO"));
+  bill.order = noted("Order or bills", sheet3::cell(1, 13) + "&\"\"", from.text("Order", "SALE.ORDER_NO"));
   bill.transport = from.text("Transport", "SALE.TRANSPORT");
   bill.lrNumber = from.text("L.R. number", "SALE.GR_NO");
   bill.lrDate =

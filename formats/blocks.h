@@ -143,10 +143,12 @@ void wordsRow(Sheet& sheet, int row, Columns columns, const std::string& label, 
               double size = 8.5);
 inline constexpr const char* kDeclaration =
     "Declaration : This invoice shows the actual price, and all particulars are true and correct.";
+inline constexpr const char* kOfNote =
+    "This note belongs to the bill named above. Please book it with the same tax rates.";
 // A text, or none, with the declaration under it, then one row: E. & O.E. with the place of
 // jurisdiction, and the receiver's hand.
 void notes(Sheet& sheet, int row, Columns left, Columns right, const std::string& text,
-           const Company& company, int rows = 1, double size = 7);
+           const std::string& declaration, const Company& company, int rows = 1, double size = 7);
 std::string bankLine(const Company& company);
 // For the company, room to sign, and whose hand it is.
 void signature(Sheet& sheet, int row, Columns columns, const Company& company, int room = 1,

@@ -187,7 +187,7 @@ void totalsBox(Sheet& sheet, int row, Columns label, Columns value, const std::v
   row = totalRows(sheet, row, label, value, lines, size);
   const Edges first{Edge::Thin, Edge::Thin, Edge::None, Edge::Thin};
   const Edges last{Edge::None, Edge::Thin, Edge::Thin, Edge::Thin};
-  sheet.text(at(row, label, 2), with(netLabel(size + 0.5), first), bill.netLabel);
+  sheet.formula(at(row, label, 2), with(netLabel(size + 0.5), first), bill.netLabel);
   sheet.formula(at(row, value, 2), with(netFigure(size * 1.5), last), bill.net);
 }
 
@@ -195,7 +195,7 @@ void narrowTotalsBox(Sheet& sheet, int row, Columns label, Columns value,
                      const std::vector<Facts::Named>& lines, const Bill& bill, double size) {
   row = totalRows(sheet, row, label, value, lines, size);
   const Columns both{label.left, value.right};
-  sheet.text(at(row, both), with(netLabel(size + 0.5), kLid), bill.netLabel);
+  sheet.formula(at(row, both), with(netLabel(size + 0.5), kLid), bill.netLabel);
   sheet.formula(at(row + 1, both), with(netFigure(size * 1.5), kTray), bill.net);
 }
 
@@ -211,11 +211,10 @@ std::string bankLine(const Company& company) {
 }
 
 void notes(Sheet& sheet, int row, Columns left, Columns right, const std::string& text,
-           const Company& company, int rows, double size) {
+           const std::string& declaration, const Company& company, int rows, double size) {
   const Columns both{left.left, right.right};
-  sheet.formula(
-      at(row, both, rows), {.size = size, .wrap = true, .indent = 1, .edges = sides(Edge::Thin)},
-      (text.empty() ? text : "IF(" + text + "=\"\",\"\"," + text + "&CHAR(10))&") + quoted(kDeclaration));
+  sheet.formula(at(row, both, rows), {.size = size, .wrap = true, .indent = 1, .edges = sides(Edge::Thin)},
+                (text.empty() ? text : "IF(" + text + "=\"\",\"\"," + text + "&CHAR(10))&") + declaration);
   Style last{.size = size + 0.5, .colour = kQuiet, .shrink = true, .indent = 1};
   last.edges = {Edge::Thin, Edge::None, Edge::None, Edge::Thin};
   sheet.formula(at(row + rows, left), last,

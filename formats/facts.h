@@ -76,7 +76,11 @@ struct Bill {
   std::string deliveredTo;  // name and address of a consignee that is not the buyer
   std::string quantity, taxable, cgst, sgst, igst, tax, beforeRounding, roundOff, net;
   std::string netWords, taxWords;
-  std::string netLabel = "Bill Amount";
+  std::string netLabel = "\"Bill Amount\"";
+  // What the paper is called and what its places hold, as formulas: on a note the order's tells the bill that
+  // it stands against, the challan's the reason.
+  std::string title = "\"TAX INVOICE\"", numberLabel = "\"Invoice No\"", orderLabel = "\"Order No\"",
+              challanLabel = "\"Challan No\"", declaration;
   // "Total", or what else the closing row must say of lines that have no slot.
   std::string totalLabel;
 

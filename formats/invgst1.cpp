@@ -40,9 +40,9 @@ const FactColumns kFacts{{{'J', 'K'}, {'L', 'M'}}, {{'N', 'O'}, {'P', 'P'}}};
 
 FactRows billFactRows(const Bill& bill) {
   return {
-      {{.label = "Invoice No", .value = bill.number, .bold = true}, {.label = "Date", .value = bill.date, .number = kDay, .bold = true}},
-      {{.label = "Challan No", .value = bill.challan}, {.label = "Bill Type", .value = bill.type}},
-      {{.label = "Order No", .value = bill.order}},
+      {{.label = bill.numberLabel, .value = bill.number, .bold = true, .ofData = true}, {.label = "Date", .value = bill.date, .number = kDay, .bold = true}},
+      {{.label = bill.challanLabel, .value = bill.challan, .ofData = true}, {.label = "Bill Type", .value = bill.type}},
+      {{.label = bill.orderLabel, .value = bill.order, .ofData = true}},
       {{.label = "Transport", .value = bill.transport}},
       {{.label = "L.R. No", .value = bill.lrNumber}, {.label = "L.R. Date", .value = bill.lrDate, .number = kDay}},
       {{.label = "Destination", .value = bill.destination}},

@@ -54,7 +54,8 @@ class Design : public BillDesign {
     const Style line{.size = 8.5, .shrink = true};
     Style right{.size = 8, .colour = kQuiet, .across = Across::Right, .shrink = true};
     sheet_.formula(at(row, kName, 2), {.size = 19, .bold = true, .shrink = true}, company_.name);
-    sheet_.text(at(row, kTitle, 2), {.size = 16, .bold = true, .across = Across::Right}, "TAX INVOICE");
+    sheet_.formula(at(row, kTitle, 2), {.size = 16, .bold = true, .across = Across::Right, .shrink = true},
+                   bill_.title);
     sheet_.formula(at(row + 2, kName), line, company_.address);
     sheet_.text(at(row + 2, kTitle), right, kOriginal);
     sheet_.formula(at(row + 3, kName), line, company_.contact);

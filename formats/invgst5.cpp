@@ -80,8 +80,8 @@ class Design : public BillDesign {
 
   const std::vector<Fact> others_ = closedFacts(facts_,
                                                 {
-                                                    {quoted("Order No"),    bill_.order          },
-                                                    {quoted("Challan No"),  bill_.challan        },
+                                                    {bill_.orderLabel,      bill_.order          },
+                                                    {bill_.challanLabel,    bill_.challan        },
                                                     {quoted("Bill Type"),   bill_.type           },
                                                     {quoted("Transport"),   bill_.transport      },
                                                     {quoted("L.R. No"),     bill_.lrNumber       },

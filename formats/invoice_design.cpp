@@ -53,10 +53,10 @@ void InvoiceDesign::write() {
 
 std::vector<Fact> InvoiceDesign::withMainFacts(const std::vector<Fact>& others) const {
   std::vector<Fact> facts = {
-      {.label = "Invoice No",      .value = bill_.number,                   .bold = true},
-      {.label = "Date",                          .value = bill_.date,                                                   .number = kDay, .bold = true},
-      {.label = "Place of Supply",            .value = bill_.placeOfSupply,.bold = true},
-      {.label = "Reverse Charge", .value = quoted("No")},
+      {.label = bill_.numberLabel, .value = bill_.number, .bold = true, .ofData = true},
+      {.label = "Date",            .value = bill_.date,                                 .number = kDay, .bold = true},
+      {.label = "Place of Supply",.value = bill_.placeOfSupply,.bold = true},
+      {.label = "Reverse Charge",                          .value = quoted("No")                     },
   };
   facts.insert(facts.end(), others.begin(), others.end());
   return facts;

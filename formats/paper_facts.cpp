@@ -78,7 +78,7 @@ Bill quotationFacts(Facts& facts, const Slots& slots) {
   bill.beforeRounding = number("Before rounding", "QUOT.ITEM_AMT");
   bill.roundOff = facts.add("Round off", "ROUND(" + bill.net + "-" + bill.taxable + "-" + bill.tax + ",2)");
   bill.netWords = words(facts, 2, 6);
-  bill.netLabel = "Grand Total";
+  bill.netLabel = quoted("Grand Total");
   return bill;
 }
 

@@ -19,6 +19,7 @@ struct PrintKey {
   std::string key = {}, caption = {};
   std::string sheet = {};              // mprnsheet; empty leaves it as it is
   std::optional<Lookup> numbers = {};  // opened by Enter in the empty field
+  std::optional<Lookup> byPaper = {};  // by F1: in the order of the numbers on paper
   bool locksShell = false;             // hides the shell's picture and locks the menus
   // The screen that comes back when the dialog closes.
   std::string entryType = {}, screen = {}, screenCaption = {};
@@ -61,39 +62,43 @@ const ScreenSpec& spec() {
 
 const SelectColumn kDay{"SHOWN(vouch_dt, 'dd/mm/yyyy')", 1000, "VDT"};
 
-Lookup bills(SelectColumns columns) {
+Lookup billsWith(const VoucherKind& kind, SelectColumns columns) {
   return {
       .rows = {.columns = std::move(columns),
                .from = "(SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD) LEFT JOIN ACCOUNT AS ACC1"
                        " ON SALE.SALE_CD = ACC1.ACC_CD", .where = "SALE.book_cd = ? AND GSTPOST =1",
                .order = {down("VOUCH_DT"), down("BILL_NO"), down("VOUCH_NO")},
-               .values = {saleKind().code}},
+               .values = {kind.code}},
       .secondOnly = true
   };
 }
 
-const Lookup kBills = bills({
-    {"VOUCH_NO",      700 },
-    ofAccount("ACC_NAME", "SALE.PARTY_CD", 2400),
-    {"ACCOUNT.area",  1200},
-    {"ACCOUNT.city",  1200},
-    {"BILL_NO",       1000},
-    kDay,
-    {"ACC1.ACC_NAME", 1000},
-    {"bl_type",       500 },
-    {"NARRATION",     1400},
-    {"NET_AMT",       900 }
-});
+Lookup bills(const VoucherKind& kind) {
+  return billsWith(kind, {
+                             {"VOUCH_NO",      700 },
+                             ofAccount("ACC_NAME", "SALE.PARTY_CD", 2400),
+                             {"ACCOUNT.area",  1200},
+                             {"ACCOUNT.city",  1200},
+                             {"BILL_NO",       1000},
+                             kDay,
+                             {"ACC1.ACC_NAME", 1000},
+                             {"bl_type",       500 },
+                             {"NARRATION",     1400},
+                             {"NET_AMT",       900 }
+  });
+}
 
-const Lookup kBillsByNumber = bills({
-    {"VOUCH_NO",         1000},
-    {"BILL_NO",          1000},
-    {"ACCOUNT.ACC_NAME", 2500},
-    {"ACCOUNT.area",     1400},
-    {"ACCOUNT.city",     1400},
-    {kDay.expression,    1200, kDay.name},
-    {"ACC1.ACC_NAME",                  2000       }
-});
+Lookup billsByNumber(const VoucherKind& kind) {
+  return billsWith(kind, {
+                             {"VOUCH_NO",         1000},
+                             {"BILL_NO",          1000},
+                             {"ACCOUNT.ACC_NAME", 2500},
+                             {"ACCOUNT.area",     1400},
+                             {"ACCOUNT.city",     1400},
+                             {kDay.expression,    1200, kDay.name},
+                             {"ACC1.ACC_NAME",                  2000       }
+  });
+}
 
 const Lookup kChallans{
     .rows = {.columns = {{"VOUCH_NO", 700},
@@ -148,9 +153,18 @@ PrintKey of(const VoucherKind& kind, const Lookup& numbers, bool locksShell) {
           .screenCaption = paper.behind};
 }
 
+PrintKey ofBills(const VoucherKind& kind) {
+  PrintKey key = of(kind, bills(kind), false);
+  key.byPaper = billsByNumber(kind);
+  return key;
+}
+
 // clang-format off
 const std::array kKeys = {
-    of(saleKind(),      kBills,      false),
+    ofBills(saleKind()),
+    ofBills(creditNoteKind()),
+    ofBills(debitNoteKind()),
+    ofBills(purchaseReturnKind()),
     of(challanKind(),   kChallans,   false),
     of(quotationKind(), kQuotations, true),
     PrintKey{.key = "Delivery Slip", .caption = "Delivery Slip Print", .sheet = "D_C"},
@@ -235,12 +249,12 @@ Go dlg1::numberEnter() {
 // By bill number. The table is what the lookup by Enter has left, so before one there is none.
 Go dlg1::billLookup() {
   session().mprnmode.clear();
-  if (key_->key != saleKind().paper.key) return Go::Stay;
-  if (session().mhlptable != tableText(kBills.rows)) {
+  if (!key_->byPaper) return Go::Stay;
+  if (session().mhlptable != tableText(key_->numbers->rows)) {
     ShowHint(host, "Nothing To Look Up Yet: Press Enter In The Empty Field First");
     return Go::Stay;
   }
-  return lookUp(host, *this, here(), kBillsByNumber);
+  return lookUp(host, *this, here(), *key_->byPaper);
 }
 
 // The workbook itself, unless a button has chosen otherwise.

@@ -15,7 +15,8 @@ void RenderGstInvoice(Host& host, double number, const std::string& kind) {
     const Row company = companyDetails(data());
     const FilledSheet sheet = invoiceSheet(data(), s.mcompname, company, number, kind);
     if (sheet.lines == 0) throw std::runtime_error("Wrong Selection");
-    Paper paper = voucherPaper(saleKind(), number, s.mbillformat);
+    const VoucherKind* const note = noteOfPaper(kind);
+    Paper paper = voucherPaper(note ? *note : saleKind(), number, s.mbillformat);
     paper.copy = formatsFolder() / paper.copy.filename();
     paper.kept = SlotsKept::LinesOfLargePages;
     makePaper(host, paper, sheet);

@@ -6,6 +6,7 @@
 #include "base/words.h"
 #include "documents/company_cells.h"
 #include "documents/words.h"
+#include "frame/note_reasons.h"
 #include "frame/voucher_kinds.h"
 
 namespace {
@@ -17,11 +18,31 @@ constexpr int kItemNames = 300, kItems = 302;
 constexpr int kHsnNames = 2000, kHsn = 2002;
 constexpr int kRateNames = 1, kRates = 3;
 
-void companyCells(DataSheet& sheet, const std::string& name, const Row& company) {
+void companyCells(DataSheet& sheet, const std::string& name, const Row& company, const VoucherKind& kind) {
   sheet.set(1, 3, name);
-  sheet.set(2, 1, words(saleKind().paper.title));
+  sheet.set(2, 1, words(kind.paper.title));
   companyAddress(sheet, company);
   companyPairs(sheet, company);
+}
+
+// What a note says beside a bill, in cells of our own: what it is, against which bills, and why.
+void noteCells(DataSheet& sheet, Database& db, double number, const VoucherKind& kind) {
+  sheet.set(1, 12, words(kind.paper.title));
+  std::string bills;
+  int reason = 0;
+  for (const Row& row :
+       db.all("SELECT BILL_NO, BILL_DT, REASON FROM ORIGINAL WHERE VOUCH_NO = ? AND BOOK_CD = ?"
+              " ORDER BY SR_NO",
+              number, kind.code)) {
+    reason = static_cast<int>(row.number("REASON"));
+    const std::string bill = trim(row.text("BILL_NO"));
+    if (bill.empty()) continue;
+    const auto day = row.date("BILL_DT");
+    bills += (bills.empty() ? "" : ", ") +
+             (day ? words("{bill} of {date}", "bill", bill, "date", formatDate(*day, "dd/MM/yyyy")) : bill);
+  }
+  sheet.set(1, 13, bills);
+  sheet.set(1, 14, noteReason(reason));
 }
 
 void wordCells(DataSheet& sheet, const Row& bill) {
@@ -34,7 +55,7 @@ void accountCells(DataSheet& sheet, Database& db, const std::string& account) {
   sheet.block(db.query("SELECT ACCOUNT.* FROM ACCOUNT WHERE ACC_CD = ?", account), 3, 4, kAccountColumn);
 }
 
-void itemCells(DataSheet& sheet, Database& db, double number) {
+void itemCells(DataSheet& sheet, Database& db, double number, const std::string& book) {
   sheet.block(
       db.query("SELECT ITEM_NAME, SUM(QUANTITY) AS QTY1, RATE, SUM(AMOUNT) AS AMT, SUM(NET_AMOUNT) AS NAMT,"
                " ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC, SALE_DISC1, DISC3, DISC4"
@@ -43,18 +64,18 @@ void itemCells(DataSheet& sheet, Database& db, double number) {
                " SALE_DISC1, DISC3, DISC4"
                " ORDER BY ITEM_NAME, RATE, ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC,"
                " SALE_DISC1, DISC3, DISC4",
-               number, saleKind().code),
+               number, book),
       kItemNames, kItems);
 }
 
-void hsnCells(DataSheet& sheet, Database& db, double number) {
+void hsnCells(DataSheet& sheet, Database& db, double number, const std::string& book) {
   auto found = db.query(
       "SELECT HSNCODE, CGSTRT, SUM(CGSTAMT) AS CAMT, SGSTRT, SUM(SGSTAMT) AS SAMT, IGSTRT,"
       " SUM(IGSTAMT) AS IAMT, SUM(AMOUNT) AS ITMATM, SUM(NET_AMOUNT) AS NAMT, SUM(QUANTITY) AS NQTY, SIZE_CD"
       " FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ?"
       " GROUP BY HSNCODE, CGSTRT, SGSTRT, IGSTRT, SIZE_CD"
       " ORDER BY HSNCODE, CGSTRT, SGSTRT, IGSTRT, SIZE_CD",
-      number, saleKind().code);
+      number, book);
   double tax = 0;
   int row = kHsn;
   for (; found.next(); ++row) {
@@ -84,19 +105,23 @@ FilledSheet invoiceSheet(Database& db, const std::string& name, const Row& compa
       " FROM GSTBLPRN LEFT JOIN TRANSMAST ON GSTBLPRN.TRANS_CD = TRANSMAST.TRANS_ID"
       " WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ? ORDER BY SR_NO";
   FilledSheet sheet;
-  const auto head = db.first(kBill, number, saleKind().code);
-  if (!head) return sheet;
-  auto& cells = sheet.cells;
-  companyCells(cells, name, company);
-  wordCells(cells, *head);
-  accountCells(cells, db, head->text("SALE_CD"));
-  itemCells(cells, db, number);
   const auto kinds = voucherKinds();
   const auto asked = std::ranges::find(kinds, kind, [](const VoucherKind* k) { return k->paper.kind; });
-  if (asked != kinds.end() && (*asked)->paper.hsn) hsnCells(cells, db, number);
+  // What is no note of ours is looked for among the bills, whatever summaries it asks for.
+  const VoucherKind* const note = noteOfPaper(kind);
+  const VoucherKind& its = note ? *note : saleKind();
+  const auto head = db.first(kBill, number, its.code);
+  if (!head) return sheet;
+  auto& cells = sheet.cells;
+  companyCells(cells, name, company, its);
+  if (its.isNote()) noteCells(cells, db, number, its);
+  wordCells(cells, *head);
+  accountCells(cells, db, head->text("SALE_CD"));
+  itemCells(cells, db, number, its.code);
+  if (asked != kinds.end() && (*asked)->paper.hsn) hsnCells(cells, db, number, its.code);
 
   int ordinary = 0, misc = 0;
-  auto lines = db.query(kBill, number, saleKind().code);
+  auto lines = db.query(kBill, number, its.code);
   for (; lines.next(); ++sheet.lines) {
     if (sheet.lines == 0) cells.names(kLineNames, 1, lines.names());
     // A line of an item without a category is in neither block: Null is not equal and not unequal.

@@ -25,6 +25,9 @@ Renderer of(const VoucherKind& kind, void (*make)(Host&, const std::string&, con
 
 const std::array kRenderers = {
     of(saleKind(), &byNumber<RenderGstInvoice>),
+    of(creditNoteKind(), &byNumber<RenderGstInvoice>),
+    of(debitNoteKind(), &byNumber<RenderGstInvoice>),
+    of(purchaseReturnKind(), &byNumber<RenderGstInvoice>),
     of(challanKind(), &byNumber<RenderChallan>),
     of(quotationKind(), &byNumber<RenderQuotation>),
     Renderer{"Delivery Slip", "Delivery Slip", &byNumber<RenderDeliverySlip>},
