@@ -25,6 +25,9 @@ constexpr const char* kCut = english(
 constexpr const char* kCutAsking = english(
     "The Connection To The Server Was Lost\r\n"
     "Nothing Typed Is Lost :: Ask For It Again");
+constexpr const char* kFull = english(
+    "The Disk Of The Server Is Full\r\n"
+    "Nothing Was Stored :: Free Some Space There And Try Again");
 constexpr const char* kNoPlace = english(
     "The Server Takes No Further Program Now\r\n"
     "Close One Somewhere, Or Try Again In A Moment");
@@ -72,7 +75,7 @@ constexpr std::array kCodes{
     Code{1290, Kind::readOnly, kNotWritten}, Code{1792, Kind::readOnly, kNotWritten}, Code{1836, Kind::readOnly, kNotWritten},
     Code{1317, Kind::stopped}, Code{1969, Kind::stopped},
     // What it works with
-    Code{1021, Kind::full}, Code{1114, Kind::full}, Code{1206, Kind::full},
+    Code{1021, Kind::full, kFull}, Code{1114, Kind::full, kFull}, Code{1206, Kind::full},
     Code{1037, Kind::memory}, Code{1038, Kind::memory}, Code{1041, Kind::memory}, Code{2008, Kind::memory},
     Code{1030, Kind::io}, Code{1016, Kind::io}, Code{1024, Kind::io}, Code{1026, Kind::io},
     Code{1034, Kind::damaged}, Code{1035, Kind::damaged}, Code{1194, Kind::damaged}, Code{1195, Kind::damaged}, Code{1712, Kind::damaged},
@@ -126,6 +129,8 @@ Kind kindOfServer(unsigned code) {
 DatabaseError serverError(unsigned code, const std::string& text, const std::string& name,
                           std::string_view statement) {
   using Told = DatabaseError::Told;
+  // What the disk said of a table, in the number of another error.
+  if (code == 1030 && text.find("error 28 ") != std::string::npos) code = 1021;
   const Code* const found = known(code);
   const Kind kind = kindOfServer(code);
   const int number = static_cast<int>(code);

@@ -82,6 +82,7 @@ void ServerLink::connect() {
     try {
       connectTo(place, host, port);
       useSettings();
+      made_ = true;
       ++generation_;
       return;
     } catch (const DatabaseError& error) {
@@ -126,32 +127,30 @@ void ServerLink::connectTo(const ServerPlace& place, const std::string& host, un
 void ServerLink::useSettings() {
   if (!mariadb_connection(handle_) || mysql_get_server_version(handle_) < kOldest)
     throw DatabaseError(DatabaseError::Kind::tooOld, {},
-                        words("It Is {version} :: MariaDB 10.10 Or Newer Is Needed", "version",
-                              mysql_get_server_info(handle_)));
+                        words("The Server Of These Books Is {version}\r\nMariaDB 10.10 Or Newer Is Needed",
+                              "version", mysql_get_server_info(handle_)));
+  if (isOutside()) fail(ER_UNKNOWN_COM_ERROR, {}, "");
   // Bound values take the collation of this statement too, and of no other.
   ask("SET NAMES utf8mb4 COLLATE utf8mb4_uca1400_nopad_as_ci");
   ask(kSettings + std::to_string(std::max(1, (lockWaitMs() + 500) / 1000)));
   // Else what is copied into work tables would be locked against whoever saves. Writers come one by one, so
   // that nothing changes under them.
   ask("SET SESSION TRANSACTION ISOLATION LEVEL READ COMMITTED");
-  // A node that is no part of its cluster any more.
-  for (const auto& row : rows("SHOW STATUS LIKE 'wsrep_ready'"))
-    if (row.back() == "OFF" && ask("SELECT @@wsrep_on").front() == "1")
-      fail(ER_UNKNOWN_COM_ERROR, row.front(), "");
   if (ask("SELECT @@lower_case_table_names").front() == "0")
     throw DatabaseError(DatabaseError::Kind::tooOld, {},
-                        words("Its Option File Must Say lower_case_table_names = 1"));
+                        words("The Option File Of The Server Must Say lower_case_table_names = 1"));
   // A cluster counts rows in steps of its own else, and work that is written again after a node has gone
   // would not have the numbers that it had.
   if (ask("SELECT @@auto_increment_increment").front() != "1")
     throw DatabaseError(DatabaseError::Kind::tooOld, {},
-                        words("Its Option File Must Say wsrep_auto_increment_control = OFF"));
+                        words("The Option File Of The Server Must Say wsrep_auto_increment_control = OFF"));
 }
 
 void ServerLink::close() noexcept {
   if (handle_) mysql_close(handle_);
   handle_ = nullptr;
   thread_ = 0;
+  made_ = false;
 }
 
 std::vector<std::vector<std::string>> ServerLink::rows(const std::string& sql) {
@@ -195,6 +194,9 @@ void ServerLink::fail(std::string_view sql) { fail(mysql_errno(handle_), mysql_e
 void ServerLink::fail(unsigned code, const std::string& text, std::string_view sql) {
   // Once a connection stands, the end of its encryption is its own end.
   if (code == CR_SSL_CONNECTION_ERROR && thread_ != 0) code = CR_SERVER_LOST;
+  // Before, nobody has answered yet.
+  if (!made_ && (code == CR_SERVER_LOST || code == CR_SERVER_GONE_ERROR)) code = CR_CONN_HOST_ERROR;
+  if (made_ && code == ER_LOCK_WAIT_TIMEOUT && foundOutside()) code = ER_UNKNOWN_COM_ERROR;
   const DatabaseError error = serverError(code, text, about_, sql);
   if (isLost(error)) close();
   throw error;
@@ -253,6 +255,24 @@ bool ServerLink::isAtIt() const noexcept {
   } catch (const std::exception& error) {
     logFailure("passed over: the server was asked what it does", error);
     return true;
+  }
+}
+
+bool ServerLink::isOutside() {
+  const auto says = [&](const char* what) {
+    const auto found = rows(what);
+    return found.empty() ? "" : found.front().back();
+  };
+  return says("SHOW STATUS LIKE 'wsrep_ready'") == "OFF" && says("SHOW VARIABLES LIKE 'wsrep_on'") == "ON";
+}
+
+// Over a connection that does not wait before it reads.
+bool ServerLink::foundOutside() const noexcept {
+  try {
+    return ServerLink(*this, SameServer{}).isOutside();
+  } catch (const std::exception& error) {
+    logFailure("passed over: the server was asked whether it is in its cluster", error);
+    return false;
   }
 }
 

@@ -54,12 +54,16 @@ class ServerLink {
   bool readyFor(int status, int& came, int milliseconds) const;
   void endStatement() const noexcept;
   bool isAtIt() const noexcept;
+  // A node that is no part of its cluster any more, which keeps who reads waiting.
+  bool isOutside();
+  bool foundOutside() const noexcept;
   void cut() const noexcept;
 
   const std::filesystem::path folder_;
   const std::string stem_, about_;
   MYSQL* handle_ = nullptr;
   unsigned long thread_ = 0;
+  bool made_ = false;  // ready for statements
   std::string host_;
   unsigned port_ = 0;
   int generation_ = 0;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "store/database.h"
 
 Player::Player(Desk& desk, Machine& machine, Fingers fingers, std::string folder)
     : desk_(desk), machine_(machine), fingers_(std::move(fingers)), folder_(std::move(folder)) {
@@ -50,6 +51,8 @@ bool Player::hear() {
     if (!words.empty()) run(words);
   } catch (const Stop& stop) {
     std::cout << "failed: " << stop.why << "\n";
+  } catch (const DatabaseError& error) {  // of a server that is gone while we look
+    std::cout << "failed: " << error.what() << "\n";
   }
   return true;
 }
