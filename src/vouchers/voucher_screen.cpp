@@ -327,10 +327,15 @@ bool VoucherScreen::takeInHand(double number) {
 }
 
 // How it stands is read before it is shown: what changes in between is then told too often, never too
-// seldom.
+// seldom. One that a lost server has brought half is no voucher to be saved over: it is loaded again first.
 bool VoucherScreen::show(double number) {
   std::string rows = asStored(data(), kind_, number);
-  if (!load(number)) return false;
+  try {
+    if (!load(number)) return false;
+  } catch (...) {
+    loaded_ = 0;
+    throw;
+  }
   loaded_ = number;
   asLoaded_ = std::move(rows);
   return true;

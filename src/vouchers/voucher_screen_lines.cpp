@@ -154,11 +154,13 @@ Go VoucherScreen::lastTab() {
   return Go::Stay;
 }
 
+// Until all is done it is the line of its row, so that one whose sums a lost server kept back is not stored
+// twice.
 void VoucherScreen::storeLine() {
   lines_->store(lineFields());
   at(kLines).visible = true;
-  lines_->next();
   sumLines();
+  lines_->next();
   showCurrentLine();
   focus(at(lineStart()));
 }
