@@ -117,12 +117,13 @@ class ServerEngine final : public Engine {
   std::string mine(const char* column) const;
   void unmark(const std::string& book, const std::string& number, const std::string& program);
   bool changeTurn(const std::string& change);
+  std::string holdsEnd() const;
   void tellHold();
   void repeat(const std::vector<WorkJournal::Entry>& entries);
+  void start(Transaction::Writes what);
   void takeTurn();
   bool wasStored();
   std::int64_t lastTurn();
-  void tellUndecided();
   void forgetTransaction();
   std::vector<std::vector<std::string>> tell(const std::string& sql);
   [[noreturn]] void failed(const DatabaseError& error);
@@ -139,10 +140,11 @@ class ServerEngine final : public Engine {
   ServerLink link_;
   State state_ = State::None;
   int savepoints_ = 0;
-  std::int64_t turn_ = 0, inserted_ = 0, stored_ = 0;
-  std::optional<std::int64_t> undecided_;  // the turn whose commit nobody answered
+  std::int64_t turn_ = 0, storedTurn_ = 0;  // of the running and of the last stored transaction
+  std::int64_t inserted_ = 0, stored_ = 0;
   bool first_ = true, entered_ = false;
   bool mayMark_ = true, holds_ = false;
+  bool owesEnd_ = false;         // of a hold, which the server does not know yet
   std::string exchanged_ = "0";  // how often the tables had been exchanged when the books were opened
   std::chrono::steady_clock::time_point seen_{};
   int generation_ = 0;

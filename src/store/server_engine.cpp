@@ -82,9 +82,16 @@ void ServerEngine::enter() {
   }
 }
 
+// Rows get the numbers that they had, whatever was taken back in between. Where the connection is lost once
+// more, the next one has written all by the time that the statement stands.
 void ServerEngine::repeat(const std::vector<WorkJournal::Entry>& entries) {
+  const int over = generation_;
   for (const WorkJournal::Entry& entry : std::vector(entries)) {
     ServerStatement again(*this, entry.sql);
+    if (generation_ != over) return;
+    if (entry.row != 0)
+      link_.rows("ALTER TABLE " + serverName(WorkJournal::target(entry.sql)) +
+                 " AUTO_INCREMENT = " + std::to_string(entry.row));
     again.bind(entry.values);
     again.rerun();
   }
@@ -128,7 +135,9 @@ void ServerEngine::fail(unsigned code, const std::string& text, std::string_view
 void ServerEngine::failed(const DatabaseError& error) {
   const bool stores = state_ == State::Writing;
   const bool lost = error.kind() == Kind::lost;
-  if (lost || error.kind() == Kind::again) forgetTransaction();
+  if (lost) forgetTransaction();
+  // Not every refusal has taken all back on the server, and the next transaction would store what is left.
+  if (error.kind() == Kind::again) rollBack();
   if (lost && !stores) throw whileAsking(error);
   throw error;
 }
@@ -154,23 +163,24 @@ std::vector<std::vector<std::string>> ServerEngine::tell(const std::string& sql)
 
 // ---- one writer at a time
 
+// Lost at its beginning, a transaction has done nothing yet and begins over a new connection.
 void ServerEngine::begin(Transaction::Writes what) {
-  const bool writes = what == Transaction::Writes::File;
-  const auto start = [&] {
-    if (!writes) tell("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ");
-    tell(writes ? "START TRANSACTION" : "START TRANSACTION WITH CONSISTENT SNAPSHOT");
-  };
   try {
-    start();
+    start(what);
   } catch (const DatabaseError& error) {
     if (error.kind() != Kind::lost) throw;
-    start();  // over a new connection
+    start(what);
   }
+}
+
+void ServerEngine::start(Transaction::Writes what) {
+  const bool writes = what == Transaction::Writes::File;
+  if (!writes) tell("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ");
+  tell(writes ? "START TRANSACTION" : "START TRANSACTION WITH CONSISTENT SNAPSHOT");
   state_ = writes ? State::Writing : State::Reading;
   journalMark_ = journal_.mark();
   if (!writes) return;
   try {
-    tellUndecided();
     takeTurn();
   } catch (...) {
     if (state_ != State::None) rollBack();
@@ -192,12 +202,14 @@ void ServerEngine::commit() {
   state_ = State::None;
   savepoints_ = 0;
   journalMarks_.clear();
-  if (wrote) ++stored_;
+  journal_.shorten();
+  if (!wrote) return;
+  storedTurn_ = turn_;
+  ++stored_;
 }
 
 // The answer to our commit was lost: whether it was done stands in our row of TURN, on whichever node.
 bool ServerEngine::wasStored() {
-  undecided_ = turn_;
   // Work tables are as before it, until it is known.
   const auto its = journal_.since(journalMark_);
   forgetTransaction();
@@ -205,11 +217,9 @@ bool ServerEngine::wasStored() {
   while (std::chrono::steady_clock::now() < until && !(endAsked() && endAsked()())) {
     try {
       reach();
-      const bool stored = lastTurn() == turn_;
-      undecided_.reset();
-      if (!stored) return false;
-      repeat(its);
-      for (const WorkJournal::Entry& entry : its) journal_.add(entry.sql, entry.values);
+      if (lastTurn() != turn_) return false;
+      for (const WorkJournal::Entry& entry : its) journal_.add(entry);
+      if (!its.empty()) link_.close();  // the next statement finds them repeated with the others
       return true;
     } catch (const DatabaseError& error) {
       if (error.kind() != Kind::lost && error.kind() != Kind::locked) throw;
@@ -219,22 +229,10 @@ bool ServerEngine::wasStored() {
   return false;
 }
 
-// By its lock: what a lost connection has left under way is waited for, and a transaction that begins with
-// this question sees all that is stored by the time of its turn.
+// By its lock: what a lost connection has left under way is waited for.
 std::int64_t ServerEngine::lastTurn() {
   const auto found = link_.ask("SELECT N FROM TURN WHERE " + mine("PROGRAM") + " FOR UPDATE");
   return found.empty() ? 0 : std::stoll(found.front());
-}
-
-// Nobody knew what became of the last transaction when its server went. Stored, it must not be stored twice.
-void ServerEngine::tellUndecided() {
-  if (!undecided_) return;
-  const bool stored = lastTurn() == *undecided_;
-  undecided_.reset();
-  if (stored)
-    throw DatabaseError(Kind::other, {},
-                        words("What You Stored When The Server Went Was Stored After All\r\n"
-                              "Look At It Before You Store It Again"));
 }
 
 void ServerEngine::rollBack() {
@@ -291,7 +289,8 @@ void ServerEngine::write(const std::string& table, const std::string& sql, const
     stand();
     once();
   }
-  if (work_.contains(table) && !anew) journal_.add(sql, values);
+  if (work_.contains(table) && !anew)
+    journal_.add({sql, values, startsWithNoCase(sql, "INSERT") ? inserted_ : 0});
 }
 
 std::optional<std::int64_t> ServerEngine::changeCount() {

@@ -212,7 +212,8 @@ void ServerEngine::makeWorkTable(const std::string& table, const std::vector<Col
   const std::string key = upper(table);
   // Known before it stands: where the connection is lost meanwhile, it is made with the next.
   work_.insert_or_assign(key, columns);
-  journal_.emptied(key);
+  journal_.add({"DELETE FROM " + key, {}});
+  if (!inTransaction()) journal_.shorten();
   tell(workTableText(key, columns));
 }
 

@@ -148,7 +148,9 @@ void ServerEngine::takePlace() {
   try {
     forgetTheDead();
     writePlace();
+    if (owesEnd_) link_.rows("UPDATE TURN SET " + holdsEnd());
     mayMark_ = true;
+    owesEnd_ = false;
   } catch (const DatabaseError& error) {
     if (error.kind() != Kind::denied) throw;
     mayMark_ = false;  // who may only look
@@ -157,8 +159,8 @@ void ServerEngine::takePlace() {
 }
 
 void ServerEngine::writePlace() {
-  link_.rows("INSERT INTO TURN (PROGRAM, USER_NAME, MACHINE, CAME, SEEN) VALUES ('" + program_ +
-             "', CURRENT_USER(), " + serverText(machine()) +
+  link_.rows("INSERT INTO TURN (PROGRAM, N, USER_NAME, MACHINE, CAME, SEEN) VALUES ('" + program_ + "', " +
+             std::to_string(storedTurn_) + ", CURRENT_USER(), " + serverText(machine()) +
              ", UTC_TIMESTAMP(), UTC_TIMESTAMP()) ON DUPLICATE KEY UPDATE SEEN = VALUES(SEEN)");
   seen_ = std::chrono::steady_clock::now();
 }
@@ -185,8 +187,14 @@ void ServerEngine::leavePlace() {
 
 bool ServerEngine::stillHere() {
   // What a transaction writes is seen by nobody yet.
-  if (!link_.stands() || inTransaction()) return false;
-  if (!mayMark_ || std::chrono::steady_clock::now() - seen_ < kSeenEvery) return true;
+  if (inTransaction()) return false;
+  const bool due = std::chrono::steady_clock::now() - seen_ >= kSeenEvery;
+  if (!link_.stands()) {
+    if (!due || !owesEnd_) return false;
+    seen_ = std::chrono::steady_clock::now();
+    stand();
+  }
+  if (!mayMark_ || !due) return true;
   if (!changeTurn("SEEN = UTC_TIMESTAMP() WHERE " + mine("PROGRAM"))) writePlace();
   seen_ = std::chrono::steady_clock::now();
   return true;
@@ -277,16 +285,25 @@ std::optional<Other> ServerEngine::hold(const std::string& what, Hold how) {
       ", CLOSED = " + std::to_string(static_cast<int>(how)) + " WHERE PROGRAM = '' AND (HOLDER IN ('', '" +
       program_ + "') OR HELD_TILL <= UTC_TIMESTAMP())";
   for (int tries = 0; tries < 3; ++tries) {
+    owesEnd_ = !holds_;  // of one whose answer is lost
     holds_ = changeTurn(change);
+    owesEnd_ = false;
     if (holds_) return {};
     if (const auto other = heldBy()) return other;  // else it ended between the two
   }
   throw DatabaseError(Kind::locked, books_.filename().string(), {});
 }
 
+std::string ServerEngine::holdsEnd() const {
+  return "HOLDER = '', CLOSED = 0, HELD_TILL = UTC_TIMESTAMP() WHERE PROGRAM = '' AND " + mine("HOLDER");
+}
+
+// Where the connection is lost the next one says it, so that nobody waits for what has ended.
 void ServerEngine::endHold() {
   if (!std::exchange(holds_, false)) return;
-  changeTurn("HOLDER = '', CLOSED = 0, HELD_TILL = UTC_TIMESTAMP() WHERE PROGRAM = '' AND " + mine("HOLDER"));
+  owesEnd_ = true;
+  changeTurn(holdsEnd());
+  owesEnd_ = false;
 }
 
 void ServerEngine::areExchanged() {
@@ -312,9 +329,20 @@ void ServerEngine::takeTurn() {
                                                   "Nothing Was Stored :: Close Them And Open Them Again")));
   }
   turn_ = static_cast<std::int64_t>(mysql_insert_id(link_.handle()));
-  tell("INSERT INTO TURN (PROGRAM, N, USER_NAME, MACHINE, CAME, SEEN) VALUES ('" + program_ + "', " +
-       std::to_string(turn_) + ", CURRENT_USER(), " + serverText(machine()) +
-       ", UTC_TIMESTAMP(), UTC_TIMESTAMP()) ON DUPLICATE KEY UPDATE N = VALUES(N), SEEN = VALUES(SEEN)");
+  // Our row holds the last turn of ours that was stored. Another than we know of had its answer lost, and was
+  // stored after it was told as lost: it must not be stored twice.
+  tell("UPDATE TURN SET N = " + std::to_string(turn_) + ", SEEN = UTC_TIMESTAMP() WHERE " + mine("PROGRAM") +
+       " AND N = " + std::to_string(storedTurn_));
+  if (mysql_affected_rows(link_.handle()) > 0) return;
+  if (const std::int64_t last = lastTurn(); last != 0 && last != storedTurn_) {
+    storedTurn_ = last;
+    throw DatabaseError(Kind::other, {},
+                        words("What You Stored When The Server Went Was Stored After All\r\n"
+                              "Look At It Before You Store It Again"));
+  }
+  // Taken for dead, the row had been deleted.
+  writePlace();
+  tell("UPDATE TURN SET N = " + std::to_string(turn_) + " WHERE " + mine("PROGRAM"));
 }
 
 // Who holds the books, where somebody does and saves have to wait for it.

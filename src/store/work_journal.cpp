@@ -4,14 +4,6 @@
 
 #include "base/text.h"
 
-namespace {
-
-bool writes(const WorkJournal::Entry& entry, const std::string& table) {
-  return WorkJournal::target(entry.sql) == table;
-}
-
-}  // namespace
-
 std::string WorkJournal::target(std::string_view sql) {
   const std::string text = ltrim(sql);
   for (const char* verb : {"INSERT INTO ", "UPDATE ", "DELETE FROM "}) {
@@ -28,15 +20,20 @@ bool WorkJournal::empties(std::string_view sql) {
   return startsWithNoCase(text, "DELETE FROM ") && text.find(' ', 12) == std::string::npos;
 }
 
-void WorkJournal::add(std::string sql, std::vector<Value> values) {
-  entries_.push_back({std::move(sql), std::move(values)});
-}
-
-void WorkJournal::emptied(const std::string& table) {
-  const bool readByOthers = std::ranges::any_of(entries_, [&](const Entry& entry) {
-    return !writes(entry, table) && upper(entry.sql).find(table) != std::string::npos;
-  });
-  if (!readByOthers) std::erase_if(entries_, [&](const Entry& entry) { return writes(entry, table); });
+void WorkJournal::shorten() {
+  for (size_t end = entries_.size(); end-- > 0;) {
+    if (!empties(entries_[end].sql)) continue;
+    const std::string table = target(entries_[end].sql);
+    const auto first = entries_.begin(), behind = first + static_cast<std::ptrdiff_t>(end) + 1;
+    const auto writesIt = [&](const Entry& entry) { return target(entry.sql) == table; };
+    const auto readsIt = [&](const Entry& entry) {
+      return !writesIt(entry) && upper(entry.sql).find(table) != std::string::npos;
+    };
+    if (std::any_of(first, behind, readsIt)) continue;
+    const auto kept = std::remove_if(first, behind, writesIt);
+    end = static_cast<size_t>(kept - first);
+    entries_.erase(kept, behind);
+  }
 }
 
 std::vector<WorkJournal::Entry> WorkJournal::since(size_t mark) const {
