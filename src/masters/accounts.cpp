@@ -53,6 +53,10 @@ std::optional<Row> findAccount(Database& db, std::string_view code) {
   return db.first("SELECT ACCOUNT.* FROM ACCOUNT WHERE ACC_CD = ?", code);
 }
 
+bool accountExists(Database& db, std::string_view code) {
+  return db.first("SELECT 1 FROM ACCOUNT WHERE ACC_CD = ?", code).has_value();
+}
+
 bool accountNameInUse(Database& db, std::string_view name) {
   return db.first("SELECT ACC_NAME FROM ACCOUNT WHERE ACC_NAME = ?", name).has_value();
 }

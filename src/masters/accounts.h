@@ -14,6 +14,7 @@
 inline constexpr const char* kDebtorGroup = "SUNDRY DEBITORS";
 
 std::optional<Row> findAccount(Database& db, std::string_view code);
+bool accountExists(Database& db, std::string_view code);
 bool accountNameInUse(Database& db, std::string_view name);
 // The code as number text, empty when there is no group of that name.
 std::string groupCode(Database& db, std::string_view name);

@@ -299,7 +299,9 @@ bool Rows::next() {
 const ColumnNames& Rows::names() const {
   if (!names_) {
     std::vector<std::string> names;
-    for (int i = 0; i < statement_->columns(); ++i) names.emplace_back(statement_->columnName(i));
+    const int columns = statement_->columns();
+    names.reserve(static_cast<size_t>(columns));
+    for (int i = 0; i < columns; ++i) names.emplace_back(statement_->columnName(i));
     names_ = std::make_shared<const ColumnNames>(std::move(names));
   }
   return *names_;
@@ -318,6 +320,7 @@ bool Rows::isNull(int column) const { return statement_->isNull(column); }
 Row Rows::row() const {
   names();
   std::vector<Value> values;
+  values.reserve(static_cast<size_t>(names_->count()));
   for (int i = 0; i < names_->count(); ++i) values.push_back(value(i));
   return {names_, std::move(values)};
 }

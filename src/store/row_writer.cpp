@@ -41,12 +41,16 @@ std::optional<Value> fittingText(const Value& value, int size) {
 Fields writable(Database& db, std::string_view table, const Fields& fields) {
   const auto& columns = db.columns(table);
   Fields result;
+  result.reserve(fields.size());
+  // Behind the last one first, since rows are mostly written in the order of their columns.
+  auto next = columns.begin();
   for (const auto& field : fields) {
-    // The size first: a wide row is looked up in a wide table.
-    const auto column = std::find_if(columns.begin(), columns.end(), [&](const Column& c) {
+    const auto named = [&](const Column& c) {
       return c.name.size() == field.column.size() && sameText(c.name, field.column);
-    });
-    if (column == columns.end()) continue;
+    };
+    auto column = std::find_if(next, columns.end(), named);
+    if (column == columns.end() && (column = std::find_if(columns.begin(), next, named)) == next) continue;
+    next = column + 1;
     if (auto value = fitting(*column, field.value)) result.push_back({column->name, std::move(*value)});
   }
   return result;
@@ -54,6 +58,7 @@ Fields writable(Database& db, std::string_view table, const Fields& fields) {
 
 std::vector<Value> valuesOf(const Fields& fields) {
   std::vector<Value> values;
+  values.reserve(fields.size());
   for (const auto& field : fields) values.push_back(field.value);
   return values;
 }

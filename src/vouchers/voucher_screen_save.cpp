@@ -1,5 +1,6 @@
 #include "base/text.h"
 #include "frame/session.h"
+#include "masters/accounts.h"
 #include "vouchers/numbering.h"
 #include "vouchers/voucher_screen.h"
 
@@ -84,7 +85,7 @@ bool VoucherScreen::complete() const {
 }
 
 bool VoucherScreen::hasParty() const {
-  return !trimmed(kParty).empty() && readAccount(data(), trimmed(kParty));
+  return !trimmed(kParty).empty() && accountExists(data(), trimmed(kParty));
 }
 
 // In the order of the walk; the first that refuses its text takes the focus. Of a line whose figures are
