@@ -15,13 +15,6 @@ std::string bodyText(const Select& select) {
   return " FROM " + select.from + (select.where.empty() ? "" : " WHERE " + select.where);
 }
 
-// "SALE" of "(SALE LEFT JOIN ACCOUNT ON ..."; empty where a select stands there.
-std::string firstTable(const Select& select) {
-  const size_t begin = select.from.find_first_not_of('('), end = select.from.find_first_of(" ,)", begin);
-  const std::string word = select.from.substr(begin, end == std::string::npos ? end : end - begin);
-  return word == "WITH" || word == "SELECT" ? "" : word;
-}
-
 // No two rows are equal in it, or those of one voucher, which stand in its order: a number or an item's unit
 // ends it.
 bool isWhole(const std::vector<OrderTerm>& order) {
@@ -43,6 +36,12 @@ std::string orderText(const Select& select) {
 }
 
 }  // namespace
+
+std::string firstTable(const Select& select) {
+  const size_t begin = select.from.find_first_not_of('('), end = select.from.find_first_of(" ,)", begin);
+  const std::string word = select.from.substr(begin, end == std::string::npos ? end : end - begin);
+  return word == "WITH" || word == "SELECT" ? "" : word;
+}
 
 OrderTerm down(const char* by) {
   OrderTerm term(by);

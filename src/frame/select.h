@@ -40,6 +40,9 @@ SelectColumns joined(SelectColumns columns, const SelectColumns& more);
 // What a column is called in the result, without its table.
 std::string nameOf(const SelectColumn& column);
 
+// "SALE" of "(SALE LEFT JOIN ACCOUNT ON ..."; empty where a select stands there.
+std::string firstTable(const Select& select);
+
 std::string selectText(const Select& select);
 // Its part from the tables on.
 std::string tableText(const Select& select);

@@ -102,7 +102,8 @@ std::shared_ptr<PageRows> LookupPlan::found(size_t column, const std::string& ty
   // Many different values are searched in the rows themselves, in one pass over the index.
   const Select& from = steps && few_ ? *steps : lookup.rows;
   const std::string condition = typedCondition(from.columns[column], rows->columns()[column].type);
-  return some(filtered(from, condition, {anywhere(typed)}));
+  const auto few = fewFound(database, from, condition, typed);
+  return some(few ? *few : filtered(from, condition, {anywhere(typed)}));
 }
 
 FRMHLP::FRMHLP(Host& theHost, const Opening& opening)

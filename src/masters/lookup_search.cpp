@@ -39,3 +39,25 @@ std::optional<Select> valueSteps(Database& database, const Lookup& lookup) {
                         " SELECT reached AS " +
                         value + " FROM steps WHERE reached IS NOT NULL) AS USED"};
 }
+
+std::optional<Select> fewFound(Database& database, const Select& rows, const std::string& condition,
+                               const std::string& typed) {
+  constexpr size_t kDigits = 3, kMost = 900;
+  const std::string table = firstTable(rows);
+  if (!database.engine().findsFewFirst() || table.empty() || typed.size() < kDigits ||
+      typed.find_first_not_of("0123456789.") != std::string::npos)
+    return {};
+  const std::string search = "SELECT rowid FROM " + table + " WHERE " + condition + " LIMIT ?";
+  if (!database.understands(search)) return {};  // it looks at another table, too
+
+  std::vector<Value> numbers;
+  for (auto found = database.query(search, anywhere(typed), kMost + 1); found.next();)
+    numbers.push_back(found.value(0));
+  if (numbers.size() > kMost) return {};
+  // Of few lengths, so that a statement that was prepared serves again.
+  const size_t few = 64;
+  numbers.resize(numbers.size() <= few ? few : kMost, Value(0));
+  const std::string marks = join(std::vector<std::string>(numbers.size(), "?"), ", ");
+  Select these = filtered(rows, condition, {anywhere(typed)});
+  return filtered(these, table + ".rowid IN (" + marks + ")", numbers);
+}

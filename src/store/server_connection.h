@@ -64,6 +64,7 @@ class ServerEngine final : public Engine {
   bool isIndexed(std::string_view table, std::string_view column) override;
   bool locksWhatItCopies() const override { return true; }
   bool stepsThroughValues() const override { return false; }
+  bool findsFewFirst() const override { return true; }
 
   std::vector<std::string> views() override;
   void createView(const std::string& name, const std::string& select) override;
