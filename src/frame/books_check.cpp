@@ -5,6 +5,7 @@
 #include "frame/posting_due.h"
 #include "frame/session.h"
 #include "frame/voucher_kinds.h"
+#include "store/dictionary.h"
 #include "store/engine.h"
 
 namespace {
@@ -17,6 +18,7 @@ struct Heads {
   const char *goods, *goodsOfLines;
   const char *taxes, *taxesOfLines;  // null: has none
   const char* taxesDiffer;
+  const char *party = "MAX(H.PARTY_CD)", *day = "L.VOUCH_DT";
 };
 
 // clang-format off
@@ -28,6 +30,8 @@ constexpr Heads kHeads[] = {
     {"CHLN", "BOOK_CD", "CHLNITM", "ITEM_AMT", "L.NET_AMOUNT", nullptr, nullptr, nullptr},
     {"QUOT", "ENTRY_TYP", "QUOTITM", "ITEM_AMT", "VAL(L.AMOUNT)", nullptr, nullptr, nullptr},
 };
+constexpr Heads kJournal =
+    {"JOURNAL", "BOOK_CD", "JOURNITM", "AMOUNT", "L.DEBIT", nullptr, nullptr, nullptr, "MIN(L.ACC_CD)", "NULL"};
 
 constexpr const char* kGoodsDiffer  = english("Amount Of Head And Lines");
 constexpr const char* kTaxesDiffer  = english("Taxes Of Head And Lines");
@@ -75,20 +79,19 @@ void addLines(Faults& faults, const Heads& h) {
                            " GROUP BY H.VOUCH_NO, H." + key + " HAVING ";
   const auto part = [&](const std::string& has, const std::string& should, const std::string& differ,
                         const char* what) {
-    faults.add(what, book +
-                         " AS BOOK, H.VOUCH_NO, MAX(H.VOUCH_DT) AS VOUCH_DT,"
-                         " MAX(H.PARTY_CD) AS PARTY_CD, " +
-                         has + " AS HAS, " + should + " AS SHOULD, " + book + " AS OPENS" + from + differ);
+    faults.add(what, book + " AS BOOK, H.VOUCH_NO, MAX(H.VOUCH_DT) AS VOUCH_DT, " + h.party +
+                         " AS PARTY_CD, " + has + " AS HAS, " + should + " AS SHOULD, " + book + " AS OPENS" +
+                         from + differ);
   };
   const std::string sum = totalOf(h.goodsOfLines);
   part(goods, sum, "ABS(COALESCE(" + goods + ", 0) - " + sum + ") > " + kPaisa, kGoodsDiffer);
   if (h.taxes)
     part(std::string("MAX(H.") + h.taxes + ")", totalOf(h.taxesOfLines), h.taxesDiffer, kTaxesDiffer);
-  faults.add(kNoHead,
-             replaceAll(book, "H.", "L.") + " AS BOOK, L.VOUCH_NO, MAX(L.VOUCH_DT) AS VOUCH_DT, NULL, 0, " +
-                 totalOf(h.goodsOfLines) + ", '' FROM " + h.lines + " AS L WHERE NOT EXISTS (SELECT 1 FROM " +
-                 h.table + " AS H WHERE H.VOUCH_NO = L.VOUCH_NO AND H." + key + " = L." + key +
-                 ") GROUP BY L.VOUCH_NO, L." + key);
+  faults.add(kNoHead, replaceAll(book, "H.", "L.") + " AS BOOK, L.VOUCH_NO, MAX(" + h.day +
+                          ") AS VOUCH_DT, NULL, 0, " + totalOf(h.goodsOfLines) + ", '' FROM " + h.lines +
+                          " AS L WHERE NOT EXISTS (SELECT 1 FROM " + h.table +
+                          " AS H WHERE H.VOUCH_NO = L.VOUCH_NO AND H." + key + " = L." + key +
+                          ") GROUP BY L.VOUCH_NO, L." + key);
 }
 
 void addParties(Faults& faults, const std::string& table, const std::string& book, const char* amount) {
@@ -101,13 +104,25 @@ void addParties(Faults& faults, const std::string& table, const std::string& boo
 }
 
 // Without the heads of the kind, what a posted voucher of some amount lacks.
-void addUnposted(Faults& faults, const std::string& table, const char* amount, const char* posted) {
-  faults.add(kNotPosted, "H.BOOK_CD AS BOOK, H.VOUCH_NO, H.VOUCH_DT, H.PARTY_CD, 0, H." +
+void addUnposted(Faults& faults, const std::string& table, const char* amount, const char* posted,
+                 const std::string& party = "H.PARTY_CD") {
+  faults.add(kNotPosted, "H.BOOK_CD AS BOOK, H.VOUCH_NO, H.VOUCH_DT, " + party + ", 0, H." +
                              std::string(amount) + ", H.BOOK_CD FROM " + table + " AS H WHERE " +
                              books("H.BOOK_CD", kindsPostedFrom(table)) + " AND H." + amount + " <> 0" +
                              posted +
                              " AND NOT EXISTS (SELECT 1 FROM ALEDGER AS L WHERE L.VOUCH_NO = H.VOUCH_NO"
                              " AND L.BOOK_CD = H.BOOK_CD)");
+}
+
+// Older books may have yet to get their tables.
+void addJournals(Faults& faults) {
+  if (!CheckTable(data(), kJournal.table) || !CheckTable(data(), kJournal.lines)) return;
+  addLines(faults, kJournal);
+  faults.add(kNoParty,
+             "L.BOOK_CD AS BOOK, L.VOUCH_NO, H.VOUCH_DT, L.ACC_CD, L.DEBIT + L.CREDIT, NULL, L.BOOK_CD"
+             " FROM JOURNITM AS L JOIN JOURNAL AS H ON H.VOUCH_NO = L.VOUCH_NO AND H.BOOK_CD = L.BOOK_CD"
+             " WHERE NOT EXISTS (SELECT 1 FROM ACCOUNT WHERE ACC_CD = L.ACC_CD)");
+  addUnposted(faults, kJournal.table, kJournal.goods, "", "NULL");
 }
 
 // The shop's accounts stand before the system's, so that the smallest code is the party's.
@@ -124,7 +139,7 @@ void addLedger(Faults& faults) {
                  "MAX(L.VOUCH_AMT), 0, '' FROM (SELECT VOUCH_NO, BOOK_CD FROM ALEDGER GROUP BY VOUCH_NO, "
                  "BOOK_CD) AS N"
                  " CROSS JOIN ALEDGER AS L ON L.VOUCH_NO = N.VOUCH_NO AND L.BOOK_CD = N.BOOK_CD WHERE " +
-                 withoutVoucher("N") + " GROUP BY L.VOUCH_NO, L.BOOK_CD");
+                 withoutVoucher(data(), "N") + " GROUP BY L.VOUCH_NO, L.BOOK_CD");
 }
 
 }  // namespace
@@ -138,6 +153,7 @@ BooksCheck booksCheck() {
   addUnposted(faults, "SALE", "NET_AMT", " AND H.GSTPOST = 1");
   addUnposted(faults, "CHLN", "NET_AMT", "");
   addUnposted(faults, "RPTPAY", "AMOUNT", "");
+  addJournals(faults);
   return {
       "SELECT WHAT, BOOK, VOUCH_NO, VOUCH_DT, COALESCE(ACC_NAME, F.PARTY_CD) AS PARTY,"
       " SHOWN(HAS, '0.00') AS HAS, SHOWN(SHOULD, '0.00') AS SHOULD,"

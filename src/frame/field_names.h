@@ -61,6 +61,15 @@ inline constexpr FieldName kAssessable{"assessable"};       // value of the line
 inline constexpr FieldName kLines{"lines"};                 // the grid of them
 inline constexpr FieldName kEarlierRates{"earlier_rates"};  // the grid over them
 
+// Line of a journal, and what the whole comes to
+inline constexpr FieldName kDebit{"debit"};
+inline constexpr FieldName kCredit{"credit"};
+inline constexpr FieldName kLineNarration{"line_narration"};
+inline constexpr FieldName kBalanceAfter{"balance_after"};  // of the line's account
+inline constexpr FieldName kDebitTotal{"debit_total"};
+inline constexpr FieldName kCreditTotal{"credit_total"};
+inline constexpr FieldName kDifference{"difference"};
+
 // Foot of a voucher
 inline constexpr FieldName kNarration{"narration"};
 inline constexpr FieldName kTransportId{"transport_id"};

@@ -57,6 +57,8 @@ constexpr Command kCommands[] = {
     {.menu = "mnutrns",  .caption = "Credit Note",                  .control = "mnutrans",      .key = "SALERET"},
     {.menu = "mnutrns",  .caption = "Debit Note",                   .control = "mnutrans",      .key = "SALEDEB"},
     {.menu = "mnutrns",  .caption = "Purchase Return",              .control = "mnutrans",      .key = "PURCHRET"},
+    {.menu = "mnutrns",  .caption = "Journal",                      .control = "mnutrans",      .key = "JOURNAL"},
+    {.menu = "mnutrns",  .caption = "Contra",                       .control = "mnutrans",      .key = "CONTRA"},
 
     {.menu = "mnulists", .caption = "Party List Print",             .control = "MNULIST",       .key = "accmastADD",  .reportKey = "accmastADD",  .screen = "frmreport"},
     {.menu = "mnulists", .caption = "Address Card Print",           .control = "MNULIST",       .key = "adcard",      .reportKey = "adcard",      .screen = "dlg1", .tool = "adrscrd"},

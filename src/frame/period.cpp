@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "frame/voucher_kinds.h"
+#include "store/dictionary.h"
 
 std::string refusalOf(const Period& period) {
   constexpr std::chrono::year kEarliest{2000}, kLatest{2051};
@@ -23,7 +24,7 @@ Outside vouchersOutside(Database& db, const Period& period) {
   std::set<std::string> seen;
   for (const VoucherKind* kind : voucherKinds()) {
     const auto& [heads, lines, key, work, serial] = kind->tables;
-    if (!seen.insert(heads).second) continue;
+    if (!seen.insert(heads).second || !CheckTable(db, heads)) continue;
     const auto row = db.first("SELECT " + key + ", VOUCH_NO, VOUCH_DT, COUNT(*) OVER () FROM " + heads +
                                   " WHERE VOUCH_DT < ? OR VOUCH_DT > ? ORDER BY VOUCH_DT, VOUCH_NO LIMIT 1",
                               period.first, period.last);

@@ -13,10 +13,11 @@ constexpr const char* kTable = "DELETED";
 
 }  // namespace
 
-std::string withoutVoucher(const std::string& row) {
+std::string withoutVoucher(Database& db, const std::string& row) {
   std::set<std::string> heads;
   for (const VoucherKind* kind : voucherKinds())
-    if (!kind->ledger.partySide.empty()) heads.insert(kind->tables.heads);
+    if (!kind->ledger.partySide.empty() && CheckTable(db, kind->tables.heads))
+      heads.insert(kind->tables.heads);
   std::vector<std::string> none;
   for (const std::string& table : heads)
     none.push_back("NOT EXISTS (SELECT 1 FROM " + table + " AS H WHERE H.VOUCH_NO = " + row +
@@ -36,7 +37,7 @@ int deletedInLedger(Database& db) {
   return static_cast<int>(
       db.number("SELECT COUNT(*) FROM DELETED AS D WHERE EXISTS (SELECT 1 FROM ALEDGER AS L"
                 " WHERE L.VOUCH_NO = D.VOUCH_NO AND L.BOOK_CD = D.BOOK_CD) AND " +
-                withoutVoucher("D")));
+                withoutVoucher(db, "D")));
 }
 
 void forgetDeleted(Database& db) {

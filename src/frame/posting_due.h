@@ -17,7 +17,8 @@ void rememberDeleted(Database& db, const VoucherKind& kind, double number);
 int deletedInLedger(Database& db);
 
 // Holds for a row of VOUCH_NO and BOOK_CD, called `row`, that no voucher with a place in the ledger bears.
-std::string withoutVoucher(const std::string& row);
+// Tables that older books have yet to get hold none.
+std::string withoutVoucher(Database& db, const std::string& row);
 
 // The ledger has been made again.
 void forgetDeleted(Database& db);

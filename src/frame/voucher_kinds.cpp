@@ -88,6 +88,18 @@ const VoucherKind& expense() {
   return kind;
 }
 
+const VoucherKind& contra() {
+  static const VoucherKind kind = derived(journalKind("JOURNAL"), [](VoucherKind& k) {
+    k.entryType = "CONTRA";
+    k.code = "CN";
+    k.words.title = "CONTRA ENTRY";
+    k.words.name = english("Contra");
+    k.words.savedHead = "Contra Entry Saved";
+    k.party.offered = underGroups("GROUP_CD", {87, 88, 127});
+  });
+  return kind;
+}
+
 }  // namespace
 
 const VoucherKind& saleKind() {
@@ -294,13 +306,42 @@ const VoucherKind& receiptKind() {
   return kind;
 }
 
+const VoucherKind& journalKind(std::string_view entryType) {
+  static const VoucherKind kind = {
+      .entryType = "JOURNAL",
+      .code = "JV",
+      .screen = "FRMJRNL",
+      .words = {.title = "JOURNAL ENTRY",
+                .name = english("Journal"),
+                .adding = "{title} :::  ADD MODE",
+                .modifying = "{title}  :::  MODIFY MODE",
+                .deleting = "{title} :::  DELETE MODE",
+                .escapeAsks = "Do you want to Cancel and Exit",
+                .saveOpens = "Save opens when the difference is 0",
+                .savedHead = "Journal Entry Saved",
+                .savedHints = {english("Press New Entry Btn To Enter New Voucher")}},
+      .tables = {.heads = "JOURNAL", .lines = "JOURNITM", .key = "BOOK_CD", .work = "T_JOURNITM", .serial = "SR_NO"},
+      .ledger = {.partySide = "D"},  // each line says its own side
+  };
+  return entryType == kind.entryType ? kind : contra();
+}
+
 // clang-format on
 
 std::span<const VoucherKind* const> voucherKinds() {
-  static const std::array all = {
-      &saleKind(),    &purchaseKind(), &creditNoteKind(), &debitNoteKind(), &purchaseReturnKind(),
-      &challanKind(), &quotation(),    &receiptKind(),    &payment(),       &income(),
-      &expense()};
+  static const std::array all = {&saleKind(),
+                                 &purchaseKind(),
+                                 &creditNoteKind(),
+                                 &debitNoteKind(),
+                                 &purchaseReturnKind(),
+                                 &challanKind(),
+                                 &quotation(),
+                                 &receiptKind(),
+                                 &payment(),
+                                 &income(),
+                                 &expense(),
+                                 &journalKind("JOURNAL"),
+                                 &contra()};
   return all;
 }
 

@@ -107,6 +107,8 @@ const VoucherKind& challanKind();
 // The kind "QUOTATION", or any other as a proforma invoice. The value lives as long as the program.
 const VoucherKind& quotationKind(const std::string& entryType = "QUOTATION");
 const VoucherKind& receiptKind();
+// The kind "JOURNAL", and for all else "CONTRA", which takes cash and bank accounts alone.
+const VoucherKind& journalKind(std::string_view entryType);
 
 // The kinds that one screen enters; the sale, the receipt and the credit note for an entry type that is none
 // of theirs.

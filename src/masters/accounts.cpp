@@ -34,6 +34,8 @@ constexpr Guard kGuards[] = {
      english("There Is Quotation {where} For This Account\r\nCan Not Delete")},
     {"SELECT NUMTEXT(VOUCH_NO) FROM RPTPAY WHERE PARTY_CD = ? OR CSHBNK_CD = ?",
      english("There Is Receipt Or Payment {where} For This Account\r\nCan Not Delete")},
+    {"SELECT BOOK_CD || ' ' || NUMTEXT(VOUCH_NO) FROM JOURNITM WHERE ACC_CD = ?",
+     english("There Is Journal Entry {where} For This Account\r\nCan Not Delete")},
     {"SELECT BOOK_CD || ' ' || NUMTEXT(VOUCH_NO) FROM ALEDGER WHERE PARTY_CD = ?",
      english("There Is Ledger Entry {where} For This Account\r\nCan Not Delete :: Posting Removes What Deleted Vouchers Left")},
     {"SELECT SHOWN(OP_BAL, '0.00') FROM ACCOUNT WHERE ACC_CD = ? AND ROUNDED(OP_BAL, 2) <> 0",

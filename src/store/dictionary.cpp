@@ -16,8 +16,8 @@
 
 namespace {
 
-constexpr std::array<std::string_view, 7> works = {"T_SLITM", "T_CHLNITM", "T_QUOTITM", "TEMP_ITMDTL",
-                                                   "T_ACLST", "CAL",       "T_FINALNEW"};
+constexpr std::array<std::string_view, 8> works = {"T_SLITM",     "T_CHLNITM", "T_QUOTITM", "T_JOURNITM",
+                                                   "TEMP_ITMDTL", "T_ACLST",   "CAL",       "T_FINALNEW"};
 
 // A dictionary row in the store's own words; no definition when the row makes no sense.
 Column columnOf(std::string_view field, std::string_view type, int size, std::string_view property) {

@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "store/row_writer.h"
+#include "vouchers/cleared.h"
 
 namespace {
 
@@ -22,6 +23,7 @@ void postVoucher(Database& db, const LedgerVoucher& voucher, const std::vector<L
              "INSERT INTO ALEDGER (VOUCH_DT, VOUCH_NO, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
              " PARTY_BL, NARRATION, SUB_DESC, BW_AB)",
              "(?, ?, ?, ?, ?, ?, ?, ?, ?, NUMTEXT(?), 'A')", values);
+  forgetUnclear(db, voucher.book, voucher.number);
 }
 
 std::vector<LedgerRow> billRows(const BillPosting& b, const VoucherKind& kind) {

@@ -14,6 +14,8 @@
 #include "store/dictionary.h"
 #include "store/engine.h"
 #include "store/keys.h"
+#include "vouchers/cleared.h"
+#include "vouchers/journals.h"
 #include "vouchers/receipts.h"
 #include "vouchers/stock.h"
 
@@ -143,8 +145,16 @@ Source challans() {
   };
 }
 
+Source journals() {
+  return {
+      .kinds = kindsPostedFrom("JOURNAL"),
+      .condition = "(V.AMOUNT IS NULL OR V.AMOUNT <> 0)",
+      .columns = {"VOUCH_NO", "VOUCH_DT", "BOOK_CD", "REF_NO", "NARRATION"},
+  };
+}
+
 bool anyMissing(Database& db) {
-  std::vector<Source> sources = {receipts(), challans()};
+  std::vector<Source> sources = {receipts(), challans(), journals()};
   for (const VoucherKind* kind : kindsPostedFrom("SALE")) sources.push_back(bills(*kind));
   bool found = false;
   for (const Source& source : sources)
@@ -233,6 +243,14 @@ void postChallans(Run& run) {
   for (const VoucherKind* kind : kindsPostedFrom("CHLN")) post(run, *kind, rows);
 }
 
+// Their rows come from the lines, whichever the kind.
+void postJournals(Run& run) {
+  const Source source = journals();
+  if (!list(run, source)) return;
+  for (const VoucherKind* kind : source.kinds) expect(run, *kind, "TRUE");
+  carryOut(run, source.kinds, journalPosting(kList, run.ledger));
+}
+
 void postEverything(Database& db, const PostingProgress& progress) {
   auto step = [&, line = 0](const char* text, const std::function<void()>& work) mutable {
     if (progress) progress((line++ == 0 ? "" : "\n") + words(text));
@@ -247,12 +265,16 @@ void postEverything(Database& db, const PostingProgress& progress) {
   });
   step(english(" Receipt Payment Posting ...."), [&] { postReceipts(run); });
   step(english(" Sales Posting ...."), [&] { postBills(run); });
-  step(english(" Challan Posting ...."), [&] { postChallans(run); });
+  step(english(" Challan Posting ...."), [&] {
+    postChallans(run);
+    postJournals(run);
+  });
   step(english(" Updating Closing Balanes ....."), [&] {
     dropList(db, kList);
     db.engine().putRewritten("ALEDGER");
     EnsureIndexes(db);
     checkLedger(db, run.expected);
+    forgetUnclear(db);
     RebuildAllBalances(db);
     RebuildStock(db);
     db.engine().endRewriting("ALEDGER");
@@ -274,6 +296,7 @@ void postMissing(Database& db) {
     postReceipts(run);
     postBills(run);
     postChallans(run);
+    postJournals(run);
     dropList(db, kList);
   });
 }

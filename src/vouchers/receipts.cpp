@@ -6,6 +6,7 @@
 #include "store/balances.h"
 #include "store/groups.h"
 #include "store/row_writer.h"
+#include "vouchers/cleared.h"
 
 namespace {
 
@@ -38,6 +39,7 @@ void post(Database& db, const VoucherKind& kind, double number) {
                          .from = "RPTPAY WHERE BOOK_CD = ? AND RPTPAY_DTL = 'A' AND VOUCH_NO = ?"});
   for (size_t i = 0; i < statements.size(); ++i) db.exec(statements[i], sides(kind)[i], kind.code, number);
   db.exec("UPDATE ALEDGER SET BW_AB = 'A' WHERE BOOK_CD = ? AND VOUCH_NO = ?", kind.code, number);
+  forgetUnclear(db, kind.code, number);
 }
 
 }  // namespace
@@ -82,6 +84,7 @@ bool deleteMoneyVoucher(Database& db, const VoucherKind& kind, double number, co
     const auto standing = findMoneyVoucher(db, kind, number);
     if (!standing) return true;
     unpost(db, kind.code, number);
+    forgetUnclear(db, kind.code, number);
     db.exec("DELETE FROM RPTPAY WHERE rowid = ?", standing->value("ITS_ROW"));
     RebuildOneBalance(db, standing->text("CSHBNK_CD"));
     RebuildOneBalance(db, standing->text("PARTY_CD"));

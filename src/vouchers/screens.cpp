@@ -4,6 +4,7 @@
 #include "frame/session.h"
 #include "vouchers/bwrcpy.h"
 #include "vouchers/frmchln.h"
+#include "vouchers/frmjrnl.h"
 #include "vouchers/frmpost.h"
 #include "vouchers/frmquot.h"
 #include "vouchers/gstnote.h"
@@ -17,6 +18,7 @@ void addVoucherScreens(Screens& screens) {
   screens.add<FRMQUOT>("FRMQUOT");
   screens.add<FRMCHLN>("FRMCHLN");
   screens.add<bwrcpy>("bwrcpy");
+  screens.add<FRMJRNL>("FRMJRNL");
   screens.add<FRMPOST>("FRMPOST");
 }
 

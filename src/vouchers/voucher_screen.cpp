@@ -26,34 +26,37 @@ VoucherScreen::VoucherScreen(Host& theHost, const ScreenSpec& theSpec, const Vou
   at(kLines).grid.source = lines_;
   at("CMDCANCEL").tab = 0;  // a press leaves the focus where it is: who gives up may think again
   wire(*this, {
-                  {"cmdadd",      On::Click,       &VoucherScreen::add        },
-                  {"cmdEDIT",     On::Click,       &VoucherScreen::modify     },
-                  {"CMDDELETE",   On::Click,       &VoucherScreen::startDelete},
-                  {"cmdprint",    On::Click,       &VoucherScreen::print      },
-                  {"cmdclose",    On::Click,       &VoucherScreen::close      },
-                  {"CMDSAVE",     On::Click,       &VoucherScreen::save       },
-                  {"CMDCANCEL",   On::Click,       &VoucherScreen::giveUp     },
-                  {"Cmdvideo",    On::Click,       &VoucherScreen::video      },
-                  {"",            KeyCode::Esc,    &VoucherScreen::escape     },
-                  {"MaskEdBox1",  KeyCode::Enter,  &VoucherScreen::dateStands },
-                  {"MaskEdBox1",  KeyCode::F1,     &VoucherScreen::dateF1     },
-                  {"MaskEdBox1",  KeyCode::F2,     &VoucherScreen::dateF2     },
-                  {"MaskEdBox1",  KeyCode::F3,     &VoucherScreen::dateF3     },
-                  {"MaskEdBox1",  KeyCode::Up,     &VoucherScreen::dateUp     },
-                  {"MaskEdBox1",  KeyCode::Down,   &VoucherScreen::dateDown   },
-                  {"MaskEdBox1",  KeyCode::PgUp,   &VoucherScreen::datePgUp   },
-                  {"MaskEdBox1",  KeyCode::PgDn,   &VoucherScreen::datePgDn   },
-                  {kParty,        KeyCode::Insert, &VoucherScreen::newParty   },
-                  {"Text1",       On::Change,      &VoucherScreen::textChanged},
-                  {kLines,        On::Focus,       &VoucherScreen::intoRows   },
-                  {kLines,        On::Row,         &VoucherScreen::rowChosen  },
-                  {kLines,        On::DoubleClick, &VoucherScreen::leaveRows  },
-                  {kRate,         KeyCode::Down,   &VoucherScreen::intoRates  },
-                  {kItem,         KeyCode::Tab,    &VoucherScreen::lineTab    },
-                  {kAmount,       KeyCode::Enter,  &VoucherScreen::amount     },
-                  {kAmount,       KeyCode::Tab,    &VoucherScreen::lineTab    },
-                  {kEarlierRates, KeyCode::Enter,  &VoucherScreen::leaveRates },
-                  {kEarlierRates, KeyCode::Esc,    &VoucherScreen::leaveRates },
+                  {"cmdadd",     On::Click,       &VoucherScreen::add        },
+                  {"cmdEDIT",    On::Click,       &VoucherScreen::modify     },
+                  {"CMDDELETE",  On::Click,       &VoucherScreen::startDelete},
+                  {"cmdprint",   On::Click,       &VoucherScreen::print      },
+                  {"cmdclose",   On::Click,       &VoucherScreen::close      },
+                  {"CMDSAVE",    On::Click,       &VoucherScreen::save       },
+                  {"CMDCANCEL",  On::Click,       &VoucherScreen::giveUp     },
+                  {"Cmdvideo",   On::Click,       &VoucherScreen::video      },
+                  {"",           KeyCode::Esc,    &VoucherScreen::escape     },
+                  {"MaskEdBox1", KeyCode::Enter,  &VoucherScreen::dateStands },
+                  {"MaskEdBox1", KeyCode::F1,     &VoucherScreen::dateF1     },
+                  {"MaskEdBox1", KeyCode::F2,     &VoucherScreen::dateF2     },
+                  {"MaskEdBox1", KeyCode::F3,     &VoucherScreen::dateF3     },
+                  {"MaskEdBox1", KeyCode::Up,     &VoucherScreen::dateUp     },
+                  {"MaskEdBox1", KeyCode::Down,   &VoucherScreen::dateDown   },
+                  {"MaskEdBox1", KeyCode::PgUp,   &VoucherScreen::datePgUp   },
+                  {"MaskEdBox1", KeyCode::PgDn,   &VoucherScreen::datePgDn   },
+                  {"Text1",      On::Change,      &VoucherScreen::textChanged},
+                  {kLines,       On::Focus,       &VoucherScreen::intoRows   },
+                  {kLines,       On::Row,         &VoucherScreen::rowChosen  },
+                  {kLines,       On::DoubleClick, &VoucherScreen::leaveRows  },
+  });
+  if (!find(kItem.text)) return;
+  wire(*this, {
+                  {kParty,        KeyCode::Insert, &VoucherScreen::newParty  },
+                  {kRate,         KeyCode::Down,   &VoucherScreen::intoRates },
+                  {kItem,         KeyCode::Tab,    &VoucherScreen::lineTab   },
+                  {kAmount,       KeyCode::Enter,  &VoucherScreen::amount    },
+                  {kAmount,       KeyCode::Tab,    &VoucherScreen::lineTab   },
+                  {kEarlierRates, KeyCode::Enter,  &VoucherScreen::leaveRates},
+                  {kEarlierRates, KeyCode::Esc,    &VoucherScreen::leaveRates},
   });
 }
 
@@ -110,11 +113,16 @@ void VoucherScreen::setMode(const std::string& next, const std::string& pattern)
   enableFields();
 }
 
+bool VoucherScreen::ratesShown() const {
+  return std::ranges::any_of(controls,
+                             [](const auto& c) { return c->spec->field == kEarlierRates && c->visible; });
+}
+
 void VoucherScreen::tellEscape() {
-  escMeans = at(kEarlierRates).visible ? english("Esc = Close The Rates")
-             : entering()              ? english("Esc = Cancel and Exit")
-             : mode == kViewMode       ? english("Esc = Cancel")
-                                       : english("Esc = Close");
+  escMeans = ratesShown()        ? english("Esc = Close The Rates")
+             : entering()        ? english("Esc = Cancel and Exit")
+             : mode == kViewMode ? english("Esc = Cancel")
+                                 : english("Esc = Close");
 }
 
 // At rest all are off, also while the mode of the last save is still told; to delete or print a voucher
@@ -208,7 +216,7 @@ std::string VoucherScreen::allLines() const {
 
 bool VoucherScreen::unsaved() const {
   if (atRest_ || !entering()) return false;
-  const bool line = !trimmed(kItem).empty() && lineTexts() != shownLine_;
+  const bool line = !trimmed(lineKey()).empty() && lineTexts() != shownLine_;
   return line || ChildScreen::unsaved() || allLines() != shownLines_;
 }
 
@@ -251,7 +259,7 @@ bool VoucherScreen::worksOnLeaving(const Control& target) const {
 
 // The innermost goes first: the rates over the lines, then the voucher.
 void VoucherScreen::escape() {
-  if (at(kEarlierRates).visible) {
+  if (ratesShown()) {
     at(kEarlierRates).visible = false;
     tellEscape();
   } else if (mode == kViewMode) {
@@ -345,7 +353,7 @@ bool VoucherScreen::show(double number) {
 Go VoucherScreen::askToDelete(double number) {
   if (!takeInHand(number) || !show(number)) return Go::Stay;
   const auto facts = [&] {
-    const bool stays = isPosted(data(), kind_, number);
+    const bool stays = staysInLedger(number);
     return atStake() + (stays ? "\n" + words("The Ledger Shows It Until Posting") : "");
   };
   while (mayBeDeleted(number) && host.ask(deleteQuestion(english("ARE YOU SURE"), facts())) &&
@@ -358,12 +366,18 @@ Go VoucherScreen::askToDelete(double number) {
   return Go::Stay;
 }
 
+bool VoucherScreen::erase(double number, const Saving& as) {
+  return deleteForGood(data(), kind_, number, as);
+}
+
+bool VoucherScreen::staysInLedger(double number) const { return isPosted(data(), kind_, number); }
+
 bool VoucherScreen::remove(double number) {
-  if (!deleteForGood(data(), kind_, number, Saving::over(asLoaded_))) {
+  if (!erase(number, Saving::over(asLoaded_))) {
     host.message(meanwhileWords(data(), kind_, number), kMessageTitle);
     return false;
   }
-  if (isPosted(data(), kind_, number))
+  if (staysInLedger(number))
     reason = words("Voucher No {number} Is Deleted, The Ledger Shows It Until Posting :: Posting Is Due",
                    "number", numText(number));
   return true;
@@ -446,7 +460,7 @@ void VoucherScreen::showRates(const RateList& list) {
 }
 
 Go VoucherScreen::intoRates() {
-  if (!at(kEarlierRates).visible) return Go::On;
+  if (!ratesShown()) return Go::On;
   focus(at(kEarlierRates));
   return Go::Stay;
 }
@@ -461,8 +475,8 @@ void VoucherScreen::leaveRates() {
 // The rates stay up while their field, or they, have the focus.
 void VoucherScreen::focusMoved(Control& control) {
   ChildScreen::focusMoved(control);
-  Control& grid = at(kEarlierRates);
-  if (&control != ratesFor_ && &control != &grid) grid.visible = false;
+  if (ratesShown() && &control != ratesFor_ && control.spec->field != kEarlierRates)
+    at(kEarlierRates).visible = false;
   tellEscape();
 }
 

@@ -26,8 +26,9 @@ inline constexpr const char* kConfirm = english("Mirav Confirmation Message");
 // the work table and the walk through them, the date keys, the masters behind Insert, and the
 // message window after a save. It knows its book; arithmetic and columns are the screen's own.
 //
-// It relies on the fields number, date, party, party_name, item, item_name, unit, quantity, rate, amount
-// and line_no, and on the grids and buttons of `voucher_table`.
+// It relies on the fields number, date and line_no, and on the grids and buttons of `voucher_table`. Where
+// the table has them, the fields party, party_name, item, item_name, unit, quantity, rate, amount and the
+// grid of earlier rates are its own too; a screen of other lines says what its lines go by.
 class VoucherScreen : public ChildScreen {
  public:
   void opened(const Opening& opening) override;
@@ -58,13 +59,22 @@ class VoucherScreen : public ChildScreen {
   // What a line's figures are worked out from, and that work; false after a refusal's message.
   virtual std::vector<FieldName> lineInputs() const = 0;
   virtual bool figureLine() = 0;
-  virtual bool needsUnit() const { return true; }                // a line without a unit is none
-  virtual bool needsQuantity() const { return true; }            // one of no quantity is not complete
-  virtual FieldName lineStart() const { return fields::kItem; }  // where a line is begun, or gone on with
+  virtual FieldName lineKey() const { return fields::kItem; }  // what a line is of; empty: there is none
+  virtual FieldName lineName() const { return fields::kItemName; }
+  virtual FieldName lineStart() const { return lineKey(); }  // where a line is begun, or gone on with
+  virtual bool lineComplete();                         // says so of a typed line that cannot be stored yet
+  virtual Go closeLine() { return amount(); }          // stores the typed line
+  virtual bool needsUnit() const { return true; }      // a line without a unit is none
+  virtual bool needsQuantity() const { return true; }  // one of no quantity is not complete
   // Asked last before anything is written, and before a voucher is deleted; false after its message.
   virtual bool mayBeSaved() { return true; }
   virtual bool mayBeDeleted(double) { return true; }
   virtual bool needsParty() const { return false; }  // Save refuses it without one, else it asks
+  // A voucher that says nothing is saved when it is meant so; true when it is not to be.
+  virtual bool meansNothing();
+  // Takes a stored one away; false when it is another than is expected.
+  virtual bool erase(double number, const Saving& as);
+  virtual bool staysInLedger(double number) const;  // its rows are there until posting, though it goes
   // Writes the voucher; false where something else stands under its number than is expected.
   virtual bool write(const SaveStamp& stamp, const Saving& how) = 0;
   // The number on the paper, whether another voucher has it, and what its Enter and Save look at.
@@ -87,6 +97,9 @@ class VoucherScreen : public ChildScreen {
   virtual void clearLine();
   virtual void showLine(const Row& line);
   virtual Fields lineFields();  // the line as it is stored
+
+  // The caller comes back after this voucher, as after one that was asked for by its number.
+  void closeAfterwards() { drilledDown_ = true; }
 
   // Handlers.
   void add();
@@ -179,6 +192,7 @@ class VoucherScreen : public ChildScreen {
   void takeVoucherAsShown();
   std::string allLines() const;
   void tellEscape();
+  bool ratesShown() const;
   void setMode(const std::string& next, const std::string& pattern);
   void showButtons(bool atRest);
   void enableFields();
@@ -206,7 +220,6 @@ class VoucherScreen : public ChildScreen {
   bool storeTypedLine();
   bool figureAmount();
   bool tooLarge(Part part);
-  bool meansNothing();
   Numbers numbers() const;
   bool paperNumberGiven() const;
   bool takeFreeNumbers();

@@ -28,7 +28,7 @@ void VoucherScreen::showSerial() { at(kLineNumber).text = atRest_ ? "" : numText
 
 void VoucherScreen::clearLine() {
   emptyFields(Part::Line);
-  at(kItemName).enabled = false;
+  if (Control* const name = find(kItemName.text)) name->enabled = false;
   figuredFor_.clear();
   lineItem_.clear();
   fromUnit_ = 0;
@@ -37,7 +37,7 @@ void VoucherScreen::clearLine() {
 
 void VoucherScreen::showLine(const Row& line) {
   showFields(line, Part::Line);
-  at(kItemName).enabled = entering() && isMisc();
+  if (Control* const name = find(kItemName.text)) name->enabled = entering() && isMisc();
 }
 
 Fields VoucherScreen::lineFields() {
@@ -64,8 +64,9 @@ void VoucherScreen::showCurrentLine() {
     showLine(lines_->row());
     takeAsWorked(Part::Line);
     lineIsFigured();
-    lineItem_ = trimmed(kItem);
-    fromUnit_ = readUnit(data(), kind_, lineItem_, trimmed(kUnit)).value_or(UnitRates{}).rate;
+    lineItem_ = trimmed(lineKey());
+    if (find(kUnit.text))
+      fromUnit_ = readUnit(data(), kind_, lineItem_, trimmed(kUnit)).value_or(UnitRates{}).rate;
   }
   shownLine_ = lineTexts();
   at(kLines).grid.current = lines_->position();
@@ -142,8 +143,8 @@ Go VoucherScreen::amount() {
 
 // An empty line is walked through by Tab.
 Go VoucherScreen::lineTab() {
-  const std::string item = trimmed(kItem);
-  if (!entering() || (isHere(kItem) ? item != kNoMoreLines : item.empty())) return Go::On;
+  const std::string item = trimmed(lineKey());
+  if (!entering() || (isHere(lineKey()) ? item != kNoMoreLines : item.empty())) return Go::On;
   enterAgain(here());
   return Go::Stay;
 }
@@ -172,7 +173,7 @@ bool VoucherScreen::mayLeaveLine() {
                    .title = kConfirm,
                    .yes = english("&Give It Up"),
                    .no = english("&Keep Typing"),
-                   .facts = trimmed(kItemName),
+                   .facts = trimmed(lineName()),
                    .loses = true});
 }
 
@@ -244,10 +245,10 @@ void VoucherScreen::keepFreeName() {
 // Only while its item still stands in the field: one typed over it is not dropped. The serials of the lines
 // that remain do not close up, and the totals wait for the next line that is stored, or for Save.
 void VoucherScreen::deleteLine() {
-  const std::string item = trimmed(kItem);
-  if (item.empty() || !lines_->onRow() || !sameText(item, lines_->row().text("ITEM_CD"))) return;
+  const std::string item = trimmed(lineKey()), column(at(lineKey()).spec->column);
+  if (item.empty() || !lines_->onRow() || !sameText(item, lines_->row().text(column))) return;
   const Row& line = lines_->row();
-  data().exec("DELETE FROM " + kind_.tables.work + " WHERE VOUCH_NO = ? AND ITEM_CD = ? AND " +
+  data().exec("DELETE FROM " + kind_.tables.work + " WHERE VOUCH_NO = ? AND " + column + " = ? AND " +
                   kind_.tables.serial + " = ?",
               line.number("VOUCH_NO"), item, line.number(kind_.tables.serial));
   lines_->requery();

@@ -104,22 +104,23 @@ bool VoucherScreen::workFields(Part part) {
   return true;
 }
 
-bool VoucherScreen::lineStands() const { return trimmed(kItem).empty() || lineTexts() == shownLine_; }
+bool VoucherScreen::lineStands() const { return trimmed(lineKey()).empty() || lineTexts() == shownLine_; }
 
 // A line that stands in the entry row otherwise than in the list would be lost.
 bool VoucherScreen::storeTypedLine() {
   if (lineStands()) return true;
-  if (!workFields(Part::Line)) return false;
-  const bool lacksUnit = needsUnit() && trimmed(kUnit).empty();
-  if (lacksUnit || (needsQuantity() && value(kQuantity) == 0)) {
-    host.message("The Line Being Typed Is Not Complete\nComplete It, Or Empty Its Item", kCheck);
-    focus(at(lacksUnit ? kUnit : kQuantity));
-    return false;
-  }
-  return amount() == Go::Stay && lineTexts() == shownLine_;
+  if (!workFields(Part::Line) || !lineComplete()) return false;
+  return closeLine() == Go::Stay && lineTexts() == shownLine_;
 }
 
-// A voucher that says nothing is saved when it is meant so.
+bool VoucherScreen::lineComplete() {
+  const bool lacksUnit = needsUnit() && trimmed(kUnit).empty();
+  if (!lacksUnit && (!needsQuantity() || value(kQuantity) != 0)) return true;
+  host.message("The Line Being Typed Is Not Complete\nComplete It, Or Empty Its Item", kCheck);
+  focus(at(lacksUnit ? kUnit : kQuantity));
+  return false;
+}
+
 bool VoucherScreen::meansNothing() {
   const bool noParty = !hasParty(), noLine = lines_->count() == 0;
   if (!noParty && !noLine && value(kNetAmount) != 0) return false;

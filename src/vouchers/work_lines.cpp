@@ -15,6 +15,7 @@ Cell WorkLines::cell(size_t row, size_t column) const {
   if (row >= count() || column >= shown_.size()) return {};
   const Shown& shown = shown_[column];
   const Value& value = rows_.rowAt(static_cast<int>(row)).value(shown.column);
+  if (!shown.zero && value.number() == 0) return {};
   return {.text = shown.pattern.empty() ? value.text() : Format(value.number(), shown.pattern)};
 }
 

@@ -17,6 +17,7 @@ class WorkLines : public RowSource {
   struct Shown {
     std::string column;
     std::string pattern = {};
+    bool zero = true;  // else a figure of 0 leaves its cell empty
   };
   WorkLines(Database& db, const VoucherKind& kind, std::vector<Shown> shown);
 

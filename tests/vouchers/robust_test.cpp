@@ -8,6 +8,7 @@
 #include "frame/killed.h"
 #include "platform/utf8.h"
 #include "vouchers/bill_fixture.h"
+#include "vouchers/journals.h"
 #include "vouchers/numbering.h"
 
 namespace {
@@ -30,6 +31,19 @@ class Robust : public BillTest {
           saveBill(own, saleKind(), bill(lastVoucher(own, saleKind()).number + 1), stamp(), Saving::Fresh);
     }
     _exit(saved);
+  }
+  static void journal(Database& own, double amount) {
+    own.exec("DELETE FROM T_JOURNITM");
+    own.exec(
+        "INSERT INTO T_JOURNITM (SR_NO, ACC_CD, DEBIT, CREDIT) VALUES (1, 'A00001', ?, 0),"
+        " (2, 'X90002', 0, ?), (3, 'X90005', 0, ?)",
+        3 * amount, amount, 2 * amount);
+    saveJournal(own, journalKind("JOURNAL"),
+                {
+                    {"VOUCH_NO", 1               },
+                    {"VOUCH_DT", stamp().now.date}
+    },
+                stamp(), Saving::Again);
   }
   static int answerOf(pid_t child) {
     int status = 0;
@@ -148,6 +162,7 @@ TEST_F(Robust, FieldsFilledToTheirLimitComeBack) {
 
 // The program dies before every second of the calls that a save makes of the system.
 TEST_F(Robust, KilledAtAnyMomentAVoucherIsWholeOrAsItWas) {
+  // clang-format off
   const struct {
     std::function<void(Database&, double)> save;  // three lines of the quantity
     const char* stored;
@@ -168,7 +183,10 @@ TEST_F(Robust, KilledAtAnyMomentAVoucherIsWholeOrAsItWas) {
          saveQuotation(own, quotationKind(), offer(1, 100 * quantity), stamp(), Saving::Again);
        }, "SELECT NET_AMT, (SELECT COUNT(*) || '*' || SUM(VAL(QUANTITY)) FROM QUOTITM) FROM QUOT",              "700|3*21.0",
        "800|3*24.0"                                                                                                                                                         },
+      {journal, "SELECT AMOUNT, (SELECT COUNT(*) || '*' || SUM(DEBIT) FROM JOURNITM),"
+       " (SELECT SUM(VOUCH_AMT) FROM ALEDGER WHERE BOOK_CD = 'JV') FROM JOURNAL", "21|3*21.0|42", "24|3*24.0|48"},
   };
+  // clang-format on
   for (const auto& kind : kinds) {
     const auto save = [&](double quantity) {
       Database own;
