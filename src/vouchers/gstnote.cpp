@@ -133,6 +133,10 @@ bool GSTNOTE::load(double number) {
   originals_ = readOriginalLines(data(), kind_, number);
   for (const Original& bill : facts_.bills)
     if (bill.voucher != 0) addBillLines(data(), kind_, number, bill, originals_);
+  readBefore(data(), kind_, number, originals_);
+  // What is stored was meant.
+  for (const Row& row : data().all("SELECT SR_NO, QUANTITY FROM T_SLITM WHERE QUANTITY <> 0"))
+    meant_[row.number("SR_NO")] = row.number("QUANTITY");
   unnamed_ = facts_.bills.empty();
   if (facts_.reason != 0) put(kReason, facts_.reason);
   put(kReasonName, noteReason(facts_.reason));
@@ -241,6 +245,7 @@ Go GSTNOTE::take(const FoundBill& found) {
     }
   }
   addBillLines(data(), kind_, value(kNumber), found.bill, originals_);
+  readBefore(data(), kind_, ownNumber(), originals_);
   lines_->requery();
   at(kLines).visible = true;
   showBills();
@@ -361,22 +366,36 @@ bool GSTNOTE::mayBeSaved() {
     return false;
   }
   unnamed_ = facts_.bills.empty();
-  readBefore(data(), kind_, value(kNumber), originals_);
+  ensureNotes(data());
+  readBefore(data(), kind_, ownNumber(), originals_);
   for (const Row& row :
        data().all("SELECT SR_NO, QUANTITY FROM T_SLITM WHERE QUANTITY <> 0 ORDER BY SR_NO")) {
     const auto line = originals_.find(row.number("SR_NO"));
-    if (line != originals_.end() && !askTooMuch(line->first, line->second, row.number("QUANTITY")))
-      return false;
+    if (line == originals_.end() || askTooMuch(line->first, line->second, row.number("QUANTITY"))) continue;
+    toLine(line->first);
+    return false;
   }
   return true;
 }
+
+void GSTNOTE::toLine(double serial) {
+  for (size_t row = 0; row < lines_->count(); ++row) {
+    lines_->moveTo(row);
+    if (lines_->row().number(kind_.tables.serial) == serial) break;
+  }
+  showCurrentLine();
+  focus(at(kQuantity));
+}
+
+// A note that is being typed is none of those stored, also where another takes its number meanwhile.
+double GSTNOTE::ownNumber() const { return mode == "ADD" ? 0 : value(kNumber); }
 
 bool GSTNOTE::write(const SaveStamp& stamp, const Saving& how) {
   facts_.reason = static_cast<int>(value(kReason));
   facts_.goods = value(kGoods) == 1;
   return whole(data(), [&] {
     OriginalLines now = originals_;
-    readBefore(data(), kind_, value(kNumber), now);
+    readBefore(data(), kind_, ownNumber(), now);
     for (const auto& [serial, line] : now)
       if (line.before > originals_[serial].before + kHair)
         throw std::runtime_error(

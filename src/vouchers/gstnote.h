@@ -60,6 +60,8 @@ class GSTNOTE : public GSTSAPU {
   bool takesBack() const;  // and so not more than was billed
   bool tooMuch(double serial, const OriginalLine& line, double quantity) const;
   bool askTooMuch(double serial, const OriginalLine& line, double quantity);
+  double ownNumber() const;
+  void toLine(double serial);
   Go wholeLine();
   void allLines();
   Go rateInstead();

@@ -86,6 +86,10 @@ bool GSTNOTE::askTooMuch(double serial, const OriginalLine& line, double quantit
 bool GSTNOTE::quantityStands() {
   const OriginalLine* const line = original();
   if (!line) return GSTSAPU::quantityStands();
+  if (std::ranges::count(text(kQuantity), '.') > 1) {
+    host.message(words("{text} Is No Quantity", "text", text(kQuantity)), kCheck);
+    return false;
+  }
   if (value(kQuantity) >= 0) return askTooMuch(serial_, *line, value(kQuantity));
   host.message("A Quantity Of A Note Is 0 Or More", kCheck);
   return false;

@@ -68,7 +68,7 @@ ScreenSpec noteTable(const VoucherKind& kind, ScreenSpec screen) {
   of(screen, kQuantity).hint = "F6 = All Of This Line :: Ctrl+F6 = All Lines :: F7 = Rate, Too";
   of(screen, kRate).hint = "F7 = Quantity Alone :: F4 = Earlier Rates";
   behind(screen, kDate, {
-      {.name = "Text1",      .index = 80, .field = kOriginalBill,   .label = "Bill No", .at = {.group = "A", .row = 1, .col = 1, .width = 92},  .tab = 9, .limit = 20, .keys = KeyClass::Text, .hint = "Empty = The Last Bill Goes Out Of The Note"},
+      {.name = "Text1",      .index = 80, .field = kOriginalBill,   .label = "Bill No", .at = {.group = "A", .row = 1, .col = 1, .width = 92},  .tab = 9, .limit = 20, .keys = KeyClass::Text, .hint = "Another Number = One More Bill :: Empty = The Last One Goes Out"},
       {.name = "MaskEdBox1", .index = 3,  .field = kOriginalDate,   .kind = Kind::Date, .label = "Of", .at = {.group = "A", .row = 1, .col = 3, .width = 112}, .tab = 9, .enabled = false, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},
   });
   behind(screen, kPartyName, {

@@ -81,7 +81,6 @@ OriginalLines readOriginalLines(Database& db, const VoucherKind& note, double nu
                                   .voucher = row.number("BILL_VOUCH"),
                                   .serial = row.number("BILL_SR"),
                                   .billed = row.number("QUANTITY")};
-  readBefore(db, note, number, lines);
   return lines;
 }
 
@@ -131,7 +130,6 @@ void addBillLines(Database& db, const VoucherKind& note, double number, const Or
           (others.empty() ? "" : " AND SR_NO NOT IN (" + others + ")") + " ORDER BY SR_NO, rowid",
       values);
   known.insert(added.begin(), added.end());
-  readBefore(db, note, number, known);
 }
 
 void readBefore(Database& db, const VoucherKind& note, double number, OriginalLines& lines) {
@@ -150,9 +148,12 @@ void readBefore(Database& db, const VoucherKind& note, double number, OriginalLi
   for (auto& [own, line] : lines) line.before = bills[line.voucher][line.serial];
 }
 
+void ensureNotes(Database& db) {
+  for (const char* table : kTables) ensureTable(db, table);
+}
+
 void storeNote(Database& db, const VoucherKind& note, double number, const NoteFacts& facts,
                const OriginalLines& lines) {
-  for (const char* table : kTables) ensureTable(db, table);
   dropNote(db, note, number);
   for (const Original& bill : facts.bills)
     if (bill.voucher != 0 && !billOfVoucher(db, note, bill.voucher))

@@ -49,15 +49,20 @@ std::vector<FoundBill> billsOfNumber(Database& db, const VoucherKind& note, cons
 std::optional<FoundBill> billOfVoucher(Database& db, const VoucherKind& note, double voucher);
 
 NoteFacts readNote(Database& db, const VoucherKind& note, double number);
-// The lines of a stored note that stand for one of a bill; one whose bill or line has gone is none.
+// The lines of a stored note that stand for one of a bill, without what has gone back before; one whose bill
+// or line has gone is none.
 OriginalLines readOriginalLines(Database& db, const VoucherKind& note, double number);
 // Puts the lines of a bill behind those of the work table, each with a quantity of 0 and all else as it was
-// billed, and tells which they are; lines that `known` has stay away. `number` is the note's.
+// billed, and tells which they are; lines that `known` has stay away. `number` is the note's. What has gone
+// back of them is yet to be read.
 void addBillLines(Database& db, const VoucherKind& note, double number, const Original& bill,
                   OriginalLines& known);
 // Reads anew what has gone back of the lines with other notes than this one.
 void readBefore(Database& db, const VoucherKind& note, double number, OriginalLines& lines);
 
+// Makes the tables where books lack them that the walk has not brought up to date; before a transaction,
+// since a server ends one by it.
+void ensureNotes(Database& db);
 // Inside the transaction that stores the note. Raises std::runtime_error where one of its bills has gone.
 void storeNote(Database& db, const VoucherKind& note, double number, const NoteFacts& facts,
                const OriginalLines& lines);
