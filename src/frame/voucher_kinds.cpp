@@ -316,6 +316,7 @@ const VoucherKind& journalKind(std::string_view entryType) {
                 .adding = "{title} :::  ADD MODE",
                 .modifying = "{title}  :::  MODIFY MODE",
                 .deleting = "{title} :::  DELETE MODE",
+                .printing = "{title}  :::  PRINT MODE ",
                 .escapeAsks = "Do you want to Cancel and Exit",
                 .saveOpens = "Save opens when the difference is 0",
                 .savedHead = "Journal Entry Saved",

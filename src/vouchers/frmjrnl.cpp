@@ -11,6 +11,7 @@
 #include "frame/session.h"
 #include "store/balances.h"
 #include "store/engine.h"
+#include "vouchers/journal_paper.h"
 #include "vouchers/numbering.h"
 
 using namespace fields;
@@ -77,7 +78,16 @@ void FRMJRNL::startNew() {
   focus(at(kDate));
 }
 
-Go FRMJRNL::voucherNumber() { return trimmed(kNumber).empty() ? helpHere() : number(); }
+// Of a voucher whose number is given to Print the paper is shown.
+Go FRMJRNL::voucherNumber() {
+  if (trimmed(kNumber).empty()) return helpHere();
+  if (mode != "PRINT") return number();
+  const double asked = value(kNumber);
+  if (!load(asked)) return Go::Stay;
+  showJournalPaper(host, data(), kind_, asked);
+  cancel();
+  return Go::Stay;
+}
 
 Go FRMJRNL::voucherDate() {
   const auto typed = date(kDate);
@@ -100,6 +110,14 @@ void FRMJRNL::clearHead() {
 void FRMJRNL::clearLine() {
   VoucherScreen::clearLine();
   put(kPartyFacts, "");
+}
+
+// The side without an amount stands empty.
+void FRMJRNL::showLine(const Row& line) {
+  VoucherScreen::showLine(line);
+  for (const FieldName side : {kDebit, kCredit})
+    if (value(side) == 0) put(side, "");
+  showAccount();
 }
 
 bool FRMJRNL::takesAccount(const std::string& code) const {

@@ -30,6 +30,7 @@ class FRMJRNL : public VoucherScreen {
   bool load(double number) override;
   void clearHead() override;
   void clearLine() override;
+  void showLine(const Row& line) override;
   void sumLines() override;
   void sumAgain() override { sumLines(); }
   FieldName lineKey() const override { return fields::kAccount; }
@@ -49,6 +50,8 @@ class FRMJRNL : public VoucherScreen {
   std::string paperNumberAfter(const std::string& number) const override { return number; }
   void renumber() override {}
   std::string tutorial() const override { return {}; }
+  bool hasPaper() const override { return true; }
+  void askForPaper() override { focus(at(fields::kNumber)); }
   std::string atStake() const override;
   SavedMessage closingMessage() const override;
 

@@ -140,7 +140,7 @@ void VoucherScreen::showButtons(bool atRest) {
   if (atRest) hand_.letGo();
   for (const char* name : {"cmdadd", "cmdEDIT", "CMDDELETE", "cmdprint", "cmdclose"})
     at(name).visible = atRest;
-  if (kind_.paper.key.empty()) at("cmdprint").visible = false;
+  if (!hasPaper()) at("cmdprint").visible = false;
   for (const char* name : {"CMDSAVE", "CMDCANCEL"}) at(name).visible = !atRest;
   if (Control* const invites = find("SCR1")) invites->visible = atRest;
   reason = atRest || at("CMDSAVE").enabled ? "" : kind_.words.saveOpens;
@@ -186,7 +186,7 @@ void VoucherScreen::startDelete() {
 void VoucherScreen::print() {
   setMode("PRINT", kind_.words.printing);
   lines_->clear();
-  hideForPrint("");
+  askForPaper();
 }
 
 void VoucherScreen::hideForPrint(const std::string& number) {

@@ -91,6 +91,8 @@ class VoucherScreen : public ChildScreen {
   virtual void renumber() = 0;
   virtual FieldName afterLines() const { return fields::kNarration; }  // where line entry ends to
   virtual std::string tutorial() const = 0;
+  virtual bool hasPaper() const { return !kind_.paper.key.empty(); }
+  virtual void askForPaper() { hideForPrint(""); }  // which voucher's is to be printed
 
   // As the screen's table says; a screen that keeps more than its fields adds to them.
   virtual void clearHead();
