@@ -40,6 +40,8 @@ class ToolButton : public QAbstractButton {
   const Look*& look_;
 };
 
+constexpr size_t kMany = 20;  // entries of a menu that stand closer together, so that a screen holds them
+
 bool opens(const QAction& action, char32_t letter) {
   const QString caption = action.text();
   const qsizetype mark = caption.indexOf('&');
@@ -92,6 +94,7 @@ void MenuBar::build(QWidget& owner, QMenu* menu, const std::vector<MenuEntry>& e
     } else {
       QMenu* inner = menu ? menu->addMenu(caption) : addMenu(caption);
       inner->setFont(font());
+      inner->setProperty("crowded", entry.entries.size() > kMany);
       build(*inner, inner, entry.entries, path);
     }
     path.pop_back();

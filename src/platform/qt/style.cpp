@@ -194,10 +194,11 @@ QString menuSheet(const Look& look) {
          QString(
              "QMenu { background: %1; border: 1px solid %2; padding: %3 0; }"
              "QMenu::item { color: %4; padding: %5 %6 %5 %7; }"
+             "QMenu[crowded=\"true\"]::item { padding: %10 %6 %10 %7; }"
              "QMenu::item:selected { background: %8; color: white; }"
              "QMenu::item:disabled { color: %9; background: transparent; }")
              .arg(hex(kPanel), hex(kFieldLine), n(4), hex(kInk), n(5), n(36), n(18), hex(kAccent),
-                  hex(kOffText)) +
+                  hex(kOffText), n(2)) +
          QString("QMenu::separator { height: 1px; background: %1; margin: %2 %3; }")
              .arg(hex(kPanelLine), n(4), n(10));
 }
