@@ -81,6 +81,7 @@ constexpr Command kCommands[] = {
     {.menu = "mnurpts",  .caption = "Challans By Date With Items",  .control = "SALERPT",       .key = "CHLNASKEDDTL",    .reportKey = "CHLNASKEDDTL",    .screen = "frmreport"},
     {.menu = "mnurpts",  .caption = "Receipt Register",             .control = "SALERPT",       .key = "recipt",          .reportKey = "recipt",          .screen = "frmreport"},
     {.menu = "mnurpts",  .caption = "Purchase Register",            .control = "SALERPT",       .key = "PURREG",          .reportKey = "PURREG",          .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Credit / Debit Note Register", .control = "SALERPT",       .key = "NOTEREG",         .reportKey = "NOTEREG",         .screen = "frmreport"},
     {.menu = "mnurpts",  .caption = "Payment Register",             .control = "SALERPT",       .key = "PAYREG",          .reportKey = "PAYREG",          .screen = "frmreport"},
     {.menu = "mnurpts",  .caption = "Income And Expense Register",  .control = "SALERPT",       .key = "INEXREG",         .reportKey = "INEXREG",         .screen = "frmreport"},
     {.menu = "mnurpts",  .caption = "Tds Register",                 .control = "SALERPT",       .key = "TDSREG",          .reportKey = "TDSREG",          .screen = "frmreport"},

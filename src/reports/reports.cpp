@@ -26,6 +26,7 @@ constexpr Piece kPieces[] = {
     challanDetailsAsked,
     receiptRegister,
     purchaseRegister,
+    noteRegister,
     paymentRegister,
     incomeAndExpenseRegister,
     taxAtSourceRegister,

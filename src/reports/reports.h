@@ -27,6 +27,7 @@ const Report& challansAsked();
 const Report& challanDetailsAsked();
 const Report& receiptRegister();
 const Report& purchaseRegister();
+const Report& noteRegister();
 const Report& paymentRegister();
 const Report& incomeAndExpenseRegister();
 const Report& taxAtSourceRegister();
