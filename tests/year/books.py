@@ -8,11 +8,17 @@ from rules import dec
 
 STATE = 24
 PERIOD = datetime.date(2026, 4, 1), datetime.date(2027, 3, 31)
-DEBTORS, BANKS, CREDITORS = 85, 87, 135
+DEBTORS, BANKS, OVERDRAFTS, CREDITORS = 85, 87, 127, 135
+INCOMES, EXPENSES, CAPITAL, ADVANCES, DUTIES = 51, 33, 121, 81, 132
 CASH, PURCHASES, SALES, ROUNDING = "X90005", "X90001", "X90002", "X90015"
 SYSTEM = {PURCHASES: "PURCHASE A/C", SALES: "SALES A/C", CASH: "CASH A/C", ROUNDING: "ROUND OFF", "X90061": "OUTPUT CGST",
           "X90062": "OUTPUT SGST", "X90063": "OUTPUT IGST", "X90064": "INPUT CGST", "X90065": "INPUT SGST", "X90066": "INPUT IGST"}
-TAXES = {"SA": ("X90061", "X90062", "X90063"), "PU": ("X90064", "X90065", "X90066")}
+OUTPUT, INPUT = ("X90061", "X90062", "X90063"), ("X90064", "X90065", "X90066")
+# Of bills and notes: the party's side, the other one, what the goods stand in, the taxes.
+SIDES = {"SA": ("D", "C", SALES, OUTPUT), "PU": ("C", "D", PURCHASES, INPUT), "SR": ("C", "D", SALES, OUTPUT),
+         "SD": ("D", "C", SALES, OUTPUT), "PR": ("D", "C", PURCHASES, INPUT)}
+MONEY = {"RC": "DC", "PY": "CD", "IC": "DC", "EP": "CD"}  # side of the cash or bank account, of the other one
+REASONS = ["GOODS RETURNED", "RATE", "QUANTITY", "DISCOUNT AFTER THE SALE", "OTHERS"]
 
 
 @dataclass
@@ -70,6 +76,7 @@ class Line:
     amounts: list = field(default_factory=lambda: [0, 0, 0])
     net: float = 0
     typed: float = None  # IGST as typed, until the line runs through again
+    taken: float = 0  # of this line of a bill, while a note is written against it
 
     def work_out(self, typed=None):
         self.amount, self.amounts, self.net = rules.bill_line(self.quantity, self.rate, self.discount, self.taxes, typed)
@@ -91,6 +98,9 @@ class Bill:
     transport: str = ""
     lorry: str = ""
     parcels: str = ""
+    original: object = None  # of a note: its bill
+    reason: int = 1
+    taken: list = ()  # the bill's lines as the note found them
 
     def work_out(self):
         self.value, self.taxes, self.quantity, self.rounding, self.net = rules.bill_totals(self.lines)
@@ -140,6 +150,34 @@ class Money:
     party: Party
     amount: float
     narration: str
+    mode: str = ""    # over a bank
+    cheque: str = ""
+    order: int = 0    # in which it was written
+    tds: float = 0    # kept back beside the money, and where that stands
+    tds_account: str = ""
+    settles: tuple = ()  # a bill's number and how much of it
+
+
+@dataclass
+class Entry:
+    account: str
+    side: str
+    amount: float
+    narration: str = ""
+
+
+@dataclass
+class Journal:
+    book: str
+    number: int
+    day: datetime.date
+    reference: str
+    narration: str
+    entries: list
+
+    def against(self, entry):
+        """The largest of the other side, of several the first."""
+        return max((e for e in self.entries if e.side != entry.side), key=lambda e: e.amount).account
 
 
 @dataclass
@@ -156,6 +194,7 @@ class Row:
     narration: str
     serial: int
     details: str
+    cheque: str = ""
 
 
 class Books:
@@ -163,16 +202,17 @@ class Books:
         self.categories = [Category("E001", "MISC", ".", ".", 0)]
         self.misc = Item("MISC", "MISC", "E001", 0, ".", [Unit("NOS", 0, 0, 0)])
         self.items, self.parties = [], []
-        self.bills = {"SA": {}, "PU": {}}
+        self.bills = {book: {} for book in SIDES}
         self.challans, self.quotations = {}, {}
-        self.money = {"RC": {}, "PY": {}}
+        self.money = {book: {} for book in MONEY}
+        self.journals = {"JV": {}, "CN": {}}
         self.standing = {}  # rows of the ledger between postings: those of a deleted bill or challan stay
 
     def next(self, vouchers):
         return max(vouchers, default=0) + 1
 
-    def next_bill_number(self, kind):
-        same = [b for b in self.bills["SA"].values() if b.type == kind]
+    def next_bill_number(self, kind, book="SA"):
+        same = [b for b in self.bills[book].values() if b.type == kind]
         return rules.next_bill_number(max(same, key=lambda b: b.number).bill_number if same else None)
 
     def next_challan_number(self, kind):
@@ -203,6 +243,9 @@ class Books:
 
     def rows(self, v):
         """What a voucher stands for in the ledger after a full posting."""
+        if isinstance(v, Journal):
+            return [Row(v.day, v.number, v.book, e.side, e.account, v.against(e), dec(e.amount), v.reference or str(v.number),
+                        e.narration or v.narration, serial, "") for serial, e in enumerate(v.entries, 1)]
         rows, code, paying = [], v.party.code, isinstance(v, Money)
         reference = str(v.number) if paying else " %d" % v.challan_number if v.book == "CH" else v.bill_number
         details = " - ".join((v.transport, v.lorry, v.parcels)) if v.book == "SA" else ""
@@ -210,20 +253,22 @@ class Books:
         def entry(side, account, against, amount, reference, *remarks):
             if amount != 0:
                 rows.append(Row(v.day, v.number, v.book, side, account, against, dec(amount), reference, " ".join((v.narration,) + remarks),
-                                v.number if paying else -1, details))
+                                v.number if paying else -1, details, v.cheque if paying else ""))
 
         if paying:
-            first, second = {"RC": "DC", "PY": "CD"}[v.book]
+            first, second = MONEY[v.book]
             entry(first, v.place, code, v.amount, reference)
             entry(second, code, v.place, v.amount, reference)
+            entry(first, v.tds_account, code, v.tds, reference)
+            entry(second, code, v.tds_account, v.tds, reference)
         elif v.book == "CH":
             entry("D", code, SALES, v.net, reference, v.lorry, v.destination)
             entry("C", SALES, code, v.net, reference, v.lorry, v.destination)
         else:
-            ours, theirs, goods = ("D", "C", SALES) if v.book == "SA" else ("C", "D", PURCHASES)
+            ours, theirs, goods, taxes = SIDES[v.book]
             entry(ours, code, goods, v.net, reference, v.lorry, v.destination)
             entry(theirs, goods, code, v.value, reference, v.lorry)
-            for account, amount in zip(TAXES[v.book], v.taxes):
+            for account, amount in zip(taxes, v.taxes):
                 entry(theirs, account, code, amount, "")
             entry(ours if v.rounding < 0 else theirs, ROUNDING, code, abs(v.rounding), reference)
         return rows
@@ -235,14 +280,48 @@ class Books:
         return self.balance(code, [r for rows in self.standing.values() for r in rows])
 
     def left_behind(self):
-        """Deleted vouchers of which the ledger still holds rows."""
-        books = {**self.money, **self.bills, "CH": self.challans}
-        return [key for key, rows in self.standing.items() if rows and key[1] not in books[key[0]]]
+        """Deleted vouchers of which the ledger still holds rows; a bill has some that say 0."""
+        books = {**self.money, **self.bills, **self.journals, "CH": self.challans}
+        return [key for key, rows in self.standing.items() if (rows or key[0] in self.bills) and key[1] not in books[key[0]]]
 
     def ledger(self):
         """Every row after a full posting."""
-        books = [*self.money.values(), *self.bills.values(), self.challans]
+        books = [*self.money.values(), *self.bills.values(), *self.journals.values(), self.challans]
         return [row for vouchers in books for v in vouchers.values() for row in self.rows(v)]
+
+    def settled(self):
+        """How much of each sale bill is settled by itself."""
+        paid = {}
+        for m in self.money["RC"].values():
+            if m.settles:
+                number, amount = m.settles
+                paid[number] = paid.get(number, 0) + dec(amount)
+        return paid
+
+    def is_bound(self, bill):
+        """A note or money stands against it."""
+        return bill.number in self.settled() or any(n.original is bill for book in ("SR", "SD") for n in self.bills[book].values())
+
+    def owed(self, party, ledger, end):
+        """The debits that are open: what is settled of a bill by itself first, then the other credits, first in, first out."""
+        debits = sorted(((r.day, r.reference, r) for r in ledger if r.account == party.code and r.side == "D"), key=lambda d: d[:2])
+        debits = [(day, reference, r.amount, r.number if r.book == "SA" else None) for day, reference, r in debits]
+        left = sum((r.amount for r in ledger if r.account == party.code and r.side == "C"), max(-dec(party.opening), Decimal(0)))
+        if party.opening > 0:
+            debits.insert(0, (PERIOD[0], " OP", dec(party.opening), None))
+        paid = {number: min(amount, sum(d[2] for d in debits if d[3] == number)) for number, amount in self.settled().items()}
+        paid = {number: amount for number, amount in paid.items() if any(d[3] == number for d in debits)}
+        left -= sum(paid.values(), Decimal(0))
+        open_bills = []
+        for day, reference, amount, number in debits:
+            if day > end:
+                continue
+            own = paid.get(number, Decimal(0))
+            more = min(left, amount - own)
+            left -= more
+            if own + more < amount:
+                open_bills.append((day, reference, amount, own + more, number))
+        return open_bills
 
     def opening(self, code):
         return next((dec(p.opening) for p in self.parties if p.code == code), Decimal(0))

@@ -1,9 +1,11 @@
 """The shopkeeper's hands: each voucher as the keys that enter, mend or delete it, written into a script."""
-from books import CASH, CREDITORS
-from rules import number
+from books import CASH, CREDITORS, REASONS
+from rules import money, number, rounded
 from shop import Shop
 
 MISC_WORK = "FITTING AT SITE"
+MENUS = {"SA": "SALE", "PU": "PURCHASE", "SR": "SALERET", "SD": "SALEDEB", "PR": "PURCHRET", "RC": "RECEIPT", "PY": "PAYMENT",
+         "IC": "INCOME", "EP": "EXPENSE", "JV": "JOURNAL", "CN": "CONTRA"}
 
 
 class Clerk(Shop):
@@ -71,7 +73,7 @@ class Clerk(Shop):
 
     def bill(self, b, today, refused=None):
         s = self.s
-        self.add("SALE" if b.book == "SA" else "PURCHASE", b)
+        self.add(MENUS[b.book], b)
         if refused:
             s.fill("date", refused.strftime("%d%m%Y"), "Enter")
             s('expect message "Pl. Enter Date Between 01/Apr/2026 and 31/Mar/2027"', "expect focus date")
@@ -114,6 +116,35 @@ class Clerk(Shop):
         if b.book == "SA" and b.net > 50000:
             s('expect Label1 contains "Value Of Bill Exceeds Rs. 50000/-"')
         s("press CancelButton" if b.book == "SA" else "press OKButton")  # a new entry
+
+    def note(self, n, today):
+        """The bill's number brings its party and lines; what of each line is in the note is typed."""
+        s = self.s
+        self.add(MENUS[n.book], n)
+        if n.day != today:
+            s.fill("date", n.day.strftime("%d%m%Y"))
+        s.keys("Enter")
+        s.type(n.original.bill_number.lower(), "Enter")
+        s.expect("party", n.party.code)
+        s.expect("original_date", n.original.day.strftime("%d/%m/%Y"))
+        s.keys("Enter")
+        s.expect("bill_no", n.bill_number)
+        s.keys("Enter")
+        s.fill("reason", str(n.reason), "Enter")
+        s.expect("reason_name", REASONS[n.reason - 1])
+        s.keys("Enter")
+        for line in n.taken:
+            s.expect("billed", "%.3f" % line.quantity)
+            s.type(number(line.taken), "Enter")
+        s.keys("PgDn")
+        if n.narration:
+            s.type(n.narration.lower())
+        s.expect("items_amount", number(n.value))
+        s.expect("round_off", number(n.rounding))
+        s.expect("net_amount", number(n.net))
+        s("focus parcels", "key Enter", "key Enter")
+        s('expect Label1 contains "   Note AMOUNT : %s\\n"' % number(n.net))
+        s.keys("Right Enter")
 
     def open_bill(self, b, party=None):
         self.open("SALE" if b.book == "SA" else "PURCHASE", b)
@@ -228,7 +259,7 @@ class Clerk(Shop):
 
     def money(self, m, today):
         s = self.s
-        self.add("RECEIPT" if m.book == "RC" else "PAYMENT", m)
+        self.add(MENUS[m.book], m)
         if m.day != today:
             s.fill("date", m.day.strftime("%d%m%Y"))
         if m.place == CASH:
@@ -245,14 +276,40 @@ class Clerk(Shop):
         s.keys("Enter")
         self.balances(m)
 
+    def journal(self, j, today):
+        """The amount that makes the sides equal is proposed on the side that lacks it."""
+        s, lacks = self.s, 0
+        self.add(MENUS[j.book], j)
+        if j.day != today:
+            s.fill("date", j.day.strftime("%d%m%Y"))
+        s.keys("Enter")
+        s.type(j.reference.lower(), "Enter")
+        s.type(j.narration.lower(), "Enter")
+        for entry in j.entries:
+            s.type(entry.account.lower(), "Enter")
+            if lacks:
+                s.expect("debit" if lacks > 0 else "credit", number(abs(lacks)))
+            s.fill("debit" if entry.side == "D" else "credit", number(entry.amount), "Enter")
+            s.fill("line_narration", entry.narration.lower(), "Enter")
+            lacks = rounded(lacks + (entry.amount if entry.side == "C" else -entry.amount), 2)
+        s.expect("difference", "0")
+        s.keys("PgDn Enter")
+        s('expect Label1 contains "%s"' % money(sum(e.amount for e in j.entries if e.side == "D")))
+        s.keys("Enter")
+        for code in sorted({e.account for e in j.entries}):
+            self.balance(code)
+
+    def balance(self, code):
+        self.s.sql("SELECT ROUNDED(CL_BAL, 2) FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(self.books.standing_balance(code))))
+
     def balances(self, m):
         """A receipt or payment brings both its accounts up to date, deleted bills and all."""
-        for code in (m.party.code, m.place):
-            self.s.sql("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(self.books.standing_balance(code))))
+        for code in filter(None, (m.party.code, m.place, m.tds_account)):
+            self.balance(code)
 
     def mend_money(self, m):
         s = self.s
-        self.open("RECEIPT" if m.book == "RC" else "PAYMENT", m)
+        self.open(MENUS[m.book], m)
         s.fill("date", m.day.strftime("%d%m%Y"), "Enter")
         s.fill("amount", number(m.amount))
         s("key Enter", "key Enter", "key Enter", "key Enter")

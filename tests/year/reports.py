@@ -3,9 +3,11 @@ import calendar
 import datetime
 from decimal import Decimal
 
-from books import BANKS, CASH, DEBTORS, PERIOD
+from books import BANKS, CASH, DEBTORS, PERIOD, REASONS
 from rules import dec, money, number
 
+KINDS = {"SA": "Sale Bill", "PU": "Purchase", "SR": "Credit Note", "SD": "Debit Note", "PR": "Purchase Return", "CH": "Challan",
+         "RC": "Receipt", "PY": "Payment", "IC": "Income", "EP": "Expense", "JV": "Journal", "CN": "Contra"}
 FAST, DETAIL = "%d/%b/%Y", "%d/%m/%Y"
 
 
@@ -165,11 +167,48 @@ class Reports:
                  *map(money, b.taxes), money(b.rounding), money(b.net)] for b in sorted(self.books.bills["PU"].values(), key=lambda b: (b.day, b.number))]
         self.show("PURREG", total(rows, range(6, 12), 12))
 
+    def notes(self):
+        """A line a kind with its sums, its notes under it; kinds are not summed together."""
+        rows = []
+        for book in ("PR", "SD", "SR"):
+            notes = sorted(self.books.bills[book].values(), key=lambda n: (n.day, n.number))
+            figures = lambda n: [n.value, *n.taxes, n.rounding, n.net]
+            if notes:
+                rows.append(["", "", KINDS[book], "", "", "", ""] + [money(sum((dec(x) for x in column), Decimal(0))) for column in zip(*map(figures, notes))])
+            rows += [[n.bill_number, n.day.strftime(DETAIL), n.party.name, n.party.gstin, n.original.bill_number, n.original.day.strftime(DETAIL),
+                      REASONS[n.reason - 1], *map(money, figures(n))] for n in notes]
+        self.show("NOTEREG", rows)
+
     def payments(self):
         rows = [[str(m.number), m.day.strftime(FAST), "%s %s" % (m.party.name, m.party.area), self.books.name(m.place),
-                 "Cash", "", money(m.amount), m.narration]
+                 m.mode or "Cash", m.cheque, money(m.amount), m.narration]
                 for m in sorted(self.books.money["PY"].values(), key=lambda m: (m.day, m.number))]
         self.show("PAYREG", total(rows, [6], 8))
+
+    def incomes_and_expenses(self):
+        found = [m for book in ("IC", "EP") for m in self.books.money[book].values()]
+        rows = [[str(m.number), m.day.strftime(FAST), KINDS[m.book], m.party.name, self.books.name(m.place), m.mode or "Cash", m.cheque,
+                 *(money(m.amount) if m.book == book else "" for book in ("IC", "EP")), m.narration]
+                for m in sorted(found, key=lambda m: (m.day, m.number, m.order))]
+        sums = [money(sum((dec(m.amount) for m in found if m.book == book), Decimal(0))) for book in ("IC", "EP")]
+        self.show("INEXREG", rows + [["Total :"] + [""] * 6 + sums + [""]])
+
+    def taxes_at_source(self):
+        found = sorted((m for kept in self.books.money.values() for m in kept.values() if m.tds), key=lambda m: (m.day, m.book, m.number))
+        rows = [[str(m.number), m.day.strftime(FAST), KINDS[m.book], m.party.name, m.party.gstin[2:12] if len(m.party.gstin) == 15 else None,
+                 self.books.name(m.tds_account), money(m.amount), money(m.tds)] for m in found]
+        self.show("TDSREG", total(rows, (6, 7), 8) if rows else [])
+
+    def journals(self):
+        rows, mains = [], []
+        for j in sorted((j for kept in self.books.journals.values() for j in kept.values()), key=lambda j: (j.day, j.book, j.number)):
+            entries = self.books.rows(j)
+            sides = [money(sum((r.amount for r in entries if r.side == side), Decimal(0))) for side in "DC"]
+            mains.append([j.day.strftime(DETAIL), KINDS[j.book], str(j.number), j.reference, j.narration, *sides])
+            rows.append(mains[-1])
+            rows += [["", "", "", "", self.books.name(r.account) + (" : " + r.narration if len(r.narration) > 1 else ""),
+                      *(money(r.amount) if r.side == side else "" for side in "DC")] for r in entries]
+        self.show("JVREG", rows + total(mains, (5, 6), 7)[-1:])
 
     def cash_book(self, menu, code, start, end):
         """A line a day with what stood in the account before and after, and its entries, debits first."""
@@ -184,28 +223,30 @@ class Reports:
             rows.append(mains[-1])
             for r in entries:
                 amount = money(r.amount)
-                rows.append(["", str(r.number), r.book, self.books.name(r.against) + (" : " + r.narration if len(r.narration) > 1 else ""), r.reference, "",
+                rows.append(["", str(r.number), r.book, self.books.name(r.against) + (" : " + r.narration if len(r.narration) > 1 else ""), r.cheque or r.reference, "",
                              amount if r.side == "D" else "", amount if r.side == "C" else "", ""])
         self.show(menu, rows + total(mains, (6, 7), 9)[-1:], start, end, fields=[("party", code)])
 
     def day_book(self, start, end, party=None):
-        kinds = {"SA": "Sale Bill", "PU": "Purchase", "CH": "Challan", "RC": "Receipt", "PY": "Payment"}
         books = self.books
-        vouchers = [v for kept in (*books.bills.values(), books.challans, *books.money.values()) for v in kept.values()
-                    if start <= v.day <= end and (not party or v.party is party)]
+        touches = lambda v: not party or getattr(v, "party", None) is party or any(r.account == party.code for r in books.rows(v))
+        vouchers = [v for kept in (*books.bills.values(), books.challans, *books.money.values(), *books.journals.values()) for v in kept.values()
+                    if start <= v.day <= end and touches(v)]
         mains, rows = [], []
         for v in sorted(vouchers, key=lambda v: (v.day, v.book, v.number)):
             entries = books.rows(v)
-            paper = str(v.challan_number) if v.book == "CH" else getattr(v, "bill_number", "")
+            paper = str(v.challan_number) if v.book == "CH" else getattr(v, "bill_number", getattr(v, "reference", ""))
             sides = [money(sum((r.amount for r in entries if r.side == side), Decimal(0))) for side in "DC"]
-            mains.append([v.day.strftime(DETAIL), kinds[v.book], str(v.number), paper, v.party.name, *sides])
+            mains.append([v.day.strftime(DETAIL), KINDS[v.book], str(v.number), paper, v.narration if v.book in ("JV", "CN") else v.party.name, *sides])
             rows.append(mains[-1])
             rows += [["", "", "", "", books.name(r.account), *(money(r.amount) if r.side == side else "" for side in "DC")] for r in entries] or [[""] * 7]
         self.show("DAYBOOK", rows + total(mains, (5, 6), 7)[-1:], start, end, fields=[("party", party.code)] if party else ())
 
     def books_by_day(self):
         self.purchases()
+        self.notes()
         self.payments()
+        self.journals()
         bank = next(p for p in self.books.parties if p.group == BANKS)
         self.cash_book("CASHBOOK", CASH, PERIOD[0], self.today)
         self.cash_book("BANKBOOK", bank.code, datetime.date(2026, 10, 1), self.today)
@@ -215,19 +256,8 @@ class Reports:
     # What is owed
 
     def owed(self, party, end):
-        """First in, first out: the debits that all credits leave open."""
-        debits = [(r.day, r.reference, r.amount) for r in self.ledger if r.account == party.code and r.side == "D" and r.day <= end]
-        left = sum((r.amount for r in self.ledger if r.account == party.code and r.side == "C"), max(-dec(party.opening), Decimal(0)))
-        debits.sort(key=lambda d: d[:2])
-        if party.opening > 0:
-            debits.insert(0, (datetime.date(2026, 4, 1), " OP", dec(party.opening)))
-        open_bills = []
-        for day, reference, amount in debits:
-            paid = min(left, amount)
-            left -= paid
-            if paid < amount:
-                open_bills.append([day.strftime(DETAIL), reference, money(amount), money(paid), money(amount - paid), str((end - day).days)])
-        return open_bills
+        return [[day.strftime(DETAIL), reference, money(amount), money(paid), money(amount - paid), str((end - day).days)]
+                for day, reference, amount, paid, _ in self.books.owed(party, self.ledger, end)]
 
     def outstanding(self, end):
         mains, rows = [], []
@@ -286,7 +316,7 @@ class Reports:
             s.sql("SELECT ROUNDED(COALESCE(SUM(CASE VOUCH_TYPE WHEN 'D' THEN VOUCH_AMT END), 0), 2), ROUNDED(COALESCE(SUM(CASE VOUCH_TYPE WHEN 'C' THEN VOUCH_AMT END), 0), 2)"
                   " FROM ALEDGER WHERE PARTY_CD = '%s'" % code, "|".join(number(float(x)) for x in sides))
             s.sql("SELECT ROUNDED(CL_BAL, 2) FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(books.balance(code, self.ledger))))
-        for book, bills in books.bills.items():
+        for book, bills in ((book, bills) for book, bills in books.bills.items() if bills):
             add = lambda figure: number(float(sum((dec(figure(b)) for b in bills.values()), Decimal(0))))
             s.sql("SELECT COUNT(*), ROUNDED(SUM(ITEM_AMT), 2), ROUNDED(SUM(TCGSTRT), 2), ROUNDED(SUM(TSGSTRT), 2), ROUNDED(SUM(TIGSTRT), 2),"
                   " ROUNDED(SUM(ROUND_OFF), 2), SUM(NET_AMT), SUM(CHLN_NO), SUM(CR_DAYS) FROM SALE WHERE BOOK_CD = '%s'" % book,

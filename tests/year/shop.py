@@ -6,6 +6,7 @@ class Shop:
     def __init__(self, script, books):
         self.s, self.books = script, books
         self.desk = None
+        self.taxed = set()  # books whose account of TDS has been chosen
 
     def at(self, menu):
         """The screen of a menu entry, kept open while one voucher follows another."""
@@ -17,7 +18,7 @@ class Shop:
         return True
 
     def leave(self):
-        if self.desk in ("RECEIPT", "PAYMENT"):
+        if self.desk in ("RECEIPT", "PAYMENT", "INCOME", "EXPENSE"):
             self.s("press cmdClose")
         elif self.desk:
             self.s("press cmdclose")

@@ -1,18 +1,27 @@
 """A year of the shop from a seed: what happens on which day, done in the books and by the clerk alike."""
 import datetime
 import random
+from dataclasses import replace
 
-from books import BANKS, CASH, CREDITORS, DEBTORS, PERIOD, Bill, Books, Category, Challan, Item, Line, Money, Party, Quotation, Unit
+from books import (ADVANCES, BANKS, CAPITAL, CASH, CREDITORS, DEBTORS, DUTIES, EXPENSES, INCOMES, OVERDRAFTS, PERIOD, Bill, Books, Category, Challan, Entry, Item,
+                   Journal, Line, Money, Party, Quotation, Unit)
 from clerk import MISC_WORK, Clerk
-from rules import bill_date_passes, rounded
+from rules import bill_date_passes, bill_line, dec, rounded
 from script import Script
 
 RATES = [0, 5, 12, 18, 28]
 KINDS = ["GRAIN BAG", "SPICE BOX", "LADDER", "LAMP", "PAINT", "HAMMER", "ROPE", "BASIN"]
 WORDS = ["HARSH", "GIRNAR", "NAVRANG", "O'NEIL & SONS", "SHREEJI", "MEHTA", "PARIMAL", "GOKUL", "DHRUV", "MODI"]
 PLACES = {24: ["ANAND", "NADIAD", "SURAT"], 27: ["NASHIK", "PUNE"], 8: ["JAIPUR"], 29: ["HUBLI"]}
+ACCOUNTS = [("RENT", EXPENSES), ("SALARIES", EXPENSES), ("BANK CHARGES", EXPENSES), ("SCRAP SOLD", INCOMES), ("INTEREST EARNED", INCOMES),
+            ("DRAWINGS", CAPITAL), ("CREDIT LINE", OVERDRAFTS), ("TDS RECEIVABLE", ADVANCES), ("TDS PAYABLE", DUTIES)]
 UPDATE_IN = 9  # the month of the database update
 RESTARTS = 3, 8  # months before which the program is started anew
+
+
+def rules_of(line):
+    """The taxes that its rates make, which a typed one is not."""
+    return bill_line(line.quantity, line.rate, line.discount, line.taxes)[1]
 
 
 class Year:
@@ -50,6 +59,7 @@ class Year:
                 units.append(Unit("PCS", rounded(price * 0.07, 2), rounded(price / 8, 2), rng.choice([0, 3])))
             books.items.append(Item("I%07d" % (n + 1), "%s %02d" % (KINDS[n % 8], n + 1), category.code, category.tax, category.hsn, units))
         books.parties = [self.party(n) for n in range(28)]
+        books.parties += [Party("A%05d" % (29 + n), name, group, 24, "", 0) for n, (name, group) in enumerate(ACCOUNTS)]
         self.clerk.categories(made)
         self.clerk.items(books.items)
         self.clerk.parties(books.parties)
@@ -69,7 +79,7 @@ class Year:
     def newcomers(self):
         self.clerk.leave()
         new = [self.party(n) for n in (32, 33)]
-        for p, n in zip(new, (29, 30)):
+        for n, p in enumerate(new, len(self.books.parties) + 1):
             p.code = "A%05d" % n
             p.group = DEBTORS
             p.opening = abs(p.opening)
@@ -88,6 +98,7 @@ class Year:
         after = (first + datetime.timedelta(32)).replace(day=1)
         days = sorted(rng.sample(range((after - first).days), 9))
         entries = ["bill"] * 25 + ["purchase"] * 3 + ["receipt"] * 5 + ["payment"] * 2 + ["challan", "quotation"] * 2
+        entries += ["journal", "journal", "contra", "note", rng.choice(["debit_note", "purchase_return"])]
         entries += rng.sample(["mend", "head", "drop", "add"], 3) + rng.choice([["delete"], []]) + [rng.choice(["mend_challan", "mend_quotation", "mend_money"])]
         for kind in ("challan", "money", "quotation", "last"):
             if rng.random() < 0.25:
@@ -163,7 +174,7 @@ class Year:
         self.bill("PU")
 
     def some_bill(self, lines=1):
-        found = [b for b in self.books.bills["SA"].values() if len(b.lines) >= lines]
+        found = [b for b in self.books.bills["SA"].values() if len(b.lines) >= lines and not self.books.is_bound(b)]
         b = self.rng.choice(found) if found else None
         if b:
             b.challan = 0  # the screen does not show it again
@@ -211,8 +222,43 @@ class Year:
 
     def delete_last(self):
         bills = self.books.bills["SA"]
-        if bills:
+        if bills and not self.books.is_bound(bills[max(bills)]):
             self.clerk.delete("SALE", bills.pop(max(bills)))
+
+    # Notes against bills
+
+    def note(self, book="SR"):
+        """Part of what a bill holds, at its rates; each bill is written against once."""
+        rng, books, day = self.rng, self.books, self.some_day()
+        bills = books.bills["PU" if book == "PR" else "SA"].values()
+        numbers = [b.bill_number for b in bills]
+        against = [n.original for notes in ("SR", "SD", "PR") for n in books.bills[notes].values()]
+        found = [b for b in bills if b not in against and b.net > 0 and b.day <= day and numbers.count(b.bill_number) == 1
+                 and all(l.amount > 0 and l.typed is None and l.amounts == rules_of(l) for l in b.lines)]
+        if not found:
+            return
+        b = rng.choice(found)
+        lines = []
+        for line in b.lines:
+            line.taken = rng.choice([line.quantity, min(1, line.quantity), rounded(line.quantity / 2, 2)])
+            new = replace(line, quantity=line.taken)
+            new.work_out()
+            lines.append(new)
+        number = books.next(books.bills[book])
+        n = Bill(book, number, day, b.party, b.type, books.next_bill_number(b.type, book), b.party.days if book == "SD" else 0, lines, rng.choice(["", "AS TALKED OVER"]),
+                 original=b, reason=rng.choice([1, 3]), taken=b.lines)
+        n.work_out()
+        if n.net == 0:
+            return
+        books.bills[book][number] = n
+        books.saved(n)
+        self.clerk.note(n, self.today)
+
+    def debit_note(self):
+        self.note("SD")
+
+    def purchase_return(self):
+        self.note("PR")
 
     def plain_lines(self, party, most):
         lines = []
@@ -263,21 +309,50 @@ class Year:
     def delete_quotation(self):
         self.delete_some("QUOTATION", self.books.quotations)
 
-    def receipt(self, book="RC"):
+    def receipt(self, book="RC", group=DEBTORS):
         rng, books = self.rng, self.books
         place = rng.choice([CASH, CASH, next(p.code for p in books.parties if p.group == BANKS)])
-        m = Money(book, books.next(books.money[book]), self.some_day(), place, self.choose(DEBTORS if book == "RC" else CREDITORS),
+        m = Money(book, books.next(books.money[book]), self.some_day(), place, self.choose(group),
                   rng.choice([rng.randrange(1, 300) * 100, rng.randrange(100, 900000) / 100]), rng.choice(["", "PART OF IT"]))
+        m.order = sum(len(kept) for kept in books.money.values())
         books.money[book][m.number] = m
         books.saved(m)
         self.clerk.money(m, self.today)
 
     def payment(self):
-        self.receipt("PY")
+        self.receipt("PY", CREDITORS)
+
+    # Journals
+
+    def journal(self):
+        """Some debits against some credits of any accounts; the last makes both sides equal."""
+        rng = self.rng
+        accounts = rng.sample([p.code for p in self.books.parties if p.group not in (BANKS, OVERDRAFTS)], rng.choice([2, 2, 3, 5]))
+        self.write_journal("JV", accounts)
+
+    def contra(self):
+        self.write_journal("CN", self.rng.sample([CASH] + [p.code for p in self.books.parties if p.group in (BANKS, OVERDRAFTS)], 2))
+
+    def write_journal(self, book, accounts):
+        rng, books = self.rng, self.books
+        j = Journal(book, books.next(books.journals[book]), self.some_day(), rng.choice(["", "REF/%d" % rng.randrange(1, 999)]),
+                    rng.choice(["", "AS AGREED"]), [])
+        open_sides = 0
+        for code in accounts[:-1]:
+            entry = Entry(code, rng.choice("DC"), rng.randrange(100, 900000) / 100, rng.choice(["", "", "OF THE MONTH"]))
+            j.entries.append(entry)
+            open_sides = rounded(open_sides + (entry.amount if entry.side == "D" else -entry.amount), 2)
+        if open_sides == 0:
+            return
+        j.entries.append(Entry(accounts[-1], "C" if open_sides > 0 else "D", abs(open_sides)))
+        books.journals[book][j.number] = j
+        books.saved(j)
+        self.clerk.journal(j, self.today)
 
     def mend_money(self):
-        if self.books.money["RC"]:
-            m = self.rng.choice(list(self.books.money["RC"].values()))
+        found = [m for m in self.books.money["RC"].values() if not m.settles]
+        if found:
+            m = self.rng.choice(found)
             m.amount, m.day = self.rng.randrange(100, 900000) / 100, self.some_day()
             self.books.saved(m)
             self.clerk.mend_money(m)
