@@ -181,5 +181,16 @@ inline constexpr FieldName kFrom{"from"};
 inline constexpr FieldName kTo{"to"};
 inline constexpr FieldName kSalesman{"salesman"};
 
+// Bank reconciliation
+inline constexpr FieldName kBankSays{"bank_says"};          // its balance, as the statement has it
+inline constexpr FieldName kBookRows{"book_rows"};          // the grids of both sides
+inline constexpr FieldName kStatementRows{"statement_rows"};
+inline constexpr FieldName kByBooks{"by_books"};            // what the sums come to
+inline constexpr FieldName kPaidOpen{"paid_open"};
+inline constexpr FieldName kReceivedOpen{"received_open"};
+inline constexpr FieldName kByBank{"by_bank"};
+inline constexpr FieldName kNotInBooks{"not_in_books"};
+inline constexpr FieldName kUnexplained{"unexplained"};
+
 }  // namespace fields
 // clang-format on

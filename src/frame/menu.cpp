@@ -92,6 +92,7 @@ constexpr Command kCommands[] = {
     {.menu = "mnurpts",  .caption = "Partty Ledger",                .control = "SALERPT",       .key = "LEDGERS",         .reportKey = "LEDGERS",         .screen = "regdlg1"},
     {.menu = "mnurpts",  .caption = "T-Ledger",                     .control = "SALERPT",       .key = "TLEDGERS",        .reportKey = "TLEDGERS",        .screen = "regdlg1"},
     {.menu = "mnurpts",  .caption = "Outstanding LIst",             .control = "SALERPT",       .key = "ONACRCV",         .reportKey = "ONACRCV",         .screen = "frmreport"},
+    {.menu = "mnurpts",  .caption = "Bank Reconciliation",          .control = "SALERPT",       .key = "BRS",             .screen = "FRMBRS"},
 
     {.menu = "mnuutils", .caption = "Posting",                      .control = "UTIL1", .index = 0,     .key = "posting",  .screen = "FRMPOST"},
     {.menu = "mnuutils", .caption = "Company Details Set",          .control = "UTIL1", .index = 1,     .key = "acc_set",  .screen = "stngs"},

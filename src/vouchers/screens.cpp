@@ -3,6 +3,7 @@
 #include "frame/frmstartup.h"
 #include "frame/session.h"
 #include "vouchers/bwrcpy.h"
+#include "vouchers/frmbrs.h"
 #include "vouchers/frmchln.h"
 #include "vouchers/frmjrnl.h"
 #include "vouchers/frmpost.h"
@@ -19,6 +20,7 @@ void addVoucherScreens(Screens& screens) {
   screens.add<FRMCHLN>("FRMCHLN");
   screens.add<bwrcpy>("bwrcpy");
   screens.add<FRMJRNL>("FRMJRNL");
+  screens.add<FRMBRS>("FRMBRS");
   screens.add<FRMPOST>("FRMPOST");
 }
 

@@ -1,0 +1,389 @@
+#include "vouchers/frmbrs.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+
+#include "base/figure.h"
+#include "base/number.h"
+#include "base/pattern.h"
+#include "base/text.h"
+#include "base/words.h"
+#include "frame/lookup.h"
+#include "frame/session.h"
+#include "frame/voucher_opening.h"
+#include "store/groups.h"
+#include "vouchers/accounts.h"
+#include "vouchers/frmbrs_table.h"
+#include "vouchers/frmjrnl.h"
+
+using namespace fields;
+
+namespace {
+
+constexpr const char* kRefusal = english("Mirav Message");
+constexpr const char* kMatched = "=";
+constexpr const char* kProposed = "?";
+
+std::string shownDay(const std::optional<Date>& day) { return day ? formatDate(*day, "dd/MM/yyyy") : ""; }
+std::string money(double figure) { return Format(figure, "0.00"); }
+
+// Cash is counted, not reconciled.
+std::string bankGroups() { return underGroups("GROUP_CD", {87, 127}); }
+
+}  // namespace
+
+FRMBRS::FRMBRS(Host& theHost) : ChildScreen(theHost, reconciliationTable()) {
+  escMeans = english("Esc = Close");
+  for (const FieldName list : {kBookRows, kStatementRows})
+    at(list).grid.source = std::make_shared<CellRows>();
+  wire(*this, {
+                  {"cmdshow",      On::Click,       &FRMBRS::show         },
+                  {"cmdread",      On::Click,       &FRMBRS::readStatement},
+                  {"cmdtake",      On::Click,       &FRMBRS::takeCertain  },
+                  {"cmdvoucher",   On::Click,       &FRMBRS::writeVoucher },
+                  {"cmdclose",     On::Click,       &FRMBRS::close        },
+                  {"",             KeyCode::Esc,    &FRMBRS::close        },
+                  {"",             KeyCode::F9,     &FRMBRS::writeVoucher },
+                  {"MaskEdBox1",   KeyCode::F1,     &FRMBRS::dateF1       },
+                  {"MaskEdBox1",   KeyCode::F2,     &FRMBRS::dateF2       },
+                  {"MaskEdBox1",   KeyCode::F3,     &FRMBRS::dateF3       },
+                  {kFrom,          KeyCode::Enter,  &FRMBRS::dateStands   },
+                  {kTo,            KeyCode::Enter,  &FRMBRS::dateStands   },
+                  {kAccount,       KeyCode::Enter,  &FRMBRS::account      },
+                  {kBankSays,      On::Change,      &FRMBRS::bankSaysTyped},
+                  {kBookRows,      KeyCode::Enter,  &FRMBRS::take         },
+                  {kBookRows,      On::DoubleClick, &FRMBRS::take         },
+                  {kBookRows,      KeyCode::F8,     &FRMBRS::undo         },
+                  {kBookRows,      KeyCode::F6,     &FRMBRS::takeCertain  },
+                  {kBookRows,      KeyCode::F5,     &FRMBRS::showVoucher  },
+                  {kBookRows,      KeyCode::Right,  &FRMBRS::otherSide    },
+                  {kBookRows,      On::Row,         &FRMBRS::rowMoved     },
+                  {kBookRows,      On::Focus,       &FRMBRS::rowMoved     },
+                  {kStatementRows, KeyCode::Left,   &FRMBRS::otherSide    },
+                  {kStatementRows, KeyCode::Enter,  &FRMBRS::otherSide    },
+                  {kStatementRows, On::Row,         &FRMBRS::lineMoved    },
+                  {kDate,          KeyCode::Enter,  &FRMBRS::clearedOn    },
+                  {kDate,          KeyCode::Esc,    &FRMBRS::otherSide    },
+  });
+}
+
+void FRMBRS::opened(const Opening& opening) {
+  ChildScreen::opened(opening);
+  put(kFrom, session().mstartdt);
+  put(kTo, host.today());
+  const auto only = data().all("SELECT ACC_CD FROM ACCOUNT WHERE " + bankGroups() + " LIMIT 2");
+  if (only.size() == 1) put(kAccount, only.front().text(0));
+  if (!opening.value.empty()) put(kAccount, opening.value);
+  focus(at(kAccount));
+}
+
+// A voucher that was written for a line of the statement is in the books now.
+void FRMBRS::activated() {
+  if (std::exchange(awaitsVoucher_, false)) refresh();
+}
+
+// What is asked
+
+Go FRMBRS::account() {
+  if (trimmed(kAccount).empty())
+    return lookUp(host, *this, here(),
+                  accounts({{"ACC_CD"}, {"ACC_NAME"}, {"AREA"}, {"CITY"}, balanceColumn()}, bankGroups()));
+  const std::string code = fullCode(data(), trimmed(kAccount));
+  put(kAccount, code);
+  const auto bank = data().first("SELECT ACC_NAME FROM ACCOUNT WHERE ACC_CD = ? AND " + bankGroups(), code);
+  put(kAccountName, bank ? bank->text(0) : "");
+  if (bank) return Go::On;
+  host.message("A Bank Reconciliation Takes A Bank Account\nEmpty It And Press Enter For Help", kRefusal);
+  return Go::Stay;
+}
+
+void FRMBRS::show() {
+  if (!work(at(kAccount)) || trimmed(kAccount).empty()) {
+    focus(at(kAccount));
+    return;
+  }
+  if (!date(kFrom) || !date(kTo) || *date(kTo) < *date(kFrom)) {
+    host.message("The Dates Are Not In Order", kRefusal);
+    focus(at(kTo));
+    return;
+  }
+  if (figureRefused(text(kBankSays))) {
+    host.message(kFigureRefused, kRefusal);
+    focus(at(kBankSays));
+    return;
+  }
+  // The statement is of the account that it was read for.
+  if (!sameText(shownAccount_, trimmed(kAccount))) lines_.clear(), statementName_.clear();
+  shownAccount_ = trimmed(kAccount);
+  caption = words("Bank Reconciliation : {bank}", "bank", trimmed(kAccountName));
+  at(kBookRows).grid.current = Grid::kNone;
+  refresh();
+  focus(at(kBookRows));
+}
+
+void FRMBRS::readStatement() {
+  if (shownAccount_.empty()) show();
+  if (shownAccount_.empty()) return;
+  const auto typed = host.input(
+      "Type The File Of The Bank's Statement, Csv Or Xlsx\r\n"
+      "A Name Alone Is Looked For In The Program Folder",
+      kRefusal, "");
+  if (!typed || trim(*typed).empty()) return;
+  try {
+    const Busy busy(host);
+    const std::filesystem::path file = std::filesystem::path(session().mapppath) / trim(*typed);
+    BankStatement read = readBankStatement(file);
+    lines_ = std::move(read.lines);
+    statementName_ = file.filename().string();
+    // Some banks give the latest first.
+    if (lines_.back().date < lines_.front().date) std::ranges::reverse(lines_);
+    std::ranges::stable_sort(lines_, {}, &StatementLine::date);
+    if (read.unread > 0)
+      host.message(words("{count} Rows Of {file} Have A Date And No Amount That Can Be Read", "count",
+                         std::to_string(read.unread), "file", statementName_),
+                   kRefusal);
+    // The balance of the last line is the bank's; of several of the day the file's last.
+    if (lines_.back().balance) put(kBankSays, money(*lines_.back().balance));
+  } catch (const StatementRefused& refused) {
+    host.message(refused.what(), kRefusal);
+    return;
+  }
+  refresh();
+  focus(at(kBookRows));
+}
+
+// Both sides
+
+const Match* FRMBRS::matchOf(size_t book) const {
+  const auto found = std::ranges::find(matches_, book, &Match::book);
+  return found == matches_.end() ? nullptr : &*found;
+}
+
+bool FRMBRS::isMatched(size_t line) const {
+  return std::ranges::any_of(matches_, [&](const Match& m) { return m.line == line && m.known; });
+}
+
+void FRMBRS::refresh() {
+  if (shownAccount_.empty()) return;
+  const Busy busy(host);
+  books_ = bankEntries(data(), shownAccount_, *date(kFrom), *date(kTo));
+  matches_ = matchStatement(books_, lines_);
+  fillGrids();
+  showSums();
+  showProposal();
+}
+
+void FRMBRS::fillGrids() {
+  auto books = std::make_shared<CellRows>();
+  for (size_t i = 0; i < books_.size(); ++i) {
+    const BookEntry& e = books_[i];
+    const Match* const match = matchOf(i);
+    const double amount = e.row.amount;
+    const bool open = match && !match->known;
+    books->rows.push_back({{.text = match && match->known ? kMatched
+                                    : open                ? kProposed
+                                                          : ""},
+                           {.text = shownDay(e.date)},
+                           {.text = e.particulars},
+                           {.text = e.reference},
+                           {.text = amount > 0 ? money(amount) : ""},
+                           {.text = amount < 0 ? money(-amount) : ""},
+                           {.text = open ? "? " + shownDay(lines_[match->line].date) : shownDay(e.cleared)}});
+  }
+  Grid& left = at(kBookRows).grid;
+  const size_t row = left.current;
+  left.source = books;
+  left.moveTo(row == Grid::kNone ? 0 : row);
+
+  auto said = std::make_shared<CellRows>();
+  for (size_t i = 0; i < lines_.size(); ++i) {
+    const bool proposed = std::ranges::find(matches_, i, &Match::line) != matches_.end();
+    const StatementLine& line = lines_[i];
+    said->rows.push_back({{.text = isMatched(i) ? kMatched
+                                   : proposed   ? kProposed
+                                                : ""},
+                          {.text = shownDay(line.date)},
+                          {.text = trim(line.text + " " + line.reference)},
+                          {.text = money(line.amount)}});
+  }
+  Grid& right = at(kStatementRows).grid;
+  const size_t line = right.current;
+  right.source = said;
+  right.moveTo(line == Grid::kNone ? 0 : line);
+  const auto certain = std::ranges::count_if(matches_, [](const Match& m) { return m.certain && !m.known; });
+  at("cmdtake").enabled = certain > 0;
+  reason =
+      certain > 0 ? words("F6 takes the {count} that are certain", "count", std::to_string(certain)) : "";
+}
+
+void FRMBRS::showSums() {
+  const BankSums sums = bankSums(data(), shownAccount_, *date(kTo));
+  double outside = 0;
+  int count = 0;
+  for (size_t i = 0; i < lines_.size(); ++i)
+    if (!isMatched(i) && lines_[i].date <= *date(kTo) &&
+        std::ranges::find(matches_, i, &Match::line) == matches_.end()) {
+      outside += lines_[i].amount;
+      ++count;
+    }
+  at(kByBooks).text = money(sums.books);
+  at(kPaidOpen).text = money(sums.paid);
+  at(kReceivedOpen).text = money(-sums.received);
+  at(kByBank).text = money(sums.bank());
+  at("lblsays").text = words("Bank says on {date}", "date", shownDay(date(kTo)));
+  at("lblsaid").text = money(value(kBankSays));
+  at(kNotInBooks).text = money(outside);
+  const auto matched = std::ranges::count_if(matches_, &Match::known);
+  at("lblstatement").text =
+      lines_.empty() ? words("Statement")
+                     : words("Statement  ::  {file}, {matched} of {lines} matched, {open} not in books",
+                             "file", statementName_, "lines", std::to_string(lines_.size()), "matched",
+                             std::to_string(matched), "open", std::to_string(count));
+  const bool says = !trimmed(kBankSays).empty();
+  put(kUnexplained, says ? money(Round(value(kBankSays) - sums.bank() - outside, 2)) : "");
+}
+
+void FRMBRS::bankSaysTyped() {
+  if (!shownAccount_.empty()) showSums();
+}
+
+void FRMBRS::rowMoved() { showProposal(); }
+
+// The books follow to the row that the line is proposed for.
+void FRMBRS::lineMoved() {
+  const auto found = std::ranges::find(matches_, at(kStatementRows).grid.current, &Match::line);
+  if (found == matches_.end()) return;
+  at(kBookRows).grid.moveTo(found->book);
+  showProposal();
+}
+
+// What speaks for the line that is proposed for the row under the cursor.
+void FRMBRS::showProposal() {
+  at("lblproposal").text.clear();
+  if (bookRow() >= books_.size()) return;
+  const BookEntry& entry = books_[bookRow()];
+  const Match* const match = matchOf(bookRow());
+  put(kDate, match ? std::optional(lines_[match->line].date) : entry.cleared);
+  if (!match) {
+    if (!lines_.empty()) at("lblproposal").text = words("The statement has no line for it");
+    return;
+  }
+  const StatementLine& line = lines_[match->line];
+  at(kStatementRows).grid.moveTo(match->line);
+  std::vector<std::string> facts{
+      match->known     ? words("Cleared, F8 takes it back")
+      : match->certain ? words("Certain, Enter takes it")
+                       : words("Others may be meant, Enter takes this one"),
+      words("{amount} on both sides", "amount", indianGroups(money(std::fabs(line.amount))))};
+  if (match->reference == Match::Reference::Agrees)
+    facts.push_back(words("{number} stands in the text of the bank", "number", entry.reference));
+  if (match->reference == Match::Reference::Differs)
+    facts.push_back(words("The bank has {number}", "number", trim(line.reference)));
+  if (match->days == 0)
+    facts.push_back(words("On the same day"));
+  else
+    facts.push_back(words(match->days == 1   ? english("{count} day later")
+                          : match->days > 1  ? english("{count} days later")
+                          : match->days < -1 ? english("{count} days earlier")
+                                             : english("{count} day earlier"),
+                          "count", std::to_string(std::abs(match->days))));
+  at("lblproposal").text = join(facts, "  ::  ");
+}
+
+// Clearing
+
+void FRMBRS::clearRow(size_t row, const std::optional<Date>& on) {
+  setCleared(data(), books_[row].row, on);
+  if (on) lastDate_ = on;
+}
+
+// A proposal is taken at once; else the date is typed, the one before proposed.
+Go FRMBRS::take() {
+  if (bookRow() >= books_.size()) return Go::Stay;
+  const BookEntry& entry = books_[bookRow()];
+  const Match* const match = matchOf(bookRow());
+  if (!match || match->known) {
+    put(kDate, entry.cleared                           ? entry.cleared
+               : lastDate_ && *lastDate_ >= entry.date ? lastDate_
+                                                       : entry.date);
+    focus(at(kDate));
+    return Go::Stay;
+  }
+  clearRow(bookRow(), lines_[match->line].date);
+  at(kBookRows).grid.moveTo(bookRow() + 1);
+  refresh();
+  return Go::Stay;
+}
+
+Go FRMBRS::clearedOn() {
+  if (leaving()) return Go::On;
+  if (bookRow() >= books_.size()) return Go::Stay;
+  const bool empty = text(kDate) == kEmptyDate;
+  const auto on = date(kDate);
+  if (!empty && !on) return dateStands();
+  if (on && *on < addDays(books_[bookRow()].date, -31)) {
+    host.message("The Bank Cannot Have It So Long Before The Books", kRefusal);
+    return Go::Stay;
+  }
+  clearRow(bookRow(), on);
+  at(kBookRows).grid.moveTo(bookRow() + 1);
+  refresh();
+  focus(at(kBookRows));
+  return Go::Stay;
+}
+
+void FRMBRS::undo() {
+  if (bookRow() >= books_.size() || !books_[bookRow()].cleared) return;
+  clearRow(bookRow(), std::nullopt);
+  refresh();
+}
+
+void FRMBRS::takeCertain() {
+  whole(data(), [&] {
+    for (const Match& match : matches_)
+      if (match.certain && !match.known) clearRow(match.book, lines_[match.line].date);
+  });
+  refresh();
+  focus(at(kBookRows));
+}
+
+void FRMBRS::otherSide() { focus(at(isHere(kBookRows) ? kStatementRows : kBookRows)); }
+
+void FRMBRS::showVoucher() {
+  if (bookRow() >= books_.size()) return;
+  const BankRow& row = books_[bookRow()].row;
+  awaitsVoucher_ = openVoucher(host, *this, {row.book, row.number});
+}
+
+// Of the line under the cursor, which the books lack: charges, interest, what a customer paid straight in.
+void FRMBRS::writeVoucher() {
+  const size_t row = at(kStatementRows).grid.current;
+  const bool lacks = row < lines_.size() && std::ranges::find(matches_, row, &Match::line) == matches_.end();
+  if (!lacks) {
+    ShowHint(host, "Choose A Line Of The Statement That The Books Lack :: Right = Statement Side");
+    return;
+  }
+  const StatementLine& line = lines_[row];
+  awaitsVoucher_ = true;
+  host.open("FRMJRNL", {
+                           .caller = spec.name,
+                           .entryType = "JOURNAL",
+                           .more = JournalDraft{.date = line.date,
+                                                .reference = cut(line.reference, 50),
+                                                .narration = cut(line.text, 200),
+                                                .account = shownAccount_,
+                                                .amount = line.amount}
+  });
+}
+
+std::string FRMBRS::hintFor(const Control& control) const {
+  if (control.spec->field == kBookRows)
+    return english(
+        "Enter = Take Or Type The Date :: F5 = Voucher :: F6 = Take All Certain :: F8 = Undo :: Right = "
+        "Statement Side");
+  if (control.spec->field == kStatementRows)
+    return english("F9 = Write The Voucher That Is Missing :: Left = Books");
+  return ChildScreen::hintFor(control);
+}

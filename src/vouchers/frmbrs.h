@@ -1,0 +1,55 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "frame/child_screen.h"
+#include "vouchers/reconciling.h"
+
+// Bank reconciliation: the rows of a bank account with the days on which the bank had them, beside the
+// lines of a statement. A clearing date is stored as soon as it is taken; F8 takes it back.
+class FRMBRS : public ChildScreen {
+ public:
+  explicit FRMBRS(Host& host);
+  void opened(const Opening& opening) override;
+  void activated() override;
+
+ protected:
+  std::string hintFor(const Control& control) const override;
+  bool unsaved() const override { return false; }  // what is typed here only asks
+
+ private:
+  void close() { host.close(*this); }
+  Go account();
+  void show();
+  void readStatement();
+  Go take();       // Enter on a row of the books
+  Go clearedOn();  // Enter in the date
+  void undo();
+  void takeCertain();
+  void otherSide();
+  void writeVoucher();
+  void showVoucher();
+  void rowMoved();
+  void lineMoved();
+  void bankSaysTyped();
+
+  // Reads the books again and matches; the cursor stays on its row.
+  void refresh();
+  void fillGrids();
+  void showSums();
+  void showProposal();
+  const Match* matchOf(size_t book) const;
+  bool isMatched(size_t line) const;
+  size_t bookRow() const { return at(fields::kBookRows).grid.current; }
+  void clearRow(size_t row, const std::optional<Date>& on);
+
+  std::string shownAccount_;
+  std::vector<BookEntry> books_;
+  std::string statementName_;
+  std::vector<StatementLine> lines_;
+  std::vector<Match> matches_;
+  std::optional<Date> lastDate_;  // typed or taken last
+  bool awaitsVoucher_ = false;
+};

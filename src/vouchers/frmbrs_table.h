@@ -1,0 +1,5 @@
+#pragma once
+
+#include "platform/screen.h"
+
+const ScreenSpec& reconciliationTable();

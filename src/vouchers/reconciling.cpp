@@ -1,0 +1,146 @@
+#include "vouchers/reconciling.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <map>
+
+#include "base/number.h"
+#include "base/text.h"
+#include "store/engine.h"
+
+namespace {
+
+constexpr int kEarlier = 3, kLater = 10, kChequeLives = 92, kNear = 4;
+constexpr size_t kLeastDigits = 4;
+
+// Numbers of some length in a text, without leading zeros: "CHQ 004512" has 4512.
+std::vector<std::string> numbersIn(const std::string& text) {
+  std::vector<std::string> numbers;
+  std::string run;
+  for (const char c : text + " ") {
+    if (std::isdigit(static_cast<unsigned char>(c)) != 0) {
+      run += c;
+      continue;
+    }
+    if (run.size() >= kLeastDigits)
+      numbers.push_back(run.substr(std::min(run.find_first_not_of('0'), run.size())));
+    run.clear();
+  }
+  std::erase(numbers, "");
+  return numbers;
+}
+
+// A number of the books stands anywhere in what the bank says; another one in its own column differs.
+Match::Reference compare(const BookEntry& book, const StatementLine& line) {
+  const auto ours = numbersIn(book.reference), theirs = numbersIn(line.reference),
+             said = numbersIn(line.text + " " + line.reference);
+  if (ours.empty()) return Match::Reference::Unknown;
+  for (const std::string& number : ours)
+    if (std::ranges::find(said, number) != said.end()) return Match::Reference::Agrees;
+  return theirs.empty() ? Match::Reference::Unknown : Match::Reference::Differs;
+}
+
+// Of one amount; none where they cannot be the same.
+std::optional<Match> answer(const BookEntry& book, const StatementLine& line) {
+  Match match{.reference = compare(book, line), .days = daysBetween(book.date, line.date)};
+  match.known = book.cleared == line.date;
+  match.moves = book.cleared && !match.known;
+  const int latest = match.reference == Match::Reference::Agrees ? kChequeLives : kLater;
+  if (!match.known && (match.days < -kEarlier || match.days > latest)) return std::nullopt;
+  return match;
+}
+
+// Better ones first; among equals as they stand.
+bool better(const Match& a, const Match& b) {
+  if (a.known != b.known) return a.known;
+  if (a.moves != b.moves) return b.moves;
+  if (a.reference != b.reference) return a.reference < b.reference;
+  return std::abs(a.days) < std::abs(b.days);
+}
+
+}  // namespace
+
+double BankSums::bank() const { return Round(books + paid - received, 2); }
+
+std::vector<BookEntry> bankEntries(Database& db, const std::string& account, Date from, Date to) {
+  ensureTable(db, "CLEARED");
+  std::vector<BookEntry> entries;
+  auto rows = db.query(
+      "SELECT L.BOOK_CD, L.VOUCH_NO, COALESCE(L.SRNO, 0), L.VOUCH_TYPE, L.VOUCH_AMT, L.VOUCH_DT,"
+      " (SELECT ACC_NAME FROM ACCOUNT WHERE ACCOUNT.ACC_CD = L.PARTY_TCD), L.CHQ_NO, L.PARTY_BL, C.CLG_DT"
+      " FROM ALEDGER AS L LEFT JOIN CLEARED AS C ON " +
+          clearedBy("L", "C") +
+          " WHERE L.PARTY_CD = ? AND L.VOUCH_DT <= ?"
+          " AND (L.VOUCH_DT >= ? OR C.CLG_DT IS NULL OR C.CLG_DT >= ?)"
+          " ORDER BY L.VOUCH_DT, L.VOUCH_NO, L.BOOK_CD, L.rowid",
+      account, to, from, from);
+  while (rows.next()) {
+    const std::string cheque = trim(rows.text(7)), bill = trim(rows.text(8));
+    const double amount = rows.number(4) * (rows.text(3) == "D" ? 1 : -1);
+    entries.push_back({
+        .row = {.account = account,
+                .book = rows.text(0),
+                .number = rows.number(1),
+                .serial = rows.number(2),
+                .amount = amount},
+        .date = rows.date(5).value_or(to),
+        .particulars = rows.text(6),
+        .reference = cheque.empty() || cheque == "." ? bill : cheque,
+        .cleared = rows.date(9)
+    });
+  }
+  return entries;
+}
+
+BankSums bankSums(Database& db, const std::string& account, Date to) {
+  ensureTable(db, "CLEARED");
+  const auto sums = db.first(
+      "SELECT SUM(CASE WHEN L.VOUCH_TYPE = 'D' THEN L.VOUCH_AMT ELSE -L.VOUCH_AMT END),"
+      " SUM(CASE WHEN L.VOUCH_TYPE <> 'D' AND (C.CLG_DT IS NULL OR C.CLG_DT > ?) THEN L.VOUCH_AMT END),"
+      " SUM(CASE WHEN L.VOUCH_TYPE = 'D' AND (C.CLG_DT IS NULL OR C.CLG_DT > ?) THEN L.VOUCH_AMT END)"
+      " FROM ALEDGER AS L LEFT JOIN CLEARED AS C ON " +
+          clearedBy("L", "C") + " WHERE L.PARTY_CD = ? AND L.VOUCH_DT <= ?",
+      to, to, account, to);
+  const double opening = db.number("SELECT OP_BAL FROM ACCOUNT WHERE ACC_CD = ?", account);
+  return {.books = Round(opening + sums->number(0), 2),
+          .paid = Round(sums->number(1), 2),
+          .received = Round(sums->number(2), 2)};
+}
+
+std::vector<Match> matchStatement(const std::vector<BookEntry>& books,
+                                  const std::vector<StatementLine>& lines) {
+  std::multimap<double, size_t> byAmount;
+  for (size_t book = 0; book < books.size(); ++book) byAmount.emplace(Round(books[book].row.amount, 2), book);
+  std::vector<Match> answers;
+  for (size_t line = 0; line < lines.size(); ++line) {
+    const auto [first, last] = byAmount.equal_range(Round(lines[line].amount, 2));
+    for (auto of = first; of != last; ++of)
+      if (auto match = answer(books[of->second], lines[line])) {
+        match->book = of->second;
+        match->line = line;
+        answers.push_back(*match);
+      }
+  }
+  // Certain: no rival that answers as well, for the row or for the line.
+  for (Match& match : answers) {
+    const bool rivals = std::ranges::any_of(answers, [&](const Match& other) {
+      const bool another = other.book != match.book || other.line != match.line;
+      const bool shares = other.book == match.book || other.line == match.line;
+      return another && shares && other.reference <= match.reference && other.known >= match.known;
+    });
+    const bool near = match.days >= -1 && match.days <= kNear;
+    match.certain = match.known || (!rivals && !match.moves &&
+                                    (match.reference == Match::Reference::Agrees ||
+                                     (match.reference == Match::Reference::Unknown && near)));
+  }
+  std::ranges::stable_sort(answers, better);
+  std::vector<Match> chosen;
+  for (const Match& match : answers) {
+    const bool taken = std::ranges::any_of(
+        chosen, [&](const Match& c) { return c.book == match.book || c.line == match.line; });
+    if (!taken) chosen.push_back(match);
+  }
+  std::ranges::sort(chosen, {}, &Match::line);
+  return chosen;
+}
