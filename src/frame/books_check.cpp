@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "base/words.h"
+#include "frame/made_from.h"
 #include "frame/posting_due.h"
 #include "frame/session.h"
 #include "frame/voucher_kinds.h"
@@ -104,7 +105,7 @@ void addParties(Faults& faults, const std::string& table, const std::string& boo
 }
 
 // Without the heads of the kind, what a posted voucher of some amount lacks.
-void addUnposted(Faults& faults, const std::string& table, const char* amount, const char* posted,
+void addUnposted(Faults& faults, const std::string& table, const char* amount, const std::string& posted,
                  const std::string& party = "H.PARTY_CD") {
   faults.add(kNotPosted, "H.BOOK_CD AS BOOK, H.VOUCH_NO, H.VOUCH_DT, " + party + ", 0, H." +
                              std::string(amount) + ", H.BOOK_CD FROM " + table + " AS H WHERE " +
@@ -151,7 +152,7 @@ BooksCheck booksCheck() {
   addParties(faults, "RPTPAY", "H.BOOK_CD", "AMOUNT");
   addLedger(faults);
   addUnposted(faults, "SALE", "NET_AMT", " AND H.GSTPOST = 1");
-  addUnposted(faults, "CHLN", "NET_AMT", "");
+  addUnposted(faults, "CHLN", "NET_AMT", standsAlone(data(), "H"));
   addUnposted(faults, "RPTPAY", "AMOUNT", "");
   addJournals(faults);
   return {

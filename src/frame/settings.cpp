@@ -22,6 +22,8 @@ constexpr const char* kDetail[] = {english("Ask Each Time"), english("With The B
                                    english("Parties Alone")};
 constexpr const char* kUnits[] = {english("Asked At Database Check"), english("One For Each Item"),
                                   english("As Many As Needed")};
+constexpr const char* kAlone[] = {english("Where No Bill Stands For Them"),
+                                  english("Always, Also Beside Their Bill")};
 
 constexpr const char *kBackup = english("Backup"), *kPrint = english("Before Print"),
                      *kBooks = english("Books");
@@ -39,6 +41,7 @@ constexpr Setting kSettings[] = {
     {kOutstandingBills, 9006, How::Choice, "0",           kPrint,  english("Outstanding list: bills"),    english("What the outstanding list asks before it is shown"), kDetail},
 
     {kOneUnit,          9007, How::Choice, "0",           kBooks,  english("Units of an item"),           english("With one for each item the books refuse a second; set by Database Check"), kUnits},
+    {kChallansPost,     9010, How::Choice, "0",           kBooks,  english("Challans post as sales"),     english("Goods count once while a bill takes their place; another choice shows after Posting"), kAlone},
 };
 // clang-format on
 

@@ -28,7 +28,8 @@ std::span<const Setting> settings();
 inline constexpr std::string_view kExitBackup = "EXITBACKUP", kBackupsKept = "KEPT", kBackupFolder = "BACKUP",
                                   kSecondFolder = "SECOND", kLedgerNumbers = "LDGRVNO",
                                   kLedgerNarration = "LDGRNARR", kPriceListParts = "PRICELST",
-                                  kOutstandingBills = "OUTSTDTL", kOneUnit = "ONEUNIT";
+                                  kOutstandingBills = "OUTSTDTL", kOneUnit = "ONEUNIT",
+                                  kChallansPost = "CHLNPOST";
 
 // As text, a choice as its number.
 std::string settingOf(Database& db, const Setting& setting);

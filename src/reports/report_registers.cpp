@@ -1,4 +1,5 @@
 #include "base/words.h"
+#include "frame/made_from.h"
 #include "frame/voucher_kinds.h"
 #include "reports/reports.h"
 #include "store/groups.h"
@@ -24,6 +25,15 @@ Condition datesAndPlaces(const ReportQuery& q) {
   return c.addFilled("AREA = ?", q[kCity]).addFilled("CITY = ?", q[kState]);
 }
 
+// Behind the documented columns of a list by date: the bill, or the challan, that was made of the voucher.
+void addBilled(ReportPlan& plan, Database& db, Lists lists, const VoucherKind& kind) {
+  if (lists == Lists::All) return;
+  const std::string amount = "AS N_AMT,", column = madeOfColumn(db, kind, kind.tables.heads) + " AS BILLED,";
+  plan.rows.text.insert(plan.rows.text.find(amount) + amount.size(), " " + column);
+  plan.rows.values.insert(plan.rows.values.begin(), words("Open"));
+  plan.columns.push_back({.heading = "Billed", .twips = 1000});
+}
+
 // The condition and order of a register over `table`, and the values of its condition.
 ReportPlan& narrow(ReportPlan& plan, Lists lists, const Condition& c, const std::string& table,
                    const std::string& ordered) {
@@ -39,7 +49,7 @@ ReportPlan& narrow(ReportPlan& plan, Lists lists, const Condition& c, const std:
 }
 
 template <Lists lists>
-ReportPlan planQuotations(Database&, const ReportQuery& q) {
+ReportPlan planQuotations(Database& db, const ReportQuery& q) {
   ReportPlan plan;
   plan.rows = {
       "SELECT QUOT.VOUCH_NO, QUOT.VOUCH_DT, ACC_NAME, TOTQTY,"
@@ -63,6 +73,7 @@ ReportPlan planQuotations(Database&, const ReportQuery& q) {
       {.heading = "N-AMT",        .twips = 1200, .type = ColumnType::Money, .summed = true, .detail = ColumnType::Money},
   };
   // clang-format on
+  addBilled(plan, db, lists, quotationKind());
   plan.voucher = {.book = "BOOK", .number = "VOUCH_NO"};
   return plan;
 }
@@ -82,7 +93,7 @@ ReportPlan planQuotationDetails(Database& db, const ReportQuery& q) {
 
 // The headings C/I GST and SGST stand over charges and discount.
 template <Lists lists>
-ReportPlan planChallans(Database&, const ReportQuery& q) {
+ReportPlan planChallans(Database& db, const ReportQuery& q) {
   ReportPlan plan;
   plan.rows.text =
       "SELECT CHLN.VOUCH_NO, CHLN.VOUCH_DT, ACC_NAME, NO_OF_ITEM, ITEM_AMT, CHRGS, DISC_AMT,"
@@ -103,6 +114,7 @@ ReportPlan planChallans(Database&, const ReportQuery& q) {
       {.heading = "N-Amt",        .twips = 1200, .type = ColumnType::Money, .summed = true},
   };
   // clang-format on
+  addBilled(plan, db, lists, challanKind());
   plan.voucher = {.book = "BOOK_CD", .number = "VOUCH_NO"};
   return plan;
 }

@@ -717,6 +717,13 @@ constexpr DictionaryRow own[] = {
     {4, "CLEARED", "SRNO",     "Double", 0, "DEFAULT 0", 102},
     {5, "CLEARED", "AMOUNT",   "Double", 0, "DEFAULT 0", 102},
     {6, "CLEARED", "CLG_DT",   "DATE",   0, "",          102},
+
+    // The challans and offers that a bill or challan was made from.
+    {1, "BILLEDFROM", "BOOK_CD",    "Text",   2, "",          102},
+    {2, "BILLEDFROM", "VOUCH_NO",   "Double", 0, "DEFAULT 0", 102},
+    {3, "BILLEDFROM", "SR_NO",      "Double", 0, "DEFAULT 0", 102},
+    {4, "BILLEDFROM", "FROM_BOOK",  "Text",   2, "",          102},
+    {5, "BILLEDFROM", "FROM_VOUCH", "Double", 0, "DEFAULT 0", 102},
 };
 // clang-format on
 

@@ -78,6 +78,9 @@ constexpr Index indexes[] = {
     {"ORIGINAL_BILL",   "ORIGINAL",  "BILL_VOUCH, BILL_BOOK"                    },
     {"ORIGITM_NOTE",    "ORIGITM",   "VOUCH_NO, BOOK_CD, SR_NO"                 },
     {"ORIGITM_BILL",    "ORIGITM",   "BILL_VOUCH, BILL_BOOK, BILL_SR"           },
+    // Vouchers, each with what it was made from, and what was made of a challan or offer.
+    {"BILLEDFROM_MADE", "BILLEDFROM", "VOUCH_NO, BOOK_CD"                       },
+    {"BILLEDFROM_FROM", "BILLEDFROM", "FROM_VOUCH, FROM_BOOK"                   },
     {"TRANSMAST_NAME",  "TRANSMAST", "TRANSNAME"                                },
 };
 // clang-format on

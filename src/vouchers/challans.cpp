@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "frame/made_from.h"
 #include "store/balances.h"
 #include "store/row_writer.h"
 #include "vouchers/items.h"
@@ -54,6 +55,14 @@ std::vector<LedgerRow> ledgerRows(const VoucherKind& kind, const Fields& challan
   };
 }
 
+// False where a bill stands for it.
+bool posts(Database& db, const VoucherKind& kind, double number) {
+  return db
+      .first("SELECT 1 FROM CHLN AS V WHERE V.VOUCH_NO = ? AND V.BOOK_CD = ?" + standsAlone(db, "V"), number,
+             kind.code)
+      .has_value();
+}
+
 }  // namespace
 
 bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, const SaveStamp& stamp,
@@ -72,12 +81,26 @@ bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, c
                 " FROM T_CHLNITM WHERE VOUCH_NO = ? AND BOOK_CD = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
                 " ORDER BY SR_NO, rowid",
             number, kind.code, kMiscItem);
-    postVoucher(db, {number, date, kind.code}, ledgerRows(kind, challan));
+    postVoucher(db, {number, date, kind.code},
+                posts(db, kind, number) ? ledgerRows(kind, challan) : std::vector<LedgerRow>());
     if (partyBefore)
       for (const std::string& party : {*partyBefore, trim(valueOf(challan, "PARTY_CD").text())})
         RebuildOneBalance(db, party);
     return true;
   });
+}
+
+bool postChallan(Database& db, const VoucherKind& kind, double number) {
+  const auto stored = findChallan(db, kind, number);
+  if (!stored || !stored->date("VOUCH_DT")) return false;
+  const bool stands = posts(db, kind, number);
+  if (stands == isPosted(db, kind, number)) return false;
+  Fields challan;
+  for (const char* column : {"PARTY_CD", "NET_AMT", "CHLN_NO", "NARRATION"})
+    challan.push_back({column, stored->value(column)});
+  postVoucher(db, {number, *stored->date("VOUCH_DT"), kind.code},
+              stands ? ledgerRows(kind, challan) : std::vector<LedgerRow>());
+  return true;
 }
 
 std::optional<Row> findChallan(Database& db, const VoucherKind& kind, double number) {

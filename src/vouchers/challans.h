@@ -10,8 +10,8 @@
 
 // Numbering, storing, loading and deleting a delivery challan. A save is one transaction: header,
 // lines out of the work table and the ledger's pair of rows are written afresh as a whole or not at
-// all. A challan stands in its party's ledger like a bill, and a bill made for the same goods posts
-// again: nothing nets the two. No step of the system turns a challan into a bill.
+// all. A challan stands in its party's ledger like a bill, as long as no bill stands for it
+// (frame/made_from).
 
 // False when something else stands under the number than is expected; nothing has changed then. The party is
 // not looked at. The ledger takes the challan's number as it was typed, the head its figure.
@@ -21,6 +21,8 @@ bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, c
 std::optional<Row> findChallan(Database& db, const VoucherKind& kind, double number);
 // Puts the stored lines into the emptied work table, with the items' names of today.
 void loadChallanLines(Database& db, const VoucherKind& kind, double number);
+// Brings the ledger's rows of a stored challan in line with what stands for it. False where they were.
+bool postChallan(Database& db, const VoucherKind& kind, double number);
 
 // Each type is a series of its own; it goes on from the challan with the highest voucher number,
 // whatever its challan number. There is no padding.

@@ -45,6 +45,7 @@ FRMCHLN::FRMCHLN(Host& theHost, const VoucherKind& kind)
                   {kCharges,         KeyCode::Enter,  &FRMCHLN::showTotal       },
                   {kDestination,     KeyCode::Enter,  &FRMCHLN::destination     },
                   {kDestination,     KeyCode::Tab,    &FRMCHLN::lastTab         },
+                  {"",               Key::Ctrl('O'),  &FRMCHLN::openSourcesKey  },
   });
   wireLookups(lookups(kind));
 }
@@ -133,7 +134,11 @@ void FRMCHLN::sumAgain() {
 // Saving and loading
 
 bool FRMCHLN::write(const SaveStamp& stamp, const Saving& how) {
-  return saveChallan(data(), kind_, writtenFields(Part::Head), stamp, how);
+  return whole(data(), [&] {
+    if (!saveChallan(data(), kind_, writtenFields(Part::Head), stamp, how)) return false;
+    keepSources(data(), kind_, value(kNumber), trimmed(kParty), sources_);
+    return true;
+  });
 }
 
 SavedMessage FRMCHLN::closingMessage() const {

@@ -29,6 +29,8 @@ class FRMCHLN : public VoucherScreen {
   std::string paperNumberAfter(const std::string& number) const override;
   std::string tutorial() const override;
   SavedMessage closingMessage() const override;
+  bool partyTaken() override { return party() == Go::On; }
+  bool putSourceLine(const SourceLine& line) override;
 
  private:
   static const ScreenSpec& table();

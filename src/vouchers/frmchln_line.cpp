@@ -55,6 +55,18 @@ bool FRMCHLN::figureLine() {
   return true;
 }
 
+// A challan's line has no discount of its own, so that its rate is what is left.
+bool FRMCHLN::putSourceLine(const SourceLine& line) {
+  put(kItem, line.item);
+  put(kItemName, line.name);
+  put(kDetail, cut(line.detail, at(kDetail).limit));
+  put(kUnit, line.unit);
+  put(kQuantity, line.quantity);
+  put(kRate, Round(line.rate * (100 - line.discount) / 100, 4));
+  if (isMisc()) keepFreeName();
+  return true;
+}
+
 Fields FRMCHLN::lineFields() {
   Fields line = VoucherScreen::lineFields();
   for (const char* column : {"ITEM_SNAME", "DESC1", "QUALITY"}) line.push_back({column, "."});

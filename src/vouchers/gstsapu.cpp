@@ -79,6 +79,7 @@ GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind, const ScreenSpec& theSp
                   {kParcels,     KeyCode::Tab,    &GSTSAPU::lastTab         },
                   {"",           KeyCode::F6,     &GSTSAPU::partyRatesKey   },
                   {"",           KeyCode::F7,     &GSTSAPU::purchaseRatesKey},
+                  {"",           Key::Ctrl('O'),  &GSTSAPU::openSourcesKey  },
   });
   auto all = lookups(kind);
   all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
@@ -160,7 +161,7 @@ Go GSTSAPU::billType() {
 
 void GSTSAPU::renumber() {
   if (!kind_.numbering.runsOn) return;
-  if (at(kChallanNumber).given) put(kChallanNumber, text(kNumber));
+  if (at(kChallanNumber).given && sources_.empty()) put(kChallanNumber, text(kNumber));
   if (at(kBillNumber).given) put(kBillNumber, nextBillNumber(data(), kind_, trimmed(kBillType)));
 }
 
@@ -208,7 +209,25 @@ Go GSTSAPU::destination() { return trimmed(kDestination).empty() ? helpHere() : 
 // Saving and loading
 
 bool GSTSAPU::write(const SaveStamp& stamp, const Saving& how) {
-  return saveBill(data(), kind_, head(), stamp, how);
+  return whole(data(), [&] {
+    if (!saveBill(data(), kind_, head(), stamp, how)) return false;
+    keepSources(data(), kind_, value(kNumber), trimmed(kParty), sources_);
+    return true;
+  });
+}
+
+// One challan has its number on the bill; for several there is no room.
+void GSTSAPU::sourcesShown() {
+  std::vector<std::string> numbers;
+  for (const MadeFrom& from : sources_)
+    if (from.book == challanKind().book())
+      if (const auto head = readSource(data(), from)) numbers.push_back(head->number);
+  if (numbers.size() == 1)
+    put(kChallanNumber, numbers.front());
+  else if (numbers.size() > 1)
+    put(kChallanNumber, "");
+  else if (mode == "ADD" && kind_.numbering.runsOn && !kind_.isNote())
+    put(kChallanNumber, text(kNumber));
 }
 
 // A bill of the party has the date that was typed for it, else the voucher's own; ours have none.

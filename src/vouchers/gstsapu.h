@@ -37,6 +37,9 @@ class GSTSAPU : public VoucherScreen {
   SavedMessage closingMessage() const override;
   bool mayBeSaved() override;
   bool mayBeDeleted(double number) override;
+  bool partyTaken() override { return acceptParty(); }
+  bool putSourceLine(const SourceLine& line) override;
+  void sourcesShown() override;
 
   // With another table, columns of the lines and, beside the bill's own, lookups.
   GSTSAPU(Host& host, const VoucherKind& kind, const ScreenSpec& spec, std::vector<WorkLines::Shown> shown,

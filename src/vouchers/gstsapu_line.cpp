@@ -56,6 +56,22 @@ bool GSTSAPU::fillFromUnit() {
   return true;
 }
 
+bool GSTSAPU::putSourceLine(const SourceLine& line) {
+  put(kItem, line.item);
+  put(kItemName, line.name);
+  put(kDetail, line.detail);
+  put(kUnit, line.unit);
+  put(kQuantity, quantityText(numText(line.quantity)));
+  put(kRate, line.rate);
+  put(kDiscount, line.discount);
+  const auto rates = splitTax(Val(session().mstatecd), partyState_, line.taxRate);
+  if (!rates) return false;
+  put(kCgstRate, rates->cgst);
+  put(kSgstRate, rates->sgst);
+  put(kIgstRate, rates->igst);
+  return true;
+}
+
 Go GSTSAPU::itemName() { return trimmed(kItemName).empty() ? helpHere() : Go::On; }
 
 Go GSTSAPU::unit() {

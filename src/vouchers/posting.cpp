@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "base/words.h"
+#include "frame/made_from.h"
 #include "frame/posting_due.h"
 #include "frame/voucher_kinds.h"
 #include "store/alter.h"
@@ -136,10 +137,11 @@ Source bills(const VoucherKind& kind) {
   };
 }
 
-Source challans() {
+// A challan that a bill stands for is in the ledger with it.
+Source challans(Database& db) {
   return {
       .kinds = kindsPostedFrom("CHLN"),
-      .condition = "(V.NET_AMT IS NULL OR V.NET_AMT <> 0)",
+      .condition = "(V.NET_AMT IS NULL OR V.NET_AMT <> 0)" + standsAlone(db, "V"),
       .columns = {"VOUCH_NO", "VOUCH_DT", "BOOK_CD", "PARTY_CD", "NET_AMT", "CHLN_NO", "NARRATION", "GR_NO",
                   "DESTI"},
   };
@@ -154,7 +156,7 @@ Source journals() {
 }
 
 bool anyMissing(Database& db) {
-  std::vector<Source> sources = {receipts(), challans(), journals()};
+  std::vector<Source> sources = {receipts(), challans(db), journals()};
   for (const VoucherKind* kind : kindsPostedFrom("SALE")) sources.push_back(bills(*kind));
   bool found = false;
   for (const Source& source : sources)
@@ -231,7 +233,7 @@ void postBills(Run& run) {
 }
 
 void postChallans(Run& run) {
-  if (!list(run, challans())) return;
+  if (!list(run, challans(run.db))) return;
   const std::string sales = account(saleKind().ledger.goods);
   constexpr const char* narration = "NARRATION || ' ' || GR_NO || ' ' || DESTI";
   // clang-format off
@@ -259,6 +261,7 @@ void postEverything(Database& db, const PostingProgress& progress) {
   };
   Run run{db, Which::All};
   step(english(" Progress ...."), [&] {
+    forgetFreed(db);
     // Indexes are built once over all rows, not row by row.
     constexpr std::string_view kWritten[] = {"ALEDGER_PARTY", "ALEDGER_VOUCHER"};
     run.ledger = db.engine().beginRewriting("ALEDGER", kWritten);

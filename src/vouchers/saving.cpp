@@ -5,12 +5,14 @@
 #include <utility>
 
 #include "base/text.h"
+#include "frame/made_from.h"
 #include "frame/posting_due.h"
 #include "store/balances.h"
 #include "vouchers/items.h"
 #include "vouchers/ledger_rows.h"
 #include "vouchers/numbering.h"
 #include "vouchers/originals.h"
+#include "vouchers/sources.h"
 
 namespace {
 
@@ -160,9 +162,10 @@ bool deleteVoucher(Database& db, const VoucherKind& kind, double number, const S
 
 bool deleteForGood(Database& db, const VoucherKind& kind, double number, const Saving& as) {
   return whole(db, [&] {
-    const std::string refusal = notesRefuse(db, kind, number);
-    if (!refusal.empty()) throw std::runtime_error(refusal);
+    for (const std::string& refusal : {notesRefuse(db, kind, number), sourceRefuses(db, kind, number)})
+      if (!refusal.empty()) throw std::runtime_error(refusal);
     if (!deleteVoucher(db, kind, number, as)) return false;
+    forgetMadeFrom(db, kind, number);
     rememberDeleted(db, kind, number);
     return true;
   });

@@ -42,7 +42,7 @@ std::optional<std::string> storedParty(Database& db, const VoucherKind& kind, do
 // False, and nothing is removed, when the voucher is another than `as` expects.
 bool deleteVoucher(Database& db, const VoucherKind& kind, double number, const Saving& as = Saving::Again);
 // The same for good, and not in order to store it again: posting is due from then on (frame/posting_due).
-// Raises std::runtime_error where notes stand against it.
+// Raises std::runtime_error where notes stand against it or another voucher was made of it.
 bool deleteForGood(Database& db, const VoucherKind& kind, double number, const Saving& as);
 // Rows of the voucher stand in the ledger.
 bool isPosted(Database& db, const VoucherKind& kind, double number);

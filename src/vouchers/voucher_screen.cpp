@@ -143,14 +143,14 @@ void VoucherScreen::showButtons(bool atRest) {
   if (!hasPaper()) at("cmdprint").visible = false;
   for (const char* name : {"CMDSAVE", "CMDCANCEL"}) at(name).visible = !atRest;
   if (Control* const invites = find("SCR1")) invites->visible = atRest;
-  reason = atRest || at("CMDSAVE").enabled ? "" : kind_.words.saveOpens;
+  tellReason();
   enableFields();
   showSerial();
 }
 
 void VoucherScreen::allowSave(bool on) {
   at("CMDSAVE").enabled = on;
-  reason = atRest_ || on ? "" : kind_.words.saveOpens;
+  tellReason();
 }
 
 void VoucherScreen::add() {
@@ -280,6 +280,9 @@ void VoucherScreen::clearHead() {
   emptyFields(Part::Head);
   phone_.clear();
   partyState_ = 0;
+  sources_.clear();
+  taken_.clear();
+  standing_.clear();
 }
 
 // A filled number: ADD takes one that is free, EDIT shows the voucher, DEL asks and deletes it.
@@ -310,6 +313,7 @@ Go VoucherScreen::number() {
   takeAsWorked(Part::Head);
   takeVoucherAsShown();
   allowSave(false);
+  tellStanding();
   return Go::On;
 }
 
@@ -346,6 +350,8 @@ bool VoucherScreen::show(double number) {
   }
   loaded_ = number;
   asLoaded_ = std::move(rows);
+  if (hasSources()) sources_ = madeFrom(data(), kind_, number);
+  sourcesShown();
   return true;
 }
 
@@ -496,5 +502,8 @@ std::string VoucherScreen::hintFor(const Control& control) const {
   if (helps && control.declined) return hintAfterList(helps->lookup.optional);
   const std::string enter =
       words(helps ? english("Press Enter For Help") : english("Press Enter To Proceed"));
-  return control.hint.empty() ? enter : enter + " :: " + words(control.hint);
+  const bool takes =
+      hasSources() && entering() && (control.spec->field == kParty || control.spec->field == kItem);
+  return enter + (control.hint.empty() ? "" : " :: " + words(control.hint)) +
+         (takes ? " :: " + words("Ctrl+O = Open Challans And Quotations") : "");
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,6 +17,7 @@
 #include "vouchers/items.h"
 #include "vouchers/rate_history.h"
 #include "vouchers/saving.h"
+#include "vouchers/sources.h"
 #include "vouchers/work_lines.h"
 
 // Titles of a voucher's boxes.
@@ -67,8 +69,13 @@ class VoucherScreen : public ChildScreen {
   virtual bool needsUnit() const { return true; }      // a line without a unit is none
   virtual bool needsQuantity() const { return true; }  // one of no quantity is not complete
   // Asked last before anything is written, and before a voucher is deleted; false after its message.
-  virtual bool mayBeSaved() { return true; }
-  virtual bool mayBeDeleted(double) { return true; }
+  virtual bool mayBeSaved();
+  virtual bool mayBeDeleted(double number);
+  // Of a screen whose voucher is made from others: the party that came with one, a line that is to be
+  // figured, false where its item has no rate of tax, and that others stand in sources_ now.
+  virtual bool partyTaken() { return true; }
+  virtual bool putSourceLine(const SourceLine&) { return true; }
+  virtual void sourcesShown() {}
   virtual bool needsParty() const { return false; }  // Save refuses it without one, else it asks
   // A voucher that says nothing is saved when it is meant so; true when it is not to be.
   virtual bool meansNothing();
@@ -131,6 +138,7 @@ class VoucherScreen : public ChildScreen {
   bool lacksName();
   // Where a stored line has no column for its free name: it is kept, and printed, as the line's detail.
   void keepFreeName();
+  void openSourcesKey();          // the list of open challans and offers, to take one or leave it again
   Go amount();                    // stores the line
   Go lineTab();                   // Tab where it does what Enter does: to the next line, out of the lines
   Go lastTab();                   // Tab in the last field: to Save
@@ -182,14 +190,21 @@ class VoucherScreen : public ChildScreen {
 
   const VoucherKind& kind_;
   std::shared_ptr<WorkLines> lines_;
-  std::string phone_;      // the party's
-  double partyState_ = 0;  // 0 until a party with a state code has been taken
+  std::string phone_;              // the party's
+  double partyState_ = 0;          // 0 until a party with a state code has been taken
+  std::vector<MadeFrom> sources_;  // that the voucher is made from
 
  private:
   struct Numbers {
     std::string voucher, paper;
   };
   Go openLookup(const KeyLookup& by);
+  bool hasSources() const;
+  void take(const MadeFrom& from);
+  void takeOut(const MadeFrom& from);
+  void showSources();
+  void tellStanding();
+  void tellReason();
   const KeyLookup* enterLookup(const Control& field) const;
   void takeVoucherAsShown();
   std::string allLines() const;
@@ -240,8 +255,10 @@ class VoucherScreen : public ChildScreen {
   std::string shownLines_;  // all lines, as the voucher was shown
   std::string lineItem_;    // the item that the line was filled from, and the rate of its unit
   double fromUnit_ = 0;
-  bool rateTyped_ = false;  // by hand, since the line was shown
-  std::string chosenUnit_;  // of the row chosen in a list of items
+  bool rateTyped_ = false;                            // by hand, since the line was shown
+  std::string chosenUnit_;                            // of the row chosen in a list of items
+  std::map<std::string, std::vector<double>> taken_;  // serials of their lines
+  std::string standing_;
   bool drilledDown_ = false;
   bool atRest_ = true;
   // A master was opened for this field; its new code stands in the session member when it differs.
