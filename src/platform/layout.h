@@ -43,6 +43,7 @@ struct Group {
 struct Band {
   Length height = part(1);
   std::vector<Group> groups;
+  bool folds = false;  // leaves its room to the others while all of it is hidden
 };
 
 enum class Anchor { Centre, Top, Bottom };

@@ -89,7 +89,8 @@ Control* Screen::find(std::string_view name) {
   for (const auto& c : controls)
     if (c->index == index && sameText(c->family, family)) return c.get();
   for (const auto& c : controls)
-    if (!name.empty() && sameText(c->spec->field.text, name)) return c.get();
+    if (!name.empty() && (sameText(c->spec->field.text, name) || sameText(c->spec->also.text, name)))
+      return c.get();
   return nullptr;
 }
 

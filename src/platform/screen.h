@@ -60,6 +60,7 @@ struct ControlSpec {
   std::string name;
   int index = -1;  // -1: the name stands alone
   FieldName field = {};
+  FieldName also = {};           // another name by which scripts find it
   std::string_view column = {};  // of the row that it shows and is stored in
   Holds holds = Holds::Text;
   Kind kind = Kind::Text;

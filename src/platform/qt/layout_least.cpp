@@ -167,6 +167,7 @@ int Sizes::leastWidth(const Group& g) const {
 int Sizes::leastWidth(const std::vector<Band>& bands) const {
   int most = 0;
   for (const Band& band : bands) {
+    if (band.folds && folded(band)) continue;
     int sum = groupGap(band) * static_cast<int>(band.groups.empty() ? 0 : band.groups.size() - 1);
     for (const Group& g : band.groups) sum += leastWidth(g);
     most = std::max(most, sum);

@@ -240,9 +240,9 @@ bool Sizes::chartsAlone(const Band& band) const {
   return !band.groups.empty() && std::ranges::all_of(band.groups, alone);
 }
 
-// A chart that is put away leaves its room to the others.
+// A chart that is put away leaves its room to the others, too.
 bool Sizes::folded(const Band& band) const {
-  return chartsAlone(band) &&
+  return (band.folds || chartsAlone(band)) &&
          std::ranges::all_of(band.groups, [this](const Group& g) { return allHidden(g); });
 }
 
@@ -320,8 +320,12 @@ double Sizes::natural(const Band& band, bool small) const {
 
 double Sizes::natural(const std::vector<Band>& bands, bool small) const {
   double sum = 0;
-  for (size_t i = 0; i < bands.size(); ++i)
-    sum += natural(bands[i], small) + (i > 0 ? gapBetween(bands[i - 1], bands[i]) : 0);
+  const Band* above = nullptr;
+  for (const Band& band : bands) {
+    if (band.folds && folded(band)) continue;
+    sum += natural(band, small) + (above ? gapBetween(*above, band) : 0);
+    above = &band;
+  }
   return sum;
 }
 
