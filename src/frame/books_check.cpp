@@ -5,6 +5,7 @@
 #include "frame/made_from.h"
 #include "frame/posting_due.h"
 #include "frame/session.h"
+#include "frame/settling.h"
 #include "frame/voucher_kinds.h"
 #include "store/dictionary.h"
 #include "store/engine.h"
@@ -41,6 +42,9 @@ constexpr const char* kNoParty      = english("No Such Party");
 constexpr const char* kSidesDiffer  = english("Debit And Credit");
 constexpr const char* kNoVoucher    = english("In The Ledger Without Voucher");
 constexpr const char* kNotPosted    = english("Not In The Ledger");
+constexpr const char* kNothingThere = english("Settles A Bill That Is Not There");
+constexpr const char* kSettledAbove = english("Settled Above Its Amount");
+constexpr const char* kSettlesAlone = english("Settlement Without Voucher");
 // clang-format on
 
 // The statement grows by one part a kind of fault and table.
@@ -143,6 +147,31 @@ void addLedger(Faults& faults) {
                  withoutVoucher(data(), "N") + " GROUP BY L.VOUCH_NO, L.BOOK_CD");
 }
 
+// Pairs whose one voucher is gone, and vouchers that are used for more than they stand in the ledger with.
+void addSettlements(Faults& faults) {
+  const auto day = [](const std::string& book, const std::string& number) {
+    return "(SELECT MAX(D.VOUCH_DT) FROM ALEDGER AS D WHERE D.VOUCH_NO = " + number +
+           " AND D.BOOK_CD = " + book + ") AS VOUCH_DT";
+  };
+  const std::string own =
+      "S.BOOK_CD AS BOOK, S.VOUCH_NO, " + day("S.BOOK_CD", "S.VOUCH_NO") + ", S.PARTY_CD, S.AMOUNT, 0, ";
+  faults.add(kNothingThere, own + "S.BOOK_CD FROM SETTLES AS S WHERE S.WHAT = 'B' AND S.BILL_BOOK <> '" +
+                                kOpeningBook +
+                                "' AND NOT EXISTS (SELECT 1 FROM ALEDGER AS L WHERE L.VOUCH_NO = S.BILL_VNO"
+                                " AND L.BOOK_CD = S.BILL_BOOK AND L.PARTY_CD = S.PARTY_CD)");
+  const std::string used = usedOfVoucher("S.BOOK", "S.VNO", "S.PARTY_CD"),
+                    stands = standingOfVoucher("S.BOOK", "S.VNO", "S.PARTY_CD");
+  faults.add(kSettledAbove, "S.BOOK, S.VNO, " + day("S.BOOK", "S.VNO") + ", S.PARTY_CD, " + used +
+                                " AS HAS, " + stands + " AS SHOULD, CASE WHEN S.BOOK = '" + kOpeningBook +
+                                "' THEN '' ELSE S.BOOK END"
+                                " FROM (SELECT DISTINCT BOOK, VNO, PARTY_CD FROM (SELECT BILL_BOOK AS BOOK,"
+                                " BILL_VNO AS VNO, PARTY_CD FROM SETTLES WHERE WHAT = 'B' UNION ALL SELECT"
+                                " BOOK_CD, VOUCH_NO, PARTY_CD FROM SETTLES WHERE WHAT = 'B') AS P) AS S"
+                                " WHERE " +
+                                stands + " > 0 AND " + used + " > " + stands + " + " + kPaisa);
+  faults.add(kSettlesAlone, own + "'' FROM SETTLES AS S WHERE " + withoutVoucher(data(), "S"));
+}
+
 }  // namespace
 
 BooksCheck booksCheck() {
@@ -155,6 +184,7 @@ BooksCheck booksCheck() {
   addUnposted(faults, "CHLN", "NET_AMT", standsAlone(data(), "H"));
   addUnposted(faults, "RPTPAY", "AMOUNT", "");
   addJournals(faults);
+  if (CheckTable(data(), kSettlements)) addSettlements(faults);
   return {
       "SELECT WHAT, BOOK, VOUCH_NO, VOUCH_DT, COALESCE(ACC_NAME, F.PARTY_CD) AS PARTY,"
       " SHOWN(HAS, '0.00') AS HAS, SHOWN(SHOULD, '0.00') AS SHOULD,"

@@ -23,7 +23,7 @@ Outside vouchersOutside(Database& db, const Period& period) {
   std::optional<Date> earliest;
   std::set<std::string> seen;
   for (const VoucherKind* kind : voucherKinds()) {
-    const auto& [heads, lines, key, work, serial] = kind->tables;
+    const auto& [heads, lines, key, work, serial, settles] = kind->tables;
     if (!seen.insert(heads).second || !CheckTable(db, heads)) continue;
     const auto row = db.first("SELECT " + key + ", VOUCH_NO, VOUCH_DT, COUNT(*) OVER () FROM " + heads +
                                   " WHERE VOUCH_DT < ? OR VOUCH_DT > ? ORDER BY VOUCH_DT, VOUCH_NO LIMIT 1",

@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "base/words.h"
+#include "frame/settling.h"
 #include "store/groups.h"
 
 // Rows are laid out by hand.
@@ -71,7 +72,7 @@ const VoucherKind& income() {
     k.code = "IC";
     k.words.name = english("Income");
     k.words.title = "INCOME ENTRY";
-    k.party.offered = "GROUP_CD < 75";
+    k.party = {.offered = underGroups("GROUP_CD", {2, 4})};
     k.ledger.formerCode = "";
   });
   return kind;
@@ -83,6 +84,8 @@ const VoucherKind& expense() {
     k.code = "EP";
     k.words.name = english("Expense");
     k.words.title = "EXPENSE ENTRY";
+    // Also what is drawn by the owner, and paid to the tax office.
+    k.party = {.offered = underGroups("GROUP_CD", {1, 3, 95, 121, 132, 133})};
     k.ledger.partySide = "D";
   });
   return kind;
@@ -299,8 +302,8 @@ const VoucherKind& receiptKind() {
       .code = "RC",
       .screen = "bwrcpy",
       .words = {.title = "RECEIPT ENTRY", .name = english("Receipt")},
-      .tables = {.heads = "RPTPAY", .key = "BOOK_CD"},
-      .party = {.offered = underGroups("GROUP_CD", {85, 135})},
+      .tables = {.heads = "RPTPAY", .key = "BOOK_CD", .settles = kSettlements},
+      .party = {.offered = underGroups("GROUP_CD", {85, 135}), .hasBills = true},
       .ledger = {.partySide = "C", .formerCode = "CM"},
   };
   return kind;

@@ -36,6 +36,7 @@ struct VoucherKind {
     std::string key;           // the column of both that tells the kinds apart
     std::string work;          // lines being typed
     std::string serial;        // the column of the work table that orders them
+    std::string settles;       // what a voucher settles, beside or in place of lines
   } tables;
 
   struct Numbering {
@@ -47,6 +48,7 @@ struct VoucherKind {
   struct Party {
     std::string offered;         // condition of the accounts that are offered
     std::string rate, discount;  // columns of ITEMDTL and PRTYRATE, or expressions over them
+    bool hasBills = false;       // that money settles
   } party;
 
   // Where it stands in the ledger: the party on its side, everything else on the other.

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
-#include "base/number.h"
 #include "base/text.h"
+#include "frame/open_bills.h"
 #include "store/balances.h"
+#include "store/dictionary.h"
 #include "store/engine.h"
 #include "store/groups.h"
 #include "store/row_writer.h"
@@ -14,13 +15,14 @@ namespace {
 constexpr int kBillLength = 50;  // of CAL.PARTY_BL; the ledger's is longer
 constexpr std::string_view kTakenOut = ",'()%@";
 
-// A running sum of amounts in paise whose own small error must not leave a bill open.
-double clean(double sum) { return Round(sum, 6); }
+double clean(double sum) { return cleanSum(sum); }
 
 std::string cleaned(std::string narration) {
   std::erase_if(narration, [](char c) { return kTakenOut.find(c) != std::string_view::npos; });
   return narration;
 }
+
+std::string shownBill(const std::string& bill) { return bill.empty() ? "." : cut(bill, kBillLength); }
 
 std::vector<Row> customersOf(Database& db, const std::string& code, const ReportQuery& q) {
   Condition asked;
@@ -38,6 +40,14 @@ std::vector<Row> customersOf(Database& db, const std::string& code, const Report
       asked.values());
 }
 
+std::set<std::string> partiesThatSettle(Database& db) {
+  std::set<std::string> parties;
+  if (!CheckTable(db, kSettlements)) return parties;
+  for (auto r = db.query("SELECT DISTINCT PARTY_CD FROM SETTLES WHERE WHAT = 'B'"); r.next();)
+    parties.insert(upper(r.text(0)));
+  return parties;
+}
+
 }  // namespace
 
 Receivables::Receivables(Database& db, const std::string& code, const ReportQuery& query)
@@ -45,7 +55,8 @@ Receivables::Receivables(Database& db, const std::string& code, const ReportQuer
       start_(query.periodStart),
       to_(query.to.ok() ? query.to : query.periodEnd),
       shownTo_(formatDate(to_, "dd/MMM/yyyy")),
-      customers_(customersOf(db, code, query)) {
+      customers_(customersOf(db, code, query)),
+      settling_(partiesThatSettle(db)) {
   db_.exec("DELETE FROM CAL");
   // The bills of one party are read by it.
   indexWorkTable(db_, "CAL", "PARTY_CD, VOUCH_DT");
@@ -57,17 +68,41 @@ bool Receivables::next() {
   sums_ = {};
   open_.clear();
   Transaction all(db_, Transaction::Writes::WorkTables);
-  const double opening = customer().number("OP_BAL");
-  const Standing standing = this->standing();
-  const double credit = clean(standing.credits + std::max(-opening, 0.0));
-  if (clean(standing.debits + std::max(opening, 0.0)) > credit)
-    matchBills(standing.days, opening > 0 ? payOpening(credit) : credit);
+  if (settling_.contains(upper(customer().text("ACC_CD"))))
+    matchSettled();
+  else
+    matchAll();
   insertMany(db_,
              "INSERT INTO CAL (VOUCH_NO, VOUCH_DT, PARTY_BL, BOOK_CD, PARTY_CD, CR, DR, CL_BAL, DATE_DIF,"
              " NARRATION, NARR1, BCK_BAL)",
              "(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)", open_);
   all.commit();
   return true;
+}
+
+void Receivables::matchSettled() {
+  for (const OpenBill& bill : openBills(db_, {.party = customer().text("ACC_CD"),
+                                             .side = "D",
+                                             .opening = customer().number("OP_BAL"),
+                                             .start = start_,
+                                             .to = to_})) {
+    const bool opening = bill.voucher.book == kOpeningBook;
+    open({.number = bill.voucher.number,
+          .date = bill.date,
+          .bill = shownBill(bill.bill),
+          .book = bill.voucher.book,
+          .amount = bill.amount,
+          .narration = opening ? Value{} : Value(cleaned(bill.narration))},
+         bill.paid);
+  }
+}
+
+void Receivables::matchAll() {
+  const double opening = customer().number("OP_BAL");
+  const Standing standing = this->standing();
+  const double credit = clean(standing.credits + std::max(-opening, 0.0));
+  if (clean(standing.debits + std::max(opening, 0.0)) > credit)
+    matchBills(standing.days, opening > 0 ? payOpening(credit) : credit);
 }
 
 // Read from the ledger's index alone, in its order.
@@ -115,10 +150,9 @@ void Receivables::matchBillsFrom(const std::string& date, double credit) {
     const double amount = bills.number(4);
     credit = clean(credit - amount);
     if (credit >= 0) continue;
-    const std::string bill = bills.text(2);
     open({.number = bills.number(0),
           .date = bills.text(1),
-          .bill = bill.empty() ? "." : cut(bill, kBillLength),
+          .bill = shownBill(bills.text(2)),
           .book = bills.text(3),
           .amount = amount,
           .narration = cleaned(bills.text(5))},

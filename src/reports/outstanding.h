@@ -1,15 +1,16 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "reports/report.h"
 
-// Which bills of the customers are unpaid at a date, by how much and for how many days. No link
-// between a receipt and its bill is kept: all credits of a party are set against its debits, first
-// in, first out, and what is left over of the debits is open. It is worked out each time into the
-// work table CAL, one row an open bill:
+// Which bills of the customers are unpaid at a date, by how much and for how many days. What a receipt
+// settles bill by bill is taken off these bills (frame/open_bills); all other credits of a party are set
+// against its debits, first in, first out, and what is left over of the debits is open. It is worked out
+// each time into the work table CAL, one row an open bill:
 //
 //   CR, DR, CL_BAL     the bill, what was paid of it, what stays unpaid (CR is the ledger's debit)
 //   DATE_DIF, BCK_BAL  days from VOUCH_DT to the To date, which stands in NARR1
@@ -64,6 +65,8 @@ class Receivables {
     Value narration{};  // null for an opening balance
   };
 
+  void matchAll();
+  void matchSettled();  // where some of its bills are settled by themselves
   Standing standing() const;
   double payOpening(double credit);
   void matchBills(const std::vector<Standing::Day>& days, double credit);
@@ -74,6 +77,7 @@ class Receivables {
   const Date start_, to_;
   const std::string shownTo_;
   std::vector<Row> customers_;
+  std::set<std::string> settling_;  // codes in capitals
   size_t next_ = 0;
   Sums sums_;
   std::vector<Value> open_;  // of the customer, not yet in CAL

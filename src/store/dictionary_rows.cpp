@@ -724,6 +724,17 @@ constexpr DictionaryRow own[] = {
     {3, "BILLEDFROM", "SR_NO",      "Double", 0, "DEFAULT 0", 102},
     {4, "BILLEDFROM", "FROM_BOOK",  "Text",   2, "",          102},
     {5, "BILLEDFROM", "FROM_VOUCH", "Double", 0, "DEFAULT 0", 102},
+
+    // What a voucher settles: a bill of PARTY_CD (WHAT is B), or by discount, write-off or TDS (D, W, T).
+    {1, "SETTLES", "BOOK_CD",   "Text",   2, "",          102},
+    {2, "SETTLES", "VOUCH_NO",  "Double", 0, "DEFAULT 0", 102},
+    {3, "SETTLES", "SRNO",      "Double", 0, "DEFAULT 0", 102},
+    {4, "SETTLES", "WHAT",      "Text",   1, "",          102},
+    {5, "SETTLES", "PARTY_CD",  "Text",   6, "",          102},
+    {6, "SETTLES", "BILL_BOOK", "Text",   2, "",          102},
+    {7, "SETTLES", "BILL_VNO",  "Double", 0, "DEFAULT 0", 102},
+    {8, "SETTLES", "ACC_CD",    "Text",   6, "",          102},
+    {9, "SETTLES", "AMOUNT",    "Double", 0, "DEFAULT 0", 102},
 };
 // clang-format on
 

@@ -66,6 +66,9 @@ constexpr Index indexes[] = {
     {"JOURNITM_ACC",    "JOURNITM",  "ACC_CD"                                   },
     {"CLEARED_ACC",     "CLEARED",   "ACC_CD, BOOK_CD, VOUCH_NO"                },
     {"CLEARED_VOUCHER", "CLEARED",   "VOUCH_NO, BOOK_CD"                        },
+    {"SETTLES_VOUCHER", "SETTLES",   "BOOK_CD, VOUCH_NO"                        },
+    {"SETTLES_BILL",    "SETTLES",   "BILL_BOOK, BILL_VNO"                      },
+    {"SETTLES_PARTY",   "SETTLES",   "PARTY_CD"                                 },
     {"ACCOUNT_NAME",    "ACCOUNT",   "ACC_NAME"                                 },
     // Each receipt repairs them.
     {"ACCOUNT_GSTINNO", "ACCOUNT",   "GSTINNO", "GSTINNO IS NULL"               },
@@ -113,7 +116,7 @@ void EnsureIndexes(Database& db) {
                            .table = std::string(each.table),
                            .columns = std::string(each.columns),
                            .rows = std::string(each.rows)};
-    if (db.engine().hasIndex(index)) continue;
+    if (db.engine().hasIndex(index) || !db.engine().hasTable(index.table)) continue;
     db.passOver(kOlderBooks, [&] {
       Transaction both(db);
       db.engine().dropIndex(index.name);

@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "frame/child_screen.h"
+#include "store/dictionary.h"
 
 namespace {
 
@@ -32,9 +33,12 @@ std::string rowsOf(Database& db, const VoucherKind& kind, const std::string& tab
 }  // namespace
 
 std::string asStored(Database& db, const VoucherKind& kind, double number) {
-  const std::string head = rowsOf(db, kind, kind.tables.heads, number);
-  if (head.empty() || kind.tables.lines.empty()) return head;
-  return head + rowsOf(db, kind, kind.tables.lines, number);
+  std::string all = rowsOf(db, kind, kind.tables.heads, number);
+  if (all.empty()) return all;
+  if (!kind.tables.lines.empty()) all += rowsOf(db, kind, kind.tables.lines, number);
+  if (!kind.tables.settles.empty() && CheckTable(db, kind.tables.settles))
+    all += rowsOf(db, kind, kind.tables.settles, number);
+  return all;
 }
 
 const Saving Saving::Fresh{std::string()};

@@ -7,6 +7,7 @@
 #include "base/number.h"
 #include "base/pattern.h"
 #include "base/text.h"
+#include "frame/settling.h"
 #include "store/balances.h"
 #include "vouchers/cleared.h"
 
@@ -81,6 +82,7 @@ bool deleteJournal(Database& db, const VoucherKind& kind, double number, const S
     if (!deleteVoucher(db, kind, number, as)) return false;
     unpost(db, kind, number);
     forgetUnclear(db, kind.code, number);
+    freeSettled(db, {kind.code, number});
     for (const std::string& account : touched) RebuildOneBalance(db, account);
     return true;
   });

@@ -169,14 +169,18 @@ bool anyMissing(Database& db) {
 
 void postReceipts(Run& run) {
   if (!list(run, receipts())) return;
-  const auto statements = postingStatements({.billNumber = "REF_NO",
-                                             .subDesc = "'.'",
-                                             .from = std::string(kList) + " WHERE UPPER(BOOK_CD) = UPPER(?)",
-                                             .into = run.ledger});
+  const MoneyRows rows{.billNumber = "V.REF_NO",
+                       .subDesc = "'.'",
+                       .vouchers = kList,
+                       .condition = "UPPER(V.BOOK_CD) = UPPER(?)",
+                       .into = run.ledger};
+  std::vector<std::array<std::string, 2>> steps{postingStatements(rows)};
+  if (CheckTable(run.db, kSettlements)) steps.push_back(deductionStatements(rows));
   for (const VoucherKind* kind : kindsPostedFrom("RPTPAY")) {
     expect(run, *kind, "TRUE");
-    for (size_t i = 0; i < statements.size(); ++i)
-      carryOut(run, {kind}, statements[i], sides(*kind)[i], kind->code);
+    for (const auto& statements : steps)
+      for (size_t i = 0; i < statements.size(); ++i)
+        carryOut(run, {kind}, statements[i], sides(*kind)[i], kind->code);
   }
 }
 

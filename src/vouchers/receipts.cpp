@@ -1,5 +1,7 @@
 #include "vouchers/receipts.h"
 
+#include <algorithm>
+#include <set>
 #include <utility>
 
 #include "base/text.h"
@@ -10,7 +12,16 @@
 
 namespace {
 
-Fields rowOf(const VoucherKind& kind, const Fields& voucher) {
+bool says(const Fields& row, std::string_view column) {
+  return std::ranges::any_of(row, [&](const Field& f) { return sameText(f.column, column); });
+}
+
+bool isUnder(Database& db, std::string_view code, std::initializer_list<int> groups) {
+  return db.first("SELECT 1 FROM ACCOUNT WHERE ACC_CD = ? AND " + underGroups("GROUP_CD", groups), code)
+      .has_value();
+}
+
+Fields rowOf(const VoucherKind& kind, const Fields& voucher, const Settlement& settles) {
   Fields row = trimmedTexts(voucher);
   for (Field& f : Fields{
            {"REF_NO",     valueOf(voucher, "VOUCH_NO").text()},
@@ -20,9 +31,9 @@ Fields rowOf(const VoucherKind& kind, const Fields& voucher) {
            {"NARRATION1",            "."},
            {"NARRATION2",            "."                      },
            {"CHQ_CLG_DT",            valueOf(voucher,"VOUCH_DT")},
-           {"RPTPAY_DTL", "A"                      }
+           {"RPTPAY_DTL", settles.bills.empty() ? "A" : "B"                      }
   })
-    row.push_back(std::move(f));
+    if (!says(row, f.column)) row.push_back(std::move(f));
   return row;
 }
 
@@ -30,16 +41,42 @@ void unpost(Database& db, const std::string& bookCode, double number) {
   db.exec("DELETE FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ?", bookCode, number);
 }
 
-void post(Database& db, const VoucherKind& kind, double number) {
+void post(Database& db, const VoucherKind& kind, double number, const Settlement& settles) {
   unpost(db, kind.code, number);
   if (!kind.ledger.formerCode.empty()) unpost(db, kind.ledger.formerCode, number);
-  const auto statements =
-      postingStatements({.billNumber = "NUMTEXT(VOUCH_NO)",
-                         .subDesc = "'0'",
-                         .from = "RPTPAY WHERE BOOK_CD = ? AND RPTPAY_DTL = 'A' AND VOUCH_NO = ?"});
-  for (size_t i = 0; i < statements.size(); ++i) db.exec(statements[i], sides(kind)[i], kind.code, number);
-  db.exec("UPDATE ALEDGER SET BW_AB = 'A' WHERE BOOK_CD = ? AND VOUCH_NO = ?", kind.code, number);
+  const MoneyRows rows{.billNumber = "NUMTEXT(V.VOUCH_NO)",
+                       .subDesc = "'0'",
+                       .vouchers = "RPTPAY",
+                       .condition = "V.BOOK_CD = ? AND V.RPTPAY_DTL IN ('A', 'B') AND V.VOUCH_NO = ?"};
+  const auto write = [&](const std::array<std::string, 2>& statements) {
+    for (size_t i = 0; i < statements.size(); ++i) db.exec(statements[i], sides(kind)[i], kind.code, number);
+  };
+  write(postingStatements(rows));
+  if (!settles.deductions.empty()) write(deductionStatements(rows));
+  db.exec("UPDATE ALEDGER SET BW_AB = ? WHERE BOOK_CD = ? AND VOUCH_NO = ?",
+          settles.bills.empty() ? "A" : "B", kind.code, number);
   forgetUnclear(db, kind.code, number);
+}
+
+// Every account with ledger rows of the voucher.
+std::set<std::string> accountsOf(Database& db, const VoucherKind& kind, double number) {
+  std::set<std::string> accounts;
+  if (const auto row = findMoneyVoucher(db, kind, number))
+    for (const char* side : {"CSHBNK_CD", "PARTY_CD"}) accounts.insert(row->text(side));
+  for (const auto& deduction : readSettlement(db, kind, number).deductions)
+    accounts.insert(deduction.account);
+  return accounts;
+}
+
+std::string insertion(const MoneyRows& rows, const std::string& account, const std::string& against,
+                      const std::string& amount, const std::string& from) {
+  return "INSERT INTO " + rows.into +
+         " (VOUCH_NO, VOUCH_DT, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
+         " NARRATION, BW_AB, PARTY_BL, NARR1, CHQ_NO, CHQ_CLG_DT, SUB_DESC, SRNO)"
+         " SELECT V.VOUCH_NO, V.VOUCH_DT, V.BOOK_CD, ?, " +
+         account + ", " + against + ", " + amount + ", V.NARRATION, V.RPTPAY_DTL, " + rows.billNumber +
+         ", V.NARRATION1, V.CHQ_NO, V.CHQ_CLG_DT, " + rows.subDesc + ", V.VOUCH_NO FROM " + from + " WHERE " +
+         rows.condition;
 }
 
 }  // namespace
@@ -51,29 +88,32 @@ std::optional<Row> findMoneyVoucher(Database& db, const VoucherKind& kind, doubl
       kind.code, number);
 }
 
-void storeMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher) {
+void storeMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher,
+                       const Settlement& settles) {
   const double number = valueOf(voucher, "VOUCH_NO").number();
   const auto standing = findMoneyVoucher(db, kind, number);
-  const Fields row = rowOf(kind, voucher);
+  const Fields row = rowOf(kind, voucher, settles);
   if (standing)
     updateRows(db, "RPTPAY", row, "rowid = ?", {standing->value("ITS_ROW")});
   else
     insertRow(db, "RPTPAY", row);
-  post(db, kind, number);
+  storeSettlement(db, kind, number, valueOf(row, "PARTY_CD").text(), settles);
+  post(db, kind, number, settles);
 }
 
-bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher, const Saving& how) {
+bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher, const Saving& how,
+                      const Settlement& settles) {
   const double number = valueOf(voucher, "VOUCH_NO").number();
   return whole(db, [&] {
     if (!how.finds(db, kind, number)) return false;
-    const auto before = findMoneyVoucher(db, kind, number);
+    std::set<std::string> touched = accountsOf(db, kind, number);
     // A repair that has its place here: statements print the number as it stands.
     db.exec("UPDATE ACCOUNT SET GSTINNO = '.' WHERE GSTINNO IS NULL");
-    storeMoneyVoucher(db, kind, voucher);
-    for (const char* side : {"CSHBNK_CD", "PARTY_CD"}) {
-      if (before) RebuildOneBalance(db, before->text(side));
-      RebuildOneBalance(db, trim(valueOf(voucher, side).text()));
-    }
+    storeMoneyVoucher(db, kind, voucher, settles);
+    freeSettled(db, {kind.code, number}, trim(valueOf(voucher, "PARTY_CD").text()));
+    if (!settles.bills.empty()) checkSettlement(db, kind, number);
+    touched.merge(accountsOf(db, kind, number));
+    for (const std::string& account : touched) RebuildOneBalance(db, account);
     return true;
   });
 }
@@ -83,31 +123,38 @@ bool deleteMoneyVoucher(Database& db, const VoucherKind& kind, double number, co
     if (!as.finds(db, kind, number)) return false;
     const auto standing = findMoneyVoucher(db, kind, number);
     if (!standing) return true;
+    const std::set<std::string> touched = accountsOf(db, kind, number);
     unpost(db, kind.code, number);
     forgetUnclear(db, kind.code, number);
     db.exec("DELETE FROM RPTPAY WHERE rowid = ?", standing->value("ITS_ROW"));
-    RebuildOneBalance(db, standing->text("CSHBNK_CD"));
-    RebuildOneBalance(db, standing->text("PARTY_CD"));
+    storeSettlement(db, kind, number, "", {});
+    freeSettled(db, {kind.code, number});
+    for (const std::string& account : touched) RebuildOneBalance(db, account);
     return true;
   });
 }
 
 bool isCashOrBank(Database& db, std::string_view code) {
-  return sameText(code, kCashAccount) ||
-         db.first("SELECT 1 FROM ACCOUNT WHERE ACC_CD = ? AND " + underGroups("GROUP_CD", {87, 88}), code)
-             .has_value();
+  return sameText(code, kCashAccount) || isUnder(db, code, {87, 88, 127});
 }
 
+bool isBank(Database& db, std::string_view code) { return isUnder(db, code, {87, 127}); }
+
 std::array<std::string, 2> postingStatements(const MoneyRows& rows) {
-  const auto statement = [&](const std::string& account, const std::string& against) {
-    return "INSERT INTO " + rows.into +
-           " (VOUCH_NO, VOUCH_DT, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
-           " NARRATION, BW_AB, PARTY_BL, NARR1, CHQ_NO, CHQ_CLG_DT, SUB_DESC, SRNO)"
-           " SELECT VOUCH_NO, VOUCH_DT, BOOK_CD, ?, " +
-           account + ", " + against + ", AMOUNT, NARRATION, RPTPAY_DTL, " + rows.billNumber +
-           ", NARRATION1, CHQ_NO, CHQ_CLG_DT, " + rows.subDesc + ", VOUCH_NO FROM " + rows.from;
+  const auto statement = [&](const char* account, const char* against) {
+    return insertion(rows, account, against, "V.AMOUNT", rows.vouchers + " AS V");
   };
-  return {statement("CSHBNK_CD", "PARTY_CD"), statement("PARTY_CD", "CSHBNK_CD")};
+  return {statement("V.CSHBNK_CD", "V.PARTY_CD"), statement("V.PARTY_CD", "V.CSHBNK_CD")};
+}
+
+std::array<std::string, 2> deductionStatements(const MoneyRows& rows) {
+  const auto statement = [&](const char* account, const char* against) {
+    return insertion(rows, account, against, "S.AMOUNT",
+                     rows.vouchers +
+                         " AS V JOIN SETTLES AS S ON S.BOOK_CD = V.BOOK_CD AND S.VOUCH_NO = V.VOUCH_NO"
+                         " AND S.WHAT <> 'B'");
+  };
+  return {statement("S.ACC_CD", "V.PARTY_CD"), statement("V.PARTY_CD", "S.ACC_CD")};
 }
 
 std::array<std::string, 2> sides(const VoucherKind& kind) {

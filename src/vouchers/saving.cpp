@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "frame/made_from.h"
 #include "frame/posting_due.h"
+#include "frame/settling.h"
 #include "store/balances.h"
 #include "vouchers/items.h"
 #include "vouchers/ledger_rows.h"
@@ -135,9 +136,10 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
                           .lrNumber = text("GR_NO"),
                           .creditDays = figure("CR_DAYS")},
                          kind));
-    if (partyBefore) renameOriginal(db, kind, number, text("BILL_NO"), date);
-    if (partyBefore)
-      for (const std::string& party : {*partyBefore, trim(text("PARTY_CD"))}) RebuildOneBalance(db, party);
+    if (!partyBefore) return true;
+    renameOriginal(db, kind, number, text("BILL_NO"), date);
+    freeSettled(db, {kind.code, number}, trim(text("PARTY_CD")));
+    for (const std::string& party : {*partyBefore, trim(text("PARTY_CD"))}) RebuildOneBalance(db, party);
     return true;
   });
 }
@@ -167,6 +169,7 @@ bool deleteForGood(Database& db, const VoucherKind& kind, double number, const S
     if (!deleteVoucher(db, kind, number, as)) return false;
     forgetMadeFrom(db, kind, number);
     rememberDeleted(db, kind, number);
+    freeSettled(db, {kind.code, number});
     return true;
   });
 }

@@ -6,6 +6,7 @@
 #include "base/pattern.h"
 #include "base/text.h"
 #include "frame/session.h"
+#include "frame/settling.h"
 #include "vouchers/numbering.h"
 
 using namespace fields;
@@ -360,7 +361,9 @@ Go VoucherScreen::askToDelete(double number) {
   if (!takeInHand(number) || !show(number)) return Go::Stay;
   const auto facts = [&] {
     const bool stays = staysInLedger(number);
-    return atStake() + (stays ? "\n" + words("The Ledger Shows It Until Posting") : "");
+    const std::string settled = settledWords(data(), {kind_.code, number});
+    return atStake() + (settled.empty() ? "" : "\n" + settled) +
+           (stays ? "\n" + words("The Ledger Shows It Until Posting") : "");
   };
   while (mayBeDeleted(number) && host.ask(deleteQuestion(english("ARE YOU SURE"), facts())) &&
          !remove(number))

@@ -237,6 +237,7 @@ class VoucherScreen : public ChildScreen {
   bool storeTypedLine();
   bool figureAmount();
   bool tooLarge(Part part);
+  bool mayStandSmaller();  // than is settled of it
   Numbers numbers() const;
   bool paperNumberGiven() const;
   bool takeFreeNumbers();

@@ -1,5 +1,6 @@
 #include "base/text.h"
 #include "frame/session.h"
+#include "frame/settling.h"
 #include "masters/accounts.h"
 #include "vouchers/numbering.h"
 #include "vouchers/voucher_screen.h"
@@ -34,7 +35,7 @@ void VoucherScreen::save() {
   // The number was changed after its voucher was shown: that one is shown before anything is written.
   if (mode == "EDIT" && value(kNumber) != loaded_)
     focus(at(number() == Go::On ? kDate : kNumber));
-  else if (!meansNothing())
+  else if (!meansNothing() && mayStandSmaller())
     store(shown);
 }
 
@@ -134,6 +135,14 @@ bool VoucherScreen::meansNothing() {
     return false;
   if (noParty) focus(at(kParty));
   return true;
+}
+
+// Money that settles it would be left over.
+bool VoucherScreen::mayStandSmaller() {
+  if (mode != "EDIT" || kind_.party.offered.empty()) return true;  // a journal has no party of its own
+  const auto question =
+      settledQuestion(data(), {kind_.code, value(kNumber)}, trimmed(kParty), value(kNetAmount));
+  return !question || host.ask(*question);
 }
 
 VoucherScreen::Numbers VoucherScreen::numbers() const { return {text(kNumber), text(paperNumber())}; }

@@ -1,5 +1,6 @@
 #include "vouchers/receipts.h"
 
+#include "frame/books_check.h"
 #include "vouchers/bill_fixture.h"
 
 namespace {
@@ -42,7 +43,6 @@ class ReceiptsTest : public BillTest {
 
 }  // namespace
 
-// No entry of the menu opens these yet.
 TEST_F(ReceiptsTest, IncomeComesInAndExpenseGoesOut) {
   ASSERT_TRUE(saveMoneyVoucher(db(), moneyKind("INCOME"), money(1, 5), Saving::Fresh));
   ASSERT_TRUE(saveMoneyVoucher(db(), moneyKind("EXPENSE"), money(1, 7), Saving::Fresh));
@@ -74,6 +74,33 @@ TEST_F(ReceiptsTest, ASaveThatFailsInTheMiddleLeavesNothing) {
   EXPECT_THROW(saveMoneyVoucher(db(), receiptKind(), money(1, 5), Saving::Fresh), DatabaseError);
   EXPECT_EQ(line("SELECT (SELECT COUNT(*) FROM RPTPAY), (SELECT COUNT(*) FROM ALEDGER)"), "0|0");
   EXPECT_EQ(line("SELECT CL_BAL FROM ACCOUNT WHERE ACC_CD = 'A00001'"), "38460");
+}
+
+// The second is told, and so is who shows a receipt whose bill was let go meanwhile.
+TEST_F(ReceiptsTest, WhatTwoSettleOfOneBill) {
+  db().exec(
+      "INSERT INTO ALEDGER (BOOK_CD, VOUCH_NO, PARTY_CD, VOUCH_TYPE, VOUCH_AMT) VALUES ('SA', 90, 'A00001',"
+      " 'D', 100), ('SA', 91, 'A00001', 'D', 300)");
+  const Settlement first{.bills = {{{"SA", 90}, 100}}}, second{.bills = {{{"SA", 91}, 200}}};
+  ASSERT_TRUE(saveMoneyVoucher(db(), receiptKind(), money(1, 100), Saving::Fresh, first));
+  const std::string shown = asStored(db(), receiptKind(), 1);
+  EXPECT_THROW(saveMoneyVoucher(db(), receiptKind(), money(2, 100), Saving::Fresh, first), SettledElsewhere);
+  EXPECT_THROW(saveMoneyVoucher(db(), receiptKind(), money(2, 150), Saving::Fresh, second), SettledElsewhere)
+      << "more than its money";
+  EXPECT_EQ(stored(), "RC1 100");
+  const auto above = [&] {
+    const BooksCheck check = booksCheck();
+    const auto row = db().first("SELECT BOOK, VOUCH_NO, HAS, SHOULD FROM (" + check.text +
+                                    ") AS F WHERE WHAT = 'Settled Above Its Amount'",
+                                check.values);
+    return row ? row->text(0) + row->text(1) + " " + row->text(2) + " " + row->text(3) : "";
+  };
+  EXPECT_EQ(above(), "");
+  db().exec("UPDATE ALEDGER SET VOUCH_AMT = 60 WHERE BOOK_CD = 'SA' AND VOUCH_NO = 90");
+  EXPECT_EQ(above(), "SA90 100.00 60.00");
+  freeSettled(db(), {"SA", 90});
+  EXPECT_FALSE(saveMoneyVoucher(db(), receiptKind(), money(1, 100), Saving::over(shown), first));
+  EXPECT_EQ(line("SELECT RPTPAY_DTL, (SELECT COUNT(*) FROM SETTLES) FROM RPTPAY"), "A|0");
 }
 
 // What the year in the shop does not come to.
