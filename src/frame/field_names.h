@@ -38,6 +38,22 @@ inline constexpr FieldName kGoodsName{"goods_name"};
 inline constexpr FieldName kAccount{"account"};             // cash or bank
 inline constexpr FieldName kAccountName{"account_name"};
 inline constexpr FieldName kAccountBalance{"account_balance"};
+inline constexpr FieldName kMode{"mode"};                   // in which money is paid
+inline constexpr FieldName kModeName{"mode_name"};
+inline constexpr FieldName kCheque{"cheque"};               // its number, or the reference of the bank
+inline constexpr FieldName kChequeDate{"cheque_date"};
+inline constexpr FieldName kDiscountAccount{"discount_account"};
+inline constexpr FieldName kDiscountAccountName{"discount_account_name"};
+inline constexpr FieldName kWriteOff{"write_off"};
+inline constexpr FieldName kWriteOffAccount{"write_off_account"};
+inline constexpr FieldName kWriteOffAccountName{"write_off_account_name"};
+inline constexpr FieldName kTds{"tds"};
+inline constexpr FieldName kTdsAccount{"tds_account"};
+inline constexpr FieldName kTdsAccountName{"tds_account_name"};
+inline constexpr FieldName kToSettle{"to_settle"};          // money, discount, write-off and TDS
+inline constexpr FieldName kSettled{"settled"};             // against single bills
+inline constexpr FieldName kOnAccount{"on_account"};        // the rest
+inline constexpr FieldName kBills{"bills"};                 // the grid of the bills to settle
 
 // Line of a voucher
 inline constexpr FieldName kLineNumber{"line_no"};

@@ -49,7 +49,8 @@ const ScreenSpec& spec() {
 // clang-format on
 
 bool typedAway(const Setting& setting) {
-  return setting.kind == Setting::Kind::Folder || setting.kind == Setting::Kind::Count;
+  using enum Setting::Kind;
+  return setting.kind == Folder || setting.kind == Count || setting.kind == Account;
 }
 
 bool onOneDisk(const fs::path& a, const fs::path& b) {
@@ -256,6 +257,11 @@ std::string frmsettings::refusalOf(const Setting& setting, std::string& value) {
   if (value.empty() || value == ".") {
     value = setting.standard;
     return {};
+  }
+  if (setting.kind == Setting::Kind::Account) {
+    value = upper(value);
+    if (data().first("SELECT 1 FROM ACCOUNT WHERE ACC_CD = ?", value)) return {};
+    return words("PARTY DOES NOT EXIST");
   }
   const fs::path folder = backupFolder(value, session().mapppath);
   const std::string_view other = setting.key == kSecondFolder ? kBackupFolder : kSecondFolder;

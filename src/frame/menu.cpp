@@ -59,6 +59,8 @@ constexpr Command kCommands[] = {
     {.menu = "mnutrns",  .caption = "Purchase Return",              .control = "mnutrans",      .key = "PURCHRET"},
     {.menu = "mnutrns",  .caption = "Journal",                      .control = "mnutrans",      .key = "JOURNAL"},
     {.menu = "mnutrns",  .caption = "Contra",                       .control = "mnutrans",      .key = "CONTRA"},
+    {.menu = "mnutrns",  .caption = "Incomes",                      .control = "mnutrans",      .key = "INCOME"},
+    {.menu = "mnutrns",  .caption = "Expenses",                     .control = "mnutrans",      .key = "EXPENSE"},
 
     {.menu = "mnulists", .caption = "Party List Print",             .control = "MNULIST",       .key = "accmastADD",  .reportKey = "accmastADD",  .screen = "frmreport"},
     {.menu = "mnulists", .caption = "Address Card Print",           .control = "MNULIST",       .key = "adcard",      .reportKey = "adcard",      .screen = "dlg1", .tool = "adrscrd"},

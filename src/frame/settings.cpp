@@ -26,7 +26,7 @@ constexpr const char* kAlone[] = {english("Where No Bill Stands For Them"),
                                   english("Always, Also Beside Their Bill")};
 
 constexpr const char *kBackup = english("Backup"), *kPrint = english("Before Print"),
-                     *kBooks = english("Books");
+                     *kBooks = english("Books"), *kMoney = english("Receipts and payments");
 
 // clang-format off
 constexpr Setting kSettings[] = {
@@ -42,6 +42,13 @@ constexpr Setting kSettings[] = {
 
     {kOneUnit,          9007, How::Choice, "0",           kBooks,  english("Units of an item"),           english("With one for each item the books refuse a second; set by Database Check"), kUnits},
     {kChallansPost,     9010, How::Choice, "0",           kBooks,  english("Challans post as sales"),     english("Goods count once while a bill takes their place; another choice shows after Posting"), kAlone},
+
+    {kDiscountAllowed,  9021, How::Account, "X90006",     kMoney,  english("Discount allowed"),           english("Account of the discount in a receipt")},
+    {kDiscountReceived, 9022, How::Account, "X90006",     kMoney,  english("Discount received"),          english("Account of the discount in a payment")},
+    {kWrittenOff,       9023, How::Account, "X90015",     kMoney,  english("Written off"),                english("Account of what a customer need not pay")},
+    {kWrittenBack,      9024, How::Account, "X90015",     kMoney,  english("Written back"),               english("Account of what a supplier leaves us")},
+    {kTdsReceivable,    9025, How::Account, "",           kMoney,  english("TDS receivable"),             english("Account of the tax that customers deduct; the first receipt with TDS asks")},
+    {kTdsPayable,       9026, How::Account, "",           kMoney,  english("TDS payable"),                english("Account of the tax that we deduct; the first payment with TDS asks")},
 };
 // clang-format on
 
@@ -51,9 +58,9 @@ const Setting& settingBy(std::string_view key) {
   return *found;
 }
 
-std::string columnOf(const Setting& setting) {
-  return setting.kind == How::Folder ? "VOUCH_NM" : "VOUCH_QTY";
-}
+bool isText(const Setting& setting) { return setting.kind == How::Folder || setting.kind == How::Account; }
+
+std::string columnOf(const Setting& setting) { return isText(setting) ? "VOUCH_NM" : "VOUCH_QTY"; }
 
 }  // namespace
 
@@ -65,7 +72,7 @@ std::string settingOf(Database& db, const Setting& setting) {
     value = trim(db.text("SELECT " + columnOf(setting) + " FROM SPSFILE WHERE VOUCH_NO = ?", setting.row));
   });
   if (value.empty() || value == ".") return std::string(setting.standard);
-  return setting.kind == How::Folder ? value : numText(Val(value));
+  return isText(setting) ? value : numText(Val(value));
 }
 
 std::string settingOf(Database& db, std::string_view key) { return settingOf(db, settingBy(key)); }
@@ -73,7 +80,7 @@ std::string settingOf(Database& db, std::string_view key) { return settingOf(db,
 int settingNumber(Database& db, std::string_view key) { return toInt(Val(settingOf(db, key))); }
 
 void storeSetting(Database& db, const Setting& setting, const std::string& value) {
-  const Value stored = setting.kind == How::Folder ? Value(value) : Value(Val(value));
+  const Value stored = isText(setting) ? Value(value) : Value(Val(value));
   whole(db, [&] {
     if (db.exec("UPDATE SPSFILE SET " + columnOf(setting) + " = ? WHERE VOUCH_NO = ?", stored, setting.row) >
         0)
@@ -87,6 +94,10 @@ void storeSetting(Database& db, const Setting& setting, const std::string& value
 
 void storeSetting(Database& db, std::string_view key, int value) {
   storeSetting(db, settingBy(key), std::to_string(value));
+}
+
+void storeSetting(Database& db, std::string_view key, const std::string& value) {
+  storeSetting(db, settingBy(key), value);
 }
 
 void takeSettings(Database& db, Database& earlier) {

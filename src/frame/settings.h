@@ -11,7 +11,7 @@
 // company-year; one that is missing, blank or "." counts as its standard.
 
 struct Setting {
-  enum class Kind { YesNo, Choice, Count, Folder };
+  enum class Kind { YesNo, Choice, Count, Folder, Account };
 
   std::string_view key;  // VOUCH_CD of its row
   int row;               // VOUCH_NO; from 9001 on those that only this program knows
@@ -29,7 +29,10 @@ inline constexpr std::string_view kExitBackup = "EXITBACKUP", kBackupsKept = "KE
                                   kSecondFolder = "SECOND", kLedgerNumbers = "LDGRVNO",
                                   kLedgerNarration = "LDGRNARR", kPriceListParts = "PRICELST",
                                   kOutstandingBills = "OUTSTDTL", kOneUnit = "ONEUNIT",
-                                  kChallansPost = "CHLNPOST";
+                                  kChallansPost = "CHLNPOST", kDiscountAllowed = "DISCALW",
+                                  kDiscountReceived = "DISCREC", kWrittenOff = "WRITEOFF",
+                                  kWrittenBack = "WRITEBCK", kTdsReceivable = "TDSREC",
+                                  kTdsPayable = "TDSPAY";
 
 // As text, a choice as its number.
 std::string settingOf(Database& db, const Setting& setting);
@@ -37,6 +40,7 @@ std::string settingOf(Database& db, std::string_view key);
 int settingNumber(Database& db, std::string_view key);
 void storeSetting(Database& db, const Setting& setting, const std::string& value);
 void storeSetting(Database& db, std::string_view key, int value);
+void storeSetting(Database& db, std::string_view key, const std::string& value);
 
 // Those of the company's earlier books into new ones, which make backups at their exits in any case.
 void takeSettings(Database& db, Database& earlier);

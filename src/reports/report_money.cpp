@@ -1,5 +1,6 @@
 #include "base/text.h"
 #include "base/words.h"
+#include "frame/money_modes.h"
 #include "frame/voucher_kinds.h"
 #include "reports/reports.h"
 #include "store/dictionary.h"
@@ -44,9 +45,7 @@ constexpr const char* kMode =
 
 std::vector<Value> modes() {
   std::vector<Value> shown;
-  for (const char* each :
-       {english("Cheque"), english("UPI"), english("NEFT/RTGS"), english("Card"), english("Cash")})
-    shown.emplace_back(words(each));
+  for (const char* each : {"CQ", "UP", "NE", "CD", "."}) shown.emplace_back(moneyModeName(each));
   return shown;
 }
 

@@ -10,8 +10,6 @@
 #include "frame/links.h"
 #include "frame/session.h"
 #include "masters/page_rows.h"
-#include "store/groups.h"
-#include "vouchers/accounts.h"
 #include "vouchers/bwrcpy_table.h"
 #include "vouchers/numbering.h"
 
@@ -20,56 +18,79 @@ using namespace fields;
 namespace {
 
 constexpr const char* kConfirm = english("Mirav Confirmation Message");
-constexpr const char* kCheck = english("Mirav Check");
-constexpr const char* kAdding = english("{title} : ADD MODE");
 constexpr const char* kRestHint = english("Press Add Button to Enter New Voucher");
-constexpr Bgr kOkColour = 0xFFF0F0, kSecondColour = 0xFFD0D0;
 
-constexpr FieldName kEntered[] = {kNumber, kParty, kAmount, kNarration};
-constexpr bwrcpy::Side kCashSide{kAccount, kAccountName, kAccountBalance};
-constexpr bwrcpy::Side kOtherSide{kParty, kPartyName, kPartyBalance};
+constexpr FieldName kEntered[] = {kNumber, kParty,      kAmount,         kNarration, kMode,
+                                  kCheque, kChequeDate, kDiscountAmount, kWriteOff,  kTds};
 
 }  // namespace
 
 bwrcpy::bwrcpy(Host& theHost, const Opening& opening)
     : ChildScreen(theHost, bwrcpyTable()), kind_(moneyKind(opening.entryType)) {
+  at(kBills).grid.source = bills_;
   caption = kind_.words.title;
   at("cmdCancel").tab = 0;  // a press leaves the focus where it is: who gives up may think again
   wire(*this, {
-                  {"cmdAdd",     On::Click,       &bwrcpy::add           },
-                  {"cmdEdit",    On::Click,       &bwrcpy::modify        },
-                  {"cmdDelete",  On::Click,       &bwrcpy::startDelete   },
-                  {"Cmdprint",   On::Click,       &bwrcpy::print         },
-                  {"cmdClose",   On::Click,       &bwrcpy::close         },
-                  {"cmdUpdate",  On::Click,       &bwrcpy::update        },
-                  {"cmdUpdate",  On::Leave,       &bwrcpy::lockUpdate    },
-                  {"cmdCancel",  On::Click,       &bwrcpy::giveUp        },
-                  {"Cmdvideo",   On::Click,       &bwrcpy::video         },
-                  {"",           KeyCode::Esc,    &bwrcpy::escape        },
-                  {"",           KeyCode::F5,     &bwrcpy::chooseAccount },
-                  {"",           Key::Ctrl('P'),  &bwrcpy::view          },
-                  {kNumber,      KeyCode::Enter,  &bwrcpy::number        },
-                  {kNumber,      KeyCode::F1,     &bwrcpy::oldByReference},
-                  {kNumber,      KeyCode::F3,     &bwrcpy::oldByCheque   },
-                  {kNumber,      KeyCode::F4,     &bwrcpy::oldByAmount   },
-                  {kDate,        KeyCode::Enter,  &bwrcpy::voucherDate   },
-                  {"MaskEdBox1", KeyCode::F1,     &bwrcpy::dateF1        },
-                  {"MaskEdBox1", KeyCode::F2,     &bwrcpy::dateF2        },
-                  {"MaskEdBox1", KeyCode::F3,     &bwrcpy::dateF3        },
-                  {"MaskEdBox1", KeyCode::Up,     &bwrcpy::dateUp        },
-                  {"MaskEdBox1", KeyCode::Down,   &bwrcpy::dateDown      },
-                  {"MaskEdBox1", KeyCode::PgUp,   &bwrcpy::datePgUp      },
-                  {"MaskEdBox1", KeyCode::PgDn,   &bwrcpy::datePgDn      },
-                  {kAccount,     KeyCode::Enter,  &bwrcpy::account       },
-                  {kAccount,     On::Leave,       &bwrcpy::leaveAccount  },
-                  {kParty,       KeyCode::Enter,  &bwrcpy::party         },
-                  {kParty,       KeyCode::F2,     &bwrcpy::partyByCity   },
-                  {kAmount,      KeyCode::Enter,  &bwrcpy::amount        },
-                  {kNarration,   KeyCode::Enter,  &bwrcpy::remarks       },
-                  {kNarration,   KeyCode::Tab,    &bwrcpy::remarksTab    },
-                  {kNarration,   KeyCode::F1,     &bwrcpy::earlierRemarks},
-                  {"DataGrid1",  On::DoubleClick, &bwrcpy::openRow       },
+                  {"cmdAdd",     On::Click,          &bwrcpy::add           },
+                  {"cmdEdit",    On::Click,          &bwrcpy::modify        },
+                  {"cmdDelete",  On::Click,          &bwrcpy::startDelete   },
+                  {"Cmdprint",   On::Click,          &bwrcpy::print         },
+                  {"cmdClose",   On::Click,          &bwrcpy::close         },
+                  {"cmdUpdate",  On::Click,          &bwrcpy::update        },
+                  {"cmdUpdate",  On::Leave,          &bwrcpy::lockUpdate    },
+                  {"cmdCancel",  On::Click,          &bwrcpy::giveUp        },
+                  {"Cmdvideo",   On::Click,          &bwrcpy::video         },
+                  {"",           KeyCode::Esc,       &bwrcpy::escape        },
+                  {"",           KeyCode::F5,        &bwrcpy::chooseAccount },
+                  {"",           Key::Ctrl('P'),     &bwrcpy::view          },
+                  {kNumber,      KeyCode::Enter,     &bwrcpy::number        },
+                  {kNumber,      KeyCode::F1,        &bwrcpy::oldByReference},
+                  {kNumber,      KeyCode::F3,        &bwrcpy::oldByCheque   },
+                  {kNumber,      KeyCode::F4,        &bwrcpy::oldByAmount   },
+                  {kDate,        KeyCode::Enter,     &bwrcpy::voucherDate   },
+                  {"MaskEdBox1", KeyCode::F1,        &bwrcpy::dateF1        },
+                  {"MaskEdBox1", KeyCode::F2,        &bwrcpy::dateF2        },
+                  {"MaskEdBox1", KeyCode::F3,        &bwrcpy::dateF3        },
+                  {"MaskEdBox1", KeyCode::Up,        &bwrcpy::dateUp        },
+                  {"MaskEdBox1", KeyCode::Down,      &bwrcpy::dateDown      },
+                  {"MaskEdBox1", KeyCode::PgUp,      &bwrcpy::datePgUp      },
+                  {"MaskEdBox1", KeyCode::PgDn,      &bwrcpy::datePgDn      },
+                  {kAccount,     KeyCode::Enter,     &bwrcpy::account       },
+                  {kAccount,     On::Leave,          &bwrcpy::leaveAccount  },
+                  {kParty,       KeyCode::Enter,     &bwrcpy::party         },
+                  {kParty,       KeyCode::F2,        &bwrcpy::partyByCity   },
+                  {kAmount,      KeyCode::Enter,     &bwrcpy::amount        },
+                  {kAmount,      On::Change,         &bwrcpy::showSums      },
+                  {kMode,        KeyCode::Enter,     &bwrcpy::payMode       },
+                  {kChequeDate,  KeyCode::Enter,     &bwrcpy::chequeDate    },
+                  {kNarration,   KeyCode::Enter,     &bwrcpy::remarks       },
+                  {kNarration,   KeyCode::Tab,       &bwrcpy::remarksTab    },
+                  {kNarration,   KeyCode::F1,        &bwrcpy::earlierRemarks},
+                  {"DataGrid1",  On::DoubleClick,    &bwrcpy::openRow       },
+                  {"",           KeyCode::PgDn,      &bwrcpy::toBills       },
+                  {"",           KeyCode::F12,       &bwrcpy::saveAtOnce    },
+                  {"cmdbills",   On::Click,          &bwrcpy::showBills     },
+                  {"cmdlast",    On::Click,          &bwrcpy::showVouchers  },
+                  {kBills,       KeyCode::Enter,     &bwrcpy::settleRow     },
+                  {kBills,       On::DoubleClick,    &bwrcpy::settleWhole   },
+                  {kBills,       On::Row,            &bwrcpy::takeTyped     },
+                  {kBills,       On::Leave,          &bwrcpy::takeTyped     },
+                  {kBills,       KeyCode::Backspace, &bwrcpy::typedBack     },
+                  {kBills,       KeyCode::Delete,    &bwrcpy::freeRow       },
+                  {kBills,       KeyCode::PgUp,      &bwrcpy::pageBack      },
+                  {kBills,       KeyCode::Tab,       &bwrcpy::toForm        },
+                  {kBills,       KeyCode::F6,        &bwrcpy::oldestFirst   },
+                  {kBills,       KeyCode::F8,        &bwrcpy::freeAll       },
   });
+  for (const Deduction& d : deductions()) {
+    wire(*this, {
+                    {d.amount,  KeyCode::Enter, &bwrcpy::deduction       },
+                    {d.amount,  KeyCode::F5,    &bwrcpy::chooseDeduction },
+                    {d.amount,  On::Change,     &bwrcpy::showSums        },
+                    {d.account, KeyCode::Enter, &bwrcpy::deductionAccount},
+                    {d.account, On::Leave,      &bwrcpy::leaveDeduction  },
+    });
+  }
 }
 
 // Opening and closing
@@ -99,7 +120,11 @@ bool bwrcpy::worksOnLeaving(const Control& target) const {
 }
 
 void bwrcpy::escape() {
-  if (entering()) {
+  if (!bills_->typed.text.empty()) {
+    bills_->typed = {};
+  } else if (focused() == &at(kBills)) {
+    toForm();
+  } else if (entering()) {
     if (host.ask(leaveQuestion(english("Do you want to exit")))) cancel();
   } else if (!mode.empty()) {
     cancel();
@@ -129,9 +154,19 @@ void bwrcpy::setMode(const std::string& newMode, const std::string& pattern) {
   mode = newMode;
   const std::string title = words(kind_.words.title);
   caption = pattern.empty() ? title : words(pattern, "title", title);
-  escMeans = mode.empty() ? english("Esc = Close")
-             : entering() ? english("Esc = Cancel and Exit")
-                          : english("Esc = Cancel");
+  tellEscape();
+}
+
+void bwrcpy::tellEscape() {
+  escMeans = focused() == &at(kBills) ? english("Esc = Back To Amount")
+             : mode.empty()           ? english("Esc = Close")
+             : entering()             ? english("Esc = Cancel and Exit")
+                                      : english("Esc = Cancel");
+}
+
+void bwrcpy::focusMoved(Control& control) {
+  ChildScreen::focusMoved(control);
+  tellEscape();
 }
 
 void bwrcpy::begin(const std::string& newMode, const std::string& pattern) {
@@ -143,16 +178,17 @@ void bwrcpy::begin(const std::string& newMode, const std::string& pattern) {
   for (const FieldName entered : kEntered)
     at(entered).enabled = entering() || (!mode.empty() && entered == kNumber);
   at(kDate).enabled = entering();
+  layOut();
   allowUpdate(false);
   showButtons();
   if (!mode.empty()) focusUnchecked(at(kNumber));
 }
 
 void bwrcpy::add() {
-  begin("ADD", kAdding);
+  begin("ADD", kAddingMoney);
   put(kNumber, lastVoucher(data(), kind_).number + 1);
   placeDefaults();
-  takeAsShown(kNumber);
+  takeShown();
   focusUnchecked(at(kDate));
 }
 
@@ -193,19 +229,29 @@ void bwrcpy::showButtons() {
 
 void bwrcpy::allowUpdate(bool on) {
   at("cmdUpdate").enabled = on;
-  reason = on || !entering() ? "" : english("Update opens after Remarks");
+  reason = !entering() ? "" : on ? advance() : english("Update opens after Remarks");
 }
 
 void bwrcpy::clearFields() {
   emptyFields(Part::Head);
-  takeAsShown(kNumber);
+  asked_ = false;
+  bills_->forget();
+  takeShown();
   period_ = {};
 }
+
+void bwrcpy::takeShown() {
+  takeAsShown(kNumber);
+  shownSettlement_ = settlementText();
+}
+
+bool bwrcpy::unsaved() const { return ChildScreen::unsaved() || settlementText() != shownSettlement_; }
 
 void bwrcpy::placeDefaults() {
   put(kDate, host.today());
   put(kAccount, kCashAccount);
   showAccount(kCashSide);
+  layOut();
 }
 
 void bwrcpy::showList() {
@@ -257,7 +303,7 @@ Go bwrcpy::enterNumber() {
     }
     notFound("VOUCHER ALREADY EXISTS");
     placeDefaults();
-    takeAsShown(kNumber);
+    takeShown();
     return Go::Stay;
   }
   if (!found)
@@ -267,8 +313,10 @@ Go bwrcpy::enterNumber() {
   asLoaded_ = std::move(rows);
   showVoucher(*found);
   if (mode == "EDIT") focus(at(kDate));
+  std::string settled = mode == "DEL" ? settledWords(data(), {kind_.code, n}) : "";
+  if (!settled.empty()) settled = "\n" + settled;
   // One that was changed while the question stood is shown as it is now, and asked about again.
-  if (mode == "DEL" && host.ask(deleteQuestion(english("ARE YOU SURE"), atStake())) && !remove(n) &&
+  if (mode == "DEL" && host.ask(deleteQuestion(english("ARE YOU SURE"), atStake() + settled)) && !remove(n) &&
       isStored(data(), kind_, n))
     return enterNumber();
   if (mode != "DEL") return Go::Stay;
@@ -308,9 +356,10 @@ void bwrcpy::showVoucher(const Row& v) {
   showFields(v, Part::Head);
   showAccount(kCashSide);
   showAccount(kOtherSide);
-  takeAsWorked(Part::Head);
   loaded_ = v.number("VOUCH_NO");
-  takeAsShown(kNumber);
+  showSettlement(v);
+  takeAsWorked(Part::Head);
+  takeShown();
 }
 
 bool bwrcpy::remove(double number) {
@@ -320,201 +369,22 @@ bool bwrcpy::remove(double number) {
   return removed;
 }
 
-// Fields
-
-Go bwrcpy::voucherDate() {
-  const auto typed = date(kDate);
-  if (!typed) return dateStands();
-  const std::string refusal = period_.refusal(*typed);
-  if (refusal.empty()) return Go::On;
-  host.message(refusal, kMessageTitle);
-  return Go::Stay;
-}
-
-bool bwrcpy::showAccount(const Side& side) {
-  const std::string code = fullCode(data(), trimmed(side.code));
-  if (code != trimmed(side.code)) put(side.code, code);
-  const auto account = readAccount(data(), code);
-  put(side.name, account ? account->name : "");
-  put(side.balance, account ? numText(account->balance) : "");
-  return account && !trim(account->name).empty();
-}
-
-bool bwrcpy::sameCodes() const { return sameText(trimmed(kAccount), trimmed(kParty)); }
-
-Go bwrcpy::refuseSame(const Side& side) {
-  host.message(" BOTH THE CODE CAN NOT BE SAME");
-  for (const FieldName field : {side.code, side.name, side.balance}) put(field, "");
-  return Go::Stay;
-}
-
-// The account is off until it is asked for, since nearly all money goes over the cash account.
-void bwrcpy::chooseAccount() {
-  if (!entering()) return;
-  accountBefore_ = trimmed(kAccount);
-  at(kAccount).enabled = true;
-  focus(at(kAccount));
-}
-
-// Whichever way the focus goes, only a cash or bank account stays behind.
-void bwrcpy::leaveAccount() {
-  at(kAccount).enabled = false;
-  if (!isCashOrBank(data(), trimmed(kAccount))) put(kAccount, accountBefore_);
-  showAccount(kCashSide);
-}
-
-Go bwrcpy::account() {
-  if (trimmed(kAccount).empty())
-    return lookUp(host, *this, here(),
-                  accounts({{"ACC_CD"}, {"acc_name"}, {"AREA"}, {"CITY"}, {"group_cd"}, balanceColumn()},
-                           underGroups("GROUP_CD", {87, 88})));
-  if (!showAccount(kCashSide)) {
-    host.message("PARTY DOES NOT EXIST");
-    return Go::Stay;
-  }
-  if (!isCashOrBank(data(), trimmed(kAccount))) {
-    host.message("Cash / Bank Takes A Cash Or Bank Account\nEmpty It And Press Enter For Help",
-                 kMessageTitle);
-    return Go::Stay;
-  }
-  if (sameCodes()) return refuseSame(kCashSide);
-  focus(at(kParty));
-  return Go::Stay;
-}
-
-Go bwrcpy::party() {
-  if (trimmed(kParty).empty())
-    return lookUp(
-        host, *this, here(),
-        accounts({{"ACC_CD"}, {"acc_name"}, {"AREA"}, {"CITY"}, {"group_cd"}, {"PERSON_NM"}, balanceColumn()},
-                 kind_.party.offered));
-  if (!showAccount(kOtherSide)) {
-    host.message("PARTY DOES NOT EXIST");
-    return Go::Stay;
-  }
-  if (sameCodes()) return refuseSame(kOtherSide);
-  session().mlastacc = trimmed(kParty);
-  focus(at(kAmount));
-  return Go::Stay;
-}
-
-Go bwrcpy::amount() {
-  const double typed = value(kAmount);
-  const bool refused = figureRefused(text(kAmount));
-  if (typed > 0 && !refused && typed == Round(typed, 2)) return Go::On;
-  host.message(refused     ? kFigureRefused
-               : typed > 0 ? english("An Amount Has Two Decimals")
-                           : english("CAN NOT ACCEPT"));
-  return Go::Stay;
-}
-
-Go bwrcpy::remarks() {
-  if (!entering()) return Go::On;
-  allowUpdate(true);
-  focus(at("cmdUpdate"));
-  return Go::Stay;
-}
-
-// Also where it is empty it opens Update, as Enter does.
-Go bwrcpy::remarksTab() {
-  if (entering()) enterAgain(here());
-  return entering() ? Go::Stay : Go::On;
-}
-
-// Saving
-
-void bwrcpy::update() {
-  if (!entering()) return;
-  const bool complete =
-      value(kNumber) != 0 && !trimmed(kAccount).empty() && !trimmed(kParty).empty() && date(kDate);
-  if (!complete || !showAccount(kCashSide) || !showAccount(kOtherSide)) {
-    host.message("Invalid Entry", kCheck);
-    return;
-  }
-  // The number was changed after its voucher was shown: that one is shown before anything is written.
-  if (mode == "EDIT" && value(kNumber) != loaded_) {
-    enterNumber();
-    return;
-  }
-  if (sameCodes()) {
-    refuseSame(kOtherSide);
-    focus(at(kParty));
-    return;
-  }
-  if (amount() == Go::Stay) {
-    focus(at(kAmount));
-    return;
-  }
-  store();
-}
-
-void bwrcpy::store() {
-  const bool fresh = mode == "ADD";
-  const std::string number = text(kNumber);
-  const auto stored = [&] {
-    if (fresh && isStored(data(), kind_, value(kNumber))) put(kNumber, lastVoucher(data(), kind_).number + 1);
-    return saveMoneyVoucher(data(), kind_, writtenFields(Part::Head),
-                            fresh ? Saving::Fresh : Saving::over(asLoaded_));
-  };
-  bool written = false;
-  try {
-    const Busy busy(host);
-    written = whole(data(), stored);
-  } catch (...) {
-    put(kNumber, number);
-    throw;
-  }
-  if (!written) return changedMeanwhile();
-  if (text(kNumber) != number) host.message(takenWords(words("Voucher No"), number, text(kNumber)));
-  saved();
-}
-
-// What was changed is shown as it stands, what was deleted comes back, each when that is meant alone.
-void bwrcpy::changedMeanwhile() {
-  const double n = value(kNumber);
-  if (isStored(data(), kind_, n)) {
-    if (!host.ask(changedQuestion(data(), kind_, n, unsaved()))) return;
-    takeAsShown(kNumber);
-    enterNumber();
-  } else if (host.ask(deletedQuestion(n))) {
-    setMode("ADD", kAdding);
-    store();
-  }
-}
-
-void bwrcpy::saved() {
-  mode.clear();
-  hand_.letGo();
-  caption = kind_.words.title;
-  if (drilledDown_) {
-    host.close(*this);
-    return;
-  }
-  Interaction closing{
-      .saved = closingMessage(), .cancel = "", .okColour = kOkColour, .cancelColour = kSecondColour};
-  interact(host, closing);
-  rest();
-}
-
-SavedMessage bwrcpy::closingMessage() const {
-  return {
-      .head = words("{title} Saved", "title", words(kind_.words.title)),
-      .facts = {{english("Entry No"), text(kNumber)},
-                {english("Party Name"), text(kPartyName)},
-                {english("AMOUNT"), text(kAmount)}},
-      .hints = {english("Press ok to Proceed ")  },
-      .gap = 1,
-  };
-}
-
 // Hints
 
 // What Enter does, then the keys that the table names for the field.
 std::string bwrcpy::hintFor(const Control& control) const {
-  if (!control.editable() || control.spec->field == kAmount) return ChildScreen::hintFor(control);
+  const bool isAmount = control.spec->field == kAmount;
+  if (isAmount && at(kBills).visible)
+    return words(control.hint) + " :: " + words("Page Down = Bills To Settle");
+  if (!control.editable() || isAmount) return ChildScreen::hintFor(control);
+  if (control.spec->field == kMode) return payModes();
   const bool isNumber = control.spec->field == kNumber;
+  const bool mayStayEmpty = control.spec->field == kCheque || control.spec->holds == Holds::Figure;
+  const bool helps = trim(control.text).empty() && !mayStayEmpty;
   const std::string enter = words(isNumber ? english("Press Enter For Help Find Old Entries")
-                                  : trim(control.text).empty() ? english("Press Enter For Help")
-                                                               : english("Press Enter To Proceed"));
-  return control.hint.empty() ? enter : enter + " :: " + words(control.hint);
+                                  : helps  ? english("Press Enter For Help")
+                                           : english("Press Enter To Proceed"));
+  std::string all = control.hint.empty() ? enter : enter + " :: " + words(control.hint);
+  if (control.spec->field == kNarration && hasBills()) all += " :: " + words("Page Down = Bills To Settle");
+  return all;
 }

@@ -268,7 +268,11 @@ class Clerk(Shop):
             s.keys("F5")
             s.fill("account", m.place.lower(), "Enter")
         s.type(m.party.code.lower(), "Enter")
+        if m.place != CASH:
+            s.type("cash", "Enter")
         s.type(number(m.amount), "Enter")
+        if m.place != CASH:
+            s("focus narration")
         if m.narration:
             s.type(m.narration.lower())
         s("key Enter", "key Enter")
@@ -312,5 +316,5 @@ class Clerk(Shop):
         self.open(MENUS[m.book], m)
         s.fill("date", m.day.strftime("%d%m%Y"), "Enter")
         s.fill("amount", number(m.amount))
-        s("key Enter", "key Enter", "key Enter", "key Enter")
+        s("focus narration", "key Enter", "key Enter", "key Enter")
         self.balances(m)
