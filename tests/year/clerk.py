@@ -269,9 +269,21 @@ class Clerk(Shop):
             s.fill("account", m.place.lower(), "Enter")
         s.type(m.party.code.lower(), "Enter")
         if m.place != CASH:
-            s.type("cash", "Enter")
+            s.fill("mode", m.mode.lower(), "Enter")
         s.type(number(m.amount), "Enter")
         if m.place != CASH:
+            s.type(m.cheque.lower(), "Enter")
+            if m.tds:
+                s.fill("tds", number(m.tds), "Enter")
+                if m.book not in self.taxed:  # from then on the account is known
+                    self.taxed.add(m.book)
+                    s.keys("Right")
+                    s.type("tds rec" if m.book == "RC" else "tds pay", "Enter")
+                s.expect("tds_account", m.tds_account)
+            if m.settles:
+                s("focus narration", "key PgDn", "expect focus bills", *["key Down"] * m.place_of_bill)
+                s.keys("Enter")
+                s.expect("settled", number(m.settles[1]))
             s("focus narration")
         if m.narration:
             s.type(m.narration.lower())

@@ -246,6 +246,8 @@ class Reports:
         self.purchases()
         self.notes()
         self.payments()
+        self.incomes_and_expenses()
+        self.taxes_at_source()
         self.journals()
         bank = next(p for p in self.books.parties if p.group == BANKS)
         self.cash_book("CASHBOOK", CASH, PERIOD[0], self.today)
@@ -327,6 +329,7 @@ class Reports:
 def expect_all(year):
     r = Reports(year)
     r.sums()
+    year.script("menu BOOKSCHECK", "key Alt+S", 'expect message "Everything Agrees In These Books"', "press cmdclose", "expect screen frmmain")
     r.sales()
     r.registers(("QUOTREG", "QUOTASKED"), ("QUOTREGDTL", "QUOTASKEDDTL"), r.offers, r.books.quotations)
     r.registers(("CHLNRPT", "CHLNASKED"), ("CHLNRPTDTL", "CHLNASKEDDTL"), r.challans, r.books.challans)

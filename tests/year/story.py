@@ -97,8 +97,8 @@ class Year:
         rng = self.rng
         after = (first + datetime.timedelta(32)).replace(day=1)
         days = sorted(rng.sample(range((after - first).days), 9))
-        entries = ["bill"] * 25 + ["purchase"] * 3 + ["receipt"] * 5 + ["payment"] * 2 + ["challan", "quotation"] * 2
-        entries += ["journal", "journal", "contra", "note", rng.choice(["debit_note", "purchase_return"])]
+        entries = ["bill"] * 25 + ["purchase"] * 3 + ["receipt"] * 5 + ["payment"] * 2 + ["challan", "quotation", "expense"] * 2
+        entries += ["income", "journal", "journal", "contra", "note", rng.choice(["debit_note", "purchase_return"])]
         entries += rng.sample(["mend", "head", "drop", "add"], 3) + rng.choice([["delete"], []]) + [rng.choice(["mend_challan", "mend_quotation", "mend_money"])]
         for kind in ("challan", "money", "quotation", "last"):
             if rng.random() < 0.25:
@@ -245,7 +245,7 @@ class Year:
             new.work_out()
             lines.append(new)
         number = books.next(books.bills[book])
-        n = Bill(book, number, day, b.party, b.type, books.next_bill_number(b.type, book), b.party.days if book == "SD" else 0, lines, rng.choice(["", "AS TALKED OVER"]),
+        n = Bill(book, number, day, b.party, "TAX", books.next_bill_number("TAX", book), b.party.days if book == "SD" else 0, lines, rng.choice(["", "AS TALKED OVER"]),
                  original=b, reason=rng.choice([1, 3]), taken=b.lines)
         n.work_out()
         if n.net == 0:
@@ -314,13 +314,36 @@ class Year:
         place = rng.choice([CASH, CASH, next(p.code for p in books.parties if p.group == BANKS)])
         m = Money(book, books.next(books.money[book]), self.some_day(), place, self.choose(group),
                   rng.choice([rng.randrange(1, 300) * 100, rng.randrange(100, 900000) / 100]), rng.choice(["", "PART OF IT"]))
+        if place != CASH:
+            m.mode, m.cheque = rng.choice(["Cheque", "UPI", "NEFT / RTGS", "Card"]), str(rng.randrange(100000, 999999))
+            if book in ("RC", "PY") and rng.random() < 0.4:
+                m.tds = rounded(m.amount / 10, 2)
+                m.tds_account = next(p.code for p in books.parties if p.group == (ADVANCES if book == "RC" else DUTIES))
+            if book == "RC":
+                self.settle(m)
         m.order = sum(len(kept) for kept in books.money.values())
         books.money[book][m.number] = m
         books.saved(m)
         self.clerk.money(m, self.today)
 
+    def settle(self, m):
+        """One of the party's open bills, whole or as far as the money goes. Posting alone puts a blank before a challan's number."""
+        standing = [replace(r, reference=r.reference.strip()) for rows in self.books.standing.values() for r in rows]
+        found = self.books.owed(m.party, standing, datetime.date.max)
+        chosen = [(place, bill) for place, bill in enumerate(found) if bill[4] in self.books.bills["SA"]]
+        if chosen:
+            place, (_, _, amount, paid, number) = self.rng.choice(chosen)
+            m.place_of_bill = place
+            m.settles = number, float(min(amount - paid, dec(m.amount) + dec(m.tds)))
+
     def payment(self):
         self.receipt("PY", CREDITORS)
+
+    def income(self):
+        self.receipt("IC", INCOMES)
+
+    def expense(self):
+        self.receipt("EP", EXPENSES)
 
     # Journals
 
