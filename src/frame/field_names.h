@@ -35,6 +35,7 @@ inline constexpr FieldName kReason{"reason"};
 inline constexpr FieldName kReasonName{"reason_name"};
 inline constexpr FieldName kGoods{"goods"};                 // 1: they move with a note
 inline constexpr FieldName kGoodsName{"goods_name"};
+inline constexpr FieldName kSupply{"supply"};               // the marks of a bill, in words
 inline constexpr FieldName kAccount{"account"};             // cash or bank
 inline constexpr FieldName kAccountName{"account_name"};
 inline constexpr FieldName kAccountBalance{"account_balance"};

@@ -735,6 +735,12 @@ constexpr DictionaryRow own[] = {
     {7, "SETTLES", "BILL_VNO",  "Double", 0, "DEFAULT 0", 102},
     {8, "SETTLES", "ACC_CD",    "Text",   6, "",          102},
     {9, "SETTLES", "AMOUNT",    "Double", 0, "DEFAULT 0", 102},
+
+    // Bills under reverse charge (1), and those whose taxes are no input credit (1).
+    {1, "SUPPLY", "BOOK_CD",    "Text",   2, "",          102},
+    {2, "SUPPLY", "VOUCH_NO",   "Double", 0, "DEFAULT 0", 102},
+    {3, "SUPPLY", "REVERSE",    "Double", 0, "DEFAULT 0", 102},
+    {4, "SUPPLY", "INELIGIBLE", "Double", 0, "DEFAULT 0", 102},
 };
 // clang-format on
 

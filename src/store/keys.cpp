@@ -84,6 +84,7 @@ constexpr Index indexes[] = {
     // Vouchers, each with what it was made from, and what was made of a challan or offer.
     {"BILLEDFROM_MADE", "BILLEDFROM", "VOUCH_NO, BOOK_CD"                       },
     {"BILLEDFROM_FROM", "BILLEDFROM", "FROM_VOUCH, FROM_BOOK"                   },
+    {"SUPPLY_BILL",     "SUPPLY",    "VOUCH_NO, BOOK_CD"                        },
     {"TRANSMAST_NAME",  "TRANSMAST", "TRANSNAME"                                },
 };
 // clang-format on

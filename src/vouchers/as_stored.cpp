@@ -13,6 +13,7 @@
 namespace {
 
 constexpr char kNull = '\x1d', kColumnEnds = '\x1f', kRowEnds = '\x1e';
+constexpr const char* kMarks = "SUPPLY";
 
 std::string where(const VoucherKind& kind) { return " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?"; }
 
@@ -38,6 +39,8 @@ std::string asStored(Database& db, const VoucherKind& kind, double number) {
   if (!kind.tables.lines.empty()) all += rowsOf(db, kind, kind.tables.lines, number);
   if (!kind.tables.settles.empty() && CheckTable(db, kind.tables.settles))
     all += rowsOf(db, kind, kind.tables.settles, number);
+  if (kind.tables.heads == saleKind().tables.heads && CheckTable(db, kMarks))
+    all += rowsOf(db, kind, kMarks, number);
   return all;
 }
 

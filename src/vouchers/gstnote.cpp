@@ -238,6 +238,7 @@ Go GSTNOTE::take(const FoundBill& found) {
   if (first) {
     put(kParty, found.party);
     acceptParty();
+    mark(readSupply(data(), *kindByBook(found.bill.book), found.bill.voucher));
     // An update puts the cash account where a bill has no ship-to.
     if (!found.shipTo.empty() && found.shipTo != kCashAccount) {
       put(kShipTo, found.shipTo);
@@ -367,6 +368,7 @@ bool GSTNOTE::mayBeSaved() {
   }
   unnamed_ = facts_.bills.empty();
   ensureNotes(data());
+  ensureSupply(data());
   readBefore(data(), kind_, ownNumber(), originals_);
   for (const Row& row :
        data().all("SELECT SR_NO, QUANTITY FROM T_SLITM WHERE QUANTITY <> 0 ORDER BY SR_NO")) {

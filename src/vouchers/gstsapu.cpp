@@ -80,7 +80,12 @@ GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind, const ScreenSpec& theSp
                   {"",           KeyCode::F6,     &GSTSAPU::partyRatesKey   },
                   {"",           KeyCode::F7,     &GSTSAPU::purchaseRatesKey},
                   {"",           Key::Ctrl('O'),  &GSTSAPU::openSourcesKey  },
+                  {"",           Key::Ctrl('R'),  &GSTSAPU::reverseKey      },
   });
+  if (isBought(kind))
+    wire(*this, {
+                    {"", Key::Ctrl('N'), &GSTSAPU::ineligibleKey}
+    });
   auto all = lookups(kind);
   all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
   wireLookups(std::move(all));
@@ -210,7 +215,7 @@ Go GSTSAPU::destination() { return trimmed(kDestination).empty() ? helpHere() : 
 
 bool GSTSAPU::write(const SaveStamp& stamp, const Saving& how) {
   return whole(data(), [&] {
-    if (!saveBill(data(), kind_, head(), stamp, how)) return false;
+    if (!saveBill(data(), kind_, head(), stamp, how, supply_)) return false;
     keepSources(data(), kind_, value(kNumber), trimmed(kParty), sources_);
     return true;
   });
@@ -240,6 +245,7 @@ Fields GSTSAPU::head() const {
 
 // What was written against a bill still says what the bill was then.
 bool GSTSAPU::mayBeSaved() {
+  if (supply_.any()) ensureSupply(data());
   const std::string notes = mode == "EDIT" ? notesAgainst(data(), kind_, value(kNumber)) : "";
   return notes.empty() ||
          host.ask({.text = english("Notes Stand Against This Bill\nChange It All The Same ?"),
@@ -287,6 +293,8 @@ bool GSTSAPU::load(double number) {
   showFields(*bill, Part::Head);
   put(kBook, kind_.code);
   put(kChallanNumber, "");  // a modify stores it as 0
+  mark(readSupply(data(), kind_, number));
+  shownSupply_ = supply_;
   acceptParty();
   if (!trimmed(kShipTo).empty()) acceptShipTo();
   showCurrentLine();
@@ -297,4 +305,28 @@ void GSTSAPU::clearHead() {
   VoucherScreen::clearHead();
   period_ = {};
   put(kPartyFacts, "");
+  mark({});
+  shownSupply_ = {};
 }
+
+// Marks
+
+void GSTSAPU::mark(const Supply& supply) {
+  supply_ = supply;
+  std::vector<std::string> said;
+  if (supply.reverse) said.push_back(words("Reverse Charge"));
+  if (supply.ineligible) said.push_back(words("No Input Credit"));
+  put(kSupply, join(said, ", "));
+}
+
+void GSTSAPU::reverseKey() {
+  if (!typing()) return;
+  mark({!supply_.reverse, supply_.ineligible});
+  sumAgain();
+}
+
+void GSTSAPU::ineligibleKey() {
+  if (typing()) mark({supply_.reverse, !supply_.ineligible});
+}
+
+bool GSTSAPU::unsaved() const { return VoucherScreen::unsaved() || (typing() && supply_ != shownSupply_); }

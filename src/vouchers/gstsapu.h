@@ -7,6 +7,7 @@
 #include "frame/session.h"
 #include "vouchers/calculation.h"
 #include "vouchers/saving.h"
+#include "vouchers/supply.h"
 #include "vouchers/voucher_screen.h"
 
 // The bill of one book: a sale, or a purchase when that is the entry type. GSTNOTE makes of it what is
@@ -40,6 +41,8 @@ class GSTSAPU : public VoucherScreen {
   bool partyTaken() override { return acceptParty(); }
   bool putSourceLine(const SourceLine& line) override;
   void sourcesShown() override;
+  bool unsaved() const override;
+  void mark(const Supply& supply);
 
   // With another table, columns of the lines and, beside the bill's own, lookups.
   GSTSAPU(Host& host, const VoucherKind& kind, const ScreenSpec& spec, std::vector<WorkLines::Shown> shown,
@@ -80,6 +83,9 @@ class GSTSAPU : public VoucherScreen {
   void showAssess();
   void showNet();
   Taxes typedTaxes() const;
+  Taxes billedTaxes() const;
+  void reverseKey();
+  void ineligibleKey();
   Fields head() const;
 
   void unlock() { here().locked = false; }
@@ -94,4 +100,5 @@ class GSTSAPU : public VoucherScreen {
 
   LineValue line_;
   PeriodTest period_;
+  Supply supply_, shownSupply_;
 };

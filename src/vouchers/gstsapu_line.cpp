@@ -158,12 +158,16 @@ Go GSTSAPU::taxAmount() {
 
 Taxes GSTSAPU::typedTaxes() const { return {value(kCgstAmount), value(kSgstAmount), value(kIgstAmount)}; }
 
+// What the bill asks for beside the goods.
+Taxes GSTSAPU::billedTaxes() const {
+  return supply_.reverse ? Taxes{} : Taxes{value(kCgstTotal), value(kSgstTotal), value(kIgstTotal)};
+}
+
 void GSTSAPU::valueLine() {
   line_.value(value(kQuantity), value(kRate), value(kDiscount));
   showAssess();
   showNet();
-  const BillTotal preview =
-      billPreview(value(kItemsAmount), {value(kCgstTotal), value(kSgstTotal), value(kIgstTotal)});
+  const BillTotal preview = billPreview(value(kItemsAmount), billedTaxes());
   put(kRoundOff, preview.roundOff);
   put(kNetAmount, preview.amount);
 }
@@ -212,8 +216,7 @@ void GSTSAPU::sumLines() {
   const auto sums = lines_->sums({"AMOUNT", "QUANTITY", "CGSTAMT", "SGSTAMT", "IGSTAMT"});
   for (size_t i = 0; i < sums.size(); ++i)
     if (sums[i]) put(kTotals[i], Round(*sums[i], 2));
-  const BillTotal total =
-      billTotal(value(kItemsAmount), {value(kCgstTotal), value(kSgstTotal), value(kIgstTotal)});
+  const BillTotal total = billTotal(value(kItemsAmount), billedTaxes());
   put(kNetAmount, total.amount);
   put(kRoundOff, total.roundOff);
 }

@@ -1,5 +1,6 @@
 #include "vouchers/ledger_rows.h"
 
+#include <array>
 #include <cmath>
 
 #include "base/text.h"
@@ -26,17 +27,20 @@ void postVoucher(Database& db, const LedgerVoucher& voucher, const std::vector<L
   forgetUnclear(db, voucher.book, voucher.number);
 }
 
-std::vector<LedgerRow> billRows(const BillPosting& b, const VoucherKind& kind) {
+std::vector<LedgerRow> billRows(const BillPosting& b, const VoucherKind& kind, const Supply& supply) {
   const std::string &ours = kind.ledger.partySide, theirs = kind.ledger.otherSide();
   const std::string withLr = b.narration + " " + b.lrNumber;
   const std::optional<std::string> none;
   std::vector<LedgerRow> rows = {
-      {ours,   b.party,           kind.ledger.goods, b.amount, b.billNumber, withLr,      b.creditDays},
-      {theirs, kind.ledger.goods, b.party,           b.items,  b.billNumber, withLr,      {}          },
-      {theirs, kind.ledger.cgst,  b.party,           b.cgst,   none,         b.narration, {}          },
-      {theirs, kind.ledger.sgst,  b.party,           b.sgst,   none,         b.narration, {}          },
-      {theirs, kind.ledger.igst,  b.party,           b.igst,   none,         b.narration, {}          },
+      {ours,   b.party,           kind.ledger.goods, b.amount, b.billNumber, withLr, b.creditDays},
+      {theirs, kind.ledger.goods, b.party,           b.items,  b.billNumber, withLr, {}          },
   };
+  for (const TaxPosting& tax : taxPostings(kind, supply)) {
+    const double amount =
+        b.*std::array{&BillPosting::cgst, &BillPosting::sgst, &BillPosting::igst}[tax.which];
+    if (amount != 0 || !supply.any())
+      rows.push_back({tax.side, tax.account, b.party, amount, none, b.narration, {}});
+  }
   // A bill that was rounded down is worth more than it asks for.
   if (b.roundOff != 0)
     rows.push_back({b.roundOff < 0 ? ours : theirs,

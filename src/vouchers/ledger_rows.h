@@ -7,6 +7,7 @@
 #include "base/date.h"
 #include "frame/voucher_kinds.h"
 #include "store/database.h"
+#include "vouchers/supply.h"
 
 // The books of account. One row of ALEDGER stands for each side of each posting: the account
 // in whose ledger it stands, the account against it, and an amount that has no sign of its own
@@ -40,5 +41,8 @@ struct BillPosting {
   double creditDays = 0;
 };
 
-// Party against goods, goods, the three taxes also when nil, and the round-off unless it is nil.
-std::vector<LedgerRow> billRows(const BillPosting& bill, const VoucherKind& kind = saleKind());
+// Party against goods, goods, the three taxes also when nil, and the round-off unless it is nil. A marked
+// bill has no row of a tax that is nil, none at all where the buyer owes them, and ours under reverse charge
+// stand against what we owe.
+std::vector<LedgerRow> billRows(const BillPosting& bill, const VoucherKind& kind = saleKind(),
+                                const Supply& supply = {});

@@ -1,8 +1,10 @@
 #include "vouchers/posting.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/text.h"
@@ -19,6 +21,7 @@
 #include "vouchers/journals.h"
 #include "vouchers/receipts.h"
 #include "vouchers/stock.h"
+#include "vouchers/supply.h"
 
 namespace {
 
@@ -187,14 +190,15 @@ void postReceipts(Run& run) {
 // A row of a bill or challan: its side, the rest as expressions over the listed columns.
 struct Posted {
   std::string side, account, against;
-  const char *amount, *narration, *billNumber, *subDesc, *when;
+  const char *amount, *narration, *billNumber, *subDesc;
+  std::string when;
 };
 
 std::string account(const std::string& code) { return "'" + code + "'"; }
 
 void post(Run& run, const VoucherKind& kind, std::span<const Posted> rows) {
   std::string any;
-  for (const Posted& row : rows) any += (any.empty() ? "" : " OR ") + std::string(row.when);
+  for (const Posted& row : rows) any += (any.empty() ? "" : " OR ") + row.when;
   expect(run, kind, any);
   for (const Posted& row : rows)
     carryOut(run, {&kind},
@@ -207,27 +211,46 @@ void post(Run& run, const VoucherKind& kind, std::span<const Posted> rows) {
              row.side);
 }
 
+// The rows of its taxes, each with the further condition on the bills that have it.
+std::vector<std::pair<TaxPosting, std::string>> taxesOf(Database& db, const VoucherKind& kind) {
+  const std::vector<Supply> marks = marksOf(db, kind);
+  const std::string list = kList, its = " (SELECT 1 FROM SUPPLY AS S WHERE S.VOUCH_NO = " + list +
+                                        ".VOUCH_NO AND S.BOOK_CD = " + list + ".BOOK_CD";
+  const auto figure = [](bool is) { return is ? "1" : "0"; };
+  std::vector<std::pair<TaxPosting, std::string>> all;
+  for (TaxPosting& tax : taxPostings(kind, {}))
+    all.emplace_back(std::move(tax), marks.empty() ? "" : " AND NOT EXISTS" + its + ")");
+  for (const Supply& mark : marks)
+    for (TaxPosting& tax : taxPostings(kind, mark))
+      all.emplace_back(std::move(tax), " AND EXISTS" + its + " AND S.REVERSE = " + figure(mark.reverse) +
+                                           " AND S.INELIGIBLE = " + figure(mark.ineligible) + ")");
+  return all;
+}
+
 // The same rows as a save writes, by the same kind.
 void postBills(Run& run, const VoucherKind& kind) {
   if (!list(run, bills(kind))) return;
   const std::string &ours = kind.ledger.partySide, theirs = kind.ledger.otherSide();
-  const std::string cgst = account(kind.ledger.cgst), sgst = account(kind.ledger.sgst),
-                    igst = account(kind.ledger.igst), rounds = account(kind.ledger.rounds);
+  const std::string rounds = account(kind.ledger.rounds);
   // One part that is missing makes the whole narration missing.
   constexpr const char* withLr = "NARRATION || ' ' || GR_NO";
   constexpr const char* withDestination = "NARRATION || ' ' || GR_NO || ' ' || DESTI";
   constexpr const char* days = "NUMTEXT(CR_DAYS)";
-  // A tax below 0 belongs to a bill of negative amount, which would not balance without it.
   // clang-format off
-  const Posted rows[] = {
+  std::vector<Posted> rows = {
       {ours,   "PARTY_CD", "SALE_CD",  "NET_AMT",        withDestination, "BILL_NO", days,   "(NET_AMT IS NULL OR NET_AMT <> 0)"},
       {theirs, "SALE_CD",  "PARTY_CD", "ITEM_AMT",       withLr,          "BILL_NO", days,   "(ITEM_AMT IS NULL OR ITEM_AMT <> 0)"},
-      {theirs, cgst,       "PARTY_CD", "TCGSTRT",        "NARRATION",     "NULL",    "NULL", "TCGSTRT <> 0"},
-      {theirs, sgst,       "PARTY_CD", "TSGSTRT",        "NARRATION",     "NULL",    "NULL", "TSGSTRT <> 0"},
-      {theirs, igst,       "PARTY_CD", "TIGSTRT",        "NARRATION",     "NULL",    "NULL", "TIGSTRT <> 0"},
-      {ours,   rounds,     "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION",     "BILL_NO", "NULL", "ROUND_OFF < 0"},
-      {theirs, rounds,     "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION",     "BILL_NO", "NULL", "ROUND_OFF > 0"},
   };
+  // clang-format on
+  // A tax below 0 belongs to a bill of negative amount, which would not balance without it.
+  for (const auto& [tax, marked] : taxesOf(run.db, kind)) {
+    const char* const amount = std::array{"TCGSTRT", "TSGSTRT", "TIGSTRT"}[tax.which];
+    rows.push_back({tax.side, account(tax.account), "PARTY_CD", amount, "NARRATION", "NULL", "NULL",
+                    amount + (" <> 0" + marked)});
+  }
+  // clang-format off
+  rows.push_back({ours,   rounds, "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION", "BILL_NO", "NULL", "ROUND_OFF < 0"});
+  rows.push_back({theirs, rounds, "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION", "BILL_NO", "NULL", "ROUND_OFF > 0"});
   // clang-format on
   post(run, kind, rows);
 }

@@ -105,7 +105,7 @@ Fields trimmedTexts(Fields row) {
 }
 
 bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const SaveStamp& stamp,
-              const Saving& how) {
+              const Saving& how, const Supply& supply) {
   const auto figure = [&](const char* column) { return valueOf(bill, column).number(); };
   const auto text = [&](const char* column) { return valueOf(bill, column).text(); };
   const double number = figure("VOUCH_NO");
@@ -115,6 +115,7 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
     const auto partyBefore = storedParty(db, kind, number);
     deleteVoucher(db, kind, number);
     insertRow(db, "SALE", headRow(db, kind, bill, stamp));
+    storeSupply(db, kind, number, supply);
     db.exec("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
     // A line of no quantity stays behind, though its amounts are in the totals; in a note also one without
     // an item, of which nothing goes back.
@@ -135,7 +136,7 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
                           .narration = text("NARRATION"),
                           .lrNumber = text("GR_NO"),
                           .creditDays = figure("CR_DAYS")},
-                         kind));
+                         kind, supply));
     if (!partyBefore) return true;
     renameOriginal(db, kind, number, text("BILL_NO"), date);
     freeSettled(db, {kind.code, number}, trim(text("PARTY_CD")));
@@ -157,6 +158,7 @@ bool deleteVoucher(Database& db, const VoucherKind& kind, double number, const S
     for (const std::string& table : {kind.tables.heads, kind.tables.lines})
       db.exec("DELETE FROM " + table + " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?", number,
               kind.code);
+    if (kind.tables.heads == saleKind().tables.heads) storeSupply(db, kind, number, {});
     if (kind.isNote()) dropNote(db, kind, number);
     return true;
   });

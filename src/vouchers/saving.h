@@ -8,6 +8,7 @@
 #include "store/database.h"
 #include "store/row_writer.h"
 #include "vouchers/as_stored.h"
+#include "vouchers/supply.h"
 
 // Storing, loading and deleting a bill. A save is one transaction: the header row, its lines
 // out of the work table and its ledger rows are written afresh as a whole or not at all. Every
@@ -33,7 +34,7 @@ struct SaveStamp {
 // date of the lorry receipt (GR_DATE) it has the bill's, without one of the party (PRV_BDT) the day of the
 // save.
 bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const SaveStamp& stamp,
-              const Saving& how);
+              const Saving& how, const Supply& supply = {});
 
 // The party of a stored bill or challan.
 std::optional<std::string> storedParty(Database& db, const VoucherKind& kind, double number);

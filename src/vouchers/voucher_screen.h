@@ -180,6 +180,7 @@ class VoucherScreen : public ChildScreen {
   bool unsaved() const override;
   std::string atStake() const override;
   bool entering() const { return mode == "ADD" || mode == "EDIT"; }  // also after its save
+  bool typing() const { return entering() && !atRest_; }
   void allowSave(bool on);
   // After the last field: Save opens in ADD and EDIT, else the button row takes the focus.
   Go toSave();
