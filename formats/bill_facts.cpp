@@ -197,12 +197,18 @@ void numberFacts(const FirstLine& from, Bill& bill) {
   const auto noted = [&](const char* name, const std::string& of, const std::string& otherwise) {
     return from.facts.add(name, "IF(" + note + "=\"\"," + otherwise + "," + of + ")");
   };
-  bill.title = noted("Title", note, bill.title);
+  const auto given = [&](const char* name, int column, const std::string& otherwise) {
+    const auto cell = sheet3::cell(1, column) + "&\"\"";
+    return from.facts.add(name, "IF(" + cell + "=\"\"," + otherwise + "," + cell + ")");
+  };
+  bill.reverse = given("Reverse charge", 31, bill.reverse);
+  bill.title = noted("Title", note, given("Bill's title", 29, bill.title));
   bill.numberLabel = noted("Number's label", "\"Note No\"", bill.numberLabel);
   bill.orderLabel = noted("Order's label", "\"Against Bill\"", bill.orderLabel);
   bill.challanLabel = noted("Challan's label", "\"Reason\"", bill.challanLabel);
   bill.netLabel = noted("Amount's label", "\"Note Amount\"", bill.netLabel);
-  bill.declaration = noted("Declaration", quoted(kOfNote), quoted(kDeclaration));
+  bill.declaration =
+      noted("Declaration", quoted(kOfNote), given("Bill's declaration", 30, quoted(kDeclaration)));
   bill.challan =
       noted("Challan or reason", sheet3::cell(1, 14) + "&\"\"", from.text("Challan", "SALE.CHLN_NO"));
   bill.order = noted("Order or bills", sheet3::cell(1, 13) + "&\"\"", from.text("Order", "SALE.ORDER_NO"));

@@ -80,7 +80,7 @@ struct Bill {
   // What the paper is called and what its places hold, as formulas: on a note the order's tells the bill that
   // it stands against, the challan's the reason.
   std::string title = "\"TAX INVOICE\"", numberLabel = "\"Invoice No\"", orderLabel = "\"Order No\"",
-              challanLabel = "\"Challan No\"", declaration;
+              challanLabel = "\"Challan No\"", declaration, reverse = "\"No\"";
   // "Total", or what else the closing row must say of lines that have no slot.
   std::string totalLabel;
 

@@ -48,7 +48,7 @@ FactRows billFactRows(const Bill& bill) {
       {{.label = "Destination", .value = bill.destination}},
       {{.label = "Parcels", .value = bill.parcels}, {.label = "Due Date", .value = bill.dueDate, .number = kDay}},
       {{.label = "Place of Supply", .value = bill.placeOfSupply, .bold = true}},
-      {{.label = "Reverse Charge", .value = quoted("No")}},
+      {{.label = "Reverse Charge", .value = bill.reverse}},
   };
 }
 // clang-format on

@@ -56,7 +56,7 @@ std::vector<Fact> InvoiceDesign::withMainFacts(const std::vector<Fact>& others) 
       {.label = bill_.numberLabel, .value = bill_.number, .bold = true, .ofData = true},
       {.label = "Date",            .value = bill_.date,                                 .number = kDay, .bold = true},
       {.label = "Place of Supply",.value = bill_.placeOfSupply,.bold = true},
-      {.label = "Reverse Charge",                          .value = quoted("No")                     },
+      {.label = "Reverse Charge",                          .value = bill_.reverse                     },
   };
   facts.insert(facts.end(), others.begin(), others.end());
   return facts;

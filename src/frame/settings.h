@@ -32,7 +32,7 @@ inline constexpr std::string_view kExitBackup = "EXITBACKUP", kBackupsKept = "KE
                                   kChallansPost = "CHLNPOST", kDiscountAllowed = "DISCALW",
                                   kDiscountReceived = "DISCREC", kWrittenOff = "WRITEOFF",
                                   kWrittenBack = "WRITEBCK", kTdsReceivable = "TDSREC",
-                                  kTdsPayable = "TDSPAY";
+                                  kTdsPayable = "TDSPAY", kComposition = "COMPOSIT";
 
 // As text, a choice as its number.
 std::string settingOf(Database& db, const Setting& setting);

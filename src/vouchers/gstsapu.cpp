@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "frame/session.h"
+#include "frame/settings.h"
 #include "platform/edit.h"
 #include "vouchers/items.h"
 #include "vouchers/numbering.h"
@@ -101,6 +102,9 @@ void GSTSAPU::startNew() {
   put(kDate, host.today());
   put(kLrDate, host.today());
   for (const FieldName amount : {kCgstAmount, kSgstAmount, kIgstAmount}) at(amount).locked = true;
+  readComposition();
+  if (composition_ && isBought(kind_)) mark({false, true});
+  shownSupply_ = supply_;
   focus(at(kDate));
 }
 
@@ -293,6 +297,7 @@ bool GSTSAPU::load(double number) {
   showFields(*bill, Part::Head);
   put(kBook, kind_.code);
   put(kChallanNumber, "");  // a modify stores it as 0
+  readComposition();
   mark(readSupply(data(), kind_, number));
   shownSupply_ = supply_;
   acceptParty();
@@ -318,6 +323,8 @@ void GSTSAPU::mark(const Supply& supply) {
   if (supply.ineligible) said.push_back(words("No Input Credit"));
   put(kSupply, join(said, ", "));
 }
+
+void GSTSAPU::readComposition() { composition_ = settingNumber(data(), kComposition) == 1; }
 
 void GSTSAPU::reverseKey() {
   if (!typing()) return;

@@ -84,6 +84,7 @@ class GSTSAPU : public VoucherScreen {
   void showNet();
   Taxes typedTaxes() const;
   Taxes billedTaxes() const;
+  void readComposition();
   void reverseKey();
   void ineligibleKey();
   Fields head() const;
@@ -101,4 +102,5 @@ class GSTSAPU : public VoucherScreen {
   LineValue line_;
   PeriodTest period_;
   Supply supply_, shownSupply_;
+  bool composition_ = false;  // the shop collects no tax
 };

@@ -37,7 +37,9 @@ Go GSTSAPU::item() {
 }
 
 void GSTSAPU::fillRates(const std::optional<double>& rateOfTax) {
-  const auto texts = splitTax(Val(session().mstatecd), partyState_, rateOfTax);
+  const bool collects = !composition_ || isBought(kind_);
+  const auto texts =
+      splitTax(Val(session().mstatecd), partyState_, collects ? rateOfTax : std::optional<double>(0));
   if (!texts) {
     host.message("SPECIFY RATE OF TAX IN ITEM");
     return;
