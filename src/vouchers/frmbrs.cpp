@@ -17,6 +17,7 @@
 #include "vouchers/accounts.h"
 #include "vouchers/frmbrs_table.h"
 #include "vouchers/frmjrnl.h"
+#include "vouchers/text_rows.h"
 
 using namespace fields;
 
@@ -28,6 +29,18 @@ constexpr const char* kProposed = "?";
 
 std::string shownDay(const std::optional<Date>& day) { return day ? formatDate(*day, "dd/MM/yyyy") : ""; }
 std::string money(double figure) { return Format(figure, "0.00"); }
+
+// clang-format off
+std::vector<TypedColumn> paperColumns() {
+  return {
+      {.heading = english("Date"),        .twips = 1100, .type = ColumnType::Date},
+      {.heading = english("Particulars"), .twips = 4600},
+      {.heading = english("Ref No"),      .twips = 1500},
+      {.heading = english("Amount"),      .twips = 1400, .type = ColumnType::Money, .right = true},
+      {.heading = english("Total"),       .twips = 1400, .type = ColumnType::Money, .right = true},
+  };
+}
+// clang-format on
 
 // Cash is counted, not reconciled.
 std::string bankGroups() { return underGroups("GROUP_CD", {87, 127}); }
@@ -43,6 +56,10 @@ FRMBRS::FRMBRS(Host& theHost) : ChildScreen(theHost, reconciliationTable()) {
                   {"cmdread",      On::Click,       &FRMBRS::readStatement},
                   {"cmdtake",      On::Click,       &FRMBRS::takeCertain  },
                   {"cmdvoucher",   On::Click,       &FRMBRS::writeVoucher },
+                  {"cmdprint",     On::Click,       &FRMBRS::print        },
+                  {"cmdprint",     KeyCode::F2,     &FRMBRS::preview      },
+                  {"cmdexcel",     On::Click,       &FRMBRS::excel        },
+                  {"Cmdpdf",       On::Click,       &FRMBRS::pdf          },
                   {"cmdclose",     On::Click,       &FRMBRS::close        },
                   {"",             KeyCode::Esc,    &FRMBRS::close        },
                   {"",             KeyCode::F9,     &FRMBRS::writeVoucher },
@@ -161,6 +178,20 @@ const Match* FRMBRS::matchOf(size_t book) const {
   return found == matches_.end() ? nullptr : &*found;
 }
 
+bool FRMBRS::isOutside(size_t line) const {
+  return lines_[line].date <= *date(kTo) && std::ranges::find(matches_, line, &Match::line) == matches_.end();
+}
+
+FRMBRS::Outside FRMBRS::outside() const {
+  Outside all;
+  for (size_t i = 0; i < lines_.size(); ++i) {
+    if (!isOutside(i)) continue;
+    all.amount += lines_[i].amount;
+    ++all.lines;
+  }
+  return all;
+}
+
 bool FRMBRS::isMatched(size_t line) const {
   return std::ranges::any_of(matches_, [&](const Match& m) { return m.line == line && m.known; });
 }
@@ -220,29 +251,22 @@ void FRMBRS::fillGrids() {
 
 void FRMBRS::showSums() {
   const BankSums sums = bankSums(data(), shownAccount_, *date(kTo));
-  double outside = 0;
-  int count = 0;
-  for (size_t i = 0; i < lines_.size(); ++i)
-    if (!isMatched(i) && lines_[i].date <= *date(kTo) &&
-        std::ranges::find(matches_, i, &Match::line) == matches_.end()) {
-      outside += lines_[i].amount;
-      ++count;
-    }
+  const Outside outside = this->outside();
   at(kByBooks).text = money(sums.books);
   at(kPaidOpen).text = money(sums.paid);
   at(kReceivedOpen).text = money(-sums.received);
   at(kByBank).text = money(sums.bank());
   at("lblsays").text = words("Bank says on {date}", "date", shownDay(date(kTo)));
   at("lblsaid").text = money(value(kBankSays));
-  at(kNotInBooks).text = money(outside);
+  at(kNotInBooks).text = money(outside.amount);
   const auto matched = std::ranges::count_if(matches_, &Match::known);
   at("lblstatement").text =
       lines_.empty() ? words("Statement")
                      : words("Statement  ::  {file}, {matched} of {lines} matched, {open} not in books",
                              "file", statementName_, "lines", std::to_string(lines_.size()), "matched",
-                             std::to_string(matched), "open", std::to_string(count));
+                             std::to_string(matched), "open", std::to_string(outside.lines));
   const bool says = !trimmed(kBankSays).empty();
-  put(kUnexplained, says ? money(Round(value(kBankSays) - sums.bank() - outside, 2)) : "");
+  put(kUnexplained, says ? money(Round(value(kBankSays) - sums.bank() - outside.amount, 2)) : "");
 }
 
 void FRMBRS::bankSaysTyped() {
@@ -376,6 +400,37 @@ void FRMBRS::writeVoucher() {
                                                 .account = shownAccount_,
                                                 .amount = line.amount}
   });
+}
+
+void FRMBRS::send(const GridTarget& target) {
+  if (shownAccount_.empty()) show();
+  if (shownAccount_.empty()) return;
+  auto rows = std::make_shared<TextRows>(paperColumns());
+  const auto total = [&](const char* label, double figure) {
+    rows->add({"", words(label), "", "", money(figure)}, true);
+  };
+  // Of money that came in, and of money that went out.
+  const auto open = [&](int side) {
+    for (const BookEntry& e : books_)
+      if (e.row.amount * side > 0 && (!e.cleared || *e.cleared > *date(kTo)))
+        rows->add({shownDay(e.date), e.particulars, e.reference, money(std::fabs(e.row.amount)), ""});
+  };
+  const BankSums sums = bankSums(data(), shownAccount_, *date(kTo));
+  total(english("Balance by the books"), sums.books);
+  open(-1);
+  total(english("+ Paid, not yet taken by the bank"), sums.paid);
+  open(1);
+  total(english("- Received, not yet with the bank"), -sums.received);
+  total(english("Balance that the bank should show"), sums.bank());
+  for (size_t i = 0; i < lines_.size(); ++i)
+    if (isOutside(i))
+      rows->add({shownDay(lines_[i].date), lines_[i].text, lines_[i].reference, money(lines_[i].amount), ""});
+  total(english("Statement lines not in the books"), outside().amount);
+  if (!trimmed(kBankSays).empty()) total(english("Bank says"), value(kBankSays));
+  target.send(host, {.caption = caption,
+                     .period = words("On {date}", "date", shownDay(date(kTo))),
+                     .columns = rows->columns(),
+                     .rows = rows});
 }
 
 std::string FRMBRS::hintFor(const Control& control) const {

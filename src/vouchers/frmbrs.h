@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "documents/grid_output.h"
 #include "frame/child_screen.h"
 #include "vouchers/reconciling.h"
 
@@ -34,6 +35,12 @@ class FRMBRS : public ChildScreen {
   void rowMoved();
   void lineMoved();
   void bankSaysTyped();
+  void print() { send(kToPrinter); }
+  void preview() { send(kToPreview); }
+  void excel() { send(kToWorkbook); }
+  void pdf() { send(kToPdf); }
+  // The sums with what is open on both sides; also to a file.
+  void send(const GridTarget& target);
 
   // Reads the books again and matches; the cursor stays on its row.
   void refresh();
@@ -42,6 +49,12 @@ class FRMBRS : public ChildScreen {
   void showProposal();
   const Match* matchOf(size_t book) const;
   bool isMatched(size_t line) const;
+  bool isOutside(size_t line) const;  // the books have nothing for it
+  struct Outside {
+    int lines = 0;
+    double amount = 0;
+  };
+  Outside outside() const;
   size_t bookRow() const { return at(fields::kBookRows).grid.current; }
   void clearRow(size_t row, const std::optional<Date>& on);
 

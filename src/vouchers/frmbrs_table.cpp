@@ -43,7 +43,7 @@ const ScreenSpec& reconciliationTable() {
           {px(48),  {{.name = "P", .columns = {px(84), px(124), part(1)}}}},
           {px(98),  {{.name = "L", .width = part(1), .columns = sums, .pitch = 27},
                      {.name = "M", .width = part(1), .columns = sums, .pitch = 27},
-                     {.name = "X", .width = px(330, 190), .columns = {part(1)}}}},
+                     {.name = "X", .width = px(330, 214), .columns = {part(1)}}}},
           {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
       }},
       .controls = {
@@ -79,7 +79,10 @@ const ScreenSpec& reconciliationTable() {
 
           {.name = "cmdtake",    .kind = Kind::Button, .label = "&Take All Certain", .at = {.group = "buttons"}, .tab = 10},
           {.name = "cmdvoucher", .kind = Kind::Button, .label = "&Write Voucher",    .at = {.group = "buttons"}, .tab = 11},
-          {.name = "cmdclose",   .kind = Kind::Button, .label = "&Close",            .at = {.group = "buttons"}, .tab = 12},
+          {.name = "cmdprint",   .kind = Kind::Button, .label = "&Print",            .at = {.group = "buttons"}, .tab = 12, .hint = "Press Enter To Print :: F2 = Preview"},
+          {.name = "cmdexcel",   .kind = Kind::Button, .label = "&Excel",            .at = {.group = "buttons"}, .tab = 13},
+          {.name = "Cmdpdf",     .kind = Kind::Button, .label = "P&df",              .at = {.group = "buttons"}, .tab = 14},
+          {.name = "cmdclose",   .kind = Kind::Button, .label = "&Close",            .at = {.group = "buttons"}, .tab = 15},
       },
   };
   // clang-format on
