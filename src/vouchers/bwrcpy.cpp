@@ -385,6 +385,7 @@ std::string bwrcpy::hintFor(const Control& control) const {
                                   : helps  ? english("Press Enter For Help")
                                            : english("Press Enter To Proceed"));
   std::string all = control.hint.empty() ? enter : enter + " :: " + words(control.hint);
-  if (control.spec->field == kNarration && hasBills()) all += " :: " + words("Page Down = Bills To Settle");
+  if (control.spec->field == kNarration)
+    all += " :: " + words(hasBills() ? english("Page Down = Bills To Settle") : english("Page Down = TDS"));
   return all;
 }

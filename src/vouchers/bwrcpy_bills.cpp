@@ -38,9 +38,15 @@ void bwrcpy::showBills() {
   focus(at(kBills));
 }
 
-// Also over cash, once it is asked for.
+// Also over cash, once it is asked for; of what has no bills the tax that is kept back.
 Go bwrcpy::toBills() {
-  if (!entering() || !hasBills() || focused() == &at(kBills)) return Go::On;
+  if (!entering() || focused() == &at(kBills)) return Go::On;
+  if (!hasBills()) {
+    asked_ = true;
+    layOut();
+    focus(at(kTds));
+    return Go::Stay;
+  }
   if (!showAccount(kOtherSide)) {
     host.message("Type The Party First", kMessageTitle);
     focus(at(kParty));

@@ -19,12 +19,12 @@ const ScreenSpec& bwrcpyTable() {
   };
   static const std::vector<GridColumn> billColumns = {
       {.title = "Bill",        .width = px(100, 58)},
-      {.title = "Date",        .width = px(112, 84)},
-      {.title = "Days",        .width = px(56, 32),  .align = Align::Right},
-      {.title = "Bill Amount", .width = px(112, 72), .align = Align::Right, .money = true},
-      {.title = "Open",        .width = px(112, 72), .align = Align::Right, .money = true},
-      {.title = "Settled Now", .width = px(118, 72), .align = Align::Right, .money = true},
-      {.title = "Left",        .width = part(1, 72), .align = Align::Right, .money = true},
+      {.title = "Date",        .width = px(112, 100)},
+      {.title = "Days",        .width = px(56, 36),  .align = Align::Right},
+      {.title = "Bill Amount", .width = px(112, 76), .align = Align::Right, .money = true},
+      {.title = "Open",        .width = px(112, 76), .align = Align::Right, .money = true},
+      {.title = "Settled Now", .width = px(118, 76), .align = Align::Right, .money = true},
+      {.title = "Left",        .width = part(1, 76), .align = Align::Right, .money = true},
   };
   using enum Holds;
   constexpr auto Number = KeyClass::Number, Letters = KeyClass::Text;
@@ -38,16 +38,16 @@ const ScreenSpec& bwrcpyTable() {
           {part(1), {{.name = "form", .width = px(560, 420), .frame = Frame::Plain, .bands = {
                          {fit(),   {{.name = "A", .columns = {px(104, 84), px(92), fit(), px(112), part(1)}, .pitch = 39}}},
                          {fit(),   {{.name = "sides", .pitch = 39, .bands = {
-                                        {fit(), {{.name = "B", .frame = Frame::Plain, .columns = {px(104, 84), px(92), part(1), fit(), px(104, 92)}, .pitch = 39}}},
+                                        {fit(), {{.name = "B", .frame = Frame::Plain, .columns = {px(104, 84), px(92), part(1, 110), fit(), px(104, 92)}, .pitch = 39}}},
                                         {fit(), {{.name = "M", .frame = Frame::Plain, .columns = {px(104, 84), px(46), px(190), part(1)}, .pitch = 39}}, true}}}}},
                          {fit(),   {{.name = "money", .pitch = 39, .bands = {
                                         {fit(), {{.name = "C", .frame = Frame::Plain, .columns = {px(104, 84), px(150, 96), part(1)}, .pitch = 39}}},
                                         {fit(), {{.name = "P", .frame = Frame::Plain, .columns = {px(104, 84), px(150, 96), px(78, 64), part(1), px(112, 96)}, .pitch = 36}}, true},
                                         {fit(), {{.name = "R", .frame = Frame::Plain, .columns = {px(104, 84), part(1)}, .pitch = 39}}}}}}},
-                         {fit(),   {{.name = "S", .columns = {px(104, 84), px(150, 96), px(20), part(1)}, .pitch = 39}}, true},
+                         {fit(),   {{.name = "S", .columns = {px(104, 84), px(150, 96), part(1, 150)}, .pitch = 39}}, true},
                          {part(1), {{.name = "rest", .frame = Frame::Plain, .columns = {part(1)}}}},
                      }},
-                     {.name = "pages", .width = part(1, 480), .frame = Frame::Plain, .bands = {
+                     {.name = "pages", .width = part(1, 470), .frame = Frame::Plain, .bands = {
                          {px(30),  {{.name = "tabs", .frame = Frame::Plain, .columns = {px(176, 150), px(176, 150), part(1)}}}, true},
                          {part(1), {{.name = "list", .frame = Frame::Plain}}},
                      }}}},
@@ -79,7 +79,7 @@ const ScreenSpec& bwrcpyTable() {
           {.name = "txtFields",  .index = 7,  .field = kNarration,      .column = "NARRATION",                   .label = "Remarks",     .at = {.group = "R", .row = 0, .col = 1},            .tab = 15, .limit = 200, .keys = Letters, .enabled = false, .hint = "F1 = Used Before"},
           {.name = "txtFields",  .index = 32, .field = kToSettle,                                                .label = "To Settle",   .at = {.group = "S", .row = 0, .col = 1},                                              .enabled = false, .visible = false, .align = Right, .money = true},
           {.name = "txtFields",  .index = 33, .field = kSettled,                                                 .label = "Settled",     .at = {.group = "S", .row = 1, .col = 1},                                              .enabled = false, .visible = false, .align = Right, .money = true},
-          {.name = "txtFields",  .index = 34, .field = kOnAccount,                                               .label = "On Account",  .at = {.group = "S", .row = 0, .col = 3, .rows = 2},                                   .enabled = false, .visible = false, .align = Right, .money = true, .style = Style::Amount},
+          {.name = "txtFields",  .index = 34, .field = kOnAccount,                                               .label = "On Account",  .at = {.group = "S", .row = 0, .col = 2, .rows = 2},                                   .enabled = false, .visible = false, .align = Right, .money = true, .style = Style::Amount},
           {.name = "SCR1",                    .kind = Kind::Label, .label = "Press Add Button to Enter New Voucher", .at = {.group = "rest"}, .style = Style::Quiet},
           {.name = "cmdbills",                .kind = Kind::Button, .label = "1  Bills To Settle", .at = {.group = "tabs", .col = 0}, .visible = false},
           {.name = "cmdlast",                 .kind = Kind::Button, .label = "2  Last Vouchers",   .at = {.group = "tabs", .col = 1}, .visible = false},
