@@ -258,14 +258,16 @@ class Typist:
         if self.hand.top() != "frmmain":
             raise Refused(self.hand.do("show"))
 
-    def look_for(self, menu, key, book):
-        """Types the number of a voucher of late that somebody has saved."""
+    def look_for(self, menu, key, book, deed=None):
+        """Types the number of a voucher of late that somebody has saved; the deed bears it before it is done."""
         numbers = self.journal.standing(book)
         if not numbers:
             return None
         found = self.rng.choice(numbers[-12:])
         self.open(menu)
         self.hand.sure("key " + key, 'type "%d"' % found)
+        if deed:
+            deed.number = found
         self.hand.do("key Enter")
         return found
 
@@ -289,7 +291,7 @@ class Typist:
 
     def delete(self):
         deed = self.journal.begin("SA", self.tag(), None, None)
-        deed.number = self.look_for("SALE", "Alt+D", "SA")
+        self.look_for("SALE", "Alt+D", "SA", deed)
         deed.told = self.hand.said
         # Nothing is told of what went well.
         if deed.number and [line[:3] for line in self.hand.said] == ["que", "  ["]:
