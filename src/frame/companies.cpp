@@ -12,6 +12,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "frame/backup.h"
+#include "frame/number_series.h"
 #include "frame/session.h"
 #include "frame/settings.h"
 #include "frame/together.h"
@@ -134,7 +135,10 @@ void takeLastSettings(Database& db, const std::optional<fs::path>& before) {
   try {
     Database earlier;
     earlier.open(*before, Access::readOnly);
-    whole(db, [&] { takeSettings(db, earlier); });
+    whole(db, [&] {
+      takeSettings(db, earlier);
+      takeSeries(db, earlier);
+    });
   } catch (const DatabaseError& error) {
     if (error.kind() == DatabaseError::Kind::full) throw;
     logFailure("passed over: the settings are as delivered", error);

@@ -176,6 +176,13 @@ inline constexpr FieldName kPasswordAgain{"password_again"};
 // Settings
 inline constexpr FieldName kSetting{"setting"};             // the value of the one under the cursor
 
+// Series of numbers on paper
+inline constexpr FieldName kSeriesType{"series_type"};
+inline constexpr FieldName kPrefix{"prefix"};
+inline constexpr FieldName kWidth{"width"};
+inline constexpr FieldName kSuffix{"suffix"};
+inline constexpr FieldName kFirstNumber{"first_no"};
+
 // Choice of designs
 inline constexpr FieldName kBillDesign{"bill_design"};
 inline constexpr FieldName kQuotationDesign{"quotation_design"};

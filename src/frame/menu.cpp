@@ -99,6 +99,7 @@ constexpr Command kCommands[] = {
     {.menu = "mnuutils", .caption = "Posting",                      .control = "UTIL1", .index = 0,     .key = "posting",  .screen = "FRMPOST"},
     {.menu = "mnuutils", .caption = "Company Details Set",          .control = "UTIL1", .index = 1,     .key = "acc_set",  .screen = "stngs"},
     {.menu = "mnuutils", .caption = "Voucher Format Set",           .control = "UTIL1", .index = 6,     .key = "formats",  .screen = "VSETFRM"},
+    {.menu = "mnuutils", .caption = "Number Series",                .control = "mnuseries",             .key = "SERIES",   .screen = "FRMSERIES"},
     {.menu = "mnuutils", .caption = "Settings",                     .control = "mnusettings",           .key = "settings", .screen = "frmsettings"},
     {.menu = "mnuutils", .caption = "Accounting Period",            .control = "mnuperiod",             .key = "period",   .screen = "frmperiod"},
     {.menu = "mnuutils", .caption = "Operators",                    .control = "mnuoperators",          .key = "operators", .screen = "frmoperators", .offered = makesOperators},

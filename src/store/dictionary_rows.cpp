@@ -741,6 +741,14 @@ constexpr DictionaryRow own[] = {
     {2, "SUPPLY", "VOUCH_NO",   "Double", 0, "DEFAULT 0", 102},
     {3, "SUPPLY", "REVERSE",    "Double", 0, "DEFAULT 0", 102},
     {4, "SUPPLY", "INELIGIBLE", "Double", 0, "DEFAULT 0", 102},
+
+    // A kind is told as in the key column of its vouchers; an empty type stands for all of them.
+    {1, "SERIES", "BOOK_CD",  "Text",   20, "",          102},
+    {2, "SERIES", "BL_TYPE",  "Text",   20, "",          102},
+    {3, "SERIES", "PREFIX",   "Text",   20, "",          102},
+    {4, "SERIES", "WIDTH",    "Double", 0,  "DEFAULT 0", 102},
+    {5, "SERIES", "SUFFIX",   "Text",   20, "",          102},
+    {6, "SERIES", "FIRST_NO", "Double", 0,  "DEFAULT 0", 102},
 };
 // clang-format on
 

@@ -117,7 +117,9 @@ Go FRMQUOT::party() {
   return Go::On;
 }
 
-std::string FRMQUOT::paperNumberAfter(const std::string& number) const { return referenceAfter(number); }
+std::string FRMQUOT::paperNumberAfter(const std::string& number) const {
+  return afterInSeries(data(), kind_, "", number).value_or(referenceAfter(number));
+}
 
 // An offer may do without one.
 bool FRMQUOT::paperNumberTaken() const {

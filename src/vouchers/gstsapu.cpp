@@ -174,7 +174,9 @@ void GSTSAPU::renumber() {
   if (at(kBillNumber).given) put(kBillNumber, nextBillNumber(data(), kind_, trimmed(kBillType)));
 }
 
-std::string GSTSAPU::paperNumberAfter(const std::string& number) const { return billNumberAfter(number); }
+std::string GSTSAPU::paperNumberAfter(const std::string& number) const {
+  return afterInSeries(data(), kind_, trimmed(kBillType), number).value_or(billNumberAfter(number));
+}
 
 bool GSTSAPU::paperNumberTaken() const {
   return isDuplicateBill(data(), kind_,
@@ -186,7 +188,17 @@ Go GSTSAPU::checkPaperNumber() {
     host.message("Blank Bill Number Not Allowed");
     return Go::Stay;
   }
-  return paperNumberFree() ? Go::On : refuseTaken("Duplicate Bill No Not Allowed");
+  if (!paperNumberFree()) return refuseTaken("Duplicate Bill No Not Allowed");
+  warnOfNumber();
+  return Go::On;
+}
+
+// What is typed stays free; it is told once.
+void GSTSAPU::warnOfNumber() {
+  if (!kind_.numbering.runsOn || warned_ == trimmed(kBillNumber)) return;
+  warned_ = trimmed(kBillNumber);
+  if (const std::string warning = numberWarning(data(), kind_, trimmed(kBillType), warned_); !warning.empty())
+    host.message(warning);
 }
 
 // The party's own date starts from that of the voucher.

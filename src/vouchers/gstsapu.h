@@ -65,6 +65,7 @@ class GSTSAPU : public VoucherScreen {
   Go shipTo();
   void shipToTyped();
   Go billType();
+  void warnOfNumber();
   void fillPartyDate();
   Go item();
   Go itemName();
@@ -100,6 +101,7 @@ class GSTSAPU : public VoucherScreen {
   RateQuery rateQuery() const;
 
   LineValue line_;
+  std::string warned_;  // the number that was told of last
   PeriodTest period_;
   Supply supply_, shownSupply_;
   bool composition_ = false;  // the shop collects no tax

@@ -1,5 +1,6 @@
 #include "vouchers/numbering.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/number.h"
@@ -63,16 +64,63 @@ std::optional<std::string> lastPaperNumber(Database& db, const VoucherKind& kind
 }
 
 std::string nextBillNumber(Database& db, const VoucherKind& kind, const std::string& billType) {
+  if (const auto series = seriesOf(db, kind.code, billType)) return nextInSeries(db, kind, *series);
   const auto last = lastPaperNumber(db, kind, billType);
   return last ? billNumberAfter(*last) : padded(1);
 }
 
+namespace {
+
+// Of the stored numbers that the series writes with so many digits. Those stand one behind the other in the
+// index by numbers; what is no number of the series between them is stepped over.
+double highestStored(Database& db, const VoucherKind& kind, const NumberSeries& series, int digits) {
+  const auto filled = [&](char digit) { return series.prefix + std::string(digits, digit) + series.suffix; };
+  const std::string& number = kind.numbering.number;
+  const std::string rest = " ? AND " + number + " >= ? AND " + number + " LIKE ? ESCAPE '\\' AND +" +
+                           kind.tables.key + " = ? ORDER BY " + number + " DESC LIMIT 1";
+  std::string highest = filled('9'),
+              from = "SELECT " + number + " FROM " + kind.tables.heads + " WHERE " + number;
+  for (const char* below = " <=";; below = " <") {
+    const auto row = db.first(from + below + rest, highest, filled('0'), filled('_'), kind.code);
+    if (!row) return 0;
+    highest = row->text(0);
+    if (const auto count = countIn(series, highest)) return *count;
+  }
+}
+
+}  // namespace
+
+std::string nextInSeries(Database& db, const VoucherKind& kind, const NumberSeries& series) {
+  double last = series.first - 1;
+  for (int digits = series.width;; ++digits) {
+    last = std::max(last, highestStored(db, kind, series, digits));
+    if (last + 1 < std::pow(10, digits)) return numberIn(series, last + 1);
+  }
+}
+
+std::optional<std::string> afterInSeries(Database& db, const VoucherKind& kind, const std::string& type,
+                                         const std::string& number) {
+  const auto series = seriesOf(db, kind.code, type);
+  if (!series) return std::nullopt;
+  const auto count = countIn(*series, number);
+  return count ? numberIn(*series, *count + 1) : nextInSeries(db, kind, *series);
+}
+
+std::string numberWarning(Database& db, const VoucherKind& kind, const std::string& type,
+                          const std::string& number) {
+  if (number.empty() || isLawfulNumber(number) || !seriesOf(db, kind.code, type)) return {};
+  return words("{number} Breaks The Law :: 16 Signs At Most, Of A To Z, 0 To 9, - And /", "number", number);
+}
+
 bool isDuplicateBill(Database& db, const VoucherKind& kind, const BillReference& bill) {
+  const auto series = kind.numbering.runsOn ? seriesOf(db, kind.code, bill.type) : std::nullopt;
+  const bool anyType = series && !(series->prefix + series->suffix).empty() && countIn(*series, bill.number);
   // The plus signs keep the reader from walking a whole series or party: few bills share a number.
   return db
       .first(
-          "SELECT VOUCH_NO FROM SALE WHERE BILL_NO = ? AND BL_TYPE = ? AND +BOOK_CD = ? AND VOUCH_NO <> ?"
+          "SELECT VOUCH_NO FROM SALE WHERE BILL_NO = ? AND (? OR BL_TYPE = ?) AND +BOOK_CD = ? AND VOUCH_NO "
+          "<> ?"
           " AND (? OR +PARTY_CD = ?) LIMIT 1",
-          bill.number, bill.type, kind.code, bill.voucher, kind.numbering.runsOn, bill.party)
+          bill.number, anyType, bill.type, kind.code, bill.voucher, kind.numbering.runsOn, bill.party)
       .has_value();
 }

@@ -5,6 +5,7 @@
 
 #include "base/date.h"
 #include "base/words.h"
+#include "frame/number_series.h"
 #include "frame/voucher_kinds.h"
 #include "store/database.h"
 
@@ -29,6 +30,16 @@ bool isStored(Database& db, const VoucherKind& kind, double voucher);
 std::optional<std::string> lastPaperNumber(Database& db, const VoucherKind& kind,
                                            const std::string& series = "");
 
+// The documented rule is for kinds and types without a series of their own (frame/number_series): in one the
+// next number is the highest that stands in any type of the kind, and 1 more, so that none comes twice.
+std::string nextInSeries(Database& db, const VoucherKind& kind, const NumberSeries& series);
+// The number after one that is taken; none without a series.
+std::optional<std::string> afterInSeries(Database& db, const VoucherKind& kind, const std::string& type,
+                                         const std::string& number);
+// What of a number against the law is told where the kind keeps a series; empty for all others.
+std::string numberWarning(Database& db, const VoucherKind& kind, const std::string& type,
+                          const std::string& number);
+
 // Each bill type is a series of its own; it goes on from the bill with the highest voucher
 // number, whatever its bill number. A series with a prefix is not followed: "A12" counts as 0.
 std::string nextBillNumber(Database& db, const VoucherKind& kind, const std::string& billType);
@@ -41,5 +52,6 @@ struct BillReference {
   std::string party, type, number;
   double voucher = 0;
 };
-// Another bill of the type has the number; one of the same party where the book does not number its bills.
+// Another bill of the type has the number, or of any type where the number has the prefix or suffix of a
+// series; one of the same party where the book does not number its bills.
 bool isDuplicateBill(Database& db, const VoucherKind& kind, const BillReference& bill);

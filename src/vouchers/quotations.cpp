@@ -91,6 +91,7 @@ std::string referenceAfter(const std::string& stored) {
 }
 
 std::string nextReference(Database& db, const VoucherKind& kind) {
+  if (const auto series = seriesOf(db, kind.code, "")) return nextInSeries(db, kind, *series);
   return referenceAfter(lastPaperNumber(db, kind).value_or(""));
 }
 

@@ -8,6 +8,7 @@
 #include "vouchers/frmjrnl.h"
 #include "vouchers/frmpost.h"
 #include "vouchers/frmquot.h"
+#include "vouchers/frmseries.h"
 #include "vouchers/gstnote.h"
 #include "vouchers/gstsapu.h"
 #include "vouchers/posting.h"
@@ -22,6 +23,7 @@ void addVoucherScreens(Screens& screens) {
   screens.add<FRMJRNL>("FRMJRNL");
   screens.add<FRMBRS>("FRMBRS");
   screens.add<FRMPOST>("FRMPOST");
+  screens.add<FRMSERIES>("FRMSERIES");
 }
 
 void setOpeningRoutines() {

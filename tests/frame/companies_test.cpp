@@ -6,6 +6,7 @@
 #include <set>
 
 #include "frame/backup.h"
+#include "frame/number_series.h"
 #include "frame/settings.h"
 #include "frame_fixture.h"
 #include "full_disk.h"
@@ -75,11 +76,14 @@ TEST_F(Companies, GoOnWithWhatTheYearBeforeHasSet) {
   earlier.open(folder_ / "M00125.mdb");
   storeSetting(earlier, kBackupsKept, 30);
   storeSetting(earlier, kExitBackup, 0);
+  storeSeries(earlier, {.book = "SA", .prefix = "INV/{yy}/", .width = 4, .first = 301});
   earlier.close();
   createCompanyYear(catalogue_, folder_.path(), {"M001", "SHREE TRADERS", "2026"}, CreateBy::Button, "");
   Database db;
   db.open(folder_ / "M00126.mdb");
   EXPECT_EQ(settingOf(db, kBackupsKept) + settingOf(db, kExitBackup) + settingOf(db, kOneUnit), "3010");
+  const auto series = allSeries(db);
+  EXPECT_TRUE(series.size() == 1 && series[0].prefix == "INV/{yy}/" && series[0].first == 1);
 }
 
 TEST_F(Companies, LeaveNeitherRowNorFileBehindWhenOneOfThemCannotBeMade) {
