@@ -46,6 +46,11 @@ std::vector<const VoucherKind*> madeFromKinds(const VoucherKind& kind) {
   return {};
 }
 
+bool anyMadeFrom(Database& db, const VoucherKind& kind, double number) {
+  return keeps(db) && db.first("SELECT 1 FROM BILLEDFROM WHERE VOUCH_NO = ? AND BOOK_CD IN (?, ?) LIMIT 1",
+                               number, kind.code, kFreed);
+}
+
 std::vector<MadeFrom> madeFrom(Database& db, const VoucherKind& kind, double number) {
   return rowsOf(db, kind.code, number);
 }

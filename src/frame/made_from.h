@@ -22,7 +22,9 @@ struct MadeFrom {
 // The kinds from which vouchers of this one can be made; none for most.
 std::vector<const VoucherKind*> madeFromKinds(const VoucherKind& kind);
 
-// In the order in which they were taken.
+// In the order in which they were taken; whether any of them, or of a deleted bill of the number, is kept at
+// all.
+bool anyMadeFrom(Database& db, const VoucherKind& kind, double number);
 std::vector<MadeFrom> madeFrom(Database& db, const VoucherKind& kind, double number);
 // Inside the transaction that stores the voucher, and the one that deletes it for good.
 void storeMadeFrom(Database& db, const VoucherKind& kind, double number, const std::vector<MadeFrom>& from);

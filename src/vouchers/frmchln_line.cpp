@@ -63,7 +63,7 @@ bool FRMCHLN::putSourceLine(const SourceLine& line) {
   put(kUnit, line.unit);
   put(kQuantity, line.quantity);
   put(kRate, Round(line.rate * (100 - line.discount) / 100, 4));
-  if (isMisc()) keepFreeName();
+  keepFreeName();
   return true;
 }
 

@@ -78,7 +78,7 @@ class GSTSAPU : public VoucherScreen {
   Go destination();
   Go parcels() { return toSave(); }
 
-  void fillRates(const std::optional<double>& rateOfTax);
+  bool fillRates(const std::optional<double>& rateOfTax);  // false where the item has none
   bool fillFromUnit();
   void valueLine();
   void showAssess();

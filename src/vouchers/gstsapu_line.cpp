@@ -29,24 +29,22 @@ Go GSTSAPU::item() {
     return Go::Stay;
   }
   if (!isMisc() || itemChanged()) put(kItemName, isMisc() ? "" : found->name);
-  fillRates(found->rateOfTax);
+  if (!fillRates(found->rateOfTax)) host.message("SPECIFY RATE OF TAX IN ITEM");
   put(kUnit, unitOf(code, found->unit));
   if (!fillFromUnit()) host.message("Check Unit For This Item in Item Master");
   focus(at(isMisc() ? kItemName : at(kDetail).visible ? kDetail : kUnit));
   return Go::Stay;
 }
 
-void GSTSAPU::fillRates(const std::optional<double>& rateOfTax) {
+bool GSTSAPU::fillRates(const std::optional<double>& rateOfTax) {
   const bool collects = !composition_ || isBought(kind_);
   const auto texts =
       splitTax(Val(session().mstatecd), partyState_, collects ? rateOfTax : std::optional<double>(0));
-  if (!texts) {
-    host.message("SPECIFY RATE OF TAX IN ITEM");
-    return;
-  }
+  if (!texts) return false;
   put(kCgstRate, texts->cgst);
   put(kSgstRate, texts->sgst);
   put(kIgstRate, texts->igst);
+  return true;
 }
 
 // Rate and discount of the unit, where none has been typed; false when the item lacks the unit.
@@ -62,16 +60,12 @@ bool GSTSAPU::putSourceLine(const SourceLine& line) {
   put(kItem, line.item);
   put(kItemName, line.name);
   put(kDetail, line.detail);
+  keepFreeName();
   put(kUnit, line.unit);
   put(kQuantity, quantityText(numText(line.quantity)));
   put(kRate, line.rate);
   put(kDiscount, line.discount);
-  const auto rates = splitTax(Val(session().mstatecd), partyState_, line.taxRate);
-  if (!rates) return false;
-  put(kCgstRate, rates->cgst);
-  put(kSgstRate, rates->sgst);
-  put(kIgstRate, rates->igst);
-  return true;
+  return fillRates(line.taxRate);
 }
 
 Go GSTSAPU::itemName() { return trimmed(kItemName).empty() ? helpHere() : Go::On; }

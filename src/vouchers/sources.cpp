@@ -154,11 +154,10 @@ std::string fromWords(Database& db, const std::vector<MadeFrom>& from) {
 
 void keepSources(Database& db, const VoucherKind& kind, double number, const std::string& party,
                  const std::vector<MadeFrom>& from) {
-  if (madeFromKinds(kind).empty()) return;
+  if (madeFromKinds(kind).empty() || (from.empty() && !anyMadeFrom(db, kind, number))) return;
   std::vector<MadeFrom> touched = madeFrom(db, kind, number);
   const std::vector<MadeFrom> freed = takeFreed(db, kind, number);
   touched.insert(touched.end(), freed.begin(), freed.end());
-  if (from.empty() && touched.empty()) return;
   storeMadeFrom(db, kind, number, {});
   for (const MadeFrom& one : from) {
     const auto head = readSource(db, one);

@@ -507,6 +507,8 @@ std::string VoucherScreen::hintFor(const Control& control) const {
       words(helps ? english("Press Enter For Help") : english("Press Enter To Proceed"));
   const bool takes =
       hasSources() && entering() && (control.spec->field == kParty || control.spec->field == kItem);
+  const char* const open = &kind_ == &challanKind() ? english("Ctrl+O = Open Quotations")
+                                                    : english("Ctrl+O = Open Challans And Quotations");
   return enter + (control.hint.empty() ? "" : " :: " + words(control.hint)) +
-         (takes ? " :: " + words("Ctrl+O = Open Challans And Quotations") : "");
+         (takes ? " :: " + words(open) : "");
 }
