@@ -48,10 +48,32 @@ TEST_F(Ledgers, OpenTheVoucherBehindARow) {
   EXPECT_EQ(drill<0>(1), "SALE regdlg1 9");
 }
 
-TEST_F(Ledgers, OfferTheVouchersThatThereAre) {
+// Each opens its voucher, and what was entered there shows at once; the narrations are asked for again.
+TEST_F(Ledgers, OpenVouchersByTheirShortcuts) {
+  const std::pair<const char*, const char*> kOpened[] = {
+      {"cmdsale(2)", "bwrcpy RECEIPT  " },
+      {"cmdsale(3)", "bwrcpy PAYMENT  " },
+      {"cmdsale(4)", "bwrcpy INCOME  "  },
+      {"cmdsale(5)", "bwrcpy EXPENSE  " },
+      {"cmdsale(6)", "FRMJRNL JOURNAL  "}
+  };
+  for (const auto& [shortcut, opened] : kOpened) {
+    show("LEDGERS", true);
+    const size_t rows = host.at("Grid1").grid.count();
+    host.press(shortcut);
+    EXPECT_EQ(host.onTop() + " " + (host.onTop() == "bwrcpy" ? Voucher<3>::last : Voucher<4>::last), opened);
+    data().exec(
+        "INSERT INTO ALEDGER (VOUCH_DT, BOOK_CD, VOUCH_NO, VOUCH_TYPE, PARTY_CD, VOUCH_AMT) VALUES"
+        " ('2026-05-10', 'RC', 1, 'C', 'A00001', 7)");
+    host.answers.push_back(true);
+    host.closeTop();
+    EXPECT_EQ(host.at("Grid1").grid.count(), rows + 1) << shortcut;
+    host.closeTop();
+  }
   show("LEDGERS", true);
-  host.press("cmdsale(2)");
-  EXPECT_EQ(host.onTop() + " " + Voucher<3>::last, "bwrcpy RECEIPT  ");
+  host.go("cmdsale(3)");
+  host.key(Key::Alt('E'));  // among the shortcuts no Excel
+  EXPECT_EQ(host.onTop() + " " + Voucher<3>::last, "bwrcpy EXPENSE  ");
 }
 
 TEST_F(Ledgers, HandTheGridOver) {

@@ -14,7 +14,7 @@ class Voucher : public Screen {
   void opened(const Opening& opening) override {
     last = opening.entryType + " " + opening.caller + " " + opening.value;
   }
-  static constexpr const char* kNames[] = {"GSTSAPU", "FRMQUOT", "FRMCHLN", "bwrcpy"};
+  static constexpr const char* kNames[] = {"GSTSAPU", "FRMQUOT", "FRMCHLN", "bwrcpy", "FRMJRNL"};
   static inline std::string last;
 
  private:
@@ -50,6 +50,7 @@ class ReportScreens : public CompanyTest {
     screens.add<Voucher<1>>("FRMQUOT");
     screens.add<Voucher<2>>("FRMCHLN");
     screens.add<Voucher<3>>("bwrcpy");
+    screens.add<Voucher<4>>("FRMJRNL");
     return screens;
   }
 
