@@ -7,6 +7,7 @@
 #include "base/words.h"
 #include "documents/company_cells.h"
 #include "documents/paper.h"
+#include "documents/supply_words.h"
 #include "documents/words.h"
 #include "frame/session.h"
 
@@ -42,8 +43,8 @@ void companyCells(DataSheet& sheet, const Row& company) {
   for (const auto& [row, column, field] : kCells) sheet.field(row, column, company, field);
 }
 
-std::string title(const std::string& billType) {
-  if (sameText(billType, "TAX")) return words("TAX INVOICE");
+std::string title(const std::string& billType, const std::string& lawful) {
+  if (sameText(billType, "TAX")) return lawful.empty() ? words("TAX INVOICE") : lawful;
   return startsWithNoCase(billType, "JOB") ? words("Jobwork Invoice") : words("Delivery Slip");
 }
 
@@ -83,7 +84,7 @@ FilledSheet deliverySlipSheet(Database& db, const std::string& name, const Row& 
   if (!head) return sheet;
   auto& cells = sheet.cells;
   cells.set(1, 3, name);
-  cells.set(2, 1, title(head->text("BL_TYPE")));
+  cells.set(2, 1, title(head->text("BL_TYPE"), supplyWords(db, company, number).title));
   cells.set(2, 6, AmountInWords(head->number("NET_AMT")));
   if (!head->text("NET_AMT").empty() && !head->text("CASH_AMT").empty())
     cells.set(2, 7, AmountInWords(head->number("NET_AMT") - head->number("CASH_AMT")));

@@ -5,11 +5,10 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "documents/company_cells.h"
+#include "documents/supply_words.h"
 #include "documents/words.h"
 #include "frame/note_reasons.h"
-#include "frame/settings.h"
 #include "frame/voucher_kinds.h"
-#include "store/dictionary.h"
 
 namespace {
 
@@ -47,30 +46,11 @@ void noteCells(DataSheet& sheet, Database& db, double number, const VoucherKind&
   sheet.set(1, 14, noteReason(reason));
 }
 
-// What the law has a bill be called, and say, where it is no tax invoice; in cells of our own. What is taxed
-// at no rate by its item as well is nil-rated or exempt; a rate of 0 alone may have other reasons.
-void supplyCells(DataSheet& sheet, Database& db, const Row& company, const Row& bill, double number,
-                 const std::string& book) {
-  const bool reverse =
-      CheckTable(db, "SUPPLY") &&
-      db.first("SELECT 1 FROM SUPPLY WHERE VOUCH_NO = ? AND BOOK_CD = ? AND REVERSE = 1", number, book);
-  if (reverse) sheet.set(1, 31, words("Yes"));
-  const auto lines = db.first(
-      "SELECT COUNT(*), SUM(CASE WHEN L.CGSTRT = 0 AND L.SGSTRT = 0 AND L.IGSTRT = 0"
-      " AND COALESCE(I.RATEOFTAX, 0) = 0 THEN 1 ELSE 0 END), SUM(L.CGSTRT + L.SGSTRT + L.IGSTRT)"
-      " FROM SALEITM AS L LEFT JOIN ITEM AS I ON I.ITEM_CD = L.ITEM_CD WHERE L.VOUCH_NO = ? AND L.BOOK_CD = "
-      "?",
-      number, book);
-  const bool untaxed = lines->number(2) == 0;
-  if (untaxed && settingNumber(db, kComposition) == 1) {
-    sheet.set(1, 29, words("BILL OF SUPPLY"));
-    sheet.set(1, 30, words("Composition taxable person, not eligible to collect tax on supplies"));
-  } else if (!trim(company.text("GSTINNO")).empty() && lines->number(1) > 0) {
-    if (lines->number(1) == lines->number(0))
-      sheet.set(1, 29, words("BILL OF SUPPLY"));
-    else if (bill.text("ACCOUNT.GSTINNO").size() <= 1)
-      sheet.set(1, 29, words("INVOICE-CUM-BILL OF SUPPLY"));
-  }
+// In cells of our own.
+void supplyCells(DataSheet& sheet, const SupplyWords& said) {
+  if (!said.title.empty()) sheet.set(1, 29, said.title);
+  if (!said.sentence.empty()) sheet.set(1, 30, said.sentence);
+  if (said.reverse) sheet.set(1, 31, words("Yes"));
 }
 
 void wordCells(DataSheet& sheet, const Row& bill) {
@@ -145,7 +125,7 @@ FilledSheet invoiceSheet(Database& db, const std::string& name, const Row& compa
   if (its.isNote())
     noteCells(cells, db, number, its);
   else
-    supplyCells(cells, db, company, *head, number, its.code);
+    supplyCells(cells, supplyWords(db, company, number));
   wordCells(cells, *head);
   accountCells(cells, db, head->text("SALE_CD"));
   itemCells(cells, db, number, its.code);

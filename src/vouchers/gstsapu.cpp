@@ -104,7 +104,6 @@ void GSTSAPU::startNew() {
   for (const FieldName amount : {kCgstAmount, kSgstAmount, kIgstAmount}) at(amount).locked = true;
   readComposition();
   if (composition_ && isBought(kind_)) mark({false, true});
-  shownSupply_ = supply_;
   focus(at(kDate));
 }
 
@@ -311,7 +310,6 @@ bool GSTSAPU::load(double number) {
   put(kChallanNumber, "");  // a modify stores it as 0
   readComposition();
   mark(readSupply(data(), kind_, number));
-  shownSupply_ = supply_;
   acceptParty();
   if (!trimmed(kShipTo).empty()) acceptShipTo();
   showCurrentLine();
@@ -323,7 +321,6 @@ void GSTSAPU::clearHead() {
   period_ = {};
   put(kPartyFacts, "");
   mark({});
-  shownSupply_ = {};
 }
 
 // Marks
@@ -332,7 +329,7 @@ void GSTSAPU::mark(const Supply& supply) {
   supply_ = supply;
   std::vector<std::string> said;
   if (supply.reverse) said.push_back(words("Reverse Charge"));
-  if (supply.ineligible) said.push_back(words("No Input Credit"));
+  if (supply.ineligible) said.push_back(words("No ITC"));
   put(kSupply, join(said, ", "));
 }
 
@@ -346,6 +343,11 @@ void GSTSAPU::reverseKey() {
 
 void GSTSAPU::ineligibleKey() {
   if (typing()) mark({supply_.reverse, !supply_.ineligible});
+}
+
+void GSTSAPU::takeVoucherAsShown() {
+  VoucherScreen::takeVoucherAsShown();
+  shownSupply_ = supply_;
 }
 
 bool GSTSAPU::unsaved() const { return VoucherScreen::unsaved() || (typing() && supply_ != shownSupply_); }

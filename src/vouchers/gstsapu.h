@@ -42,6 +42,7 @@ class GSTSAPU : public VoucherScreen {
   bool putSourceLine(const SourceLine& line) override;
   void sourcesShown() override;
   bool unsaved() const override;
+  void takeVoucherAsShown() override;
   void mark(const Supply& supply);
 
   // With another table, columns of the lines and, beside the bill's own, lookups.

@@ -88,7 +88,7 @@ ScreenSpec GSTSAPU::tableOf(const VoucherKind& kind) {
           {.name = "Label1",     .index = 32, .kind = Kind::Label, .label = "Assival", .at = {.group = "keys", .col = 12, .span = 2}, .align = Right, .style = Style::Quiet},
           {.name = "Label1", .index = 31, .field = kAssessable, .kind = Kind::Label, .label = "0.00",    .at = {.group = "keys", .col = 14}, .align = Right, .money = true, .style = Style::Primary},
       }, lineGrids(lineColumns, rateColumns, 4, 632), {
-          {.name = "Text1",      .index = 29, .field = kNarration,     .column = "NARRATION",  .holds = Holds::Typed, .label = "Narration",   .at = {.group = "D", .row = 0, .col = 1, .span = 4},    .tab = 30, .limit = 200, .keys = Letters, .hint = isBought(kind) ? english("F1 = Used Before :: Ctrl+R = Reverse Charge :: Ctrl+N = No Input Credit") : english("F1 = Used Before :: Ctrl+R = Reverse Charge")},
+          {.name = "Text1",      .index = 29, .field = kNarration,     .column = "NARRATION",  .holds = Holds::Typed, .label = "Narration",   .at = {.group = "D", .row = 0, .col = 1, .span = 4},    .tab = 30, .limit = 200, .keys = Letters, .hint = isBought(kind) ? english("F1 = Used Before :: Ctrl+R = Reverse Charge :: Ctrl+N = No ITC") : english("F1 = Used Before :: Ctrl+R = Reverse Charge")},
           {.name = "Text1",      .index = 55, .field = kTransportId,   .column = "TRANS_CD",   .holds = Figure,       .label = "Transport",   .at = {.group = "D", .row = 1, .col = 1, .width = 44},  .limit = 20, .enabled = false, .align = Right},
           {.name = "Text1",      .index = 42, .field = kTransport,     .column = "TRANSPORT",                         .at = {.group = "D", .row = 1, .col = 2},               .tab = 32, .limit = 100,  .keys = Letters},
           {.name = "Text1",      .index = 27, .field = kCreditDays,    .column = "CR_DAYS",    .holds = Figure,       .label = "Cr Days",     .at = {.group = "D", .row = 1, .col = 4, .width = 96},  .tab = 33, .limit = 20,  .keys = Number, .align = Right},
@@ -97,7 +97,7 @@ ScreenSpec GSTSAPU::tableOf(const VoucherKind& kind) {
           {.name = "MaskEdBox1", .index = 1,  .field = kLrDate,        .column = "GR_DATE",    .holds = Holds::Date,  .kind = Kind::Date, .label = "Lr Dt", .at = {.group = "D", .row = 3, .col = 1, .span = 2, .width = 112}, .tab = 36, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},
           {.name = "Text1",      .index = 45, .field = kParcels,       .column = "PARCLE",                            .label = "Parcels",     .at = {.group = "D", .row = 3, .col = 4},               .tab = 37, .limit = 50,  .keys = Letters},
 
-          {.name = "Label1",     .index = 90, .field = kSupply, .kind = Kind::Label, .at = {.group = "D", .row = 3, .col = 2}, .align = Right, .style = Style::Primary},
+          {.name = "Label1",     .index = 90, .field = kSupply, .kind = Kind::Label, .at = {.group = "D", .row = 3, .col = 2}, .align = Right},
 
           {.name = "Text1",      .index = 18, .field = kItemsAmount,   .column = "ITEM_AMT",   .holds = Figure,       .label = "Assible",     .at = {.group = "E", .row = 0, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},
           {.name = "Text1",      .index = 1,  .field = kCgstTotal,     .column = "TCGSTRT",    .holds = Figure,       .label = "CGST",        .at = {.group = "E", .row = 1, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},

@@ -178,6 +178,7 @@ class VoucherScreen : public ChildScreen {
   void showSerial();
   void clearAll();
   bool unsaved() const override;
+  virtual void takeVoucherAsShown();  // what stands there is no work to be lost
   std::string atStake() const override;
   bool entering() const { return mode == "ADD" || mode == "EDIT"; }  // also after its save
   bool typing() const { return entering() && !atRest_; }
@@ -207,7 +208,6 @@ class VoucherScreen : public ChildScreen {
   void tellStanding();
   void tellReason();
   const KeyLookup* enterLookup(const Control& field) const;
-  void takeVoucherAsShown();
   std::string allLines() const;
   void tellEscape();
   bool ratesShown() const;
