@@ -327,10 +327,12 @@ void GSTSAPU::clearHead() {
 
 void GSTSAPU::mark(const Supply& supply) {
   supply_ = supply;
-  std::vector<std::string> said;
-  if (supply.reverse) said.push_back(words("Reverse Charge"));
-  if (supply.ineligible) said.push_back(words("No ITC"));
-  put(kSupply, join(said, ", "));
+  // The room beside the date of a small window is narrow.
+  const bool both = supply.reverse && supply.ineligible;
+  put(kSupply, both                ? words("Rev. Charge, No ITC")
+               : supply.reverse    ? words("Reverse Charge")
+               : supply.ineligible ? words("No ITC")
+                                   : "");
 }
 
 void GSTSAPU::readComposition() { composition_ = settingNumber(data(), kComposition) == 1; }

@@ -115,7 +115,7 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
     const auto partyBefore = storedParty(db, kind, number);
     deleteVoucher(db, kind, number);
     insertRow(db, "SALE", headRow(db, kind, bill, stamp));
-    storeSupply(db, kind, number, supply);
+    if (supply.any()) storeSupply(db, kind, number, supply);
     db.exec("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
     // A line of no quantity stays behind, though its amounts are in the totals; in a note also one without
     // an item, of which nothing goes back.
