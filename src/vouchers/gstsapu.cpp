@@ -333,6 +333,7 @@ void GSTSAPU::mark(const Supply& supply) {
                : supply.reverse    ? words("Reverse Charge")
                : supply.ineligible ? words("No ITC")
                                    : "");
+  at(kSupply).visible = supply.any();
 }
 
 void GSTSAPU::readComposition() { composition_ = settingNumber(data(), kComposition) == 1; }

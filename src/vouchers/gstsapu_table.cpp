@@ -97,7 +97,7 @@ ScreenSpec GSTSAPU::tableOf(const VoucherKind& kind) {
           {.name = "MaskEdBox1", .index = 1,  .field = kLrDate,        .column = "GR_DATE",    .holds = Holds::Date,  .kind = Kind::Date, .label = "Lr Dt", .at = {.group = "D", .row = 3, .col = 1, .span = 2, .width = 112}, .tab = 36, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},
           {.name = "Text1",      .index = 45, .field = kParcels,       .column = "PARCLE",                            .label = "Parcels",     .at = {.group = "D", .row = 3, .col = 4},               .tab = 37, .limit = 50,  .keys = Letters},
 
-          {.name = "Label1",     .index = 90, .field = kSupply, .kind = Kind::Label, .at = {.group = "D", .row = 3, .col = 2}, .align = Right},
+          {.name = "Label1",     .index = 90, .field = kSupply, .kind = Kind::Label, .at = {.group = "D", .row = 3, .col = 2}, .visible = false, .align = Right},
 
           {.name = "Text1",      .index = 18, .field = kItemsAmount,   .column = "ITEM_AMT",   .holds = Figure,       .label = "Assible",     .at = {.group = "E", .row = 0, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},
           {.name = "Text1",      .index = 1,  .field = kCgstTotal,     .column = "TCGSTRT",    .holds = Figure,       .label = "CGST",        .at = {.group = "E", .row = 1, .col = 1}, .limit = 20, .enabled = false, .align = Right, .money = true},
