@@ -30,9 +30,11 @@ mkdir -p locale/xx/LC_MESSAGES
 msgfmt -o locale/xx/LC_MESSAGES/mirav.mo xx.po
 )sh";
 
-// What a new company shows of its own: its name, dates, and the files of its books.
-const std::set<std::string> kOwn{"NEW", "SHOP", "Mirav", "Jan", "Feb", "Mar", "Apr",    "May",      "Jun",
-                                 "Jul", "Aug",  "Sep",   "Oct", "Nov", "Dec", "BACKUP", "replaced", "mdb"};
+// What a new company shows of its own: its name, dates, and the files of its books; the sign that is typed
+// for the year in a number series.
+const std::set<std::string> kOwn{"NEW", "SHOP",   "Mirav",    "Jan", "Feb", "Mar", "Apr",
+                                 "May", "Jun",    "Jul",      "Aug", "Sep", "Oct", "Nov",
+                                 "Dec", "BACKUP", "replaced", "mdb", "yy"};
 // Beside its rows.
 constexpr const char* kRows[] = {"SELECT ACC_NAME FROM ACCOUNT", "SELECT GROUP_NAME FROM GRP",
                                  "SELECT DEPT_NAME FROM DEPTMENT", "SELECT SIZE_CD FROM ITEMDTL"};
