@@ -20,12 +20,15 @@ Moment localNow() {
 
 int main(int argc, char** argv) {
   CLI::App app{"Makes the databases of a program folder: catalogue, sample company-year, templates"};
-  std::string folder;
+  std::string folder, day;
   app.add_option("folder", folder, "Program folder; made when it is missing")->required();
+  app.add_option("--day", day, "The day to which the sample books lead, else today");
   CLI11_PARSE(app, argc, argv);
 
   try {
-    makeSampleFolder(folder, localNow());
+    Moment now = localNow();
+    if (!day.empty()) now.date = parseDate(day).value();
+    makeSampleFolder(folder, now);
   } catch (const std::exception& error) {
     std::cerr << "mirav-folder: " << error.what() << "\n";
     return 1;
