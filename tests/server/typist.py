@@ -152,14 +152,14 @@ class Journal:
 class Typist:
     """One operator: does at random what a day brings, a start of the program after each end of it."""
 
-    def __init__(self, name, player, folder, journal, dialogues):
+    def __init__(self, name, player, folder, journal, dialogues=None):
         self.name, self.player, self.folder, self.journal, self.dialogues = name, player, folder, journal, dialogues
         self.rng, self.count = random.Random(name), itertools.count(1)
         self.hand, self.starts, self.refusals, self.done = None, 0, [], 0
 
     def start(self):
         self.starts += 1
-        self.hand = Hand(self.player, self.folder, os.path.join(self.dialogues, "%s.%d" % (self.name, self.starts)))
+        self.hand = Hand(self.player, self.folder, self.dialogues and os.path.join(self.dialogues, "%s.%d" % (self.name, self.starts)))
         self.hand.sure("clock %s 10:30" % TODAY, "focus lst", "key Enter", "tick 4", "expect screen frmmain")
 
     def work(self, goes_on):
