@@ -1,5 +1,6 @@
 #include "masters/items.h"
 
+#include <algorithm>
 #include <array>
 
 #include "base/text.h"
