@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr const char *kMarks = "SUPPLY", *kSources = "BILLEDFROM";
+
 VoucherKind derived(VoucherKind kind, void (*differences)(VoucherKind&)) {
   differences(kind);
   return kind;
@@ -124,7 +126,8 @@ const VoucherKind& saleKind() {
                 .savedHints = {english("Press Print Btn To Print Sales Invoice"),
                                english("Press New Entry Btn To Enter New Bill Entry")},
                 .rateHint = "F4 = Earlier Sales :: F6 = Party Rates :: F7 = Purchase Rates"},
-      .tables = {.heads = "SALE", .lines = "SALEITM", .key = "BOOK_CD", .work = "T_SLITM", .serial = "SR_NO"},
+      .tables = {.heads = "SALE", .lines = "SALEITM", .key = "BOOK_CD", .work = "T_SLITM", .serial = "SR_NO",
+                 .beside = {kMarks, kSources}},
       .numbering = {.number = "BILL_NO", .series = "BL_TYPE"},
       .party = {.offered = underGroups("group_cd", {85, 87, 88}),
                 .rate = "SALE_RATE1",
@@ -185,6 +188,7 @@ const VoucherKind& purchaseKind() {
 // among the bills, and the law has tables of their own for them.
 void makeNote(VoucherKind& k) {
   k.adjusts.code = k.code;
+  k.tables.beside = {kMarks, "ORIGINAL", "ORIGITM", kSettlements};
   k.screen = "GSTNOTE";
   k.words.savedHints = {english("Press Print Btn To Print The Note"),
                         english("Press New Entry Btn To Enter A New Note")};
@@ -264,7 +268,8 @@ const VoucherKind& challanKind() {
                 .escapeAsks = "Do you want to exit",
                 .saveOpens = "Save opens after Desti",
                 .savedHead = "Sales Challan Entry Saved"},
-      .tables = {.heads = "CHLN", .lines = "CHLNITM", .key = "BOOK_CD", .work = "T_CHLNITM", .serial = "SR_NO"},
+      .tables = {.heads = "CHLN", .lines = "CHLNITM", .key = "BOOK_CD", .work = "T_CHLNITM", .serial = "SR_NO",
+                 .beside = {kSources}},
       .numbering = {.number = "CHLN_NO", .series = "CHLN_TYP"},
       .party = {.offered = underGroups("group_cd", {85, 87, 88}),
                 .rate = "SALE_RATE1",
@@ -302,7 +307,7 @@ const VoucherKind& receiptKind() {
       .code = "RC",
       .screen = "bwrcpy",
       .words = {.title = "RECEIPT ENTRY", .name = english("Receipt")},
-      .tables = {.heads = "RPTPAY", .key = "BOOK_CD", .settles = kSettlements},
+      .tables = {.heads = "RPTPAY", .key = "BOOK_CD", .beside = {kSettlements}},
       .party = {.offered = underGroups("GROUP_CD", {85, 135}), .hasBills = true},
       .ledger = {.partySide = "C", .formerCode = "CM"},
   };

@@ -32,11 +32,11 @@ struct VoucherKind {
   } words;
 
   struct Tables {
-    std::string heads, lines;  // of the stored vouchers
-    std::string key;           // the column of both that tells the kinds apart
-    std::string work;          // lines being typed
-    std::string serial;        // the column of the work table that orders them
-    std::string settles;       // what a voucher settles, beside or in place of lines
+    std::string heads, lines;           // of the stored vouchers
+    std::string key;                    // the column of both that tells the kinds apart
+    std::string work;                   // lines being typed
+    std::string serial;                 // the column of the work table that orders them
+    std::vector<std::string> beside{};  // of our own, by VOUCH_NO and BOOK_CD: what more is kept of a voucher
   } tables;
 
   struct Numbering {

@@ -13,7 +13,6 @@
 namespace {
 
 constexpr char kNull = '\x1d', kColumnEnds = '\x1f', kRowEnds = '\x1e';
-constexpr const char* kMarks = "SUPPLY";
 
 std::string where(const VoucherKind& kind) { return " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?"; }
 
@@ -37,10 +36,8 @@ std::string asStored(Database& db, const VoucherKind& kind, double number) {
   std::string all = rowsOf(db, kind, kind.tables.heads, number);
   if (all.empty()) return all;
   if (!kind.tables.lines.empty()) all += rowsOf(db, kind, kind.tables.lines, number);
-  if (!kind.tables.settles.empty() && CheckTable(db, kind.tables.settles))
-    all += rowsOf(db, kind, kind.tables.settles, number);
-  if (kind.tables.heads == saleKind().tables.heads && CheckTable(db, kMarks))
-    all += rowsOf(db, kind, kMarks, number);
+  for (const std::string& table : kind.tables.beside)
+    if (CheckTable(db, table)) all += rowsOf(db, kind, table, number);
   return all;
 }
 

@@ -12,7 +12,8 @@
 // Two programs on one voucher. Who shows one for a change or a deletion keeps it as it stood then, and the
 // transaction that writes compares once more: of two who change the same voucher the second is told.
 
-// Head and lines of a voucher, and what it settles, as one text to compare; empty where no head is stored.
+// Head and lines of a voucher, and what is kept beside them (a note's bills, what is settled, marks, what it
+// was made from), as one text to compare; empty where no head is stored.
 // Marks of time alone would not do: they are the same for two saves within a minute.
 std::string asStored(Database& db, const VoucherKind& kind, double number);
 

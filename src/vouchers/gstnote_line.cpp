@@ -56,10 +56,7 @@ const OriginalLine* GSTNOTE::original() const {
   return linked_ && found != originals_.end() ? &found->second : nullptr;
 }
 
-bool GSTNOTE::takesBack() const {
-  const VoucherKind* const bill = kindByBook(kind_.adjusts.code);
-  return bill && bill->ledger.partySide != kind_.ledger.partySide;
-}
+bool GSTNOTE::takesBack() const { return ::takesBack(kind_); }
 
 bool GSTNOTE::tooMuch(double serial, const OriginalLine& line, double quantity) const {
   constexpr double kHair = 1e-6;  // of a quantity of three decimals

@@ -1,5 +1,6 @@
 #include "vouchers/originals.h"
 
+#include <algorithm>
 #include <set>
 #include <stdexcept>
 #include <utility>
@@ -10,6 +11,7 @@
 #include "store/dictionary.h"
 #include "store/engine.h"
 #include "store/row_writer.h"
+#include "vouchers/settlements.h"
 
 namespace {
 
@@ -29,6 +31,48 @@ constexpr const char* kTables[] = {"ORIGINAL", "ORIGITM"};
 
 // Books that the walk has not brought up to date hold no notes.
 bool hasNotes(Database& db) { return CheckTable(db, kTables[0]); }
+
+// What lines say nothing of (an amount without lines, the round off) the bills take in their order, unless
+// one of them is not in these books: it may be of that.
+void settleBills(Database& db, const VoucherKind& note, double number, const std::vector<Original>& bills) {
+  struct Open {
+    Settlement::Bill bill;
+    double room, given;
+  };
+  const auto room = [](const std::string& book, const std::string& voucher) {
+    return standingOfVoucher(book, voucher, "H.PARTY_CD") + " - " +
+           usedOfVoucher(book, voucher, "H.PARTY_CD");
+  };
+  std::vector<Open> open;
+  double left = 0;
+  std::string party;
+  for (const Row& row :
+       db.all("SELECT O.BILL_BOOK, O.BILL_VOUCH, H.PARTY_CD, " + room("H.BOOK_CD", "H.VOUCH_NO") + ", " +
+                  room("O.BILL_BOOK", "O.BILL_VOUCH") +
+                  ", (SELECT SUM(L.NET_AMOUNT) FROM ORIGITM AS I JOIN SALEITM AS L"
+                  " ON L.VOUCH_NO = I.VOUCH_NO AND L.BOOK_CD = I.BOOK_CD AND L.SR_NO = I.SR_NO"
+                  " WHERE I.VOUCH_NO = O.VOUCH_NO AND I.BOOK_CD = O.BOOK_CD AND I.BILL_VOUCH = O.BILL_VOUCH"
+                  " AND I.BILL_BOOK = O.BILL_BOOK) FROM ORIGINAL AS O JOIN SALE AS H"
+                  " ON H.VOUCH_NO = O.VOUCH_NO AND H.BOOK_CD = O.BOOK_CD"
+                  " WHERE O.VOUCH_NO = ? AND O.BOOK_CD = ? AND O.BILL_VOUCH <> 0 ORDER BY O.SR_NO",
+              number, note.code)) {
+    party = row.text(2);
+    left = row.number(3);
+    open.push_back({{{row.text(0), row.number(1)}}, row.number(4), row.number(5)});
+  }
+  const auto take = [&](Open& one, double most) {
+    const double more = Round(std::max(std::min({most, one.room - one.bill.amount, left}), 0.0), 2);
+    one.bill.amount = Round(one.bill.amount + more, 2);
+    left -= more;
+  };
+  for (Open& one : open) take(one, one.given);
+  if (open.size() == bills.size())
+    for (Open& one : open) take(one, left);
+  Settlement settlement;
+  for (const Open& one : open)
+    if (one.bill.amount > 0) settlement.bills.push_back(one.bill);
+  storeSettlement(db, note, number, party, settlement);
+}
 
 constexpr const char* kBill = "SELECT VOUCH_NO, VOUCH_DT, BILL_NO, PARTY_CD, CASH_CD, NET_AMT FROM SALE";
 
@@ -148,7 +192,13 @@ void readBefore(Database& db, const VoucherKind& note, double number, OriginalLi
   for (auto& [own, line] : lines) line.before = bills[line.voucher][line.serial];
 }
 
+bool takesBack(const VoucherKind& note) {
+  const VoucherKind* const bill = kindByBook(note.adjusts.code);
+  return bill && bill->ledger.partySide != note.ledger.partySide;
+}
+
 void ensureNotes(Database& db) {
+  ensureSettlements(db);
   for (const char* table : kTables) ensureTable(db, table);
 }
 
@@ -179,10 +229,12 @@ void storeNote(Database& db, const VoucherKind& note, double number, const NoteF
   if (!links.empty())
     insertMany(db, "INSERT INTO ORIGITM (BOOK_CD, VOUCH_NO, SR_NO, BILL_BOOK, BILL_VOUCH, BILL_SR)",
                "(?, ?, ?, ?, ?, ?)", links);
+  if (takesBack(note)) settleBills(db, note, number, bills);
 }
 
 void dropNote(Database& db, const VoucherKind& note, double number) {
   if (!hasNotes(db)) return;
+  storeSettlement(db, note, number, "", {});
   for (const char* table : kTables)
     db.exec(std::string("DELETE FROM ") + table + " WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, note.code);
 }

@@ -63,7 +63,11 @@ void readBefore(Database& db, const VoucherKind& note, double number, OriginalLi
 // Makes the tables where books lack them that the walk has not brought up to date; before a transaction,
 // since a server ends one by it.
 void ensureNotes(Database& db);
-// Inside the transaction that stores the note. Raises std::runtime_error where one of its bills has gone.
+// It stands against its bills on the other side of the party's account, as a debit note does not.
+bool takesBack(const VoucherKind& note);
+// Inside the transaction that stores the note, once its lines and rows of the ledger are written. Raises
+// std::runtime_error where one of its bills has gone. A note that takes back settles its bills (SETTLES),
+// each with what its lines give back of it and for no more than it is open; the rest is on account.
 void storeNote(Database& db, const VoucherKind& note, double number, const NoteFacts& facts,
                const OriginalLines& lines);
 void dropNote(Database& db, const VoucherKind& note, double number);

@@ -99,6 +99,7 @@ class Bill:
     lorry: str = ""
     parcels: str = ""
     original: object = None  # of a note: its bill
+    settles: Decimal = Decimal(0)  # of a note that takes back: how much of it
     reason: int = 1
     taken: list = ()  # the bill's lines as the note found them
 
@@ -296,7 +297,14 @@ class Books:
             if m.settles:
                 number, amount = m.settles
                 paid[number] = paid.get(number, 0) + dec(amount)
+        for n in self.bills["SR"].values():
+            paid[n.original.number] = paid.get(n.original.number, 0) + n.settles
         return paid
+
+    def settle(self, note):
+        """As it is saved: its own bill, as far as nothing else has settled that."""
+        note.settles = Decimal(0)
+        note.settles = min(dec(note.net), dec(note.original.net) - self.settled().get(note.original.number, Decimal(0)))
 
     def is_bound(self, bill):
         """A note or money stands against it."""

@@ -251,6 +251,8 @@ class Year:
         if n.net == 0:
             return
         books.bills[book][number] = n
+        if book == "SR":
+            books.settle(n)
         books.saved(n)
         self.clerk.note(n, self.today)
 
