@@ -4,6 +4,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "frame/posting_due.h"
 #include "frame/voucher_kinds.h"
 #include "store/dictionary.h"
 #include "store/engine.h"
@@ -22,9 +23,12 @@ struct Entries {
 
 Entries entriesOf(Database& db, const BillsOf& of) {
   Entries found;
+  const std::string deleted = of.standing ? deletedVoucher(db, "ALEDGER") : "",
+                    stands = deleted.empty() ? "" : " AND NOT (" + deleted + ")";
   auto rows = db.query(
       "SELECT VOUCH_NO, VOUCH_DT, PARTY_BL, BOOK_CD, VOUCH_AMT, NARRATION FROM ALEDGER WHERE PARTY_CD = ?"
-      " AND VOUCH_TYPE = ? ORDER BY VOUCH_DT, PARTY_BL, rowid",
+      " AND VOUCH_TYPE = ?" +
+          stands + " ORDER BY VOUCH_DT, PARTY_BL, rowid",
       of.party, of.side);
   while (rows.next()) {
     OpenBill bill{
@@ -36,7 +40,7 @@ Entries entriesOf(Database& db, const BillsOf& of) {
     };
     if (!of.without || !isSame(*of.without, bill.voucher)) found.bills.push_back(std::move(bill));
   }
-  std::string money = "SELECT SUM(VOUCH_AMT) FROM ALEDGER WHERE PARTY_CD = ? AND VOUCH_TYPE = ?";
+  std::string money = "SELECT SUM(VOUCH_AMT) FROM ALEDGER WHERE PARTY_CD = ? AND VOUCH_TYPE = ?" + stands;
   std::vector<Value> values{of.party, of.side == "D" ? "C" : "D"};
   if (of.without) {
     money += " AND NOT (VOUCH_NO = ? AND BOOK_CD = ?)";

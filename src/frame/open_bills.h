@@ -34,6 +34,7 @@ struct BillsOf {
   Date start{};                         // of an opening balance
   std::optional<Date> to{};             // later bills are left out, though what settles them is not money
   std::optional<VoucherKey> without{};  // as if this one had not been written
+  bool standing = false;                // without those that were deleted and are in the ledger yet
 };
 
 std::vector<OpenBill> openBills(Database& db, const BillsOf& of);

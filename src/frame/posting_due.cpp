@@ -40,6 +40,12 @@ int deletedInLedger(Database& db) {
                 withoutVoucher(db, "D")));
 }
 
+std::string deletedVoucher(Database& db, const std::string& row) {
+  if (!CheckTable(db, kTable) || !db.first("SELECT 1 FROM DELETED LIMIT 1")) return "";
+  return "EXISTS (SELECT 1 FROM DELETED AS D WHERE D.VOUCH_NO = " + row + ".VOUCH_NO AND D.BOOK_CD = " + row +
+         ".BOOK_CD) AND " + withoutVoucher(db, row);
+}
+
 void forgetDeleted(Database& db) {
   if (CheckTable(db, kTable)) db.exec("DELETE FROM DELETED");
 }

@@ -20,5 +20,8 @@ int deletedInLedger(Database& db);
 // Tables that older books have yet to get hold none.
 std::string withoutVoucher(Database& db, const std::string& row);
 
+// The same of one that was deleted and stands in the ledger yet; empty where none does.
+std::string deletedVoucher(Database& db, const std::string& row);
+
 // The ledger has been made again.
 void forgetDeleted(Database& db);

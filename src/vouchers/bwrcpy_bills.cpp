@@ -70,7 +70,7 @@ void bwrcpy::readBills(const std::vector<Settlement::Bill>& settled) {
   if (party == billsOf_ && bills_->bills() > 0) return;
   billsOf_ = party;
   const auto account = data().first("SELECT OP_BAL FROM ACCOUNT WHERE ACC_CD = ?", party);
-  BillsOf of{.party = party, .side = kind_.ledger.otherSide(), .start = session().mstartdt};
+  BillsOf of{.party = party, .side = kind_.ledger.otherSide(), .start = session().mstartdt, .standing = true};
   if (account) of.opening = account->number(0);
   if (loaded_ != 0) of.without = VoucherKey{kind_.code, loaded_};
   const Busy busy(host);

@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/words.h"
+#include "frame/posting_due.h"
 #include "store/dictionary.h"
 #include "store/engine.h"
 #include "store/row_writer.h"
@@ -57,6 +58,15 @@ void checkSettlement(Database& db, const VoucherKind& kind, double number) {
                         standingOfVoucher(book, voucher, party) + " + 0.005 LIMIT 1",
                     kind.code, number);
   };
+  if (const std::string deleted = deletedVoucher(db, "S"); !deleted.empty())
+    if (const auto gone = db.first("SELECT S.BOOK_CD, S.VOUCH_NO FROM (SELECT BILL_BOOK AS BOOK_CD, BILL_VNO "
+                                   "AS VOUCH_NO FROM SETTLES"
+                                   " WHERE BOOK_CD = ? AND VOUCH_NO = ? AND WHAT = 'B') AS S WHERE " +
+                                       deleted + " LIMIT 1",
+                                   kind.code, number))
+      throw SettledElsewhere(
+          words("{book} {number} Has Been Deleted Meanwhile\nNothing Was Stored, Look At The Bills Again",
+                "book", gone->text(0), "number", numText(gone->number(1))));
   auto found = above("S.BILL_BOOK", "S.BILL_VNO", "");
   // Of itself one row tells; all of them would sum all of them.
   if (!found) found = above("S.BOOK_CD", "S.VOUCH_NO", " AND S.SRNO = 1");

@@ -329,8 +329,10 @@ class Year:
         self.clerk.money(m, self.today)
 
     def settle(self, m):
-        """One of the party's open bills, whole or as far as the money goes. Posting alone puts a blank before a challan's number."""
-        standing = [replace(r, reference=r.reference.strip()) for rows in self.books.standing.values() for r in rows]
+        """One of the party's open bills, whole or as far as the money goes. Posting alone puts a blank before a challan's number.
+        What was deleted is not among them, though the ledger has it yet."""
+        gone = self.books.left_behind()
+        standing = [replace(r, reference=r.reference.strip()) for key, rows in self.books.standing.items() if key not in gone for r in rows]
         found = self.books.owed(m.party, standing, datetime.date.max)
         chosen = [(place, bill) for place, bill in enumerate(found) if bill[4] in self.books.bills["SA"]]
         if chosen:
