@@ -20,24 +20,18 @@ constexpr const char* kLineColumns =
 // clang-format on
 
 Fields headRow(const VoucherKind& kind, const Fields& challan, const SaveStamp& stamp) {
-  const Clock time{stamp.now.hour, stamp.now.minute};
   Fields row = trimmedTexts(challan);
   setValue(row, "CHLN_NO", valueOf(row, "CHLN_NO").number());
   if (valueOf(row, "DESTI").text().empty()) setValue(row, "DESTI", ".");
   // clang-format off
   for (Field& f : Fields{
-      {"VOUCH_TIME", time},
+      {"VOUCH_TIME", Clock{stamp.now.hour, stamp.now.minute}},
       {"BOOK_CD",    kind.code},
       {"GR_DATE",    valueOf(challan, "VOUCH_DT")},
       {"SMAN_CD",    "S001"},
-      {"USER_CD",    stamp.user},
-      {"ENT_DT",     stamp.now.date},
-      {"ENT_TIME",   time},
-      {"MOBNOCO",    stamp.mobile},
-      {"DATANM",     stamp.dataName},
-      {"DATASENT",   "N"},
   }) row.push_back(std::move(f));
   // clang-format on
+  addStamp(row, stamp);
   for (const char* column : {"VEHI_NO", "NARRATION1", "FREIGHT"}) row.push_back({column, "."});
   for (const char* column : {"TAX_CD1", "TAX_AMT1", "TAX_CD2", "TAX_AMT2", "GWDN"})
     row.push_back({column, 0});

@@ -25,18 +25,9 @@ void unpost(Database& db, const VoucherKind& kind, double number) {
 
 Fields headRow(const VoucherKind& kind, const Fields& head, double amount, const SaveStamp& stamp) {
   Fields row = trimmedTexts(head);
-  // clang-format off
-  for (Field& f : Fields{
-      {"BOOK_CD",  kind.code},
-      {"AMOUNT",   amount},
-      {"USER_CD",  stamp.user},
-      {"ENT_DT",   stamp.now.date},
-      {"ENT_TIME", Clock{stamp.now.hour, stamp.now.minute}},
-      {"MOBNOCO",  stamp.mobile},
-      {"DATANM",   stamp.dataName},
-      {"DATASENT", "N"},
-  }) row.push_back(std::move(f));
-  // clang-format on
+  row.push_back({"BOOK_CD", kind.code});
+  row.push_back({"AMOUNT", amount});
+  addStamp(row, stamp);
   return row;
 }
 

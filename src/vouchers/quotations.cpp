@@ -26,18 +26,9 @@ constexpr const char* kLineColumns =
 Fields headRow(const VoucherKind& kind, const Fields& offer, const SaveStamp& stamp) {
   Fields row = trimmedTexts(offer);
   setValue(row, "NET_AMT", Round(valueOf(row, "NET_AMT").number(), 0));
-  // clang-format off
-  for (Field& f : Fields{
-      {"BL_PARTY_CD", valueOf(row, "PARTY_CD")},
-      {"ENTRY_TYP",   kind.code},
-      {"USER_CD",     stamp.user},
-      {"ENT_DT",      stamp.now.date},
-      {"ENT_TIME",    Clock{stamp.now.hour, stamp.now.minute}},
-      {"MOBNOCO",     stamp.mobile},
-      {"DATANM",      stamp.dataName},
-      {"DATASENT",    "N"},
-  }) row.push_back(std::move(f));
-  // clang-format on
+  row.push_back({"BL_PARTY_CD", valueOf(row, "PARTY_CD")});
+  row.push_back({"ENTRY_TYP", kind.code});
+  addStamp(row, stamp);
   for (const char* column : kNil) row.push_back({column, 0});
   return row;
 }

@@ -53,8 +53,6 @@ void post(Database& db, const VoucherKind& kind, double number, const Settlement
   };
   write(postingStatements(rows));
   if (!settles.deductions.empty()) write(deductionStatements(rows));
-  db.exec("UPDATE ALEDGER SET BW_AB = ? WHERE BOOK_CD = ? AND VOUCH_NO = ?",
-          settles.bills.empty() ? "A" : "B", kind.code, number);
   forgetUnclear(db, kind.code, number);
 }
 

@@ -56,7 +56,6 @@ Fields headRow(Database& db, const VoucherKind& kind, const Fields& bill, const 
   // clang-format off
   for (Field& f : Fields{
       {"VOUCH_TIME",    time},
-      {"ENT_TIME",      time},
       {"BL_TIME",       time},
       {"TIME_GOODS",    time},
       {"BOOK_CD",       kind.code},
@@ -66,16 +65,12 @@ Fields headRow(Database& db, const VoucherKind& kind, const Fields& bill, const 
       {"CHLN_DT",       date},
       {"DT_GOODS",      date},
       {"ACK_DT",        date},
-      {"ENT_DT",        today},
       {"GSTPOST",       1},
       {"GWDN",          1},
       {"SMAN_CD",       "S001"},
-      {"USER_CD",       stamp.user},
-      {"MOBNOCO",       stamp.mobile},
-      {"DATANM",        stamp.dataName},
-      {"DATASENT",      "N"},
   }) row.push_back(std::move(f));
   // clang-format on
+  addStamp(row, stamp);
   for (const char* column : kDots) row.push_back({column, "."});
   for (const char* column : kNil) row.push_back({column, 0});
   const std::string govId = transporterGovId(db, valueOf(row, "TRANSPORT").text());
@@ -102,6 +97,19 @@ Fields trimmedTexts(Fields row) {
   for (Field& f : row)
     if (f.value.isText()) f.value = trim(f.value.text());
   return row;
+}
+
+void addStamp(Fields& row, const SaveStamp& stamp) {
+  // clang-format off
+  for (Field& f : Fields{
+      {"USER_CD",  stamp.user},
+      {"ENT_DT",   stamp.now.date},
+      {"ENT_TIME", Clock{stamp.now.hour, stamp.now.minute}},
+      {"MOBNOCO",  stamp.mobile},
+      {"DATANM",   stamp.dataName},
+      {"DATASENT", "N"},
+  }) row.push_back(std::move(f));
+  // clang-format on
 }
 
 bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const SaveStamp& stamp,

@@ -29,6 +29,7 @@ struct SaveStamp {
   Moment now;
   std::string user, mobile, dataName;
 };
+void addStamp(Fields& row, const SaveStamp& stamp);
 
 // False when something else stands under the number than is expected; nothing has changed then. Without a
 // date of the lorry receipt (GR_DATE) it has the bill's, without one of the party (PRV_BDT) the day of the
