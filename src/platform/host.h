@@ -44,6 +44,12 @@ class Host {
   bool ask(const std::string& text, const std::string& title) { return ask({.text = text, .title = title}); }
   virtual std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                            const std::string& initial = "") = 0;
+  // A file that is there, of such names ("*.csv *.txt"), with its whole path. A host without a list of files
+  // has its name typed; the prompt says then what a name alone means.
+  virtual std::optional<std::string> chooseFile(const std::string& prompt, const std::string& title,
+                                                const std::string& /*names*/) {
+    return input(prompt, title);
+  }
   // A screen that answers: returns its result when it has closed, nothing after Escape.
   virtual std::optional<std::string> openModal(const std::string& name, const Opening& opening = {}) = 0;
 

@@ -77,6 +77,10 @@ class Played : public Base {
     this->changed();
     return machine_.input(words(prompt), words(title));
   }
+  std::optional<std::string> chooseFile(const std::string& prompt, const std::string& title,
+                                        const std::string&) override {
+    return input(prompt, title, "");
+  }
   Moment now() const override { return machine_.now(); }
   ScreenSize display() const override { return machine_.display; }
   bool online() const override { return machine_.online; }

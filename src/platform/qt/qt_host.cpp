@@ -4,11 +4,13 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QEventLoop>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QPainter>
 #include <QPixmap>
 #include <QProcess>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QThread>
 #include <QUrl>
 #include <algorithm>
@@ -85,7 +87,7 @@ bool QtHost::eventFilter(QObject* object, QEvent* event) {
     default:
       return false;
   }
-  if (!object->isWidgetType() || QApplication::activePopupWidget()) return false;
+  if (!object->isWidgetType() || choosing_ || QApplication::activePopupWidget()) return false;
   auto* key = static_cast<QKeyEvent*>(event);
   key->accept();
   if (event->type() == QEvent::KeyPress) return keyDown(*key);
@@ -373,6 +375,30 @@ std::optional<std::string> QtHost::input(const std::string& prompt, const std::s
                                .yes = words("&Ok"),
                                .no = words("&Cancel")});
   return panel->yes() ? std::optional(panel->value()) : std::nullopt;
+}
+
+// Opens where the last file was, at first where what comes from the internet is laid down.
+std::optional<std::string> QtHost::chooseFile(const std::string& prompt, const std::string& title,
+                                              const std::string& names) {
+  if (withoutDesktop()) return input(prompt, title);
+  if (filesFrom_.isEmpty()) filesFrom_ = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+  const QString patterns = QString::fromStdString(names);
+  QFileDialog dialog(window_, QString::fromStdString(words(title)), filesFrom_, patterns);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  const std::pair<QFileDialog::DialogLabel, const char*> labels[] = {
+      {QFileDialog::LookIn,   english("Folder")   },
+      {QFileDialog::FileName, english("File Name")},
+      {QFileDialog::FileType, english("Of Type")  },
+      {QFileDialog::Accept,   english("&Open")    },
+      {QFileDialog::Reject,   english("&Cancel")  }
+  };
+  for (const auto& [label, text] : labels) dialog.setLabelText(label, QString::fromStdString(words(text)));
+  choosing_ = true;
+  const bool chosen = dialog.exec() == QDialog::Accepted;
+  choosing_ = false;
+  if (!chosen || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  filesFrom_ = dialog.directory().absolutePath();
+  return dialog.selectedFiles().front().toStdString();
 }
 
 // The machine

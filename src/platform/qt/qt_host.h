@@ -56,6 +56,8 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
   // Host
   std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                    const std::string& initial = "") override;
+  std::optional<std::string> chooseFile(const std::string& prompt, const std::string& title,
+                                        const std::string& names) override;
   void busy(bool on) override;
   void refresh() override;
   Moment now() const override;
@@ -136,5 +138,7 @@ class QtHost : public QObject, public Desk, private Hands, private WindowEvents 
   int boxKey_ = 0;             // Qt's, the last one that a box took
   qint64 quietSince_ = 0;      // in the time of the events: since then a box waits for hands at rest
   std::unique_ptr<paint::Painter> painter_;
-  bool drawing_ = false, again_ = false, busy_ = false, refreshing_ = false, altAlone_ = false;
+  bool drawing_ = false, again_ = false, busy_ = false, refreshing_ = false, altAlone_ = false,
+       choosing_ = false;  // a file, whose window takes its own keys
+  QString filesFrom_;
 };
