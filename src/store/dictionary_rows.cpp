@@ -710,6 +710,7 @@ constexpr DictionaryRow own[] = {
     {7, "T_JOURNITM", "CREDIT",    "Double", 0,   "DEFAULT 0", 102},
     {8, "T_JOURNITM", "NARRATION", "Text",   200, "",          102},
     {9, "T_JOURNITM", "BAL_AFT",   "Text",   40,  "",          102},
+    {10, "T_JOURNITM", "CHQ_NO",   "Text",   50,  "",          103},
 
     {1, "CLEARED", "ACC_CD",   "Text",   6, "",          102},
     {2, "CLEARED", "BOOK_CD",  "Text",   2, "",          102},

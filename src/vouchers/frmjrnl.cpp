@@ -23,7 +23,7 @@ constexpr const char* kNoMoreLines = "00";
 // clang-format off
 std::vector<WorkLines::Shown> shownColumns(const VoucherKind& kind) {
   return {{kind.tables.serial}, {"ACC_CD"}, {"ACC_NAME"}, {"DEBIT", "0.00", false}, {"CREDIT", "0.00", false},
-          {"NARRATION"}, {"BAL_AFT"}};
+          {"CHQ_NO"}, {"NARRATION"}, {"BAL_AFT"}};
 }
 // clang-format on
 
@@ -46,6 +46,11 @@ FRMJRNL::FRMJRNL(Host& theHost, const Opening& opening)
                   {kCredit,        KeyCode::Enter,  &FRMJRNL::credit       },
                   {kLineNarration, KeyCode::Enter,  &FRMJRNL::closeLine    },
                   {kLineNarration, KeyCode::Tab,    &FRMJRNL::lineTab      },
+                  {kCheque,        KeyCode::Enter,  &FRMJRNL::closeLine    },
+                  {kCheque,        KeyCode::Tab,    &FRMJRNL::lineTab      },
+                  {kDebit,         KeyCode::F6,     &FRMJRNL::toCheque     },
+                  {kCredit,        KeyCode::F6,     &FRMJRNL::toCheque     },
+                  {kLineNarration, KeyCode::F6,     &FRMJRNL::toCheque     },
   });
   wireLookups(lookups(kind_));
 }
@@ -189,6 +194,10 @@ Go FRMJRNL::debit() {
   return Go::Stay;
 }
 
+void FRMJRNL::toCheque() {
+  if (entering() && !trimmed(kAccount).empty()) focus(at(kCheque));
+}
+
 Go FRMJRNL::credit() {
   const bool empty = trimmed(kCredit).empty() || text(kCredit) == "0";
   if (empty && leaving()) return Go::On;
@@ -260,8 +269,9 @@ void FRMJRNL::sumLines() {
   put(kCreditTotal, Format(sums_.credit, "0.00"));
   put(kDifference, difference);
   at("lbltotal").text = words("Total Of {count} Lines", "count", std::to_string(sums_.lines));
-  at("lblwrong").text =
-      open == 0 ? words("Debit And Credit Are Equal") : words("Debit And Credit Must Be Equal");
+  at("lblwrong").text = open != 0         ? words("Debit And Credit Must Be Equal")
+                        : sums_.lines > 0 ? words("Debit And Credit Are Equal")
+                                          : "";
   at("lblcure").text =
       open == 0 ? "" : words("The next line proposes what makes them equal. Enter takes it.");
   allowSave(sums_.lines > 0 && open == 0);

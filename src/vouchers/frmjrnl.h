@@ -65,6 +65,7 @@ class FRMJRNL : public VoucherScreen {
   Go account();
   Go debit();
   Go credit();
+  void toCheque();
   void endLines();
   void deleteLine();
 

@@ -14,6 +14,7 @@ const ScreenSpec& FRMJRNL::table() {
       {.title = "Account Name",          .width = part(1, 150)},
       {.title = "Debit",                 .width = px(130, 100), .align = Align::Right, .money = true},
       {.title = "Credit",                .width = px(130, 100), .align = Align::Right, .money = true},
+      {.title = "Cheque",                .width = px(100, 70)},
       {.title = "Narration Of The Line", .width = part(1.4, 150)},
       {.title = "Bal After",             .width = px(140, 110), .align = Align::Right},
   };
@@ -41,12 +42,14 @@ const ScreenSpec& FRMJRNL::table() {
           lineNumber(),
           {.name = "Text1",      .index = 5,  .field = kAccount,       .column = "ACC_CD",                          .label = "Account",               .at = {.group = "entry", .col = 1}, .tab = 5, .limit = 6,   .keys = Letters, .hint = "Insert = New Account :: Page Down = End Lines"},
           {.name = "Text1",      .index = 6,  .field = kAccountName,   .column = "ACC_NAME",                        .label = "Account Name",          .at = {.group = "entry", .col = 2}, .enabled = false},
-          {.name = "Text1",      .index = 7,  .field = kDebit,         .column = "DEBIT",     .holds = Figure,      .label = "Debit",                 .at = {.group = "entry", .col = 3}, .tab = 6, .limit = 15,  .keys = Number, .align = Right, .selectAll = true, .hint = "An Amount Here Empties The Other Side"},
-          {.name = "Text1",      .index = 8,  .field = kCredit,        .column = "CREDIT",    .holds = Figure,      .label = "Credit",                .at = {.group = "entry", .col = 4}, .tab = 7, .limit = 15,  .keys = Number, .align = Right, .selectAll = true, .hint = "An Amount Here Empties The Other Side"},
-          {.name = "Text1",      .index = 9,  .field = kLineNarration, .column = "NARRATION",                       .label = "Narration Of The Line", .at = {.group = "entry", .col = 5}, .tab = 8, .limit = 200, .keys = Letters, .hint = "F1 = Used Before"},
-          {.name = "Text1",      .index = 10, .field = kBalanceAfter,  .column = "BAL_AFT",                         .label = "Bal After",             .at = {.group = "entry", .col = 6}, .enabled = false, .align = Right},
+          {.name = "Text1",      .index = 7,  .field = kDebit,         .column = "DEBIT",     .holds = Figure,      .label = "Debit",                 .at = {.group = "entry", .col = 3}, .tab = 6, .limit = 15,  .keys = Number, .align = Right, .selectAll = true, .hint = "An Amount Here Empties The Other Side :: F6 = Cheque Of The Line"},
+          {.name = "Text1",      .index = 8,  .field = kCredit,        .column = "CREDIT",    .holds = Figure,      .label = "Credit",                .at = {.group = "entry", .col = 4}, .tab = 7, .limit = 15,  .keys = Number, .align = Right, .selectAll = true, .hint = "An Amount Here Empties The Other Side :: F6 = Cheque Of The Line"},
+          {.name = "Text1",      .index = 9,  .field = kLineNarration, .column = "NARRATION",                       .label = "Narration Of The Line", .at = {.group = "entry", .col = 6}, .tab = 8, .limit = 200, .keys = Letters, .hint = "F1 = Used Before :: F6 = Cheque Of The Line"},
+          // Asked for, so that no other line takes a key for it.
+          {.name = "Text1",      .index = 12, .field = kCheque,        .column = "CHQ_NO",                          .label = "Cheque",                .at = {.group = "entry", .col = 5}, .tab = 9, .limit = 50,  .keys = Letters, .hint = "Of This Line Alone :: Empty = The Ref No"},
+          {.name = "Text1",      .index = 10, .field = kBalanceAfter,  .column = "BAL_AFT",                         .label = "Bal After",             .at = {.group = "entry", .col = 7}, .enabled = false, .align = Right},
 
-          lineKeys(6),
+          lineKeys(7),
           {.name = "DataGrid1",  .field = kLines, .kind = Kind::Grid, .at = {.group = "lines"}, .hint = "Enter = Change This Line", .columns = lineColumns},
           {.name = "lbltotal",   .kind = Kind::Label, .at = {.group = "total", .col = 2}, .style = Style::Primary},
           {.name = "Label2",     .index = 0, .field = kDebitTotal,     .kind = Kind::Label, .at = {.group = "total", .col = 3}, .align = Right, .money = true, .style = Style::Primary},
@@ -54,7 +57,7 @@ const ScreenSpec& FRMJRNL::table() {
           {.name = "lblwrong",   .kind = Kind::Label, .at = {.group = "D", .row = 0}, .style = Style::Primary},
           {.name = "lblcure",    .kind = Kind::Label, .at = {.group = "D", .row = 1}, .style = Style::Quiet},
           {.name = "Text1",      .index = 11, .field = kDifference, .label = "Difference", .at = {.group = "E", .row = 0, .col = 0, .span = 2, .rows = 2}, .enabled = false, .align = Right, .style = Style::Amount},
-      }, voucherButtons(9)}),
+      }, voucherButtons(10)}),
     };
     // The total stands between the lines and the foot.
     s.layout.bands.insert(s.layout.bands.end() - 2,

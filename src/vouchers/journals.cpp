@@ -55,7 +55,8 @@ bool saveJournal(Database& db, const VoucherKind& kind, const Fields& head, cons
     db.exec(
         "INSERT INTO JOURNITM (VOUCH_NO, BOOK_CD, SR_NO, ACC_CD, DEBIT, CREDIT, NARRATION, CHQ_NO, "
         "CHQ_CLG_DT)"
-        " SELECT ?, ?, SR_NO, ACC_CD, DEBIT, CREDIT, NARRATION, ?, ? FROM T_JOURNITM ORDER BY SR_NO",
+        " SELECT ?, ?, SR_NO, ACC_CD, DEBIT, CREDIT, NARRATION,"
+        " CASE WHEN CHQ_NO IS NULL OR CHQ_NO = '' THEN ? ELSE CHQ_NO END, ? FROM T_JOURNITM ORDER BY SR_NO",
         number, kind.code, reference.empty() ? "." : reference, valueOf(head, "VOUCH_DT"));
     unpost(db, kind, number);
     db.exec(journalPosting("(SELECT * FROM JOURNAL WHERE VOUCH_NO = ? AND BOOK_CD = ?)"), number, kind.code);
@@ -86,9 +87,11 @@ std::optional<Row> findJournal(Database& db, const VoucherKind& kind, double num
 void loadJournalLines(Database& db, const VoucherKind& kind, double number) {
   db.exec("DELETE FROM T_JOURNITM");
   db.exec(
-      "INSERT INTO T_JOURNITM (VOUCH_NO, BOOK_CD, SR_NO, ACC_CD, ACC_NAME, DEBIT, CREDIT, NARRATION)"
+      "INSERT INTO T_JOURNITM (VOUCH_NO, BOOK_CD, SR_NO, ACC_CD, ACC_NAME, DEBIT, CREDIT, NARRATION, CHQ_NO)"
       " SELECT VOUCH_NO, BOOK_CD, SR_NO, ACC_CD,"
-      " (SELECT ACC_NAME FROM ACCOUNT WHERE ACCOUNT.ACC_CD = JOURNITM.ACC_CD), DEBIT, CREDIT, NARRATION"
+      " (SELECT ACC_NAME FROM ACCOUNT WHERE ACCOUNT.ACC_CD = JOURNITM.ACC_CD), DEBIT, CREDIT, NARRATION,"
+      " CASE WHEN CHQ_NO = '.' OR EXISTS (SELECT 1 FROM JOURNAL AS H WHERE H.VOUCH_NO = JOURNITM.VOUCH_NO"
+      " AND H.BOOK_CD = JOURNITM.BOOK_CD AND H.REF_NO = JOURNITM.CHQ_NO) THEN '' ELSE CHQ_NO END"
       " FROM JOURNITM WHERE VOUCH_NO = ? AND BOOK_CD = ? ORDER BY SR_NO, rowid",
       number, kind.code);
   const auto balances = db.all("SELECT ACC_CD, " + balanceExpression(db) +

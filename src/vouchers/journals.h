@@ -13,8 +13,8 @@
 //
 // Ledger: one row a line, in the order of the lines, whose SRNO is the line's serial. Against it
 // (PARTY_TCD) stands the account of the largest line of the other side, of several the first. The
-// narration is the line's, else the whole one's; the bill (PARTY_BL) and the cheque's number are the
-// reference, without one the bill is the voucher's number.
+// narration is the line's, else the whole one's; the bill (PARTY_BL) is the reference, without one the
+// voucher's number; the cheque's number is the line's, else the reference.
 
 struct JournalSums {
   int lines = 0;
