@@ -25,7 +25,8 @@ constexpr size_t kMostRows = 100'000, kMostColumns = 100, kHeadWithin = 60;
   throw StatementRefused(words(sentence, "file", name));
 }
 
-// The words of a heading: "Withdrawal Amt.(INR)" is "withdrawal", "amt", "inr".
+// The words of a heading: "Withdrawal Amt.(INR)" is "withdrawal", "amt", "inr". Some banks write them as one:
+// "TxnDate", "CHQNO".
 std::vector<std::string> wordsOf(const std::string& heading) {
   std::string plain = lower(heading);
   for (char& c : plain)
@@ -43,19 +44,27 @@ Means meaningOf(const std::string& heading) {
   const auto any = [&](std::initializer_list<const char*> wanted) {
     return std::ranges::any_of(wanted, [&](const char* w) { return std::ranges::find(all, w) != all.end(); });
   };
-  const bool debit = any({"debit", "debits", "dr", "withdrawal", "withdrawals", "withdrawn", "paid"});
-  const bool credit = any({"credit", "credits", "cr", "deposit", "deposits", "deposited", "received"});
-  if (any({"balance", "bal"})) return Means::Balance;
-  if (any({"date", "dt", "dated"}))
-    return any({"value", "cheque", "chq", "instrument"}) ? Means::OtherDate : Means::Date;
+  const auto begins = [&](std::initializer_list<const char*> wanted) {
+    return std::ranges::any_of(wanted, [&](const char* w) {
+      return std::ranges::any_of(all, [&](const std::string& word) { return word.starts_with(w); });
+    });
+  };
+  const auto ends = [&](const char* end) {
+    return std::ranges::any_of(all, [&](const std::string& word) { return word.ends_with(end); });
+  };
+  const bool both = any({"drcr", "crdr", "dc"});
+  const bool debit = both || begins({"debit", "withdr"}) || any({"dr", "paid"});
+  const bool credit = both || begins({"credit", "deposit"}) || any({"cr", "received"});
+  const bool cheque = begins({"chq", "cheque", "instrument"});
+  if (begins({"balance"}) || any({"bal"}) || ends("balance")) return Means::Balance;
+  if (ends("date") || any({"dt", "dated"}))
+    return cheque || begins({"value"}) ? Means::OtherDate : Means::Date;
   if ((debit && credit) || (any({"type", "sign", "indicator"}) && !any({"amount"}))) return Means::Side;
   if (debit) return Means::Debit;
   if (credit) return Means::Credit;
-  if (any({"amount", "amt"})) return Means::Amount;
-  if (any({"ref", "reference", "chq", "cheque", "instrument", "utr", "check"})) return Means::Reference;
-  if (any({"description", "narration", "particulars", "particular", "remarks", "remark", "details",
-           "detail"}))
-    return Means::Text;
+  if (ends("amount") || ends("amt")) return Means::Amount;
+  if (cheque || begins({"ref", "utr"}) || any({"check"})) return Means::Reference;
+  if (begins({"descr", "narration", "particular", "remark", "detail"}) || ends("remarks")) return Means::Text;
   return Means::Nothing;
 }
 
@@ -112,10 +121,13 @@ std::optional<Money> moneyIn(std::string text) {
            std::pair{"DR", 'D'},
            {"CR", 'C'}
   })
-    if (text.ends_with(std::string(mark)) || text.ends_with(std::string(mark) + ".")) {
-      text = trim(text.substr(0, text.rfind(mark)));
-      money.side = side;
-    }
+    for (const char* form : {"", ".", ")", ".)"})
+      if (text.ends_with(mark + std::string(form))) {
+        text.resize(text.rfind(mark));
+        if (text.ends_with("(")) text.pop_back();
+        text = trim(text);
+        money.side = side;
+      }
   const bool bracketed = text.size() > 2 && text.front() == '(' && text.back() == ')';
   if (bracketed) text = text.substr(1, text.size() - 2);
   if (text.empty() || text == "-") return Money{};
@@ -182,25 +194,29 @@ std::optional<size_t> headOf(const std::vector<Cells>& rows) {
   return std::nullopt;
 }
 
+std::vector<Cells> rowsOfSheet(workbook::Sheet& sheet, const workbook::SheetModel& filled) {
+  std::vector<Cells> rows;
+  for (const auto& [number, row] : filled.rows) {
+    if (rows.size() == kMostRows) break;
+    Cells& cells = rows.emplace_back();
+    for (const auto& cell : row.cells) {
+      const auto column = static_cast<size_t>(cell.column);
+      if (column > kMostColumns) break;
+      cells.resize(column);
+      cells.back() = sheet.shown(number, cell.column);
+    }
+  }
+  return rows;
+}
+
+// Of the first sheet with such a heading; others may hold a summary or what the bank offers.
 std::vector<Cells> rowsOfWorkbook(const std::string& path, const std::string& name) {
   try {
     auto book = workbook::Workbook::load(path);
     const auto names = book.sheetNames();
-    if (names.empty()) return {};
-    auto& sheet = book.sheet(names.front());
-    const auto& filled = book.model().sheets.front().rows;
-    std::vector<Cells> rows;
-    for (const auto& [number, row] : filled) {
-      if (rows.size() == kMostRows) break;
-      Cells& cells = rows.emplace_back();
-      for (const auto& cell : row.cells) {
-        const auto column = static_cast<size_t>(cell.column);
-        if (column > kMostColumns) break;
-        cells.resize(column);
-        cells.back() = sheet.shown(number, cell.column);
-      }
-    }
-    return rows;
+    for (size_t i = 0; i < names.size(); ++i)
+      if (auto rows = rowsOfSheet(book.sheet(names[i]), book.model().sheets[i]); headOf(rows)) return rows;
+    return {};
   } catch (const workbook::WorkbookError&) {
     refuse(english("{file} Is No Workbook That Can Be Read\nLet The Bank Give It As Csv Or Xlsx"), name);
   }

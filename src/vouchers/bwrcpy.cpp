@@ -1,5 +1,6 @@
 #include "vouchers/bwrcpy.h"
 
+#include <any>
 #include <memory>
 
 #include "base/figure.h"
@@ -99,6 +100,7 @@ void bwrcpy::opened(const Opening& opening) {
   ChildScreen::opened(opening);
   offerTutorial(*this, links().receiptVideo + links().receiptBillwiseVideo);
   rest();
+  if (const auto* const draft = std::any_cast<MoneyDraft>(&opening.more)) return take(*draft);
   drilledDown_ = !opening.value.empty();
   if (!drilledDown_) return;
   modify();
@@ -190,6 +192,25 @@ void bwrcpy::add() {
   placeDefaults();
   takeShown();
   focusUnchecked(at(kDate));
+}
+
+void bwrcpy::take(const MoneyDraft& draft) {
+  drilledDown_ = true;
+  add();
+  put(kDate, draft.date);
+  put(kAccount, draft.bank);
+  showAccount(kCashSide);
+  put(kParty, draft.party);
+  showAccount(kOtherSide);
+  layOut();
+  showMode(draft.mode);
+  openCheque();
+  put(kCheque, draft.reference);
+  put(kChequeDate, draft.date);
+  put(kAmount, draft.amount);
+  put(kNarration, draft.narration);
+  showSums();
+  focus(at(draft.party.empty() ? kParty : kAmount));
 }
 
 void bwrcpy::view() {

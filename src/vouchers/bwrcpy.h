@@ -15,6 +15,14 @@
 #include "vouchers/bills_to_settle.h"
 #include "vouchers/receipts.h"
 
+// Money over a bank, as another screen hands it over: what is known of it stands there, the rest is typed.
+// The screen closes after it.
+struct MoneyDraft {
+  Date date{};
+  std::string bank, party, mode, reference, narration;
+  double amount = 0;
+};
+
 // Receipts, payments, incomes and expenses: the entry type says which. Opened with a value it shows
 // that voucher for a change and closes after it.
 //
@@ -54,6 +62,7 @@ class bwrcpy : public ChildScreen {
 
   // Buttons.
   void add();
+  void take(const MoneyDraft& draft);
   void modify() { begin("EDIT", english("{title} : EDIT MODE")); }
   void startDelete() { begin("DEL", english("{title} : DELETE MODE")); }
   void view();

@@ -15,6 +15,7 @@
 #include "frame/voucher_opening.h"
 #include "store/groups.h"
 #include "vouchers/accounts.h"
+#include "vouchers/bwrcpy.h"
 #include "vouchers/frmbrs_table.h"
 #include "vouchers/frmjrnl.h"
 #include "vouchers/text_rows.h"
@@ -52,37 +53,38 @@ FRMBRS::FRMBRS(Host& theHost) : ChildScreen(theHost, reconciliationTable()) {
   for (const FieldName list : {kBookRows, kStatementRows})
     at(list).grid.source = std::make_shared<CellRows>();
   wire(*this, {
-                  {"cmdshow",      On::Click,       &FRMBRS::show         },
-                  {"cmdread",      On::Click,       &FRMBRS::readStatement},
-                  {"cmdtake",      On::Click,       &FRMBRS::takeCertain  },
-                  {"cmdvoucher",   On::Click,       &FRMBRS::writeVoucher },
-                  {"cmdprint",     On::Click,       &FRMBRS::print        },
-                  {"cmdprint",     KeyCode::F2,     &FRMBRS::preview      },
-                  {"cmdexcel",     On::Click,       &FRMBRS::excel        },
-                  {"Cmdpdf",       On::Click,       &FRMBRS::pdf          },
-                  {"cmdclose",     On::Click,       &FRMBRS::close        },
-                  {"",             KeyCode::Esc,    &FRMBRS::close        },
-                  {"",             KeyCode::F9,     &FRMBRS::writeVoucher },
-                  {"MaskEdBox1",   KeyCode::F1,     &FRMBRS::dateF1       },
-                  {"MaskEdBox1",   KeyCode::F2,     &FRMBRS::dateF2       },
-                  {"MaskEdBox1",   KeyCode::F3,     &FRMBRS::dateF3       },
-                  {kFrom,          KeyCode::Enter,  &FRMBRS::dateStands   },
-                  {kTo,            KeyCode::Enter,  &FRMBRS::dateStands   },
-                  {kAccount,       KeyCode::Enter,  &FRMBRS::account      },
-                  {kBankSays,      On::Change,      &FRMBRS::bankSaysTyped},
-                  {kBookRows,      KeyCode::Enter,  &FRMBRS::take         },
-                  {kBookRows,      On::DoubleClick, &FRMBRS::take         },
-                  {kBookRows,      KeyCode::F8,     &FRMBRS::undo         },
-                  {kBookRows,      KeyCode::F6,     &FRMBRS::takeCertain  },
-                  {kBookRows,      KeyCode::F5,     &FRMBRS::showVoucher  },
-                  {kBookRows,      KeyCode::Right,  &FRMBRS::otherSide    },
-                  {kBookRows,      On::Row,         &FRMBRS::rowMoved     },
-                  {kBookRows,      On::Focus,       &FRMBRS::rowMoved     },
-                  {kStatementRows, KeyCode::Left,   &FRMBRS::otherSide    },
-                  {kStatementRows, KeyCode::Enter,  &FRMBRS::otherSide    },
-                  {kStatementRows, On::Row,         &FRMBRS::lineMoved    },
-                  {kDate,          KeyCode::Enter,  &FRMBRS::clearedOn    },
-                  {kDate,          KeyCode::Esc,    &FRMBRS::otherSide    },
+                  {"cmdshow",      On::Click,               &FRMBRS::show          },
+                  {"cmdread",      On::Click,               &FRMBRS::readStatement },
+                  {"cmdtake",      On::Click,               &FRMBRS::takeCertain   },
+                  {"cmdvoucher",   On::Click,               &FRMBRS::writeVoucher  },
+                  {"cmdprint",     On::Click,               &FRMBRS::print         },
+                  {"cmdprint",     KeyCode::F2,             &FRMBRS::preview       },
+                  {"cmdexcel",     On::Click,               &FRMBRS::excel         },
+                  {"Cmdpdf",       On::Click,               &FRMBRS::pdf           },
+                  {"cmdclose",     On::Click,               &FRMBRS::close         },
+                  {"",             KeyCode::Esc,            &FRMBRS::close         },
+                  {"",             KeyCode::F9,             &FRMBRS::writeVoucher  },
+                  {"",             Key::Shift(KeyCode::F9), &FRMBRS::writeOtherwise},
+                  {"MaskEdBox1",   KeyCode::F1,             &FRMBRS::dateF1        },
+                  {"MaskEdBox1",   KeyCode::F2,             &FRMBRS::dateF2        },
+                  {"MaskEdBox1",   KeyCode::F3,             &FRMBRS::dateF3        },
+                  {kFrom,          KeyCode::Enter,          &FRMBRS::dateStands    },
+                  {kTo,            KeyCode::Enter,          &FRMBRS::dateStands    },
+                  {kAccount,       KeyCode::Enter,          &FRMBRS::account       },
+                  {kBankSays,      On::Change,              &FRMBRS::bankSaysTyped },
+                  {kBookRows,      KeyCode::Enter,          &FRMBRS::take          },
+                  {kBookRows,      On::DoubleClick,         &FRMBRS::take          },
+                  {kBookRows,      KeyCode::F8,             &FRMBRS::undo          },
+                  {kBookRows,      KeyCode::F6,             &FRMBRS::takeCertain   },
+                  {kBookRows,      KeyCode::F5,             &FRMBRS::showVoucher   },
+                  {kBookRows,      KeyCode::Right,          &FRMBRS::otherSide     },
+                  {kBookRows,      On::Row,                 &FRMBRS::rowMoved      },
+                  {kBookRows,      On::Focus,               &FRMBRS::rowMoved      },
+                  {kStatementRows, KeyCode::Left,           &FRMBRS::otherSide     },
+                  {kStatementRows, KeyCode::Enter,          &FRMBRS::otherSide     },
+                  {kStatementRows, On::Row,                 &FRMBRS::lineMoved     },
+                  {kDate,          KeyCode::Enter,          &FRMBRS::clearedOn     },
+                  {kDate,          KeyCode::Esc,            &FRMBRS::otherSide     },
   });
 }
 
@@ -143,10 +145,10 @@ void FRMBRS::show() {
 void FRMBRS::readStatement() {
   if (shownAccount_.empty()) show();
   if (shownAccount_.empty()) return;
-  const auto typed = host.input(
+  const auto typed = host.chooseFile(
       "Type The File Of The Bank's Statement, Csv Or Xlsx\r\n"
       "A Name Alone Is Looked For In The Program Folder",
-      kRefusal, "");
+      english("Statement Of The Bank"), "*.csv *.xlsx *.txt *.tsv *.xls");
   if (!typed || trim(*typed).empty()) return;
   try {
     const Busy busy(host);
@@ -381,8 +383,9 @@ void FRMBRS::showVoucher() {
   awaitsVoucher_ = openVoucher(host, *this, {row.book, row.number});
 }
 
-// Of the line under the cursor, which the books lack: charges, interest, what a customer paid straight in.
-void FRMBRS::writeVoucher() {
+// Of the line under the cursor, which the books lack: a party's money is a receipt or payment, that of cash
+// and other banks a contra, and charges, interest and whatever else a journal.
+void FRMBRS::write(bool otherwise) {
   const size_t row = at(kStatementRows).grid.current;
   const bool lacks = row < lines_.size() && std::ranges::find(matches_, row, &Match::line) == matches_.end();
   if (!lacks) {
@@ -390,16 +393,33 @@ void FRMBRS::writeVoucher() {
     return;
   }
   const StatementLine& line = lines_[row];
+  const OtherSide side = otherSideOf(data(), shownAccount_, line);
+  const bool journal = side.money || side.account.empty();
+  const std::string reference = cut(line.reference, 50), narration = cut(line.text, 200);
   awaitsVoucher_ = true;
-  host.open("FRMJRNL", {
-                           .caller = spec.name,
-                           .entryType = "JOURNAL",
-                           .more = JournalDraft{.date = line.date,
-                                                .reference = cut(line.reference, 50),
-                                                .narration = cut(line.text, 200),
-                                                .account = shownAccount_,
-                                                .amount = line.amount}
-  });
+  if (journal != otherwise)
+    host.open("FRMJRNL", {
+                             .caller = spec.name,
+                             .entryType = side.money && !otherwise ? "CONTRA" : "JOURNAL",
+                             .more = JournalDraft{.date = line.date,
+                                                  .reference = reference,
+                                                  .narration = narration,
+                                                  .account = shownAccount_,
+                                                  .against = side.account,
+                                                  .amount = line.amount}
+    });
+  else
+    host.open("bwrcpy", {
+                            .caller = spec.name,
+                            .entryType = line.amount > 0 ? "RECEIPT" : "PAYMENT",
+                            .more = MoneyDraft{.date = line.date,
+                                               .bank = shownAccount_,
+                                               .party = side.money ? "" : side.account,
+                                               .mode = moneyModeOf(line),
+                                               .reference = reference,
+                                               .narration = narration,
+                                               .amount = std::fabs(line.amount)}
+    });
 }
 
 void FRMBRS::send(const GridTarget& target) {
@@ -439,6 +459,9 @@ std::string FRMBRS::hintFor(const Control& control) const {
         "Enter = Take Or Type The Date :: F5 = Voucher :: F6 = Take All Certain :: F8 = Undo :: Right = "
         "Statement Side");
   if (control.spec->field == kStatementRows)
-    return english("F9 = Write The Voucher That Is Missing :: Left = Books");
+    return english(
+        "F9 = Write The Voucher That Is Missing :: Shift+F9 = As A Journal, Or Else As Money Of A Party :: "
+        "Left "
+        "= Books");
   return ChildScreen::hintFor(control);
 }

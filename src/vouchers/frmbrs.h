@@ -30,7 +30,9 @@ class FRMBRS : public ChildScreen {
   void undo();
   void takeCertain();
   void otherSide();
-  void writeVoucher();
+  void writeVoucher() { write(false); }
+  void writeOtherwise() { write(true); }
+  void write(bool otherwise);
   void showVoucher();
   void rowMoved();
   void lineMoved();

@@ -71,6 +71,7 @@ void FRMJRNL::opened(const Opening& opening) {
   put(draft->amount > 0 ? kDebit : kCredit, std::fabs(draft->amount));
   showBalanceAfter();
   storeLine();
+  put(kAccount, draft->against);
 }
 
 // Head

@@ -14,6 +14,7 @@ struct JournalDraft {
   Date date{};
   std::string reference, narration;
   std::string account;  // of the first line
+  std::string against;  // of the second, as far as it is known
   double amount = 0;    // debit above 0, credit below
 };
 

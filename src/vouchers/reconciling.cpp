@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
+#include <initializer_list>
 #include <map>
 
 #include "base/number.h"
 #include "base/text.h"
+#include "frame/voucher_kinds.h"
 #include "store/engine.h"
+#include "store/groups.h"
 
 namespace {
 
@@ -59,7 +62,57 @@ bool better(const Match& a, const Match& b) {
   return std::abs(a.days) < std::abs(b.days);
 }
 
+// Letters and figures alone: "M/S. Shivangi  Const." and "MS SHIVANGI CONST" are the same.
+std::string plain(const std::string& text) {
+  std::string letters = upper(text);
+  std::erase_if(letters, [](unsigned char c) { return c < 0x80 && std::isalnum(c) == 0; });
+  return letters;
+}
+
+bool saysWord(const std::string& text, std::initializer_list<const char*> wanted) {
+  std::string spaced = " " + upper(text) + " ";
+  for (char& c : spaced)
+    if (static_cast<unsigned char>(c) < 0x80 && std::isalnum(static_cast<unsigned char>(c)) == 0) c = ' ';
+  return std::ranges::any_of(wanted, [&](const char* word) {
+    return spaced.find(" " + std::string(word) + " ") != std::string::npos;
+  });
+}
+
+// How many letters of the name stand in the text; 0 where they are too few to mean it.
+size_t lettersOf(const std::string& name, const std::string& text) {
+  constexpr size_t kLeast = 5, kEnough = 10;
+  for (size_t length = name.size(); length >= std::max(std::min(name.size(), kEnough), kLeast); --length)
+    if (text.find(name.substr(0, length)) != std::string::npos) return length;
+  return 0;
+}
+
 }  // namespace
+
+OtherSide otherSideOf(Database& db, const std::string& bank, const StatementLine& line) {
+  if (saysWord(line.text, {"CASH", "SELF", "ATM", "CDM"}) &&
+      !saysWord(line.text, {"CHARGE", "CHARGES", "CHRG", "CHG", "FEE", "FEES", "GST"}))
+    return {.account = kCashAccount, .money = true};
+  const std::string text = plain(line.text);
+  OtherSide found;
+  size_t best = 0;
+  for (auto rows = db.query("SELECT ACC_CD, ACC_NAME, CASE WHEN " + underGroups("GROUP_CD", {87, 127}) +
+                                " THEN 1 ELSE 0 END AS IS_BANK FROM ACCOUNT WHERE ACC_CD <> ? AND " +
+                                underGroups("GROUP_CD", {85, 86, 87, 127, 135}) + " ORDER BY ACC_CD",
+                            bank);
+       rows.next();) {
+    const size_t letters = lettersOf(plain(rows.text(1)), text);
+    if (letters == 0 || letters < best) continue;
+    found = letters == best ? OtherSide{} : OtherSide{rows.text(0), rows.number(2) == 1};
+    best = letters;
+  }
+  return found;
+}
+
+std::string moneyModeOf(const StatementLine& line) {
+  if (saysWord(line.text, {"UPI"})) return "UP";
+  if (saysWord(line.text, {"CARD", "POS"})) return "CD";
+  return saysWord(line.text, {"CHQ", "CHEQUE", "CLG", "CTS", "INW"}) ? "CQ" : "NE";
+}
 
 double BankSums::bank() const { return Round(books + paid - received, 2); }
 

@@ -28,6 +28,16 @@ struct BankSums {
 };
 BankSums bankSums(Database& db, const std::string& account, Date to);
 
+// Who the other side of a line is that the books lack, as far as the bank's text tells: the party or account
+// whose name stands in it, cut off as banks do, or cash. Empty where it tells none, or several alike.
+struct OtherSide {
+  std::string account;
+  bool money = false;  // a bank or cash, else a party
+};
+OtherSide otherSideOf(Database& db, const std::string& bank, const StatementLine& line);
+// How it was paid, as RPTPAY.VOUCH_TYPE holds it (frame/money_modes).
+std::string moneyModeOf(const StatementLine& line);
+
 // How a line of the statement and a row of the books answer to each other. Their amounts are equal.
 struct Match {
   enum class Reference { Agrees, Unknown, Differs };

@@ -41,6 +41,10 @@ const File kFiles[] = {
     {"the side behind the amount, an opening balance and an empty line",
      "Post Date,Remarks,Ref,Amount,Balance\n01/11/2026,OPENING,,,500.00 Cr\n02/11/2026,A,UTR1,90.00 "
      "Dr,410.00 Cr\n,,,,\n",                                                                                 "2026-11-02 -9000 A|UTR1\n"                                                                       },
+    {"headings in one word, the side in brackets behind the amount, with Indian commas",
+     "SNo,ValueDate,TranDate,CHQNO,TransactionRemarks,Amount(Rs.),ClosingBalance\n"
+     "1,04/11/2026,03/11/2026,118204,A,\"1,14,794.00 (Cr)\",\"1,20,000.00 (Cr)\"\n"
+     "2,05/11/2026,05/11/2026,,B,\"1,250.50(Dr.)\",\"1,18,749.50 (Cr)\"\n",                                  "2026-11-03 11479400 A|118204\n2026-11-05 -125050 B|\n"                                           },
 };
 
 TEST(BankStatementTest, IsReadAsTheBanksWriteIt) {
