@@ -2,6 +2,7 @@
 #include "base/words.h"
 #include "frame/note_reasons.h"
 #include "frame/voucher_kinds.h"
+#include "reports/bill_columns.h"
 #include "reports/reports.h"
 #include "store/dictionary.h"
 
@@ -11,16 +12,6 @@
 namespace {
 
 constexpr double kGstin = 158, kDate = 96, kReason = 140;  // pixels
-
-Condition asked(const ReportQuery& q) {
-  Condition c;
-  c.add("SALE.VOUCH_DT >= ?", q.from)
-      .add("SALE.VOUCH_DT <= ?", q.to)
-      .addFilled("SALE.PARTY_CD = ?", q[kParty])
-      .addFilled("ACCOUNT.AREA = ?", q[kCity])
-      .addFilled("ACCOUNT.CITY = ?", q[kState]);
-  return c;
-}
 
 // Of the first bill, and how many there are further; books that lack the table have notes without bills.
 struct Bill {
@@ -52,7 +43,7 @@ std::string figures(const std::string& before, const std::string& behind) {
 }
 
 ReportPlan planNotes(Database& db, const ReportQuery& q) {
-  const Condition c = asked(q);
+  const Condition c = askedOfBills(q);
   ReportPlan plan{.filter = c.shown()};
   const std::string from = " FROM SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE ";
   std::string names;
@@ -96,14 +87,9 @@ ReportPlan planNotes(Database& db, const ReportQuery& q) {
       {.heading = "Bill",    .twips = 900},
       {.heading = "Bill Dt", .twips = 1000, .detail = ColumnType::Date, .pixels = kDate},
       {.heading = "Reason",  .twips = 1300, .pixels = kReason},
-      {.heading = "Assival", .twips = 1100, .type = ColumnType::Money, .right = true},
-      {.heading = "Cgst",    .twips = 900,  .type = ColumnType::Money, .right = true},
-      {.heading = "Sgst",    .twips = 900,  .type = ColumnType::Money, .right = true},
-      {.heading = "Igst",    .twips = 900,  .type = ColumnType::Money, .right = true},
-      {.heading = "R.Off",   .twips = 700,  .type = ColumnType::Money, .right = true},
-      {.heading = "N.Amt",   .twips = 1200, .type = ColumnType::Money, .right = true},
   };
   // clang-format on
+  addBillFigures(plan.columns, false);
   return plan;
 }
 

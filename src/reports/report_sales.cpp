@@ -1,5 +1,6 @@
 #include "base/words.h"
 #include "frame/voucher_kinds.h"
+#include "reports/bill_columns.h"
 #include "reports/charts.h"
 #include "reports/reports.h"
 
@@ -9,35 +10,27 @@ namespace {
 
 constexpr double kGstin = 158, kPlace = 150;  // pixels
 
-// The book stands with a + so that bills are read in the order of their dates, without a sort.
-Condition filterOf(const ReportQuery& q) {
-  Condition c;
-  c.add("SALE.VOUCH_DT >= ?", q.from)
-      .add("SALE.VOUCH_DT <= ?", q.to)
-      .addFilled("SALE.PARTY_CD = ?", q[kParty])
-      .addFilled("ACCOUNT.AREA = ?", q[kCity])
-      .addFilled("ACCOUNT.CITY = ?", q[kState]);
-  return c;
-}
-
 std::string partyName(Database& db, const std::string& code) {
   return db.text("SELECT ACC_NAME FROM ACCOUNT WHERE ACC_CD = ?", code);
 }
 
-// TCGSTRT, TSGSTRT and TIGSTRT hold the bill's tax, not rates.
+// TCGSTRT, TSGSTRT and TIGSTRT hold the bill's tax, not rates. The book stands with a + so that bills are
+// read in the order of their dates, without a sort.
 ReportPlan planBills(Database& db, const ReportQuery& q) {
-  const Condition c = filterOf(q);
+  const Condition c = askedOfBills(q);
+  const BillMarks marks = billMarks(db, saleKind().code);
   ReportPlan plan{.filter = c.shown() + " and SALE.BOOK_CD = '" + saleKind().code + "'"};
   if (!q[kParty].empty())
     plan.caption = words("Sales Bill Summary For : {party}", "party", partyName(db, q[kParty]));
   plan.rows = {
       "SELECT BILL_NO, SALE.VOUCH_DT, ACC_NAME, AREA, GSTINNO, SHOWN(ITEM_AMT, '0.00'),"
       " SHOWN(TCGSTRT, '0.00'), SHOWN(TSGSTRT, '0.00'), SHOWN(TIGSTRT, '0.00'),"
-      " SHOWN(ROUND_OFF, '0.00'), SHOWN(SALE.NET_AMT, '0.00') AS AMOUNT, PARTY_CD, ACCOUNT.CITY,"
-      " BL_TYPE, SALE_CD, SALE.DATASENT, SALE.BOOK_CD, SALE.VOUCH_NO"
-      " FROM SALE INNER JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE +SALE.BOOK_CD = ? AND " +
+      " SHOWN(ROUND_OFF, '0.00'), SHOWN(SALE.NET_AMT, '0.00') AS AMOUNT" +
+          marks.expression +
+          ", PARTY_CD, ACCOUNT.CITY, BL_TYPE, SALE_CD, SALE.DATASENT, SALE.BOOK_CD, SALE.VOUCH_NO"
+          " FROM SALE INNER JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE +SALE.BOOK_CD = ? AND " +
           c.text() + " ORDER BY SALE.VOUCH_DT, SALE.VOUCH_NO",
-      c.valuesAfter(saleKind().code)};
+      marks.before(c.valuesAfter(saleKind().code))};
   // clang-format off
   plan.columns = {
       {.heading = "No",      .twips = 700},
@@ -45,14 +38,10 @@ ReportPlan planBills(Database& db, const ReportQuery& q) {
       {.heading = "Party",   .twips = 3000},
       {.heading = "City",    .twips = 1300},
       {.heading = "Gstin",   .twips = 1300, .pixels = kGstin},
-      {.heading = "Assival", .twips = 1200, .type = ColumnType::Money, .summed = true},
-      {.heading = "Cgst",    .twips = 1000, .type = ColumnType::Money, .summed = true},
-      {.heading = "Sgst",    .twips = 1000, .type = ColumnType::Money, .summed = true},
-      {.heading = "Igst",    .twips = 1000, .type = ColumnType::Money, .summed = true},
-      {.heading = "R.Off",   .twips = 900,  .type = ColumnType::Money, .summed = true},
-      {.heading = "N.Amt",   .twips = 1200, .type = ColumnType::Money, .summed = true},
   };
   // clang-format on
+  addBillFigures(plan.columns, true);
+  marks.addTo(plan.columns);
   plan.voucher = {.book = "BOOK_CD", .number = "VOUCH_NO"};
   return plan;
 }
@@ -63,7 +52,7 @@ Chart chartBills(Database&, const TypedRows& rows) {
 
 // A main row's area stands under Type, as its bill's lines have their description there.
 ReportPlan planBillDetails(Database&, const ReportQuery& q) {
-  Condition c = filterOf(q);
+  Condition c = askedOfBills(q);
   c.addFilled("SALE.SALE_CD = ?", q[kCategory]);
   ReportPlan plan{.filter = c.shown()};
   plan.rows = {

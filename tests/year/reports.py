@@ -3,7 +3,7 @@ import calendar
 import datetime
 from decimal import Decimal
 
-from books import BANKS, CASH, DEBTORS, PERIOD, REASONS
+from books import ADVANCES, BANKS, CASH, CREDITORS, DEBTORS, DUTIES, PERIOD, REASONS
 from rules import dec, money, number
 
 KINDS = {"SA": "Sale Bill", "PU": "Purchase", "SR": "Credit Note", "SD": "Debit Note", "PR": "Purchase Return", "CH": "Challan",
@@ -195,8 +195,19 @@ class Reports:
 
     def taxes_at_source(self):
         found = sorted((m for kept in self.books.money.values() for m in kept.values() if m.tds), key=lambda m: (m.day, m.book, m.number))
-        rows = [[str(m.number), m.day.strftime(FAST), KINDS[m.book], m.party.name, m.party.gstin[2:12] if len(m.party.gstin) == 15 else None,
-                 self.books.name(m.tds_account), money(m.amount), money(m.tds)] for m in found]
+        pan = lambda p: p.gstin[2:12] if p and len(p.gstin) == 15 else None
+        rows = [((m.day, m.book, m.number), [str(m.number), m.day.strftime(FAST), KINDS[m.book], m.party.name, pan(m.party),
+                 self.books.name(m.tds_account), money(m.amount), money(m.tds)]) for m in found]
+        parties = {p.code: p for p in self.books.parties}
+        kept_back = {next(p.code for p in self.books.parties if p.group == group): side for group, side in ((ADVANCES, "D"), (DUTIES, "C"))}
+        for j in (j for kept in self.books.journals.values() for j in kept.values()):
+            for place, e in enumerate(j.entries):
+                if kept_back.get(e.account) == e.side:
+                    others = [o for o in j.entries if o is not e]
+                    of = max(others, key=lambda o: (o.account in parties and parties[o.account].group in (DEBTORS, CREDITORS), o.amount))
+                    rows.append(((j.day, j.book, j.number, place), [str(j.number), j.day.strftime(FAST), KINDS[j.book], self.books.name(of.account),
+                                 pan(parties.get(of.account)), self.books.name(e.account), money(of.amount), money(e.amount)]))
+        rows = [row for _, row in sorted(rows, key=lambda r: r[0])]
         self.show("TDSREG", total(rows, (6, 7), 8) if rows else [])
 
     def journals(self):
