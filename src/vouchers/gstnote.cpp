@@ -289,6 +289,12 @@ void GSTNOTE::showBills() {
   showAgainst();
 }
 
+// " (Open 4,300)", where the note would settle it.
+std::string GSTNOTE::openOf(const Original& bill) const {
+  const auto open = ::takesBack(kind_) ? openWithout(data(), kind_, ownNumber(), bill.voucher) : std::nullopt;
+  return open ? " (" + words("Open {amount}", "amount", indianGroups(numText(Round(*open, 2)))) + ")" : "";
+}
+
 // In place of the party's phone.
 void GSTNOTE::showAgainst() {
   constexpr size_t kPhone = 3;
@@ -296,7 +302,8 @@ void GSTNOTE::showAgainst() {
   for (const Original& bill : facts_.bills) {
     const auto found = bill.voucher == 0 ? std::nullopt : billOfVoucher(data(), kind_, bill.voucher);
     named.push_back(bill.number + (bill.date ? " " + formatDate(*bill.date, "dd/MM/yyyy") : "") +
-                    (found ? " = " + indianGroups(numText(found->amount)) : ""));
+                    (found ? " = " + indianGroups(numText(found->amount)) : "") +
+                    (found ? openOf(bill) : ""));
   }
   if (named.empty()) return;
   std::vector<std::string> lines = split(at(kPartyFacts).text, "\n");

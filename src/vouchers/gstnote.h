@@ -47,6 +47,7 @@ class GSTNOTE : public GSTSAPU {
   bool isTaken(const std::string& number) const;
   void showBills();
   void showAgainst();
+  std::string openOf(const Original& bill) const;
   void keepDate();
 
   Go reason();

@@ -32,16 +32,17 @@ constexpr const char* kTables[] = {"ORIGINAL", "ORIGITM"};
 // Books that the walk has not brought up to date hold no notes.
 bool hasNotes(Database& db) { return CheckTable(db, kTables[0]); }
 
+// An expression over a voucher and the party of H: how much of it is not settled, or does not settle, yet.
+std::string room(const std::string& book, const std::string& voucher) {
+  return standingOfVoucher(book, voucher, "H.PARTY_CD") + " - " + usedOfVoucher(book, voucher, "H.PARTY_CD");
+}
+
 // What lines say nothing of (an amount without lines, the round off) the bills take in their order, unless
 // one of them is not in these books: it may be of that.
 void settleBills(Database& db, const VoucherKind& note, double number, const std::vector<Original>& bills) {
   struct Open {
     Settlement::Bill bill;
     double room, given;
-  };
-  const auto room = [](const std::string& book, const std::string& voucher) {
-    return standingOfVoucher(book, voucher, "H.PARTY_CD") + " - " +
-           usedOfVoucher(book, voucher, "H.PARTY_CD");
   };
   std::vector<Open> open;
   double left = 0;
@@ -195,6 +196,16 @@ void readBefore(Database& db, const VoucherKind& note, double number, OriginalLi
 bool takesBack(const VoucherKind& note) {
   const VoucherKind* const bill = kindByBook(note.adjusts.code);
   return bill && bill->ledger.partySide != note.ledger.partySide;
+}
+
+std::optional<double> openWithout(Database& db, const VoucherKind& note, double number, double voucher) {
+  if (!CheckTable(db, kSettlements)) return std::nullopt;
+  return db.number(
+      "SELECT " + room("H.BOOK_CD", "H.VOUCH_NO") +
+          " + COALESCE((SELECT SUM(M.AMOUNT) FROM SETTLES AS M WHERE M.BOOK_CD = ? AND M.VOUCH_NO = ?"
+          " AND M.BILL_BOOK = H.BOOK_CD AND M.BILL_VNO = H.VOUCH_NO AND M.WHAT = 'B'), 0)"
+          " FROM SALE AS H WHERE H.VOUCH_NO = ? AND H.BOOK_CD = ?",
+      note.code, number, voucher, note.adjusts.code);
 }
 
 void ensureNotes(Database& db) {

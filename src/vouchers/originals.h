@@ -63,6 +63,9 @@ void readBefore(Database& db, const VoucherKind& note, double number, OriginalLi
 // Makes the tables where books lack them that the walk has not brought up to date; before a transaction,
 // since a server ends one by it.
 void ensureNotes(Database& db);
+// How much of a bill nothing but this note has settled yet; none where books lack the table.
+std::optional<double> openWithout(Database& db, const VoucherKind& note, double number, double voucher);
+
 // It stands against its bills on the other side of the party's account, as a debit note does not.
 bool takesBack(const VoucherKind& note);
 // Inside the transaction that stores the note, once its lines and rows of the ledger are written. Raises
