@@ -122,6 +122,7 @@ FRMHLP::FRMHLP(Host& theHost, const Opening& opening)
                           {"",            KeyCode::PgDn,   &FRMHLP::pageDown    },
                           {"",            KeyCode::PgUp,   &FRMHLP::pageUp      },
                           {"",            KeyCode::Enter,  &FRMHLP::choose      },
+                          {"",            KeyCode::Space,  &FRMHLP::chooseOne   },
                           {"",            KeyCode::Esc,    &FRMHLP::escape      },
   });
 }
@@ -130,6 +131,7 @@ void FRMHLP::opened(const Opening&) {
   at("grdDataGrid").back = kListColour;
   show(rows);
   if (rows->counted() && rows->count() == 0) escMeans = "Nothing To Choose Yet  ::  Esc = Close";
+  if (lookup.several) move(static_cast<int>(lookup.several->row));
   at("Text1").visible = !lookup.secondOnly;
   focus(searchField());
 }
@@ -148,7 +150,8 @@ void FRMHLP::sayWhatCanBeDone() {
   std::vector<std::string>& instead = at("grdDataGrid").grid.instead;
   const std::string typedText = typedForSearch();
   if (rows->count() > 0) {
-    host.hint("Type To Find and Enter To Proceed");
+    host.hint(lookup.several ? english("Space = Take It And Go On :: Enter = Take It :: Type To Find")
+                             : english("Type To Find and Enter To Proceed"));
     return;
   }
   instead = {typedText.empty() ? words("Nothing Is There To Choose From Yet")
@@ -231,6 +234,14 @@ Go FRMHLP::choose() {
     lookup.tell(rows->text(row, lookup.rows.columns.size() - 1));
   host.close(*this);
   return Go::Stay;
+}
+
+// In a search a blank is typed.
+Go FRMHLP::chooseOne() {
+  const size_t row = at("grdDataGrid").grid.current;
+  if (!lookup.several || row == Grid::kNone || !searchField().text.empty()) return Go::On;
+  *lookup.several = {.more = true, .row = row + 1};
+  return choose();
 }
 
 void FRMHLP::escape() { host.close(*this); }

@@ -56,6 +56,7 @@ class FRMHLP : private LookupPlan, public Screen {
   void backToSearch();
   Control& searchField();
   Go choose();
+  Go chooseOne();
   void escape();
 
   static constexpr int kPage = 5;

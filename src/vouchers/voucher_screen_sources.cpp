@@ -28,15 +28,21 @@ void VoucherScreen::openSourcesKey() {
   if (!hasSources() || !entering() || atRest_ || (mode == "EDIT" && loaded_ == 0)) return;
   if (!trimmed(kParty).empty() && !work(at(kParty))) return;
   if (!mayLeaveLine()) return;
-  MadeFrom from;
-  Lookup lookup = openSources(data(), kind_, trimmed(kParty), sources_, mode == "EDIT" ? value(kNumber) : 0);
-  lookup.tell = [&from](const std::string& book) { from.book = book; };
-  const std::string chosen = lookUpValue(host, lookup);
-  if (!from.book.empty()) {
-    from.voucher = Val(chosen);
-    const bool taken = std::ranges::find(sources_, from) != sources_.end();
-    taken ? takeOut(from) : take(from);
-  }
+  Lookup::Several several;
+  do {
+    several.more = false;
+    MadeFrom from;
+    Lookup lookup =
+        openSources(data(), kind_, trimmed(kParty), sources_, mode == "EDIT" ? value(kNumber) : 0);
+    lookup.several = &several;
+    lookup.tell = [&from](const std::string& book) { from.book = book; };
+    const std::string chosen = lookUpValue(host, lookup);
+    if (!from.book.empty()) {
+      from.voucher = Val(chosen);
+      const bool taken = std::ranges::find(sources_, from) != sources_.end();
+      taken ? takeOut(from) : take(from);
+    }
+  } while (several.more);
   focusMoved(here());
 }
 
