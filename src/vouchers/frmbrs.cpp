@@ -459,9 +459,6 @@ std::string FRMBRS::hintFor(const Control& control) const {
         "Enter = Take Or Type The Date :: F5 = Voucher :: F6 = Take All Certain :: F8 = Undo :: Right = "
         "Statement Side");
   if (control.spec->field == kStatementRows)
-    return english(
-        "F9 = Write The Voucher That Is Missing :: Shift+F9 = As A Journal, Or Else As Money Of A Party :: "
-        "Left "
-        "= Books");
+    return english("F9 = Write The Voucher That Is Missing :: Shift+F9 = As Another Kind :: Left = Books");
   return ChildScreen::hintFor(control);
 }

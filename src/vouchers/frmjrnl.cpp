@@ -269,7 +269,9 @@ void FRMJRNL::sumLines() {
   put(kDebitTotal, Format(sums_.debit, "0.00"));
   put(kCreditTotal, Format(sums_.credit, "0.00"));
   put(kDifference, difference);
-  at("lbltotal").text = words("Total Of {count} Lines", "count", std::to_string(sums_.lines));
+  at("lbltotal").text =
+      words(sums_.lines == 1 ? english("Total Of {count} Line") : english("Total Of {count} Lines"), "count",
+            std::to_string(sums_.lines));
   at("lblwrong").text = open != 0         ? words("Debit And Credit Must Be Equal")
                         : sums_.lines > 0 ? words("Debit And Credit Are Equal")
                                           : "";
