@@ -36,6 +36,13 @@ std::vector<std::string> wordsOf(const std::string& heading) {
   return all;
 }
 
+bool saysDebit(const std::string& word) {
+  return word == "dr" || word.starts_with("debit") || word.starts_with("withdr");
+}
+bool saysCredit(const std::string& word) {
+  return word == "cr" || word.starts_with("credit") || word.starts_with("deposit");
+}
+
 enum class Means { Nothing, Date, OtherDate, Text, Reference, Debit, Credit, Amount, Side, Balance };
 
 // A heading that names both sides tells which of them an amount is on.
@@ -53,16 +60,18 @@ Means meaningOf(const std::string& heading) {
     return std::ranges::any_of(all, [&](const std::string& word) { return word.ends_with(end); });
   };
   const bool both = any({"drcr", "crdr", "dc"});
-  const bool debit = both || begins({"debit", "withdr"}) || any({"dr", "paid"});
-  const bool credit = both || begins({"credit", "deposit"}) || any({"cr", "received"});
+  const bool debit = both || std::ranges::any_of(all, saysDebit) || any({"paid"});
+  const bool credit = both || std::ranges::any_of(all, saysCredit) || any({"received"});
   const bool cheque = begins({"chq", "cheque", "instrument"});
   if (begins({"balance"}) || any({"bal"}) || ends("balance")) return Means::Balance;
   if (ends("date") || any({"dt", "dated"}))
     return cheque || begins({"value"}) ? Means::OtherDate : Means::Date;
-  if ((debit && credit) || (any({"type", "sign", "indicator"}) && !any({"amount"}))) return Means::Side;
+  const bool amount = ends("amount") || ends("amt");
+  if (!amount && ((debit && credit) || any({"type", "sign", "indicator"}))) return Means::Side;
+  if (debit && credit) return Means::Amount;
   if (debit) return Means::Debit;
   if (credit) return Means::Credit;
-  if (ends("amount") || ends("amt")) return Means::Amount;
+  if (amount) return Means::Amount;
   if (cheque || begins({"ref", "utr"}) || any({"check"})) return Means::Reference;
   if (begins({"descr", "narration", "particular", "remark", "detail"}) || ends("remarks")) return Means::Text;
   return Means::Nothing;
@@ -146,8 +155,11 @@ std::optional<double> amountIn(const Cells& row, const Columns& columns) {
   const auto money = moneyIn(cellOf(row, columns[Means::Amount]));
   if (!money) return std::nullopt;
   char side = money->side;
-  if (const std::string told = upper(cellOf(row, columns[Means::Side])); !told.empty())
-    side = told.front() == 'D' || told.front() == 'W' ? 'D' : told.front() == 'C' ? 'C' : side;
+  // A column of types may say cheque or cash instead.
+  for (const std::string& told : wordsOf(cellOf(row, columns[Means::Side]))) {
+    if (saysDebit(told) || told == "d") side = 'D';
+    if (saysCredit(told) || told == "c") side = 'C';
+  }
   return side == 0 ? money->figure : std::fabs(money->figure) * (side == 'D' ? -1 : 1);
 }
 

@@ -84,7 +84,8 @@ FRMBRS::FRMBRS(Host& theHost) : ChildScreen(theHost, reconciliationTable()) {
                   {kStatementRows, KeyCode::Enter,          &FRMBRS::otherSide     },
                   {kStatementRows, On::Row,                 &FRMBRS::lineMoved     },
                   {kDate,          KeyCode::Enter,          &FRMBRS::clearedOn     },
-                  {kDate,          KeyCode::Esc,            &FRMBRS::otherSide     },
+                  {kDate,          On::Focus,               &FRMBRS::intoDate      },
+                  {kDate,          KeyCode::Esc,            &FRMBRS::leaveDate     },
   });
 }
 
@@ -136,6 +137,9 @@ void FRMBRS::show() {
   // The statement is of the account that it was read for.
   if (!sameText(shownAccount_, trimmed(kAccount))) lines_.clear(), statementName_.clear();
   shownAccount_ = trimmed(kAccount);
+  from_ = *date(kFrom);
+  to_ = *date(kTo);
+  if (at(kBankSays).given) takeBalance();
   caption = words("Bank Reconciliation : {bank}", "bank", trimmed(kAccountName));
   at(kBookRows).grid.current = Grid::kNone;
   refresh();
@@ -163,8 +167,7 @@ void FRMBRS::readStatement() {
       host.message(words("{count} Rows Of {file} Have A Date And No Amount That Can Be Read", "count",
                          std::to_string(read.unread), "file", statementName_),
                    kRefusal);
-    // The balance of the last line is the bank's; of several of the day the file's last.
-    if (lines_.back().balance) put(kBankSays, money(*lines_.back().balance));
+    takeBalance();
   } catch (const StatementRefused& refused) {
     host.message(refused.what(), kRefusal);
     return;
@@ -173,16 +176,25 @@ void FRMBRS::readStatement() {
   focus(at(kBookRows));
 }
 
+// The balance of the last line up to the day is the bank's; of several of a day the file's last.
+void FRMBRS::takeBalance() {
+  std::optional<double> last;
+  for (const StatementLine& line : lines_)
+    if (line.date <= to_ && line.balance) last = line.balance;
+  if (last || at(kBankSays).given) put(kBankSays, last ? money(*last) : "");
+}
+
 // Both sides
 
 const Match* FRMBRS::matchOf(size_t book) const {
-  const auto found = std::ranges::find(matches_, book, &Match::book);
-  return found == matches_.end() ? nullptr : &*found;
+  return book < ofBook_.size() && ofBook_[book] < matches_.size() ? &matches_[ofBook_[book]] : nullptr;
 }
 
-bool FRMBRS::isOutside(size_t line) const {
-  return lines_[line].date <= *date(kTo) && std::ranges::find(matches_, line, &Match::line) == matches_.end();
+const Match* FRMBRS::matchOfLine(size_t line) const {
+  return line < ofLine_.size() && ofLine_[line] < matches_.size() ? &matches_[ofLine_[line]] : nullptr;
 }
+
+bool FRMBRS::isOutside(size_t line) const { return lines_[line].date <= to_ && !matchOfLine(line); }
 
 FRMBRS::Outside FRMBRS::outside() const {
   Outside all;
@@ -194,15 +206,16 @@ FRMBRS::Outside FRMBRS::outside() const {
   return all;
 }
 
-bool FRMBRS::isMatched(size_t line) const {
-  return std::ranges::any_of(matches_, [&](const Match& m) { return m.line == line && m.known; });
-}
-
 void FRMBRS::refresh() {
   if (shownAccount_.empty()) return;
   const Busy busy(host);
-  books_ = bankEntries(data(), shownAccount_, *date(kFrom), *date(kTo));
+  // A statement that begins earlier has its lines in the books of earlier days.
+  const Date from = lines_.empty() ? from_ : std::min(from_, lines_.front().date);
+  books_ = bankEntries(data(), shownAccount_, from, to_);
   matches_ = matchStatement(books_, lines_);
+  ofBook_.assign(books_.size(), Grid::kNone);
+  ofLine_.assign(lines_.size(), Grid::kNone);
+  for (size_t i = 0; i < matches_.size(); ++i) ofBook_[matches_[i].book] = ofLine_[matches_[i].line] = i;
   fillGrids();
   showSums();
   showProposal();
@@ -232,11 +245,11 @@ void FRMBRS::fillGrids() {
 
   auto said = std::make_shared<CellRows>();
   for (size_t i = 0; i < lines_.size(); ++i) {
-    const bool proposed = std::ranges::find(matches_, i, &Match::line) != matches_.end();
+    const Match* const match = matchOfLine(i);
     const StatementLine& line = lines_[i];
-    said->rows.push_back({{.text = isMatched(i) ? kMatched
-                                   : proposed   ? kProposed
-                                                : ""},
+    said->rows.push_back({{.text = !match         ? ""
+                                   : match->known ? kMatched
+                                                  : kProposed},
                           {.text = shownDay(line.date)},
                           {.text = trim(line.text + " " + line.reference)},
                           {.text = money(line.amount)}});
@@ -252,13 +265,13 @@ void FRMBRS::fillGrids() {
 }
 
 void FRMBRS::showSums() {
-  const BankSums sums = bankSums(data(), shownAccount_, *date(kTo));
+  const BankSums sums = bankSums(data(), shownAccount_, to_);
   const Outside outside = this->outside();
   at(kByBooks).text = money(sums.books);
   at(kPaidOpen).text = money(sums.paid);
   at(kReceivedOpen).text = money(-sums.received);
   at(kByBank).text = money(sums.bank());
-  at("lblsays").text = words("Bank says on {date}", "date", shownDay(date(kTo)));
+  at("lblsays").text = words("Bank says on {date}", "date", shownDay(to_));
   at("lblsaid").text = money(value(kBankSays));
   at(kNotInBooks).text = money(outside.amount);
   const auto matched = std::ranges::count_if(matches_, &Match::known);
@@ -279,8 +292,8 @@ void FRMBRS::rowMoved() { showProposal(); }
 
 // The books follow to the row that the line is proposed for.
 void FRMBRS::lineMoved() {
-  const auto found = std::ranges::find(matches_, at(kStatementRows).grid.current, &Match::line);
-  if (found == matches_.end()) return;
+  const Match* const found = matchOfLine(at(kStatementRows).grid.current);
+  if (!found) return;
   at(kBookRows).grid.moveTo(found->book);
   showProposal();
 }
@@ -328,12 +341,8 @@ void FRMBRS::clearRow(size_t row, const std::optional<Date>& on) {
 // A proposal is taken at once; else the date is typed, the one before proposed.
 Go FRMBRS::take() {
   if (bookRow() >= books_.size()) return Go::Stay;
-  const BookEntry& entry = books_[bookRow()];
   const Match* const match = matchOf(bookRow());
   if (!match || match->known) {
-    put(kDate, entry.cleared                           ? entry.cleared
-               : lastDate_ && *lastDate_ >= entry.date ? lastDate_
-                                                       : entry.date);
     focus(at(kDate));
     return Go::Stay;
   }
@@ -343,18 +352,39 @@ Go FRMBRS::take() {
   return Go::Stay;
 }
 
+void FRMBRS::intoDate() {
+  dateRow_ = bookRow();
+  if (dateRow_ >= books_.size() || (matchOf(dateRow_) && !matchOf(dateRow_)->known)) return;
+  const BookEntry& entry = books_[dateRow_];
+  put(kDate, entry.cleared ? entry.cleared : lastDate_ && *lastDate_ >= entry.date ? lastDate_ : entry.date);
+}
+
+// What was typed there is given up.
+void FRMBRS::leaveDate() {
+  showProposal();
+  focus(at(kBookRows));
+}
+
+// What is only proposed there is not taken by walking past it.
+bool FRMBRS::worksOnLeaving(const Control& target) const {
+  return focused() == &at(kDate) && !at(kDate).given && &target != &at("cmdclose");
+}
+
 Go FRMBRS::clearedOn() {
-  if (leaving()) return Go::On;
-  if (bookRow() >= books_.size()) return Go::Stay;
+  if (dateRow_ >= books_.size()) return leaving() ? Go::On : Go::Stay;
   const bool empty = text(kDate) == kEmptyDate;
   const auto on = date(kDate);
   if (!empty && !on) return dateStands();
-  if (on && *on < addDays(books_[bookRow()].date, -31)) {
+  if (on && *on < addDays(books_[dateRow_].date, -31)) {
     host.message("The Bank Cannot Have It So Long Before The Books", kRefusal);
     return Go::Stay;
   }
-  clearRow(bookRow(), on);
-  at(kBookRows).grid.moveTo(bookRow() + 1);
+  clearRow(dateRow_, on);
+  if (leaving()) {
+    refresh();
+    return Go::On;
+  }
+  at(kBookRows).grid.moveTo(dateRow_ + 1);
   refresh();
   focus(at(kBookRows));
   return Go::Stay;
@@ -387,7 +417,7 @@ void FRMBRS::showVoucher() {
 // and other banks a contra, and charges, interest and whatever else a journal.
 void FRMBRS::write(bool otherwise) {
   const size_t row = at(kStatementRows).grid.current;
-  const bool lacks = row < lines_.size() && std::ranges::find(matches_, row, &Match::line) == matches_.end();
+  const bool lacks = row < lines_.size() && !matchOfLine(row);
   if (!lacks) {
     ShowHint(host, "Choose A Line Of The Statement That The Books Lack :: Right = Statement Side");
     return;
@@ -432,10 +462,10 @@ void FRMBRS::send(const GridTarget& target) {
   // Of money that came in, and of money that went out.
   const auto open = [&](int side) {
     for (const BookEntry& e : books_)
-      if (e.row.amount * side > 0 && (!e.cleared || *e.cleared > *date(kTo)))
+      if (e.row.amount * side > 0 && (!e.cleared || *e.cleared > to_))
         rows->add({shownDay(e.date), e.particulars, e.reference, money(std::fabs(e.row.amount)), ""});
   };
-  const BankSums sums = bankSums(data(), shownAccount_, *date(kTo));
+  const BankSums sums = bankSums(data(), shownAccount_, to_);
   total(english("Balance by the books"), sums.books);
   open(-1);
   total(english("+ Paid, not yet taken by the bank"), sums.paid);
@@ -448,7 +478,7 @@ void FRMBRS::send(const GridTarget& target) {
   total(english("Statement lines not in the books"), outside().amount);
   if (!trimmed(kBankSays).empty()) total(english("Bank says"), value(kBankSays));
   target.send(host, {.caption = caption,
-                     .period = words("On {date}", "date", shownDay(date(kTo))),
+                     .period = words("On {date}", "date", shownDay(to_)),
                      .columns = rows->columns(),
                      .rows = rows});
 }

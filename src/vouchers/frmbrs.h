@@ -15,6 +15,7 @@ class FRMBRS : public ChildScreen {
   explicit FRMBRS(Host& host);
   void opened(const Opening& opening) override;
   void activated() override;
+  bool worksOnLeaving(const Control& target) const override;
 
  protected:
   std::string hintFor(const Control& control) const override;
@@ -25,7 +26,9 @@ class FRMBRS : public ChildScreen {
   Go account();
   void show();
   void readStatement();
-  Go take();       // Enter on a row of the books
+  Go take();  // Enter on a row of the books
+  void intoDate();
+  void leaveDate();
   Go clearedOn();  // Enter in the date
   void undo();
   void takeCertain();
@@ -37,6 +40,7 @@ class FRMBRS : public ChildScreen {
   void rowMoved();
   void lineMoved();
   void bankSaysTyped();
+  void takeBalance();
   void print() { send(kToPrinter); }
   void preview() { send(kToPreview); }
   void excel() { send(kToWorkbook); }
@@ -50,7 +54,7 @@ class FRMBRS : public ChildScreen {
   void showSums();
   void showProposal();
   const Match* matchOf(size_t book) const;
-  bool isMatched(size_t line) const;
+  const Match* matchOfLine(size_t line) const;
   bool isOutside(size_t line) const;  // the books have nothing for it
   struct Outside {
     int lines = 0;
@@ -61,10 +65,13 @@ class FRMBRS : public ChildScreen {
   void clearRow(size_t row, const std::optional<Date>& on);
 
   std::string shownAccount_;
+  Date from_{}, to_{};  // that are shown
+  size_t dateRow_ = 0;  // of the books, whose date is typed
   std::vector<BookEntry> books_;
   std::string statementName_;
   std::vector<StatementLine> lines_;
   std::vector<Match> matches_;
-  std::optional<Date> lastDate_;  // typed or taken last
+  std::vector<size_t> ofBook_, ofLine_;  // their places by row and line
+  std::optional<Date> lastDate_;         // typed or taken last
   bool awaitsVoucher_ = false;
 };

@@ -17,9 +17,11 @@ namespace {
 constexpr int kEarlier = 3, kLater = 10, kChequeLives = 92, kNear = 4;
 constexpr size_t kLeastDigits = 4;
 
+using Numbers = std::vector<std::string>;
+
 // Numbers of some length in a text, without leading zeros: "CHQ 004512" has 4512.
-std::vector<std::string> numbersIn(const std::string& text) {
-  std::vector<std::string> numbers;
+Numbers numbersIn(const std::string& text) {
+  Numbers numbers;
   std::string run;
   for (const char c : text + " ") {
     if (std::isdigit(static_cast<unsigned char>(c)) != 0) {
@@ -34,24 +36,28 @@ std::vector<std::string> numbersIn(const std::string& text) {
   return numbers;
 }
 
+// What the bank says in the column of references, and anywhere.
+struct Said {
+  Numbers reference, all;
+};
+
 // A number of the books stands anywhere in what the bank says; another one in its own column differs.
-Match::Reference compare(const BookEntry& book, const StatementLine& line) {
-  const auto ours = numbersIn(book.reference), theirs = numbersIn(line.reference),
-             said = numbersIn(line.text + " " + line.reference);
+Match::Reference compare(const Numbers& ours, const Said& said) {
   if (ours.empty()) return Match::Reference::Unknown;
   for (const std::string& number : ours)
-    if (std::ranges::find(said, number) != said.end()) return Match::Reference::Agrees;
-  return theirs.empty() ? Match::Reference::Unknown : Match::Reference::Differs;
+    if (std::ranges::find(said.all, number) != said.all.end()) return Match::Reference::Agrees;
+  return said.reference.empty() ? Match::Reference::Unknown : Match::Reference::Differs;
 }
 
 // Of one amount; none where they cannot be the same.
-std::optional<Match> answer(const BookEntry& book, const StatementLine& line) {
-  Match match{.reference = compare(book, line), .days = daysBetween(book.date, line.date)};
-  match.known = book.cleared == line.date;
+std::optional<Match> answer(const BookEntry& book, const StatementLine& line, const Numbers& ours,
+                            const Said& said) {
+  Match match{.days = daysBetween(book.date, line.date), .known = book.cleared == line.date};
   match.moves = book.cleared && !match.known;
-  const int latest = match.reference == Match::Reference::Agrees ? kChequeLives : kLater;
-  if (!match.known && (match.days < -kEarlier || match.days > latest)) return std::nullopt;
-  return match;
+  if (!match.known && (match.days < -kEarlier || match.days > kChequeLives)) return std::nullopt;
+  match.reference = compare(ours, said);
+  const bool agrees = match.reference == Match::Reference::Agrees;
+  return match.known || agrees || match.days <= kLater ? std::optional(match) : std::nullopt;
 }
 
 // Better ones first; among equals as they stand.
@@ -164,24 +170,34 @@ BankSums bankSums(Database& db, const std::string& account, Date to) {
 std::vector<Match> matchStatement(const std::vector<BookEntry>& books,
                                   const std::vector<StatementLine>& lines) {
   std::multimap<double, size_t> byAmount;
-  for (size_t book = 0; book < books.size(); ++book) byAmount.emplace(Round(books[book].row.amount, 2), book);
+  std::vector<Numbers> ours;
+  for (size_t book = 0; book < books.size(); ++book) {
+    byAmount.emplace(Round(books[book].row.amount, 2), book);
+    ours.push_back(numbersIn(books[book].reference));
+  }
   std::vector<Match> answers;
+  std::vector<std::vector<size_t>> ofBook(books.size()), ofLine(lines.size());
   for (size_t line = 0; line < lines.size(); ++line) {
     const auto [first, last] = byAmount.equal_range(Round(lines[line].amount, 2));
+    const Said said{numbersIn(lines[line].reference),
+                    numbersIn(lines[line].text + " " + lines[line].reference)};
     for (auto of = first; of != last; ++of)
-      if (auto match = answer(books[of->second], lines[line])) {
+      if (auto match = answer(books[of->second], lines[line], ours[of->second], said)) {
         match->book = of->second;
         match->line = line;
+        ofBook[match->book].push_back(answers.size());
+        ofLine[line].push_back(answers.size());
         answers.push_back(*match);
       }
   }
   // Certain: no rival that answers as well, for the row or for the line.
   for (Match& match : answers) {
-    const bool rivals = std::ranges::any_of(answers, [&](const Match& other) {
-      const bool another = other.book != match.book || other.line != match.line;
-      const bool shares = other.book == match.book || other.line == match.line;
-      return another && shares && other.reference <= match.reference && other.known >= match.known;
-    });
+    const auto rival = [&](size_t place) {
+      const Match& other = answers[place];
+      return &other != &match && other.reference <= match.reference && other.known >= match.known;
+    };
+    const bool rivals =
+        std::ranges::any_of(ofBook[match.book], rival) || std::ranges::any_of(ofLine[match.line], rival);
     const bool near = match.days >= -1 && match.days <= kNear;
     match.certain = match.known || (!rivals && !match.moves &&
                                     (match.reference == Match::Reference::Agrees ||
@@ -189,10 +205,11 @@ std::vector<Match> matchStatement(const std::vector<BookEntry>& books,
   }
   std::ranges::stable_sort(answers, better);
   std::vector<Match> chosen;
+  std::vector<bool> bookTaken(books.size()), lineTaken(lines.size());
   for (const Match& match : answers) {
-    const bool taken = std::ranges::any_of(
-        chosen, [&](const Match& c) { return c.book == match.book || c.line == match.line; });
-    if (!taken) chosen.push_back(match);
+    if (bookTaken[match.book] || lineTaken[match.line]) continue;
+    bookTaken[match.book] = lineTaken[match.line] = true;
+    chosen.push_back(match);
   }
   std::ranges::sort(chosen, {}, &Match::line);
   return chosen;

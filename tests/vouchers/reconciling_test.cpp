@@ -45,6 +45,9 @@ const File kFiles[] = {
      "SNo,ValueDate,TranDate,CHQNO,TransactionRemarks,Amount(Rs.),ClosingBalance\n"
      "1,04/11/2026,03/11/2026,118204,A,\"1,14,794.00 (Cr)\",\"1,20,000.00 (Cr)\"\n"
      "2,05/11/2026,05/11/2026,,B,\"1,250.50(Dr.)\",\"1,18,749.50 (Cr)\"\n",                                  "2026-11-03 11479400 A|118204\n2026-11-05 -125050 B|\n"                                           },
+    {"a column of types that says cheque as well, and a side in the heading of the amount",
+     "Date,Transaction Type,Details,Amount (Dr/Cr)\n02/11/26,DEPOSIT,A,10\n02/11/26,CASH "
+     "WITHDRAWAL,B,10\n03/11/26,CHQ,C,10.00 Dr\n",                                                           "2026-11-02 1000 A|\n2026-11-02 -1000 B|\n2026-11-03 -1000 C|\n"                                  },
 };
 
 TEST(BankStatementTest, IsReadAsTheBanksWriteIt) {
