@@ -9,6 +9,7 @@
 #include "documents/words.h"
 #include "frame/note_reasons.h"
 #include "frame/voucher_kinds.h"
+#include "store/dictionary.h"
 
 namespace {
 
@@ -29,6 +30,7 @@ void companyCells(DataSheet& sheet, const std::string& name, const Row& company,
 // What a note says beside a bill, in cells of our own: what it is, against which bills, and why.
 void noteCells(DataSheet& sheet, Database& db, double number, const VoucherKind& kind) {
   sheet.set(1, 12, words(kind.paper.title));
+  if (!CheckTable(db, "ORIGINAL")) return;  // books that the walk has not brought up to date
   std::string bills;
   int reason = 0;
   for (const Row& row :

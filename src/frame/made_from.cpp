@@ -40,6 +40,8 @@ std::string noneOf(const std::string& book, const std::string& row) {
 
 }  // namespace
 
+void ensureMadeFrom(Database& db) { ensureTable(db, kTable); }
+
 std::vector<const VoucherKind*> madeFromKinds(const VoucherKind& kind) {
   if (&kind == &saleKind()) return {&challanKind(), &quotationKind()};
   if (&kind == &challanKind()) return {&quotationKind()};
@@ -56,7 +58,6 @@ std::vector<MadeFrom> madeFrom(Database& db, const VoucherKind& kind, double num
 }
 
 void storeMadeFrom(Database& db, const VoucherKind& kind, double number, const std::vector<MadeFrom>& from) {
-  ensureTable(db, kTable);
   dropRows(db, kind.code, number);
   std::vector<Value> values;
   double serial = 0;

@@ -26,6 +26,9 @@ std::vector<const VoucherKind*> madeFromKinds(const VoucherKind& kind);
 // all.
 bool anyMadeFrom(Database& db, const VoucherKind& kind, double number);
 std::vector<MadeFrom> madeFrom(Database& db, const VoucherKind& kind, double number);
+// Makes the table where books lack it that the walk has not brought up to date; before a transaction, since a
+// server ends one by it.
+void ensureMadeFrom(Database& db);
 // Inside the transaction that stores the voucher, and the one that deletes it for good.
 void storeMadeFrom(Database& db, const VoucherKind& kind, double number, const std::vector<MadeFrom>& from);
 void forgetMadeFrom(Database& db, const VoucherKind& kind, double number);

@@ -8,6 +8,7 @@
 #include "base/words.h"
 #include "frame/session.h"
 #include "store/dictionary.h"
+#include "store/engine.h"
 
 namespace {
 
@@ -65,6 +66,7 @@ NumberSeries inYear(NumberSeries series, Date first) {
 }
 
 void storeSeries(Database& db, const NumberSeries& series) {
+  ensureTable(db, kTable);  // books that the walk has not brought up to date lack it
   whole(db, [&] {
     removeSeries(db, series.book, series.type);
     db.exec(

@@ -49,6 +49,7 @@ void VoucherScreen::openSourcesKey() {
 void VoucherScreen::take(const MadeFrom& from) {
   const auto head = readSource(data(), from);
   if (!head) return;  // deleted since the list was shown
+  ensureMadeFrom(data());
   if (trimmed(kParty).empty()) {
     put(kParty, head->party);
     if (!partyTaken()) return;
