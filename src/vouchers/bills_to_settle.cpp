@@ -21,7 +21,8 @@ std::string nameOf(const VoucherKey& voucher, const std::string& bill) {
   if (voucher.book == kOpeningBook) return words("Opening");
   const VoucherKind* const kind = kindByBook(voucher.book);
   const std::string own = trim(bill);
-  if (kind && kind->tables.heads == "SALE" && !own.empty() && own != ".") return own;
+  if (kind && kind->tables.heads == "SALE" && !own.empty() && own != ".")
+    return kind->isNote() ? voucher.book + " " + own : own;  // notes have numbers that bills have, too
   return voucher.book + " " + numText(voucher.number);
 }
 

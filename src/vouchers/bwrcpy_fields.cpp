@@ -133,6 +133,8 @@ Go bwrcpy::remarksTab() {
 void bwrcpy::layOut() {
   const bool bank = !mode.empty() && isBank(data(), trimmed(kAccount));
   for (const FieldName field : {kMode, kModeName, kCheque, kChequeDate}) at(field).visible = bank;
+  // What was typed over a bank is not lost over cash.
+  asked_ = asked_ || bills_->settled() > 0 || deducted() > 0;
   wide_ = bank || asked_;
   for (const Deduction& d : deductions()) {
     const bool taken = wide_ && (kind_.party.hasBills || d.what == "T");
