@@ -158,22 +158,37 @@ bool GSTNOTE::isTaken(const std::string& number) const {
 Go GSTNOTE::originalBill() {
   const std::string typed = trimmed(kOriginalBill), chosen = std::exchange(chosen_, {});
   if (typed.empty()) return noBill();
+  const bool stands = chosen.empty() && isTaken(typed);
+  if (stands || !datesStand()) {
+    showBills();
+    return stands ? Go::On : Go::Stay;
+  }
   if (!chosen.empty())
     if (const auto bill = billOfVoucher(data(), kind_, Val(chosen))) return take(*bill);
-  if (isTaken(typed)) return Go::On;
   const std::string party = trimmed(kParty);
-  auto found = billsOfNumber(data(), kind_, typed, party);
   // "7" is what people say of 0007.
   const bool digits = typed.find_first_not_of("0123456789") == std::string::npos;
-  if (found.empty() && digits)
-    found = billsOfNumber(data(), kind_, billNumberAfter(numText(Val(typed) - 1)), party);
+  const auto of = [&](const std::string& whose) {
+    auto bills = billsOfNumber(data(), kind_, typed, whose);
+    if (bills.empty() && digits)
+      bills = billsOfNumber(data(), kind_, billNumberAfter(numText(Val(typed) - 1)), whose);
+    return bills;
+  };
+  const auto found = of(party);
   if (found.size() == 1) return take(found.front());
-  if (found.size() > 1) return chooseBill(typed);
-  if (!party.empty() && !billsOfNumber(data(), kind_, typed, "").empty()) {
-    host.message(words("Bill {bill} Is Of Another Party", "bill", typed));
+  if (found.size() > 1 && !leaving()) return chooseBill(typed);
+  if (found.size() > 1) {
+    host.message(words("Several Bills Have The Number {bill}\nPress Enter To Choose One", "bill", typed));
     return Go::Stay;
   }
-  return takeUnknown(typed);
+  // Numbers begin anew each year.
+  const bool others = !party.empty() && !of("").empty();
+  return takeUnknown(typed, others ? words("Bill {bill} Of These Books Is Of Another Party\n"
+                                           "Name One Of An Earlier Year On The Note ?",
+                                           "bill", typed)
+                                   : words("Bill {bill} Is Not In These Books\n"
+                                           "Name It On The Note All The Same ?",
+                                           "bill", typed));
 }
 
 Go GSTNOTE::chooseBill(const std::string& number) {
@@ -203,10 +218,14 @@ void GSTNOTE::takeOut() {
   facts_.bills.pop_back();
   for (auto line = originals_.begin(); line != originals_.end();) {
     const bool its = bill.voucher != 0 && line->second.voucher == bill.voucher;
-    if (its) data().exec("DELETE FROM T_SLITM WHERE SR_NO = ?", line->first);
+    if (its) {
+      data().exec("DELETE FROM T_SLITM WHERE SR_NO = ?", line->first);
+      meant_.erase(line->first);
+    }
     line = its ? originals_.erase(line) : std::next(line);
   }
   if (const auto party = readAccount(data(), trimmed(kParty))) put(kPartyFacts, partyLines(*party));
+  if (!ofTheseBooks()) markAsUsual();
   lines_->requery();
   sumAgain();
   showCurrentLine();
@@ -233,12 +252,21 @@ Go GSTNOTE::take(const FoundBill& found) {
     showBills();
     return Go::Stay;
   }
+  // One note has its taxes in one way.
+  const Supply marks = readSupply(data(), *kindByBook(found.bill.book), found.bill.voucher);
+  const bool alike = marks.reverse == supply().reverse && marks.ineligible == supply().ineligible;
+  if (ofTheseBooks() && !alike) {
+    host.message(words("Bill {bill} Differs In Reverse Charge Or Input Credit\nMake Another Note For It",
+                       "bill", found.bill.number));
+    showBills();
+    return Go::Stay;
+  }
   const bool first = facts_.bills.empty();
   facts_.bills.push_back(found.bill);
+  mark(marks);
   if (first) {
     put(kParty, found.party);
     acceptParty();
-    mark(readSupply(data(), *kindByBook(found.bill.book), found.bill.voucher));
     // An update puts the cash account where a bill has no ship-to.
     if (!found.shipTo.empty() && found.shipTo != kCashAccount) {
       put(kShipTo, found.shipTo);
@@ -254,14 +282,12 @@ Go GSTNOTE::take(const FoundBill& found) {
   return Go::On;
 }
 
-Go GSTNOTE::takeUnknown(const std::string& number) {
-  if (!mayAdd(number) ||
-      !host.ask({.text = words("Bill {bill} Is Not In These Books\nName It On The Note All The Same ?",
-                               "bill", number),
-                 .title = kConfirm,
-                 .yes = english("&Yes, Name It"),
-                 .no = english("&No, Type Another"),
-                 .loses = true})) {
+Go GSTNOTE::takeUnknown(const std::string& number, const std::string& question) {
+  if (!mayAdd(number) || !host.ask({.text = question,
+                                    .title = kConfirm,
+                                    .yes = english("&Yes, Name It"),
+                                    .no = english("&No, Type Another"),
+                                    .loses = true})) {
     if (!facts_.bills.empty()) showBills();
     return Go::Stay;
   }
@@ -276,6 +302,18 @@ void GSTNOTE::keepDate() {
     facts_.bills.back().date = date(kOriginalDate);
 }
 
+bool GSTNOTE::ofTheseBooks() const {
+  return std::ranges::any_of(facts_.bills, [](const Original& b) { return b.voucher != 0; });
+}
+
+// Of all but the last it stood when the next one was named.
+bool GSTNOTE::datesStand() {
+  if (facts_.bills.empty() || facts_.bills.back().date) return true;
+  host.message(words("Type The Date Of Bill {bill}", "bill", facts_.bills.back().number), kCheck);
+  focus(at(kOriginalDate));
+  return false;
+}
+
 // The last bill stands in the fields, all of them beside the party.
 void GSTNOTE::showBills() {
   const bool any = !facts_.bills.empty();
@@ -284,8 +322,8 @@ void GSTNOTE::showBills() {
   put(kOriginalDate, last.date);
   at(kOriginalDate).enabled = at(kOriginalBill).enabled && any && last.voucher == 0;
   // What a bill of these books tells is not typed.
-  const bool told = std::ranges::any_of(facts_.bills, [](const Original& b) { return b.voucher != 0; });
-  for (const FieldName ofBill : {kParty, kShipTo}) at(ofBill).enabled = at(kOriginalBill).enabled && !told;
+  for (const FieldName ofBill : {kParty, kShipTo})
+    at(ofBill).enabled = at(kOriginalBill).enabled && !ofTheseBooks();
   showAgainst();
 }
 
@@ -358,12 +396,7 @@ bool GSTNOTE::mayBeSaved() {
     focus(at(kGoods));
     return false;
   }
-  const Original last = facts_.bills.empty() ? Original{} : facts_.bills.back();
-  if (!last.number.empty() && !last.date) {
-    host.message(words("Type The Date Of Bill {bill}", "bill", last.number), kCheck);
-    focus(at(kOriginalDate));
-    return false;
-  }
+  if (!datesStand() || !mayHaveItsDay()) return false;
   if (facts_.bills.empty() && !unnamed_ &&
       !host.ask({.text = english("This Note Names No Bill\nSave It All The Same ?"),
                  .title = kConfirm,
@@ -385,6 +418,38 @@ bool GSTNOTE::mayBeSaved() {
     return false;
   }
   return true;
+}
+
+// After the 30th of November that follows the tax year of the bill its tax is not given back any more.
+std::string GSTNOTE::doubtOfDay(const Original& bill) const {
+  if (!bill.date) return {};
+  const Date day = *date(kDate);
+  const auto facts = [&](const char* text, Date when) {
+    return words(text, "bill", bill.number, "date", formatDate(when, "dd/MM/yyyy"));
+  };
+  if (day < *bill.date)
+    return facts(english("Bill {bill} Is Of {date}, After The Day Of This Note"), *bill.date);
+  const auto year = bill.date->year() + std::chrono::years(bill.date->month() < std::chrono::April ? 0 : 1);
+  const Date last = year / std::chrono::November / 30;
+  const bool taxed = value(kCgstTotal) != 0 || value(kSgstTotal) != 0 || value(kIgstTotal) != 0;
+  const bool givesTaxBack = takesBack() && !isBought(kind_) && taxed;
+  return givesTaxBack && day > last
+             ? facts(english("The Tax Of Bill {bill} Could Be Given Back Until {date}"), last)
+             : "";
+}
+
+bool GSTNOTE::mayHaveItsDay() {
+  std::vector<std::string> doubts;
+  for (const Original& bill : facts_.bills)
+    if (std::string doubt = doubtOfDay(bill); !doubt.empty()) doubts.push_back(std::move(doubt));
+  if (doubts.empty() || host.ask({.text = join(doubts, "\n") + "\n" + words("Save It All The Same ?"),
+                                  .title = kConfirm,
+                                  .yes = english("&Yes, Save It"),
+                                  .no = english("&No, Back To The Note"),
+                                  .loses = true}))
+    return true;
+  focus(at(kDate));
+  return false;
 }
 
 void GSTNOTE::toLine(double serial) {

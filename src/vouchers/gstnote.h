@@ -41,7 +41,7 @@ class GSTNOTE : public GSTSAPU {
   Go noBill();
   Go chooseBill(const std::string& number);
   Go take(const FoundBill& bill);
-  Go takeUnknown(const std::string& number);
+  Go takeUnknown(const std::string& number, const std::string& question);
   void takeOut();
   bool mayAdd(const std::string& number);
   bool isTaken(const std::string& number) const;
@@ -49,6 +49,10 @@ class GSTNOTE : public GSTSAPU {
   void showAgainst();
   std::string openOf(const Original& bill) const;
   void keepDate();
+  bool ofTheseBooks() const;
+  bool datesStand();
+  std::string doubtOfDay(const Original& bill) const;  // that it goes with the note's; empty without any
+  bool mayHaveItsDay();
 
   Go reason();
   void reasonTyped();

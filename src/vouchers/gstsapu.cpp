@@ -103,7 +103,7 @@ void GSTSAPU::startNew() {
   put(kLrDate, host.today());
   for (const FieldName amount : {kCgstAmount, kSgstAmount, kIgstAmount}) at(amount).locked = true;
   readComposition();
-  if (composition_ && isBought(kind_)) mark({false, true});
+  markAsUsual();
   focus(at(kDate));
 }
 
@@ -335,6 +335,9 @@ void GSTSAPU::mark(const Supply& supply) {
                                    : "");
   at(kSupply).visible = supply.any();
 }
+
+// What a composition dealer buys has no input credit.
+void GSTSAPU::markAsUsual() { mark({false, composition_ && isBought(kind_)}); }
 
 void GSTSAPU::readComposition() { composition_ = settingNumber(data(), kComposition) == 1; }
 

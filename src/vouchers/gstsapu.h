@@ -44,6 +44,8 @@ class GSTSAPU : public VoucherScreen {
   bool unsaved() const override;
   void takeVoucherAsShown() override;
   void mark(const Supply& supply);
+  void markAsUsual();
+  const Supply& supply() const { return supply_; }
 
   // With another table, columns of the lines and, beside the bill's own, lookups.
   GSTSAPU(Host& host, const VoucherKind& kind, const ScreenSpec& spec, std::vector<WorkLines::Shown> shown,

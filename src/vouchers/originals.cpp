@@ -15,12 +15,18 @@
 
 namespace {
 
+// Of a bill that another gave us its own, not that of our entry.
+std::optional<Date> dateOnPaper(const VoucherKind& bill, const Row& row) {
+  const auto given = bill.words.billDate.empty() ? std::nullopt : row.date("PRV_BDT");
+  return given ? given : row.date("VOUCH_DT");
+}
+
 FoundBill found(const Row& row, const VoucherKind& note) {
   return {
       .bill = {.book = note.adjusts.code,
                .voucher = row.number("VOUCH_NO"),
                .number = trim(row.text("BILL_NO")),
-               .date = row.date("VOUCH_DT")},
+               .date = dateOnPaper(*kindByBook(note.adjusts.code), row)},
       .party = trim(row.text("PARTY_CD")),
       .shipTo = trim(row.text("CASH_CD")),
       .amount = row.number("NET_AMT")
@@ -75,7 +81,8 @@ void settleBills(Database& db, const VoucherKind& note, double number, const std
   storeSettlement(db, note, number, party, settlement);
 }
 
-constexpr const char* kBill = "SELECT VOUCH_NO, VOUCH_DT, BILL_NO, PARTY_CD, CASH_CD, NET_AMT FROM SALE";
+constexpr const char* kBill =
+    "SELECT VOUCH_NO, VOUCH_DT, PRV_BDT, BILL_NO, PARTY_CD, CASH_CD, NET_AMT FROM SALE";
 
 }  // namespace
 
@@ -250,11 +257,13 @@ void dropNote(Database& db, const VoucherKind& note, double number) {
     db.exec(std::string("DELETE FROM ") + table + " WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, note.code);
 }
 
-void renameOriginal(Database& db, const VoucherKind& bill, double voucher, const std::string& number,
-                    Date date) {
-  if (hasNotes(db))
+void renameOriginal(Database& db, const VoucherKind& bill, double voucher) {
+  if (!hasNotes(db)) return;
+  const auto stored =
+      db.first(std::string(kBill) + " WHERE VOUCH_NO = ? AND BOOK_CD = ?", voucher, bill.code);
+  if (stored)
     db.exec("UPDATE ORIGINAL SET BILL_NO = ?, BILL_DT = ? WHERE BILL_VOUCH = ? AND BILL_BOOK = ?",
-            cut(trim(number), 20), date, voucher, bill.code);
+            cut(trim(stored->text("BILL_NO")), 20), dateOnPaper(bill, *stored), voucher, bill.code);
 }
 
 std::string notesAgainst(Database& db, const VoucherKind& bill, double voucher) {

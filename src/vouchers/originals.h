@@ -76,8 +76,7 @@ void storeNote(Database& db, const VoucherKind& note, double number, const NoteF
 void dropNote(Database& db, const VoucherKind& note, double number);
 
 // A bill that is stored again may have another number and date; its notes name it by these.
-void renameOriginal(Database& db, const VoucherKind& bill, double voucher, const std::string& number,
-                    Date date);
+void renameOriginal(Database& db, const VoucherKind& bill, double voucher);
 // The notes against a bill, each as "Credit Note 3"; empty when there are none.
 std::string notesAgainst(Database& db, const VoucherKind& bill, double voucher);
 // Why a bill is not deleted: notes stand against it. Empty when none do.

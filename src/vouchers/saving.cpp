@@ -146,7 +146,7 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
                           .creditDays = figure("CR_DAYS")},
                          kind, supply));
     if (!partyBefore) return true;
-    renameOriginal(db, kind, number, text("BILL_NO"), date);
+    renameOriginal(db, kind, number);
     freeSettled(db, {kind.code, number}, trim(text("PARTY_CD")));
     for (const std::string& party : {*partyBefore, trim(text("PARTY_CD"))}) RebuildOneBalance(db, party);
     return true;
