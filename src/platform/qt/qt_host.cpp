@@ -385,6 +385,7 @@ std::optional<std::string> QtHost::chooseFile(const std::string& prompt, const s
   const QString patterns = QString::fromStdString(names);
   QFileDialog dialog(window_, QString::fromStdString(words(title)), filesFrom_, patterns);
   dialog.setFileMode(QFileDialog::ExistingFile);
+  if (window_) dialog.resize(window_->size() * 0.6);
   const std::pair<QFileDialog::DialogLabel, const char*> labels[] = {
       {QFileDialog::LookIn,   english("Folder")   },
       {QFileDialog::FileName, english("File Name")},
