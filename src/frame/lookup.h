@@ -20,8 +20,8 @@ struct Lookup {
   // What the chosen row knows beside its first column: an expression that is not shown, and who is told.
   std::string along = {};
   std::function<void(const std::string&)> tell = {};
-  // Where several are chosen one after the other: Space chooses one and says so here, for the list to be opened
-  // again on the row after it.
+  // Where several are chosen one after the other: Space chooses one and says so here, for the list to be
+  // opened again on the row after it.
   struct Several {
     bool more = false;
     size_t row = 0;

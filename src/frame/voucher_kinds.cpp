@@ -161,6 +161,7 @@ const VoucherKind& purchaseKind() {
     k.words.name = english("Purchase");
     k.video = &Links::purchaseVideo;
     k.dispatched = false;
+    k.tables.beside = {kMarks};
     k.words.title = "PURCHASE ENTRY";
     k.words.savedHead = "Purchase Entry Saved";
     k.words.savedHints = {english("Press New Entry Btn To Enter New Bill Entry")};
