@@ -18,10 +18,10 @@ void setCleared(Database& db, const BankRow& row, const std::optional<Date>& on)
     ensureTable(db, kTable);  // books that the walk has not brought up to date lack it
     db.exec("DELETE FROM CLEARED WHERE ACC_CD = ? AND BOOK_CD = ? AND VOUCH_NO = ? AND SRNO = ?", row.account,
             row.book, row.number, row.serial);
-    if (on)
-      db.exec(
-          "INSERT INTO CLEARED (ACC_CD, BOOK_CD, VOUCH_NO, SRNO, AMOUNT, CLG_DT) VALUES (?, ?, ?, ?, ?, ?)",
-          row.account, row.book, row.number, row.serial, row.amount, *on);
+    if (!on) return;
+    db.exec("INSERT INTO CLEARED (ACC_CD, BOOK_CD, VOUCH_NO, SRNO, AMOUNT, CLG_DT) VALUES (?, ?, ?, ?, ?, ?)",
+            row.account, row.book, row.number, row.serial, row.amount, *on);
+    forgetUnclear(db, row.book, row.number);  // another program may have changed or deleted it meanwhile
   });
 }
 
