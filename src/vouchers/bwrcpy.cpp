@@ -374,6 +374,7 @@ Go bwrcpy::notFound(const std::string& refusal) {
 }
 
 void bwrcpy::showVoucher(const Row& v) {
+  clearFields();  // of what stood here before nothing may stay
   showFields(v, Part::Head);
   showAccount(kCashSide);
   showAccount(kOtherSide);
