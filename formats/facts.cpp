@@ -1,8 +1,8 @@
 #include "formats/facts.h"
 
 #include <algorithm>
-#include <array>
 
+#include "base/states.h"
 #include "formats/sheet3.h"
 
 namespace formats {
@@ -10,55 +10,6 @@ namespace formats {
 using std::to_string;
 
 namespace {
-
-struct State {
-  int code;
-  const char* name;
-};
-
-// State codes of GST registration numbers.
-constexpr std::array kStates = {
-    State{1,  "Jammu and Kashmir"                       },
-    State{2,  "Himachal Pradesh"                        },
-    State{3,  "Punjab"                                  },
-    State{4,  "Chandigarh"                              },
-    State{5,  "Uttarakhand"                             },
-    State{6,  "Haryana"                                 },
-    State{7,  "Delhi"                                   },
-    State{8,  "Rajasthan"                               },
-    State{9,  "Uttar Pradesh"                           },
-    State{10, "Bihar"                                   },
-    State{11, "Sikkim"                                  },
-    State{12, "Arunachal Pradesh"                       },
-    State{13, "Nagaland"                                },
-    State{14, "Manipur"                                 },
-    State{15, "Mizoram"                                 },
-    State{16, "Tripura"                                 },
-    State{17, "Meghalaya"                               },
-    State{18, "Assam"                                   },
-    State{19, "West Bengal"                             },
-    State{20, "Jharkhand"                               },
-    State{21, "Odisha"                                  },
-    State{22, "Chhattisgarh"                            },
-    State{23, "Madhya Pradesh"                          },
-    State{24, "Gujarat"                                 },
-    State{25, "Daman and Diu"                           },
-    State{26, "Dadra and Nagar Haveli and Daman and Diu"},
-    State{27, "Maharashtra"                             },
-    State{28, "Andhra Pradesh"                          },
-    State{29, "Karnataka"                               },
-    State{30, "Goa"                                     },
-    State{31, "Lakshadweep"                             },
-    State{32, "Kerala"                                  },
-    State{33, "Tamil Nadu"                              },
-    State{34, "Puducherry"                              },
-    State{35, "Andaman and Nicobar Islands"             },
-    State{36, "Telangana"                               },
-    State{37, "Andhra Pradesh"                          },
-    State{38, "Ladakh"                                  },
-    State{96, "Foreign Country"                         },
-    State{97, "Other Territory"                         },
-};
 
 constexpr char kLabel = 'L', kValue = 'M', kCount = 'N', kShownLabel = 'O', kShownValue = 'P';
 std::string calc(char column, int row) { return std::string("CALC!$") + column + "$" + to_string(row); }
@@ -74,7 +25,7 @@ Facts::Facts(Book& book) : sheet_(book.sheet("CALC")) {
   sheet_.text({1, 'D'}, head, "State code");
   sheet_.text({1, 'E'}, head, "State");
   int row = 2;
-  for (const auto& state : kStates) {
+  for (const State& state : states()) {
     sheet_.number({row, 'D'}, {}, state.code);
     sheet_.text({row, 'E'}, {}, state.name);
     ++row;
@@ -89,7 +40,7 @@ std::string Facts::add(std::string_view name, const std::string& formula) {
 }
 
 std::string Facts::state(std::string_view name, const std::string& code) {
-  const auto table = "$D$2:$E$" + to_string(1 + kStates.size());
+  const auto table = "$D$2:$E$" + to_string(1 + states().size());
   return add(name, "IF(" + code + "=0,\"\",IFERROR(VLOOKUP(" + code + "," + table +
                        ",2,FALSE)&\" (\",\"(\")&TEXT(" + code + ",\"00\")&\")\")");
 }
