@@ -207,8 +207,10 @@ void numberFacts(const FirstLine& from, Bill& bill) {
   bill.orderLabel = noted("Order's label", "\"Against Bill\"", bill.orderLabel);
   bill.challanLabel = noted("Challan's label", "\"Reason\"", bill.challanLabel);
   bill.netLabel = noted("Amount's label", "\"Note Amount\"", bill.netLabel);
-  bill.declaration =
+  // What the law asks to be said takes the place of the declaration.
+  const auto declared =
       noted("Declaration", quoted(kOfNote), given("Bill's declaration", 30, quoted(kDeclaration)));
+  bill.declaration = given("Endorsement", 33, declared);
   bill.challan =
       noted("Challan or reason", sheet3::cell(1, 14) + "&\"\"", from.text("Challan", "SALE.CHLN_NO"));
   bill.order = noted("Order or bills", sheet3::cell(1, 13) + "&\"\"", from.text("Order", "SALE.ORDER_NO"));
@@ -243,7 +245,8 @@ void amountFacts(const FirstLine& from, Bill& bill) {
     return from.facts.add(name, "IF(" + cell + "=\"..\",\"NIL\"," + cell + "&\"\")");
   };
   bill.netWords = words("Amount in words", 2, 6);
-  bill.taxWords = words("Tax in words", 2, 10);
+  const auto taxWords = words("Tax in words", 2, 10), currency = sheet3::cell(1, 34) + "&\"\"";
+  bill.taxWords = from.facts.add("Tax and currency", joined(taxWords, "     ", currency));
 }
 
 }  // namespace
@@ -268,7 +271,10 @@ Bill billFacts(Facts& facts, const Slots& slots) {
   bill.freight = from.text("Freight", "SALE.FREIGHT");
   const auto days = from.raw("Credit days", "SALE.CR_DAYS");
   bill.dueDate = facts.add("Due date", "IF(" + days + "=0,\"\"," + bill.date + "+" + days + ")");
-  bill.placeOfSupply = bill.buyer.state;
+  const auto place = facts.add("Place's code", "IFERROR(VALUE(" + sheet3::cell(1, 32) + "),0)");
+  const auto placed = facts.state("Place by code", place);
+  bill.placeOfSupply =
+      facts.add("Place of supply", "IF(" + place + "=0," + bill.buyer.state + "," + placed + ")");
   bill.narration = from.text("Narration", "SALE.NARRATION");
   bill.irn = from.text("IRN", "SALE.IRNNO");
   amountFacts(from, bill);

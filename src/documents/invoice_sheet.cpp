@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/pattern.h"
 #include "base/text.h"
 #include "base/words.h"
 #include "documents/company_cells.h"
@@ -53,6 +54,21 @@ void supplyCells(DataSheet& sheet, const SupplyWords& said) {
   if (!said.title.empty()) sheet.set(1, 29, said.title);
   if (!said.sentence.empty()) sheet.set(1, 30, said.sentence);
   if (said.reverse) sheet.set(1, 31, words("Yes"));
+}
+
+void exportCells(DataSheet& sheet, const ExportWords& said) {
+  if (said.place != 0) sheet.set(1, 32, said.place);
+  if (!said.endorsement.empty()) sheet.set(1, 33, said.endorsement);
+  if (!said.currency.empty()) sheet.set(1, 34, said.currency);
+}
+
+// A rate in another currency is told with the line's detail.
+void currencyRate(DataSheet& sheet, int row, const Rows& line) {
+  if (line.number("CUR_RT") <= 0 || line.text("CUR_NM").size() <= 1) return;
+  const std::string detail = trim(line.text("ITEM_DESC")),
+                    rate = line.text("CUR_NM") + " " + Format(line.number("CUR_ITM_RT"), "0.00##");
+  sheet.set(row, 1 + line.names().index("ITEM_DESC"),
+            detail.empty() || detail == "." ? rate : detail + ", " + rate);
 }
 
 void wordCells(DataSheet& sheet, const Row& bill) {
@@ -128,6 +144,7 @@ FilledSheet invoiceSheet(Database& db, const std::string& name, const Row& compa
     noteCells(cells, db, number, its);
   else
     supplyCells(cells, supplyWords(db, company, number));
+  exportCells(cells, exportWords(db, *head, its.code, number));
   wordCells(cells, *head);
   accountCells(cells, db, head->text("SALE_CD"));
   itemCells(cells, db, number, its.code);
@@ -139,10 +156,10 @@ FilledSheet invoiceSheet(Database& db, const std::string& name, const Row& compa
     if (sheet.lines == 0) cells.names(kLineNames, 1, lines.names());
     // A line of an item without a category is in neither block: Null is not equal and not unequal.
     if (lines.isNull("DEPT_NAME")) continue;
-    if (sameText(lines.text("DEPT_NAME"), "MISC"))
-      cells.values(kMiscLines + misc++, 1, lines);
-    else
-      cells.values(kLines + ordinary++, 1, lines);
+    const bool other = sameText(lines.text("DEPT_NAME"), "MISC");
+    const int row = other ? kMiscLines + misc++ : kLines + ordinary++;
+    cells.values(row, 1, lines);
+    currencyRate(cells, row, lines);
   }
   if (asked != kinds.end()) rateCells(cells, db, number, **asked);
   return sheet;

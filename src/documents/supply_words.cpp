@@ -1,8 +1,12 @@
 #include "documents/supply_words.h"
 
+#include "base/number.h"
+#include "base/pattern.h"
 #include "base/text.h"
 #include "base/words.h"
+#include "documents/words.h"
 #include "frame/settings.h"
+#include "frame/supply_kinds.h"
 #include "frame/voucher_kinds.h"
 #include "store/dictionary.h"
 
@@ -14,7 +18,51 @@ bool isReverse(Database& db, double number) {
                   saleKind().code);
 }
 
+std::string meantFor(SupplyKind kind) {
+  using enum SupplyKind;
+  switch (kind) {
+    case ExportTaxed:
+      return words("SUPPLY MEANT FOR EXPORT ON PAYMENT OF INTEGRATED TAX");
+    case Export:
+      return words(
+          "SUPPLY MEANT FOR EXPORT UNDER BOND OR LETTER OF UNDERTAKING WITHOUT PAYMENT OF INTEGRATED TAX");
+    case SezTaxed:
+      return words(
+          "SUPPLY TO SEZ UNIT OR SEZ DEVELOPER FOR AUTHORISED OPERATIONS ON PAYMENT OF INTEGRATED TAX");
+    case Sez:
+      return words(
+          "SUPPLY TO SEZ UNIT OR SEZ DEVELOPER FOR AUTHORISED OPERATIONS UNDER BOND OR LETTER OF UNDERTAKING"
+          " WITHOUT PAYMENT OF INTEGRATED TAX");
+    case Deemed:
+      return words("DEEMED EXPORT");
+    default:
+      return {};
+  }
+}
+
 }  // namespace
+
+ExportWords exportWords(Database& db, const Row& line, const std::string& book, double number) {
+  ExportWords said;
+  if (line.number("CUR_RT") > 0 && line.text("CUR_NM").size() > 1)
+    said.currency = words("{currency} {amount} At {rate} : {words}", "currency", line.text("CUR_NM"),
+                          "amount", Format(line.number("CUR_TOTAMT"), "0.00"), "rate",
+                          numText(line.number("CUR_RT")), "words", AmountInWords(line.number("CUR_TOTAMT")));
+  const auto marks = CheckTable(db, "SUPPLY")
+                         ? db.first("SELECT * FROM SUPPLY WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, book)
+                         : std::nullopt;
+  if (!marks || !marks->has("KIND")) return said;
+  said.place = marks->number("POS");
+  const auto day = marks->date("SHIP_DT");
+  std::vector<std::string> facts = {meantFor(supplyKind(marks->number("KIND")))};
+  if (const std::string bill = marks->text("SHIP_NO"); !bill.empty())
+    facts.push_back(words("Shipping Bill {number}", "number", bill));
+  if (day) facts.push_back(formatDate(*day, "dd/MM/yyyy"));
+  for (const char* column : {"PORT", "COUNTRY"}) facts.push_back(marks->text(column));
+  std::erase(facts, "");
+  said.endorsement = join(facts, ", ");
+  return said;
+}
 
 // What its item does not tax either is nil-rated or exempt; a rate of 0 alone may have other reasons.
 SupplyWords supplyWords(Database& db, const Row& company, double number) {

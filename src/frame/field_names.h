@@ -36,6 +36,19 @@ inline constexpr FieldName kReasonName{"reason_name"};
 inline constexpr FieldName kGoods{"goods"};                 // 1: they move with a note
 inline constexpr FieldName kGoodsName{"goods_name"};
 inline constexpr FieldName kSupply{"supply"};               // the marks of a bill, in words
+inline constexpr FieldName kSupplyKind{"supply_kind"};      // export, SEZ, import ...
+inline constexpr FieldName kSupplyKindName{"supply_kind_name"};
+inline constexpr FieldName kPlaceOfSupply{"place_of_supply"};  // code of its state
+inline constexpr FieldName kPlaceName{"place_name"};
+inline constexpr FieldName kShippingBill{"shipping_bill"};  // or bill of entry
+inline constexpr FieldName kShippingDate{"shipping_date"};
+inline constexpr FieldName kPort{"port"};
+inline constexpr FieldName kCountry{"country"};
+inline constexpr FieldName kCurrency{"currency"};
+inline constexpr FieldName kCurrencyRate{"currency_rate"};  // rupees for one
+inline constexpr FieldName kCurrencyTotal{"currency_total"};
+inline constexpr FieldName kCustoms{"customs"};             // account that their tax is owed to
+inline constexpr FieldName kCustomsName{"customs_name"};
 inline constexpr FieldName kAccount{"account"};             // cash or bank
 inline constexpr FieldName kAccountName{"account_name"};
 inline constexpr FieldName kAccountBalance{"account_balance"};
@@ -66,6 +79,7 @@ inline constexpr FieldName kQuantity{"quantity"};
 inline constexpr FieldName kBilled{"billed"};               // the quantity of the bill's line
 inline constexpr FieldName kBefore{"before"};               // what of it has gone back already
 inline constexpr FieldName kRate{"rate"};
+inline constexpr FieldName kCurrencyItemRate{"currency_item_rate"};  // the rate in the bill's currency
 inline constexpr FieldName kDiscount{"discount"};           // percent
 inline constexpr FieldName kCgstRate{"cgst_rate"};
 inline constexpr FieldName kCgstAmount{"cgst_amount"};

@@ -43,6 +43,7 @@ constexpr Setting kSettings[] = {
     {kOneUnit,          9007, How::Choice, "0",           kBooks,  english("Units of an item"),           english("With one for each item the books refuse a second; set by Database Check"), kUnits},
     {kChallansPost,     9010, How::Choice, "0",           kBooks,  english("Challans post as sales"),     english("Goods count once while a bill takes their place; another choice shows after Posting"), kAlone},
     {kComposition,      9012, How::YesNo,  "0",           kBooks,  english("Composition dealer"),         english("New bills collect no tax, new purchases bring no input credit; papers are bills of supply"), kYesNo},
+    {kCustomsAccount,   9040, How::Account, "",           kBooks,  english("Customs"),                    english("Account that the tax on imported goods is owed to; the first import asks")},
 
     {kDiscountAllowed,  9021, How::Account, "X90006",     kMoney,  english("Discount allowed"),           english("Account of the discount in a receipt")},
     {kDiscountReceived, 9022, How::Account, "X90006",     kMoney,  english("Discount received"),          english("Account of the discount in a payment")},

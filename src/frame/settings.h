@@ -32,7 +32,8 @@ inline constexpr std::string_view kExitBackup = "EXITBACKUP", kBackupsKept = "KE
                                   kChallansPost = "CHLNPOST", kDiscountAllowed = "DISCALW",
                                   kDiscountReceived = "DISCREC", kWrittenOff = "WRITEOFF",
                                   kWrittenBack = "WRITEBCK", kTdsReceivable = "TDSREC",
-                                  kTdsPayable = "TDSPAY", kComposition = "COMPOSIT";
+                                  kTdsPayable = "TDSPAY", kComposition = "COMPOSIT",
+                                  kCustomsAccount = "CUSTOMS";
 
 // As text, a choice as its number.
 std::string settingOf(Database& db, const Setting& setting);

@@ -3,7 +3,12 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/number.h"
+#include "base/pattern.h"
+#include "base/states.h"
 #include "base/text.h"
+#include "base/words.h"
+#include "store/dictionary.h"
 
 namespace {
 
@@ -118,7 +123,14 @@ void add(GstSums& sums, const GstSums& more) {
 }  // namespace
 
 GstStatement::GstStatement(Database& db, const GstQuery& query)
-    : db_(db), lines_(selectLines(db, query)), more_(lines_.next()) {}
+    : db_(db), lines_(selectLines(db, query)), more_(lines_.next()) {
+  if (!CheckTable(db, "SUPPLY")) return;
+  db.passOver(kOlderBooks, [&] {
+    for (const Row& row : db.all("SELECT BOOK_CD, VOUCH_NO, POS FROM SUPPLY WHERE POS <> 0"))
+      places_[{row.text(0), row.number(1)}] =
+          Format(row.number(2), "00") + "-" + words(stateName(toInt(row.number(2))));
+  });
+}
 
 bool GstStatement::next() {
   if (++at_ < rows_.size()) return true;
@@ -137,7 +149,11 @@ void GstStatement::readBills() {
     // The lines of a bill share its head.
     const bool same = !rows_.empty() && rows_.back().kind == kind && rows_.back().voucher == voucher;
     GstRow row = same ? rows_.back() : GstRow{.kind = kind, .voucher = voucher};
-    if (row.party == nullptr) readHead(lines_, row);
+    if (row.party == nullptr) {
+      readHead(lines_, row);
+      const auto place = kind ? places_.find({kind->code, voucher}) : places_.end();
+      if (place != places_.end()) row.place = place->second;
+    }
     if (!rows_.empty() && (row.date != rows_[0].date || !sameText(row.bill, rows_[0].bill))) return;
     row.party = party(lines_.value(kParty).whole());
     readLine(lines_, row);

@@ -2,10 +2,12 @@
 
 #include <compare>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "base/date.h"
@@ -53,6 +55,7 @@ struct GstRow {
   const VoucherKind* kind = nullptr;
   double voucher = 0;  // VOUCH_NO of the bill, of several the first
   std::optional<double> roundOff, amount;
+  std::string place = {};  // as the party's state, where the place of supply is another
 };
 
 // The rows one after the other, as the bills are read in their order: the first one costs no more
@@ -74,6 +77,7 @@ class GstStatement {
   std::vector<GstRow> rows_;  // of one date and bill number
   size_t at_ = 0;
   std::unordered_map<std::int64_t, GstParty> parties_;
+  std::map<std::pair<std::string, double>, std::string> places_;  // by book and voucher
 };
 
 // The month rule of the date boxes: the To date that goes with a From date, "01/07/2026" ->

@@ -56,7 +56,7 @@ class GstReading : public ReportReading {
       case kGstin:
         return row.party->gstin;
       case kStateCity:
-        return row.party->state;
+        return row.place.empty() ? row.party->state : row.place;
       case kTaxable:
         return money(row.sums.taxable);
       case kIgstRate:

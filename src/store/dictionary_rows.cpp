@@ -737,11 +737,20 @@ constexpr DictionaryRow own[] = {
     {8, "SETTLES", "ACC_CD",    "Text",   6, "",          102},
     {9, "SETTLES", "AMOUNT",    "Double", 0, "DEFAULT 0", 102},
 
-    // Bills under reverse charge (1), and those whose taxes are no input credit (1).
-    {1, "SUPPLY", "BOOK_CD",    "Text",   2, "",          102},
-    {2, "SUPPLY", "VOUCH_NO",   "Double", 0, "DEFAULT 0", 102},
-    {3, "SUPPLY", "REVERSE",    "Double", 0, "DEFAULT 0", 102},
-    {4, "SUPPLY", "INELIGIBLE", "Double", 0, "DEFAULT 0", 102},
+    // Bills under reverse charge (1), those whose taxes are no input credit (1), and what kind of supply they
+    // are (frame/supply_kinds), with its papers. POS is the state of the place of supply where that is not
+    // the party's, CUSTOMS the account that the tax on imported goods is owed to.
+    {1,  "SUPPLY", "BOOK_CD",    "Text",   2,  "",          102},
+    {2,  "SUPPLY", "VOUCH_NO",   "Double", 0,  "DEFAULT 0", 102},
+    {3,  "SUPPLY", "REVERSE",    "Double", 0,  "DEFAULT 0", 102},
+    {4,  "SUPPLY", "INELIGIBLE", "Double", 0,  "DEFAULT 0", 102},
+    {5,  "SUPPLY", "KIND",       "Double", 0,  "DEFAULT 0", 103},
+    {6,  "SUPPLY", "POS",        "Double", 0,  "DEFAULT 0", 103},
+    {7,  "SUPPLY", "SHIP_NO",    "Text",   20, "",          103},
+    {8,  "SUPPLY", "SHIP_DT",    "DATE",   0,  "",          103},
+    {9,  "SUPPLY", "PORT",       "Text",   10, "",          103},
+    {10, "SUPPLY", "COUNTRY",    "Text",   50, "",          103},
+    {11, "SUPPLY", "CUSTOMS",    "Text",   6,  "",          103},
 
     // A kind is told as in the key column of its vouchers; an empty type stands for all of them.
     {1, "SERIES", "BOOK_CD",  "Text",   20, "",          102},

@@ -1,5 +1,6 @@
 #include "store/engine.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <optional>
@@ -38,7 +39,12 @@ std::optional<std::int64_t> readStill(Database& db, const std::function<void()>&
 }
 
 void ensureTable(Database& db, std::string_view table) {
-  if (!CheckTable(db, table)) db.engine().createTable(std::string(table), dictionaryColumns(table));
+  const auto columns = dictionaryColumns(table);
+  if (!CheckTable(db, table)) return db.engine().createTable(std::string(table), columns);
+  const auto there = db.columns(table);
+  for (const Column& column : columns)
+    if (std::ranges::none_of(there, [&](const Column& c) { return sameText(c.name, column.name); }))
+      db.engine().addColumn(std::string(table), column);
 }
 
 double standingRows(Database& db, const std::string& table) { return db.engine().standingRows(table); }

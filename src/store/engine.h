@@ -195,7 +195,7 @@ void indexWorkTable(Database& db, const std::string& table, const std::string& c
 // meanwhile. Returns how often the books had been changed when it began (Database::changeCount).
 std::optional<std::int64_t> readStill(Database& db, const std::function<void()>& read);
 
-// A table that the dictionary declares, where it is missing.
+// A table that the dictionary declares, where it or some of its columns are missing.
 void ensureTable(Database& db, std::string_view table);
 
 // How many rows the table of the books has, also where a work table stands before it.

@@ -32,6 +32,7 @@ std::optional<AccountFacts> readAccount(Database& db, const std::string& code) {
                       .stateCode = filled(*row, "STATECD"),
                       .balance = ledgerBalance(db, code),
                       .gstin = row->text("GSTINNO"),
+                      .registration = row->text("GSTREGTYP"),
                       .phone = row->text("PHONE1"),
                       .address1 = row->text("ADD1"),
                       .address2 = row->text("ADD2"),

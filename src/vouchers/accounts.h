@@ -10,7 +10,7 @@ struct AccountFacts {
   std::string name;
   std::optional<double> stateCode;  // none when it is not filled in
   double balance = 0;               // the ledger's, since the stored one knows no bill of today
-  std::string gstin, phone, address1, address2, area, person;
+  std::string gstin, registration, phone, address1, address2, area, person;
   std::optional<double> creditDays;
 };
 

@@ -143,6 +143,7 @@ bool GSTNOTE::load(double number) {
   put(kGoods, facts_.goods ? 1 : 0);
   goodsTyped();
   byRate_ = facts_.reason == 2 || facts_.reason == 4;
+  if (!unnamed_) showPanel(false);
   lines_->requery();
   showBills();
   showCurrentLine();
@@ -225,7 +226,10 @@ void GSTNOTE::takeOut() {
     line = its ? originals_.erase(line) : std::next(line);
   }
   if (const auto party = readAccount(data(), trimmed(kParty))) put(kPartyFacts, partyLines(*party));
-  if (!ofTheseBooks()) markAsUsual();
+  if (!ofTheseBooks()) {
+    markAsUsual();
+    readCurrency();
+  }
   lines_->requery();
   sumAgain();
   showCurrentLine();
@@ -252,18 +256,22 @@ Go GSTNOTE::take(const FoundBill& found) {
     showBills();
     return Go::Stay;
   }
-  // One note has its taxes in one way.
-  const Supply marks = readSupply(data(), *kindByBook(found.bill.book), found.bill.voucher);
-  const bool alike = marks.reverse == supply().reverse && marks.ineligible == supply().ineligible;
-  if (ofTheseBooks() && !alike) {
-    host.message(words("Bill {bill} Differs In Reverse Charge Or Input Credit\nMake Another Note For It",
-                       "bill", found.bill.number));
+  // One note has its taxes in one way, and one currency.
+  const Supply marks = supplyOf(found.bill);
+  const Supply own = told();
+  const bool alike = marks.reverse == own.reverse && marks.ineligible == own.ineligible;
+  const bool sameSupply = marks.kind == own.kind && marks.place == own.place && sameCurrency(found.bill);
+  if (ofTheseBooks() && (!alike || !sameSupply)) {
+    host.message(words(
+        alike ? english(
+                    "Bill {bill} Is Another Kind Of Supply, Or In Another Currency\nMake Another Note For It")
+              : english("Bill {bill} Differs In Reverse Charge Or Input Credit\nMake Another Note For It"),
+        "bill", found.bill.number));
     showBills();
     return Go::Stay;
   }
   const bool first = facts_.bills.empty();
   facts_.bills.push_back(found.bill);
-  mark(marks);
   if (first) {
     put(kParty, found.party);
     acceptParty();
@@ -273,13 +281,35 @@ Go GSTNOTE::take(const FoundBill& found) {
       acceptShipTo();
     }
   }
+  mark(marks);
   addBillLines(data(), kind_, value(kNumber), found.bill, originals_);
+  readCurrency();
+  showPanel(false);  // all of it is the bill's
   readBefore(data(), kind_, ownNumber(), originals_);
   lines_->requery();
   at(kLines).visible = true;
   showBills();
   showCurrentLine();
   return Go::On;
+}
+
+// Its own papers of shipping are the bill's alone.
+Supply GSTNOTE::supplyOf(const Original& bill) const {
+  Supply supply = readSupply(data(), *kindByBook(bill.book), bill.voucher);
+  supply.shippingBill.clear();
+  supply.shippingDate.reset();
+  supply.port.clear();
+  return supply;
+}
+
+bool GSTNOTE::sameCurrency(const Original& bill) const {
+  const auto line = data().first(
+      "SELECT CUR_NM, CUR_RT FROM SALEITM WHERE VOUCH_NO = ? AND BOOK_CD = ? AND CUR_RT > 0 AND LEN(CUR_NM) "
+      "> 1"
+      " LIMIT 1",
+      bill.voucher, bill.book);
+  return sameText(line ? line->text(0) : "", trimmed(kCurrency)) &&
+         (line ? line->number(1) : 0) == value(kCurrencyRate);
 }
 
 Go GSTNOTE::takeUnknown(const std::string& number, const std::string& question) {

@@ -43,6 +43,8 @@ class GSTNOTE : public GSTSAPU {
   Go take(const FoundBill& bill);
   Go takeUnknown(const std::string& number, const std::string& question);
   void takeOut();
+  Supply supplyOf(const Original& bill) const;
+  bool sameCurrency(const Original& bill) const;
   bool mayAdd(const std::string& number);
   bool isTaken(const std::string& number) const;
   void showBills();

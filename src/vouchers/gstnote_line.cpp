@@ -34,7 +34,7 @@ void GSTNOTE::lockLine() {
   for (const FieldName own :
        {kItem, kUnit, kDiscount, kCgstRate, kCgstAmount, kSgstRate, kSgstAmount, kIgstRate, kIgstAmount})
     at(own).enabled = entered && !linked_;
-  at(kRate).enabled = entered && (!linked_ || byRate_);
+  for (const FieldName rate : {kRate, kCurrencyItemRate}) at(rate).enabled = entered && (!linked_ || byRate_);
   if (linked_) at(kItemName).enabled = false;
   std::string& keys = at("lblkeys").text;
   if (linked_ && takesBack())
@@ -101,7 +101,7 @@ Go GSTNOTE::quantity() {
   if (leaving()) return Go::On;
   if (!byRate_ || value(kQuantity) == 0) return amount();
   // What is allowed for one is another figure than the rate of the bill.
-  if (fresh) put(kRate, "");
+  if (fresh) put(rateField(), "");
   return Go::On;
 }
 
@@ -116,7 +116,7 @@ Go GSTNOTE::wholeLine() {
   const OriginalLine* const line = original();
   if (!line) return Go::On;
   put(kQuantity, takesBack() ? std::max(line->left(), 0.0) : line->billed);
-  if (quantity() == Go::On) focus(at(kRate));
+  if (quantity() == Go::On) focus(at(rateField()));
   return Go::Stay;
 }
 
@@ -142,6 +142,6 @@ void GSTNOTE::allLines() {
 Go GSTNOTE::rateInstead() {
   byRate_ = !byRate_;
   lockLine();
-  focus(at(byRate_ && linked_ ? kRate : lineStart()));
+  focus(at(byRate_ && linked_ ? rateField() : lineStart()));
   return Go::Stay;
 }

@@ -83,6 +83,7 @@ GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind, const ScreenSpec& theSp
                   {"",           Key::Ctrl('O'),  &GSTSAPU::openSourcesKey  },
                   {"",           Key::Ctrl('R'),  &GSTSAPU::reverseKey      },
   });
+  wireSupply();
   if (isBought(kind))
     wire(*this, {
                     {"", Key::Ctrl('N'), &GSTSAPU::ineligibleKey}
@@ -129,8 +130,11 @@ bool GSTSAPU::acceptParty() {
   session().mlastacc = trimmed(kParty);
   phone_ = account->phone;
   takeState(*account);
+  showPlace();
   at(kPartyFacts).text = partyLines(*account);
   if (mode != "ADD") return true;
+  figured_ = terms();
+  proposeSupply(*account);
   if (kind_.dispatched) put(kDestination, cut(account->area, at(kDestination).limit));
   put(kBillType, "TAX");
   if (account->creditDays) put(kCreditDays, *account->creditDays);
@@ -230,7 +234,10 @@ Go GSTSAPU::destination() { return trimmed(kDestination).empty() ? helpHere() : 
 
 bool GSTSAPU::write(const SaveStamp& stamp, const Saving& how) {
   return whole(data(), [&] {
-    if (!saveBill(data(), kind_, head(), stamp, how, supply_)) return false;
+    const Supply supply = told();
+    if (!saveBill(data(), kind_, head(), stamp, how, supply)) return false;
+    if (!supply.customs.empty() && supply.customs != settingOf(data(), ::kCustomsAccount))
+      storeSetting(data(), ::kCustomsAccount, supply.customs);  // the next import takes it
     keepSources(data(), kind_, value(kNumber), trimmed(kParty), sources_);
     return true;
   });
@@ -255,12 +262,14 @@ Fields GSTSAPU::head() const {
   Fields row = writtenFields(Part::Head);
   const auto given = date(kPartyDate) ? date(kPartyDate) : date(kDate);
   setValue(row, "PRV_BDT", kind_.words.billDate.empty() ? Value() : Value(given));
+  if (inCurrency()) setValue(row, "CUR_TOTAMT", currencyTotal());
   return row;
 }
 
 // What was written against a bill still says what the bill was then.
 bool GSTSAPU::mayBeSaved() {
-  if (supply_.any()) ensureSupply(data());
+  if (!supplyStands()) return false;
+  if (told().any()) ensureSupply(data());
   const std::string notes = mode == "EDIT" ? notesAgainst(data(), kind_, value(kNumber)) : "";
   return notes.empty() ||
          host.ask({.text = english("Notes Stand Against This Bill\nChange It All The Same ?"),
@@ -310,7 +319,9 @@ bool GSTSAPU::load(double number) {
   put(kChallanNumber, "");  // a modify stores it as 0
   readComposition();
   mark(readSupply(data(), kind_, number));
+  readCurrency();
   acceptParty();
+  figured_ = terms();
   if (!trimmed(kShipTo).empty()) acceptShipTo();
   showCurrentLine();
   return true;
@@ -319,22 +330,14 @@ bool GSTSAPU::load(double number) {
 void GSTSAPU::clearHead() {
   VoucherScreen::clearHead();
   period_ = {};
+  proposedTo_.clear();
   put(kPartyFacts, "");
   mark({});
+  showPanel(false);
+  figured_ = terms();
 }
 
 // Marks
-
-void GSTSAPU::mark(const Supply& supply) {
-  supply_ = supply;
-  // The room beside the date of a small window is narrow.
-  const bool both = supply.reverse && supply.ineligible;
-  put(kSupply, both                ? words("Rev. Charge, No ITC")
-               : supply.reverse    ? words("Reverse Charge")
-               : supply.ineligible ? words("No ITC")
-                                   : "");
-  at(kSupply).visible = supply.any();
-}
 
 // What a composition dealer buys has no input credit.
 void GSTSAPU::markAsUsual() { mark({false, composition_ && isBought(kind_)}); }
@@ -342,13 +345,18 @@ void GSTSAPU::markAsUsual() { mark({false, composition_ && isBought(kind_)}); }
 void GSTSAPU::readComposition() { composition_ = settingNumber(data(), kComposition) == 1; }
 
 void GSTSAPU::reverseKey() {
-  if (!typing()) return;
-  mark({!supply_.reverse, supply_.ineligible});
+  if (!typing() || supply_.kind == SupplyKind::ImportServices) return;
+  Supply supply = told();
+  supply.reverse = !supply.reverse;
+  mark(supply);
   sumAgain();
 }
 
 void GSTSAPU::ineligibleKey() {
-  if (typing()) mark({supply_.reverse, !supply_.ineligible});
+  if (!typing()) return;
+  Supply supply = told();
+  supply.ineligible = !supply.ineligible;
+  mark(supply);
 }
 
 void GSTSAPU::takeVoucherAsShown() {

@@ -43,9 +43,14 @@ class GSTSAPU : public VoucherScreen {
   void sourcesShown() override;
   bool unsaved() const override;
   void takeVoucherAsShown() override;
+  // Shows how the bill is marked and what of it can be typed; a line has its taxes by it from then on.
   void mark(const Supply& supply);
   void markAsUsual();
-  const Supply& supply() const { return supply_; }
+  Supply told() const;  // the marks, with what stands in their fields
+  void readCurrency();  // of the lines
+  void showPanel(bool on);
+  // The field in which the rate of a line is typed.
+  FieldName rateField() const { return inCurrency() ? fields::kCurrencyItemRate : fields::kRate; }
 
   // With another table, columns of the lines and, beside the bill's own, lookups.
   GSTSAPU(Host& host, const VoucherKind& kind, const ScreenSpec& spec, std::vector<WorkLines::Shown> shown,
@@ -91,6 +96,37 @@ class GSTSAPU : public VoucherScreen {
   void readComposition();
   void reverseKey();
   void ineligibleKey();
+  // The panel of the kind of supply, the place of supply and the currency.
+  void supplyKey();
+  void wireSupply();
+  static std::vector<ControlSpec> supplyPanel(const VoucherKind& kind);
+  void supplyTyped();
+  Go supplyKindStands();
+  Go placeOfSupply();
+  Go currency();
+  Go currencyRate();
+  Go customs();
+  void proposeSupply(const AccountFacts& party);
+  void layOutPanel();
+  void showMarks();
+  void showPlace();
+  void showCustoms();
+  void takeKind(Supply& supply);
+  bool supplyStands();
+  std::string currencyTyped() const;
+  bool inCurrency() const { return !currencyTyped().empty() && value(fields::kCurrencyRate) > 0; }
+  Go currencyItemRate();
+  void takeCurrencyRate();     // the line's rate in rupees
+  void proposeCurrencyRate();  // the other way round, where none is typed
+  double currencyTotal() const;
+  void refigureLines();
+  void refigureLine();
+  struct Terms {
+    double state = 0, currencyRate = 0;
+    bool zeroRated = false;
+    bool operator==(const Terms&) const = default;
+  };
+  Terms terms() const;
   Fields head() const;
 
   void unlock() { here().locked = false; }
@@ -107,5 +143,8 @@ class GSTSAPU : public VoucherScreen {
   std::string warned_;  // the number that was told of last
   PeriodTest period_;
   Supply supply_, shownSupply_;
+  bool panel_ = false;
+  std::string proposedTo_;    // the party whose kind of supply was proposed last
+  Terms figured_;             // that the lines are worked out by
   bool composition_ = false;  // the shop collects no tax
 };

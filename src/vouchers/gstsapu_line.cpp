@@ -29,6 +29,8 @@ Go GSTSAPU::item() {
     return Go::Stay;
   }
   if (!isMisc() || itemChanged()) put(kItemName, isMisc() ? "" : found->name);
+  if (inCurrency() && itemChanged())
+    for (const FieldName ofOther : {kRate, kCurrencyItemRate}) put(ofOther, "");
   if (!fillRates(found->rateOfTax)) host.message("SPECIFY RATE OF TAX IN ITEM");
   put(kUnit, unitOf(code, found->unit));
   if (!fillFromUnit()) host.message("Check Unit For This Item in Item Master");
@@ -38,8 +40,8 @@ Go GSTSAPU::item() {
 
 bool GSTSAPU::fillRates(const std::optional<double>& rateOfTax) {
   const bool collects = !composition_ || isBought(kind_);
-  const auto texts =
-      splitTax(Val(session().mstatecd), partyState_, collects ? rateOfTax : std::optional<double>(0));
+  const auto texts = splitTax(Val(session().mstatecd), taxedState(told(), partyState_),
+                              collects ? rateOfTax : std::optional<double>(0));
   if (!texts) return false;
   put(kCgstRate, texts->cgst);
   put(kSgstRate, texts->sgst);
@@ -53,6 +55,7 @@ bool GSTSAPU::fillFromUnit() {
   const auto rates = readUnit(data(), kind_, trimmed(kItem), trimmed(kUnit));
   if (!rates) return false;
   takeFromUnit(*rates);
+  proposeCurrencyRate();
   return true;
 }
 
@@ -64,6 +67,8 @@ bool GSTSAPU::putSourceLine(const SourceLine& line) {
   put(kUnit, line.unit);
   put(kQuantity, quantityText(numText(line.quantity)));
   put(kRate, line.rate);
+  put(kCurrencyItemRate, "");
+  proposeCurrencyRate();
   put(kDiscount, line.discount);
   return fillRates(line.taxRate);
 }
@@ -96,7 +101,7 @@ Go GSTSAPU::discount() {
 }
 
 std::vector<FieldName> GSTSAPU::lineInputs() const {
-  return {kQuantity, kRate, kDiscount, kCgstRate, kSgstRate, kIgstRate};
+  return {kQuantity, kRate, kCurrencyItemRate, kDiscount, kCgstRate, kSgstRate, kIgstRate};
 }
 
 bool GSTSAPU::figureLine() {
@@ -105,8 +110,10 @@ bool GSTSAPU::figureLine() {
     put(kDiscount, "");
     return false;
   }
+  takeCurrencyRate();
   valueLine();
   line_.tax({value(kCgstRate), value(kSgstRate), value(kIgstRate)});
+  if (isZeroRated(supply_.kind)) line_.take({});
   put(kCgstAmount, line_.amounts.cgst);
   put(kSgstAmount, line_.amounts.sgst);
   put(kIgstAmount, line_.amounts.igst);
@@ -130,7 +137,7 @@ Go GSTSAPU::taxRate() {
     // An amount that was typed for what the line holds is not lost by walking over its rate.
     if (leaving() && !at(p.amount).given && lineFigured()) return Go::On;
     line_.rates.*p.tax = value(p.rate);
-    line_.amounts.*p.tax = line_.taxAt(value(p.rate));
+    line_.amounts.*p.tax = isZeroRated(supply_.kind) ? 0 : line_.taxAt(value(p.rate));
     put(p.amount, line_.amounts.*p.tax);
     inputIsFigured(p.rate);
     focus(at(p.amount));
@@ -146,6 +153,7 @@ Go GSTSAPU::taxAmount() {
     set(here(), typed);
   }
   valueLine();
+  if (isZeroRated(supply_.kind)) put(here().spec->field, 0);
   line_.take(typedTaxes());
   showNet();
   focus(at(isHere(kCgstAmount) ? kSgstRate : isHere(kSgstAmount) ? kIgstRate : kAmount));
@@ -156,7 +164,7 @@ Taxes GSTSAPU::typedTaxes() const { return {value(kCgstAmount), value(kSgstAmoun
 
 // What the bill asks for beside the goods.
 Taxes GSTSAPU::billedTaxes() const {
-  return supply_.reverse ? Taxes{} : Taxes{value(kCgstTotal), value(kSgstTotal), value(kIgstTotal)};
+  return supply_.leavesTaxesOut() ? Taxes{} : Taxes{value(kCgstTotal), value(kSgstTotal), value(kIgstTotal)};
 }
 
 void GSTSAPU::valueLine() {
@@ -185,10 +193,14 @@ Fields GSTSAPU::lineFields() {
       {"GSTPOST",    1},
   }) line.push_back(std::move(f));
   // clang-format on
-  for (const char* column : {"ITEM_SNAME", "MFG_DT", "EXP_DT", "YOUR_REF", "CUR_NM"})
-    line.push_back({column, "."});
+  const bool foreign = inCurrency();
+  line.push_back({"CUR_NM", foreign ? currencyTyped() : "."});
+  line.push_back({"CUR_RT", foreign ? value(kCurrencyRate) : 0});
+  line.push_back(
+      {"CUR_AMT", foreign ? storedAmount(value(kQuantity), value(kCurrencyItemRate), value(kDiscount)) : 0});
+  for (const char* column : {"ITEM_SNAME", "MFG_DT", "EXP_DT", "YOUR_REF"}) line.push_back({column, "."});
   for (const char* column : {"SALE_DISC1", "TAX_CD", "TAX_RT", "TAX_AMT", "VAT_AMT", "BRKRG", "DESC1",
-                             "CESS_PERC1", "CESS_AMT1", "CUR_RT", "CUR_ITM_RT", "CUR_AMT", "DISC3", "DISC4"})
+                             "CESS_PERC1", "CESS_AMT1", "DISC3", "DISC4"})
     line.push_back({column, 0});
   return line;
 }
@@ -215,6 +227,10 @@ void GSTSAPU::sumLines() {
   const BillTotal total = billTotal(value(kItemsAmount), billedTaxes());
   put(kNetAmount, total.amount);
   put(kRoundOff, total.roundOff);
+  if (inCurrency())
+    put(kCurrencyTotal, currencyTotal());
+  else
+    put(kCurrencyTotal, "");
 }
 
 void GSTSAPU::sumAgain() {

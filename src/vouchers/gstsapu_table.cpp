@@ -9,6 +9,21 @@ using namespace fields;
 // Rows of the screen from top to bottom: voucher and party, bill references, what is known of
 // the party; headings, entry row, keys and grid of the lines; foot and totals; buttons.
 
+namespace {
+
+// Between head and lines.
+Layout withPanel(Layout layout) {
+  layout.bands.insert(layout.bands.begin() + 1,
+                      {fit(),
+                       {{.name = "S",
+                         .columns = {fit(), px(44), part(1, 110), fit(), px(44), part(1, 80), fit(),
+                                     px(84, 70), fit(), px(92, 78), part(0.8, 60)}}},
+                       true});
+  return layout;
+}
+
+}  // namespace
+
 ScreenSpec GSTSAPU::tableOf(const VoucherKind& kind) {
   const bool ours = kind.words.billDate.empty();
   // clang-format off
@@ -47,12 +62,12 @@ ScreenSpec GSTSAPU::tableOf(const VoucherKind& kind) {
       .name = "GSTSAPU",
       .caption = "GST SALE / PURCHASE ENTRY",
       .focusColour = 0xFFC0FF,
-      .layout = voucherLayout(
+      .layout = withPanel(voucherLayout(
           {px(116), {{.name = "A", .width = part(1.15, 350), .columns = {px(56), px(92), px(44), part(1)}},
                      {.name = "B", .width = px(356, 286),    .columns = {px(58), px(92), fit(), part(1)}},
                      {.name = "C", .width = part(1, 250), .frame = Frame::Off}}},
           {px(150), {{.name = "D", .width = part(1), .columns = {fit(), px(44), part(1.15), fit(), part(1)}},
-                     {.name = "E", .width = px(506, 404), .columns = {fit(), px(132), fit(), part(1)}}}}),
+                     {.name = "E", .width = px(506, 404), .columns = {fit(), px(132), fit(), part(1)}}}})),
       .controls = joined({{
           {.name = "Text1",      .index = 0,  .field = kNumber,        .column = "VOUCH_NO",   .holds = Figure,       .label = "V. No",     .at = {.group = "A", .row = 0, .col = 1, .width = 92},  .tab = 8,  .limit = 8,   .keys = Number, .align = Right, .hint = "F1 = By Bill No :: F4 = By Amount :: F8 = By Gstin"},
           {.name = "MaskEdBox1", .index = 0,  .field = kDate,          .column = "VOUCH_DT",   .holds = Holds::Date,  .kind = Kind::Date, .label = "Date", .at = {.group = "A", .row = 0, .col = 3, .width = 112}, .tab = 9, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},
@@ -60,14 +75,14 @@ ScreenSpec GSTSAPU::tableOf(const VoucherKind& kind) {
           {.name = "Text2", .field = kPartyName, .at = {.group = "A", .row = 1, .col = 2, .span = 2},    .enabled = false},
           {.name = "Text1",      .index = 32, .field = kShipTo,        .column = "CASH_CD",                           .label = "Ship To",   .at = {.group = "A", .row = 2, .col = 1, .width = 92},  .tab = 11, .limit = 6,   .keys = Number, .hint = "F8 = By Gstin :: Tab = Leave Empty"},
           {.name = "Text3", .field = kShipToName, .at = {.group = "A", .row = 2, .col = 2, .span = 2},    .enabled = false},
-          {.name = "Text1",      .index = 47, .field = kBillType,      .column = "BL_TYPE",                           .label = "B.Type",    .at = {.group = "B", .row = 0, .col = 1, .width = 92},  .tab = 12, .limit = 10,  .keys = Letters},
+          {.name = "Text1",      .index = 47, .field = kBillType,      .column = "BL_TYPE",                           .label = "B.Type",    .at = {.group = "B", .row = 0, .col = 1, .width = 92},  .tab = 12, .limit = 10,  .keys = Letters, .hint = isBought(kind) ? english("Ctrl+E = Import, Place Of Supply") : english("Ctrl+E = Export, SEZ, Place Of Supply")},
           {.name = "Text1",      .index = 43, .field = kBillNumber,    .column = "BILL_NO",    .holds = Holds::Typed, .label = "B.No",      .at = {.group = "B", .row = 0, .col = 3},               .tab = 13, .limit = 20,  .keys = Letters},
           // The party's own date follows its number, of which it shares the place in the walk.
           {.name = "MaskEdBox1", .index = 2,  .field = kPartyDate,     .column = "PRV_BDT",    .holds = Holds::Date,  .kind = Kind::Date, .label = kind.words.billDate, .at = {.group = "B", .row = 1, .col = 3, .width = 112}, .tab = 13, .visible = !ours, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},
           {.name = "Text1",      .index = 62, .field = kChallanNumber, .column = "CHLN_NO",    .holds = Figure,       .label = "Chln No",   .at = {.group = "B", .row = 1, .col = 1, .span = ours ? 3 : 1}, .tab = 14, .limit = 50,  .keys = Number},
           {.name = "Text1",      .index = 16, .field = kOrderNumber,   .column = "ORDER_NO",                          .label = "Ordr No",   .at = {.group = "B", .row = 2, .col = 1, .span = 3},    .tab = 15, .limit = 50,  .keys = Letters},
           {.name = "Label1", .index = 54, .field = kPartyFacts, .kind = Kind::Label,  .at = {.group = "C", .rows = 3}},
-
+      }, supplyPanel(kind), {
           lineNumber(),
           {.name = "Text1",      .index = 5,  .field = kItem,          .column = "ITEM_CD",                           .label = "Item",             .at = {.group = "entry", .col = 1},  .tab = 16, .limit = 15,  .keys = Letters, .hint = "F2 = With Stock :: Insert = New Item"},
           {.name = "Text1",      .index = 6,  .field = kItemName,      .column = "ITEM_NAME",                         .label = "Item Description", .at = {.group = "entry", .col = 2},  .tab = 17, .limit = 100, .keys = Letters, .enabled = false},
@@ -75,6 +90,7 @@ ScreenSpec GSTSAPU::tableOf(const VoucherKind& kind) {
           {.name = "Text1",      .index = 7,  .field = kUnit,          .column = "SIZE_CD",    .holds = Holds::Typed, .label = "Unit",             .at = {.group = "entry", .col = 4},  .tab = 19, .limit = 20,  .keys = Letters},
           {.name = "Text1",      .index = 8,  .field = kQuantity,      .column = "QUANTITY",   .holds = Figure,       .label = "Qty",              .at = {.group = "entry", .col = 5},  .tab = 20, .limit = 15,  .keys = Number,  .align = Right},
           {.name = "Text1",      .index = 9,  .field = kRate,          .column = "RATE",       .holds = Figure,       .label = "Rate",             .at = {.group = "entry", .col = 6},  .tab = 21, .limit = 15,  .keys = Number,  .align = Right, .hint = kind.words.rateHint},
+          {.name = "Text1",      .index = 93, .field = kCurrencyItemRate, .column = "CUR_ITM_RT", .holds = Figure,    .label = "Rate",             .at = {.group = "entry", .col = 6},  .tab = 21, .limit = 15,  .keys = Number,  .visible = false, .align = Right, .hint = "In The Currency Of The Bill"},
           {.name = "Text1",      .index = 11, .field = kDiscount,      .column = "SALE_DISC",  .holds = Figure,       .label = "D%",               .at = {.group = "entry", .col = 7},  .tab = 22, .limit = 15,  .keys = Number,  .align = Right},
           {.name = "Text1",      .index = 12, .field = kCgstRate,      .column = "CGSTRT",     .holds = Figure,       .label = "Cgst",             .at = {.group = "entry", .col = 8},  .tab = 23, .limit = 15,  .keys = Number,  .align = Right},
           {.name = "Text1",      .index = 13, .field = kCgstAmount,    .column = "CGSTAMT",    .holds = Figure,       .at = {.group = "entry", .col = 9},  .tab = 24, .limit = 15,  .keys = Letters, .align = Right},

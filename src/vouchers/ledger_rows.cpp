@@ -38,7 +38,7 @@ std::vector<LedgerRow> billRows(const BillPosting& b, const VoucherKind& kind, c
   for (const TaxPosting& tax : taxPostings(kind, supply)) {
     const double amount =
         b.*std::array{&BillPosting::cgst, &BillPosting::sgst, &BillPosting::igst}[tax.which];
-    if (amount != 0 || !supply.any())
+    if (amount != 0 || !supply.postsOtherwise())
       rows.push_back({tax.side, tax.account, b.party, amount, none, b.narration, {}});
   }
   // A bill that was rounded down is worth more than it asks for.

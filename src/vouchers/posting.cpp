@@ -211,19 +211,30 @@ void post(Run& run, const VoucherKind& kind, std::span<const Posted> rows) {
              row.side);
 }
 
-// The rows of its taxes, each with the further condition on the bills that have it.
-std::vector<std::pair<TaxPosting, std::string>> taxesOf(Database& db, const VoucherKind& kind) {
+// A row of a tax: its account as an expression, and the further condition on the bills that have it.
+struct PostedTax {
+  TaxPosting tax;
+  std::string account, when;
+};
+
+std::vector<PostedTax> taxesOf(Database& db, const VoucherKind& kind) {
   const std::vector<Supply> marks = marksOf(db, kind);
-  const std::string list = kList, its = " (SELECT 1 FROM SUPPLY AS S WHERE S.VOUCH_NO = " + list +
+  const std::string list = kList, its = " FROM SUPPLY AS S WHERE S.VOUCH_NO = " + list +
                                         ".VOUCH_NO AND S.BOOK_CD = " + list + ".BOOK_CD";
   const auto figure = [](bool is) { return is ? "1" : "0"; };
-  std::vector<std::pair<TaxPosting, std::string>> all;
-  for (TaxPosting& tax : taxPostings(kind, {}))
-    all.emplace_back(std::move(tax), marks.empty() ? "" : " AND NOT EXISTS" + its + ")");
+  std::vector<PostedTax> all;
+  const auto add = [&](const Supply& mark, const std::string& when) {
+    for (TaxPosting& tax : taxPostings(kind, mark)) {
+      const std::string code =
+          tax.account == kTheirCustoms ? "(SELECT S.CUSTOMS" + its + ")" : account(tax.account);
+      all.push_back({std::move(tax), code, when});
+    }
+  };
+  add({}, marks.empty() ? "" : " AND NOT EXISTS (SELECT 1" + its + ")");
   for (const Supply& mark : marks)
-    for (TaxPosting& tax : taxPostings(kind, mark))
-      all.emplace_back(std::move(tax), " AND EXISTS" + its + " AND S.REVERSE = " + figure(mark.reverse) +
-                                           " AND S.INELIGIBLE = " + figure(mark.ineligible) + ")");
+    add(mark, " AND EXISTS (SELECT 1" + its + " AND S.REVERSE = " + figure(mark.reverse) +
+                  " AND S.INELIGIBLE = " + figure(mark.ineligible) + " AND COALESCE(S.CUSTOMS, '') " +
+                  (mark.customs.empty() ? "= '')" : "<> '')"));
   return all;
 }
 
@@ -243,10 +254,10 @@ void postBills(Run& run, const VoucherKind& kind) {
   };
   // clang-format on
   // A tax below 0 belongs to a bill of negative amount, which would not balance without it.
-  for (const auto& [tax, marked] : taxesOf(run.db, kind)) {
+  for (const auto& [tax, code, when] : taxesOf(run.db, kind)) {
     const char* const amount = std::array{"TCGSTRT", "TSGSTRT", "TIGSTRT"}[tax.which];
-    rows.push_back({tax.side, account(tax.account), "PARTY_CD", amount, "NARRATION", "NULL", "NULL",
-                    amount + (" <> 0" + marked)});
+    rows.push_back(
+        {tax.side, code, "PARTY_CD", amount, "NARRATION", "NULL", "NULL", amount + (" <> 0" + when)});
   }
   // clang-format off
   rows.push_back({ours,   rounds, "PARTY_CD", "ABS(ROUND_OFF)", "NARRATION", "BILL_NO", "NULL", "ROUND_OFF < 0"});
@@ -316,6 +327,7 @@ void postEverything(Database& db, const PostingProgress& progress) {
 
 void postAll(Database& db, const PostingProgress& progress) {
   const BulkWriting bulk(db);
+  if (CheckTable(db, "SUPPLY")) ensureSupply(db);  // what its rows are posted by
   whole(db, [&] { postEverything(db, progress); });
 }
 

@@ -17,7 +17,7 @@
 
 namespace {
 
-// Columns that a bill carries for other kinds of trade.
+// Columns that a bill carries for other kinds of trade, where it does not hold them.
 constexpr const char* kNil[] = {
     "DISC_PERC1", "DISC_PERC2", "DISC_PERC3", "DISC_AMT1", "DISC_AMT2", "DISC_AMT3",   "DISC_CD1",
     "DISC_CD2",   "DISC_CD3",   "TOT_VAT",    "TOT_TAX",   "CHRG_AMT1", "CHRG_AMT2",   "CHRG_AMT3",
@@ -71,8 +71,11 @@ Fields headRow(Database& db, const VoucherKind& kind, const Fields& bill, const 
   }) row.push_back(std::move(f));
   // clang-format on
   addStamp(row, stamp);
-  for (const char* column : kDots) row.push_back({column, "."});
-  for (const char* column : kNil) row.push_back({column, 0});
+  const auto otherwise = [&](const char* column, const Value& value) {
+    if (std::ranges::find(row, column, &Field::column) == row.end()) row.push_back({column, value});
+  };
+  for (const char* column : kDots) otherwise(column, ".");
+  for (const char* column : kNil) otherwise(column, 0);
   const std::string govId = transporterGovId(db, valueOf(row, "TRANSPORT").text());
   if (!govId.empty()) row.push_back({"TRANS_GOV_ID", govId});
   return row;

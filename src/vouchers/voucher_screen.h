@@ -174,6 +174,7 @@ class VoucherScreen : public ChildScreen {
   bool backFromRates() { return std::exchange(backFromRates_, false); }
 
   void storeLine();
+  bool lineStands() const;  // as the list has it
   void showCurrentLine();
   void showSerial();
   void clearAll();
@@ -234,7 +235,6 @@ class VoucherScreen : public ChildScreen {
   std::vector<double> inputs() const;
   std::string lineTexts() const;
   bool workFields(Part part);
-  bool lineStands() const;  // as the list has it
   bool storeTypedLine();
   bool figureAmount();
   bool tooLarge(Part part);
