@@ -61,6 +61,7 @@ class Party:
     city: str = ""
     area: str = ""
     phone: str = ""
+    abroad: bool = False  # trades over a border, and in no other way
 
 
 @dataclass
@@ -77,9 +78,12 @@ class Line:
     net: float = 0
     typed: float = None  # IGST as typed, until the line runs through again
     taken: float = 0  # of this line of a bill, while a note is written against it
+    zero: bool = False  # its rates stand, and no tax is charged
+    foreign: float = 0  # its rate in the bill's currency
 
     def work_out(self, typed=None):
-        self.amount, self.amounts, self.net = rules.bill_line(self.quantity, self.rate, self.discount, self.taxes, typed)
+        charged = (0, 0, 0) if self.zero else self.taxes
+        self.amount, self.amounts, self.net = rules.bill_line(self.quantity, self.rate, self.discount, charged, typed)
 
 
 @dataclass
@@ -102,9 +106,19 @@ class Bill:
     settles: Decimal = Decimal(0)  # of a note that takes back: how much of it
     reason: int = 1
     taken: list = ()  # the bill's lines as the note found them
+    kind: int = 0  # of its supply, as typed
+    place: int = 0
+    currency: tuple = None  # its name and the rupees for one
+    papers: tuple = ()  # number and date of the shipping bill or bill of entry
+    customs: str = ""
 
     def work_out(self):
-        self.value, self.taxes, self.quantity, self.rounding, self.net = rules.bill_totals(self.lines)
+        bought_abroad = self.book in ("PU", "PR") and self.kind
+        self.value, self.taxes, self.quantity, self.rounding, self.net = rules.bill_totals(self.lines, not bought_abroad)
+
+    def foreign(self):
+        lines = sum(rules.bill_line(l.quantity, l.foreign, l.discount, (0, 0, 0))[0] for l in self.lines)
+        return rules.rounded(lines + (self.net - self.rounding - self.value) / self.currency[1], 2)
 
 
 @dataclass
@@ -220,9 +234,9 @@ class Books:
         same = [c for c in self.challans.values() if c.type == kind]
         return max(same, key=lambda c: c.number).challan_number + 1 if same else 1
 
-    def taxes(self, item, party):
+    def taxes(self, item, party, place=0):
         """The halves inside the state, the whole for another one."""
-        return (item.tax / 2, item.tax / 2, 0) if party.state == STATE else (0, 0, item.tax)
+        return (item.tax / 2, item.tax / 2, 0) if (place or party.state) == STATE else (0, 0, item.tax)
 
     def name(self, code):
         return SYSTEM.get(code) or next(p.name for p in self.parties if p.code == code)
@@ -271,6 +285,8 @@ class Books:
             entry(theirs, goods, code, v.value, reference, v.lorry)
             for account, amount in zip(taxes, v.taxes):
                 entry(theirs, account, code, amount, "")
+            if v.book in ("PU", "PR") and v.kind:
+                entry(ours, v.customs or OUTPUT[2], code, v.taxes[2], "")
             entry(ours if v.rounding < 0 else theirs, ROUNDING, code, abs(v.rounding), reference)
         return rows
 

@@ -2,13 +2,14 @@
 from books import CASH, CREDITORS, REASONS
 from rules import money, number, rounded
 from shop import Shop
+from trade import Border
 
 MISC_WORK = "FITTING AT SITE"
 MENUS = {"SA": "SALE", "PU": "PURCHASE", "SR": "SALERET", "SD": "SALEDEB", "PR": "PURCHRET", "RC": "RECEIPT", "PY": "PAYMENT",
          "IC": "INCOME", "EP": "EXPENSE", "JV": "JOURNAL", "CN": "CONTRA"}
 
 
-class Clerk(Shop):
+class Clerk(Shop, Border):
     def add(self, menu, voucher):
         self.at(menu)
         self.s.keys("Alt+A")

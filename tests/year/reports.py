@@ -5,6 +5,7 @@ from decimal import Decimal
 
 from books import ADVANCES, BANKS, CASH, CREDITORS, DEBTORS, DUTIES, PERIOD, REASONS
 from rules import dec, money, number
+from trade import PLACES
 
 KINDS = {"SA": "Sale Bill", "PU": "Purchase", "SR": "Credit Note", "SD": "Debit Note", "PR": "Purchase Return", "CH": "Challan",
          "RC": "Receipt", "PY": "Payment", "IC": "Income", "EP": "Expense", "JV": "Journal", "CN": "Contra"}
@@ -85,7 +86,8 @@ class Reports:
             for taxes, lines in groups.items():
                 add = lambda figure: money(sum((dec(figure(line)) for line in lines), Decimal(0)))
                 igst, cgst, sgst = taxes
-                cells = [b.bill_number, b.day.strftime(FAST), b.party.name, b.party.gstin, "%02d-%s" % (b.party.state, b.party.city),
+                cells = [b.bill_number, b.day.strftime(FAST), b.party.name, b.party.gstin,
+                         "%02d-%s" % (b.place, PLACES[b.place]) if b.place else "%02d-%s" % (b.party.state, b.party.city),
                          add(lambda l: l.amount), number(igst), add(lambda l: l.amounts[2]), number(cgst), add(lambda l: l.amounts[0]),
                          number(sgst), add(lambda l: l.amounts[1]), add(lambda l: l.net)]
                 rows.append(((b.day, b.bill_number, b.party.gstin, taxes), cells))

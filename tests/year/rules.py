@@ -25,11 +25,11 @@ def bill_line(quantity, rate, discount, taxes, typed=None):
     return amount, amounts, net
 
 
-def bill_totals(lines):
+def bill_totals(lines, with_taxes=True):
     """Value, three taxes, quantity, round-off and the amount of a bill in whole rupees."""
     value = rounded(sum(line.amount for line in lines), 2)
     taxes = [rounded(sum(line.amounts[i] for line in lines), 2) for i in range(3)]
-    total = value + taxes[0] + taxes[1] + taxes[2]
+    total = value + taxes[0] + taxes[1] + taxes[2] if with_taxes else value
     net = rounded(total, 0)
     return value, taxes, rounded(sum(line.quantity for line in lines), 2), rounded(net - rounded(total, 2), 2), net
 

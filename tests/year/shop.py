@@ -6,6 +6,7 @@ class Shop:
     def __init__(self, script, books):
         self.s, self.books = script, books
         self.desk = None
+        self.chosen = set()  # books whose account of customs is known
         self.taxed = set()  # books whose account of TDS has been chosen
 
     def at(self, menu):

@@ -8,6 +8,7 @@ from books import (ADVANCES, BANKS, CAPITAL, CASH, CREDITORS, DEBTORS, DUTIES, E
 from clerk import MISC_WORK, Clerk
 from rules import bill_date_passes, bill_line, dec, rounded
 from script import Script
+from trade import Trade, partners
 
 RATES = [0, 5, 12, 18, 28]
 KINDS = ["GRAIN BAG", "SPICE BOX", "LADDER", "LAMP", "PAINT", "HAMMER", "ROPE", "BASIN"]
@@ -21,10 +22,10 @@ RESTARTS = 3, 8  # months before which the program is started anew
 
 def rules_of(line):
     """The taxes that its rates make, which a typed one is not."""
-    return bill_line(line.quantity, line.rate, line.discount, line.taxes)[1]
+    return bill_line(line.quantity, line.rate, line.discount, (0, 0, 0) if line.zero else line.taxes)[1]
 
 
-class Year:
+class Year(Trade):
     def __init__(self, seed):
         self.rng = random.Random(seed)
         self.books, self.script = Books(), Script()
@@ -60,6 +61,7 @@ class Year:
             books.items.append(Item("I%07d" % (n + 1), "%s %02d" % (KINDS[n % 8], n + 1), category.code, category.tax, category.hsn, units))
         books.parties = [self.party(n) for n in range(28)]
         books.parties += [Party("A%05d" % (29 + n), name, group, 24, "", 0) for n, (name, group) in enumerate(ACCOUNTS)]
+        books.parties += partners(len(books.parties) + 1)
         self.clerk.categories(made)
         self.clerk.items(books.items)
         self.clerk.parties(books.parties)
@@ -98,6 +100,7 @@ class Year:
         after = (first + datetime.timedelta(32)).replace(day=1)
         days = sorted(rng.sample(range((after - first).days), 9))
         entries = ["bill"] * 25 + ["purchase"] * 3 + ["receipt"] * 5 + ["payment"] * 2 + ["challan", "quotation", "expense"] * 2
+        entries += ["export", "abroad", rng.choice(["zone", "elsewhere"])]
         entries += ["income", "journal", "journal", "contra", "note", rng.choice(["debit_note", "purchase_return"])]
         entries += rng.sample(["mend", "head", "drop", "add"], 3) + rng.choice([["delete"], []]) + [rng.choice(["mend_challan", "mend_quotation", "mend_money"])]
         for kind in ("challan", "money", "quotation", "last"):
@@ -118,7 +121,7 @@ class Year:
                 self.newcomers()
 
     def choose(self, group):
-        return self.rng.choice([p for p in self.books.parties if p.group == group])
+        return self.rng.choice([p for p in self.books.parties if p.group == group and not p.abroad])
 
     def line(self, party, purchase=False):
         rng = self.rng
@@ -173,15 +176,17 @@ class Year:
     def purchase(self):
         self.bill("PU")
 
-    def some_bill(self, lines=1):
-        found = [b for b in self.books.bills["SA"].values() if len(b.lines) >= lines and not self.books.is_bound(b)]
+    def some_bill(self, lines=1, marked=False):
+        """One that goes by the party's state alone, unless such a one may be marked otherwise; never one in a currency."""
+        found = [b for b in self.books.bills["SA"].values()
+                 if len(b.lines) >= lines and not b.currency and (marked or not (b.kind or b.place)) and not self.books.is_bound(b)]
         b = self.rng.choice(found) if found else None
         if b:
             b.challan = 0  # the screen does not show it again
         return b
 
     def mend(self):
-        if b := self.some_bill():
+        if b := self.some_bill(marked=True):
             index = self.rng.randrange(len(b.lines))
             line = b.lines[index]
             line.quantity, line.discount = self.rng.choice([1, 4, 6.25]), self.rng.choice([0, 2.5, line.discount])
@@ -193,7 +198,7 @@ class Year:
     def head(self):
         if b := self.some_bill():
             b.day, b.narration, was = self.some_day(), "CHANGED AT NOON", b.party
-            other = self.rng.choice([p for p in self.books.parties if p.group == DEBTORS and p.state == was.state])
+            other = self.rng.choice([p for p in self.books.parties if p.group == DEBTORS and p.state == was.state and not p.abroad])
             if self.rng.random() < 0.5:  # the number goes on, and so do days and destination
                 b.party = other
             self.books.saved(b)
@@ -216,7 +221,7 @@ class Year:
             self.clerk.add_line(b)
 
     def delete(self):
-        if b := self.some_bill():
+        if b := self.some_bill(marked=True):
             del self.books.bills["SA"][b.number]
             self.clerk.delete("SALE", b)
 
@@ -246,7 +251,7 @@ class Year:
             lines.append(new)
         number = books.next(books.bills[book])
         n = Bill(book, number, day, b.party, "TAX", books.next_bill_number("TAX", book), b.party.days if book == "SD" else 0, lines, rng.choice(["", "AS TALKED OVER"]),
-                 original=b, reason=rng.choice([1, 3]), taken=b.lines)
+                 original=b, reason=rng.choice([1, 3]), taken=b.lines, kind=b.kind, place=b.place, currency=b.currency, customs=b.customs)
         n.work_out()
         if n.net == 0:
             return
