@@ -1,8 +1,11 @@
 #include "reports/bill_columns.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "base/text.h"
 #include "base/words.h"
+#include "frame/supply_kinds.h"
 #include "store/dictionary.h"
 
 Condition askedOfBills(const ReportQuery& q) {
@@ -42,14 +45,23 @@ void BillMarks::addTo(std::vector<ReportColumn>& columns) const {
 }
 
 BillMarks billMarks(Database& db, const std::string& book) {
+  const auto& columns = db.columns("SUPPLY");  // books that an update has yet to reach know no kinds
+  const bool kinds = std::ranges::any_of(columns, [](const Column& c) { return sameText(c.name, "KIND"); });
+  const std::string marked =
+      kinds ? "REVERSE = 1 OR INELIGIBLE = 1 OR KIND > 0" : "REVERSE = 1 OR INELIGIBLE = 1";
   if (!CheckTable(db, "SUPPLY") ||
-      !db.first("SELECT 1 FROM SUPPLY WHERE BOOK_CD = ? AND (REVERSE = 1 OR INELIGIBLE = 1) LIMIT 1", book))
+      !db.first("SELECT 1 FROM SUPPLY WHERE BOOK_CD = ? AND (" + marked + ") LIMIT 1", book))
     return {};
-  return {
-      .expression =
-          ", (SELECT CASE WHEN REVERSE = 1 AND INELIGIBLE = 1 THEN ? WHEN REVERSE = 1 THEN ?"
-          " WHEN INELIGIBLE = 1 THEN ? ELSE '' END FROM SUPPLY WHERE SUPPLY.VOUCH_NO ="
-          " SALE.VOUCH_NO AND SUPPLY.BOOK_CD = SALE.BOOK_CD) AS MARKS",
-      .values = {words("Rev. Charge, No ITC"), words("Rev. Charge"), words("No ITC")}
-  };
+  std::string kind;
+  std::vector<Value> names;
+  for (int n = 1; kinds && !supplyName(supplyKind(n)).empty(); ++n) {
+    kind += " WHEN KIND = ? THEN ?";
+    names.insert(names.end(), {n, supplyName(supplyKind(n))});
+  }
+  names.insert(names.end(), {words("Rev. Charge, No ITC"), words("Rev. Charge"), words("No ITC")});
+  return {.expression = ", (SELECT CASE" + kind +
+                        " WHEN REVERSE = 1 AND INELIGIBLE = 1 THEN ? WHEN REVERSE = 1 THEN ?"
+                        " WHEN INELIGIBLE = 1 THEN ? ELSE '' END FROM SUPPLY WHERE SUPPLY.VOUCH_NO ="
+                        " SALE.VOUCH_NO AND SUPPLY.BOOK_CD = SALE.BOOK_CD) AS MARKS",
+          .values = names};
 }

@@ -5,7 +5,7 @@ from decimal import Decimal
 
 from books import ADVANCES, BANKS, CASH, CREDITORS, DEBTORS, DUTIES, PERIOD, REASONS
 from rules import dec, money, number
-from trade import PLACES
+from trade import NAMES, PLACES
 
 KINDS = {"SA": "Sale Bill", "PU": "Purchase", "SR": "Credit Note", "SD": "Debit Note", "PR": "Purchase Return", "CH": "Challan",
          "RC": "Receipt", "PY": "Payment", "IC": "Income", "EP": "Expense", "JV": "Journal", "CN": "Contra"}
@@ -63,8 +63,8 @@ class Reports:
 
     def bill_register(self, bills):
         rows = [[b.bill_number, b.day.strftime(FAST), b.party.name, b.party.area, b.party.gstin, money(b.value), *map(money, b.taxes),
-                 money(b.rounding), money(b.net)] for b in bills]
-        return total(rows, range(5, 11), 11) if rows else []
+                 money(b.rounding), money(b.net), NAMES["SA"][b.kind]] for b in bills]
+        return total(rows, range(5, 11), 12) if rows else []
 
     def detailed_register(self, bills):
         rows, mains = [], []
@@ -166,8 +166,8 @@ class Reports:
 
     def purchases(self):
         rows = [[str(b.number), b.day.strftime(FAST), b.bill_number, b.day.strftime(FAST), b.party.name, b.party.gstin, money(b.value),
-                 *map(money, b.taxes), money(b.rounding), money(b.net)] for b in sorted(self.books.bills["PU"].values(), key=lambda b: (b.day, b.number))]
-        self.show("PURREG", total(rows, range(6, 12), 12))
+                 *map(money, b.taxes), money(b.rounding), money(b.net), NAMES["PU"][b.kind]] for b in sorted(self.books.bills["PU"].values(), key=lambda b: (b.day, b.number))]
+        self.show("PURREG", total(rows, range(6, 12), 13))
 
     def notes(self):
         """A line a kind with its sums, its notes under it; kinds are not summed together."""
