@@ -139,7 +139,8 @@ bool VoucherScreen::meansNothing() {
 
 // Money that settles it would be left over.
 bool VoucherScreen::mayStandSmaller() {
-  if (mode != "EDIT" || kind_.party.offered.empty()) return true;  // a journal has no party of its own
+  if (mode != "EDIT" || !find(kNetAmount.text))
+    return true;  // journals and contras name their parties line by line
   const auto question =
       settledQuestion(data(), {kind_.code, value(kNumber)}, trimmed(kParty), value(kNetAmount));
   return !question || host.ask(*question);
