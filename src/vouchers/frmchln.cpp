@@ -136,7 +136,7 @@ void FRMCHLN::sumAgain() {
 bool FRMCHLN::write(const SaveStamp& stamp, const Saving& how) {
   return whole(data(), [&] {
     if (!saveChallan(data(), kind_, writtenFields(Part::Head), stamp, how)) return false;
-    keepSources(data(), kind_, value(kNumber), trimmed(kParty), sources_);
+    keepTaken();
     return true;
   });
 }

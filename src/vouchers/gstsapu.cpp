@@ -238,7 +238,7 @@ bool GSTSAPU::write(const SaveStamp& stamp, const Saving& how) {
     if (!saveBill(data(), kind_, head(), stamp, how, supply)) return false;
     if (!supply.customs.empty() && supply.customs != settingOf(data(), ::kCustomsAccount))
       storeSetting(data(), ::kCustomsAccount, supply.customs);  // the next import takes it
-    keepSources(data(), kind_, value(kNumber), trimmed(kParty), sources_);
+    keepTaken();
     return true;
   });
 }

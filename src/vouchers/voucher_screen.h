@@ -76,6 +76,9 @@ class VoucherScreen : public ChildScreen {
   virtual bool partyTaken() { return true; }
   virtual bool putSourceLine(const SourceLine&) { return true; }
   virtual void sourcesShown() {}
+  // Inside the transaction of the save: keeps what the voucher is made from. Raises std::runtime_error where
+  // one is not any more what it was when its lines were taken.
+  void keepTaken();
   virtual bool needsParty() const { return false; }  // Save refuses it without one, else it asks
   // A voucher that says nothing is saved when it is meant so; true when it is not to be.
   virtual bool meansNothing();
@@ -257,9 +260,13 @@ class VoucherScreen : public ChildScreen {
   std::string shownLines_;  // all lines, as the voucher was shown
   std::string lineItem_;    // the item that the line was filled from, and the rate of its unit
   double fromUnit_ = 0;
-  bool rateTyped_ = false;                            // by hand, since the line was shown
-  std::string chosenUnit_;                            // of the row chosen in a list of items
-  std::map<std::string, std::vector<double>> taken_;  // serials of their lines
+  bool rateTyped_ = false;  // by hand, since the line was shown
+  std::string chosenUnit_;  // of the row chosen in a list of items
+  struct Taken {
+    std::vector<double> serials;  // of its lines
+    std::string asStored;
+  };
+  std::map<std::string, Taken> taken_;
   std::string standing_;
   bool drilledDown_ = false;
   bool atRest_ = true;

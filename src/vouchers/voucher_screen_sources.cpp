@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <stdexcept>
 
 #include "base/number.h"
 #include "base/text.h"
@@ -66,13 +67,14 @@ void VoucherScreen::take(const MadeFrom& from) {
     if (!text.empty() && trimmed(field).empty()) put(field, text);
 
   while (lines_->onRow()) lines_->next();
-  std::vector<double>& serials = taken_[from.book + numText(from.voucher)];
+  Taken& taken = taken_[from.book + numText(from.voucher)];
+  taken.asStored = asStored(data(), *kindByBook(from.book), from.voucher);
   std::vector<std::string> untaxed;
   for (const SourceLine& line : readSourceLines(data(), from)) {
     clearLine();
     if (!putSourceLine(line)) untaxed.push_back(line.item);
     if (!figureLine()) continue;
-    serials.push_back(lines_->serial());
+    taken.serials.push_back(lines_->serial());
     lines_->store(lineFields());
     lines_->next();
   }
@@ -93,10 +95,24 @@ void VoucherScreen::takeOut(const MadeFrom& from) {
   if (lines.empty())
     host.message(words("It Is Open Again With The Save :: Delete Its Lines By F10"));
   else
-    for (const double serial : lines.mapped())
+    for (const double serial : lines.mapped().serials)
       data().exec("DELETE FROM " + kind_.tables.work + " WHERE " + kind_.tables.serial + " = ?", serial);
   lines_->requery();
   showSources();
+}
+
+// One that was taken into another voucher, or has gone, tells so itself.
+void VoucherScreen::keepTaken() {
+  keepSources(data(), kind_, value(kNumber), trimmed(kParty), sources_);
+  for (const MadeFrom& from : sources_) {
+    const auto taken = taken_.find(from.book + numText(from.voucher));
+    if (taken == taken_.end() ||
+        taken->second.asStored == asStored(data(), *kindByBook(from.book), from.voucher))
+      continue;
+    const auto head = readSource(data(), from);
+    throw std::runtime_error(words("{voucher} Has Been Changed Meanwhile\nCtrl+O Takes It Out And In Again",
+                                   "voucher", head ? head->name : ""));
+  }
 }
 
 void VoucherScreen::showSources() {
