@@ -123,6 +123,7 @@ void GSTNOTE::clearHead() {
   facts_ = {};
   originals_.clear();
   meant_.clear();
+  billed_.clear();
   unnamed_ = byRate_ = false;
   at(kOriginalDate).enabled = false;
 }
@@ -131,8 +132,11 @@ bool GSTNOTE::load(double number) {
   if (!GSTSAPU::load(number)) return false;
   facts_ = readNote(data(), kind_, number);
   originals_ = readOriginalLines(data(), kind_, number);
-  for (const Original& bill : facts_.bills)
-    if (bill.voucher != 0) addBillLines(data(), kind_, number, bill, originals_);
+  for (const Original& bill : facts_.bills) {
+    if (bill.voucher == 0) continue;
+    addBillLines(data(), kind_, number, bill, originals_);
+    billed_[bill.voucher] = asBilled(data(), bill);
+  }
   readBefore(data(), kind_, number, originals_);
   // What is stored was meant.
   for (const Row& row : data().all("SELECT SR_NO, QUANTITY FROM T_SLITM WHERE QUANTITY <> 0"))
@@ -283,6 +287,7 @@ Go GSTNOTE::take(const FoundBill& found) {
   }
   mark(marks);
   addBillLines(data(), kind_, value(kNumber), found.bill, originals_);
+  billed_[found.bill.voucher] = asBilled(data(), found.bill);
   readCurrency();
   showPanel(false);  // all of it is the bill's
   readBefore(data(), kind_, ownNumber(), originals_);
@@ -498,6 +503,13 @@ bool GSTNOTE::write(const SaveStamp& stamp, const Saving& how) {
   facts_.reason = static_cast<int>(value(kReason));
   facts_.goods = value(kGoods) == 1;
   return whole(data(), [&] {
+    for (const Original& bill : facts_.bills)
+      if (const std::string now = bill.voucher == 0 ? "" : asBilled(data(), bill);
+          !now.empty() && now != billed_[bill.voucher])
+        throw std::runtime_error(
+            words("Bill {bill} Has Been Changed Meanwhile\nTake It Out Of This Note And In Again To See What "
+                  "It Says",
+                  "bill", bill.number));
     OriginalLines now = originals_;
     readBefore(data(), kind_, ownNumber(), now);
     for (const auto& [serial, line] : now)

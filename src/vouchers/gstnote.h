@@ -75,10 +75,11 @@ class GSTNOTE : public GSTSAPU {
 
   NoteFacts facts_;
   OriginalLines originals_;
-  std::map<double, double> meant_;  // quantities that were confirmed, by serial
-  std::string chosen_;              // voucher of the bill chosen in a list
-  double serial_ = 0;               // of the line in the entry row
-  bool linked_ = false;             // it is a line of a bill
-  bool byRate_ = false;             // its rate is walked, too
-  bool unnamed_ = false;            // stored without a bill: that is not asked again
+  std::map<double, std::string> billed_;  // the bills as they were taken, by voucher
+  std::map<double, double> meant_;        // quantities that were confirmed, by serial
+  std::string chosen_;                    // voucher of the bill chosen in a list
+  double serial_ = 0;                     // of the line in the entry row
+  bool linked_ = false;                   // it is a line of a bill
+  bool byRate_ = false;                   // its rate is walked, too
+  bool unnamed_ = false;                  // stored without a bill: that is not asked again
 };

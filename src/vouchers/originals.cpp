@@ -12,6 +12,7 @@
 #include "store/engine.h"
 #include "store/row_writer.h"
 #include "vouchers/settlements.h"
+#include "vouchers/supply.h"
 
 namespace {
 
@@ -81,25 +82,31 @@ void settleBills(Database& db, const VoucherKind& note, double number, const std
   storeSettlement(db, note, number, party, settlement);
 }
 
-constexpr const char* kBill =
-    "SELECT VOUCH_NO, VOUCH_DT, PRV_BDT, BILL_NO, PARTY_CD, CASH_CD, NET_AMT FROM SALE";
+std::string billsWhere(const char* holds) {
+  return std::string(
+             "SELECT VOUCH_NO, VOUCH_DT, PRV_BDT, BILL_NO, PARTY_CD, CASH_CD, NET_AMT FROM SALE WHERE ")
+      .append(holds);
+}
+
+std::optional<Row> storedBill(Database& db, const std::string& book, double voucher) {
+  return db.first(billsWhere("VOUCH_NO = ? AND BOOK_CD = ?"), voucher, book);
+}
 
 }  // namespace
 
 std::vector<FoundBill> billsOfNumber(Database& db, const VoucherKind& note, const std::string& number,
                                      const std::string& party) {
   std::vector<FoundBill> bills;
-  for (const Row& row : db.all(
-           std::string(kBill) + " WHERE BILL_NO = ? AND +BOOK_CD = ? AND GSTPOST = 1 AND (? OR PARTY_CD = ?)"
-                                " ORDER BY VOUCH_DT DESC, VOUCH_NO DESC",
-           number, note.adjusts.code, party.empty(), party))
+  for (const Row& row :
+       db.all(billsWhere("BILL_NO = ? AND +BOOK_CD = ? AND GSTPOST = 1 AND (? OR PARTY_CD = ?)"
+                         " ORDER BY VOUCH_DT DESC, VOUCH_NO DESC"),
+              number, note.adjusts.code, party.empty(), party))
     bills.push_back(found(row, note));
   return bills;
 }
 
 std::optional<FoundBill> billOfVoucher(Database& db, const VoucherKind& note, double voucher) {
-  const auto row =
-      db.first(std::string(kBill) + " WHERE VOUCH_NO = ? AND BOOK_CD = ?", voucher, note.adjusts.code);
+  const auto row = storedBill(db, note.adjusts.code, voucher);
   return row ? std::optional(found(*row, note)) : std::nullopt;
 }
 
@@ -169,14 +176,14 @@ void addBillLines(Database& db, const VoucherKind& note, double number, const Or
   std::vector<Value> values = {number, note.code, behind, bill.voucher, bill.book};
   values.insert(values.end(), left.begin(), left.end());
   // What follows from the quantity is nothing yet; what was agreed on stays as it was billed.
-  constexpr const char* kKept =
+  const std::string kept =
       "ITEM_CD, SIZE_CD, DESC1, ITEM_DESC, MFG_DT, EXP_DT, VOUCH_TIME, VOUCH_DT, CHLN_DT, RATE, SALE_DISC,"
       " SALE_DISC1, DISC3, DISC4, CGSTRT, SGSTRT, IGSTRT, CESS_PERC1, TAX_CD, TAX_RT, BRKRG, CUR_NM, CUR_RT,"
       " CUR_ITM_RT, MOBNOCO, DATANM, DATASENT";
   db.exec(
-      std::string("INSERT INTO T_SLITM (VOUCH_NO, BOOK_CD, SR_NO, QUANTITY, AMOUNT, NET_AMOUNT, CGSTAMT,"
-                  " SGSTAMT, IGSTAMT, CESS_AMT1, ORDER_NO, TAX_AMT, VAT_AMT, CUR_AMT, GSTPOST, YOUR_REF, ") +
-          kKept + ", ITEM_NAME) SELECT ?, ?, SR_NO + ?, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, '.', " + kKept +
+      "INSERT INTO T_SLITM (VOUCH_NO, BOOK_CD, SR_NO, QUANTITY, AMOUNT, NET_AMOUNT, CGSTAMT,"
+      " SGSTAMT, IGSTAMT, CESS_AMT1, ORDER_NO, TAX_AMT, VAT_AMT, CUR_AMT, GSTPOST, YOUR_REF, " +
+          kept + ", ITEM_NAME) SELECT ?, ?, SR_NO + ?, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, '.', " + kept +
           ", (SELECT ITEM_NAME FROM ITEM WHERE ITEM.ITEM_CD = SALEITM.ITEM_CD) FROM SALEITM"
           " WHERE VOUCH_NO = ? AND BOOK_CD = ?" +
           (others.empty() ? "" : " AND SR_NO NOT IN (" + others + ")") + " ORDER BY SR_NO, rowid",
@@ -215,6 +222,22 @@ std::optional<double> openWithout(Database& db, const VoucherKind& note, double 
       note.code, number, voucher, note.adjusts.code);
 }
 
+std::string asBilled(Database& db, const Original& bill) {
+  const auto head = storedBill(db, bill.book, bill.voucher);
+  if (!head) return {};
+  const Supply marks = readSupply(db, *kindByBook(bill.book), bill.voucher);
+  std::string all =
+      upper(head->text("PARTY_CD")) + (marks.reverse ? " R" : "") + (marks.ineligible ? " N" : "");
+  for (const Row& row :
+       db.all("SELECT SR_NO, ITEM_CD, SIZE_CD, QUANTITY, RATE, SALE_DISC, CGSTRT, SGSTRT, IGSTRT FROM SALEITM"
+              " WHERE VOUCH_NO = ? AND BOOK_CD = ? ORDER BY SR_NO, rowid",
+              bill.voucher, bill.book)) {
+    all += '\n';
+    for (int i = 0; i < row.count(); ++i) all += row.text(i) + '\t';
+  }
+  return all;
+}
+
 void ensureNotes(Database& db) {
   ensureSettlements(db);
   for (const char* table : kTables) ensureTable(db, table);
@@ -223,11 +246,15 @@ void ensureNotes(Database& db) {
 void storeNote(Database& db, const VoucherKind& note, double number, const NoteFacts& facts,
                const OriginalLines& lines) {
   dropNote(db, note, number);
-  for (const Original& bill : facts.bills)
-    if (bill.voucher != 0 && !billOfVoucher(db, note, bill.voucher))
+  std::vector<Original> bills = facts.bills;
+  for (Original& bill : bills) {
+    if (bill.voucher == 0) continue;
+    const auto found = billOfVoucher(db, note, bill.voucher);
+    if (!found)
       throw std::runtime_error(
           words("Bill {bill} Has Been Deleted Meanwhile\nNothing Was Stored", "bill", bill.number));
-  std::vector<Original> bills = facts.bills;
+    bill = found->bill;
+  }
   if (bills.empty()) bills.emplace_back();  // the reason alone
   std::vector<Value> heads, links;
   double serial = 0;
@@ -257,13 +284,24 @@ void dropNote(Database& db, const VoucherKind& note, double number) {
     db.exec(std::string("DELETE FROM ") + table + " WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, note.code);
 }
 
-void renameOriginal(Database& db, const VoucherKind& bill, double voucher) {
+void followBill(Database& db, const VoucherKind& kind, double voucher, const std::string& before) {
   if (!hasNotes(db)) return;
-  const auto stored =
-      db.first(std::string(kBill) + " WHERE VOUCH_NO = ? AND BOOK_CD = ?", voucher, bill.code);
-  if (stored)
+  const std::string notes = notesAgainst(db, kind, voucher);
+  if (notes.empty()) return;
+  const auto bill = storedBill(db, kind.code, voucher);
+  if (bill && !sameText(bill->text("PARTY_CD"), before))
+    throw std::runtime_error(
+        words("Against This Bill Stands {notes}\nIts Party Stays The Same", "notes", notes));
+  if (bill)
     db.exec("UPDATE ORIGINAL SET BILL_NO = ?, BILL_DT = ? WHERE BILL_VOUCH = ? AND BILL_BOOK = ?",
-            cut(trim(stored->text("BILL_NO")), 20), dateOnPaper(bill, *stored), voucher, bill.code);
+            cut(trim(bill->text("BILL_NO")), 20), dateOnPaper(kind, *bill), voucher, kind.code);
+  // A line that was typed in the place of one that is gone is another's.
+  db.exec(
+      "DELETE FROM ORIGITM WHERE BILL_VOUCH = ? AND BILL_BOOK = ? AND NOT EXISTS (SELECT 1 FROM SALEITM AS B"
+      " JOIN SALEITM AS N ON N.ITEM_CD = B.ITEM_CD WHERE B.VOUCH_NO = ORIGITM.BILL_VOUCH"
+      " AND B.BOOK_CD = ORIGITM.BILL_BOOK AND B.SR_NO = ORIGITM.BILL_SR AND N.VOUCH_NO = ORIGITM.VOUCH_NO"
+      " AND N.BOOK_CD = ORIGITM.BOOK_CD AND N.SR_NO = ORIGITM.SR_NO)",
+      voucher, kind.code);
 }
 
 std::string notesAgainst(Database& db, const VoucherKind& bill, double voucher) {

@@ -63,20 +63,25 @@ void readBefore(Database& db, const VoucherKind& note, double number, OriginalLi
 // Makes the tables where books lack them that the walk has not brought up to date; before a transaction,
 // since a server ends one by it.
 void ensureNotes(Database& db);
+// Whose a bill is, its marks and its lines, as one text to compare: what a note is made from. Empty where the
+// bill is not in these books, or not any more.
+std::string asBilled(Database& db, const Original& bill);
 // How much of a bill nothing but this note has settled yet; none where books lack the table.
 std::optional<double> openWithout(Database& db, const VoucherKind& note, double number, double voucher);
 
 // It stands against its bills on the other side of the party's account, as a debit note does not.
 bool takesBack(const VoucherKind& note);
 // Inside the transaction that stores the note, once its lines and rows of the ledger are written. Raises
-// std::runtime_error where one of its bills has gone. A note that takes back settles its bills (SETTLES),
-// each with what its lines give back of it and for no more than it is open; the rest is on account.
+// std::runtime_error where one of its bills has gone; each is named as it is stored now. A note that takes
+// back settles its bills (SETTLES), each with what its lines give back of it and for no more than it is open;
+// the rest is on account.
 void storeNote(Database& db, const VoucherKind& note, double number, const NoteFacts& facts,
                const OriginalLines& lines);
 void dropNote(Database& db, const VoucherKind& note, double number);
 
-// A bill that is stored again may have another number and date; its notes name it by these.
-void renameOriginal(Database& db, const VoucherKind& bill, double voucher);
+// A bill that is stored again may have another number and date, by which its notes name it, and lack a line
+// of theirs. Raises std::runtime_error where it has notes and is another party's now than `before`.
+void followBill(Database& db, const VoucherKind& bill, double voucher, const std::string& before);
 // The notes against a bill, each as "Credit Note 3"; empty when there are none.
 std::string notesAgainst(Database& db, const VoucherKind& bill, double voucher);
 // Why a bill is not deleted: notes stand against it. Empty when none do.

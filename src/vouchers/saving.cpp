@@ -149,7 +149,7 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
                           .creditDays = figure("CR_DAYS")},
                          kind, supply));
     if (!partyBefore) return true;
-    renameOriginal(db, kind, number);
+    followBill(db, kind, number, *partyBefore);
     freeSettled(db, {kind.code, number}, trim(text("PARTY_CD")));
     for (const std::string& party : {*partyBefore, trim(text("PARTY_CD"))}) RebuildOneBalance(db, party);
     return true;
