@@ -12,7 +12,6 @@
 #include "store/engine.h"
 #include "store/row_writer.h"
 #include "vouchers/settlements.h"
-#include "vouchers/supply.h"
 
 namespace {
 
@@ -225,16 +224,16 @@ std::optional<double> openWithout(Database& db, const VoucherKind& note, double 
 std::string asBilled(Database& db, const Original& bill) {
   const auto head = storedBill(db, bill.book, bill.voucher);
   if (!head) return {};
-  const Supply marks = readSupply(db, *kindByBook(bill.book), bill.voucher);
-  std::string all =
-      upper(head->text("PARTY_CD")) + (marks.reverse ? " R" : "") + (marks.ineligible ? " N" : "");
-  for (const Row& row :
-       db.all("SELECT SR_NO, ITEM_CD, SIZE_CD, QUANTITY, RATE, SALE_DISC, CGSTRT, SGSTRT, IGSTRT FROM SALEITM"
-              " WHERE VOUCH_NO = ? AND BOOK_CD = ? ORDER BY SR_NO, rowid",
-              bill.voucher, bill.book)) {
-    all += '\n';
-    for (int i = 0; i < row.count(); ++i) all += row.text(i) + '\t';
-  }
+  std::string all = upper(head->text("PARTY_CD"));
+  const auto add = [&](const std::string& rows) {
+    for (const Row& row : db.all(rows, bill.voucher, bill.book)) {
+      all += '\n';
+      for (int i = 0; i < row.count(); ++i) all += row.text(i) + '\t';
+    }
+  };
+  if (CheckTable(db, "SUPPLY")) add("SELECT * FROM SUPPLY WHERE VOUCH_NO = ? AND BOOK_CD = ?");
+  add("SELECT SR_NO, ITEM_CD, SIZE_CD, QUANTITY, RATE, SALE_DISC, CGSTRT, SGSTRT, IGSTRT FROM SALEITM"
+      " WHERE VOUCH_NO = ? AND BOOK_CD = ? ORDER BY SR_NO, rowid");
   return all;
 }
 

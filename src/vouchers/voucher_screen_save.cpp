@@ -168,10 +168,10 @@ void VoucherScreen::tellNumbers(const Numbers& shown) {
   if (!told.empty()) host.message(join(told, "\n"));
 }
 
-// What is not stored keeps the numbers that the person has seen.
+// What is not stored keeps the numbers that the person has seen; one that the save itself has given stays.
 void VoucherScreen::showAgain(const Numbers& shown) {
   if (text(kNumber) != shown.voucher) put(kNumber, shown.voucher);
-  if (text(paperNumber()) != shown.paper) put(paperNumber(), shown.paper);
+  if (!shown.paper.empty() && text(paperNumber()) != shown.paper) put(paperNumber(), shown.paper);
 }
 
 void VoucherScreen::store(const Numbers& shown) {
