@@ -102,10 +102,13 @@ class Bill:
     transport: str = ""
     lorry: str = ""
     parcels: str = ""
-    original: object = None  # of a note: its bill
-    settles: Decimal = Decimal(0)  # of a note that takes back: how much of it
+    originals: list = ()  # of a note: its bills
+    settles: dict = field(default_factory=dict)  # of a note that takes back: how much of each
     reason: int = 1
-    taken: list = ()  # the bill's lines as the note found them
+    taken: list = ()  # the bills' lines as the note found them
+    sources: list = ()  # challans and offers that it is made from
+    reverse: bool = False  # the tax is not the party's: ours where we buy
+    ineligible: bool = False  # and what we pay of it is a cost
     kind: int = 0  # of its supply, as typed
     place: int = 0
     currency: tuple = None  # its name and the rupees for one
@@ -114,7 +117,7 @@ class Bill:
 
     def work_out(self):
         bought_abroad = self.book in ("PU", "PR") and self.kind
-        self.value, self.taxes, self.quantity, self.rounding, self.net = rules.bill_totals(self.lines, not bought_abroad)
+        self.value, self.taxes, self.quantity, self.rounding, self.net = rules.bill_totals(self.lines, not (bought_abroad or self.reverse))
 
     def foreign(self):
         lines = sum(rules.bill_line(l.quantity, l.foreign, l.discount, (0, 0, 0))[0] for l in self.lines)
@@ -135,6 +138,9 @@ class Challan:
     narration: str = ""
     lorry: str = ""
     destination: str = "."
+    made: object = None  # the bill that was made of it
+    held: set = field(default_factory=set)  # bills of it that are deleted, and in the ledger yet
+    sources: list = ()
 
     def work_out(self):
         self.value, self.quantity, self.off, self.net = rules.challan_totals(self.lines, self.discount, self.charges)
@@ -146,6 +152,8 @@ class Quotation:
     day: datetime.date
     party: Party
     lines: list
+    book = "QT"
+    made: object = None
 
     def work_out(self):
         for line in self.lines:
@@ -171,6 +179,19 @@ class Money:
     tds: float = 0    # kept back beside the money, and where that stands
     tds_account: str = ""
     settles: tuple = ()  # a bill's number and how much of it
+
+
+@dataclass
+class Series:
+    prefix: str
+    width: int
+    first: int
+
+    def after(self, numbers):
+        """The highest of its own goes on."""
+        start = self.prefix.replace("{yy}", "26-27")
+        counts = [int(n[len(start):]) for n in numbers if n.startswith(start) and n[len(start):].isdigit()]
+        return "%s%0*d" % (start, self.width, max(counts + [self.first - 1]) + 1)
 
 
 @dataclass
@@ -222,11 +243,15 @@ class Books:
         self.money = {book: {} for book in MONEY}
         self.journals = {"JV": {}, "CN": {}}
         self.standing = {}  # rows of the ledger between postings: those of a deleted bill or challan stay
+        self.series = {}  # by book and type
 
     def next(self, vouchers):
         return max(vouchers, default=0) + 1
 
     def next_bill_number(self, kind, book="SA"):
+        series = self.series.get((book, kind)) or self.series.get((book, ""))
+        if series:
+            return series.after([b.bill_number for b in self.bills[book].values()])
         same = [b for b in self.bills[book].values() if b.type == kind]
         return rules.next_bill_number(max(same, key=lambda b: b.number).bill_number if same else None)
 
@@ -277,21 +302,51 @@ class Books:
             entry(first, v.tds_account, code, v.tds, reference)
             entry(second, code, v.tds_account, v.tds, reference)
         elif v.book == "CH":
+            if v.made:
+                return rows
             entry("D", code, SALES, v.net, reference, v.lorry, v.destination)
             entry("C", SALES, code, v.net, reference, v.lorry, v.destination)
         else:
             ours, theirs, goods, taxes = SIDES[v.book]
             entry(ours, code, goods, v.net, reference, v.lorry, v.destination)
             entry(theirs, goods, code, v.value, reference, v.lorry)
+            bought = taxes is INPUT
             for account, amount in zip(taxes, v.taxes):
-                entry(theirs, account, code, amount, "")
+                if bought or not v.reverse:
+                    entry(theirs, goods if v.ineligible else account, code, amount, "")
+            for account, amount in zip(OUTPUT, v.taxes):
+                if bought and v.reverse:
+                    entry(ours, account, code, amount, "")
             if v.book in ("PU", "PR") and v.kind:
                 entry(ours, v.customs or OUTPUT[2], code, v.taxes[2], "")
             entry(ours if v.rounding < 0 else theirs, ROUNDING, code, abs(v.rounding), reference)
         return rows
 
     def saved(self, v):
-        self.standing[v.book, v.number] = self.rows(v)
+        """A challan in a bill is not in the ledger, nor beside one that is deleted until that is posted or its number taken."""
+        self.standing[v.book, v.number] = [] if v.book == "CH" and v.held else self.rows(v)
+        freed = [c for c in self.challans.values() if v.book == "SA" and v.number in c.held]
+        for c in freed:
+            c.held.remove(v.number)
+        for c in [s for s in getattr(v, "sources", ()) if s.book == "CH"] + freed:
+            self.saved(c)
+
+    def made(self, v):
+        for source in v.sources:
+            source.made = v
+        self.saved(v)
+
+    def gone(self, v):
+        """What a voucher was made of is open again."""
+        for source in getattr(v, "sources", ()):
+            source.made = None
+            if source.book == "CH":
+                source.held.add(v.number)
+
+    def open_sources(self, party=None):
+        """As they are offered: the newest first."""
+        found = [s for kept in (self.challans, self.quotations) for s in kept.values() if not s.made and party in (None, s.party)]
+        return sorted(found, key=lambda s: (-s.day.toordinal(), s.book, -s.number))
 
     def standing_balance(self, code):
         return self.balance(code, [r for rows in self.standing.values() for r in rows])
@@ -314,17 +369,25 @@ class Books:
                 number, amount = m.settles
                 paid[number] = paid.get(number, 0) + dec(amount)
         for n in self.bills["SR"].values():
-            paid[n.original.number] = paid.get(n.original.number, 0) + n.settles
+            for number, amount in n.settles.items():
+                paid[number] = paid.get(number, 0) + amount
         return paid
 
     def settle(self, note):
-        """As it is saved: its own bill, as far as nothing else has settled that."""
-        note.settles = Decimal(0)
-        note.settles = min(dec(note.net), dec(note.original.net) - self.settled().get(note.original.number, Decimal(0)))
+        """As it is saved: of each of its bills what its lines give back, then in their order what is left, as far as nothing else has settled them."""
+        note.settles = {}
+        paid, left = self.settled(), dec(note.net)
+        given = [sum((dec(new.net) for new, line in zip(note.lines, note.taken) if any(line is own for own in bill.lines)), Decimal(0)) for bill in note.originals]
+        for amounts in given, [left] * len(given):
+            for bill, amount in zip(note.originals, amounts):
+                before = note.settles.get(bill.number, Decimal(0))
+                more = max(min(amount, dec(bill.net) - paid.get(bill.number, Decimal(0)) - before, left), Decimal(0))
+                note.settles[bill.number] = before + more
+                left -= more
 
     def is_bound(self, bill):
         """A note or money stands against it."""
-        return bill.number in self.settled() or any(n.original is bill for book in ("SR", "SD") for n in self.bills[book].values())
+        return bill.number in self.settled() or any(bill in n.originals for book in ("SR", "SD") for n in self.bills[book].values())
 
     def owed(self, party, ledger, end):
         """The debits that are open: what is settled of a bill by itself first, then the other credits, first in, first out."""

@@ -1,7 +1,7 @@
 """The shopkeeper's hands: each voucher as the keys that enter, mend or delete it, written into a script."""
 from books import CASH, CREDITORS, REASONS
 from rules import money, number, rounded
-from shop import Shop
+from shop import MONEY, Shop
 from trade import Border
 
 MISC_WORK = "FITTING AT SITE"
@@ -93,6 +93,10 @@ class Clerk(Shop, Border):
         for line in b.lines:
             self.line(line, b.party)
         s.keys("PgDn")
+        if b.reverse:
+            s.keys("Ctrl+R")
+        if b.ineligible:
+            s.keys("Ctrl+N")
         if b.narration:
             s.type(b.narration.lower())
         for field, text in (("transport", b.transport), ("lr_no", b.lorry), ("parcels", b.parcels)):
@@ -104,8 +108,9 @@ class Clerk(Shop, Border):
 
     @staticmethod
     def meant(voucher):
-        """A voucher that comes to nothing is saved when it is meant so."""
-        return () if voucher.net else ("answer Yes",)
+        """A voucher that comes to nothing, or of which another was made, is saved when it is meant so."""
+        made = bool(getattr(voucher, "made", None))
+        return ["answer Yes"] * (made + (not voucher.net))
 
     def save(self, b):
         s = self.s
@@ -119,15 +124,18 @@ class Clerk(Shop, Border):
         s("press CancelButton" if b.book == "SA" else "press OKButton")  # a new entry
 
     def note(self, n, today):
-        """The bill's number brings its party and lines; what of each line is in the note is typed."""
+        """A bill's number brings its party and lines; what of each line is in the note is typed."""
         s = self.s
         self.add(MENUS[n.book], n)
         if n.day != today:
             s.fill("date", n.day.strftime("%d%m%Y"))
         s.keys("Enter")
-        s.type(n.original.bill_number.lower(), "Enter")
+        s.type(n.originals[0].bill_number.lower(), "Enter")
         s.expect("party", n.party.code)
-        s.expect("original_date", n.original.day.strftime("%d/%m/%Y"))
+        for more in n.originals[1:]:
+            s('answer "Add It"')
+            s.fill("original_bill", more.bill_number.lower(), "Enter")
+        s.expect("original_date", n.originals[-1].day.strftime("%d/%m/%Y"))
         s.keys("Enter")
         s.expect("bill_no", n.bill_number)
         s.keys("Enter")
@@ -140,10 +148,21 @@ class Clerk(Shop, Border):
         s.keys("PgDn")
         if n.narration:
             s.type(n.narration.lower())
+        self.save_note(n)
+
+    def mend_note(self, n):
+        self.open(MENUS[n.book], n)
+        self.s("focus quantity")
+        self.s.fill("quantity", number(n.lines[0].quantity), "Enter")
+        self.s.fill("narration", n.narration.lower())
+        self.save_note(n)
+
+    def save_note(self, n):
+        s = self.s
         s.expect("items_amount", number(n.value))
         s.expect("round_off", number(n.rounding))
         s.expect("net_amount", number(n.net))
-        s("focus parcels", "key Enter", "key Enter")
+        s("focus parcels", "key Enter", *self.meant(n), "key Enter")
         s('expect Label1 contains "   Note AMOUNT : %s\\n"' % number(n.net))
         s.keys("Right Enter")
 
@@ -193,13 +212,40 @@ class Clerk(Shop, Border):
         self.s.keys("Alt+D")
         self.s.type(str(voucher.number))
         self.s("answer Yes", "key Enter", 'expect message "ARE YOU SURE"')
-        if menu == "RECEIPT":
+        if menu in MONEY:
             self.s("key Esc")
         if menu == "CH":  # Escape leaves its screen with the mode
             self.s("key Esc", "expect screen frmmain")
             self.desk = None
 
+    def order(self, b):
+        s = self.s
+        self.add("SALE", b)
+        s.keys("Enter")
+        s.type(b.party.code.lower(), "Enter")
+        self.take(b.sources, self.books.open_sources(b.party))
+        s("expect rows lines %d" % len(b.lines), "focus bill_type", "key Enter")
+        s.expect("bill_no", b.bill_number)
+        self.save(b)
+
+    def take(self, sources, offered):
+        for source in sources:
+            self.s("key Ctrl+O", "row grdDataGrid %d" % offered.index(source), "key Enter")
+            if source.book == "CH" and source.charges:
+                self.s('expect message contains "Do Not Hold Its Discount 0 And Charges %s"' % number(source.charges))
+
     # Challans, quotations, money
+
+    def order_sent(self, c):
+        s = self.s
+        self.add("CH", c)
+        s.keys("Enter")
+        s.type(c.party.code.lower(), "Enter")
+        self.take(c.sources, [q for q in self.books.open_sources(c.party) if q.book == "QT"])
+        s.fill("challan_type", "dc", "Enter")
+        s.expect("challan_no", str(c.challan_number))
+        s.keys("Enter")
+        self.save_challan(c)
 
     def challan(self, c):
         s = self.s
@@ -315,6 +361,26 @@ class Clerk(Shop, Border):
         s.keys("Enter")
         for code in sorted({e.account for e in j.entries}):
             self.balance(code)
+
+    def mend_journal(self, j):
+        s = self.s
+        self.open(MENUS[j.book], j)
+        s("focus account")
+        for entry in j.entries:
+            s.expect("account", entry.account)
+            s.fill("debit" if entry.side == "D" else "credit", number(entry.amount), "Enter")
+            s("focus line_narration", "key Enter")
+        s.expect("difference", "0")
+        s.keys("PgDn Enter")
+        s('expect Label1 contains "%s"' % money(sum(e.amount for e in j.entries if e.side == "D")))
+        s.keys("Enter")
+        for entry in j.entries:
+            self.balance(entry.account)
+
+    def delete_journal(self, j):
+        self.delete(MENUS[j.book], j)
+        for entry in j.entries:
+            self.balance(entry.account)
 
     def balance(self, code):
         self.s.sql("SELECT ROUNDED(CL_BAL, 2) FROM ACCOUNT WHERE ACC_CD = '%s'" % code, number(float(self.books.standing_balance(code))))

@@ -34,6 +34,7 @@ def total(rows, columns, width):
 class Reports:
     def __init__(self, year):
         self.books, self.s, self.today = year.books, year.script, year.today
+        self.taxed = year.clerk.taxed  # the accounts of these are known
         self.ledger = self.books.ledger()
 
     def show(self, menu, rows, start=None, end=None, fields=(), answer=None):
@@ -61,9 +62,12 @@ class Reports:
         found = [b for b in self.books.bills["SA"].values() if (not start or start <= b.day <= end) and keep(b.party)]
         return sorted(found, key=lambda b: (b.day, b.number))
 
+    def mark(self, b):
+        return NAMES[b.book][b.kind] or ", ".join(word for word, on in (("Rev. Charge", b.reverse), ("No ITC", b.ineligible)) if on)
+
     def bill_register(self, bills):
         rows = [[b.bill_number, b.day.strftime(FAST), b.party.name, b.party.area, b.party.gstin, money(b.value), *map(money, b.taxes),
-                 money(b.rounding), money(b.net), NAMES["SA"][b.kind]] for b in bills]
+                 money(b.rounding), money(b.net), self.mark(b)] for b in bills]
         return total(rows, range(5, 11), 12) if rows else []
 
     def detailed_register(self, bills):
@@ -126,9 +130,15 @@ class Reports:
         show(plain[0], 0, everything)
         show(detailed[0], 1, everything)
         october, second = [datetime.date(2026, 10, d) for d in (1, 31)], [datetime.date(2026, 10, 1), self.today]
-        show(plain[1], 0, self.asked(vouchers, *october, None), *october)
+        found = self.asked(vouchers, *october, None)
+        lines = rows(found)[0] if found else []
+        self.show(plain[1], [line + [self.standing(v)] for line, v in zip(lines, found)] + lines[-1:], *october)
         party = everything[-1].party
         show(detailed[1], 1, self.asked(vouchers, *second, party), *second, fields=[("party", party.code)])
+
+    def standing(self, source):
+        made = source.made
+        return "Open" if not made else made.bill_number if made.book == "SA" else "CH %d" % made.challan_number
 
     def offers(self, found):
         mains, rows = [], []
@@ -166,7 +176,7 @@ class Reports:
 
     def purchases(self):
         rows = [[str(b.number), b.day.strftime(FAST), b.bill_number, b.day.strftime(FAST), b.party.name, b.party.gstin, money(b.value),
-                 *map(money, b.taxes), money(b.rounding), money(b.net), NAMES["PU"][b.kind]] for b in sorted(self.books.bills["PU"].values(), key=lambda b: (b.day, b.number))]
+                 *map(money, b.taxes), money(b.rounding), money(b.net), self.mark(b)] for b in sorted(self.books.bills["PU"].values(), key=lambda b: (b.day, b.number))]
         self.show("PURREG", total(rows, range(6, 12), 13))
 
     def notes(self):
@@ -177,9 +187,12 @@ class Reports:
             figures = lambda n: [n.value, *n.taxes, n.rounding, n.net]
             if notes:
                 rows.append(["", "", KINDS[book], "", "", "", ""] + [money(sum((dec(x) for x in column), Decimal(0))) for column in zip(*map(figures, notes))])
-            rows += [[n.bill_number, n.day.strftime(DETAIL), n.party.name, n.party.gstin, n.original.bill_number, n.original.day.strftime(DETAIL),
+            rows += [[n.bill_number, n.day.strftime(DETAIL), n.party.name, n.party.gstin, self.against(n), n.originals[0].day.strftime(DETAIL),
                       REASONS[n.reason - 1], *map(money, figures(n))] for n in notes]
         self.show("NOTEREG", rows)
+
+    def against(self, n):
+        return n.originals[0].bill_number + (" +%d" % (len(n.originals) - 1) if n.originals[1:] else "")
 
     def payments(self):
         rows = [[str(m.number), m.day.strftime(FAST), "%s %s" % (m.party.name, m.party.area), self.books.name(m.place),
@@ -201,7 +214,8 @@ class Reports:
         rows = [((m.day, m.book, m.number), [str(m.number), m.day.strftime(FAST), KINDS[m.book], m.party.name, pan(m.party),
                  self.books.name(m.tds_account), money(m.amount), money(m.tds)]) for m in found]
         parties = {p.code: p for p in self.books.parties}
-        kept_back = {next(p.code for p in self.books.parties if p.group == group): side for group, side in ((ADVANCES, "D"), (DUTIES, "C"))}
+        kept_back = {next(p.code for p in self.books.parties if p.group == group): side
+                     for group, side, book in ((ADVANCES, "D", "RC"), (DUTIES, "C", "PY")) if book in self.taxed}
         for j in (j for kept in self.books.journals.values() for j in kept.values()):
             for place, e in enumerate(j.entries):
                 if kept_back.get(e.account) == e.side:

@@ -1,6 +1,8 @@
 """The shopkeeper's hands before and around the vouchers: company, masters, update, posting."""
 from rules import number
 
+MONEY = "RECEIPT", "PAYMENT", "INCOME", "EXPENSE"
+
 
 class Shop:
     def __init__(self, script, books):
@@ -19,7 +21,7 @@ class Shop:
         return True
 
     def leave(self):
-        if self.desk in ("RECEIPT", "PAYMENT", "INCOME", "EXPENSE"):
+        if self.desk in MONEY:
             self.s("press cmdClose")
         elif self.desk:
             self.s("press cmdclose")
@@ -37,6 +39,18 @@ class Shop:
         self.s.fill("state_code", "24")
         self.s.fill("gstin", "24AAKFS4821M1ZW")
         self.s("press cmdsave", "expect screen frmmain")
+
+    def series(self, book, kind, series):
+        """The list has a row for each kind of voucher, and one for each type that it has."""
+        self.leave()
+        types = {b.type for b in self.books.bills["SA"].values()} | {of for b, of in self.books.series if b == "SA"}
+        self.s("menu SERIES", "row lst %d" % (0 if book == "SA" else 1 + len(types)), "key Enter")
+        if kind:
+            self.s.fill("series_type", kind.lower())
+        for field, text in (("prefix", series.prefix.lower()), ("width", str(series.width)), ("first_no", str(series.first))):
+            self.s.fill(field, text)
+        self.s("press cmdsave", "expect focus lst", "press cmdclose", "expect screen frmmain")
+        self.books.series[book, kind] = series
 
     def start_again(self, name, today):
         """A new start finds the company by its name and brings the stored balances up to date."""

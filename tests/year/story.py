@@ -4,8 +4,8 @@ import random
 from dataclasses import replace
 
 from books import (ADVANCES, BANKS, CAPITAL, CASH, CREDITORS, DEBTORS, DUTIES, EXPENSES, INCOMES, OVERDRAFTS, PERIOD, Bill, Books, Category, Challan, Entry, Item,
-                   Journal, Line, Money, Party, Quotation, Unit)
-from clerk import MISC_WORK, Clerk
+                   Journal, Line, Money, Party, Quotation, Series, Unit)
+from clerk import MENUS, MISC_WORK, Clerk
 from rules import bill_date_passes, bill_line, dec, rounded
 from script import Script
 from trade import Trade, partners
@@ -18,6 +18,7 @@ ACCOUNTS = [("RENT", EXPENSES), ("SALARIES", EXPENSES), ("BANK CHARGES", EXPENSE
             ("DRAWINGS", CAPITAL), ("CREDIT LINE", OVERDRAFTS), ("TDS RECEIVABLE", ADVANCES), ("TDS PAYABLE", DUTIES)]
 UPDATE_IN = 9  # the month of the database update
 RESTARTS = 3, 8  # months before which the program is started anew
+SERIES = {5: ("SR", "", Series("CN-", 4, 1)), 6: ("SA", "RETAIL", Series("R/{yy}/", 3, 41)), 10: ("SA", "TAX", Series("T{yy}-", 4, 501))}
 
 
 def rules_of(line):
@@ -40,6 +41,8 @@ class Year(Trade):
                 self.clerk.start_again("YEAR STORES", self.today)
                 self.newly_registered()
             self.script.note("Month %d" % (month + 1))
+            if month in SERIES:
+                self.clerk.series(*SERIES[month])
             self.month(datetime.date(2026 + (month + 3) // 12, (month + 3) % 12 + 1, 1))
         self.clerk.post()
         return self
@@ -102,6 +105,7 @@ class Year(Trade):
         entries = ["bill"] * 25 + ["purchase"] * 3 + ["receipt"] * 5 + ["payment"] * 2 + ["challan", "quotation", "expense"] * 2
         entries += ["export", "abroad", rng.choice(["zone", "elsewhere"])]
         entries += ["income", "journal", "journal", "contra", "note", rng.choice(["debit_note", "purchase_return"])]
+        entries += ["order", "order", "order_sent"] + rng.sample(["mend_note", "mend_journal", "mend_paid", "note_of_two", "delete_note", "delete_journal", "delete_paid"], 4)
         entries += rng.sample(["mend", "head", "drop", "add"], 3) + rng.choice([["delete"], []]) + [rng.choice(["mend_challan", "mend_quotation", "mend_money"])]
         for kind in ("challan", "money", "quotation", "last"):
             if rng.random() < 0.25:
@@ -168,6 +172,8 @@ class Year(Trade):
             if rng.random() < 0.2:
                 b.transport, b.lorry, b.parcels = rng.choice(["GIRNAR CARRIERS", "MARUTI"]), "LR %d" % number, rng.choice(["", "2 BOXES"])
                 b.narration = rng.choice([b.narration, "GOODS FOR THE NEW SHOP, THE SECOND FLOOR AND THE YARD"])
+        b.reverse = rng.random() < (0.3 if book == "PU" else 0.04)
+        b.ineligible = book == "PU" and rng.random() < 0.2
         b.work_out()
         books.bills[book][number] = b
         books.saved(b)
@@ -182,7 +188,7 @@ class Year(Trade):
                  if len(b.lines) >= lines and not b.currency and (marked or not (b.kind or b.place)) and not self.books.is_bound(b)]
         b = self.rng.choice(found) if found else None
         if b:
-            b.challan = 0  # the screen does not show it again
+            b.challan = self.number_of(b.sources)  # that of the bill itself is not shown again
         return b
 
     def mend(self):
@@ -199,7 +205,7 @@ class Year(Trade):
         if b := self.some_bill():
             b.day, b.narration, was = self.some_day(), "CHANGED AT NOON", b.party
             other = self.rng.choice([p for p in self.books.parties if p.group == DEBTORS and p.state == was.state and not p.abroad])
-            if self.rng.random() < 0.5:  # the number goes on, and so do days and destination
+            if self.rng.random() < 0.5 and not b.sources:  # the number goes on, and so do days and destination
                 b.party = other
             self.books.saved(b)
             self.clerk.mend_head(b, was, b.party if b.party is not was else None)
@@ -223,35 +229,41 @@ class Year(Trade):
     def delete(self):
         if b := self.some_bill(marked=True):
             del self.books.bills["SA"][b.number]
+            self.books.gone(b)
             self.clerk.delete("SALE", b)
 
     def delete_last(self):
         bills = self.books.bills["SA"]
         if bills and not self.books.is_bound(bills[max(bills)]):
-            self.clerk.delete("SALE", bills.pop(max(bills)))
+            b = bills.pop(max(bills))
+            self.books.gone(b)
+            self.clerk.delete("SALE", b)
 
     # Notes against bills
 
-    def note(self, book="SR"):
-        """Part of what a bill holds, at its rates; each bill is written against once."""
+    def note(self, book="SR", most=1):
+        """Part of what some bills of a party hold, at their rates; each bill is written against once."""
         rng, books, day = self.rng, self.books, self.some_day()
         bills = books.bills["PU" if book == "PR" else "SA"].values()
         numbers = [b.bill_number for b in bills]
-        against = [n.original for notes in ("SR", "SD", "PR") for n in books.bills[notes].values()]
+        against = [bill for notes in ("SR", "SD", "PR") for n in books.bills[notes].values() for bill in n.originals]
         found = [b for b in bills if b not in against and b.net > 0 and b.day <= day and numbers.count(b.bill_number) == 1
                  and all(l.amount > 0 and l.typed is None and l.amounts == rules_of(l) for l in b.lines)]
         if not found:
             return
         b = rng.choice(found)
-        lines = []
-        for line in b.lines:
+        kind_of = lambda bill: (bill.party.code, bill.reverse, bill.ineligible, bill.kind, bill.place, bill.currency, bill.customs)
+        originals = [b] + [other for other in found if other is not b and kind_of(other) == kind_of(b)][:most - 1]
+        lines, taken = [], [line for bill in originals for line in bill.lines]
+        for line in taken:
             line.taken = rng.choice([line.quantity, min(1, line.quantity), rounded(line.quantity / 2, 2)])
             new = replace(line, quantity=line.taken)
             new.work_out()
             lines.append(new)
         number = books.next(books.bills[book])
         n = Bill(book, number, day, b.party, "TAX", books.next_bill_number("TAX", book), b.party.days if book == "SD" else 0, lines, rng.choice(["", "AS TALKED OVER"]),
-                 original=b, reason=rng.choice([1, 3]), taken=b.lines, kind=b.kind, place=b.place, currency=b.currency, customs=b.customs)
+                 originals=originals, reason=rng.choice([1, 3]), taken=taken, reverse=b.reverse, ineligible=b.ineligible,
+                 kind=b.kind, place=b.place, currency=b.currency, customs=b.customs)
         n.work_out()
         if n.net == 0:
             return
@@ -260,6 +272,31 @@ class Year(Trade):
             books.settle(n)
         books.saved(n)
         self.clerk.note(n, self.today)
+
+    def note_of_two(self):
+        self.note(most=2)
+
+    def some_note(self):
+        found = [n for book in ("SR", "SD", "PR") for n in self.books.bills[book].values()]
+        return self.rng.choice(found) if found else None
+
+    def mend_note(self):
+        """Another part of what the first line's bill holds; none of its lines comes back when it stands for nothing."""
+        n = self.some_note()
+        if n and all(line.quantity for line in n.lines):
+            n.lines[0].quantity = self.rng.choice([n.taken[0].quantity, min(1, n.taken[0].quantity)])
+            n.lines[0].work_out()
+            n.narration = "LOOKED AT AGAIN"
+            n.work_out()
+            if n.book == "SR":
+                self.books.settle(n)
+            self.books.saved(n)
+            self.clerk.mend_note(n)
+
+    def delete_note(self):
+        if n := self.some_note():
+            del self.books.bills[n.book][n.number]
+            self.clerk.delete(MENUS[n.book], n)
 
     def debit_note(self):
         self.note("SD")
@@ -289,6 +326,53 @@ class Year(Trade):
         v.work_out()
         return v
 
+    # What a party has been offered and sent becomes a challan or a bill
+
+    def order(self):
+        """Up to two challans and offers of a party in one bill; into a challan goes an offer."""
+        rng, books = self.rng, self.books
+        found = books.open_sources()
+        if found:
+            first = rng.choice(found)
+            sources = [first] + [s for s in found if s is not first and s.party is first.party][:rng.choice([0, 1])]
+            number = books.next(books.bills["SA"])
+            lines = [line for s in sources for line in self.lines_of(s)]
+            b = Bill("SA", number, self.today, first.party, "TAX", books.next_bill_number("TAX"), first.party.days, lines,
+                     challan=self.number_of(sources) if any(s.book == "CH" for s in sources) else number, destination=first.party.area, sources=sources)
+            b.work_out()
+            self.clerk.order(b)
+            books.bills["SA"][number] = b
+            books.made(b)
+
+    @staticmethod
+    def number_of(sources):
+        """For one challan there is room."""
+        numbers = [s.challan_number for s in sources if s.book == "CH"]
+        return numbers[0] if len(numbers) == 1 else 0
+
+    def lines_of(self, source):
+        """At the tax of today; a challan's lines at its discount."""
+        lines = []
+        for line in source.lines:
+            lines.append(Line(line.item, line.unit, line.quantity, line.rate, source.discount if source.book == "CH" else line.discount,
+                              self.books.taxes(line.item, source.party)))
+            lines[-1].work_out()
+        return lines
+
+    def order_sent(self):
+        """At rates without their discount; of those that are paise then."""
+        left = lambda line, places=2: rounded(line.rate * (100 - line.discount) / 100, places)
+        found = [q for q in self.books.open_sources() if q.book == "QT" and all(left(line) == left(line, 4) for line in q.lines)]
+        if found:
+            q = self.rng.choice(found)
+            lines = [replace(line, rate=left(line), discount=0) for line in q.lines]
+            c = Challan(self.books.next(self.books.challans), self.today, q.party, "DC", self.books.next_challan_number("DC"), lines,
+                        self.rng.choice([0, 5]), sources=[q])
+            c.work_out()
+            self.clerk.order_sent(c)
+            self.books.challans[c.number] = c
+            self.books.made(c)
+
     def mend_challan(self):
         if self.books.challans:
             c = self.mended(self.books.challans)
@@ -298,9 +382,13 @@ class Year(Trade):
     def delete_challan(self):
         self.delete_some("CH", self.books.challans)
 
+
     def delete_some(self, menu, vouchers):
-        if vouchers:
-            self.clerk.delete(menu, vouchers.pop(self.rng.choice(list(vouchers))))
+        found = [v for v in vouchers.values() if not v.made]
+        if found:
+            v = vouchers.pop(self.rng.choice(found).number)
+            self.books.gone(v)
+            self.clerk.delete(menu, v)
 
     def quotation(self):
         party = self.choose(DEBTORS)
@@ -381,17 +469,44 @@ class Year(Trade):
         books.saved(j)
         self.clerk.journal(j, self.today)
 
-    def mend_money(self):
-        found = [m for m in self.books.money["RC"].values() if not m.settles]
-        if found:
-            m = self.rng.choice(found)
-            m.amount, m.day = self.rng.randrange(100, 900000) / 100, self.some_day()
+    def some_journal(self):
+        found = [j for kept in self.books.journals.values() for j in kept.values()]
+        return self.rng.choice(found) if found else None
+
+    def mend_journal(self):
+        j = self.some_journal()
+        if j and len(j.entries) == 2:
+            for entry in j.entries:
+                entry.amount = rounded(entry.amount + 12.5, 2)
+            self.books.saved(j)
+            self.clerk.mend_journal(j)
+
+    def delete_journal(self):
+        if j := self.some_journal():
+            del self.books.journals[j.book][j.number], self.books.standing[j.book, j.number]
+            self.clerk.delete_journal(j)
+
+    # Money again
+
+    def some_money(self, *books):
+        found = [m for book in books for m in self.books.money[book].values()]
+        return self.rng.choice(found) if found else None
+
+    def mend_money(self, *books):
+        if m := self.some_money(*books or ["RC"]):
+            m.amount = rounded((m.amount if m.settles else 0) + self.rng.randrange(100, 900000) / 100, 2)
+            m.day = self.some_day()
             self.books.saved(m)
             self.clerk.mend_money(m)
 
-    def delete_money(self):
-        if self.books.money["RC"]:
-            m = self.books.money["RC"].pop(self.rng.choice(list(self.books.money["RC"])))
-            del self.books.standing["RC", m.number]
-            self.clerk.delete("RECEIPT", m)
+    def delete_money(self, *books):
+        if m := self.some_money(*books or ["RC"]):
+            del self.books.money[m.book][m.number], self.books.standing[m.book, m.number]
+            self.clerk.delete(MENUS[m.book], m)
             self.clerk.balances(m)
+
+    def mend_paid(self):
+        self.mend_money("PY", "IC", "EP")
+
+    def delete_paid(self):
+        self.delete_money("PY", "IC", "EP")
