@@ -249,7 +249,7 @@ void VoucherScreen::deleteLine() {
   if (item.empty() || !lines_->onRow() || !sameText(item, lines_->row().text(column))) return;
   const Row& line = lines_->row();
   // A line that is typed later may have its serial.
-  for (auto& [source, serials] : taken_) std::erase(serials, line.number(kind_.tables.serial));
+  for (auto& [source, taken] : taken_) std::erase(taken.serials, line.number(kind_.tables.serial));
   data().exec("DELETE FROM " + kind_.tables.work + " WHERE VOUCH_NO = ? AND " + column + " = ? AND " +
                   kind_.tables.serial + " = ?",
               line.number("VOUCH_NO"), item, line.number(kind_.tables.serial));
