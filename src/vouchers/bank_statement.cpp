@@ -13,6 +13,7 @@
 #include "platform/utf8.h"
 #include "platform/workbook/model.h"
 #include "platform/workbook/workbook.h"
+#include "vouchers/html_rows.h"
 
 namespace {
 
@@ -276,6 +277,8 @@ BankStatement statementOfText(const std::string& bytes, const std::string& name)
     refuse(english("{file} Is Neither Csv Nor Xlsx\nLet The Bank Give It As One Of These"), name);
   std::u32string text = utf8::decode(bytes);
   if (!text.empty() && text.front() == U'\xFEFF') text.erase(0, 1);
+  if (const std::string page = trim(utf8::encode(text)); page.starts_with('<'))
+    return statementOfRows(rowsOfHtml(page, kMostRows, kMostColumns), name);
   for (const char32_t separator : {U',', U';', U'\t'})
     if (auto rows = rowsOfText(text, separator); headOf(rows)) return statementOfRows(rows, name);
   return statementOfRows({}, name);

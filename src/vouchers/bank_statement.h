@@ -8,8 +8,9 @@
 
 #include "base/date.h"
 
-// A bank's statement as it gives it away: a CSV file (comma, semicolon or tab, quoted fields) or an .xlsx
-// workbook. Nothing about its columns is known but what their headings say.
+// A bank's statement as it gives it away: a CSV file (comma, semicolon or tab, quoted fields), an .xlsx
+// workbook, or a page of HTML with tables that is called .xls. Nothing about its columns is known but what
+// their headings say.
 
 struct StatementLine {
   Date date{};

@@ -48,6 +48,12 @@ const File kFiles[] = {
     {"a column of types that says cheque as well, and a side in the heading of the amount",
      "Date,Transaction Type,Details,Amount (Dr/Cr)\n02/11/26,DEPOSIT,A,10\n02/11/26,CASH "
      "WITHDRAWAL,B,10\n03/11/26,CHQ,C,10.00 Dr\n",                                                           "2026-11-02 1000 A|\n2026-11-02 -1000 B|\n2026-11-03 -1000 C|\n"                                  },
+    {"a page that is called a workbook",
+     "<html><head><style>td {a: b}</style></head><table><tr><td colspan=3>NAVRANG BANK</td></tr>\n"
+     "<TR><TH>Txn Date</TH><th colspan='2'>Description</th><th>Withdrawals</th><th>Deposits</th></TR>\n"
+     "<tr><td>03-Nov-2026<td>UPI/A &amp; B<br>FOR&nbsp;GOODS</td><td></td><td "
+     "align=right><b>1,250.50</b></td>"
+     "<td>&nbsp;</td></tr></table></html>",                                                                  "2026-11-03 -125050 UPI/A & B FOR GOODS|\n"                                                       },
 };
 
 TEST(BankStatementTest, IsReadAsTheBanksWriteIt) {
