@@ -78,6 +78,13 @@ void BillsToSettle::take(const std::vector<Settlement::Bill>& chosen) {
       line.now = std::clamp(own->second, 0.0, std::max(line.open, 0.0));
 }
 
+void BillsToSettle::takeEqual(double amount) {
+  clear();
+  const auto equal = [&](const Line& line) { return cleanSum(line.open - amount) == 0; };
+  const auto found = std::ranges::find_if(rows_, equal);
+  if (found != rows_.end() && std::ranges::count_if(rows_, equal) == 1) found->now = amount;
+}
+
 void BillsToSettle::spread(double amount) {
   typed = {};
   for (Line& line : rows_) {

@@ -29,6 +29,8 @@ class BillsToSettle : public RowSource {
   void put(size_t row, double amount) { rows_[row].now = amount; }
   void clear();
   void take(const std::vector<Settlement::Bill>& chosen);  // as far as they are open
+  // In place of what stands: the one bill that is open for just this much, if there is one.
+  void takeEqual(double amount);
   // In place of what stands: the oldest first.
   void spread(double amount);
 

@@ -209,6 +209,7 @@ void bwrcpy::take(const MoneyDraft& draft) {
   put(kChequeDate, draft.date);
   put(kAmount, draft.amount);
   put(kNarration, draft.narration);
+  bills_->takeEqual(draft.amount);
   showSums();
   focus(at(draft.party.empty() ? kParty : kAmount));
 }
