@@ -8,6 +8,12 @@
 #include "frame/supply_kinds.h"
 #include "store/dictionary.h"
 
+namespace {
+
+constexpr double kMarks = 150;  // pixels
+
+}  // namespace
+
 Condition askedOfBills(const ReportQuery& q) {
   Condition c;
   c.add("SALE.VOUCH_DT >= ?", q.from)
@@ -41,7 +47,7 @@ std::vector<Value> BillMarks::before(const std::vector<Value>& others) const {
 }
 
 void BillMarks::addTo(std::vector<ReportColumn>& columns) const {
-  if (!expression.empty()) columns.push_back({.heading = "Marks", .twips = 1300});
+  if (!expression.empty()) columns.push_back({.heading = "Marks", .twips = 1300, .pixels = kMarks});
 }
 
 BillMarks billMarks(Database& db, const std::string& book) {
