@@ -153,8 +153,11 @@ void BillDesign::closing(int row) {
 void BillDesign::end(int row) {
   const BillFoot& table = bill_table_.foot;
   const int rows = form_.footRows() - wordsAt(bill_table_.pageTotals ? 2 : 1) - kWordsRows;
-  notes(sheet_, row, table.notes, table.receiver, table.bankLine ? bankLine(company_) : "", bill_.declaration,
-        company_, rows - 1, table.notesSize);
+  const std::string bank = table.bankLine ? bankLine(company_) : "";
+  const std::string beside =
+      table.bankMakesRoom ? "IF(" + bill_.endorsement + "=\"\"," + bank + ",\"\")" : bank;
+  notes(sheet_, row, table.notes, table.receiver, beside, bill_.declaration, company_, rows - 1,
+        table.notesSize);
   signature(sheet_, row - table.besideWords, table.signature, company_, rows + table.besideWords - 2,
             table.size);
 }

@@ -50,7 +50,8 @@ struct BillFoot {
   Columns totalLabel = {}, total = {};
   bool narrowTotals = false;
   Columns notes = {}, receiver = {};
-  bool bankLine = true;  // among the notes
+  bool bankLine = true;        // among the notes
+  bool bankMakesRoom = false;  // for what the law asks to be said
   Columns signature = {};
   int besideWords = 0;  // rows of words beside which the signature stands
   double size = 8.5, rupeesSize = 8.5, pagesSize = 7.5, hsnSize = 7.5, notesSize = 7, continuedSize = 10;

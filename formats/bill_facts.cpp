@@ -210,6 +210,7 @@ void numberFacts(const FirstLine& from, Bill& bill) {
   // What the law asks to be said takes the place of the declaration.
   const auto declared =
       noted("Declaration", quoted(kOfNote), given("Bill's declaration", 30, quoted(kDeclaration)));
+  bill.endorsement = sheet3::cell(1, 33) + "&\"\"";
   bill.declaration = given("Endorsement", 33, declared);
   bill.challan =
       noted("Challan or reason", sheet3::cell(1, 14) + "&\"\"", from.text("Challan", "SALE.CHLN_NO"));

@@ -81,6 +81,7 @@ struct Bill {
   // it stands against, the challan's the reason.
   std::string title = "\"TAX INVOICE\"", numberLabel = "\"Invoice No\"", orderLabel = "\"Order No\"",
               challanLabel = "\"Challan No\"", declaration, reverse = "\"No\"";
+  std::string endorsement;  // what the law asks to be said, in place of the declaration
   // "Total", or what else the closing row must say of lines that have no slot.
   std::string totalLabel;
 

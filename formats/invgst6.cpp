@@ -36,7 +36,7 @@ const BillTable kTable{
                   .columns = {{{'C', 'C'}, "Taxable value", 'I'}, {{'D', 'H'}, "Amount", 'K'}}},
         .hsn = {.code = {'A', 'B'}, .taxable = {'C', 'D'}, .rate = {'E', 'F'}, .tax = {'G', 'H'}},
         .totalLabel = {'I', 'J'}, .total = {'K', 'K'},
-        .notes = {'A', 'D'}, .receiver = {'E', 'H'},
+        .notes = {'A', 'D'}, .receiver = {'E', 'H'}, .bankMakesRoom = true,
         .signature = {'I', 'K'}, .besideWords = 2,
         .size = 6.75, .rupeesSize = 6.75, .pagesSize = 6.25, .hsnSize = 6.25, .notesSize = 6, .continuedSize = 7.5,
     },
