@@ -11,17 +11,25 @@ using enum SupplyKind;
 constexpr std::array kSold = {Ordinary, ExportTaxed, Export, SezTaxed, Sez, Deemed};
 constexpr std::array kBought = {Ordinary, ImportGoods, ImportServices};
 
-// By their numbers.
-constexpr std::array<const char*, 8> kNames = {
-    "",
-    english("Export With Tax"),
-    english("Export, LUT"),
-    english("SEZ With Tax"),
-    english("SEZ, LUT"),
-    english("Deemed Export"),
-    english("Import Of Goods"),
-    english("Import Of Services"),
+struct Names {
+  const char *whole, *mark;
 };
+
+// By their numbers.
+constexpr std::array<Names, 8> kNames = {
+    {
+     {"", ""},
+     {english("Export With Tax"), english("Export")},
+     {english("Export, LUT"), english("Export, LUT")},
+     {english("SEZ With Tax"), english("SEZ")},
+     {english("SEZ, LUT"), english("SEZ, LUT")},
+     {english("Deemed Export"), english("Deemed Export")},
+     {english("Import Of Goods"), english("Import")},
+     {english("Import Of Services"), english("Import")},
+     }
+};
+
+const Names& namesOf(SupplyKind kind) { return kNames[static_cast<size_t>(kind)]; }
 
 }  // namespace
 
@@ -35,13 +43,15 @@ SupplyKind supplyKind(double stored) {
              : Ordinary;
 }
 
-std::string supplyName(SupplyKind kind) {
-  return kind == Ordinary ? "" : words(kNames[static_cast<size_t>(kind)]);
-}
+std::string supplyName(SupplyKind kind) { return words(namesOf(kind).whole); }
+
+std::string supplyMark(SupplyKind kind) { return words(namesOf(kind).mark); }
 
 bool isExport(SupplyKind kind) { return kind == ExportTaxed || kind == Export; }
 
 bool isSez(SupplyKind kind) { return kind == SezTaxed || kind == Sez; }
+
+bool isImport(SupplyKind kind) { return kind == ImportGoods || kind == ImportServices; }
 
 bool bearsIntegrated(SupplyKind kind) { return kind != Ordinary && kind != Deemed; }
 

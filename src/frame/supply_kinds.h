@@ -21,9 +21,12 @@ std::span<const SupplyKind> supplyKinds(bool bought);
 SupplyKind supplyKind(double stored);
 // Its words; empty for an ordinary supply.
 std::string supplyName(SupplyKind kind);
+// The same where room is narrow.
+std::string supplyMark(SupplyKind kind);
 
 bool isExport(SupplyKind kind);
 bool isSez(SupplyKind kind);
+bool isImport(SupplyKind kind);
 // Integrated tax is due also within one state.
 bool bearsIntegrated(SupplyKind kind);
 // The rates of tax stand and no tax is charged.

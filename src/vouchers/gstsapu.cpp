@@ -345,7 +345,7 @@ void GSTSAPU::markAsUsual() { mark({false, composition_ && isBought(kind_)}); }
 void GSTSAPU::readComposition() { composition_ = settingNumber(data(), kComposition) == 1; }
 
 void GSTSAPU::reverseKey() {
-  if (!typing() || supply_.kind == SupplyKind::ImportServices) return;
+  if (!typing() || isImport(supply_.kind)) return;  // which says itself who owes the tax
   Supply supply = told();
   supply.reverse = !supply.reverse;
   mark(supply);

@@ -116,7 +116,7 @@ void GSTSAPU::showMarks() {
   put(kSupplyKindName, supplyName(supply_.kind));
   // The room beside the date of a small window is narrow.
   const bool both = supply_.reverse && supply_.ineligible;
-  const std::string own = supplyName(supply_.kind);
+  const std::string own = supplyMark(supply_.kind);
   put(kSupply, !own.empty()         ? (supply_.ineligible ? words("Import, No ITC") : own)
                : both               ? words("Rev. Charge, No ITC")
                : supply_.reverse    ? words("Reverse Charge")
@@ -157,9 +157,9 @@ void GSTSAPU::proposeSupply(const AccountFacts& party) {
 
 // What a kind of supply brings along.
 void GSTSAPU::takeKind(Supply& supply) {
-  if (supply_.kind == SupplyKind::ImportServices || supply.kind == SupplyKind::ImportServices)
-    supply.reverse = supply.kind == SupplyKind::ImportServices;
-  if (supply.kind == SupplyKind::ImportGoods && supply.customs.empty())
+  using enum SupplyKind;
+  if (supply_.kind == ImportServices || isImport(supply.kind)) supply.reverse = supply.kind == ImportServices;
+  if (supply.kind == ImportGoods && supply.customs.empty())
     supply.customs = settingOf(data(), ::kCustomsAccount);
 }
 
@@ -228,7 +228,8 @@ bool GSTSAPU::supplyStands() {
   if (supply.shippingBill.empty() == supply.shippingDate.has_value())
     return refuse(supply.shippingDate ? kShippingBill : kShippingDate,
                   words("Type Both Number And Date Of The {bill}", "bill", words(at(kShippingBill).label)));
-  if (supply.kind == SupplyKind::ImportGoods && value(kIgstTotal) != 0 && trimmed(kCustomsName).empty())
+  const bool taxed = value(kCgstTotal) != 0 || value(kSgstTotal) != 0 || value(kIgstTotal) != 0;
+  if (supply.kind == SupplyKind::ImportGoods && taxed && trimmed(kCustomsName).empty())
     return refuse(kCustoms, words("Choose The Account That Their Tax Is Owed To"));
   return true;
 }

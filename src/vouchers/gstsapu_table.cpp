@@ -16,8 +16,8 @@ Layout withPanel(Layout layout) {
   layout.bands.insert(layout.bands.begin() + 1,
                       {fit(),
                        {{.name = "S",
-                         .columns = {fit(), px(44), part(1, 110), fit(), px(44), part(1, 80), fit(),
-                                     px(84, 70), fit(), px(92, 78), part(0.8, 60)}}},
+                         .columns = {fit(), px(44), part(1, 128), fit(), px(44), part(1, 70), fit(),
+                                     px(84, 60), fit(), px(92, 76), part(0.8, 50)}}},
                        true});
   return layout;
 }

@@ -291,6 +291,12 @@ void postJournals(Run& run) {
   carryOut(run, source.kinds, journalPosting(kList, run.ledger));
 }
 
+// By what the marks of bills say their taxes are posted, also in books that the walk has not brought up to
+// date.
+void completeMarks(Database& db) {
+  if (CheckTable(db, "SUPPLY")) ensureSupply(db);
+}
+
 void postEverything(Database& db, const PostingProgress& progress) {
   auto step = [&, line = 0](const char* text, const std::function<void()>& work) mutable {
     if (progress) progress((line++ == 0 ? "" : "\n") + words(text));
@@ -327,12 +333,13 @@ void postEverything(Database& db, const PostingProgress& progress) {
 
 void postAll(Database& db, const PostingProgress& progress) {
   const BulkWriting bulk(db);
-  if (CheckTable(db, "SUPPLY")) ensureSupply(db);  // what its rows are posted by
+  completeMarks(db);
   whole(db, [&] { postEverything(db, progress); });
 }
 
 void postMissing(Database& db) {
   if (!anyMissing(db)) return;  // the usual case, which waits for no other program
+  completeMarks(db);
   whole(db, [&] {
     Run run{db, Which::Missing};
     postReceipts(run);

@@ -15,13 +15,13 @@ constexpr const char* kTable = "SUPPLY";
 // Of the bills of which a note or bill of the kind is one.
 const std::string& billBook(const VoucherKind& kind) { return kind.isNote() ? kind.adjusts.code : kind.code; }
 
-// How the latest bill was marked, of the party where one is given, among two kinds; the second where none
-// was.
+// How the latest bill was marked, of the party where one is given, among two kinds.
 SupplyKind lastOf(Database& db, const VoucherKind& kind, const std::string& party, SupplyKind one,
                   SupplyKind other, SupplyKind otherwise) {
   if (!CheckTable(db, kTable)) return otherwise;
+  // The marked bills are few, and so are read first.
   std::string sql =
-      "SELECT S.KIND FROM SUPPLY AS S JOIN SALE AS H ON H.VOUCH_NO = S.VOUCH_NO AND H.BOOK_CD ="
+      "SELECT S.KIND FROM SUPPLY AS S CROSS JOIN SALE AS H ON H.VOUCH_NO = S.VOUCH_NO AND H.BOOK_CD ="
       " S.BOOK_CD WHERE S.BOOK_CD = ? AND S.KIND IN (?, ?)";
   std::vector<Value> values = {billBook(kind), static_cast<int>(one), static_cast<int>(other)};
   if (!party.empty()) {
