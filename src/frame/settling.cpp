@@ -1,6 +1,6 @@
 #include "frame/settling.h"
 
-#include <vector>
+#include <algorithm>
 
 #include "base/date.h"
 #include "base/number.h"
@@ -101,9 +101,10 @@ std::optional<Question> settledQuestion(Database& db, const VoucherKey& voucher,
                   .loses = true};
 }
 
-void freeSettled(Database& db, const VoucherKey& voucher, const std::string& keeps) {
+void freeSettled(Database& db, const VoucherKey& voucher, const std::vector<std::string>& keeps) {
   for (const SettledBy& by : settledBy(db, voucher)) {
-    if (!keeps.empty() && sameText(by.party, keeps)) continue;
+    if (std::ranges::any_of(keeps, [&](const std::string& party) { return sameText(by.party, party); }))
+      continue;
     db.exec(
         "DELETE FROM SETTLES WHERE BILL_BOOK = ? AND BILL_VNO = ? AND WHAT = 'B' AND PARTY_CD = ?"
         " AND BOOK_CD = ? AND VOUCH_NO = ?",

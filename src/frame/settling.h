@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "frame/voucher_opening.h"
 #include "platform/host.h"
@@ -28,6 +29,6 @@ std::string settledWords(Database& db, const VoucherKey& voucher);
 // Asked before it is stored with a smaller amount than is settled, or under another party.
 std::optional<Question> settledQuestion(Database& db, const VoucherKey& voucher, const std::string& party,
                                         double amount);
-// Takes away what is settled of it, so that the money is on account again; of another party than `keeps`
-// alone where that is given. To be called inside the transaction that deletes or stores the voucher.
-void freeSettled(Database& db, const VoucherKey& voucher, const std::string& keeps = {});
+// Takes away what is settled of it, so that the money is on account again; of other parties than `keeps`
+// alone where these are given. To be called inside the transaction that deletes or stores the voucher.
+void freeSettled(Database& db, const VoucherKey& voucher, const std::vector<std::string>& keeps = {});

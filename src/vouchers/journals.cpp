@@ -61,7 +61,10 @@ bool saveJournal(Database& db, const VoucherKind& kind, const Fields& head, cons
     unpost(db, kind, number);
     db.exec(journalPosting("(SELECT * FROM JOURNAL WHERE VOUCH_NO = ? AND BOOK_CD = ?)"), number, kind.code);
     forgetUnclear(db, kind.code, number);
-    addAccounts(db, kind, number, touched);
+    std::set<std::string> now;
+    addAccounts(db, kind, number, now);
+    freeSettled(db, {kind.code, number}, {now.begin(), now.end()});
+    touched.merge(now);
     for (const std::string& account : touched) RebuildOneBalance(db, account);
     return true;
   });

@@ -108,7 +108,7 @@ bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& vouch
     // A repair that has its place here: statements print the number as it stands.
     db.exec("UPDATE ACCOUNT SET GSTINNO = '.' WHERE GSTINNO IS NULL");
     storeMoneyVoucher(db, kind, voucher, settles);
-    freeSettled(db, {kind.code, number}, trim(valueOf(voucher, "PARTY_CD").text()));
+    freeSettled(db, {kind.code, number}, {trim(valueOf(voucher, "PARTY_CD").text())});
     if (!settles.bills.empty()) checkSettlement(db, kind, number);
     touched.merge(accountsOf(db, kind, number));
     for (const std::string& account : touched) RebuildOneBalance(db, account);

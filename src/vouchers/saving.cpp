@@ -150,7 +150,7 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
                          kind, supply));
     if (!partyBefore) return true;
     followBill(db, kind, number, *partyBefore);
-    freeSettled(db, {kind.code, number}, trim(text("PARTY_CD")));
+    freeSettled(db, {kind.code, number}, {trim(text("PARTY_CD"))});
     for (const std::string& party : {*partyBefore, trim(text("PARTY_CD"))}) RebuildOneBalance(db, party);
     return true;
   });

@@ -2,6 +2,7 @@
 
 #include "frame/books_check.h"
 #include "vouchers/bill_fixture.h"
+#include "vouchers/journals.h"
 
 namespace {
 
@@ -100,6 +101,30 @@ TEST_F(ReceiptsTest, WhatTwoSettleOfOneBill) {
   EXPECT_EQ(above(), "SA90 100.00 60.00");
   freeSettled(db(), {"SA", 90});
   EXPECT_FALSE(saveMoneyVoucher(db(), receiptKind(), money(1, 100), Saving::over(shown), first));
+  EXPECT_EQ(line("SELECT RPTPAY_DTL, (SELECT COUNT(*) FROM SETTLES) FROM RPTPAY"), "A|0");
+}
+
+// A journal that a receipt settles goes to another party: the money is on account.
+TEST_F(ReceiptsTest, WhatAJournalLeavesIsSettledNoMore) {
+  const VoucherKind& journal = journalKind("JOURNAL");
+  const auto save = [&](const std::string& party, const Saving& how) {
+    db().exec("DELETE FROM T_JOURNITM");
+    db().exec(
+        "INSERT INTO T_JOURNITM (SR_NO, ACC_CD, DEBIT, CREDIT) VALUES (1, ?, 80, 0), (2, 'X90002', 0, 80)",
+        party);
+    return saveJournal(db(), journal,
+                       {
+                           {"VOUCH_NO", 1   },
+                           {"VOUCH_DT", kDay}
+    },
+                       stamp(), how);
+  };
+  ASSERT_TRUE(save("A00001", Saving::Fresh));
+  ASSERT_TRUE(
+      saveMoneyVoucher(db(), receiptKind(), money(1, 80), Saving::Fresh, {.bills = {{{"JV", 1}, 80}}}));
+  ASSERT_TRUE(save("A00001", Saving::Again));
+  EXPECT_EQ(line("SELECT COUNT(*) FROM SETTLES"), "1");
+  ASSERT_TRUE(save("A00002", Saving::Again));
   EXPECT_EQ(line("SELECT RPTPAY_DTL, (SELECT COUNT(*) FROM SETTLES) FROM RPTPAY"), "A|0");
 }
 
