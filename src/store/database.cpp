@@ -240,6 +240,14 @@ int Database::exec(std::string_view sql, const std::vector<Value>& values) {
   return changed;
 }
 
+void Database::later(std::string_view sql, const std::vector<Value>& values) {
+  if (!engine().later(sql, values)) {
+    exec(sql, values);
+    return;
+  }
+  noteStatement(sql);
+}
+
 std::optional<Row> Database::first(std::string_view sql, const std::vector<Value>& values) {
   auto rows = query(sql, values);
   if (!rows.next()) return {};

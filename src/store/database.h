@@ -229,6 +229,14 @@ class Database {
   }
   int exec(std::string_view sql, const std::vector<Value>& values);
 
+  // The same where nobody asks how many: within a transaction a server is told it together with what follows,
+  // at the latest with the commit. What it refuses is thrown then, and all of the transaction is lost.
+  template <typename... Args>
+  void later(std::string_view sql, const Args&... args) {
+    later(sql, std::vector<Value>{Value(args)...});
+  }
+  void later(std::string_view sql, const std::vector<Value>& values);
+
   template <typename... Args>
   Rows query(std::string_view sql, const Args&... args) {
     return query(sql, std::vector<Value>{Value(args)...});

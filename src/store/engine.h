@@ -74,6 +74,8 @@ class Engine {
   virtual std::unique_ptr<PreparedStatement> prepare(std::string_view sql) = 0;
   virtual bool understands(std::string_view sql) = 0;
   virtual std::int64_t insertedRow() = 0;
+  // Keeps what changes rows for the next journey of the transaction; false where it is to be run at once.
+  virtual bool later(std::string_view /*sql*/, const std::vector<Value>& /*values*/) { return false; }
 
   virtual void begin(Transaction::Writes what) = 0;
   virtual void commit() = 0;

@@ -56,11 +56,39 @@ Fields writable(Database& db, std::string_view table, const Fields& fields) {
   return result;
 }
 
-std::vector<Value> valuesOf(const Fields& fields) {
+struct Statement {
+  std::string sql;
   std::vector<Value> values;
-  values.reserve(fields.size());
-  for (const auto& field : fields) values.push_back(field.value);
-  return values;
+};
+
+Statement insertion(Database& db, std::string_view table, const Fields& fields) {
+  const Fields fit = writable(db, table, fields);
+  Statement all;
+  std::string names;
+  std::string marks;
+  for (const auto& field : fit) {
+    names += (names.empty() ? "" : ", ") + quotedName(field.column);
+    marks += marks.empty() ? "?" : ", ?";
+    all.values.push_back(field.value);
+  }
+  all.sql = "INSERT INTO " + quotedName(table) +
+            (fit.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + marks + ")");
+  return all;
+}
+
+// Empty where nothing can be written.
+Statement change(Database& db, std::string_view table, const Fields& fields, std::string_view where,
+                 const std::vector<Value>& values) {
+  Statement all;
+  std::string sets;
+  for (const auto& field : writable(db, table, fields)) {
+    sets += (sets.empty() ? "" : ", ") + quotedName(field.column) + " = ?";
+    all.values.push_back(field.value);
+  }
+  if (sets.empty()) return all;
+  all.sql = "UPDATE " + quotedName(table) + " SET " + sets + " WHERE " + std::string(where);
+  all.values.insert(all.values.end(), values.begin(), values.end());
+  return all;
 }
 
 }  // namespace
@@ -83,17 +111,14 @@ std::optional<Value> fitting(const Column& column, const Value& value) {
 }
 
 std::int64_t insertRow(Database& db, std::string_view table, const Fields& fields) {
-  const Fields fit = writable(db, table, fields);
-  std::string names;
-  std::string marks;
-  for (const auto& field : fit) {
-    names += (names.empty() ? "" : ", ") + quotedName(field.column);
-    marks += marks.empty() ? "?" : ", ?";
-  }
-  const std::string into = "INSERT INTO " + quotedName(table);
-  db.exec(fit.empty() ? into + " DEFAULT VALUES" : into + " (" + names + ") VALUES (" + marks + ")",
-          valuesOf(fit));
+  const Statement all = insertion(db, table, fields);
+  db.exec(all.sql, all.values);
   return insertedRow(db);
+}
+
+void insertLater(Database& db, std::string_view table, const Fields& fields) {
+  const Statement all = insertion(db, table, fields);
+  db.later(all.sql, all.values);
 }
 
 void insertMany(Database& db, const std::string& into, const std::string& row,
@@ -105,19 +130,20 @@ void insertMany(Database& db, const std::string& into, const std::string& row,
     // Of few lengths, so that a statement that was prepared serves again.
     const size_t rows = left <= kFew ? left : std::min(kMost, std::bit_floor(left));
     const auto next = at + static_cast<std::ptrdiff_t>(rows) * each;
-    db.exec(into + " VALUES " + join(std::vector<std::string>(rows, row), ", "),
-            std::vector<Value>(at, next));
+    db.later(into + " VALUES " + join(std::vector<std::string>(rows, row), ", "),
+             std::vector<Value>(at, next));
     at = next;
   }
 }
 
 int updateRows(Database& db, std::string_view table, const Fields& fields, std::string_view where,
                const std::vector<Value>& values) {
-  const Fields fit = writable(db, table, fields);
-  if (fit.empty()) return 0;
-  std::string sets;
-  for (const auto& field : fit) sets += (sets.empty() ? "" : ", ") + quotedName(field.column) + " = ?";
-  auto all = valuesOf(fit);
-  all.insert(all.end(), values.begin(), values.end());
-  return db.exec("UPDATE " + quotedName(table) + " SET " + sets + " WHERE " + std::string(where), all);
+  const Statement all = change(db, table, fields, where, values);
+  return all.sql.empty() ? 0 : db.exec(all.sql, all.values);
+}
+
+void updateLater(Database& db, std::string_view table, const Fields& fields, std::string_view where,
+                 const std::vector<Value>& values) {
+  const Statement all = change(db, table, fields, where, values);
+  if (!all.sql.empty()) db.later(all.sql, all.values);
 }

@@ -27,10 +27,14 @@ std::optional<Value> fitting(const Column& column, const Value& value);
 
 // Returns the new row's rowid.
 std::int64_t insertRow(Database& db, std::string_view table, const Fields& fields);
-// Many rows by few statements, where a server has each of them sent to it: `into` names table and columns,
-// `row` stands behind VALUES once a row, and takes the values in turn.
+// The same where nobody asks for its number (Database::later).
+void insertLater(Database& db, std::string_view table, const Fields& fields);
+// Many rows by few statements (Database::later): `into` names table and columns, `row` stands behind VALUES
+// once a row, and takes the values in turn.
 void insertMany(Database& db, const std::string& into, const std::string& row,
                 const std::vector<Value>& values);
-// Returns the count of rows changed; `where` stands behind WHERE and takes the values.
+// Returns the count of rows changed; `where` stands behind WHERE and takes the values. Later: nobody asks.
 int updateRows(Database& db, std::string_view table, const Fields& fields, std::string_view where,
                const std::vector<Value>& values = {});
+void updateLater(Database& db, std::string_view table, const Fields& fields, std::string_view where,
+                 const std::vector<Value>& values = {});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <exception>
 #include <functional>
 #include <map>
 #include <optional>
@@ -9,6 +10,8 @@
 #include "store/engine.h"
 #include "store/server_link.h"
 #include "store/work_journal.h"
+
+class ServerStatement;
 
 // One database of a server. As with a file, one program writes at a time: a writing transaction begins by
 // counting in the row of TURN that all share, and whoever is second waits for it or, on a cluster, is taken
@@ -22,6 +25,7 @@ class ServerEngine final : public Engine {
   std::unique_ptr<PreparedStatement> prepare(std::string_view sql) override;
   bool understands(std::string_view sql) override;
   std::int64_t insertedRow() override { return inserted_; }
+  bool later(std::string_view sql, const std::vector<Value>& values) override;
 
   void begin(Transaction::Writes what) override;
   void commit() override;
@@ -92,6 +96,8 @@ class ServerEngine final : public Engine {
   ServerLink& link() { return link_; }
   // Connects again where the connection was lost and nothing of a transaction was lost with it.
   void stand();
+  // Sends what was kept for later. Savepoints alone may wait until something is written.
+  void catchUp(bool onlyReads);
   // Runs what writes, in a transaction of its own where there is none.
   void write(const std::string& table, const std::string& sql, const std::vector<Value>& values,
              const std::function<void()>& run);
@@ -103,6 +109,12 @@ class ServerEngine final : public Engine {
 
  private:
   enum class State { None, Reading, Writing };
+  // A statement of the running transaction that was not sent yet, or the beginning of a savepoint.
+  struct Later {
+    std::string sql;
+    std::vector<Value> values{};
+    int savepoint = 0;
+  };
   struct Index {
     std::string table, columns, parts;  // the parts as they are written in its definition
     bool unique = false;
@@ -123,6 +135,10 @@ class ServerEngine final : public Engine {
   void repeat(const std::vector<WorkJournal::Entry>& entries);
   void start(Transaction::Writes what);
   void takeTurn();
+  void countIn();
+  void counted(std::int64_t count);
+  ServerStatement* together(const std::string& text);
+  void sendLater(bool commits);
   bool wasStored();
   std::int64_t lastTurn();
   void forgetTransaction();
@@ -142,6 +158,12 @@ class ServerEngine final : public Engine {
   State state_ = State::None;
   int savepoints_ = 0;
   std::int64_t turn_ = 0, storedTurn_ = 0;  // of the running and of the last stored transaction
+  std::int64_t count_ = -1;                 // the count that all share, as it was seen last
+  std::vector<Later> later_;
+  std::exception_ptr lostWhole_;  // what a statement that was sent later met
+  bool committing_ = false;
+  std::unique_ptr<ServerStatement> countsIn_;
+  std::map<std::string, std::unique_ptr<ServerStatement>> together_;  // sent as one, by their text
   std::int64_t inserted_ = 0, stored_ = 0;
   bool first_ = true, entered_ = false;
   bool mayMark_ = true, holds_ = false;
@@ -156,7 +178,8 @@ class ServerEngine final : public Engine {
   std::map<std::string, std::vector<Column>> work_;  // work tables of this connection
   std::map<std::string, std::string> workIndexes_;
   std::set<std::string> lists_;
-  std::set<std::string> known_;  // tables that were found
+  std::set<std::string> known_;    // tables that were found
+  std::set<std::string> missing_;  // and such that were not, until another program writes
   std::optional<std::map<std::string, Index>> indexes_;
   std::map<std::string, std::vector<Column>> shapes_;
 };

@@ -6,6 +6,7 @@
 #include <array>
 #include <chrono>
 #include <thread>
+#include <utility>
 
 #include "base/end_asked.h"
 #include "base/text.h"
@@ -24,6 +25,7 @@ namespace {
 
 constexpr auto kAnswerAwaited = 20s;  // as long as a cluster may take to go on without a node
 constexpr const char* kShapeRow = "shape";
+constexpr size_t kMostTogether = 40, kTogetherKept = 30;
 
 // What only asks, and what concerns the connection alone, is said again over a new one.
 bool mayBeSaidAgain(std::string_view sql) {
@@ -71,6 +73,7 @@ void ServerEngine::enter() {
   try {
     takePlace();
     known_.clear();
+    missing_.clear();
     indexes_.reset();
     shapes_.clear();
     lists_.clear();
@@ -106,6 +109,7 @@ void ServerEngine::stand() {
   if (state_ == State::None) return reach();
   if (!link_.stands() || generation_ != link_.generation())
     failed(serverError(CR_SERVER_LOST, {}, stemOf(books_), {}));
+  if (lostWhole_) std::rethrow_exception(lostWhole_);
 }
 
 std::unique_ptr<PreparedStatement> ServerEngine::prepare(std::string_view sql) {
@@ -123,6 +127,7 @@ bool ServerEngine::understands(std::string_view sql) {
 }
 
 void ServerEngine::fail(unsigned code, const std::string& text, std::string_view sql) {
+  if (committing_) link_.fail(code, text, sql);
   try {
     link_.fail(code, text, sql);
   } catch (const DatabaseError& error) {
@@ -147,11 +152,14 @@ void ServerEngine::forgetTransaction() {
   state_ = State::None;
   savepoints_ = 0;
   journalMarks_.clear();
+  later_.clear();
+  lostWhole_ = nullptr;
 }
 
 std::vector<std::vector<std::string>> ServerEngine::tell(const std::string& sql) {
   const bool within = inTransaction();
   stand();
+  catchUp(startsWithNoCase(sql, "SELECT "));
   try {
     return link_.rows(sql);
   } catch (const DatabaseError& error) {
@@ -174,18 +182,11 @@ void ServerEngine::begin(Transaction::Writes what) {
 }
 
 void ServerEngine::start(Transaction::Writes what) {
-  const bool writes = what == Transaction::Writes::File;
-  if (!writes) tell("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ");
-  tell(writes ? "START TRANSACTION" : "START TRANSACTION WITH CONSISTENT SNAPSHOT");
-  state_ = writes ? State::Writing : State::Reading;
+  if (what == Transaction::Writes::File) return takeTurn();
+  tell("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ");
+  tell("START TRANSACTION WITH CONSISTENT SNAPSHOT");
+  state_ = State::Reading;
   journalMark_ = journal_.mark();
-  if (!writes) return;
-  try {
-    takeTurn();
-  } catch (...) {
-    if (state_ != State::None) rollBack();
-    throw;
-  }
 }
 
 void ServerEngine::commit() {
@@ -193,7 +194,10 @@ void ServerEngine::commit() {
   stand();  // never over another connection
   const bool wrote = state_ == State::Writing;
   try {
-    link_.rows("COMMIT");
+    if (later_.empty())
+      link_.rows("COMMIT");
+    else
+      sendLater(true);
   } catch (const DatabaseError& error) {
     if (!wrote || error.kind() != Kind::lost) failed(error);
     if (!wasStored()) throw;
@@ -205,6 +209,7 @@ void ServerEngine::commit() {
   journal_.shorten();
   if (!wrote) return;
   storedTurn_ = turn_;
+  count_ = turn_;
   ++stored_;
 }
 
@@ -248,7 +253,12 @@ void ServerEngine::rollBack() {
 }
 
 void ServerEngine::savepoint(int depth) {
-  tell("SAVEPOINT nested_" + std::to_string(depth));
+  const std::string point = "SAVEPOINT nested_" + std::to_string(depth);
+  stand();
+  if (state_ == State::Writing)
+    later_.push_back({.sql = point, .savepoint = depth});
+  else
+    tell(point);
   savepoints_ = depth;
   journalMarks_.resize(static_cast<size_t>(depth), journal_.mark());
 }
@@ -263,8 +273,79 @@ void ServerEngine::release(int depth) {
 void ServerEngine::rollBackTo(int depth) {
   if (static_cast<size_t>(depth) <= journalMarks_.size())
     journal_.backTo(journalMarks_[static_cast<size_t>(depth) - 1]);
-  tell("ROLLBACK TO SAVEPOINT nested_" + std::to_string(depth));
+  const auto point = std::ranges::find(later_, depth, &Later::savepoint);
+  const bool sent = point == later_.end();
+  // What is not sent yet came behind a point that is.
+  later_.erase(sent ? later_.begin() : point, later_.end());
+  if (sent && !lostWhole_) tell("ROLLBACK TO SAVEPOINT nested_" + std::to_string(depth));
   release(depth);
+}
+
+// ---- what can wait for the next journey
+
+bool ServerEngine::later(std::string_view sql, const std::vector<Value>& values) {
+  if (state_ != State::Writing) return false;
+  stand();
+  const std::string table = WorkJournal::target(sql);
+  const bool own = work_.contains(table);
+  // The number of a row of ours is to be known.
+  if (lists_.contains(table) || (own && startsWithNoCase(sql, "INSERT")) || sql.ends_with(" DEFAULT VALUES"))
+    return false;
+  later_.push_back({std::string(sql), values});
+  if (own) journal_.add({std::string(sql), values});
+  if (later_.size() >= kMostTogether) sendLater(false);
+  return true;
+}
+
+void ServerEngine::catchUp(bool onlyReads) {
+  const auto writes = [](const Later& one) { return one.savepoint == 0; };
+  if (!later_.empty() && (!onlyReads || std::ranges::any_of(later_, writes))) sendLater(false);
+}
+
+// None where the server does not understand one of them.
+ServerStatement* ServerEngine::together(const std::string& text) {
+  if (together_.size() >= kTogetherKept) together_.clear();
+  auto& statement = together_[text];
+  try {
+    if (!statement) statement = std::make_unique<ServerStatement>(*this, text);
+  } catch (const DatabaseError& error) {
+    if (error.kind() != Kind::other) throw;
+  }
+  return statement.get();
+}
+
+// Who goes on after a failure would store the rest: nobody can say what was done before it.
+void ServerEngine::sendLater(bool commits) {
+  const std::vector<Later> all = std::exchange(later_, {});
+  std::string text = "BEGIN NOT ATOMIC ";
+  std::vector<Value> values;
+  for (const Later& one : all) {
+    text += one.sql + "; ";
+    values.insert(values.end(), one.values.begin(), one.values.end());
+  }
+  text += commits ? "COMMIT; END" : "END";
+  committing_ = commits;
+  try {
+    if (ServerStatement* const as = together(text)) {
+      if (static_cast<size_t>(as->parameters()) != values.size())
+        throw StatementError("The statements take another count of values", text);
+      as->bind(values);
+      as->rerun();
+    } else {
+      // One by one, it is said which it is.
+      for (const Later& one : all) {
+        ServerStatement alone(*this, one.sql);
+        alone.bind(one.values);
+        alone.rerun();
+      }
+      if (commits) link_.rows("COMMIT");
+    }
+  } catch (...) {
+    committing_ = false;
+    if (!commits && state_ == State::Writing) lostWhole_ = std::current_exception();
+    throw;
+  }
+  committing_ = false;
 }
 
 void ServerEngine::write(const std::string& table, const std::string& sql, const std::vector<Value>& values,
@@ -295,10 +376,19 @@ void ServerEngine::write(const std::string& table, const std::string& sql, const
 }
 
 std::optional<std::int64_t> ServerEngine::changeCount() {
+  // Our own transaction counts itself at its beginning, and others wait.
+  if (state_ == State::Writing) return turn_ - 1;
   const auto found = tell("SELECT N FROM TURN WHERE PROGRAM = ''");
   if (found.empty()) return {};
-  // Our own transaction counts itself at its beginning.
-  return std::stoll(found.front().front()) - (state_ == State::Writing ? 1 : 0);
+  const std::int64_t count = std::stoll(found.front().front());
+  counted(count);
+  return count;
+}
+
+// A table that was missing may have been made by whoever wrote since.
+void ServerEngine::counted(std::int64_t count) {
+  if (count != count_) missing_.clear();
+  count_ = count;
 }
 
 double ServerEngine::othersWrites() { return static_cast<double>(changeCount().value_or(0) - stored_); }

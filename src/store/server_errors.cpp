@@ -99,7 +99,10 @@ bool beginsWith(std::string_view statement, std::initializer_list<std::string_vi
 
 // Of the three rights each lets do more with the books; the statement tells which one is missing.
 std::string refusedRight(const std::string& name, std::string_view statement) {
-  const bool changes = beginsWith(statement, {"INSERT", "UPDATE", "DELETE", "REPLACE"});
+  // What is sent as one changes something, but for what makes operators.
+  const bool together =
+      beginsWith(statement, {"BEGIN"}) && !beginsWith(statement, {"BEGIN NOT ATOMIC EXECUTE"});
+  const bool changes = together || beginsWith(statement, {"INSERT", "UPDATE", "DELETE", "REPLACE"});
   if (changes && (sameText(name, "comp") || lower(statement).find("compny") != std::string::npos))
     return words(
         "Your Right Does Not Reach As Far As The List Of Companies\r\n"

@@ -103,11 +103,14 @@ bool ServerEngine::hasTable(std::string_view name) {
   if (known_.empty())
     for (const std::string& table : tables()) known_.insert(lower(table));
   if (known_.contains(key)) return true;
+  if (missing_.contains(key)) return false;
   // Another program may have made it since.
   if (tell("SELECT 1 FROM information_schema.TABLES" +
            here(is("TABLE_NAME", name) + " AND TABLE_TYPE = 'BASE TABLE'"))
-          .empty())
+          .empty()) {
+    missing_.insert(key);
     return false;
+  }
   known_.insert(key);
   return true;
 }
@@ -150,6 +153,7 @@ void ServerEngine::define(const std::string& sql) {
   tell(sql);
   ++shapeChanges_;
   known_.clear();
+  missing_.clear();
   indexes_.reset();
   shapes_.clear();
   if (before == State::None) return;

@@ -82,6 +82,10 @@ void ServerStatement::prepare() {
   my_bool measured = 1;
   mysql_stmt_attr_set(handle_, STMT_ATTR_UPDATE_MAX_LENGTH, &measured);
   parameters_ = static_cast<int>(mysql_stmt_param_count(handle_));
+  readShape();
+}
+
+void ServerStatement::readShape() {
   cells_.clear();
   origins_.clear();
   MYSQL_RES* const result = mysql_stmt_result_metadata(handle_);
@@ -168,8 +172,29 @@ void ServerStatement::readResult() {
   if (mysql_stmt_bind_result(handle_, into.data()) != 0) fail();
 }
 
+// Only when it is run does the server tell what it selects.
+std::vector<std::int64_t> ServerStatement::answer() {
+  execute();
+  std::vector<std::int64_t> row;
+  if (mysql_stmt_field_count(handle_) == 0) return row;
+  readShape();
+  int result = 0;
+  await(mysql_stmt_store_result_start(&result, handle_), mysql_stmt_store_result_cont, result);
+  if (result != 0) fail();
+  readResult();
+  if (mysql_stmt_fetch(handle_) == 0)
+    for (const Cell& cell : cells_) row.push_back(cell.whole);
+  cells_.clear();
+  while (mysql_stmt_more_results(handle_)) {
+    await(mysql_stmt_next_result_start(&result, handle_), mysql_stmt_next_result_cont, result);
+    if (result > 0) fail();
+  }
+  return row;
+}
+
 void ServerStatement::run() {
   engine_.stand();
+  engine_.catchUp(target_.empty());
   changed_ = 0;
   if (!target_.empty()) return engine_.write(target_, sql, values_, [this] { execute(); });
   const bool within = engine_.inTransaction();

@@ -24,6 +24,8 @@ class ServerStatement final : public PreparedStatement {
   bool step() override;
   // Runs it over the connection as it stands, in no transaction of its own.
   void rerun() { execute(); }
+  // The same of several statements in one; returns the row that one of them selects, if one did.
+  std::vector<std::int64_t> answer();
   void reset() noexcept override;
   int changed() const override { return changed_; }
   int columns() const override { return static_cast<int>(cells_.size()); }
@@ -47,6 +49,7 @@ class ServerStatement final : public PreparedStatement {
   void close() noexcept;
   void run();
   void execute();
+  void readShape();
   void bindValues();
   void readResult();
   void await(int status, int (*goOn)(int*, MYSQL_STMT*, int), int& result);

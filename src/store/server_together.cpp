@@ -313,27 +313,48 @@ void ServerEngine::areExchanged() {
 
 // ---- one writer at a time
 
+// Begins the transaction.
 void ServerEngine::takeTurn() {
+  stand();
+  state_ = State::Writing;
+  journalMark_ = journal_.mark();
   try {
-    tell("UPDATE TURN SET N = LAST_INSERT_ID(N + 1) WHERE PROGRAM = '' AND EXCHANGED = " + exchanged_ +
-         " AND (CLOSED < 1 OR " + mine("HOLDER") + " OR HELD_TILL <= UTC_TIMESTAMP())");
-  } catch (const DatabaseError& error) {
-    if (error.kind() != Kind::locked) throw;
-    tellHold();
+    countIn();
+  } catch (...) {
+    if (state_ != State::None) rollBack();
     throw;
   }
-  if (mysql_affected_rows(link_.handle()) == 0) {
+}
+
+// Our row holds the last turn of ours that was stored. Another than we know of had its answer lost, and was
+// stored after it was told as lost: it must not be stored twice.
+void ServerEngine::countIn() {
+  if (!countsIn_)
+    countsIn_ = std::make_unique<ServerStatement>(
+        *this,
+        "BEGIN NOT ATOMIC START TRANSACTION;"
+        " UPDATE TURN SET N = LAST_INSERT_ID(N + 1) WHERE PROGRAM = '' AND EXCHANGED = ?"
+        " AND (CLOSED < 1 OR HOLDER = ? OR HELD_TILL <= UTC_TIMESTAMP());"
+        " IF ROW_COUNT() > 0 THEN"
+        " UPDATE TURN SET N = LAST_INSERT_ID(), SEEN = UTC_TIMESTAMP() WHERE PROGRAM = ? AND N = ?;"
+        " SELECT LAST_INSERT_ID(), ROW_COUNT(); END IF; END");
+  countsIn_->bind({std::stoll(exchanged_), program_, program_, storedTurn_});
+  std::vector<std::int64_t> answer;
+  try {
+    answer = countsIn_->answer();
+  } catch (const DatabaseError& error) {
+    if (error.kind() == Kind::locked) tellHold();
+    throw;
+  }
+  if (answer.empty()) {
     tellHold();
     throw DatabaseError(Kind::missing,
                         DatabaseError::Told(words("These Books Were Exchanged For Others Meanwhile\r\n"
                                                   "Nothing Was Stored :: Close Them And Open Them Again")));
   }
-  turn_ = static_cast<std::int64_t>(mysql_insert_id(link_.handle()));
-  // Our row holds the last turn of ours that was stored. Another than we know of had its answer lost, and was
-  // stored after it was told as lost: it must not be stored twice.
-  tell("UPDATE TURN SET N = " + std::to_string(turn_) + ", SEEN = UTC_TIMESTAMP() WHERE " + mine("PROGRAM") +
-       " AND N = " + std::to_string(storedTurn_));
-  if (mysql_affected_rows(link_.handle()) > 0) return;
+  turn_ = answer[0];
+  counted(turn_ - 1);
+  if (answer[1] > 0) return;
   if (const std::int64_t last = lastTurn(); last != 0 && last != storedTurn_) {
     storedTurn_ = last;
     throw DatabaseError(Kind::other, {},

@@ -6,6 +6,61 @@
 #include "store/failure.h"
 #include "support/temp_folder.h"
 
+// What can wait goes with the next journey, is taken back with its savepoint, and lost whole with its
+// transaction.
+TEST(ServerLost, WhatIsKeptForLaterIsStoredWholeOrNotAtAll) {
+  const char* const place = std::getenv("MIRAV_SERVER");
+  if (!place) GTEST_SKIP() << "no database server";
+  const TempFolder folder;
+  std::filesystem::copy_file(std::filesystem::path(place) / "server.cnf", folder / "server.cnf");
+  Database db, other;
+  db.openOnServer(folder / "L00226.mdb", Access::create);
+  db.engine().createTable("KEPT", declaredColumns("CREATE TABLE KEPT (A TEXT(3))"));
+  db.engine().makeWorkTable("TYPED", declaredColumns("CREATE TABLE TYPED (A TEXT(3))"));
+  other.openOnServer(folder / "L00226.mdb");
+  const auto add = [&](const char* text) { db.later("INSERT INTO KEPT (A) VALUES (?)", text); };
+  const auto kept = [](Database& seen) {
+    std::string all;
+    for (const Row& row : seen.all("SELECT A FROM KEPT ORDER BY rowid")) all += row.text(0) + " ";
+    return all;
+  };
+
+  add("a");  // at once, in no transaction
+  EXPECT_EQ(kept(other), "a ");
+  whole(db, [&] {
+    add("b");
+    EXPECT_EQ(kept(db), "a b ");
+    add("c");
+    EXPECT_FALSE(whole(db, [&] { return add("no"), false; }));
+    EXPECT_FALSE(whole(db, [&] { return add("nor"), kept(db), false; }));
+    EXPECT_TRUE(whole(db, [&] { return add("d"), true; }));
+    EXPECT_EQ(kept(other), "a ");
+  });
+  EXPECT_EQ(kept(other), "a b c d ");
+
+  // Passed over or not, what could not be done takes all with it, at the commit or before.
+  for (const bool asks : {false, true}) {
+    const auto tooLong = [&] {
+      add("e"), add("long"), add("f");
+      if (asks) db.passOver({"a test"}, "DELETE FROM KEPT WHERE A = 'a'");
+      add("g");
+    };
+    EXPECT_EQ(failureOf([&] { whole(db, tooLong); }).kind, DatabaseError::Kind::constraint);
+    EXPECT_EQ(kept(db), "a b c d ");
+  }
+  const auto cut = [&] {
+    db.exec("INSERT INTO TYPED (A) VALUES ('t')");
+    db.later("UPDATE TYPED SET A = 'u'");
+    other.exec("KILL CONNECTION " + db.text("SELECT CONNECTION_ID()"));
+    add("h");
+  };
+  EXPECT_EQ(failureOf([&] { whole(db, cut); }).kind, DatabaseError::Kind::lost);
+  EXPECT_EQ(kept(db), "a b c d ");
+  EXPECT_FALSE(db.first("SELECT 1 FROM TYPED"));
+  whole(db, [&] { add("i"); });
+  EXPECT_EQ(kept(other), "a b c d i ");
+}
+
 // The books' connection is cut by a second one.
 TEST(ServerLost, WorkTablesStandAgainAndNothingIsStoredTwice) {
   const char* const place = std::getenv("MIRAV_SERVER");
