@@ -354,9 +354,14 @@ Go FRMBRS::take() {
 
 void FRMBRS::intoDate() {
   dateRow_ = bookRow();
-  if (dateRow_ >= books_.size() || (matchOf(dateRow_) && !matchOf(dateRow_)->known)) return;
-  const BookEntry& entry = books_[dateRow_];
-  put(kDate, entry.cleared ? entry.cleared : lastDate_ && *lastDate_ >= entry.date ? lastDate_ : entry.date);
+  const Match* const match = matchOf(dateRow_);
+  if (dateRow_ < books_.size() && (!match || match->known)) {
+    const BookEntry& entry = books_[dateRow_];
+    put(kDate, entry.cleared                           ? entry.cleared
+               : lastDate_ && *lastDate_ >= entry.date ? lastDate_
+                                                       : entry.date);
+  }
+  proposed_ = text(kDate);
 }
 
 // What was typed there is given up.
@@ -367,7 +372,8 @@ void FRMBRS::leaveDate() {
 
 // What is only proposed there is not taken by walking past it.
 bool FRMBRS::worksOnLeaving(const Control& target) const {
-  return focused() == &at(kDate) && !at(kDate).given && &target != &at("cmdclose");
+  const bool typed = !at(kDate).given || text(kDate) != proposed_;
+  return focused() == &at(kDate) && typed && &target != &at("cmdclose");
 }
 
 Go FRMBRS::clearedOn() {

@@ -65,8 +65,9 @@ class FRMBRS : public ChildScreen {
   void clearRow(size_t row, const std::optional<Date>& on);
 
   std::string shownAccount_;
-  Date from_{}, to_{};  // that are shown
-  size_t dateRow_ = 0;  // of the books, whose date is typed
+  Date from_{}, to_{};    // that are shown
+  size_t dateRow_ = 0;    // of the books, whose date is typed
+  std::string proposed_;  // the date that stood there first
   std::vector<BookEntry> books_;
   std::string statementName_;
   std::vector<StatementLine> lines_;
