@@ -254,23 +254,9 @@ Go GSTNOTE::take(const FoundBill& found) {
     showBills();
     return Go::On;
   }
-  const bool others = !facts_.bills.empty() && !sameText(trimmed(kParty), found.party);
-  if (others) host.message(words("Bill {bill} Is Of Another Party", "bill", found.bill.number));
-  if (others || !mayAdd(found.bill.number)) {
-    showBills();
-    return Go::Stay;
-  }
-  // One note has its taxes in one way, and one currency.
-  const Supply marks = supplyOf(found.bill);
-  const Supply own = told();
-  const bool alike = marks.reverse == own.reverse && marks.ineligible == own.ineligible;
-  const bool sameSupply = marks.kind == own.kind && marks.place == own.place && sameCurrency(found.bill);
-  if (ofTheseBooks() && (!alike || !sameSupply)) {
-    host.message(words(
-        alike ? english(
-                    "Bill {bill} Is Another Kind Of Supply, Or In Another Currency\nMake Another Note For It")
-              : english("Bill {bill} Differs In Reverse Charge Or Input Credit\nMake Another Note For It"),
-        "bill", found.bill.number));
+  const std::string refusal = differs(found);
+  if (!refusal.empty()) host.message(refusal);
+  if (!refusal.empty() || !mayAdd(found.bill.number)) {
     showBills();
     return Go::Stay;
   }
@@ -285,7 +271,7 @@ Go GSTNOTE::take(const FoundBill& found) {
       acceptShipTo();
     }
   }
-  mark(marks);
+  mark(supplyOf(found.bill));
   addBillLines(data(), kind_, value(kNumber), found.bill, originals_);
   billed_[found.bill.voucher] = asBilled(data(), found.bill);
   readCurrency();
@@ -296,6 +282,21 @@ Go GSTNOTE::take(const FoundBill& found) {
   showBills();
   showCurrentLine();
   return Go::On;
+}
+
+// One note is one party's, and has its taxes in one way and one currency.
+std::string GSTNOTE::differs(const FoundBill& found) const {
+  const auto refuse = [&](const char* text) { return words(text, "bill", found.bill.number); };
+  if (!facts_.bills.empty() && !sameText(trimmed(kParty), found.party))
+    return refuse(english("Bill {bill} Is Of Another Party"));
+  if (!ofTheseBooks()) return {};
+  const Supply its = supplyOf(found.bill), own = told();
+  if (its.reverse != own.reverse || its.ineligible != own.ineligible)
+    return refuse(english("Bill {bill} Differs In Reverse Charge Or Input Credit\nMake Another Note For It"));
+  if (its.kind != own.kind || its.place != own.place || !sameCurrency(found.bill))
+    return refuse(
+        english("Bill {bill} Is Another Kind Of Supply, Or In Another Currency\nMake Another Note For It"));
+  return {};
 }
 
 // Its own papers of shipping are the bill's alone.

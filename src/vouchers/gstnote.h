@@ -52,6 +52,8 @@ class GSTNOTE : public GSTSAPU {
   std::string openOf(const Original& bill) const;
   void keepDate();
   bool ofTheseBooks() const;
+  std::string differs(
+      const FoundBill& bill) const;  // from the note so far, in words; empty where it does not
   bool datesStand();
   std::string doubtOfDay(const Original& bill) const;  // that it goes with the note's; empty without any
   bool mayHaveItsDay();
