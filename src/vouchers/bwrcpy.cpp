@@ -277,14 +277,20 @@ void bwrcpy::placeDefaults() {
 }
 
 void bwrcpy::showList() {
+  // A join would be gone through for the count of the rows alone.
+  constexpr const char* kPartyOfRow =
+      "(SELECT ACC_NAME FROM ACCOUNT WHERE ACCOUNT.ACC_CD = RPTPAY.PARTY_CD LIMIT 1)";
   Grid& grid = at("DataGrid1").grid;
-  grid.source = std::make_shared<PageRows>(
-      data(), Select{
-                  .columns = {{"RPTPAY.VOUCH_NO"}, {"VOUCH_DT"}, {"ACC_NAME"}, {"AMOUNT"}, {"NARRATION"}},
-                  .from = "RPTPAY LEFT JOIN ACCOUNT ON RPTPAY.PARTY_CD = ACCOUNT.ACC_CD",
-                  .where = "RPTPAY.BOOK_CD = ?",
-                  .order = {down("RPTPAY.VOUCH_NO")      },
-                  .values = {kind_.code     },
+  grid.source = std::make_shared<PageRows>(data(), Select{
+                                                       .columns = {{"RPTPAY.VOUCH_NO"},
+                                                                   {"VOUCH_DT"},
+                                                                   {kPartyOfRow, 0, "ACC_NAME"},
+                                                                   {"AMOUNT"},
+                                                                   {"NARRATION"}},
+                                                       .from = "RPTPAY",
+                                                       .where = "RPTPAY.BOOK_CD = ?",
+                                                       .order = {down("RPTPAY.VOUCH_NO")},
+                                                       .values = {kind_.code               },
   });
   grid.current = Grid::kNone;
 }

@@ -7,6 +7,8 @@
 #include "frame/money_modes.h"
 #include "frame/session.h"
 #include "frame/settings.h"
+#include "masters/accounts.h"
+#include "store/balances.h"
 #include "store/groups.h"
 #include "vouchers/accounts.h"
 #include "vouchers/bwrcpy.h"
@@ -34,10 +36,11 @@ Go bwrcpy::voucherDate() {
 bool bwrcpy::showAccount(const Side& side) {
   const std::string code = fullCode(data(), trimmed(side.code));
   if (code != trimmed(side.code)) put(side.code, code);
-  const auto account = readAccount(data(), code);
-  put(side.name, account ? account->name : "");
-  if (side.balance != FieldName{}) put(side.balance, account ? numText(account->balance) : "");
-  return account && !trim(account->name).empty();
+  const auto account = findAccount(data(), code);
+  put(side.name, account ? account->text("ACC_NAME") : "");
+  // Every bill may have a row in the ledger of an account whose balance is not shown.
+  if (side.balance != FieldName{}) put(side.balance, account ? numText(ledgerBalance(data(), code)) : "");
+  return account && !trim(account->text("ACC_NAME")).empty();
 }
 
 bool bwrcpy::sameCodes() const { return sameText(trimmed(kAccount), trimmed(kParty)); }

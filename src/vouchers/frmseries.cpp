@@ -64,11 +64,16 @@ std::vector<std::string> typesOf(const VoucherKind& kind, const std::vector<Numb
   std::vector<std::string> types;
   if (!hasTypes(kind)) return types;
   const std::string& type = kind.numbering.series;
-  for (const Row& row :
-       data().all("SELECT DISTINCT " + type + " FROM " + kind.tables.heads + " WHERE " + kind.tables.key +
-                      " = ? AND " + type + " NOT IN ('', '.') ORDER BY " + type,
-                  kind.code))
-    types.push_back(row.text(0));
+  // From one type to the next by the index that begins with it: a book has many vouchers of few types.
+  const std::string from = " FROM " + kind.tables.heads + " WHERE " + type;
+  std::string last;
+  while (const auto next =
+             data().first("SELECT " + type + from + " > ? ORDER BY " + type + " LIMIT 1", last)) {
+    last = next->text(0);
+    if (trim(last) != "." &&
+        data().first("SELECT 1" + from + " = ? AND " + kind.tables.key + " = ? LIMIT 1", last, kind.code))
+      types.push_back(last);
+  }
   for (const NumberSeries& series : all)
     if (sameText(series.book, kind.code) && !series.type.empty() &&
         std::ranges::none_of(types, [&](const std::string& t) { return sameText(t, series.type); }))
