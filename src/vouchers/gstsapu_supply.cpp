@@ -30,7 +30,7 @@ std::vector<ControlSpec> GSTSAPU::supplyPanel(const VoucherKind& kind) {
   const std::string kinds = bought ? english("0 = Ordinary :: 1 = Import Of Goods :: 2 = Import Of Services")
                                    : english(
                                          "1 = Export With Tax :: 2 = Export, LUT :: 3 = SEZ With Tax :: 4 = "
-                                         "SEZ, LUT :: 5 = Deemed Export");
+                                         "SEZ, LUT :: 5 = Deemed");
   // clang-format off
   return {
       {.name = "Text1",      .index = 70, .field = kSupplyKind,     .label = "Supply",     .at = {.group = "S", .row = 0, .col = 1}, .tab = 15, .limit = 1, .keys = Number, .visible = false, .align = Right, .hint = kinds},
