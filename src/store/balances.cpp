@@ -1,7 +1,9 @@
 #include "store/balances.h"
 
 #include <string>
+#include <vector>
 
+#include "base/text.h"
 #include "store/engine.h"
 #include "store/settled.h"
 
@@ -62,6 +64,11 @@ double ledgerBalance(Database& db, std::string_view code) {
 
 std::string balanceExpression(Database& db) { return isSettled(db) ? "CL_BAL" : ofLedger(db); }
 
-void RebuildOneBalance(Database& db, std::string_view code) {
-  db.exec("UPDATE ACCOUNT SET CL_BAL = " + ofLedger(db) + " WHERE ACC_CD = ?", code);
+void RebuildOneBalance(Database& db, std::string_view code) { RebuildBalances(db, {std::string(code)}); }
+
+void RebuildBalances(Database& db, const std::set<std::string>& codes) {
+  if (codes.empty()) return;
+  const std::string marks = join(std::vector<std::string>(codes.size(), "?"), ", ");
+  db.later("UPDATE ACCOUNT SET CL_BAL = " + ofLedger(db) + " WHERE ACC_CD IN (" + marks + ")",
+           std::vector<Value>(codes.begin(), codes.end()));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -20,5 +21,6 @@ double ledgerBalance(Database& db, std::string_view code);
 // the books are settled, else the ledger's. It writes nothing, so it waits for nobody who saves.
 std::string balanceExpression(Database& db);
 
-// Sets CL_BAL of one account; an unknown code changes nothing.
+// Sets CL_BAL of one account, or of some; an unknown code changes nothing.
 void RebuildOneBalance(Database& db, std::string_view code);
+void RebuildBalances(Database& db, const std::set<std::string>& codes);

@@ -9,6 +9,7 @@
 #include "base/words.h"
 #include "frame/child_screen.h"
 #include "store/dictionary.h"
+#include "vouchers/numbering.h"
 
 namespace {
 
@@ -51,7 +52,9 @@ Saving Saving::unless(std::function<bool()> taken) const {
 }
 
 bool Saving::finds(Database& db, const VoucherKind& kind, double number) const {
-  return (!expected_ || asStored(db, kind, number) == *expected_) && !(taken_ && taken_());
+  const bool stands =
+      !expected_ || (isFresh() ? !isStored(db, kind, number) : asStored(db, kind, number) == *expected_);
+  return stands && !(taken_ && taken_());
 }
 
 std::string meanwhileWords(Database& db, const VoucherKind& kind, double number) {

@@ -27,6 +27,8 @@ class Saving {
   // The same as long as this does not hold: another voucher took the number on the paper.
   Saving unless(std::function<bool()> taken) const;
   bool finds(Database& db, const VoucherKind& kind, double number) const;
+  // Where it finds what it is to find, no voucher stands there.
+  bool isFresh() const { return expected_ && expected_->empty(); }
 
  private:
   explicit Saving(std::optional<std::string> expected) : expected_(std::move(expected)) {}

@@ -65,21 +65,19 @@ bool saveChallan(Database& db, const VoucherKind& kind, const Fields& challan, c
   const Date date = valueOf(challan, "VOUCH_DT").date().value();
   return whole(db, [&] {
     if (!how.finds(db, kind, number)) return false;
-    const auto partyBefore = storedParty(db, kind, number);
+    const auto partyBefore = how.isFresh() ? std::nullopt : storedParty(db, kind, number);
     deleteVoucher(db, kind, number);
-    insertRow(db, "CHLN", headRow(kind, challan, stamp));
-    db.exec("UPDATE T_CHLNITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
+    insertLater(db, "CHLN", headRow(kind, challan, stamp));
+    db.later("UPDATE T_CHLNITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
     // A line of no quantity stays behind, though its amount is in the totals.
     const std::string columns = kLineColumns;
-    db.exec("INSERT INTO CHLNITM (" + columns + ") SELECT " + columns +
-                " FROM T_CHLNITM WHERE VOUCH_NO = ? AND BOOK_CD = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
-                " ORDER BY SR_NO, rowid",
-            number, kind.code, kMiscItem);
+    db.later("INSERT INTO CHLNITM (" + columns + ") SELECT " + columns +
+                 " FROM T_CHLNITM WHERE VOUCH_NO = ? AND BOOK_CD = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
+                 " ORDER BY SR_NO, rowid",
+             number, kind.code, kMiscItem);
     postVoucher(db, {number, date, kind.code},
                 posts(db, kind, number) ? ledgerRows(kind, challan) : std::vector<LedgerRow>());
-    if (partyBefore)
-      for (const std::string& party : {*partyBefore, trim(valueOf(challan, "PARTY_CD").text())})
-        RebuildOneBalance(db, party);
+    if (partyBefore) RebuildBalances(db, {*partyBefore, trim(valueOf(challan, "PARTY_CD").text())});
     return true;
   });
 }
@@ -118,11 +116,11 @@ double nextChallanNumber(Database& db, const VoucherKind& kind, const std::strin
 bool isDuplicateChallan(Database& db, const VoucherKind& kind, const std::string& type,
                         const std::string& number, std::optional<double> changing) {
   // The plus keeps the reader from walking a whole series: few challans share a number.
-  std::vector<Value> values{type, kind.code, number, Val(number)};
+  std::vector<Value> values{type, kind.code, number, numText(Val(number))};
   if (changing) values.emplace_back(*changing);
   return db
       .first(std::string("SELECT VOUCH_NO FROM CHLN WHERE CHLN_TYP = ? AND +BOOK_CD = ?"
-                         " AND CHLN_NO IN (?, NUMTEXT(?)) AND ") +
+                         " AND CHLN_NO IN (?, ?) AND ") +
                  (changing ? "(VOUCH_NO IS NULL OR VOUCH_NO <> ?)" : "VOUCH_NO IS NOT NULL") + " LIMIT 1",
              values)
       .has_value();

@@ -25,11 +25,10 @@ void setCleared(Database& db, const BankRow& row, const std::optional<Date>& on)
   });
 }
 
-// Hardly any voucher has one; older books may lack the table.
+// Older books may lack the table.
 void forgetUnclear(Database& db, const std::string& book, double number) {
-  const std::string ofVoucher = " FROM CLEARED WHERE VOUCH_NO = ? AND BOOK_CD = ?";
-  if (db.columns(kTable).empty() || !db.first("SELECT 1" + ofVoucher + " LIMIT 1", number, book)) return;
-  db.exec("DELETE" + ofVoucher + " AND " + unanswered(), number, book);
+  if (!db.columns(kTable).empty())
+    db.later("DELETE FROM CLEARED WHERE VOUCH_NO = ? AND BOOK_CD = ? AND " + unanswered(), number, book);
 }
 
 void forgetUnclear(Database& db) {

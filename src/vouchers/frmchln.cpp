@@ -135,8 +135,9 @@ void FRMCHLN::sumAgain() {
 
 bool FRMCHLN::write(const SaveStamp& stamp, const Saving& how) {
   return whole(data(), [&] {
+    const bool made = touchesSources(data(), kind_, value(kNumber), sources_);
     if (!saveChallan(data(), kind_, writtenFields(Part::Head), stamp, how)) return false;
-    keepTaken();
+    if (made) keepTaken();
     return true;
   });
 }

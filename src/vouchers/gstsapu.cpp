@@ -235,10 +235,11 @@ Go GSTSAPU::destination() { return trimmed(kDestination).empty() ? helpHere() : 
 bool GSTSAPU::write(const SaveStamp& stamp, const Saving& how) {
   return whole(data(), [&] {
     const Supply supply = told();
+    const bool made = touchesSources(data(), kind_, value(kNumber), sources_);
     if (!saveBill(data(), kind_, head(), stamp, how, supply)) return false;
     if (!supply.customs.empty() && supply.customs != settingOf(data(), ::kCustomsAccount))
       storeSetting(data(), ::kCustomsAccount, supply.customs);  // the next import takes it
-    keepTaken();
+    if (made) keepTaken();
     return true;
   });
 }

@@ -13,14 +13,16 @@
 
 namespace {
 
-void addAccounts(Database& db, const VoucherKind& kind, double number, std::set<std::string>& accounts) {
+std::set<std::string> accountsOf(Database& db, const VoucherKind& kind, double number) {
+  std::set<std::string> accounts;
   for (const Row& row :
        db.all("SELECT DISTINCT ACC_CD FROM JOURNITM WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code))
     accounts.insert(upper(row.text(0)));
+  return accounts;
 }
 
 void unpost(Database& db, const VoucherKind& kind, double number) {
-  db.exec("DELETE FROM ALEDGER WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
+  db.later("DELETE FROM ALEDGER WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
 }
 
 Fields headRow(const VoucherKind& kind, const Fields& head, double amount, const SaveStamp& stamp) {
@@ -48,37 +50,37 @@ bool saveJournal(Database& db, const VoucherKind& kind, const Fields& head, cons
   const std::string reference = trim(valueOf(head, "REF_NO").text());
   return whole(db, [&] {
     if (!how.finds(db, kind, number)) return false;
-    std::set<std::string> touched;
-    addAccounts(db, kind, number, touched);
+    // What is asked stands before what is written (Database::later).
+    std::set<std::string> touched = accountsOf(db, kind, number);
+    std::set<std::string> now;
+    for (const Row& row : db.all("SELECT DISTINCT ACC_CD FROM T_JOURNITM")) now.insert(upper(row.text(0)));
+    if (!how.isFresh()) freeSettled(db, {kind.code, number}, {now.begin(), now.end()});
+    touched.merge(now);
+    const double amount = sumJournal(db).debit;
     deleteVoucher(db, kind, number);
-    insertRow(db, "JOURNAL", headRow(kind, head, sumJournal(db).debit, stamp));
-    db.exec(
+    insertLater(db, "JOURNAL", headRow(kind, head, amount, stamp));
+    db.later(
         "INSERT INTO JOURNITM (VOUCH_NO, BOOK_CD, SR_NO, ACC_CD, DEBIT, CREDIT, NARRATION, CHQ_NO, "
         "CHQ_CLG_DT)"
         " SELECT ?, ?, SR_NO, ACC_CD, DEBIT, CREDIT, NARRATION,"
         " CASE WHEN CHQ_NO IS NULL OR CHQ_NO = '' THEN ? ELSE CHQ_NO END, ? FROM T_JOURNITM ORDER BY SR_NO",
         number, kind.code, reference.empty() ? "." : reference, valueOf(head, "VOUCH_DT"));
     unpost(db, kind, number);
-    db.exec(journalPosting("(SELECT * FROM JOURNAL WHERE VOUCH_NO = ? AND BOOK_CD = ?)"), number, kind.code);
+    db.later(journalPosting("(SELECT * FROM JOURNAL WHERE VOUCH_NO = ? AND BOOK_CD = ?)"), number, kind.code);
     forgetUnclear(db, kind.code, number);
-    std::set<std::string> now;
-    addAccounts(db, kind, number, now);
-    freeSettled(db, {kind.code, number}, {now.begin(), now.end()});
-    touched.merge(now);
-    for (const std::string& account : touched) RebuildOneBalance(db, account);
+    RebuildBalances(db, touched);
     return true;
   });
 }
 
 bool deleteJournal(Database& db, const VoucherKind& kind, double number, const Saving& as) {
   return whole(db, [&] {
-    std::set<std::string> touched;
-    addAccounts(db, kind, number, touched);
+    const std::set<std::string> touched = accountsOf(db, kind, number);
     if (!deleteVoucher(db, kind, number, as)) return false;
     unpost(db, kind, number);
     forgetUnclear(db, kind.code, number);
     freeSettled(db, {kind.code, number});
-    for (const std::string& account : touched) RebuildOneBalance(db, account);
+    RebuildBalances(db, touched);
     return true;
   });
 }

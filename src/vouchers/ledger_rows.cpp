@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/number.h"
 #include "base/text.h"
 #include "store/row_writer.h"
 #include "vouchers/cleared.h"
@@ -14,16 +15,17 @@ constexpr int kNarrationLength = 200;
 }  // namespace
 
 void postVoucher(Database& db, const LedgerVoucher& voucher, const std::vector<LedgerRow>& rows) {
-  db.exec("DELETE FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ?", voucher.book, voucher.number);
+  db.later("DELETE FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ?", voucher.book, voucher.number);
   std::vector<Value> values;
   for (const LedgerRow& row : rows)
     values.insert(values.end(),
                   {voucher.date, voucher.number, voucher.book, row.side, row.account, row.against, row.amount,
-                   row.billNumber, cut(row.narration, kNarrationLength), row.creditDays});
+                   row.billNumber, cut(row.narration, kNarrationLength),
+                   row.creditDays ? Value(numText(*row.creditDays)) : Value()});
   insertMany(db,
              "INSERT INTO ALEDGER (VOUCH_DT, VOUCH_NO, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
              " PARTY_BL, NARRATION, SUB_DESC, BW_AB)",
-             "(?, ?, ?, ?, ?, ?, ?, ?, ?, NUMTEXT(?), 'A')", values);
+             "(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 'A')", values);
   forgetUnclear(db, voucher.book, voucher.number);
 }
 

@@ -280,7 +280,12 @@ void dropNote(Database& db, const VoucherKind& note, double number) {
   if (!hasNotes(db)) return;
   storeSettlement(db, note, number, "", {});
   for (const char* table : kTables)
-    db.exec(std::string("DELETE FROM ") + table + " WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, note.code);
+    db.later(std::string("DELETE FROM ") + table + " WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, note.code);
+}
+
+bool isOriginal(Database& db, const VoucherKind& bill, double voucher) {
+  return hasNotes(db) && db.first("SELECT 1 FROM ORIGINAL WHERE BILL_VOUCH = ? AND BILL_BOOK = ? LIMIT 1",
+                                  voucher, bill.code);
 }
 
 void followBill(Database& db, const VoucherKind& kind, double voucher, const std::string& before) {

@@ -79,6 +79,8 @@ void storeNote(Database& db, const VoucherKind& note, double number, const NoteF
                const OriginalLines& lines);
 void dropNote(Database& db, const VoucherKind& note, double number);
 
+// Whether notes stand against a bill.
+bool isOriginal(Database& db, const VoucherKind& bill, double voucher);
 // A bill that is stored again may have another number and date, by which its notes name it, and lack a line
 // of theirs. Raises std::runtime_error where it has notes and is another party's now than `before`.
 void followBill(Database& db, const VoucherKind& bill, double voucher, const std::string& before);

@@ -44,15 +44,15 @@ bool saveQuotation(Database& db, const VoucherKind& kind, const Fields& offer, c
     if (!isStored(db, kind, number) && db.first("SELECT 1 FROM QUOT WHERE VOUCH_NO = ?", number))
       return false;
     deleteVoucher(db, quotationKind(), number);
-    insertRow(db, "QUOT", headRow(kind, offer, stamp));
+    insertLater(db, "QUOT", headRow(kind, offer, stamp));
     // Lines typed before number or date were changed belong to the offer all the same.
-    db.exec("UPDATE T_QUOTITM SET VOUCH_DT = ?, VOUCH_NO = ?", valueOf(offer, "VOUCH_DT"), number);
+    db.later("UPDATE T_QUOTITM SET VOUCH_DT = ?, VOUCH_NO = ?", valueOf(offer, "VOUCH_DT"), number);
     const std::string columns = kLineColumns;
-    db.exec("INSERT INTO QUOTITM (" + columns + ", QUANTITY, RATE, AMOUNT, TNO) SELECT " + columns +
-                ", NUMTEXT(QUANTITY), NUMTEXT(RATE), NUMTEXT(AMOUNT), NUMTEXT(TNO)"
-                " FROM T_QUOTITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
-                " ORDER BY rowid",
-            number, kMiscItem);
+    db.later("INSERT INTO QUOTITM (" + columns + ", QUANTITY, RATE, AMOUNT, TNO) SELECT " + columns +
+                 ", NUMTEXT(QUANTITY), NUMTEXT(RATE), NUMTEXT(AMOUNT), NUMTEXT(TNO)"
+                 " FROM T_QUOTITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
+                 " ORDER BY rowid",
+             number, kMiscItem);
     return true;
   });
 }

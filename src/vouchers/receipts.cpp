@@ -38,7 +38,7 @@ Fields rowOf(const VoucherKind& kind, const Fields& voucher, const Settlement& s
 }
 
 void unpost(Database& db, const std::string& bookCode, double number) {
-  db.exec("DELETE FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ?", bookCode, number);
+  db.later("DELETE FROM ALEDGER WHERE BOOK_CD = ? AND VOUCH_NO = ?", bookCode, number);
 }
 
 void post(Database& db, const VoucherKind& kind, double number, const Settlement& settles) {
@@ -49,21 +49,34 @@ void post(Database& db, const VoucherKind& kind, double number, const Settlement
                        .vouchers = "RPTPAY",
                        .condition = "V.BOOK_CD = ? AND V.RPTPAY_DTL IN ('A', 'B') AND V.VOUCH_NO = ?"};
   const auto write = [&](const std::array<std::string, 2>& statements) {
-    for (size_t i = 0; i < statements.size(); ++i) db.exec(statements[i], sides(kind)[i], kind.code, number);
+    for (size_t i = 0; i < statements.size(); ++i) db.later(statements[i], sides(kind)[i], kind.code, number);
   };
   write(postingStatements(rows));
   if (!settles.deductions.empty()) write(deductionStatements(rows));
   forgetUnclear(db, kind.code, number);
 }
 
-// Every account with ledger rows of the voucher.
-std::set<std::string> accountsOf(Database& db, const VoucherKind& kind, double number) {
+// Every account with ledger rows of the voucher as it stands.
+std::set<std::string> accountsOf(Database& db, const VoucherKind& kind, double number,
+                                 const std::optional<Row>& standing) {
   std::set<std::string> accounts;
-  if (const auto row = findMoneyVoucher(db, kind, number))
-    for (const char* side : {"CSHBNK_CD", "PARTY_CD"}) accounts.insert(row->text(side));
+  if (!standing) return accounts;
+  for (const char* side : {"CSHBNK_CD", "PARTY_CD"}) accounts.insert(standing->text(side));
   for (const auto& deduction : readSettlement(db, kind, number).deductions)
     accounts.insert(deduction.account);
   return accounts;
+}
+
+void storeOver(Database& db, const VoucherKind& kind, const Fields& voucher, const Settlement& settles,
+               const std::optional<Row>& standing) {
+  const double number = valueOf(voucher, "VOUCH_NO").number();
+  const Fields row = rowOf(kind, voucher, settles);
+  if (standing)
+    updateLater(db, "RPTPAY", row, "rowid = ?", {standing->value("ITS_ROW")});
+  else
+    insertLater(db, "RPTPAY", row);
+  storeSettlement(db, kind, number, valueOf(row, "PARTY_CD").text(), settles);
+  post(db, kind, number, settles);
 }
 
 std::string insertion(const MoneyRows& rows, const std::string& account, const std::string& against,
@@ -88,15 +101,7 @@ std::optional<Row> findMoneyVoucher(Database& db, const VoucherKind& kind, doubl
 
 void storeMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher,
                        const Settlement& settles) {
-  const double number = valueOf(voucher, "VOUCH_NO").number();
-  const auto standing = findMoneyVoucher(db, kind, number);
-  const Fields row = rowOf(kind, voucher, settles);
-  if (standing)
-    updateRows(db, "RPTPAY", row, "rowid = ?", {standing->value("ITS_ROW")});
-  else
-    insertRow(db, "RPTPAY", row);
-  storeSettlement(db, kind, number, valueOf(row, "PARTY_CD").text(), settles);
-  post(db, kind, number, settles);
+  storeOver(db, kind, voucher, settles, findMoneyVoucher(db, kind, valueOf(voucher, "VOUCH_NO").number()));
 }
 
 bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& voucher, const Saving& how,
@@ -104,14 +109,17 @@ bool saveMoneyVoucher(Database& db, const VoucherKind& kind, const Fields& vouch
   const double number = valueOf(voucher, "VOUCH_NO").number();
   return whole(db, [&] {
     if (!how.finds(db, kind, number)) return false;
-    std::set<std::string> touched = accountsOf(db, kind, number);
+    // What is asked stands before what is written (Database::later).
+    const auto standing = how.isFresh() ? std::nullopt : findMoneyVoucher(db, kind, number);
+    std::set<std::string> touched = accountsOf(db, kind, number, standing);
+    for (const char* side : {"CSHBNK_CD", "PARTY_CD"}) touched.insert(trim(valueOf(voucher, side).text()));
+    for (const auto& deduction : settles.deductions) touched.insert(deduction.account);
+    if (standing) freeSettled(db, {kind.code, number}, {trim(valueOf(voucher, "PARTY_CD").text())});
     // A repair that has its place here: statements print the number as it stands.
-    db.exec("UPDATE ACCOUNT SET GSTINNO = '.' WHERE GSTINNO IS NULL");
-    storeMoneyVoucher(db, kind, voucher, settles);
-    freeSettled(db, {kind.code, number}, {trim(valueOf(voucher, "PARTY_CD").text())});
+    db.later("UPDATE ACCOUNT SET GSTINNO = '.' WHERE GSTINNO IS NULL");
+    storeOver(db, kind, voucher, settles, standing);
     if (!settles.bills.empty()) checkSettlement(db, kind, number);
-    touched.merge(accountsOf(db, kind, number));
-    for (const std::string& account : touched) RebuildOneBalance(db, account);
+    RebuildBalances(db, touched);
     return true;
   });
 }
@@ -121,13 +129,13 @@ bool deleteMoneyVoucher(Database& db, const VoucherKind& kind, double number, co
     if (!as.finds(db, kind, number)) return false;
     const auto standing = findMoneyVoucher(db, kind, number);
     if (!standing) return true;
-    const std::set<std::string> touched = accountsOf(db, kind, number);
+    const std::set<std::string> touched = accountsOf(db, kind, number, standing);
     unpost(db, kind.code, number);
     forgetUnclear(db, kind.code, number);
-    db.exec("DELETE FROM RPTPAY WHERE rowid = ?", standing->value("ITS_ROW"));
+    db.later("DELETE FROM RPTPAY WHERE rowid = ?", standing->value("ITS_ROW"));
     storeSettlement(db, kind, number, "", {});
     freeSettled(db, {kind.code, number});
-    for (const std::string& account : touched) RebuildOneBalance(db, account);
+    RebuildBalances(db, touched);
     return true;
   });
 }

@@ -123,18 +123,22 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
   const Date date = valueOf(bill, "VOUCH_DT").date().value();
   return whole(db, [&] {
     if (!how.finds(db, kind, number)) return false;
-    const auto partyBefore = storedParty(db, kind, number);
+    // What is asked stands before what is written (Database::later).
+    const auto partyBefore = how.isFresh() ? std::nullopt : storedParty(db, kind, number);
+    const bool noted = partyBefore && isOriginal(db, kind, number);
+    const Fields head = headRow(db, kind, bill, stamp);
+    if (partyBefore) freeSettled(db, {kind.code, number}, {trim(text("PARTY_CD"))});
     deleteVoucher(db, kind, number);
-    insertRow(db, "SALE", headRow(db, kind, bill, stamp));
+    insertLater(db, "SALE", head);
     if (supply.any()) storeSupply(db, kind, number, supply);
-    db.exec("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
+    db.later("UPDATE T_SLITM SET VOUCH_DT = ?, VOUCH_NO = ?", date, number);
     // A line of no quantity stays behind, though its amounts are in the totals; in a note also one without
     // an item, of which nothing goes back.
     const std::string columns = kLineColumns;
-    db.exec("INSERT INTO SALEITM (" + columns + ") SELECT " + columns +
-                " FROM T_SLITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
-                " ORDER BY rowid",
-            number, kind.isNote() ? "" : kMiscItem);
+    db.later("INSERT INTO SALEITM (" + columns + ") SELECT " + columns +
+                 " FROM T_SLITM WHERE VOUCH_NO = ? AND (QUANTITY <> 0 OR ITEM_CD = ?)"
+                 " ORDER BY rowid",
+             number, kind.isNote() ? "" : kMiscItem);
     postVoucher(db, {number, date, kind.code},
                 billRows({.party = trim(text("PARTY_CD")),
                           .amount = figure("NET_AMT"),
@@ -149,9 +153,8 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
                           .creditDays = figure("CR_DAYS")},
                          kind, supply));
     if (!partyBefore) return true;
-    followBill(db, kind, number, *partyBefore);
-    freeSettled(db, {kind.code, number}, {trim(text("PARTY_CD"))});
-    for (const std::string& party : {*partyBefore, trim(text("PARTY_CD"))}) RebuildOneBalance(db, party);
+    if (noted) followBill(db, kind, number, *partyBefore);
+    RebuildBalances(db, {*partyBefore, trim(text("PARTY_CD"))});
     return true;
   });
 }
@@ -167,8 +170,8 @@ bool deleteVoucher(Database& db, const VoucherKind& kind, double number, const S
   return whole(db, [&] {
     if (!as.finds(db, kind, number)) return false;
     for (const std::string& table : {kind.tables.heads, kind.tables.lines})
-      db.exec("DELETE FROM " + table + " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?", number,
-              kind.code);
+      db.later("DELETE FROM " + table + " WHERE VOUCH_NO = ? AND " + kind.tables.key + " = ?", number,
+               kind.code);
     if (kind.tables.heads == saleKind().tables.heads) storeSupply(db, kind, number, {});
     if (kind.isNote()) dropNote(db, kind, number);
     return true;

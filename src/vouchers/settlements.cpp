@@ -32,7 +32,7 @@ void storeSettlement(Database& db, const VoucherKind& kind, double number, const
                      const Settlement& settles) {
   if (settles.empty() && !CheckTable(db, kSettlements)) return;
   ensureSettlements(db);
-  db.exec("DELETE FROM SETTLES WHERE BOOK_CD = ? AND VOUCH_NO = ?", kind.code, number);
+  db.later("DELETE FROM SETTLES WHERE BOOK_CD = ? AND VOUCH_NO = ?", kind.code, number);
   std::vector<Value> values;
   int serial = 0;
   const auto add = [&](const std::string& what, const VoucherKey& bill, const std::string& account,

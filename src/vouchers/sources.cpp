@@ -152,9 +152,12 @@ std::string fromWords(Database& db, const std::vector<MadeFrom>& from) {
   return names.empty() ? "" : words("From {vouchers}", "vouchers", join(names, ", "));
 }
 
+bool touchesSources(Database& db, const VoucherKind& kind, double number, const std::vector<MadeFrom>& from) {
+  return !madeFromKinds(kind).empty() && (!from.empty() || anyMadeFrom(db, kind, number));
+}
+
 void keepSources(Database& db, const VoucherKind& kind, double number, const std::string& party,
                  const std::vector<MadeFrom>& from) {
-  if (madeFromKinds(kind).empty() || (from.empty() && !anyMadeFrom(db, kind, number))) return;
   std::vector<MadeFrom> touched = madeFrom(db, kind, number);
   const std::vector<MadeFrom> freed = takeFreed(db, kind, number);
   touched.insert(touched.end(), freed.begin(), freed.end());

@@ -33,9 +33,11 @@ std::vector<SourceLine> readSourceLines(Database& db, const MadeFrom& from);
 // "From Challan DC / 12, Quotation 0003"; empty without any.
 std::string fromWords(Database& db, const std::vector<MadeFrom>& from);
 
-// Inside the transaction that stores the voucher: keeps what it is made from, and brings the ledger's rows of
-// all challans that are taken or left with it in line. Raises std::runtime_error where one has gone, is of
-// another party, or was taken by another voucher.
+// Whether it is made from any, or was when it was stored.
+bool touchesSources(Database& db, const VoucherKind& kind, double number, const std::vector<MadeFrom>& from);
+// For such a voucher, inside the transaction that stores it: keeps what it is made from, and brings the
+// ledger's rows of all challans that are taken or left with it in line. Raises std::runtime_error where one
+// has gone, is of another party, or was taken by another voucher.
 void keepSources(Database& db, const VoucherKind& kind, double number, const std::string& party,
                  const std::vector<MadeFrom>& from);
 // Why a challan or offer is not deleted: another voucher was made of it. Empty when none was.

@@ -57,21 +57,21 @@ void ensureSupply(Database& db) { ensureTable(db, kTable); }
 
 void storeSupply(Database& db, const VoucherKind& kind, double number, const Supply& supply) {
   if (!supply.any() && !CheckTable(db, kTable)) return;
-  db.exec("DELETE FROM SUPPLY WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
+  db.later("DELETE FROM SUPPLY WHERE VOUCH_NO = ? AND BOOK_CD = ?", number, kind.code);
   if (supply.any())
-    insertRow(db, kTable,
-              {
-                  {"BOOK_CD",    kind.code                    },
-                  {"VOUCH_NO",   number                       },
-                  {"REVERSE",    supply.reverse ? 1 : 0       },
-                  {"INELIGIBLE", supply.ineligible ? 1 : 0    },
-                  {"KIND",       static_cast<int>(supply.kind)},
-                  {"POS",        supply.place                 },
-                  {"SHIP_NO",    supply.shippingBill          },
-                  {"SHIP_DT",    supply.shippingDate          },
-                  {"PORT",       supply.port                  },
-                  {"COUNTRY",    supply.country               },
-                  {"CUSTOMS",    supply.customs               },
+    insertLater(db, kTable,
+                {
+                    {"BOOK_CD",    kind.code                    },
+                    {"VOUCH_NO",   number                       },
+                    {"REVERSE",    supply.reverse ? 1 : 0       },
+                    {"INELIGIBLE", supply.ineligible ? 1 : 0    },
+                    {"KIND",       static_cast<int>(supply.kind)},
+                    {"POS",        supply.place                 },
+                    {"SHIP_NO",    supply.shippingBill          },
+                    {"SHIP_DT",    supply.shippingDate          },
+                    {"PORT",       supply.port                  },
+                    {"COUNTRY",    supply.country               },
+                    {"CUSTOMS",    supply.customs               },
     });
 }
 

@@ -123,7 +123,7 @@ bool VoucherScreen::lineComplete() {
 }
 
 bool VoucherScreen::meansNothing() {
-  const bool noParty = !hasParty(), noLine = lines_->count() == 0;
+  const bool noParty = !needsParty() && !hasParty(), noLine = lines_->count() == 0;
   if (!noParty && !noLine && value(kNetAmount) != 0) return false;
   if (host.ask({.text = noParty  ? english("This Voucher Has No Party\nSave It All The Same ?")
                         : noLine ? english("This Voucher Has No Line\nSave It All The Same ?")
