@@ -129,6 +129,7 @@ class ServerEngine final : public Engine {
   void leavePlace();
   std::string mine(const char* column) const;
   void unmark(const std::string& book, const std::string& number, const std::string& program);
+  void runOwn(std::unique_ptr<ServerStatement>& kept, const char* sql, const std::vector<Value>& values);
   bool changeTurn(const std::string& change);
   std::string holdsEnd() const;
   void tellHold();
@@ -162,7 +163,7 @@ class ServerEngine final : public Engine {
   std::vector<Later> later_;
   std::exception_ptr lostWhole_;  // what a statement that was sent later met
   bool committing_ = false;
-  std::unique_ptr<ServerStatement> countsIn_;
+  std::unique_ptr<ServerStatement> countsIn_, marks_, unmarks_;
   std::map<std::string, std::unique_ptr<ServerStatement>> together_;  // sent as one, by their text
   std::int64_t inserted_ = 0, stored_ = 0;
   bool first_ = true, entered_ = false;

@@ -229,10 +229,8 @@ std::optional<Other> ServerEngine::takeInHand(const std::string& book, const std
     try {
       // Of two who find it free, or find the mark of a dead program, the second looks once more.
       if (found) unmark(book, number, found->text(5));
-      ServerStatement marks(
-          *this, "INSERT INTO INHAND (BOOK, ITS_NO, PROGRAM, SINCE) VALUES (?, ?, ?, UTC_TIMESTAMP())");
-      marks.bind({book, number, program_});
-      marks.rerun();
+      runOwn(marks_, "INSERT INTO INHAND (BOOK, ITS_NO, PROGRAM, SINCE) VALUES (?, ?, ?, UTC_TIMESTAMP())",
+             {book, number, program_});
       return {};
     } catch (const DatabaseError& error) {
       if (error.kind() != Kind::constraint && error.kind() != Kind::again) throw;
@@ -242,9 +240,24 @@ std::optional<Other> ServerEngine::takeInHand(const std::string& book, const std
 }
 
 void ServerEngine::unmark(const std::string& book, const std::string& number, const std::string& program) {
-  ServerStatement goes(*this, "DELETE FROM INHAND WHERE BOOK = ? AND ITS_NO = ? AND PROGRAM = ?");
-  goes.bind({book, number, program});
-  goes.rerun();
+  runOwn(unmarks_, "DELETE FROM INHAND WHERE BOOK = ? AND ITS_NO = ? AND PROGRAM = ?",
+         {book, number, program});
+}
+
+// In no transaction of its own; said twice it means the same.
+void ServerEngine::runOwn(std::unique_ptr<ServerStatement>& kept, const char* sql,
+                          const std::vector<Value>& values) {
+  const bool within = inTransaction();
+  stand();
+  if (!kept) kept = std::make_unique<ServerStatement>(*this, sql);
+  kept->bind(values);
+  try {
+    kept->rerun();
+  } catch (const DatabaseError& error) {
+    if (error.kind() != Kind::lost || within) throw;
+    stand();
+    kept->rerun();
+  }
 }
 
 void ServerEngine::letGo(const std::string& book, const std::string& number) {
