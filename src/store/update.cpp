@@ -83,14 +83,24 @@ std::vector<std::string> updateDatabase(Database& db, const UpdateFacts& facts,
     work();
   };
   if (onServer(db.file())) db.engine().stampShape(kHalfWalked);
-  Transaction all(db);
-  step(english("Tables And Columns"), [&] { walk(db); });
-  step(english("Print Designs"), [&] { EnsureDesigns(db); });
-  step(english("Data"), [&] { repairRows(db, facts.repair); });
-  step(english("Company"), [&] { writeCompany(db, facts); });
-  step(english("Keys"), [&] { withoutKey = remakeKeys(db, facts.oneUnit); });
-  stampShape(db);
-  step(english("Writing To The Disk"), [&] { all.commit(); });
+  const auto shape = [&] {
+    Transaction all(db);
+    step(english("Tables And Columns"), [&] { walk(db); });
+    step(english("Print Designs"), [&] { EnsureDesigns(db); });
+    step(english("Data"), [&] { repairRows(db, facts.repair); });
+    step(english("Company"), [&] { writeCompany(db, facts); });
+    step(english("Keys"), [&] { withoutKey = remakeKeys(db, facts.oneUnit); });
+    stampShape(db);
+    step(english("Writing To The Disk"), [&] { all.commit(); });
+  };
+  // A server would change them in the place of those of the books that they stand before.
+  db.engine().dropWorkTables();
+  try {
+    shape();
+  } catch (...) {
+    db.passOver({"what failed first is told"}, [&] { RemakeWorkTables(db); });
+    throw;
+  }
   RemakeWorkTables(db);
   return withoutKey;
 }
