@@ -13,15 +13,16 @@ std::string unanswered() {
 
 }  // namespace
 
-void setCleared(Database& db, const BankRow& row, const std::optional<Date>& on) {
-  whole(db, [&] {
+bool setCleared(Database& db, const BankRow& row, const std::optional<Date>& on) {
+  return whole(db, [&] {
     ensureTable(db, kTable);  // books that the walk has not brought up to date lack it
-    db.exec("DELETE FROM CLEARED WHERE ACC_CD = ? AND BOOK_CD = ? AND VOUCH_NO = ? AND SRNO = ?", row.account,
-            row.book, row.number, row.serial);
-    if (!on) return;
+    const std::string ofRow = " FROM CLEARED WHERE ACC_CD = ? AND BOOK_CD = ? AND VOUCH_NO = ? AND SRNO = ?";
+    db.exec("DELETE" + ofRow, row.account, row.book, row.number, row.serial);
+    if (!on) return true;
     db.exec("INSERT INTO CLEARED (ACC_CD, BOOK_CD, VOUCH_NO, SRNO, AMOUNT, CLG_DT) VALUES (?, ?, ?, ?, ?, ?)",
             row.account, row.book, row.number, row.serial, row.amount, *on);
     forgetUnclear(db, row.book, row.number);  // another program may have changed or deleted it meanwhile
+    return db.first("SELECT 1" + ofRow, row.account, row.book, row.number, row.serial).has_value();
   });
 }
 

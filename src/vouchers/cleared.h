@@ -16,8 +16,8 @@ struct BankRow {
   double amount = 0;
 };
 
-// In the place of an earlier date; none takes it away.
-void setCleared(Database& db, const BankRow& row, const std::optional<Date>& on);
+// In the place of an earlier date; none takes it away. False where the ledger has no such row any more.
+bool setCleared(Database& db, const BankRow& row, const std::optional<Date>& on);
 
 // Takes the dates away that no ledger row of the voucher answers to: it was deleted, or has another amount
 // or account. To be called inside the transaction that writes those rows.

@@ -334,8 +334,18 @@ void FRMBRS::showProposal() {
 // Clearing
 
 void FRMBRS::clearRow(size_t row, const std::optional<Date>& on) {
-  setCleared(data(), books_[row].row, on);
-  if (on) lastDate_ = on;
+  const BankRow& entry = books_[row].row;
+  if (!setCleared(data(), entry, on))
+    gone_ += (gone_.empty() ? "" : "\n") + words("{book} {number} Has Been Changed Meanwhile", "book",
+                                                 entry.book, "number", numText(entry.number));
+  else if (on)
+    lastDate_ = on;
+}
+
+// What another program has changed stands there as it is now, and is told.
+void FRMBRS::showCleared() {
+  refresh();
+  if (!gone_.empty()) host.message(std::exchange(gone_, {}), kRefusal);
 }
 
 // A proposal is taken at once; else the date is typed, the one before proposed.
@@ -348,7 +358,7 @@ Go FRMBRS::take() {
   }
   clearRow(bookRow(), lines_[match->line].date);
   at(kBookRows).grid.moveTo(bookRow() + 1);
-  refresh();
+  showCleared();
   return Go::Stay;
 }
 
@@ -387,11 +397,11 @@ Go FRMBRS::clearedOn() {
   }
   clearRow(dateRow_, on);
   if (leaving()) {
-    refresh();
+    showCleared();
     return Go::On;
   }
   at(kBookRows).grid.moveTo(dateRow_ + 1);
-  refresh();
+  showCleared();
   focus(at(kBookRows));
   return Go::Stay;
 }
@@ -399,7 +409,7 @@ Go FRMBRS::clearedOn() {
 void FRMBRS::undo() {
   if (bookRow() >= books_.size() || !books_[bookRow()].cleared) return;
   clearRow(bookRow(), std::nullopt);
-  refresh();
+  showCleared();
 }
 
 void FRMBRS::takeCertain() {
@@ -407,7 +417,7 @@ void FRMBRS::takeCertain() {
     for (const Match& match : matches_)
       if (match.certain && !match.known) clearRow(match.book, lines_[match.line].date);
   });
-  refresh();
+  showCleared();
   focus(at(kBookRows));
 }
 

@@ -63,6 +63,7 @@ class FRMBRS : public ChildScreen {
   Outside outside() const;
   size_t bookRow() const { return at(fields::kBookRows).grid.current; }
   void clearRow(size_t row, const std::optional<Date>& on);
+  void showCleared();
 
   std::string shownAccount_;
   Date from_{}, to_{};    // that are shown
@@ -74,5 +75,6 @@ class FRMBRS : public ChildScreen {
   std::vector<Match> matches_;
   std::vector<size_t> ofBook_, ofLine_;  // their places by row and line
   std::optional<Date> lastDate_;         // typed or taken last
+  std::string gone_;                     // entries that were changed before their date was kept
   bool awaitsVoucher_ = false;
 };
