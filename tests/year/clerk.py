@@ -218,9 +218,11 @@ class Clerk(Shop, Border):
             self.s("key Esc", "expect screen frmmain")
             self.desk = None
 
-    def order(self, b):
+    def order(self, b, today):
         s = self.s
         self.add("SALE", b)
+        if b.day != today:
+            s.fill("date", b.day.strftime("%d%m%Y"))
         s.keys("Enter")
         s.type(b.party.code.lower(), "Enter")
         self.take(b.sources, self.books.open_sources(b.party))

@@ -337,10 +337,10 @@ class Year(Trade):
             sources = [first] + [s for s in found if s is not first and s.party is first.party][:rng.choice([0, 1])]
             number = books.next(books.bills["SA"])
             lines = [line for s in sources for line in self.lines_of(s)]
-            b = Bill("SA", number, self.today, first.party, "TAX", books.next_bill_number("TAX"), first.party.days, lines,
+            b = Bill("SA", number, self.some_day(), first.party, "TAX", books.next_bill_number("TAX"), first.party.days, lines,
                      challan=self.number_of(sources) if any(s.book == "CH" for s in sources) else number, destination=first.party.area, sources=sources)
             b.work_out()
-            self.clerk.order(b)
+            self.clerk.order(b, self.today)
             books.bills["SA"][number] = b
             books.made(b)
 
