@@ -272,7 +272,8 @@ void FRMBRS::showSums() {
   at(kReceivedOpen).text = money(-sums.received);
   at(kByBank).text = money(sums.bank());
   at("lblsays").text = words("Bank says on {date}", "date", shownDay(to_));
-  at("lblsaid").text = money(value(kBankSays));
+  const bool says = !trimmed(kBankSays).empty();
+  at("lblsaid").text = says ? money(value(kBankSays)) : "";
   at(kNotInBooks).text = money(outside.amount);
   const auto matched = std::ranges::count_if(matches_, &Match::known);
   at("lblstatement").text =
@@ -280,7 +281,6 @@ void FRMBRS::showSums() {
                      : words("Statement  ::  {file}, {matched} of {lines} matched, {open} not in books",
                              "file", statementName_, "lines", std::to_string(lines_.size()), "matched",
                              std::to_string(matched), "open", std::to_string(outside.lines));
-  const bool says = !trimmed(kBankSays).empty();
   put(kUnexplained, says ? money(Round(value(kBankSays) - sums.bank() - outside.amount, 2)) : "");
 }
 
