@@ -36,7 +36,8 @@ class GSTNOTE : public GSTSAPU {
   GSTNOTE(Host& host, const VoucherKind& kind);
   static const ScreenSpec& table(const VoucherKind& kind);
 
-  // The bills.
+  // The bills (gstnote_bills.cpp).
+  static Lookup billsFor(const VoucherKind& note, const std::string& number, const std::string& party);
   Go originalBill();
   Go noBill();
   Go chooseBill(const std::string& number);
