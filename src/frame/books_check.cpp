@@ -9,6 +9,7 @@
 #include "frame/voucher_kinds.h"
 #include "store/dictionary.h"
 #include "store/engine.h"
+#include "store/taxable.h"
 
 namespace {
 
@@ -21,6 +22,7 @@ struct Heads {
   const char *taxes, *taxesOfLines;  // null: has none
   const char* taxesDiffer;
   const char *party = "MAX(H.PARTY_CD)", *day = "L.VOUCH_DT";
+  bool charged = false;  // discount and charges are shared by the lines
 };
 
 // clang-format off
@@ -28,7 +30,7 @@ constexpr Heads kHeads[] = {
     {"SALE", "BOOK_CD", "SALEITM", "ITEM_AMT", "L.AMOUNT",
      "TCGSTRT + H.TSGSTRT + H.TIGSTRT", "L.CGSTAMT + L.SGSTAMT + L.IGSTAMT",
      "ABS(MAX(H.TCGSTRT) - COALESCE(SUM(L.CGSTAMT), 0)) > 0.005 OR ABS(MAX(H.TSGSTRT) - COALESCE(SUM(L.SGSTAMT), 0)) > 0.005"
-     " OR ABS(MAX(H.TIGSTRT) - COALESCE(SUM(L.IGSTAMT), 0)) > 0.005"},
+     " OR ABS(MAX(H.TIGSTRT) - COALESCE(SUM(L.IGSTAMT), 0)) > 0.005", "MAX(H.PARTY_CD)", "L.VOUCH_DT", true},
     {"CHLN", "BOOK_CD", "CHLNITM", "ITEM_AMT", "L.NET_AMOUNT", nullptr, nullptr, nullptr},
     {"QUOT", "ENTRY_TYP", "QUOTITM", "ITEM_AMT", "VAL(L.AMOUNT)", nullptr, nullptr, nullptr},
 };
@@ -89,7 +91,16 @@ void addLines(Faults& faults, const Heads& h) {
                          from + differ);
   };
   const std::string sum = totalOf(h.goodsOfLines);
-  part(goods, sum, "ABS(COALESCE(" + goods + ", 0) - " + sum + ") > " + kPaisa, kGoodsDiffer);
+  const auto differ = [](const std::string& head, const std::string& lines) {
+    return "ABS(COALESCE(" + head + ", 0) - " + lines + ") > " + kPaisa;
+  };
+  if (h.charged) {
+    const std::string charges = "MAX(" + chargesOf("H.") + ")", shares = totalOf("L.DISC4");
+    part(goods + " + " + charges, sum + " + " + shares, differ(goods, sum) + " OR " + differ(charges, shares),
+         kGoodsDiffer);
+  } else {
+    part(goods, sum, differ(goods, sum), kGoodsDiffer);
+  }
   if (h.taxes)
     part(std::string("MAX(H.") + h.taxes + ")", totalOf(h.taxesOfLines), h.taxesDiffer, kTaxesDiffer);
   faults.add(kNoHead, replaceAll(book, "H.", "L.") + " AS BOOK, L.VOUCH_NO, MAX(" + h.day +

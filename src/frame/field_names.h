@@ -113,6 +113,12 @@ inline constexpr FieldName kParcels{"parcels"};
 inline constexpr FieldName kDiscountPercent{"discount_percent"};  // of the whole
 inline constexpr FieldName kDiscountAmount{"discount_amount"};
 inline constexpr FieldName kCharges{"charges"};
+inline constexpr FieldName kBillDiscountPercent{"bill_discount_percent"};
+inline constexpr FieldName kBillDiscount{"bill_discount"};
+inline constexpr FieldName kPacking{"packing"};
+inline constexpr FieldName kFreight{"freight"};
+inline constexpr FieldName kOtherCharges{"other_charges"};
+inline constexpr FieldName kTaxable{"taxable"};  // the goods with them
 inline constexpr FieldName kValidity{"validity"};
 inline constexpr FieldName kRateTerms{"rate_terms"};
 inline constexpr FieldName kPaymentTerms{"payment_terms"};

@@ -26,7 +26,8 @@ constexpr const char* kAlone[] = {english("Where No Bill Stands For Them"),
                                   english("Always, Also Beside Their Bill")};
 
 constexpr const char *kBackup = english("Backup"), *kPrint = english("Before Print"),
-                     *kBooks = english("Books"), *kMoney = english("Receipts and payments");
+                     *kBooks = english("Books"), *kMoney = english("Receipts and payments"),
+                     *kBills = english("Discount and charges of bills");
 
 // clang-format off
 constexpr Setting kSettings[] = {
@@ -51,6 +52,15 @@ constexpr Setting kSettings[] = {
     {kWrittenBack,      9024, How::Account, "X90015",     kMoney,  english("Written back"),               english("Account of what a supplier leaves us")},
     {kTdsReceivable,    9025, How::Account, "",           kMoney,  english("TDS receivable"),             english("Account of the tax that customers deduct; the first receipt with TDS asks")},
     {kTdsPayable,       9026, How::Account, "",           kMoney,  english("TDS payable"),                english("Account of the tax that we deduct; the first payment with TDS asks")},
+
+    {kSaleDiscount,     9031, How::Account, "X90006",     kBills,  english("Sales: discount"),            english("Account of the discount on a whole bill; Posting takes all bills along")},
+    {kSalePacking,      9032, How::Account, "X90007",     kBills,  english("Sales: packing"),             english("Account of packing and forwarding that customers pay")},
+    {kSaleFreight,      9033, How::Account, "X90007",     kBills,  english("Sales: freight"),             english("Account of the freight that customers pay")},
+    {kSaleOther,        9034, How::Account, "X90007",     kBills,  english("Sales: other charges"),       english("Account of what else customers pay before tax")},
+    {kPurchaseDiscount, 9035, How::Account, "X90001",     kBills,  english("Purchases: discount"),        english("Account of a supplier's discount on a whole bill; that of the goods lowers their cost")},
+    {kPurchasePacking,  9036, How::Account, "X90001",     kBills,  english("Purchases: packing"),         english("Account of packing and forwarding that suppliers charge")},
+    {kPurchaseFreight,  9037, How::Account, "X90001",     kBills,  english("Purchases: freight"),         english("Account of the freight that suppliers charge")},
+    {kPurchaseOther,    9038, How::Account, "X90001",     kBills,  english("Purchases: other charges"),   english("Account of what else suppliers charge before tax")},
 };
 // clang-format on
 

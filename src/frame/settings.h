@@ -33,7 +33,10 @@ inline constexpr std::string_view kExitBackup = "EXITBACKUP", kBackupsKept = "KE
                                   kDiscountReceived = "DISCREC", kWrittenOff = "WRITEOFF",
                                   kWrittenBack = "WRITEBCK", kTdsReceivable = "TDSREC",
                                   kTdsPayable = "TDSPAY", kComposition = "COMPOSIT",
-                                  kCustomsAccount = "CUSTOMS";
+                                  kCustomsAccount = "CUSTOMS", kSaleDiscount = "SALEDISC",
+                                  kSalePacking = "SALEPACK", kSaleFreight = "SALEFRT", kSaleOther = "SALEOTH",
+                                  kPurchaseDiscount = "PURDISC", kPurchasePacking = "PURPACK",
+                                  kPurchaseFreight = "PURFRT", kPurchaseOther = "PUROTH";
 
 // As text, a choice as its number.
 std::string settingOf(Database& db, const Setting& setting);

@@ -28,6 +28,8 @@ class GSTNOTE : public GSTSAPU {
   Go quantity() override;
   Go rate() override;
   bool acceptParty() override;
+  bool hasCharges() const override;
+  std::vector<double> sharesOf(const std::vector<Row>& lines) override;
   bool mayBeSaved() override;
   bool write(const SaveStamp& stamp, const Saving& how) override;
   SavedMessage closingMessage() const override;

@@ -1,4 +1,8 @@
 #include <algorithm>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "base/number.h"
 #include "base/pattern.h"
@@ -110,6 +114,44 @@ Go GSTNOTE::rate() {
   if (!original() || leaving()) return Go::On;
   here().worked = here().text;
   return amount();
+}
+
+// What a bill charged beside its goods goes with them, as far as its lines come at the rate of the bill: an
+// allowance on the rate leaves it as it is.
+bool GSTNOTE::hasCharges() const {
+  return std::ranges::any_of(originals_, [](const auto& line) { return line.second.share != 0; });
+}
+
+std::vector<double> GSTNOTE::sharesOf(const std::vector<Row>& lines) {
+  struct Part {
+    double goods = 0, net = 0;
+  };
+  std::map<std::pair<std::string, double>, Part> bills;
+  std::vector<double> shares;
+  for (const Row& row : lines) {
+    double& share = shares.emplace_back(0);
+    const auto found = originals_.find(row.number("SR_NO"));
+    if (found == originals_.end()) continue;
+    const OriginalLine& line = found->second;
+    if (line.billed == 0 || row.number("RATE") != line.rate) continue;
+    const double part = row.number("QUANTITY") / line.billed;
+    share = Round(line.share * part, 2);
+    Part& bill = bills[{line.book, line.voucher}];
+    bill.goods += line.amount * part;
+    bill.net += share;
+  }
+  Charges all;
+  for (const auto& [bill, part] : bills) {
+    const BilledCharges billed = readBilledCharges(data(), bill.first, bill.second);
+    if (billed.goods == 0) continue;
+    const Charges its = partOf(billed.charges, part.goods / billed.goods, Round(part.net, 2));
+    for (double Charges::*charge :
+         {&Charges::discount, &Charges::packing, &Charges::freight, &Charges::other})
+      all.*charge = Round(all.*charge + its.*charge, 2);
+  }
+  putCharges(all);
+  showCharges(all.any());
+  return shares;
 }
 
 Go GSTNOTE::wholeLine() {

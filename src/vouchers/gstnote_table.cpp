@@ -62,6 +62,10 @@ ScreenSpec noteTable(const VoucherKind& kind, ScreenSpec screen) {
     of(screen, unused).visible = false;
     of(screen, unused).enabled = false;
   }
+  // What goes back of the bill's is worked out.
+  for (const FieldName ofBill : {kBillDiscountPercent, kBillDiscount, kPacking, kFreight, kOtherCharges})
+    of(screen, ofBill).enabled = false;
+  of(screen, kTransport).hint.clear();
   of(screen, kDetail).at = {.group = "entry", .col = kUnitColumn};
   of(screen, kNetAmount).label = english("Note Amount");
   of(screen, kQuantity).label = kind.adjusts.quantity;

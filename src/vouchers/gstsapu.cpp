@@ -84,6 +84,7 @@ GSTSAPU::GSTSAPU(Host& theHost, const VoucherKind& kind, const ScreenSpec& theSp
                   {"",           Key::Ctrl('R'),  &GSTSAPU::reverseKey      },
   });
   wireSupply();
+  wireCharges();
   if (isBought(kind))
     wire(*this, {
                     {"", Key::Ctrl('N'), &GSTSAPU::ineligibleKey}
@@ -269,7 +270,7 @@ Fields GSTSAPU::head() const {
 
 // What was written against a bill still says what the bill was then.
 bool GSTSAPU::mayBeSaved() {
-  if (!supplyStands()) return false;
+  if (!supplyStands() || !chargesStand()) return false;
   if (told().any()) ensureSupply(data());
   const std::string notes = mode == "EDIT" ? notesAgainst(data(), kind_, value(kNumber)) : "";
   return notes.empty() ||
@@ -316,6 +317,10 @@ bool GSTSAPU::load(double number) {
   loadLines(data(), kind_, number);
   lines_->requery();
   showFields(*bill, Part::Head);
+  putCharges(typedCharges());
+  shared_ = charges_.any();
+  showCharges(shared_);
+  put(kTaxable, Round(taxable(), 2));
   put(kBook, kind_.code);
   put(kChallanNumber, "");  // a modify stores it as 0
   readComposition();
@@ -332,6 +337,9 @@ void GSTSAPU::clearHead() {
   VoucherScreen::clearHead();
   period_ = {};
   proposedTo_.clear();
+  charges_ = {};
+  shared_ = false;
+  showCharges(false);
   put(kPartyFacts, "");
   mark({});
   showPanel(false);

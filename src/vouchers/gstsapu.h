@@ -6,6 +6,7 @@
 #include "frame/period_test.h"
 #include "frame/session.h"
 #include "vouchers/calculation.h"
+#include "vouchers/charges.h"
 #include "vouchers/saving.h"
 #include "vouchers/supply.h"
 #include "vouchers/voucher_screen.h"
@@ -34,6 +35,7 @@ class GSTSAPU : public VoucherScreen {
   Go checkPaperNumber() override;
   void renumber() override;
   std::string paperNumberAfter(const std::string& number) const override;
+  FieldName afterLines() const override;
   std::string tutorial() const override { return links().*kind_.video; }
   SavedMessage closingMessage() const override;
   bool mayBeSaved() override;
@@ -60,6 +62,13 @@ class GSTSAPU : public VoucherScreen {
   virtual Go rate();
   virtual bool acceptParty();
   bool acceptShipTo();
+
+  // Discount and charges of the whole: whether some stand, and the share of each line of the work table.
+  virtual bool hasCharges() const { return typedCharges().any(); }
+  virtual std::vector<double> sharesOf(const std::vector<Row>& lines);
+  Charges typedCharges() const;
+  void putCharges(const Charges& charges);
+  void showCharges(bool on);
 
  private:
   GSTSAPU(Host& host, const VoucherKind& kind);
@@ -93,6 +102,7 @@ class GSTSAPU : public VoucherScreen {
   void showNet();
   Taxes typedTaxes() const;
   Taxes billedTaxes() const;
+  double taxable() const;
   void readComposition();
   void reverseKey();
   void ineligibleKey();
@@ -129,6 +139,16 @@ class GSTSAPU : public VoucherScreen {
   Terms terms() const;
   Fields head() const;
 
+  static std::vector<ControlSpec> chargesPanel();
+  void wireCharges();
+  void chargesKey();
+  bool chargesShown() const;
+  std::string refusalOfCharge(FieldName field) const;
+  Go charge();
+  void takeCharges();
+  bool chargesStand();  // says so of what cannot be saved
+  void shareCharges();
+
   void unlock() { here().locked = false; }
   void lock() { here().locked = true; }
 
@@ -147,4 +167,6 @@ class GSTSAPU : public VoucherScreen {
   std::string proposedTo_;    // the party whose kind of supply was proposed last
   Terms figured_;             // that the lines are worked out by
   bool composition_ = false;  // the shop collects no tax
+  Charges charges_;           // as they were taken last
+  bool shared_ = false;       // the lines have shares of them
 };

@@ -171,7 +171,7 @@ void GSTSAPU::valueLine() {
   line_.value(value(kQuantity), value(kRate), value(kDiscount));
   showAssess();
   showNet();
-  const BillTotal preview = billPreview(value(kItemsAmount), billedTaxes());
+  const BillTotal preview = billPreview(taxable(), billedTaxes());
   put(kRoundOff, preview.roundOff);
   put(kNetAmount, preview.amount);
 }
@@ -219,12 +219,16 @@ void GSTSAPU::clearLine() {
   showAssess();
 }
 
+double GSTSAPU::taxable() const { return value(kItemsAmount) + typedCharges().net(); }
+
 // A column that sums to nothing leaves its field as it is.
 void GSTSAPU::sumLines() {
+  shareCharges();
   const auto sums = lines_->sums({"AMOUNT", "QUANTITY", "CGSTAMT", "SGSTAMT", "IGSTAMT"});
   for (size_t i = 0; i < sums.size(); ++i)
     if (sums[i]) put(kTotals[i], Round(*sums[i], 2));
-  const BillTotal total = billTotal(value(kItemsAmount), billedTaxes());
+  put(kTaxable, Round(taxable(), 2));
+  const BillTotal total = billTotal(taxable(), billedTaxes());
   put(kNetAmount, total.amount);
   put(kRoundOff, total.roundOff);
   if (inCurrency())

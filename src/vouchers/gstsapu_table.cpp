@@ -67,7 +67,8 @@ ScreenSpec GSTSAPU::tableOf(const VoucherKind& kind) {
                      {.name = "B", .width = px(356, 286),    .columns = {px(58), px(92), fit(), part(1)}},
                      {.name = "C", .width = part(1, 250), .frame = Frame::Off}}},
           {px(150), {{.name = "D", .width = part(1), .columns = {fit(), px(44), part(1.15), fit(), part(1)}},
-                     {.name = "E", .width = px(506, 404), .columns = {fit(), px(132), fit(), part(1)}}}})),
+                     {.name = "E", .width = px(506, 404), .columns = {fit(), px(132), fit(), part(1)}}}},
+          {{px(46), {{.name = "charges", .columns = {fit(), px(56), fit(), part(1), fit(), part(1), fit(), part(1), fit(), part(1), fit(), part(1.1)}}}, true}})),
       .controls = joined({{
           {.name = "Text1",      .index = 0,  .field = kNumber,        .column = "VOUCH_NO",   .holds = Figure,       .label = "V. No",     .at = {.group = "A", .row = 0, .col = 1, .width = 92},  .tab = 8,  .limit = 8,   .keys = Number, .align = Right, .hint = "F1 = By Bill No :: F4 = By Amount :: F8 = By Gstin"},
           {.name = "MaskEdBox1", .index = 0,  .field = kDate,          .column = "VOUCH_DT",   .holds = Holds::Date,  .kind = Kind::Date, .label = "Date", .at = {.group = "A", .row = 0, .col = 3, .width = 112}, .tab = 9, .hint = "F1 = First Date :: F2 = Today :: F3 = Last Date"},
@@ -103,10 +104,10 @@ ScreenSpec GSTSAPU::tableOf(const VoucherKind& kind) {
           lineKeys(10),
           {.name = "Label1",     .index = 32, .kind = Kind::Label, .label = "Assival", .at = {.group = "keys", .col = 12, .span = 2}, .align = Right, .style = Style::Quiet},
           {.name = "Label1", .index = 31, .field = kAssessable, .kind = Kind::Label, .label = "0.00",    .at = {.group = "keys", .col = 14}, .align = Right, .money = true, .style = Style::Primary},
-      }, lineGrids(lineColumns, rateColumns, 4, 632), {
+      }, lineGrids(lineColumns, rateColumns, 4, 632), chargesPanel(), {
           {.name = "Text1",      .index = 29, .field = kNarration,     .column = "NARRATION",  .holds = Holds::Typed, .label = "Narration",   .at = {.group = "D", .row = 0, .col = 1, .span = 4},    .tab = 30, .limit = 200, .keys = Letters, .hint = isBought(kind) ? english("F1 = Used Before :: Ctrl+R = Reverse Charge :: Ctrl+N = No ITC") : english("F1 = Used Before :: Ctrl+R = Reverse Charge")},
           {.name = "Text1",      .index = 55, .field = kTransportId,   .column = "TRANS_CD",   .holds = Figure,       .label = "Transport",   .at = {.group = "D", .row = 1, .col = 1, .width = 44},  .limit = 20, .enabled = false, .align = Right},
-          {.name = "Text1",      .index = 42, .field = kTransport,     .column = "TRANSPORT",                         .at = {.group = "D", .row = 1, .col = 2},               .tab = 32, .limit = 100,  .keys = Letters},
+          {.name = "Text1",      .index = 42, .field = kTransport,     .column = "TRANSPORT",                         .at = {.group = "D", .row = 1, .col = 2},               .tab = 32, .limit = 100,  .keys = Letters, .hint = "Ctrl+B = Discount And Charges"},
           {.name = "Text1",      .index = 27, .field = kCreditDays,    .column = "CR_DAYS",    .holds = Figure,       .label = "Cr Days",     .at = {.group = "D", .row = 1, .col = 4, .width = 96},  .tab = 33, .limit = 20,  .keys = Number, .align = Right},
           {.name = "Text1",      .index = 41, .field = kDestination,   .column = "DESTI",                             .label = "Destination", .at = {.group = "D", .row = 2, .col = 1, .span = 2},    .tab = 34, .limit = 40,  .keys = Letters},
           {.name = "Text1",      .index = 40, .field = kLrNumber,      .column = "GR_NO",      .holds = Holds::Typed, .label = "Lr No",       .at = {.group = "D", .row = 2, .col = 4},               .tab = 35, .limit = 20,  .keys = Letters, .hint = "F1 = Used Before"},

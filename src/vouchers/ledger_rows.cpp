@@ -37,6 +37,8 @@ std::vector<LedgerRow> billRows(const BillPosting& b, const VoucherKind& kind, c
       {ours,   b.party,           kind.ledger.goods, b.amount, b.billNumber, withLr, b.creditDays},
       {theirs, kind.ledger.goods, b.party,           b.items,  b.billNumber, withLr, {}          },
   };
+  for (const BillPosting::Charge& c : b.charges)
+    rows.push_back({c.side, c.account, b.party, c.amount, b.billNumber, withLr, {}});
   for (const TaxPosting& tax : taxPostings(kind, supply)) {
     const double amount =
         b.*std::array{&BillPosting::cgst, &BillPosting::sgst, &BillPosting::igst}[tax.which];

@@ -35,14 +35,19 @@ void postVoucher(Database& db, const LedgerVoucher& voucher, const std::vector<L
 
 struct BillPosting {
   std::string party;
-  double amount = 0;  // whole bill; equals items, taxes and round-off together
+  double amount = 0;  // whole bill; equals items, charges, taxes and round-off together
   double items = 0, cgst = 0, sgst = 0, igst = 0, roundOff = 0;
+  struct Charge {
+    std::string side, account;
+    double amount;
+  };
+  std::vector<Charge> charges{};  // those that are not nil, and a discount
   std::string billNumber, narration, lrNumber;
   double creditDays = 0;
 };
 
-// Party against goods, goods, the three taxes also when nil, and the round-off unless it is nil. A marked
-// bill has no row of a tax that is nil, none at all where the buyer owes them, and ours under reverse charge
-// stand against what we owe.
+// Party against goods, goods, discount and charges, the three taxes also when nil, and the round-off unless
+// it is nil. A marked bill has no row of a tax that is nil, none at all where the buyer owes them, and ours
+// under reverse charge stand against what we owe.
 std::vector<LedgerRow> billRows(const BillPosting& bill, const VoucherKind& kind = saleKind(),
                                 const Supply& supply = {});

@@ -131,14 +131,18 @@ OriginalLines readOriginalLines(Database& db, const VoucherKind& note, double nu
   OriginalLines lines;
   if (!hasNotes(db)) return lines;
   for (const Row& row :
-       db.all("SELECT I.SR_NO, I.BILL_BOOK, I.BILL_VOUCH, I.BILL_SR, B.QUANTITY FROM ORIGITM AS I"
+       db.all("SELECT I.SR_NO, I.BILL_BOOK, I.BILL_VOUCH, I.BILL_SR, B.QUANTITY, B.RATE, B.AMOUNT, B.DISC4"
+              " FROM ORIGITM AS I"
               " JOIN SALEITM AS B ON B.VOUCH_NO = I.BILL_VOUCH AND B.BOOK_CD = I.BILL_BOOK"
               " AND B.SR_NO = I.BILL_SR WHERE I.VOUCH_NO = ? AND I.BOOK_CD = ?",
               number, note.code))
     lines[row.number("SR_NO")] = {.book = row.text("BILL_BOOK"),
                                   .voucher = row.number("BILL_VOUCH"),
                                   .serial = row.number("BILL_SR"),
-                                  .billed = row.number("QUANTITY")};
+                                  .billed = row.number("QUANTITY"),
+                                  .rate = row.number("RATE"),
+                                  .amount = row.number("AMOUNT"),
+                                  .share = row.number("DISC4")};
   return lines;
 }
 
@@ -156,38 +160,59 @@ void addBillLines(Database& db, const VoucherKind& note, double number, const Or
   double behind = 0;
   std::string others;
   std::vector<Value> left;
-  std::vector<std::pair<double, double>> lines;
-  for (const Row& row : db.all("SELECT SR_NO, QUANTITY FROM SALEITM WHERE VOUCH_NO = ? AND BOOK_CD = ?",
+  std::vector<OriginalLine> lines;
+  for (const Row& row : db.all("SELECT SR_NO, QUANTITY, RATE, AMOUNT, DISC4 FROM SALEITM"
+                               " WHERE VOUCH_NO = ? AND BOOK_CD = ?",
                                bill.voucher, bill.book)) {
     const double serial = row.number("SR_NO");
     if (stands(serial)) {
       others += others.empty() ? "?" : ", ?";
       left.emplace_back(serial);
     } else {
-      lines.emplace_back(serial, row.number("QUANTITY"));
+      lines.push_back({.book = bill.book,
+                       .voucher = bill.voucher,
+                       .serial = serial,
+                       .billed = row.number("QUANTITY"),
+                       .rate = row.number("RATE"),
+                       .amount = row.number("AMOUNT"),
+                       .share = row.number("DISC4")});
       if (used.contains(serial)) behind = *used.rbegin();
     }
   }
   OriginalLines added;
-  for (const auto& [serial, quantity] : lines)
-    added[behind + serial] = {bill.book, bill.voucher, serial, quantity};
+  for (const OriginalLine& line : lines) added[behind + line.serial] = line;
   if (added.empty()) return;
   std::vector<Value> values = {number, note.code, behind, bill.voucher, bill.book};
   values.insert(values.end(), left.begin(), left.end());
   // What follows from the quantity is nothing yet; what was agreed on stays as it was billed.
   const std::string kept =
       "ITEM_CD, SIZE_CD, DESC1, ITEM_DESC, MFG_DT, EXP_DT, VOUCH_TIME, VOUCH_DT, CHLN_DT, RATE, SALE_DISC,"
-      " SALE_DISC1, DISC3, DISC4, CGSTRT, SGSTRT, IGSTRT, CESS_PERC1, TAX_CD, TAX_RT, BRKRG, CUR_NM, CUR_RT,"
+      " SALE_DISC1, DISC3, CGSTRT, SGSTRT, IGSTRT, CESS_PERC1, TAX_CD, TAX_RT, BRKRG, CUR_NM, CUR_RT,"
       " CUR_ITM_RT, MOBNOCO, DATANM, DATASENT";
   db.exec(
       "INSERT INTO T_SLITM (VOUCH_NO, BOOK_CD, SR_NO, QUANTITY, AMOUNT, NET_AMOUNT, CGSTAMT,"
-      " SGSTAMT, IGSTAMT, CESS_AMT1, ORDER_NO, TAX_AMT, VAT_AMT, CUR_AMT, GSTPOST, YOUR_REF, " +
-          kept + ", ITEM_NAME) SELECT ?, ?, SR_NO + ?, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, '.', " + kept +
+      " SGSTAMT, IGSTAMT, CESS_AMT1, ORDER_NO, TAX_AMT, VAT_AMT, CUR_AMT, DISC4, GSTPOST, YOUR_REF, " +
+          kept + ", ITEM_NAME) SELECT ?, ?, SR_NO + ?, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, '.', " + kept +
           ", (SELECT ITEM_NAME FROM ITEM WHERE ITEM.ITEM_CD = SALEITM.ITEM_CD) FROM SALEITM"
           " WHERE VOUCH_NO = ? AND BOOK_CD = ?" +
           (others.empty() ? "" : " AND SR_NO NOT IN (" + others + ")") + " ORDER BY SR_NO, rowid",
       values);
   known.insert(added.begin(), added.end());
+}
+
+BilledCharges readBilledCharges(Database& db, const std::string& book, double voucher) {
+  const auto row = db.first(
+      "SELECT ITEM_AMT, DISC_AMT1, CHRG_AMT1, CHRG_AMT2, CHRG_AMT3 FROM SALE"
+      " WHERE VOUCH_NO = ? AND BOOK_CD = ?",
+      voucher, book);
+  if (!row) return {};
+  return {
+      .charges = {.discount = row->number("DISC_AMT1"),
+                  .packing = row->number("CHRG_AMT1"),
+                  .freight = row->number("CHRG_AMT2"),
+                  .other = row->number("CHRG_AMT3")},
+      .goods = row->number("ITEM_AMT")
+  };
 }
 
 void readBefore(Database& db, const VoucherKind& note, double number, OriginalLines& lines) {

@@ -8,6 +8,7 @@
 #include "base/date.h"
 #include "frame/voucher_kinds.h"
 #include "store/database.h"
+#include "vouchers/charges.h"
 
 // The bills that a note is made against (ORIGINAL), and of which of their lines its own lines are (ORIGITM).
 // What has gone back of a line before is summed over all notes of the same kind with which goods move.
@@ -32,6 +33,7 @@ struct OriginalLine {
   std::string book;
   double voucher = 0, serial = 0;
   double billed = 0, before = 0;
+  double rate = 0, amount = 0, share = 0;  // as it was billed; the share is that of the bill's charges
   double left() const { return billed - before; }
 };
 // By the serial of the note's line.
@@ -57,6 +59,12 @@ OriginalLines readOriginalLines(Database& db, const VoucherKind& note, double nu
 // back of them is yet to be read.
 void addBillLines(Database& db, const VoucherKind& note, double number, const Original& bill,
                   OriginalLines& known);
+// Discount and charges of a bill, and the goods that they stand beside.
+struct BilledCharges {
+  Charges charges;
+  double goods = 0;
+};
+BilledCharges readBilledCharges(Database& db, const std::string& book, double voucher);
 // Reads anew what has gone back of the lines with other notes than this one.
 void readBefore(Database& db, const VoucherKind& note, double number, OriginalLines& lines);
 

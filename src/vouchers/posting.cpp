@@ -17,6 +17,7 @@
 #include "store/dictionary.h"
 #include "store/engine.h"
 #include "store/keys.h"
+#include "vouchers/charges.h"
 #include "vouchers/cleared.h"
 #include "vouchers/journals.h"
 #include "vouchers/receipts.h"
@@ -133,10 +134,11 @@ Source receipts() {
 
 Source bills(const VoucherKind& kind) {
   return {
-      .kinds = {&kind     },
+      .kinds = {&kind       },
       .condition = "V.GSTPOST = 1",
-      .columns = { "VOUCH_NO", "VOUCH_DT", "BOOK_CD", "PARTY_CD", "SALE_CD", "NET_AMT", "ITEM_AMT", "TCGSTRT",
-                "TSGSTRT", "TIGSTRT", "ROUND_OFF", "NARRATION", "GR_NO", "DESTI", "BILL_NO", "CR_DAYS"},
+      .columns = { "VOUCH_NO", "VOUCH_DT", "BOOK_CD", "PARTY_CD", "SALE_CD", "NET_AMT", "ITEM_AMT",
+                "TCGSTRT", "TSGSTRT", "TIGSTRT", "ROUND_OFF", "NARRATION", "GR_NO", "DESTI",
+                "BILL_NO", "CR_DAYS", "DISC_AMT1", "CHRG_AMT1", "CHRG_AMT2", "CHRG_AMT3"},
   };
 }
 
@@ -192,6 +194,7 @@ struct Posted {
   std::string side, account, against;
   const char *amount, *narration, *billNumber, *subDesc;
   std::string when;
+  std::string chosen = {};  // the account that a setting names, where the expression is "?"
 };
 
 std::string account(const std::string& code) { return "'" + code + "'"; }
@@ -200,7 +203,9 @@ void post(Run& run, const VoucherKind& kind, std::span<const Posted> rows) {
   std::string any;
   for (const Posted& row : rows) any += (any.empty() ? "" : " OR ") + row.when;
   expect(run, kind, any);
-  for (const Posted& row : rows)
+  for (const Posted& row : rows) {
+    std::vector<Value> values{row.side};
+    if (!row.chosen.empty()) values.emplace_back(row.chosen);
     carryOut(run, {&kind},
              "INSERT INTO " + run.ledger +
                  " (VOUCH_NO, VOUCH_DT, BOOK_CD, VOUCH_TYPE, PARTY_CD, PARTY_TCD, VOUCH_AMT,"
@@ -208,7 +213,20 @@ void post(Run& run, const VoucherKind& kind, std::span<const Posted> rows) {
                  row.account + ", " + row.against + ", " + row.amount + ", SUBSTR(" + row.narration +
                  ", 1, 200), 'A', " + row.billNumber + ", " + row.subDesc + " FROM " + kList + " WHERE " +
                  row.when,
-             row.side);
+             values);
+  }
+}
+
+// Hardly any bill has discount or charges, and their accounts are read for those alone.
+std::vector<ChargePosting> chargesOf(const Run& run, const VoucherKind& kind) {
+  bool any = false;
+  std::string some;
+  for (const char* column : kChargeColumns)
+    some += (some.empty() ? "" : " OR ") + std::string(column) + " <> 0";
+  run.db.passOver(kOpeningGoesOn, [&] {
+    any = run.db.first(std::string("SELECT 1 FROM ") + kList + " WHERE " + some + " LIMIT 1").has_value();
+  });
+  return any ? chargePostings(run.db, kind) : std::vector<ChargePosting>();
 }
 
 // A row of a tax: its account as an expression, and the further condition on the bills that have it.
@@ -253,6 +271,9 @@ void postBills(Run& run, const VoucherKind& kind) {
       {theirs, "SALE_CD",  "PARTY_CD", "ITEM_AMT",       withLr,          "BILL_NO", days,   "(ITEM_AMT IS NULL OR ITEM_AMT <> 0)"},
   };
   // clang-format on
+  for (const ChargePosting& p : chargesOf(run, kind))
+    rows.push_back({p.side, "?", "PARTY_CD", p.column, withLr, "BILL_NO", "NULL",
+                    std::string(p.column) + " <> 0", p.account});
   // A tax below 0 belongs to a bill of negative amount, which would not balance without it.
   for (const auto& [tax, code, when] : taxesOf(run.db, kind)) {
     const char* const amount = std::array{"TCGSTRT", "TSGSTRT", "TIGSTRT"}[tax.which];

@@ -6,6 +6,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "base/words.h"
+#include "store/taxable.h"
 
 namespace {
 
@@ -23,12 +24,12 @@ double leftOpen(Database& db, const VoucherKind& kind, const Value& number) {
   if (kind.tables.heads != "SALE") return 0;  // its two rows are of one amount
   std::vector<Value> values{kind.code};
   if (!number.isNull()) values.push_back(number);
-  const double open = db.number(
-      "SELECT SUM(COALESCE(NET_AMT, 0) - COALESCE(ITEM_AMT, 0) - COALESCE(TCGSTRT, 0) - COALESCE(TSGSTRT, 0)"
-      " - COALESCE(TIGSTRT, 0) - COALESCE(ROUND_OFF, 0)) FROM SALE"
-      " WHERE BOOK_CD = ? AND GSTPOST = 1 AND " +
-          std::string(number.isNull() ? "VOUCH_NO IS NULL" : "VOUCH_NO = ?"),
-      values);
+  const double open = db.number("SELECT SUM(COALESCE(NET_AMT, 0) - COALESCE(ITEM_AMT, 0) - " + chargesOf() +
+                                    " - COALESCE(TCGSTRT, 0) - COALESCE(TSGSTRT, 0) - COALESCE(TIGSTRT, 0) - "
+                                    "COALESCE(ROUND_OFF, 0)) FROM SALE"
+                                    " WHERE BOOK_CD = ? AND GSTPOST = 1 AND " +
+                                    std::string(number.isNull() ? "VOUCH_NO IS NULL" : "VOUCH_NO = ?"),
+                                values);
   return kind.ledger.partySide == "D" ? open : -open;
 }
 

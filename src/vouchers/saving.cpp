@@ -9,6 +9,7 @@
 #include "frame/posting_due.h"
 #include "frame/settling.h"
 #include "store/balances.h"
+#include "vouchers/charges.h"
 #include "vouchers/items.h"
 #include "vouchers/ledger_rows.h"
 #include "vouchers/numbering.h"
@@ -81,6 +82,16 @@ Fields headRow(Database& db, const VoucherKind& kind, const Fields& bill, const 
   return row;
 }
 
+std::vector<BillPosting::Charge> chargesIn(Database& db, const VoucherKind& kind, const Fields& bill) {
+  std::vector<BillPosting::Charge> rows;
+  const auto amount = [&](const char* column) { return valueOf(bill, column).number(); };
+  if (std::ranges::none_of(kChargeColumns, [&](const char* column) { return amount(column) != 0; }))
+    return rows;
+  for (const ChargePosting& p : chargePostings(db, kind))
+    if (amount(p.column) != 0) rows.push_back({p.side, p.account, amount(p.column)});
+  return rows;
+}
+
 }  // namespace
 
 Value valueOf(const Fields& row, std::string_view column) {
@@ -127,6 +138,7 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
     const auto partyBefore = how.isFresh() ? std::nullopt : storedParty(db, kind, number);
     const bool noted = partyBefore && isOriginal(db, kind, number);
     const Fields head = headRow(db, kind, bill, stamp);
+    const std::vector<BillPosting::Charge> charges = chargesIn(db, kind, bill);
     if (partyBefore) freeSettled(db, {kind.code, number}, {trim(text("PARTY_CD"))});
     deleteVoucher(db, kind, number);
     insertLater(db, "SALE", head);
@@ -147,6 +159,7 @@ bool saveBill(Database& db, const VoucherKind& kind, const Fields& bill, const S
                           .sgst = figure("TSGSTRT"),
                           .igst = figure("TIGSTRT"),
                           .roundOff = figure("ROUND_OFF"),
+                          .charges = charges,
                           .billNumber = text("BILL_NO"),
                           .narration = text("NARRATION"),
                           .lrNumber = text("GR_NO"),

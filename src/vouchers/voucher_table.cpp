@@ -7,8 +7,8 @@
 using namespace fields;
 
 // clang-format off
-Layout voucherLayout(Band head, Band foot) {
-  return {.bands = {
+Layout voucherLayout(Band head, Band foot, const std::vector<Band>& folding) {
+  Layout layout{.bands = {
       std::move(head),
       {px(25),  {{.name = "heads",   .frame = Frame::Heads, .columnsOf = "DataGrid1"}}},
       {px(34),  {{.name = "entry",   .frame = Frame::Entry, .columnsOf = "DataGrid1"}}},
@@ -17,6 +17,8 @@ Layout voucherLayout(Band head, Band foot) {
       std::move(foot),
       {px(34),  {{.name = "buttons", .frame = Frame::Buttons}}},
   }};
+  layout.bands.insert(layout.bands.end() - 2, folding.begin(), folding.end());
+  return layout;
 }
 
 ControlSpec lineNumber() {

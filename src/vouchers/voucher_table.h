@@ -7,8 +7,8 @@
 // The pieces that the tables of all voucher screens have alike: between head and foot the headings,
 // the entry row, its keys and the grid of the lines, and under all of it the buttons.
 
-// The bands of a screen between those of its head and of its foot.
-Layout voucherLayout(Band head, Band foot);
+// The bands of a screen between those of its head and of its foot, and those that fold away above the foot.
+Layout voucherLayout(Band head, Band foot, const std::vector<Band>& folding = {});
 
 // The serial of the line, before the fields of the entry row.
 ControlSpec lineNumber();

@@ -26,6 +26,7 @@ class WorkLines : public RowSource {
 
   void clear();                        // empties the work table
   void requery() { rows_.requery(); }  // reads it again and stands on its first row
+  void refresh() { rows_.refresh(); }  // figures that a statement has changed, where it stands
   bool onRow() const { return !rows_.bof() && !rows_.eof(); }
   const Row& row() { return rows_.row(); }
   size_t position() const {
