@@ -10,6 +10,7 @@
 #include "documents/supply_words.h"
 #include "documents/words.h"
 #include "frame/session.h"
+#include "store/taxable.h"
 
 namespace {
 
@@ -64,9 +65,11 @@ void summaries(DataSheet& sheet, Database& db, double number) {
                        number, kCode),
               500, 502);
   sheet.block(db.query("SELECT RATEOFTAX / 2 AS CGSTRT, RATEOFTAX / 2 AS SGSTRT,"
-                       " SUM(NET_AMOUNT - AMOUNT) / 2 AS CGSTTAX, SUM(NET_AMOUNT - AMOUNT) / 2 AS SGSTTAX,"
-                       " SUM(AMOUNT) AS GSTVAL, RATEOFTAX FROM BLPRN"
-                       " WHERE VOUCH_NO = ? AND BOOK_CD = ? GROUP BY RATEOFTAX ORDER BY RATEOFTAX",
+                       " SUM(NET_AMOUNT - " +
+                           taxableOf() + ") / 2 AS CGSTTAX, SUM(NET_AMOUNT - " + taxableOf() +
+                           ") / 2 AS SGSTTAX, SUM(" + taxableOf() +
+                           ") AS GSTVAL, RATEOFTAX FROM BLPRN"
+                           " WHERE VOUCH_NO = ? AND BOOK_CD = ? GROUP BY RATEOFTAX ORDER BY RATEOFTAX",
                        number, kCode),
               1, 3, kRateColumn);
 }

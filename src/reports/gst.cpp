@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "base/words.h"
 #include "store/dictionary.h"
+#include "store/taxable.h"
 
 namespace {
 
@@ -53,7 +54,9 @@ Rows selectLines(Database& db, const GstQuery& q) {
     }
   std::string sql =
       "SELECT SALE.VOUCH_DT, SALE.BILL_NO, ACCOUNT.rowid, SALE.BOOK_CD, SALE.VOUCH_NO, ROUND_OFF, NET_AMT,"
-      " IGSTRT, CGSTRT, SGSTRT, AMOUNT, IGSTAMT, CGSTAMT, SGSTAMT, NET_AMOUNT"
+      " IGSTRT, CGSTRT, SGSTRT, " +
+      taxableOf() +
+      ", IGSTAMT, CGSTAMT, SGSTAMT, NET_AMOUNT"
       " FROM SALE CROSS JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD"
       " LEFT JOIN SALEITM ON SALE.BOOK_CD = SALEITM.BOOK_CD AND SALE.VOUCH_NO = SALEITM.VOUCH_NO"
       " WHERE SALE.BOOK_CD IN (" +

@@ -5,6 +5,7 @@
 #include "reports/bill_columns.h"
 #include "reports/reports.h"
 #include "store/dictionary.h"
+#include "store/taxable.h"
 
 // The register of notes: a line a kind with its sums, and under it the notes of the kind with the bill that
 // each stands against. Kinds are not summed together, because one takes off what another adds.
@@ -38,7 +39,8 @@ constexpr const char* kFigures[] = {"ITEM_AMT", "TCGSTRT", "TSGSTRT", "TIGSTRT",
 std::string figures(const std::string& before, const std::string& behind) {
   std::string all;
   for (const std::string figure : kFigures)
-    all += ", SHOWN(" + before + "SALE." + figure + behind + ", '0.00') AS F_" + figure;
+    all += ", SHOWN(" + before + (figure == kFigures[0] ? headTaxableOf("SALE.") : "SALE." + figure) +
+           behind + ", '0.00') AS F_" + figure;
   return all;
 }
 

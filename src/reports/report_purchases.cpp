@@ -1,6 +1,7 @@
 #include "frame/voucher_kinds.h"
 #include "reports/bill_columns.h"
 #include "reports/reports.h"
+#include "store/taxable.h"
 
 // The register of what suppliers billed.
 
@@ -13,15 +14,16 @@ ReportPlan planPurchases(Database& db, const ReportQuery& q) {
   const Condition c = askedOfBills(q);
   const BillMarks marks = billMarks(db, purchaseKind().code);
   ReportPlan plan{.filter = c.shown() + " and SALE.BOOK_CD = '" + purchaseKind().code + "'"};
-  plan.rows = {
-      "SELECT SALE.VOUCH_NO, SALE.VOUCH_DT, BILL_NO, PRV_BDT, ACC_NAME, GSTINNO, SHOWN(ITEM_AMT, '0.00'),"
-      " SHOWN(TCGSTRT, '0.00'), SHOWN(TSGSTRT, '0.00'), SHOWN(TIGSTRT, '0.00'), SHOWN(ROUND_OFF, '0.00'),"
-      " SHOWN(SALE.NET_AMT, '0.00') AS AMOUNT" +
-          marks.expression +
-          ", SALE.BOOK_CD FROM SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD"
-          " WHERE SALE.BOOK_CD = ? AND " +
-          c.text() + " ORDER BY SALE.VOUCH_DT, SALE.VOUCH_NO",
-      marks.before(c.valuesAfter(purchaseKind().code))};
+  plan.rows = {"SELECT SALE.VOUCH_NO, SALE.VOUCH_DT, BILL_NO, PRV_BDT, ACC_NAME, GSTINNO, SHOWN(" +
+                   headTaxableOf("SALE.") +
+                   ", '0.00'), SHOWN(TCGSTRT, '0.00'), SHOWN(TSGSTRT, '0.00'), SHOWN(TIGSTRT, '0.00'), "
+                   "SHOWN(ROUND_OFF, '0.00'),"
+                   " SHOWN(SALE.NET_AMT, '0.00') AS AMOUNT" +
+                   marks.expression +
+                   ", SALE.BOOK_CD FROM SALE LEFT JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD"
+                   " WHERE SALE.BOOK_CD = ? AND " +
+                   c.text() + " ORDER BY SALE.VOUCH_DT, SALE.VOUCH_NO",
+               marks.before(c.valuesAfter(purchaseKind().code))};
   // clang-format off
   plan.columns = {
       {.heading = "No",       .twips = 600,  .type = ColumnType::Count},

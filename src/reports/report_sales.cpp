@@ -3,6 +3,7 @@
 #include "reports/bill_columns.h"
 #include "reports/charts.h"
 #include "reports/reports.h"
+#include "store/taxable.h"
 
 // The registers of sale bills: one line a bill, and with the lines of each bill under it.
 
@@ -23,9 +24,9 @@ ReportPlan planBills(Database& db, const ReportQuery& q) {
   if (!q[kParty].empty())
     plan.caption = words("Sales Bill Summary For : {party}", "party", partyName(db, q[kParty]));
   plan.rows = {
-      "SELECT BILL_NO, SALE.VOUCH_DT, ACC_NAME, AREA, GSTINNO, SHOWN(ITEM_AMT, '0.00'),"
-      " SHOWN(TCGSTRT, '0.00'), SHOWN(TSGSTRT, '0.00'), SHOWN(TIGSTRT, '0.00'),"
-      " SHOWN(ROUND_OFF, '0.00'), SHOWN(SALE.NET_AMT, '0.00') AS AMOUNT" +
+      "SELECT BILL_NO, SALE.VOUCH_DT, ACC_NAME, AREA, GSTINNO, SHOWN(" + headTaxableOf("SALE.") +
+          ", '0.00'), SHOWN(TCGSTRT, '0.00'), SHOWN(TSGSTRT, '0.00'), SHOWN(TIGSTRT, '0.00'),"
+          " SHOWN(ROUND_OFF, '0.00'), SHOWN(SALE.NET_AMT, '0.00') AS AMOUNT" +
           marks.expression +
           ", PARTY_CD, ACCOUNT.CITY, BL_TYPE, SALE_CD, SALE.DATASENT, SALE.BOOK_CD, SALE.VOUCH_NO"
           " FROM SALE INNER JOIN ACCOUNT ON SALE.PARTY_CD = ACCOUNT.ACC_CD WHERE +SALE.BOOK_CD = ? AND " +

@@ -41,13 +41,13 @@ def make(db, rng):
 
     def sale(number, **head):
         insert(db, "SALE", VOUCH_NO=number, ITEM_AMT=some(90000), TCGSTRT=some(900), TSGSTRT=some(900), TIGSTRT=some(900), NO_OF_ITEM=some(40),
-               DISC_AMT1=some(50), DISC_AMT2=pick([0, 0, 3, None]), **head)
+               DISC_AMT1=some(50), CHRG_AMT1=some(20), CHRG_AMT3=pick([0, 7.5, None]), DISC_AMT2=pick([0, 0, 3, None]), **head)
         for line in range(rng.randrange(5)):
             rate, own = pick([0, 5, 12, 18]), rng.random() < 0.7
             insert(db, "SALEITM", VOUCH_NO=number, BOOK_CD=head["BOOK_CD"], SR_NO=line + 1, ITEM_CD=pick(sold), QUANTITY=some(40), RATE=some(900),
                    SALE_DISC=some(9), AMOUNT=pick([None, 0.125, -50, some(9000)]), NET_AMOUNT=some(9000), CGSTRT=rate / 2 if own else 0,
                    SGSTRT=rate / 2 if own else pick([0, None]), IGSTRT=0 if own else rate, CGSTAMT=some(90), SGSTAMT=some(90),
-                   IGSTAMT=pick([0, 0, 7.5, None]), DESC1=pick(["0", "RED", None, ""]), ITEM_DESC=pick(["2 M", None, ""]))
+                   IGSTAMT=pick([0, 0, 7.5, None]), DISC4=pick([0, -2.5, None]), DESC1=pick(["0", "RED", None, ""]), ITEM_DESC=pick(["2 M", None, ""]))
 
     for table in ("ACCOUNT", "DEPTMENT", "ITEM", "ITEMDTL"):
         db.execute("DELETE FROM " + table)
@@ -250,11 +250,17 @@ def bills(b, q):
     return sorted(found, key=lambda p: (p[0]["VOUCH_DT"], p[0]["VOUCH_NO"]))
 
 
+def taxable(s):
+    """The goods with discount and charges of the whole bill."""
+    charges = sum(dec(s[c] or 0) for c in ("CHRG_AMT1", "CHRG_AMT2", "CHRG_AMT3")) - dec(s["DISC_AMT1"] or 0)
+    return None if s["ITEM_AMT"] is None else dec(s["ITEM_AMT"]) + charges
+
+
 def SALEBILLSUMMARY(b, q):
     columns = [("No", 700, 0, 0), ("Date", 1200, 0, 0), ("Party", 3000, 0, 0), ("City", 1300, 0, 0), ("Gstin", 1300, 0, 0), ("Assival", 1200, 1, 0),
                ("Cgst", 1000, 1, 0), ("Sgst", 1000, 1, 0), ("Igst", 1000, 1, 0), ("R.Off", 900, 1, 0), ("N.Amt", 1200, 1, 0)]
     return columns, without([([s["BILL_NO"], fast_day(s["VOUCH_DT"]), a["ACC_NAME"], a["AREA"], a["GSTINNO"]] +
-                              [money(s[c]) for c in ("ITEM_AMT", "TCGSTRT", "TSGSTRT", "TIGSTRT", "ROUND_OFF", "NET_AMT")],
+                              [money(taxable(s))] + [money(s[c]) for c in ("TCGSTRT", "TSGSTRT", "TIGSTRT", "ROUND_OFF", "NET_AMT")],
                               "SA%d" % s["VOUCH_NO"]) for s, a in bills(b, q) if a], columns)
 
 
@@ -358,7 +364,8 @@ def gst(b, q, registered):
             found[0] = min(found[0], s["VOUCH_NO"])
             for i, column in enumerate(("AMOUNT", "IGSTAMT", "CGSTAMT", "SGSTAMT", "NET_AMOUNT")):
                 if line.get(column) is not None:
-                    found[4][i] = (found[4][i] or 0) + dec(line[column])
+                    share = dec(line["DISC4"] or 0) if column == "AMOUNT" else 0
+                    found[4][i] = (found[4][i] or 0) + dec(line[column]) + share
     mains = []
     for _, (voucher, s, a, line, (taxable, igst, cgst, sgst, net)) in sorted(sums.items(), key=lambda item: item[0]):
         state = a["STATECD"]
