@@ -27,7 +27,7 @@ LineColumn lineColumn(BillColumn::Of what, const Bill& bill) {
   switch (what) {
     case BillColumn::DiscountRate: return {.kind = Kind::Plain, .field = "SALEITM.SALE_DISC"};
     case BillColumn::Discount:     return {.kind = Kind::Money, .figure = figures::discount, .summed = true};
-    case BillColumn::Taxable:      return {.kind = Kind::Money, .field = "SALEITM.AMOUNT", .total = bill.taxable, .summed = true};
+    case BillColumn::Taxable:      return {.kind = Kind::Money, .figure = figures::taxable, .total = bill.taxable, .summed = true};
     case BillColumn::CgstRate:     return {.kind = Kind::Plain, .field = "SALEITM.CGSTRT"};
     case BillColumn::Cgst:         return {.kind = Kind::Money, .field = "SALEITM.CGSTAMT", .total = bill.cgst, .summed = true};
     case BillColumn::SgstRate:     return {.kind = Kind::Plain, .field = "SALEITM.SGSTRT"};

@@ -229,13 +229,24 @@ void numberFacts(const FirstLine& from, Bill& bill) {
 
 void amountFacts(const FirstLine& from, Bill& bill) {
   bill.quantity = from.raw("Quantity", "SALE.NO_OF_ITEM");
-  bill.taxable = from.raw("Taxable value", "SALE.ITEM_AMT");
+  const auto charge = [&](const char* name, int column) {
+    return from.facts.add(name, "N(" + sheet3::cell(1, column) + ")");
+  };
+  bill.discount = charge("Discount", 35);
+  bill.packing = charge("Packing", 36);
+  bill.freightCharge = charge("Freight charge", 37);
+  bill.otherCharges = charge("Other charges", 38);
+  bill.taxable =
+      from.facts.add("Taxable value", from.at("SALE.ITEM_AMT") + "-" + bill.discount + "+" + bill.packing +
+                                          "+" + bill.freightCharge + "+" + bill.otherCharges);
   bill.cgst = from.raw("CGST", "SALE.TCGSTRT");
   bill.sgst = from.raw("SGST", "SALE.TSGSTRT");
   bill.igst = from.raw("IGST", "SALE.TIGSTRT");
   bill.tax = from.facts.add("Tax", bill.cgst + "+" + bill.sgst + "+" + bill.igst);
   bill.beforeRounding = from.facts.add("Before rounding", bill.taxable + "+" + bill.tax);
-  const auto listed = from.facts.add("Taxable value of the lines", "SUM(" + ofLines("SALEITM.AMOUNT") + ")");
+  const auto listed =
+      from.facts.add("Taxable value of the lines",
+                     "SUM(" + ofLines("SALEITM.AMOUNT") + ")+SUM(" + ofLines("SALEITM.DISC4") + ")");
   bill.totalLabel = from.facts.add("Total label of a bill",
                                    "IF(AND(" + bill.unprinted + "=0,ABS(" + listed + "-" + bill.taxable +
                                        ")>0.004),\"With lines not shown.  Total\"," + bill.totalLabel + ")");

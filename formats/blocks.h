@@ -84,7 +84,8 @@ namespace figures {
 std::string discount(int slot);
 std::string taxRate(int slot);
 std::string tax(int slot);
-std::string net(int slot);  // taxable value with its taxes
+std::string taxable(int slot);  // with the line's share of discount and charges
+std::string net(int slot);      // taxable value with its taxes
 }  // namespace figures
 
 struct TableStyle {
@@ -130,7 +131,7 @@ struct HsnColumns {
 void hsnSummary(Sheet& sheet, int row, int rows, const HsnColumns& columns, const Bill& bill,
                 double size = 7.5);
 
-// Taxable value, taxes and round-off, those that are not zero.
+// Discount and charges, taxable value, taxes and round-off, those that are not zero.
 std::vector<Facts::Named> totalLines(Facts& facts, const Bill& bill, int rows);
 // A row each, then the bill amount in two.
 void totalsBox(Sheet& sheet, int row, Columns label, Columns value, const std::vector<Facts::Named>& lines,

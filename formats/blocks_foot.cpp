@@ -130,22 +130,62 @@ void hsnSummary(Sheet& sheet, int row, int rows, const HsnColumns& columns, cons
   }
 }
 
+namespace {
+
+std::string stands(const std::string& reference) { return "ROUND(" + reference + ",2)<>0"; }
+
+std::string choose(const std::string& condition, const std::string& then, const std::string& otherwise) {
+  return "IF(" + condition + "," + then + "," + otherwise + ")";
+}
+
+// Discount and charges, before the taxes that they bear too. Where rows are short CGST and SGST share one,
+// the taxable value is told by the row of totals above alone, and the charges share one, in this order.
+std::vector<Facts::Named> chargedTotals(Facts& facts, const Bill& bill, int rows) {
+  std::string count;
+  for (const std::string& reference : {bill.discount, bill.packing, bill.freightCharge, bill.otherCharges,
+                                       bill.taxable, bill.cgst, bill.sgst, bill.igst, bill.roundOff})
+    count += (count.empty() ? "" : "+") + choose(stands(reference), "1", "0");
+  const auto over = facts.add("Totals without a row", count + "-" + std::to_string(rows));
+  const auto taxes = facts.add("Two taxes in a row",
+                               "AND(" + over + ">0," + stands(bill.cgst) + "," + stands(bill.sgst) + ")");
+  const auto still = facts.add("Still without a row", over + "-" + choose(taxes, "1", "0"));
+  const auto charges = still + ">1";
+  const auto all = bill.packing + "+" + bill.freightCharge + "+" + bill.otherCharges;
+  const auto none = quoted("");
+  const auto two = "TEXT(" + bill.cgst + ",\"0.00\")&\" + \"&TEXT(" + bill.sgst + ",\"0.00\")";
+  const auto charge = [&](const std::string& reference) { return choose(charges, none, amount(reference)); };
+  // clang-format off
+  return {
+      {quoted("Less Discount"), amount(bill.discount)},
+      {choose(charges, quoted("Packing, Freight, Other"), quoted("Packing & Forwarding")),
+       choose(charges, amount("(" + all + ")"), amount(bill.packing))},
+      {quoted("Freight"), charge(bill.freightCharge)},
+      {quoted("Other Charges"), charge(bill.otherCharges)},
+      {quoted("Taxable value"), choose(still + ">0", none, amount(bill.taxable))},
+      {choose(taxes, quoted("CGST + SGST"), quoted("CGST")), choose(taxes, two, amount(bill.cgst))},
+      {quoted("SGST"), choose(taxes, none, amount(bill.sgst))},
+      {quoted("IGST"), amount(bill.igst)},
+  };
+  // clang-format on
+}
+
+}  // namespace
+
 std::vector<Facts::Named> totalLines(Facts& facts, const Bill& bill, int rows) {
   std::vector<Facts::Named> lines;
-  const std::vector<std::pair<const char*, std::string>> own = {
-      {"Taxable value", bill.taxable },
-      {"CGST",          bill.cgst    },
-      {"SGST",          bill.sgst    },
-      {"IGST",          bill.igst    },
-      {"Round off",     bill.roundOff},
-  };
-  for (const auto& [title, reference] : own) {
-    auto value = amount(reference);
-    // As text: a format with conditions loses the sign of a negative number in some programs.
-    if (reference == bill.roundOff)
-      value = "IF(ROUND(" + reference + ",2)=0,\"\",TEXT(" + reference + ",\"0.00\"))";
-    lines.push_back({quoted(title), value});
-  }
+  if (bill.discount.empty())
+    for (const auto& [title, reference] : {
+             std::pair{"Taxable value", bill.taxable},
+             {"CGST",          bill.cgst   },
+             {"SGST",          bill.sgst   },
+             {"IGST",          bill.igst   }
+    })
+      lines.push_back({quoted(title), amount(reference)});
+  else
+    lines = chargedTotals(facts, bill, rows);
+  // As text: a format with conditions loses the sign of a negative number in some programs.
+  lines.push_back({quoted("Round off"),
+                   "IF(ROUND(" + bill.roundOff + ",2)=0,\"\",TEXT(" + bill.roundOff + ",\"0.00\"))"});
   return facts.closed(lines, rows);
 }
 

@@ -20,8 +20,12 @@ std::string tax(int slot) {
          Bill::figure(slot, "SALEITM.IGSTAMT");
 }
 
+std::string taxable(int slot) {
+  return Bill::figure(slot, "SALEITM.AMOUNT") + "+N(" + Bill::figure(slot, "SALEITM.DISC4") + ")";
+}
+
 // Not SALEITM.NET_AMOUNT: it may differ by a paisa from what it is the total of.
-std::string net(int slot) { return Bill::figure(slot, "SALEITM.AMOUNT") + "+" + tax(slot); }
+std::string net(int slot) { return taxable(slot) + "+" + tax(slot); }
 
 }  // namespace figures
 

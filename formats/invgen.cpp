@@ -11,7 +11,8 @@ const DesignTable kTable = smallTable(&companyOfSlip, &slipFacts);
 
 std::vector<Facts::Named> taxes(const Bill& bill) {
   return {
-      {quoted("GST, round off"), bill.net + "-" + bill.taxable}
+      {"IF(ROUND(" + bill.otherCharges + ",2)=0,\"GST, round off\",\"Charges, GST, round off\")",
+       bill.net + "-" + bill.taxable}
   };
 }
 

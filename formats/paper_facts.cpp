@@ -182,6 +182,7 @@ Bill slipFacts(Facts& facts, const Slots& slots) {
   bill.placeOfSupply = bill.buyer.state;
   bill.quantity = facts.add("Quantity", "SUM(" + ofLines("BLPRN:SALEITM.QUANTITY") + ")");
   bill.taxable = facts.add("Taxable value", "SUM(" + ofLines("BLPRN:SALEITM.AMOUNT") + ")");
+  bill.otherCharges = facts.add("Charges", "SUM(" + ofLines("BLPRN:SALEITM.DISC4") + ")");
   bill.net = facts.add("Net", "N(" + first("BLPRN:SALE.NET_AMT") + ")");
   bill.netWords = words(facts, 2, 6);
   return bill;

@@ -11,6 +11,7 @@
 #include "frame/note_reasons.h"
 #include "frame/voucher_kinds.h"
 #include "store/dictionary.h"
+#include "store/taxable.h"
 
 namespace {
 
@@ -71,6 +72,17 @@ void currencyRate(DataSheet& sheet, int row, const Rows& line) {
             detail.empty() || detail == "." ? rate : detail + ", " + rate);
 }
 
+// Discount and charges, in cells of our own.
+void chargeCells(DataSheet& sheet, Database& db, double number, const std::string& book) {
+  constexpr int kDiscount = 35;
+  const auto head = db.first(
+      "SELECT DISC_AMT1, CHRG_AMT1, CHRG_AMT2, CHRG_AMT3 FROM SALE"
+      " WHERE VOUCH_NO = ? AND BOOK_CD = ?",
+      number, book);
+  for (int i = 0; head && i < head->count(); ++i)
+    if (head->number(i) != 0) sheet.set(1, kDiscount + i, head->number(i));
+}
+
 void wordCells(DataSheet& sheet, const Row& bill) {
   sheet.set(2, 6, AmountInWords(bill.number("NET_AMT")));
   sheet.words(2, 8, bill, "CUR_TOTAMT");
@@ -83,24 +95,27 @@ void accountCells(DataSheet& sheet, Database& db, const std::string& account) {
 
 void itemCells(DataSheet& sheet, Database& db, double number, const std::string& book) {
   sheet.block(
-      db.query("SELECT ITEM_NAME, SUM(QUANTITY) AS QTY1, RATE, SUM(AMOUNT) AS AMT, SUM(NET_AMOUNT) AS NAMT,"
-               " ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC, SALE_DISC1, DISC3, DISC4"
-               " FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ? AND DEPT_NAME <> 'MISC'"
-               " GROUP BY ITEM_NAME, RATE, ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC,"
-               " SALE_DISC1, DISC3, DISC4"
-               " ORDER BY ITEM_NAME, RATE, ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC,"
-               " SALE_DISC1, DISC3, DISC4",
-               number, book),
+      db.query(
+          "SELECT ITEM_NAME, SUM(QUANTITY) AS QTY1, RATE, SUM(AMOUNT) AS AMT, SUM(NET_AMOUNT) AS NAMT,"
+          " ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC, SALE_DISC1, DISC3, SUM(DISC4) AS DISC4"
+          " FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ? AND DEPT_NAME <> 'MISC'"
+          " GROUP BY ITEM_NAME, RATE, ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC,"
+          " SALE_DISC1, DISC3"
+          " ORDER BY ITEM_NAME, RATE, ITEM_SNAME, CGSTRT, SGSTRT, IGSTRT, HSNCODE, SALE_DISC,"
+          " SALE_DISC1, DISC3",
+          number, book),
       kItemNames, kItems);
 }
 
 void hsnCells(DataSheet& sheet, Database& db, double number, const std::string& book) {
   auto found = db.query(
       "SELECT HSNCODE, CGSTRT, SUM(CGSTAMT) AS CAMT, SGSTRT, SUM(SGSTAMT) AS SAMT, IGSTRT,"
-      " SUM(IGSTAMT) AS IAMT, SUM(AMOUNT) AS ITMATM, SUM(NET_AMOUNT) AS NAMT, SUM(QUANTITY) AS NQTY, SIZE_CD"
-      " FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ?"
-      " GROUP BY HSNCODE, CGSTRT, SGSTRT, IGSTRT, SIZE_CD"
-      " ORDER BY HSNCODE, CGSTRT, SGSTRT, IGSTRT, SIZE_CD",
+      " SUM(IGSTAMT) AS IAMT, SUM(" +
+          taxableOf() +
+          ") AS ITMATM, SUM(NET_AMOUNT) AS NAMT, SUM(QUANTITY) AS NQTY, SIZE_CD"
+          " FROM GSTBLPRN WHERE [SALE.VOUCH_NO] = ? AND [SALE.BOOK_CD] = ?"
+          " GROUP BY HSNCODE, CGSTRT, SGSTRT, IGSTRT, SIZE_CD"
+          " ORDER BY HSNCODE, CGSTRT, SGSTRT, IGSTRT, SIZE_CD",
       number, book);
   double tax = 0;
   int row = kHsn;
@@ -145,6 +160,7 @@ FilledSheet invoiceSheet(Database& db, const std::string& name, const Row& compa
   else
     supplyCells(cells, supplyWords(db, company, number));
   exportCells(cells, exportWords(db, *head, its.code, number));
+  chargeCells(cells, db, number, its.code);
   wordCells(cells, *head);
   accountCells(cells, db, head->text("SALE_CD"));
   itemCells(cells, db, number, its.code);
