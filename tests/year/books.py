@@ -11,7 +11,9 @@ PERIOD = datetime.date(2026, 4, 1), datetime.date(2027, 3, 31)
 DEBTORS, BANKS, OVERDRAFTS, CREDITORS = 85, 87, 127, 135
 INCOMES, EXPENSES, CAPITAL, ADVANCES, DUTIES = 51, 33, 121, 81, 132
 CASH, PURCHASES, SALES, ROUNDING = "X90005", "X90001", "X90002", "X90015"
-SYSTEM = {PURCHASES: "PURCHASE A/C", SALES: "SALES A/C", CASH: "CASH A/C", ROUNDING: "ROUND OFF", "X90061": "OUTPUT CGST",
+ALLOWED, CHARGED = "X90006", "X90007"  # discount and charges of sales; those of purchases belong to the goods
+SYSTEM = {PURCHASES: "PURCHASE A/C", SALES: "SALES A/C", CASH: "CASH A/C", ROUNDING: "ROUND OFF", ALLOWED: "SALES DISCOUNT A/C",
+          CHARGED: "PACKING & FORWARDING CHARGES", "X90061": "OUTPUT CGST",
           "X90062": "OUTPUT SGST", "X90063": "OUTPUT IGST", "X90064": "INPUT CGST", "X90065": "INPUT SGST", "X90066": "INPUT IGST"}
 OUTPUT, INPUT = ("X90061", "X90062", "X90063"), ("X90064", "X90065", "X90066")
 # Of bills and notes: the party's side, the other one, what the goods stand in, the taxes.
@@ -80,10 +82,15 @@ class Line:
     taken: float = 0  # of this line of a bill, while a note is written against it
     zero: bool = False  # its rates stand, and no tax is charged
     foreign: float = 0  # its rate in the bill's currency
+    share: float = 0  # of discount and charges of its bill
+
+    def charged(self):
+        return (0, 0, 0) if self.zero else self.taxes
 
     def work_out(self, typed=None):
-        charged = (0, 0, 0) if self.zero else self.taxes
-        self.amount, self.amounts, self.net = rules.bill_line(self.quantity, self.rate, self.discount, charged, typed)
+        """As it is typed, before it bears a share."""
+        self.amount, self.amounts, self.net = rules.bill_line(self.quantity, self.rate, self.discount, self.charged(), typed)
+        self.shown = self.net
 
 
 @dataclass
@@ -114,10 +121,39 @@ class Bill:
     currency: tuple = None  # its name and the rupees for one
     papers: tuple = ()  # number and date of the shipping bill or bill of entry
     customs: str = ""
+    percent: float = 0  # that the discount follows
+    charges: tuple = (0, 0, 0, 0)  # discount, packing, freight, others
 
     def work_out(self):
+        if self.percent:
+            goods = rules.rounded(sum(line.amount for line in self.lines), 2)
+            self.charges = (rules.rounded(goods * self.percent / 100, 2), *self.charges[1:])
+        if any(line.share for line in self.taken):
+            self.take_along()
+        elif any(self.charges):
+            for line, share in zip(self.lines, rules.shares_of(rules.net_of(self.charges), [line.amount for line in self.lines])):
+                line.share = share
+        if any(self.charges):
+            for line in self.lines:
+                line.amounts, line.net = rules.charged_line(line.amount, line.share, line.charged())
         bought_abroad = self.book in ("PU", "PR") and self.kind
-        self.value, self.taxes, self.quantity, self.rounding, self.net = rules.bill_totals(self.lines, not (bought_abroad or self.reverse))
+        self.value, self.taxes, self.quantity, self.rounding, self.net = rules.bill_totals(self.lines, rules.net_of(self.charges), not (bought_abroad or self.reverse))
+        self.taxable = rules.rounded(self.value + rules.net_of(self.charges), 2)
+
+    def take_along(self):
+        """Each line of a note has of its bill's share what its quantity is of the billed one."""
+        self.charges = (0, 0, 0, 0)
+        for bill in self.originals:
+            pairs = [(new, old, new.quantity / old.quantity) for new, old in zip(self.lines, self.taken) if any(old is own for own in bill.lines)]
+            for new, old, part in pairs:
+                new.share = rules.rounded(old.share * part, 2)
+            goods = sum(old.amount * part for _, old, part in pairs) / bill.value
+            its = rules.charges_of_part(bill.charges, goods, rules.rounded(sum(new.share for new, _, _ in pairs), 2))
+            self.charges = tuple(rules.rounded(sum(both), 2) for both in zip(self.charges, its))
+
+    def bears_charges(self):
+        value = sum(line.amount for line in self.lines)
+        return not any(self.charges) or (value > 0 and (self.percent or self.charges[0] <= value))
 
     def foreign(self):
         lines = sum(rules.bill_line(l.quantity, l.foreign, l.discount, (0, 0, 0))[0] for l in self.lines)
@@ -310,6 +346,9 @@ class Books:
             ours, theirs, goods, taxes = SIDES[v.book]
             entry(ours, code, goods, v.net, reference, v.lorry, v.destination)
             entry(theirs, goods, code, v.value, reference, v.lorry)
+            for i, amount in enumerate(v.charges):
+                account = goods if goods == PURCHASES else CHARGED if i else ALLOWED
+                entry(theirs if i else ours, account, code, amount, reference, v.lorry)
             bought = taxes is INPUT
             for account, amount in zip(taxes, v.taxes):
                 if bought or not v.reverse:

@@ -57,7 +57,7 @@ class Clerk(Shop, Border):
             s.fill("discount", number(line.discount))
         s.keys("Enter")
         self.taxes(line, party)
-        s.expect("amount", number(line.net))
+        s.expect("amount", number(line.shown))
         s.keys("Enter")
 
     def taxes(self, line, party):
@@ -92,7 +92,10 @@ class Clerk(Shop, Border):
             s.type(b.bill_number.lower(), "Enter Enter Enter Enter")
         for line in b.lines:
             self.line(line, b.party)
-        s.keys("PgDn")
+        if any(b.charges):
+            self.charges(b)
+        else:
+            s.keys("PgDn")
         if b.reverse:
             s.keys("Ctrl+R")
         if b.ineligible:
@@ -105,6 +108,24 @@ class Clerk(Shop, Border):
                 if field == "transport":
                     s.keys("Enter")
         self.save(b)
+
+    def charges(self, b):
+        """Ctrl+B opens discount and charges under the lines; a percentage gives the amount."""
+        s = self.s
+        s.keys("Ctrl+B")
+        if b.percent:
+            s.type(number(b.percent))
+        s.keys("Enter")
+        if b.charges[0] and not b.percent:
+            s.type(number(b.charges[0]))
+        s.expect("bill_discount", number(b.charges[0]) if b.charges[0] else "")
+        s.keys("Enter")
+        for amount in b.charges[1:]:
+            if amount:
+                s.type(number(amount))
+            s.keys("Enter")
+        s.expect("taxable", number(b.taxable))
+        s("expect focus narration")
 
     @staticmethod
     def meant(voucher):
@@ -177,7 +198,7 @@ class Clerk(Shop, Border):
         s("focus item", *["key Down"] * index)
         for field, figure in (("quantity", line.quantity), ("rate", line.rate), ("discount", line.discount)):
             s.fill(field, number(figure), "Enter")
-        s.expect("amount", number(line.net))
+        s.expect("amount", number(line.shown))
         s.keys("Enter")
         self.save(b)
 

@@ -66,7 +66,7 @@ class Reports:
         return NAMES[b.book][b.kind] or ", ".join(word for word, on in (("Rev. Charge", b.reverse), ("No ITC", b.ineligible)) if on)
 
     def bill_register(self, bills):
-        rows = [[b.bill_number, b.day.strftime(FAST), b.party.name, b.party.area, b.party.gstin, money(b.value), *map(money, b.taxes),
+        rows = [[b.bill_number, b.day.strftime(FAST), b.party.name, b.party.area, b.party.gstin, money(b.taxable), *map(money, b.taxes),
                  money(b.rounding), money(b.net), self.mark(b)] for b in bills]
         return total(rows, range(5, 11), 12) if rows else []
 
@@ -92,7 +92,7 @@ class Reports:
                 igst, cgst, sgst = taxes
                 cells = [b.bill_number, b.day.strftime(FAST), b.party.name, b.party.gstin,
                          "%02d-%s" % (b.place, PLACES[b.place]) if b.place else "%02d-%s" % (b.party.state, b.party.city),
-                         add(lambda l: l.amount), number(igst), add(lambda l: l.amounts[2]), number(cgst), add(lambda l: l.amounts[0]),
+                         add(lambda l: l.amount + l.share), number(igst), add(lambda l: l.amounts[2]), number(cgst), add(lambda l: l.amounts[0]),
                          number(sgst), add(lambda l: l.amounts[1]), add(lambda l: l.net)]
                 rows.append(((b.day, b.bill_number, b.party.gstin, taxes), cells))
         rows = [cells for _, cells in sorted(rows, key=lambda r: r[0])]
@@ -175,7 +175,7 @@ class Reports:
     # Purchases, payments, and the books by day
 
     def purchases(self):
-        rows = [[str(b.number), b.day.strftime(FAST), b.bill_number, b.day.strftime(FAST), b.party.name, b.party.gstin, money(b.value),
+        rows = [[str(b.number), b.day.strftime(FAST), b.bill_number, b.day.strftime(FAST), b.party.name, b.party.gstin, money(b.taxable),
                  *map(money, b.taxes), money(b.rounding), money(b.net), self.mark(b)] for b in sorted(self.books.bills["PU"].values(), key=lambda b: (b.day, b.number))]
         self.show("PURREG", total(rows, range(6, 12), 13))
 
@@ -184,7 +184,7 @@ class Reports:
         rows = []
         for book in ("PR", "SD", "SR"):
             notes = sorted(self.books.bills[book].values(), key=lambda n: (n.day, n.number))
-            figures = lambda n: [n.value, *n.taxes, n.rounding, n.net]
+            figures = lambda n: [n.taxable, *n.taxes, n.rounding, n.net]
             if notes:
                 rows.append(["", "", KINDS[book], "", "", "", ""] + [money(sum((dec(x) for x in column), Decimal(0))) for column in zip(*map(figures, notes))])
             rows += [[n.bill_number, n.day.strftime(DETAIL), n.party.name, n.party.gstin, self.against(n), n.originals[0].day.strftime(DETAIL),

@@ -25,11 +25,46 @@ def bill_line(quantity, rate, discount, taxes, typed=None):
     return amount, amounts, net
 
 
-def bill_totals(lines, with_taxes=True):
+def shares_of(net, amounts):
+    """What discount and charges come to, over the lines; the largest takes what the paise leave."""
+    goods = sum(amounts)
+    if net == 0 or goods <= 0:
+        return [0] * len(amounts)
+    shares = [rounded(net * amount / goods, 2) if amount else 0 for amount in amounts]
+    largest = amounts.index(max(amounts))
+    shares[largest] = rounded(shares[largest] + net - sum(shares), 2)
+    return shares
+
+
+def charged_line(amount, share, taxes):
+    """Taxes and net of a line that bears its share."""
+    taxable = rounded(amount + share, 2)
+    amounts = [rounded(taxable * tax / 100, 2) for tax in taxes]
+    return amounts, rounded(taxable + sum(amounts), 2)
+
+
+def net_of(charges):
+    """Discount, packing, freight, others."""
+    return rounded(sum(charges[1:]) - charges[0], 2)
+
+
+def charges_of_part(charges, part, net):
+    """Those that go back with a part of the goods; the largest takes what is left to the shares of the lines."""
+    its = [rounded(charge * part, 2) for charge in charges]
+    left = rounded(net - net_of(its), 2)
+    largest = max((1, 2, 3), key=lambda i: its[i])
+    if its[largest] >= its[0]:
+        its[largest] = rounded(its[largest] + left, 2)
+    else:
+        its[0] = rounded(its[0] - left, 2)
+    return its
+
+
+def bill_totals(lines, charges=0, with_taxes=True):
     """Value, three taxes, quantity, round-off and the amount of a bill in whole rupees."""
     value = rounded(sum(line.amount for line in lines), 2)
     taxes = [rounded(sum(line.amounts[i] for line in lines), 2) for i in range(3)]
-    total = value + taxes[0] + taxes[1] + taxes[2] if with_taxes else value
+    total = value + charges + taxes[0] + taxes[1] + taxes[2] if with_taxes else value + charges
     net = rounded(total, 0)
     return value, taxes, rounded(sum(line.quantity for line in lines), 2), rounded(net - rounded(total, 2), 2), net
 

@@ -174,6 +174,9 @@ class Year(Trade):
                 b.narration = rng.choice([b.narration, "GOODS FOR THE NEW SHOP, THE SECOND FLOOR AND THE YARD"])
         b.reverse = rng.random() < (0.3 if book == "PU" else 0.04)
         b.ineligible = book == "PU" and rng.random() < 0.2
+        if sum(line.amount for line in b.lines) > 50 and rng.random() < 0.15:
+            b.percent = rng.choice([0, 5, 12.5])
+            b.charges = (0 if b.percent else rng.choice([0, 9.99, 40]), rng.choice([0, 20, 33.33]), rng.choice([0, 150, 99.99]), rng.choice([0, 0, 7.5]))
         b.work_out()
         books.bills[book][number] = b
         books.saved(b)
@@ -186,19 +189,25 @@ class Year(Trade):
         """One that goes by the party's state alone, unless such a one may be marked otherwise; never one in a currency."""
         found = [b for b in self.books.bills["SA"].values()
                  if len(b.lines) >= lines and not b.currency and (marked or not (b.kind or b.place)) and not self.books.is_bound(b)]
-        b = self.rng.choice(found) if found else None
-        if b:
-            b.challan = self.number_of(b.sources)  # that of the bill itself is not shown again
-        return b
+        return self.rng.choice(found) if found else None
+
+    def mended_bill(self, b):
+        b.challan = self.number_of(b.sources)  # that of the bill itself is not shown again
+        b.work_out()
+        self.books.saved(b)
 
     def mend(self):
         if b := self.some_bill(marked=True):
             index = self.rng.randrange(len(b.lines))
             line = b.lines[index]
+            was = line.quantity, line.discount
             line.quantity, line.discount = self.rng.choice([1, 4, 6.25]), self.rng.choice([0, 2.5, line.discount])
             line.work_out()
-            b.work_out()
-            self.books.saved(b)
+            if not b.bears_charges():
+                line.quantity, line.discount = was
+                line.work_out()
+                return b.work_out()
+            self.mended_bill(b)
             self.clerk.mend_line(b, index)
 
     def head(self):
@@ -207,23 +216,23 @@ class Year(Trade):
             other = self.rng.choice([p for p in self.books.parties if p.group == DEBTORS and p.state == was.state and not p.abroad])
             if self.rng.random() < 0.5 and not b.sources:  # the number goes on, and so do days and destination
                 b.party = other
-            self.books.saved(b)
+            self.mended_bill(b)
             self.clerk.mend_head(b, was, b.party if b.party is not was else None)
 
     def drop(self):
         if b := self.some_bill(2):
             index = self.rng.randrange(1, len(b.lines))
-            del b.lines[index]
+            gone = b.lines.pop(index)
+            if not b.bears_charges():
+                return b.lines.insert(index, gone)
             b.lines[0].work_out()  # it is stored again, with the taxes of its rates
-            b.work_out()
-            self.books.saved(b)
+            self.mended_bill(b)
             self.clerk.drop_line(b, index)
 
     def add(self):
         if b := self.some_bill():
             b.lines.append(self.line(b.party))
-            b.work_out()
-            self.books.saved(b)
+            self.mended_bill(b)
             self.clerk.add_line(b)
 
     def delete(self):
@@ -248,7 +257,7 @@ class Year(Trade):
         numbers = [b.bill_number for b in bills]
         against = [bill for notes in ("SR", "SD", "PR") for n in books.bills[notes].values() for bill in n.originals]
         found = [b for b in bills if b not in against and b.net > 0 and b.day <= day and numbers.count(b.bill_number) == 1
-                 and all(l.amount > 0 and l.typed is None and l.amounts == rules_of(l) for l in b.lines)]
+                 and all(l.amount > 0 and l.typed is None and (any(b.charges) or l.amounts == rules_of(l)) for l in b.lines)]
         if not found:
             return
         b = rng.choice(found)

@@ -76,6 +76,8 @@ class Trade:
         if book == "PU" and kind == GOODS:
             b.customs = self.partner("CUSTOMS HOUSE").code
         proposed = self.proposed(book, party)
+        if book == "SA" and sum(line.amount for line in lines) > 50 and rng.random() < 0.4:
+            b.charges = (rng.choice([0, 9.99]), 20, rng.choice([0, 99.99]), 0)
         b.work_out()
         books.bills[book][n] = b
         books.saved(b)
@@ -122,7 +124,10 @@ class Border:
         s("focus item")
         for line in b.lines:
             self.line_abroad(b, line)
-        s.keys("PgDn")
+        if any(b.charges):
+            self.charges(b)
+        else:
+            s.keys("PgDn")
         if b.currency:
             s.expect("currency_total", number(b.foreign()))
         self.save(b)
@@ -140,5 +145,5 @@ class Border:
         if line.typed is not None:
             s("focus igst_amount", "focus igst_rate")
             s.fill("igst_amount", number(line.typed), "Enter")
-        s.expect("amount", number(line.net))
+        s.expect("amount", number(line.shown))
         s.keys("Enter")
