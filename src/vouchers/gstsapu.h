@@ -42,6 +42,7 @@ class GSTSAPU : public VoucherScreen {
   bool mayBeDeleted(double number) override;
   bool partyTaken() override { return acceptParty(); }
   bool putSourceLine(const SourceLine& line) override;
+  bool bringCharges(const SourceHead& from, bool out) override;
   void sourcesShown() override;
   bool unsaved() const override;
   void takeVoucherAsShown() override;

@@ -131,6 +131,20 @@ void GSTSAPU::takeCharges() {
   if (lines_->onRow() && lineStands()) showCurrentLine();
 }
 
+// A challan does not tell its charges apart.
+bool GSTSAPU::bringCharges(const SourceHead& from, bool out) {
+  Charges charges = typedCharges();
+  const auto add = [out](double& charge, double more) {
+    charge = std::max(Round(charge + (out ? -more : more), 2), 0.0);
+  };
+  if (from.discount != 0) charges.discountPercent = 0;
+  add(charges.discount, from.discount);
+  add(charges.other, from.charges);
+  putCharges(charges);
+  showCharges(charges.any());
+  return true;
+}
+
 bool GSTSAPU::chargesStand() {
   if (!chargesShown()) return true;
   const auto refused = [this](FieldName field, const std::string& refusal) {

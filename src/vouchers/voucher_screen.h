@@ -75,6 +75,8 @@ class VoucherScreen : public ChildScreen {
   // figured, false where its item has no rate of tax, and that others stand in sources_ now.
   virtual bool partyTaken() { return true; }
   virtual bool putSourceLine(const SourceLine&) { return true; }
+  // Its discount and charges in one sum are taken in, or out again; false where there is no room for them.
+  virtual bool bringCharges(const SourceHead&, [[maybe_unused]] bool out) { return false; }
   virtual void sourcesShown() {}
   // Inside the transaction of the save: keeps what the voucher is made from. Raises std::runtime_error where
   // one is not any more what it was when its lines were taken.

@@ -80,9 +80,10 @@ void VoucherScreen::take(const MadeFrom& from) {
   }
   sources_.push_back(from);
   at(kLines).visible = true;
+  const bool held = (head->discount == 0 && head->charges == 0) || bringCharges(*head, false);
   showSources();
   if (!untaxed.empty()) host.message(words("SPECIFY RATE OF TAX IN ITEM") + "\n" + join(untaxed, ", "));
-  if (head->discount != 0 || head->charges != 0)
+  if (!held)
     host.message(words("The Lines Of {voucher} Do Not Hold Its Discount {discount} And Charges {charges}",
                        "voucher", head->name, "discount", numText(head->discount), "charges",
                        numText(head->charges)));
@@ -92,11 +93,13 @@ void VoucherScreen::take(const MadeFrom& from) {
 void VoucherScreen::takeOut(const MadeFrom& from) {
   std::erase(sources_, from);
   const auto lines = taken_.extract(from.book + numText(from.voucher));
-  if (lines.empty())
+  if (lines.empty()) {
     host.message(words("It Is Open Again With The Save :: Delete Its Lines By F10"));
-  else
+  } else {
     for (const double serial : lines.mapped().serials)
       data().exec("DELETE FROM " + kind_.tables.work + " WHERE " + kind_.tables.serial + " = ?", serial);
+  }
+  if (const auto head = readSource(data(), from)) bringCharges(*head, true);
   lines_->requery();
   showSources();
 }

@@ -348,6 +348,7 @@ class Year(Trade):
             lines = [line for s in sources for line in self.lines_of(s)]
             b = Bill("SA", number, self.some_day(), first.party, "TAX", books.next_bill_number("TAX"), first.party.days, lines,
                      challan=self.number_of(sources) if any(s.book == "CH" for s in sources) else number, destination=first.party.area, sources=sources)
+            b.charges = (0, 0, 0, sum(s.charges for s in sources if s.book == "CH"))
             b.work_out()
             self.clerk.order(b, self.today)
             books.bills["SA"][number] = b
