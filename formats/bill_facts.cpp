@@ -236,9 +236,9 @@ void amountFacts(const FirstLine& from, Bill& bill) {
   bill.packing = charge("Packing", 36);
   bill.freightCharge = charge("Freight charge", 37);
   bill.otherCharges = charge("Other charges", 38);
-  bill.taxable =
-      from.facts.add("Taxable value", from.at("SALE.ITEM_AMT") + "-" + bill.discount + "+" + bill.packing +
-                                          "+" + bill.freightCharge + "+" + bill.otherCharges);
+  bill.goods = from.raw("Goods", "SALE.ITEM_AMT");
+  bill.taxable = from.facts.add("Taxable value", bill.goods + "-" + bill.discount + "+" + bill.packing + "+" +
+                                                     bill.freightCharge + "+" + bill.otherCharges);
   bill.cgst = from.raw("CGST", "SALE.TCGSTRT");
   bill.sgst = from.raw("SGST", "SALE.TSGSTRT");
   bill.igst = from.raw("IGST", "SALE.TIGSTRT");

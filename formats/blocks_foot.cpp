@@ -138,25 +138,34 @@ std::string choose(const std::string& condition, const std::string& then, const 
   return "IF(" + condition + "," + then + "," + otherwise + ")";
 }
 
-// Discount and charges, before the taxes that they bear too. Where rows are short CGST and SGST share one,
-// the taxable value is told by the row of totals above alone, and the charges share one, in this order.
+// Goods, discount and charges, before the taxes that they bear too. Where rows are short CGST and SGST share
+// one, the taxable value is told by the row of totals above alone, the discount stands beside the goods, and
+// the charges share one, in this order.
 std::vector<Facts::Named> chargedTotals(Facts& facts, const Bill& bill, int rows) {
-  std::string count;
+  std::string count, any;
+  for (const std::string& reference : {bill.discount, bill.packing, bill.freightCharge, bill.otherCharges})
+    any += (any.empty() ? "OR(" : ",") + stands(reference);
+  const auto charged = facts.add("Discount or charges", any + ")");
   for (const std::string& reference : {bill.discount, bill.packing, bill.freightCharge, bill.otherCharges,
                                        bill.taxable, bill.cgst, bill.sgst, bill.igst, bill.roundOff})
-    count += (count.empty() ? "" : "+") + choose(stands(reference), "1", "0");
-  const auto over = facts.add("Totals without a row", count + "-" + std::to_string(rows));
+    count += choose(stands(reference), "1", "0") + "+";
+  const auto over =
+      facts.add("Totals without a row", count + choose(charged, "1", "0") + "-" + std::to_string(rows));
   const auto taxes = facts.add("Two taxes in a row",
                                "AND(" + over + ">0," + stands(bill.cgst) + "," + stands(bill.sgst) + ")");
   const auto still = facts.add("Still without a row", over + "-" + choose(taxes, "1", "0"));
-  const auto charges = still + ">1";
+  const auto less =
+      facts.add("Goods and discount in a row", "AND(" + still + ">1," + stands(bill.discount) + ")");
+  const auto charges = still + "-" + choose(less, "1", "0") + ">1";
   const auto all = bill.packing + "+" + bill.freightCharge + "+" + bill.otherCharges;
   const auto none = quoted("");
   const auto two = "TEXT(" + bill.cgst + ",\"0.00\")&\" + \"&TEXT(" + bill.sgst + ",\"0.00\")";
+  const auto goods = "\"Goods \"&TEXT(" + bill.goods + ",\"0.00\")&\" Less\"";
   const auto charge = [&](const std::string& reference) { return choose(charges, none, amount(reference)); };
   // clang-format off
   return {
-      {quoted("Less Discount"), amount(bill.discount)},
+      {quoted("Goods"), choose("OR(" + less + ",NOT(" + charged + "))", none, amount(bill.goods))},
+      {choose(less, goods, quoted("Less Discount")), amount(bill.discount)},
       {choose(charges, quoted("Packing, Freight, Other"), quoted("Packing & Forwarding")),
        choose(charges, amount("(" + all + ")"), amount(bill.packing))},
       {quoted("Freight"), charge(bill.freightCharge)},

@@ -75,8 +75,8 @@ struct Bill {
   std::string dueDate, placeOfSupply, narration, irn;
   std::string deliveredTo;  // name and address of a consignee that is not the buyer
   std::string quantity, taxable, cgst, sgst, igst, tax, beforeRounding, roundOff, net;
-  std::string discount, packing, freightCharge,
-      otherCharges;  // in the taxable value; empty where a paper has none
+  // What the taxable value is made of beside the goods; empty where a paper has none.
+  std::string goods, discount, packing, freightCharge, otherCharges;
   std::string netWords, taxWords;
   std::string netLabel = "\"Bill Amount\"";
   // What the paper is called and what its places hold, as formulas: on a note the order's tells the bill that
