@@ -12,6 +12,7 @@
 #include "frame/session.h"
 #include "masters/page_rows.h"
 #include "vouchers/bwrcpy_table.h"
+#include "vouchers/money_paper.h"
 #include "vouchers/numbering.h"
 
 using namespace fields;
@@ -138,7 +139,7 @@ void bwrcpy::escape() {
   }
 }
 
-void bwrcpy::print() { host.open("dlg1", {.caller = spec.name, .reportKey = kind_.paper.key}); }
+void bwrcpy::print() { begin("PRINT", english("{title} : PRINT MODE")); }
 
 void bwrcpy::video() {
   const bool onAccount = host.ask(
@@ -243,9 +244,8 @@ void bwrcpy::cancel() {
 }
 
 void bwrcpy::showButtons() {
-  for (const char* name : {"cmdAdd", "cmdEdit", "cmdDelete", "cmdClose", "SCR1"})
+  for (const char* name : {"cmdAdd", "cmdEdit", "cmdDelete", "Cmdprint", "cmdClose", "SCR1"})
     at(name).visible = mode.empty();
-  at("Cmdprint").visible = mode.empty() && !kind_.paper.key.empty();
   for (const char* name : {"cmdUpdate", "cmdCancel"}) at(name).visible = !mode.empty();
 }
 
@@ -340,6 +340,11 @@ Go bwrcpy::enterNumber() {
                                     : english("VOUCHER DOES NOT EXIST"));
   asLoaded_ = std::move(rows);
   showVoucher(*found);
+  if (mode == "PRINT") {
+    showMoneyPaper(host, data(), kind_, n);
+    cancel();
+    return Go::Stay;
+  }
   if (mode == "EDIT") focus(at(kDate));
   std::string settled = mode == "DEL" ? settledWords(data(), {kind_.code, n}) : "";
   if (!settled.empty()) settled = "\n" + settled;
