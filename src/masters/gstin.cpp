@@ -10,6 +10,22 @@ constexpr std::string_view kDigits = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 // 9 a digit, A a letter, X either, 1 either but not 0; anything else stands for itself.
 constexpr std::string_view kPattern = "99AAAAA9999A1ZX";
 
+struct Form {
+  std::string_view pattern;
+  GstinKind kind;
+};
+constexpr Form kForms[] = {
+    {kPattern,          GstinKind::Regular    },
+    {"99AAAA99999A9ZX", GstinKind::Government },
+    {"99AAAAX9999A1DX", GstinKind::Deductor   },
+    {"99AAAAA9999A1CX", GstinKind::Collector  },
+    {"9999AAA99999UNX", GstinKind::Uin        },
+    {"9999AAA99999ONX", GstinKind::Uin        },
+    {"9999AAA99999NRX", GstinKind::NonResident},
+ // Registered otherwise: the sign before the last is 1 to 9 or A to J.
+    {"99AAAAA9999A11X", GstinKind::Regular    },
+};
+
 bool fits(char c, char sign) {
   const bool digit = c >= '0' && c <= '9', letter = c >= 'A' && c <= 'Z';
   switch (sign) {
@@ -24,6 +40,13 @@ bool fits(char c, char sign) {
     default:
       return c == sign;
   }
+}
+
+bool fits(std::string_view number, std::string_view pattern) {
+  if (number.size() != pattern.size()) return false;
+  for (size_t i = 0; i < pattern.size(); ++i)
+    if (!fits(number[i], pattern[i])) return false;
+  return true;
 }
 
 }  // namespace
@@ -49,11 +72,16 @@ char gstinCheckDigit(std::string_view gstin) {
   return kDigits[(36 - sum % 36) % 36];
 }
 
+GstinKind gstinKind(std::string_view gstin) {
+  const std::string number = upper(gstin);
+  for (const Form& form : kForms)
+    if (fits(number, form.pattern)) return form.kind;
+  return GstinKind::None;
+}
+
 GstinFault gstinFault(std::string_view gstin) {
   const std::string number = upper(gstin);
-  if (number.size() != kPattern.size()) return GstinFault::Pattern;
-  for (size_t i = 0; i < kPattern.size(); ++i)
-    if (!fits(number[i], kPattern[i])) return GstinFault::Pattern;
+  if (!fits(number, kPattern)) return GstinFault::Pattern;
   return number.back() == gstinCheckDigit(number) ? GstinFault::None : GstinFault::CheckDigit;
 }
 

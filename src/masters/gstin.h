@@ -21,6 +21,11 @@ GstinParts gstinParts(std::string_view gstin);
 enum class GstinFault { None, Pattern, CheckDigit };
 GstinFault gstinFault(std::string_view gstin);
 
+// Who bears a number of this form. A mission of another country has a UIN, whoever keeps back tax at source
+// or collects it for a marketplace has numbers of their own for that.
+enum class GstinKind { None, Regular, Government, Deductor, Collector, Uin, NonResident };
+GstinKind gstinKind(std::string_view gstin);
+
 // The check character that the first 14 call for; 0 when one of them is no letter or digit.
 char gstinCheckDigit(std::string_view gstin);
 
