@@ -36,24 +36,17 @@ std::string cellText(const std::string& text) {
   return utf8::encode(letters);
 }
 
+// One sheet.
 class ListWriter {
  public:
-  ListWriter(const std::string& path, const List& list)
-      : list_(list), longest_(list.columns.size()), largest_(list.columns.size()) {
-    std::string folder = std::filesystem::path(path).parent_path().string();
-    lxw_workbook_options options{.constant_memory = LXW_TRUE,
-                                 .tmpdir = folder.empty() ? nullptr : folder.data(),
-                                 .use_zip64 = LXW_FALSE};
-    book_ = workbook_new_opt(path.c_str(), &options);
-    if (book_) sheet_ = workbook_add_worksheet(book_, list.sheet.c_str());
-  }
-  ~ListWriter() {
-    if (book_) lxw_workbook_free(book_);
-  }
-  ListWriter(const ListWriter&) = delete;
-  ListWriter& operator=(const ListWriter&) = delete;
+  ListWriter(lxw_workbook* book, const List& list)
+      : list_(list),
+        longest_(list.columns.size()),
+        largest_(list.columns.size()),
+        book_(book),
+        sheet_(workbook_add_worksheet(book, list.sheet.c_str())) {}
 
-  // Empty when the file was written.
+  // Empty when its rows were written.
   std::string write() {
     if (!sheet_) return words("it cannot be made");
     head();
@@ -64,9 +57,7 @@ class ListWriter {
     // The rows lie in a file of the library, which does not look whether they went into it.
     if (std::FILE* const rows = sheet_->optimize_tmpfile)
       if (std::fflush(rows) != 0 || std::ferror(rows)) return std::strerror(errno ? errno : ENOSPC);
-    const lxw_error result = workbook_close(std::exchange(book_, nullptr));
-    if (result == LXW_NO_ERROR) return {};
-    return result == LXW_ERROR_ZIP_FILE_OPERATION && errno != 0 ? std::strerror(errno) : lxw_strerror(result);
+    return {};
   }
 
  private:
@@ -164,18 +155,50 @@ class ListWriter {
   std::vector<size_t> longest_;  // text of each column, in characters
   std::vector<double> largest_;  // number of each column
   std::map<std::string, lxw_format*, std::less<>> formats_;
+  lxw_workbook* book_;
+  lxw_worksheet* sheet_;
+};
+
+class BookWriter {
+ public:
+  explicit BookWriter(const std::string& path) {
+    std::string folder = std::filesystem::path(path).parent_path().string();
+    lxw_workbook_options options{.constant_memory = LXW_TRUE,
+                                 .tmpdir = folder.empty() ? nullptr : folder.data(),
+                                 .use_zip64 = LXW_FALSE};
+    book_ = workbook_new_opt(path.c_str(), &options);
+  }
+  ~BookWriter() {
+    if (book_) lxw_workbook_free(book_);
+  }
+  BookWriter(const BookWriter&) = delete;
+  BookWriter& operator=(const BookWriter&) = delete;
+
+  // Empty when the file was written.
+  std::string write(std::span<const List> lists) {
+    if (!book_) return words("it cannot be made");
+    for (const List& list : lists)
+      if (const std::string failure = ListWriter(book_, list).write(); !failure.empty()) return failure;
+    errno = 0;
+    const lxw_error result = workbook_close(std::exchange(book_, nullptr));
+    if (result == LXW_NO_ERROR) return {};
+    return result == LXW_ERROR_ZIP_FILE_OPERATION && errno != 0 ? std::strerror(errno) : lxw_strerror(result);
+  }
+
+ private:
   lxw_workbook* book_ = nullptr;
-  lxw_worksheet* sheet_ = nullptr;
 };
 
 }  // namespace
 
-void createList(const std::string& path, const List& list) {
+void createList(const std::string& path, const List& list) { createLists(path, {&list, 1}); }
+
+void createLists(const std::string& path, std::span<const List> lists) {
   if (heldElsewhere(path)) throw WorkbookHeld(english("Excel File Is Already Open\r\nClose It First"));
   std::string failure;
   try {
     WholeFile file(path);
-    failure = ListWriter(file.making(), list).write();
+    failure = BookWriter(file.making()).write(lists);
     if (failure.empty()) return file.finish();
   } catch (const std::system_error& error) {
     failure = error.code().message();

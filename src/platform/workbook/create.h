@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,5 +45,7 @@ struct WorkbookHeld : WorkbookError {
 // Takes the place of what stood under the path, whole or not at all. Raises WorkbookHeld, or
 // WorkbookError when it cannot be written or there are more rows than a sheet holds.
 void createList(const std::string& path, const List& list);
+// The same with a sheet for each list.
+void createLists(const std::string& path, std::span<const List> lists);
 
 }  // namespace workbook
