@@ -2,6 +2,8 @@
 // for: all sales grouped before a period is picked, and the ledger read once.
 
 #include "bench_program.h"
+#include "gst/gstr1_json.h"
+#include "gst/gstr3b.h"
 #include "reports/gst.h"
 #include "reports/outstanding.h"
 #include "reports/report_rows.h"
@@ -78,6 +80,16 @@ void shown(State& state, std::string_view key, const ReportQuery& q) {
   }
 }
 
+// Both returns of a month from the vouchers to their files.
+void returns(State& state) {
+  for (auto _ : state) {
+    const Gstr1 gstr1 = readGstr1(books(), readTaxShop(books(), GstTables(folder())), returnPeriod("072026"));
+    writeGstr1(gstr1, folder());
+    writeGstr3b(readGstr3b(books(), gstr1), folder());
+    state.counters["bills"] = static_cast<double>(gstr1.documents.size());
+  }
+}
+
 void ledgerRead(State& state) {
   for (auto _ : state) {
     size_t size = 0;
@@ -105,6 +117,7 @@ void addMeasurements() {
     measure(std::string("GSTR1-RD/") + p.name, [=](State& s) { statement(s, query); });
     measure(std::string("GSTR1-RD/shown/") + p.name, [=](State& s) { shown(s, kGstr1Rd, query); });
   }
+  measure("Returns to their files/July", returns);
   measure("Ledger read once", ledgerRead);
   measure("ONACRCV/worked out", [](State& s) {
     for (auto _ : s) ON_AC_RECEIVABLES(books(), "", period("", ""));

@@ -76,6 +76,7 @@ constexpr Index indexes[] = {
     {"ITEMDTL_SIZE",    "ITEMDTL",   "ITEM_CD, SIZE_CD"                         },
     {"PRTYRATE_ITEM",   "PRTYRATE",  "ITEM_CD, SIZE_CD, ACC_CD"                 },
     {"PRTYRATE_PARTY",  "PRTYRATE",  "ACC_CD, SIZE_CD"                          },
+    {"FILEDDOC_VOUCHER", "FILEDDOC", "VOUCH_NO, BOOK_CD"                        },
     // Notes, each with its bills, and the notes of a bill.
     {"ORIGINAL_NOTE",   "ORIGINAL",  "VOUCH_NO, BOOK_CD"                        },
     {"ORIGINAL_BILL",   "ORIGINAL",  "BILL_VOUCH, BILL_BOOK"                    },

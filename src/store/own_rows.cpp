@@ -102,6 +102,35 @@ constexpr DictionaryRow own[] = {
     {10, "SUPPLY", "COUNTRY",    "Text",   50, "",          103},
     {11, "SUPPLY", "CUSTOMS",    "Text",   6,  "",          103},
 
+    // Returns that were filed, each by its last month as 202610, monthly, quarterly or as an IFF (M, Q, I).
+    {1, "FILED", "FP",       "Double", 0, "DEFAULT 0", 103},
+    {2, "FILED", "FILING",   "Text",   1, "",          103},
+    {3, "FILED", "FILED_DT", "DATE",   0, "",          103},
+    // What of a bill or note was filed; the seal tells whether it is the same now.
+    {1,  "FILEDDOC", "FP",       "Double", 0,  "DEFAULT 0", 103},
+    {2,  "FILEDDOC", "BOOK_CD",  "Text",   2,  "",          103},
+    {3,  "FILEDDOC", "VOUCH_NO", "Double", 0,  "DEFAULT 0", 103},
+    {4,  "FILEDDOC", "BILL_NO",  "Text",   30, "",          103},
+    {5,  "FILEDDOC", "BILL_DT",  "DATE",   0,  "",          103},
+    {6,  "FILEDDOC", "SECTION",  "Text",   6,  "",          103},
+    {7,  "FILEDDOC", "SEAL",     "Text",   16, "",          103},
+    {8,  "FILEDDOC", "AMOUNT",   "Double", 0,  "DEFAULT 0", 103},
+    {9,  "FILEDDOC", "TAXABLE",  "Double", 0,  "DEFAULT 0", 103},
+    {10, "FILEDDOC", "IGST",     "Double", 0,  "DEFAULT 0", 103},
+    {11, "FILEDDOC", "CGST",     "Double", 0,  "DEFAULT 0", 103},
+    {12, "FILEDDOC", "SGST",     "Double", 0,  "DEFAULT 0", 103},
+    {13, "FILEDDOC", "CESS",     "Double", 0,  "DEFAULT 0", 103},
+    // Sums of sales to unregistered buyers that the return FP filed for the return OF_FP, mostly itself.
+    {1, "FILEDSUM", "FP",      "Double", 0, "DEFAULT 0", 103},
+    {2, "FILEDSUM", "OF_FP",   "Double", 0, "DEFAULT 0", 103},
+    {3, "FILEDSUM", "PLACE",   "Double", 0, "DEFAULT 0", 103},
+    {4, "FILEDSUM", "RATE",    "Double", 0, "DEFAULT 0", 103},
+    {5, "FILEDSUM", "TAXABLE", "Double", 0, "DEFAULT 0", 103},
+    {6, "FILEDSUM", "IGST",    "Double", 0, "DEFAULT 0", 103},
+    {7, "FILEDSUM", "CGST",    "Double", 0, "DEFAULT 0", 103},
+    {8, "FILEDSUM", "SGST",    "Double", 0, "DEFAULT 0", 103},
+    {9, "FILEDSUM", "CESS",    "Double", 0, "DEFAULT 0", 103},
+
     // A kind is told as in the key column of its vouchers; an empty type stands for all of them.
     {1, "SERIES", "BOOK_CD",  "Text",   20, "",          102},
     {2, "SERIES", "BL_TYPE",  "Text",   20, "",          102},

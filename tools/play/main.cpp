@@ -11,6 +11,7 @@
 #include "platform/qt/qt_host.h"
 #include "player.h"
 #include "program/all_screens.h"
+#include "returns_of.h"
 
 namespace {
 
@@ -72,9 +73,15 @@ int main(int argc, char** argv) {
   app.add_option("scripts", scripts, "Scripts, each from a fresh start");
   app.add_flag("--move-to-server", move,
                "First moves the folder's companies to the server of its server.cnf");
+  std::string books;
+  std::vector<std::string> returns;
+  app.add_option("--returns", returns, "Then writes GSTR-1 and GSTR-3B of a period, as 102026, into BILLS");
+  std::string filedOn;
+  app.add_option("--filed", filedOn, "Marks them as filed on a day");
+  app.add_option("--books", books, "Of which company-year, as M00124; else of the first");
   app.add_flag("--window", window, "Through the window, with real key events");
   CLI11_PARSE(app, argc, argv);
-  if (scripts.empty() && !move) return app.exit(CLI::RequiredError("scripts"));
+  if (scripts.empty() && !move && returns.empty()) return app.exit(CLI::RequiredError("scripts"));
   std::unique_ptr<QApplication> application;
   if (window) {
     application = std::make_unique<QApplication>(argc, argv);
@@ -90,10 +97,11 @@ int main(int argc, char** argv) {
       const Script script = readScript(name);
       checks += window ? playInWindow(folder, script) : playBare(folder, script);
     }
+    for (const std::string& period : returns) tellReturns(folder, books, period, filedOn);
   } catch (const Stop& stop) {
     std::cout << stop.why << "\n";
     return 1;
-  } catch (const DatabaseError& error) {
+  } catch (const std::runtime_error& error) {
     std::cout << error.what() << "\n";
     return 1;
   }
