@@ -54,6 +54,7 @@ void collect(Gstr1& gstr1, Collecting& all, PlacedDocument placed, const std::ve
   NilRow& nil = gstr1.nil[(d.registered() ? 0 : 2) + (d.inter ? 0 : 1)];
   for (size_t i = 0; i < d.untaxed.size(); ++i) nil.amounts[i] += sign * d.untaxed[i];
   for (const AtItem& line : items) addHsn(d.registered() ? all.hsnRegistered : all.hsnOthers, line, sign);
+  d.rates.shrink_to_fit();
   gstr1.documents.push_back(std::move(placed));
 }
 

@@ -14,6 +14,7 @@ struct Sheet {
   const char *name, *title;
   std::vector<const char*> headings;  // those of figures end in a blank, which is not written
   std::vector<Cells> rows = {};
+  std::function<Cells()> next = {};  // in place of them; an empty row ends it
 };
 
 struct UnitName {
@@ -63,15 +64,20 @@ const char* supplyText(const TaxDocument& d) {
 
 const char* yesNo(bool yes) { return yes ? "Y" : "N"; }
 
-// A row for each rate of each document of a section: what stands before and behind the rate's figures.
-void addDocuments(Sheet& sheet, const Gstr1& gstr1, Gstr1Section section,
-                  const std::function<Cells(const TaxDocument&)>& head) {
-  for (const PlacedDocument* placed : gstr1.of(section))
-    for (const AtRate& at : placed->document.rates) {
-      Cells row = head(placed->document);
-      row.insert(row.end(), {at.rate, rupees(at.sums.taxable), rupees(at.sums.cess)});
-      sheet.rows.push_back(std::move(row));
-    }
+// A row for each rate of each document of a section: what stands before the rate's figures. Made as they are
+// written, since a year of bills has many.
+void listDocuments(Sheet& sheet, const Gstr1& gstr1, Gstr1Section section,
+                   std::function<Cells(const TaxDocument&)> head) {
+  sheet.next = [list = gstr1.of(section), head = std::move(head), at = size_t{0},
+                rate = size_t{0}]() mutable {
+    if (at == list.size()) return Cells{};
+    const TaxDocument& d = list[at]->document;
+    Cells row = head(d);
+    const AtRate& its = d.rates[rate];
+    row.insert(row.end(), {its.rate, rupees(its.sums.taxable), rupees(its.sums.cess)});
+    if (++rate == d.rates.size()) rate = 0, ++at;
+    return row;
+  };
 }
 
 Sheet registered(const Gstr1& gstr1) {
@@ -82,7 +88,7 @@ Sheet registered(const Gstr1& gstr1) {
         "Place Of Supply", "Reverse Charge", "Applicable % of Tax Rate", "Invoice Type", "E-Commerce GSTIN",
         "Rate ", "Taxable Value ", "Cess Amount "}
   };
-  addDocuments(sheet, gstr1, Gstr1Section::B2b, [](const TaxDocument& d) -> Cells {
+  listDocuments(sheet, gstr1, Gstr1Section::B2b, [](const TaxDocument& d) -> Cells {
     return {d.party->gstin,     d.party->name,    d.number, dayText(d.date), rupees(d.value),
             placeText(d.place), yesNo(d.reverse), {},       supplyText(d),   {}};
   });
@@ -96,7 +102,7 @@ Sheet large(const Gstr1& gstr1) {
       {"Invoice Number", "Invoice date", "Invoice Value ", "Place Of Supply", "Applicable % of Tax Rate",
         "Rate ", "Taxable Value ", "Cess Amount ", "E-Commerce GSTIN"}
   };
-  addDocuments(sheet, gstr1, Gstr1Section::B2cl, [](const TaxDocument& d) -> Cells {
+  listDocuments(sheet, gstr1, Gstr1Section::B2cl, [](const TaxDocument& d) -> Cells {
     return {d.number, dayText(d.date), rupees(d.value), placeText(d.place), {}};
   });
   return sheet;
@@ -122,7 +128,7 @@ Sheet exports(const Gstr1& gstr1) {
       {"Export Type", "Invoice Number", "Invoice date", "Invoice Value ", "Port Code", "Shipping Bill Number",
         "Shipping Bill Date", "Rate ", "Taxable Value ", "Cess Amount "}
   };
-  addDocuments(sheet, gstr1, Gstr1Section::Exp, [](const TaxDocument& d) -> Cells {
+  listDocuments(sheet, gstr1, Gstr1Section::Exp, [](const TaxDocument& d) -> Cells {
     return {d.underBond() ? "WOPAY" : "WPAY",
             d.number,
             dayText(d.date),
@@ -142,7 +148,7 @@ Sheet registeredNotes(const Gstr1& gstr1) {
         "Reverse Charge", "Note Supply Type", "Note Value ", "Applicable % of Tax Rate", "Rate ",
         "Taxable Value ", "Cess Amount "}
   };
-  addDocuments(sheet, gstr1, Gstr1Section::Cdnr, [](const TaxDocument& d) -> Cells {
+  listDocuments(sheet, gstr1, Gstr1Section::Cdnr, [](const TaxDocument& d) -> Cells {
     return {d.party->gstin,     d.party->name,    d.number,      dayText(d.date), d.sign() < 0 ? "C" : "D",
             placeText(d.place), yesNo(d.reverse), supplyText(d), rupees(d.value), {}};
   });
@@ -156,7 +162,7 @@ Sheet otherNotes(const Gstr1& gstr1) {
       {"UR Type", "Note Number", "Note Date", "Note Type", "Place Of Supply", "Note Value ",
         "Applicable % of Tax Rate", "Rate ", "Taxable Value ", "Cess Amount "}
   };
-  addDocuments(sheet, gstr1, Gstr1Section::Cdnur, [](const TaxDocument& d) -> Cells {
+  listDocuments(sheet, gstr1, Gstr1Section::Cdnur, [](const TaxDocument& d) -> Cells {
     return {!d.exported()   ? "B2CL"
             : d.underBond() ? "EXPWOP"
                             : "EXPWP",
@@ -221,12 +227,12 @@ workbook::List listOf(const Sheet& sheet) {
     const bool whole = heading == "Total Number " || heading == "Cancelled ";
     list.columns.push_back({.heading = trim(heading), .format = figure ? whole ? "0" : "0.00" : "@"});
   }
-  list.next = [&rows = sheet.rows, at = size_t{0}](std::vector<workbook::ListCell>& row) mutable {
-    if (at == rows.size()) return false;
+  list.next = [&sheet, at = size_t{0}](std::vector<workbook::ListCell>& row) mutable {
+    if (!sheet.next && at == sheet.rows.size()) return false;
+    const Cells cells = sheet.next ? sheet.next() : sheet.rows[at++];
     row.clear();
-    for (const workbook::Value& value : rows[at]) row.push_back({value});
-    ++at;
-    return true;
+    for (const workbook::Value& value : cells) row.push_back({value});
+    return !row.empty();
   };
   return list;
 }

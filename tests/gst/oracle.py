@@ -8,6 +8,7 @@ usage: oracle.py make DATABASE SEED        adds vouchers of all kinds
 SAID is what the program printed of the period, FILED the books as they were when a return before it was filed.
 """
 import datetime
+import glob
 import json
 import os
 import re
@@ -351,6 +352,35 @@ def gstr3b(asked):
             "intr_ltfee": {"intr_details": four(none), "ltfee_details": {}}}
 
 
+def merged(parts):
+    """The parts of a file that was too large for one; each has the head, and a group may go on in the next."""
+    whole = {}
+    for part in parts:
+        for key, rows in part.items():
+            if not isinstance(rows, list):
+                assert whole.setdefault(key, rows) == rows
+                continue
+            for row in rows:
+                head = {k: v for k, v in row.items() if k not in ("inv", "nt")}
+                same = [r for r in whole.setdefault(key, []) if "itms" not in row and len(head) == 1 and head.items() <= r.items()]
+                if same:
+                    same[0]["nt" if "nt" in row else "inv"] += row.get("inv", row.get("nt"))
+                else:
+                    whole[key].append(row)
+    return whole
+
+
+def beyond(asked):
+    """3.2: what went to other states, by those who bear the tax themselves."""
+    tables = {"unreg_details": defaultdict(Sum), "comp_details": defaultdict(Sum), "uin_details": defaultdict(Sum)}
+    for v in asked.outward():
+        if v.inter and v.rates and not v.export and not v.sez and v.marks.get("REVERSE") != 1:
+            composition, uin = (v.party["GSTREGTYP"] or "").upper().startswith("COMPOS"), re.match("[0-9]{4}[A-Z]{3}", v.gstin)
+            if not v.registered or composition or uin:
+                tables["unreg_details" if not v.registered else "comp_details" if composition else "uin_details"][v.place].add(v.taxed(), v.sign)
+    return {name: [{"pos": "%02d" % place, "txval": s["txval"], "iamt": s["iamt"]} for place, s in table.items()] for name, table in tables.items()}
+
+
 def canonical(tree):
     """Without the order of rows, numbers as decimals."""
     if isinstance(tree, dict):
@@ -416,9 +446,15 @@ def judge(db, folder, period, said, filed=None, before=None):
     filed = filed and Return(Books(sqlite3.connect(filed)), before)
     asked = Return(Books(db), period, filed)
     mine = {"GSTR1": gstr1(asked)} if asked.iff else {"GSTR1": gstr1(asked), "GSTR3B": gstr3b(asked)}
+    corrected = os.path.exists(os.path.join(folder, "..", "gst_tables.csv"))  # parts of 12,000 bytes, and 3.2
     found = []
     for kind, tree in mine.items():
-        text = open(os.path.join(folder, "%s_%s_%s.json" % (kind, asked.books.gstin, asked.fp))).read()
+        files = sorted(glob.glob(os.path.join(folder, "%s_%s_%s*.json" % (kind, asked.books.gstin, asked.fp))), key=len)
+        text = json.dumps(merged([json.load(open(file)) for file in files]))
+        if corrected and kind == "GSTR3B":
+            tree["inter_sup"] = beyond(asked)
+        if corrected and kind == "GSTR1" and (len(files) < 3 or any(os.path.getsize(f) > 12000 and '"hsn"' not in open(f).read() for f in files)):
+            found.append("parts of %s bytes" % [os.path.getsize(f) for f in files])
         found += [kind + d for d in differences(canonical(tree), canonical(json.loads(text, parse_float=Decimal)))]
         if kind == "GSTR1":
             found += workbook_of(os.path.join(folder, "GSTR1_%s_%s.xlsx" % (asked.books.gstin, asked.fp)), tree)
