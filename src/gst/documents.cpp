@@ -6,6 +6,7 @@
 #include "base/states.h"
 #include "base/text.h"
 #include "store/dictionary.h"
+#include "store/taxable.h"
 
 namespace {
 
@@ -19,8 +20,7 @@ enum Column : int {
   kItem,
   kUnit,
   kQuantity,
-  kAmount,
-  kShare,
+  kTaxable,
   kCgstRate,
   kSgstRate,
   kIgstRate,
@@ -34,11 +34,13 @@ enum Column : int {
 Rows selectLines(Database& db, const VoucherKind& kind, Date from, Date to) {
   return db.query(
       "SELECT SALE.VOUCH_NO, SALE.VOUCH_DT, SALE.BILL_NO, SALE.PARTY_CD, SALE.NET_AMT,"
-      " SALEITM.ITEM_CD, SALEITM.SIZE_CD, SALEITM.QUANTITY, SALEITM.AMOUNT, SALEITM.DISC4,"
-      " CGSTRT, SGSTRT, IGSTRT, CGSTAMT, SGSTAMT, IGSTAMT, CESS_AMT1"
-      " FROM SALE LEFT JOIN SALEITM ON SALE.BOOK_CD = SALEITM.BOOK_CD AND SALE.VOUCH_NO = SALEITM.VOUCH_NO"
-      " WHERE SALE.BOOK_CD = ? AND SALE.GSTPOST = 1 AND SALE.VOUCH_DT >= ? AND SALE.VOUCH_DT <= ?"
-      " ORDER BY SALE.VOUCH_DT, SALE.BILL_NO, SALE.VOUCH_NO",
+      " SALEITM.ITEM_CD, SALEITM.SIZE_CD, SALEITM.QUANTITY, " +
+          taxableOf("SALEITM.") +
+          ", CGSTRT, SGSTRT, IGSTRT, CGSTAMT, SGSTAMT, IGSTAMT, CESS_AMT1"
+          " FROM SALE LEFT JOIN SALEITM ON SALE.BOOK_CD = SALEITM.BOOK_CD AND SALE.VOUCH_NO = "
+          "SALEITM.VOUCH_NO"
+          " WHERE SALE.BOOK_CD = ? AND SALE.GSTPOST = 1 AND SALE.VOUCH_DT >= ? AND SALE.VOUCH_DT <= ?"
+          " ORDER BY SALE.VOUCH_DT, SALE.BILL_NO, SALE.VOUCH_NO",
       kind.code, from, to);
 }
 
@@ -168,7 +170,7 @@ void TaxDocuments::take() {
       .item = &shop_->item(lines_.text(kItem)),
       .rate = Round(lines_.number(kCgstRate) + lines_.number(kSgstRate) + lines_.number(kIgstRate), 3),
       .quantity = d.goodsMove ? lines_.number(kQuantity) : 0,
-      .sums = {.taxable = paise(lines_.number(kAmount) + lines_.number(kShare)),
+      .sums = {.taxable = paise(lines_.number(kTaxable)),
                .igst = paise(lines_.number(kIgst)),
                .cgst = paise(lines_.number(kCgst)),
                .sgst = paise(lines_.number(kSgst)),

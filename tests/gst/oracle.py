@@ -442,6 +442,18 @@ def workbook_of(path, tree):
     return found
 
 
+def registers(asked, said):
+    """The two registers come to what bills come to; one whose GSTIN was never filled is in neither."""
+    sums = defaultdict(Sum)
+    for v in asked.books.vouchers:
+        if v.book == "SA" and asked.first <= v.day <= asked.last and v.party["GSTINNO"] is not None:
+            for *_, its in v.lines:
+                sums["GSTR1-RD" if len(v.party["GSTINNO"]) > 1 else "GSTR1-URD"].add(its)
+    told = {line[0]: [Decimal(x) for x in line[1:5]] for line in said if line[0].startswith("GSTR1-")}
+    mine = {name: [sums[name][k] for k in ("txval", "iamt", "camt", "samt")] for name in told}
+    return [] if len(told) == 2 and told == mine else ["the registers come to %s, the bills to %s" % (told, mine)]
+
+
 def judge(db, folder, period, said, filed=None, before=None):
     filed = filed and Return(Books(sqlite3.connect(filed)), before)
     asked = Return(Books(db), period, filed)
@@ -457,6 +469,7 @@ def judge(db, folder, period, said, filed=None, before=None):
             found.append("parts of %s bytes" % [os.path.getsize(f) for f in files])
         found += [kind + d for d in differences(canonical(tree), canonical(json.loads(text, parse_float=Decimal)))]
         if kind == "GSTR1":
+            found += registers(asked, [line.rstrip("\n").split("|") for line in open(said)])
             found += workbook_of(os.path.join(folder, "GSTR1_%s_%s.xlsx" % (asked.books.gstin, asked.fp)), tree)
             found += faults_of(asked, [line.rstrip("\n").split("|") for line in open(said)], json.loads(text))
         else:

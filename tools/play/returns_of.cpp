@@ -11,6 +11,7 @@
 #include "gst/gstr1_json.h"
 #include "gst/gstr1_workbook.h"
 #include "gst/gstr3b.h"
+#include "reports/gst.h"
 
 namespace {
 
@@ -28,6 +29,18 @@ void tell(const std::string& what, const TaxAmounts& sums, const std::string& mo
   for (const Paise amount : {sums.taxable, sums.igst, sums.cgst, sums.sgst, sums.cess})
     std::cout << "|" << Format(rupees(amount), "0.00");
   std::cout << more << "\n";
+}
+
+// What the register of the name comes to.
+void tellStatement(Database& db, const ReturnPeriod& period, Dealers dealers, std::string_view name) {
+  TaxAmounts sums;
+  for (GstStatement rows(db, {.dealers = dealers, .from = period.first(), .to = period.last()});
+       rows.next();) {
+    const GstSums& its = rows.row().sums;
+    sums += {paise(its.taxable.value_or(0)), paise(its.igst.value_or(0)), paise(its.cgst.value_or(0)),
+             paise(its.sgst.value_or(0)), 0};
+  }
+  tell(std::string(name), sums);
 }
 
 void tellFault(const GstFault& fault) {
@@ -55,6 +68,8 @@ void tellReturns(const std::filesystem::path& folder, const std::string& books, 
   for (const SectionSum& sum : gstr1Summary(gstr1))
     tell(sum.key + "|" + std::to_string(sum.count), sum.sums, "|" + Format(rupees(sum.value), "0.00"));
   for (const GstFault& fault : checkGstr1(db, gstr1)) tellFault(fault);
+  tellStatement(db, asked, Dealers::Registered, kGstr1Rd);
+  tellStatement(db, asked, Dealers::Unregistered, kGstr1Urd);
   for (const FiledDocument& changed : changedSince(db, gstr1))
     std::cout << "changed|" << changed.book << "|" << numText(changed.voucher) << "\n";
   if (const auto day = parseDate(filedOn)) markFiled(db, gstr1, *day);
